@@ -1,0 +1,56 @@
+// Files and folders under the names that the product knows: `C:\folder\name.ext`.
+// A name is matched exactly first, then without regard to case. All failures are Laufzeitfehler:
+// 53 file not found, 76 path not found, 70 permission, 75 a directory where a file is meant,
+// 61 disk full, 62 past the end of a file, 57 anything else that the system reports.
+#pragma once
+
+#include "platform/text.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+namespace vantora {
+
+// An open file; closed by its destructor.
+class Datei {
+ public:
+  virtual ~Datei() = default;
+  virtual std::int64_t Length() const = 0;    // bytes
+  virtual std::int64_t Position() const = 0;  // bytes from the start
+  virtual void Seek(std::int64_t position) = 0;
+  virtual void Read(void* target, std::size_t count) = 0;             // all of it, or error 62
+  virtual std::size_t ReadSome(void* target, std::size_t count) = 0;  // fewer only at the end
+  virtual void Write(const void* source, std::size_t count) = 0;
+  virtual void Truncate(std::int64_t length) = 0;
+  virtual void Flush() = 0;  // to the disk, so that it survives a power cut
+};
+
+enum class Zugriff {
+  Lesen,      // must exist
+  Binaer,     // read and write, made when missing
+  Anhaengen,  // write at the end, made when missing; fails for a file that cannot be written
+  Neu,        // write, made or emptied
+};
+
+class Dateien {
+ public:
+  virtual ~Dateien() = default;
+  virtual std::unique_ptr<Datei> Open(const Text& path, Zugriff access) = 0;
+  virtual std::int64_t FileLen(const Text& path) = 0;  // error 53 when missing
+  virtual bool IsDirectory(const Text& path) = 0;      // never raises
+  // Time of the last change as text, "2026-11-24 10:00:00.123456789"; stable while unchanged.
+  virtual Text FileDateTime(const Text& path) = 0;
+  virtual void Kill(const Text& path) = 0;
+  virtual void FileCopy(const Text& from, const Text& to) = 0;  // no half file stays on failure
+  virtual void MkDir(const Text& path) = 0;                     // with its parents
+  // Names (no path) in a folder that match one of the patterns ("*.vtr", "*.wav;*.mp3"), sorted
+  // without regard to case. Error 76 when the folder is missing.
+  virtual std::vector<Text> List(const Text& folder, const Text& pattern) = 0;
+  virtual std::vector<Text> Folders(const Text& folder) = 0;
+  // Where a product path lies in the system; for services that hand files to a library.
+  virtual std::filesystem::path SystemPath(const Text& path) const = 0;
+};
+
+}  // namespace vantora

@@ -1,0 +1,45 @@
+// The run-time error of the program: a number that the product tests for, and a text for the user.
+#pragma once
+
+#include "platform/text.h"
+
+#include <stdexcept>
+#include <string>
+
+namespace vantora {
+
+enum Fehlernummer : int {
+  kFehlerUngueltigerAufruf = 5,
+  kFehlerUeberlauf = 6,
+  kFehlerSpeicher = 7,
+  kFehlerIndex = 9,
+  kFehlerDivision = 11,
+  kFehlerTyp = 13,
+  kFehlerDateiNummer = 52,
+  kFehlerDateiFehlt = 53,
+  kFehlerEinAusgabe = 57,
+  kFehlerDateiExistiert = 58,
+  kFehlerPlattenVoll = 61,
+  kFehlerDateiEnde = 62,
+  kFehlerZugriff = 70,
+  kFehlerPfadZugriff = 75,
+  kFehlerPfadFehlt = 76,
+  kFehlerRessource = 326,
+};
+
+class Laufzeitfehler : public std::runtime_error {
+ public:
+  Laufzeitfehler(int nummer, Text text)
+      : std::runtime_error("run-time error " + std::to_string(nummer)),
+        Nummer(nummer),
+        Beschreibung(std::move(text)) {}
+
+  int Nummer;         // one of Fehlernummer
+  Text Beschreibung;  // one sentence, shown as it stands
+};
+
+// Thrown where the program ends on the spot. It is no error and no std::exception, so that nothing
+// that handles errors can hold it up; only the event loop and the entry catch it.
+struct ProgrammEnde {};
+
+}  // namespace vantora

@@ -1,0 +1,49 @@
+// Plays audio discs, under the names of the media control interface.
+#pragma once
+
+#include "platform/text.h"
+
+#include <functional>
+
+namespace vantora {
+
+enum MciMode : int {
+  kMciNotOpen = 524,
+  kMciStop = 525,
+  kMciPlay = 526,
+  kMciPause = 529,
+  kMciReady = 530
+};
+enum MciTimeFormat : int { kMciMilliseconds = 0, kMciTmsf = 10 };
+
+class MMControl {
+ public:
+  virtual ~MMControl() = default;
+  virtual void FileName(const Text& name) = 0;
+  virtual void DeviceType(const Text& type) = 0;
+  virtual void UpdateInterval(int ms) = 0;  // of StatusUpdate; 0 for none
+  virtual void Command(
+      const Text& command) = 0;  // "Open", "Close", "play", "Stop", "Pause", "seek"
+  virtual int Mode() = 0;        // one of MciMode
+  virtual int Tracks() = 0;      // 0 without a disc
+  virtual int Length() = 0;      // in the time format
+  virtual void Track(int track) = 0;
+  virtual int TrackLength() = 0;
+  virtual void TimeFormat(int format) = 0;
+  virtual int TimeFormat() = 0;
+  virtual int Position() = 0;  // tracks/minutes/seconds/frames: one byte each, track lowest
+  virtual void To(int position) = 0;
+
+  std::function<void()> StatusUpdate;
+};
+
+class Mci {
+ public:
+  virtual ~Mci() = default;
+  virtual Text mciSendString(const Text& command) = 0;  // the answer; blank on failure
+  // The media identity of the disc in a drive ("D:\") as the decimal text that the system gives;
+  // blank when there is no disc.
+  virtual Text MediaIdentity(const Text& drive) = 0;
+};
+
+}  // namespace vantora

@@ -1,0 +1,45 @@
+// Everything that the program needs from outside, as one bundle. Whoever builds it keeps the
+// services alive for as long as a program uses them.
+#pragma once
+
+#include "platform/acd.h"
+#include "platform/background.h"
+#include "platform/clock.h"
+#include "platform/display.h"
+#include "platform/drives.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/mcd.h"
+#include "platform/mci.h"
+#include "platform/mmtools.h"
+#include "platform/mp3.h"
+#include "platform/profile.h"
+#include "platform/registry.h"
+#include "platform/resources.h"
+#include "platform/settings_store.h"
+#include "platform/system.h"
+#include "platform/ts_cut.h"
+
+namespace vantora {
+
+struct Plattform {
+  EventLoop& schleife;
+  Display& bildschirm;
+  Clock& uhr;
+  System& system;
+  Dateien& dateien;
+  Drives& laufwerke;
+  SettingsStore& einstellungen;
+  Profile& profile;
+  Registry& registry;
+  Resources& ressourcen;
+  MMTools& mmtools;
+  TsCut& tsCut;
+  Qm3Play& mp3;
+  Mcd& mcd;
+  Acd& acd;
+  MMControl& cd;
+  Mci& mci;
+};
+
+}  // namespace vantora

@@ -1,0 +1,17 @@
+// The registry of devices, below HKEY_LOCAL_MACHINE: keys with subkeys and named text values.
+#pragma once
+
+#include "platform/text.h"
+
+#include <vector>
+
+namespace vantora {
+
+class Registry {
+ public:
+  virtual ~Registry() = default;
+  virtual std::vector<Text> SubKeys(const Text& key) = 0;     // none for a missing key
+  virtual Text Value(const Text& key, const Text& name) = 0;  // blank for a missing value
+};
+
+}  // namespace vantora
