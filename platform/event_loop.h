@@ -53,7 +53,7 @@ class EventLoop {
 
   // The plain box of the desktop, for messages that can come before the windows stand. `flags` as
   // for the program's own box; 2 in its lowest digit asks abort (3), retry (4), ignore (5).
-  virtual int SystemBox(const Text& text, int flags, const Text& title) = 0;
+  int SystemBox(const Text& text, int flags, const Text& title);  // platform/system_box.h
 
   std::function<void(const Laufzeitfehler&)> OnError;  // what a handler threw
   User* TheUser = nullptr;

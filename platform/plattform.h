@@ -18,6 +18,7 @@
 #include "platform/resources.h"
 #include "platform/settings_store.h"
 #include "platform/system.h"
+#include "platform/system_box.h"
 #include "platform/ts_cut.h"
 
 namespace vantora {

@@ -1,0 +1,38 @@
+// A user's hands: acts on the controls of the window in front as a mouse and a keyboard do. What a
+// person could not do (a hidden or disabled control, a window behind a modal one, text into a
+// label) throws Unreachable with a sentence that says why.
+#pragma once
+
+#include "platform/form.h"
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+struct Unreachable : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+class Hands {
+ public:
+  virtual ~Hands() = default;
+  virtual void Press(Control& control) = 0;  // press and release, or click, as the control wants
+  virtual void DoubleClick(Control& control) = 0;
+  virtual void RightClick(Control& control) = 0;
+  // Presses at one place of a control and releases at another; in thousandths of its width.
+  virtual void Drag(Control& control, int from, int to) = 0;
+  virtual void Type(Control& control, const Text& text) = 0;  // replaces what stands there
+  // Lines of a list, rows of a list view, or the line of a combo box; from 1. No row: none.
+  virtual void Select(Control& control, const std::vector<int>& rows) = 0;
+  // A key to the window in front: F1 to F12, Return, Escape, Delete, Space, Tab, Up, Down, Left,
+  // Right, Home, End, PageUp, PageDown, a single letter or digit; "Ctrl+" and "Shift+" in front.
+  virtual void Key(Form& form, const Text& key) = 0;
+  virtual void ChooseMenu(Form& form, const Text& item) = 0;  // of the menu that is popped up
+  virtual void Close(Form& form) = 0;                         // the desktop's close button
+  // A picture of the window in front as a PNG file; false where there is no screen.
+  virtual bool Shot(Form& form, const std::string& file) = 0;
+};
+
+}  // namespace vantora
