@@ -1,0 +1,58 @@
+// The MP3 component through libmpg123. Sources of 44.1 kHz come out as the library decodes them, to
+// the bit; all other rates are decoded to float and resampled once.
+//
+// The source is scanned when it is opened (a few ms for a song), because the length that a header
+// inside the file promises is wrong for a file that was cut or joined.
+#pragma once
+
+#include "platform/background.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/mp3.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace vantora {
+
+class Mp3Decoder final : public Qm3Play {
+ public:
+  Mp3Decoder(Dateien& dateien, EventLoop& loop, Background& background);
+  ~Mp3Decoder() override;
+
+  void Init() override;
+  // Answers a number of platform/files.h for a source that cannot be read, and 321 for one that
+  // holds no MPEG audio; both leave the state 4.
+  int Open(const Text& source, const Text& target) override;
+  int State() const override { return state_; }
+  double LengthMs() const override { return lengthMs_; }
+  int FrameCount() const override { return frames_; }
+  void Decode() override;
+  // Changes on the interface thread only, after the failure of a run has been told; so whoever
+  // waits for it sees the whole outcome.
+  bool Busy() const override { return state_ == kMp3Busy; }
+  void Stop() override;
+  void Close() override;
+
+ private:
+  struct Run;
+
+  void Post(std::function<void()> work);
+  void RunEnded(int code, const Text& text);
+  void TellEnd();
+
+  Dateien& dateien_;
+  EventLoop& loop_;
+  Background& background_;
+  Text source_, target_;
+  int state_ = kMp3Closed;
+  int frames_ = 0;
+  double lengthMs_ = 0;
+  bool endUntold_ = false;
+  // What is posted carries the token of its run: events of a run that was stopped are not told.
+  std::shared_ptr<int> token_;
+  std::shared_ptr<Run> run_;
+  std::unique_ptr<BackgroundJob> job_;  // behind `run_`: ends first
+};
+
+}  // namespace vantora
