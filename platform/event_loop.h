@@ -24,6 +24,9 @@ class User {
   // The program waits for its user with `front` in front (nothing when no window is open). Acts, or
   // returns false when there is nothing more to do.
   virtual bool Act(Form* front) = 0;
+  // True while the user lets time pass. He has said by `PostAfter` when he goes on; a loop with a
+  // virtual clock lets the time pass and does not ask him until then.
+  virtual bool Resting() const { return false; }
 };
 
 class EventLoop {

@@ -31,6 +31,10 @@ class Hands {
   virtual void Key(Form& form, const Text& key) = 0;
   virtual void ChooseMenu(Form& form, const Text& item) = 0;  // of the menu that is popped up
   virtual void Close(Form& form) = 0;                         // the desktop's close button
+  // Files dragged from another program and let go over a control.
+  virtual void Drop(Control& /*control*/, const std::vector<Text>& /*files*/) {
+    throw Unreachable("these hands cannot drop files");
+  }
   // A picture of the window in front as a PNG file; false where there is no screen.
   virtual bool Shot(Form& form, const std::string& file) = 0;
 };

@@ -1,0 +1,107 @@
+#include "app/einstellungen.h"
+
+#include "app/zahlen.h"
+
+#include "platform/plattform.h"
+
+namespace vantora {
+
+namespace {
+
+// Reads and writes one key after the other, so that the list of keys stands only once.
+class Leser {
+ public:
+  explicit Leser(Plattform& plattform) : plattform_(plattform) {}
+
+  void Schalter(const wchar_t* schluessel, bool& wert, const wchar_t* sonst) {
+    wert = Val(Wert(schluessel, sonst)) == 1;
+  }
+  // Two values count as on here, of which the second never returns: saving knows 1 and 0 only.
+  void UndoSchalter(const wchar_t* schluessel, bool& wert, const wchar_t* sonst) {
+    const double zahl = Val(Wert(schluessel, sonst));
+    wert = zahl == 1 || zahl == 2;
+  }
+  void Zahl(const wchar_t* schluessel, std::int16_t& wert, const wchar_t* sonst) {
+    wert = Ganz16(Val(Wert(schluessel, sonst)));
+  }
+  void Zahl(const wchar_t* schluessel, std::int32_t& wert, const wchar_t* sonst) {
+    wert = Ganz32(Val(Wert(schluessel, sonst)));
+  }
+  template <std::size_t N>
+  void Feld(const wchar_t* schluessel, FixedText<N>& wert, const wchar_t* sonst) {
+    wert = Wert(schluessel, sonst);
+  }
+
+ private:
+  Text Wert(const wchar_t* schluessel, const wchar_t* sonst) {
+    return GetSetting(plattform_, schluessel, sonst);
+  }
+  Plattform& plattform_;
+};
+
+class Schreiber {
+ public:
+  explicit Schreiber(Plattform& plattform) : plattform_(plattform) {}
+
+  void Schalter(const wchar_t* schluessel, bool wert, const wchar_t* /*sonst*/) {
+    SaveSetting(plattform_, schluessel, wert ? L"1" : L"0");
+  }
+  void UndoSchalter(const wchar_t* schluessel, bool wert, const wchar_t* sonst) {
+    Schalter(schluessel, wert, sonst);
+  }
+  void Zahl(const wchar_t* schluessel, std::int32_t wert, const wchar_t* /*sonst*/) {
+    SaveSetting(plattform_, schluessel, ZahlText(wert));
+  }
+  template <std::size_t N>
+  void Feld(const wchar_t* schluessel, const FixedText<N>& wert, const wchar_t* /*sonst*/) {
+    SaveSetting(plattform_, schluessel, wert.Getrimmt());
+  }
+
+ private:
+  Plattform& plattform_;
+};
+
+template <typename Weg, typename Werte>
+void AlleOptionen(Weg weg, Werte& w) {
+  weg.Schalter(L"Show3DAnalysis", w.Show3DAnalysis, L"0");
+  weg.Schalter(L"BackgroundPic", w.BackgroundPic, L"1");
+  weg.Schalter(L"Show_Start_Assistant", w.Show_Start_Assistant, L"1");
+  weg.Schalter(L"CDDBactive", w.CDDBactive, L"0");
+  weg.UndoSchalter(L"Undo", w.Undo, L"2");
+  weg.Zahl(L"UndoMB", w.UndoMB, L"70");
+  weg.Zahl(L"Write_Speed", w.BrennGeschwindigkeit, L"1");
+  weg.Zahl(L"Read_Speed", w.Read_Speed, L"1");
+  weg.Feld(L"Standard_Wave_Name", w.Standard_Wave_Name, L"*.wav");
+  weg.Feld(L"Standard_Catalog_Name", w.Standard_Catalog_Name, L"*.vtr");
+  weg.Feld(L"Temporary_Directory", w.Temporary_Directory, L"c:\\windows\\temp");
+  weg.Feld(L"Proxy_Server", w.Proxy_Server, L"");
+  weg.Feld(L"Proxy_Port", w.Proxy_Port, L"");
+  weg.Zahl(L"Auto_Database", w.Auto_Database, L"1");
+  weg.Zahl(L"Auto_Save_Log", w.Auto_Save_Log, L"1");
+  weg.Feld(L"Last_Catalogue_Name", w.Last_Catalogue_Name, L"");
+  weg.Zahl(L"Last_Catalog_Load", w.Last_Catalog_Load, L"0");
+  weg.Zahl(L"Ask_Track_Info", w.Ask_Track_Info, L"0");
+  weg.Zahl(L"Number_Burned_CD", w.Number_Burned_CD, L"0");
+  weg.Zahl(L"Catalog_Check", w.Catalog_Check, L"0");
+}
+
+}  // namespace
+
+Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst) {
+  return plattform.einstellungen.GetSetting(kAnwendung, kAbschnitt, schluessel, sonst);
+}
+
+void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert) {
+  plattform.einstellungen.SaveSetting(kAnwendung, kAbschnitt, schluessel, wert);
+}
+
+void LoadExtrasSet(Plattform& plattform, Einstellungen& werte) {
+  AlleOptionen(Leser(plattform), werte);
+}
+
+void SaveExtrasSet(Plattform& plattform, const Einstellungen& werte) {
+  AlleOptionen(Schreiber(plattform), werte);
+  SaveSetting(plattform, L"LängeCD", ZahlText(werte.LängeCD));
+}
+
+}  // namespace vantora

@@ -1,0 +1,97 @@
+#include "app/fenster.h"
+
+#include "app/layout.h"
+#include "app/programm.h"
+#include "app/zahlen.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr double kGrosseSchriftTwips = 12.0;
+constexpr double kSchriftVerhaeltnis = 15.0 / 12.0;  // large fonts to small fonts
+
+void Skalieren(Control& control) {
+  const auto mal = [](int wert) { return Ganz32(wert * kSchriftVerhaeltnis); };
+  control.Width = mal(control.Width);
+  control.Height = mal(control.Height);
+  control.Left = mal(control.Left);
+  control.Top = mal(control.Top);
+}
+
+}  // namespace
+
+VtrFenster::VtrFenster(Programm& programm, const Text& name)
+    : Form(programm.plattform.schleife, name), prog(programm) {}
+
+bool VtrFenster::Form_KeyDown(int taste, bool /*strg*/) {
+  if (taste != kKeyF1) return false;
+  prog.Hilfe();
+  return true;
+}
+
+void VtrFenster::LayoutAnwenden(const Text& name) {
+  LayoutLesen(prog.plattform.ressourcen.Layout(name), *this);
+}
+
+void VtrFenster::FensterEinrichten() {
+  LayoutAnwenden(Name);
+  ToolTipsSetzen(*this);
+  SkaliereForm(prog, *this);
+  MitteSetzen(prog, *this);
+}
+
+void VtrFenster::Knopf(PictureButton& knopf, std::function<void()> aktion) {
+  knopf.MouseUp = [aktion = std::move(aktion)](int taste) {
+    if (taste == kLeftButton) aktion();
+  };
+}
+
+void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& text) {
+  schild.Caption = text;
+  schild.Align = Alignment::Center;
+  if (knopf.AccessibleName().empty()) knopf.AccessibleName = text;
+  schild.MouseDown = [&knopf](int taste) {
+    if (taste == kLeftButton && !knopf.PicturePressed.empty()) knopf.Picture = knopf.PicturePressed;
+  };
+  schild.Click = [this, &knopf] {
+    if (!knopf.Enabled) return;
+    Press(knopf);
+    prog.plattform.schleife.DoEvents();
+    Release(knopf);
+  };
+}
+
+Text VtrFenster::LoadResString(int nummer) const { return prog.Text(nummer); }
+
+void ToolTipsSetzen(Form& fenster) {
+  const Text kLeer = L"--";
+  for (Control* control : fenster.Controls) {
+    if (auto* schild = dynamic_cast<Label*>(control)) schild->Caption = kLeer;
+    if (auto* kasten = dynamic_cast<CheckBox*>(control)) kasten->Caption = kLeer;
+    if (auto* wahl = dynamic_cast<OptionButton*>(control)) wahl->Caption = kLeer;
+    if (auto* feld = dynamic_cast<TextBox*>(control)) feld->Text = kLeer;
+    if (!control->ToolTipText().empty()) control->ToolTipText = kLeer;
+  }
+}
+
+void SkaliereForm(Programm& prog, Form& fenster) {
+  if (prog.plattform.bildschirm.TwipsPerPixelX() != kGrosseSchriftTwips) return;
+  EventLoop& schleife = prog.plattform.schleife;
+  const Pointer vorher = schleife.MousePointer();
+  schleife.MousePointer(Pointer::Hourglass);
+  Skalieren(fenster.Window);
+  for (Control* control : fenster.Controls) Skalieren(*control);
+  schleife.MousePointer(vorher);
+}
+
+void MitteSetzen(Programm& prog, Form& fenster) {
+  fenster.Window.Left = prog.plattform.bildschirm.Width() / 2 - fenster.Window.Width / 2;
+  fenster.Window.Top = prog.plattform.bildschirm.Height() / 2 - fenster.Window.Height / 2;
+}
+
+void KnopfBild(PictureButton& ziel) {
+  if (!ziel.PictureReleased.empty()) ziel.Picture = ziel.PictureReleased;
+}
+
+}  // namespace vantora

@@ -1,0 +1,91 @@
+#include "app/frmMBox.h"
+
+#include "app/programm.h"
+#include "cdwriting/frmCDBrennen.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr int kMeldungsHoehe = 1200;  // twips, when no check box follows the message
+
+}  // namespace
+
+frmMBox::frmMBox(Programm& programm) : VtrFenster(programm, L"frmMBox") {
+  for (int i = 0; i < picMboxButton.Count(); ++i) {
+    Knopf(picMboxButton(i), [this, i] { picMboxButton_MouseUp(i); });
+  }
+  Knopf(imgHelp, [this] { prog.Hilfe(); });
+}
+
+void frmMBox::Form_Load() {
+  FensterEinrichten();
+  SetTexte();
+  txtEingabe.Visible = false;
+  KnopfZeigen(0, false);
+  KnopfZeigen(1, false);
+  KnopfZeigen(2, true);
+}
+
+void frmMBox::SetTexte() {
+  Caption = LoadResString(12200);
+  Beschriften(lblButtCaption(0), picMboxButton(0), LoadResString(2));
+  Beschriften(lblButtCaption(1), picMboxButton(1), LoadResString(3));
+  Beschriften(lblButtCaption(2), picMboxButton(2), LoadResString(12400));
+  cbxNotShow.Caption = LoadResString(4022);
+  imgHelp.ToolTipText = LoadResString(1);
+}
+
+void frmMBox::KnopfZeigen(int index, bool sichtbar) {
+  picMboxButton(index).Visible = sichtbar;
+  picMboxButton(index).Enabled = sichtbar;
+  lblButtCaption(index).Visible = sichtbar;
+}
+
+void frmMBox::Vorbereiten(const Text& text, int flags, const Text& titel, bool nichtMehrZeigen) {
+  lblMbTitel.Caption = titel;
+  lblMbMeldung.Caption = text;
+  cbxNotShow.Visible = nichtMehrZeigen;
+  if (!nichtMehrZeigen) lblMbMeldung.Height = kMeldungsHoehe;
+  switch (flags) {
+    case 0:
+    case 1:
+    case 64:
+      KnopfZeigen(2, true);
+      KnopfZeigen(0, false);
+      KnopfZeigen(1, false);
+      imgBoxType.Picture = L"MBOXAUSRUF";
+      break;
+    case 4:
+    case 36:
+    case 292:
+      KnopfZeigen(0, true);
+      KnopfZeigen(1, true);
+      KnopfZeigen(2, false);
+      imgBoxType.Picture = L"MBOXFRAGE";
+      break;
+    default:
+      break;
+  }
+  prog.plattform.schleife.SetFocus(picMboxButton(2).Visible ? picMboxButton(2) : picMboxButton(0));
+}
+
+void frmMBox::picMboxButton_MouseUp(int index) {
+  Window.Tag = index == 0 ? L"6" : L"7";
+  if (cbxNotShow.Visible && cbxNotShow.Value == 1) prog.frmCDBrennen().ZeigeTAOHinweis = false;
+  prog.frmMBox.Entladen();
+}
+
+bool frmMBox::Form_KeyDown(int taste, bool strg) {
+  if (taste == kKeyReturn || taste == kKeyEscape) {
+    const int index = taste == kKeyReturn ? 0 : 1;
+    if (!picMboxButton(index).PicturePressed.empty()) {
+      picMboxButton(index).Picture = picMboxButton(index).PicturePressed;
+    }
+    Release(picMboxButton(index));
+    return true;
+  }
+  return VtrFenster::Form_KeyDown(taste, strg);
+}
+
+}  // namespace vantora

@@ -1,0 +1,34 @@
+// The message box: one text, one or two buttons, and on request a box to leave it out in future.
+#pragma once
+
+#include "app/fenster.h"
+
+namespace vantora {
+
+class frmMBox final : public VtrFenster {
+ public:
+  explicit frmMBox(Programm& programm);
+
+  void Form_Load() override;
+  void SetTexte() override;
+  bool Form_KeyDown(int taste, bool strg) override;
+  void Form_Close() override { picMboxButton_MouseUp(1); }
+
+  // `flags` decides on buttons and icon; any value that is not known leaves them as they stand.
+  void Vorbereiten(const Text& text, int flags, const Text& titel, bool nichtMehrZeigen);
+  void picMboxButton_MouseUp(int index);
+
+  Label lblMbTitel{*this, L"lblMbTitel"};
+  PictureButton imgBoxType{*this, L"imgBoxType"};
+  Label lblMbMeldung{*this, L"lblMbMeldung"};
+  CheckBox cbxNotShow{*this, L"cbxNotShow"};
+  TextBox txtEingabe{*this, L"txtEingabe"};
+  ControlArray<PictureButton, 3> picMboxButton{*this, L"picMboxButton"};
+  ControlArray<Label, 3> lblButtCaption{*this, L"lblButtCaption"};
+  PictureButton imgHelp{*this, L"imgHelp"};
+
+ private:
+  void KnopfZeigen(int index, bool sichtbar);
+};
+
+}  // namespace vantora

@@ -1,0 +1,17 @@
+// Layouts: where the controls of a window stand, as data. A line a control:
+//
+//   form WIDTH HEIGHT [picture=NAME] [back=RRGGBB] [border=0|1]
+//   name[(index)] LEFT TOP WIDTH HEIGHT [picture= pressed= icon= font= bold= fore= back= align=
+//                                        wrap= fill= line= tab=]
+//   columns name W0 W1 ...
+//
+// Geometry in twips; "#" begins a comment; a name that the window lacks is passed over.
+#pragma once
+
+#include "platform/form.h"
+
+namespace vantora {
+
+void LayoutLesen(const Text& layout, Form& fenster);
+
+}  // namespace vantora

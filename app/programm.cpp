@@ -1,0 +1,176 @@
+#include "app/programm.h"
+
+#include "app/frmAbout.h"
+#include "app/frmMBox.h"
+#include "app/frmStartUp.h"
+#include "app/zahlen.h"
+#include "app/zeichen.h"
+#include "catalog/frmHauptForm.h"
+#include "catalog/frmLiedAusKatalog.h"
+#include "catalog/frmNeuerInterpret.h"
+#include "cdinput/frmKomponenten.h"
+#include "cdwriting/frmCDBrennen.h"
+#include "cdwriting/frmSchreibFortschritt.h"
+#include "dialogs/frmLoadSave.h"
+#include "dialogs/frmStartAssistent.h"
+#include "mixer/frmMixer.h"
+
+namespace vantora {
+
+namespace {
+
+// A window may be unloaded by a handler of its own, or below a box that is still open; the depth of
+// such nests is small, so the windows unloaded last are enough to keep.
+constexpr std::size_t kEntladeneFenster = 16;
+constexpr double kAbschiedSekunden = 1.5;
+constexpr int kBoxPauseMs = 150;
+
+struct KomponentenVersion {
+  const wchar_t* Datei;
+  const wchar_t* Version;
+};
+
+constexpr KomponentenVersion kKomponenten[] = {
+    {L"audiolib.dll", L"1.0.0.4"}, {L"MMToolsX.ocx", L"1.6.5.100"}, {L"MCD.ocx", L"1.1.2.9"},
+    {L"MP3VTR.OCX", L"1.5.1.0"},   {L"ACD.OCX", L"1.3.1.0"},        {L"EQPRO.OCX", L"1.5.0.103"},
+};
+
+}  // namespace
+
+Programm::Programm(Plattform& dienste) : Dienste(dienste) {
+  plattform.schleife.OnError = [this](const Laufzeitfehler& fehler) { FehlerMelden(fehler); };
+}
+
+Programm::~Programm() { plattform.schleife.OnError = nullptr; }
+
+void Programm::Laufen() {
+  EventLoop& schleife = plattform.schleife;
+  schleife.Dispatch([this] { frmStartUp(); });
+  if (schleife.Ended()) return;
+  try {
+    schleife.Run();
+  } catch (const ProgrammEnde&) {
+    AppLog(L"Laufen", L"Ende");
+  }
+}
+
+int Programm::MsgBoxen(const vantora::Text& text, int flags) {
+  return MsgBoxen(text, flags, Text(0));
+}
+
+int Programm::MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
+                       bool nichtMehrZeigen) {
+  const std::shared_ptr<vantora::frmMBox> box = frmMBox.Laden();
+  box->Vorbereiten(text, flags, titel, nichtMehrZeigen);
+  ZeigeModal(box);
+  plattform.schleife.DoEvents();
+  plattform.schleife.Sleep(kBoxPauseMs);
+  return Ganz16(Val(box->Window.Tag));
+}
+
+void Programm::Zeigen(VtrFenster& fenster) { plattform.schleife.Show(fenster); }
+
+void Programm::ZeigeModal(const std::shared_ptr<VtrFenster>& fenster) {
+  plattform.schleife.ShowModal(*fenster);
+}
+
+void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
+  entladene_.push_back(std::move(fenster));
+  if (entladene_.size() > kEntladeneFenster) entladene_.pop_front();
+}
+
+void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
+  plattform.schleife.MousePointer(Pointer::Normal);
+  if (frmHauptForm.Geladen() && !frmKomponenten().BrennLaeuft) {
+    frmHauptForm().Window.Enabled = true;
+  }
+  try {
+    AppLog(L"Laufzeitfehler", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
+  } catch (const Laufzeitfehler&) {
+    LogAktiv = false;  // a log that cannot be written would fail at every further line
+  }
+  MsgBoxen(Text(4009) + fehler.Beschreibung + L" (" + ZahlText(fehler.Nummer) + L")", kStopp);
+}
+
+vantora::Text Programm::VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz) {
+  const vantora::Text wert = Trim(GetSetting(plattform, schluessel, L""));
+  if (!wert.empty() && DateiExistiert(wert)) return wert;
+  if (!DateiExistiert(ersatz)) plattform.dateien.MkDir(ersatz);
+  return ersatz;
+}
+
+void Programm::LoadLastDir() {
+  const vantora::Text app = AddBackslash(AppPfad);
+  Wave_Import_Dir = VerzeichnisPruefen(L"Wave_Import_Dir", L"C:\\");
+  Wave_Export_Dir = VerzeichnisPruefen(L"Wave_Export_Dir", app + L"Wavs\\");
+  Standard_Wave_Name = Wave_Export_Dir;
+  Songs_Import_Dir = VerzeichnisPruefen(L"Songs_Import_Dir", app);
+  Catalogue_Open_Dir = VerzeichnisPruefen(L"Catalogue_Open_Dir", app + Text(10));
+  Catalogue_Save_Dir = VerzeichnisPruefen(L"Catalogue_Save_Dir", app + Text(10));
+  Picture_Save_Dir = VerzeichnisPruefen(L"Picture_Save_Dir", app + L"Pictures");
+  for (vantora::Text* pfad : {&Wave_Import_Dir, &Wave_Export_Dir, &Songs_Import_Dir,
+                              &Catalogue_Open_Dir, &Catalogue_Save_Dir, &Picture_Save_Dir}) {
+    *pfad = Trim(UNCAufLaufwerk(*pfad));
+  }
+}
+
+void Programm::LastDirSave() {
+  SaveSetting(plattform, L"Wave_Import_Dir", Wave_Import_Dir);
+  SaveSetting(plattform, L"Wave_Export_Dir", Wave_Export_Dir);
+  SaveSetting(plattform, L"Songs_Import_Dir", Songs_Import_Dir);
+  SaveSetting(plattform, L"Catalogue_Open_Dir", Catalogue_Open_Dir);
+  SaveSetting(plattform, L"Catalogue_Save_Dir", Catalogue_Save_Dir);
+  SaveSetting(plattform, L"Picture_Save_Dir", Picture_Save_Dir);
+}
+
+void Programm::LastCatSave() {
+  if (Last_Catalog_Load != 1) return;
+  const bool katalog = Rechts(Trim(LetzterKatalog), 3) == L"vtr";
+  SaveSetting(plattform, L"Last_Catalogue_Name", katalog ? LetzterKatalog : vantora::Text());
+}
+
+void Programm::Hilfe() { plattform.system.OpenHelp(AddBackslash(AppPfad) + L"VTR.HLP", L""); }
+
+void Programm::ProgrammBeenden(bool ohneFrage) {
+  EventLoop& schleife = plattform.schleife;
+  const wchar_t* const kOrt = L"ProgrammBeenden";
+  if (!ohneFrage) {
+    schleife.MousePointer(Pointer::Hourglass);
+    if (MsgBoxen(Text(23000), kFrage) != kJa) {
+      schleife.MousePointer(Pointer::Normal);
+      return;
+    }
+  }
+  AppLog(kOrt, L"1");
+  schleife.DoEvents();
+  Warten(kAbschiedSekunden);
+  AppLog(kOrt, L"2");
+  vantora::frmKomponenten& komponenten = frmKomponenten();
+  komponenten.CD_Close();
+  komponenten.ACD_Close();
+  plattform.mcd.ResetBurner();
+  plattform.mp3.Close();
+  AppLog(kOrt, L"3");
+  LastDirSave();
+  LastCatSave();
+  komponenten.CD_Close();
+  AppLog(kOrt, L"Save RegistryParameter ...");
+  frmHauptForm().PlayWaveNormal(L"");
+  // The display keeps the mode in which the program found it, so there is none to restore.
+  AppLog(kOrt, L"ChangeResolution");
+  AppLog(kOrt, L"AniCursorAus");
+  plattform.bildschirm.SetSystemCursor(L"");
+  AppLog(kOrt, L"bye ...");
+  schleife.MousePointer(Pointer::Normal);
+  throw ProgrammEnde{};
+}
+
+void Programm::KomponentenPruefen() {
+  for (const KomponentenVersion& komponente : kKomponenten) {
+    if (DateiVersion(komponente.Datei) == komponente.Version) continue;
+    MsgBoxen(Text(8072), kStopp);
+    throw ProgrammEnde{};
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,116 @@
+// The running program: its services, its settings, the state that its windows work on, and the
+// windows themselves. There is no other state; a test makes as many programs as it likes.
+#pragma once
+
+#include <deque>
+#include <memory>
+
+#include "app/dienste.h"
+#include "app/einstellungen.h"
+#include "app/fenster.h"
+#include "catalog/katalog_zustand.h"
+
+#include "platform/plattform.h"
+
+namespace vantora {
+
+class frmStartUp;
+class frmHauptForm;
+class frmKomponenten;
+class frmMBox;
+class frmAbout;
+class frmNeuerInterpret;
+class frmLiedAusKatalog;
+class frmCDBrennen;
+class frmSchreibFortschritt;
+class frmLoadSave;
+class frmStartAssistent;
+class frmMixer;
+
+// Flags of a message box, as far as they are in use.
+enum MeldungsArt : int {
+  kOk = 0,
+  kJaNein = 4,
+  kStopp = 16,
+  kFrage = 36,
+  kWarnung = 48,
+  kHinweis = 64,
+};
+enum Antwort : int { kJa = 6, kNein = 7 };
+
+// What the file dialog is asked for.
+enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3 };
+enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
+
+struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZustand {
+  explicit Programm(Plattform& dienste);
+  ~Programm();
+  Programm(const Programm&) = delete;
+  Programm& operator=(const Programm&) = delete;
+
+  // Process entry: start-up, then the event loop, until the process ends.
+  void Laufen();
+
+  // Shows a message in the program's own window and returns 6 (yes) or 7. A blank title is the
+  // program's name; `nichtMehrZeigen` offers to leave the message out in future.
+  int MsgBoxen(const vantora::Text& text, int flags);
+  int MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
+               bool nichtMehrZeigen = false);
+
+  // Runs the file dialog; the answer stands in the dialog fields.
+  void DateiHolen(int typ, int modus, const vantora::Text& vorschlag = {});
+
+  void LoadLastDir();
+  void LastDirSave();
+  void LastCatSave();
+  void LoadExtrasSet() { vantora::LoadExtrasSet(plattform, *this); }
+  void SaveExtrasSet() { vantora::SaveExtrasSet(plattform, *this); }
+
+  // Ends the program; without `ohneFrage` the user is asked first and may stay.
+  void ProgrammBeenden(bool ohneFrage = false);
+  // Compares the versions of the components with those that the program was made for; a difference
+  // ends the program. Not on the path of start-up.
+  void KomponentenPruefen();
+  void Hilfe();
+
+  void Zeigen(VtrFenster& fenster);
+  void ZeigeModal(const std::shared_ptr<VtrFenster>& fenster);
+  // Keeps an unloaded window alive until no handler of it can be running any more.
+  void Beisetzen(std::shared_ptr<VtrFenster> fenster);
+
+  // Start-up results.
+  vantora::Text AppPfad;
+  std::int32_t BildschirmHoehe = 0, BildschirmBreite = 0;  // pixels
+  bool BrennerGeladen = false;
+
+  Fenster<vantora::frmStartUp> frmStartUp{*this};
+  Fenster<vantora::frmHauptForm> frmHauptForm{*this};
+  Fenster<vantora::frmKomponenten> frmKomponenten{*this};
+  Fenster<vantora::frmMBox> frmMBox{*this};
+  Fenster<vantora::frmAbout> frmAbout{*this};
+  Fenster<vantora::frmNeuerInterpret> frmNeuerInterpret{*this};
+  Fenster<vantora::frmLiedAusKatalog> frmLiedAusKatalog{*this};
+  Fenster<vantora::frmCDBrennen> frmCDBrennen{*this};
+  Fenster<vantora::frmSchreibFortschritt> frmSchreibFortschritt{*this};
+  Fenster<vantora::frmLoadSave> frmLoadSave{*this};
+  Fenster<vantora::frmStartAssistent> frmStartAssistent{*this};
+  Fenster<vantora::frmMixer> frmMixer{*this};
+
+ private:
+  vantora::Text VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz);
+  void FehlerMelden(const Laufzeitfehler& fehler);
+
+  std::deque<std::shared_ptr<VtrFenster>> entladene_;
+};
+
+template <typename W>
+void Fenster<W>::Entladen() {
+  if (!fenster_) return;
+  const std::shared_ptr<W> fenster = std::move(fenster_);
+  fenster_.reset();
+  fenster->Form_Unload();
+  prog_.plattform.schleife.Hide(*fenster);
+  prog_.Beisetzen(fenster);
+}
+
+}  // namespace vantora

@@ -1,0 +1,229 @@
+#include "catalog/frmHauptForm.h"
+
+#include "app/programm.h"
+#include "app/zahlen.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kKleinesLayout = L"frmHauptForm";
+constexpr const wchar_t* kGrossesLayout = L"frmHauptForm_1000";
+constexpr int kKleinesteFarbtiefe = 16;  // bits per pixel
+constexpr double kGrosseSchriftTwips = 12.0;
+constexpr int kListenSchriftGross = 11;
+
+// Texts of the table's head and of the buttons follow one another by number.
+constexpr int kErsteSpalte = 8073, kErsteBeschriftung = 8200, kErsterHinweis = 8400;
+
+const std::vector<ListView::Column>& Spalten() {
+  static const std::vector<ListView::Column> kSpalten = {
+      {L"", 300},  {L"", 420}, {L"", 2400}, {L"", 2100}, {L"", 900},
+      {L"", 840},  {L"", 840}, {L"", 3000}, {L"", 720},
+  };
+  return kSpalten;
+}
+
+}  // namespace
+
+frmHauptForm::frmHauptForm(Programm& programm) : VtrFenster(programm, L"frmHauptForm") {
+  WavePlayer = prog.plattform.mmtools.NewPlayer();
+  MMWaveFileX1 = prog.plattform.mmtools.NewWaveFile();
+  HasBorder = false;
+  KnoepfeEinrichten();
+  MenueEinrichten();
+}
+
+std::vector<frmHauptForm::TabellenKnopf> frmHauptForm::KnopfTabelle() {
+  return {
+      {&imgCDKopieren, &frmHauptForm::imgCDKopieren_MouseUp},
+      {&imgCDAuslesen, &frmHauptForm::imgCDAuslesen_MouseUp},
+      {&imgLPKopieren, &frmHauptForm::imgLPKopieren_MouseUp},
+      {&imgLPAufnehmen, &frmHauptForm::imgLPAufnehmen_MouseUp},
+      {&imgLiedImport, &frmHauptForm::imgLiedImport_MouseUp},
+      {&imgLiedKatalog, &frmHauptForm::imgLiedKatalog_MouseUp},
+      {&imgDatenBank, &frmHauptForm::imgDatenBank_MouseUp},
+      {&imgExtras, &frmHauptForm::imgExtras_MouseUp},
+      {&imgNeuerKatalog, &frmHauptForm::imgNeuerKatalog_MouseUp},
+      {&imgKatalogÖffnen, &frmHauptForm::imgKatalogÖffnen_MouseUp},
+      {&imgKatalogSpeichern, &frmHauptForm::imgKatalogSpeichern_MouseUp},
+      {&imgKatalogAnhaengen, &frmHauptForm::imgKatalogAnhaengen_MouseUp},
+      {&imgPrintCover, &frmHauptForm::imgPrintCover_MouseUp},
+      {&imgTitel, &frmHauptForm::imgTitel_MouseUp},
+      {&imgDeleteTitel, &frmHauptForm::imgDeleteTitel_MouseUp},
+      {&imgÜberblenden, &frmHauptForm::imgÜberblenden_MouseUp},
+      {&imgBrennen, &frmHauptForm::imgBrennen_MouseUp},
+      {&imgMixer, &frmHauptForm::imgMixer_MouseUp},
+      {&imgAssistent, &frmHauptForm::imgAssistent_MouseUp},
+      {&imgWaveEdit, &frmHauptForm::imgWaveEdit_MouseUp},
+  };
+}
+
+void frmHauptForm::KnoepfeEinrichten() {
+  for (const TabellenKnopf& eintrag : KnopfTabelle()) {
+    Knopf(*eintrag.Knopf, [this, aktion = eintrag.Aktion] { (this->*aktion)(); });
+  }
+  Knopf(imgAbspielen, [this] { imgAbspielen_MouseUp(); });
+  Knopf(imgStop, [this] { imgStop_MouseUp(); });
+  Knopf(imgDelTitel, [this] { imgDelTitel_MouseUp(); });
+  Knopf(imgTitelBearb, [this] { imgTitelBearb_MouseUp(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgMinimize, [this] { imgMinimize_MouseUp(); });
+  Knopf(Logo, [this] { Logo_Click(); });
+  for (int i = 0; i < imgMove.Count(); ++i) Knopf(imgMove(i), [this, i] { imgMove_MouseUp(i); });
+  lblKatalogTitel.DblClick = [this] { KatalogDatenAendern(); };
+  lblKatalogInterpret.Click = [this] { KatalogDatenAendern(); };
+  lvwKatalog.SetColumns(Spalten());
+  lvwKatalog.ItemClick = [this](int zeile) { lvwKatalog_ItemClick(zeile); };
+  lvwKatalog.DblClick = [this] { imgWaveEdit_MouseUp(); };
+  lvwKatalog.KeyUp = [this](int taste) { lvwKatalog_KeyUp(taste); };
+  lvwKatalog.MouseUp = [this](int taste) { lvwKatalog_MouseUp(taste); };
+  lvwKatalog.OLEDragOver = [this](const std::vector<Text>& d) { return lvwKatalog_OLEDragOver(d); };
+  lvwKatalog.OLEDragDrop = [this](const std::vector<Text>& d) { lvwKatalog_OLEDragDrop(d); };
+  MMConnectorX1();
+}
+
+void frmHauptForm::MenueEinrichten() {
+  Menus.push_back({L"mnuKatalog",
+                   {{L"mnuAbspielen", L"", [this] { imgAbspielen_MouseUp(); }},
+                    {L"mnuWAVEditor", L"", [this] { imgWaveEdit_MouseUp(); }},
+                    {L"mnuUeberblenden", L"", [this] { imgTitel_MouseUp(); }},
+                    {L"mnuEigentschaft", L"",
+                     [this] {
+                       prog.KatalogGeaendert = true;
+                       TrackDatenAendern();
+                     }},
+                    {L"mnuDelete", L"", [this] { KatRowDelete(); }},
+                    {L"mnuWaveAssistent", L"", [this] { imgAssistent_MouseUp(); }}}});
+}
+
+void frmHauptForm::MMConnectorX1() {
+  WavePlayer->OnStart = [this] { Abspielen = true; };
+  WavePlayer->OnStop = [this] {
+    if (WavePlayer->Playing()) return;  // the end of an earlier preview, told late
+    PlayWaveNormal(L"");
+    Abspielen = false;
+  };
+  WavePlayer->OnLevel = [this](int links, int rechts) {
+    Level.PeakLeft = links;
+    Level.PeakRight = rechts;
+  };
+}
+
+void frmHauptForm::SetTexte() {
+  Caption = LoadResString(0);
+  const std::vector<TabellenKnopf> tabelle = KnopfTabelle();
+  for (int i = 0; i < lblButtCaption.Count(); ++i) {
+    PictureButton& knopf = *tabelle.at(static_cast<std::size_t>(i)).Knopf;
+    Beschriften(lblButtCaption(i), knopf, LoadResString(kErsteBeschriftung + i));
+    knopf.ToolTipText = LoadResString(kErsterHinweis + i);
+  }
+  std::vector<ListView::Column> spalten = lvwKatalog.Columns();
+  for (std::size_t i = 1; i < spalten.size(); ++i) {
+    spalten[i].Header = LoadResString(kErsteSpalte + static_cast<int>(i) - 1);
+  }
+  lvwKatalog.SetColumns(std::move(spalten));
+  const auto hinweis = [this](Control& control, int nummer) {
+    control.ToolTipText = LoadResString(nummer);
+  };
+  hinweis(lblKatalogTitel, 8420);
+  hinweis(lblKatalogInterpret, 8421);
+  hinweis(lblKatalogLaenge, 8422);
+  hinweis(lvwKatalog, 8423);
+  hinweis(imgMove(0), 8424);
+  hinweis(imgMove(1), 8425);
+  hinweis(imgAbspielen, 8426);
+  hinweis(imgStop, 8427);
+  hinweis(imgTitelBearb, 8428);
+  hinweis(imgDelTitel, 8429);
+  hinweis(lblTimeOver, 8430);
+  hinweis(Level, 8431);
+  hinweis(lblRestzeitCD, 8432);
+  hinweis(imgMinimize, 8433);
+  hinweis(Logo, 8445);
+  hinweis(imgHelp, 1);
+  System& system = prog.plattform.system;
+  lblVersion.Caption = ZahlText(system.Major()) + L"." + ZahlText(system.Minor()) + L"." +
+                       ZahlText(system.Revision());
+  lblTimeOver.Caption = L"";
+  std::vector<MenuItem>& menue = FindMenu(L"mnuKatalog")->Items;
+  for (std::size_t i = 0; i < menue.size(); ++i) {
+    menue[i].Caption = LoadResString(8221 + static_cast<int>(i));
+  }
+}
+
+void frmHauptForm::Form_Load() {
+  const bool farbenReichen = prog.plattform.bildschirm.BitsPerPixel() >= kKleinesteFarbtiefe;
+  if (!farbenReichen) {
+    prog.MsgBoxen(LoadResString(8011), kStopp);
+    throw ProgrammEnde{};
+  }
+  LayoutAnwenden(kKleinesLayout);
+  ToolTipsSetzen(*this);
+  Init_Prog();
+  BildschirmPruefen();
+  if (!prog.BackgroundPic) Picture = L"";
+  for (const TabellenKnopf& eintrag : KnopfTabelle()) {
+    eintrag.Knopf->PictureReleased = L"BUTTBLAUUNPRESSED";
+    KnopfBild(*eintrag.Knopf);
+  }
+  Logo.Picture = L"LOGO_QM_KLEIN";
+  SkaliereForm(prog, *this);
+  if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+    lvwKatalog.FontSize = kListenSchriftGross;
+    std::vector<ListView::Column> spalten = lvwKatalog.Columns();
+    for (ListView::Column& spalte : spalten) spalte.Width = Ganz32(spalte.Width * 1.25);
+    lvwKatalog.SetColumns(std::move(spalten));
+  }
+  MitteSetzen(prog, *this);
+  prog.Zeigen(*this);
+  prog.plattform.schleife.DoEvents();
+  prog.frmStartUp.Entladen();
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+  if (prog.Show_Start_Assistant) StartAssistentZeigen();
+}
+
+void frmHauptForm::BildschirmPruefen() {
+  Display& bildschirm = prog.plattform.bildschirm;
+  // Height by the horizontal and width by the vertical size of a pixel: the same on square pixels,
+  // and what the limits below were set for.
+  prog.BildschirmHoehe = Ganz32(bildschirm.Height() / bildschirm.TwipsPerPixelX());
+  prog.BildschirmBreite = Ganz32(bildschirm.Width() / bildschirm.TwipsPerPixelY());
+  const auto ablehnen = [this](int text) {
+    prog.MsgBoxen(LoadResString(text), kStopp);
+    throw ProgrammEnde{};
+  };
+  const bool hoch = prog.BildschirmHoehe == 1024;
+  const bool grosseSchrift = bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips;
+  if (prog.BildschirmBreite == 640) ablehnen(8012);
+  if (prog.BildschirmBreite == 800) Picture = L"PICBACK_800";
+  if (prog.BildschirmBreite == 1024) {
+    if (hoch) ablehnen(8083);
+    GrossesLayout();
+  }
+  if (prog.BildschirmBreite > 1024) {
+    if (hoch || grosseSchrift) ablehnen(8083);
+    GrossesLayout();
+  }
+}
+
+void frmHauptForm::GrossesLayout() {
+  LayoutAnwenden(kGrossesLayout);
+  Picture = L"PICBACK_1000";
+}
+
+void frmHauptForm::Form_GotFocus() {
+  Level.Active = false;
+  Level.Active = true;
+  prog.plattform.schleife.DoEvents();
+  KatalogShow();
+}
+
+void frmHauptForm::Form_Paint() {
+  lvwKatalog.Visible = false;
+  lvwKatalog.Visible = true;
+}
+
+void frmHauptForm::Form_Unload() { PlayWaveNormal(L""); }
+
+}  // namespace vantora

@@ -1,0 +1,162 @@
+// The way from the splash window to the first action of the user.
+
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "app/zahlen.h"
+#include "catalog/frmHauptForm.h"
+#include "cdinput/frmKomponenten.h"
+#include "cdwriting/frmCDBrennen.h"
+#include "dialogs/frmStartAssistent.h"
+#include "mixer/frmMixer.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kOrt = L"Init_Prog";
+constexpr int kAbbrechen = 3, kWiederholen = 4;  // answers of the box with three choices
+constexpr int kFehlerBox = 50;
+
+}  // namespace
+
+// Runs one statement under the one error handler of the start: the user may end the program, try
+// the statement again, or go on behind it.
+void frmHauptForm::Schritt(const std::function<void()>& anweisung) {
+  for (;;) {
+    try {
+      anweisung();
+      return;
+    } catch (const Laufzeitfehler& fehler) {
+      const Text meldung = L"An Error Occurred In: \r\nNumber: " + ZahlText(fehler.Nummer) +
+                           L"\r\nDescription: " + fehler.Beschreibung +
+                           L"\r\nLocation: frmHauptForm, Init_Prog";
+      const int wahl = prog.plattform.schleife.SystemBox(meldung, kFehlerBox, LoadResString(0));
+      if (wahl == kAbbrechen) throw ProgrammEnde{};
+      if (wahl != kWiederholen) return;
+    }
+  }
+}
+
+void frmHauptForm::Status(int text) {
+  if (prog.frmStartUp.Geladen()) prog.frmStartUp().lblStatus.Caption = LoadResString(text);
+  prog.plattform.schleife.DoEvents();
+}
+
+void frmHauptForm::Init_Prog() {
+  Display& bildschirm = prog.plattform.bildschirm;
+  Schritt([&] { SetTexte(); });
+  KatalogAnzeigenInteraktiv = true;
+  Schritt([&] { prog.AppLog(L"Init:Prog", L"Screen.TwipsperpixelX: " +
+                                              ZahlText(bildschirm.TwipsPerPixelX())); });
+  Schritt([&] { prog.CDPlayerSchliessen(); });
+  StartKomponenten();
+  StartOptionen();
+  StartBrenner();
+  Schritt([&] { KatalogShow(); });
+}
+
+void frmHauptForm::StartKomponenten() {
+  System& system = prog.plattform.system;
+  Schritt([&] { Status(1100); });
+  Schritt([&] { prog.AppLog(L"HEADER", L""); });
+  Schritt([&] {
+    prog.AppLog(L"Startup...", L"Version " + ZahlText(system.Major()) + L"." +
+                                   ZahlText(system.Minor()) + L"." + ZahlText(system.Revision()));
+  });
+  Schritt([&] { prog.frmKomponenten().ACD_INIT(); });
+  Schritt([&] {
+    prog.AppLog(kOrt, ZahlText(prog.plattform.acd.DriveCount()) + L" CD-Laufwerke im Rechner");
+  });
+  StartSoundkarte();
+  Schritt([&] { prog.AppLog(kOrt, L"Searching for TS_CUT"); });
+  if (!Weiter([&] { prog.plattform.tsCut.Cut(L"", 0, 0); })) {
+    Schritt([&] { prog.AppLog(kOrt, L"TS_CUT not found"); });
+    prog.plattform.schleife.SystemBox(L"TS_CUT.DLL not found.", kWarnung, LoadResString(0));
+    throw ProgrammEnde{};
+  }
+  Schritt([&] { prog.AppLog(kOrt, L"TS_CUT found."); });
+  prog.AppPfad = system.Path();
+  Schritt([&] { prog.AppLog(kOrt, L"Path:" + prog.AppPfad); });
+  prog.Katalog.assign(1, KatalogEintrag{});
+  prog.Katalog[0].KatalogTitel = LoadResString(8440);
+  prog.Katalog[0].KatalogInterpret = LoadResString(8441);
+}
+
+void frmHauptForm::StartSoundkarte() {
+  Schritt([&] { prog.AppLog(kOrt, L"Checking wavedevices"); });
+  std::vector<Text> namen;
+  Schritt([&] { prog.WaveGeraete(namen); });
+  Soundkarte = !namen.empty();
+  if (!Soundkarte) {
+    Schritt([&] { prog.AppLog(kOrt, L"no soundcard"); });
+    prog.plattform.schleife.SystemBox(LoadResString(8082), kWarnung, LoadResString(0));
+    return;
+  }
+  Schritt([&] { prog.AppLog(kOrt, L"FoundSoundcard"); });
+  Schritt([&] { PlayWaveNormal(L""); });
+}
+
+void frmHauptForm::StartOptionen() {
+  Schritt([&] { Status(1101); });
+  Schritt([&] { prog.AppLog(kOrt, L"Go Load frmKomponenten"); });
+  Schritt([&] { prog.frmKomponenten(); });
+  Schritt([&] { Status(1102); });
+  Schritt([&] { prog.AppLog(kOrt, L"LoadExtrasSet"); });
+  Schritt([&] { prog.LoadExtrasSet(); });
+  Schritt([&] { Status(1103); });
+  Schritt([&] { prog.AppLog(kOrt, L"LoadLastDir"); });
+  Schritt([&] { prog.LoadLastDir(); });
+  Schritt([&] { prog.AppLog(kOrt, L"LoadLastCatalog"); });
+  Schritt([&] { LoadLastCat(); });
+}
+
+void frmHauptForm::StartBrenner() {
+  vantora::frmKomponenten& komponenten = prog.frmKomponenten();
+  Schritt([&] { Status(1104); });
+  Schritt([&] { prog.AppLog(kOrt, L"SetBurnerDevices"); });
+  prog.DialogBestaetigt = false;
+  Schritt([&] { prog.AppLog(kOrt, L"Check CD Audio Hardware"); });
+  Schritt([&] { komponenten.LaufwerkeMelden(); });
+  Schritt([&] { prog.LängeCD = Ganz32(Val(GetSetting(prog.plattform, L"LängeCD", L"80"))); });
+  Schritt([&] { prog.AppLog(kOrt, L"Get Last CDDevices from registry"); });
+  Schritt([&] {
+    komponenten.AktCDDevice = Ganz16(Val(GetSetting(prog.plattform, L"AudioCDROMDevice", L"0")));
+  });
+  Schritt([&] { komponenten.AktCDDrive = GetSetting(prog.plattform, L"AudioCDROMDrive", L""); });
+  Schritt([&] { komponenten.CheckAudioCDRomDevices(); });
+  for (const TabellenKnopf& eintrag : KnopfTabelle()) KnopfBild(*eintrag.Knopf);
+  Schritt([&] { Status(1106); });
+  Schritt([&] { prog.frmCDBrennen(); });
+  prog.BrennerGeladen = true;
+  Schritt([&] { Status(1107); });
+  Schritt([&] { prog.frmMixer(); });
+  Schritt([&] { Status(1108); });
+  prog.JobAbbruch = false;
+  Schritt([&] {
+    const Text zeiger = AddBackslash(prog.AppPfad) + L"hourglas.ani";
+    if (prog.DateiExistiert(zeiger)) prog.plattform.bildschirm.SetSystemCursor(zeiger);
+  });
+  Schritt([&] {
+    if (komponenten.AutoInsertAktiv()) {
+      prog.MsgBoxen(LoadResString(8000) + LoadResString(8001) + LoadResString(8002), kHinweis);
+    }
+  });
+}
+
+void frmHauptForm::StartAssistentZeigen() {
+  const std::shared_ptr<vantora::frmStartAssistent> assistent = prog.frmStartAssistent.Laden();
+  prog.ZeigeModal(assistent);
+  const int ergebnis = assistent->Ergebnis;
+  prog.frmStartAssistent.Entladen();
+  switch (ergebnis) {
+    case 0: Release(imgCDKopieren); break;
+    case 1: Release(imgCDAuslesen); break;
+    case 2: Release(imgLPAufnehmen); break;
+    case 3: Release(imgKatalogÖffnen); break;
+    case 4: Release(imgDatenBank); break;
+    case 5: Release(imgLiedImport); break;
+    default: break;
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,117 @@
+#include "catalog/katalog_datei.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/laufzeitfehler.h"
+
+namespace vantora {
+
+namespace {
+
+// Walks one record: the same list of fields serves both directions.
+template <typename Weg, typename Eintrag>
+void AlleFelder(Weg& weg, Eintrag& e) {
+  weg.Zahl(e.Ueberblendet);
+  weg.Feld(e.Titel);
+  weg.Feld(e.Interpret);
+  weg.Feld(e.Laenge);
+  weg.Zahl(e.GroesseMB);
+  weg.Zahl(e.Pause);
+  weg.Feld(e.Datei);
+  weg.Zahl(e.DateiBytes);
+  weg.Variabel(e.DateiDatum);
+  weg.Feld(e.KatalogTitel);
+  weg.Feld(e.KatalogInterpret);
+  weg.Feld(e.PauseSperre);
+}
+
+class Leser {
+ public:
+  explicit Leser(Datei& datei) : datei_(datei) {}
+
+  template <typename T>
+  void Zahl(T& wert) {
+    unsigned char bytes[sizeof(T)];
+    datei_.Read(bytes, sizeof bytes);
+    std::uint32_t bits = 0;
+    for (std::size_t i = sizeof bytes; i-- > 0;) bits = (bits << 8U) | bytes[i];
+    wert = static_cast<T>(bits);
+  }
+  template <std::size_t N>
+  void Feld(FixedText<N>& feld) {
+    unsigned char bytes[N];
+    datei_.Read(bytes, N);
+    std::transform(bytes, bytes + N, feld.Zeichen().begin(), ZeichenAus1252);
+  }
+  void Variabel(Text& text) {
+    std::uint16_t laenge = 0;
+    Zahl(laenge);
+    std::string bytes(laenge, '\0');
+    datei_.Read(bytes.data(), bytes.size());
+    text.resize(laenge);
+    std::transform(bytes.begin(), bytes.end(), text.begin(),
+                   [](char z) { return ZeichenAus1252(static_cast<unsigned char>(z)); });
+  }
+
+ private:
+  Datei& datei_;
+};
+
+class Schreiber {
+ public:
+  template <typename T>
+  void Zahl(T wert) {
+    auto bits = static_cast<std::uint32_t>(wert);
+    for (std::size_t i = 0; i < sizeof(T); ++i, bits >>= 8U) Byte(bits & 0xFFU);
+  }
+  template <std::size_t N>
+  void Feld(const FixedText<N>& feld) {
+    for (const wchar_t zeichen : feld.Zeichen()) Byte(ByteIn1252(zeichen));
+  }
+  void Variabel(const Text& text) {
+    const auto laenge = static_cast<std::uint16_t>(std::min<std::size_t>(text.size(), 0xFFFF));
+    Zahl(laenge);
+    for (std::size_t i = 0; i < laenge; ++i) Byte(ByteIn1252(text[i]));
+  }
+  const std::string& Bytes() const { return bytes_; }
+
+ private:
+  void Byte(std::uint32_t byte) { bytes_ += static_cast<char>(static_cast<unsigned char>(byte)); }
+  std::string bytes_;
+};
+
+}  // namespace
+
+int UBound(const KatalogFeld& feld) {
+  if (feld.empty()) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
+  return static_cast<int>(feld.size()) - 1;
+}
+
+void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
+  const auto offen = dateien.Open(datei, Zugriff::Lesen);
+  Leser leser(*offen);
+  std::int32_t anzahl = 0;
+  leser.Zahl(anzahl);
+  ziel.assign(1, KatalogEintrag{});
+  if (anzahl < 0) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
+  AlleFelder(leser, ziel.front());
+  // The field grows as whole records come in: a huge count in a foreign file costs nothing, and
+  // what was read before a failure is a catalog that one can go on with.
+  for (std::int32_t i = 0; i < anzahl; ++i) {
+    KatalogEintrag eintrag;
+    AlleFelder(leser, eintrag);
+    ziel.push_back(std::move(eintrag));
+  }
+}
+
+void KatalogSchreiben(Dateien& dateien, const Text& datei, const KatalogFeld& katalog) {
+  Schreiber schreiber;
+  schreiber.Zahl(static_cast<std::int32_t>(UBound(katalog)));
+  for (const KatalogEintrag& eintrag : katalog) AlleFelder(schreiber, eintrag);
+  const auto offen = dateien.Open(datei, Zugriff::Neu);
+  offen->Write(schreiber.Bytes().data(), schreiber.Bytes().size());
+  offen->Flush();
+}
+
+}  // namespace vantora

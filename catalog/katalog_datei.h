@@ -1,0 +1,19 @@
+// The catalog file (.vtr): a 32-bit count, then every record of the catalog, record 0 first.
+// All integers little-endian, all text Windows-1252. There is no magic number and no version, so a
+// foreign file shows only when it ends too early: that raises Laufzeitfehler 62.
+#pragma once
+
+#include "catalog/katalog_eintrag.h"
+
+#include "platform/files.h"
+
+namespace vantora {
+
+// Reads `datei` into `ziel`, whose earlier contents are gone even when reading fails half way. A
+// count below 0 raises error 9.
+void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel);
+
+// Writes `katalog` to a file that does not stand yet or may be replaced as a whole.
+void KatalogSchreiben(Dateien& dateien, const Text& datei, const KatalogFeld& katalog);
+
+}  // namespace vantora
