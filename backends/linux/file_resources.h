@@ -1,0 +1,29 @@
+// Texts, layouts and pictures from the program's resource folder: `strings.tsv` (number, tab, text,
+// with \n, \t and \\ in it), `layouts/NAME.layout`, `pictures/NAME.svg`, all in UTF-8. The texts
+// are read with the first question; a folder that is missing has no texts.
+#pragma once
+
+#include "platform/resources.h"
+
+#include <filesystem>
+#include <map>
+
+namespace vantora {
+
+class FileResources final : public Resources {
+ public:
+  explicit FileResources(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+  Text LoadResString(int id) override;
+  bool HasPicture(const Text& name) override;
+  Text Layout(const Text& name) override;
+
+ private:
+  void ReadTexts();
+
+  std::filesystem::path folder_;
+  bool read_ = false;
+  std::map<int, Text> texts_;
+};
+
+}  // namespace vantora

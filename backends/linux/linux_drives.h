@@ -1,0 +1,24 @@
+// The drive letters of the drive table as the program asks for them.
+#pragma once
+
+#include "backends/linux/drive_table.h"
+
+#include "platform/drives.h"
+
+namespace vantora {
+
+class LinuxDrives final : public Drives {
+ public:
+  explicit LinuxDrives(const DriveTable& table) : table_(table) {}
+
+  Text GetLogicalDrives() override;
+  int GetDriveType(const Text& root) override;
+  // A network folder that does not answer within two seconds counts as not answering.
+  std::optional<double> GetDiskFreeSpaceEx(const Text& path) override;
+  Text NetworkPath(wchar_t letter) override;
+
+ private:
+  const DriveTable& table_;
+};
+
+}  // namespace vantora

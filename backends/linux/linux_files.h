@@ -1,0 +1,34 @@
+// Files of the Linux file system under the names of the drive table. What is no regular file (a
+// pipe, a device) is refused with error 57 before it can hold the program up. May be used from any
+// thread; one open file belongs to one thread at a time.
+#pragma once
+
+#include "backends/linux/drive_table.h"
+
+#include "platform/files.h"
+
+namespace vantora {
+
+class LinuxFiles final : public Dateien {
+ public:
+  explicit LinuxFiles(const DriveTable& table);  // makes the program's missing folders
+
+  std::unique_ptr<Datei> Open(const Text& path, Zugriff access) override;
+  std::int64_t FileLen(const Text& path) override;
+  bool IsDirectory(const Text& path) override;
+  Text FileDateTime(const Text& path) override;  // UTC
+  void Kill(const Text& path) override;
+  // The copy keeps the time of the original. Error 70 for a file copied onto itself.
+  void FileCopy(const Text& from, const Text& to) override;
+  void MkDir(const Text& path) override;
+  // Neither lists names that begin with a point: they are hidden on this system, and the program
+  // accepts none. A blank pattern and "*.*" are every name.
+  std::vector<Text> List(const Text& folder, const Text& pattern) override;
+  std::vector<Text> Folders(const Text& folder) override;
+  std::filesystem::path SystemPath(const Text& path) const override;
+
+ private:
+  const DriveTable& table_;
+};
+
+}  // namespace vantora

@@ -1,0 +1,47 @@
+// The program's place in a Linux desktop. One instance a user: a lock file in the runtime folder,
+// held from the first question to the end of this object.
+#pragma once
+
+#include "backends/linux/linux_places.h"
+
+#include "platform/system.h"
+
+#include <functional>
+#include <string>
+
+namespace vantora {
+
+class LinuxSystem final : public System {
+ public:
+  struct Options {
+    Text Version;                      // "0.1.0"
+    std::filesystem::path HelpFolder;  // holds TOPIC.html, and index.html for no topic
+    std::string Opener = "xdg-open";   // shows a file or an address to the user
+  };
+  LinuxSystem(LinuxPlaces places, Options options);
+  ~LinuxSystem() override;
+  LinuxSystem(const LinuxSystem&) = delete;
+  LinuxSystem& operator=(const LinuxSystem&) = delete;
+
+  bool PrevInstance() override;
+  Text Path() override { return L"C:\\Vantora"; }
+  Text ExeName() override { return L"vantora"; }
+  int Major() override { return VersionPart(0); }
+  int Minor() override { return VersionPart(1); }
+  int Revision() override { return VersionPart(2); }
+  bool CloseCdPlayer() override { return false; }                 // no such program on this system
+  Text FileVersion(const Text& /*path*/) override { return {}; }  // files here carry no version
+  // Shows the page of the topic, or the first page when there is none.
+  void OpenHelp(const Text& file, const Text& topic) override;
+  void OpenLink(const Text& address) override;  // http, https and mailto; nothing else is opened
+
+ private:
+  int VersionPart(int index) const;
+  void Show(const std::string& what) const;
+
+  LinuxPlaces places_;
+  Options options_;
+  int lock_ = -1;
+};
+
+}  // namespace vantora

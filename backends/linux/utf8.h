@@ -1,0 +1,20 @@
+// Text and the bytes of file names, settings and resources. Bytes that are no UTF-8 become the
+// characters U+DC80 to U+DCFF and turn back into the same bytes, so that a file with a broken name
+// can still be listed, opened and deleted.
+#pragma once
+
+#include "platform/text.h"
+
+#include <string>
+#include <string_view>
+
+namespace vantora {
+
+Text FromUtf8(std::string_view bytes);
+std::string ToUtf8(const Text& text);
+
+// Lower case of any script, whatever the locale of the process is.
+Text LowerCase(const Text& text);
+Text UpperCase(const Text& text);
+
+}  // namespace vantora
