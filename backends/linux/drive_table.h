@@ -60,7 +60,7 @@ class DriveTable final {
   };
 
   void LookAtMounts() const;
-  Split SplitPath(const Text& path) const;
+  Split SplitPath(const Text& given) const;
   std::filesystem::path RootOf(wchar_t letter) const;
 
   LinuxPlaces places_;

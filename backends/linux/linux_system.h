@@ -2,11 +2,12 @@
 // held from the first question to the end of this object.
 #pragma once
 
+#include "backends/linux/descriptor.h"
 #include "backends/linux/linux_places.h"
 
 #include "platform/system.h"
 
-#include <functional>
+#include <filesystem>
 #include <string>
 
 namespace vantora {
@@ -19,9 +20,6 @@ class LinuxSystem final : public System {
     std::string Opener = "xdg-open";   // shows a file or an address to the user
   };
   LinuxSystem(LinuxPlaces places, Options options);
-  ~LinuxSystem() override;
-  LinuxSystem(const LinuxSystem&) = delete;
-  LinuxSystem& operator=(const LinuxSystem&) = delete;
 
   bool PrevInstance() override;
   Text Path() override { return L"C:\\Vantora"; }
@@ -33,7 +31,7 @@ class LinuxSystem final : public System {
   Text FileVersion(const Text& /*path*/) override { return {}; }  // files here carry no version
   // Shows the page of the topic, or the first page when there is none.
   void OpenHelp(const Text& file, const Text& topic) override;
-  void OpenLink(const Text& address) override;  // http, https and mailto; nothing else is opened
+  void OpenLink(const Text& address) override;  // web and mail addresses; nothing else is opened
 
  private:
   int VersionPart(int index) const;
@@ -41,7 +39,7 @@ class LinuxSystem final : public System {
 
   LinuxPlaces places_;
   Options options_;
-  int lock_ = -1;
+  Descriptor lock_;
 };
 
 }  // namespace vantora

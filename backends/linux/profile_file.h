@@ -1,10 +1,15 @@
 // Private profile files on the Linux file system. New lines end as the file's first line does, in a
-// new file with CR and LF. Of two sections of one name only the first is seen.
+// new file with CR and LF. Of two sections or keys of one name only the first is seen.
 #pragma once
 
 #include "backends/linux/drive_table.h"
+#include "backends/linux/profile_text.h"
 
 #include "platform/profile.h"
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
 
 namespace vantora {
 
@@ -23,9 +28,17 @@ class ProfileFiles final : public Profile {
   Text GetWindowsDirectory() override { return L"C:\\WINDOWS"; }
 
  private:
-  std::filesystem::path Place(const Text& file) const;
+  using Stamp = std::array<std::int64_t, 5>;  // tells whether a file is still the one that was read
+
+  static Stamp StampOf(const std::filesystem::path& file);
+  ProfileText& Read(const Text& file);
+  void Save();
 
   const DriveTable& table_;
+  // The file asked for last: a search through a database asks for thousands of its values.
+  std::filesystem::path place_;
+  Stamp stamp_{};
+  ProfileText text_;
 };
 
 }  // namespace vantora

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -31,19 +32,22 @@ class SettingsFile final : public SettingsStore {
  private:
   struct Line {
     std::string Raw;  // without its line end
-    Text Section;     // "application\section" in lower case; the section that the line lies in
+    Text Section;     // the section that the line lies in, as compared
+    Text Key;         // as compared; blank: no setting
     Text Value;
   };
 
   void ReadOnce();
   void Parse(const std::string& bytes);
-  std::size_t PlaceInSection(const Text& section, const Text& head);
-  std::string AsBytes() const;
+  void Add(const Text& section, const std::string& head, const Text& key, const std::string& raw,
+           const Text& value);
+  void Write();
 
   std::filesystem::path file_;
   bool read_ = false;
   bool writable_ = true;
   std::vector<Line> lines_;
+  std::map<std::pair<Text, Text>, std::size_t> places_;  // section and key: number of the line
 };
 
 }  // namespace vantora

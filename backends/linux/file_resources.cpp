@@ -1,0 +1,88 @@
+#include "backends/linux/file_resources.h"
+
+#include "backends/linux/utf8.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fstream>
+#include <iterator>
+#include <string_view>
+#include <system_error>
+
+namespace vantora {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string FileText(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(in), {}};
+  if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
+  return text;
+}
+
+std::string Unescape(std::string_view escaped) {
+  std::string text;
+  for (std::size_t i = 0; i < escaped.size(); ++i) {
+    const char next = escaped[i] == '\\' && i + 1 < escaped.size() ? escaped[i + 1] : '\0';
+    if (next == 'n' || next == 't' || next == 'r' || next == '\\') {
+      text += next == 'n' ? '\n' : next == 't' ? '\t' : next == 'r' ? '\r' : '\\';
+      ++i;
+    } else {
+      text += escaped[i];
+    }
+  }
+  return text;
+}
+
+// A resource is named, not reached by a path.
+bool IsName(const Text& name) {
+  return !name.empty() && name.front() != L'.' && name.find_first_of(L"/\\") == Text::npos;
+}
+
+}  // namespace
+
+Text FileResources::LoadResString(int id) {
+  ReadTexts();
+  const auto text = texts_.find(id);
+  if (text == texts_.end()) {
+    throw Laufzeitfehler(kFehlerRessource,
+                         L"No se encuentra el texto número " + std::to_wstring(id));
+  }
+  return text->second;
+}
+
+void FileResources::ReadTexts() {
+  if (read_) return;
+  read_ = true;
+  const std::string table = FileText(folder_ / "strings.tsv");
+  std::string_view rest = table;
+  while (!rest.empty()) {
+    const auto end = std::min(rest.find('\n'), rest.size());
+    std::string_view line = rest.substr(0, end);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    const auto tab = line.find('\t');
+    int id = 0;
+    if (tab == std::string_view::npos) continue;
+    const auto number = std::from_chars(line.data(), line.data() + tab, id);
+    if (number.ec != std::errc() || number.ptr != line.data() + tab) continue;
+    texts_[id] = FromUtf8(Unescape(line.substr(tab + 1)));
+  }
+}
+
+bool FileResources::HasPicture(const Text& name) {
+  std::error_code failed;
+  return IsName(name) &&
+         fs::is_regular_file(folder_ / "pictures" / (ToUtf8(name) + ".svg"), failed);
+}
+
+Text FileResources::Layout(const Text& name) {
+  if (!IsName(name)) return {};
+  return FromUtf8(FileText(folder_ / "layouts" / (ToUtf8(name) + ".layout")));
+}
+
+}  // namespace vantora

@@ -1,0 +1,100 @@
+#include "backends/linux/linux_file.h"
+
+#include "backends/linux/system_error.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
+
+namespace vantora {
+
+namespace {
+
+// Larger than any system's block size and still an offset that the kernel takes.
+constexpr std::int64_t kLargestPosition = 1LL << 62;
+
+}  // namespace
+
+LinuxFile::LinuxFile(Descriptor descriptor, std::filesystem::path path)
+    : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
+
+std::int64_t LinuxFile::Length() const {
+  struct stat info {};
+  if (::fstat(descriptor_(), &info) != 0) RaiseErrno(errno, path_);
+  return info.st_size;
+}
+
+void LinuxFile::Seek(std::int64_t position) {
+  if (position < 0 || position > kLargestPosition) throw DateiFehler(kFehlerUngueltigerAufruf);
+  position_ = position;
+}
+
+void LinuxFile::Read(void* target, std::size_t count) {
+  if (ReadSome(target, count) != count) throw DateiFehler(kFehlerDateiEnde);
+}
+
+std::size_t LinuxFile::ReadSome(void* target, std::size_t count) {
+  auto* to = static_cast<char*>(target);
+  std::size_t done = 0;
+  while (done < count) {
+    const std::int64_t inside = position_ - bufferStart_;
+    if (inside >= 0 && inside < static_cast<std::int64_t>(bufferBytes_)) {
+      const auto from = static_cast<std::size_t>(inside);
+      const std::size_t some = std::min(count - done, bufferBytes_ - from);
+      std::memcpy(to + done, buffer_.data() + from, some);
+      done += some;
+      position_ += static_cast<std::int64_t>(some);
+      continue;
+    }
+    if (count - done >= buffer_.size()) {
+      const std::size_t some = ReadAt(to + done, count - done, position_);
+      position_ += static_cast<std::int64_t>(some);
+      return done + some;
+    }
+    bufferBytes_ = 0;
+    bufferBytes_ = ReadAt(buffer_.data(), buffer_.size(), position_);
+    bufferStart_ = position_;
+    if (bufferBytes_ == 0) break;
+  }
+  return done;
+}
+
+std::size_t LinuxFile::ReadAt(void* target, std::size_t count, std::int64_t position) const {
+  auto* to = static_cast<char*>(target);
+  std::size_t done = 0;
+  while (done < count) {
+    const ssize_t some =
+        ::pread(descriptor_(), to + done, count - done, position + static_cast<std::int64_t>(done));
+    if (some < 0 && errno == EINTR) continue;
+    if (some < 0) RaiseErrno(errno, path_);
+    if (some == 0) break;
+    done += static_cast<std::size_t>(some);
+  }
+  return done;
+}
+
+void LinuxFile::Write(const void* source, std::size_t count) {
+  bufferBytes_ = 0;
+  const auto* from = static_cast<const char*>(source);
+  while (count > 0) {
+    const ssize_t some = ::pwrite(descriptor_(), from, count, position_);
+    if (some < 0 && errno == EINTR) continue;
+    if (some < 0) RaiseErrno(errno, path_);
+    from += some;
+    count -= static_cast<std::size_t>(some);
+    position_ += some;
+  }
+}
+
+void LinuxFile::Truncate(std::int64_t length) {
+  bufferBytes_ = 0;
+  if (length < 0) throw DateiFehler(kFehlerUngueltigerAufruf);
+  if (::ftruncate(descriptor_(), length) != 0) RaiseErrno(errno, path_);
+}
+
+void LinuxFile::Flush() {
+  if (::fsync(descriptor_()) != 0) RaiseErrno(errno, path_);
+}
+
+}  // namespace vantora

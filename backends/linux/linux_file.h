@@ -1,0 +1,38 @@
+// An open regular file. Small reads come out of a buffer of 4 KiB, so that walking a header costs
+// one call; writes go straight to the system. What another handle writes may show up to a buffer
+// late.
+#pragma once
+
+#include "backends/linux/descriptor.h"
+
+#include "platform/files.h"
+
+#include <array>
+
+namespace vantora {
+
+class LinuxFile final : public Datei {
+ public:
+  LinuxFile(Descriptor descriptor, std::filesystem::path path);
+
+  std::int64_t Length() const override;
+  std::int64_t Position() const override { return position_; }
+  void Seek(std::int64_t position) override;  // error 5 for a negative one
+  void Read(void* target, std::size_t count) override;
+  std::size_t ReadSome(void* target, std::size_t count) override;
+  void Write(const void* source, std::size_t count) override;
+  void Truncate(std::int64_t length) override;  // a longer file is filled with zeros
+  void Flush() override;
+
+ private:
+  std::size_t ReadAt(void* target, std::size_t count, std::int64_t position) const;
+
+  Descriptor descriptor_;
+  std::filesystem::path path_;
+  std::int64_t position_ = 0;
+  std::array<char, 4096> buffer_{};
+  std::int64_t bufferStart_ = 0;
+  std::size_t bufferBytes_ = 0;
+};
+
+}  // namespace vantora

@@ -1,0 +1,254 @@
+#include "backends/linux/linux_files.h"
+
+#include "backends/linux/linux_file.h"
+#include "backends/linux/replacement_file.h"
+#include "backends/linux/system_error.h"
+#include "backends/linux/utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <ctime>
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <utility>
+
+namespace vantora {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kCopyBlock = 1U << 20U;
+constexpr mode_t kNewFile = 0666;  // less what the user's mask takes away
+
+struct stat Info(const fs::path& path) {
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) RaiseErrno(errno, path);
+  return info;
+}
+
+void RequireRegular(const struct stat& info) {
+  if (S_ISDIR(info.st_mode)) throw DateiFehler(kFehlerPfadZugriff);
+  if (!S_ISREG(info.st_mode)) throw DateiFehler(kFehlerEinAusgabe);
+}
+
+int Flags(Zugriff access) {
+  switch (access) {
+    case Zugriff::Lesen:
+      return O_RDONLY;
+    case Zugriff::Binaer:
+      return O_RDWR | O_CREAT;
+    case Zugriff::Anhaengen:
+      return O_WRONLY | O_CREAT;
+    case Zugriff::Neu:
+      return O_RDWR | O_CREAT;  // emptied only when it turns out to be a file
+  }
+  return O_RDONLY;
+}
+
+Descriptor OpenRegular(const fs::path& path, int flags) {
+  // Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
+  Descriptor file(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kNewFile));
+  if (!file.IsOpen() && errno == ENXIO) throw DateiFehler(kFehlerEinAusgabe);
+  if (!file.IsOpen()) RaiseErrno(errno, path);
+  struct stat info {};
+  if (::fstat(file(), &info) != 0) RaiseErrno(errno, path);
+  RequireRegular(info);
+  return file;
+}
+
+std::vector<Text> Patterns(const Text& pattern) {
+  std::vector<Text> patterns;
+  Text rest = LowerCase(pattern) + L";";
+  while (!rest.empty()) {
+    const auto end = rest.find(L';');
+    Text one = rest.substr(0, end);
+    rest.erase(0, end + 1);
+    const auto first = one.find_first_not_of(L' ');
+    if (first == Text::npos) continue;
+    one = one.substr(first, one.find_last_not_of(L' ') - first + 1);
+    patterns.push_back(one == L"*.*" ? L"*" : one);
+  }
+  if (patterns.empty()) patterns.emplace_back(L"*");
+  return patterns;
+}
+
+// "*" any run, "?" any character. Goes back to the last star alone, so no pattern takes long.
+bool Matches(const Text& name, const Text& pattern) {
+  std::size_t n = 0, p = 0, star = Text::npos, mark = 0;
+  while (n < name.size()) {
+    if (p < pattern.size() && pattern[p] == L'*') {
+      star = p++;
+      mark = n;
+    } else if (p < pattern.size() && (pattern[p] == L'?' || pattern[p] == name[n])) {
+      ++p;
+      ++n;
+    } else if (star != Text::npos) {
+      p = star + 1;
+      n = ++mark;
+    } else {
+      return false;
+    }
+  }
+  while (p < pattern.size() && pattern[p] == L'*') ++p;
+  return p == pattern.size();
+}
+
+void SortWithoutCase(std::vector<Text>& names) {
+  std::vector<std::pair<Text, Text>> keyed;
+  keyed.reserve(names.size());
+  for (Text& name : names) keyed.emplace_back(LowerCase(name), std::move(name));
+  std::sort(keyed.begin(), keyed.end());
+  for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
+}
+
+// Names in a folder that are regular files (or folders), links followed, hidden ones left out.
+std::vector<Text> Names(const fs::path& folder, bool folders) {
+  DIR* dir = ::opendir(folder.c_str());
+  if (!dir) throw DateiFehler(errno == EACCES ? kFehlerZugriff : kFehlerPfadFehlt);
+  const mode_t wanted = folders ? S_IFDIR : S_IFREG;
+  const unsigned char wantedEntry = folders ? DT_DIR : DT_REG;
+  std::vector<Text> names;
+  while (const dirent* entry = ::readdir(dir)) {
+    if (entry->d_name[0] == '.') continue;
+    bool fits = entry->d_type == wantedEntry;
+    if (entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN) {
+      struct stat info {};
+      fits = ::fstatat(::dirfd(dir), entry->d_name, &info, 0) == 0 &&
+             (info.st_mode & S_IFMT) == wanted;
+    }
+    if (fits) names.push_back(FromUtf8(entry->d_name));
+  }
+  ::closedir(dir);
+  return names;
+}
+
+void CopyBytes(int from, const fs::path& source, ReplacementFile& copy, const fs::path& target) {
+  // The kernel's own copy shares the blocks where the file system can.
+  for (;;) {
+    const ssize_t some = ::copy_file_range(from, nullptr, copy(), nullptr, kCopyBlock * 64, 0);
+    if (some > 0 || (some < 0 && errno == EINTR)) continue;
+    if (some < 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) {
+      RaiseErrno(errno, target);
+    }
+    break;  // at the end, or not possible between these two: the rest goes by hand
+  }
+  std::vector<char> block(kCopyBlock);
+  for (;;) {
+    const ssize_t some = ::read(from, block.data(), block.size());
+    if (some < 0 && errno == EINTR) continue;
+    if (some < 0) RaiseErrno(errno, source);
+    if (some == 0) return;
+    copy.Write(block.data(), static_cast<std::size_t>(some));
+  }
+}
+
+}  // namespace
+
+LinuxFiles::LinuxFiles(const DriveTable& table) : table_(table) {
+  table_.MakeFolders();
+}
+
+std::unique_ptr<Datei> LinuxFiles::Open(const Text& path, Zugriff access) {
+  const fs::path place = SystemPath(path);
+  Descriptor descriptor = OpenRegular(place, Flags(access));
+  auto file = std::make_unique<LinuxFile>(std::move(descriptor), place);
+  if (access == Zugriff::Neu && file->Length() > 0) file->Truncate(0);
+  if (access == Zugriff::Anhaengen) file->Seek(file->Length());
+  return file;
+}
+
+std::int64_t LinuxFiles::FileLen(const Text& path) {
+  const struct stat info = Info(SystemPath(path));
+  RequireRegular(info);
+  return info.st_size;
+}
+
+bool LinuxFiles::IsDirectory(const Text& path) {
+  try {
+    std::error_code failed;
+    return fs::is_directory(SystemPath(path), failed);
+  } catch (const Laufzeitfehler&) {
+    return false;  // a drive that is not there has no folders
+  }
+}
+
+Text LinuxFiles::FileDateTime(const Text& path) {
+  const struct stat info = Info(SystemPath(path));
+  std::tm utc{};
+  if (!::gmtime_r(&info.st_mtim.tv_sec, &utc)) throw DateiFehler(kFehlerEinAusgabe);
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d.%09ld", utc.tm_year + 1900,
+                utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec,
+                static_cast<long>(info.st_mtim.tv_nsec));
+  return FromUtf8(text.data());
+}
+
+void LinuxFiles::Kill(const Text& path) {
+  const fs::path place = SystemPath(path);
+  struct stat info {};
+  if (::lstat(place.c_str(), &info) != 0) RaiseErrno(errno, place);
+  if (!S_ISLNK(info.st_mode)) RequireRegular(info);
+  if (::unlink(place.c_str()) != 0) RaiseErrno(errno, place);
+}
+
+void LinuxFiles::FileCopy(const Text& from, const Text& to) {
+  const fs::path source = SystemPath(from), target = SystemPath(to);
+  const Descriptor file = OpenRegular(source, O_RDONLY);
+  struct stat info {};
+  if (::fstat(file(), &info) != 0) RaiseErrno(errno, source);
+  struct stat old {};
+  if (::stat(target.c_str(), &old) == 0) {
+    if (S_ISDIR(old.st_mode)) throw DateiFehler(kFehlerPfadZugriff);
+    const bool same = old.st_dev == info.st_dev && old.st_ino == info.st_ino;
+    if (same || ::access(target.c_str(), W_OK) != 0) throw DateiFehler(kFehlerZugriff);
+    RequireRegular(old);
+  }
+  ReplacementFile copy(target);
+  CopyBytes(file(), source, copy, target);
+  const std::array<timespec, 2> times{info.st_atim, info.st_mtim};
+  ::futimens(copy(), times.data());  // a copy with another time is still a copy
+  copy.Keep();
+}
+
+void LinuxFiles::MkDir(const Text& path) {
+  const fs::path folder = SystemPath(path);
+  std::error_code failed;
+  fs::create_directories(folder, failed);
+  if (fs::is_directory(folder)) return;
+  const int error = failed.value();
+  if (error == EEXIST || error == ENOTDIR) throw DateiFehler(kFehlerPfadZugriff);
+  RaiseErrno(error, folder);
+}
+
+std::vector<Text> LinuxFiles::List(const Text& folder, const Text& pattern) {
+  std::vector<Text> names = Names(SystemPath(folder), false);
+  const std::vector<Text> patterns = Patterns(pattern);
+  std::erase_if(names, [&](const Text& name) {
+    const Text lower = LowerCase(name);
+    return std::none_of(patterns.begin(), patterns.end(),
+                        [&](const Text& one) { return Matches(lower, one); });
+  });
+  SortWithoutCase(names);
+  return names;
+}
+
+std::vector<Text> LinuxFiles::Folders(const Text& folder) {
+  std::vector<Text> names = Names(SystemPath(folder), true);
+  for (const Text& alias : table_.AliasesIn(folder)) {
+    std::erase_if(names, [&](const Text& name) { return LowerCase(name) == LowerCase(alias); });
+    names.push_back(alias);
+  }
+  SortWithoutCase(names);
+  return names;
+}
+
+fs::path LinuxFiles::SystemPath(const Text& path) const {
+  return table_.SystemPath(path);
+}
+
+}  // namespace vantora

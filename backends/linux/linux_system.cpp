@@ -1,0 +1,81 @@
+#include "backends/linux/linux_system.h"
+
+#include "backends/linux/utf8.h"
+
+#include <array>
+#include <cerrno>
+#include <cwchar>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace vantora {
+
+namespace fs = std::filesystem;
+
+LinuxSystem::LinuxSystem(LinuxPlaces places, Options options)
+    : places_(std::move(places)), options_(std::move(options)) {}
+
+bool LinuxSystem::PrevInstance() {
+  if (lock_.IsOpen()) return false;
+  const fs::path folder = places_.Runtime.empty() ? places_.Cache : places_.Runtime;
+  std::error_code left;
+  fs::create_directories(folder, left);
+  Descriptor mark(::open((folder / "vantora.lock").c_str(),
+                         O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
+  // Where no mark can be made nobody can be found; that must not keep the program from starting.
+  if (!mark.IsOpen()) return false;
+  if (::flock(mark(), LOCK_EX | LOCK_NB) != 0) return errno == EWOULDBLOCK;
+  lock_ = std::move(mark);
+  return false;
+}
+
+int LinuxSystem::VersionPart(int index) const {
+  const wchar_t* rest = options_.Version.c_str();
+  for (int i = 0; i < index && rest; ++i) {
+    rest = std::wcschr(rest, L'.');
+    if (rest) ++rest;
+  }
+  return rest ? static_cast<int>(std::wcstol(rest, nullptr, 10)) : 0;
+}
+
+void LinuxSystem::OpenHelp(const Text& /*file*/, const Text& topic) {
+  std::error_code failed;
+  fs::path page = options_.HelpFolder / "index.html";
+  const bool plain = !topic.empty() && topic.find_first_of(L"/\\") == Text::npos;
+  const fs::path wanted = options_.HelpFolder / (ToUtf8(topic) + ".html");
+  if (plain && fs::is_regular_file(wanted, failed)) page = wanted;
+  if (fs::is_regular_file(page, failed)) Show(page.string());
+}
+
+void LinuxSystem::OpenLink(const Text& address) {
+  const Text lower = LowerCase(address);
+  if (lower.starts_with(L"www.")) {
+    Show("https://" + ToUtf8(address));
+  } else if (lower.starts_with(L"http://") || lower.starts_with(L"https://") ||
+             lower.starts_with(L"mailto:")) {
+    Show(ToUtf8(address));
+  }
+}
+
+// Between two forks nothing but system calls may happen, as other threads of the program may hold
+// locks. The child in the middle makes the viewer an orphan, so that nobody has to wait for it.
+void LinuxSystem::Show(const std::string& what) const {
+  std::string opener = options_.Opener, argument = what;
+  std::array<char*, 3> arguments{opener.data(), argument.data(), nullptr};
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::setsid();
+    if (::fork() == 0) {
+      const int nowhere = ::open("/dev/null", O_RDWR);
+      for (int stream = 0; stream < 3 && nowhere >= 0; ++stream) ::dup2(nowhere, stream);
+      ::execvp(arguments[0], arguments.data());
+    }
+    ::_exit(0);
+  }
+  if (child > 0) ::waitpid(child, nullptr, 0);
+}
+
+}  // namespace vantora

@@ -1,0 +1,100 @@
+#include "backends/linux/replacement_file.h"
+
+#include "backends/linux/system_error.h"
+
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace vantora {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::size_t kSmall = 16U << 20U;
+
+fs::path BehindLinks(const fs::path& place) {
+  std::error_code failed;
+  if (!fs::is_symlink(place, failed)) return place;
+  const fs::path real = fs::canonical(place, failed);
+  return failed ? place : real;
+}
+
+}  // namespace
+
+ReplacementFile::ReplacementFile(const fs::path& place) : place_(BehindLinks(place)) {
+  const std::string start =
+      (place_.parent_path() / ".vantora-").string() + std::to_string(::getpid()) + "-";
+  for (int number = 0; number < 1000 && !file_.IsOpen(); ++number) {
+    temporary_ = start + std::to_string(number);
+    file_ = Descriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!file_.IsOpen() && errno != EEXIST) break;
+  }
+  if (!file_.IsOpen()) {
+    temporary_.clear();
+    RaiseErrno(errno, place_);
+  }
+  struct stat old {};
+  if (::stat(place_.c_str(), &old) == 0) ::fchmod(file_(), old.st_mode & 0777U);
+}
+
+ReplacementFile::~ReplacementFile() {
+  if (!temporary_.empty()) ::unlink(temporary_.c_str());
+}
+
+void ReplacementFile::Write(const char* bytes, std::size_t count) {
+  while (count > 0) {
+    const ssize_t some = ::write(file_(), bytes, count);
+    if (some < 0 && errno == EINTR) continue;
+    if (some < 0) RaiseErrno(errno, place_);
+    bytes += some;
+    count -= static_cast<std::size_t>(some);
+  }
+}
+
+void ReplacementFile::Keep() {
+  if (!file_.Close()) RaiseErrno(errno, place_);
+  if (::rename(temporary_.c_str(), place_.c_str()) != 0) RaiseErrno(errno, place_);
+  temporary_.clear();
+}
+
+void ReplacementFile::KeepOnDisk() {
+  if (::fsync(file_()) != 0) RaiseErrno(errno, place_);
+  Keep();
+  const Descriptor folder(::open(place_.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) ::fsync(folder());  // some file systems know no such call for folders
+}
+
+std::optional<std::string> ReadSmallFile(const fs::path& file) {
+  const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+  if (!descriptor.IsOpen()) {
+    if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
+    RaiseErrno(errno, file);
+  }
+  struct stat info {};
+  if (::fstat(descriptor(), &info) != 0) RaiseErrno(errno, file);
+  if (!S_ISREG(info.st_mode)) throw DateiFehler(kFehlerEinAusgabe);
+  std::string bytes;
+  std::array<char, 16384> block{};
+  for (;;) {
+    const ssize_t some = ::read(descriptor(), block.data(), block.size());
+    if (some < 0 && errno == EINTR) continue;
+    if (some < 0) RaiseErrno(errno, file);
+    if (some == 0) return bytes;
+    bytes.append(block.data(), static_cast<std::size_t>(some));
+    if (bytes.size() > kSmall) throw DateiFehler(kFehlerEinAusgabe);
+  }
+}
+
+void WriteSmallFile(const fs::path& file, std::string_view bytes) {
+  std::error_code left;  // what is missing shows when the file is made
+  fs::create_directories(file.parent_path(), left);
+  ReplacementFile replacement(file);
+  replacement.Write(bytes.data(), bytes.size());
+  replacement.KeepOnDisk();
+}
+
+}  // namespace vantora

@@ -1,0 +1,170 @@
+#include "backends/linux/settings_file.h"
+
+#include "backends/linux/replacement_file.h"
+#include "backends/linux/utf8.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace vantora {
+
+namespace {
+
+int HexDigit(char c) {
+  if (c >= '0' && c <= '9') return c - '0';
+  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+  return -1;
+}
+
+// A "%" that no two digits follow stands for itself.
+Text Unescape(std::string_view escaped) {
+  std::string bytes;
+  for (std::size_t i = 0; i < escaped.size(); ++i) {
+    const int high = escaped[i] == '%' && i + 2 < escaped.size() ? HexDigit(escaped[i + 1]) : -1;
+    const int low = high >= 0 ? HexDigit(escaped[i + 2]) : -1;
+    if (low >= 0) {
+      bytes += static_cast<char>(high * 16 + low);
+      i += 2;
+    } else {
+      bytes += escaped[i];
+    }
+  }
+  return FromUtf8(bytes);
+}
+
+// `special` are the characters with a meaning at the place where the text shall stand.
+std::string Escape(const Text& text, std::string_view special) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  const std::string bytes = ToUtf8(text);
+  std::string escaped;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const char c = bytes[i];
+    const auto code = static_cast<unsigned char>(c);
+    const bool edge = i == 0 || i + 1 == bytes.size();
+    if (code < 0x20 || code == 0x7F || c == '%' || (c == ' ' && edge) ||
+        special.find(c) != std::string_view::npos) {
+      escaped += '%';
+      escaped += kDigits[code >> 4U];
+      escaped += kDigits[code & 15U];
+    } else {
+      escaped += c;
+    }
+  }
+  return escaped;
+}
+
+std::string_view Trim(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t\r");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+// Both names in the form in which they are compared, with a NUL between them.
+Text SectionName(const Text& application, const Text& section) {
+  return LowerCase(application) + L'\0' + LowerCase(section);
+}
+
+}  // namespace
+
+SettingsFile::SettingsFile(std::filesystem::path file) : file_(std::move(file)) {}
+
+Text SettingsFile::GetSetting(const Text& application, const Text& section, const Text& key,
+                              const Text& fallback) {
+  ReadOnce();
+  const auto place = places_.find({SectionName(application, section), LowerCase(key)});
+  return place == places_.end() ? fallback : lines_[place->second].Value;
+}
+
+void SettingsFile::SaveSetting(const Text& application, const Text& section, const Text& key,
+                               const Text& value) {
+  ReadOnce();
+  const Text name = SectionName(application, section);
+  const auto place = places_.find({name, LowerCase(key)});
+  const std::string raw = Escape(key, "=[#;") + "=" + Escape(value, "");
+  if (place == places_.end()) {
+    const std::string head =
+        "[" + Escape(application, "[]\\") + "\\" + Escape(section, "[]\\") + "]";
+    Add(name, head, LowerCase(key), raw, value);
+  } else if (Line& line = lines_[place->second]; line.Value != value) {
+    line.Raw = raw;
+    line.Value = value;
+  } else {
+    return;  // on the disk already
+  }
+  Write();
+}
+
+void SettingsFile::ReadOnce() {
+  if (read_) return;
+  read_ = true;
+  try {
+    Parse(ReadSmallFile(file_).value_or(std::string()));
+  } catch (const Laufzeitfehler&) {
+    writable_ = false;  // what could not be read is still the user's
+  }
+}
+
+void SettingsFile::Parse(const std::string& bytes) {
+  Text section;
+  std::string_view rest = bytes;
+  while (!rest.empty()) {
+    const auto end = std::min(rest.find('\n'), rest.size());
+    Line line{std::string(rest.substr(0, end)), section, {}, {}};
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+
+    const std::string_view text = Trim(line.Raw);
+    const auto equals = text.find('=');
+    if (text.starts_with('[') && text.ends_with(']')) {
+      const std::string_view name = text.substr(1, text.size() - 2);
+      const auto between = name.find('\\');
+      section.clear();
+      if (between != std::string_view::npos) {
+        section =
+            SectionName(Unescape(name.substr(0, between)), Unescape(name.substr(between + 1)));
+      }
+      line.Section = section;
+    } else if (!section.empty() && !text.starts_with('#') && !text.starts_with(';') &&
+               equals != std::string_view::npos) {
+      line.Key = LowerCase(Unescape(Trim(text.substr(0, equals))));
+      line.Value = Unescape(Trim(text.substr(equals + 1)));
+      places_[{section, line.Key}] = lines_.size();
+    }
+    lines_.push_back(std::move(line));
+  }
+}
+
+// Behind the last line of its section that says something, or in a new section at the end.
+void SettingsFile::Add(const Text& section, const std::string& head, const Text& key,
+                       const std::string& raw, const Text& value) {
+  std::size_t place = lines_.size();
+  while (place > 0 &&
+         (lines_[place - 1].Section != section || Trim(lines_[place - 1].Raw).empty())) {
+    --place;
+  }
+  if (place == 0) {
+    if (!lines_.empty() && !Trim(lines_.back().Raw).empty()) lines_.push_back({});
+    lines_.push_back({head, section, {}, {}});
+    place = lines_.size();
+  }
+  for (auto& [name, number] : places_) {
+    if (number >= place) ++number;
+  }
+  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(place), {raw, section, key, value});
+  places_[{section, key}] = place;
+}
+
+void SettingsFile::Write() {
+  if (!writable_) return;
+  std::string bytes;
+  for (const Line& line : lines_) bytes += line.Raw + "\n";
+  try {
+    WriteSmallFile(file_, bytes);
+  } catch (const Laufzeitfehler&) {
+    // The values serve for this run; the next change tries again.
+  }
+}
+
+}  // namespace vantora
