@@ -27,6 +27,7 @@ class WaveFile final : public MMWaveFileX {
   std::int64_t Samples() const override;
   std::int64_t DataOffset() const override { return layout_.DataOffset; }
   std::int64_t DataBytes() const override { return layout_.DataBytes; }
+  int FrameBytes() const { return layout_.FrameBytes; }
   void SetPosition(std::int64_t bytes) override;  // beyond the end: a write fills up with silence
   std::size_t Read(void* target, std::size_t bytes) override;
   void Write(const void* source, std::size_t bytes) override;
@@ -37,15 +38,18 @@ class WaveFile final : public MMWaveFileX {
   Datei& File();  // error 52 when nothing is open
   void MakeWritable();
   void MakeRoom(std::int64_t dataBytes);
-  void FillWithSilence(std::int64_t from, std::int64_t to);
-  void MoveTail(std::int64_t target);
-  void BringHeaderIntoLine();
+  void MoveSmallTailUp(std::int64_t shift);
+  void MoveLongTailUp(std::int64_t shift);
+  void FillWithSilence(std::int64_t to);  // from the end of the data
+  void BringIntoLine(Datei& file);
+  [[noreturn]] static void RaiseTooLong();
 
   Dateien& dateien_;
   Text path_;
   std::unique_ptr<Datei> file_;
   WaveLayout layout_;
   std::int64_t position_ = 0;
+  std::int64_t shift_ = 0;  // bytes by which a long tail moves next, if that is enough
   bool writable_ = false;
   bool changed_ = false;
 };

@@ -1,0 +1,82 @@
+#include "backends/sound/wave_layout.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string_view>
+
+namespace vantora {
+
+namespace {
+
+// A file of nothing but tiny chunks is no wave file that anybody wrote.
+constexpr int kMaxChunks = 1000;
+constexpr std::int64_t kChunkHead = 8;
+constexpr unsigned kPcm = 1, kExtensible = 0xFFFE;
+
+[[noreturn]] void RaiseNoWave() {
+  throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene un formato de sonido conocido");
+}
+
+template <std::size_t N>
+unsigned Number(const std::array<unsigned char, N>& bytes, std::size_t place, std::size_t count) {
+  unsigned value = 0;
+  for (std::size_t i = 0; i < count; ++i) value |= unsigned{bytes[place + i]} << (8 * i);
+  return value;
+}
+
+template <std::size_t N>
+bool Has(const std::array<unsigned char, N>& bytes, std::size_t place, std::string_view tag) {
+  return std::memcmp(bytes.data() + place, tag.data(), tag.size()) == 0;
+}
+
+void ReadFormat(Datei& file, std::int64_t size, WaveLayout& layout) {
+  std::array<unsigned char, 26> format{};  // as far as the sub-format of an extensible format
+  const std::size_t wanted = static_cast<std::size_t>(std::min<std::int64_t>(size, 26));
+  if (wanted < 16 || file.ReadSome(format.data(), wanted) != wanted) RaiseNoWave();
+  unsigned tag = Number(format, 0, 2);
+  if (tag == kExtensible && wanted == 26) tag = Number(format, 24, 2);
+  layout.Channels = static_cast<int>(Number(format, 2, 2));
+  layout.BitsPerSample = static_cast<int>(Number(format, 14, 2));
+  const unsigned rate = Number(format, 4, 4);
+  const bool sound = layout.Channels >= 1 && layout.Channels <= 64 && layout.BitsPerSample >= 1 &&
+                     layout.BitsPerSample <= 64 && rate >= 1 && rate <= 10'000'000;
+  if (tag != kPcm || !sound) RaiseNoWave();
+  layout.SampleRate = static_cast<int>(rate);
+  layout.FrameBytes = layout.Channels * ((layout.BitsPerSample + 7) / 8);
+}
+
+}  // namespace
+
+WaveLayout ReadWaveLayout(Datei& file) {
+  const std::int64_t length = file.Length();
+  std::array<unsigned char, 12> start{};
+  file.Seek(0);
+  if (file.ReadSome(start.data(), start.size()) != start.size() || !Has(start, 0, "RIFF") ||
+      !Has(start, 8, "WAVE")) {
+    RaiseNoWave();
+  }
+  WaveLayout layout;
+  std::int64_t place = 12;
+  for (int chunk = 0; chunk < kMaxChunks && place + kChunkHead <= length; ++chunk) {
+    std::array<unsigned char, kChunkHead> head{};
+    file.Seek(place);
+    if (file.ReadSome(head.data(), head.size()) != head.size()) break;
+    place += kChunkHead;
+    const std::int64_t size = std::min<std::int64_t>(Number(head, 4, 4), length - place);
+    if (Has(head, 0, "fmt ") && layout.FrameBytes == 0) ReadFormat(file, size, layout);
+    if (Has(head, 0, "data") && layout.DataOffset == 0) {
+      layout.DataOffset = place;
+      layout.DataBytes = size;
+      layout.TailOffset = std::min(place + size + size % 2, length);
+      layout.TailBytes = length - layout.TailOffset;
+    }
+    if (layout.FrameBytes != 0 && layout.DataOffset != 0) return layout;
+    place += size + size % 2;
+  }
+  RaiseNoWave();
+}
+
+}  // namespace vantora
