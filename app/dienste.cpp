@@ -19,7 +19,9 @@ Text Uhrzeit(const DateTime& jetzt) {
 
 }  // namespace
 
-Text Dienste::Text(int nummer) const { return plattform.ressourcen.LoadResString(nummer); }
+Text Dienste::Text(int nummer) const {
+  return plattform.ressourcen.LoadResString(nummer);
+}
 
 void Dienste::AppLog(vantora::Text wo, const vantora::Text& was, int modus) {
   if (!LogAktiv) return;
@@ -120,7 +122,9 @@ Text LaufwerkText(int klasse) {
   return Text(L"\t[Datenträger ") + kKlassen[bekannt ? klasse : 0];
 }
 
-Text AddBackslash(const Text& pfad) { return Endet(pfad, L"\\") ? pfad : pfad + L"\\"; }
+Text AddBackslash(const Text& pfad) {
+  return Endet(pfad, L"\\") ? pfad : pfad + L"\\";
+}
 
 Text DateiNameOhnePfad(const Text& pfad) {
   const std::size_t stelle = pfad.rfind(L'\\');
@@ -171,7 +175,9 @@ bool NurZiffern(int taste) {
   return Text(L"1234567890.-").find(static_cast<wchar_t>(taste)) != Text::npos;
 }
 
-std::int32_t BytesNachMs(double bytes) { return Ganz32(bytes / 176.4); }
+std::int32_t BytesNachMs(double bytes) {
+  return Ganz32(bytes / 176.4);
+}
 
 void MsNachHMSF(std::int64_t ms, int& stunden, int& minuten, int& sekunden, int& frames) {
   frames = static_cast<int>(GanzDiv(ms, 25) % 25);

@@ -2,10 +2,10 @@
 // times handled in one way for the whole program.
 #pragma once
 
+#include "platform/text.h"
+
 #include <cstdint>
 #include <vector>
-
-#include "platform/text.h"
 
 namespace vantora {
 

@@ -1,9 +1,9 @@
 // The options of the program, each under its key in the settings store, read once at start-up.
 #pragma once
 
-#include <cstdint>
-
 #include "app/fest_text.h"
+
+#include <cstdint>
 
 namespace vantora {
 

@@ -62,7 +62,9 @@ void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& te
   };
 }
 
-Text VtrFenster::LoadResString(int nummer) const { return prog.Text(nummer); }
+Text VtrFenster::LoadResString(int nummer) const {
+  return prog.Text(nummer);
+}
 
 void ToolTipsSetzen(Form& fenster) {
   const Text kLeer = L"--";

@@ -2,11 +2,11 @@
 // are loaded, F1 opens the help, and caption labels act as the buttons that they lie on.
 #pragma once
 
+#include "platform/form.h"
+
 #include <functional>
 #include <memory>
 #include <vector>
-
-#include "platform/form.h"
 
 namespace vantora {
 

@@ -2,10 +2,10 @@
 // padded with blanks by assignment, and cut at N without a word.
 #pragma once
 
+#include "app/zeichen.h"
+
 #include <algorithm>
 #include <array>
-
-#include "app/zeichen.h"
 
 namespace vantora {
 

@@ -47,6 +47,8 @@ bool frmAbout::Form_KeyDown(int taste, bool strg) {
   return true;
 }
 
-void frmAbout::imgOK_MouseUp() { prog.frmAbout.Entladen(); }
+void frmAbout::imgOK_MouseUp() {
+  prog.frmAbout.Entladen();
+}
 
 }  // namespace vantora

@@ -1,7 +1,6 @@
 #include "app/frmMBox.h"
 
 #include "app/programm.h"
-#include "cdwriting/frmCDBrennen.h"
 
 namespace vantora {
 
@@ -72,7 +71,7 @@ void frmMBox::Vorbereiten(const Text& text, int flags, const Text& titel, bool n
 
 void frmMBox::picMboxButton_MouseUp(int index) {
   Window.Tag = index == 0 ? L"6" : L"7";
-  if (cbxNotShow.Visible && cbxNotShow.Value == 1) prog.frmCDBrennen().ZeigeTAOHinweis = false;
+  if (cbxNotShow.Visible && cbxNotShow.Value == 1) prog.ZeigeTAOHinweis = false;
   prog.frmMBox.Entladen();
 }
 

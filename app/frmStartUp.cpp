@@ -7,9 +7,9 @@ namespace vantora {
 
 namespace {
 
-constexpr int kRand = 50;                // twips around the picture
+constexpr int kRand = 50;  // twips around the picture
 constexpr int kTwipsJePunkt = 20;
-constexpr double kZeilenHoehe = 1.5;     // of the height of the text
+constexpr double kZeilenHoehe = 1.5;  // of the height of the text
 
 }  // namespace
 

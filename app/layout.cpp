@@ -1,10 +1,10 @@
 #include "app/layout.h"
 
-#include <functional>
-#include <map>
-
 #include "app/zahlen.h"
 #include "app/zeichen.h"
+
+#include <functional>
+#include <map>
 
 namespace vantora {
 

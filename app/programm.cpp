@@ -24,6 +24,7 @@ namespace {
 constexpr std::size_t kEntladeneFenster = 16;
 constexpr double kAbschiedSekunden = 1.5;
 constexpr int kBoxPauseMs = 150;
+constexpr int kEreignisPauseMs = 50;
 
 struct KomponentenVersion {
   const wchar_t* Datei;
@@ -41,7 +42,9 @@ Programm::Programm(Plattform& dienste) : Dienste(dienste) {
   plattform.schleife.OnError = [this](const Laufzeitfehler& fehler) { FehlerMelden(fehler); };
 }
 
-Programm::~Programm() { plattform.schleife.OnError = nullptr; }
+Programm::~Programm() {
+  plattform.schleife.OnError = nullptr;
+}
 
 void Programm::Laufen() {
   EventLoop& schleife = plattform.schleife;
@@ -68,10 +71,20 @@ int Programm::MsgBoxen(const vantora::Text& text, int flags, const vantora::Text
   return Ganz16(Val(box->Window.Tag));
 }
 
-void Programm::Zeigen(VtrFenster& fenster) { plattform.schleife.Show(fenster); }
+void Programm::Zeigen(VtrFenster& fenster) {
+  plattform.schleife.Show(fenster);
+}
 
 void Programm::ZeigeModal(const std::shared_ptr<VtrFenster>& fenster) {
   plattform.schleife.ShowModal(*fenster);
+}
+
+void Programm::Pausieren(int ms) {
+  for (int rest = ms; rest > 0; rest -= kEreignisPauseMs) {
+    plattform.schleife.DoEvents();
+    plattform.schleife.Sleep(std::min(rest, kEreignisPauseMs));
+  }
+  plattform.schleife.DoEvents();
 }
 
 void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
@@ -129,7 +142,9 @@ void Programm::LastCatSave() {
   SaveSetting(plattform, L"Last_Catalogue_Name", katalog ? LetzterKatalog : vantora::Text());
 }
 
-void Programm::Hilfe() { plattform.system.OpenHelp(AddBackslash(AppPfad) + L"VTR.HLP", L""); }
+void Programm::Hilfe() {
+  plattform.system.OpenHelp(AddBackslash(AppPfad) + L"VTR.HLP", L"");
+}
 
 void Programm::ProgrammBeenden(bool ohneFrage) {
   EventLoop& schleife = plattform.schleife;

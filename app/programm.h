@@ -2,15 +2,15 @@
 // windows themselves. There is no other state; a test makes as many programs as it likes.
 #pragma once
 
-#include <deque>
-#include <memory>
-
 #include "app/dienste.h"
 #include "app/einstellungen.h"
 #include "app/fenster.h"
 #include "catalog/katalog_zustand.h"
 
 #include "platform/plattform.h"
+
+#include <deque>
+#include <memory>
 
 namespace vantora {
 
@@ -75,6 +75,8 @@ struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZus
 
   void Zeigen(VtrFenster& fenster);
   void ZeigeModal(const std::shared_ptr<VtrFenster>& fenster);
+  // Lets time pass inside a long job, with events processed often enough for the windows to live.
+  void Pausieren(int ms);
   // Keeps an unloaded window alive until no handler of it can be running any more.
   void Beisetzen(std::shared_ptr<VtrFenster> fenster);
 

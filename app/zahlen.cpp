@@ -1,20 +1,24 @@
 #include "app/zahlen.h"
 
+#include "platform/laufzeitfehler.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <string>
 
-#include "platform/laufzeitfehler.h"
-
 namespace vantora {
 
 namespace {
 
-bool Ziffer(wchar_t zeichen) { return zeichen >= L'0' && zeichen <= L'9'; }
+bool Ziffer(wchar_t zeichen) {
+  return zeichen >= L'0' && zeichen <= L'9';
+}
 
-Text Breit(const std::string& text) { return {text.begin(), text.end()}; }
+Text Breit(const std::string& text) {
+  return {text.begin(), text.end()};
+}
 
 template <typename T>
 T Ganz(double wert) {
@@ -37,7 +41,8 @@ std::string Dezimal(double wert, int stellen) {
 }
 
 void Tausender(std::string& ziffern) {
-  for (std::size_t stelle = ziffern.find('.'); stelle > 3; stelle -= 3) ziffern.insert(stelle - 3, ",");
+  for (std::size_t stelle = ziffern.find('.'); stelle > 3; stelle -= 3)
+    ziffern.insert(stelle - 3, ",");
 }
 
 bool NurNull(const std::string& ziffern) {
@@ -94,11 +99,19 @@ double Runden(double wert) {
   return std::fmod(unten, 2.0) == 0 ? unten : unten + 1;
 }
 
-std::int16_t Ganz16(double wert) { return Ganz<std::int16_t>(wert); }
-std::int32_t Ganz32(double wert) { return Ganz<std::int32_t>(wert); }
-std::int64_t Ganz64(double wert) { return Ganz<std::int64_t>(wert); }
+std::int16_t Ganz16(double wert) {
+  return Ganz<std::int16_t>(wert);
+}
+std::int32_t Ganz32(double wert) {
+  return Ganz<std::int32_t>(wert);
+}
+std::int64_t Ganz64(double wert) {
+  return Ganz<std::int64_t>(wert);
+}
 
-std::int64_t Abgeschnitten(double wert) { return Ganz64(std::trunc(wert)); }
+std::int64_t Abgeschnitten(double wert) {
+  return Ganz64(std::trunc(wert));
+}
 
 std::int64_t GanzDiv(std::int64_t wert, std::int64_t teiler) {
   if (teiler == 0) throw Laufzeitfehler(kFehlerDivision, L"División por cero");
@@ -117,7 +130,18 @@ Text ZahlText(double wert) {
   return Breit(std::string(puffer, ende));
 }
 
-Text ZahlText(std::int64_t wert) { return std::to_wstring(wert); }
+Text ZahlText(std::int64_t wert) {
+  return std::to_wstring(wert);
+}
+
+Text HexText(double wert) {
+  char puffer[20];
+  const auto ganz = static_cast<std::uint64_t>(Ganz64(wert));
+  const auto ende = std::to_chars(puffer, puffer + sizeof puffer, ganz, 16).ptr;
+  std::string ziffern(puffer, ende);
+  for (char& z : ziffern) z = z >= 'a' ? static_cast<char>(z - 'a' + 'A') : z;
+  return Breit(ziffern);
+}
 
 Text Format(double wert, const Text& muster) {
   if (muster == L"0" || muster == L"00" || muster == L"0000" || muster == L"##00") {

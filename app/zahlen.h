@@ -3,9 +3,9 @@
 // instead of wrapping. The decimal sign is a point wherever the program runs.
 #pragma once
 
-#include <cstdint>
-
 #include "platform/text.h"
+
+#include <cstdint>
 
 namespace vantora {
 
@@ -29,7 +29,12 @@ double Quotient(double wert, double teiler);
 // Shortest usual form with up to 15 digits: "215873.015873016", "40", "-0.5".
 Text ZahlText(double wert);
 Text ZahlText(std::int64_t wert);
-inline Text ZahlText(int wert) { return ZahlText(static_cast<std::int64_t>(wert)); }
+inline Text ZahlText(int wert) {
+  return ZahlText(static_cast<std::int64_t>(wert));
+}
+
+// Capital hexadecimal digits of a whole number, without leading zeros.
+Text HexText(double wert);
 
 // The patterns in use: "0", "00", "0000", "##00" (digits with leading zeros), "00:00" (four
 // digits with a colon between), "0.00", "0.00%", "#,##0.00". Any other pattern raises error 5.

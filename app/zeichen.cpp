@@ -16,21 +16,26 @@ constexpr std::array<wchar_t, 32> kOben = {
 
 constexpr wchar_t kErstes = 0x80, kLetztes = 0x9F;
 
-constexpr bool Blank(wchar_t zeichen) { return zeichen == L' ' || zeichen == L'\0'; }
+constexpr bool Blank(wchar_t zeichen) {
+  return zeichen == L' ' || zeichen == L'\0';
+}
 
-// Upper and lower case of the letters that the code page holds, whatever locale the program runs in.
+// Upper and lower case of the letters that the code page holds, whatever locale the program runs
+// in.
 wchar_t Gross(wchar_t z) {
   if ((z >= 0xE0 && z <= 0xFE && z != 0xF7) || (z >= L'a' && z <= L'z')) {
     return static_cast<wchar_t>(z - 32);
   }
-  return z == 0xFF ? 0x178 : static_cast<wchar_t>(z < 0x80 ? z : std::towupper(static_cast<wint_t>(z)));
+  return z == 0xFF ? 0x178
+                   : static_cast<wchar_t>(z < 0x80 ? z : std::towupper(static_cast<wint_t>(z)));
 }
 
 wchar_t Klein(wchar_t z) {
   if ((z >= 0xC0 && z <= 0xDE && z != 0xD7) || (z >= L'A' && z <= L'Z')) {
     return static_cast<wchar_t>(z + 32);
   }
-  return z == 0x178 ? 0xFF : static_cast<wchar_t>(z < 0x80 ? z : std::towlower(static_cast<wint_t>(z)));
+  return z == 0x178 ? 0xFF
+                    : static_cast<wchar_t>(z < 0x80 ? z : std::towlower(static_cast<wint_t>(z)));
 }
 
 }  // namespace
@@ -68,9 +73,15 @@ Text Lcase(Text text) {
   return text;
 }
 
-bool Endet(const Text& text, const Text& ende) { return text.ends_with(ende); }
-bool Enthaelt(const Text& text, const Text& teil) { return text.find(teil) != Text::npos; }
-Text Links(const Text& text, std::size_t zeichen) { return text.substr(0, zeichen); }
+bool Endet(const Text& text, const Text& ende) {
+  return text.ends_with(ende);
+}
+bool Enthaelt(const Text& text, const Text& teil) {
+  return text.find(teil) != Text::npos;
+}
+Text Links(const Text& text, std::size_t zeichen) {
+  return text.substr(0, zeichen);
+}
 Text Rechts(const Text& text, std::size_t zeichen) {
   return text.size() > zeichen ? text.substr(text.size() - zeichen) : text;
 }

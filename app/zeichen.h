@@ -2,10 +2,10 @@
 // what was read is written back the same; a character without a byte becomes "?".
 #pragma once
 
+#include "platform/text.h"
+
 #include <string>
 #include <vector>
-
-#include "platform/text.h"
 
 namespace vantora {
 

@@ -1,5 +1,6 @@
 #include "catalog/frmHauptForm.h"
 
+#include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "app/zahlen.h"
 
@@ -18,8 +19,8 @@ constexpr int kErsteSpalte = 8073, kErsteBeschriftung = 8200, kErsterHinweis = 8
 
 const std::vector<ListView::Column>& Spalten() {
   static const std::vector<ListView::Column> kSpalten = {
-      {L"", 300},  {L"", 420}, {L"", 2400}, {L"", 2100}, {L"", 900},
-      {L"", 840},  {L"", 840}, {L"", 3000}, {L"", 720},
+      {L"", 300}, {L"", 420}, {L"", 2400}, {L"", 2100}, {L"", 900},
+      {L"", 840}, {L"", 840}, {L"", 3000}, {L"", 720},
   };
   return kSpalten;
 }
@@ -224,6 +225,8 @@ void frmHauptForm::Form_Paint() {
   lvwKatalog.Visible = true;
 }
 
-void frmHauptForm::Form_Unload() { PlayWaveNormal(L""); }
+void frmHauptForm::Form_Unload() {
+  PlayWaveNormal(L"");
+}
 
 }  // namespace vantora

@@ -2,12 +2,12 @@
 // other functions are reached. The catalog changes nowhere but here.
 #pragma once
 
-#include <memory>
-
 #include "app/fenster.h"
 #include "catalog/katalog_eintrag.h"
 
 #include "platform/mmtools.h"
+
+#include <memory>
 
 namespace vantora {
 

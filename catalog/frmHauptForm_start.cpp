@@ -1,5 +1,6 @@
 // The way from the splash window to the first action of the user.
 
+#include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
@@ -46,8 +47,9 @@ void frmHauptForm::Init_Prog() {
   Display& bildschirm = prog.plattform.bildschirm;
   Schritt([&] { SetTexte(); });
   KatalogAnzeigenInteraktiv = true;
-  Schritt([&] { prog.AppLog(L"Init:Prog", L"Screen.TwipsperpixelX: " +
-                                              ZahlText(bildschirm.TwipsPerPixelX())); });
+  Schritt([&] {
+    prog.AppLog(L"Init:Prog", L"Screen.TwipsperpixelX: " + ZahlText(bildschirm.TwipsPerPixelX()));
+  });
   Schritt([&] { prog.CDPlayerSchliessen(); });
   StartKomponenten();
   StartOptionen();
@@ -123,7 +125,9 @@ void frmHauptForm::StartBrenner() {
     komponenten.AktCDDevice = Ganz16(Val(GetSetting(prog.plattform, L"AudioCDROMDevice", L"0")));
   });
   Schritt([&] { komponenten.AktCDDrive = GetSetting(prog.plattform, L"AudioCDROMDrive", L""); });
-  Schritt([&] { komponenten.CheckAudioCDRomDevices(); });
+  Schritt([&] {
+    if (Trim(komponenten.AktCDDrive).empty()) komponenten.CheckAudioCDRomDevices();
+  });
   for (const TabellenKnopf& eintrag : KnopfTabelle()) KnopfBild(*eintrag.Knopf);
   Schritt([&] { Status(1106); });
   Schritt([&] { prog.frmCDBrennen(); });
@@ -149,13 +153,26 @@ void frmHauptForm::StartAssistentZeigen() {
   const int ergebnis = assistent->Ergebnis;
   prog.frmStartAssistent.Entladen();
   switch (ergebnis) {
-    case 0: Release(imgCDKopieren); break;
-    case 1: Release(imgCDAuslesen); break;
-    case 2: Release(imgLPAufnehmen); break;
-    case 3: Release(imgKatalogÖffnen); break;
-    case 4: Release(imgDatenBank); break;
-    case 5: Release(imgLiedImport); break;
-    default: break;
+    case 0:
+      Release(imgCDKopieren);
+      break;
+    case 1:
+      Release(imgCDAuslesen);
+      break;
+    case 2:
+      Release(imgLPAufnehmen);
+      break;
+    case 3:
+      Release(imgKatalogÖffnen);
+      break;
+    case 4:
+      Release(imgDatenBank);
+      break;
+    case 5:
+      Release(imgLiedImport);
+      break;
+    default:
+      break;
   }
 }
 

@@ -1,9 +1,9 @@
 #include "catalog/katalog_datei.h"
 
+#include "platform/laufzeitfehler.h"
+
 #include <algorithm>
 #include <string>
-
-#include "platform/laufzeitfehler.h"
 
 namespace vantora {
 

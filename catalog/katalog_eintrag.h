@@ -2,10 +2,10 @@
 // performer of the whole list, the tracks follow from 1.
 #pragma once
 
+#include "app/fest_text.h"
+
 #include <cstdint>
 #include <vector>
-
-#include "app/fest_text.h"
 
 namespace vantora {
 

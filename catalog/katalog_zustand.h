@@ -9,8 +9,8 @@ struct KatalogZustand {
   KatalogFeld Katalog;
   KatalogFeld KatalogBackup;  // the one-step undo copy
   bool KatalogGeaendert = false;
-  Text KatalogDatei;               // path shown in lblKatalogDatei
-  Text LetzterKatalog;             // path of the catalog opened or saved last
+  Text KatalogDatei;                // path shown in lblKatalogDatei
+  Text LetzterKatalog;              // path of the catalog opened or saved last
   bool KatalogUeberLaenge = false;  // longer than 74 minutes
 
   KatalogFeld QuellKatalog;                // another catalog, from which tracks are taken
@@ -35,13 +35,18 @@ struct DialogFelder {
 
 // What the burn run and its neighbours share.
 struct BrennZustand {
-  std::vector<Text> BrennDateien;  // wave files in catalog order, from index 1; 0 is unused
-  std::vector<Text> GrabDateien;   // temporary waves of a CD copy
+  std::vector<Text> BrennDateien;     // wave files in catalog order, from index 1; 0 is unused
+  std::vector<Text> GrabDateien;      // temporary waves of a CD copy
   std::int32_t FortschrittModus = 0;  // 0 MP3, 1 grab, 2 burn
   float BurnStartZeit = 0;            // seconds of the system timer
   float TrackStartZeit = 0;
   bool CDKopieAktiv = false;  // from the end of the read of a CD copy until its waves are removed
   bool GrabAbbruch = false;
+
+  bool BrennerBereit = false;  // the last Init_Brenner found a usable burner
+  bool BrennerFensterGeschlossen = false;
+  bool BrennerFensterGeladen = false;
+  bool ZeigeTAOHinweis = true;  // string 4021 is still shown
 };
 
 }  // namespace vantora

@@ -1,0 +1,290 @@
+// What the buttons, the list and the menu of the main window do, as far as it is short.
+
+#include "app/frmAbout.h"
+#include "app/programm.h"
+#include "app/zahlen.h"
+#include "catalog/frmHauptForm.h"
+#include "catalog/frmLiedAusKatalog.h"
+#include "catalog/frmNeuerInterpret.h"
+#include "catalog/katalog_datei.h"
+#include "cdwriting/frmCDBrennen.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kZeilenEnde = L"\r\n";
+constexpr int kNachlaufMs = 250;  // until a preview that was stopped is silent
+
+}  // namespace
+
+void frmHauptForm::NochNicht() {
+  PlayWaveNormal(L"");
+  prog.MsgBoxen(LoadResString(8058), kHinweis);
+}
+
+void frmHauptForm::imgCDKopieren_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgCDAuslesen_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgLPKopieren_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgLPAufnehmen_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgExtras_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgPrintCover_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgAssistent_MouseUp() {
+  NochNicht();
+}
+void frmHauptForm::imgWaveEdit_MouseUp() {
+  NochNicht();
+}
+
+void frmHauptForm::imgDatenBank_MouseUp() {
+  prog.AppLog(L"imgDatenBank_MouseUp", L"Datenbank anzeigen");
+  NochNicht();
+}
+
+void frmHauptForm::imgTitel_MouseUp() {
+  prog.AppLog(L"imgTitel_MouseUp", L"MedleyFunktion");
+  NochNicht();
+}
+
+void frmHauptForm::imgMixer_MouseUp() {
+  prog.AppLog(L"imgMixer_MouseUp", L"Mixer aufrufen");
+  NochNicht();
+}
+
+// The name does not match the job: this is the exit button.
+void frmHauptForm::imgÜberblenden_MouseUp() {
+  PlayWaveNormal(L"");
+  prog.AppLog(L"imgÜberblenden_MouseUp", L"Prg. beenden");
+  prog.LastCatSave();
+  KatalogGeaendertFragen();
+  prog.ProgrammBeenden();
+}
+
+int frmHauptForm::GewaehlteZeile() const {
+  const int anzahl = lvwKatalog.ListItems.Count();
+  if (AktuellerTitel > 0 && AktuellerTitel <= anzahl) return AktuellerTitel;
+  for (int i = 1; i <= anzahl; ++i) {
+    if (lvwKatalog.ListItems(i).Selected()) return i;
+  }
+  return anzahl > 0 ? 1 : 0;
+}
+
+void frmHauptForm::imgAbspielen_MouseUp() {
+  if (!Soundkarte || lvwKatalog.ListItems.empty()) return;
+  PlayWaveNormal(Trim(lvwKatalog.ListItems(GewaehlteZeile()).SubItems(7)));
+  prog.plattform.schleife.DoEvents();
+  Abspielen = true;
+}
+
+void frmHauptForm::imgStop_MouseUp() {
+  PlayWaveNormal(L"");
+  Abspielen = false;
+}
+
+void frmHauptForm::imgTitelBearb_MouseUp() {
+  if (lvwKatalog.ListItems.empty()) return;
+  prog.KatalogGeaendert = true;
+  bool gewaehlt = false;
+  for (int i = 1; i <= lvwKatalog.ListItems.Count(); ++i) {
+    gewaehlt = gewaehlt || lvwKatalog.ListItems(i).Selected();
+  }
+  if (gewaehlt) {
+    TrackDatenAendern();
+  } else {
+    KatalogDatenAendern();
+  }
+}
+
+void frmHauptForm::imgMinimize_MouseUp() {
+  imgMinimize.Picture = L"HF_MINIMIZE_UNPRESSED";
+  prog.plattform.schleife.Minimize(*this);
+}
+
+void frmHauptForm::Logo_Click() {
+  prog.ZeigeModal(prog.frmAbout.Laden());
+}
+
+void frmHauptForm::lvwKatalog_ItemClick(int zeile) {
+  AktuellerTitel = Ganz16(zeile);
+  if (!Abspielen) return;
+  EventLoop& schleife = prog.plattform.schleife;
+  schleife.MousePointer(Pointer::Hourglass);
+  PlayWaveNormal(L"");
+  schleife.Sleep(kNachlaufMs);
+  schleife.MousePointer(Pointer::Normal);
+}
+
+void frmHauptForm::lvwKatalog_KeyUp(int taste) {
+  if (taste == kKeyDelete) KatRowDelete();
+}
+
+void frmHauptForm::lvwKatalog_MouseUp(int taste) {
+  if (taste != kRightButton || lvwKatalog.ListItems.empty()) return;
+  prog.plattform.schleife.PopupMenu(*this, *FindMenu(L"mnuKatalog"));
+}
+
+void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
+  if (AktuellerTitel <= 0 || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
+  const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
+  fenster->TrackZeigen(AktuellerTitel);
+  prog.NeuInterpret.clear();
+  prog.NeuTitel.clear();
+  prog.NeuPause.clear();
+  prog.DialogBestaetigt = false;
+  prog.ZeigeModal(fenster);
+  if (fenster->Abbruch || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
+  if (prog.DialogBestaetigt) {
+    prog.KatalogGeaendert = true;
+    if (!ohneUndo) KatalogLastStepSave();
+  }
+  ListItem& zeile = lvwKatalog.ListItems(AktuellerTitel);
+  if (!Trim(prog.NeuInterpret).empty()) zeile.SetSubItems(3, prog.NeuInterpret);
+  if (!Trim(prog.NeuTitel).empty()) zeile.SetSubItems(2, prog.NeuTitel);
+  if (!Trim(prog.NeuPause).empty()) zeile.SetSubItems(6, prog.NeuPause + LoadResString(8070));
+  prog.NeuInterpret.clear();
+  prog.NeuTitel.clear();
+  prog.NeuPause.clear();
+  KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(AktuellerTitel));
+  e.Interpret = zeile.SubItems(3);
+  e.Titel = zeile.SubItems(2);
+  e.Pause = Ganz16(Val(zeile.SubItems(6)));
+  KatalogShow();
+}
+
+void frmHauptForm::KatalogDatenAendern(bool ohneUndo) {
+  const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
+  fenster->KatalogZeigen(Trim(lblKatalogTitel.Caption), Trim(lblKatalogInterpret.Caption));
+  prog.DialogBestaetigt = false;
+  prog.ZeigeModal(fenster);
+  if (fenster->Abbruch) return;
+  if (prog.DialogBestaetigt) {
+    prog.KatalogGeaendert = true;
+    if (!ohneUndo) KatalogLastStepSave();
+  }
+  const Text titel = prog.NeuTitel, interpret = prog.NeuInterpret;
+  prog.NeuTitel.clear();
+  prog.NeuInterpret.clear();
+  prog.NeuPause.clear();
+  if (!Trim(interpret).empty()) {
+    lblKatalogInterpret.Caption = interpret;
+    for (KatalogEintrag& e : prog.Katalog) e.KatalogInterpret = interpret;
+  }
+  if (!Trim(titel).empty()) {
+    lblKatalogTitel.Caption = titel;
+    for (KatalogEintrag& e : prog.Katalog) e.KatalogTitel = titel;
+  }
+}
+
+void frmHauptForm::imgLiedKatalog_MouseUp() {
+  PlayWaveNormal(L"");
+  const Text gezeigt = prog.KatalogDatei;
+  prog.DateiHolen(kTypKatalog, kModusOeffnen);
+  if (prog.DialogAbbruch) {
+    prog.DialogAbbruch = false;
+    return;
+  }
+  if (NameFehlt(L".vtr")) {
+    prog.MsgBoxen(LoadResString(8034), kHinweis);
+    return;
+  }
+  if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
+    prog.MsgBoxen(LoadResString(8035), kHinweis);
+    return;
+  }
+  prog.KatalogDatei = gezeigt;
+  prog.KatalogGeaendert = true;
+  KatalogGeladen = true;
+  KatalogLastStepSave();
+  KatalogLesen(prog.plattform.dateien, prog.GewaehlteDatei, prog.QuellKatalog);
+  const std::shared_ptr<vantora::frmLiedAusKatalog> fenster = prog.frmLiedAusKatalog.Laden();
+  LiedAusKatalogAnzeige();
+  prog.ZeigeModal(fenster);
+}
+
+void frmHauptForm::LiedAusKatalogAnzeige() {
+  ListBox& liste = prog.frmLiedAusKatalog().lstLiedAusKatalog;
+  liste.Clear();
+  for (std::size_t i = 1; i < prog.QuellKatalog.size(); ++i) {
+    const KatalogEintrag& e = prog.QuellKatalog[i];
+    liste.AddItem(ZahlText(static_cast<std::int64_t>(i)) + L". " + e.Titel.Getrimmt() + L" " +
+                  e.Interpret.Getrimmt() + L" " + MinutenText(Abgeschnitten(Val(e.Laenge.Ganz()))) +
+                  L" " + e.Datei.Getrimmt());
+  }
+}
+
+void frmHauptForm::LiedAusKatalogImport() {
+  for (const std::int16_t nummer : prog.QuellAuswahl) {
+    KatalogEintrag& neu =
+        prog.Katalog.emplace_back(prog.QuellKatalog.at(static_cast<std::size_t>(nummer)));
+    neu.KatalogTitel = prog.Katalog[0].KatalogTitel;
+    neu.KatalogInterpret = prog.Katalog[0].KatalogInterpret;
+  }
+  KatalogNeu();
+  KatalogShow();
+}
+
+// The first wave file of the list that is not there ends the burning before it starts.
+bool frmHauptForm::BrennDateienPruefen() {
+  for (std::size_t i = 1; i < prog.BrennDateien.size(); ++i) {
+    if (prog.DateiExistiert(prog.BrennDateien[i])) continue;
+    prog.MsgBoxen(LoadResString(8016) + ZahlText(static_cast<std::int64_t>(i)) + kZeilenEnde +
+                      prog.BrennDateien[i] + LoadResString(8017) + kZeilenEnde +
+                      LoadResString(8065),
+                  kOk);
+    return false;
+  }
+  return true;
+}
+
+void frmHauptForm::imgBrennen_MouseUp() {
+  EventLoop& schleife = prog.plattform.schleife;
+  KnopfBild(imgBrennen);
+  if (!prog.BrennerBereit) {
+    prog.AppLog(L"CDKopieren:", L"No burner available!");
+    prog.MsgBoxen(LoadResString(8013) + LoadResString(8014) + kZeilenEnde + LoadResString(8015),
+                  kStopp);
+    schleife.MousePointer(Pointer::Normal);
+    return;
+  }
+  if (lvwKatalog.ListItems.empty()) {
+    Window.Enabled = true;
+    prog.MsgBoxen(LoadResString(8018), kStopp);
+    return;
+  }
+  schleife.MousePointer(Pointer::Hourglass);
+  PlayWaveNormal(L"");
+  GetFileNames(prog.BrennDateien);
+  if (!BrennDateienPruefen()) {
+    schleife.MousePointer(Pointer::Normal);
+    return;
+  }
+  Window.Enabled = false;
+  const std::shared_ptr<vantora::frmCDBrennen> brennen = prog.frmCDBrennen.Laden();
+  if (!prog.BrennerBereit) {
+    schleife.MousePointer(Pointer::Normal);
+    return;
+  }
+  brennen->optTrackAtOnce.SetValue(true);
+  for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
+    // A crossfade has no gap, so a catalog with one goes out as one piece where the drive can.
+    if (!brennen->optDiscAtOnce.Enabled || prog.Katalog[i].Ueberblendet == 0) continue;
+    brennen->optDiscAtOnce.SetValue(true);
+    break;
+  }
+  prog.Zeigen(*brennen);
+  schleife.MousePointer(Pointer::Normal);
+}
+
+}  // namespace vantora

@@ -1,0 +1,194 @@
+// The list of the catalog: how it is rebuilt and repaired, and the preview.
+
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "app/zahlen.h"
+#include "catalog/frmHauptForm.h"
+#include "catalog/wave_pruefung.h"
+#include "mixer/frmMixer.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr Color kGruen = Rgb(0, 255, 0), kRot = Rgb(255, 0, 0);
+constexpr double kMB = 1024.0 * 1024.0;
+constexpr double kKuerzesteLaengeMs = 2000.0;
+constexpr std::int64_t kUeberLaengeMs = 4440001;  // a little over 74 minutes
+constexpr std::int64_t kKnapperRestMs = 960000;   // 16 minutes, the limit right after opening
+constexpr std::int64_t kMsJeMinute = 60000;
+constexpr int kLetzteMixerLinie = 4;
+constexpr int kLeiserPegel = 4001, kHoerbarerPegel = 50;
+constexpr int kAnlaufMs = 100;
+
+}  // namespace
+
+void frmHauptForm::KatalogNeu() {
+  lvwKatalog.ListItems.Clear();
+  lblKatalogTitel.Caption = LoadResString(8440);
+  lblKatalogInterpret.Caption = LoadResString(8441);
+  lblKatalogLaenge.Caption = L"00:00:00";
+  if (!KatalogGeladen) lblKatalogDatei.Caption = L"";
+  lblRestzeitCD.Caption = LoadResString(8071) + Format(prog.LängeCD * 100.0, L"00:00");
+  lblRestzeitCD.ForeColor = kGruen;
+  lblKatalogLaenge.ForeColor = kGruen;
+}
+
+void frmHauptForm::PauseBestimmen(int i) {
+  const auto eintrag = [this](int n) -> KatalogEintrag& {
+    return prog.Katalog.at(static_cast<std::size_t>(n));
+  };
+  const int letzter = UBound(prog.Katalog);
+  KatalogEintrag& e = eintrag(i);
+  e.PauseSperre = L"";
+  if (e.Ueberblendet == -1) {
+    const std::int16_t pause = e.Pause;
+    e.Pause = 0;
+    e.PauseSperre = L"0";
+    const bool endeDerKette = i < letzter && i >= 1 && eintrag(i - 1).Ueberblendet == -1 &&
+                              eintrag(i + 1).Ueberblendet == 0;
+    if (endeDerKette) {
+      e.Pause = pause;
+      e.PauseSperre = L"";
+    }
+  }
+  if (i == letzter) e.PauseSperre = L"0";
+}
+
+// Takes over what changed in the wave file since the record was written. The length is compared
+// with one computed from whole MB, so it is read anew nearly always.
+void frmHauptForm::DateiNachlesen(KatalogEintrag& e) {
+  const Text datei = e.Datei.Getrimmt();
+  Weiter([&] {
+    const auto laenge = static_cast<double>(prog.plattform.dateien.FileLen(datei));
+    const std::int16_t mb = Ganz16(laenge / kMB);
+    if (mb != e.GroesseMB) e.GroesseMB = mb;
+  });
+  Weiter([&] {
+    if (Abgeschnitten(Val(e.Laenge.Ganz())) != BytesNachMs(e.GroesseMB * kMB)) {
+      e.Laenge = ZahlText(WaveLaenge(*MMWaveFileX1, datei));
+    }
+  });
+  Weiter([&] {
+    const Text stempel = Trim(prog.plattform.dateien.FileDateTime(datei));
+    if (stempel != e.DateiDatum) e.DateiDatum = stempel;
+  });
+}
+
+void frmHauptForm::ZeileFuellen(int i) {
+  KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
+  ListItem& zeile = lvwKatalog.ListItems(i);
+  Weiter([&] { PauseBestimmen(i); });
+  const bool existiert = prog.DateiExistiert(e.Datei.Getrimmt());
+  if (existiert) DateiNachlesen(e);
+  const bool letzte = i == UBound(prog.Katalog);
+  zeile.SetSubItems(0, e.Ueberblendet == -1 ? L"X" : L" ");
+  zeile.SetSubItems(1, Format(i, L"00"));
+  zeile.SetSubItems(2, e.Titel.Getrimmt());
+  zeile.SetSubItems(3, e.Interpret.Getrimmt());
+  Weiter([&] { zeile.SetSubItems(4, MinutenText(Abgeschnitten(Val(e.Laenge.Ganz())))); });
+  zeile.SetSubItems(5, ZahlText(e.GroesseMB) + L" " + LoadResString(7603));
+  zeile.SetSubItems(6, (letzte ? L"0" : ZahlText(e.Pause)) + LoadResString(8442));
+  zeile.SetSubItems(7, e.Datei.Getrimmt());
+  zeile.SetSubItems(8, LoadResString(existiert ? 2 : 3));
+}
+
+// Selects and removes the rows whose file can't go onto a disc; false when all of them can.
+bool frmHauptForm::UngueltigeEntfernen() {
+  bool gefunden = false;
+  for (int i = 1; i <= UBound(prog.Katalog); ++i) {
+    const KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
+    bool brauchbar = CheckWaveValid(prog.plattform, *MMWaveFileX1, e.Datei.Getrimmt());
+    Weiter([&] { brauchbar = brauchbar && Val(e.Laenge.Ganz()) >= kKuerzesteLaengeMs; });
+    lvwKatalog.ListItems(i).SetSelected(!brauchbar);
+    gefunden = gefunden || !brauchbar;
+  }
+  if (!gefunden) return false;
+  KatalogAnzeigenInteraktiv = false;
+  KatRowDelete();
+  KatalogAnzeigenInteraktiv = true;
+  return true;
+}
+
+void frmHauptForm::KatalogShow() {
+  EventLoop& schleife = prog.plattform.schleife;
+  schleife.MousePointer(Pointer::Hourglass);
+  do {
+    Weiter([&] { KatalogNeu(); });
+    Text titel, interpret;
+    const int anzahl = UBound(prog.Katalog);
+    for (int i = 1; i <= anzahl; ++i) lvwKatalog.ListItems.Add();
+    for (int i = 1; i <= anzahl; ++i) Weiter([&] { ZeileFuellen(i); });
+    const KatalogEintrag& quelle = prog.Katalog.back();  // the last track, or the head alone
+    titel = quelle.KatalogTitel.Getrimmt();
+    interpret = quelle.KatalogInterpret.Getrimmt();
+    if (anzahl == 0 || !titel.empty()) lblKatalogTitel.Caption = titel;
+    if (anzahl == 0 || !interpret.empty()) lblKatalogInterpret.Caption = interpret;
+    if (!KatalogGeladen) lblKatalogDatei.Caption = prog.KatalogDatei;
+    KatalogGeladen = false;
+  } while (UngueltigeEntfernen());
+
+  std::int64_t gesamt = 0;
+  Weiter([&] {
+    Text text;
+    gesamt = KatalogLaengeBerechnen(text);
+    lblKatalogLaenge.Caption = text;
+  });
+  prog.KatalogUeberLaenge = gesamt >= kUeberLaengeMs;
+  const std::int64_t erlaubt = prog.LängeCD * kMsJeMinute;
+  RestzeitZeigen(erlaubt - gesamt, gesamt <= erlaubt);
+  schleife.MousePointer(Pointer::Normal);
+  const bool gewaehlt = AktuellerTitel > 0 && AktuellerTitel <= lvwKatalog.ListItems.Count();
+  if (gewaehlt) lvwKatalog.ListItems(AktuellerTitel).SetSelected(true);
+}
+
+void frmHauptForm::RestzeitZeigen(std::int64_t restMs, bool gruen) {
+  lblRestzeitCD.ForeColor = gruen ? kGruen : kRot;
+  lblKatalogLaenge.ForeColor = lblRestzeitCD.ForeColor;
+  lblRestzeitCD.Caption = LoadResString(8071) + RestText(restMs);
+}
+
+// Right after opening, time counts as short already when little of it is left.
+void frmHauptForm::ZeigeLaengeNachOeffnen() {
+  Text text;
+  const std::int64_t gesamt = KatalogLaengeBerechnen(text);
+  lblKatalogLaenge.Caption = text;
+  const std::int64_t rest = prog.LängeCD * kMsJeMinute - gesamt;
+  RestzeitZeigen(rest, rest >= kKnapperRestMs);
+  ObInZeitGrenzen(gesamt);
+}
+
+// A preview that nobody could hear is worth a question.
+void frmHauptForm::MixerFragen() {
+  vantora::frmMixer& mixer = prog.frmMixer();
+  for (int i = 1; i <= kLetzteMixerLinie && i <= mixer.LinienAnzahl(); ++i) {
+    MixerLinie& linie = mixer.Linie(i);
+    if (!Enthaelt(Ucase(linie.Name), L"WAV")) continue;
+    if (linie.Stumm && prog.MsgBoxen(LoadResString(27000), kJaNein) == kJa) linie.Stumm = false;
+    if (linie.Pegel < kLeiserPegel && prog.MsgBoxen(LoadResString(27001), kJaNein) == kJa) {
+      linie.Pegel = kHoerbarerPegel;
+    }
+    return;
+  }
+}
+
+void frmHauptForm::PlayWaveNormal(const Text& datei) {
+  if (!datei.empty() && prog.frmMixer.Geladen()) MixerFragen();
+  const bool existiert = prog.DateiExistiert(datei);
+  const Text endung = Ucase(Rechts(datei, 4));
+  if (!existiert) {
+    Level.Active = false;
+    WavePlayer->Stop();
+  } else {
+    Level.Active = true;
+    if (Soundkarte && (endung == L".WAV" || endung == L".DAT")) {
+      WavePlayer->Stop();
+      WavePlayer->SetFileName(datei);
+      prog.plattform.schleife.Sleep(kAnlaufMs);
+      WavePlayer->Start();
+    }
+  }
+  prog.Log.AktuelleDatei = datei;
+}
+
+}  // namespace vantora

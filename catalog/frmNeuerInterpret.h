@@ -1,0 +1,34 @@
+// Title, performer and pause of a track, or title and performer of the whole catalog.
+#pragma once
+
+#include "app/fenster.h"
+
+namespace vantora {
+
+class frmNeuerInterpret final : public VtrFenster {
+ public:
+  explicit frmNeuerInterpret(Programm& programm);
+
+  void Form_Load() override;
+  void SetTexte() override;
+  bool Form_KeyDown(int taste, bool strg) override;
+  void Form_Close() override { imgControl_MouseUp(1); }
+
+  void TrackZeigen(int nummer);  // from 1
+  void KatalogZeigen(const Text& titel, const Text& interpret);
+  void imgControl_MouseUp(int index);  // 0 OK, 1 cancel
+  bool cmbPause_KeyPress(int taste);
+
+  bool Abbruch = true;  // left with cancel
+
+  Label lblTitel{*this, L"lblTitel"};
+  ControlArray<Label, 3> lblFeld{*this, L"lblFeld"};
+  TextBox txtTitel{*this, L"txtTitel"};
+  TextBox txtInterpret{*this, L"txtInterpret"};
+  ComboBox cmbPause{*this, L"cmbPause"};
+  ControlArray<PictureButton, 2> imgControl{*this, L"imgControl"};
+  ControlArray<Label, 2> lblButtCaption{*this, L"lblButtCaption"};
+  PictureButton imgHelp{*this, L"imgHelp"};
+};
+
+}  // namespace vantora

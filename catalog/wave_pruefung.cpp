@@ -1,0 +1,76 @@
+#include "catalog/wave_pruefung.h"
+
+#include "app/dienste.h"
+#include "app/weiter.h"
+
+#include <cstring>
+
+namespace vantora {
+
+namespace {
+
+constexpr std::int64_t kRiffKopf = 8;             // the RIFF size leaves out itself and the mark
+constexpr std::uint32_t kLaengsterFremder = 200;  // bytes of a foreign chunk before the data
+
+bool Marke(Datei& datei, const char* soll) {
+  char ist[4];
+  datei.Read(ist, sizeof ist);
+  return std::memcmp(ist, soll, sizeof ist) == 0;
+}
+
+std::int32_t Zahl(Datei& datei) {
+  unsigned char b[4];
+  datei.Read(b, sizeof b);
+  return static_cast<std::int32_t>(
+      static_cast<std::uint32_t>(b[0]) | static_cast<std::uint32_t>(b[1]) << 8U |
+      static_cast<std::uint32_t>(b[2]) << 16U | static_cast<std::uint32_t>(b[3]) << 24U);
+}
+
+void Ueberspringen(Datei& datei, std::uint32_t bytes) {
+  const std::int64_t ziel = datei.Position() + bytes;
+  if (ziel > datei.Length()) throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
+  datei.Seek(ziel);
+}
+
+bool KopfStimmt(Datei& datei) {
+  return Marke(datei, "RIFF") && Zahl(datei) == datei.Length() - kRiffKopf &&
+         Marke(datei, "WAVE") && Marke(datei, "fmt ");
+}
+
+bool DatenGefunden(Datei& datei) {
+  Ueberspringen(datei, static_cast<std::uint32_t>(Zahl(datei)));
+  for (;;) {
+    const bool daten = Marke(datei, "data");
+    const std::int32_t groesse = Zahl(datei);
+    if (daten) return groesse >= 0 && groesse <= datei.Length();
+    if (groesse < 0 || static_cast<std::uint32_t>(groesse) > kLaengsterFremder) return false;
+    Ueberspringen(datei, static_cast<std::uint32_t>(groesse));
+  }
+}
+
+}  // namespace
+
+bool CheckWaveValid(Plattform& plattform, MMWaveFileX& wave, const Text& datei) {
+  bool gueltig = false;
+  Weiter([&] {
+    plattform.dateien.FileLen(datei);
+    plattform.dateien.Open(datei, Zugriff::Anhaengen);  // read-only or locked: not usable
+    {
+      const auto offen = plattform.dateien.Open(datei, Zugriff::Lesen);
+      if (!KopfStimmt(*offen) || !DatenGefunden(*offen)) return;
+    }
+    wave.Open(datei);
+    gueltig = wave.BitsPerSample() == 16 && wave.SampleRate() == 44100 && wave.StereoMode() == 1;
+    wave.Close();
+  });
+  return gueltig;
+}
+
+double WaveLaenge(MMWaveFileX& wave, const Text& datei) {
+  wave.Open(datei);
+  const double ms = static_cast<double>(wave.Samples()) / kFramesJeMs;
+  wave.Close();
+  return ms;
+}
+
+}  // namespace vantora

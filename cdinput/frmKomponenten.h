@@ -1,0 +1,111 @@
+// The hidden window that owns the device and codec controls and receives all their events for the
+// whole run. Its flags carry the state between those events and the jobs that wait for them.
+#pragma once
+
+#include "app/fenster.h"
+
+#include "platform/acd.h"
+#include "platform/mcd.h"
+#include "platform/mci.h"
+#include "platform/mp3.h"
+
+#include <cstdint>
+
+namespace vantora {
+
+class frmKomponenten final : public VtrFenster {
+ public:
+  explicit frmKomponenten(Programm& programm);
+  ~frmKomponenten() override;
+
+  // ---- CD drives ----
+  void CheckAudioCDRomDevices();
+  void LaufwerkeLesen(std::vector<Text>& liste) const;    // root and class of every drive
+  void CDLaufwerkeLesen(std::vector<Text>& liste) const;  // roots of the CD drives, from index 1
+  void LaufwerkeMelden();                                 // traces the devices and their letters
+  // Letter of a SCSI device; `produkt` in upper case. Blank when the registry does not know it.
+  Text SCSILaufwerkSuchen(const Text& produkt, const Text& ziel, const Text& lun) const;
+  bool AutoInsertAktiv() const;
+  void ACD_INIT();
+  void ACD_Open();
+  void ACD_Close();
+
+  bool CD_Check();
+  int GetNumTracks();
+  int GetCDLength();
+  int GetTrackLength(int track);
+  void CD_GetPositionTMS(int& track, int& minute, int& sekunde);
+  void CD_SetFormatMS();
+  void CD_SetFormatTMSF();
+  void CD_Open(const Text& laufwerk);
+  void CD_Play();
+  void CD_Stop();
+  void CD_Pause();
+  void CD_SetTrack(int track);
+  void CD_Close();
+  void CD_StatusUpdate();
+
+  // ---- MP3 ----
+  void MP3_Init();
+  std::int32_t MP3_GetMBSize(const Text& datei);  // decoded size in whole MB
+  void Mp3Play1_ActFrame(int frame);
+  void Mp3Play1_Failure(int code, const Text& text);
+  void Mp3Play1_ThreadEnded();
+
+  // ---- burner events ----
+  void MCD_ActTrack(int track);
+  void MCD_TrackPercent(int percent);
+  void MCD_InfoMessage(int code, const Text& text);
+  void MCD_StatusChange(int state);
+  void MCD_WriteLeadIn(int mode);
+  void MCD_WriteLeadOut(int mode);
+  void MCD_Fixating();
+  void MCD_BurningProcessComplete(int success);
+  void MCD_UserStop();
+  void MCD_Failure(int code, const Text& text);
+  void MCD_ScsiEvents(int first, int second, int code, int fourth, const Text& text);
+  void MCD_ASPIEvent(int code, const Text& text);
+
+  std::int16_t AktCDDevice = 0;  // number of the device in ACD's count, from 1
+  Text AktCDDrive;               // root of the drive, "D:\"
+  std::int32_t CDModus = 0;      // last mode of the CD control
+  bool CDGeschlossen = false;
+
+  bool BrennLaeuft = false;  // from the start of a write to MCD_BurningProcessComplete
+  bool Abgebrochen = false;  // the run has failed or was cancelled
+  Text BrennerLaufwerk;      // root of the burner's drive
+  std::int16_t AktTrack = 0;
+  std::int16_t AngezeigterTrack = 0;
+
+  bool KonvertierungAktiv = false;
+  std::int64_t KonvertierungsStart = 0;  // ticks
+
+  Mcd& MCD;
+  Acd& ACD;
+  MMControl& CD;
+  Qm3Play& Mp3Play1;
+
+ private:
+  void EreignisseVerbinden();
+  void ProzentTAO(int percent);
+  void ProzentDAO(int percent);
+  void NeuenTrackZeigen();
+  double GesamtMs() const;             // audio of the whole disc, pauses included
+  double FertigMs(int percent) const;  // audio written so far
+  void Ende(int success) { MCD_BurningProcessComplete(success); }
+};
+
+// Where the disc in the alias "cd" plays, as the media control interface tells it.
+class clsCDAudio {
+ public:
+  explicit clsCDAudio(Mci& mci) : mci_(mci) {}
+  int GetCDPosition() { return Teil(0); }
+  int GetCDAktMinPosition() { return Teil(3); }
+  int GetCDAktSekPosition() { return Teil(6); }
+
+ private:
+  int Teil(std::size_t stelle);
+  Mci& mci_;
+};
+
+}  // namespace vantora

@@ -1,0 +1,85 @@
+// The burner window: which writer, how fast, by which method, how many copies; and the run that
+// turns the catalog into audio discs.
+#pragma once
+
+#include "app/fenster.h"
+
+#include <cstdint>
+
+namespace vantora {
+
+class frmCDBrennen final : public VtrFenster {
+ public:
+  explicit frmCDBrennen(Programm& programm);
+
+  void Form_Load() override;
+  void SetTexte() override;
+  bool Form_KeyDown(int taste, bool strg) override;
+  void Form_Close() override { imgAbbrechen_MouseUp(); }
+
+  bool Init_Brenner();        // looks for burners; true when one can be used
+  void SetBurnerParameter();  // carries the window's options to the burner
+  bool NumCDWriter() const;   // an entry of the list is selected
+  void LadeBrennOptionen();
+  void CloseMe();  // leaves the window without burning
+
+  void imgBrennen_MouseUp();
+  void imgAbbrechen_MouseUp();
+  void txtKopienAnzahl_LostFocus();
+
+  void BurnCD();
+  void DBEintrag();       // enters the burnt disc in the CD database
+  void DeleteTempWavs();  // removes the waves of a CD copy
+
+  bool ModusDAO = false, ModusTAO = false;  // read afresh in every pass
+  std::int16_t KopienAnzahl = 1;
+  std::int16_t KopieNr = 1;  // from 1
+  bool Simulation = false;
+
+  ControlArray<Shape, 4> picPanel{*this, L"picPanel"};
+  Label lblTitel{*this, L"lblTitel"};
+  Label lblHinweis{*this, L"lblHinweis"};
+  Label lblRecorder{*this, L"lblRecorder"};
+  ListBox lstCDRecorder{*this, L"lstCDRecorder"};
+  Label lblMethode{*this, L"lblMethode"};
+  OptionButton optTrackAtOnce{*this, L"optTrackAtOnce", -1, 1};
+  OptionButton optDiscAtOnce{*this, L"optDiscAtOnce", -1, 1};
+  Label lblGeschwindigkeit{*this, L"lblGeschwindigkeit"};
+  ControlArray<OptionButton, 5> optBurnSpeed{*this, L"optBurnSpeed", 2};
+  CheckBox chkSimulation{*this, L"chkSimulation"};
+  Label lblKopien{*this, L"lblKopien"};
+  TextBox txtKopienAnzahl{*this, L"txtKopienAnzahl"};
+  Label lblStatusBurner{*this, L"lblStatusBurner"};
+  PictureButton imgBrennen{*this, L"imgBrennen"};
+  PictureButton imgAbbrechen{*this, L"imgAbbrechen"};
+  PictureButton imgHelp{*this, L"imgHelp"};
+  ControlArray<Label, 2> lblButtCaption{*this, L"lblButtCaption"};
+
+ private:
+  void BrennerAufnehmen(int index);
+
+  // The stages of one pass of the run.
+  enum class Ergebnis { Gebrannt, Fehlgeschlagen };
+  enum class Danach { NaechsteKopie, Fenster, Schluss };
+  void PassVorbereiten();
+  bool TracksAnmelden();
+  bool AufDiscWarten();
+  void LaufwerkBestimmen();
+  void FortschrittZeigen();
+  int SchreibenStarten();
+  void StartFehlerMelden(int ergebnis);
+  void AufEndeWarten();
+  void CdTextAnmelden();
+  Danach NachDemBrennen();
+  Danach WeitereKopie();
+  void ProtokollSchreiben();
+  void Aufraeumen();
+  void Zeiger(const wchar_t* datei);
+  void Melde(const Text& text);
+  bool Frage(const Text& text);
+  void Spur(const Text& text);
+
+  Text meldung_;  // what the run last had to say; a failed start is told with these words
+};
+
+}  // namespace vantora

@@ -1,0 +1,253 @@
+#include "dialogs/frmLoadSave.h"
+
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "catalog/frmHauptForm.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kVorhoeren = 0, kUebernehmen = 1, kAbbrechen = 2;
+constexpr std::size_t kWurzel = 3;  // characters of "C:\"
+
+// The parts of a path behind its root.
+std::vector<Text> Ordner(const Text& pfad) {
+  std::vector<Text> ordner;
+  if (pfad.size() <= kWurzel) return ordner;
+  Split(pfad.substr(kWurzel), L"\\", ordner);
+  std::erase(ordner, Text());
+  return ordner;
+}
+
+bool Absolut(const Text& name) {
+  return name.size() >= kWurzel && name.substr(1, 2) == L":\\";
+}
+
+}  // namespace
+
+frmLoadSave::frmLoadSave(Programm& programm) : VtrFenster(programm, L"frmLoadSave") {
+  lstDatei.MultiSelect = true;
+  for (int i = 0; i < pbButton.Count(); ++i) Knopf(pbButton(i), [this, i] { pbButton_MouseUp(i); });
+  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  cbxLaufwerk.Click = [this] { cbxLaufwerk_Click(); };
+  lstVerzeichnis.DblClick = [this] { lstVerzeichnis_DblClick(); };
+  lstVerzeichnis.KeyDown = [this](int taste) {
+    if (taste == kKeyReturn) lstVerzeichnis_DblClick();
+  };
+  lstDatei.Click = [this] { lstDatei_Click(); };
+  lstDatei.DblClick = [this] { pbButton_MouseUp(kUebernehmen); };
+  lstDatei.KeyDown = [this](int taste) {
+    if (taste == kKeyReturn) pbButton_MouseUp(kUebernehmen);
+  };
+  txtDateiName.KeyDown = [this](int taste) {
+    if (taste == kKeyReturn) pbButton_MouseUp(kUebernehmen);
+  };
+}
+
+void frmLoadSave::Form_Load() {
+  FensterEinrichten();
+  SetTexte();
+  std::vector<LaufwerkEintrag> laufwerke;
+  prog.LaufwerkListe(laufwerke);
+  for (const LaufwerkEintrag& laufwerk : laufwerke) {
+    cbxLaufwerk.AddItem(Lcase(Links(laufwerk.Wurzel, 2)));
+  }
+}
+
+void frmLoadSave::SetTexte() {
+  lblLaufwerk.Caption = LoadResString(30021);
+  lblVerzeichnis.Caption = LoadResString(30022);
+  lblDatei.Caption = LoadResString(30023);
+  lblName.Caption = LoadResString(30020);
+  lblPfad.Caption = L"";
+  txtDateiName.Text = L"";
+  Beschriften(lblButtCaption(0), pbButton(0), LoadResString(11200));
+  Beschriften(lblButtCaption(1), pbButton(1), LoadResString(4));
+  Beschriften(lblButtCaption(2), pbButton(2), LoadResString(5));
+  cbxLaufwerk.ToolTipText = LoadResString(11400);
+  lstVerzeichnis.ToolTipText = LoadResString(11401);
+  lstDatei.ToolTipText = LoadResString(11402);
+  txtDateiName.ToolTipText = LoadResString(11403);
+  pbButton(0).ToolTipText = LoadResString(11404);
+  imgHelp.ToolTipText = LoadResString(1);
+}
+
+// Comes to the front for the first time: shows what it was asked for.
+void frmLoadSave::Form_Activate() {
+  if (aktiviert_) return;
+  aktiviert_ = true;
+  Caption = LoadResString(prog.DialogModus == kModusSichern ? 11603 : 11602);
+  lblTitel.Caption = Caption;
+  Text pfad = Trim(prog.DialogPfad);
+  if (pfad.empty()) pfad = AddBackslash(prog.AppPfad) + L"songs";
+  pbButton(0).Enabled = false;
+  if (txtDateiName.Text().empty()) txtDateiName.Text = prog.DialogName;
+  LaufwerkSetzen(pfad);
+  Oeffne(pfad);
+  prog.plattform.schleife.SetFocus(txtDateiName);
+}
+
+void frmLoadSave::LaufwerkSetzen(const Text& pfad) {
+  const Text buchstabe = Lcase(Links(pfad, 2));
+  for (int i = 0; i < cbxLaufwerk.ListCount(); ++i) {
+    if (cbxLaufwerk.List(i) == buchstabe) cbxLaufwerk.ListIndex = i;
+  }
+}
+
+// A folder that can't be read leaves the dialog where it is; with no place yet, the root serves.
+void frmLoadSave::Oeffne(const Text& verzeichnis) {
+  const Text vorher = verzeichnis_;
+  verzeichnis_ = AddBackslash(verzeichnis);
+  const auto lesen = [this] {
+    VerzeichnisseZeigen();
+    DateienZeigen();
+  };
+  if (Weiter(lesen)) return;
+  verzeichnis_ = vorher.empty() ? Links(verzeichnis, 2) + L"\\" : vorher;
+  if (!Weiter(lesen)) {
+    lstVerzeichnis.Clear();
+    lstDatei.Clear();
+  }
+  LaufwerkSetzen(verzeichnis_);
+}
+
+void frmLoadSave::VerzeichnisseZeigen() {
+  const std::vector<Text> unter = prog.plattform.dateien.Folders(verzeichnis_);
+  lstVerzeichnis.Clear();
+  lstVerzeichnis.AddItem(Links(verzeichnis_, kWurzel));
+  Text einzug = L"  ";
+  for (const Text& ordner : Ordner(verzeichnis_)) {
+    lstVerzeichnis.AddItem(einzug + ordner);
+    einzug += L"  ";
+  }
+  lstVerzeichnis.ListIndex = lstVerzeichnis.ListCount() - 1;
+  for (const Text& ordner : unter) lstVerzeichnis.AddItem(einzug + ordner);
+  lblPfad.Caption = verzeichnis_;
+}
+
+void frmLoadSave::DateienZeigen() {
+  lstDatei.Clear();
+  for (const Text& name : prog.plattform.dateien.List(verzeichnis_, prog.DialogMuster)) {
+    lstDatei.AddItem(name);
+  }
+}
+
+void frmLoadSave::cbxLaufwerk_Click() {
+  if (cbxLaufwerk.ListIndex < 0) return;
+  const Text wurzel = Ucase(cbxLaufwerk.List(cbxLaufwerk.ListIndex)) + L"\\";
+  if (Ucase(Links(verzeichnis_, kWurzel)) == wurzel) return;
+  if (!prog.DateiExistiert(wurzel)) {
+    LaufwerkSetzen(verzeichnis_);
+    prog.MsgBoxen(LoadResString(11601) + wurzel, kHinweis);
+    return;
+  }
+  Oeffne(wurzel);
+}
+
+void frmLoadSave::lstVerzeichnis_DblClick() {
+  const int zeile = lstVerzeichnis.ListIndex;
+  if (zeile < 0) return;
+  const std::vector<Text> ordner = Ordner(verzeichnis_);
+  const int tiefe = static_cast<int>(ordner.size());
+  Text ziel = Links(verzeichnis_, kWurzel);
+  for (int i = 0; i < std::min(zeile, tiefe); ++i) {
+    ziel += ordner[static_cast<std::size_t>(i)] + L"\\";
+  }
+  // The indent is two blanks a level; a folder's own leading blanks stay.
+  const auto einzug = static_cast<std::size_t>(2 * (tiefe + 1));
+  if (zeile > tiefe) ziel += lstVerzeichnis.List(zeile).substr(einzug);
+  Oeffne(ziel);
+}
+
+void frmLoadSave::lstDatei_Click() {
+  if (lstDatei.ListIndex < 0) return;
+  const Text name = lstDatei.List(lstDatei.ListIndex);
+  txtDateiName.Text = name;
+  pbButton(0).Enabled = Endet(Lcase(name), L".wav");
+}
+
+std::vector<Text> frmLoadSave::Gewaehlte() const {
+  std::vector<Text> namen;
+  for (int i = 0; i < lstDatei.ListCount(); ++i) {
+    if (lstDatei.Selected(i)) namen.push_back(lstDatei.List(i));
+  }
+  // What was typed counts more than what was selected before.
+  const Text& getippt = txtDateiName.Text;
+  const bool ausListe = std::find(namen.begin(), namen.end(), getippt) != namen.end();
+  if (prog.DialogModus == kModusSichern || !ausListe) return {getippt};
+  return namen;
+}
+
+bool frmLoadSave::NamenGueltig(const std::vector<Text>& namen) const {
+  return std::all_of(namen.begin(), namen.end(), [](const Text& name) {
+    const bool darstellbar = std::all_of(name.begin(), name.end(), Hat1252);
+    return darstellbar && (Absolut(name) || name.find(L'\\') == Text::npos);
+  });
+}
+
+// A folder's name in the name box opens the folder.
+bool frmLoadSave::OrdnerGetippt() {
+  const Text name = txtDateiName.Text;
+  if (name.empty() || name.front() == L'.' || Enthaelt(name, L"*")) return false;
+  const Text ordner = Absolut(name) ? name : verzeichnis_ + name;
+  if (!prog.plattform.dateien.IsDirectory(ordner)) return false;
+  txtDateiName.Text = prog.DialogName;
+  LaufwerkSetzen(ordner);
+  Oeffne(ordner);
+  return true;
+}
+
+void frmLoadSave::Uebernehmen() {
+  if (OrdnerGetippt()) return;
+  const std::vector<Text> namen = Gewaehlte();
+  if (!NamenGueltig(namen)) {
+    prog.MsgBoxen(LoadResString(8038), kHinweis);
+    return;
+  }
+  const auto voll = [this](const Text& name) { return Absolut(name) ? name : verzeichnis_ + name; };
+  prog.DialogName = txtDateiName.Text;
+  prog.MehrfachAuswahl = namen.size() > 1;
+  prog.GewaehlteDatei.clear();
+  if (prog.MehrfachAuswahl) {
+    for (const Text& name : namen) prog.GewaehlteDatei += voll(name) + L"/";
+  } else if (!namen.front().empty()) {
+    prog.GewaehlteDatei = voll(namen.front());
+  }
+  const Text erste = voll(namen.front());
+  prog.DialogVerzeichnis = Links(erste, erste.size() - DateiNameOhnePfad(erste).size());
+  prog.DialogPfad = prog.DialogVerzeichnis;
+  if (Enthaelt(Ucase(prog.DialogMuster), L"WAV")) prog.Wave_Import_Dir = prog.DialogPfad;
+  prog.frmHauptForm().PlayWaveNormal(L"");
+  prog.frmLoadSave.Entladen();
+}
+
+void frmLoadSave::Abbrechen() {
+  prog.DialogAbbruch = true;
+  prog.DialogPfad = verzeichnis_;
+  prog.frmHauptForm().PlayWaveNormal(L"");
+  prog.frmLoadSave.Entladen();
+}
+
+void frmLoadSave::Vorhoeren() {
+  vantora::frmHauptForm& haupt = prog.frmHauptForm();
+  haupt.PlayWaveNormal(L"");
+  prog.plattform.schleife.DoEvents();
+  haupt.PlayWaveNormal(verzeichnis_ + txtDateiName.Text());
+}
+
+void frmLoadSave::pbButton_MouseUp(int index) {
+  if (index == kVorhoeren) Vorhoeren();
+  if (index == kUebernehmen) Uebernehmen();
+  if (index == kAbbrechen) Abbrechen();
+}
+
+bool frmLoadSave::Form_KeyDown(int taste, bool strg) {
+  if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
+  Abbrechen();
+  return true;
+}
+
+}  // namespace vantora
