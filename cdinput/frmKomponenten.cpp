@@ -13,7 +13,7 @@ constexpr int kVersuchsPauseMs = 200;
 constexpr int kStatusMs = 3000;
 constexpr int kAutoInsertSchluessel = 20;
 constexpr std::size_t kPositionsText = 30;
-constexpr double kMB = 1048576.0;
+constexpr std::int64_t kMB = 1048576;
 
 }  // namespace
 
@@ -240,7 +240,7 @@ void frmKomponenten::MP3_Init() {
 
 std::int32_t frmKomponenten::MP3_GetMBSize(const Text& datei) {
   Mp3Play1.Open(datei, L"");
-  return static_cast<std::int32_t>(Abgeschnitten(Abgeschnitten(Mp3Play1.LengthMs() * 176.4) / kMB));
+  return Ganz32(static_cast<double>(GanzDiv(Abgeschnitten(Mp3Play1.LengthMs() * 176.4), kMB)));
 }
 
 int clsCDAudio::Teil(std::size_t stelle) {

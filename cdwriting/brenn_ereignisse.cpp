@@ -1,6 +1,7 @@
 // What the writer reports while a disc is made, and what of it the progress window shows. The work
 // of frmKomponenten, which receives all events of the devices.
 
+#include "app/frmMBox.h"
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"

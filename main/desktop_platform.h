@@ -1,0 +1,55 @@
+// The program's platform on the desktop: real windows, the sound card, the user's own home.
+#pragma once
+
+#include "backends/alsa/alsa_devices.h"
+#include "backends/alsa/alsa_player.h"
+#include "backends/linux/linux_clock.h"
+#include "backends/linux/linux_system.h"
+#include "backends/linux/thread_background.h"
+#include "backends/qt/qt_display.h"
+#include "backends/qt/qt_event_loop.h"
+#include "main/machine.h"
+
+namespace vantora {
+
+struct DesktopPlatform {
+  explicit DesktopPlatform(const std::filesystem::path& resourceFolder)
+      : loop(resourceFolder / "pictures"),
+        places(PlacesOfUser()),
+        system(places, {ProgramVersion(), resourceFolder / "help"}),
+        machine(places, resourceFolder, loop, background),
+        mmtools(
+            machine.files, [this] { return std::make_unique<AlsaPlayer>(machine.files, loop); },
+            AlsaPlaybackDevices) {
+    SilenceAlsaMessages();
+  }
+
+  QtEventLoop loop;
+  LinuxPlaces places;
+  LinuxClock clock;
+  QtDisplay display;
+  LinuxSystem system;
+  ThreadBackground background;
+  Machine machine;
+  SoundTools mmtools;
+
+  Plattform bundle{loop,
+                   display,
+                   clock,
+                   system,
+                   machine.files,
+                   machine.letters,
+                   machine.settings,
+                   machine.profiles,
+                   machine.registry,
+                   machine.resources,
+                   mmtools,
+                   machine.cutter,
+                   machine.mp3,
+                   machine.writer,
+                   machine.acd,
+                   machine.cd,
+                   machine.mci};
+};
+
+}  // namespace vantora

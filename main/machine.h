@@ -1,0 +1,62 @@
+// The services that every composition of the program shares, with a screen or without: files,
+// drives, settings, resources, codecs and the embedded disc writer over one user's places.
+#pragma once
+
+#include "backends/discimage/image_writer.h"
+#include "backends/discimage/no_drive.h"
+#include "backends/linux/device_registry.h"
+#include "backends/linux/drive_table.h"
+#include "backends/linux/file_resources.h"
+#include "backends/linux/linux_drives.h"
+#include "backends/linux/linux_files.h"
+#include "backends/linux/profile_file.h"
+#include "backends/linux/settings_file.h"
+#include "backends/mpg123/mp3_decoder.h"
+#include "backends/sound/cutter.h"
+#include "backends/sound/sound_tools.h"
+#include "main/disc_identity.h"
+
+#include "platform/plattform.h"
+
+#include <filesystem>
+
+namespace vantora {
+
+struct Machine {
+  Machine(const LinuxPlaces& places, const std::filesystem::path& resourceFolder, EventLoop& loop,
+          Background& background)
+      : drives(places),
+        files(drives),
+        letters(drives),
+        settings(places.Config / "settings.conf"),
+        profiles(drives),
+        registry(drives),
+        resources(resourceFolder),
+        cutter(files),
+        mp3(files, loop, background),
+        writer(files, loop, background),
+        mci(files, writer) {}
+
+  DriveTable drives;
+  LinuxFiles files;
+  LinuxDrives letters;
+  SettingsFile settings;
+  ProfileFiles profiles;
+  DeviceRegistry registry;
+  FileResources resources;
+  Cutter cutter;
+  Mp3Decoder mp3;
+  ImageWriter writer;
+  NoAcd acd;
+  NoCd cd;
+  DiscIdentity mci;
+};
+
+// The folder with strings.tsv, layouts and pictures: beside the program when it was built in place,
+// under share/ when it was installed. Blank when there is none.
+std::filesystem::path ResourceFolder();
+
+// "0.1.0", as the project states it.
+Text ProgramVersion();
+
+}  // namespace vantora
