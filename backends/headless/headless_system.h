@@ -1,0 +1,48 @@
+// The program's place in a system that is not there; what it opens is remembered.
+#pragma once
+
+#include "platform/system.h"
+
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace vantora {
+
+class HeadlessSystem final : public System {
+ public:
+  HeadlessSystem() = default;
+  HeadlessSystem(int major, int minor, int revision)
+      : major_(major), minor_(minor), revision_(revision) {}
+
+  bool OtherInstance = false;
+  int CdPlayers = 0;                              // windows of a CD player that stand open
+  std::map<Text, Text> FileVersions;              // by path
+  std::vector<std::pair<Text, Text>> HelpOpened;  // file, topic
+  std::vector<Text> LinksOpened;
+
+  bool PrevInstance() override { return OtherInstance; }
+  Text Path() override { return L"C:\\Vantora"; }
+  Text ExeName() override { return L"vantora"; }
+  int Major() override { return major_; }
+  int Minor() override { return minor_; }
+  int Revision() override { return revision_; }
+  bool CloseCdPlayer() override {
+    if (CdPlayers == 0) return false;
+    --CdPlayers;
+    return true;
+  }
+  Text FileVersion(const Text& path) override {
+    const auto found = FileVersions.find(path);
+    return found == FileVersions.end() ? Text() : found->second;
+  }
+  void OpenHelp(const Text& file, const Text& topic) override {
+    HelpOpened.emplace_back(file, topic);
+  }
+  void OpenLink(const Text& address) override { LinksOpened.push_back(address); }
+
+ private:
+  int major_ = 0, minor_ = 1, revision_ = 0;
+};
+
+}  // namespace vantora

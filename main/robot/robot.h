@@ -1,0 +1,108 @@
+// Plays a script in front of the program. A line that acts runs when the program waits for its
+// user, one a turn, so that the program can answer in between; lines that only look run at once.
+//
+// The first line that cannot be done ends everything: the program is left where it stands, and the
+// error reads "SCRIPT:LINE: what was to be, what was found".
+#pragma once
+
+#include "main/robot/robot_script.h"
+#include "main/robot/robot_stage.h"
+
+#include <deque>
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+class Robot final : public User {
+ public:
+  // `name` is the script's name in messages; `folder` is where its relative file names start.
+  // What `echo` says, and every line with `trace`, goes to `out`.
+  Robot(std::string name, std::string folder, RobotStage& stage, std::ostream& out, bool trace);
+
+  // Plays the script to its end; false when it failed, and `Error` says why.
+  bool Run(std::string_view script);
+  const std::string& Error() const { return error_; }
+
+  bool Act(Form* front) override;
+  bool Resting() const override { return resting_; }
+
+ private:
+  using Step = std::function<void(Form* front)>;
+  using Command = void (Robot::*)(const ScriptLine&, Form*);
+
+  static Command Find(const Text& verb);
+  void Execute(const ScriptLine& line, Form* front);
+  void Guard(const ScriptLine& line, const std::function<void()>& work);
+  void Fail(const ScriptLine& line, const std::string& what);
+  bool AtEnd(Form* front);
+  void Rest(int ms);
+
+  Form& FindForm(const Text& name) const;
+  Control& FindControl(const Target& target) const;
+  Text ReadTarget(const Target& target) const;
+  std::string HostPath(const Text& name) const;
+  void ChooseInFolder(const std::vector<ScriptPath>& paths);
+  void ChooseFiles(const std::vector<Text>& names, Form* front);
+
+  // One procedure a command, in the order of docs/robot.md.
+  void Home(const ScriptLine& line, Form* front);
+  void Screen(const ScriptLine& line, Form* front);
+  void Colours(const ScriptLine& line, Form* front);
+  void Sound(const ScriptLine& line, Form* front);
+  void ClockAt(const ScriptLine& line, Form* front);
+  void Setting(const ScriptLine& line, Form* front);
+  void Copy(const ScriptLine& line, Form* front);
+  void MakeWave(const ScriptLine& line, Form* front);
+  void MakeMp3(const ScriptLine& line, Form* front);
+  void WriteFile(const ScriptLine& line, Form* front);
+  void Delete(const ScriptLine& line, Form* front);
+  void Start(const ScriptLine& line, Form* front);
+  void Press(const ScriptLine& line, Form* front);
+  void DoubleClick(const ScriptLine& line, Form* front);
+  void RightClick(const ScriptLine& line, Form* front);
+  void Drag(const ScriptLine& line, Form* front);
+  void Drop(const ScriptLine& line, Form* front);
+  void Type(const ScriptLine& line, Form* front);
+  void Select(const ScriptLine& line, Form* front);
+  void Key(const ScriptLine& line, Form* front);
+  void MenuItem(const ScriptLine& line, Form* front);
+  void Choose(const ScriptLine& line, Form* front);
+  void Answer(const ScriptLine& line, Form* front);
+  void WindowClose(const ScriptLine& line, Form* front);
+  void Close(const ScriptLine& line, Form* front);
+  void Expect(const ScriptLine& line, Form* front);
+  void ExpectBox(const ScriptLine& line, Form* front);
+  void ExpectWindow(const ScriptLine& line, Form* front);
+  void ExpectFile(const ScriptLine& line, Form* front);
+  void Wait(const ScriptLine& line, Form* front);
+  void After(const ScriptLine& line, Form* front);
+  void Within(const ScriptLine& line, Form* front);
+  void Disc(const ScriptLine& line, Form* front);
+  void Writer(const ScriptLine& line, Form* front);
+  void LineIn(const ScriptLine& line, Form* front);
+  void Shot(const ScriptLine& line, Form* front);
+  void Echo(const ScriptLine& line, Form* front);
+
+  const std::string name_, folder_;
+  RobotStage& stage_;
+  std::ostream& out_;
+  const bool trace_;
+
+  std::vector<ScriptLine> lines_;
+  std::size_t next_ = 0;    // the line that runs next
+  std::deque<Step> steps_;  // what is left of the line that runs, one a turn
+  const ScriptLine* stepsOf_ = nullptr;
+  std::vector<int> afterPending_;  // numbers of `after` lines that have not run yet
+  bool running_ = false;           // the program is between its start and its end
+  bool resting_ = false;
+  bool closing_ = false;      // `close` was pressed
+  bool scriptEnded_ = false;  // the program asked when the script was at its end
+  Text lastFront_;            // the window that was in front then
+  bool failed_ = false;
+  std::string error_;
+};
+
+}  // namespace vantora

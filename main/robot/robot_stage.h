@@ -1,0 +1,44 @@
+// The stage on which the robot plays: the machine around the program, and the program itself. The
+// composition builds it, once headless and once with real windows.
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/hands.h"
+
+#include <string>
+
+namespace vantora {
+
+struct WriterFaults;  // backends/discimage/image_writer.h
+
+// Whatever a stage cannot do it raises as std::exception; the message is the robot's.
+class RobotStage {
+ public:
+  virtual ~RobotStage() = default;
+
+  // Before the start. The home comes first and is made when it is missing.
+  virtual void Home(const std::string& folder) = 0;
+  virtual void Screen(int width, int height) = 0;  // pixels
+  virtual void Colours(int bits) = 0;
+  virtual void Sound(bool present) = 0;
+  virtual void SetClock(const DateTime& now) = 0;
+  virtual void Setting(const Text& key, const Text& value) = 0;
+  virtual Dateien& Files() = 0;  // of the home; before the start and after the end too
+
+  // Starts the program with `user` in front of it (EventLoop::TheUser) and returns when its process
+  // has ended. Can be called again afterwards; loop and hands are then others.
+  virtual void Start(User& user) = 0;
+  virtual EventLoop& Loop() = 0;  // of the running program, and of the one that ended last
+  virtual Hands& TheHands() = 0;  // the same
+  virtual Text ExitButton() = 0;  // what `close` presses, "frmHauptForm.imgBeenden"
+
+  // The devices; before and after the start.
+  virtual void InsertDisc(const Text& sheet) = 0;  // a product path of a .cue
+  virtual void EjectDisc() = 0;
+  virtual WriterFaults& Writer() = 0;             // of the embedded writer
+  virtual void LineIn(const Text& waveFile) = 0;  // what the sound card's input hears from now on
+};
+
+}  // namespace vantora
