@@ -50,6 +50,10 @@ class QtEventLoop final : public EventLoop {
   Pointer MousePointer() const override;
   void Beep() override;
 
+  // How the program writes the path of a file that is dragged over a window; when nothing is set,
+  // as the system does.
+  std::function<Text(const std::string& file)> PathOfFile;
+
   // ---- for hands and tests ----
 
   double Speed() const;

@@ -10,6 +10,9 @@
 
 #include <memory>
 
+template <typename T>
+class QPointer;
+
 namespace vantora {
 
 class QtHands final : public Hands {
@@ -35,6 +38,9 @@ class QtHands final : public Hands {
 
  private:
   class Fingers;
+  void SelectInCombo(const QPointer<QWidget>& widget, int row);
+  void SelectInView(const QPointer<QWidget>& widget, const std::vector<int>& rows);
+
   std::shared_ptr<Fingers> fingers_;  // shared with actions that are still to be done
 };
 

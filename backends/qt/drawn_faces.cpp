@@ -1,0 +1,298 @@
+// The faces that are only drawn: words, pictures, panels, drawings and bars of light.
+
+#include "backends/qt/face.h"
+#include "backends/qt/form_window.h"
+#include "backends/qt/level_bars.h"
+#include "backends/qt/look.h"
+#include "backends/qt/picture_widgets.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+// Controls without a handler let the mouse through to what lies beneath.
+void LetMouseThrough(QWidget& widget, bool through) {
+  widget.setAttribute(Qt::WA_TransparentForMouseEvents, through);
+}
+
+class WordsWidget final : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+  QColor Ink, Ground;
+  bool Wrap = false;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    if (Ground.alpha() > 0) painter.fillRect(rect(), Ground);
+    QColor ink = Ink;
+    if (!isEnabled()) ink.setAlpha(120);
+    painter.setPen(ink);
+    const int across = static_cast<int>(alignment() & Qt::AlignHorizontal_Mask);
+    if (Wrap) {
+      painter.drawText(rect(), across | Qt::AlignTop | Qt::TextWordWrap, text());
+      return;
+    }
+    const QFontMetrics metrics = painter.fontMetrics();
+    QStringList lines = text().split(u'\n');
+    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, width());
+    painter.drawText(rect(), across | Qt::AlignTop | Qt::TextDontClip, lines.join(u'\n'));
+  }
+};
+
+Qt::Alignment Across(Alignment align) {
+  if (align == Alignment::Right) return Qt::AlignRight;
+  return align == Alignment::Center ? Qt::AlignHCenter : Qt::AlignLeft;
+}
+
+class LabelFace final : public Face {
+ public:
+  LabelFace(Label& label, FormWindow& window)
+      : LabelFace(label, window, new WordsWidget(&window)) {}
+
+ private:
+  LabelFace(Label& label, FormWindow& window, WordsWidget* words)
+      : Face(label, window, words), words_(words) {
+    words_->setTextFormat(Qt::PlainText);
+  }
+
+  void Apply(Control& control) override {
+    const auto& label = static_cast<const Label&>(control);
+    LetMouseThrough(*words_, !HasMouseHandler(control));
+    words_->setCursor(HasMouseHandler(control) ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    words_->Ink = look::Of(label.ForeColor);
+    words_->Ground = look::Of(label.BackColor);
+    words_->Wrap = label.WordWrap;
+    words_->setAlignment(Across(label.Align) | Qt::AlignTop);
+    QString caption = look::FromText(label.Caption);
+    caption.remove(u'\r');
+    if (words_->text() != caption) words_->setText(caption);
+    words_->update();
+  }
+
+  WordsWidget* words_;
+};
+
+// A picture that nobody presses.
+class PictureFace final : public Face {
+ public:
+  PictureFace(PictureButton& picture, FormWindow& window)
+      : PictureFace(picture, window, new PictureWidget(window.host().ThePictures(), &window)) {}
+
+  bool Fits() const override { return control() == nullptr || !HasMouseHandler(*control()); }
+
+ private:
+  PictureFace(PictureButton& picture, FormWindow& window, PictureWidget* widget)
+      : Face(picture, window, widget), picture_(widget) {
+    LetMouseThrough(*picture_, true);
+  }
+
+  void Apply(Control& control) override {
+    const auto& picture = static_cast<const PictureButton&>(control);
+    picture_->Shown = {picture.Picture, picture.Icon, {picture.ClipTop, picture.ClipHeight}};
+    picture_->update();
+  }
+
+  PictureWidget* picture_;
+};
+
+class ButtonFace final : public Face {
+ public:
+  ButtonFace(PictureButton& button, FormWindow& window)
+      : ButtonFace(button, window, new ButtonWidget(window.host().ThePictures(), &window)) {}
+
+  bool Fits() const override { return control() == nullptr || HasMouseHandler(*control()); }
+
+  // Buttons take the focus by the keyboard only: a click must not end the typing in a text box.
+  void MousePress(QMouseEvent& event) override {
+    if (event.button() == Qt::MiddleButton) return;
+    Down(event.button() == Qt::RightButton ? kRightButton : kLeftButton);
+  }
+  void MouseRelease(QMouseEvent& event) override {
+    if (event.button() == Qt::MiddleButton || !held_) return;
+    const bool inside = widget()->rect().contains(event.position().toPoint());
+    Up(event.button() == Qt::RightButton ? kRightButton : kLeftButton, inside);
+  }
+  void MouseDouble(QMouseEvent& event) override {
+    if (event.button() == Qt::LeftButton && control() != nullptr && control()->DblClick) {
+      Fire([](Control& told) {
+        if (const auto twice = told.DblClick) twice();
+      });
+    }
+    MousePress(event);
+  }
+  void MouseMove(QMouseEvent& /*event*/) override {}
+
+  void KeyPress(QKeyEvent& event) override {
+    if (event.key() == Qt::Key_Space) {
+      if (event.isAutoRepeat()) return;
+      keyHeld_ = true;
+      Down(kLeftButton);
+    } else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
+      if (event.isAutoRepeat()) return;
+      Down(kLeftButton);
+      Up(kLeftButton, true);
+    } else {
+      PassKey(event);
+    }
+  }
+  void KeyRelease(QKeyEvent& event) override {
+    if (event.key() != Qt::Key_Space || event.isAutoRepeat() || !keyHeld_) return;
+    keyHeld_ = false;
+    Up(kLeftButton, true);
+  }
+  // A space bar that is let go in another window never comes back here.
+  void FocusChanged(bool in) override {
+    if (in || !keyHeld_) return;
+    keyHeld_ = false;
+    Up(kLeftButton, false);
+  }
+
+ private:
+  ButtonFace(PictureButton& button, FormWindow& window, ButtonWidget* widget)
+      : Face(button, window, widget), button_(widget) {
+    // Only a screen reader's "press" comes this way; mouse and keys never reach the widget's own
+    // behaviour.
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
+      Down(kLeftButton);
+      Up(kLeftButton, true);
+    });
+  }
+
+  void Apply(Control& control) override {
+    const auto& button = static_cast<const PictureButton&>(control);
+    button_->Shown = {button.Picture, button.Icon, {button.ClipTop, button.ClipHeight}};
+    const Text& words =
+        button.AccessibleName().empty() ? button.ToolTipText() : button.AccessibleName();
+    button_->Words = button.Picture().empty() && button.Icon().empty() ? look::Plain(words) : "";
+    button_->Ink = look::Of(button.ForeColor);
+    button_->update();
+  }
+
+  void Down(int button) {
+    if (control() == nullptr || !control()->Enabled) return;
+    held_ = true;
+    button_->Held = As<PictureButton>()->PicturePressed.empty();
+    button_->update();
+    Fire([&](Control& told) { Press(static_cast<PictureButton&>(told), button); });
+  }
+  // A button that acts on its release alone can be left by letting go beside it; one that acts
+  // while it is held must learn of its end.
+  void Up(int button, bool inside) {
+    held_ = false;
+    button_->Held = false;
+    button_->update();
+    if (control() == nullptr) return;
+    if (!inside && !control()->MouseDown) {
+      auto* left = As<PictureButton>();
+      if (!left->PictureReleased.empty()) left->Picture = left->PictureReleased;
+      return;
+    }
+    Fire([&](Control& told) { Release(static_cast<PictureButton&>(told), button); });
+    if (inside && button == kLeftButton) FireClick();
+  }
+
+  ButtonWidget* button_;
+  bool held_ = false, keyHeld_ = false;
+};
+
+class PanelWidget final : public QWidget {
+ public:
+  using QWidget::QWidget;
+  QColor Fill, Edge;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QPainter painter(this);
+    if (Fill.alpha() > 0) painter.fillRect(event->rect(), Fill);
+    if (Edge.alpha() == 0) return;
+    painter.setPen(Edge);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
+
+class ShapeFace final : public Face {
+ public:
+  ShapeFace(Shape& shape, FormWindow& window)
+      : ShapeFace(shape, window, new PanelWidget(&window)) {}
+
+ private:
+  ShapeFace(Shape& shape, FormWindow& window, PanelWidget* panel)
+      : Face(shape, window, panel), panel_(panel) {}
+
+  void Apply(Control& control) override {
+    const auto& shape = static_cast<const Shape&>(control);
+    LetMouseThrough(*panel_, !HasMouseHandler(control));
+    panel_->Fill = look::Of(shape.FillColor);
+    panel_->Edge = look::Of(shape.BorderColor);
+    panel_->update();
+  }
+
+  PanelWidget* panel_;
+};
+
+class DrawingFace final : public Face {
+ public:
+  DrawingFace(PictureBox& box, FormWindow& window)
+      : DrawingFace(box, window, new DrawingWidget(window.host().ThePictures(), &window)) {}
+
+ private:
+  DrawingFace(PictureBox& box, FormWindow& window, DrawingWidget* drawing)
+      : Face(box, window, drawing), drawing_(drawing) {}
+
+  void Apply(Control& control) override {
+    const auto& box = static_cast<const PictureBox&>(control);
+    LetMouseThrough(*drawing_, !HasMouseHandler(control));
+    drawing_->Set(box.Picture, look::Of(box.BackColor), box.Drawing());
+  }
+
+  DrawingWidget* drawing_;
+};
+
+class MeterFace final : public Face {
+ public:
+  MeterFace(LevelMeter& meter, FormWindow& window)
+      : MeterFace(meter, window, new LevelBars(&window)) {}
+
+ private:
+  MeterFace(LevelMeter& meter, FormWindow& window, LevelBars* bars)
+      : Face(meter, window, bars), bars_(bars) {}
+
+  void Apply(Control& control) override {
+    const auto& meter = static_cast<const LevelMeter&>(control);
+    LetMouseThrough(*bars_, !HasMouseHandler(control));
+    bars_->Set(meter.Active, meter.PeakLeft, meter.PeakRight);
+  }
+
+  LevelBars* bars_;
+};
+
+}  // namespace
+
+std::unique_ptr<Face> MakeDrawnFace(Control& control, FormWindow& window) {
+  switch (control.Kind()) {
+    case ControlKind::Label:
+      return std::make_unique<LabelFace>(static_cast<Label&>(control), window);
+    case ControlKind::PictureButton: {
+      auto& picture = static_cast<PictureButton&>(control);
+      if (HasMouseHandler(control)) return std::make_unique<ButtonFace>(picture, window);
+      return std::make_unique<PictureFace>(picture, window);
+    }
+    case ControlKind::Shape:
+      return std::make_unique<ShapeFace>(static_cast<Shape&>(control), window);
+    case ControlKind::PictureBox:
+      return std::make_unique<DrawingFace>(static_cast<PictureBox&>(control), window);
+    default:
+      return std::make_unique<MeterFace>(static_cast<LevelMeter&>(control), window);
+  }
+}
+
+}  // namespace vantora

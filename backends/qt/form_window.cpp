@@ -1,0 +1,440 @@
+#include "backends/qt/form_window.h"
+
+#include "backends/qt/keys.h"
+#include "backends/qt/look.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QPainter>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QTimer>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kPaintMs = 12;  // between two paints of a window whose controls change all the time
+constexpr int kTwipsPerPixel = 15;
+
+class Counted {
+ public:
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
+
+// What lies lower is drawn first. Within a layer the order is that of the form.
+int Layer(const Control& control) {
+  switch (control.Kind()) {
+    case ControlKind::Shape:
+      return 0;
+    case ControlKind::PictureButton:
+      return HasMouseHandler(control) ? 1 : 0;
+    case ControlKind::Label: {
+      const auto& label = static_cast<const Label&>(control);
+      return label.Caption().empty() && label.BackColor != kTransparent ? 0 : 2;
+    }
+    case ControlKind::PictureBox:
+    case ControlKind::LevelMeter:
+      return 1;
+    default:
+      return 3;
+  }
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host) {
+  Qt::WindowFlags flags = Qt::Window;
+  if (form.HasBorder) {
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+             Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint;
+  } else {
+    flags |= Qt::FramelessWindowHint;
+  }
+  setWindowFlags(flags);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::NoFocus);
+  setObjectName(look::FromText(form.Name));
+  form.Window.Dirty = true;
+  Reconcile();
+  for (Control* control : form.Controls) control->Dirty = true;
+  form.Dirty = true;
+  Sync();
+  OrderFocus();
+}
+
+// Widgets that go still speak to their faces, so they go first.
+FormWindow::~FormWindow() {
+  form_ = nullptr;
+  byObject_.clear();
+  for (const auto& [control, face] : faces_) delete face->widget();
+  for (const auto& face : retired_) delete face->widget();
+}
+
+void FormWindow::Orphan() {
+  form_ = nullptr;
+  hide();
+}
+
+void FormWindow::Handle(const std::function<void()>& handler) {
+  if (form_ == nullptr) return;
+  const Counted busy(busy_);
+  host_.Handle(handler);
+}
+
+// ---- faces ----
+
+void FormWindow::AddFace(Control& control) {
+  std::unique_ptr<Face> face = MakeFace(control, *this);
+  if (!face) return;
+  for (QWidget* part : {face->widget(), face->surface()}) {
+    byObject_.insert(part, face.get());
+    part->installEventFilter(this);  // doing it twice is the same as once
+  }
+  faces_[&control] = std::move(face);
+  control.Dirty = true;
+}
+
+void FormWindow::DropFace(Control* control) {
+  const auto found = faces_.find(control);
+  if (found == faces_.end()) return;
+  for (QWidget* part : {found->second->widget(), found->second->surface()}) {
+    byObject_.remove(part);
+    part->removeEventFilter(this);
+  }
+  found->second->Retire();
+  found->second->widget()->disconnect();
+  retired_.push_back(std::move(found->second));
+  faces_.erase(found);
+}
+
+// Controls can come and go while the form stands.
+void FormWindow::Reconcile() {
+  const std::vector<Control*>& now = form_->Controls;
+  for (Control* control : known_) {
+    if (std::find(now.begin(), now.end(), control) == now.end()) DropFace(control);
+  }
+  for (Control* control : now) {
+    if (faces_.count(control) == 0) AddFace(*control);
+  }
+  known_ = now;
+  form_->Dirty = true;
+  StackFaces();
+}
+
+void FormWindow::StackFaces() {
+  std::vector<Control*> order = known_;
+  std::stable_sort(order.begin(), order.end(),
+                   [](const Control* a, const Control* b) { return Layer(*a) < Layer(*b); });
+  for (const Control* control : order) {
+    if (Face* face = FaceOf(*control)) face->widget()->raise();
+  }
+}
+
+Face* FormWindow::FaceOf(const Control& control) const {
+  const auto found = faces_.find(&control);
+  return found == faces_.end() ? nullptr : found->second.get();
+}
+
+QButtonGroup* FormWindow::Group(int group) {
+  QButtonGroup*& buttons = groups_[group];
+  if (buttons == nullptr) buttons = new QButtonGroup(this);
+  return buttons;
+}
+
+void FormWindow::Sync() {
+  if (form_ == nullptr) return;
+  if (busy_ == 0) {
+    for (const auto& face : retired_) face->widget()->deleteLater();
+    retired_.clear();
+  }
+  if (known_ != form_->Controls) Reconcile();
+  if (!form_->Dirty) return;
+  form_->Dirty = false;
+  const QScopedValueRollback<bool> syncing(syncing_, true);
+  if (form_->Window.Dirty) ApplyFrame();
+  for (Control* control : known_) {
+    if (!control->Dirty) continue;
+    Face* face = FaceOf(*control);
+    if (face != nullptr && !face->Fits()) {
+      DropFace(control);
+      AddFace(*control);
+      StackFaces();
+      face = FaceOf(*control);
+    }
+    if (face != nullptr) face->Sync();
+    control->Dirty = false;
+  }
+}
+
+void FormWindow::ApplyFrame() {
+  Form::Frame& frame = form_->Window;
+  frame.Dirty = false;
+  const QString title = look::FromText(form_->Caption);
+  setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
+  const QRect place = look::Pixels(frame);
+  if (size() != place.size() && !place.isEmpty()) setFixedSize(place.size());
+  if (place.topLeft() != place_) {
+    place_ = place.topLeft();
+    move(place_);
+  }
+  ground_ = form_->Picture().empty()
+                ? QPixmap()
+                : host_.ThePictures().Get(form_->Picture, size(), devicePixelRatioF());
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window,
+                   look::Of(frame.BackColor == kTransparent ? look::kGround : frame.BackColor()));
+  setPalette(colours);
+  update();
+}
+
+// ---- focus ----
+
+Control* FormWindow::FocusControl() const {
+  const Face* face = byObject_.value(focusWidget());
+  return face == nullptr ? nullptr : face->control();
+}
+
+void FormWindow::FocusOn(const Control& control) {
+  const Face* face = FaceOf(control);
+  if (face != nullptr && face->widget()->focusPolicy() != Qt::NoFocus) {
+    face->widget()->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void FormWindow::OrderFocus() {
+  std::vector<Control*> order = known_;
+  std::stable_sort(order.begin(), order.end(),
+                   [](const Control* a, const Control* b) { return a->TabIndex < b->TabIndex; });
+  QWidget* before = nullptr;
+  for (const Control* control : order) {
+    const Face* face = FaceOf(*control);
+    if (face == nullptr || face->widget()->focusPolicy() == Qt::NoFocus) continue;
+    if (before != nullptr) setTabOrder(before, face->widget());
+    before = face->widget();
+  }
+}
+
+void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
+  object->event(&event);
+  const auto reason = static_cast<QFocusEvent&>(event).reason();
+  if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
+  const bool in = event.type() == QEvent::FocusIn;
+  const Control* changed = face.control();
+  if (changed == nullptr) return;
+  face.FocusChanged(in);
+  const auto tell = [in, changed, self = QPointer<FormWindow>(this)] {
+    Face* told = self == nullptr ? nullptr : self->FaceOf(*changed);
+    if (told == nullptr || told->control() == nullptr) return;
+    if (const auto handler = in ? changed->GotFocus : changed->LostFocus) self->Handle(handler);
+  };
+  if (syncing_) {
+    host_.Later(tell);
+  } else {
+    tell();
+  }
+}
+
+// ---- input ----
+
+bool FormWindow::Refused() const {
+  return form_ == nullptr || !form_->Window.Enabled || host_.Blocked(*form_);
+}
+
+bool FormWindow::eventFilter(QObject* object, QEvent* event) {
+  Face* face = byObject_.value(object);
+  if (face == nullptr) return false;
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+      return object == face->surface() ? Input(*face, *event) : Refused();
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return object == face->widget() ? Input(*face, *event) : Refused();
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      return Refused();
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      if (object != face->widget()) return false;
+      FocusChange(*face, object, *event);
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Nothing that reaches a control goes on to the window beneath it: there it would move the window,
+// or tell a key twice.
+bool FormWindow::Input(Face& face, QEvent& event) {
+  event.accept();
+  const Control* control = face.control();
+  const bool letGo =
+      event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyRelease;
+  if (control == nullptr) return true;
+  if (!letGo && (Refused() || !control->Enabled || !control->Visible)) return true;
+  const Counted touching(touching_);
+  lastTouch_ = TouchedPlace(face, event);
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+      face.MousePress(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseButtonRelease:
+      face.MouseRelease(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseButtonDblClick:
+      face.MouseDouble(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseMove:
+      face.MouseMove(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::KeyPress:
+      KeyPress(&face, static_cast<QKeyEvent&>(event));
+      break;
+    default:
+      KeyRelease(face, static_cast<QKeyEvent&>(event));
+      break;
+  }
+  event.accept();
+  return true;
+}
+
+QPoint FormWindow::TouchedPlace(const Face& face, const QEvent& event) {
+  if (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease) {
+    return face.widget()->mapToGlobal(face.widget()->rect().center());
+  }
+  return static_cast<const QMouseEvent&>(event).globalPosition().toPoint();
+}
+
+// The window sees every key first; what it leaves goes to the control and then to the widget.
+void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
+  const int code = keys::Code(event);
+  bool used = false;
+  if (code != 0) {
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    Handle([&] { used = form_->Form_KeyDown(code, control); });
+  }
+  if (used || Refused() || !form_->Visible()) return;
+  if (face == nullptr || face->control() == nullptr) return;
+  if (code != 0) {
+    Handle([&] {
+      if (const auto down = face->control()->KeyDown) down(code);
+    });
+  }
+  if (form_ == nullptr || face->control() == nullptr) return;
+  const int character = keys::Character(event);
+  bool accepted = true;
+  if (character != 0) {
+    Handle([&] {
+      if (const auto press = face->control()->KeyPress) accepted = press(character);
+    });
+  }
+  if (accepted && face->control() != nullptr) face->KeyPress(event);
+}
+
+void FormWindow::KeyRelease(Face& face, QKeyEvent& event) {
+  const int code = keys::Code(event);
+  if (code != 0 && !Refused()) {
+    Handle([&] {
+      if (const auto up = face.control()->KeyUp) up(code);
+    });
+  }
+  if (face.control() != nullptr) face.KeyRelease(event);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  if (!Refused()) KeyPress(nullptr, *event);
+}
+
+void FormWindow::mousePressEvent(QMouseEvent* event) {
+  if (Refused() || form_->HasBorder || event->button() != Qt::LeftButton) return;
+  if (windowHandle() != nullptr && windowHandle()->startSystemMove()) return;
+  dragStart_ = event->globalPosition().toPoint() - pos();
+  dragging_ = true;
+}
+
+void FormWindow::mouseMoveEvent(QMouseEvent* event) {
+  dragging_ = dragging_ && event->buttons().testFlag(Qt::LeftButton);
+  if (dragging_) move(event->globalPosition().toPoint() - dragStart_);
+}
+
+// ---- the window ----
+
+bool FormWindow::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::UpdateRequest:
+      if (HoldPaint()) return true;
+      break;
+    case QEvent::WindowActivate:
+      host_.Activated();
+      break;
+    case QEvent::WindowStateChange: {
+      const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+      const bool restored = before.testFlag(Qt::WindowMinimized) && !isMinimized();
+      if (restored && form_ != nullptr) host_.Restored(*form_);
+      break;
+    }
+    default:
+      break;
+  }
+  return QWidget::event(event);
+}
+
+bool FormWindow::HoldPaint() {
+  const bool tooSoon = sincePaint_.isValid() && sincePaint_.elapsed() < kPaintMs;
+  if (tooSoon && !paintDue_) {
+    if (paintHeld_) return true;
+    paintHeld_ = true;
+    const int wait = static_cast<int>(kPaintMs - sincePaint_.elapsed());
+    QTimer::singleShot(wait, this, [this] {
+      paintHeld_ = false;
+      paintDue_ = true;
+      QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
+    });
+    return true;
+  }
+  paintDue_ = false;
+  sincePaint_.restart();
+  host_.Painted();
+  return false;
+}
+
+void FormWindow::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.fillRect(event->rect(), palette().color(QPalette::Window));
+  if (!ground_.isNull()) painter.drawPixmap(0, 0, ground_);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  if (!Refused()) Handle([this] { form_->Form_Close(); });
+}
+
+void FormWindow::moveEvent(QMoveEvent* /*event*/) {
+  if (form_ == nullptr || syncing_ || !isVisible() || isMinimized()) return;
+  place_ = pos();
+  Form::Frame& frame = form_->Window;
+  const bool wasDirty = frame.Dirty, formWasDirty = form_->Dirty;
+  frame.Left = place_.x() * kTwipsPerPixel;
+  frame.Top = place_.y() * kTwipsPerPixel;
+  frame.Dirty = wasDirty;
+  form_->Dirty = formWasDirty;
+}
+
+}  // namespace vantora

@@ -1,0 +1,82 @@
+// The window of a form: makes a face for every control, keeps the faces like the controls, and
+// brings keys, mouse and focus to the handlers in their order.
+#pragma once
+
+#include "backends/qt/face.h"
+#include "backends/qt/window_host.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QWidget>
+
+#include <map>
+#include <vector>
+
+class QButtonGroup;
+
+namespace vantora {
+
+class FormWindow final : public QWidget {
+ public:
+  FormWindow(Form& form, WindowHost& host);
+  ~FormWindow() override;
+
+  Form* form() const { return form_; }
+  WindowHost& host() { return host_; }
+  void Orphan();                           // the form is going; nothing reaches a handler any more
+  bool Busy() const { return busy_ > 0; }  // one of its handlers is still running
+
+  void Sync();
+  bool Syncing() const { return syncing_; }
+  bool Touched() const { return touching_ > 0; }   // mouse or key is being handled just now
+  QPoint LastTouch() const { return lastTouch_; }  // on the screen: where a menu belongs
+  Face* FaceOf(const Control& control) const;
+  Control* FocusControl() const;
+  void FocusOn(const Control& control);
+  void OrderFocus();               // after TabIndex
+  QButtonGroup* Group(int group);  // of option buttons
+
+  void Handle(const std::function<void()>& handler);
+
+ protected:
+  bool event(QEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void ApplyFrame();
+  void Reconcile();
+  void AddFace(Control& control);
+  void DropFace(Control* control);
+  void StackFaces();
+  bool Input(Face& face, QEvent& event);
+  static QPoint TouchedPlace(const Face& face, const QEvent& event);
+  void KeyPress(Face* face, QKeyEvent& event);
+  void KeyRelease(Face& face, QKeyEvent& event);
+  void FocusChange(Face& face, QObject* object, QEvent& event);
+  bool Refused() const;  // no input: disabled, behind a modal window or without a form
+  bool HoldPaint();      // true: not yet, the window was painted just now
+
+  Form* form_;
+  WindowHost& host_;
+  std::map<const Control*, std::unique_ptr<Face>> faces_;
+  std::vector<Control*> known_;                 // Form::Controls when the faces were made
+  std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
+  QHash<QObject*, Face*> byObject_;
+  std::map<int, QButtonGroup*> groups_;
+  QPixmap ground_;
+  QPoint place_;  // where the form last said that it stands
+  QPoint lastTouch_;
+  QPoint dragStart_;  // of a window without a border that is moved by its ground
+  bool dragging_ = false, syncing_ = false;
+  int busy_ = 0, touching_ = 0;
+  QElapsedTimer sincePaint_;
+  bool paintHeld_ = false, paintDue_ = false;
+};
+
+}  // namespace vantora

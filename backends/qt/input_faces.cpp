@@ -1,0 +1,325 @@
+// The faces that take what a person enters: text, choices, lists and sliders.
+
+#include "backends/qt/face.h"
+#include "backends/qt/form_window.h"
+#include "backends/qt/look.h"
+#include "backends/qt/slider_widget.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QRadioButton>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kNoLimit = 32767;
+
+void Colour(QWidget& widget, const Control& control) {
+  const QString rule = look::OwnColours(control.ForeColor, control.BackColor);
+  if (widget.styleSheet() != rule) widget.setStyleSheet(rule);
+}
+
+// ---- text ----
+
+class LineWidget final : public QLineEdit {
+ public:
+  using QLineEdit::QLineEdit;
+  std::function<bool(int character)> Accepts;
+
+ protected:
+  // Letters with an accent can come composed, without a key of their own.
+  void inputMethodEvent(QInputMethodEvent* event) override {
+    for (const QChar character : event->commitString()) {
+      if (!Accepts(character.unicode())) return event->accept();
+    }
+    QLineEdit::inputMethodEvent(event);
+  }
+};
+
+class TextFace final : public Face {
+ public:
+  TextFace(TextBox& box, FormWindow& window) : TextFace(box, window, new LineWidget(&window)) {}
+
+  void MouseRelease(QMouseEvent& event) override {
+    Face::MouseRelease(event);
+    if (fresh_ && !line_->hasSelectedText()) line_->selectAll();
+    fresh_ = false;
+  }
+  void FocusChanged(bool in) override {
+    const auto* box = As<TextBox>();
+    fresh_ = in && box != nullptr && box->SelectOnFocus;
+    if (fresh_) line_->selectAll();
+    if (!in) line_->deselect();
+  }
+
+ private:
+  TextFace(TextBox& box, FormWindow& window, LineWidget* line)
+      : Face(box, window, line), line_(line) {
+    line_->Accepts = [this](int character) { return Accepts(character); };
+    QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& text) {
+      Take([&](Control& taken) { static_cast<TextBox&>(taken).Text = look::ToText(text); });
+      Fire([](Control& told) {
+        if (const auto change = static_cast<TextBox&>(told).Change) change();
+      });
+    });
+  }
+
+  bool Accepts(int character) {
+    bool accepted = true;
+    Fire([&](Control& told) {
+      if (const auto press = told.KeyPress) accepted = press(character);
+    });
+    return accepted;
+  }
+
+  void Apply(Control& control) override {
+    const auto& box = static_cast<const TextBox&>(control);
+    Colour(*line_, box);
+    line_->setMaxLength(box.MaxLength > 0 ? box.MaxLength() : kNoLimit);
+    const QString text = look::FromText(box.Text);
+    if (line_->text() == text) return;
+    line_->setText(text);
+    if (!line_->hasFocus()) line_->setCursorPosition(0);
+  }
+
+  LineWidget* line_;
+  bool fresh_ = false;  // it got the focus and was not clicked into since
+};
+
+// ---- check boxes and option buttons ----
+
+void Word(QAbstractButton& button, const Text& caption) {
+  const QString words = look::Plain(caption).replace(u'&', QLatin1String("&&"));
+  if (button.text() != words) button.setText(words);
+}
+
+void Colour(QAbstractButton& button, const Control& control) {
+  QPalette palette = button.palette();
+  palette.setColor(QPalette::Active, QPalette::WindowText, look::Of(control.ForeColor));
+  palette.setColor(QPalette::Inactive, QPalette::WindowText, look::Of(control.ForeColor));
+  if (palette != button.palette()) button.setPalette(palette);
+}
+
+class CheckFace final : public Face {
+ public:
+  CheckFace(CheckBox& box, FormWindow& window) : CheckFace(box, window, new QCheckBox(&window)) {}
+
+ private:
+  CheckFace(CheckBox& box, FormWindow& window, QCheckBox* check)
+      : Face(box, window, check), check_(check) {
+    QObject::connect(check_, &QCheckBox::clicked, check_, [this](bool on) {
+      Take([&](Control& taken) { static_cast<CheckBox&>(taken).Value = on ? 1 : 0; });
+      FireClick();
+    });
+  }
+
+  bool ClicksByMouse() const override { return false; }
+
+  void Apply(Control& control) override {
+    const auto& box = static_cast<const CheckBox&>(control);
+    Colour(*check_, box);
+    Word(*check_, box.Caption);
+    check_->setChecked(box.Value != 0);
+  }
+
+  QCheckBox* check_;
+};
+
+class OptionFace final : public Face {
+ public:
+  OptionFace(OptionButton& option, FormWindow& window)
+      : OptionFace(option, window, new QRadioButton(&window)) {}
+
+ private:
+  OptionFace(OptionButton& option, FormWindow& window, QRadioButton* radio)
+      : Face(option, window, radio), radio_(radio) {
+    radio_->setAutoExclusive(false);
+    window.Group(option.Group())->addButton(radio_);
+    QObject::connect(radio_, &QRadioButton::clicked, radio_, [this] {
+      if (auto* chosen = As<OptionButton>()) chosen->SetValue(true);
+      FireClick();
+    });
+  }
+
+  bool ClicksByMouse() const override { return false; }
+
+  void Apply(Control& control) override {
+    const auto& option = static_cast<const OptionButton&>(control);
+    Colour(*radio_, option);
+    Word(*radio_, option.Caption);
+    if (radio_->isChecked() == option.Value()) return;
+    // An exclusive group would keep its last button set, and a form may want none.
+    QButtonGroup* group = window().Group(option.Group());
+    group->setExclusive(false);
+    radio_->setChecked(option.Value());
+    group->setExclusive(true);
+  }
+
+  QRadioButton* radio_;
+};
+
+// ---- lists ----
+
+class ComboFace final : public Face {
+ public:
+  ComboFace(ComboBox& box, FormWindow& window) : ComboFace(box, window, new QComboBox(&window)) {}
+
+ private:
+  ComboFace(ComboBox& box, FormWindow& window, QComboBox* combo)
+      : Face(box, window, combo), combo_(combo) {
+    combo_->setMaxVisibleItems(14);
+    QObject::connect(combo_, &QComboBox::activated, combo_, [this](int line) {
+      Take([&](Control& taken) { static_cast<ComboBox&>(taken).ListIndex = line; });
+      FireClick();
+    });
+  }
+
+  bool ClicksByMouse() const override { return false; }
+
+  void Apply(Control& control) override {
+    const auto& box = static_cast<const ComboBox&>(control);
+    Colour(*combo_, box);
+    QStringList lines;
+    for (const Text& item : box.Items()) lines << look::FromText(item);
+    if (lines != lines_) {
+      combo_->clear();
+      combo_->addItems(lines);
+      lines_ = lines;
+    }
+    if (combo_->currentIndex() != box.ListIndex) combo_->setCurrentIndex(box.ListIndex);
+  }
+
+  QComboBox* combo_;
+  QStringList lines_;
+};
+
+class ListFace final : public Face {
+ public:
+  ListFace(ListBox& box, FormWindow& window) : ListFace(box, window, new QListWidget(&window)) {}
+
+  // The choice itself has been taken over while the widget handled the mouse or the key.
+  void MouseRelease(QMouseEvent& event) override {
+    Face::MouseRelease(event);
+    if (event.button() == Qt::LeftButton && list_->indexAt(event.position().toPoint()).isValid()) {
+      FireClick();
+    }
+  }
+  void KeyPress(QKeyEvent& event) override {
+    changed_ = false;
+    PassKey(event);
+    if (changed_) FireClick();
+  }
+
+ private:
+  ListFace(ListBox& box, FormWindow& window, QListWidget* list)
+      : Face(box, window, list), list_(list) {
+    SetSurface(list_->viewport());
+    list_->setSelectionMode(box.MultiSelect ? QAbstractItemView::ExtendedSelection
+                                            : QAbstractItemView::SingleSelection);
+    list_->setUniformItemSizes(true);
+    QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this] {
+      if (this->window().Syncing()) return;
+      TakeChoice();
+      changed_ = true;
+      if (!this->window().Touched()) FireClick();
+    });
+  }
+
+  bool ClicksByMouse() const override { return false; }
+
+  void TakeChoice() {
+    Take([&](Control& taken) {
+      auto& box = static_cast<ListBox&>(taken);
+      const int lines = std::min(box.ListCount(), list_->count());
+      for (int i = 0; i < lines; ++i) {
+        const bool on = list_->item(i)->isSelected();
+        if (box.Selected(i) != on) box.Select(i, on);
+      }
+      const int line = list_->currentRow();
+      if (box.MultiSelect && line < lines) box.ListIndex = line;
+    });
+  }
+
+  void Apply(Control& control) override {
+    const auto& box = static_cast<const ListBox&>(control);
+    Colour(*list_, box);
+    while (list_->count() > box.ListCount()) delete list_->takeItem(list_->count() - 1);
+    for (int i = 0; i < box.ListCount(); ++i) {
+      const QString text = look::FromText(box.List(i));
+      if (i >= list_->count()) {
+        list_->addItem(text);
+      } else if (list_->item(i)->text() != text) {
+        list_->item(i)->setText(text);
+      }
+    }
+    if (list_->currentRow() != box.ListIndex) {
+      list_->setCurrentRow(box.ListIndex, QItemSelectionModel::NoUpdate);
+    }
+    for (int i = 0; i < box.ListCount(); ++i) {
+      QListWidgetItem* item = list_->item(i);
+      if (item->isSelected() != box.Selected(i)) item->setSelected(box.Selected(i));
+    }
+  }
+
+  QListWidget* list_;
+  bool changed_ = false;
+};
+
+// ---- slider ----
+
+class SliderFace final : public Face {
+ public:
+  SliderFace(Slider& slider, FormWindow& window)
+      : SliderFace(slider, window, new SliderWidget(&window)) {}
+
+ private:
+  SliderFace(Slider& slider, FormWindow& window, SliderWidget* widget)
+      : Face(slider, window, widget), slider_(widget) {
+    QObject::connect(slider_, &QSlider::valueChanged, slider_, [this](int value) {
+      if (this->window().Syncing()) return;
+      Take([&](Control& taken) { static_cast<Slider&>(taken).Value = value; });
+      Fire([](Control& told) {
+        if (const auto change = static_cast<Slider&>(told).Change) change();
+      });
+    });
+  }
+
+  void Apply(Control& control) override {
+    const auto& slider = static_cast<const Slider&>(control);
+    slider_->SetUpright(slider.Vertical);
+    slider_->setRange(slider.Min, slider.Max);
+    const int steps = std::max(1, (slider.Max - slider.Min) / 10);
+    slider_->setPageStep(steps);
+    slider_->setValue(slider.Value);
+    slider_->update();
+  }
+
+  SliderWidget* slider_;
+};
+
+}  // namespace
+
+std::unique_ptr<Face> MakeInputFace(Control& control, FormWindow& window) {
+  switch (control.Kind()) {
+    case ControlKind::TextBox:
+      return std::make_unique<TextFace>(static_cast<TextBox&>(control), window);
+    case ControlKind::CheckBox:
+      return std::make_unique<CheckFace>(static_cast<CheckBox&>(control), window);
+    case ControlKind::OptionButton:
+      return std::make_unique<OptionFace>(static_cast<OptionButton&>(control), window);
+    case ControlKind::ComboBox:
+      return std::make_unique<ComboFace>(static_cast<ComboBox&>(control), window);
+    case ControlKind::ListBox:
+      return std::make_unique<ListFace>(static_cast<ListBox&>(control), window);
+    default:
+      return std::make_unique<SliderFace>(static_cast<Slider&>(control), window);
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,66 @@
+#include "backends/qt/level_bars.h"
+
+#include "backends/qt/look.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kLampPixels = 7;
+constexpr double kRangeDecibels = 60, kFullPeak = 32767;
+
+QColor LampColour(double share) {
+  if (share > 0.9) return QColor(255, 64, 56);
+  return share > 0.75 ? look::Of(look::kAmber) : QColor(70, 214, 96);
+}
+
+}  // namespace
+
+int LevelBars::Lit(int peak, int lamps) {
+  if (peak <= 0) return 0;
+  const double decibels = 20 * std::log10(std::min<double>(peak, kFullPeak) / kFullPeak);
+  const double share = std::clamp(1 + decibels / kRangeDecibels, 0.0, 1.0);
+  return static_cast<int>(std::lround(share * lamps));
+}
+
+void LevelBars::Set(bool active, int left, int right) {
+  if (active == active_ && left == left_ && right == right_) return;
+  active_ = active;
+  left_ = left;
+  right_ = right;
+  update();
+}
+
+void LevelBars::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.fillRect(rect(), QColor(12, 14, 24));
+  const QRect inner = rect().adjusted(3, 3, -3, -3);
+  // A tall meter is a wide one on its side.
+  const bool tall = height() > width();
+  if (tall) {
+    painter.translate(0, height());
+    painter.rotate(-90);
+  }
+  const QRect lying = tall ? QRect(3, 3, inner.height(), inner.width()) : inner;
+  const int half = (lying.height() - 2) / 2;
+  PaintRow(painter, QRect(lying.left(), lying.top(), lying.width(), half), left_);
+  PaintRow(painter, QRect(lying.left(), lying.top() + half + 2, lying.width(), half), right_);
+}
+
+void LevelBars::PaintRow(QPainter& painter, const QRect& row, int peak) const {
+  const int lamps = std::max(1, row.width() / kLampPixels);
+  const int lit = active_ ? Lit(peak, lamps) : 0;
+  for (int i = 0; i < lamps; ++i) {
+    QColor colour = LampColour(static_cast<double>(i) / lamps);
+    if (i >= lit) colour = colour.darker(active_ ? 420 : 620);
+    painter.fillRect(row.left() + i * row.width() / lamps, row.top(), kLampPixels - 2, row.height(),
+                     colour);
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,27 @@
+// Two rows of small lamps, green, amber and red: what is heard on the left and on the right.
+#pragma once
+
+#include <QWidget>
+
+namespace vantora {
+
+class LevelBars final : public QWidget {
+ public:
+  using QWidget::QWidget;
+  // Peaks from 0 to 32767; nothing new costs nothing.
+  void Set(bool active, int left, int right);
+
+  // How many of `lamps` are lit at a peak; 60 decibels lie between the first and the last.
+  static int Lit(int peak, int lamps);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void PaintRow(QPainter& painter, const QRect& row, int peak) const;
+
+  bool active_ = false;
+  int left_ = 0, right_ = 0;
+};
+
+}  // namespace vantora

@@ -1,0 +1,163 @@
+#include "backends/qt/look.h"
+
+#include <QApplication>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPalette>
+#include <QStyleFactory>
+
+#include <cmath>
+
+namespace vantora::look {
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+
+// Selected rows, edges and heads in the windows' own scheme. The words on amber are the field's
+// ground, which reads at more than ten to one.
+constexpr const char* kSheet = R"(
+QLineEdit, QTreeView, QListWidget, QComboBox {
+  background-color: #10131F; color: #E6EAF6; border: 1px solid #7076A8; border-radius: 3px;
+  selection-background-color: #FFB545; selection-color: #10131F;
+}
+QLineEdit { padding: 0 3px; }
+QLineEdit:focus, QTreeView:focus, QListWidget:focus, QComboBox:focus { border: 1px solid #FFB545; }
+QLineEdit:disabled, QTreeView:disabled, QListWidget:disabled, QComboBox:disabled {
+  background-color: #1B1F30; color: #858CA8; border: 1px solid #43486B;
+}
+QTreeView { alternate-background-color: #161A2B; outline: none; }
+QTreeView::item, QListWidget::item { padding: 1px 2px; border: none; }
+QTreeView::item:selected, QListWidget::item:selected { background: #FFB545; color: #10131F; }
+QTreeView::item:selected:!active, QListWidget::item:selected:!active {
+  background: #C9A567; color: #10131F;
+}
+QHeaderView { background-color: #353763; }
+QHeaderView::section {
+  background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4A4D85, stop:1 #353763);
+  color: #F4F6FC; border: none; border-right: 1px solid #1F2233; padding: 2px 4px;
+}
+QComboBox { padding: 0 3px; }
+QComboBox::drop-down { border: none; width: 18px; }
+QComboBox QAbstractItemView {
+  background-color: #10131F; color: #E6EAF6; border: 1px solid #FFB545;
+  selection-background-color: #FFB545; selection-color: #10131F;
+}
+QScrollBar:vertical { background: #1B1F30; width: 13px; margin: 0; }
+QScrollBar:horizontal { background: #1B1F30; height: 13px; margin: 0; }
+QScrollBar::handle { background: #5A5F96; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:hover { background: #7A80BC; }
+QScrollBar::handle:vertical { min-height: 24px; }
+QScrollBar::handle:horizontal { min-width: 24px; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+QMenu { background-color: #2A2D4C; color: #F4F6FC; border: 1px solid #7076A8; padding: 3px; }
+QMenu::item { padding: 4px 22px; border-radius: 3px; }
+QMenu::item:selected { background-color: #FFB545; color: #10131F; }
+QMenu::item:disabled { color: #858CA8; background: transparent; }
+QToolTip { background-color: #FFF3D9; color: #10131F; border: 1px solid #8A6A2A; padding: 2px; }
+)";
+
+QPalette Colours() {
+  QPalette palette;
+  palette.setColor(QPalette::Window, Of(kGround));
+  palette.setColor(QPalette::WindowText, Of(kWords));
+  palette.setColor(QPalette::Base, Of(kField));
+  palette.setColor(QPalette::AlternateBase, QColor(22, 26, 43));
+  palette.setColor(QPalette::Text, QColor(230, 234, 246));
+  palette.setColor(QPalette::Button, Of(kPanel));
+  palette.setColor(QPalette::ButtonText, Of(kWords));
+  palette.setColor(QPalette::BrightText, Of(kAmber));
+  palette.setColor(QPalette::Highlight, Of(kAmber));
+  palette.setColor(QPalette::HighlightedText, Of(kField));
+  palette.setColor(QPalette::Link, Of(kAmber));
+  palette.setColor(QPalette::PlaceholderText, Of(kQuiet));
+  palette.setColor(QPalette::ToolTipBase, QColor(255, 243, 217));
+  palette.setColor(QPalette::ToolTipText, Of(kField));
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor(133, 140, 168));
+  }
+  palette.setColor(QPalette::Disabled, QPalette::Base, QColor(27, 31, 48));
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(90, 95, 150));
+  return palette;
+}
+
+}  // namespace
+
+QString FromText(const Text& text) {
+  return QString::fromStdWString(text);
+}
+
+Text ToText(const QString& text) {
+  return text.toStdWString();
+}
+
+QColor Of(Color color) {
+  if (color == kTransparent) return QColor(Qt::transparent);
+  return QColor(static_cast<int>(color >> 16U & 255U), static_cast<int>(color >> 8U & 255U),
+                static_cast<int>(color & 255U));
+}
+
+QFont FontOf(int points, bool bold) {
+  QFont font;
+  font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans")});
+  font.setPixelSize(std::max(6, static_cast<int>(std::lround(points * 96.0 / 72.0))));
+  font.setBold(bold);
+  return font;
+}
+
+int Pixels(int twips) {
+  return static_cast<int>(std::lround(static_cast<double>(twips) / kTwipsPerPixel));
+}
+
+QRect Pixels(const Control& control) {
+  const int left = Pixels(control.Left), top = Pixels(control.Top);
+  return QRect(left, top, Pixels(control.Left + control.Width) - left,
+               Pixels(control.Top + control.Height) - top);
+}
+
+QString Plain(const Text& caption) {
+  QString plain;
+  const QString all = FromText(caption);
+  for (qsizetype i = 0; i < all.size(); ++i) {
+    const bool mark = all[i] == u'&' && i + 1 < all.size() && all[i + 1].isLetterOrNumber();
+    if (!mark) plain += all[i];
+  }
+  return plain;
+}
+
+void DrawPanel(QPainter& painter, const QRect& rect, bool pressed) {
+  const QRectF edge = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  QLinearGradient metal(edge.topLeft(), edge.bottomLeft());
+  metal.setColorAt(0, pressed ? QColor(36, 38, 70) : QColor(88, 92, 146));
+  metal.setColorAt(1, pressed ? QColor(58, 61, 108) : Of(kPanel));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(pressed ? QColor(80, 84, 130) : QColor(132, 138, 190), 1));
+  painter.setBrush(metal);
+  painter.drawRoundedRect(edge, 4, 4);
+}
+
+void DrawFocusRing(QPainter& painter, const QRect& rect) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(Of(kAmber), 2));
+  painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), 4, 4);
+}
+
+void Dress(QApplication& app) {
+  if (app.styleSheet() == QLatin1String(kSheet)) return;
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setPalette(Colours());
+  QApplication::setFont(FontOf(9, false));
+  app.setStyleSheet(QLatin1String(kSheet));
+}
+
+QString OwnColours(Color fore, Color back) {
+  QString rule;
+  if (fore != kWords) rule += QStringLiteral("color: %1;").arg(Of(fore).name());
+  if (back != kTransparent) rule += QStringLiteral("background-color: %1;").arg(Of(back).name());
+  return rule;
+}
+
+}  // namespace vantora::look

@@ -1,0 +1,43 @@
+// The colours, the type and the style sheet that all windows share, and the small conversions
+// between the form model's units and the toolkit's.
+#pragma once
+
+#include "platform/controls.h"
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <QString>
+
+class QApplication;
+class QPainter;
+
+namespace vantora::look {
+
+inline constexpr Color kGround = Rgb(31, 34, 51);
+inline constexpr Color kPanel = Rgb(53, 55, 99);
+inline constexpr Color kField = Rgb(16, 19, 31);
+inline constexpr Color kWords = Rgb(235, 238, 245);
+inline constexpr Color kQuiet = Rgb(154, 165, 200);
+inline constexpr Color kAmber = Rgb(255, 181, 69);
+inline constexpr Color kEdge = Rgb(112, 118, 168);
+
+QString FromText(const Text& text);
+Text ToText(const QString& text);
+QColor Of(Color color);                // invisible for kTransparent
+QFont FontOf(int points, bool bold);   // at 96 dots an inch, whatever the screen says
+QRect Pixels(const Control& control);  // edges are rounded, so that neighbours meet
+int Pixels(int twips);
+// A caption without the "&" that marks a letter, which no window uses.
+QString Plain(const Text& caption);
+
+// The rounded panel that stands for buttons without a picture and for pictures that are missing.
+void DrawPanel(QPainter& painter, const QRect& rect, bool pressed);
+void DrawFocusRing(QPainter& painter, const QRect& rect);
+
+// Gives the application style, palette and style sheet; doing it again changes nothing.
+void Dress(QApplication& app);
+// The rule that gives one widget other colours than the style sheet; blank for the usual ones.
+QString OwnColours(Color fore, Color back);
+
+}  // namespace vantora::look

@@ -1,0 +1,100 @@
+// The works of the desktop's loop.
+//
+// The loop never enters the toolkit's own nested loops: it turns by itself, so that every wait ends
+// at once when the program ends, and no exception ever passes through the toolkit.
+#pragma once
+
+#include "backends/qt/agenda.h"
+#include "backends/qt/form_window.h"
+#include "backends/qt/qt_event_loop.h"
+#include "backends/qt/window_host.h"
+
+#include <QElapsedTimer>
+#include <QMenu>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+
+#include <map>
+#include <set>
+#include <vector>
+
+namespace vantora {
+
+class QtEventLoop::Core final : public QObject, public WindowHost {
+ public:
+  Core(QtEventLoop& loop, const std::filesystem::path& pictures, double speed);
+  ~Core() override;
+
+  void Present(Form& form, bool modal);
+  void ShowModal(Form& form);
+  void Hide(Form& form);
+  void Minimize(Form& form);
+  void SetFocus(Control& control);
+  void PopupMenu(Form& form, const Menu& menu);
+  void Forget(Form& form);
+  Form* Front() const;
+
+  void Run();
+  void DoEvents();
+  void Sync();
+  void Point(Pointer pointer);
+
+  // WindowHost
+  void Handle(const std::function<void()>& handler) override;
+  void Later(std::function<void()> work) override { agenda.Post(std::move(work)); }
+  bool Blocked(const Form& form) const override;
+  void Activated() override { activation_.start(); }
+  void Restored(Form& form) override;
+  void Painted() override { ++paints; }
+  Text PathOfFile(const QString& file) const override;
+  Pictures& ThePictures() override { return pictures_; }
+
+  FormWindow* WindowOf(const Form& form) const;
+  bool Alive(const Control& control) const;
+  bool Minimized(const Form& form) const { return minimized_.count(&form) != 0; }
+
+  Agenda agenda;
+  bool quit = false;
+  std::int64_t paints = 0;
+  Text leftOpen;
+  Pointer pointer = Pointer::Normal;
+  QPointer<QMenu> menu;
+
+ private:
+  struct Modal {
+    const Form* Window;
+    int Token;
+  };
+
+  FormWindow& Ensure(Form& form);
+  void Wait(const std::function<bool()>& done, const Form* modal);
+  bool Turn();
+  bool ProcessEvents();
+  void Block();
+  void AskUser(const Form* modal);
+  bool TellFront();
+  void BringFrontUp();
+  void FollowActivation();
+  void FollowApplication(Qt::ApplicationState state);
+  void GiveFirstFocus(FormWindow& window);
+  void Bury();
+  bool ModalOpen(int token) const;
+
+  QtEventLoop& loop_;
+  Pictures pictures_;
+  std::map<const Form*, FormWindow*> windows_;
+  std::vector<FormWindow*> graves_;  // of forms that went while one of their handlers ran
+  std::vector<Form*> stack_;         // shown windows, the front last
+  std::vector<Modal> modals_;
+  std::set<const Form*> minimized_;
+  const Form* told_ = nullptr;  // was told last that it is in front
+  const Form* menuOwner_ = nullptr;
+  QTimer wake_, activation_;
+  QElapsedTimer away_;  // another program is in front
+  QElapsedTimer sinceAsked_;
+  int depth_ = 0;  // handlers that are running
+  int nextToken_ = 0;
+};
+
+}  // namespace vantora

@@ -1,0 +1,26 @@
+#include "backends/qt/qt_display.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace vantora {
+
+int QtDisplay::Width() {
+  if (pixelWidth_ > 0) return pixelWidth_ * kTwipsPerPixel;
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return (screen == nullptr ? 0 : screen->size().width()) * kTwipsPerPixel;
+}
+
+int QtDisplay::Height() {
+  if (pixelHeight_ > 0) return pixelHeight_ * kTwipsPerPixel;
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return (screen == nullptr ? 0 : screen->size().height()) * kTwipsPerPixel;
+}
+
+int QtDisplay::BitsPerPixel() {
+  if (bits_ > 0) return bits_;
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return screen == nullptr ? 0 : screen->depth();
+}
+
+}  // namespace vantora

@@ -1,0 +1,397 @@
+#include "backends/qt/qt_hands.h"
+
+#include "backends/qt/keys.h"
+#include "backends/qt/look.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QUrl>
+
+#include <optional>
+
+namespace vantora {
+
+namespace {
+
+std::string Spoken(const Control& control) {
+  std::string name = look::FromText(control.Owner().Name + L"." + control.Name).toStdString();
+  if (control.Index >= 0) name += "(" + std::to_string(control.Index) + ")";
+  return name;
+}
+
+std::string Spoken(const Form& form) {
+  return look::FromText(form.Name).toStdString();
+}
+
+[[noreturn]] void Refuse(const std::string& why) {
+  throw Unreachable(why);
+}
+
+// The part of a control's widget that the mouse meets.
+QWidget* SurfaceOf(QWidget* widget) {
+  auto* view = qobject_cast<QAbstractScrollArea*>(widget);
+  return view == nullptr ? widget : view->viewport();
+}
+
+void SendMouse(const QPointer<QWidget>& on, QEvent::Type type, QPointF place,
+               Qt::MouseButton button, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  if (on == nullptr) return;
+  const bool held = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+                    type == QEvent::MouseMove;
+  const QPointF onScreen = on->mapToGlobal(place);
+  QMouseEvent event(type, place, onScreen, type == QEvent::MouseMove ? Qt::NoButton : button,
+                    held ? Qt::MouseButtons(button) : Qt::MouseButtons(), modifiers);
+  QApplication::sendEvent(on, &event);
+}
+
+void SendKey(const QPointer<QWidget>& on, QEvent::Type type, const keys::Stroke& stroke) {
+  if (on == nullptr) return;
+  QKeyEvent event(type, stroke.Key, stroke.Modifiers, stroke.Words);
+  QApplication::sendEvent(on, &event);
+}
+
+}  // namespace
+
+// What the hands do later, when the loop turns. It outlives the hands while work is still posted.
+class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
+ public:
+  explicit Fingers(QtEventLoop& loop) : loop_(loop) {}
+
+  void Settle() {
+    if (!found_) return;
+    const std::string found = *found_;
+    found_.reset();
+    Refuse(found);
+  }
+
+  // The steps come one after another, each at a turn of the loop: when one of them opens a window
+  // and does not come back, the next one runs inside it.
+  void Do(std::vector<std::function<void()>> steps) {
+    for (std::function<void()>& step : steps) {
+      loop_.Post([self = shared_from_this(), step = std::move(step)] {
+        try {
+          self->loop_.Sync();
+          step();
+        } catch (const Unreachable& refused) {
+          self->found_ = refused.what();
+        }
+      });
+    }
+  }
+
+  QtEventLoop& loop() { return loop_; }
+
+  void CheckForm(const Form& form) {
+    loop_.Sync();
+    if (!form.Visible()) Refuse(Spoken(form) + " is not shown");
+    if (!loop_.Reachable(form)) {
+      const Form* front = loop_.Front();
+      Refuse(Spoken(form) + " is behind " + (front == nullptr ? "nothing" : Spoken(*front)) +
+             " or minimized");
+    }
+    if (!form.Window.Enabled) Refuse(Spoken(form) + " takes no input: its window is disabled");
+  }
+
+  QWidget* CheckControl(const Control& control) {
+    CheckForm(control.Owner());
+    CloseMenuLeftOpen();
+    QWidget* widget = loop_.WidgetOf(control);
+    if (widget == nullptr) Refuse(Spoken(control) + " has no place in its window");
+    if (!control.Visible || !widget->isVisible()) Refuse(Spoken(control) + " is hidden");
+    if (!control.Enabled) Refuse(Spoken(control) + " is disabled");
+    if (!widget->window()->rect().intersects(widget->geometry())) {
+      Refuse(Spoken(control) + " lies outside its window");
+    }
+    return widget;
+  }
+
+  // A place where the mouse meets this control and no other one that lies over it.
+  QPoint FreePlace(const Control& control, QWidget* widget) {
+    QWidget* surface = SurfaceOf(widget);
+    const QRect all = surface->rect();
+    const bool marked =
+        control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
+    if (marked && Meets(surface, QPoint(8, all.center().y()))) return {8, all.center().y()};
+    if (Meets(surface, all.center())) return all.center();
+    constexpr int kGrid = 7;
+    for (int row = 0; row < kGrid; ++row) {
+      for (int column = 0; column < kGrid; ++column) {
+        const QPoint place(all.width() * (2 * column + 1) / (2 * kGrid),
+                           all.height() * (2 * row + 1) / (2 * kGrid));
+        if (Meets(surface, place)) return place;
+      }
+    }
+    Refuse(Spoken(control) + " is covered by other controls, or nothing there takes the mouse");
+  }
+
+ private:
+  static bool Meets(const QWidget* surface, QPoint place) {
+    const QWidget* window = surface->window();
+    const QPoint inWindow = surface->mapTo(window, place);
+    return window->rect().contains(inWindow) && window->childAt(inWindow) == surface;
+  }
+
+  // A click beside an open menu closes it before it does anything else.
+  void CloseMenuLeftOpen() {
+    if (QMenu* menu = loop_.OpenMenu()) menu->close();
+  }
+
+  QtEventLoop& loop_;
+  std::optional<std::string> found_;
+};
+
+QtHands::QtHands(QtEventLoop& loop) : fingers_(std::make_shared<Fingers>(loop)) {}
+
+QtHands::~QtHands() = default;
+
+void QtHands::Settle() {
+  fingers_->Settle();
+}
+
+void QtHands::Press(Control& control) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  const QPoint place = fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, place, Qt::LeftButton); },
+                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton); }});
+}
+
+void QtHands::DoubleClick(Control& control) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  QPoint place = fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  if (auto* view = qobject_cast<QAbstractItemView*>(widget.data())) {
+    // A double click means the row that the list stands on.
+    const QModelIndex current = view->currentIndex();
+    if (current.isValid()) {
+      view->scrollTo(current);
+      place = view->visualRect(current).center();
+    }
+  }
+  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, place, Qt::LeftButton); },
+                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton); },
+                [=] { SendMouse(surface, QEvent::MouseButtonDblClick, place, Qt::LeftButton); },
+                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton); }});
+}
+
+void QtHands::RightClick(Control& control) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  QPoint place = fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  if (auto* view = qobject_cast<QAbstractItemView*>(widget.data())) {
+    const QModelIndex current = view->currentIndex();
+    if (current.isValid()) {
+      view->scrollTo(current);
+      place = view->visualRect(current).center();
+    }
+  }
+  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, place, Qt::RightButton); },
+                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::RightButton); }});
+}
+
+void QtHands::Drag(Control& control, int from, int to) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  const auto* slider =
+      control.Kind() == ControlKind::Slider ? static_cast<const Slider*>(&control) : nullptr;
+  const bool upright = slider != nullptr && slider->Vertical;
+  const auto place = [=](int share) {
+    const double x = surface->width() * share / 1000.0, y = surface->height() * share / 1000.0;
+    return upright ? QPointF(surface->width() / 2.0, y) : QPointF(x, surface->height() / 2.0);
+  };
+  const QPointF start = place(from), end = place(to);
+  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, start, Qt::LeftButton); },
+                [=] { SendMouse(surface, QEvent::MouseMove, end, Qt::LeftButton); },
+                [=] { SendMouse(surface, QEvent::MouseButtonRelease, end, Qt::LeftButton); }});
+}
+
+void QtHands::Type(Control& control, const Text& text) {
+  Settle();
+  if (control.Kind() != ControlKind::TextBox) Refuse(Spoken(control) + " takes no text");
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  fingers_->FreePlace(control, widget);
+  std::vector<std::function<void()>> steps;
+  const auto stroke = [&](const keys::Stroke& key) {
+    steps.emplace_back([=] { SendKey(widget, QEvent::KeyPress, key); });
+    steps.emplace_back([=] { SendKey(widget, QEvent::KeyRelease, key); });
+  };
+  steps.emplace_back([=] {
+    if (widget != nullptr) widget->setFocus(Qt::MouseFocusReason);
+  });
+  stroke(*keys::Parse(L"Ctrl+A"));
+  stroke(*keys::Parse(L"Delete"));
+  for (const QChar character : look::FromText(text)) stroke(keys::Writing(character));
+  fingers_->Do(std::move(steps));
+}
+
+void QtHands::Select(Control& control, const std::vector<int>& rows) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  auto* combo = qobject_cast<QComboBox*>(widget.data());
+  auto* view = qobject_cast<QAbstractItemView*>(widget.data());
+  if (combo == nullptr && view == nullptr) Refuse(Spoken(control) + " has no rows");
+  const QAbstractItemModel* model = combo != nullptr ? combo->model() : view->model();
+  for (const int row : rows) {
+    if (row < 1 || row > model->rowCount()) {
+      Refuse(Spoken(control) + " has no row " + std::to_string(row));
+    }
+  }
+  if (combo != nullptr) {
+    if (rows.size() != 1) Refuse(Spoken(control) + " takes exactly one row");
+    SelectInCombo(widget, rows.front());
+    return;
+  }
+  if (rows.size() > 1 && view->selectionMode() == QAbstractItemView::SingleSelection) {
+    Refuse(Spoken(control) + " takes one row only");
+  }
+  SelectInView(widget, rows);
+}
+
+// By the keyboard in the list that drops down; only Return chooses.
+void QtHands::SelectInCombo(const QPointer<QWidget>& widget, int row) {
+  const QPointer<QComboBox> combo = qobject_cast<QComboBox*>(widget.data());
+  fingers_->Do({[=] {
+                  if (combo == nullptr) return;
+                  combo->setFocus(Qt::MouseFocusReason);
+                  combo->showPopup();
+                },
+                [=] {
+                  if (combo == nullptr) return;
+                  const QPointer<QWidget> list = combo->view();
+                  SendKey(list, QEvent::KeyPress, *keys::Parse(L"Home"));
+                  for (int i = 1; i < row; ++i) {
+                    SendKey(list, QEvent::KeyPress, *keys::Parse(L"Down"));
+                  }
+                  SendKey(list, QEvent::KeyPress, *keys::Parse(L"Return"));
+                }});
+}
+
+// A click on the first row and a click with Ctrl held on every other.
+void QtHands::SelectInView(const QPointer<QWidget>& widget, const std::vector<int>& rows) {
+  const QPointer<QAbstractItemView> view = qobject_cast<QAbstractItemView*>(widget.data());
+  const auto click = [=](int row, Qt::KeyboardModifiers modifiers) {
+    if (view == nullptr || row >= view->model()->rowCount()) return;
+    const QModelIndex index = view->model()->index(row, 0);
+    view->scrollTo(index);
+    const QRect shown = view->visualRect(index).intersected(view->viewport()->rect());
+    if (shown.isEmpty()) Refuse("a row of the list cannot be brought into sight");
+    const QPointer<QWidget> surface = view->viewport();
+    SendMouse(surface, QEvent::MouseButtonPress, shown.center(), Qt::LeftButton, modifiers);
+    SendMouse(surface, QEvent::MouseButtonRelease, shown.center(), Qt::LeftButton, modifiers);
+  };
+  std::vector<std::function<void()>> steps;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const Qt::KeyboardModifiers held = i == 0 ? Qt::NoModifier : Qt::ControlModifier;
+    steps.emplace_back([click, held, row = rows[i] - 1] { click(row, held); });
+  }
+  if (rows.empty()) {
+    steps.emplace_back([=] {
+      if (view == nullptr) return;
+      const QModelIndexList chosen = view->selectionModel()->selectedRows();
+      for (const QModelIndex& index : chosen) click(index.row(), Qt::ControlModifier);
+    });
+  }
+  fingers_->Do(std::move(steps));
+}
+
+void QtHands::Key(Form& form, const Text& key) {
+  Settle();
+  const std::optional<keys::Stroke> stroke = keys::Parse(key);
+  if (!stroke) Refuse("there is no key " + look::FromText(key).toStdString());
+  fingers_->CheckForm(form);
+  const auto target = [fingers = fingers_, &form]() -> QPointer<QWidget> {
+    QtEventLoop& loop = fingers->loop();
+    const auto& forms = loop.Forms();
+    if (std::find(forms.begin(), forms.end(), &form) == forms.end()) return nullptr;
+    if (QMenu* menu = loop.OpenMenu()) return menu;
+    QWidget* window = loop.WindowOf(form);
+    if (window == nullptr) return nullptr;
+    return window->focusWidget() == nullptr ? window : window->focusWidget();
+  };
+  const auto pressed = std::make_shared<QPointer<QWidget>>();
+  fingers_->Do({[=] {
+                  *pressed = target();
+                  SendKey(*pressed, QEvent::KeyPress, *stroke);
+                },
+                [=] { SendKey(*pressed, QEvent::KeyRelease, *stroke); }});
+}
+
+void QtHands::ChooseMenu(Form& form, const Text& item) {
+  Settle();
+  fingers_->CheckForm(form);
+  const QPointer<QMenu> menu = fingers_->loop().OpenMenu();
+  if (menu == nullptr) Refuse(Spoken(form) + " has no menu open");
+  const QString wanted = look::Plain(item);
+  const QList<QAction*> actions = menu->actions();
+  for (QAction* action : actions) {
+    const QString shown = action->text().replace(QLatin1String("&&"), QLatin1String("&"));
+    if (shown != wanted && action->objectName() != look::FromText(item)) continue;
+    if (!action->isEnabled()) Refuse("the menu's " + wanted.toStdString() + " is disabled");
+    fingers_->Do({[menu, chosen = QPointer<QAction>(action)] {
+      if (menu == nullptr || chosen == nullptr) return;
+      menu->setActiveAction(chosen);
+      SendKey(QPointer<QWidget>(menu), QEvent::KeyPress, *keys::Parse(L"Return"));
+    }});
+    return;
+  }
+  Refuse("the open menu has no " + wanted.toStdString());
+}
+
+void QtHands::Close(Form& form) {
+  Settle();
+  fingers_->CheckForm(form);
+  const QPointer<QWidget> window = fingers_->loop().WindowOf(form);
+  fingers_->Do({[=] {
+    if (window != nullptr) window->close();
+  }});
+}
+
+void QtHands::Drop(Control& control, const std::vector<Text>& files) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  const QPoint place = fingers_->FreePlace(control, widget);
+  if (!widget->acceptDrops()) Refuse(Spoken(control) + " takes no files");
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  const auto data = std::make_shared<QMimeData>();
+  QList<QUrl> urls;
+  for (const Text& file : files) urls << QUrl::fromLocalFile(look::FromText(file));
+  data->setUrls(urls);
+  fingers_->Do({[=] {
+    if (surface == nullptr) return;
+    QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(surface, &enter);
+    if (!enter.isAccepted() || surface == nullptr) return;
+    QDropEvent drop(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(surface, &drop);
+  }});
+}
+
+bool QtHands::Shot(Form& form, const std::string& file) {
+  Settle();
+  QtEventLoop& loop = fingers_->loop();
+  loop.Sync();
+  QWidget* window = loop.WindowOf(form);
+  if (window == nullptr || !form.Visible()) return false;
+  QPixmap picture = window->grab();
+  QMenu* menu = loop.OpenMenu();
+  QWidget* popup = menu != nullptr ? menu : QApplication::activePopupWidget();
+  if (popup != nullptr) {
+    QPainter painter(&picture);
+    painter.drawPixmap(window->mapFromGlobal(popup->pos()), popup->grab());
+  }
+  return picture.save(QString::fromStdString(file), "PNG");
+}
+
+}  // namespace vantora

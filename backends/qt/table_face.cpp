@@ -1,0 +1,197 @@
+// The face of a list view: a table with a head, several selected rows, and files let go over it.
+
+#include "backends/qt/face.h"
+#include "backends/qt/form_window.h"
+#include "backends/qt/look.h"
+#include "backends/qt/rows_model.h"
+
+#include <QDropEvent>
+#include <QHeaderView>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QTreeView>
+#include <QUrl>
+
+namespace vantora {
+
+namespace {
+
+class TableWidget final : public QTreeView {
+ public:
+  using QTreeView::QTreeView;
+  std::function<bool(const QStringList& files)> Over;
+  std::function<void(const QStringList& files)> Dropped;
+
+ protected:
+  void dragEnterEvent(QDragEnterEvent* event) override { Answer(*event); }
+  void dragMoveEvent(QDragMoveEvent* event) override { Answer(*event); }
+  void dropEvent(QDropEvent* event) override {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Dropped(Files(*event));
+  }
+
+ private:
+  static QStringList Files(const QDropEvent& event) {
+    QStringList files;
+    for (const QUrl& url : event.mimeData()->urls()) {
+      if (url.isLocalFile()) files << url.toLocalFile();
+    }
+    return files;
+  }
+  void Answer(QDropEvent& event) const {
+    const QStringList files = Files(event);
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(!files.isEmpty() && Over(files));
+  }
+};
+
+class TableFace final : public Face {
+ public:
+  TableFace(ListView& list, FormWindow& window)
+      : TableFace(list, window, new TableWidget(&window)) {}
+
+  void MousePress(QMouseEvent& event) override {
+    row_ = table_->indexAt(event.position().toPoint()).row();
+    Face::MousePress(event);
+  }
+  void MouseRelease(QMouseEvent& event) override {
+    const int row = table_->indexAt(event.position().toPoint()).row();
+    Pass(event);
+    if (event.button() == Qt::LeftButton && row >= 0 && row == row_) FireItemClick(row + 1);
+    TellRelease(event);
+  }
+  void KeyPress(QKeyEvent& event) override {
+    changed_ = false;
+    PassKey(event);
+    if (changed_) FireItemClick(table_->currentIndex().row() + 1);
+  }
+
+ private:
+  TableFace(ListView& list, FormWindow& window, TableWidget* table)
+      : Face(list, window, table), table_(table), rows_(new RowsModel(table)) {
+    table_->setModel(rows_);
+    SetSurface(table_->viewport());
+    table_->setRootIsDecorated(false);
+    table_->setItemsExpandable(false);
+    table_->setUniformRowHeights(true);
+    table_->setAllColumnsShowFocus(true);
+    table_->setAlternatingRowColors(true);
+    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    table_->header()->setSectionsMovable(false);
+    table_->header()->setMinimumSectionSize(8);
+    QObject::connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, table_,
+                     [this] {
+                       if (this->window().Syncing()) return;
+                       TakeSelection();
+                       changed_ = true;
+                       if (!this->window().Touched()) {
+                         FireItemClick(table_->currentIndex().row() + 1);
+                       }
+                     });
+    table_->Over = [this](const QStringList& files) { return Over(files); };
+    table_->Dropped = [this](const QStringList& files) { Dropped(files); };
+  }
+
+  void FireItemClick(int row) {
+    Fire([&](Control& told) {
+      auto& list = static_cast<ListView&>(told);
+      if (row < 1 || row > list.ListItems.Count()) return;
+      if (const auto click = list.ItemClick) click(row);
+    });
+  }
+
+  void TakeSelection() {
+    Take([&](Control& taken) {
+      auto& items = static_cast<ListView&>(taken).ListItems;
+      const int rows = std::min(items.Count(), rows_->rowCount());
+      for (int row = 0; row < rows; ++row) {
+        items(row + 1).SetSelected(table_->selectionModel()->isRowSelected(row));
+      }
+    });
+  }
+
+  std::vector<Text> Paths(const QStringList& files) const {
+    std::vector<Text> paths;
+    for (const QString& file : files) paths.push_back(window().host().PathOfFile(file));
+    return paths;
+  }
+  bool Over(const QStringList& files) {
+    bool welcome = false;
+    Fire([&](Control& told) {
+      const auto over = static_cast<ListView&>(told).OLEDragOver;
+      welcome = !over || over(Paths(files));
+    });
+    return welcome;
+  }
+  void Dropped(const QStringList& files) {
+    Fire([&](Control& told) {
+      if (const auto drop = static_cast<ListView&>(told).OLEDragDrop) drop(Paths(files));
+    });
+  }
+
+  void Apply(Control& control) override {
+    auto& list = static_cast<ListView&>(control);
+    const QString rule = look::OwnColours(list.ForeColor, list.BackColor);
+    if (table_->styleSheet() != rule) {
+      table_->setStyleSheet(rule.isEmpty() ? rule : QStringLiteral("QTreeView { %1 }").arg(rule));
+    }
+    table_->setAcceptDrops(list.OLEDragOver || list.OLEDragDrop);
+    ApplyColumns(list);
+    if (rows_->SetRows(list.ListItems)) table_->viewport()->update();
+    ApplySelection(list.ListItems);
+  }
+
+  void ApplyColumns(const ListView& list) {
+    QStringList heads;
+    std::vector<int> widths;
+    for (const ListView::Column& column : list.Columns()) {
+      heads << look::FromText(column.Header);
+      widths.push_back(look::Pixels(column.Width));
+    }
+    table_->setHeaderHidden(heads.isEmpty());
+    rows_->SetHeads(heads);
+    if (widths == widths_) return;
+    widths_ = widths;
+    for (std::size_t i = 0; i < widths.size(); ++i) {
+      table_->header()->resizeSection(static_cast<int>(i), widths[i]);
+    }
+  }
+
+  void ApplySelection(const ListItems& items) {
+    QItemSelection wanted;
+    int first = -1;
+    bool differs = false;
+    for (int row = 0; row < items.Count(); ++row) {
+      const bool on = items(row + 1).Selected();
+      differs = differs || on != table_->selectionModel()->isRowSelected(row);
+      if (!on) continue;
+      wanted.select(rows_->index(row, 0), rows_->index(row, rows_->columnCount() - 1));
+      if (first < 0) first = row;
+    }
+    if (!differs) return;
+    if (first >= 0) {
+      table_->selectionModel()->setCurrentIndex(rows_->index(first, 0),
+                                                QItemSelectionModel::NoUpdate);
+      table_->scrollTo(rows_->index(first, 0));
+    }
+    table_->selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect);
+  }
+
+  TableWidget* table_;
+  RowsModel* rows_;
+  std::vector<int> widths_;
+  int row_ = -1;  // where the mouse was pressed
+  bool changed_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Face> MakeTableFace(ListView& list, FormWindow& window) {
+  return std::make_unique<TableFace>(list, window);
+}
+
+}  // namespace vantora

@@ -1,0 +1,25 @@
+// What a window asks of the loop that shows it.
+#pragma once
+
+#include "backends/qt/pictures.h"
+
+#include "platform/event_loop.h"
+
+namespace vantora {
+
+class FormWindow;
+
+class WindowHost {
+ public:
+  virtual ~WindowHost() = default;
+  virtual void Handle(const std::function<void()>& handler) = 0;  // runs it as the loop runs all
+  virtual void Later(std::function<void()> work) = 0;             // when the loop turns
+  virtual bool Blocked(const Form& form) const = 0;               // behind a modal window, or ended
+  virtual void Activated() = 0;                                   // some window got the focus
+  virtual void Restored(Form& form) = 0;                          // it was minimized
+  virtual void Painted() = 0;
+  virtual Text PathOfFile(const QString& file) const = 0;  // as the program writes it
+  virtual Pictures& ThePictures() = 0;
+};
+
+}  // namespace vantora
