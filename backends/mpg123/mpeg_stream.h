@@ -1,0 +1,46 @@
+// An MPEG audio file behind libmpg123: how long it is, and its sound block by block.
+#pragma once
+
+#include "platform/files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace vantora {
+
+constexpr int kFehlerKeinMpeg = 321;  // the file's format is a foreign one
+
+struct MpegLength {
+  std::int64_t frames = 0;   // MPEG frames in the file
+  std::int64_t samples = 0;  // per channel, at `rate`, without what the encoder put around them
+  long rate = 0;             // Hz
+};
+
+struct MpegBlock {
+  const void* sound = nullptr;  // interleaved stereo; valid until the next call
+  std::size_t bytes = 0;
+  long rate = 0;           // 44100: 16-bit integers; else 32-bit floats of -1 to 1
+  std::int64_t frame = 0;  // of the file, from 1
+};
+
+class MpegStream {
+ public:
+  // Raises the errors of Dateien::Open, and 321 for a file without MPEG audio.
+  MpegStream(Dateien& dateien, const Text& path);
+  ~MpegStream();
+
+  // Counts the file's frames; the stream is at its start again after it.
+  static MpegLength Measure(Dateien& dateien, const Text& path);
+
+  // The next block, which may be empty; nothing at the end. Damage inside the file is skipped as
+  // far as frames follow behind it. Raises what the file raises.
+  std::optional<MpegBlock> Next();
+
+ private:
+  struct Handle;
+  std::unique_ptr<Handle> handle_;
+};
+
+}  // namespace vantora
