@@ -1,0 +1,192 @@
+#include <gtest/gtest.h>
+
+#include "catalog/wave_pruefung.h"
+#include "tests/support/buehne.h"
+
+#include <cstdlib>
+
+namespace vantora {
+namespace {
+
+constexpr std::int64_t kZweiSekunden = 2 * 44100;
+
+// A valid 3-second wave file as bytes, to be spoiled.
+std::string GuteWave(Buehne& b) {
+  b.Wave(L"C:\\muster.wav", 3 * 44100);
+  return b.Lies(L"C:\\muster.wav");
+}
+
+std::string Zahl32(std::uint32_t wert) {
+  std::string text;
+  for (int i = 0; i < 4; ++i, wert >>= 8U) text += static_cast<char>(wert & 0xFFU);
+  return text;
+}
+
+std::string MitFremdemChunk(std::string wave, std::uint32_t bytes) {
+  wave.insert(36, "LIST" + Zahl32(bytes) + std::string(bytes, 'x'));
+  wave.replace(4, 4, Zahl32(static_cast<std::uint32_t>(wave.size()) - 8));
+  return wave;
+}
+
+ScriptedUser::Action Eigenschaften(Buehne& b, const Text& titel) {
+  return [&b, titel](Form& front) {
+    auto& fenster = dynamic_cast<frmNeuerInterpret&>(front);
+    b.platform.hands.Type(fenster.txtTitel, titel);
+    b.platform.hands.Key(fenster, L"Return");
+  };
+}
+
+TEST(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
+  Buehne b;
+  b.Start();
+  const std::string gut = GuteWave(b);
+  const auto ersetzt = [&](std::size_t stelle, const std::string& bytes) {
+    return std::string(gut).replace(stelle, bytes.size(), bytes);
+  };
+  const auto groesse = static_cast<std::uint32_t>(gut.size());
+  struct Fall {
+    const char* Name;
+    std::string Bytes;
+    bool Gueltig;
+  };
+  const std::vector<Fall> faelle = {
+      {"as it is", gut, true},
+      {"no RIFF", ersetzt(0, "RF64"), false},
+      {"RIFF size one off", ersetzt(4, Zahl32(groesse - 9)), false},
+      {"no WAVE", ersetzt(8, "AVI "), false},
+      {"no format first", ersetzt(12, "JUNK"), false},
+      {"format size beyond the file", ersetzt(16, Zahl32(0x7FFFFFF0)), false},
+      {"mono", ersetzt(22, std::string("\1\0", 2)), false},
+      {"48 kHz", ersetzt(24, Zahl32(48000)), false},
+      {"8 bit", ersetzt(34, std::string("\x08\0", 2)), false},
+      {"data beyond the file", ersetzt(40, Zahl32(groesse + 1)), false},
+      {"foreign chunk of 200", MitFremdemChunk(gut, 200), true},
+      {"foreign chunk of 201", MitFremdemChunk(gut, 201), false},
+      {"cut in the header", gut.substr(0, 30), false},
+      {"empty", "", false},
+  };
+  for (const Fall& fall : faelle) {
+    b.Datei(L"C:\\probe.wav", fall.Bytes);
+    EXPECT_EQ(CheckWaveValid(b.platform.bundle, *b.Haupt().MMWaveFileX1, L"C:\\probe.wav"),
+              fall.Gueltig)
+        << fall.Name;
+  }
+  std::filesystem::create_directory(b.home.Path() / "ordner.wav");
+  EXPECT_FALSE(CheckWaveValid(b.platform.bundle, *b.Haupt().MMWaveFileX1, L"C:\\ordner.wav"));
+}
+
+TEST(Import, AWaveFileEntersWithTheTitleThatTheUserGives) {
+  Buehne b;
+  b.Start();
+  b.Wave(L"C:\\canto.wav", 3 * 44100);
+  b.WaehltDatei({L"C:\\canto.wav"}).Macht(Eigenschaften(b, L"Azul oscuro"));
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  EXPECT_EQ(b.Titel(), std::vector<Text>{L"Azul oscuro"});
+  EXPECT_EQ(b.prog.Katalog[1].Interpret.Getrimmt(), L"Nuevo intérprete");
+  EXPECT_EQ(b.prog.Katalog[1].Pause, 2);
+  EXPECT_TRUE(b.prog.KatalogGeaendert);
+  EXPECT_EQ(b.Haupt().lblKatalogLaenge.Caption(), L"00:00:03");
+  b.Tu([&] { b.Haupt().imgDeleteTitel_MouseUp(); });
+  EXPECT_TRUE(b.Titel().empty());
+}
+
+TEST(Import, TwoSecondsAreTooShortAndAMillisecondMoreIsNot) {
+  Buehne b;
+  b.Start();
+  b.Wave(L"C:\\corta.wav", kZweiSekunden);
+  b.WaehltDatei({L"C:\\corta.wav"}).Antwortet(kNein);
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8040));
+  b.Wave(L"C:\\justa.wav", kZweiSekunden + 45);
+  b.WaehltDatei({L"C:\\justa.wav"}).Macht(Eigenschaften(b, L"x"));
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  EXPECT_EQ(b.Titel().size(), 1U);
+}
+
+TEST(Import, OfSeveralFilesABadOneAsksAndTheRestFollows) {
+  Buehne b;
+  b.Start();
+  b.Wave(L"C:\\m\\1.wav", 3 * 44100);
+  b.Datei(L"C:\\m\\2.wav", "nada");
+  b.Wave(L"C:\\m\\3.wav", 3 * 44100);
+  b.WaehltDatei({L"C:\\m\\1.wav", L"C:\\m\\2.wav", L"C:\\m\\3.wav"})
+      .Macht(Eigenschaften(b, L"uno"))
+      .Antwortet(kJa)
+      .Macht(Eigenschaften(b, L"tres"));
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"uno", L"tres"}));
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8049));
+  EXPECT_EQ(b.Haupt().DateienOffen, 1);
+  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+}
+
+TEST(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
+  Buehne b;
+  b.Start();
+  const Text lang = L"C:\\" + Text(95, L'a') + L".wav";
+  b.Datei(L"C:\\texto.mp3", std::string(4000, 'x'));
+  struct Fall {
+    Text Datei;
+    int Meldung;
+  };
+  for (const Fall& fall : {Fall{L".wav;*.mp3", 8034}, Fall{L"C:\\falta.wav", 8035},
+                           Fall{lang, 8085}, Fall{L"C:\\texto.mp3", 8067}}) {
+    b.user.Said.clear();
+    b.WaehltDatei({fall.Datei}).Antwortet(kNein);
+    b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+    ASSERT_EQ(b.Gesagt().size(), 1U) << fall.Meldung;
+    EXPECT_EQ(b.Gesagt()[0], b.prog.Text(fall.Meldung));
+  }
+  EXPECT_TRUE(b.Titel().empty());
+  EXPECT_FALSE(b.prog.KatalogGeaendert);
+}
+
+class Mp3Import : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    b.Start();
+    b.Wave(L"C:\\fuente.wav", 5 * 44100);
+    const std::string ordner = b.home.Path().string();
+    const std::string befehl =
+        "lame --quiet -b 128 '" + ordner + "/fuente.wav' '" + ordner + "/mi canto.nuevo.mp3'";
+    ASSERT_EQ(std::system(befehl.c_str()), 0);
+  }
+  static constexpr const wchar_t* kMp3 = L"C:\\mi canto.nuevo.mp3";
+  static constexpr const wchar_t* kZiel = L"C:\\Vantora\\Wavs\\mi_canto.nuevo.wav";
+  Buehne b;
+};
+
+TEST_F(Mp3Import, IsDecodedIntoTheWaveDirectory) {
+  b.prog.Ask_Track_Info = 1;
+  b.WaehltDatei({kMp3}).Macht([&](Form& front) {
+    EXPECT_EQ(dynamic_cast<frmNeuerInterpret&>(front).txtTitel.Text(), L"mi_canto");
+    b.platform.hands.Key(front, L"Return");
+  });
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  ASSERT_EQ(b.Titel(), std::vector<Text>{L"mi_canto"});
+  EXPECT_EQ(b.prog.Katalog[1].Datei.Getrimmt(), kZiel);
+  EXPECT_TRUE(CheckWaveValid(b.platform.bundle, *b.Haupt().MMWaveFileX1, kZiel));
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+  // Once more: the file is there, and a no leaves it alone.
+  const std::string vorher = b.Lies(kZiel);
+  b.WaehltDatei({kMp3}).Antwortet(kNein);
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  EXPECT_EQ(b.Lies(kZiel), vorher);
+  EXPECT_EQ(b.Titel().size(), 1U);
+}
+
+TEST_F(Mp3Import, ACancelLeavesNoFile) {
+  b.platform.loop.PostAfter(1, [&] { b.prog.frmSchreibFortschritt().imgAbbrechen_MouseUp(); });
+  b.WaehltDatei({kMp3}).Antwortet(kNein);
+  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8029));
+  EXPECT_FALSE(b.prog.DateiExistiert(kZiel));
+  EXPECT_TRUE(b.Titel().empty());
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+}
+
+}  // namespace
+}  // namespace vantora

@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include "app/zahlen.h"
+#include "cdwriting/fortschritt.h"
+#include "tests/support/buehne.h"
+
+namespace vantora {
+namespace {
+
+class Brennen : public ::testing::Test {
+ protected:
+  void SetUp() override { b.Start(); }
+  // Opens the burner window over a catalog.
+  void Oeffnen(const std::vector<Text>& titel) {
+    b.Katalog(titel);
+    b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
+    ASSERT_TRUE(Fenster().Visible());
+  }
+  frmCDBrennen& Fenster() { return b.prog.frmCDBrennen(); }
+  void Start() {
+    b.Tu([&] { Fenster().imgBrennen_MouseUp(); });
+  }
+  void OhneHinweis() { b.prog.ZeigeTAOHinweis = false; }
+  std::string Protokoll() { return b.Lies(L"C:\\Vantora\\VTRBurn.log"); }
+  std::string Bin(int n) {
+    return b.Lies(L"C:\\Vantora\\Discos\\Disco 00" + ZahlText(n) + L".bin");
+  }
+  Text Sagt(int nummer) { return b.prog.Text(nummer); }
+
+  Buehne b;
+};
+
+// Raw audio of a wave file written by the stage: everything behind the 44 bytes of its header.
+std::string Ton(Buehne& b, const Text& name) {
+  return b.Lies(L"C:\\Vantora\\Wavs\\" + name + L".wav").substr(44);
+}
+
+constexpr std::size_t kSektor = 2352, kLuecke = 150 * kSektor;
+
+TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
+  Oeffnen({L"a", L"b"});
+  OhneHinweis();
+  // Insert a disc, written, no other one.
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
+  Start();
+  EXPECT_EQ(b.Gesagt(),
+            (std::vector<Text>{Sagt(4006), Sagt(4012), Sagt(4018) + L"\r\n" + Sagt(4019)}));
+  const std::string a = Ton(b, L"a"), bin = Bin(1);
+  const std::size_t aSektoren = (a.size() + kSektor - 1) / kSektor * kSektor;
+  ASSERT_EQ(bin.size(), 2 * aSektoren + kLuecke);
+  EXPECT_EQ(bin.substr(0, a.size()), a);
+  EXPECT_EQ(bin.substr(aSektoren, kLuecke), std::string(kLuecke, '\0'));
+  EXPECT_EQ(bin.substr(aSektoren + kLuecke, a.size()), Ton(b, L"b"));
+  EXPECT_EQ(b.prog.Number_Burned_CD, 1);
+  EXPECT_FALSE(b.prog.frmCDBrennen.Geladen());
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+  const std::string text = Protokoll();
+  EXPECT_NE(text.find("\r\n\r\n\r\n01. C:\\Vantora\\Wavs\\a.wav\r\n02. C:\\Vantora\\Wavs\\b.wav\r\n"
+                      "\r\n\r\nModo de grabado (DAO/TAO) TAO\r\nN\xFAmero de copias: 1\r\n"
+                      "Resultado: Operaci\xF3n realizada con \xE9xito\r\n"),
+            std::string::npos);
+  // The disc is in the database, under a key of its own.
+  const std::vector<Text> discos =
+      b.platform.machine.profiles.GetPrivateProfileSectionNames(L"qmaudio.ini", 5000);
+  ASSERT_EQ(discos.size(), 1U);
+  const auto wert = [&](const wchar_t* name) {
+    return b.platform.machine.profiles.GetPrivateProfileString(discos[0], name, L"", 100,
+                                                               L"qmaudio.ini");
+  };
+  EXPECT_EQ(wert(L"title"), L"Disco");
+  EXPECT_EQ(wert(L"numtracks"), L"2");
+  EXPECT_EQ(wert(L"0"), L"Voz;a;5");
+  EXPECT_EQ(wert(L"1"), L"Voz;b;3");
+  EXPECT_EQ(wert(L"totaltime"), L"8");
+}
+
+TEST_F(Brennen, ADiscAtOnceRunLendsThePausesToTheFilesAndTakesThemBack) {
+  Oeffnen({L"a", L"b"});
+  const std::string a = Ton(b, L"a");
+  Fenster().optDiscAtOnce.SetValue(true);
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
+  Start();
+  const std::string bin = Bin(1);
+  EXPECT_EQ(bin.substr(0, a.size()), a);
+  EXPECT_EQ(bin.substr(a.size(), 352800), std::string(352800, '\0'));
+  EXPECT_EQ(Ton(b, L"a"), a);
+  EXPECT_NE(b.Lies(L"C:\\Vantora\\Discos\\Disco 001.cue").find("TITLE \"Disco\""),
+            std::string::npos);
+  EXPECT_NE(Protokoll().find(") DAO\r\n"), std::string::npos);
+}
+
+TEST_F(Brennen, ACancelledDiscAtOnceRunLeavesTheSilenceInTheFiles) {
+  Oeffnen({L"a", L"b"});
+  const std::size_t a = Ton(b, L"a").size(), letzter = Ton(b, L"b").size();
+  Fenster().optDiscAtOnce.SetValue(true);
+  b.platform.machine.writer.Faults.Pace = 1;
+  b.platform.loop.PostAfter(4000, [&] { b.prog.frmSchreibFortschritt().imgAbbrechen_MouseUp(); });
+  b.Antwortet(kNein).Antwortet(kNein);
+  Start();
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4006), Sagt(4017) + L"\r\n"}));
+  EXPECT_EQ(Ton(b, L"a").size(), a + 352800);
+  EXPECT_EQ(Ton(b, L"b").size(), letzter);
+  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\Discos\\Disco 001.bin"));
+  EXPECT_TRUE(Fenster().Visible());
+  EXPECT_TRUE(Fenster().Window.Enabled);
+  EXPECT_NE(Protokoll().find("Operaci\xF3n fracasada"), std::string::npos);
+  EXPECT_EQ(b.prog.Number_Burned_CD, 0);
+}
+
+TEST_F(Brennen, ThreeCopiesAskBetweenThemAndASecondSetStartsAgain) {
+  Oeffnen({L"a"});
+  OhneHinweis();
+  Fenster().txtKopienAnzahl.Text = L"2";
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);  // first copy, then the next
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kJa);    // second copy, another set
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);  // first again
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);  // second again, enough
+  Start();
+  ASSERT_EQ(b.Gesagt().size(), 12U);
+  EXPECT_EQ(b.Gesagt()[2], L"Se va a crear la copia 2 /  2 del CD ");
+  EXPECT_EQ(b.prog.Number_Burned_CD, 4);
+  EXPECT_TRUE(b.prog.DateiExistiert(L"C:\\Vantora\\Discos\\Disco 004.cue"));
+}
+
+TEST_F(Brennen, ASimulationRunsOnceAndLeavesNoDisc) {
+  Oeffnen({L"a"});
+  Fenster().optDiscAtOnce.SetValue(true);
+  Fenster().chkSimulation.Value = 1;
+  Fenster().txtKopienAnzahl.Text = L"5";
+  const std::size_t vorher = Ton(b, L"a").size();
+  b.Antwortet(kNein).Antwortet(kNein);
+  Start();
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4006), L"\r\n" + Sagt(4016)}));
+  EXPECT_EQ(Fenster().txtKopienAnzahl.Text(), L"1");
+  EXPECT_EQ(GetSetting(b.platform.bundle, L"Copies", L""), L"1");
+  EXPECT_EQ(Ton(b, L"a").size(), vorher);
+  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\Discos\\Disco 001.cue"));
+  EXPECT_NE(Protokoll().find(") DAO\r\nSimulaci\xF3n\r\n"), std::string::npos);
+}
+
+TEST_F(Brennen, FailuresBeforeAndDuringTheWriteEndInTheOpenWindow) {
+  WriterFaults& fehler = b.platform.machine.writer.Faults;
+  Oeffnen({L"a", L"b", L"c"});
+  OhneHinweis();
+  fehler.RefuseTrack = 2;
+  b.Antwortet(kNein).Antwortet(kNein);
+  Start();
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4005) + L"\r\nC:\\Vantora\\Wavs\\b.wav",
+                                           Sagt(4017) + L"\r\n"}));
+  EXPECT_NE(Protokoll().find("03. C:\\Vantora\\Wavs\\c.wav"), std::string::npos);
+
+  b.user.Said.clear();
+  fehler = WriterFaults{};
+  fehler.NotReady = 4;  // two rounds, as each asks twice
+  fehler.WriteTao = 5;
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
+  Start();
+  const Text nichtBereit = Sagt(4007) + L"\r\n" + Sagt(4008);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4006), nichtBereit, Sagt(4006), nichtBereit,
+                                           Sagt(4006), Sagt(4006), Sagt(4017) + L"\r\n"}));
+
+  b.user.Said.clear();
+  fehler = WriterFaults{};
+  fehler.FailAtPercent = 40;
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
+  Start();
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4006), Sagt(9004) + L"803\r" + Sagt(9010),
+                                           Sagt(4017) + L"\r\n"}));
+  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\Discos\\Disco 001.cue"));
+
+  b.user.Said.clear();
+  fehler = WriterFaults{};
+  fehler.WriteDao = -1;
+  Fenster().optDiscAtOnce.SetValue(true);
+  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
+  Start();
+  EXPECT_EQ(b.Gesagt(),
+            (std::vector<Text>{Sagt(4006), Sagt(4006) + Sagt(4010), Sagt(4017) + L"\r\n"}));
+}
+
+TEST_F(Brennen, ADeletedWaveIsToldBeforeTheBurnerWindowOpens) {
+  b.Katalog({L"a", L"b"});
+  std::filesystem::remove(b.home.Path() / "Vantora/Wavs/b.wav");
+  b.Antwortet(kNein);
+  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_EQ(b.Gesagt()[0],
+            Sagt(8016) + L"2\r\nC:\\Vantora\\Wavs\\b.wav" + Sagt(8017) + L"\r\n" + Sagt(8065));
+  EXPECT_FALSE(Fenster().Visible());
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+}
+
+TEST_F(Brennen, ACrossfadeChoosesDiscAtOnceWhereTheDriveCan) {
+  Oeffnen({L"a", L"b*", L"c*"});
+  EXPECT_TRUE(Fenster().optDiscAtOnce.Value());
+  b.Tu([&] { Fenster().imgAbbrechen_MouseUp(); });
+  EXPECT_FALSE(Fenster().Visible());
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+  b.platform.machine.writer.Faults.CanDao = false;
+  Fenster().Init_Brenner();
+  EXPECT_FALSE(Fenster().optDiscAtOnce.Enabled());
+  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
+  EXPECT_TRUE(Fenster().optTrackAtOnce.Value());
+}
+
+TEST_F(Brennen, TheHintOnPausesIsGoneForGoodOnceItIsTicked) {
+  Oeffnen({L"a"});
+  b.Macht([&](Form& front) {
+    auto& box = dynamic_cast<frmMBox&>(front);
+    EXPECT_TRUE(box.cbxNotShow.Visible());
+    b.platform.hands.Press(box.cbxNotShow);
+    b.platform.hands.Press(box.picMboxButton(1));
+  });
+  Start();
+  EXPECT_EQ(b.Gesagt(), std::vector<Text>{Sagt(4021)});
+  EXPECT_FALSE(b.prog.ZeigeTAOHinweis);
+  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\VTRBurn.log"));
+}
+
+TEST(Fortschritt, BarsMoveInStepsThatShowAndSpeedsHaveALimit) {
+  Buehne b;
+  b.Start();
+  Shape& balken = b.prog.frmSchreibFortschritt().shpAktKopie;
+  BalkenVerlaengern(balken, 0.008, 15);  // 18 twips: too little to paint
+  EXPECT_EQ(balken.Width(), 1);
+  BalkenVerlaengern(balken, 0.5, 15);
+  EXPECT_EQ(balken.Width(), 1185);
+  BalkenVerlaengern(balken, 1.0, 13);
+  EXPECT_EQ(balken.Width(), 1185);
+  EXPECT_EQ(BalkenLaenge(1.0, 12), 1896);
+  EXPECT_EQ(TempoText(3.14159), L"X3.14");
+  EXPECT_EQ(TempoText(1e9), L"X8");
+  EXPECT_EQ(DauerText(3723999), L"01:02:03");
+  EXPECT_EQ(Verstrichen(86399, 1), 2);
+}
+
+}  // namespace
+}  // namespace vantora
