@@ -36,6 +36,10 @@ void RequireRegular(const struct stat& info) {
   if (!S_ISREG(info.st_mode)) throw DateiFehler(kFehlerEinAusgabe);
 }
 
+bool MayWrite(const fs::path& file) {
+  return ::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) == 0;
+}
+
 int Flags(Zugriff access) {
   switch (access) {
     case Zugriff::Lesen:
@@ -205,7 +209,7 @@ void LinuxFiles::FileCopy(const Text& from, const Text& to) {
   if (::stat(target.c_str(), &old) == 0) {
     if (S_ISDIR(old.st_mode)) throw DateiFehler(kFehlerPfadZugriff);
     const bool same = old.st_dev == info.st_dev && old.st_ino == info.st_ino;
-    if (same || ::access(target.c_str(), W_OK) != 0) throw DateiFehler(kFehlerZugriff);
+    if (same || !MayWrite(target)) throw DateiFehler(kFehlerZugriff);
     RequireRegular(old);
   }
   ReplacementFile copy(target);

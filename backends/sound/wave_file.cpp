@@ -123,11 +123,10 @@ Datei& WaveFile::File() {
 }
 
 void WaveFile::MakeWritable() {
-  Datei& reading = File();
+  File();
   if (!writable_) {
     // The file must be the one whose header was read: nothing is made anew, nothing was changed.
-    const std::int64_t length = reading.Length();
-    if (dateien_.FileLen(path_) != length) {
+    if (dateien_.FileLen(path_) != layout_.TailOffset + layout_.TailBytes) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo ha cambiado");
     }
     file_ = dateien_.Open(path_, Zugriff::Binaer);

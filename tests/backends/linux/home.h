@@ -1,0 +1,125 @@
+// A user's home in a folder that is gone after the test, with the drive table and files over it.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "backends/linux/drive_table.h"
+#include "backends/linux/linux_files.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace vantora::test {
+
+namespace fs = std::filesystem;
+
+class TempFolder {
+ public:
+  TempFolder() {
+    std::string name = (fs::temp_directory_path() / "vantora-test-XXXXXX").string();
+    if (!::mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
+    path_ = name;
+  }
+  ~TempFolder() {
+    std::error_code left;
+    fs::remove_all(path_, left);
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+  const fs::path& operator()() const { return path_; }
+
+ private:
+  fs::path path_;
+};
+
+inline void Put(const fs::path& file, std::string_view bytes) {
+  fs::create_directories(file.parent_path());
+  std::ofstream(file, std::ios::binary) << bytes;
+}
+
+inline std::string Get(const fs::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// The number of the run-time error that `work` raises, 0 for none.
+inline int ErrorOf(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const Laufzeitfehler& fehler) {
+    EXPECT_FALSE(fehler.Beschreibung.empty());
+    return fehler.Nummer;
+  }
+  return 0;
+}
+
+// All names in a folder, hidden ones too, so that nothing left behind is missed.
+inline std::size_t NamesIn(const fs::path& folder) {
+  return static_cast<std::size_t>(
+      std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+struct Home {
+  TempFolder Folder;
+  LinuxPlaces Places = PlacesBelow(Folder());
+  DriveTable Table{Places};
+  LinuxFiles Files{Table};
+
+  fs::path operator/(const char* name) const { return Folder() / name; }
+};
+
+// No file can grow beyond `bytes` while this lives: what a full disk does, without one.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &old_);
+    rlimit limit = old_;
+    limit.rlim_cur = bytes;
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &old_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit old_{};
+  void (*handler_)(int);
+};
+
+// An administrator may do everything, so a test about permissions is somebody else for a while.
+class Nobody {
+ public:
+  explicit Nobody(const fs::path& owned) : root_(::geteuid() == 0) {
+    if (!root_) return;
+    for (const auto& entry : fs::recursive_directory_iterator(owned)) Give(entry.path());
+    Give(owned);
+    EXPECT_EQ(::seteuid(kNobody), 0);
+  }
+  ~Nobody() {
+    if (root_ && ::seteuid(0) != 0) std::abort();
+  }
+  Nobody(const Nobody&) = delete;
+  Nobody& operator=(const Nobody&) = delete;
+
+ private:
+  static constexpr uid_t kNobody = 65534;
+  static void Give(const fs::path& path) {
+    EXPECT_EQ(::lchown(path.c_str(), kNobody, static_cast<gid_t>(-1)), 0);
+  }
+  bool root_;
+};
+
+}  // namespace vantora::test

@@ -1,0 +1,224 @@
+#include <gtest/gtest.h>
+
+#include "backends/linux/utf8.h"
+#include "tests/backends/linux/home.h"
+
+#include <algorithm>
+#include <cstring>
+#include <fcntl.h>
+#include <random>
+#include <sys/stat.h>
+#include <vector>
+
+namespace vantora::test {
+
+TEST(LinuxFiles, EveryRefusalHasItsNumber) {
+  Home home;
+  Put(home / "a.wav", "abc");
+  fs::create_directory(home / "folder.x");
+  ASSERT_EQ(::mkfifo((home / "pipe").c_str(), 0600), 0);
+  LinuxFiles& files = home.Files;
+  const auto open = [&](const Text& path, Zugriff access) {
+    return ErrorOf([&] { files.Open(path, access); });
+  };
+  EXPECT_EQ(open(L"C:\\b.wav", Zugriff::Lesen), 53);
+  EXPECT_EQ(open(L"C:\\none\\b.wav", Zugriff::Neu), 76);
+  EXPECT_EQ(open(L"C:\\a.wav\\b.wav", Zugriff::Lesen), 76);
+  EXPECT_EQ(open(L"Q:\\a.wav", Zugriff::Lesen), 76);
+  for (const Zugriff access : {Zugriff::Lesen, Zugriff::Binaer, Zugriff::Anhaengen, Zugriff::Neu}) {
+    EXPECT_EQ(open(L"C:\\folder.x", access), 75);
+    EXPECT_EQ(open(L"C:\\pipe", access), 57);  // and nobody waited for a writer
+  }
+  EXPECT_EQ(open(L"Z:\\dev\\null", Zugriff::Binaer), 57);
+  EXPECT_EQ(ErrorOf([&] { files.FileLen(L"C:\\b.wav"); }), 53);
+  EXPECT_EQ(ErrorOf([&] { files.FileLen(L"C:\\folder.x"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.FileDateTime(L"C:\\b.wav"); }), 53);
+  EXPECT_EQ(ErrorOf([&] { files.Kill(L"C:\\b.wav"); }), 53);
+  EXPECT_EQ(ErrorOf([&] { files.Kill(L"C:\\folder.x"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.MkDir(L"C:\\a.wav\\sub"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.MkDir(L"C:\\a.wav"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.List(L"C:\\none", L"*.*"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { files.Folders(L"Q:\\"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { files.FileCopy(L"C:\\b.wav", L"C:\\c.wav"); }), 53);
+  EXPECT_EQ(ErrorOf([&] { files.FileCopy(L"C:\\a.wav", L"C:\\none\\c.wav"); }), 76);
+  EXPECT_EQ(ErrorOf([&] { files.FileCopy(L"C:\\a.wav", L"C:\\folder.x"); }), 75);
+  EXPECT_EQ(ErrorOf([&] { files.FileCopy(L"C:\\a.wav", L"C:\\A.WAV"); }), 70);  // itself
+  const auto file = files.Open(L"C:\\a.wav", Zugriff::Lesen);
+  char bytes[8];
+  EXPECT_EQ(ErrorOf([&] { file->Read(bytes, 4); }), 62);
+  EXPECT_EQ(ErrorOf([&] { file->Seek(-1); }), 5);
+  EXPECT_FALSE(files.IsDirectory(L"C:\\a.wav"));
+  EXPECT_FALSE(files.IsDirectory(L"Q:\\"));
+  EXPECT_TRUE(files.IsDirectory(L"C:\\FOLDER.X\\"));
+  EXPECT_EQ(Get(home / "a.wav"), "abc");
+}
+
+TEST(LinuxFiles, PermissionsAreRespected) {
+  Home home;
+  Put(home / "locked.wav", "abc");
+  Put(home / "shut/a.wav", "abc");
+  Nobody nobody(home.Folder());
+  fs::permissions(home / "locked.wav", fs::perms::owner_read);
+  fs::permissions(home / "shut", fs::perms::owner_read | fs::perms::owner_exec);
+  const auto refused = [&](const std::function<void()>& work) { EXPECT_EQ(ErrorOf(work), 70); };
+  refused([&] { home.Files.Open(L"C:\\locked.wav", Zugriff::Anhaengen); });
+  refused([&] { home.Files.Open(L"C:\\locked.wav", Zugriff::Binaer); });
+  refused([&] { home.Files.FileCopy(L"C:\\shut\\a.wav", L"C:\\locked.wav"); });
+  refused([&] { home.Files.FileCopy(L"C:\\locked.wav", L"C:\\shut\\b.wav"); });
+  refused([&] { home.Files.Kill(L"C:\\shut\\a.wav"); });
+  refused([&] { home.Files.MkDir(L"C:\\shut\\b"); });
+  EXPECT_EQ(Get(home / "locked.wav"), "abc");
+  EXPECT_EQ(NamesIn(home / "shut"), 1U);
+  fs::permissions(home / "shut", fs::perms::owner_all);
+}
+
+TEST(LinuxFiles, EachWayToOpenKeepsOrEmptiesTheFile) {
+  Home home;
+  const auto write = [&](Zugriff access, const char* text) {
+    home.Files.Open(L"C:\\a.txt", access)->Write(text, std::strlen(text));
+    return Get(home / "a.txt");
+  };
+  EXPECT_EQ(write(Zugriff::Binaer, "hello"), "hello");
+  EXPECT_EQ(write(Zugriff::Binaer, "J"), "Jello");
+  EXPECT_EQ(write(Zugriff::Anhaengen, "!"), "Jello!");
+  EXPECT_EQ(write(Zugriff::Neu, "x"), "x");
+  EXPECT_EQ(home.Files.FileLen(L"C:\\A.TXT"), 1);
+  home.Files.Kill(L"c:\\A.txt");
+  EXPECT_EQ(write(Zugriff::Anhaengen, "new"), "new");
+}
+
+// Small reads come out of a buffer; nothing of it may ever be older than what was written.
+TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
+  Home home;
+  const auto file = home.Files.Open(L"C:\\a.dat", Zugriff::Binaer);
+  std::vector<char> model;
+  std::mt19937 random(11);
+  std::size_t place = 0;
+  for (int step = 0; step < 20000; ++step) {
+    const std::size_t size = random() % 3 == 0 ? random() % 9000 : random() % 16;
+    switch (random() % 8) {
+      case 0:
+        place = random() % 20000;
+        file->Seek(static_cast<std::int64_t>(place));
+        break;
+      case 1: {
+        std::vector<char> bytes(size);
+        for (char& byte : bytes) byte = static_cast<char>(random());
+        file->Write(bytes.data(), size);
+        if (size > 0) model.resize(std::max(model.size(), place + size));
+        std::copy(bytes.begin(), bytes.end(),
+                  model.begin() + static_cast<std::ptrdiff_t>(size > 0 ? place : 0));
+        place += size;
+        break;
+      }
+      case 2:
+        if (random() % 10 != 0) break;
+        model.resize(random() % 20000);
+        file->Truncate(static_cast<std::int64_t>(model.size()));
+        break;
+      default: {
+        std::vector<char> bytes(size);
+        const std::size_t left = place < model.size() ? model.size() - place : 0;
+        const std::size_t got = file->ReadSome(bytes.data(), size);
+        ASSERT_EQ(got, std::min(size, left));
+        ASSERT_TRUE(got == 0 || std::memcmp(bytes.data(), model.data() + place, got) == 0);
+        place += got;
+      }
+    }
+    ASSERT_EQ(file->Position(), static_cast<std::int64_t>(place));
+    ASSERT_EQ(file->Length(), static_cast<std::int64_t>(model.size()));
+  }
+}
+
+TEST(LinuxFiles, WalkingAHeaderCostsFewCalls) {
+  std::ifstream io("/proc/self/io");
+  if (!io) GTEST_SKIP() << "this system does not count calls";
+  Home home;
+  Put(home / "a.dat", std::string(100000, 'x'));
+  const auto calls = [] {
+    std::ifstream in("/proc/self/io");
+    std::string word;
+    long long value = 0;
+    while (in >> word >> value) {
+      if (word == "syscr:") return value;
+    }
+    return -1LL;
+  };
+  const auto file = home.Files.Open(L"C:\\a.dat", Zugriff::Lesen);
+  const long long before = calls();
+  char four[4];
+  for (int i = 0; i < 1000; ++i) file->Read(four, 4);
+  EXPECT_LT(calls() - before, 20);
+}
+
+TEST(LinuxFiles, ACopyIsWholeOrNotThere) {
+  Home home;
+  std::string song(3'500'000, 'x');
+  for (std::size_t i = 0; i < song.size(); i += 1000) song[i] = static_cast<char>(i / 1000);
+  Put(home / "Music/a.wav", song);
+  home.Files.FileCopy(L"C:\\music\\A.WAV", L"C:\\Copies.wav");
+  EXPECT_TRUE(Get(home / "Copies.wav") == song);
+  EXPECT_EQ(home.Files.FileDateTime(L"C:\\Copies.wav"),
+            home.Files.FileDateTime(L"C:\\Music\\a.wav"));
+  Put(home / "Full/old.wav", "old");
+  {
+    const FullDisk disk(1'000'000);
+    EXPECT_EQ(ErrorOf([&] { home.Files.FileCopy(L"C:\\Music\\a.wav", L"C:\\Full\\b.wav"); }), 61);
+    EXPECT_EQ(ErrorOf([&] { home.Files.FileCopy(L"C:\\Music\\a.wav", L"C:\\Full\\old.wav"); }), 61);
+    EXPECT_EQ(ErrorOf([&] {
+                home.Files.Open(L"C:\\Full\\old.wav", Zugriff::Anhaengen)
+                    ->Write(song.data(), song.size());
+              }),
+              61);
+  }
+  EXPECT_EQ(NamesIn(home / "Full"), 1U);
+  fs::create_symlink(home / "Copies.wav", home / "link.wav");
+  home.Files.FileCopy(L"C:\\Full\\old.wav", L"C:\\link.wav");
+  EXPECT_TRUE(fs::is_symlink(home / "link.wav"));  // the file behind it was replaced
+  EXPECT_EQ(fs::file_size(home / "Copies.wav"), fs::file_size(home / "Full/old.wav"));
+}
+
+TEST(LinuxFiles, TheTimeOfChangeIsExactAndStable) {
+  Home home;
+  Put(home / "a.vtr", "x");
+  const timespec times[2] = {{0, 0}, {1795514400, 123456789}};
+  ASSERT_EQ(::utimensat(AT_FDCWD, (home / "a.vtr").c_str(), times, 0), 0);
+  EXPECT_EQ(home.Files.FileDateTime(L"C:\\A.vtr"), L"2026-11-24 10:00:00.123456789");
+}
+
+TEST(LinuxFiles, AListShowsTheFilesOfItsPatternsAndNothingElse) {
+  Home home;
+  for (const char* name : {"b.wav", "A.WAV", "c.mp3", "d.mp3.txt", ".hidden.wav", "a\\b.wav",
+                           "ñandú.wav", "e.wavx", "f"}) {
+    Put(home / "m" / name, "x");
+  }
+  Put(home / "m" / "broken\xFF.wav", "byte");
+  fs::create_directories(home / "m/folder.wav");
+  fs::create_directories(home / "m/.git");
+  fs::create_symlink(home / "m/b.wav", home / "m/link.wav");
+  fs::create_symlink(home / "m/nowhere", home / "m/dangling.wav");
+  ASSERT_EQ(::mkfifo((home / "m/pipe.wav").c_str(), 0600), 0);
+  const auto list = [&](const Text& pattern) { return home.Files.List(L"C:\\M\\", pattern); };
+  EXPECT_EQ(list(L"*.wav"), (std::vector<Text>{L"A.WAV", L"a\\b.wav", L"b.wav", L"broken\xDCFF.wav",
+                                               L"link.wav", L"ñandú.wav"}));
+  EXPECT_EQ(list(L"*.MP3; c*"), (std::vector<Text>{L"c.mp3"}));
+  EXPECT_EQ(list(L"?.wav;f"), (std::vector<Text>{L"A.WAV", L"b.wav", L"f"}));
+  EXPECT_EQ(list(L"").size(), 10U);
+  EXPECT_EQ(list(L"*.*"), list(L"*"));
+  EXPECT_TRUE(list(L"*a*a*a*a*a*a*a*a*a*a*a*a*b").empty());
+  EXPECT_EQ(home.Files.Folders(L"C:\\m"), (std::vector<Text>{L"folder.wav"}));
+  // A name that is no text can be opened all the same.
+  EXPECT_EQ(home.Files.FileLen(L"C:\\m\\broken\xDCFF.wav"), 4);
+}
+
+TEST(LinuxFiles, FoldersAreMadeWithTheirParents) {
+  Home home;
+  home.Files.MkDir(L"C:\\Música\\2026\\Noviembre\\");
+  home.Files.MkDir(L"c:\\MÚSICA\\2026\\Diciembre");
+  EXPECT_TRUE(fs::is_directory(home / "Música/2026/Diciembre"));
+  home.Files.MkDir(L"C:\\Música");  // there already
+  EXPECT_EQ(home.Files.Folders(L"C:\\música\\2026"),
+            (std::vector<Text>{L"Diciembre", L"Noviembre"}));
+}
+
+}  // namespace vantora::test

@@ -1,0 +1,54 @@
+#include "backends/sound/cutter.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+
+#include <algorithm>
+
+namespace vantora::test {
+
+TEST(Cutter, ItTakesOutTheRangeAndNothingElse) {
+  constexpr std::int64_t kFrames = 900'000;  // several blocks
+  const std::string data = Noise(kFrames * 4), tail = Chunk("LIST", Noise(501, 2));
+  const struct {
+    std::int64_t From, Frames;
+  } cases[] = {{0, 1},
+               {100, 50'000},
+               {1, 600'000},
+               {kFrames - 1, 1},
+               {0, kFrames},
+               {kFrames - 5, 100},
+               {kFrames, 10},
+               {5, 0},
+               {5, -3},
+               {-10, 30},
+               {-10, 10},
+               {700'000, INT64_MAX},
+               {INT64_MIN / 2, INT64_MAX}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.From);
+    Home home;
+    Put(home / "a.wav", Wave(data, tail));
+    Cutter(home.Files).Cut(L"C:\\a.wav", each.From, each.Frames);
+    std::string expected;
+    for (std::int64_t frame = 0; frame < kFrames; ++frame) {
+      const bool cut = each.Frames > 0 && frame >= each.From && frame - each.From < each.Frames;
+      if (!cut) expected.append(data, static_cast<std::size_t>(frame) * 4, 4);
+    }
+    EXPECT_TRUE(Get(home / "a.wav") == Wave(expected, tail));
+  }
+}
+
+TEST(Cutter, ABlankFileOnlyAsksWhetherItIsThere) {
+  Home home;
+  Cutter cutter(home.Files);
+  EXPECT_EQ(ErrorOf([&] { cutter.Cut(L"", 0, 10); }), 0);
+  EXPECT_EQ(ErrorOf([&] { cutter.Cut(L"C:\\none.wav", 0, 10); }), 53);
+  Put(home / "b.txt", "no wave");
+  EXPECT_EQ(ErrorOf([&] { cutter.Cut(L"C:\\b.txt", 0, 10); }), 57);
+  EXPECT_EQ(Get(home / "b.txt"), "no wave");
+}
+
+}  // namespace vantora::test

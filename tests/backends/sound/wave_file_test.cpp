@@ -1,0 +1,277 @@
+#include "backends/sound/wave_file.h"
+
+#include <gtest/gtest.h>
+
+#include "backends/sound/sound_tools.h"
+#include "backends/sound/wave_header.h"
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+
+#include <algorithm>
+#include <random>
+
+namespace vantora::test {
+
+namespace {
+
+const Text kWave = L"C:\\a.wav";
+
+struct Studio : Home {
+  fs::path File = *this / "a.wav";
+  std::unique_ptr<WaveFile> Opened() {
+    auto wave = std::make_unique<WaveFile>(Files);
+    wave->Open(kWave);
+    return wave;
+  }
+};
+
+std::string Sound(WaveFile& wave) {
+  std::string data(static_cast<std::size_t>(wave.DataBytes()) + 10, '?');
+  wave.SetPosition(0);
+  data.resize(wave.Read(data.data(), data.size()));
+  return data;
+}
+
+}  // namespace
+
+TEST(WaveFile, AHeaderMayLieAboutEverything) {
+  const std::string fmt = Chunk("fmt ", Format{}.Bytes()), data = Chunk("data", "abcdefgh");
+  const std::string noFrames =
+      Number(1, 2) + Number(2, 2) + Number(44100, 4) + Number(0, 6) + Number(16, 2);
+  const struct {
+    const char* What;
+    std::string Bytes;
+    std::int64_t DataBytes;  // -1: no wave file
+    std::int64_t Offset;
+  } cases[] = {
+      {"plain", Wave("abcdefgh"), 8, 44},
+      {"size too small", "RIFF" + Number(1, 4) + "WAVE" + fmt + data, 8, 44},
+      {"data beyond the end", Riff(fmt + "data" + Number(0x7FFFFFFF, 4) + "abcd"), 4, 44},
+      {"stream of unknown size", Riff(fmt + "data" + Number(0xFFFFFFFF, 4) + "abcdef"), 6, 44},
+      {"nothing behind the head", Riff(fmt + "data" + Number(100, 4)), 0, 44},
+      {"chunks in front", Riff(Chunk("LIST", "odd") + fmt + Chunk("fact", "1234") + data), 8, 68},
+      {"data first", Riff(data + Chunk("LIST", "x") + fmt), 8, 20},
+      {"long foreign chunk", Riff(fmt + Chunk("JUNK", std::string(70000, 'x')) + data), 8, 70052},
+      {"no frame size", Riff(Chunk("fmt ", noFrames) + data), 8, 44},
+      {"longer format", Riff(Chunk("fmt ", Format{}.Bytes() + Number(0, 2)) + data), 8, 46},
+      {"extensible PCM",
+       Riff(Chunk("fmt ", Format{0xFFFE}.Bytes() + Number(22, 2) + Number(16, 2) + Number(3, 4) +
+                              Number(1, 16)) +
+            data),
+       8, 68},
+      {"extensible float",
+       Riff(Chunk("fmt ", Format{0xFFFE}.Bytes() + Number(22, 2) + Number(16, 2) + Number(3, 4) +
+                              Number(3, 16)) +
+            data),
+       -1, 0},
+      {"ADPCM", Wave("abcdefgh", "", Format{2}), -1, 0},
+      {"float", Wave("abcdefgh", "", Format{3}), -1, 0},
+      {"no channel", Wave("abcdefgh", "", Format{1, 0}), -1, 0},
+      {"no rate", Wave("abcdefgh", "", Format{1, 2, 0}), -1, 0},
+      {"no bits", Wave("abcdefgh", "", Format{1, 2, 44100, 0}), -1, 0},
+      {"short format", Riff(Chunk("fmt ", "abcdef") + data), -1, 0},
+      {"format cut off", Riff("fmt " + Number(16, 4) + "abc"), -1, 0},
+      {"no data", Riff(fmt), -1, 0},
+      {"no format", Riff(data), -1, 0},
+      {"RF64", "RF64" + Number(0xFFFFFFFF, 4) + "WAVE" + fmt + data, -1, 0},
+      {"no wave", "RIFF" + Number(4, 4) + "AVI " + fmt + data, -1, 0},
+      {"short", "RIFF", -1, 0},
+      {"empty", "", -1, 0},
+      {"nothing but chunks", Riff(std::string(4'000'000, '\0')), -1, 0},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.What);
+    Studio studio;
+    Put(studio.File, each.Bytes);
+    WaveFile wave(studio.Files);
+    EXPECT_EQ(ErrorOf([&] { wave.Open(kWave); }), each.DataBytes < 0 ? 57 : 0);
+    if (each.DataBytes < 0) continue;
+    EXPECT_EQ(wave.DataBytes(), each.DataBytes);
+    EXPECT_EQ(wave.DataOffset(), each.Offset);
+    EXPECT_EQ(wave.Samples(), each.DataBytes / 4);
+    EXPECT_EQ(Sound(wave),
+              std::string("abcdefgh").substr(0, static_cast<std::size_t>(each.DataBytes)));
+    wave.Close();
+    EXPECT_TRUE(Get(studio.File) == each.Bytes);  // reading changes nothing, not even a lie
+  }
+}
+
+TEST(WaveFile, OtherFormatsOpenAndTellWhatTheyAre) {
+  const struct {
+    Format Is;
+    int Mode;
+    std::int64_t Frames;
+  } cases[] = {{{1, 1, 48000, 8}, 0, 24},
+               {{1, 2, 44100, 16}, 1, 6},
+               {{1, 2, 96000, 24}, 1, 4},
+               {{1, 6, 44100, 16}, 5, 2}};
+  for (const auto& each : cases) {
+    Studio studio;
+    Put(studio.File, Wave(Noise(24), "", each.Is));
+    const auto wave = studio.Opened();
+    EXPECT_EQ(wave->StereoMode(), each.Mode);
+    EXPECT_EQ(wave->BitsPerSample(), each.Is.Bits);
+    EXPECT_EQ(wave->SampleRate(), static_cast<int>(each.Is.Rate));
+    EXPECT_EQ(wave->Samples(), each.Frames);
+    wave->SetLength(each.Frames + 1);
+    const char silence = each.Is.Bits == 8 ? '\x80' : '\0';
+    EXPECT_EQ(Sound(*wave).back(), silence);
+  }
+}
+
+// Any order of calls, against a text that holds the sound; then the file's every byte.
+TEST(WaveFile, ChangesInPlaceAgreeWithAModelAndLeaveTheTailBehindTheData) {
+  std::mt19937 random(17);
+  for (const std::size_t tailBytes :
+       {std::size_t{0}, std::size_t{9}, std::size_t{70000}, std::size_t{2'500'001}}) {
+    for (const Format format : {Format{}, Format{1, 1, 22050, 8}}) {
+      SCOPED_TRACE(tailBytes);
+      Studio studio;
+      const std::string tail = tailBytes == 0 ? "" : Chunk("LIST", Noise(tailBytes, 5));
+      std::string model = Noise(40000);
+      Put(studio.File, Wave(model, tail, format));
+      const std::size_t frame = static_cast<std::size_t>(format.Channels * format.Bits / 8);
+      const char silence = format.Bits == 8 ? '\x80' : '\0';
+      auto wave = studio.Opened();
+      for (int step = 0; step < 120; ++step) {
+        const std::size_t size = random() % 4 == 0 ? random() % 300000 : random() % 5000;
+        switch (random() % 6) {
+          case 0:
+          case 1:
+          case 2: {
+            std::size_t place = random() % (model.size() + (random() % 4 == 0 ? 5000 : 1));
+            if (random() % 3 == 0) place = model.size();  // recorded on at the end
+            const std::string bytes = Noise(size, static_cast<std::uint32_t>(step));
+            wave->SetPosition(static_cast<std::int64_t>(place));
+            wave->Write(bytes.data(), size);
+            if (size > 0) model.resize(std::max(model.size(), place + size), silence);
+            if (size > 0) model.replace(place, size, bytes);
+            break;
+          }
+          case 3:
+            if (random() % 2 == 0)
+              model.resize(random() % (model.size() + 50000) / frame * frame, silence);
+            else
+              model.resize(model.size() / frame * frame);
+            wave->SetLength(static_cast<std::int64_t>(model.size() / frame));
+            break;
+          case 4:
+            wave->Save();
+            EXPECT_TRUE(Get(studio.File) == Wave(model, tail, format));
+            break;
+          default:
+            if (random() % 2 == 0) {
+              wave->Close();
+              wave = studio.Opened();
+            }
+            EXPECT_TRUE(Sound(*wave) == model);
+        }
+        ASSERT_EQ(wave->DataBytes(), static_cast<std::int64_t>(model.size()));
+      }
+      wave->Close();
+      EXPECT_TRUE(Get(studio.File) == Wave(model, tail, format));
+    }
+  }
+}
+
+TEST(WaveFile, AFullDiskLeavesAWholeFileBehind) {
+  for (const std::size_t tailBytes : {0U, 3000U, 2'500'000U}) {
+    SCOPED_TRACE(tailBytes);
+    Studio studio;
+    const std::string tail = tailBytes == 0 ? "" : Chunk("LIST", Noise(tailBytes, 5));
+    const std::string data = Noise(200'000), more = Noise(1'000'000, 3);
+    Put(studio.File, Wave(data, tail));
+    {
+      const FullDisk disk(fs::file_size(studio.File) + 500'000);
+      const auto wave = studio.Opened();
+      wave->SetPosition(wave->DataBytes());
+      EXPECT_EQ(ErrorOf([&] { wave->Write(more.data(), more.size()); }), 61);
+      wave->Close();
+    }
+    EXPECT_TRUE(Get(studio.File) == Wave(data, tail));
+  }
+}
+
+TEST(WaveFile, LiesAreMadeGoodByTheFirstChange) {
+  Studio studio;
+  Put(studio.File, "RIFF" + Number(7, 4) + "WAVE" + Chunk("fmt ", Format{}.Bytes()) + "data" +
+                       Number(0xFFFFFFFF, 4) + "abcdefg");
+  const auto wave = studio.Opened();
+  wave->Write("ABCD", 4);
+  wave->Close();
+  EXPECT_EQ(Get(studio.File), Wave("ABCDefg"));
+}
+
+TEST(WaveFile, OpeningALongFileReadsItsHeaderAlone) {
+  Studio studio;
+  Put(studio.File, "RIFF" + Number(1'900'000'036, 4) + "WAVE" + Chunk("fmt ", Format{}.Bytes()) +
+                       "data" + Number(1'900'000'000, 4));
+  fs::resize_file(studio.File, 1'900'000'044);  // a hole: takes no room
+  const auto read = [] {
+    std::ifstream in("/proc/self/io");
+    std::string word;
+    long long value = -1;
+    in >> word >> value;
+    return value;
+  };
+  const long long before = read();
+  for (int i = 0; i < 99; ++i) EXPECT_EQ(studio.Opened()->Samples(), 475'000'000);
+  EXPECT_LT(read() - before, 99 * 5000);
+}
+
+TEST(WaveFile, AFileThatIsGoneOrAnotherIsNotMadeAnew) {
+  Studio studio;
+  Put(studio.File, Wave("abcd"));
+  const auto wave = studio.Opened();
+  Put(studio.File, Wave("abcdefgh"));
+  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 57);
+  wave->Open(kWave);
+  fs::remove(studio.File);
+  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 53);
+  EXPECT_FALSE(fs::exists(studio.File));
+  wave->Close();
+  wave->Close();
+  EXPECT_EQ(ErrorOf([&] { wave->Save(); }), 52);
+  EXPECT_EQ(ErrorOf([&] { wave->SetPosition(-1); }), 5);
+  EXPECT_EQ(ErrorOf([&] { wave->Open(kWave); }), 53);
+}
+
+TEST(WaveFile, MoreThanASizeFieldHoldsIsRefused) {
+  Studio studio;
+  Put(studio.File, Wave("abcd"));
+  const auto wave = studio.Opened();
+  EXPECT_EQ(ErrorOf([&] { wave->SetLength(0x40000000); }), 61);
+  EXPECT_EQ(ErrorOf([&] { wave->SetLength(INT64_MAX); }), 61);
+  wave->SetPosition(INT64_MAX);
+  char byte = 0;
+  EXPECT_EQ(wave->Read(&byte, 1), 0U);
+  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 61);
+  wave->Close();
+  EXPECT_EQ(Get(studio.File), Wave("abcd"));
+}
+
+TEST(WaveHeader, ItIsTheHeaderOfAPlainWaveFile) {
+  Home home;
+  const auto file = home.Files.Open(L"C:\\b.wav", Zugriff::Neu);
+  WriteWaveHeader(*file, 8);
+  file->Write("abcdefgh", 8);
+  EXPECT_EQ(Get(home / "b.wav"), Wave("abcdefgh"));
+  EXPECT_EQ(ErrorOf([] { MakeWaveHeader(0xFFFFFFFF); }), 61);
+  EXPECT_EQ(ErrorOf([] { MakeWaveHeader(-1); }), 5);
+}
+
+TEST(SoundTools, DevicesAreAskedForEachTime) {
+  Home home;
+  std::vector<Text> cards;
+  SoundTools tools(
+      home.Files, [] { return nullptr; }, [&] { return cards; });
+  EXPECT_EQ(tools.waveOutGetNumDevs(), 0);
+  EXPECT_EQ(tools.waveOutGetDevCaps(0), L"");
+  cards = {L"one", L"two"};
+  EXPECT_EQ(tools.waveOutGetNumDevs(), 2);
+  EXPECT_EQ(tools.waveOutGetDevCaps(1), L"two");
+  EXPECT_EQ(tools.waveOutGetDevCaps(-1), L"");
+  EXPECT_EQ(ErrorOf([&] { tools.NewWaveFile()->Open(L"C:\\none.wav"); }), 53);
+}
+
+}  // namespace vantora::test
