@@ -1,0 +1,39 @@
+// The program's platform for tests and stories: a home of its own, a screen of any size, a sound
+// card that only counts. A world gives it time, windows and hands: `clock`, `loop`, `background`
+// and `hands`, made from the folder of resources.
+#pragma once
+
+#include "backends/headless/headless_display.h"
+#include "backends/headless/headless_player.h"
+#include "backends/headless/headless_system.h"
+#include "main/machine.h"
+
+namespace vantora {
+
+template <typename World>
+struct StoryPlatform : World {
+  explicit StoryPlatform(const std::filesystem::path& home,
+                         const std::filesystem::path& resourceFolder = ResourceFolder())
+      : World(resourceFolder),
+        machine(PlacesBelow(home), resourceFolder, World::loop, World::background),
+        mmtools(machine.files,
+                HeadlessPlayers(World::loop, World::clock, card,
+                                [this] { return std::make_unique<WaveFile>(machine.files); }),
+                [this] {
+                  return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
+                }) {}
+
+  HeadlessDisplay display;
+  HeadlessSystem system;
+  HeadlessSoundCard card;
+  Machine machine;
+  SoundTools mmtools;
+
+  Plattform bundle{World::loop,      display,           World::clock,     system,
+                   machine.files,    machine.letters,   machine.settings, machine.profiles,
+                   machine.registry, machine.resources, mmtools,          machine.cutter,
+                   machine.mp3,      machine.writer,    machine.acd,      machine.cd,
+                   machine.mci};
+};
+
+}  // namespace vantora

@@ -1,0 +1,90 @@
+// The robot's stage: builds a platform for every start of the program, in the home that the script
+// named, and keeps what the script said of screen, sound and writer in between.
+#pragma once
+
+#include "app/frmStartUp.h"
+#include "app/programm.h"
+#include "main/robot/robot_stage.h"
+#include "main/story_platform.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+namespace vantora {
+
+template <typename Platform>
+class StoryStage final : public RobotStage {
+ public:
+  explicit StoryStage(std::filesystem::path resourceFolder)
+      : resourceFolder_(std::move(resourceFolder)) {}
+
+  void Home(const std::string& folder) override {
+    std::filesystem::create_directories(folder);
+    home_ = std::filesystem::absolute(folder);
+    Renew();
+  }
+  void Screen(int width, int height) override {
+    Now().display.PixelWidth = width;
+    Now().display.PixelHeight = height;
+  }
+  void Colours(int bits) override { Now().display.Bits = bits; }
+  void Sound(bool present) override { Now().card.Present = present; }
+  void SetClock(const DateTime& now) override { Now().clock.Set(now); }
+  void Setting(const Text& key, const Text& value) override {
+    SaveSetting(Now().bundle, key, value);
+  }
+  Dateien& Files() override { return Now().machine.files; }
+
+  void Start(User& user) override {
+    if (started_) Renew();
+    started_ = true;
+    Now().loop.TheUser = &user;
+    programm_ = std::make_unique<Programm>(Now().bundle);
+    programm_->Laufen();
+    programm_.reset();
+    Now().loop.TheUser = nullptr;
+  }
+  EventLoop& Loop() override { return Now().loop; }
+  Hands& TheHands() override { return Now().hands; }
+  Text ExitButton() override { return L"frmHauptForm.imgÜberblenden"; }
+
+  void InsertDisc(const Text& sheet) override {
+    const Text image = sheet.substr(0, sheet.size() - 4) + L".bin";
+    for (const Text& file : {sheet, image}) {
+      Files().FileCopy(file, kTray + file.substr(file.rfind(L'\\')));
+    }
+  }
+  void EjectDisc() override {
+    for (const Text& name : Files().List(kTray, L"*.*")) Files().Kill(Text(kTray) + L"\\" + name);
+  }
+  WriterFaults& Writer() override { return Now().machine.writer.Faults; }
+  void LineIn(const Text& /*waveFile*/) override {
+    throw std::runtime_error("this program does not record yet");
+  }
+
+ private:
+  static constexpr const wchar_t* kTray = L"C:\\Vantora\\Bandeja";
+
+  Platform& Now() {
+    if (!platform_) throw std::runtime_error("the script has not named a home yet");
+    return *platform_;
+  }
+  // A new process on the same machine: the disc writer and the screen are still what they were.
+  void Renew() {
+    const std::unique_ptr<Platform> before = std::move(platform_);
+    platform_ = std::make_unique<Platform>(home_, resourceFolder_);
+    if (!before) return;
+    platform_->display = before->display;
+    platform_->card.Present = before->card.Present;
+    platform_->machine.writer.Faults = before->machine.writer.Faults;
+  }
+
+  std::filesystem::path resourceFolder_, home_;
+  std::unique_ptr<Platform> platform_;
+  std::unique_ptr<Programm> programm_;
+  bool started_ = false;
+};
+
+}  // namespace vantora

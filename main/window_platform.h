@@ -1,0 +1,45 @@
+// The program's platform for stories in real windows: everything as without a screen, but for the
+// widgets, and for time, which passes a number of times as fast as the world's.
+#pragma once
+
+#include "backends/linux/linux_clock.h"
+#include "backends/linux/thread_background.h"
+#include "backends/qt/qt_event_loop.h"
+#include "backends/qt/qt_hands.h"
+#include "main/story_platform.h"
+
+namespace vantora {
+
+// Starts at a date and time of its own and runs `speed` times as fast as the machine's clock.
+class FastClock final : public Clock {
+ public:
+  explicit FastClock(double speed) : speed_(speed), start_(machine_.Ticks()) {}
+
+  void Set(const DateTime& now);
+  DateTime Now() override;
+  double Timer() override;
+  std::int64_t Ticks() override;
+
+ private:
+  LinuxClock machine_;
+  double speed_;
+  std::int64_t start_;
+  std::int64_t setAt_ = 0;  // ticks
+  DateTime set_{2026, 11, 24, 10, 0, 0};
+};
+
+inline constexpr double kStorySpeed = 20;
+
+struct WindowWorld {
+  explicit WindowWorld(const std::filesystem::path& resourceFolder)
+      : loop(resourceFolder / "pictures", kStorySpeed) {}
+
+  FastClock clock{kStorySpeed};
+  QtEventLoop loop;
+  ThreadBackground background{kStorySpeed};
+  QtHands hands{loop};
+};
+
+using WindowPlatform = StoryPlatform<WindowWorld>;
+
+}  // namespace vantora
