@@ -5,7 +5,8 @@
 // Where the program waits (`Run`, `ShowModal`), work that is due comes first, then `TheUser` is
 // asked to act. A user who has nothing more to do ends `Run`; in front of a modal window he leaves
 // the program (`LeftOpen` then has the window's name). A program that would wait for ever, or goes
-// round without end, is stopped by a std::logic_error that says so, whatever handlers lie between.
+// round without end, is stopped by a std::logic_error that says so, whatever handlers lie between;
+// so is one whose user throws.
 #pragma once
 
 #include "backends/headless/headless_clock.h"
@@ -53,10 +54,11 @@ class HeadlessLoop final : public EventLoop {
   void Pass(int ms);
   // Runs a handler as the loop does; a stop of the loop is not swallowed.
   void Deliver(const std::function<void()>& handler);
-  bool Reachable(const Form& form) const;    // shown, not minimized, not behind a modal window
+  bool Reachable(const Form& form) const;    // shown and not behind a modal window
   bool Alive(const Control& control) const;  // compares places only: `control` may be gone
-  void Restore(Form& form);                  // of a minimized window: in front again
-  Control* Focus(const Form& form) const;    // the control with the focus, or nothing
+  // What a click on a window does to it: it comes to the front, also when it was minimized.
+  void BringForward(Form& form);
+  Control* Focus(const Form& form) const;  // the control with the focus, or nothing
   static bool TakesFocus(const Control& control);
   Menu* OpenMenu(const Form& form) const;  // popped up and not yet answered
   void CloseMenu() { menu_ = nullptr; }
@@ -91,6 +93,7 @@ class HeadlessLoop final : public EventLoop {
   void Activate(Form& form);
   void TellFront();
   void WaitFor(const std::function<bool()>& done, const Form* modal);
+  bool AskUser();
   bool RunOne();
   void ArmTimers();
   std::optional<std::int64_t> NextDue() const;

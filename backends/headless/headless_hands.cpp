@@ -1,0 +1,488 @@
+#include "backends/headless/headless_hands.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+std::string Narrow(const Text& name) {
+  std::string narrow;
+  for (const wchar_t c : name) narrow += c < 128 ? static_cast<char>(c) : '?';
+  return narrow;
+}
+
+std::string NameOf(const Control& control) {
+  std::string name = Narrow(control.Owner().Name + L"." + control.Name);
+  if (control.Index >= 0) name += "(" + std::to_string(control.Index) + ")";
+  return name;
+}
+
+[[noreturn]] void Refuse(const std::string& why) {
+  throw Unreachable(why);
+}
+
+const std::map<Text, int>& NamedKeys() {
+  static const std::map<Text, int> kKeys = {
+      {L"Return", kKeyReturn}, {L"Escape", kKeyEscape},    {L"Delete", kKeyDelete},
+      {L"Space", kKeySpace},   {L"Tab", kKeyTab},          {L"Backspace", kKeyBackspace},
+      {L"Up", kKeyUp},         {L"Down", kKeyDown},        {L"Left", kKeyLeft},
+      {L"Right", kKeyRight},   {L"Home", kKeyHome},        {L"End", kKeyEnd},
+      {L"PageUp", kKeyPageUp}, {L"PageDown", kKeyPageDown}};
+  return kKeys;
+}
+
+bool IsLetter(wchar_t c) {
+  return (c >= L'a' && c <= L'z') || (c >= L'A' && c <= L'Z');
+}
+
+// Code of the key that writes a character; other keys than letters and digits have none, as their
+// characters' codes are those of Delete and its neighbours.
+int CodeOf(wchar_t c) {
+  if (c >= L'a' && c <= L'z') return c - L'a' + L'A';
+  if (IsLetter(c) || (c >= L'0' && c <= L'9') || c == L' ') return c;
+  return 0;
+}
+
+void CheckRows(const Control& control, const std::vector<int>& rows, int count) {
+  for (const int row : rows) {
+    if (row >= 1 && row <= count) continue;
+    Refuse(NameOf(control) + " has no row " + std::to_string(row) + ", it has " +
+           std::to_string(count));
+  }
+}
+
+}  // namespace
+
+// ---- what can be reached ----
+
+void HeadlessHands::Reach(Form& form) {
+  const std::string name = Narrow(form.Name);
+  if (!form.Visible()) Refuse(name + " is not shown");
+  if (!loop_.Reachable(form)) {
+    const Form* front = loop_.Front();
+    Refuse(name + " cannot be reached behind " + (front ? Narrow(front->Name) : "another window"));
+  }
+  if (!form.Window.Enabled) Refuse(name + " is disabled");
+  loop_.BringForward(form);
+}
+
+void HeadlessHands::Reach(Control& control) {
+  if (!loop_.Alive(control)) Refuse("the control is gone");
+  Reach(control.Owner());
+  if (control.Kind() == ControlKind::Timer) Refuse(NameOf(control) + " cannot be seen");
+  if (!control.Visible) Refuse(NameOf(control) + " is hidden");
+  if (!control.Enabled) Refuse(NameOf(control) + " is disabled");
+  if (loop_.OpenMenu(control.Owner()) != nullptr) loop_.CloseMenu();  // a click beside it
+}
+
+// A handler may have closed the window, or covered or disabled the control.
+bool HeadlessHands::Still(const Control& control) const {
+  return loop_.Alive(control) && loop_.Reachable(control.Owner()) && control.Visible &&
+         control.Enabled && !loop_.Ended();
+}
+
+void HeadlessHands::Call(Control& control, std::function<void()> handler) {
+  if (handler && Still(control)) loop_.Deliver(handler);
+}
+
+// ---- the mouse ----
+
+void HeadlessHands::Press(Control& control) {
+  Reach(control);
+  MouseButton(control, kLeftButton);
+}
+
+void HeadlessHands::RightClick(Control& control) {
+  Reach(control);
+  MouseButton(control, kRightButton);
+}
+
+void HeadlessHands::DoubleClick(Control& control) {
+  Press(control);
+  if (Still(control)) Call(control, control.DblClick);
+}
+
+void HeadlessHands::MouseButton(Control& control, int button) {
+  loop_.SetFocus(control);
+  auto* picture = dynamic_cast<PictureButton*>(&control);
+  const auto through = [](const std::function<void(int)>& handler, int argument) {
+    return handler ? [handler, argument] { handler(argument); } : std::function<void()>();
+  };
+  if (picture != nullptr) {
+    Call(control, [picture, button] { vantora::Press(*picture, button); });
+  } else {
+    Call(control, through(control.MouseDown, button));
+  }
+  if (button == kLeftButton && Still(control)) {
+    if (auto* check = dynamic_cast<CheckBox*>(&control)) {
+      check->Value = check->Value() == 0 ? 1 : 0;
+    } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
+      option->SetValue(true);
+    }
+  }
+  if (!Still(control)) return;
+  if (picture != nullptr) {
+    Call(control, [picture, button] { vantora::Release(*picture, button); });
+  } else {
+    Call(control, through(control.MouseUp, button));
+  }
+  if (button == kLeftButton && Still(control)) Call(control, control.Click);
+}
+
+void HeadlessHands::Drag(Control& control, int from, int to) {
+  Reach(control);
+  auto* slider = dynamic_cast<Slider*>(&control);
+  if (slider == nullptr) {
+    MouseButton(control, kLeftButton);
+    return;
+  }
+  loop_.SetFocus(control);
+  if (slider->MouseDown) Call(control, [slider] { slider->MouseDown(kLeftButton); });
+  for (const int place : {from, to}) {
+    if (!Still(control)) return;
+    const double share = std::clamp(place, 0, 1000) / 1000.0;
+    const double range = static_cast<double>(slider->Max()) - slider->Min();
+    SetSlider(*slider, slider->Min() + static_cast<int>(range * share + (range < 0 ? -0.5 : 0.5)));
+  }
+  if (Still(control) && slider->MouseUp) {
+    Call(control, [slider] { slider->MouseUp(kLeftButton); });
+  }
+}
+
+void HeadlessHands::SetSlider(Slider& slider, int value) {
+  const auto [low, high] = std::minmax(slider.Min(), slider.Max());
+  value = std::clamp(value, low, high);
+  if (value == slider.Value()) return;
+  slider.Value = value;
+  Call(slider, slider.Change);
+}
+
+void HeadlessHands::Drop(Control& control, const std::vector<Text>& files) {
+  Reach(control);
+  auto* list = dynamic_cast<ListView*>(&control);
+  if (list == nullptr || !list->OLEDragDrop) Refuse(NameOf(control) + " takes no files");
+  bool taken = true;
+  if (list->OLEDragOver) Call(control, [&] { taken = list->OLEDragOver(files); });
+  if (taken && Still(control)) Call(control, [drop = list->OLEDragDrop, files] { drop(files); });
+}
+
+// ---- lists ----
+
+void HeadlessHands::Select(Control& control, const std::vector<int>& rows) {
+  Reach(control);
+  loop_.SetFocus(control);
+  if (auto* view = dynamic_cast<ListView*>(&control)) return SelectInView(*view, rows);
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) return SelectInCombo(*combo, rows);
+  if (auto* box = dynamic_cast<ListBox*>(&control)) return SelectInBox(*box, rows);
+  Refuse(NameOf(control) + " has no rows");
+}
+
+// A click on the first row leaves it alone selected; the others are clicked with Ctrl held.
+void HeadlessHands::SelectInBox(ListBox& list, const std::vector<int>& rows) {
+  CheckRows(list, rows, list.ListCount());
+  if (rows.size() > 1 && !list.MultiSelect) Refuse(NameOf(list) + " takes one row only");
+  if (rows.empty()) {
+    for (int i = 0; i < list.ListCount(); ++i) list.Select(i, false);
+    if (!list.MultiSelect) list.ListIndex = -1;
+    return;
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (!Still(list)) return;
+    if (rows[i] > list.ListCount()) return;  // the handler of an earlier row made the list shorter
+    if (list.MultiSelect && i == 0) {
+      for (int other = 0; other < list.ListCount(); ++other) list.Select(other, false);
+    }
+    list.Select(rows[i] - 1, true);
+    Call(list, list.Click);
+  }
+}
+
+void HeadlessHands::SelectInCombo(ComboBox& list, const std::vector<int>& rows) {
+  CheckRows(list, rows, list.ListCount());
+  if (rows.size() != 1) Refuse(NameOf(list) + " takes exactly one row");
+  list.ListIndex = rows.front() - 1;
+  Call(list, list.Click);
+}
+
+void HeadlessHands::SelectInView(ListView& list, const std::vector<int>& rows) {
+  CheckRows(list, rows, list.ListItems.Count());
+  for (int row = 1; row <= list.ListItems.Count(); ++row) {
+    list.ListItems(row).SetSelected(std::find(rows.begin(), rows.end(), row) != rows.end());
+  }
+  if (!rows.empty() && list.ItemClick) {
+    Call(list, [click = list.ItemClick, row = rows.back()] { click(row); });
+  }
+  if (Still(list)) Call(list, list.Click);
+}
+
+// ---- menus and windows ----
+
+void HeadlessHands::ChooseMenu(Form& form, const Text& item) {
+  Reach(form);
+  Menu* menu = loop_.OpenMenu(form);
+  if (menu == nullptr) Refuse(Narrow(form.Name) + " has no menu open");
+  for (const MenuItem& entry : menu->Items) {
+    if (entry.Name != item && entry.Caption != item) continue;
+    if (!entry.Enabled) Refuse("the menu's " + Narrow(item) + " is disabled");
+    const std::function<void()> click = entry.Click;
+    loop_.CloseMenu();
+    if (click) loop_.Deliver(click);
+    return;
+  }
+  Refuse("the open menu has no " + Narrow(item));
+}
+
+void HeadlessHands::Close(Form& form) {
+  Reach(form);
+  loop_.Deliver([&form] { form.Form_Close(); });
+}
+
+// ---- the keyboard ----
+
+HeadlessHands::Stroke HeadlessHands::ParseKey(const Text& key) {
+  Stroke stroke;
+  Text name = key;
+  while (true) {
+    if (name.starts_with(L"Ctrl+")) {
+      stroke.Control = true;
+      name.erase(0, 5);
+    } else if (name.starts_with(L"Shift+")) {
+      stroke.Shift = true;
+      name.erase(0, 6);
+    } else {
+      break;
+    }
+  }
+  const auto named = NamedKeys().find(name);
+  if (named != NamedKeys().end()) {
+    stroke.Code = named->second;
+    const bool writes = stroke.Code == kKeyReturn || stroke.Code == kKeyEscape ||
+                        stroke.Code == kKeySpace || stroke.Code == kKeyBackspace;
+    if (writes && !stroke.Control) stroke.Character = stroke.Code;
+    return stroke;
+  }
+  if (name.size() == 1 && CodeOf(name[0]) != 0) {
+    stroke.Code = CodeOf(name[0]);
+    const bool small = IsLetter(name[0]) && !stroke.Shift;
+    stroke.Character = stroke.Control ? 0 : stroke.Code + (small ? 'a' - 'A' : 0);
+    return stroke;
+  }
+  for (int number = 1; number <= 12; ++number) {
+    if (name != L"F" + std::to_wstring(number)) continue;
+    stroke.Code = kKeyF1 + number - 1;
+    return stroke;
+  }
+  Refuse("there is no key " + Narrow(key));
+}
+
+void HeadlessHands::Key(Form& form, const Text& key) {
+  const Stroke stroke = ParseKey(key);
+  Reach(form);
+  if (stroke.Code == kKeyEscape && loop_.OpenMenu(form) != nullptr) {
+    loop_.CloseMenu();
+    return;
+  }
+  Send(form, stroke);
+}
+
+void HeadlessHands::Send(Form& form, const Stroke& stroke) {
+  bool used = false;
+  if (stroke.Code != 0) {
+    loop_.Deliver([&] { used = form.Form_KeyDown(stroke.Code, stroke.Control); });
+  }
+  Control* control = used ? nullptr : loop_.Focus(form);
+  if (control == nullptr || !Still(*control)) return;
+  const auto through = [&](const std::function<void(int)>& handler) {
+    return handler ? [handler, code = stroke.Code] { handler(code); } : std::function<void()>();
+  };
+  if (stroke.Code != 0) Call(*control, through(control->KeyDown));
+  if (!Still(*control)) return;
+  bool wanted = true;
+  if (stroke.Character != 0 && control->KeyPress) {
+    const auto press = control->KeyPress;
+    Call(*control, [&] { wanted = press(stroke.Character); });
+  }
+  if (wanted && Still(*control)) Effect(*control, stroke);
+  if (stroke.Code != 0 && loop_.Alive(*control)) Call(*control, through(control->KeyUp));
+}
+
+// What the kind of control makes of a key by itself.
+void HeadlessHands::Effect(Control& control, const Stroke& stroke) {
+  if (stroke.Code == kKeyTab) return MoveFocus(control.Owner(), stroke.Shift);
+  const bool space = stroke.Code == kKeySpace && !stroke.Control;
+  switch (control.Kind()) {
+    case ControlKind::TextBox:
+      return TypeInto(static_cast<TextBox&>(control), stroke);
+    case ControlKind::PictureButton:
+      if (space || stroke.Code == kKeyReturn) MouseButton(control, kLeftButton);
+      return;
+    case ControlKind::CheckBox:
+      if (space) MouseButton(control, kLeftButton);
+      return;
+    case ControlKind::OptionButton:
+      if (space) return MouseButton(control, kLeftButton);
+      return MoveOption(static_cast<OptionButton&>(control), stroke.Code);
+    case ControlKind::ComboBox:
+    case ControlKind::ListBox:
+      return MoveInList(static_cast<ListControl&>(control), stroke.Code);
+    case ControlKind::ListView:
+      return MoveInView(static_cast<ListView&>(control), stroke);
+    case ControlKind::Slider:
+      return MoveSlider(static_cast<Slider&>(control), stroke.Code);
+    default:
+      return;
+  }
+}
+
+void HeadlessHands::MoveFocus(Form& form, bool back) {
+  std::vector<Control*> chain;
+  for (Control* control : form.Controls) {
+    if (HeadlessLoop::TakesFocus(*control) && control->Visible && control->Enabled) {
+      chain.push_back(control);
+    }
+  }
+  if (chain.empty()) return;
+  std::stable_sort(chain.begin(), chain.end(),
+                   [](const Control* a, const Control* b) { return a->TabIndex < b->TabIndex; });
+  if (back) std::reverse(chain.begin(), chain.end());
+  auto place = std::find(chain.begin(), chain.end(), loop_.Focus(form));
+  if (place != chain.end()) ++place;
+  Control& next = place == chain.end() ? *chain.front() : **place;
+  loop_.SetFocus(next);
+  const auto* box = dynamic_cast<TextBox*>(&next);
+  marked_ = box != nullptr && box->SelectOnFocus ? box : nullptr;
+}
+
+void HeadlessHands::Type(Control& control, const Text& text) {
+  auto* box = dynamic_cast<TextBox*>(&control);
+  if (box == nullptr) Refuse(NameOf(control) + " takes no text");
+  Reach(control);
+  Form& form = control.Owner();
+  MouseButton(control, kLeftButton);
+  if (!Still(control)) return;
+  if (!box->Text().empty()) {
+    marked_ = box;
+    Send(form, ParseKey(L"Delete"));
+  }
+  for (const wchar_t c : text) {
+    // What a handler does to the focus takes the rest of the text with it, as on a screen.
+    if (loop_.Ended() || !loop_.Reachable(form)) return;
+    Stroke stroke;
+    stroke.Code = CodeOf(c);
+    stroke.Character = c;
+    Send(form, stroke);
+  }
+}
+
+// The cursor stands behind the last character; Home and Left are not needed by anyone here.
+void HeadlessHands::TypeInto(TextBox& box, const Stroke& stroke) {
+  const bool marked = std::exchange(marked_, nullptr) == &box;
+  Text text = box.Text;
+  if (stroke.Control) {
+    if (stroke.Code == 'A') marked_ = &box;
+    return;
+  }
+  if (stroke.Code == kKeyDelete) {
+    if (marked) text.clear();
+  } else if (stroke.Code == kKeyBackspace) {
+    if (marked) text.clear();
+    if (!text.empty()) text.pop_back();
+  } else if (stroke.Character >= 32) {
+    if (marked) text.clear();
+    const auto limit = static_cast<std::size_t>(std::max(box.MaxLength(), 0));
+    if (limit == 0 || text.size() < limit) text += static_cast<wchar_t>(stroke.Character);
+  }
+  if (text == box.Text()) return;
+  box.Text = text;
+  Call(box, box.Change);
+}
+
+namespace {
+
+// Where a key moves a place between `first` and `last`.
+int Moved(int place, int key, int page, int first, int last) {
+  switch (key) {
+    case kKeyUp:
+    case kKeyLeft:
+      place -= 1;
+      break;
+    case kKeyDown:
+    case kKeyRight:
+      place += 1;
+      break;
+    case kKeyPageUp:
+      place -= page;
+      break;
+    case kKeyPageDown:
+      place += page;
+      break;
+    case kKeyHome:
+      place = first;
+      break;
+    case kKeyEnd:
+      place = last;
+      break;
+    default:
+      return place;
+  }
+  return std::clamp(place, first, last);
+}
+
+constexpr int kPageRows = 10;
+
+}  // namespace
+
+void HeadlessHands::MoveInList(ListControl& list, int key) {
+  if (list.ListCount() == 0) return;
+  const int row = Moved(list.ListIndex, key, kPageRows, 0, list.ListCount() - 1);
+  if (row == list.ListIndex()) return;
+  if (auto* box = dynamic_cast<ListBox*>(&list); box != nullptr && box->MultiSelect) {
+    for (int i = 0; i < box->ListCount(); ++i) box->Select(i, false);
+    box->Select(row, true);
+  } else {
+    list.ListIndex = row;
+  }
+  Call(list, list.Click);
+}
+
+void HeadlessHands::MoveInView(ListView& list, const Stroke& stroke) {
+  const int count = list.ListItems.Count();
+  if (count == 0) return;
+  if (stroke.Control && stroke.Code == 'A') {
+    for (int row = 1; row <= count; ++row) list.ListItems(row).SetSelected(true);
+    return;
+  }
+  int present = 0;
+  for (int row = 1; row <= count && present == 0; ++row) {
+    if (list.ListItems(row).Selected()) present = row;
+  }
+  const int row = Moved(present, stroke.Code, kPageRows, 1, count);
+  if (row != present) SelectInView(list, {row});
+}
+
+void HeadlessHands::MoveSlider(Slider& slider, int key) {
+  const auto [low, high] = std::minmax(slider.Min(), slider.Max());
+  const int page = std::max((high - low) / 10, 1);
+  const int value = Moved(slider.Value, key, page, low, high);
+  SetSlider(slider, value);
+}
+
+void HeadlessHands::MoveOption(OptionButton& option, int key) {
+  const bool forward = key == kKeyDown || key == kKeyRight;
+  if (!forward && key != kKeyUp && key != kKeyLeft) return;
+  std::vector<OptionButton*> group;
+  for (Control* control : option.Owner().Controls) {
+    auto* other = dynamic_cast<OptionButton*>(control);
+    if (other == nullptr || other->Group() != option.Group()) continue;
+    if (other->Visible && other->Enabled) group.push_back(other);
+  }
+  const auto place = std::find(group.begin(), group.end(), &option);
+  const auto at = static_cast<std::size_t>(place - group.begin());
+  const std::size_t step = forward ? 1 : group.size() - 1;
+  MouseButton(*group[(at + step) % group.size()], kLeftButton);
+}
+
+}  // namespace vantora
