@@ -1,0 +1,283 @@
+#include "backends/discimage/image_burn.h"
+
+#include "backends/sound/wave_layout.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace vantora {
+
+namespace {
+
+using Time = std::chrono::steady_clock;
+
+constexpr std::int64_t kGapSectors = 150;                 // 2 seconds
+constexpr std::int64_t kMostSectors = 100 * 60 * 75 - 1;  // what "mm:ss:ff" can tell
+constexpr std::int64_t kBlockBytes = 1 << 20;             // read and written at once
+constexpr std::int64_t kSliceBytes = 4 * kBlockBytes;
+constexpr auto kSliceTime = std::chrono::milliseconds(25);  // whatever comes first
+constexpr double kSingleSpeed = 176400;                     // bytes a second
+constexpr double kTellMs = 50;
+
+template <class... Arguments, class... Values>
+void Call(const std::function<void(Arguments...)>& handler, const Values&... values) {
+  if (handler) handler(values...);
+}
+
+Text BaseName(const Text& path) {
+  return path.substr(path.find_last_of(L'\\') + 1);
+}
+
+}  // namespace
+
+ImageBurn::ImageBurn(Dateien& dateien, BurnOrder order, Tell tell, Ended ended)
+    : dateien_(dateien),
+      order_(std::move(order)),
+      tell_(std::move(tell)),
+      ended_(std::move(ended)) {}
+
+ImageBurn::Event ImageBurn::FailureEvent(int code, const Text& text) {
+  return [code, text](McdEvents& events) { Call(events.MCD_Failure, code, text); };
+}
+
+int ImageBurn::Slice() noexcept {
+  Event failure;
+  try {
+    if (tracks_.empty()) Begin();
+    if (Move(Budget())) return Delay();
+    End();
+    ended_({});
+    return -1;
+  } catch (const MediumFailed&) {
+    failure = [faults = order_.faults](McdEvents& events) {
+      switch (faults.FailAs) {
+        case WriterFaults::Kind::Failure:
+          return Call(events.MCD_Failure, faults.FailCode, faults.FailText);
+        case WriterFaults::Kind::Scsi:
+          return Call(events.MCD_ScsiEvents, 0, 0, faults.FailCode, 0, faults.FailText);
+        case WriterFaults::Kind::Aspi:
+          return Call(events.MCD_ASPIEvent, faults.FailCode, faults.FailText);
+      }
+    };
+  } catch (const Laufzeitfehler& fehler) {
+    failure = FailureEvent(fehler.Nummer, fehler.Beschreibung);
+  } catch (const std::exception& error) {
+    const std::string what = error.what();
+    failure = FailureEvent(kFehlerEinAusgabe, Text(what.begin(), what.end()));
+  }
+  Discard();
+  ended_(failure);
+  return -1;
+}
+
+void ImageBurn::Begin() {
+  Plan();
+  buffer_.resize(kBlockBytes);
+  if (order_.faults.FailAtPercent >= 0) failAt_ = total_ * order_.faults.FailAtPercent / 100;
+  if (!order_.simulation) {
+    made_ = true;
+    image_ = dateien_.Open(BinTemp(), Zugriff::Neu);
+  }
+  tell_([](McdEvents& events) { Call(events.MCD_WriteLeadIn, 0); });
+}
+
+// All waves are looked at before the first is written: the sheet needs their sizes, and a file that
+// has gone is better found out now than in the middle of the disc.
+void ImageBurn::Plan() {
+  const auto text = [this](int index) {
+    const auto found = order_.cdText.find(index);
+    return order_.dao && found != order_.cdText.end() ? found->second : std::pair<Text, Text>();
+  };
+  std::tie(sheet_.title, sheet_.performer) = text(0);
+  sheet_.image = BaseName(order_.name) + L".bin";
+
+  std::vector<Track> tracks;
+  std::int64_t sectors = 0;
+  for (const Text& wave : order_.waves) {
+    const auto file = dateien_.Open(wave, Zugriff::Lesen);
+    const WaveLayout layout = ReadWaveLayout(*file);
+    Track track;
+    track.file = wave;
+    track.offset = layout.DataOffset;
+    track.bytes = layout.DataBytes / 4 * 4;  // whole frames
+    if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2 ||
+        track.bytes == 0) {
+      throw Laufzeitfehler(kFehlerEinAusgabe, BaseName(wave) + L" ya no es una pista de audio.");
+    }
+    track.fill = (kSectorBytes - track.bytes % kSectorBytes) % kSectorBytes;
+    CueTrack entry;
+    if (!order_.dao && !tracks.empty()) {
+      track.gap = kGapSectors * kSectorBytes;
+      entry.gap = sectors;
+      sectors += kGapSectors;
+    }
+    entry.start = sectors;
+    std::tie(entry.title, entry.performer) = text(static_cast<int>(tracks.size()) + 1);
+    sectors += (track.bytes + track.fill) / kSectorBytes;
+    sheet_.tracks.push_back(entry);
+    tracks.push_back(track);
+  }
+  if (sectors > kMostSectors) {
+    throw Laufzeitfehler(kFehlerPlattenVoll, L"Las pistas no caben en un disco.");
+  }
+  total_ = sectors * kSectorBytes;
+  tracks_ = std::move(tracks);
+}
+
+// Moves up to `budget` bytes; false when the last track has been written.
+bool ImageBurn::Move(std::int64_t budget) {
+  const auto until = Time::now() + kSliceTime;
+  while (budget > 0 && Time::now() < until) {
+    if (track_ == tracks_.size()) return false;
+    if (inTrack_ == 0) BeginTrack();
+    std::int64_t most = std::min(budget, kBlockBytes);
+    if (failAt_ >= 0) {
+      if (done_ >= failAt_) throw MediumFailed{};
+      most = std::min(most, failAt_ - done_);
+    }
+    const std::int64_t moved = MovePart(most);
+    inTrack_ += moved;
+    done_ += moved;
+    budget -= moved;
+    nominalMs_ += order_.faults.Pace > 0
+                      ? static_cast<double>(moved) * 1000 / (order_.faults.Pace * kSingleSpeed)
+                      : 0;
+    TellPercent(false);
+    if (inTrack_ == tracks_[track_].Total()) EndTrack();
+  }
+  return true;
+}
+
+void ImageBurn::BeginTrack() {
+  const Track& track = tracks_[track_];
+  wave_ = dateien_.Open(track.file, Zugriff::Lesen);
+  wave_->Seek(track.offset);
+  tell_([number = static_cast<int>(track_) + 1, file = track.file](McdEvents& events) {
+    Call(events.MCD_ActTrack, number);
+    Call(events.MCD_InfoMessage, 1, L"Open file " + file);
+  });
+  if (!order_.dao) percent_ = -1;
+  if (percent_ < 0) TellPercent(true);
+}
+
+void ImageBurn::EndTrack() {
+  if (!order_.dao || track_ + 1 == tracks_.size()) TellPercent(true);
+  tell_([file = tracks_[track_].file](McdEvents& events) {
+    Call(events.MCD_InfoMessage, 1, L"Close file " + file);
+  });
+  wave_.reset();
+  ++track_;
+  inTrack_ = 0;
+}
+
+// Moves what comes next, at most `most` bytes and no further than to where silence and sound meet.
+std::int64_t ImageBurn::MovePart(std::int64_t most) {
+  const Track& track = tracks_[track_];
+  const std::int64_t soundEnd = track.gap + track.bytes;
+  if (inTrack_ >= track.gap && inTrack_ < soundEnd) {
+    most = std::min(most, soundEnd - inTrack_);
+    MoveSound(most);
+  } else {
+    most = std::min(most, (inTrack_ < track.gap ? track.gap : track.Total()) - inTrack_);
+    MoveSilence(most);
+  }
+  return most;
+}
+
+void ImageBurn::MoveSound(std::int64_t bytes) {
+  const auto count = static_cast<std::size_t>(bytes);
+  wave_->Read(buffer_.data(), count);
+  if (image_) image_->Write(buffer_.data(), count);
+}
+
+void ImageBurn::MoveSilence(std::int64_t bytes) {
+  const auto count = static_cast<std::size_t>(bytes);
+  std::fill_n(buffer_.begin(), count, '\0');
+  if (image_) image_->Write(buffer_.data(), count);
+}
+
+void ImageBurn::End() {
+  tell_([](McdEvents& events) { Call(events.MCD_WriteLeadOut, 0); });
+  if (image_) {
+    image_.reset();
+    const std::string sheet = FormatCueSheet(sheet_);
+    dateien_.Open(CueTemp(), Zugriff::Neu)->Write(sheet.data(), sheet.size());
+  }
+  if (order_.fixate) tell_([](McdEvents& events) { Call(events.MCD_Fixating); });
+}
+
+void ImageBurn::TellPercent(bool always) {
+  const Track& track = tracks_[track_];
+  const std::int64_t now = order_.dao ? done_ * 100 / std::max<std::int64_t>(total_, 1)
+                                      : std::max<std::int64_t>(inTrack_ - track.gap, 0) * 100 /
+                                            (track.bytes + track.fill);
+  if (now == percent_) return;
+  const double passed =
+      order_.faults.Pace > 0
+          ? nominalMs_ - toldMs_
+          : std::chrono::duration<double, std::milli>(Time::now() - toldAt_).count();
+  if (!always && passed < kTellMs) return;
+  toldMs_ = nominalMs_;
+  toldAt_ = Time::now();
+  percent_ = static_cast<int>(now);
+  tell_([percent = percent_](McdEvents& events) { Call(events.MCD_TrackPercent, percent); });
+}
+
+std::int64_t ImageBurn::Budget() const {
+  if (order_.faults.Pace <= 0) return kSliceBytes;
+  const auto bytes = static_cast<std::int64_t>(order_.faults.Pace * kSingleSpeed * kTellMs / 1000);
+  return std::clamp(bytes / kSectorBytes * kSectorBytes, kSectorBytes, kSliceBytes);
+}
+
+int ImageBurn::Delay() {
+  const int ms = static_cast<int>(nominalMs_ - passedMs_);
+  passedMs_ += ms;
+  return ms;
+}
+
+void ImageBurn::Keep() {
+  if (!made_) return;
+  const Text image = order_.name + L".bin";
+  try {
+    Rename(BinTemp(), image);
+    try {
+      // The sheet comes last: it is what makes the pair a disc.
+      Rename(CueTemp(), Sheet());
+    } catch (const Laufzeitfehler&) {
+      dateien_.Kill(image);
+      throw;
+    }
+  } catch (const Laufzeitfehler&) {
+    Discard();
+    throw;
+  }
+  made_ = false;
+}
+
+void ImageBurn::Rename(const Text& from, const Text& to) {
+  std::error_code error;
+  std::filesystem::rename(dateien_.SystemPath(from), dateien_.SystemPath(to), error);
+  if (error) {
+    throw Laufzeitfehler(kFehlerZugriff, L"No se puede dar su nombre al disco terminado.");
+  }
+}
+
+void ImageBurn::Discard() noexcept {
+  image_.reset();
+  wave_.reset();
+  if (!made_) return;
+  for (const Text& file : {BinTemp(), CueTemp()}) {
+    try {
+      dateien_.Kill(file);
+    } catch (const std::exception&) {
+      // It has not been made yet, or lies where nothing can be removed any more.
+    }
+  }
+  made_ = false;
+}
+
+}  // namespace vantora

@@ -1,0 +1,94 @@
+// One burn of the embedded writer: lays the waves into an image, slice by slice. The files carry a
+// temporary name until Keep gives them their own.
+#pragma once
+
+#include "backends/discimage/cue_sheet.h"
+#include "backends/discimage/writer_faults.h"
+
+#include "platform/files.h"
+#include "platform/mcd.h"
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace vantora {
+
+struct BurnOrder {
+  bool dao = false, simulation = false, fixate = true;
+  std::vector<Text> waves;
+  std::map<int, std::pair<Text, Text>> cdText;  // title and performer; 0 is the disc
+  Text name;                                    // of the files, with path and without extension
+  WriterFaults faults;
+};
+
+class ImageBurn {
+ public:
+  // Both are called in the slices. `Tell` brings an event to the interface thread; `Ended` says
+  // that the last event has been told: with nothing to tell for success, with the failure's event
+  // otherwise.
+  using Event = std::function<void(McdEvents&)>;
+  using Tell = std::function<void(Event)>;
+  using Ended = std::function<void(Event)>;
+
+  ImageBurn(Dateien& dateien, BurnOrder order, Tell tell, Ended ended);
+
+  int Slice() noexcept;  // for Background
+
+  // Both for the interface thread, when no slice runs any more.
+  void Keep();              // of a burn that succeeded; what fails raises and leaves no file
+  void Discard() noexcept;  // no file stays
+
+  Text Sheet() const { return order_.name + L".cue"; }
+  bool Simulation() const { return order_.simulation; }
+
+  static Event FailureEvent(int code, const Text& text);
+
+ private:
+  struct Track {
+    Text file;
+    std::int64_t offset = 0, bytes = 0;  // of the sound in the wave file
+    std::int64_t gap = 0, fill = 0;      // bytes of silence in front and behind
+    std::int64_t Total() const { return gap + bytes + fill; }
+  };
+  struct MediumFailed {};
+
+  void Begin();
+  void Plan();
+  bool Move(std::int64_t budget);
+  void BeginTrack();
+  void EndTrack();
+  std::int64_t MovePart(std::int64_t most);
+  void MoveSound(std::int64_t bytes);
+  void MoveSilence(std::int64_t bytes);
+  void End();
+  void TellPercent(bool always);
+  int Delay();
+  std::int64_t Budget() const;
+  Text BinTemp() const { return order_.name + L".bin.tmp"; }
+  Text CueTemp() const { return order_.name + L".cue.tmp"; }
+  void Rename(const Text& from, const Text& to);
+
+  Dateien& dateien_;
+  BurnOrder order_;
+  Tell tell_;
+  Ended ended_;
+  std::vector<Track> tracks_;
+  CueSheet sheet_;
+  std::unique_ptr<Datei> image_, wave_;
+  std::vector<char> buffer_;
+  std::size_t track_ = 0;                            // which is being written, from 0
+  std::int64_t inTrack_ = 0;                         // bytes of it that lie in the image
+  std::int64_t done_ = 0, total_ = 0, failAt_ = -1;  // bytes of the image
+  int percent_ = -1;                                 // told last
+  std::chrono::steady_clock::time_point toldAt_;
+  double nominalMs_ = 0, toldMs_ = 0, passedMs_ = 0;  // at the pace ordered
+  bool made_ = false;                                 // temporary files may be there
+};
+
+}  // namespace vantora
