@@ -14,23 +14,27 @@ class AlsaPlayer final : public MMWavePlayerX {
   AlsaPlayer(Dateien& dateien, EventLoop& loop);
   ~AlsaPlayer() override;
 
-  void SetFileName(const Text& file) override;
+  void SetFileName(const Text& file) override { file_ = file; }
   // Starts again from the beginning when it plays already. Besides the refusal of the card, a file
-  // that is missing or no usable wave raises the errors of MMWaveFileX::Open.
+  // that is missing or no wave of 44.1 kHz, 16 bit, stereo raises the errors of MMWaveFileX::Open.
   void Start() override;
   void Stop() override;
-  bool Playing() const override;
+  // Changes on the interface thread only, just before OnStop.
+  bool Playing() const override { return playing_; }
   std::int64_t Position() const override;
 
  private:
-  struct Voice;
+  class Voice;
 
-  void Silence();
+  void Ended();
 
   Dateien& dateien_;
   EventLoop& loop_;
   Text file_;
-  std::shared_ptr<Voice> voice_;  // the sound that plays, or played last
+  bool playing_ = false;
+  bool stopUntold_ = false;
+  std::shared_ptr<int> token_;    // of the sound that plays; its events carry it
+  std::unique_ptr<Voice> voice_;  // what plays, or played last
 };
 
 }  // namespace vantora

@@ -1,0 +1,68 @@
+#include "backends/alsa/alsa_output.h"
+
+#include "backends/alsa/alsa_devices.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <string>
+
+namespace vantora {
+
+namespace {
+
+constexpr unsigned kRate = 44100;
+constexpr unsigned kLatencyUs = 200'000;
+
+[[noreturn]] void Refused(long error) {
+  const std::string words = snd_strerror(static_cast<int>(error));
+  throw Laufzeitfehler(kFehlerEinAusgabe, L"La tarjeta de sonido no responde: " +
+                                              Text(words.begin(), words.end()) + L".");
+}
+
+}  // namespace
+
+AlsaOutput::AlsaOutput() {
+  SilenceAlsaMessages();
+  snd_pcm_t* opened = nullptr;
+  // Never blocking: a card that has gone must not hold up whoever wants to stop it.
+  const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK);
+  if (error < 0) Refused(error);
+  pcm_.reset(opened);
+  const int set = snd_pcm_set_params(opened, SND_PCM_FORMAT_S16_LE, SND_PCM_ACCESS_RW_INTERLEAVED,
+                                     2, kRate, 1, kLatencyUs);
+  if (set < 0) Refused(set);
+}
+
+std::int64_t AlsaOutput::Write(const void* sound, std::int64_t frames, int ms) {
+  snd_pcm_sframes_t taken =
+      snd_pcm_writei(pcm_.get(), sound, static_cast<snd_pcm_uframes_t>(frames));
+  if (taken == -EAGAIN) {
+    const int waited = snd_pcm_wait(pcm_.get(), ms);
+    if (waited == 0) return 0;
+    taken = waited < 0 ? waited
+                       : snd_pcm_writei(pcm_.get(), sound, static_cast<snd_pcm_uframes_t>(frames));
+  }
+  if (taken >= 0) return taken;
+  if (taken == -EAGAIN) return 0;
+  const int mended = snd_pcm_recover(pcm_.get(), static_cast<int>(taken), 1);
+  if (mended < 0 && mended != -EAGAIN) Refused(mended);
+  return 0;
+}
+
+void AlsaOutput::Begin() {
+  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) snd_pcm_start(pcm_.get());
+}
+
+std::int64_t AlsaOutput::Ahead() {
+  snd_pcm_sframes_t frames = 0;
+  if (snd_pcm_delay(pcm_.get(), &frames) < 0) return 0;
+  return std::max<std::int64_t>(frames, 0);
+}
+
+void AlsaOutput::Drop() {
+  snd_pcm_drop(pcm_.get());
+}
+
+}  // namespace vantora

@@ -1,0 +1,30 @@
+// The sound card's output "default" for sound of 44.1 kHz, 16 bit, stereo. One thread at a time.
+#pragma once
+
+#include <alsa/asoundlib.h>
+
+#include <cstdint>
+#include <memory>
+
+namespace vantora {
+
+class AlsaOutput {
+ public:
+  AlsaOutput();  // raises 57 when the card refuses
+
+  // Hands over up to `frames`, waiting at most `ms` for room. Returns the frames taken, 0 when
+  // there was no room; raises 57 when the card is gone. An interruption is mended on the way.
+  std::int64_t Write(const void* sound, std::int64_t frames, int ms);
+  void Begin();  // plays at once what has been handed over, if it does not yet
+  // Frames handed over that are not heard yet; 0 when the card has come to rest.
+  std::int64_t Ahead();
+  void Drop();  // silence now
+
+ private:
+  struct Close {
+    void operator()(snd_pcm_t* pcm) const { snd_pcm_close(pcm); }
+  };
+  std::unique_ptr<snd_pcm_t, Close> pcm_;
+};
+
+}  // namespace vantora
