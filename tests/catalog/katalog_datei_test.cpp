@@ -94,7 +94,7 @@ TEST(KatalogDatei, ShortAndForeignFilesRaiseAndCostNoMemory) {
         {riesig + std::string(5000, 'x'), kFehlerDateiEnde},
         {std::string("\xFF\xFF\xFF\xFF", 4) + std::string(900, ' '), kFehlerIndex}}) {
     b.Datei(kDatei, fall.Bytes);
-    KatalogFeld katalog;
+    KatalogFeld katalog(1);
     try {
       KatalogLesen(b.platform.machine.files, kDatei, katalog);
       ADD_FAILURE() << fall.Bytes.size() << " bytes were taken for a catalog";

@@ -105,7 +105,9 @@ TEST(Katalog, TheTwoTestsOfTheLengthDifferOnPurpose) {
 TEST(Katalog, SavedAndOpenedAgainItIsTheSameCatalog) {
   Buehne b;
   b.Start();
+  b.Antwortet(kNein);
   b.Tu([&] { b.Haupt().imgKatalogSpeichern_MouseUp(); });
+  EXPECT_EQ(b.Gesagt(), (Liste{b.prog.Text(8037)}));
   b.Katalog({L"a", L"b"});
   b.prog.KatalogGeaendert = true;
   b.WaehltDatei({L"C:\\Vantora\\Catálogo\\mi disco"});
