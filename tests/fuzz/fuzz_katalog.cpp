@@ -1,0 +1,72 @@
+// Any bytes as a catalog file: refused by its error, or a catalog that is written again as it was
+// read.
+#include "catalog/katalog_datei.h"
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/fuzz/fuzz_body.h"
+
+namespace vantora::test {
+
+namespace {
+
+constexpr std::size_t kRecordBytes = 822;  // of a record without a date
+
+// `dates` has the length of each record's date; every other byte is one of all that there are.
+std::string Catalog(std::uint32_t count, const std::vector<std::size_t>& dates) {
+  std::string bytes = Number(count, 4);
+  for (const std::size_t date : dates) {
+    std::string record = Noise(kRecordBytes + date, static_cast<std::uint32_t>(bytes.size()));
+    bytes += record.replace(220, 2, Number(date, 2));
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::vector<std::string> FuzzSeeds() {
+  return {Catalog(0, {0}),
+          Catalog(1, {0, 29}),
+          Catalog(3, {0, 29, 0, 400}),
+          Catalog(2, {0, 0xFFFF, 1}),
+          Catalog(0x7FFFFFFF, {0, 29}),
+          Catalog(0x00FFFFFF, {29, 29, 29}),
+          Catalog(0x80000000, {0}),
+          Catalog(0xFFFFFFFF, {0}),
+          ""};
+}
+
+}  // namespace vantora::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantora;
+  using namespace vantora::test;
+  static Home home;
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  fs::remove(home / "a.vtr");
+  Put(home / "a.vtr", bytes);
+
+  KatalogFeld katalog(3);
+  int error = 0;
+  try {
+    KatalogLesen(home.Files, L"C:\\a.vtr", katalog);
+  } catch (const Laufzeitfehler& fehler) {
+    error = fehler.Nummer;
+  }
+  Require(
+      error == 0 || error == kFehlerDateiEnde || error == kFehlerIndex || error == kFehlerSpeicher,
+      "a file that is no catalog raises the error for it");
+  Require(error != kFehlerIndex || katalog.size() == 1, "a count below 0 leaves an empty catalog");
+  // A field that grows has room for twice what the file holds, never for what a count promises.
+  Require(katalog.capacity() <= 2 * (size / kRecordBytes) + 3, "no room for invented tracks");
+  if (error != 0) return 0;
+
+  Require(UBound(katalog) >= 0 &&
+              Number(static_cast<std::uint64_t>(UBound(katalog)), 4) == bytes.substr(0, 4),
+          "the count is the highest index");
+  fs::remove(home / "b.vtr");
+  KatalogSchreiben(home.Files, L"C:\\b.vtr", katalog);
+  const std::string written = Get(home / "b.vtr");
+  Require(written.size() >= 4 + kRecordBytes * katalog.size(), "every record is written");
+  Require(bytes.starts_with(written), "what was read is written again, byte by byte");
+  return 0;
+}

@@ -1,0 +1,39 @@
+// Any bytes as a private profile file: listed, read, changed, and a section removed.
+#include "backends/linux/profile_file.h"
+#include "tests/backends/linux/home.h"
+#include "tests/fuzz/fuzz_body.h"
+
+namespace vantora::test {
+
+std::vector<std::string> FuzzSeeds() {
+  return {
+      "[1A2B3C]\r\nartist=A\r\ntitle=\"T\"\r\nnumtracks=2\r\n0=a;b;1\r\n1=c;d;2\r\ntotaltime=3\r\n",
+      "; x\n[one]\nkey = 'v'\n\n[two]\n=\nkey\n[ONE]\nkey=w\n[", "\xEF\xBB\xBF[a]\rb=c\n", ""};
+}
+
+}  // namespace vantora::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantora;
+  using namespace vantora::test;
+  static Home home;
+  const Text name = L"qmaudio.ini";
+  Put(home / ".local/share/vantora/qmaudio.ini", {reinterpret_cast<const char*>(data), size});
+  ProfileFiles profile(home.Table);
+  const auto read = [&](const Text& section, const Text& key) {
+    return profile.GetPrivateProfileString(section, key, L"none", 5000, name);
+  };
+  const std::vector<Text> sections = profile.GetPrivateProfileSectionNames(name, 5000);
+  for (const Text& section : sections) read(section, L"numtracks");
+
+  const Text section = sections.empty() ? L"new" : sections.back();
+  const Text artist = read(section, L"artist");
+  profile.WritePrivateProfileString(section, L"Fresh Key", L"value", name);
+  Require(read(section, L"FRESH KEY") == L"value", "what is written is read again");
+  Require(read(section, L"artist") == artist, "a change leaves the others alone");
+  const auto now = profile.GetPrivateProfileSectionNames(name, 1 << 30);
+  profile.DeletePrivateProfileSection(section, name);
+  Require(profile.GetPrivateProfileSectionNames(name, 1 << 30).size() <= now.size(),
+          "a deletion adds nothing");
+  return 0;
+}

@@ -1,0 +1,36 @@
+// Any bytes as a settings file: read, changed, and read again as the next run does.
+#include "backends/linux/settings_file.h"
+#include "tests/backends/linux/home.h"
+#include "tests/fuzz/fuzz_body.h"
+
+namespace vantora::test {
+
+std::vector<std::string> FuzzSeeds() {
+  return {"[Quillmark\\VTR]\nUndo=1\nCopies=2\nWave_Export_Dir=C:\\M%C3%BAsica\\\n",
+          "# mine\r\n[Quillmark\\VTR]\r\n copies = 1 \r\n\r\n[Quillmark\\Presets]\nx%3D=%20a%20\n",
+          "[Quillmark\\VTR]\n[]\n[\\]\n=\nUndo\nCopies=%\nUndo=%4\nUndo=%00%FF\n", ""};
+}
+
+}  // namespace vantora::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantora;
+  using namespace vantora::test;
+  static const TempFolder folder;
+  const fs::path file = folder() / "settings.conf";
+  Put(file, {reinterpret_cast<const char*>(data), size});
+  const auto read = [&](const Text& key) {
+    return SettingsFile(file).GetSetting(L"Quillmark", L"VTR", key, L"none");
+  };
+  const Text undo = read(L"Undo"), folderOfWaves = read(L"Wave_Export_Dir");
+  // The input itself is what is saved: any text must survive.
+  const Text value(data, data + std::min<std::size_t>(size, 300));
+  SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Copies", value);
+  Require(read(L"Copies") == value, "what is saved is read again");
+  SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Other" + value, L"1");
+  Require(read(L"Other" + value) == L"1", "any key is found again");
+  Require(read(L"Copies") == value && read(L"Undo") == undo &&
+              read(L"Wave_Export_Dir") == folderOfWaves,
+          "a change leaves the others alone");
+  return 0;
+}

@@ -1,0 +1,83 @@
+// Any bytes as a wave file: opened, read, changed in place and cut. What opens must be a true wave
+// file after each change.
+#include "backends/sound/cutter.h"
+#include "backends/sound/wave_file.h"
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/fuzz/fuzz_body.h"
+
+#include <algorithm>
+
+namespace vantora::test {
+
+namespace {
+
+const Text kWave = L"C:\\a.wav";
+
+std::string Sound(WaveFile& wave) {
+  std::string data(static_cast<std::size_t>(wave.DataBytes()), '?');
+  wave.SetPosition(0);
+  Require(wave.Read(data.data(), data.size()) == data.size(), "all the data can be read");
+  return data;
+}
+
+std::string SoundInTrueFile(const Home& home, Dateien& files) {
+  const std::string bytes = Get(home / "a.wav");
+  Require(bytes.substr(4, 4) == Number(bytes.size() - 8, 4), "RIFF tells the file's length");
+  WaveFile wave(files);
+  wave.Open(kWave);
+  const auto size = static_cast<std::size_t>(wave.DataOffset()) - 4;
+  Require(bytes.substr(size, 4) == Number(static_cast<std::uint64_t>(wave.DataBytes()), 4),
+          "data tells its length");
+  return Sound(wave);
+}
+
+}  // namespace
+
+std::vector<std::string> FuzzSeeds() {
+  const std::string tail = Chunk("LIST", "INFOIART" + Number(5, 4) + "name\0\0");
+  return {Wave(Noise(400)), Wave(Noise(401), tail, {1, 1, 8000, 8}),
+          Riff(Chunk("LIST", Noise(30)) + Chunk("fmt ", Format{}.Bytes() + Number(0, 2)) +
+               Chunk("fact", Noise(4)) + Chunk("data", Noise(4000)) + tail),
+          Riff(Chunk("data", Noise(20)) + Chunk("fmt ", Format{}.Bytes()))};
+}
+
+}  // namespace vantora::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantora;
+  using namespace vantora::test;
+  static Home home;
+  fs::remove(home / "a.wav");  // overwriting a file makes some file systems wait for the disk
+  Put(home / "a.wav", {reinterpret_cast<const char*>(data), size});
+  std::string sound;
+  int frameBytes = 0;
+  {
+    WaveFile wave(home.Files);
+    try {
+      wave.Open(kWave);
+    } catch (const Laufzeitfehler& fehler) {
+      Require(fehler.Nummer == 57, "what is no wave file raises 57");
+      return 0;
+    }
+    frameBytes = wave.FrameBytes();
+    Require(wave.Samples() * frameBytes <= static_cast<std::int64_t>(size), "no invented sound");
+    sound = Sound(wave);
+    wave.Write("more", 4);
+    wave.SetPosition(3);
+    wave.Write("inside", 6);
+    wave.Close();
+  }
+  sound += "more";
+  sound.replace(3, 6, "inside");
+  Require(SoundInTrueFile(home, home.Files) == sound, "writes are where they belong");
+
+  Cutter(home.Files).Cut(kWave, 2, 3);
+  const auto frames = static_cast<std::int64_t>(sound.size()) / frameBytes;
+  if (frames > 2) {
+    sound.resize(static_cast<std::size_t>(frames * frameBytes));
+    sound.erase(static_cast<std::size_t>(2 * frameBytes), static_cast<std::size_t>(3 * frameBytes));
+  }
+  Require(SoundInTrueFile(home, home.Files) == sound, "the cut is where it belongs");
+  return 0;
+}

@@ -1,0 +1,118 @@
+// Runs a fuzz body without a fuzzer: `fuzz_wave COUNT [FIRST]` feeds it the mutations FIRST to
+// FIRST + COUNT - 1 of its seeds. Mutation N is the same on every machine, so that the number told
+// at a crash brings it back.
+#include "tests/fuzz/fuzz_body.h"
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <csignal>
+#include <random>
+#include <unistd.h>
+
+namespace vantora::test {
+
+namespace {
+
+constexpr unsigned kSecondsAnInput = 20;
+
+std::atomic<std::uint64_t>& Current() {
+  static std::atomic<std::uint64_t> number = 0;
+  return number;
+}
+
+// Only what a signal handler may do.
+void TellNumber(int signal) {
+  std::array<char, 24> digits{};
+  std::size_t place = digits.size();
+  digits[--place] = '\n';
+  std::uint64_t rest = Current();
+  do {
+    digits[--place] = static_cast<char>('0' + rest % 10);
+    rest /= 10;
+  } while (rest > 0);
+  const char words[] = "died of mutation number ";
+  if (::write(2, words, sizeof words - 1) < 0 ||
+      ::write(2, digits.data() + place, digits.size() - place) < 0) {
+    ::_exit(2);
+  }
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+class Mutator {
+ public:
+  explicit Mutator(std::uint64_t number) : random_(number) {}
+
+  std::string Make(const std::vector<std::string>& seeds) {
+    std::string text = seeds[Below(seeds.size())];
+    for (std::size_t changes = Below(6); changes > 0; --changes) Change(text, seeds);
+    return text;
+  }
+
+ private:
+  std::size_t Below(std::size_t limit) {
+    return limit == 0 ? 0 : static_cast<std::size_t>(random_() % limit);
+  }
+
+  void Change(std::string& text, const std::vector<std::string>& seeds) {
+    const std::size_t place = Below(text.size() + 1);
+    const std::size_t size = Below(Below(4) == 0 ? 5000 : 9);
+    switch (Below(8)) {
+      case 0:
+        text.resize(place);
+        break;
+      case 1:
+        text.erase(place, size);
+        break;
+      case 2:
+        text.insert(place, text.substr(Below(text.size() + 1), size));
+        break;
+      case 3:
+        text.insert(place, size, static_cast<char>(random_()));
+        break;
+      case 4: {
+        const std::string& other = seeds[Below(seeds.size())];
+        text.replace(place, size, other.substr(Below(other.size() + 1), Below(200)));
+        break;
+      }
+      case 5: {  // a size or a count at the edge of what it can be
+        constexpr std::array<std::uint32_t, 10> kEdges{
+            0, 1, 0x7F, 0xFF, 0x7FFF, 0xFFFF, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF};
+        const std::uint32_t edge = kEdges[Below(kEdges.size())];
+        for (std::size_t i = 0; i < 4 && place + i < text.size(); ++i) {
+          text[place + i] = static_cast<char>((edge >> (8 * i)) & 0xFFU);
+        }
+        break;
+      }
+      default:
+        if (place < text.size()) text[place] = static_cast<char>(random_());
+    }
+  }
+
+  std::mt19937_64 random_;
+};
+
+}  // namespace
+
+}  // namespace vantora::test
+
+int main(int argc, char** argv) {
+  using namespace vantora::test;
+  const std::uint64_t count = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1000;
+  const std::uint64_t first = argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 0;
+  for (const int signal : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGALRM}) {
+    std::signal(signal, TellNumber);
+  }
+  const std::vector<std::string> seeds = FuzzSeeds();
+  for (std::uint64_t number = first; number < first + count; ++number) {
+    Current() = number;
+    // The first ones are the seeds themselves.
+    const std::string text = number < seeds.size() ? seeds[number] : Mutator(number).Make(seeds);
+    ::alarm(kSecondsAnInput);
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  }
+  ::alarm(0);
+  std::cout << count << " inputs, nothing broken" << std::endl;
+  return 0;
+}

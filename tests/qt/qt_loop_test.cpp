@@ -1,0 +1,348 @@
+#include "tests/qt/stage.h"
+
+#include <QGuiApplication>
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <thread>
+
+namespace vantora {
+namespace {
+
+using Log = std::vector<std::string>;
+
+double MsOf(const std::function<void()>& work) {
+  const auto start = std::chrono::steady_clock::now();
+  work();
+  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
+      .count();
+}
+
+TEST_F(Stage, TheWindowThatComesBackToTheFrontIsToldOncePerModalWindow) {
+  TestForm outer(loop, L"frmOuter"), middle(loop, L"frmMiddle"), inner(loop, L"frmInner");
+  person.Then([&] { loop.Post([&] { loop.ShowModal(middle); }); })
+      .Then([&] {
+        EXPECT_EQ(loop.Front(), &middle);
+        EXPECT_FALSE(loop.Reachable(outer));
+        loop.Post([&] { loop.ShowModal(inner); });
+      })
+      .Then([&] {
+        EXPECT_EQ(person.Front, &inner);
+        EXPECT_FALSE(loop.Reachable(middle));
+        loop.Hide(inner);
+      })
+      .Then([&] {
+        EXPECT_EQ(person.Front, &middle);
+        EXPECT_TRUE(outer.Visible());
+        loop.Hide(middle);
+      })
+      .Then([&] { EXPECT_EQ(person.Front, &outer); });
+  Play(outer);
+  EXPECT_EQ(outer.Log, (Log{"activate", "gotfocus"}));
+  EXPECT_EQ(middle.Log, (Log{"activate", "gotfocus"}));
+  EXPECT_EQ(inner.Log, (Log{"activate"}));
+}
+
+TEST_F(Stage, AModalWindowHeldOpenByAHandlerReturnsItsAnswerToThatHandler) {
+  FullForm form(loop);
+  int answer = 0;
+  form.imgButton.MouseUp = [&](int) {
+    SystemBox box(loop, L"¿Seguir?", 4, L"Vantora");
+    answer = box.Ask();
+  };
+  person.Then([&] { hands.Press(form.imgButton); })
+      .Then([&] {
+        ASSERT_NE(person.Front, &form);
+        EXPECT_EQ(Refusal([&] { hands.Press(form.imgPlain); }),
+                  "frmTest is behind SystemBox or minimized");
+        hands.Press(*static_cast<PictureButton*>(person.Front->Find(L"picMboxButton", 1)));
+      })
+      .Then([&] { hands.Press(form.imgPlain); })
+      .Then([&] { EXPECT_EQ(form.Log.back(), "plain"); });
+  Play(form);
+  EXPECT_EQ(answer, 7);
+}
+
+TEST_F(Stage, AFormMayGoInAHandlerOfItsOwnControl) {
+  TestForm behind(loop, L"frmBehind");
+  std::optional<FullForm> form(std::in_place, loop);
+  form->imgButton.MouseUp = [&](int) {
+    form.reset();
+    loop.DoEvents();
+  };
+  person.Then([&] { loop.Show(*form); }).Then([&] { hands.Press(form->imgButton); }).Then([&] {
+    EXPECT_FALSE(form.has_value());
+  });
+  Play(behind);
+  EXPECT_EQ(behind.Count("gotfocus"), 1);
+  EXPECT_EQ(loop.Forms().size(), 1U);
+}
+
+// Every way into a handler is left through widgets of a form that is no more.
+TEST_F(Stage, AFormMayGoInAnyHandlerAndTheNextOneWorks) {
+  TestForm behind(loop, L"frmBehind");
+  std::unique_ptr<FullForm> form;
+  int gone = 0;
+  const auto leave = [&] {
+    form.reset();
+    ++gone;
+    loop.DoEvents();
+  };
+  const std::vector<std::function<void()>> ways = {
+      [&] {
+        form->txtName.Change = leave;
+        hands.Type(form->txtName, L"abc");
+      },
+      [&] {
+        form->chkOn.Click = leave;
+        hands.Press(form->chkOn);
+      },
+      [&] {
+        form->optPaper(1).Click = leave;
+        hands.Press(form->optPaper(1));
+      },
+      [&] {
+        form->cboGenre.Click = leave;
+        hands.Select(form->cboGenre, {2});
+      },
+      [&] {
+        form->lstOne.Click = leave;
+        hands.Select(form->lstOne, {2});
+      },
+      [&] {
+        form->lvwTracks.ItemClick = [&](int) { leave(); };
+        hands.Select(form->lvwTracks, {2});
+      },
+      [&] {
+        form->lvwTracks.KeyUp = [&](int) { leave(); };
+        loop.SetFocus(form->lvwTracks);
+        hands.Key(*form, L"Delete");
+      },
+      [&] {
+        form->sldPan.Change = leave;
+        hands.Drag(form->sldPan, 100, 900);
+      },
+      [&] {
+        form->OnKey = [&](int, bool) {
+          leave();
+          return true;
+        };
+        hands.Key(*form, L"F1");
+      },
+      [&] {
+        form->OnClose = leave;
+        hands.Close(*form);
+      },
+      [&] {
+        form->txtNumber.GotFocus = leave;
+        hands.Press(form->txtNumber);
+      },
+      [&] {
+        form->tmrTick.OnTimer = leave;
+        form->tmrTick.Interval = 1;
+        loop.PostAfter(40, [] {});
+      },
+  };
+  for (std::size_t i = 0; i < ways.size(); ++i) {
+    person.Then([&] {
+      form = std::make_unique<FullForm>(loop);
+      loop.Show(*form);
+    });
+    person.Then(ways[i]);
+    person.Then([&] { std::this_thread::sleep_for(std::chrono::milliseconds(4)); });
+    person.Then([&, i] { EXPECT_EQ(form, nullptr) << "way " << i; });
+  }
+  Play(behind);
+  EXPECT_EQ(gone, static_cast<int>(ways.size()));
+  EXPECT_EQ(errors, Log{});
+}
+
+TEST_F(Stage, WorkFromThreadsRunsInOrderOnTheInterfaceThread) {
+  constexpr int kPerThread = 500;
+  TestForm form(loop);
+  const auto self = std::this_thread::get_id();
+  std::vector<int> seen[2];
+  bool elsewhere = false;
+  std::vector<std::thread> threads;
+  for (int t = 0; t < 2; ++t) {
+    threads.emplace_back([&, t] {
+      for (int i = 0; i < kPerThread; ++i) {
+        loop.Post([&, t, i] {
+          elsewhere = elsewhere || std::this_thread::get_id() != self;
+          seen[t].push_back(i);
+          if (seen[0].size() + seen[1].size() == 2 * kPerThread) loop.Quit();
+        });
+        if (i % 100 == 0) std::this_thread::sleep_for(std::chrono::milliseconds(2));
+      }
+    });
+  }
+  loop.TheUser = nullptr;  // so that the loop really sleeps between two posts
+  loop.Show(form);
+  loop.Run();
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_FALSE(elsewhere);
+  for (const auto& numbers : seen) {
+    EXPECT_EQ(numbers.size(), static_cast<std::size_t>(kPerThread));
+    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
+  }
+}
+
+TEST_F(Stage, TimersRunWhileEnabledEvenOfAFormThatIsNotShown) {
+  FullForm hidden(loop);
+  loop.TheUser = nullptr;
+  int ticks = 0;
+  hidden.tmrTick.OnTimer = [&] {
+    if (++ticks == 5) hidden.tmrTick.Enabled = false;
+  };
+  hidden.tmrTick.Interval = 40;
+  loop.PostAfter(800, [&] { loop.Quit(); });
+  const double ms = MsOf([&] { loop.Run(); });
+  EXPECT_EQ(ticks, 5);
+  EXPECT_GE(ms, 800 / 20.0 - 1) << "the program's time must not pass faster than it was told to";
+  hidden.tmrTick.Enabled = true;
+  loop.PostAfter(200, [&] { loop.Quit(); });
+  loop.Run();
+  EXPECT_GT(ticks, 5);
+}
+
+TEST_F(Stage, DelayedWorkRunsInTheOrderOfItsTimes) {
+  std::string order;
+  loop.TheUser = nullptr;
+  loop.PostAfter(60, [&] { order += "c"; });
+  loop.PostAfter(20, [&] { order += "a"; });
+  loop.PostAfter(20, [&] { order += "b"; });
+  loop.PostAfter(100, [&] { loop.Quit(); });
+  loop.Run();
+  EXPECT_EQ(order, "abc");
+  EXPECT_GE(MsOf([&] { loop.Sleep(200); }), 10.0);
+}
+
+TEST_F(Stage, AProgramThatEndsLeavesEveryWaitAndRunThrows) {
+  TestForm outer(loop, L"frmOuter"), inner(loop, L"frmInner");
+  Log left;
+  const auto wait = [&](const char* name, const std::function<void()>& waiting) {
+    try {
+      waiting();
+      left.emplace_back("came back");
+    } catch (const ProgrammEnde&) {
+      left.emplace_back(name);
+      throw;
+    }
+  };
+  person.Then([&] { loop.Post([&] { wait("outer", [&] { loop.ShowModal(outer); }); }); })
+      .Then([&] { loop.Post([&] { wait("inner", [&] { loop.ShowModal(inner); }); }); })
+      .Then([&] { loop.Post([] { throw ProgrammEnde{}; }); })
+      .Then([&] { ADD_FAILURE() << "nobody is asked after the end"; });
+  EXPECT_THROW(loop.Run(), ProgrammEnde);
+  EXPECT_EQ(left, (Log{"inner", "outer"}));
+  EXPECT_THROW(loop.DoEvents(), ProgrammEnde);
+  EXPECT_THROW(loop.Sleep(1), ProgrammEnde);
+  EXPECT_THROW(loop.ShowModal(inner), ProgrammEnde);
+}
+
+TEST_F(Stage, AHandlerThatFailsIsReportedAndTheProgramStaysUp) {
+  FullForm form(loop);
+  form.imgButton.MouseUp = [](int) { throw Laufzeitfehler(53, L"No existe"); };
+  form.imgPlain.MouseUp = [](int) { throw std::runtime_error("broken"); };
+  person.Then([&] { hands.Press(form.imgButton); })
+      .Then([&] { hands.Press(form.imgPlain); })
+      .Then([&] { hands.Press(form.chkOn); })
+      .Then([&] { EXPECT_EQ(form.chkOn.Value, 1); });
+  Play(form);
+  EXPECT_EQ(errors.size(), 2U);
+}
+
+TEST_F(Stage, AStoryThatEndsInFrontOfAModalWindowEndsTheProgram) {
+  TestForm modal(loop, L"frmModal");
+  person.Then([&] { loop.Post([&] { loop.ShowModal(modal); }); });
+  EXPECT_THROW(loop.Run(), ProgrammEnde);
+  EXPECT_EQ(loop.LeftOpen(), L"frmModal");
+}
+
+TEST_F(Stage, ThePersonIsNotAskedInDoEventsNorBeforePostedWork) {
+  FullForm form(loop);
+  Log order;
+  form.imgButton.MouseUp = [&](int) {
+    for (int i = 0; i < 20; ++i) {
+      loop.DoEvents();
+      loop.Sleep(20);
+    }
+    loop.Post([&] { order.emplace_back("posted"); });
+    order.emplace_back("handler");
+  };
+  person.Then([&] { hands.Press(form.imgButton); }).Then([&] { order.emplace_back("person"); });
+  Play(form);
+  EXPECT_EQ(order, (Log{"handler", "posted", "person"}));
+}
+
+TEST_F(Stage, ABusyProgramDoesNotShutThePersonOut) {
+  TestForm form(loop);
+  bool going = true;
+  std::function<void()> slice = [&] {
+    if (going) loop.Post(slice);
+  };
+  person.Then([&] { loop.Post(slice); }).Then([&] { going = false; });
+  Play(form);
+}
+
+TEST_F(Stage, ThousandsOfSettingsCostOnePaint) {
+  FullForm form(loop);
+  loop.Show(form);
+  for (int i = 0; i < 20; ++i) loop.DoEvents();
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  loop.DoEvents();
+  const auto before = loop.Paints();
+  for (int i = 0; i < 5000; ++i) {
+    form.lblTitle.Caption = std::to_wstring(i);
+    form.sldPan.Value = i % 100;
+    form.lvwTracks.ListItems(1).SetSubItems(1, std::to_wstring(i));
+  }
+  loop.DoEvents();
+  EXPECT_EQ(loop.Paints() - before, 1);
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  loop.DoEvents();
+  EXPECT_EQ(loop.Paints() - before, 1) << "nothing has changed since";
+}
+
+TEST_F(Stage, AWindowThatAlwaysChangesIsPaintedNoOftenerThanAScreenShows) {
+  FullForm form(loop);
+  loop.Show(form);
+  loop.DoEvents();
+  const auto before = loop.Paints();
+  const double ms = MsOf([&] {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(80);
+    for (int i = 0; std::chrono::steady_clock::now() < end; ++i) {
+      form.lblTitle.Caption = std::to_wstring(i);
+      loop.DoEvents();
+    }
+  });
+  EXPECT_GE(loop.Paints() - before, 3);
+  EXPECT_LE(static_cast<double>(loop.Paints() - before), ms / 10 + 2);
+}
+
+TEST_F(Stage, AMinimizedWindowIsNotInFront) {
+  TestForm back(loop, L"frmBack"), front(loop, L"frmFront");
+  person.Then([&] { loop.Show(front); })
+      .Then([&] { loop.Minimize(front); })
+      .Then([&] {
+        EXPECT_EQ(person.Front, &back);
+        EXPECT_TRUE(front.Visible());
+        EXPECT_FALSE(loop.Reachable(front));
+        loop.Show(front);
+      })
+      .Then([&] { EXPECT_EQ(person.Front, &front); });
+  Play(back);
+  EXPECT_EQ(back.Count("gotfocus"), 1);
+}
+
+TEST_F(Stage, ThePointerIsTheOneThatWasSetLast) {
+  loop.MousePointer(Pointer::Hourglass);
+  loop.MousePointer(Pointer::ArrowHourglass);
+  EXPECT_EQ(loop.MousePointer(), Pointer::ArrowHourglass);
+  loop.MousePointer(Pointer::Normal);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
+}  // namespace vantora
