@@ -1,0 +1,73 @@
+// A whole program on a platform, with a user who does what one function says.
+#pragma once
+
+#include "app/einstellungen.h"
+#include "app/programm.h"
+#include "main/machine.h"
+
+#include <chrono>
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <functional>
+
+namespace vantora {
+
+using BenchTime = std::chrono::steady_clock;
+
+inline double Milliseconds(BenchTime::time_point from, BenchTime::time_point to) {
+  return std::chrono::duration<double, std::milli>(to - from).count();
+}
+
+template <class Platform>
+struct Stage final : User {
+  explicit Stage(const std::filesystem::path& home) : platform(home), prog(platform.bundle) {
+    platform.loop.TheUser = this;
+    SaveSetting(platform.bundle, L"Show_Start_Assistant", L"0");
+  }
+  ~Stage() override { platform.loop.TheUser = nullptr; }
+  Stage(const Stage&) = delete;
+  Stage& operator=(const Stage&) = delete;
+
+  // Starts the program and returns when `act` has answered false, in front of the main window.
+  void Play(std::function<bool(Form*)> act) {
+    act_ = std::move(act);
+    prog.Laufen();
+  }
+  bool Act(Form* front) override { return act_(front); }
+
+  Platform platform;
+  Programm prog;
+
+ private:
+  std::function<bool(Form*)> act_;
+};
+
+// All waves of the program's own folder as the catalog, without a look into them.
+inline void CatalogOfWaves(Programm& prog, const Text& length) {
+  const Text folder = L"C:\\Vantora\\Wavs\\";
+  prog.Katalog.assign(1, KatalogEintrag{});
+  for (const Text& name : prog.plattform.dateien.List(folder, L"*.wav")) {
+    KatalogEintrag track;
+    track.Titel = name;
+    track.Interpret = L"Voz";
+    track.Datei = folder + name;
+    track.Laenge = length;
+    track.Pause = 2;
+    prog.Katalog.push_back(track);
+  }
+}
+
+// What a benchmark's main does: one work, chosen by its name, in the home that is given.
+using Work = std::function<int(const std::filesystem::path& home)>;
+
+inline int RunWork(const Work& work, const char* home) {
+  try {
+    return work(home);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "bench: %s\n", error.what());
+    return 1;
+  }
+}
+
+}  // namespace vantora
