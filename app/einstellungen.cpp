@@ -1,5 +1,6 @@
 #include "app/einstellungen.h"
 
+#include "app/weiter.h"
 #include "app/zahlen.h"
 
 #include "platform/plattform.h"
@@ -8,7 +9,8 @@ namespace vantora {
 
 namespace {
 
-// Reads and writes one key after the other, so that the list of keys stands only once.
+// Reads and writes one key after the other, so that the list of keys stands only once. A number
+// that its width cannot hold is repaired: it counts as not there.
 class Leser {
  public:
   explicit Leser(Plattform& plattform) : plattform_(plattform) {}
@@ -22,10 +24,10 @@ class Leser {
     wert = zahl == 1 || zahl == 2;
   }
   void Zahl(const wchar_t* schluessel, std::int16_t& wert, const wchar_t* sonst) {
-    wert = Ganz16(Val(Wert(schluessel, sonst)));
+    if (!Weiter([&] { wert = Ganz16(Val(Wert(schluessel, sonst))); })) wert = Ganz16(Val(sonst));
   }
   void Zahl(const wchar_t* schluessel, std::int32_t& wert, const wchar_t* sonst) {
-    wert = Ganz32(Val(Wert(schluessel, sonst)));
+    wert = GetZahl(plattform_, schluessel, sonst);
   }
   template <std::size_t N>
   void Feld(const wchar_t* schluessel, FixedText<N>& wert, const wchar_t* sonst) {
@@ -89,6 +91,12 @@ void AlleOptionen(Weg weg, Werte& w) {
 
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst) {
   return plattform.einstellungen.GetSetting(kAnwendung, kAbschnitt, schluessel, sonst);
+}
+
+std::int32_t GetZahl(Plattform& plattform, const Text& schluessel, const Text& sonst) {
+  std::int32_t wert = Ganz32(Val(sonst));
+  Weiter([&] { wert = Ganz32(Val(GetSetting(plattform, schluessel, sonst))); });
+  return wert;
 }
 
 void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert) {

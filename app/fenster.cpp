@@ -26,7 +26,7 @@ VtrFenster::VtrFenster(Programm& programm, const Text& name)
 
 bool VtrFenster::Form_KeyDown(int taste, bool /*strg*/) {
   if (taste != kKeyF1) return false;
-  prog.Hilfe();
+  prog.Hilfe(Name);
   return true;
 }
 

@@ -14,7 +14,7 @@ frmMBox::frmMBox(Programm& programm) : VtrFenster(programm, L"frmMBox") {
   for (int i = 0; i < picMboxButton.Count(); ++i) {
     Knopf(picMboxButton(i), [this, i] { picMboxButton_MouseUp(i); });
   }
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
 }
 
 void frmMBox::Form_Load() {

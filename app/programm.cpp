@@ -142,8 +142,9 @@ void Programm::LastCatSave() {
   SaveSetting(plattform, L"Last_Catalogue_Name", katalog ? LetzterKatalog : vantora::Text());
 }
 
-void Programm::Hilfe() {
-  plattform.system.OpenHelp(AddBackslash(AppPfad) + L"VTR.HLP", L"");
+void Programm::Hilfe(const vantora::Text& fenster) {
+  const bool gezeigt = plattform.system.OpenHelp(AddBackslash(AppPfad) + L"VTR.HLP", fenster);
+  if (!gezeigt && !frmMBox.Geladen()) MsgBoxen(Text(8058), kHinweis);
 }
 
 void Programm::ProgrammBeenden(bool ohneFrage) {

@@ -71,7 +71,7 @@ struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZus
   // Compares the versions of the components with those that the program was made for; a difference
   // ends the program. Not on the path of start-up.
   void KomponentenPruefen();
-  void Hilfe();
+  void Hilfe(const vantora::Text& fenster);  // the help, at the page of a window
 
   void Zeigen(VtrFenster& fenster);
   void ZeigeModal(const std::shared_ptr<VtrFenster>& fenster);

@@ -68,7 +68,7 @@ void frmHauptForm::KnoepfeEinrichten() {
   Knopf(imgStop, [this] { imgStop_MouseUp(); });
   Knopf(imgDelTitel, [this] { imgDelTitel_MouseUp(); });
   Knopf(imgTitelBearb, [this] { imgTitelBearb_MouseUp(); });
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   Knopf(imgMinimize, [this] { imgMinimize_MouseUp(); });
   Knopf(Logo, [this] { Logo_Click(); });
   for (int i = 0; i < imgMove.Count(); ++i) Knopf(imgMove(i), [this, i] { imgMove_MouseUp(i); });

@@ -283,6 +283,7 @@ void frmHauptForm::imgBrennen_MouseUp() {
     brennen->optDiscAtOnce.SetValue(true);
     break;
   }
+  prog.BrennerFensterGeschlossen = false;
   prog.Zeigen(*brennen);
   schleife.MousePointer(Pointer::Normal);
 }

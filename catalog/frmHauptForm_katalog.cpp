@@ -169,7 +169,7 @@ void frmHauptForm::ObInZeitGrenzen(std::int64_t ms) {
 
 void frmHauptForm::TitelUndInterpret(const Text& datei, const Text& datum, const Text& vorschlag,
                                      Text& titel, Text& interpret) {
-  if (prog.NeuInterpret.empty()) {
+  if (Trim(prog.NeuInterpret).empty()) {
     interpret = prog.Katalog[0].KatalogInterpret.Getrimmt();
     if (interpret.empty()) interpret = LoadResString(8441);
   }

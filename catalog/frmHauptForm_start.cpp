@@ -119,10 +119,10 @@ void frmHauptForm::StartBrenner() {
   prog.DialogBestaetigt = false;
   Schritt([&] { prog.AppLog(kOrt, L"Check CD Audio Hardware"); });
   Schritt([&] { komponenten.LaufwerkeMelden(); });
-  Schritt([&] { prog.LängeCD = Ganz32(Val(GetSetting(prog.plattform, L"LängeCD", L"80"))); });
+  Schritt([&] { prog.LängeCD = GetZahl(prog.plattform, L"LängeCD", L"80"); });
   Schritt([&] { prog.AppLog(kOrt, L"Get Last CDDevices from registry"); });
   Schritt([&] {
-    komponenten.AktCDDevice = Ganz16(Val(GetSetting(prog.plattform, L"AudioCDROMDevice", L"0")));
+    komponenten.AktCDDevice = Ganz16(GetZahl(prog.plattform, L"AudioCDROMDevice", L"0"));
   });
   Schritt([&] { komponenten.AktCDDrive = GetSetting(prog.plattform, L"AudioCDROMDrive", L""); });
   Schritt([&] {

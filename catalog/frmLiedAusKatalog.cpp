@@ -12,7 +12,7 @@ frmLiedAusKatalog::frmLiedAusKatalog(Programm& programm)
   for (int i = 0; i < imgControl.Count(); ++i) {
     Knopf(imgControl(i), [this, i] { imgControl_MouseUp(i); });
   }
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   lstLiedAusKatalog.Click = [this] { lstLiedAusKatalog_Click(); };
 }
 

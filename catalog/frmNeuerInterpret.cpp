@@ -19,7 +19,7 @@ frmNeuerInterpret::frmNeuerInterpret(Programm& programm)
   for (int i = 0; i < imgControl.Count(); ++i) {
     Knopf(imgControl(i), [this, i] { imgControl_MouseUp(i); });
   }
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   cmbPause.KeyPress = [this](int taste) { return cmbPause_KeyPress(taste); };
 }
 

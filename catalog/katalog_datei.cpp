@@ -1,6 +1,6 @@
 #include "catalog/katalog_datei.h"
 
-#include "platform/laufzeitfehler.h"
+#include "app/weiter.h"
 
 #include <algorithm>
 #include <string>
@@ -109,9 +109,15 @@ void KatalogSchreiben(Dateien& dateien, const Text& datei, const KatalogFeld& ka
   Schreiber schreiber;
   schreiber.Zahl(static_cast<std::int32_t>(UBound(katalog)));
   for (const KatalogEintrag& eintrag : katalog) AlleFelder(schreiber, eintrag);
-  const auto offen = dateien.Open(datei, Zugriff::Neu);
-  offen->Write(schreiber.Bytes().data(), schreiber.Bytes().size());
-  offen->Flush();
+  const Text entwurf = datei + L".tmp";
+  try {
+    dateien.Open(entwurf, Zugriff::Neu)->Write(schreiber.Bytes().data(), schreiber.Bytes().size());
+    dateien.FileCopy(entwurf, datei);
+  } catch (const Laufzeitfehler&) {
+    Weiter([&] { dateien.Kill(entwurf); });
+    throw;
+  }
+  dateien.Kill(entwurf);
 }
 
 }  // namespace vantora

@@ -13,7 +13,8 @@ namespace vantora {
 // count below 0 raises error 9.
 void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel);
 
-// Writes `katalog` to a file that does not stand yet or may be replaced as a whole.
+// Writes `katalog` beside `datei` first, so that a disk that runs full leaves an older file of that
+// name as it was.
 void KatalogSchreiben(Dateien& dateien, const Text& datei, const KatalogFeld& katalog);
 
 }  // namespace vantora

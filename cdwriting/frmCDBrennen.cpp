@@ -27,7 +27,7 @@ Text FlaggeText(bool flagge) {
 frmCDBrennen::frmCDBrennen(Programm& programm) : VtrFenster(programm, L"frmCDBrennen") {
   Knopf(imgBrennen, [this] { imgBrennen_MouseUp(); });
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   for (int i = 0; i < optBurnSpeed.Count(); ++i) optBurnSpeed(i).Tag = kTempo[i];
   txtKopienAnzahl.KeyPress = [](int taste) { return NurZiffern(taste); };
   txtKopienAnzahl.LostFocus = [this] { txtKopienAnzahl_LostFocus(); };
@@ -182,11 +182,13 @@ bool frmCDBrennen::NumCDWriter() const {
 void frmCDBrennen::CloseMe() {
   EventLoop& schleife = prog.plattform.schleife;
   prog.BrennerFensterGeschlossen = true;
+  Window.Enabled = false;  // until it is gone, nothing else can be pressed
   Zeiger(L"hourglas.ani");
   schleife.DoEvents();
   schleife.MousePointer(Pointer::Hourglass);
   prog.Pausieren(kAbschiedMs);
   prog.frmHauptForm().Window.Enabled = true;
+  Window.Enabled = true;
   schleife.Hide(*this);
   schleife.SetFocus(prog.frmHauptForm().lvwKatalog);
   schleife.MousePointer(Pointer::Normal);
@@ -194,7 +196,7 @@ void frmCDBrennen::CloseMe() {
 
 void frmCDBrennen::imgAbbrechen_MouseUp() {
   KnopfBild(imgAbbrechen);
-  if (!prog.BrennerFensterGeschlossen) CloseMe();
+  CloseMe();
 }
 
 bool frmCDBrennen::Form_KeyDown(int taste, bool strg) {

@@ -31,7 +31,7 @@ bool Absolut(const Text& name) {
 frmLoadSave::frmLoadSave(Programm& programm) : VtrFenster(programm, L"frmLoadSave") {
   lstDatei.MultiSelect = true;
   for (int i = 0; i < pbButton.Count(); ++i) Knopf(pbButton(i), [this, i] { pbButton_MouseUp(i); });
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   cbxLaufwerk.Click = [this] { cbxLaufwerk_Click(); };
   lstVerzeichnis.DblClick = [this] { lstVerzeichnis_DblClick(); };
   lstVerzeichnis.KeyDown = [this](int taste) {

@@ -16,7 +16,7 @@ frmStartAssistent::frmStartAssistent(Programm& programm)
     if (taste == kLeftButton) imgOK_MouseDown();
   };
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
-  Knopf(imgHelp, [this] { prog.Hilfe(); });
+  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   for (int i = 0; i < StartOptionen.Count(); ++i) {
     StartOptionen(i).DblClick = [this] { imgOK_MouseDown(); };
   }

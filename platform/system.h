@@ -17,7 +17,9 @@ class System {
   // Asks one window of the class "SJE_CdPlayerClass" to close; false when there is none.
   virtual bool CloseCdPlayer() = 0;
   virtual Text FileVersion(const Text& path) = 0;  // "1.6.5.100"; blank for none
-  virtual void OpenHelp(const Text& file, const Text& topic) = 0;
+  // Shows the help on a topic, the name of a window; its first page when the topic has none. False
+  // when there is no help to show.
+  virtual bool OpenHelp(const Text& file, const Text& topic) = 0;
   virtual void OpenLink(const Text& address) = 0;
 };
 

@@ -36,8 +36,9 @@ class HeadlessSystem final : public System {
     const auto found = FileVersions.find(path);
     return found == FileVersions.end() ? Text() : found->second;
   }
-  void OpenHelp(const Text& file, const Text& topic) override {
+  bool OpenHelp(const Text& file, const Text& topic) override {
     HelpOpened.emplace_back(file, topic);
+    return true;
   }
   void OpenLink(const Text& address) override { LinksOpened.push_back(address); }
 

@@ -41,13 +41,15 @@ int LinuxSystem::VersionPart(int index) const {
   return rest ? static_cast<int>(std::wcstol(rest, nullptr, 10)) : 0;
 }
 
-void LinuxSystem::OpenHelp(const Text& /*file*/, const Text& topic) {
+bool LinuxSystem::OpenHelp(const Text& /*file*/, const Text& topic) {
   std::error_code failed;
   fs::path page = options_.HelpFolder / "index.html";
   const bool plain = !topic.empty() && topic.find_first_of(L"/\\") == Text::npos;
   const fs::path wanted = options_.HelpFolder / (ToUtf8(topic) + ".html");
   if (plain && fs::is_regular_file(wanted, failed)) page = wanted;
-  if (fs::is_regular_file(page, failed)) Show(page.string());
+  if (!fs::is_regular_file(page, failed)) return false;
+  Show(page.string());
+  return true;
 }
 
 void LinuxSystem::OpenLink(const Text& address) {

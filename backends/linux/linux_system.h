@@ -29,8 +29,7 @@ class LinuxSystem final : public System {
   int Revision() override { return VersionPart(2); }
   bool CloseCdPlayer() override { return false; }                 // no such program on this system
   Text FileVersion(const Text& /*path*/) override { return {}; }  // files here carry no version
-  // Shows the page of the topic, or the first page when there is none.
-  void OpenHelp(const Text& file, const Text& topic) override;
+  bool OpenHelp(const Text& file, const Text& topic) override;
   void OpenLink(const Text& address) override;  // web and mail addresses; nothing else is opened
 
  private:
