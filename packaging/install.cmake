@@ -1,0 +1,47 @@
+# What `cmake --install` lays out, and the Debian package that `cpack` in the build folder makes of
+# it. The program looks for its resources at ../share/vantora from its own folder, so the two names
+# are fixed.
+install(TARGETS vantora RUNTIME DESTINATION bin)
+if(TARGET vantora-robot)
+  install(TARGETS vantora-robot RUNTIME DESTINATION bin)
+endif()
+install(DIRECTORY resources/ DESTINATION share/vantora)
+install(FILES packaging/vantora.desktop DESTINATION share/applications)
+install(FILES packaging/org.vantora.Vantora.metainfo.xml DESTINATION share/metainfo)
+install(FILES packaging/vantora-mime.xml DESTINATION share/mime/packages RENAME vantora.xml)
+install(FILES resources/pictures/vantora.svg DESTINATION share/icons/hicolor/scalable/apps)
+install(FILES packaging/man/vantora.1 packaging/man/vantora-robot.1 DESTINATION share/man/man1)
+install(FILES packaging/man/es/vantora.1 DESTINATION share/man/es/man1)
+install(FILES packaging/copyright DESTINATION share/doc/vantora)
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME vantora)
+set(CPACK_PACKAGE_VENDOR Vantora)
+set(CPACK_PACKAGE_CONTACT "Vantora maintainers <maintainers@vantora.invalid>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "make audio CDs at home")
+set(CPACK_PACKAGE_DESCRIPTION
+"Vantora keeps your music in catalogs and makes audio CDs from them: import
+wave and MP3 files, name and order the tracks, and burn the disc. Without a CD
+writer the disc is made as an image, a BIN file with its CUE sheet.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION sound)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-liberation, libasound2-plugins")
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+    OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+include(CPack)
+
+if(BUILD_TESTING)
+  add_test(NAME image_checker COMMAND python3 ${CMAKE_SOURCE_DIR}/tests/demo/check_image_test.py)
+  if(TARGET vantora-robot)
+    set(scratch ${CMAKE_BINARY_DIR}/Testing/scratch)
+    add_test(NAME package COMMAND ${CMAKE_SOURCE_DIR}/packaging/check_package.sh
+             ${CMAKE_BINARY_DIR} ${scratch}/package)
+    add_test(NAME demo_makes_a_disc
+      COMMAND sh -c "rm -rf ${scratch}/demo && mkdir -p ${scratch}/demo && exec ${CMAKE_SOURCE_DIR}/demo/make_disc.sh $<TARGET_FILE:vantora-robot> ${scratch}/demo")
+    set_tests_properties(package demo_makes_a_disc PROPERTIES TIMEOUT 120)
+  endif()
+endif()
