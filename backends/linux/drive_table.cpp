@@ -36,33 +36,35 @@ bool Exists(const fs::path& path) {
   return ::lstat(path.c_str(), &info) == 0;
 }
 
-// The components behind a root; "." and ".." are resolved and lead out of no root.
-std::vector<Text> Components(const Text& path) {
-  std::vector<Text> names;
-  Text name;
-  const auto finish = [&] {
+// Names behind a root; "." and ".." are resolved and lead out of no root.
+void AppendNames(std::string& path, std::size_t root, std::wstring_view names) {
+  while (!names.empty()) {
+    std::size_t end = 0;
+    while (end < names.size() && !IsSeparator(names[end])) ++end;
+    const std::wstring_view name = names.substr(0, end);
+    names.remove_prefix(std::min(end + 1, names.size()));
     if (name == L"..") {
-      if (!names.empty()) names.pop_back();
+      if (path.size() > root) path.resize(path.rfind('/'));
     } else if (!name.empty() && name != L".") {
-      names.push_back(name);
-    }
-    name.clear();
-  };
-  for (const wchar_t c : path) {
-    if (IsSeparator(c)) {
-      finish();
-    } else {
-      name += c;
+      path += '/';
+      AppendUtf8(path, name);
     }
   }
-  finish();
-  return names;
+}
+
+// True when `names` begins with `start`, which is in lower case and has ASCII letters alone.
+bool StartsWithNames(std::string_view names, std::string_view start) {
+  if (names.size() < start.size()) return false;
+  const bool same = std::equal(start.begin(), start.end(), names.begin(), [](char a, char b) {
+    return a == (b >= 'A' && b <= 'Z' ? static_cast<char>(b + ('a' - 'A')) : b);
+  });
+  return same && (names.size() == start.size() || names[start.size()] == '/');
 }
 
 // The name in `folder` that differs from `name` in case alone; of several the first in byte order,
 // so that the choice does not depend on the order of the disk.
-std::string SameButCase(const fs::path& folder, const Text& name) {
-  const Text wanted = LowerCase(name);
+std::string SameButCase(const fs::path& folder, const std::string& name) {
+  const Text wanted = LowerCase(FromUtf8(name));
   std::string found;
   std::error_code failed;
   for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
@@ -74,17 +76,15 @@ std::string SameButCase(const fs::path& folder, const Text& name) {
   return found;
 }
 
-fs::path Resolve(const fs::path& root, const std::vector<Text>& names) {
-  fs::path whole = root;
-  for (const Text& name : names) whole /= ToUtf8(name);
-  if (names.empty() || Exists(whole)) return whole;
-
-  fs::path path = root;
+fs::path Resolve(const std::string& whole, std::size_t root) {
+  if (whole.size() <= root || Exists(whole)) return whole;
+  fs::path path = root == 0 ? "/" : whole.substr(0, root);
   bool missing = false;
-  for (const Text& wanted : names) {
-    std::string name = ToUtf8(wanted);
+  for (std::size_t at = root + 1, end = 0; at < whole.size(); at = end + 1) {
+    end = std::min(whole.find('/', at), whole.size());
+    std::string name = whole.substr(at, end - at);
     if (!missing && !Exists(path / name)) {
-      const std::string other = SameButCase(path, wanted);
+      const std::string other = SameButCase(path, name);
       missing = other.empty();
       if (!missing) name = other;
     }
@@ -110,8 +110,8 @@ fs::path Plain(const fs::path& path) {
 
 DriveTable::DriveTable(LinuxPlaces places) : places_(std::move(places)) {
   places_.Home = Plain(places_.Home);
-  aliases_ = {{{L"windows", L"temp"}, L"C:\\WINDOWS\\TEMP", Plain(places_.Cache)},
-              {{L"windows"}, L"C:\\WINDOWS", Plain(places_.Data)}};
+  aliases_ = {{"/windows/temp", L"C:\\WINDOWS\\TEMP", Plain(places_.Cache)},
+              {"/windows", L"C:\\WINDOWS", Plain(places_.Data)}};
 
   entries_.push_back({L'C', kDriveFixed, places_.Home, {}, {}});
   for (const OpticalDrive& drive : places_.Optical) {
@@ -167,54 +167,67 @@ std::optional<DriveEntry> DriveTable::Entry(wchar_t letter) const {
   return std::nullopt;
 }
 
-fs::path DriveTable::RootOf(wchar_t letter) const {
-  std::optional<DriveEntry> entry = Entry(letter);
-  if (!entry || entry->Root.empty()) {
+std::string DriveTable::RootOf(wchar_t letter) const {
+  const auto find = [this, letter] {
+    std::lock_guard lock(mutex_);
+    for (const DriveEntry& entry : entries_) {
+      if (entry.Letter == letter) return entry.Root.native();
+    }
+    return std::string();
+  };
+  std::string root = find();
+  if (root.empty()) {
     LookAtMounts();  // a disk that was plugged in since
-    entry = Entry(letter);
+    root = find();
   }
-  if (!entry || entry->Root.empty()) throw DateiFehler(kFehlerPfadFehlt);
-  return entry->Root;
+  if (root.empty()) throw DateiFehler(kFehlerPfadFehlt);
+  return root;
+}
+
+// The root of the share in which a network path lies; takes the share's name off it.
+std::string DriveTable::TakeShare(std::wstring_view& path) const {
+  for (const DriveEntry& entry : Entries()) {
+    const Text& share = entry.NetworkPath;
+    const bool inside = !share.empty() && path.size() >= share.size() &&
+                        LowerCase(Text(path.substr(0, share.size()))) == LowerCase(share) &&
+                        (path.size() == share.size() || IsSeparator(path[share.size()]));
+    if (!inside) continue;
+    path.remove_prefix(share.size());
+    return entry.Root.native();
+  }
+  throw DateiFehler(kFehlerPfadFehlt);
 }
 
 DriveTable::Split DriveTable::SplitPath(const Text& given) const {
-  const Text path = given.substr(0, given.find(L'\0'));  // as the system reads a name
-  if (path.size() >= 2 && path[0] == L'\\' && path[1] == L'\\') {
-    for (const DriveEntry& entry : Entries()) {
-      const Text& share = entry.NetworkPath;
-      const bool inside = !share.empty() && path.size() >= share.size() &&
-                          LowerCase(path.substr(0, share.size())) == LowerCase(share) &&
-                          (path.size() == share.size() || IsSeparator(path[share.size()]));
-      if (inside) return {entry.Root, Components(path.substr(share.size()))};
-    }
-    throw DateiFehler(kFehlerPfadFehlt);
+  std::wstring_view names = given;
+  names = names.substr(0, names.find(L'\0'));  // as the system reads a name
+  const bool share = names.starts_with(L"\\\\");
+  const bool lettered = names.size() >= 2 && names[1] == L':' && IsLetter(names[0]);
+  const bool relative = !lettered && (names.empty() || !IsSeparator(names[0]));
+  const wchar_t letter = lettered ? Capital(names[0]) : L'C';
+  if (lettered) names.remove_prefix(2);
+
+  Split split{share ? TakeShare(names) : RootOf(letter), 0};
+  std::string& path = split.Path;
+  if (path == "/") path.clear();
+  split.Root = path.size();
+  if (relative) AppendNames(path, split.Root, L"Vantora");
+  AppendNames(path, split.Root, names);
+  for (const Alias& alias : aliases_) {
+    if (share || letter != L'C') break;
+    if (!StartsWithNames(std::string_view(path).substr(split.Root), alias.Names)) continue;
+    const std::string& target = alias.Target.native();
+    path.replace(0, split.Root + alias.Names.size(), target);
+    split.Root = target.size();
+    break;
   }
-  wchar_t letter = L'C';
-  Text rest = path;
-  if (path.size() >= 2 && path[1] == L':' && IsLetter(path[0])) {
-    letter = Capital(path[0]);
-    rest = path.substr(2);
-  } else if (path.empty() || !IsSeparator(path[0])) {
-    rest = L"Vantora\\" + path;
-  }
-  std::vector<Text> names = Components(rest);
-  if (letter == L'C') {
-    for (const Alias& alias : aliases_) {
-      const bool inside =
-          names.size() >= alias.Names.size() &&
-          std::equal(alias.Names.begin(), alias.Names.end(), names.begin(),
-                     [](const Text& a, const Text& b) { return a == LowerCase(b); });
-      if (!inside) continue;
-      names.erase(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(alias.Names.size()));
-      return {alias.Target, std::move(names)};
-    }
-  }
-  return {RootOf(letter), std::move(names)};
+  if (path.empty()) path = "/";
+  return split;
 }
 
 fs::path DriveTable::SystemPath(const Text& path) const {
   const Split split = SplitPath(path);
-  return Resolve(split.Root, split.Names);
+  return Resolve(split.Path, split.Root);
 }
 
 Text DriveTable::ProductPath(const fs::path& path) const {
@@ -243,16 +256,14 @@ Text DriveTable::ProductPath(const fs::path& path) const {
 }
 
 std::vector<Text> DriveTable::AliasesIn(const Text& folder) const {
-  Text spelled;
-  if (folder.size() >= 2 && Capital(folder[0]) == L'C' && folder[1] == L':') {
-    spelled = L"c:";
-    for (const Text& name : Components(folder.substr(2))) spelled += L"\\" + LowerCase(name);
-  }
+  std::string inside;
+  const bool onC = folder.size() >= 2 && Capital(folder[0]) == L'C' && folder[1] == L':';
+  if (onC) AppendNames(inside, 0, std::wstring_view(folder).substr(2));
   std::vector<Text> names;
   for (const Alias& alias : aliases_) {
-    const auto last = alias.Spelling.rfind(L'\\');
-    if (LowerCase(alias.Spelling.substr(0, last)) == spelled) {
-      names.push_back(alias.Spelling.substr(last + 1));
+    const std::string parent = alias.Names.substr(0, alias.Names.rfind('/'));
+    if (onC && inside.size() == parent.size() && StartsWithNames(inside, parent)) {
+      names.push_back(alias.Spelling.substr(alias.Spelling.rfind(L'\\') + 1));
     }
   }
   return names;

@@ -16,6 +16,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vantora {
@@ -40,6 +41,9 @@ class DriveTable final {
   // A path without a letter lies in `C:\Vantora`, one that begins with a backslash on C:. The tail
   // that does not exist keeps its spelling. Error 76 for a letter or a share that is not there.
   std::filesystem::path SystemPath(const Text& path) const;
+  // The same for a path that is spelled as on the disk, without a look at it. Most are, so whoever
+  // asks for many files tries this place first.
+  std::string ExactPath(const Text& path) const { return SplitPath(path).Path; }
   // The other way, by the longest root that the path lies in; blank for a relative path.
   Text ProductPath(const std::filesystem::path& path) const;
   // Folders that stand in a product folder without lying in its system folder ("WINDOWS" in C:\).
@@ -50,18 +54,19 @@ class DriveTable final {
 
  private:
   struct Alias {
-    std::vector<Text> Names;  // components behind "C:\", in lower case
-    Text Spelling;            // "C:\WINDOWS"
+    std::string Names;  // "/windows", as it stands behind the root of C:, in lower case
+    Text Spelling;      // "C:\WINDOWS"
     std::filesystem::path Target;
   };
   struct Split {
-    std::filesystem::path Root;
-    std::vector<Text> Names;
+    std::string Path;
+    std::size_t Root;  // the part of it that the drive gives, without a slash behind it
   };
 
   void LookAtMounts() const;
   Split SplitPath(const Text& given) const;
-  std::filesystem::path RootOf(wchar_t letter) const;
+  std::string RootOf(wchar_t letter) const;
+  std::string TakeShare(std::wstring_view& path) const;
 
   LinuxPlaces places_;
   wchar_t imageLetter_ = L'D';

@@ -14,9 +14,12 @@ namespace {
 // Larger than any system's block size and still an offset that the kernel takes.
 constexpr std::int64_t kLargestPosition = 1LL << 62;
 
+constexpr std::size_t kFirstBuffer = 512;  // the header of nearly every wave file
+constexpr std::size_t kBuffer = 4096;
+
 }  // namespace
 
-LinuxFile::LinuxFile(Descriptor descriptor, std::filesystem::path path)
+LinuxFile::LinuxFile(Descriptor descriptor, std::string path)
     : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
 
 std::int64_t LinuxFile::Length() const {
@@ -47,12 +50,13 @@ std::size_t LinuxFile::ReadSome(void* target, std::size_t count) {
       position_ += static_cast<std::int64_t>(some);
       continue;
     }
-    if (count - done >= buffer_.size()) {
+    if (count - done >= kBuffer) {
       const std::size_t some = ReadAt(to + done, count - done, position_);
       position_ += static_cast<std::int64_t>(some);
       return done + some;
     }
     bufferBytes_ = 0;
+    buffer_.resize(buffer_.empty() ? kFirstBuffer : kBuffer);
     bufferBytes_ = ReadAt(buffer_.data(), buffer_.size(), position_);
     bufferStart_ = position_;
     if (bufferBytes_ == 0) break;

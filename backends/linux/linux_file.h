@@ -1,19 +1,20 @@
-// An open regular file. Small reads come out of a buffer of 4 KiB, so that walking a header costs
-// one call; writes go straight to the system. What another handle writes may show up to a buffer
-// late.
+// An open regular file. Small reads come out of a buffer, of 512 bytes for the first and of 4 KiB
+// for all others, so that walking a header costs one call; writes go straight to the system. What
+// another handle writes may show up to a buffer late.
 #pragma once
 
 #include "backends/linux/descriptor.h"
 
 #include "platform/files.h"
 
-#include <array>
+#include <string>
+#include <vector>
 
 namespace vantora {
 
 class LinuxFile final : public Datei {
  public:
-  LinuxFile(Descriptor descriptor, std::filesystem::path path);
+  LinuxFile(Descriptor descriptor, std::string path);
 
   std::int64_t Length() const override;
   std::int64_t Position() const override { return position_; }
@@ -28,9 +29,9 @@ class LinuxFile final : public Datei {
   std::size_t ReadAt(void* target, std::size_t count, std::int64_t position) const;
 
   Descriptor descriptor_;
-  std::filesystem::path path_;
+  std::string path_;  // for what is told of a failure
   std::int64_t position_ = 0;
-  std::array<char, 4096> buffer_{};
+  std::vector<char> buffer_;
   std::int64_t bufferStart_ = 0;
   std::size_t bufferBytes_ = 0;
 };

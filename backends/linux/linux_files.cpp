@@ -25,12 +25,6 @@ namespace {
 constexpr std::size_t kCopyBlock = 1U << 20U;
 constexpr mode_t kNewFile = 0666;  // less what the user's mask takes away
 
-struct stat Info(const fs::path& path) {
-  struct stat info {};
-  if (::stat(path.c_str(), &info) != 0) RaiseErrno(errno, path);
-  return info;
-}
-
 void RequireRegular(const struct stat& info) {
   if (S_ISDIR(info.st_mode)) throw DateiFehler(kFehlerPfadZugriff);
   if (!S_ISREG(info.st_mode)) throw DateiFehler(kFehlerEinAusgabe);
@@ -54,9 +48,13 @@ int Flags(Zugriff access) {
   return O_RDONLY;
 }
 
-Descriptor OpenRegular(const fs::path& path, int flags) {
+Descriptor OpenPath(const char* path, int flags) {
   // Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
-  Descriptor file(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kNewFile));
+  return Descriptor(::open(path, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kNewFile));
+}
+
+Descriptor OpenRegular(const fs::path& path, int flags) {
+  Descriptor file = OpenPath(path.c_str(), flags);
   if (!file.IsOpen() && errno == ENXIO) throw DateiFehler(kFehlerEinAusgabe);
   if (!file.IsOpen()) RaiseErrno(errno, path);
   struct stat info {};
@@ -158,16 +156,31 @@ LinuxFiles::LinuxFiles(const DriveTable& table) : table_(table) {
 }
 
 std::unique_ptr<Datei> LinuxFiles::Open(const Text& path, Zugriff access) {
-  const fs::path place = SystemPath(path);
-  Descriptor descriptor = OpenRegular(place, Flags(access));
-  auto file = std::make_unique<LinuxFile>(std::move(descriptor), place);
+  std::string place = table_.ExactPath(path);
+  Descriptor descriptor = OpenPath(place.c_str(), Flags(access) & ~O_CREAT);
+  struct stat info {};
+  if (!descriptor.IsOpen() || ::fstat(descriptor(), &info) != 0) {
+    place = SystemPath(path).native();
+    descriptor = OpenRegular(place, Flags(access));
+  } else {
+    RequireRegular(info);
+  }
+  auto file = std::make_unique<LinuxFile>(std::move(descriptor), std::move(place));
   if (access == Zugriff::Neu && file->Length() > 0) file->Truncate(0);
   if (access == Zugriff::Anhaengen) file->Seek(file->Length());
   return file;
 }
 
+struct stat LinuxFiles::Info(const Text& path) const {
+  struct stat info {};
+  if (::stat(table_.ExactPath(path).c_str(), &info) == 0) return info;
+  const fs::path place = SystemPath(path);
+  if (::stat(place.c_str(), &info) != 0) RaiseErrno(errno, place);
+  return info;
+}
+
 std::int64_t LinuxFiles::FileLen(const Text& path) {
-  const struct stat info = Info(SystemPath(path));
+  const struct stat info = Info(path);
   RequireRegular(info);
   return info.st_size;
 }
@@ -182,7 +195,7 @@ bool LinuxFiles::IsDirectory(const Text& path) {
 }
 
 Text LinuxFiles::FileDateTime(const Text& path) {
-  const struct stat info = Info(SystemPath(path));
+  const struct stat info = Info(path);
   std::tm utc{};
   if (!::gmtime_r(&info.st_mtim.tv_sec, &utc)) throw DateiFehler(kFehlerEinAusgabe);
   std::array<char, 64> text{};

@@ -7,6 +7,8 @@
 
 #include "platform/files.h"
 
+#include <sys/stat.h>
+
 namespace vantora {
 
 class LinuxFiles final : public Dateien {
@@ -28,6 +30,8 @@ class LinuxFiles final : public Dateien {
   std::filesystem::path SystemPath(const Text& path) const override;
 
  private:
+  struct stat Info(const Text& path) const;
+
   const DriveTable& table_;
 };
 

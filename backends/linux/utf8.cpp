@@ -90,9 +90,7 @@ Text FromUtf8(std::string_view bytes) {
   return text;
 }
 
-std::string ToUtf8(const Text& text) {
-  std::string bytes;
-  bytes.reserve(text.size());
+void AppendUtf8(std::string& bytes, std::wstring_view text) {
   const auto put = [&](std::uint32_t byte) { bytes += static_cast<char>(byte); };
   for (const wchar_t c : text) {
     auto code = static_cast<std::uint32_t>(c);
@@ -117,6 +115,12 @@ std::string ToUtf8(const Text& text) {
       put(0x80U | (code & 0x3FU));
     }
   }
+}
+
+std::string ToUtf8(const Text& text) {
+  std::string bytes;
+  bytes.reserve(text.size());
+  AppendUtf8(bytes, text);
   return bytes;
 }
 

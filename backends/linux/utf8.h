@@ -12,6 +12,7 @@ namespace vantora {
 
 Text FromUtf8(std::string_view bytes);
 std::string ToUtf8(const Text& text);
+void AppendUtf8(std::string& bytes, std::wstring_view text);
 
 // Lower case of any script, whatever the locale of the process is.
 Text LowerCase(const Text& text);
