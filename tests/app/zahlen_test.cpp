@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "app/dienste.h"
 #include "app/fest_text.h"
 
 #include "platform/laufzeitfehler.h"
+
+#include <cmath>
 
 namespace vantora {
 namespace {

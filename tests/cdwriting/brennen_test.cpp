@@ -179,6 +179,20 @@ TEST_F(Brennen, FailuresBeforeAndDuringTheWriteEndInTheOpenWindow) {
             (std::vector<Text>{Sagt(4006), Sagt(4006) + Sagt(4010), Sagt(4017) + L"\r\n"}));
 }
 
+TEST_F(Brennen, TheWindowCanBeLeftAndOpenedAgainAndAgain) {
+  Oeffnen({L"a"});
+  for (int i = 0; i < 2; ++i) {
+    b.Tu([&] { b.platform.hands.Key(Fenster(), L"Escape"); });
+    EXPECT_FALSE(Fenster().Visible());
+    EXPECT_TRUE(b.Haupt().Window.Enabled);
+    b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
+    ASSERT_TRUE(Fenster().Visible());
+    EXPECT_TRUE(Fenster().Window.Enabled);
+    b.prog.frmKomponenten().MCD_StatusChange(kMcdDiscInserted);
+    EXPECT_EQ(Fenster().lblStatusBurner.Caption(), Sagt(9602));
+  }
+}
+
 TEST_F(Brennen, ADeletedWaveIsToldBeforeTheBurnerWindowOpens) {
   b.Katalog({L"a", L"b"});
   std::filesystem::remove(b.home.Path() / "Vantora/Wavs/b.wav");

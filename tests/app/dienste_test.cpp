@@ -1,0 +1,113 @@
+#include "app/dienste.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/buehne.h"
+
+namespace vantora {
+namespace {
+
+TEST(Dienste, ANameWithAPointIsAFileAndOneWithoutIsAFolder) {
+  Buehne b;
+  b.Datei(L"C:\\leer.wav", "");
+  b.Datei(L"C:\\ohnepunkt", "x");
+  std::filesystem::create_directories(b.home.Path() / "v1.0");
+  std::filesystem::create_directories(b.home.Path() / "Música");
+  struct Fall {
+    Text Name;
+    bool Da;
+  };
+  for (const Fall& fall : {Fall{L"C:\\leer.wav", true},
+                           {L"  C:\\LEER.WAV  ", true},
+                           {L"C:\\leer.wav\\", true},
+                           {L"C:\\ohnepunkt", false},
+                           {L"C:\\v1.0", false},
+                           {L"C:\\Música", true},
+                           {L"C:\\Música\\", true},
+                           {L"C:\\", true},
+                           {L"Q:\\", false},
+                           {L"", false},
+                           {L"   ", false}}) {
+    EXPECT_EQ(b.prog.DateiExistiert(fall.Name), fall.Da)
+        << std::string(fall.Name.begin(), fall.Name.end());
+  }
+  EXPECT_EQ(b.prog.FreierPlatz(L"Q:\\"), 2147483648.0);
+  EXPECT_GT(b.prog.FreierPlatz(L"C:\\"), 0.0);
+}
+
+TEST(Dienste, PathsAndNamesKeepTheirRules) {
+  EXPECT_EQ(AddBackslash(L"C:\\"), L"C:\\");
+  EXPECT_EQ(AddBackslash(L"C:\\a"), L"C:\\a\\");
+  EXPECT_EQ(DateiNameOhnePfad(L"C:\\a\\b.wav"), L"b.wav");
+  EXPECT_EQ(DateiNameOhnePfad(L"b.wav"), L"");
+  Text name = L"disco";
+  ExtensionSicher(name, L"vtr");
+  EXPECT_EQ(name, L"disco.vtr");
+  ExtensionSicher(name, L".VTR");
+  EXPECT_EQ(name, L"disco.vtr");
+  for (const wchar_t* schlecht : {L"", L".wav", L"a*b", L"a/b", L"a:b", L"a|b", L"a\\b", L"a?"}) {
+    EXPECT_FALSE(DateiNameGueltig(schlecht));
+  }
+  EXPECT_TRUE(DateiNameGueltig(L"mi disco.vtr"));
+  std::vector<Text> teile;
+  EXPECT_EQ(Split(L"a/b/", L"/", teile), L"");
+  EXPECT_EQ(teile, (std::vector<Text>{L"a", L"b", L""}));
+  EXPECT_EQ(TextErsetzen(L"a-b-c", L"-", L"--"), L"a--b--c");
+  for (const int taste : {L'0', L'9', L'.', L'-', wchar_t{13}, wchar_t{8}, wchar_t{27}}) {
+    EXPECT_TRUE(NurZiffern(taste));
+  }
+  EXPECT_FALSE(NurZiffern(L'a'));
+  EXPECT_FALSE(NurZiffern(L' '));
+}
+
+TEST(Dienste, TimesCountIn25thsOfTheirOwnKind) {
+  int h = 0, m = 0, s = 0, f = 0;
+  MsNachHMSF(3723999, h, m, s, f);
+  EXPECT_EQ(HMSFText(h, m, s, f), L"01:02:03:09");  // 148959 steps of 25 ms, of which 25 make one
+  EXPECT_EQ(MinutenText(5 * 60000 + 23999), L"05:23");
+  EXPECT_EQ(RestText(80 * 60000), L"80:00");
+  EXPECT_EQ(RestText(-61000), L"-01:01");
+  EXPECT_EQ(BytesNachMs(176400), 1000);
+}
+
+TEST(Dienste, AWaitEndsEarlyWhenTheJobIsCancelled) {
+  Buehne b;
+  const std::int64_t anfang = b.platform.clock.Ticks();
+  EXPECT_TRUE(b.prog.Warten(1.5));
+  EXPECT_GE(b.platform.clock.Ticks() - anfang, 1500);
+  b.platform.loop.PostAfter(200, [&] { b.prog.JobAbbruch = true; });
+  const std::int64_t dann = b.platform.clock.Ticks();
+  EXPECT_FALSE(b.prog.Warten(10));
+  EXPECT_LT(b.platform.clock.Ticks() - dann, 1000);
+}
+
+TEST(Meldung, TheBoxAnswersByButtonAndByKey) {
+  Buehne b;
+  b.Start();
+  struct Fall {
+    int Flags;
+    const wchar_t* Taste;
+    int Antwort;
+  };
+  for (const Fall& fall : {Fall{kFrage, L"Return", kJa},
+                           {kFrage, L"Escape", kNein},
+                           {kHinweis, L"Return", kJa},
+                           {kHinweis, L"Escape", kNein},
+                           {kStopp, L"Escape", kNein}}) {
+    b.Macht([&](Form& front) {
+      auto& box = dynamic_cast<frmMBox&>(front);
+      const bool zwei = fall.Flags == kFrage;
+      EXPECT_EQ(box.picMboxButton(0).Visible(), zwei);
+      EXPECT_EQ(box.picMboxButton(2).Visible(), !zwei);
+      EXPECT_EQ(box.lblMbTitel.Caption(), L"Vantora");
+      EXPECT_FALSE(box.cbxNotShow.Visible());
+      b.platform.hands.Key(front, fall.Taste);
+    });
+    int antwort = 0;
+    b.Tu([&] { antwort = b.prog.MsgBoxen(L"¿Qué tal?", fall.Flags); });
+    EXPECT_EQ(antwort, fall.Antwort);
+  }
+}
+
+}  // namespace
+}  // namespace vantora

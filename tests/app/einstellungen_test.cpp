@@ -1,0 +1,94 @@
+#include "app/einstellungen.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/buehne.h"
+
+namespace vantora {
+namespace {
+
+class Optionen : public ::testing::Test {
+ protected:
+  void Setze(const Text& schluessel, const Text& wert) {
+    SaveSetting(b.platform.bundle, schluessel, wert);
+  }
+  Text Lies(const Text& schluessel) {
+    return GetSetting(b.platform.bundle, schluessel, L"(nichts)");
+  }
+  Buehne b;
+};
+
+TEST_F(Optionen, AnEmptyStoreGivesTheDefaults) {
+  b.prog.LoadExtrasSet();
+  const Einstellungen& e = b.prog;
+  EXPECT_FALSE(e.Show3DAnalysis);
+  EXPECT_TRUE(e.BackgroundPic);
+  EXPECT_FALSE(e.CDDBactive);
+  EXPECT_TRUE(e.Undo);
+  EXPECT_EQ(e.UndoMB, 70);
+  EXPECT_EQ(e.BrennGeschwindigkeit, 1);
+  EXPECT_EQ(e.Standard_Catalog_Name.Getrimmt(), L"*.vtr");
+  EXPECT_EQ(e.Temporary_Directory.Getrimmt(), L"c:\\windows\\temp");
+  EXPECT_EQ(e.Auto_Database, 1);
+  EXPECT_EQ(e.Auto_Save_Log, 1);
+  EXPECT_EQ(e.Last_Catalog_Load, 0);
+  EXPECT_EQ(e.Number_Burned_CD, 0);
+}
+
+TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
+  Setze(L"CDDBactive", L"2");
+  Setze(L"BackgroundPic", L"-1");
+  Setze(L"Undo", L"2");
+  Setze(L"UndoMB", L"12 MB");
+  Setze(L"Write_Speed", L"70000");
+  Setze(L"Auto_Database", L"basura");
+  Setze(L"Number_Burned_CD", L"1e40");
+  Setze(L"Proxy_Port", L"123456789012");
+  b.prog.LoadExtrasSet();
+  EXPECT_FALSE(b.prog.CDDBactive);
+  EXPECT_FALSE(b.prog.BackgroundPic);
+  EXPECT_TRUE(b.prog.Undo);
+  EXPECT_EQ(b.prog.UndoMB, 12);
+  EXPECT_EQ(b.prog.BrennGeschwindigkeit, 1);
+  EXPECT_EQ(b.prog.Auto_Database, 0);
+  EXPECT_EQ(b.prog.Number_Burned_CD, 0);
+  EXPECT_EQ(b.prog.Proxy_Port.Getrimmt(), L"1234567890");
+  b.prog.SaveExtrasSet();
+  EXPECT_EQ(Lies(L"Undo"), L"1");
+  EXPECT_EQ(Lies(L"CDDBactive"), L"0");
+  EXPECT_EQ(Lies(L"UndoMB"), L"12");
+  EXPECT_EQ(Lies(L"LängeCD"), L"80");
+}
+
+TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
+  Setze(L"Wave_Export_Dir", L"Q:\\memoria");
+  Setze(L"Songs_Import_Dir", L"   ");
+  std::filesystem::create_directories(b.home.Path() / "mis catálogos");
+  Setze(L"Catalogue_Open_Dir", L"C:\\mis catálogos  ");
+  b.Start();
+  EXPECT_EQ(b.prog.Wave_Export_Dir, L"C:\\Vantora\\Wavs\\");
+  EXPECT_EQ(b.prog.Standard_Wave_Name.Getrimmt(), b.prog.Wave_Export_Dir);
+  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\");
+  EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Vantora\\");
+  EXPECT_EQ(b.prog.Catalogue_Open_Dir, L"C:\\mis catálogos");
+  EXPECT_EQ(b.prog.Catalogue_Save_Dir, L"C:\\Vantora\\Catálogo");
+  for (const char* ordner : {"Wavs", "Catálogo", "Pictures"}) {
+    EXPECT_TRUE(std::filesystem::is_directory(b.home.Path() / "Vantora" / ordner)) << ordner;
+  }
+}
+
+TEST_F(Optionen, TheLastCatalogIsRememberedOnlyWhenItShallComeBack) {
+  Setze(L"Last_Catalogue_Name", L"C:\\alt.vtr");
+  b.prog.LetzterKatalog = L"C:\\neu.vtr";
+  b.prog.LastCatSave();
+  EXPECT_EQ(Lies(L"Last_Catalogue_Name"), L"C:\\alt.vtr");
+  b.prog.Last_Catalog_Load = 1;
+  b.prog.LastCatSave();
+  EXPECT_EQ(Lies(L"Last_Catalogue_Name"), L"C:\\neu.vtr");
+  b.prog.LetzterKatalog = L"C:\\neu.txt";
+  b.prog.LastCatSave();
+  EXPECT_EQ(Lies(L"Last_Catalogue_Name"), L"");
+}
+
+}  // namespace
+}  // namespace vantora

@@ -1,0 +1,155 @@
+#include <gtest/gtest.h>
+
+#include "app/zahlen.h"
+#include "tests/support/buehne.h"
+
+namespace vantora {
+namespace {
+
+TEST(Start, TheScreenDecidesWhetherAndHowTheMainWindowStands) {
+  struct Fall {
+    int Breite, Hoehe;
+    double Twips;
+    int Meldung;  // 0: the window opens
+    Text Bild;
+  };
+  for (const Fall& fall : {Fall{640, 480, 15, 8012, L""},
+                           {800, 600, 15, 0, L"PICBACK_800"},
+                           {1024, 768, 15, 0, L"PICBACK_1000"},
+                           {1024, 1024, 15, 8083, L""},
+                           {1024, 768, 12, 0, L"PICBACK_1000"},
+                           {1280, 1024, 15, 8083, L""},
+                           {1280, 720, 12, 8083, L""},
+                           {1920, 1080, 15, 0, L"PICBACK_1000"}}) {
+    Buehne b;
+    b.platform.display.PixelWidth = fall.Breite;
+    b.platform.display.PixelHeight = fall.Hoehe;
+    b.platform.display.TwipsPerPixel = fall.Twips;
+    b.Antwortet(kNein);
+    b.Start();
+    const bool offen = b.prog.frmHauptForm.Geladen() && b.Haupt().Visible();
+    EXPECT_EQ(offen, fall.Meldung == 0) << fall.Breite << "x" << fall.Hoehe;
+    if (fall.Meldung == 0) {
+      EXPECT_EQ(b.Haupt().Picture(), fall.Bild);
+      EXPECT_FALSE(b.prog.frmStartUp.Geladen());
+    } else {
+      ASSERT_EQ(b.Gesagt().size(), 1U);
+      EXPECT_EQ(b.Gesagt()[0], b.prog.Text(fall.Meldung));
+      EXPECT_TRUE(b.platform.loop.Ended());
+    }
+  }
+}
+
+TEST(Start, ASecondInstanceAndTooFewColoursEndIt) {
+  {
+    Buehne b;
+    b.platform.system.OtherInstance = true;
+    b.Antwortet(kNein);
+    b.Start();
+    EXPECT_EQ(b.Gesagt(), std::vector<Text>{L"Ya se ha iniciado el programa"});
+    EXPECT_TRUE(b.platform.loop.Ended());
+    EXPECT_FALSE(b.prog.frmHauptForm.Geladen());
+  }
+  Buehne b;
+  b.platform.display.Bits = 8;
+  b.Antwortet(kNein);
+  b.Start();
+  EXPECT_EQ(b.Gesagt(), std::vector<Text>{b.prog.Text(8011)});
+  EXPECT_TRUE(b.platform.loop.Ended());
+}
+
+TEST(Start, WithoutASoundCardTheProgramRunsAndDoesNotPlay) {
+  Buehne b;
+  b.platform.card.Present = false;
+  b.Antwortet(kNein);
+  b.Start();
+  EXPECT_EQ(b.Gesagt(), std::vector<Text>{b.prog.Text(8082)});
+  b.Katalog({L"a"});
+  b.Waehle(1);
+  b.Tu([&] { b.Haupt().imgAbspielen_MouseUp(); });
+  EXPECT_FALSE(b.Haupt().Abspielen);
+  EXPECT_FALSE(b.Haupt().WavePlayer->Playing());
+}
+
+TEST(Start, TheWizardStartsWhatWasChosenAndKeepsItsTickAlsoAfterCancel) {
+  Buehne b;
+  SaveSetting(b.platform.bundle, L"Show_Start_Assistant", L"1");
+  b.Macht([&](Form& front) {
+     auto& assistent = dynamic_cast<frmStartAssistent&>(front);
+     b.platform.hands.Press(assistent.StartOptionen(3));
+     b.platform.hands.Press(assistent.imgOK);
+   }).WaehltDatei({});  // the option of opening a catalog: the file dialog stands in front
+  b.Start();
+  EXPECT_EQ(b.user.Left(), 0U);
+  EXPECT_EQ(GetSetting(b.platform.bundle, L"Show_Start_Assistant", L"?"), L"1");
+
+  Buehne c;
+  SaveSetting(c.platform.bundle, L"Show_Start_Assistant", L"1");
+  c.Macht([&](Form& front) {
+    auto& assistent = dynamic_cast<frmStartAssistent&>(front);
+    c.platform.hands.Press(assistent.chkNichtMehrZeigen);
+    c.platform.hands.Key(front, L"Escape");
+  });
+  c.Start();
+  EXPECT_TRUE(c.Haupt().Visible());
+  EXPECT_EQ(GetSetting(c.platform.bundle, L"Show_Start_Assistant", L"?"), L"0");
+}
+
+TEST(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
+  Buehne b;
+  b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
+  SaveSetting(b.platform.bundle, L"Wave_Export_Dir", L"");
+  b.Macht([&](Form& front) {
+    EXPECT_EQ(
+        b.Gesagt().back(),
+        L"An Error Occurred In: \r\nNumber: 75\r\nDescription: Error de acceso a la ruta o al "
+        L"archivo\r\nLocation: frmHauptForm, Init_Prog");
+    std::filesystem::remove(b.home.Path() / "Vantora/Wavs");
+    b.platform.hands.Press(*front.Find(L"picMboxButton", 1));  // retry
+  });
+  b.Start();
+  EXPECT_TRUE(b.Haupt().Visible());
+  EXPECT_EQ(b.prog.Wave_Export_Dir, L"C:\\Vantora\\Wavs\\");
+}
+
+TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
+  Buehne b;
+  b.Datei(L"C:\\Vantora\\vantora.APL", "an older run\r\n");
+  b.platform.loop.Post([&] { b.prog.frmStartUp().Form_KeyDown(kKeyF12, false); });
+  b.Start();
+  const std::string spur = b.Lies(L"C:\\Vantora\\vantora.APL");
+  EXPECT_EQ(spur.find("an older run"), std::string::npos);
+  EXPECT_NE(spur.find(": Quillmark - VTR\r\n"), std::string::npos);
+  EXPECT_NE(spur.find(" : Startup... > Version 0.1.0\r\n"), std::string::npos);
+  EXPECT_NE(spur.find(" : Init_Prog > TS_CUT found.\r\n"), std::string::npos);
+  std::size_t nummer = 0;  // the numbers run on from line to line
+  for (std::size_t stelle = spur.find(" : "); stelle != std::string::npos;
+       stelle = spur.find(" : ", stelle + 1)) {
+    if (stelle < 4 || spur.find_first_not_of("0123456789", stelle - 4) != stelle) continue;
+    const std::size_t gelesen = std::stoul(spur.substr(stelle - 4, 4));
+    if (nummer != 0) {
+      EXPECT_EQ(gelesen, nummer + 1);
+    }
+    nummer = gelesen;
+  }
+  EXPECT_GT(nummer, 20U);
+}
+
+TEST(Ende, TheUserMayStayAndLeavesWithDirectoriesSaved) {
+  Buehne b;
+  b.Start();
+  b.Antwortet(kNein);
+  b.Tu([&] { b.Haupt().imgÜberblenden_MouseUp(); });
+  EXPECT_EQ(b.Gesagt(), std::vector<Text>{b.prog.Text(23000)});
+  EXPECT_FALSE(b.platform.loop.Ended());
+  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+  b.prog.KatalogGeaendert = true;
+  b.Antwortet(kNein).Antwortet(kJa);
+  b.Tu([&] { b.Haupt().imgÜberblenden_MouseUp(); });
+  EXPECT_EQ(b.Gesagt()[1], b.prog.Text(8006));
+  EXPECT_TRUE(b.platform.loop.Ended());
+  EXPECT_EQ(GetSetting(b.platform.bundle, L"Picture_Save_Dir", L""), L"C:\\Vantora\\Pictures");
+}
+
+}  // namespace
+}  // namespace vantora

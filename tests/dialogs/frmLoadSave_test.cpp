@@ -1,0 +1,116 @@
+#include "dialogs/frmLoadSave.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/buehne.h"
+
+namespace vantora {
+namespace {
+
+class Dateidialog : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    for (const wchar_t* datei : {L"C:\\Música\\a.wav", L"C:\\Música\\b.MP3", L"C:\\Música\\c.txt",
+                                 L"C:\\Música\\Vieja\\d.wav", L"C:\\Vantora\\Catálogo\\uno.vtr"}) {
+      b.Datei(datei, "x");
+    }
+    b.Start();
+    b.prog.Songs_Import_Dir = L"C:\\Música";
+  }
+  // Runs the dialog and lets `was` act in it.
+  void Fragt(int typ, int modus, std::function<void(frmLoadSave&)> was,
+             const Text& vorschlag = {}) {
+    b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<frmLoadSave&>(front)); });
+    b.Tu([&] { b.prog.DateiHolen(typ, modus, vorschlag); });
+  }
+  static std::vector<Text> Zeilen(const ListControl& liste) { return liste.Items(); }
+  Hands& hand() { return b.platform.hands; }
+  Buehne b;
+};
+
+TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
+  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
+    EXPECT_EQ(d.Caption(), b.prog.Text(11602));
+    EXPECT_EQ(d.cbxLaufwerk.List(d.cbxLaufwerk.ListIndex), L"c:");
+    EXPECT_EQ(Zeilen(d.lstVerzeichnis), (std::vector<Text>{L"C:\\", L"  Música", L"    Vieja"}));
+    EXPECT_EQ(Zeilen(d.lstDatei), (std::vector<Text>{L"a.wav", L"b.MP3"}));
+    EXPECT_EQ(d.txtDateiName.Text(), L".wav;*.mp3");
+    EXPECT_FALSE(d.pbButton(0).Enabled());
+    hand().Select(d.lstDatei, {1});
+    EXPECT_TRUE(d.pbButton(0).Enabled());
+    hand().Select(d.lstVerzeichnis, {3});
+    hand().Key(d, L"Return");  // into the folder
+    EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"d.wav"});
+    hand().Select(d.lstVerzeichnis, {1});
+    hand().Key(d, L"Return");  // and to the root
+    EXPECT_EQ(d.lblPfad.Caption(), L"C:\\");
+    hand().Key(d, L"Escape");
+  });
+  EXPECT_TRUE(b.prog.DialogAbbruch);
+  EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Música");
+  EXPECT_EQ(b.prog.DialogPfad, L"C:\\");
+}
+
+TEST_F(Dateidialog, SeveralFilesComeBackWithASlashBehindEach) {
+  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
+    hand().Select(d.lstDatei, {1, 2});
+    hand().Press(d.pbButton(1));
+  });
+  EXPECT_TRUE(b.prog.MehrfachAuswahl);
+  EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav/C:\\Música\\b.MP3/");
+  EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Música\\");
+  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern speaks of waves
+}
+
+TEST_F(Dateidialog, ATypedCatalogNameGetsItsExtension) {
+  Fragt(kTypKatalog, kModusSichern, [&](frmLoadSave& d) {
+    EXPECT_EQ(d.Caption(), b.prog.Text(11603));
+    EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"uno.vtr"});
+    hand().Type(d.txtDateiName, L"mi disco");
+    hand().Press(d.pbButton(1));
+  });
+  EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Vantora\\Catálogo\\mi disco.vtr");
+  EXPECT_EQ(b.prog.LetzterKatalog, b.prog.GewaehlteDatei);
+  EXPECT_EQ(b.prog.KatalogDatei, b.prog.GewaehlteDatei);
+}
+
+TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
+  for (const wchar_t* name : {L"日本.vtr", L"a\\b.vtr"}) {
+    b.Macht([&](Form& front) {
+       auto& d = dynamic_cast<frmLoadSave&>(front);
+       hand().Type(d.txtDateiName, name);
+       hand().Press(d.pbButton(1));
+     })
+        .Antwortet(kNein)
+        .Macht([&](Form& front) { hand().Key(front, L"Escape"); });
+    b.Tu([&] { b.prog.DateiHolen(kTypKatalog, kModusSichern); });
+    EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
+    EXPECT_EQ(b.user.Left(), 0U);
+  }
+}
+
+TEST_F(Dateidialog, AProposedNameStandsInTheBoxAndAWaveGetsItsExtension) {
+  Fragt(
+      kTypWave, kModusSichern,
+      [&](frmLoadSave& d) {
+        EXPECT_EQ(d.txtDateiName.Text(), L"copia.wav");
+        hand().Type(d.txtDateiName, L"otra");
+        hand().Press(d.pbButton(1));
+      },
+      L"copia.wav");
+  EXPECT_TRUE(b.prog.GewaehlteDatei.ends_with(L"\\otra.wav"));
+}
+
+TEST_F(Dateidialog, ThePreviewPlaysAndStopsWithTheDialog) {
+  b.Wave(L"C:\\Música\\a.wav", 10 * 44100);
+  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
+    hand().Select(d.lstDatei, {1});
+    hand().Press(d.pbButton(0));
+    EXPECT_TRUE(b.Haupt().WavePlayer->Playing());
+    hand().Press(d.pbButton(2));
+  });
+  EXPECT_FALSE(b.Haupt().WavePlayer->Playing());
+}
+
+}  // namespace
+}  // namespace vantora
