@@ -49,6 +49,7 @@ class StoryStage final : public RobotStage {
   EventLoop& Loop() override { return Now().loop; }
   Hands& TheHands() override { return Now().hands; }
   Text ExitButton() override { return L"frmHauptForm.imgÜberblenden"; }
+  bool AsksToLeave(const Text& message) override { return message == programm_->Text(23000); }
 
   void InsertDisc(const Text& sheet) override {
     const Text image = sheet.substr(0, sheet.size() - 4) + L".bin";

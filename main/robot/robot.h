@@ -38,14 +38,21 @@ class Robot final : public User {
   void Guard(const ScriptLine& line, const std::function<void()>& work);
   void Fail(const ScriptLine& line, const std::string& what);
   bool AtEnd(Form* front);
+  void AfterTheProgram(const ScriptLine& line);
   void Rest(int ms);
+  void Then(const ScriptLine& line, Step step);
 
   Form& FindForm(const Text& name) const;
   Control& FindControl(const Target& target) const;
   Text ReadTarget(const Target& target) const;
   std::string HostPath(const Text& name) const;
-  void ChooseInFolder(const std::vector<ScriptPath>& paths);
-  void ChooseFiles(const std::vector<Text>& names, Form* front);
+  Text ProductPath(const Text& name) const;
+
+  void WalkTo(const ScriptLine& line, Form* front);
+  void ChooseFiles(const ScriptLine& line, Form* front);
+  void PressAnswer(Form* front, int answer);
+  void SayGoodbye(const ScriptLine& line, Form* front, int patience);
+  void Poll(const ScriptLine& line, Form* front, int leftMs);
 
   // One procedure a command, in the order of docs/robot.md.
   void Home(const ScriptLine& line, Form* front);
@@ -95,8 +102,8 @@ class Robot final : public User {
   std::size_t next_ = 0;    // the line that runs next
   std::deque<Step> steps_;  // what is left of the line that runs, one a turn
   const ScriptLine* stepsOf_ = nullptr;
-  std::vector<int> afterPending_;  // numbers of `after` lines that have not run yet
-  bool running_ = false;           // the program is between its start and its end
+  std::vector<const ScriptLine*> afterPending_;  // `after` lines that have not run yet
+  bool running_ = false;                         // the program is between its start and its end
   bool resting_ = false;
   bool closing_ = false;      // `close` was pressed
   bool scriptEnded_ = false;  // the program asked when the script was at its end
@@ -104,5 +111,10 @@ class Robot final : public User {
   bool failed_ = false;
   std::string error_;
 };
+
+// What stands in front, for messages: "frmMBox, which says "..."", or "no window".
+std::string Describe(const Form* front);
+// The text of a message box; nothing for another window.
+std::optional<Text> TextOfBox(const Form* front);
 
 }  // namespace vantora

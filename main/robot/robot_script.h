@@ -6,10 +6,8 @@
 // that cannot be one is an error with its line. Whether a window has the control shows only later.
 #pragma once
 
-#include "platform/clock.h"
 #include "platform/text.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -53,13 +51,16 @@ struct ScriptLine {
   std::unique_ptr<ScriptLine> Inner;  // of `after` and `within`
 };
 
-// True for a line that only looks or prepares; such lines do not wait for the program to turn.
+// False for a line that only looks or prepares; such lines do not wait for the program to turn.
 bool ActsOnProgram(const ScriptLine& line);
 // True for lines that a running program must be there for.
 bool NeedsProgram(const ScriptLine& line);
+// True for lines that a running program must not be there for.
+bool PreparesStart(const ScriptLine& line);
 
 // Raises ScriptError.
 std::vector<ScriptLine> ParseScript(std::string_view script);
+std::vector<ScriptWord> ParseWords(const Text& source, int line);
 Target ParseTarget(const Text& word, int line);
 
 // Numbers are compared as numbers when both sides are numbers, else as text; `Matches` searches for
@@ -74,8 +75,5 @@ struct ScriptPath {
   Text Name;
 };
 ScriptPath ParsePath(const Text& path);
-
-std::string Utf8(const Text& text);
-Text FromUtf8(std::string_view bytes);  // raises std::invalid_argument for broken UTF-8
 
 }  // namespace vantora

@@ -32,7 +32,9 @@ class RobotStage {
   virtual void Start(User& user) = 0;
   virtual EventLoop& Loop() = 0;  // of the running program, and of the one that ended last
   virtual Hands& TheHands() = 0;  // the same
-  virtual Text ExitButton() = 0;  // what `close` presses, "frmHauptForm.imgBeenden"
+  virtual Text ExitButton() = 0;  // what `close` presses, "frmX.imgExit"
+  // Whether a message asks if the program is to end. `close` says yes to it, and no to all others.
+  virtual bool AsksToLeave(const Text& message) = 0;
 
   // The devices; before and after the start.
   virtual void InsertDisc(const Text& sheet) = 0;  // a product path of a .cue

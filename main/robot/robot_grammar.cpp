@@ -1,0 +1,445 @@
+// What words every command takes, and when it may run.
+
+#include "backends/linux/utf8.h"
+#include "main/robot/robot_script.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <map>
+#include <regex>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kAny = 1'000'000'000;
+constexpr wchar_t kFirstBrokenByte = 0xDC80, kLastBrokenByte = 0xDCFF;
+constexpr wchar_t kByteOrderMark = 0xFEFF;
+
+// The words of a line, taken one after another; a word that is missing or wrong is an error.
+class Words {
+ public:
+  explicit Words(ScriptLine& line) : line_(line) {}
+
+  [[noreturn]] void Refuse(const std::string& what) const {
+    throw ScriptError(line_.Number, ToUtf8(line_.Verb) + ": " + what);
+  }
+  [[noreturn]] void RefuseLast(const std::string& wanted) const {
+    Refuse("\"" + ToUtf8(line_.Words[next_ - 1].Content) + "\" is not " + wanted);
+  }
+  bool More() const { return next_ < line_.Words.size(); }
+  const Text& Take(const char* what) {
+    if (!More()) Refuse(std::string(what) + " is missing");
+    return line_.Words[next_++].Content;
+  }
+  bool Skip(const wchar_t* literal) {
+    const bool there =
+        More() && !line_.Words[next_].Quoted && line_.Words[next_].Content == literal;
+    if (there) ++next_;
+    return there;
+  }
+  void SkipAll() { next_ = line_.Words.size(); }
+
+  int Number(const char* what, int lowest, int highest) {
+    const std::string digits = ToUtf8(Take(what));
+    int number = 0;
+    const char* end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end) RefuseLast(what);
+    if (number < lowest || number > highest) {
+      RefuseLast("from " + std::to_string(lowest) + " to " + std::to_string(highest));
+    }
+    return number;
+  }
+  int Milliseconds(const char* seconds) {
+    const std::string digits = ToUtf8(Take(seconds));
+    double number = 0;
+    const char* end = digits.data() + digits.size();
+    const auto read = std::from_chars(digits.data(), end, number, std::chars_format::fixed);
+    constexpr double kMaxSeconds = 20'000;  // more is no wave file any more
+    if (read.ec != std::errc() || read.ptr != end || number < 0 || number > kMaxSeconds) {
+      RefuseLast(seconds);
+    }
+    return static_cast<int>(number * 1000 + 0.5);
+  }
+  Target ControlName() {
+    Target target = ParseTarget(Take("a control"), line_.Number);
+    if (target.Control.empty() || !target.Property.empty() || target.Index.size() > 1 ||
+        !target.Cell.empty()) {
+      RefuseLast("a control");
+    }
+    return target;
+  }
+  Target WindowName() {
+    Target target = ParseTarget(Take("a window"), line_.Number);
+    if (!target.Control.empty() || !target.Property.empty()) RefuseLast("a window");
+    return target;
+  }
+  Text ProductPath() {
+    const Text& path = Take("a path");
+    if (ParsePath(path).Drive.empty()) RefuseLast("a path with its drive");
+    return path;
+  }
+  // The operator and what stands behind it.
+  void Comparison() {
+    static const std::map<Text, Compare> kOperators = {{L"==", Compare::Equal},
+                                                       {L"!=", Compare::NotEqual},
+                                                       {L"<", Compare::Less},
+                                                       {L">", Compare::Greater},
+                                                       {L"~", Compare::Matches}};
+    const auto found = kOperators.find(Take("== != < > or ~"));
+    if (found == kOperators.end()) RefuseLast("one of == != < > ~");
+    line_.Operator = found->second;
+    line_.Value = Take("a value to compare with");
+    if (line_.Operator != Compare::Matches) return;
+    try {
+      const std::wregex tried(line_.Value);
+    } catch (const std::regex_error& error) {
+      Refuse(std::string("no regular expression: ") + error.what());
+    }
+  }
+
+ private:
+  ScriptLine& line_;
+  std::size_t next_ = 0;
+};
+
+// ---- the words of each command ----
+
+void ParseNothing(ScriptLine& /*line*/, Words& /*words*/) {}
+
+void ParseValue(ScriptLine& line, Words& words) {
+  line.Value = words.Take("a word");
+}
+
+void ParseScreen(ScriptLine& line, Words& words) {
+  line.Numbers = {words.Number("a width", 1, 10'000), words.Number("a height", 1, 10'000)};
+}
+
+void ParseColours(ScriptLine& line, Words& words) {
+  line.Numbers = {words.Number("a number of bits", 1, 32)};
+}
+
+void ParseSound(ScriptLine& line, Words& words) {
+  line.Numbers = {words.Skip(L"on") ? 1 : 0};
+  if (line.Numbers.front() == 0 && !words.Skip(L"off")) words.Refuse("on or off is missing");
+}
+
+void ParseClock(ScriptLine& line, Words& words) {
+  const std::string date = ToUtf8(words.Take("a date")), time = ToUtf8(words.Take("a time"));
+  int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+  const bool read = std::sscanf(date.c_str(), "%4d-%2d-%2d", &year, &month, &day) == 3 &&
+                    std::sscanf(time.c_str(), "%2d:%2d:%2d", &hour, &minute, &second) >= 2;
+  const bool valid = read && year >= 1980 && month >= 1 && month <= 12 && day >= 1 && day <= 31 &&
+                     hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 &&
+                     second < 60;
+  if (!valid) words.Refuse("the time is to be written as 2026-11-24 10:00");
+  line.Numbers = {year, month, day, hour, minute, second};
+}
+
+void ParsePair(ScriptLine& line, Words& words) {
+  words.Take("the first word");
+  line.Value = words.Take("the second word");
+}
+
+// Numbers: milliseconds, hertz, frames a second, bits, channels.
+void ParseMakeWave(ScriptLine& line, Words& words) {
+  line.Value = words.ProductPath();
+  const int ms = words.Milliseconds("a number of seconds");
+  const int hertz = words.Number("a frequency", 1, 20'000);
+  int rate = 44100, bits = 16, channels = 2;
+  while (words.More()) {
+    if (words.Skip(L"mono")) {
+      channels = 1;
+    } else if (words.Skip(L"rate")) {
+      rate = words.Number("a rate", 1000, 192'000);
+    } else if (words.Skip(L"bits")) {
+      bits = words.Number("a number of bits", 8, 16);
+      if (bits != 8 && bits != 16) words.RefuseLast("8 or 16");
+    } else {
+      words.Take("mono, rate or bits");
+      words.RefuseLast("mono, rate or bits");
+    }
+  }
+  line.Numbers = {ms, hertz, rate, bits, channels};
+}
+
+void ParseMakeMp3(ScriptLine& line, Words& words) {
+  line.Value = words.ProductPath();
+  const int ms = words.Milliseconds("a number of seconds");
+  line.Numbers = {ms, words.Number("a frequency", 1, 20'000)};
+}
+
+void ParseWriteFile(ScriptLine& line, Words& words) {
+  words.ProductPath();
+  if (!words.Skip(L"text")) words.Refuse("the word text is missing");
+  line.Value = words.Take("the text");
+}
+
+void ParseProductPath(ScriptLine& line, Words& words) {
+  line.Value = words.ProductPath();
+}
+
+void ParseControl(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+}
+
+void ParseDrag(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  line.Numbers = {words.Number("a place to press at", 0, 1000),
+                  words.Number("a place to let go at", 0, 1000)};
+}
+
+void ParseDrop(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  do words.ProductPath();
+  while (words.More());
+}
+
+void ParseType(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  line.Value = words.Take("the text to type");
+}
+
+void ParseSelect(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  while (words.More()) line.Numbers.push_back(words.Number("a row", 1, kAny));
+}
+
+void ParseKey(ScriptLine& line, Words& words) {
+  line.Subject = words.WindowName();
+  line.Value = words.Take("a key");
+}
+
+void ParseChoose(ScriptLine& /*line*/, Words& words) {
+  if (words.Skip(L"cancel")) return;
+  std::optional<ScriptPath> first;
+  do {
+    const ScriptPath path = ParsePath(words.Take("a file, or cancel,"));
+    if (path.Name.empty() || (path.Drive.empty() && !path.Folders.empty())) {
+      words.RefuseLast("a full path of a file, nor a bare name");
+    }
+    if (!first) first = path;
+    if (path.Drive != first->Drive || path.Folders != first->Folders) {
+      words.RefuseLast("in the same folder as the first");
+    }
+  } while (words.More());
+}
+
+void ParseAnswer(ScriptLine& line, Words& words) {
+  line.Numbers = {words.Number("an answer", 1, 7)};
+}
+
+void ParseWindowClose(ScriptLine& line, Words& words) {
+  if (!words.Skip(L"close")) words.Refuse("the word close is missing");
+  if (words.More()) line.Subject = words.WindowName();
+}
+
+void ParseExpect(ScriptLine& line, Words& words) {
+  line.Subject = ParseTarget(words.Take("what to look at"), line.Number);
+  words.Comparison();
+}
+
+void ParseExpectBox(ScriptLine& /*line*/, Words& words) {
+  words.Comparison();
+}
+
+void ParseWindow(ScriptLine& line, Words& words) {
+  line.Subject = words.WindowName();
+}
+
+// Value: a size is kept as text, as files can be longer than a number of a line.
+void ParseExpectFile(ScriptLine& line, Words& words) {
+  words.ProductPath();
+  if (words.Skip(L"exists") || words.Skip(L"missing")) return;
+  if (words.Skip(L"size")) {
+    line.Value = words.Take("a number of bytes");
+    const bool digits = std::all_of(line.Value.begin(), line.Value.end(),
+                                    [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+    if (!digits || line.Value.empty()) words.RefuseLast("a number of bytes");
+  } else if (words.Skip(L"sha256")) {
+    line.Value = LowerCase(words.Take("a sum of 64 hexadecimal digits"));
+    const bool hex = line.Value.find_first_not_of(L"0123456789abcdef") == Text::npos;
+    if (!hex || line.Value.size() != 64) words.RefuseLast("a sum of 64 hexadecimal digits");
+  } else {
+    words.Refuse("size, exists, missing or sha256 is missing");
+  }
+}
+
+void ParseWait(ScriptLine& line, Words& words) {
+  line.Numbers = {words.Number("a number of milliseconds", 0, kAny)};
+}
+
+void ParseInner(ScriptLine& line, Words& words);
+
+// Value: "insert" or "eject"; the sheet is the second word.
+void ParseDisc(ScriptLine& line, Words& words) {
+  line.Value = words.Take("insert or eject");
+  if (line.Value == L"eject") return;
+  if (line.Value != L"insert") words.RefuseLast("insert or eject");
+  const Text& sheet = words.Take("a .cue file");
+  if (!LowerCase(sheet).ends_with(L".cue")) words.RefuseLast("a .cue file");
+}
+
+// Value: what is to happen, Numbers: when.
+void ParseWriter(ScriptLine& line, Words& words) {
+  if (words.Skip(L"fail")) {
+    line.Value = words.Take("what is to fail");
+    if (line.Value == L"at") {
+      line.Numbers = {words.Number("a share of the disc", 0, 99)};
+      if (!words.Skip(L"%")) words.Refuse("% is missing");
+    } else if (line.Value == L"AddTrack") {
+      line.Numbers = {words.More() ? words.Number("which track", 1, 99) : 1};
+    } else if (line.Value != L"WriteTAO" && line.Value != L"WriteDAO" && line.Value != L"none") {
+      words.RefuseLast("AddTrack, WriteTAO, WriteDAO, at N % or none");
+    }
+  } else if (words.Skip(L"not-ready")) {
+    line.Value = L"not-ready";
+    line.Numbers = {words.Number("a number of times", 0, 1000)};
+  } else if (words.Skip(L"pace")) {
+    line.Value = L"pace";
+    line.Numbers = {words.Skip(L"full") ? 0 : words.Number("full or a speed", 1, 1000)};
+  } else {
+    words.Refuse("fail, not-ready or pace is missing");
+  }
+}
+
+void ParseLineIn(ScriptLine& line, Words& words) {
+  if (!words.Skip(L"play")) words.Refuse("the word play is missing");
+  line.Value = words.Take("a wave file");
+}
+
+void ParseEcho(ScriptLine& line, Words& words) {
+  for (const ScriptWord& word : line.Words) {
+    line.Value += (line.Value.empty() ? L"" : L" ") + word.Content;
+  }
+  words.SkipAll();
+}
+
+// ---- the commands ----
+
+enum class When { Before, Any, Running };
+enum class Does { Prepare, Look, Act };
+
+struct Grammar {
+  void (*Parse)(ScriptLine&, Words&);
+  When Allowed;
+  Does What;
+  bool Later = false;  // may stand behind `after`
+};
+
+const std::map<Text, Grammar>& Commands() {
+  static const std::map<Text, Grammar> kCommands = {
+      {L"home", {ParseValue, When::Before, Does::Prepare}},
+      {L"screen", {ParseScreen, When::Before, Does::Prepare}},
+      {L"colours", {ParseColours, When::Before, Does::Prepare}},
+      {L"sound", {ParseSound, When::Before, Does::Prepare}},
+      {L"clock", {ParseClock, When::Before, Does::Prepare}},
+      {L"setting", {ParsePair, When::Before, Does::Prepare}},
+      {L"copy", {ParsePair, When::Any, Does::Prepare, true}},
+      {L"makewave", {ParseMakeWave, When::Any, Does::Prepare, true}},
+      {L"makemp3", {ParseMakeMp3, When::Any, Does::Prepare, true}},
+      {L"writefile", {ParseWriteFile, When::Any, Does::Prepare, true}},
+      {L"delete", {ParseProductPath, When::Any, Does::Prepare, true}},
+      {L"start", {ParseNothing, When::Before, Does::Prepare}},
+      {L"press", {ParseControl, When::Running, Does::Act, true}},
+      {L"doubleclick", {ParseControl, When::Running, Does::Act, true}},
+      {L"rightclick", {ParseControl, When::Running, Does::Act, true}},
+      {L"drag", {ParseDrag, When::Running, Does::Act, true}},
+      {L"drop", {ParseDrop, When::Running, Does::Act, true}},
+      {L"type", {ParseType, When::Running, Does::Act, true}},
+      {L"select", {ParseSelect, When::Running, Does::Act, true}},
+      {L"key", {ParseKey, When::Running, Does::Act, true}},
+      {L"menu", {ParseValue, When::Running, Does::Act, true}},
+      {L"choose", {ParseChoose, When::Running, Does::Act}},
+      {L"answer", {ParseAnswer, When::Running, Does::Act, true}},
+      {L"window", {ParseWindowClose, When::Running, Does::Act, true}},
+      {L"close", {ParseNothing, When::Running, Does::Act}},
+      {L"expect", {ParseExpect, When::Running, Does::Look, true}},
+      {L"expect-box", {ParseExpectBox, When::Running, Does::Look, true}},
+      {L"expect-window", {ParseWindow, When::Running, Does::Look, true}},
+      {L"expect-file", {ParseExpectFile, When::Any, Does::Look, true}},
+      {L"wait", {ParseWait, When::Running, Does::Act}},
+      {L"after", {ParseInner, When::Running, Does::Prepare}},
+      {L"within", {ParseInner, When::Running, Does::Act}},
+      {L"disc", {ParseDisc, When::Any, Does::Prepare, true}},
+      {L"writer", {ParseWriter, When::Any, Does::Prepare, true}},
+      {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
+      {L"shot", {ParseValue, When::Running, Does::Look, true}},
+      {L"echo", {ParseEcho, When::Any, Does::Look, true}},
+  };
+  return kCommands;
+}
+
+const Grammar& GrammarOf(const ScriptLine& line) {
+  const auto found = Commands().find(line.Verb);
+  if (found == Commands().end()) {
+    throw ScriptError(line.Number, "there is no command \"" + ToUtf8(line.Verb) + "\"");
+  }
+  return found->second;
+}
+
+// Takes the verb off the words and reads the rest by its rules.
+ScriptLine ParseLine(int number, const Text& source, std::vector<ScriptWord> parts) {
+  ScriptLine line;
+  line.Number = number;
+  line.Source = source;
+  line.Verb = parts.front().Content;
+  parts.erase(parts.begin());
+  line.Words = std::move(parts);
+  const Grammar& grammar = GrammarOf(line);
+  Words words(line);
+  grammar.Parse(line, words);
+  if (words.More()) {
+    words.Take("");
+    words.RefuseLast("wanted here");
+  }
+  return line;
+}
+
+void ParseInner(ScriptLine& line, Words& words) {
+  line.Numbers = {words.Number("a number of milliseconds", 0, kAny)};
+  if (!words.More()) words.Refuse("a command is missing");
+  words.SkipAll();
+  ScriptLine inner =
+      ParseLine(line.Number, line.Source, {line.Words.begin() + 1, line.Words.end()});
+  const bool fits =
+      line.Verb == L"within" ? inner.Verb.starts_with(L"expect") : GrammarOf(inner).Later;
+  if (!fits) words.Refuse(ToUtf8(inner.Verb) + " cannot stand here");
+  line.Inner = std::make_unique<ScriptLine>(std::move(inner));
+}
+
+}  // namespace
+
+bool ActsOnProgram(const ScriptLine& line) {
+  return GrammarOf(line).What == Does::Act;
+}
+
+bool NeedsProgram(const ScriptLine& line) {
+  return GrammarOf(line).Allowed == When::Running;
+}
+
+bool PreparesStart(const ScriptLine& line) {
+  return GrammarOf(line).Allowed == When::Before;
+}
+
+std::vector<ScriptLine> ParseScript(std::string_view script) {
+  std::vector<ScriptLine> lines;
+  for (int number = 1; !script.empty(); ++number) {
+    const std::size_t end = std::min(script.find('\n'), script.size());
+    Text source = FromUtf8(script.substr(0, end));
+    script.remove_prefix(std::min(end + 1, script.size()));
+    if (number == 1 && !source.empty() && source.front() == kByteOrderMark) source.erase(0, 1);
+    const bool broken = std::any_of(source.begin(), source.end(), [](wchar_t c) {
+      return c >= kFirstBrokenByte && c <= kLastBrokenByte;
+    });
+    if (broken) throw ScriptError(number, "the line is no UTF-8");
+    std::vector<ScriptWord> words = ParseWords(source, number);
+    if (!words.empty()) lines.push_back(ParseLine(number, source, std::move(words)));
+  }
+  return lines;
+}
+
+}  // namespace vantora
