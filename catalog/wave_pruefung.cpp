@@ -26,44 +26,49 @@ std::int32_t Zahl(Datei& datei) {
       static_cast<std::uint32_t>(b[2]) << 16U | static_cast<std::uint32_t>(b[3]) << 24U);
 }
 
-void Ueberspringen(Datei& datei, std::uint32_t bytes) {
+void Ueberspringen(Datei& datei, std::int64_t laenge, std::uint32_t bytes) {
   const std::int64_t ziel = datei.Position() + bytes;
-  if (ziel > datei.Length()) throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
+  if (ziel > laenge) throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
   datei.Seek(ziel);
 }
 
-bool KopfStimmt(Datei& datei) {
-  return Marke(datei, "RIFF") && Zahl(datei) == datei.Length() - kRiffKopf &&
-         Marke(datei, "WAVE") && Marke(datei, "fmt ");
+bool KopfStimmt(Datei& datei, std::int64_t bytes) {
+  return Marke(datei, "RIFF") && Zahl(datei) == bytes - kRiffKopf && Marke(datei, "WAVE") &&
+         Marke(datei, "fmt ");
 }
 
-bool DatenGefunden(Datei& datei) {
-  Ueberspringen(datei, static_cast<std::uint32_t>(Zahl(datei)));
+bool DatenGefunden(Datei& datei, std::int64_t bytes) {
+  Ueberspringen(datei, bytes, static_cast<std::uint32_t>(Zahl(datei)));
   for (;;) {
     const bool daten = Marke(datei, "data");
     const std::int32_t groesse = Zahl(datei);
-    if (daten) return groesse >= 0 && groesse <= datei.Length();
+    if (daten) return groesse >= 0 && groesse <= bytes;
     if (groesse < 0 || static_cast<std::uint32_t>(groesse) > kLaengsterFremder) return false;
-    Ueberspringen(datei, static_cast<std::uint32_t>(groesse));
+    Ueberspringen(datei, bytes, static_cast<std::uint32_t>(groesse));
   }
 }
 
 }  // namespace
 
-bool CheckWaveValid(Plattform& plattform, MMWaveFileX& wave, const Text& datei) {
-  bool gueltig = false;
+WaveBefund WavePruefen(Plattform& plattform, MMWaveFileX& wave, const Text& datei) {
+  WaveBefund befund;
   Weiter([&] {
-    plattform.dateien.FileLen(datei);
-    plattform.dateien.Open(datei, Zugriff::Anhaengen);  // read-only or locked: not usable
-    {
-      const auto offen = plattform.dateien.Open(datei, Zugriff::Lesen);
-      if (!KopfStimmt(*offen) || !DatenGefunden(*offen)) return;
-    }
-    wave.Open(datei);
-    gueltig = wave.BitsPerSample() == 16 && wave.SampleRate() == 44100 && wave.StereoMode() == 1;
+    wave.Open(datei);  // must be there
+    const bool tauglich =
+        wave.BitsPerSample() == 16 && wave.SampleRate() == 44100 && wave.StereoMode() == 1;
+    befund.LaengeMs = static_cast<double>(wave.Samples()) / kFramesJeMs;
     wave.Close();
+    if (!tauglich) return;
+    // For writing too: a read-only or locked file is not usable.
+    const auto offen = plattform.dateien.Open(datei, Zugriff::Binaer);
+    befund.Bytes = offen->Length();
+    befund.Gueltig = KopfStimmt(*offen, befund.Bytes) && DatenGefunden(*offen, befund.Bytes);
   });
-  return gueltig;
+  return befund;
+}
+
+bool CheckWaveValid(Plattform& plattform, MMWaveFileX& wave, const Text& datei) {
+  return WavePruefen(plattform, wave, datei).Gueltig;
 }
 
 double WaveLaenge(MMWaveFileX& wave, const Text& datei) {

@@ -4,10 +4,20 @@
 #include "platform/mmtools.h"
 #include "platform/plattform.h"
 
+#include <cstdint>
+
 namespace vantora {
 
-// 44.1 kHz, 16 bit, stereo, writable, with a header that agrees with the file. Every error on the
-// way counts as an unusable file.
+// What one look at a file found.
+struct WaveBefund {
+  bool Gueltig = false;
+  double LaengeMs = 0;     // of a valid file; not rounded
+  std::int64_t Bytes = 0;  // of a valid file
+};
+
+// Valid is a file of 44.1 kHz, 16 bit, stereo, writable, with a header that agrees with the file.
+// Every error on the way counts as an unusable file.
+WaveBefund WavePruefen(Plattform& plattform, MMWaveFileX& wave, const Text& datei);
 bool CheckWaveValid(Plattform& plattform, MMWaveFileX& wave, const Text& datei);
 
 // Length in ms, not rounded. Raises what opening raises.

@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
@@ -198,11 +197,23 @@ Text LinuxFiles::FileDateTime(const Text& path) {
   const struct stat info = Info(path);
   std::tm utc{};
   if (!::gmtime_r(&info.st_mtim.tv_sec, &utc)) throw DateiFehler(kFehlerEinAusgabe);
-  std::array<char, 64> text{};
-  std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d:%02d.%09ld", utc.tm_year + 1900,
-                utc.tm_mon + 1, utc.tm_mday, utc.tm_hour, utc.tm_min, utc.tm_sec,
-                static_cast<long>(info.st_mtim.tv_nsec));
-  return FromUtf8(text.data());
+  Text text;
+  const auto put = [&text](long value, int digits, wchar_t behind) {
+    text.resize(text.size() + static_cast<std::size_t>(digits), L'0');
+    for (auto digit = text.rbegin(); value > 0 && digit != text.rend(); value /= 10) {
+      *digit++ = static_cast<wchar_t>(L'0' + value % 10);
+    }
+    if (behind != L'\0') text += behind;
+  };
+  text.reserve(sizeof "2026-11-24 10:00:00.123456789");
+  put(utc.tm_year + 1900, 4, L'-');
+  put(utc.tm_mon + 1, 2, L'-');
+  put(utc.tm_mday, 2, L' ');
+  put(utc.tm_hour, 2, L':');
+  put(utc.tm_min, 2, L':');
+  put(utc.tm_sec, 2, L'.');
+  put(info.st_mtim.tv_nsec, 9, L'\0');
+  return text;
 }
 
 void LinuxFiles::Kill(const Text& path) {

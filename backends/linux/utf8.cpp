@@ -1,5 +1,6 @@
 #include "backends/linux/utf8.h"
 
+#include <algorithm>
 #include <clocale>
 #include <cstdint>
 #include <cwctype>
@@ -92,6 +93,11 @@ Text FromUtf8(std::string_view bytes) {
 
 void AppendUtf8(std::string& bytes, std::wstring_view text) {
   const auto put = [&](std::uint32_t byte) { bytes += static_cast<char>(byte); };
+  const auto plain = std::find_if(text.begin(), text.end(), [](wchar_t c) { return c >= 0x80; });
+  bytes.resize(bytes.size() + static_cast<std::size_t>(plain - text.begin()));
+  std::transform(text.begin(), plain, bytes.end() - (plain - text.begin()),
+                 [](wchar_t c) { return static_cast<char>(c); });
+  text.remove_prefix(static_cast<std::size_t>(plain - text.begin()));
   for (const wchar_t c : text) {
     auto code = static_cast<std::uint32_t>(c);
     if (code >= 0xDC80 && code <= 0xDCFF) {
