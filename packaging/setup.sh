@@ -49,7 +49,7 @@ install_missing() {
   mapfile -t lacking < <(missing $(packages_of "$@"))
   [ ${#lacking[@]} -gt 0 ] || return 0
 
-  echo "== Instalando ${#lacking[@]} paquetes: ${lacking[*]}"
+  echo "== Instalando lo que falta: ${lacking[*]}"
   if [ "$(id -u)" != 0 ] && ! command -v sudo >/dev/null; then
     fail "faltan paquetes y no hay sudo. Como root: apt-get install ${lacking[*]}"
   fi
