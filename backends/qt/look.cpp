@@ -4,7 +4,9 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 #include <cmath>
 
@@ -57,6 +59,66 @@ QMenu::item:selected { background-color: #FFB545; color: #10131F; }
 QMenu::item:disabled { color: #858CA8; background: transparent; }
 QToolTip { background-color: #FFF3D9; color: #10131F; border: 1px solid #8A6A2A; padding: 2px; }
 )";
+
+// The toolkit's style, but for the marks of check boxes and option buttons: what is set shines.
+class Marks final : public QProxyStyle {
+ public:
+  Marks() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    if (element == PE_IndicatorCheckBox) {
+      DrawCheck(*option, *painter);
+    } else if (element == PE_IndicatorRadioButton) {
+      DrawRadio(*option, *painter);
+    } else {
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+  }
+
+ private:
+  static QRectF Begin(const QStyleOption& option, QPainter& painter) {
+    const bool enabled = option.state.testFlag(State_Enabled);
+    const bool hot = option.state.testFlag(State_MouseOver) || option.state.testFlag(State_Sunken);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(!enabled ? QColor(90, 95, 130)
+                        : hot    ? Of(kAmber)
+                                 : QColor(160, 166, 214),
+                        1));
+    painter.setBrush(enabled ? Of(kField) : QColor(27, 31, 48));
+    const QRectF all(option.rect);
+    const double side = std::min(all.width(), all.height()) - 1;
+    return {all.center().x() - side / 2, all.center().y() - side / 2, side, side};
+  }
+  static QColor Light(const QStyleOption& option) {
+    return option.state.testFlag(State_Enabled) ? Of(kAmber) : QColor(133, 140, 168);
+  }
+  static void DrawCheck(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    const QRectF box = Begin(option, painter);
+    painter.drawRoundedRect(box, 2, 2);
+    if (option.state.testFlag(State_On)) {
+      const auto at = [&box](double x, double y) {
+        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+      };
+      painter.setPen(QPen(Light(option), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+      painter.drawPolyline(QPolygonF{at(0.22, 0.52), at(0.42, 0.74), at(0.8, 0.26)});
+    }
+    painter.restore();
+  }
+  static void DrawRadio(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    const QRectF ring = Begin(option, painter);
+    painter.drawEllipse(ring);
+    if (option.state.testFlag(State_On)) {
+      const double inset = ring.width() * 0.27;
+      painter.setPen(Qt::NoPen);
+      painter.setBrush(Light(option));
+      painter.drawEllipse(ring.adjusted(inset, inset, -inset, -inset));
+    }
+    painter.restore();
+  }
+};
 
 QPalette Colours() {
   QPalette palette;
@@ -147,7 +209,7 @@ void DrawFocusRing(QPainter& painter, const QRect& rect) {
 
 void Dress(QApplication& app) {
   if (app.styleSheet() == QLatin1String(kSheet)) return;
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QApplication::setStyle(new Marks);  // the application owns it
   QApplication::setPalette(Colours());
   QApplication::setFont(FontOf(9, false));
   app.setStyleSheet(QLatin1String(kSheet));
