@@ -1,0 +1,368 @@
+#include "backends/mpg123/mp3_decoder.h"
+
+#include <gtest/gtest.h>
+
+#include "backends/headless/headless_background.h"
+#include "backends/headless/headless_loop.h"
+#include "backends/linux/thread_background.h"
+#include "backends/mpg123/mpeg_stream.h"
+#include "backends/sound/wave_file.h"
+#include "tests/backends/mpg123/mp3_files.h"
+#include "tests/backends/running_out.h"
+
+#include <chrono>
+#include <cstring>
+#include <thread>
+
+namespace vantora::test {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+const Text kMp3 = L"C:\\a.mp3", kOut = L"C:\\out\\a.wav";
+
+class Mp3 : public testing::Test {
+ protected:
+  Mp3() {
+    fs::create_directories(home / "out");
+    decoder.Mp3Play1_ActFrame = [this](int frame) {
+      Note();
+      Frames.push_back(frame);
+      Events += "f";
+    };
+    decoder.Mp3Play1_Failure = [this](int code, const Text& text) {
+      Note();
+      EXPECT_FALSE(text.empty());
+      Failure = code;
+      Events += "F";
+    };
+    decoder.Mp3Play1_ThreadEnded = [this] {
+      Note();
+      EXPECT_FALSE(decoder.Busy());
+      Events += "E";
+    };
+  }
+  void SetUp() override {
+    if (!EncoderIsThere()) GTEST_SKIP() << "lame is not installed";
+  }
+
+  void Note() { Elsewhere = Elsewhere || std::this_thread::get_id() != self_; }
+  int Open(const std::string& bytes) {
+    Put(home / "a.mp3", bytes);
+    return decoder.Open(kMp3, kOut);
+  }
+  void UntilEnd() {
+    const auto limit = Clock::now() + std::chrono::seconds(20);
+    while (Events.find('E') == std::string::npos && Clock::now() < limit) {
+      loop.DoEvents();
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    for (int i = 0; i < 3; ++i) loop.DoEvents();
+  }
+  // Opens and decodes; the samples of the wave file that came out.
+  std::vector<std::int16_t> Decoded(const std::string& bytes) {
+    Events.clear();
+    Frames.clear();
+    EXPECT_EQ(Open(bytes), 0);
+    EXPECT_EQ(decoder.State(), kMp3Open);
+    decoder.Decode();
+    EXPECT_TRUE(decoder.Busy());
+    UntilEnd();
+    EXPECT_FALSE(decoder.Busy());
+    return Out();
+  }
+  std::vector<std::int16_t> Out() {
+    const std::string bytes = Get(home / "out/a.wav");
+    std::vector<std::int16_t> samples(bytes.size() < 44 ? 0 : (bytes.size() - 44) / 2);
+    if (!samples.empty()) std::memcpy(samples.data(), bytes.data() + 44, 2 * samples.size());
+    EXPECT_TRUE(bytes == Wave(bytes.substr(std::min<std::size_t>(44, bytes.size()))))
+        << "44.1 kHz, 16 bit, stereo, and a header that tells the truth";
+    return samples;
+  }
+  // Frames of CD sound that the decoder has promised for the source that is open.
+  std::int64_t Promised() const {
+    return std::llround(std::ceil(decoder.LengthMs() * 44.1 - 1e-6));
+  }
+
+  Home home;
+  RunningOut disk{home.Files};
+  HeadlessClock clock;
+  HeadlessLoop loop{clock};
+  ThreadBackground background;
+  Mp3Decoder decoder{disk, loop, background};
+  std::string Events;  // f a frame, F failure, E end
+  std::vector<int> Frames;
+  int Failure = 0;
+  bool Elsewhere = false;
+
+ private:
+  std::thread::id self_ = std::this_thread::get_id();
+};
+
+std::vector<std::int16_t> Doubled(const std::vector<std::int16_t>& mono) {
+  std::vector<std::int16_t> stereo;
+  for (const std::int16_t sample : mono) stereo.insert(stereo.end(), 2, sample);
+  return stereo;
+}
+
+int LargestDifference(const std::vector<std::int16_t>& a, const std::vector<std::int16_t>& b) {
+  if (a.size() != b.size()) return 65536;
+  int largest = 0;
+  for (std::size_t i = 0; i < a.size(); ++i) largest = std::max(largest, std::abs(a[i] - b[i]));
+  return largest;
+}
+
+std::string Song(double seconds, std::uint32_t rate = 44100,
+                 const std::string& options = "-b 128") {
+  const auto frames = static_cast<std::size_t>(seconds * rate);
+  return Encoded(ToneBytes({440, 1000}, 0.5, rate, frames), {1, 2, rate, 16}, options);
+}
+
+}  // namespace
+
+TEST_F(Mp3, AToneOfAnyRateKeepsItsPitchLevelPlaceAndLength) {
+  constexpr std::uint32_t kRates[] = {8000, 11025, 12000, 16000, 22050, 24000, 32000, 44100, 48000};
+  for (const std::uint32_t rate : kRates) {
+    for (const bool stereo : {false, true}) {
+      for (const bool vbr : {false, true}) {
+        SCOPED_TRACE(std::to_string(rate) + (stereo ? " stereo" : " mono") + (vbr ? " VBR" : ""));
+        const double left = 1000, right = stereo ? 1700 : 1000;
+        const std::vector<double> tones = stereo ? std::vector{left, right} : std::vector{left};
+        const std::size_t frames = rate + 1234;
+        const std::string sound = ToneBytes(tones, 0.5, rate, frames);
+        const std::string bits = rate < 16000 ? "64" : rate < 32000 ? "128" : "192";
+        const std::string mp3 =
+            Encoded(sound, {1, stereo ? 2 : 1, rate, 16}, vbr ? "-V 2" : "-b " + bits);
+        const auto out = Decoded(mp3);
+        auto others = DecodedByOthers(mp3);
+        if (!stereo) others = Doubled(others);
+
+        EXPECT_NEAR(decoder.LengthMs(), static_cast<double>(frames) * 1000 / rate, 1e-6);
+        EXPECT_EQ(out.size() / 2, (frames * 44100 + rate - 1) / rate);
+        ASSERT_GT(out.size(), 80000U);
+        for (std::size_t channel = 0; channel < 2; ++channel) {
+          const double hertz = channel == 0 ? left : right;
+          const std::vector<double> heard = ChannelOf(out, channel);
+          const auto tone = ToneIn(heard, hertz, 44100, 4000, 40000);
+          const double expected =
+              std::abs(ToneIn(ChannelOf(others, channel), hertz, rate, rate / 10, rate * 9 / 10));
+          EXPECT_NEAR(Decibels(std::abs(tone) / expected), 0, 0.02);
+          // A tone that is off by 0.03 Hz turns that far from one half to the other.
+          const double turn = std::arg(ToneIn(heard, hertz, 44100, 22000, 40000) /
+                                       ToneIn(heard, hertz, 44100, 4000, 22000));
+          EXPECT_NEAR(turn, 0, 0.05);
+          EXPECT_NEAR(std::arg(tone) / (2 * std::numbers::pi * hertz / 44100), 0, 0.5)
+              << "frames that the sound has moved by";
+        }
+        if (rate == 44100) {
+          EXPECT_LE(LargestDifference(out, others), 1) << "decoded, and touched by nothing else";
+        }
+      }
+    }
+  }
+  EXPECT_FALSE(Elsewhere);
+}
+
+TEST_F(Mp3, WhatLiesAroundTheSoundChangesNothing) {
+  for (const std::uint32_t rate : {44100U, 32000U}) {
+    const std::string song = Song(1.5, rate);
+    const auto plain = Decoded(song);
+    const double length = decoder.LengthMs();
+    const struct {
+      const char* What;
+      std::string Bytes;
+    } cases[] = {
+        {"tag behind", song + Id3v1()},
+        {"tag in front", Id3Picture(300) + song},
+        {"picture in front", Id3Picture(700'000) + song},
+        {"two tags in front", Id3Picture(3000) + Id3Picture(90'000) + song + Id3v1()},
+        {"zeros in front", std::string(60'000, '\0') + song},
+        {"garbage in front", Noise(5000, 3) + song},
+        {"garbage behind", song + Noise(300, 5)},
+    };
+    for (const auto& each : cases) {
+      SCOPED_TRACE(std::to_string(rate) + " " + each.What);
+      EXPECT_TRUE(Decoded(each.Bytes) == plain);
+      EXPECT_EQ(decoder.LengthMs(), length);
+    }
+  }
+}
+
+TEST_F(Mp3, ACutFileGivesTheSoundThatIsThereAndItsLengthIsKnownBefore) {
+  for (const std::string options : {"-b 128", "-V 2", "-b 128 -t"}) {
+    for (const std::uint32_t rate : {44100U, 48000U}) {
+      const std::string song = Song(3, rate, options);
+      const auto whole = Decoded(song);
+      for (const double part : {0.999, 0.9, 0.5, 0.1}) {
+        SCOPED_TRACE(options + " " + std::to_string(rate) + " " + std::to_string(part));
+        const auto size = static_cast<std::size_t>(static_cast<double>(song.size()) * part);
+        const auto out = Decoded(song.substr(0, size));
+        EXPECT_EQ(static_cast<std::int64_t>(out.size() / 2), Promised());
+        EXPECT_NEAR(decoder.LengthMs(), 3000 * part, options == "-V 2" ? 300 : 110);
+        EXPECT_EQ(Events.find('F'), std::string::npos);
+        // The resampler's last frames look ahead into what the whole file goes on with.
+        ASSERT_GT(out.size(), 2000U);
+        EXPECT_TRUE(std::equal(out.begin(), out.end() - 2000, whole.begin()));
+      }
+    }
+  }
+}
+
+TEST_F(Mp3, BehindDamageInTheMiddleTheSoundGoesOn) {
+  std::string song = Song(4);
+  const auto whole = Decoded(song);
+  std::string noise = Noise(3000, 11);
+  std::replace(noise.begin(), noise.end(), '\xFF', '\xFE');
+  song.replace(song.size() / 2 - 1000, noise.size(), noise);
+  const auto out = Decoded(song);
+  EXPECT_EQ(static_cast<std::int64_t>(out.size() / 2), Promised());
+  EXPECT_EQ(Events.find('F'), std::string::npos);
+  ASSERT_GT(out.size(), whole.size() * 9 / 10);
+  EXPECT_TRUE(std::equal(out.begin(), out.begin() + 88200, whole.begin()));
+  // Behind the last second there may be what the encoder filled its last two frames with.
+  const auto last =
+      std::search(out.end() - 88200 - 2 * 2 * 1152, out.end(), whole.end() - 88200, whole.end());
+  EXPECT_NE(last, out.end());
+}
+
+TEST_F(Mp3, FilesThatAreNoMp3AreRefusedAndLeaveNothing) {
+  std::string page;
+  for (int i = 0; i < 3000; ++i) page += "<p>T\xEDtulo \xFF\xFB\x90 &amp; m\xE1s</p>\r\n";
+  const struct {
+    const char* What;
+    std::string Bytes;
+  } cases[] = {
+      {"empty", ""},
+      {"a byte", "\xFF"},
+      {"text", std::string(20'000, 'a')},
+      {"page", "<html>" + page},
+      {"wave", Wave(ToneBytes({440, 440}, 0.5, 44100, 44100))},
+      {"noise", Noise(500'000, 9)},
+      {"only a tag", Id3Picture(5000)},
+      {"tag that promises more", Id3Picture(5000).substr(0, 2000)},
+      {"all bits set", std::string(100'000, '\xFF')},
+      {"one frame's head", "\xFF\xFB\x90\x64"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.What);
+    EXPECT_EQ(Open(each.Bytes), kFehlerKeinMpeg);
+    EXPECT_EQ(decoder.State(), kMp3Unusable);
+    EXPECT_EQ(decoder.LengthMs(), 0);
+    EXPECT_EQ(decoder.FrameCount(), 0);
+    EXPECT_EQ(ErrorOf([&] { decoder.Decode(); }), kFehlerUngueltigerAufruf);
+    EXPECT_FALSE(fs::exists(home / "out/a.wav"));
+  }
+  EXPECT_EQ(decoder.Open(L"C:\\none.mp3", kOut), kFehlerDateiFehlt);
+  EXPECT_EQ(decoder.State(), kMp3Unusable);
+  EXPECT_EQ(decoder.Open(L"", L""), 0);
+  EXPECT_EQ(decoder.State(), kMp3Closed);
+}
+
+TEST_F(Mp3, AFailureIsToldOnceThenTheEndAndNoTargetStays) {
+  const std::string song = Song(8);
+  const std::int64_t bytes = 8 * 176400;
+  const struct {
+    const char* What;
+    std::function<void()> Fault;
+    int Code;
+  } cases[] = {
+      {"no room for the header", [this] { disk.Room = 10; }, 61},
+      {"full in the middle", [this] { disk.Room = bytes / 2; }, 61},
+      {"full at the last block", [this] { disk.Room = bytes - 1000; }, 61},
+      {"full before the header is made true", [this] { disk.Room = bytes + 44; }, 61},
+      {"source unreadable in the middle", [this] { disk.Readable = 70'000; }, 57},
+      {"source gone", [this] { fs::remove(home / "a.mp3"); }, 53},
+      {"target's folder gone", [this] { fs::remove_all(home / "out"); }, 76},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.What);
+    fs::create_directories(home / "out");
+    disk.Room = disk.Readable = INT64_MAX;
+    Events.clear();
+    ASSERT_EQ(Open(song), 0);
+    each.Fault();
+    decoder.Decode();
+    UntilEnd();
+    EXPECT_EQ(Failure, each.Code);
+    EXPECT_EQ(Events.substr(Events.find_first_not_of('f')), "FE");
+    EXPECT_FALSE(fs::exists(home / "out/a.wav"));
+    EXPECT_EQ(decoder.State(), kMp3Stopped);
+  }
+  disk.Room = disk.Readable = INT64_MAX;
+  fs::create_directories(home / "out");
+  EXPECT_EQ(Decoded(song).size(), 2 * 8 * 44100U)
+      << "the next file is decoded as if nothing had been";
+  EXPECT_FALSE(Elsewhere);
+}
+
+TEST_F(Mp3, FramesAreToldRisingAndNotTooOftenUpToTheLast) {
+  const std::string song = Song(5, 44100, "-b 128 -t");
+  std::string longSong;
+  for (int i = 0; i < 60; ++i) longSong += song;
+  const auto start = Clock::now();
+  const auto out = Decoded(longSong);
+  const double ms = std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+  EXPECT_GT(out.size(), 2 * 299 * 44100U);
+  ASSERT_FALSE(Frames.empty());
+  EXPECT_TRUE(std::is_sorted(Frames.begin(), Frames.end()));
+  EXPECT_EQ(Frames.back(), decoder.FrameCount());
+  EXPECT_LE(static_cast<double>(Frames.size()), ms / 50 + 2);
+  EXPECT_EQ(Events, std::string(Frames.size(), 'f') + "E");
+  EXPECT_FALSE(Elsewhere);
+}
+
+TEST_F(Mp3, StopAnswersAtOnceAndLeavesAWaveOfWhatWasDecoded) {
+  const std::string song = Song(5, 48000, "-b 128 -t");
+  std::string longSong;
+  for (int i = 0; i < 120; ++i) longSong += song;
+  ASSERT_EQ(Open(longSong), 0);
+  for (const int waitMs : {0, 60}) {
+    SCOPED_TRACE(waitMs);
+    Events.clear();
+    decoder.Decode();
+    std::this_thread::sleep_for(std::chrono::milliseconds(waitMs));
+    const auto start = Clock::now();
+    decoder.Stop();
+    EXPECT_LT(Clock::now() - start, std::chrono::milliseconds(500));
+    EXPECT_EQ(decoder.State(), kMp3Stopped);
+    const auto out = Out();
+    EXPECT_LT(static_cast<std::int64_t>(out.size() / 2), Promised());
+    if (waitMs > 0) {
+      EXPECT_GT(out.size(), 44100U);
+    }
+    UntilEnd();
+    EXPECT_EQ(Events.back(), 'E');
+    EXPECT_EQ(std::count(Events.begin(), Events.end(), 'E'), 1);
+    EXPECT_EQ(Events.find('F'), std::string::npos);
+  }
+}
+
+TEST_F(Mp3, ADecoderThatGoesAwayWhileItWorksSaysNothingMore) {
+  const std::string song = Song(5);
+  Put(home / "a.mp3", song + song + song);
+  {
+    Mp3Decoder other(disk, loop, background);
+    other.Mp3Play1_ActFrame = [](int) { ADD_FAILURE() << "a frame of nobody"; };
+    other.Mp3Play1_ThreadEnded = [] { ADD_FAILURE() << "an end of nobody"; };
+    ASSERT_EQ(other.Open(kMp3, kOut), 0);
+    other.Decode();
+  }
+  for (int i = 0; i < 10; ++i) loop.DoEvents();
+}
+
+TEST_F(Mp3, WithoutAScreenTheSameBytesComeOutInTurnWithTheTimers) {
+  const std::string song = Song(3, 22050, "-b 64");
+  const auto threaded = Decoded(song);
+  HeadlessBackground slices(loop);
+  Mp3Decoder other(home.Files, loop, slices);
+  bool ended = false;
+  other.Mp3Play1_ThreadEnded = [&] { ended = true; };
+  ASSERT_EQ(other.Open(kMp3, kOut), 0);
+  other.Decode();
+  loop.Pass(5000);
+  EXPECT_TRUE(ended);
+  EXPECT_TRUE(Out() == threaded);
+}
+
+}  // namespace vantora::test

@@ -1,0 +1,132 @@
+#include "backends/mpg123/polyphase.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/backends/mpg123/tones.h"
+
+#include <algorithm>
+#include <random>
+
+namespace vantora::test {
+
+namespace {
+
+constexpr long kRates[] = {8000, 11025, 12000, 16000, 22050, 24000, 32000, 48000};
+constexpr double kAmplitude = 0.9;
+
+// A second and a half of two tones through the resampler, in blocks of any size.
+std::vector<std::int16_t> Resampled(long rate, double left, double right, unsigned seed = 1) {
+  Polyphase polyphase(rate);
+  std::vector<float> in;
+  const auto frames = static_cast<std::size_t>(rate) * 3 / 2;
+  for (std::size_t i = 0; i < frames; ++i) {
+    for (const double hertz : {left, right}) {
+      const double angle =
+          2 * std::numbers::pi * hertz / static_cast<double>(rate) * static_cast<double>(i);
+      in.push_back(static_cast<float>(kAmplitude * std::sin(angle)));
+    }
+  }
+  std::mt19937 random(seed);
+  std::vector<std::int16_t> out;
+  for (std::size_t done = 0; done < frames;) {
+    const std::size_t some = std::min<std::size_t>(frames - done, random() % 1500);
+    polyphase.Push(&in[2 * done], some, out);
+    done += some;
+  }
+  polyphase.Flush(out);
+  return out;
+}
+
+double Measured(const std::vector<std::int16_t>& out, std::size_t channel, double hertz) {
+  const std::vector<double> sound = ChannelOf(out, channel);
+  return std::abs(ToneIn(sound, hertz, 44100, 4000, sound.size() - 4000));
+}
+
+}  // namespace
+
+TEST(Polyphase, TonesKeepTheirLevelUpTo91PercentOfTheBand) {
+  for (const long rate : kRates) {
+    const double band = static_cast<double>(std::min(rate, 44100L)) / 2;
+    for (const double part : {0.02, 0.3, 0.6, 0.8, 0.88, 0.91}) {
+      SCOPED_TRACE(std::to_string(rate) + " " + std::to_string(part));
+      const auto out = Resampled(rate, part * band, part * band * 0.9);
+      EXPECT_NEAR(Decibels(Measured(out, 0, part * band) / kAmplitude), 0, 0.02);
+      EXPECT_NEAR(Decibels(Measured(out, 1, part * band * 0.9) / kAmplitude), 0, 0.02);
+      EXPECT_LT(Decibels(Measured(out, 1, part * band)), -95) << "the channels must not mix";
+    }
+  }
+}
+
+// What is not there after a perfect conversion: images of a lower rate, aliases of a higher one.
+TEST(Polyphase, ImagesAndAliasesStayBelow95Decibels) {
+  for (const long rate : kRates) {
+    const auto hertz = static_cast<double>(rate);
+    if (rate < 44100) {
+      for (const double part : {0.1, 0.5, 0.8, 0.91}) {
+        const double tone = part * hertz / 2;
+        const auto out = Resampled(rate, tone, 0);
+        for (double centre = hertz; centre - tone < 22000; centre += hertz) {
+          for (const double image : {centre - tone, centre + tone}) {
+            if (image > 22000) continue;
+            SCOPED_TRACE(std::to_string(rate) + ": " + std::to_string(tone) + " at " +
+                         std::to_string(image));
+            EXPECT_LT(Decibels(Measured(out, 0, image) / kAmplitude), -95);
+          }
+        }
+      }
+    } else {
+      // The highest tone that 48 kHz hold comes down into the end of the flat band.
+      const double tone = 23990, alias = 44100 - tone;
+      EXPECT_LT(Decibels(Measured(Resampled(rate, tone, 0), 0, alias) / kAmplitude), -95);
+    }
+  }
+}
+
+TEST(Polyphase, TheSoundIsNeitherShiftedNorDependsOnTheBlocksItCameIn) {
+  for (const long rate : kRates) {
+    SCOPED_TRACE(rate);
+    const double tone = 0.2 * static_cast<double>(std::min(rate, 44100L));
+    const auto out = Resampled(rate, tone, 440);
+    EXPECT_EQ(out, Resampled(rate, tone, 440, 99));
+    const std::vector<double> sound = ChannelOf(out, 0);
+    const auto found = ToneIn(sound, tone, 44100, 4000, sound.size() - 4000);
+    const double frames = std::arg(found) / (2 * std::numbers::pi * tone / 44100);
+    EXPECT_NEAR(frames, 0, 0.001);
+  }
+}
+
+TEST(Polyphase, NFramesInMakeNTimesTheRatioRoundedUp) {
+  for (const long rate : kRates) {
+    for (const std::size_t frames : {0U, 1U, 2U, 79U, 80U, 1000U, 12345U}) {
+      Polyphase polyphase(rate);
+      std::vector<std::int16_t> out;
+      const std::vector<float> in(2 * frames, 0.5F);
+      polyphase.Push(in.data(), frames, out);
+      polyphase.Flush(out);
+      const auto wide = static_cast<std::int64_t>(frames);
+      EXPECT_EQ(static_cast<std::int64_t>(out.size()), 2 * ((wide * 44100 + rate - 1) / rate));
+      if (frames >= 1000) {
+        EXPECT_EQ(out[out.size() / 2], 16384) << "a constant passes as it is";
+      }
+    }
+  }
+}
+
+TEST(Polyphase, WhatIsTooLoudIsCutNotTurnedOver) {
+  Polyphase polyphase(48000);
+  std::vector<float> in(2000);
+  for (std::size_t i = 0; i < in.size(); i += 2) {
+    in[i] = 1.5F;
+    in[i + 1] = -1.5F;
+  }
+  std::vector<std::int16_t> out;
+  polyphase.Push(in.data(), in.size() / 2, out);
+  polyphase.Flush(out);
+  ASSERT_GT(out.size(), 1600U);
+  for (std::size_t i = 200; i < 1600; i += 2) {
+    ASSERT_EQ(out[i], 32767);
+    ASSERT_EQ(out[i + 1], -32768);
+  }
+}
+
+}  // namespace vantora::test
