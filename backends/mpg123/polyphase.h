@@ -1,5 +1,6 @@
 // Brings sound of any MPEG rate to 44.1 kHz, 16 bit, stereo with a linear-phase polyphase filter:
-// flat to 0.91 of the lower of the two half rates, aliases and images more than 95 dB down.
+// flat to 0.91 of the lower of the two half rates. Images of sound in that band, and aliases that
+// fall into it, are more than 95 dB down; between it and the half rate the filter falls.
 #pragma once
 
 #include <cstddef>
