@@ -19,10 +19,11 @@ constexpr std::size_t kBuffer = 4096;
 
 }  // namespace
 
-LinuxFile::LinuxFile(Descriptor descriptor, std::string path)
-    : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
+LinuxFile::LinuxFile(Descriptor descriptor, std::string path, std::int64_t length)
+    : descriptor_(std::move(descriptor)), path_(std::move(path)), length_(length) {}
 
 std::int64_t LinuxFile::Length() const {
+  if (length_ >= 0) return std::exchange(length_, -1);
   struct stat info {};
   if (::fstat(descriptor_(), &info) != 0) RaiseErrno(errno, path_);
   return info.st_size;
@@ -31,6 +32,7 @@ std::int64_t LinuxFile::Length() const {
 void LinuxFile::Seek(std::int64_t position) {
   if (position < 0 || position > kLargestPosition) throw DateiFehler(kFehlerUngueltigerAufruf);
   position_ = position;
+  length_ = -1;
 }
 
 void LinuxFile::Read(void* target, std::size_t count) {
@@ -38,6 +40,7 @@ void LinuxFile::Read(void* target, std::size_t count) {
 }
 
 std::size_t LinuxFile::ReadSome(void* target, std::size_t count) {
+  length_ = -1;
   auto* to = static_cast<char*>(target);
   std::size_t done = 0;
   while (done < count) {
@@ -80,6 +83,7 @@ std::size_t LinuxFile::ReadAt(void* target, std::size_t count, std::int64_t posi
 
 void LinuxFile::Write(const void* source, std::size_t count) {
   bufferBytes_ = 0;
+  length_ = -1;
   const auto* from = static_cast<const char*>(source);
   while (count > 0) {
     const ssize_t some = ::pwrite(descriptor_(), from, count, position_);
@@ -93,6 +97,7 @@ void LinuxFile::Write(const void* source, std::size_t count) {
 
 void LinuxFile::Truncate(std::int64_t length) {
   bufferBytes_ = 0;
+  length_ = -1;
   if (length < 0) throw DateiFehler(kFehlerUngueltigerAufruf);
   if (::ftruncate(descriptor_(), length) != 0) RaiseErrno(errno, path_);
 }

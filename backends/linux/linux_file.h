@@ -14,7 +14,8 @@ namespace vantora {
 
 class LinuxFile final : public Datei {
  public:
-  LinuxFile(Descriptor descriptor, std::string path);
+  // `length` is what the system has just told of the file.
+  LinuxFile(Descriptor descriptor, std::string path, std::int64_t length);
 
   std::int64_t Length() const override;
   std::int64_t Position() const override { return position_; }
@@ -29,7 +30,8 @@ class LinuxFile final : public Datei {
   std::size_t ReadAt(void* target, std::size_t count, std::int64_t position) const;
 
   Descriptor descriptor_;
-  std::string path_;  // for what is told of a failure
+  std::string path_;             // for what is told of a failure
+  mutable std::int64_t length_;  // for whoever asks before anything else; -1 afterwards
   std::int64_t position_ = 0;
   std::vector<char> buffer_;
   std::int64_t bufferStart_ = 0;

@@ -52,12 +52,10 @@ Descriptor OpenPath(const char* path, int flags) {
   return Descriptor(::open(path, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kNewFile));
 }
 
-Descriptor OpenRegular(const fs::path& path, int flags) {
+Descriptor OpenRegular(const fs::path& path, int flags, struct stat& info) {
   Descriptor file = OpenPath(path.c_str(), flags);
   if (!file.IsOpen() && errno == ENXIO) throw DateiFehler(kFehlerEinAusgabe);
-  if (!file.IsOpen()) RaiseErrno(errno, path);
-  struct stat info {};
-  if (::fstat(file(), &info) != 0) RaiseErrno(errno, path);
+  if (!file.IsOpen() || ::fstat(file(), &info) != 0) RaiseErrno(errno, path);
   RequireRegular(info);
   return file;
 }
@@ -160,13 +158,13 @@ std::unique_ptr<Datei> LinuxFiles::Open(const Text& path, Zugriff access) {
   struct stat info {};
   if (!descriptor.IsOpen() || ::fstat(descriptor(), &info) != 0) {
     place = SystemPath(path).native();
-    descriptor = OpenRegular(place, Flags(access));
+    descriptor = OpenRegular(place, Flags(access), info);
   } else {
     RequireRegular(info);
   }
-  auto file = std::make_unique<LinuxFile>(std::move(descriptor), std::move(place));
-  if (access == Zugriff::Neu && file->Length() > 0) file->Truncate(0);
-  if (access == Zugriff::Anhaengen) file->Seek(file->Length());
+  auto file = std::make_unique<LinuxFile>(std::move(descriptor), std::move(place), info.st_size);
+  if (access == Zugriff::Neu && info.st_size > 0) file->Truncate(0);
+  if (access == Zugriff::Anhaengen) file->Seek(info.st_size);
   return file;
 }
 
@@ -226,9 +224,8 @@ void LinuxFiles::Kill(const Text& path) {
 
 void LinuxFiles::FileCopy(const Text& from, const Text& to) {
   const fs::path source = SystemPath(from), target = SystemPath(to);
-  const Descriptor file = OpenRegular(source, O_RDONLY);
   struct stat info {};
-  if (::fstat(file(), &info) != 0) RaiseErrno(errno, source);
+  const Descriptor file = OpenRegular(source, O_RDONLY, info);
   struct stat old {};
   if (::stat(target.c_str(), &old) == 0) {
     if (S_ISDIR(old.st_mode)) throw DateiFehler(kFehlerPfadZugriff);
