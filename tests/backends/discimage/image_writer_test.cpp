@@ -1,0 +1,456 @@
+#include "backends/discimage/image_writer.h"
+
+#include <gtest/gtest.h>
+
+#include "backends/headless/headless_background.h"
+#include "backends/headless/headless_loop.h"
+#include "backends/linux/thread_background.h"
+#include "tests/backends/discimage/cue_reader.h"
+#include "tests/backends/running_out.h"
+#include "tests/backends/sound/wave_bytes.h"
+
+#include <chrono>
+#include <thread>
+
+namespace vantora::test {
+
+namespace {
+
+constexpr std::size_t kFrame = 4, kSector = 2352;
+
+class Burner : public testing::Test {
+ protected:
+  Burner() { Listen(writer); }
+
+  void Listen(ImageWriter& to) {
+    const auto note = [this](const std::string& what) {
+      Elsewhere = Elsewhere || std::this_thread::get_id() != self_;
+      Log.push_back(what);
+    };
+    const auto number = [](int value) { return std::to_string(value); };
+    McdEvents& e = to.Events;
+    e.MCD_ActTrack = [=](int track) { note("track " + number(track)); };
+    e.MCD_TrackPercent = [=, this](int percent) {
+      note("%");
+      Percents.push_back(percent);
+    };
+    e.MCD_InfoMessage = [=](int, const Text& text) {
+      note(text.starts_with(L"Open") ? "open" : text.starts_with(L"Close") ? "close" : "info?");
+    };
+    e.MCD_StatusChange = [=](int state) { note("status " + number(state)); };
+    e.MCD_WriteLeadIn = [=](int) { note("lead-in"); };
+    e.MCD_WriteLeadOut = [=](int) { note("lead-out"); };
+    e.MCD_Fixating = [=] { note("fixating"); };
+    e.MCD_BurningProcessComplete = [=](int success) { note("complete " + number(success)); };
+    e.MCD_UserStop = [=] { note("stopped"); };
+    e.MCD_Failure = [=](int code, const Text&) { note("failure " + number(code)); };
+    e.MCD_ScsiEvents = [=](int, int, int code, int, const Text&) { note("scsi " + number(code)); };
+    e.MCD_ASPIEvent = [=](int code, const Text&) { note("aspi " + number(code)); };
+  }
+
+  // A wave with so much data, on the list of the next write.
+  std::string Add(const std::string& data, const std::string& front = "") {
+    const std::string name = std::to_string(++waves_) + ".wav";
+    Put(home / "" / name, Riff(front + Chunk("fmt ", Format{}.Bytes()) + Chunk("data", data)));
+    EXPECT_EQ(writer.AddTrack(Text(L"C:\\") + Text(name.begin(), name.end()), 0), 0);
+    return data;
+  }
+  std::string AddFrames(std::size_t frames) {
+    return Add(Noise(frames * kFrame, static_cast<std::uint32_t>(frames)));
+  }
+  void Play(int ms = 100'000) { loop.Pass(ms); }
+  // The log without what comes as often as the machine likes.
+  std::string Story() const {
+    std::string story;
+    for (const std::string& what : Log) {
+      if (what != "%") story += (story.empty() ? "" : ", ") + what;
+    }
+    return story;
+  }
+  std::size_t FilesLeft() const { return fs::exists(Discs()) ? NamesIn(Discs()) : 0; }
+  fs::path Discs() const { return home / "Vantora/Discos"; }
+  Disc Read(const char* name = "Disco 001.cue") const { return ReadDisc(Discs() / name); }
+
+  Home home;
+  RunningOut disk{home.Files};
+  HeadlessClock clock;
+  HeadlessLoop loop{clock};
+  HeadlessBackground background{loop};
+  ImageWriter writer{disk, loop, background};
+  std::vector<std::string> Log;
+  std::vector<int> Percents;
+  bool Elsewhere = false;
+
+ private:
+  std::thread::id self_ = std::this_thread::get_id();
+  int waves_ = 0;
+};
+
+// The sound of a track: the wave's frames, then silence to the end of the sector and no further.
+void ExpectSound(const DiscTrack& track, const std::string& wave) {
+  const std::size_t bytes = wave.size() / kFrame * kFrame;
+  EXPECT_EQ(track.Sound.size(), (bytes + kSector - 1) / kSector * kSector);
+  EXPECT_TRUE(track.Sound.substr(0, bytes) == wave.substr(0, bytes));
+  EXPECT_EQ(track.Sound.find_first_not_of('\0', bytes), std::string::npos);
+}
+
+}  // namespace
+
+TEST_F(Burner, EverySampleOfTheWavesLiesWhereTheSheetSays) {
+  for (const bool dao : {false, true}) {
+    SCOPED_TRACE(dao ? "disc at once" : "track at once");
+    writer.ResetBurner();
+    std::vector<std::string> waves;
+    for (const std::size_t frames : {1U, 587U, 588U, 589U, 700'001U, 44'100U}) {
+      waves.push_back(AddFrames(frames));
+    }
+    waves.push_back(Add(Noise(4003, 4)));  // ends inside a frame
+    waves.push_back(Add(Noise(8000, 5), Chunk("LIST", Noise(1001, 6))));
+    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    Play();
+    const Disc disc = Read(dao ? "Disco 002.cue" : "Disco 001.cue");
+    EXPECT_EQ(disc.Strange, std::vector<std::string>{});
+    EXPECT_EQ(disc.File, dao ? "Disco 002.bin" : "Disco 001.bin");
+    EXPECT_EQ(disc.FileKind, "BINARY");
+    EXPECT_TRUE(writer.LastImage().ends_with(dao ? L"Disco 002.cue" : L"Disco 001.cue"));
+    ASSERT_EQ(disc.Tracks.size(), waves.size());
+    for (std::size_t i = 0; i < waves.size(); ++i) {
+      SCOPED_TRACE(i + 1);
+      const DiscTrack& track = disc.Tracks[i];
+      EXPECT_EQ(track.Kind, "AUDIO");
+      ExpectSound(track, waves[i]);
+      const bool gap = !dao && i > 0;
+      EXPECT_EQ(track.Index.size(), gap ? 2U : 1U);
+      EXPECT_TRUE(track.Gap == std::string(gap ? 150 * kSector : 0, '\0'));
+      EXPECT_EQ(track.Title + track.Performer, "");
+    }
+    EXPECT_EQ(disc.Tracks[0].Index.at(1), 0);
+  }
+}
+
+TEST_F(Burner, CdTextStandsInTheSheetOfADiscAtOnceOnly) {
+  for (int i = 0; i < 3; ++i) AddFrames(1000);
+  writer.CdText(0, L"Éxitos \"del\" año", L"Voz € \u4E2D");
+  writer.CdText(1, L"Uno\r\nINDEX 07 00:00:00", L"A  ");
+  writer.CdText(3, L"Tres", L"");
+  writer.CdText(9, L"no track", L"of this disc");
+  writer.WriteDAO();
+  Play();
+  const Disc disc = Read();
+  EXPECT_EQ(disc.Strange, std::vector<std::string>{});
+  EXPECT_EQ(disc.Title, "\xC9xitos 'del' a\xF1o");
+  EXPECT_EQ(disc.Performer, "Voz \x80 ?");
+  ASSERT_EQ(disc.Tracks.size(), 3U);
+  EXPECT_EQ(disc.Tracks[0].Title, "Uno  INDEX 07 00:00:00");
+  EXPECT_EQ(disc.Tracks[0].Performer, "A");
+  EXPECT_EQ(disc.Tracks[1].Title + disc.Tracks[1].Performer, "");
+  EXPECT_EQ(disc.Tracks[2].Title, "Tres");
+  writer.WriteTAO();
+  Play();
+  EXPECT_EQ(Read("Disco 002.cue").Title, "");
+  writer.ResetBurner();
+  AddFrames(1000);
+  writer.WriteDAO();
+  Play();
+  EXPECT_EQ(Read("Disco 003.cue").Title, "") << "a reset forgets it";
+}
+
+TEST_F(Burner, TheEventsComeInADrivesOrderAndEndWithComplete) {
+  AddFrames(100'000);
+  AddFrames(800'000);
+  const std::string tracks = "lead-in, track 1, open, close, track 2, open, close, lead-out, ";
+  for (const bool dao : {false, true}) {
+    for (const bool simulation : {false, true}) {
+      SCOPED_TRACE(std::to_string(dao) + std::to_string(simulation));
+      Log.clear();
+      Percents.clear();
+      writer.TestMode(simulation);
+      writer.Fixate(!simulation);
+      ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+      EXPECT_TRUE(Log.empty()) << "nothing is told before the call has returned";
+      Play();
+      EXPECT_EQ(Story(), tracks + (simulation ? "" : "fixating, ") + "complete 1");
+      EXPECT_EQ(std::count(Percents.begin(), Percents.end(), 100), dao ? 1 : 2);
+      EXPECT_EQ(Percents.front(), 0);
+      EXPECT_EQ(Percents.back(), 100);
+      EXPECT_TRUE(!dao || std::is_sorted(Percents.begin(), Percents.end()));
+    }
+  }
+  EXPECT_EQ(FilesLeft(), 4U) << "two discs; a simulation leaves nothing";
+}
+
+TEST_F(Burner, AFullDiskIsAFailureAndLeavesNothing) {
+  AddFrames(300'000);
+  AddFrames(300'000);
+  const std::int64_t image = (511 + 150 + 511) * static_cast<std::int64_t>(kSector);
+  for (const std::int64_t room :
+       {std::int64_t{0}, std::int64_t{5000}, image / 2, image - 1, image, image + 20}) {
+    SCOPED_TRACE(room);
+    Log.clear();
+    disk.Room = room;
+    ASSERT_EQ(writer.WriteTAO(), 0);
+    Play();
+    EXPECT_TRUE(Story().ends_with("failure 61, complete 0")) << Story();
+    EXPECT_EQ(FilesLeft(), 0U);
+    EXPECT_EQ(writer.LastImage(), L"");
+  }
+  disk.Room = INT64_MAX;
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  Play();
+  EXPECT_EQ(Read().Sectors, 511 + 150 + 511) << "and the next burn succeeds";
+}
+
+TEST_F(Burner, AMediumThatFailsOnTheWayIsToldAsItWasOrderedAndLeavesNothing) {
+  using Kind = WriterFaults::Kind;
+  AddFrames(600'000);
+  AddFrames(200'000);
+  const struct {
+    int At;
+    Kind As;
+    bool Dao, Simulation;
+    const char* Told;
+  } cases[] = {{0, Kind::Failure, false, false, "failure 803, complete 0"},
+               {50, Kind::Failure, true, false, "failure 803, complete 0"},
+               {99, Kind::Scsi, false, false, "scsi 803, complete 0"},
+               {40, Kind::Aspi, true, false, "aspi 803, complete 0"},
+               {40, Kind::Failure, false, true, "failure 803, complete 0"}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.At);
+    Log.clear();
+    Percents.clear();
+    writer.Faults.FailAtPercent = each.At;
+    writer.Faults.FailAs = each.As;
+    writer.TestMode(each.Simulation);
+    ASSERT_EQ(each.Dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    writer.Faults.FailAtPercent = -1;  // a write has taken over what it found
+    Play();
+    EXPECT_TRUE(Story().ends_with(each.Told)) << Story();
+    EXPECT_EQ(Story().find("lead-out"), std::string::npos);
+    EXPECT_EQ(Story().find("track 2") != std::string::npos, each.At > 75);
+    EXPECT_EQ(FilesLeft(), 0U);
+    if (each.Dao) {
+      EXPECT_LE(Percents.back(), each.At);
+    }
+  }
+}
+
+TEST_F(Burner, AWaveThatChangesUnderItIsAFailureAndLeavesNothing) {
+  const struct {
+    const char* What;
+    std::function<void()> Fault;
+    bool Running;  // while the first track is written; else before the write
+    const char* Told;
+  } cases[] = {
+      {"deleted before", [this] { fs::remove(home / "2.wav"); }, false, "failure 53, complete 0"},
+      {"now a text", [this] { Put(home / "2.wav", "text"); }, false, "failure 57, complete 0"},
+      {"now mono",
+       [this] {
+         Put(home / "2.wav", Wave("abcd", "", {1, 1}));
+       },
+       false, "failure 57, complete 0"},
+      {"now without sound", [this] { Put(home / "2.wav", Wave("ab")); }, false,
+       "failure 57, complete 0"},
+      {"deleted on the way", [this] { fs::remove(home / "2.wav"); }, true,
+       "failure 53, complete 0"},
+      {"shrunk on the way", [this] { fs::resize_file(home / "2.wav", 1000); }, true,
+       "failure 62, complete 0"},
+      {"shrunk while it is read", [this] { fs::resize_file(home / "1.wav", 1000); }, true,
+       "failure 62, complete 0"},
+  };
+  writer.Faults.Pace = 8;
+  AddFrames(600'000);
+  AddFrames(600'000);
+  const std::string first = Get(home / "1.wav"), second = Get(home / "2.wav");
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.What);
+    Put(home / "1.wav", first);
+    Put(home / "2.wav", second);
+    Log.clear();
+    if (!each.Running) each.Fault();
+    ASSERT_EQ(writer.WriteTAO(), 0);
+    Play(600);
+    if (each.Running) {
+      EXPECT_EQ(Story(), "lead-in, track 1, open");
+      each.Fault();
+    }
+    Play();
+    EXPECT_TRUE(Story().ends_with(each.Told)) << Story();
+    EXPECT_EQ(FilesLeft(), 0U);
+  }
+}
+
+TEST_F(Burner, AShrunkWaveIsBurntAsItIsWhenTheWriteBegins) {
+  AddFrames(5000);
+  const std::string now = Noise(4000, 8);
+  Put(home / "1.wav", Wave(now));
+  writer.WriteDAO();
+  Play();
+  ExpectSound(Read().Tracks.at(0), now);
+}
+
+TEST_F(Burner, StoppingTellsOnlyThatAndLeavesNothing) {
+  writer.StopBurn();
+  Play(10);
+  EXPECT_TRUE(Log.empty()) << "there was nothing to stop";
+  writer.Faults.Pace = 4;
+  AddFrames(2'000'000);
+  ASSERT_EQ(writer.WriteDAO(), 0);
+  EXPECT_NE(writer.WriteDAO(), 0) << "one write at a time";
+  Play(3000);
+  EXPECT_GT(FilesLeft(), 0U);
+  Log.clear();
+  writer.StopBurn();
+  EXPECT_EQ(FilesLeft(), 0U);
+  EXPECT_TRUE(Log.empty()) << "events come through the loop";
+  writer.StopBurn();
+  Play();
+  EXPECT_EQ(Story(), "stopped");
+  EXPECT_EQ(FilesLeft(), 0U);
+
+  Log.clear();
+  ASSERT_EQ(writer.WriteDAO(), 0);
+  Play(1000);
+  writer.ResetBurner();
+  Log.clear();
+  Play();
+  EXPECT_TRUE(Log.empty());
+  EXPECT_NE(writer.WriteDAO(), 0) << "a reset empties the list";
+  EXPECT_EQ(FilesLeft(), 0U);
+}
+
+TEST_F(Burner, AWriterThatGoesAwayWhileItBurnsLeavesNoFileAndNoEvent) {
+  AddFrames(400'000);
+  {
+    ImageWriter other(disk, loop, background);
+    Listen(other);
+    other.Faults.Pace = 1;
+    ASSERT_EQ(other.AddTrack(L"C:\\1.wav", 0), 0);
+    ASSERT_EQ(other.WriteTAO(), 0);
+    Play(10);
+    Log.clear();
+  }
+  Play();
+  EXPECT_TRUE(Log.empty());
+  EXPECT_EQ(FilesLeft(), 0U);
+}
+
+TEST_F(Burner, APaceIsKeptInTheProgramsTime) {
+  AddFrames(44100 * 20);
+  for (const double pace : {1.0, 8.0}) {
+    Log.clear();
+    writer.Faults.Pace = pace;
+    writer.WriteDAO();
+    const auto expected = static_cast<int>(20'000 / pace);
+    Play(expected - 200);
+    EXPECT_EQ(Story(), "lead-in, track 1, open");
+    EXPECT_NEAR(Percents.back(), 100 - 20'000 / expected, 3);
+    Play(400);
+    EXPECT_TRUE(Story().ends_with("complete 1")) << Story();
+  }
+}
+
+TEST_F(Burner, ADiscHolds99TracksAndOnlySoundOfACd) {
+  const std::vector<std::pair<const char*, std::string>> refused = {
+      {"text", "text"},
+      {"mono", Wave(Noise(400), "", {1, 1})},
+      {"48 kHz", Wave(Noise(400), "", {1, 2, 48000})},
+      {"8 bit", Wave(Noise(400), "", {1, 2, 44100, 8})},
+      {"no whole frame", Wave("abc")}};
+  for (const auto& [what, bytes] : refused) {
+    Put(home / "bad.wav", bytes);
+    EXPECT_NE(writer.AddTrack(L"C:\\bad.wav", 0), 0) << what;
+  }
+  EXPECT_NE(writer.AddTrack(L"C:\\none.wav", 0), 0);
+  EXPECT_NE(writer.WriteTAO(), 0) << "there is nothing to write";
+
+  std::vector<std::string> waves;
+  for (std::size_t i = 1; i <= 99; ++i) waves.push_back(AddFrames(100 * i));
+  EXPECT_NE(writer.AddTrack(L"C:\\1.wav", 0), 0);
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  Play();
+  const Disc disc = Read();
+  EXPECT_EQ(disc.Strange, std::vector<std::string>{});
+  ASSERT_EQ(disc.Tracks.size(), 99U);
+  for (std::size_t i = 0; i < 99; ++i) ExpectSound(disc.Tracks[i], waves[i]);
+}
+
+TEST_F(Burner, ADriveWithAFaultRefusesBeforeItWrites) {
+  AddFrames(1000);
+  writer.Faults.NotReady = 1;
+  EXPECT_FALSE(writer.CheckIfBurnerOK());
+  EXPECT_TRUE(writer.CheckIfBurnerOK());
+  Play(10);
+  EXPECT_EQ(Story(), "status 4, status 6, status 4, status 5");
+  writer.Faults.CanDao = false;
+  EXPECT_EQ(writer.WriteDAO(), -1);
+  writer.Faults.WriteTao = 7;
+  EXPECT_EQ(writer.WriteTAO(), 7);
+  writer.Faults = {};
+  writer.Faults.RefuseTrack = 2;
+  EXPECT_EQ(writer.AddTrack(L"C:\\1.wav", 0), 0);
+  EXPECT_NE(writer.AddTrack(L"C:\\1.wav", 0), 0);
+  EXPECT_EQ(writer.AddTrack(L"C:\\1.wav", 0), 0);
+  writer.Faults.NoDevice = true;
+  EXPECT_EQ(writer.BurnerCount(), 1) << "a drive is missed when it is looked for";
+  writer.Init_Prog();
+  EXPECT_EQ(writer.BurnerCount(), 0);
+  EXPECT_FALSE(writer.CheckIfBurnerOK());
+  EXPECT_NE(writer.WriteTAO(), 0);
+  EXPECT_EQ(FilesLeft(), 0U);
+}
+
+TEST_F(Burner, NoDiscIsEverWrittenOverAnother) {
+  AddFrames(100);
+  Put(Discs() / "Disco 007.cue", "mine");
+  Put(Discs() / "Disco 9.bin", "mine too");
+  Put(Discs() / "Disco uno.bin", "");
+  for (int i = 0; i < 2; ++i) {
+    writer.WriteTAO();
+    Play();
+  }
+  EXPECT_EQ(Read("Disco 010.cue").Tracks.size(), 1U);
+  EXPECT_EQ(Read("Disco 011.cue").Tracks.size(), 1U);
+  EXPECT_EQ(FilesLeft(), 7U);
+  EXPECT_EQ(Get(Discs() / "Disco 007.cue"), "mine");
+}
+
+TEST_F(Burner, BesideTheInterfaceThreadItBurnsTheSameDiscAndTellsItThere) {
+  ThreadBackground thread;
+  ImageWriter other(disk, loop, thread);
+  Listen(other);
+  const std::string first = AddFrames(1'000'000), second = AddFrames(2'000'000);
+  for (const wchar_t* wave : {L"C:\\1.wav", L"C:\\2.wav"}) {
+    ASSERT_EQ(other.AddTrack(wave, 0), 0);
+  }
+  ASSERT_EQ(other.WriteTAO(), 0);
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!Story().ends_with("complete 1") && std::chrono::steady_clock::now() < limit) {
+    loop.DoEvents();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  EXPECT_FALSE(Elsewhere);
+  EXPECT_EQ(Story(),
+            "lead-in, track 1, open, close, track 2, open, close, lead-out, fixating, complete 1");
+  const Disc disc = Read();
+  ASSERT_EQ(disc.Tracks.size(), 2U);
+  ExpectSound(disc.Tracks[0], first);
+  ExpectSound(disc.Tracks[1], second);
+}
+
+TEST_F(Burner, OtherProgramsReadTheSheet) {
+  if (std::system("cueprint --version >/dev/null 2>&1") != 0) {
+    GTEST_SKIP() << "cuetools are not installed";
+  }
+  for (const std::size_t frames : {100'000U, 44100U, 50'000U}) AddFrames(frames);
+  writer.CdText(0, L"Disco", L"Grupo");
+  writer.CdText(2, L"Segunda", L"Voz");
+  writer.WriteDAO();
+  Play();
+  const std::string command = "cd '" + Discs().string() +
+                              "' && cueprint -d '%T by %P, %N' -t '|%n %t %p' "
+                              "'Disco 001.cue' >out && cuebreakpoints 'Disco 001.cue' >>out";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  EXPECT_EQ(Get(Discs() / "out"), "Disco by Grupo, 3|1  |2 Segunda Voz|3  0:02.21\n0:03.21\n");
+}
+
+}  // namespace vantora::test
