@@ -225,14 +225,26 @@ void FormWindow::OrderFocus() {
   }
 }
 
+// A window that comes to the front or leaves it keeps its focus: its control is told only when
+// another one has it.
 void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
   object->event(&event);
   const auto reason = static_cast<QFocusEvent&>(event).reason();
-  if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason) return;
   const bool in = event.type() == QEvent::FocusIn;
   const Control* changed = face.control();
-  if (changed == nullptr) return;
-  face.FocusChanged(in);
+  if (changed == nullptr || reason == Qt::PopupFocusReason) return;
+  if (!in && reason == Qt::ActiveWindowFocusReason) return;
+  if (in && changed == focus_) return;
+  if (in && focus_ != nullptr) TellFocus(focus_, false);
+  if (!in && changed != focus_) return;
+  focus_ = in ? changed : nullptr;
+  TellFocus(changed, in);
+}
+
+void FormWindow::TellFocus(const Control* changed, bool in) {
+  Face* face = FaceOf(*changed);
+  if (face == nullptr || face->control() == nullptr) return;
+  face->FocusChanged(in);
   const auto tell = [in, changed, self = QPointer<FormWindow>(this)] {
     Face* told = self == nullptr ? nullptr : self->FaceOf(*changed);
     if (told == nullptr || told->control() == nullptr) return;

@@ -59,6 +59,7 @@ class FormWindow final : public QWidget {
   void KeyPress(Face* face, QKeyEvent& event);
   void KeyRelease(Face& face, QKeyEvent& event);
   void FocusChange(Face& face, QObject* object, QEvent& event);
+  void TellFocus(const Control* changed, bool in);
   bool Refused() const;  // no input: disabled, behind a modal window or without a form
   bool HoldPaint();      // true: not yet, the window was painted just now
 
@@ -71,6 +72,7 @@ class FormWindow final : public QWidget {
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
   QPoint place_;  // where the form last said that it stands
+  const Control* focus_ = nullptr;  // was told that it has the focus; may be gone
   QPoint lastTouch_;
   QPoint dragStart_;  // of a window without a border that is moved by its ground
   bool dragging_ = false, syncing_ = false;

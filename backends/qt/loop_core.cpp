@@ -228,7 +228,7 @@ void QtEventLoop::Core::BringFrontUp() {
   const Form* front = Front();
   FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
   if (window == nullptr) return;
-  window->raise();
+  if (QGuiApplication::platformName() != QLatin1String("offscreen")) window->raise();
   window->activateWindow();
 }
 

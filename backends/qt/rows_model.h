@@ -2,7 +2,7 @@
 // list may have gone by then.
 #pragma once
 
-#include "platform/controls.h"
+#include "platform/form.h"
 
 #include <QAbstractTableModel>
 #include <QStringList>
