@@ -59,7 +59,7 @@ class Face {
   FormWindow& window() const { return window_; }
   Pictures& pictures() const;
 
-  void Pass(QMouseEvent& event);  // to the widget's own behaviour
+  virtual void Pass(QMouseEvent& event);  // to the widget's own behaviour
   void PassKey(QKeyEvent& event);
   // Changes the control after the user's hand, without a way back to the widget.
   void Take(const std::function<void(Control&)>& change);

@@ -199,9 +199,16 @@ class ComboFace final : public Face {
   QStringList lines_;
 };
 
+// What the mouse does to the viewport is the list's business, and only the list knows how.
+class OpenList final : public QListWidget {
+ public:
+  using QListWidget::QListWidget;
+  using QListWidget::viewportEvent;
+};
+
 class ListFace final : public Face {
  public:
-  ListFace(ListBox& box, FormWindow& window) : ListFace(box, window, new QListWidget(&window)) {}
+  ListFace(ListBox& box, FormWindow& window) : ListFace(box, window, new OpenList(&window)) {}
 
   // The choice itself has been taken over while the widget handled the mouse or the key.
   void MouseRelease(QMouseEvent& event) override {
@@ -217,7 +224,7 @@ class ListFace final : public Face {
   }
 
  private:
-  ListFace(ListBox& box, FormWindow& window, QListWidget* list)
+  ListFace(ListBox& box, FormWindow& window, OpenList* list)
       : Face(box, window, list), list_(list) {
     SetSurface(list_->viewport());
     list_->setSelectionMode(box.MultiSelect ? QAbstractItemView::ExtendedSelection
@@ -232,6 +239,9 @@ class ListFace final : public Face {
   }
 
   bool ClicksByMouse() const override { return false; }
+  void Pass(QMouseEvent& event) override {
+    if (control() != nullptr) list_->viewportEvent(&event);
+  }
 
   void TakeChoice() {
     Take([&](Control& taken) {
@@ -267,7 +277,7 @@ class ListFace final : public Face {
     }
   }
 
-  QListWidget* list_;
+  OpenList* list_;
   bool changed_ = false;
 };
 

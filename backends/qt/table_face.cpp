@@ -19,6 +19,7 @@ namespace {
 class TableWidget final : public QTreeView {
  public:
   using QTreeView::QTreeView;
+  using QTreeView::viewportEvent;  // what the mouse does to the viewport is the table's business
   std::function<bool(const QStringList& files)> Over;
   std::function<void(const QStringList& files)> Dropped;
 
@@ -94,6 +95,10 @@ class TableFace final : public Face {
                      });
     table_->Over = [this](const QStringList& files) { return Over(files); };
     table_->Dropped = [this](const QStringList& files) { Dropped(files); };
+  }
+
+  void Pass(QMouseEvent& event) override {
+    if (control() != nullptr) table_->viewportEvent(&event);
   }
 
   void FireItemClick(int row) {
