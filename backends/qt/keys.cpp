@@ -75,9 +75,10 @@ std::optional<Stroke> Parse(const Text& name) {
     }
   }
   if (rest.size() == 1) {
-    const Stroke written = Writing(rest[0]);
+    // The key is meant, not the letter: only Shift makes a capital of it.
+    const bool shift = stroke.Modifiers.testFlag(Qt::ShiftModifier);
+    const Stroke written = Writing(shift ? rest[0].toUpper() : rest[0].toLower());
     stroke.Key = written.Key;
-    stroke.Modifiers |= written.Modifiers;
     if ((stroke.Modifiers & Qt::ControlModifier) == 0) stroke.Words = written.Words;
     return stroke;
   }

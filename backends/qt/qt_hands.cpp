@@ -6,7 +6,9 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -40,8 +42,21 @@ QWidget* SurfaceOf(QWidget* widget) {
   return view == nullptr ? widget : view->viewport();
 }
 
+// A click gives the focus before it does anything else; the toolkit sees to it for clicks from the
+// screen alone.
+void FocusByClick(QWidget* on) {
+  for (QWidget* widget = on; widget != nullptr; widget = widget->parentWidget()) {
+    if (widget->isEnabled() && widget->focusPolicy() & Qt::ClickFocus) {
+      if (!widget->hasFocus()) widget->setFocus(Qt::MouseFocusReason);
+      return;
+    }
+    if (widget->isWindow()) return;
+  }
+}
+
 void SendMouse(const QPointer<QWidget>& on, QEvent::Type type, QPointF place,
                Qt::MouseButton button, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  if (on != nullptr && type == QEvent::MouseButtonPress) FocusByClick(on);
   if (on == nullptr) return;
   const bool held = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
                     type == QEvent::MouseMove;
@@ -383,7 +398,7 @@ bool QtHands::Shot(Form& form, const std::string& file) {
   QtEventLoop& loop = fingers_->loop();
   loop.Sync();
   QWidget* window = loop.WindowOf(form);
-  if (window == nullptr || !form.Visible()) return false;
+  if (window == nullptr || !form.Visible()) Refuse(Spoken(form) + " is not shown");
   QPixmap picture = window->grab();
   QMenu* menu = loop.OpenMenu();
   QWidget* popup = menu != nullptr ? menu : QApplication::activePopupWidget();
@@ -391,7 +406,11 @@ bool QtHands::Shot(Form& form, const std::string& file) {
     QPainter painter(&picture);
     painter.drawPixmap(window->mapFromGlobal(popup->pos()), popup->grab());
   }
-  return picture.save(QString::fromStdString(file), "PNG");
+  const QString name = QString::fromStdString(file);
+  if (!QFileInfo(name).dir().mkpath(QStringLiteral(".")) || !picture.save(name, "PNG")) {
+    Refuse("the picture " + file + " cannot be written");
+  }
+  return true;
 }
 
 }  // namespace vantora
