@@ -1,0 +1,46 @@
+# A writer that is not ready, one that fails in the middle, and a user who changes his mind.
+home home
+screen 1024 768
+setting Show_Start_Assistant 0
+setting Show_TAO_Message 0
+makewave C:\m\uno.wav 30 300
+start
+press frmHauptForm.imgLiedImport
+choose C:\m\uno.wav
+key frmNeuerInterpret Return
+press frmHauptForm.imgBrennen
+writer not-ready 2
+press frmCDBrennen.imgBrennen
+expect-box ~ "CD virgen"
+answer 7
+expect-box ~ "La grabadora no está lista"
+answer 6
+expect-box ~ "Operación cancelada"
+answer 7
+expect-window frmCDBrennen
+writer fail at 40 %
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Error de grabado: 803"
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+writer fail AddTrack
+press frmCDBrennen.imgBrennen
+expect-box ~ "No se ha podido abrir"
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+writer pace 4
+after 6000 shot pictures/frmSchreibFortschritt.png
+after 6100 press frmSchreibFortschritt.imgAbbrechen
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+expect-file "C:\Vantora\Discos\Disco 001.bin" missing
+expect-file "C:\Vantora\Discos\Disco 001.cue" missing
+key frmCDBrennen Escape
+wait 2000
+expect-window frmHauptForm
+close

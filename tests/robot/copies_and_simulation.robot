@@ -1,0 +1,40 @@
+# A simulation leaves nothing; two copies make two discs; Disc At Once gives the files back.
+home home
+screen 800 600
+setting Show_Start_Assistant 0
+setting Show_TAO_Message 0
+makewave C:\m\uno.wav 3 300
+makewave C:\m\dos.wav 4 400
+start
+press frmHauptForm.imgLiedImport
+choose C:\m\uno.wav C:\m\dos.wav
+key frmNeuerInterpret Return
+key frmNeuerInterpret Return
+press frmHauptForm.imgBrennen
+press frmCDBrennen.chkSimulation
+type frmCDBrennen.txtKopienAnzahl 5
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Finalizó la simulación"
+answer 7
+expect frmCDBrennen.txtKopienAnzahl.Text == 1
+expect-file "C:\Vantora\Discos\Disco 001.bin" missing
+press frmCDBrennen.chkSimulation
+press frmCDBrennen.optDiscAtOnce
+type frmCDBrennen.txtKopienAnzahl 2
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Finalizó"
+answer 7
+expect-box ~ "la copia 2 /  2 del CD"
+answer 7
+answer 7
+answer 7
+expect-box ~ "otro CD"
+answer 7
+expect-window frmHauptForm
+expect-file "C:\Vantora\Discos\Disco 002.cue" exists
+# 3 and 4 seconds, 44 bytes of header: the pause of 2 seconds is out of the first file again
+expect-file C:\m\uno.wav size 529244
+expect-file C:\m\dos.wav size 705644
+close

@@ -1,0 +1,38 @@
+# An empty home: defaults, directories, the wizard, and that it stays away when it is told to.
+home home
+screen 800 600
+start
+expect-window frmStartAssistent
+expect frmStartAssistent.StartOptionen(0).Value == True
+press frmStartAssistent.chkNichtMehrZeigen
+press frmStartAssistent.imgAbbrechen
+expect-window frmHauptForm
+expect frmHauptForm.lblKatalogTitel.Caption == "Nuevo título"
+expect frmHauptForm.lblRestzeitCD.Caption == "Quedan:80:00"
+expect frmHauptForm.lblKatalogLaenge.Caption == "00:00:00"
+# functions that are not there yet say so
+press frmHauptForm.imgCDKopieren
+expect-box == "¡No está disponible por el momento!"
+answer 7
+press frmHauptForm.imgBrennen
+expect-box ~ "El catálogo no contiene pistas audio"
+answer 7
+press frmHauptForm.Logo
+expect-window frmAbout
+shot pictures/frmAbout.png
+key frmAbout Escape
+shot pictures/frmHauptForm_800.png
+close
+# the second start has no wizard, and no sound card
+sound off
+start
+expect-box ~ "ninguna tarjeta de sonido"
+answer 7
+expect-window frmHauptForm
+close
+# a screen that is too small, too few colours
+screen 640 480
+sound on
+start
+expect-box ~ "800x600"
+answer 7
