@@ -17,8 +17,8 @@ using Time = std::chrono::steady_clock;
 
 constexpr std::int64_t kGapSectors = 150;                 // 2 seconds
 constexpr std::int64_t kMostSectors = 100 * 60 * 75 - 1;  // what "mm:ss:ff" can tell
-constexpr std::int64_t kBlockBytes = 1 << 20;             // read and written at once
-constexpr std::int64_t kSliceBytes = 4 * kBlockBytes;
+constexpr std::int64_t kBlockBytes = 1 << 17;  // read and written at once; stays in the cache
+constexpr std::int64_t kSliceBytes = 32 * kBlockBytes;
 constexpr auto kSliceTime = std::chrono::milliseconds(25);  // whatever comes first
 constexpr double kSingleSpeed = 176400;                     // bytes a second
 constexpr double kTellMs = 50;
