@@ -1,0 +1,167 @@
+#include "backends/alsa/alsa_player.h"
+
+#include <gtest/gtest.h>
+
+#include "backends/alsa/alsa_devices.h"
+#include "tests/backends/alsa/listener.h"
+
+#include <algorithm>
+
+namespace vantora::test {
+
+namespace {
+
+class Sounding : public Listener {};
+
+}  // namespace
+
+TEST_F(Sounding, AWaveLastsAsLongAsItIsAndItsPositionTellsWhatHasBeenHeard) {
+  Wave(Steps(std::vector<int>(15, 8000)));
+  const double start = Now();
+  player.Start();
+  EXPECT_TRUE(player.Playing());
+  EXPECT_EQ(Log, "") << "events come through the loop";
+  std::int64_t before = 0;
+  bool paced = true;
+  while (Now() - start < 1.4) {
+    Run(0.02);
+    const std::int64_t now = player.Position();
+    EXPECT_GE(now, before);
+    // Not ahead of the time that has passed, and behind it by what a server delays at the most.
+    const double heard = static_cast<double>(now) / 44100;
+    paced = paced && heard <= Now() - start + 0.03 && heard >= Now() - start - 0.6;
+    before = now;
+  }
+  EXPECT_TRUE(paced);
+  EXPECT_GT(before, 44100 / 2);
+  Run(3, "stop");
+  EXPECT_EQ(Log, "start stop");
+  EXPECT_NEAR(StoppedAt - start, 1.5, 0.4);
+  EXPECT_EQ(player.Position(), 15 * 4410);
+  EXPECT_FALSE(Elsewhere);
+}
+
+TEST_F(Sounding, LevelsAreThePeaksOfWhatIsHeardTwentyTimesASecond) {
+  Wave(Steps({1000, 1000, 32000, 32000, 0, 0, 500, 500}));
+  player.Start();
+  Run(3, "stop");
+  ASSERT_EQ(Levels.size(), 16U);
+  for (std::size_t i = 0; i < Levels.size(); ++i) {
+    const int expected = i < 4 ? 1000 : i < 8 ? 32000 : i < 12 ? 0 : 500;
+    EXPECT_EQ(Levels[i], std::make_pair(expected, expected / 2)) << i;
+  }
+}
+
+TEST_F(Sounding, StoppingIsQuickAndToldOnce) {
+  Wave(Steps(std::vector<int>(600, 3000)));
+  player.Start();
+  Run(0.5);
+  const double stop = Now();
+  player.Stop();
+  EXPECT_LT(Now() - stop, 0.25);
+  EXPECT_FALSE(player.Playing());
+  const std::int64_t there = player.Position();
+  EXPECT_LT(there, 44100);
+  const std::size_t levels = Levels.size();
+  player.Stop();
+  EXPECT_EQ(Log, "start");
+  Run(0.2);
+  EXPECT_EQ(Log, "start stop");
+  EXPECT_EQ(Levels.size(), levels) << "nothing is heard after the stop";
+  EXPECT_EQ(player.Position(), there);
+}
+
+TEST_F(Sounding, StartingAgainBeginsAnewAndEndsTheOneBefore) {
+  Wave(Steps(std::vector<int>(4, 3000)));
+  player.Start();
+  Run(0.25);
+  player.Start();
+  EXPECT_EQ(Log, "start stop");
+  EXPECT_LT(player.Position(), 4410);
+  Run(3, "start stop start stop");
+  EXPECT_EQ(Log, "start stop start stop");
+  EXPECT_EQ(player.Position(), 4 * 4410);
+  // A stop that nobody has heard of yet belongs to the sound before.
+  player.Start();
+  player.Stop();
+  player.Start();
+  Run(3, "start stop stop start stop");
+  EXPECT_EQ(Log.substr(22), "stop start stop");
+}
+
+TEST_F(Sounding, ASoundOfAFewFramesEndsToo) {
+  for (const std::size_t frames : {1U, 100U, 3000U}) {
+    Log.clear();
+    Wave(Noise(frames * 4));
+    player.Start();
+    Run(3, "stop");
+    EXPECT_EQ(Log, "start stop");
+    EXPECT_EQ(player.Position(), static_cast<std::int64_t>(frames));
+  }
+}
+
+TEST_F(Sounding, AFileThatCannotBePlayedIsRefusedWithoutAnEvent) {
+  const struct {
+    const char* What;
+    std::string Bytes;
+    int Error;
+  } cases[] = {{"text", "text", 57},
+               {"mono", test::Wave(Noise(400), "", {1, 1}), 57},
+               {"48 kHz", test::Wave(Noise(400), "", {1, 2, 48000}), 57}};
+  for (const auto& each : cases) {
+    Put(home / "b.wav", each.Bytes);
+    player.SetFileName(L"C:\\b.wav");
+    EXPECT_EQ(ErrorOf([&] { player.Start(); }), each.Error) << each.What;
+    EXPECT_FALSE(player.Playing());
+  }
+  player.SetFileName(L"C:\\none.wav");
+  EXPECT_EQ(ErrorOf([&] { player.Start(); }), kFehlerDateiFehlt);
+  Run(0.1);
+  EXPECT_EQ(Log, "");
+  Wave(Steps({100}));
+  player.Start();
+  Run(3, "stop");
+  EXPECT_EQ(Log, "start stop");
+}
+
+TEST_F(Sounding, AFileThatGoesOrIsCutWhileItPlaysEndsItsSound) {
+  Wave(Steps(std::vector<int>(60, 3000)));
+  player.Start();
+  Run(0.3);
+  fs::remove(home / "a.wav");
+  Run(0.3);
+  EXPECT_TRUE(player.Playing()) << "what is open can be read to its end";
+  player.Stop();
+  Run(0.1);
+  Log.clear();
+
+  Wave(Steps(std::vector<int>(60, 3000)));
+  player.Start();
+  Run(0.3);
+  fs::resize_file(home / "a.wav", 44);
+  Run(3, "stop");
+  EXPECT_EQ(Log, "start stop");
+  EXPECT_LT(player.Position(), 2 * 44100);
+}
+
+TEST_F(Sounding, APlayerThatGoesAwayWhileItPlaysSaysNothingMore) {
+  Wave(Steps(std::vector<int>(60, 3000)));
+  const double start = Now();
+  {
+    AlsaPlayer other(home.Files, loop);
+    other.OnStart = other.OnStop = [] { ADD_FAILURE() << "an event of nobody"; };
+    other.SetFileName(L"C:\\a.wav");
+    other.Start();
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  }
+  EXPECT_LT(Now() - start, 0.6);
+  Run(0.1);
+}
+
+TEST_F(Sounding, TheServersOutputIsThere) {
+  const std::vector<Text> devices = AlsaPlaybackDevices();
+  ASSERT_FALSE(devices.empty());
+  EXPECT_FALSE(devices.front().empty());
+}
+
+}  // namespace vantora::test

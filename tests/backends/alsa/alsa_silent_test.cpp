@@ -1,0 +1,41 @@
+#include <gtest/gtest.h>
+
+#include "backends/alsa/alsa_devices.h"
+#include "backends/sound/sound_tools.h"
+#include "tests/backends/alsa/listener.h"
+
+#include <cstdlib>
+
+namespace vantora::test {
+
+namespace {
+
+class NoCard : public Listener {
+ protected:
+  // A configuration that knows no card and no server; the library reads it at its first use.
+  NoCard() {
+    static const TempFolder folder;
+    Put(folder() / "alsa.conf", "pcm.nothing { type null }\n");
+    ::setenv("ALSA_CONFIG_PATH", (folder() / "alsa.conf").c_str(), 1);
+  }
+};
+
+}  // namespace
+
+TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
+  SoundTools tools(
+      home.Files, [] { return nullptr; }, [] { return AlsaPlaybackDevices(); });
+  EXPECT_EQ(tools.waveOutGetNumDevs(), 0);
+  EXPECT_EQ(tools.waveOutGetDevCaps(0), L"");
+  Wave(Steps({1000}));
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(ErrorOf([&] { player.Start(); }), kFehlerEinAusgabe);
+    EXPECT_FALSE(player.Playing());
+    EXPECT_EQ(player.Position(), 0);
+    player.Stop();
+  }
+  Run(0.1);
+  EXPECT_EQ(Log, "");
+}
+
+}  // namespace vantora::test

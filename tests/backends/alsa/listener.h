@@ -1,0 +1,81 @@
+// A player with a wave file, and what it told.
+#pragma once
+
+#include "backends/alsa/alsa_player.h"
+#include "backends/headless/headless_loop.h"
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+
+#include <chrono>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace vantora::test {
+
+using Seconds = std::chrono::duration<double>;
+
+inline double Now() {
+  return Seconds(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+
+// Stereo in which every frame of a tenth of a second has the same loudness: left as told, right
+// half of it.
+inline std::string Steps(const std::vector<int>& loudness) {
+  std::string data;
+  for (const int level : loudness) {
+    for (int i = 0; i < 4410; ++i) {
+      const int sign = i % 100 < 50 ? 1 : -1;
+      data += Number(static_cast<std::uint16_t>(sign * level), 2);
+      data += Number(static_cast<std::uint16_t>(sign * (level / 2)), 2);
+    }
+  }
+  return data;
+}
+
+class Listener : public testing::Test {
+ protected:
+  Listener() {
+    player.OnStart = [this] { Note("start"); };
+    player.OnStop = [this] {
+      EXPECT_FALSE(player.Playing());
+      Note("stop");
+      StoppedAt = Now();
+    };
+    player.OnLevel = [this](int left, int right) {
+      Note("");
+      Levels.emplace_back(left, right);
+    };
+  }
+  void Note(const std::string& what) {
+    Elsewhere = Elsewhere || std::this_thread::get_id() != self_;
+    if (!what.empty()) Log += Log.empty() ? what : " " + what;
+  }
+  void Wave(const std::string& data, Format format = {}) {
+    Put(home / "a.wav", test::Wave(data, "", format));
+    player.SetFileName(L"C:\\a.wav");
+  }
+  // Lets the loop run for so long, or until the log ends like this.
+  void Run(double seconds, const std::string& until = "never") {
+    const double end = Now() + seconds;
+    while (Now() < end && !Log.ends_with(until)) {
+      loop.DoEvents();
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    }
+  }
+
+  Home home;
+  HeadlessClock clock;
+  HeadlessLoop loop{clock};
+  AlsaPlayer player{home.Files, loop};
+  std::string Log;
+  std::vector<std::pair<int, int>> Levels;
+  double StoppedAt = 0;
+  bool Elsewhere = false;
+
+ private:
+  std::thread::id self_ = std::this_thread::get_id();
+};
+
+}  // namespace vantora::test
