@@ -4,8 +4,10 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <cwchar>
 #include <fcntl.h>
+#include <sstream>
 #include <sys/file.h>
 #include <sys/wait.h>
 #include <system_error>
@@ -47,9 +49,7 @@ bool LinuxSystem::OpenHelp(const Text& /*file*/, const Text& topic) {
   const bool plain = !topic.empty() && topic.find_first_of(L"/\\") == Text::npos;
   const fs::path wanted = options_.HelpFolder / (ToUtf8(topic) + ".html");
   if (plain && fs::is_regular_file(wanted, failed)) page = wanted;
-  if (!fs::is_regular_file(page, failed)) return false;
-  Show(page.string());
-  return true;
+  return fs::is_regular_file(page, failed) && Show(page.string());
 }
 
 void LinuxSystem::OpenLink(const Text& address) {
@@ -62,9 +62,22 @@ void LinuxSystem::OpenLink(const Text& address) {
   }
 }
 
+bool LinuxSystem::OpenerThere() const {
+  if (options_.Opener.find('/') != std::string::npos) {
+    return ::access(options_.Opener.c_str(), X_OK) == 0;
+  }
+  const char* path = std::getenv("PATH");
+  std::istringstream folders(path == nullptr ? "" : path);
+  for (std::string folder; std::getline(folders, folder, ':');) {
+    if (::access((fs::path(folder) / options_.Opener).c_str(), X_OK) == 0) return true;
+  }
+  return false;
+}
+
 // Between two forks nothing but system calls may happen, as other threads of the program may hold
 // locks. The child in the middle makes the viewer an orphan, so that nobody has to wait for it.
-void LinuxSystem::Show(const std::string& what) const {
+bool LinuxSystem::Show(const std::string& what) const {
+  if (!OpenerThere()) return false;
   std::string opener = options_.Opener, argument = what;
   std::array<char*, 3> arguments{opener.data(), argument.data(), nullptr};
   const pid_t child = ::fork();
@@ -78,6 +91,7 @@ void LinuxSystem::Show(const std::string& what) const {
     ::_exit(0);
   }
   if (child > 0) ::waitpid(child, nullptr, 0);
+  return child > 0;
 }
 
 }  // namespace vantora

@@ -34,7 +34,8 @@ class LinuxSystem final : public System {
 
  private:
   int VersionPart(int index) const;
-  void Show(const std::string& what) const;
+  bool OpenerThere() const;
+  bool Show(const std::string& what) const;  // false when nothing can show it
 
   LinuxPlaces places_;
   Options options_;

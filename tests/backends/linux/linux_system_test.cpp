@@ -73,6 +73,10 @@ TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
   shows(help + "/brennen.html");
   system.OpenHelp(L"C:\\Vantora\\VTR.HLP", L"../brennen");
   shows(help + "/index.html");
+  EXPECT_FALSE(
+      LinuxSystem(home.Places, {L"1.0.0", home / "help", "no-such-viewer"}).OpenHelp(L"", L""));
+  EXPECT_FALSE(
+      LinuxSystem(home.Places, {L"1.0.0", home / "none", viewer.string()}).OpenHelp(L"", L""));
 }
 
 TEST(LinuxClock, TimeOfDayAndTimerAgree) {
