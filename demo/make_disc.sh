@@ -5,7 +5,7 @@
 set -euo pipefail
 demo=$(dirname "$(readlink -f "$0")")
 robot=$(readlink -f "$1")
-place=${2:-$PWD}
+place=$(readlink -f "${2:-.}")
 [ -w "$place" ] || place=$HOME
 
 folder=$place/vantora-demo
@@ -16,6 +16,13 @@ until mkdir "$folder" 2>/dev/null; do
   folder=$place/vantora-demo-$number
 done
 cd "$folder"
+
+# The toolkit wants a folder for its sockets and complains where a session has not made one.
+if [ -z "${XDG_RUNTIME_DIR-}" ]; then
+  XDG_RUNTIME_DIR=$(mktemp -d)
+  export XDG_RUNTIME_DIR
+  trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
+fi
 
 echo "== De los archivos al disco, en $folder"
 if ! QT_QPA_PLATFORM=offscreen "$robot" --windows "$demo/from_files_to_disc.robot"; then

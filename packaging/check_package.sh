@@ -23,7 +23,7 @@ done
 cd "$scratch/root/usr"
 desktop-file-validate share/applications/vantora.desktop
 appstreamcli validate --no-net share/metainfo/org.vantora.Vantora.metainfo.xml
-python3 -c 'import sys, xml.dom.minidom as dom; dom.parse(sys.argv[1])' share/mime/packages/vantora.xml
+python3 -c 'import xml.dom.minidom as dom; dom.parse("share/mime/packages/vantora.xml")'
 [ -s share/icons/hicolor/scalable/apps/vantora.svg ]
 
 # Texts, layouts and pictures are the unpacked ones: there are no others beside the program.

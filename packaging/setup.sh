@@ -36,7 +36,7 @@ as_root() {
 
 apt_get() {
   as_root env DEBIAN_FRONTEND=noninteractive apt-get -y -q -o Acquire::Retries=3 \
-    -o DPkg::Lock::Timeout=600 "$@" </dev/null
+    -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 "$@" </dev/null
 }
 
 # install_missing PART...: nothing is asked, and apt is not called when everything is there.

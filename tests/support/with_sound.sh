@@ -44,8 +44,8 @@ sed '/^@hooks/,/^\]/d' /usr/share/alsa/alsa.conf >"$room/alsa.conf"
 sed -i "s|^<.*>\$|<$room/alsa.conf>|" "$room/asound.conf"
 
 env HOME="$room/home" XDG_RUNTIME_DIR="$room/run" PULSE_CLIENTCONFIG="$room/client.conf" \
-  setpriv --pdeathsig TERM pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disable-shm=yes \
-  --realtime=no --high-priority=no --log-target=stderr --log-level=error \
+  setpriv --pdeathsig TERM pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no \
+  --disable-shm=yes --realtime=no --high-priority=no --log-target=stderr --log-level=error \
   -L "module-null-sink sink_name=test rate=44100 format=s16le channels=2" \
   -L "module-native-protocol-unix socket=$room/socket auth-anonymous=1" \
   2>"$room/log" </dev/null &
