@@ -223,8 +223,10 @@ void QtEventLoop::Core::PopupMenu(Form& form, const Menu& shown) {
 
 // ---- who is in front ----
 
+// The program has chosen: what was activated before counts no more.
 void QtEventLoop::Core::BringFrontUp() {
   away_.invalidate();
+  activation_.stop();
   const Form* front = Front();
   FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
   if (window == nullptr) return;
@@ -248,7 +250,7 @@ void QtEventLoop::Core::FollowActivation() {
   const QWidget* active = QApplication::activeWindow();
   for (const auto& [form, window] : windows_) {
     if (window != active || form == Front() || !form->Visible()) continue;
-    if (Blocked(*form)) {
+    if (Blocked(*form) || !form->Window.Enabled) {
       BringFrontUp();
       return;
     }
