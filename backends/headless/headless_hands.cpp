@@ -105,8 +105,9 @@ void HeadlessHands::DoubleClick(Control& control) {
   if (Still(control)) Call(control, control.DblClick);
 }
 
+// Buttons drawn from pictures take the focus by the keyboard alone: a click ends no typing.
 void HeadlessHands::MouseButton(Control& control, int button) {
-  loop_.SetFocus(control);
+  if (control.Kind() != ControlKind::PictureButton) loop_.SetFocus(control);
   auto* picture = dynamic_cast<PictureButton*>(&control);
   const auto through = [](const std::function<void(int)>& handler, int argument) {
     return handler ? [handler, argument] { handler(argument); } : std::function<void()>();
