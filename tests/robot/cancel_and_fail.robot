@@ -31,9 +31,9 @@ expect-box ~ "No se ha podido abrir"
 answer 7
 expect-box ~ "Operación cancelada"
 answer 7
-writer pace 4
-after 6000 shot pictures/frmSchreibFortschritt.png
-after 6100 press frmSchreibFortschritt.imgAbbrechen
+writer pace 1
+after 15000 shot pictures/frmSchreibFortschritt.png
+after 15500 press frmSchreibFortschritt.imgAbbrechen
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Operación cancelada"
