@@ -33,6 +33,9 @@ AlsaOutput::AlsaOutput() {
   const int set = snd_pcm_set_params(opened, SND_PCM_FORMAT_S16_LE, SND_PCM_ACCESS_RW_INTERLEAVED,
                                      2, kRate, 1, kLatencyUs);
   if (set < 0) Refused(set);
+  snd_pcm_uframes_t period = 0;
+  const int asked = snd_pcm_get_params(opened, &buffer_, &period);
+  if (asked < 0) Refused(asked);
 }
 
 std::int64_t AlsaOutput::Write(const void* sound, std::int64_t frames, int ms) {
@@ -55,10 +58,18 @@ void AlsaOutput::Begin() {
   if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) snd_pcm_start(pcm_.get());
 }
 
-std::int64_t AlsaOutput::Ahead() {
+std::optional<std::int64_t> AlsaOutput::Ahead() {
+  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) return std::nullopt;  // not begun
   snd_pcm_sframes_t frames = 0;
-  if (snd_pcm_delay(pcm_.get(), &frames) < 0) return 0;
+  if (snd_pcm_delay(pcm_.get(), &frames) < 0) return std::nullopt;
   return std::max<std::int64_t>(frames, 0);
+}
+
+bool AlsaOutput::Empty() {
+  const snd_pcm_sframes_t room = snd_pcm_avail(pcm_.get());
+  const snd_pcm_state_t state = snd_pcm_state(pcm_.get());
+  if (state != SND_PCM_STATE_RUNNING && state != SND_PCM_STATE_PREPARED) return true;
+  return room >= static_cast<snd_pcm_sframes_t>(buffer_);
 }
 
 void AlsaOutput::Drop() {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace vantora {
 
@@ -16,15 +17,18 @@ class AlsaOutput {
   // there was no room; raises 57 when the card is gone. An interruption is mended on the way.
   std::int64_t Write(const void* sound, std::int64_t frames, int ms);
   void Begin();  // plays at once what has been handed over, if it does not yet
-  // Frames handed over that are not heard yet; 0 when the card has come to rest.
-  std::int64_t Ahead();
-  void Drop();  // silence now
+  // Frames handed over that are not heard yet, as far as the card knows. A sound server behind it
+  // goes on telling its own delay when nothing follows, so this need not fall to 0.
+  std::optional<std::int64_t> Ahead();
+  bool Empty();  // all that was handed over is on its way to the loudspeaker, or the card is gone
+  void Drop();   // silence now
 
  private:
   struct Close {
     void operator()(snd_pcm_t* pcm) const { snd_pcm_close(pcm); }
   };
   std::unique_ptr<snd_pcm_t, Close> pcm_;
+  snd_pcm_uframes_t buffer_ = 0;  // frames
 };
 
 }  // namespace vantora

@@ -18,6 +18,7 @@ namespace vantora {
 
 namespace {
 
+constexpr int kRate = 44100;
 constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kBlockFrames = 2205;  // 50 ms: a level each
 constexpr int kPatienceMs = 20;
@@ -48,7 +49,7 @@ class AlsaPlayer::Voice {
 
   Voice(Dateien& dateien, const Text& file, Tell tell) : wave_(dateien), tell_(std::move(tell)) {
     wave_.Open(file);
-    if (wave_.SampleRate() != 44100 || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {
+    if (wave_.SampleRate() != kRate || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
     }
     wave_.SetPosition(0);
@@ -101,18 +102,30 @@ class AlsaPlayer::Voice {
   }
 
   void Drain() {
+    using Clock = std::chrono::steady_clock;
     if (!stop_) output_->Begin();
-    const auto limit = std::chrono::steady_clock::now() + kDrainLimit;
-    while (!stop_ && heard_ < written_ && std::chrono::steady_clock::now() < limit) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(kPatienceMs));
-      Listen();
-    }
+    const auto limit = Clock::now() + kDrainLimit;
+    while (!stop_ && !output_->Empty() && Clock::now() < limit) Linger();
+    // The rest is heard after the delay that there is now; when nothing follows it stays as it is.
+    const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kRate);
+    const auto last = Clock::now() + std::min<std::chrono::milliseconds>(delay, kDrainLimit);
+    while (!stop_ && Clock::now() < last) Linger();
+    if (!stop_) Hear(written_);
     output_->Drop();
   }
 
-  // Notes how far the sound has been heard, and shows the levels of what has been.
+  void Linger() {
+    std::this_thread::sleep_for(std::chrono::milliseconds(kPatienceMs));
+    Listen();
+  }
+
   void Listen() {
-    heard_ = std::max<std::int64_t>(heard_, written_ - output_->Ahead());
+    if (const auto ahead = output_->Ahead()) Hear(written_ - *ahead);
+  }
+
+  // Notes how far the sound has been heard, and shows the levels of what has been.
+  void Hear(std::int64_t frame) {
+    heard_ = std::max<std::int64_t>(heard_, frame);
     while (!levels_.empty() && levels_.front().frame <= heard_) {
       tell_([level = levels_.front()](AlsaPlayer& player) {
         if (player.OnLevel) player.OnLevel(level.left, level.right);
