@@ -87,6 +87,29 @@ TEST(LinuxFiles, EachWayToOpenKeepsOrEmptiesTheFile) {
   EXPECT_EQ(write(Zugriff::Anhaengen, "new"), "new");
 }
 
+TEST(LinuxFiles, ANameInOtherLettersOpensTheFileThatIsThereAndMakesNoSecond) {
+  for (const Zugriff access : {Zugriff::Binaer, Zugriff::Anhaengen, Zugriff::Neu}) {
+    Home home;
+    Put(home / "Canción.wav", "abc");
+    home.Files.Open(L"C:\\canCIÓN.WAV", access)->Write("xyz", 3);
+    EXPECT_EQ(Get(home / "Canción.wav"), access == Zugriff::Anhaengen ? "abcxyz" : "xyz");
+    EXPECT_EQ(home.Files.List(L"C:\\", L"*.wav"), std::vector<Text>{L"Canción.wav"});
+  }
+  Home home;
+  fs::create_symlink("target.txt", home / "link.txt");  // to a file that is still to be made
+  home.Files.Open(L"C:\\link.txt", Zugriff::Neu)->Write("x", 1);
+  EXPECT_EQ(Get(home / "target.txt"), "x");
+}
+
+TEST(LinuxFiles, TheLengthOfAnOpenFileFollowsWhatOthersWrite) {
+  Home home;
+  Put(home / "a.wav", "abc");
+  const auto file = home.Files.Open(L"C:\\a.wav", Zugriff::Lesen);
+  EXPECT_EQ(file->Length(), 3);
+  home.Files.Open(L"C:\\a.wav", Zugriff::Anhaengen)->Write("d", 1);
+  EXPECT_EQ(file->Length(), 4);
+}
+
 // Small reads come out of a buffer; nothing of it may ever be older than what was written.
 TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
   Home home;
