@@ -1,0 +1,157 @@
+// The robot in front of the real program, without a screen: what a failing story says, and that it
+// does not pass.
+
+#include "main/robot/robot.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "main/headless_platform.h"
+#include "main/robot/made_files.h"
+#include "main/robot/sha256.h"
+#include "main/story_stage.h"
+#include "tests/support/buehne.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+
+namespace vantora {
+
+namespace {
+
+using testing::HasSubstr;
+
+std::string Backslashes(const std::filesystem::path& path) {
+  std::string text = path.string();
+  std::replace(text.begin(), text.end(), '/', '\\');
+  return text;
+}
+
+class RobotPlays : public testing::Test {
+ protected:
+  // Plays the lines in an empty home without the wizard; what the robot complains of, or nothing.
+  std::string Play(const std::string& lines) {
+    return PlayAll("home h\nsetting Show_Start_Assistant 0\n" + lines);
+  }
+  std::string PlayAll(const std::string& script) {
+    StoryStage<HeadlessPlatform> stage(std::filesystem::path(VANTORA_SOURCE_DIR) / "resources");
+    Robot robot("story", folder.Path().string(), stage, said, false);
+    const bool passed = robot.Run(script);
+    EXPECT_EQ(passed, robot.Error().empty());
+    return robot.Error();
+  }
+
+  TemporaryHome folder;
+  std::ostringstream said;
+};
+
+TEST_F(RobotPlays, WhatFailsIsToldWithScriptLineWishAndFinding) {
+  struct Case {
+    std::string Lines, Error;
+  };
+  const std::vector<Case> cases = {
+      {"start\nexpect frmHauptForm.lvwKatalog.Count == 1\n",
+       "story:4: frmHauptForm.lvwKatalog.Count was to be == \"1\", it is \"0\""},
+      {"start\nexpect-window frmAbout\n",
+       "story:4: frmAbout was to be in front, it is frmHauptForm"},
+      {"start\nexpect frmAbout.Caption == a\n", "story:4: frmAbout was to be shown"},
+      {"start\npress frmHauptForm.imgNada\n", "was to have the control imgNada, it has none"},
+      {"start\nexpect frmHauptForm.lvwKatalog(1,2) == a\n", "story:4: there was to be something"},
+      {"start\nanswer 7\n", "story:4: a message box was to be in front, it is frmHauptForm"},
+      {"start\nchoose cancel\n", "story:4: the file dialog was to be in front"},
+      {"start\npress frmHauptForm.imgBrennen\nanswer 6\n", "the box was to offer the answer 6"},
+      {"start\npress frmHauptForm.imgBrennen\npress frmHauptForm.Logo\n", "story:5: frmHauptForm"},
+      {"start\npress frmHauptForm.imgLiedImport\nchoose C:\\nada\\a.wav\n",
+       "story:5: the folder nada was to be in C:\\, there is none"},
+      {"start\npress frmHauptForm.imgLiedImport\nchoose Q:\\a.wav\n", "was to have the drive Q:"},
+      {"start\nhome other\n", "story:4: can only be done while the program does not run"},
+      {"start\nwithin 200 expect-window frmAbout\n", "story:4: frmAbout was to be in front"},
+      {"start\nclose\npress frmHauptForm.Logo\n", "story:5: the program was to run"},
+      {"start\nafter 60000 echo late\nclose\n", "story:4: was to be done later"},
+      {"start\nafter 10 expect-window frmAbout\nwait 100\necho no\n",
+       "story:4: frmAbout was to be"},
+      {"expect-file C:\\nada.wav exists\n", "story:3: C:\\nada.wav was to be there, it is missing"},
+      {"delete C:\\nada.wav\n", "story:3: "},
+  };
+  for (const Case& c : cases) {
+    EXPECT_THAT(Play(c.Lines), HasSubstr(c.Error)) << c.Lines;
+    EXPECT_EQ(said.str(), "") << c.Lines;
+  }
+}
+
+TEST_F(RobotPlays, AScriptThatEndsInFrontOfAModalWindowFailsAndOneInTheMainWindowPasses) {
+  EXPECT_EQ(Play("start\n"), "");
+  EXPECT_THAT(Play("start\npress frmHauptForm.Logo\n"), HasSubstr("frmAbout stands open"));
+  EXPECT_EQ(Play("start\npress frmHauptForm.Logo\nafter 50 key frmAbout Escape\n"), "");
+  EXPECT_THAT(PlayAll("start\n"), HasSubstr("story:1: the script has not named a home yet"));
+}
+
+TEST_F(RobotPlays, NothingRunsWhenALaterLineIsBad) {
+  EXPECT_THAT(Play("echo one\nstart\njump\n"), HasSubstr("story:5: there is no command \"jump\""));
+  EXPECT_EQ(said.str(), "");
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST_F(RobotPlays, WaitingLetsThePromisedTimePassAndAfterComesInBetween) {
+  EXPECT_EQ(Play("start\nafter 900 echo two\nafter 100 echo one\nwait 500\necho half\nwait 500\n"
+                 "echo end\nclose\n"),
+            "");
+  EXPECT_EQ(said.str(), "one\nhalf\ntwo\nend\n");
+}
+
+TEST_F(RobotPlays, TheFileDialogIsWalkedUpAndDownAndTakesSeveralFiles) {
+  EXPECT_EQ(Play("makewave C:\\a\\b\\uno.wav 3 300\nmakewave C:\\a\\b\\DOS.wav 3 300\n"
+                 "makewave C:\\tres.wav 3 300\nstart\n"
+                 "press frmHauptForm.imgLiedImport\nchoose C:\\A\\b\\dos.wav C:\\A\\b\\uno.wav\n"
+                 "key frmNeuerInterpret Return\nkey frmNeuerInterpret Return\n"
+                 "expect frmHauptForm.lvwKatalog.Count == 2\n"
+                 "press frmHauptForm.imgLiedImport\nchoose Z:" +
+                 Backslashes(folder.Path() / "h" / "tres.wav") +
+                 "\nkey frmNeuerInterpret Return\n"
+                 "expect frmHauptForm.lvwKatalog.Count == 3\nclose\n"),
+            "");
+}
+
+TEST(Sha256, KnownTextsHaveTheirKnownSums) {
+  const auto sum = [](const std::string& text) {
+    Sha256 sha;
+    sha.Add(reinterpret_cast<const unsigned char*>(text.data()), text.size());
+    return sha.Hex();
+  };
+  EXPECT_EQ(sum(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+  EXPECT_EQ(sum("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+  EXPECT_EQ(sum("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq"),
+            "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
+  EXPECT_EQ(sum(std::string(1'000'000, 'a')),
+            "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
+}
+
+TEST(SineWave, AWaveHasTheHeaderTheLengthAndTheTonesThatWereAskedFor) {
+  const TemporaryHome home;
+  const std::string file = (home.Path() / "a.wav").string();
+  WriteSineWave(file, {500, 441, 44100, 16, 2});
+  std::ifstream in(file, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  ASSERT_EQ(bytes.size(), 44U + 22050 * 4);
+  EXPECT_EQ(bytes.substr(0, 4) + bytes.substr(8, 8) + bytes.substr(36, 4), "RIFFWAVEfmt data");
+  // Rising passages through zero in half a second: the frequency's half.
+  for (const int channel : {0, 1}) {
+    int passages = 0;
+    for (std::size_t at = 48; at < bytes.size(); at += 4) {
+      const auto sample = [&](std::size_t from) {
+        const std::size_t place = from + static_cast<std::size_t>(channel) * 2;
+        return static_cast<std::int16_t>(static_cast<unsigned char>(bytes[place]) |
+                                         static_cast<unsigned char>(bytes[place + 1]) << 8U);
+      };
+      if (sample(at - 4) <= 0 && sample(at) > 0) ++passages;
+    }
+    EXPECT_NEAR(passages, channel == 0 ? 220 : 330, 1);
+  }
+}
+
+}  // namespace
+
+}  // namespace vantora
