@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 namespace vantora {
@@ -31,7 +32,10 @@ class StoryStage final : public RobotStage {
   }
   void Colours(int bits) override { Now().display.Bits = bits; }
   void Sound(bool present) override { Now().card.Present = present; }
-  void SetClock(const DateTime& now) override { Now().clock.Set(now); }
+  void SetClock(const DateTime& now) override {
+    clock_ = now;
+    Now().clock.Set(now);
+  }
   void Setting(const Text& key, const Text& value) override {
     SaveSetting(Now().bundle, key, value);
   }
@@ -76,6 +80,7 @@ class StoryStage final : public RobotStage {
   void Renew() {
     const std::unique_ptr<Platform> before = std::move(platform_);
     platform_ = std::make_unique<Platform>(home_, resourceFolder_);
+    if (clock_) platform_->clock.Set(*clock_);
     if (!before) return;
     platform_->display = before->display;
     platform_->card.Present = before->card.Present;
@@ -83,6 +88,7 @@ class StoryStage final : public RobotStage {
   }
 
   std::filesystem::path resourceFolder_, home_;
+  std::optional<DateTime> clock_;
   std::unique_ptr<Platform> platform_;
   std::unique_ptr<Programm> programm_;
   bool started_ = false;

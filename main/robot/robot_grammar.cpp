@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdio>
 #include <map>
 #include <regex>
@@ -62,7 +63,7 @@ class Words {
     if (read.ec != std::errc() || read.ptr != end || number < 0 || number > kMaxSeconds) {
       RefuseLast(seconds);
     }
-    return static_cast<int>(number * 1000 + 0.5);
+    return static_cast<int>(std::lround(number * 1000));
   }
   Target ControlName() {
     Target target = ParseTarget(Take("a control"), line_.Number);

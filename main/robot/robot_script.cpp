@@ -66,7 +66,7 @@ class TargetReader {
   }
   Text Name() {
     const std::size_t end = std::min(word_.find_first_of(L".(), \"", place_), word_.size());
-    const Text name = word_.substr(place_, end - place_);
+    Text name = word_.substr(place_, end - place_);
     if (name.empty()) Refuse();
     place_ = end;
     return name;
