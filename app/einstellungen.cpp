@@ -16,28 +16,25 @@ class Leser {
   explicit Leser(Plattform& plattform) : plattform_(plattform) {}
 
   void Schalter(const wchar_t* schluessel, bool& wert, const wchar_t* sonst) {
-    wert = Val(Wert(schluessel, sonst)) == 1;
+    wert = GetZahl(plattform_, schluessel, sonst) == 1;
   }
   // Two values count as on here, of which the second never returns: saving knows 1 and 0 only.
   void UndoSchalter(const wchar_t* schluessel, bool& wert, const wchar_t* sonst) {
-    const double zahl = Val(Wert(schluessel, sonst));
+    const std::int32_t zahl = GetZahl(plattform_, schluessel, sonst);
     wert = zahl == 1 || zahl == 2;
   }
   void Zahl(const wchar_t* schluessel, std::int16_t& wert, const wchar_t* sonst) {
-    if (!Weiter([&] { wert = Ganz16(Val(Wert(schluessel, sonst))); })) wert = Ganz16(Val(sonst));
+    wert = GetZahl16(plattform_, schluessel, sonst);
   }
   void Zahl(const wchar_t* schluessel, std::int32_t& wert, const wchar_t* sonst) {
     wert = GetZahl(plattform_, schluessel, sonst);
   }
   template <std::size_t N>
   void Feld(const wchar_t* schluessel, FixedText<N>& wert, const wchar_t* sonst) {
-    wert = Wert(schluessel, sonst);
+    wert = GetSetting(plattform_, schluessel, sonst);
   }
 
  private:
-  Text Wert(const wchar_t* schluessel, const wchar_t* sonst) {
-    return GetSetting(plattform_, schluessel, sonst);
-  }
   Plattform& plattform_;
 };
 
@@ -91,6 +88,12 @@ void AlleOptionen(Weg weg, Werte& w) {
 
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst) {
   return plattform.einstellungen.GetSetting(kAnwendung, kAbschnitt, schluessel, sonst);
+}
+
+std::int16_t GetZahl16(Plattform& plattform, const Text& schluessel, const Text& sonst) {
+  std::int16_t wert = Ganz16(Val(sonst));
+  Weiter([&] { wert = Ganz16(Val(GetSetting(plattform, schluessel, sonst))); });
+  return wert;
 }
 
 std::int32_t GetZahl(Plattform& plattform, const Text& schluessel, const Text& sonst) {

@@ -48,8 +48,9 @@ struct Einstellungen {
 // One value of the store, for windows that keep keys of their own.
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst);
 void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert);
-// A number; one that 32 bits cannot hold counts as not there.
+// A number; one that its width cannot hold counts as not there.
 std::int32_t GetZahl(Plattform& plattform, const Text& schluessel, const Text& sonst);
+std::int16_t GetZahl16(Plattform& plattform, const Text& schluessel, const Text& sonst);
 
 void LoadExtrasSet(Plattform& plattform, Einstellungen& werte);
 void SaveExtrasSet(Plattform& plattform, const Einstellungen& werte);

@@ -9,7 +9,8 @@ namespace vantora {
 namespace {
 
 constexpr double kGrosseSchriftTwips = 12.0;
-constexpr double kSchriftVerhaeltnis = 15.0 / 12.0;  // large fonts to small fonts
+// With large fonts a pixel has fewer twips, and windows stand on pictures that count in pixels.
+constexpr double kSchriftVerhaeltnis = 12.0 / 15.0;
 
 void Skalieren(Control& control) {
   const auto mal = [](int wert) { return Ganz32(wert * kSchriftVerhaeltnis); };

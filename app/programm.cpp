@@ -49,11 +49,12 @@ Programm::~Programm() {
 void Programm::Laufen() {
   EventLoop& schleife = plattform.schleife;
   schleife.Dispatch([this] { frmStartUp(); });
-  if (schleife.Ended()) return;
+  // Without its main window the program has no way to be ended, so it does not begin to wait.
+  if (schleife.Ended() || !frmHauptForm.Geladen() || !frmHauptForm().Visible()) return;
   try {
     schleife.Run();
   } catch (const ProgrammEnde&) {
-    AppLog(L"Laufen", L"Ende");
+    return;  // the way out of every program
   }
 }
 
@@ -157,6 +158,7 @@ void Programm::ProgrammBeenden(bool ohneFrage) {
       return;
     }
   }
+  frmHauptForm().Window.Enabled = false;  // nothing begins any more while the farewell waits
   AppLog(kOrt, L"1");
   schleife.DoEvents();
   Warten(kAbschiedSekunden);

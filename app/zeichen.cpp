@@ -58,9 +58,10 @@ unsigned char ByteIn1252(wchar_t zeichen) {
 }
 
 Text Trim(const Text& text) {
-  const auto anfang = std::find_if_not(text.begin(), text.end(), Blank);
-  const auto ende = std::find_if_not(text.rbegin(), text.rend(), Blank).base();
-  return anfang < ende ? Text(anfang, ende) : Text();
+  std::size_t anfang = 0, ende = text.size();
+  while (ende > 0 && Blank(text[ende - 1])) --ende;
+  while (anfang < ende && Blank(text[anfang])) ++anfang;
+  return text.substr(anfang, ende - anfang);
 }
 
 Text Ucase(Text text) {

@@ -173,7 +173,7 @@ void frmHauptForm::Form_Load() {
   if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
     lvwKatalog.FontSize = kListenSchriftGross;
     std::vector<ListView::Column> spalten = lvwKatalog.Columns();
-    for (ListView::Column& spalte : spalten) spalte.Width = Ganz32(spalte.Width * 1.25);
+    for (ListView::Column& spalte : spalten) spalte.Width = Ganz32(spalte.Width / 1.25);
     lvwKatalog.SetColumns(std::move(spalten));
   }
   MitteSetzen(prog, *this);

@@ -11,6 +11,8 @@
 
 namespace vantora {
 
+struct WaveBefund;  // catalog/wave_pruefung.h
+
 class frmHauptForm final : public VtrFenster {
  public:
   explicit frmHauptForm(Programm& programm);
@@ -148,6 +150,7 @@ class frmHauptForm final : public VtrFenster {
   void GrossesLayout();
   void StartAssistentZeigen();
   void Schritt(const std::function<void()>& anweisung);
+  bool NochmalNachFehler(int nummer, const Text& beschreibung);
   void StartKomponenten();
   void StartSoundkarte();
   void StartOptionen();
@@ -165,10 +168,10 @@ class frmHauptForm final : public VtrFenster {
   std::vector<TabellenKnopf> KnopfTabelle();
 
   // display
-  void ZeileFuellen(int i);
+  void ZeileFuellen(int i, const Text& datei, const WaveBefund& befund);
   void PauseBestimmen(int i);
-  void DateiNachlesen(KatalogEintrag& eintrag);
-  bool UngueltigeEntfernen();
+  void DateiNachlesen(KatalogEintrag& eintrag, const Text& datei, const WaveBefund& befund);
+  bool UngueltigeEntfernen(const std::vector<WaveBefund>& befunde);
   void RestzeitZeigen(std::int64_t restMs, bool gruen);
   void ZeigeLaengeNachOeffnen();
   void MixerFragen();

@@ -56,17 +56,17 @@ void frmHauptForm::PauseBestimmen(int i) {
 }
 
 // Takes over what changed in the wave file since the record was written. The length is compared
-// with one computed from whole MB, so it is read anew nearly always.
-void frmHauptForm::DateiNachlesen(KatalogEintrag& e) {
-  const Text datei = e.Datei.Getrimmt();
+// with one computed from whole MB, so it is taken anew nearly always.
+void frmHauptForm::DateiNachlesen(KatalogEintrag& e, const Text& datei, const WaveBefund& befund) {
   Weiter([&] {
-    const auto laenge = static_cast<double>(prog.plattform.dateien.FileLen(datei));
-    const std::int16_t mb = Ganz16(laenge / kMB);
+    const std::int64_t bytes =
+        befund.Gueltig ? befund.Bytes : prog.plattform.dateien.FileLen(datei);
+    const std::int16_t mb = Ganz16(static_cast<double>(bytes) / kMB);
     if (mb != e.GroesseMB) e.GroesseMB = mb;
   });
   Weiter([&] {
     if (Abgeschnitten(Val(e.Laenge.Ganz())) != BytesNachMs(e.GroesseMB * kMB)) {
-      e.Laenge = ZahlText(WaveLaenge(*MMWaveFileX1, datei));
+      e.Laenge = ZahlText(befund.Gueltig ? befund.LaengeMs : WaveLaenge(*MMWaveFileX1, datei));
     }
   });
   Weiter([&] {
@@ -75,13 +75,14 @@ void frmHauptForm::DateiNachlesen(KatalogEintrag& e) {
   });
 }
 
-void frmHauptForm::ZeileFuellen(int i) {
+void frmHauptForm::ZeileFuellen(int i, const Text& datei, const WaveBefund& befund) {
   KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
   ListItem& zeile = lvwKatalog.ListItems(i);
   Weiter([&] { PauseBestimmen(i); });
-  const bool existiert = prog.DateiExistiert(e.Datei.Getrimmt());
-  if (existiert) DateiNachlesen(e);
+  const bool existiert = befund.Gueltig || prog.DateiExistiert(datei);
+  if (existiert) DateiNachlesen(e, datei, befund);
   const bool letzte = i == UBound(prog.Katalog);
+  zeile.SetSubItems(8, LoadResString(existiert ? 2 : 3));  // the last column first: one allocation
   zeile.SetSubItems(0, e.Ueberblendet == -1 ? L"X" : L" ");
   zeile.SetSubItems(1, Format(i, L"00"));
   zeile.SetSubItems(2, e.Titel.Getrimmt());
@@ -89,16 +90,15 @@ void frmHauptForm::ZeileFuellen(int i) {
   Weiter([&] { zeile.SetSubItems(4, MinutenText(Abgeschnitten(Val(e.Laenge.Ganz())))); });
   zeile.SetSubItems(5, ZahlText(e.GroesseMB) + L" " + LoadResString(7603));
   zeile.SetSubItems(6, (letzte ? L"0" : ZahlText(e.Pause)) + LoadResString(8442));
-  zeile.SetSubItems(7, e.Datei.Getrimmt());
-  zeile.SetSubItems(8, LoadResString(existiert ? 2 : 3));
+  zeile.SetSubItems(7, datei);
 }
 
 // Selects and removes the rows whose file can't go onto a disc; false when all of them can.
-bool frmHauptForm::UngueltigeEntfernen() {
+bool frmHauptForm::UngueltigeEntfernen(const std::vector<WaveBefund>& befunde) {
   bool gefunden = false;
   for (int i = 1; i <= UBound(prog.Katalog); ++i) {
     const KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
-    bool brauchbar = CheckWaveValid(prog.plattform, *MMWaveFileX1, e.Datei.Getrimmt());
+    bool brauchbar = befunde[static_cast<std::size_t>(i)].Gueltig;
     Weiter([&] { brauchbar = brauchbar && Val(e.Laenge.Ganz()) >= kKuerzesteLaengeMs; });
     lvwKatalog.ListItems(i).SetSelected(!brauchbar);
     gefunden = gefunden || !brauchbar;
@@ -113,12 +113,18 @@ bool frmHauptForm::UngueltigeEntfernen() {
 void frmHauptForm::KatalogShow() {
   EventLoop& schleife = prog.plattform.schleife;
   schleife.MousePointer(Pointer::Hourglass);
+  std::vector<WaveBefund> befunde;  // one look at a file serves its row and its right to stay
   do {
     Weiter([&] { KatalogNeu(); });
     Text titel, interpret;
     const int anzahl = UBound(prog.Katalog);
     for (int i = 1; i <= anzahl; ++i) lvwKatalog.ListItems.Add();
-    for (int i = 1; i <= anzahl; ++i) Weiter([&] { ZeileFuellen(i); });
+    befunde.assign(1, WaveBefund{});
+    for (int i = 1; i <= anzahl; ++i) {
+      const Text datei = prog.Katalog[static_cast<std::size_t>(i)].Datei.Getrimmt();
+      befunde.push_back(WavePruefen(prog.plattform, *MMWaveFileX1, datei));
+      Weiter([&] { ZeileFuellen(i, datei, befunde.back()); });
+    }
     const KatalogEintrag& quelle = prog.Katalog.back();  // the last track, or the head alone
     titel = quelle.KatalogTitel.Getrimmt();
     interpret = quelle.KatalogInterpret.Getrimmt();
@@ -126,7 +132,7 @@ void frmHauptForm::KatalogShow() {
     if (anzahl == 0 || !interpret.empty()) lblKatalogInterpret.Caption = interpret;
     if (!KatalogGeladen) lblKatalogDatei.Caption = prog.KatalogDatei;
     KatalogGeladen = false;
-  } while (UngueltigeEntfernen());
+  } while (UngueltigeEntfernen(befunde));
 
   std::int64_t gesamt = 0;
   Weiter([&] {

@@ -28,14 +28,21 @@ void frmHauptForm::Schritt(const std::function<void()>& anweisung) {
       anweisung();
       return;
     } catch (const Laufzeitfehler& fehler) {
-      const Text meldung = L"An Error Occurred In: \r\nNumber: " + ZahlText(fehler.Nummer) +
-                           L"\r\nDescription: " + fehler.Beschreibung +
-                           L"\r\nLocation: frmHauptForm, Init_Prog";
-      const int wahl = prog.plattform.schleife.SystemBox(meldung, kFehlerBox, LoadResString(0));
-      if (wahl == kAbbrechen) throw ProgrammEnde{};
-      if (wahl != kWiederholen) return;
+      if (!NochmalNachFehler(fehler.Nummer, fehler.Beschreibung)) return;
+    } catch (const std::exception& fehler) {  // a library's own, which nobody has translated
+      const std::string was = fehler.what();
+      if (!NochmalNachFehler(kFehlerUngueltigerAufruf, Text(was.begin(), was.end()))) return;
     }
   }
+}
+
+bool frmHauptForm::NochmalNachFehler(int nummer, const Text& beschreibung) {
+  const Text meldung = L"An Error Occurred In: \r\nNumber: " + ZahlText(nummer) +
+                       L"\r\nDescription: " + beschreibung +
+                       L"\r\nLocation: frmHauptForm, Init_Prog";
+  const int wahl = prog.plattform.schleife.SystemBox(meldung, kFehlerBox, LoadResString(0));
+  if (wahl == kAbbrechen) throw ProgrammEnde{};
+  return wahl == kWiederholen;
 }
 
 void frmHauptForm::Status(int text) {
@@ -121,9 +128,7 @@ void frmHauptForm::StartBrenner() {
   Schritt([&] { komponenten.LaufwerkeMelden(); });
   Schritt([&] { prog.LängeCD = GetZahl(prog.plattform, L"LängeCD", L"80"); });
   Schritt([&] { prog.AppLog(kOrt, L"Get Last CDDevices from registry"); });
-  Schritt([&] {
-    komponenten.AktCDDevice = Ganz16(GetZahl(prog.plattform, L"AudioCDROMDevice", L"0"));
-  });
+  Schritt([&] { komponenten.AktCDDevice = GetZahl16(prog.plattform, L"AudioCDROMDevice", L"0"); });
   Schritt([&] { komponenten.AktCDDrive = GetSetting(prog.plattform, L"AudioCDROMDrive", L""); });
   Schritt([&] {
     if (Trim(komponenten.AktCDDrive).empty()) komponenten.CheckAudioCDRomDevices();

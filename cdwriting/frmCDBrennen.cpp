@@ -100,10 +100,10 @@ void frmCDBrennen::LadeBrennOptionen() {
   for (int i = 0; i < optBurnSpeed.Count(); ++i) {
     optBurnSpeed(i).SetValue(Val(optBurnSpeed(i).Tag) == prog.BrennGeschwindigkeit);
   }
-  optDiscAtOnce.SetValue(Val(GetSetting(p, L"WriteDAO", L"0")) != 0);
-  optTrackAtOnce.SetValue(Val(GetSetting(p, L"WriteTAO", L"0")) != 0);
-  txtKopienAnzahl.Text = ZahlText(Val(GetSetting(p, L"Copies", L"1")));
-  prog.ZeigeTAOHinweis = Val(GetSetting(p, L"Show_TAO_Message", L"1")) != 0;
+  optDiscAtOnce.SetValue(GetZahl(p, L"WriteDAO", L"0") != 0);
+  optTrackAtOnce.SetValue(GetZahl(p, L"WriteTAO", L"0") != 0);
+  txtKopienAnzahl.Text = ZahlText(GetZahl(p, L"Copies", L"1"));
+  prog.ZeigeTAOHinweis = GetZahl(p, L"Show_TAO_Message", L"1") != 0;
 }
 
 bool frmCDBrennen::Init_Brenner() {

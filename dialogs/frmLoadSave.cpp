@@ -162,9 +162,14 @@ void frmLoadSave::lstVerzeichnis_DblClick() {
   Oeffne(ziel);
 }
 
+// The name box follows the selection; a file that is taken out of it gives way to one that stays.
 void frmLoadSave::lstDatei_Click() {
-  if (lstDatei.ListIndex < 0) return;
-  const Text name = lstDatei.List(lstDatei.ListIndex);
+  int zeile = lstDatei.ListIndex;
+  if (zeile >= 0 && !lstDatei.Selected(zeile)) {
+    zeile = lstDatei.ListCount() - 1;
+    while (zeile >= 0 && !lstDatei.Selected(zeile)) --zeile;
+  }
+  const Text name = zeile < 0 ? prog.DialogName : lstDatei.List(zeile);
   txtDateiName.Text = name;
   pbButton(0).Enabled = Endet(Lcase(name), L".wav");
 }
@@ -181,18 +186,26 @@ std::vector<Text> frmLoadSave::Gewaehlte() const {
   return namen;
 }
 
+// What the catalog's file cannot hold must not get into the catalog: of a track that is its whole
+// path, of a catalog its name.
 bool frmLoadSave::NamenGueltig(const std::vector<Text>& namen) const {
-  return std::all_of(namen.begin(), namen.end(), [](const Text& name) {
-    const bool darstellbar = std::all_of(name.begin(), name.end(), Hat1252);
+  const bool katalog = prog.DialogMuster == L"*.vtr";
+  return std::all_of(namen.begin(), namen.end(), [&](const Text& name) {
+    const Text pfad = katalog ? name : Voll(name);
+    const bool darstellbar = std::all_of(pfad.begin(), pfad.end(), Hat1252);
     return darstellbar && (Absolut(name) || name.find(L'\\') == Text::npos);
   });
+}
+
+Text frmLoadSave::Voll(const Text& name) const {
+  return Absolut(name) ? name : verzeichnis_ + name;
 }
 
 // A folder's name in the name box opens the folder.
 bool frmLoadSave::OrdnerGetippt() {
   const Text name = txtDateiName.Text;
   if (name.empty() || name.front() == L'.' || Enthaelt(name, L"*")) return false;
-  const Text ordner = Absolut(name) ? name : verzeichnis_ + name;
+  const Text ordner = Voll(name);
   if (!prog.plattform.dateien.IsDirectory(ordner)) return false;
   txtDateiName.Text = prog.DialogName;
   LaufwerkSetzen(ordner);
@@ -207,16 +220,15 @@ void frmLoadSave::Uebernehmen() {
     prog.MsgBoxen(LoadResString(8038), kHinweis);
     return;
   }
-  const auto voll = [this](const Text& name) { return Absolut(name) ? name : verzeichnis_ + name; };
   prog.DialogName = txtDateiName.Text;
   prog.MehrfachAuswahl = namen.size() > 1;
   prog.GewaehlteDatei.clear();
   if (prog.MehrfachAuswahl) {
-    for (const Text& name : namen) prog.GewaehlteDatei += voll(name) + L"/";
+    for (const Text& name : namen) prog.GewaehlteDatei += Voll(name) + L"/";
   } else if (!namen.front().empty()) {
-    prog.GewaehlteDatei = voll(namen.front());
+    prog.GewaehlteDatei = Voll(namen.front());
   }
-  const Text erste = voll(namen.front());
+  const Text erste = Voll(namen.front());
   prog.DialogVerzeichnis = Links(erste, erste.size() - DateiNameOhnePfad(erste).size());
   prog.DialogPfad = prog.DialogVerzeichnis;
   if (Enthaelt(Ucase(prog.DialogMuster), L"WAV")) prog.Wave_Import_Dir = prog.DialogPfad;

@@ -47,6 +47,7 @@ class frmLoadSave final : public VtrFenster {
   bool OrdnerGetippt();
   std::vector<Text> Gewaehlte() const;
   bool NamenGueltig(const std::vector<Text>& namen) const;
+  Text Voll(const Text& name) const;  // with its folder
 
   Text verzeichnis_;  // with a backslash behind it
   bool aktiviert_ = false;

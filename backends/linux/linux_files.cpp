@@ -244,8 +244,8 @@ void LinuxFiles::MkDir(const Text& path) {
   const fs::path folder = SystemPath(path);
   std::error_code failed;
   fs::create_directories(folder, failed);
-  if (fs::is_directory(folder)) return;
   const int error = failed.value();
+  if (fs::is_directory(folder, failed)) return;
   if (error == EEXIST || error == ENOTDIR) throw DateiFehler(kFehlerPfadZugriff);
   RaiseErrno(error, folder);
 }

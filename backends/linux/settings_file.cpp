@@ -91,7 +91,7 @@ void SettingsFile::SaveSetting(const Text& application, const Text& section, con
   } else if (Line& line = lines_[place->second]; line.Value != value) {
     line.Raw = raw;
     line.Value = value;
-  } else {
+  } else if (written_) {
     return;  // on the disk already
   }
   Write();
@@ -110,6 +110,7 @@ void SettingsFile::ReadOnce() {
 void SettingsFile::Parse(const std::string& bytes) {
   Text section;
   std::string_view rest = bytes;
+  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);  // an editor's mark of UTF-8
   while (!rest.empty()) {
     const auto end = std::min(rest.find('\n'), rest.size());
     Line line{std::string(rest.substr(0, end)), section, {}, {}};
@@ -162,8 +163,9 @@ void SettingsFile::Write() {
   for (const Line& line : lines_) bytes += line.Raw + "\n";
   try {
     WriteSmallFile(file_, bytes);
+    written_ = true;
   } catch (const Laufzeitfehler&) {
-    // The values serve for this run; the next change tries again.
+    written_ = false;  // the values serve for this run; the next call tries again
   }
 }
 

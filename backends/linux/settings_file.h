@@ -46,6 +46,7 @@ class SettingsFile final : public SettingsStore {
   std::filesystem::path file_;
   bool read_ = false;
   bool writable_ = true;
+  bool written_ = true;  // the last writing has reached the disk
   std::vector<Line> lines_;
   std::map<std::pair<Text, Text>, std::size_t> places_;  // section and key: number of the line
 };

@@ -38,6 +38,7 @@ TEST_F(Optionen, AnEmptyStoreGivesTheDefaults) {
 TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
   Setze(L"CDDBactive", L"2");
   Setze(L"BackgroundPic", L"-1");
+  Setze(L"Show_Start_Assistant", L"1e999");
   Setze(L"Undo", L"2");
   Setze(L"UndoMB", L"12 MB");
   Setze(L"Write_Speed", L"70000");
@@ -47,6 +48,7 @@ TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
   b.prog.LoadExtrasSet();
   EXPECT_FALSE(b.prog.CDDBactive);
   EXPECT_FALSE(b.prog.BackgroundPic);
+  EXPECT_TRUE(b.prog.Show_Start_Assistant);
   EXPECT_TRUE(b.prog.Undo);
   EXPECT_EQ(b.prog.UndoMB, 12);
   EXPECT_EQ(b.prog.BrennGeschwindigkeit, 1);

@@ -31,6 +31,7 @@ TEST(Start, TheScreenDecidesWhetherAndHowTheMainWindowStands) {
     EXPECT_EQ(offen, fall.Meldung == 0) << fall.Breite << "x" << fall.Hoehe;
     if (fall.Meldung == 0) {
       EXPECT_EQ(b.Haupt().Picture(), fall.Bild);
+      EXPECT_LE(b.Haupt().Window.Width(), b.platform.display.Width());
       EXPECT_FALSE(b.prog.frmStartUp.Geladen());
     } else {
       ASSERT_EQ(b.Gesagt().size(), 1U);
@@ -133,6 +134,17 @@ TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
     nummer = gelesen;
   }
   EXPECT_GT(nummer, 20U);
+}
+
+TEST(Ende, ASecondPressWhileTheFarewellWaitsDoesNothing) {
+  Buehne b;
+  b.Start();
+  b.Antwortet(kJa).Antwortet(kNein);
+  b.platform.loop.PostAfter(
+      300, [&] { EXPECT_THROW(b.platform.hands.Press(b.Haupt().imgÜberblenden), Unreachable); });
+  b.Tu([&] { b.Haupt().imgÜberblenden_MouseUp(); });
+  EXPECT_TRUE(b.platform.loop.Ended());
+  EXPECT_EQ(b.user.Left(), 1U);
 }
 
 TEST(Ende, TheUserMayStayAndLeavesWithDirectoriesSaved) {

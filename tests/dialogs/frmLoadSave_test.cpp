@@ -62,6 +62,19 @@ TEST_F(Dateidialog, SeveralFilesComeBackWithASlashBehindEach) {
   EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern speaks of waves
 }
 
+TEST_F(Dateidialog, AFileThatIsTakenOutOfTheSelectionIsNotTheOneThatComesBack) {
+  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
+    hand().Select(d.lstDatei, {1});
+    d.lstDatei.Select(1, true);
+    d.lstDatei.Select(1, false);  // a click with Ctrl leaves the line current, but not selected
+    d.lstDatei.ListIndex = 1;
+    d.lstDatei_Click();
+    EXPECT_EQ(d.txtDateiName.Text(), L"a.wav");
+    hand().Press(d.pbButton(1));
+  });
+  EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav");
+}
+
 TEST_F(Dateidialog, ATypedCatalogNameGetsItsExtension) {
   Fragt(kTypKatalog, kModusSichern, [&](frmLoadSave& d) {
     EXPECT_EQ(d.Caption(), b.prog.Text(11603));
@@ -87,6 +100,20 @@ TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
     EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
     EXPECT_EQ(b.user.Left(), 0U);
   }
+}
+
+TEST_F(Dateidialog, ATrackInAFolderThatTheCatalogCannotNameIsRefusedToo) {
+  b.Datei(L"C:\\日本\\a.wav", "x");
+  b.prog.Songs_Import_Dir = L"C:\\日本";
+  b.Macht([&](Form& front) {
+     auto& d = dynamic_cast<frmLoadSave&>(front);
+     hand().Select(d.lstDatei, {1});
+     hand().Press(d.pbButton(1));
+   })
+      .Antwortet(kNein)
+      .Macht([&](Form& front) { hand().Key(front, L"Escape"); });
+  b.Tu([&] { b.prog.DateiHolen(kTypMusik, kModusOeffnen); });
+  EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
 }
 
 TEST_F(Dateidialog, AProposedNameStandsInTheBoxAndAWaveGetsItsExtension) {
