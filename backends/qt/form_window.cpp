@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -36,6 +37,7 @@ class Counted {
 int Layer(const Control& control) {
   switch (control.Kind()) {
     case ControlKind::Shape:
+    case ControlKind::PictureBox:
       return 0;
     case ControlKind::PictureButton:
       return HasMouseHandler(control) ? 1 : 0;
@@ -43,7 +45,6 @@ int Layer(const Control& control) {
       const auto& label = static_cast<const Label&>(control);
       return label.Caption().empty() && label.BackColor != kTransparent ? 0 : 2;
     }
-    case ControlKind::PictureBox:
     case ControlKind::LevelMeter:
       return 1;
     default:
@@ -187,6 +188,8 @@ void FormWindow::ApplyFrame() {
   if (place.topLeft() != place_) {
     place_ = place.topLeft();
     move(place_);
+  } else if (place_.isNull() && !isVisible()) {
+    move(screen()->geometry().center() - rect().center());  // it has named no place
   }
   ground_ = form_->Picture().empty()
                 ? QPixmap()

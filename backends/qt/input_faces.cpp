@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QRadioButton>
 
 namespace vantora {
@@ -166,9 +167,26 @@ class OptionFace final : public Face {
 
 // ---- lists ----
 
+// The style sheet that gives the box its field takes the arrow away.
+class ArrowCombo final : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QComboBox::paintEvent(event);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ink = isEnabled() ? look::Of(look::kAmber) : palette().color(QPalette::Text);
+    painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF tip(width() - 13.5, height() / 2.0 + 2);
+    painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
+  }
+};
+
 class ComboFace final : public Face {
  public:
-  ComboFace(ComboBox& box, FormWindow& window) : ComboFace(box, window, new QComboBox(&window)) {}
+  ComboFace(ComboBox& box, FormWindow& window) : ComboFace(box, window, new ArrowCombo(&window)) {}
 
  private:
   ComboFace(ComboBox& box, FormWindow& window, QComboBox* combo)
