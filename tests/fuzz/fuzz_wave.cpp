@@ -35,7 +35,7 @@ std::string SoundInTrueFile(const Home& home, Dateien& files) {
 }  // namespace
 
 std::vector<std::string> FuzzSeeds() {
-  const std::string tail = Chunk("LIST", "INFOIART" + Number(5, 4) + "name\0\0");
+  const std::string tail = Chunk("LIST", "INFOIART" + Number(5, 4) + std::string("name\0\0", 6));
   return {Wave(Noise(400)), Wave(Noise(401), tail, {1, 1, 8000, 8}),
           Riff(Chunk("LIST", Noise(30)) + Chunk("fmt ", Format{}.Bytes() + Number(0, 2)) +
                Chunk("fact", Noise(4)) + Chunk("data", Noise(4000)) + tail),
@@ -76,7 +76,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto frames = static_cast<std::int64_t>(sound.size()) / frameBytes;
   if (frames > 2) {
     sound.resize(static_cast<std::size_t>(frames * frameBytes));
-    sound.erase(static_cast<std::size_t>(2 * frameBytes), static_cast<std::size_t>(3 * frameBytes));
+    const auto frame = static_cast<std::size_t>(frameBytes);
+    sound.erase(2 * frame, 3 * frame);
   }
   Require(SoundInTrueFile(home, home.Files) == sound, "the cut is where it belongs");
   return 0;

@@ -159,15 +159,16 @@ TEST_F(Stage, AFormMayGoInAnyHandlerAndTheNextOneWorks) {
 }
 
 TEST_F(Stage, WorkFromThreadsRunsInOrderOnTheInterfaceThread) {
-  constexpr int kPerThread = 500;
+  constexpr std::size_t kPerThread = 500;
   TestForm form(loop);
   const auto self = std::this_thread::get_id();
   std::vector<int> seen[2];
   bool elsewhere = false;
   std::vector<std::thread> threads;
+  threads.reserve(2);
   for (int t = 0; t < 2; ++t) {
     threads.emplace_back([&, t] {
-      for (int i = 0; i < kPerThread; ++i) {
+      for (int i = 0; i < static_cast<int>(kPerThread); ++i) {
         loop.Post([&, t, i] {
           elsewhere = elsewhere || std::this_thread::get_id() != self;
           seen[t].push_back(i);
@@ -183,7 +184,7 @@ TEST_F(Stage, WorkFromThreadsRunsInOrderOnTheInterfaceThread) {
   for (std::thread& thread : threads) thread.join();
   EXPECT_FALSE(elsewhere);
   for (const auto& numbers : seen) {
-    EXPECT_EQ(numbers.size(), static_cast<std::size_t>(kPerThread));
+    EXPECT_EQ(numbers.size(), kPerThread);
     EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
   }
 }

@@ -8,6 +8,7 @@
 
 #include "platform/system_box.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <thread>
 
@@ -222,6 +223,7 @@ TEST_F(Room, AHandlerThatFailsIsToldAndTheProgramStaysUp) {
 TEST_F(Room, PostedWorkOfThreadsRunsHereInOrder) {
   std::vector<int> seen[2];
   std::vector<std::thread> threads;
+  threads.reserve(2);
   for (int t = 0; t < 2; ++t) {
     threads.emplace_back([&, t] {
       for (int i = 0; i < 1000; ++i) loop.Post([&, t, i] { seen[t].push_back(i); });
