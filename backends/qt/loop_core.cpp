@@ -12,10 +12,11 @@ namespace vantora {
 
 namespace {
 
-constexpr int kRounds = 8;            // of events in one DoEvents: more may come for ever
-constexpr int kActivationMs = 40;     // window managers hand the focus round before it stays
-constexpr int kAwayMs = 300;          // shorter than this nobody was in another program
-constexpr int kUserPatienceMs = 200;  // a user acts even while the program is never quite idle
+constexpr int kRounds = 8;             // of events in one DoEvents: more may come for ever
+constexpr int kActivationMs = 40;      // window managers hand the focus round before it stays
+constexpr int kAwayMs = 300;           // shorter than this nobody was in another program
+constexpr int kUserPatienceMs = 200;   // a user acts even while the program is never quite idle
+constexpr int kUserPatienceTurns = 8;  // but not before it has answered what he did last
 
 }  // namespace
 
@@ -322,13 +323,16 @@ void QtEventLoop::Core::Run() {
 
 void QtEventLoop::Core::Wait(const std::function<bool()>& done, const Form* modal) {
   sinceAsked_.start();
+  int turns = 0;
   while (!done() && !loop_.Ended()) {
     const bool busy = Turn();
     if (done() || loop_.Ended()) break;
     const bool asking = loop_.TheUser != nullptr && !loop_.TheUser->Resting();
-    if (busy && !(asking && sinceAsked_.hasExpired(kUserPatienceMs))) continue;
+    const bool patient = ++turns < kUserPatienceTurns || !sinceAsked_.hasExpired(kUserPatienceMs);
+    if (busy && (patient || !asking)) continue;
     if (asking) {
       AskUser(modal);
+      turns = 0;
     } else {
       Block();
     }
