@@ -1,5 +1,6 @@
 #include "catalog/frmHauptForm.h"
 
+#include "app/feld.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "app/zahlen.h"
@@ -115,7 +116,7 @@ void frmHauptForm::SetTexte() {
   Caption = LoadResString(0);
   const std::vector<TabellenKnopf> tabelle = KnopfTabelle();
   for (int i = 0; i < lblButtCaption.Count(); ++i) {
-    PictureButton& knopf = *tabelle.at(static_cast<std::size_t>(i)).Knopf;
+    PictureButton& knopf = *Element(tabelle, i).Knopf;
     Beschriften(lblButtCaption(i), knopf, LoadResString(kErsteBeschriftung + i));
     knopf.ToolTipText = LoadResString(kErsterHinweis + i);
   }

@@ -1,5 +1,6 @@
 #include "catalog/frmNeuerInterpret.h"
 
+#include "app/feld.h"
 #include "app/programm.h"
 #include "app/zahlen.h"
 #include "catalog/frmHauptForm.h"
@@ -47,7 +48,7 @@ void frmNeuerInterpret::SetTexte() {
 }
 
 void frmNeuerInterpret::TrackZeigen(int nummer) {
-  const KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(nummer));
+  const KatalogEintrag& e = Element(prog.Katalog, nummer);
   const ListItem& zeile = prog.frmHauptForm().lvwKatalog.ListItems(nummer);
   Caption = LoadResString(8069);
   lblTitel.Caption = LoadResString(8069);

@@ -1,6 +1,7 @@
 // What the writer reports while a disc is made, and what of it the progress window shows. The work
 // of frmKomponenten, which receives all events of the devices.
 
+#include "app/feld.h"
 #include "app/frmMBox.h"
 #include "app/programm.h"
 #include "app/weiter.h"
@@ -58,7 +59,7 @@ double frmKomponenten::FertigMs(int percent) const {
   for (std::size_t i = 1; i < aktuell && i < prog.Katalog.size(); ++i) {
     fertig += Val(prog.Katalog[i].Laenge.Ganz()) + prog.Katalog[i].Pause * 1000.0;
   }
-  return fertig + percent / 100.0 * Val(prog.Katalog.at(aktuell).Laenge.Ganz());
+  return fertig + percent / 100.0 * Val(Element(prog.Katalog, AktTrack).Laenge.Ganz());
 }
 
 void frmKomponenten::NeuenTrackZeigen() {
@@ -70,8 +71,7 @@ void frmKomponenten::NeuenTrackZeigen() {
       static_cast<int>(Abgeschnitten(Quotient(AktTrack, anzahl) * kBalkenBreite));
   AngezeigterTrack = AktTrack;
   f.lblSonstiges.Caption =
-      LoadResString(9607) +
-      DateiNameOhnePfad(prog.BrennDateien.at(static_cast<std::size_t>(AktTrack)));
+      LoadResString(9607) + DateiNameOhnePfad(Element(prog.BrennDateien, AktTrack));
   f.lblSonstiges.Visible = true;
   f.lblKopieTrackNr.Caption = ZahlText(AktTrack);
   f.lblKopieNr.Caption = ZahlText(AktTrack);
@@ -91,7 +91,7 @@ void frmKomponenten::ProzentTAO(int percent) {
   Weiter([&] { f.lblInsgKopieZeit.Caption = DauerText(seitStart * 1000); });
   Weiter([&] { f.lblAktKopieZeit.Caption = DauerText(seitTrack * 1000); });
   Weiter([&] {
-    const double groesse = prog.Katalog.at(static_cast<std::size_t>(AktTrack)).GroesseMB;
+    const double groesse = Element(prog.Katalog, AktTrack).GroesseMB;
     const double fertigMB = percent / 100.0 * groesse;
     const double einfach = fertigMB / kMBJeSekunde;
     const double rest = Quotient((groesse - fertigMB) / kMBJeSekunde, Quotient(einfach, seitTrack));
@@ -114,7 +114,7 @@ void frmKomponenten::ProzentTAO(int percent) {
   }
   if (percent > 0) {
     Weiter([&] {
-      const double laenge = Val(prog.Katalog.at(static_cast<std::size_t>(AktTrack)).Laenge.Ganz());
+      const double laenge = Val(Element(prog.Katalog, AktTrack).Laenge.Ganz());
       f.lblAktKopieSpeed.Caption =
           TempoText(Quotient(laenge, seitTrack / (percent / 100.0) * 1000));
     });

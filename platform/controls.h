@@ -3,6 +3,7 @@
 // Geometry is in twips (1/1440 inch).
 #pragma once
 
+#include "platform/laufzeitfehler.h"
 #include "platform/text.h"
 
 #include <cstdint>
@@ -257,12 +258,15 @@ class ListItems {
   void Clear();
   int Count() const { return static_cast<int>(items_.size()); }
   bool empty() const { return items_.empty(); }
-  ListItem& operator()(int index) { return items_.at(static_cast<std::size_t>(index - 1)); }
-  const ListItem& operator()(int index) const {
-    return items_.at(static_cast<std::size_t>(index - 1));
-  }
+  ListItem& operator()(int index) { return items_[Place(index)]; }  // error 9 for no such row
+  const ListItem& operator()(int index) const { return items_[Place(index)]; }
 
  private:
+  std::size_t Place(int index) const {
+    if (index >= 1 && index <= Count()) return static_cast<std::size_t>(index - 1);
+    throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
+  }
+
   ListView& list_;
   std::deque<ListItem> items_;
 };
