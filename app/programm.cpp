@@ -81,11 +81,16 @@ void Programm::ZeigeModal(const std::shared_ptr<VtrFenster>& fenster) {
 }
 
 void Programm::Pausieren(int ms) {
-  for (int rest = ms; rest > 0; rest -= kEreignisPauseMs) {
+  const bool immer = true;
+  Pausieren(ms, immer);
+}
+
+void Programm::Pausieren(int ms, const bool& solange) {
+  for (int rest = ms; rest > 0 && solange; rest -= kEreignisPauseMs) {
     plattform.schleife.DoEvents();
-    plattform.schleife.Sleep(std::min(rest, kEreignisPauseMs));
+    if (solange) plattform.schleife.Sleep(std::min(rest, kEreignisPauseMs));
   }
-  plattform.schleife.DoEvents();
+  if (solange) plattform.schleife.DoEvents();
 }
 
 void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
@@ -95,9 +100,10 @@ void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
 
 void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   plattform.schleife.MousePointer(Pointer::Normal);
-  if (frmHauptForm.Geladen() && !frmKomponenten().BrennLaeuft) {
-    frmHauptForm().Window.Enabled = true;
-  }
+  // A job that has failed may have left the window in front disabled, and nobody else frees it.
+  Form* vorn = plattform.schleife.Front();
+  const bool brennt = frmKomponenten.Geladen() && frmKomponenten().BrennLaeuft;
+  if (vorn != nullptr && !brennt) vorn->Window.Enabled = true;
   try {
     AppLog(L"Laufzeitfehler", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
   } catch (const Laufzeitfehler&) {

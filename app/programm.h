@@ -77,6 +77,7 @@ struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZus
   void ZeigeModal(const std::shared_ptr<VtrFenster>& fenster);
   // Lets time pass inside a long job, with events processed often enough for the windows to live.
   void Pausieren(int ms);
+  void Pausieren(int ms, const bool& solange);  // ends early when the flag falls
   // Keeps an unloaded window alive until no handler of it can be running any more.
   void Beisetzen(std::shared_ptr<VtrFenster> fenster);
 

@@ -65,10 +65,10 @@ class frmHauptForm final : public VtrFenster {
   void lvwKatalog_DragDrop() {}
 
   // ---- catalog operations ----
-  void KatalogNeu();              // the view only
-  void KatalogInitialisieren();   // a new catalog
-  void KatalogGeaendertFragen();  // offers to save a changed catalog
-  void KatalogSpeichern(const Text& datei);
+  void KatalogNeu();                         // the view only
+  void KatalogInitialisieren();              // a new catalog
+  void KatalogGeaendertFragen();             // offers to save a changed catalog
+  void KatalogSpeichern(const Text& datei);  // the catalog stays changed when the user refuses
   std::int64_t KatalogLaengeBerechnen(Text& text) const;  // ms, and "hh:mm:ss"
   void ObInZeitGrenzen(std::int64_t ms);
   void Katalog_AddWaveFile(const Text& datei, const Text& titel);
@@ -178,7 +178,14 @@ class frmHauptForm final : public VtrFenster {
   int GewaehlteZeile() const;
 
   // operations
+  struct KatalogNamen {
+    Text Datei, Letzter;
+  };
   bool NameFehlt(const Text& muster) const;
+  void NamenZurueck(const KatalogNamen& vorher);
+  void Ablehnen(int meldung, const KatalogNamen& vorher);
+  // Number of a record that was at `nummer` and may have moved up since; 0 when it is gone.
+  int Wiederfinden(const KatalogEintrag& eintrag, int nummer) const;
   Text NeuerKatalogTitel() const;
   void TitelUndInterpret(const Text& datei, const Text& datum, const Text& vorschlag, Text& titel,
                          Text& interpret);
@@ -190,7 +197,7 @@ class frmHauptForm final : public VtrFenster {
   Einfuhr Mp3Datei(const Text& datei, Text& fertig);
   bool VonCDKopieren(Text& datei);
   Einfuhr Mp3Ziel(const Text& datei, Text& ziel);
-  bool Mp3Konvertieren(const Text& quelle, const Text& ziel);
+  Einfuhr Mp3Konvertieren(const Text& quelle, const Text& ziel);
   void Aufnehmen(const Text& datei);
 
   // burning

@@ -1,7 +1,9 @@
 // What the buttons, the list and the menu of the main window do, as far as it is short.
 
+#include "app/feld.h"
 #include "app/frmAbout.h"
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "app/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
@@ -137,6 +139,7 @@ void frmHauptForm::lvwKatalog_MouseUp(int taste) {
 
 void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
   if (AktuellerTitel <= 0 || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
+  const KatalogEintrag gemeint = Element(prog.Katalog, AktuellerTitel);
   const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
   fenster->TrackZeigen(AktuellerTitel);
   prog.NeuInterpret.clear();
@@ -144,7 +147,10 @@ void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
   prog.NeuPause.clear();
   prog.DialogBestaetigt = false;
   prog.ZeigeModal(fenster);
-  if (fenster->Abbruch || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
+  // Rows that lost their file meanwhile are gone, and the others have moved up.
+  const int nummer = Wiederfinden(gemeint, AktuellerTitel);
+  if (fenster->Abbruch || nummer == 0) return;
+  AktuellerTitel = Ganz16(nummer);
   if (prog.DialogBestaetigt) {
     prog.KatalogGeaendert = true;
     if (!ohneUndo) KatalogLastStepSave();
@@ -156,7 +162,7 @@ void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
   prog.NeuInterpret.clear();
   prog.NeuTitel.clear();
   prog.NeuPause.clear();
-  KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(AktuellerTitel));
+  KatalogEintrag& e = Element(prog.Katalog, AktuellerTitel);
   e.Interpret = zeile.SubItems(3);
   e.Titel = zeile.SubItems(2);
   e.Pause = Ganz16(Val(zeile.SubItems(6)));
@@ -189,21 +195,21 @@ void frmHauptForm::KatalogDatenAendern(bool ohneUndo) {
 
 void frmHauptForm::imgLiedKatalog_MouseUp() {
   PlayWaveNormal(L"");
-  const Text gezeigt = prog.KatalogDatei;
+  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
   prog.DateiHolen(kTypKatalog, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;
   }
   if (NameFehlt(L".vtr")) {
-    prog.MsgBoxen(LoadResString(8034), kHinweis);
+    Ablehnen(8034, vorher);
     return;
   }
   if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    prog.MsgBoxen(LoadResString(8035), kHinweis);
+    Ablehnen(8035, vorher);
     return;
   }
-  prog.KatalogDatei = gezeigt;
+  NamenZurueck(vorher);  // the source is not the catalog that is open
   prog.KatalogGeaendert = true;
   KatalogGeladen = true;
   KatalogLastStepSave();
@@ -218,16 +224,16 @@ void frmHauptForm::LiedAusKatalogAnzeige() {
   liste.Clear();
   for (std::size_t i = 1; i < prog.QuellKatalog.size(); ++i) {
     const KatalogEintrag& e = prog.QuellKatalog[i];
+    Text laenge = MinutenText(0);
+    Weiter([&] { laenge = MinutenText(Abgeschnitten(Val(e.Laenge.Ganz()))); });
     liste.AddItem(ZahlText(static_cast<std::int64_t>(i)) + L". " + e.Titel.Getrimmt() + L" " +
-                  e.Interpret.Getrimmt() + L" " + MinutenText(Abgeschnitten(Val(e.Laenge.Ganz()))) +
-                  L" " + e.Datei.Getrimmt());
+                  e.Interpret.Getrimmt() + L" " + laenge + L" " + e.Datei.Getrimmt());
   }
 }
 
 void frmHauptForm::LiedAusKatalogImport() {
   for (const std::int16_t nummer : prog.QuellAuswahl) {
-    KatalogEintrag& neu =
-        prog.Katalog.emplace_back(prog.QuellKatalog.at(static_cast<std::size_t>(nummer)));
+    KatalogEintrag& neu = prog.Katalog.emplace_back(Element(prog.QuellKatalog, nummer));
     neu.KatalogTitel = prog.Katalog[0].KatalogTitel;
     neu.KatalogInterpret = prog.Katalog[0].KatalogInterpret;
   }

@@ -1,5 +1,6 @@
 // The list of the catalog: how it is rebuilt and repaired, and the preview.
 
+#include "app/feld.h"
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
@@ -35,9 +36,7 @@ void frmHauptForm::KatalogNeu() {
 }
 
 void frmHauptForm::PauseBestimmen(int i) {
-  const auto eintrag = [this](int n) -> KatalogEintrag& {
-    return prog.Katalog.at(static_cast<std::size_t>(n));
-  };
+  const auto eintrag = [this](int n) -> KatalogEintrag& { return Element(prog.Katalog, n); };
   const int letzter = UBound(prog.Katalog);
   KatalogEintrag& e = eintrag(i);
   e.PauseSperre = L"";
@@ -65,7 +64,9 @@ void frmHauptForm::DateiNachlesen(KatalogEintrag& e, const Text& datei, const Wa
     if (mb != e.GroesseMB) e.GroesseMB = mb;
   });
   Weiter([&] {
-    if (Abgeschnitten(Val(e.Laenge.Ganz())) != BytesNachMs(e.GroesseMB * kMB)) {
+    bool gleich = false;  // a text that is no number differs, too
+    Weiter([&] { gleich = Abgeschnitten(Val(e.Laenge.Ganz())) == BytesNachMs(e.GroesseMB * kMB); });
+    if (!gleich) {
       e.Laenge = ZahlText(befund.Gueltig ? befund.LaengeMs : WaveLaenge(*MMWaveFileX1, datei));
     }
   });
@@ -76,7 +77,7 @@ void frmHauptForm::DateiNachlesen(KatalogEintrag& e, const Text& datei, const Wa
 }
 
 void frmHauptForm::ZeileFuellen(int i, const Text& datei, const WaveBefund& befund) {
-  KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
+  KatalogEintrag& e = Element(prog.Katalog, i);
   ListItem& zeile = lvwKatalog.ListItems(i);
   Weiter([&] { PauseBestimmen(i); });
   const bool existiert = befund.Gueltig || prog.DateiExistiert(datei);
@@ -97,9 +98,11 @@ void frmHauptForm::ZeileFuellen(int i, const Text& datei, const WaveBefund& befu
 bool frmHauptForm::UngueltigeEntfernen(const std::vector<WaveBefund>& befunde) {
   bool gefunden = false;
   for (int i = 1; i <= UBound(prog.Katalog); ++i) {
-    const KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
+    const KatalogEintrag& e = Element(prog.Katalog, i);
     bool brauchbar = befunde[static_cast<std::size_t>(i)].Gueltig;
-    Weiter([&] { brauchbar = brauchbar && Val(e.Laenge.Ganz()) >= kKuerzesteLaengeMs; });
+    brauchbar = brauchbar &&
+                Weiter([&] { brauchbar = Val(e.Laenge.Ganz()) >= kKuerzesteLaengeMs; }) &&
+                brauchbar;
     lvwKatalog.ListItems(i).SetSelected(!brauchbar);
     gefunden = gefunden || !brauchbar;
   }

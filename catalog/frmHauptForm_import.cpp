@@ -18,6 +18,7 @@ constexpr double kMindestLaengeMs = 2000.0;
 constexpr double kMindestLaengeMp3Ms = 2001.0;
 constexpr double kMB = 1024.0 * 1024.0;
 constexpr int kAbfrageMs = 500;
+constexpr int kModusMp3 = 0;
 constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 }  // namespace
@@ -113,12 +114,18 @@ bool frmHauptForm::VonCDKopieren(Text& datei) {
           kFrage) != kJa) {
     return false;
   }
+  const bool mehrere = prog.MehrfachAuswahl;
   prog.DateiHolen(kTypWave, kModusSichern, DateiNameOhnePfad(quelle));
+  prog.MehrfachAuswahl = mehrere;  // of the import, which goes on
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return false;
   }
   const Text ziel = prog.GewaehlteDatei;
+  if (ziel.size() > kLaengsterPfad) {
+    prog.MsgBoxen(LoadResString(8085), kHinweis);
+    return false;
+  }
   if (Trim(ziel).empty()) {
     prog.MsgBoxen(LoadResString(8053), kHinweis);
     return false;
@@ -161,9 +168,8 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Datei(const Text& datei, Text& fertig) {
   Text ziel;
   const Einfuhr platz = Mp3Ziel(datei, ziel);
   if (platz != Einfuhr::Fertig) return platz;
-  if (!Mp3Konvertieren(datei, ziel)) return Einfuhr::Ende;
   fertig = ziel;
-  return Einfuhr::Fertig;
+  return Mp3Konvertieren(datei, ziel);
 }
 
 frmHauptForm::Einfuhr frmHauptForm::Mp3Ziel(const Text& datei, Text& ziel) {
@@ -192,12 +198,12 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Ziel(const Text& datei, Text& ziel) {
   return Einfuhr::Fertig;
 }
 
-// False when the user cancelled or the decoder failed; no target file is left then.
-bool frmHauptForm::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
+// No target file is left when the user cancelled or the decoder failed.
+frmHauptForm::Einfuhr frmHauptForm::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
   vantora::frmKomponenten& komponenten = prog.frmKomponenten();
   Qm3Play& mp3 = prog.plattform.mp3;
   const Text ort = L"Lied importieren";
-  prog.FortschrittModus = 0;
+  prog.FortschrittModus = kModusMp3;
   const std::shared_ptr<vantora::frmSchreibFortschritt> fortschritt =
       prog.frmSchreibFortschritt.Laden();
   fortschritt->lblSonstiges.Caption = LoadResString(8444) + DateiNameOhnePfad(quelle);
@@ -206,12 +212,17 @@ bool frmHauptForm::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
   prog.Zeigen(*fortschritt);
   komponenten.KonvertierungsStart = prog.plattform.uhr.Ticks();
   prog.AppLog(ort, L"Open the MP3 File");
-  mp3.Open(quelle, ziel);
+  if (mp3.Open(quelle, ziel) != 0) {  // it has gone since it was looked at
+    mp3.Close();
+    prog.frmSchreibFortschritt.Entladen();
+    prog.MsgBoxen(LoadResString(8067), kHinweis, LoadResString(8057));
+    return Einfuhr::Weiter;
+  }
   prog.AppLog(ort, L"coding");
   Window.Enabled = false;
   komponenten.KonvertierungAktiv = true;
   mp3.Decode();
-  while (komponenten.KonvertierungAktiv) prog.Pausieren(kAbfrageMs);
+  while (komponenten.KonvertierungAktiv) prog.Pausieren(kAbfrageMs, komponenten.KonvertierungAktiv);
   prog.AppLog(ort, L"Stop");
   mp3.Stop();
   prog.AppLog(ort, L"Close");
@@ -223,19 +234,21 @@ bool frmHauptForm::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
     prog.frmSchreibFortschritt.Entladen();
     prog.MsgBoxen(LoadResString(8029), kHinweis);
     Window.Enabled = true;
-    return false;
+    return Einfuhr::Ende;
   }
   Window.Enabled = true;
   prog.plattform.schleife.DoEvents();
   prog.frmSchreibFortschritt.Entladen();
-  return true;
+  return Einfuhr::Fertig;
 }
 
 void frmHauptForm::Aufnehmen(const Text& datei) {
   const Text name = DateiNameOhnePfad(datei);
   Katalog_AddWaveFile(datei, name.substr(0, name.find(L'.')));
   const int letzte = lvwKatalog.ListItems.Count();
-  if (letzte > 0) {
+  const bool dabei =
+      letzte > 0 && Ucase(prog.Katalog.back().Datei.Getrimmt()) == Ucase(Trim(datei));
+  if (dabei) {
     for (int i = 1; i < letzte; ++i) lvwKatalog.ListItems(i).SetSelected(false);
     lvwKatalog.ListItems(letzte).SetSelected(true);
     AktuellerTitel = Ganz16(letzte);

@@ -1,5 +1,6 @@
 // The operations on the catalog: new, open, append, save, add, delete, move, undo.
 
+#include "app/feld.h"
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
@@ -58,17 +59,30 @@ void frmHauptForm::imgKatalogSpeichern_MouseUp() {
     prog.MsgBoxen(LoadResString(8037), kHinweis);
     return;
   }
+  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
   prog.DateiHolen(kTypKatalog, kModusSichern);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;
   }
   if (!DateiNameGueltig(DateiNameOhnePfad(prog.GewaehlteDatei))) {
-    prog.MsgBoxen(LoadResString(8038), kHinweis);
+    Ablehnen(8038, vorher);
     return;
   }
   KatalogSpeichern(prog.GewaehlteDatei);
+  if (prog.KatalogGeaendert) NamenZurueck(vorher);  // the older file was not to be replaced
   lblKatalogDatei.Caption = prog.KatalogDatei;
+}
+
+// The file dialog takes the name that was chosen for the catalog's own; a refusal takes it back.
+void frmHauptForm::NamenZurueck(const KatalogNamen& vorher) {
+  prog.KatalogDatei = vorher.Datei;
+  prog.LetzterKatalog = vorher.Letzter;
+}
+
+void frmHauptForm::Ablehnen(int meldung, const KatalogNamen& vorher) {
+  NamenZurueck(vorher);
+  prog.MsgBoxen(LoadResString(meldung), kHinweis);
 }
 
 bool frmHauptForm::NameFehlt(const Text& muster) const {
@@ -77,17 +91,18 @@ bool frmHauptForm::NameFehlt(const Text& muster) const {
 
 void frmHauptForm::imgKatalogÖffnen_MouseUp() {
   PlayWaveNormal(L"");
+  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
   prog.DateiHolen(kTypKatalog, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;
   }
   if (NameFehlt(kKatalogEndung)) {
-    prog.MsgBoxen(LoadResString(8034), kHinweis);
+    Ablehnen(8034, vorher);
     return;
   }
   if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    prog.MsgBoxen(LoadResString(prog.MehrfachAuswahl ? 8036 : 8035), kHinweis);
+    Ablehnen(prog.MehrfachAuswahl ? 8036 : 8035, vorher);
     return;
   }
   const Text datei = prog.GewaehlteDatei;
@@ -119,17 +134,18 @@ void frmHauptForm::imgKatalogAnhaengen_MouseUp() {
   }
   prog.KatalogGeaendert = true;
   KatalogLastStepSave();
+  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
   prog.DateiHolen(kTypKatalog, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;
   }
   if (NameFehlt(kKatalogEndung)) {
-    prog.MsgBoxen(LoadResString(8034), kHinweis);
+    Ablehnen(8034, vorher);
     return;
   }
   if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    prog.MsgBoxen(LoadResString(8035), kHinweis);
+    Ablehnen(8035, vorher);
     return;
   }
   KatalogFeld quelle;
@@ -254,17 +270,23 @@ void frmHauptForm::KatRowDelete() {
   }
   if (zeilen.empty()) return;
   if (KatalogAnzeigenInteraktiv) {
+    KatalogFeld gemeint;
+    for (const int zeile : zeilen) gemeint.push_back(Element(prog.Katalog, zeile));
     const Text nummer = ZahlText(zeilen.front());
-    const Text titel = prog.Katalog.at(static_cast<std::size_t>(zeilen.front())).Titel.Getrimmt();
+    const Text titel = gemeint.front().Titel.Getrimmt();
     const Text frage = zeilen.size() > 1 ? LoadResString(8061)
                                          : LoadResString(8062) + nummer + L"\r\n" +
                                                LoadResString(8020) + titel + LoadResString(8063);
     if (prog.MsgBoxen(frage, kJaNein) != kJa) return;
+    // The box may have cost rows: what has lost its file leaves the list when the window gets the
+    // focus back.
+    for (std::size_t i = 0; i < zeilen.size(); ++i) zeilen[i] = Wiederfinden(gemeint[i], zeilen[i]);
+    std::erase(zeilen, 0);
+    if (zeilen.empty()) return;
     prog.KatalogGeaendert = true;
     KatalogLastStepSave();
   }
-  for (const int zeile : zeilen)
-    prog.Katalog.at(static_cast<std::size_t>(zeile)).Titel = kGeloescht;
+  for (const int zeile : zeilen) Element(prog.Katalog, zeile).Titel = kGeloescht;
   KatalogFeld bleibt(1, prog.Katalog[0]);
   for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
     if (prog.Katalog[i].Titel.Getrimmt() != kGeloescht) bleibt.push_back(prog.Katalog[i]);
@@ -272,8 +294,17 @@ void frmHauptForm::KatRowDelete() {
   prog.Katalog = std::move(bleibt);
   if (!KatalogAnzeigenInteraktiv) return;
   KatalogNeu();
-  AktuellerTitel = UBound(prog.Katalog) > 0 ? std::int16_t{1} : std::int16_t{0};
+  AktuellerTitel = 1;
   KatalogShow();
+  if (UBound(prog.Katalog) == 0) AktuellerTitel = 0;
+}
+
+int frmHauptForm::Wiederfinden(const KatalogEintrag& eintrag, int nummer) const {
+  for (int i = std::min(nummer, UBound(prog.Katalog)); i >= 1; --i) {
+    const KatalogEintrag& e = Element(prog.Katalog, i);
+    if (e.Datei == eintrag.Datei && e.Titel == eintrag.Titel) return i;
+  }
+  return 0;
 }
 
 void frmHauptForm::imgDelTitel_MouseUp() {
@@ -281,8 +312,7 @@ void frmHauptForm::imgDelTitel_MouseUp() {
 }
 
 void frmHauptForm::SetNewPos(std::int16_t von, std::int16_t nach) {
-  std::swap(prog.Katalog.at(static_cast<std::size_t>(von)),
-            prog.Katalog.at(static_cast<std::size_t>(nach)));
+  std::swap(Element(prog.Katalog, von), Element(prog.Katalog, nach));
   KatalogNeu();
   KatalogShow();
 }
@@ -305,11 +335,11 @@ void frmHauptForm::imgMove_MouseUp(int index) {
   const std::int16_t alt = AktuellerTitel;
   const auto neu = static_cast<std::int16_t>(ziel);
   SetNewPos(alt, neu);
-  if (neu > lvwKatalog.ListItems.Count()) return;
-  lvwKatalog.ListItems(1).SetSelected(false);
-  lvwKatalog.ListItems(alt).SetSelected(false);
-  lvwKatalog.ListItems(neu).SetSelected(true);
   AktuellerTitel = neu;
+  for (const std::int16_t zeile : {std::int16_t{1}, alt, neu}) {
+    // Rows that have lost their file are gone by now.
+    Weiter([&] { lvwKatalog.ListItems(zeile).SetSelected(zeile == neu); });
+  }
 }
 
 void frmHauptForm::KatalogLastStepSave() {
@@ -352,7 +382,7 @@ void frmHauptForm::GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>
   titel.assign(1, Text());
   laengen.assign(1, 0);
   for (int i = 1; i <= zeilen; ++i) {
-    const KatalogEintrag& e = prog.Katalog.at(static_cast<std::size_t>(i));
+    const KatalogEintrag& e = Element(prog.Katalog, i);
     interpreten.push_back(lvwKatalog.ListItems(i).SubItems(3));
     titel.push_back(lvwKatalog.ListItems(i).SubItems(2));
     const double pause = i < zeilen ? e.Pause : 0.0;

@@ -9,6 +9,9 @@ namespace vantora {
 
 namespace {
 
+constexpr std::int32_t kMeisteTracks = 32767;
+constexpr std::int64_t kKopf = 4, kKuerzesterEintrag = 822;  // bytes
+
 // Walks one record: the same list of fields serves both directions.
 template <typename Weg, typename Eintrag>
 void AlleFelder(Weg& weg, Eintrag& e) {
@@ -93,11 +96,16 @@ void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
   Leser leser(*offen);
   std::int32_t anzahl = 0;
   leser.Zahl(anzahl);
-  ziel.assign(1, KatalogEintrag{});
   if (anzahl < 0) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
+  // More tracks than the program can number, and more than the file has room for: no catalog, and
+  // nothing of it is read.
+  if (anzahl > kMeisteTracks && kKopf + (anzahl + 1) * kKuerzesterEintrag > offen->Length()) {
+    throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
+  }
+  ziel.assign(1, KatalogEintrag{});
   AlleFelder(leser, ziel.front());
-  // The field grows as whole records come in: a huge count in a foreign file costs nothing, and
-  // what was read before a failure is a catalog that one can go on with.
+  // The field grows as whole records come in, so that what was read before a failure is a catalog
+  // that one can go on with.
   for (std::int32_t i = 0; i < anzahl; ++i) {
     KatalogEintrag eintrag;
     AlleFelder(leser, eintrag);
@@ -109,7 +117,8 @@ void KatalogSchreiben(Dateien& dateien, const Text& datei, const KatalogFeld& ka
   Schreiber schreiber;
   schreiber.Zahl(static_cast<std::int32_t>(UBound(katalog)));
   for (const KatalogEintrag& eintrag : katalog) AlleFelder(schreiber, eintrag);
-  const Text entwurf = datei + L".tmp";
+  Text entwurf = datei + L".tmp";
+  while (Weiter([&] { dateien.FileLen(entwurf); })) entwurf += L"~";  // somebody's file
   try {
     dateien.Open(entwurf, Zugriff::Neu)->Write(schreiber.Bytes().data(), schreiber.Bytes().size());
     dateien.FileCopy(entwurf, datei);

@@ -9,8 +9,8 @@
 
 namespace vantora {
 
-// Reads `datei` into `ziel`, whose earlier contents are gone even when reading fails half way. A
-// count below 0 raises error 9.
+// Reads `datei` into `ziel`. When reading fails half way, `ziel` holds what came before; a count
+// that no catalog can have leaves it untouched and raises error 9 (below 0) or 62.
 void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel);
 
 // Writes `katalog` beside `datei` first, so that a disk that runs full leaves an older file of that

@@ -35,7 +35,7 @@ struct MpegStream::Handle {
     int error = MPG123_OK;
     decoder = mpg123_new(nullptr, &error);
     if (decoder == nullptr) throw Laufzeitfehler(kFehlerSpeicher, L"No hay memoria suficiente.");
-    constexpr long kResync = 65536;  // bytes of damage to look through for the next frame
+    constexpr long kResync = 1 << 20;  // bytes of damage to look through for the next frame
     mpg123_param(decoder, MPG123_ADD_FLAGS, MPG123_QUIET | MPG123_SKIP_ID3V2, 0);
     mpg123_param(decoder, MPG123_RESYNC_LIMIT, kResync, 0);
     mpg123_format_none(decoder);

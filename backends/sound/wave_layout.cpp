@@ -48,6 +48,14 @@ void ReadFormat(Datei& file, std::int64_t size, WaveLayout& layout) {
   layout.FrameBytes = layout.Channels * ((layout.BitsPerSample + 7) / 8);
 }
 
+// A chunk of odd length is followed by a byte that fills it up, but not every program writes one.
+bool KnownChunkAt(Datei& file, std::int64_t place) {
+  std::array<unsigned char, 4> name{};
+  file.Seek(place);
+  if (file.ReadSome(name.data(), name.size()) != name.size()) return false;
+  return Has(name, 0, "data") || Has(name, 0, "fmt ");
+}
+
 }  // namespace
 
 WaveLayout ReadWaveLayout(Datei& file) {
@@ -74,7 +82,8 @@ WaveLayout ReadWaveLayout(Datei& file) {
       layout.TailBytes = length - layout.TailOffset;
     }
     if (layout.FrameBytes != 0 && layout.DataOffset != 0) return layout;
-    place += size + size % 2;
+    place += size;
+    if (size % 2 != 0 && !KnownChunkAt(file, place)) ++place;
   }
   RaiseNoWave();
 }

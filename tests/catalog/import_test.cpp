@@ -62,6 +62,7 @@ TEST(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
       {"data beyond the file", ersetzt(40, Zahl32(groesse + 1)), false},
       {"foreign chunk of 200", MitFremdemChunk(gut, 200), true},
       {"foreign chunk of 201", MitFremdemChunk(gut, 201), false},
+      {"foreign chunk of 199, not filled up", MitFremdemChunk(gut, 199), true},
       {"cut in the header", gut.substr(0, 30), false},
       {"empty", "", false},
   };

@@ -102,6 +102,64 @@ TEST(Katalog, TheTwoTestsOfTheLengthDifferOnPurpose) {
             L"insuficiente.");
 }
 
+TEST(Katalog, WhatTheUserMeantIsFoundAgainWhenOtherRowsVanishUnderTheBox) {
+  Buehne b;
+  b.Start();
+  b.Katalog({L"a", L"b", L"c", L"d"});
+  const auto verliert = [&](const char* name) {
+    return std::filesystem::remove(b.home.Path() / "Vantora/Wavs" / name);
+  };
+  b.Waehle(3);
+  b.Macht([&](Form& front) {
+    EXPECT_TRUE(verliert("a.wav"));
+    b.platform.hands.Press(*front.Find(L"picMboxButton", 0));
+  });
+  b.Tu([&] { b.Haupt().imgDelTitel_MouseUp(); });
+  EXPECT_EQ(b.Titel(), (Liste{L"b", L"d"}));
+  b.Waehle(2);
+  b.Macht([&](Form& front) {
+    EXPECT_TRUE(verliert("b.wav"));
+    b.platform.hands.Type(dynamic_cast<frmNeuerInterpret&>(front).txtTitel, L"nuevo");
+    b.platform.hands.Key(front, L"Return");
+  });
+  b.Tu([&] { b.Haupt().imgTitelBearb_MouseUp(); });
+  EXPECT_EQ(b.Titel(), (Liste{L"nuevo"}));
+  b.Katalog({L"x", L"y"});
+  b.Waehle(3);
+  EXPECT_TRUE(verliert("x.wav"));
+  b.Tu([&] { b.Haupt().imgMove_MouseUp(0); });
+  EXPECT_EQ(b.Titel().size(), 2U);
+  EXPECT_EQ(b.user.Left(), 0U);
+}
+
+TEST(Katalog, ALengthThatIsNoNumberIsReadAnew) {
+  Buehne b;
+  b.Start();
+  b.Katalog({L"a", L"b"});
+  b.prog.Katalog[1].Laenge = L"9e999";
+  b.Tu([&] { b.Haupt().Form_GotFocus(); });
+  EXPECT_EQ(b.Titel(), (Liste{L"a", L"b"}));
+  EXPECT_EQ(b.prog.Katalog[1].Laenge.Getrimmt(), L"3000");
+  EXPECT_EQ(b.Haupt().lblKatalogLaenge.Caption(), L"00:00:06");
+}
+
+TEST(Katalog, ARefusedNameIsNotTheCatalogs) {
+  Buehne b;
+  b.Start();
+  b.Katalog({L"a"});
+  b.prog.KatalogDatei = b.prog.LetzterKatalog = L"C:\\mio.vtr";
+  b.Datei(L"C:\\otro.vtr", "no es mío");
+  b.prog.KatalogGeaendert = true;
+  b.WaehltDatei({L"C:\\falta.vtr"}).Antwortet(kNein);  // to open: it is missing
+  b.Tu([&] { b.Haupt().imgKatalogÖffnen_MouseUp(); });
+  b.WaehltDatei({L"C:\\otro.vtr"}).Antwortet(kNein);  // to save: not over that one
+  b.Tu([&] { b.Haupt().imgKatalogSpeichern_MouseUp(); });
+  EXPECT_EQ(b.Gesagt(), (Liste{b.prog.Text(8035), b.prog.Text(8005)}));
+  EXPECT_EQ(b.prog.LetzterKatalog, L"C:\\mio.vtr");
+  EXPECT_EQ(b.Haupt().lblKatalogDatei.Caption(), L"C:\\mio.vtr");
+  EXPECT_EQ(b.Lies(L"C:\\otro.vtr"), "no es mío");
+}
+
 TEST(Katalog, SavedAndOpenedAgainItIsTheSameCatalog) {
   Buehne b;
   b.Start();
