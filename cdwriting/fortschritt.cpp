@@ -11,6 +11,7 @@ namespace vantora {
 namespace {
 
 constexpr double kSekundenJeTag = 86400;
+constexpr double kHalberTag = 43200;
 constexpr double kHoechstTempo = 8;
 constexpr int kMindestSchritt = 20;  // twips
 constexpr double kUeblich = 15.0, kGrosseSchrift = 12.0;
@@ -18,7 +19,9 @@ constexpr double kUeblich = 15.0, kGrosseSchrift = 12.0;
 }  // namespace
 
 double Verstrichen(double start, double jetzt) {
-  return jetzt < start ? jetzt + kSekundenJeTag - start : jetzt - start;
+  const double vergangen = jetzt - start;
+  if (vergangen < -kHalberTag) return vergangen + kSekundenJeTag;
+  return std::max(vergangen, 0.0);  // a start is kept with fewer digits, and may lie ahead by them
 }
 
 Text DauerText(double ms) {

@@ -149,8 +149,8 @@ void frmCDBrennen::LaufwerkBestimmen() {
   std::vector<Text> felder;
   Split(beschreibung, L"\t", felder);
   felder.resize(4);
-  const Text ziel = felder[3].empty() ? Text() : ZahlText(Val(felder[3]));
-  Text buchstabe;
+  Text ziel, buchstabe;
+  Weiter([&] { ziel = felder[3].empty() ? Text() : ZahlText(Val(felder[3])); });
   Weiter([&] {
     buchstabe = Trim(prog.frmKomponenten().SCSILaufwerkSuchen(Trim(felder[1]), ziel, L"0"));
   });
@@ -223,7 +223,11 @@ void frmCDBrennen::AufEndeWarten() {
   Weiter([&] { prog.frmMixer().tmrGetWinMixerData.Enabled = false; });
   prog.BurnStartZeit = static_cast<float>(prog.plattform.uhr.Timer());
   prog.TrackStartZeit = prog.BurnStartZeit;
-  while (komponenten.BrennLaeuft) Weiter([&] { prog.Pausieren(kWarteMs); });
+  // Nothing comes between the end of the write and what follows it: a cancel that is pressed then
+  // is too late, as the disc is done.
+  while (komponenten.BrennLaeuft) {
+    Weiter([&] { prog.Pausieren(kWarteMs, komponenten.BrennLaeuft); });
+  }
 }
 
 frmCDBrennen::Danach frmCDBrennen::NachDemBrennen() {

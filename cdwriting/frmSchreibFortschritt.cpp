@@ -115,7 +115,9 @@ void frmSchreibFortschritt::CloseMe(bool abbruch) {
 
 void frmSchreibFortschritt::imgAbbrechen_MouseUp() {
   KnopfBild(imgAbbrechen);
-  if (!imgAbbrechen.Enabled) return;
+  const bool gebrannt =
+      prog.FortschrittModus == kModusBrennen && !prog.frmKomponenten().BrennLaeuft;
+  if (!imgAbbrechen.Enabled || gebrannt) return;
   imgAbbrechen.Enabled = false;  // one cancel is enough, however long the drive takes to stop
   CloseMe(true);
 }

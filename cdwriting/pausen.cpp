@@ -1,6 +1,7 @@
 #include "cdwriting/pausen.h"
 
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "catalog/frmHauptForm.h"
 
 #include <vector>
@@ -12,30 +13,53 @@ namespace {
 constexpr std::size_t kPausenBytes = std::size_t{4} * 44100;  // of a second, for appending
 constexpr std::int64_t kPausenFrames = 44100;                 // of a second, for cutting
 
+void Anhaengen(MMWaveFileX& wave, const KatalogEintrag& e) {
+  static const std::vector<char> kStille(kPausenBytes, '\0');
+  wave.Open(e.Datei.Getrimmt());
+  const std::int64_t vorher = wave.Samples();
+  try {
+    wave.SetPosition(wave.DataBytes());
+    for (int sekunde = 0; sekunde < e.Pause; ++sekunde) wave.Write(kStille.data(), kStille.size());
+    wave.Close();
+  } catch (const Laufzeitfehler&) {
+    Weiter([&] { wave.SetLength(vorher); });
+    Weiter([&] { wave.Close(); });
+    throw;
+  }
+}
+
+void Entfernen(MMWaveFileX& wave, const KatalogEintrag& e) {
+  wave.Open(e.Datei.Getrimmt());
+  if (e.Pause > 0) {
+    wave.SetLength(wave.Samples() - e.Pause * kPausenFrames);
+    wave.Save();
+  }
+  wave.Close();
+}
+
 }  // namespace
 
 void PausenAnhaengen(Programm& prog) {
   MMWaveFileX& wave = *prog.frmHauptForm().MMWaveFileX1;
   for (std::size_t i = 1; i + 1 < prog.Katalog.size(); ++i) {
-    const KatalogEintrag& e = prog.Katalog[i];
-    wave.Open(e.Datei.Getrimmt());
-    wave.SetPosition(wave.DataBytes());
-    const std::vector<char> stille(static_cast<std::size_t>(e.Pause) * kPausenBytes, '\0');
-    wave.Write(stille.data(), stille.size());
-    wave.Close();
+    try {
+      Anhaengen(wave, prog.Katalog[i]);
+    } catch (const Laufzeitfehler&) {
+      while (--i > 0) Weiter([&] { Entfernen(wave, prog.Katalog[i]); });
+      throw;
+    }
   }
 }
 
 void PausenEntfernen(Programm& prog) {
   MMWaveFileX& wave = *prog.frmHauptForm().MMWaveFileX1;
   for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
-    const KatalogEintrag& e = prog.Katalog[i];
-    wave.Open(e.Datei.Getrimmt());
     if (i + 1 < prog.Katalog.size()) {
-      wave.SetLength(wave.Samples() - e.Pause * kPausenFrames);
-      wave.Save();
+      Entfernen(wave, prog.Katalog[i]);
+    } else {
+      wave.Open(prog.Katalog[i].Datei.Getrimmt());
+      wave.Close();
     }
-    wave.Close();
   }
 }
 

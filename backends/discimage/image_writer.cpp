@@ -17,6 +17,7 @@ constexpr int kTypeDiscAtOnce = 10;
 constexpr int kFehlerFormat = 321;  // a file of a foreign format
 constexpr std::size_t kMostTracks = 99;
 constexpr int kRefused = 1;
+constexpr long kMaxNumber = 1'000'000;  // higher ones are not the writer's own
 
 }  // namespace
 
@@ -137,7 +138,8 @@ Text ImageWriter::NextName() {
   for (const Text& name : dateien_.List(kFolder, L"Disco *.bin;Disco *.cue")) {
     const std::size_t space = name.find(L' ');
     if (space != Text::npos) {
-      highest = std::max(highest, static_cast<int>(std::wcstol(&name[space + 1], nullptr, 10)));
+      const long number = std::wcstol(&name[space + 1], nullptr, 10);
+      if (number < kMaxNumber) highest = std::max(highest, static_cast<int>(number));
     }
   }
   std::array<wchar_t, 32> name{};
