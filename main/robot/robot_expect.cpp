@@ -182,6 +182,7 @@ void Robot::Poll(const ScriptLine& line, Form* front, int leftMs) {
 }
 
 void Robot::Shot(const ScriptLine& line, Form* front) {
+  if (line.Subject) front = &FindForm(line.Subject->Form);
   if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
   stage_.TheHands().Shot(*front, HostPath(line.Value));  // false: there is no screen, so no picture
 }

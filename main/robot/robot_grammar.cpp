@@ -115,6 +115,11 @@ void ParseValue(ScriptLine& line, Words& words) {
   line.Value = words.Take("a word");
 }
 
+void ParseShot(ScriptLine& line, Words& words) {
+  line.Value = words.Take("a file name");
+  if (words.More()) line.Subject = words.WindowName();
+}
+
 void ParseScreen(ScriptLine& line, Words& words) {
   line.Numbers = {words.Number("a width", 1, 10'000), words.Number("a height", 1, 10'000)};
 }
@@ -368,7 +373,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"disc", {ParseDisc, When::Any, Does::Prepare, true}},
       {L"writer", {ParseWriter, When::Any, Does::Prepare, true}},
       {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
-      {L"shot", {ParseValue, When::Running, Does::Look, true}},
+      {L"shot", {ParseShot, When::Running, Does::Look, true}},
       {L"echo", {ParseEcho, When::Any, Does::Look, true}},
   };
   return kCommands;

@@ -1,0 +1,85 @@
+# Every window of the program. `remake` plays it once a size: @SIZE@ is the width of the screen.
+home home
+screen @SCREEN@
+clock 2026-11-24 10:00:00
+makewave "C:\Música\Azul oscuro.wav" 214 330
+makewave "C:\Música\Bajo la lluvia.wav" 187 220
+makewave "C:\Música\El faro.wav" 243 440
+makewave "C:\Música\Última luz.wav" 168 262
+makemp3 "C:\Música\Mar abierto.mp3" 40 294
+# the splash window stands behind a message that comes early
+sound off
+start
+shot frmStartUp_@SIZE@.png frmStartUp
+shot SystemBox_@SIZE@.png
+answer 7
+shot frmStartAssistent_@SIZE@.png
+press frmStartAssistent.chkNichtMehrZeigen
+press frmStartAssistent.imgAbbrechen
+close
+sound on
+start
+press frmHauptForm.imgLiedImport
+choose "C:\Música\Azul oscuro.wav" "C:\Música\Bajo la lluvia.wav" "C:\Música\El faro.wav" "C:\Música\Última luz.wav"
+type frmNeuerInterpret.txtTitel "Azul oscuro"
+type frmNeuerInterpret.txtInterpret "Las olas"
+shot frmNeuerInterpret_@SIZE@.png
+key frmNeuerInterpret Return
+type frmNeuerInterpret.txtTitel "Bajo la lluvia"
+type frmNeuerInterpret.txtInterpret "Las olas"
+key frmNeuerInterpret Return
+type frmNeuerInterpret.txtTitel "El faro"
+type frmNeuerInterpret.txtInterpret "Rosa de los vientos"
+key frmNeuerInterpret Return
+type frmNeuerInterpret.txtTitel "Última luz"
+type frmNeuerInterpret.txtInterpret "Las olas"
+key frmNeuerInterpret Return
+doubleclick frmHauptForm.lblKatalogTitel
+type frmNeuerInterpret.txtTitel "Verano"
+type frmNeuerInterpret.txtInterpret "Varios"
+shot frmNeuerInterpret_disco_@SIZE@.png
+key frmNeuerInterpret Return
+press frmHauptForm.imgKatalogSpeichern
+choose C:\Vantora\Catálogo\verano.vtr
+select frmHauptForm.lvwKatalog 2
+press frmHauptForm.imgAbspielen
+wait 700
+shot frmHauptForm_@SIZE@.png
+press frmHauptForm.imgStop
+rightclick frmHauptForm.lvwKatalog
+shot frmHauptForm_menu_@SIZE@.png
+menu mnuDelete
+shot frmMBox_pregunta_@SIZE@.png
+answer 7
+press frmHauptForm.imgLiedKatalog
+choose C:\Vantora\Catálogo\verano.vtr
+select frmLiedAusKatalog.lstLiedAusKatalog 1 3
+shot frmLiedAusKatalog_@SIZE@.png
+key frmLiedAusKatalog Escape
+press frmHauptForm.imgLiedImport
+type frmLoadSave.txtDateiName C:\Música
+press frmLoadSave.pbButton(1)
+select frmLoadSave.lstDatei 1 3
+shot frmLoadSave_@SIZE@.png
+key frmLoadSave Escape
+writer pace 16
+press frmHauptForm.imgLiedImport
+after 40 shot frmSchreibFortschritt_mp3_@SIZE@.png
+choose "C:\Música\Mar abierto.mp3"
+key frmNeuerInterpret Return
+press frmHauptForm.imgCDKopieren
+shot frmMBox_@SIZE@.png
+answer 7
+press frmHauptForm.Logo
+shot frmAbout_@SIZE@.png
+key frmAbout Escape
+press frmHauptForm.imgBrennen
+shot frmCDBrennen_@SIZE@.png
+after 25000 shot frmSchreibFortschritt_@SIZE@.png
+press frmCDBrennen.imgBrennen
+shot frmMBox_casilla_@SIZE@.png
+answer 6
+answer 7
+answer 7
+answer 7
+close
