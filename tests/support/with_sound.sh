@@ -3,7 +3,7 @@
 # real one has, and ends with its exit code.
 #
 # The card is a private PulseAudio daemon with a null sink, which takes sound at the pace of a real
-# card; what is played can be recorded again from its monitor, which is the default input. ALSA's
+# card (one that may take sound back would swallow two seconds at once when it starts); what is played can be recorded again from its monitor, which is the default input. ALSA's
 # "default" leads there, for playing, recording and the mixer. Nothing of the user's own sound
 # server and settings is touched or asked, and root may run it too.
 set -eu
@@ -46,7 +46,7 @@ sed -i "s|^<.*>\$|<$room/alsa.conf>|" "$room/asound.conf"
 env HOME="$room/home" XDG_RUNTIME_DIR="$room/run" PULSE_CLIENTCONFIG="$room/client.conf" \
   setpriv --pdeathsig TERM pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no \
   --disable-shm=yes --realtime=no --high-priority=no --log-target=stderr --log-level=error \
-  -L "module-null-sink sink_name=test rate=44100 format=s16le channels=2" \
+  -L "module-null-sink sink_name=test norewinds=1 rate=44100 format=s16le channels=2" \
   -L "module-native-protocol-unix socket=$room/socket auth-anonymous=1" \
   2>"$room/log" </dev/null &
 daemon=$!
