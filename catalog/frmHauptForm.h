@@ -181,7 +181,7 @@ class frmHauptForm final : public VtrFenster {
   struct KatalogNamen {
     Text Datei, Letzter;
   };
-  bool NameFehlt(const Text& muster) const;
+  bool KatalogWaehlen(int mehrere);
   void NamenZurueck(const KatalogNamen& vorher);
   void Ablehnen(int meldung, const KatalogNamen& vorher);
   // Number of a record that was at `nummer` and may have moved up since; 0 when it is gone.

@@ -196,19 +196,7 @@ void frmHauptForm::KatalogDatenAendern(bool ohneUndo) {
 void frmHauptForm::imgLiedKatalog_MouseUp() {
   PlayWaveNormal(L"");
   const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
-  prog.DateiHolen(kTypKatalog, kModusOeffnen);
-  if (prog.DialogAbbruch) {
-    prog.DialogAbbruch = false;
-    return;
-  }
-  if (NameFehlt(L".vtr")) {
-    Ablehnen(8034, vorher);
-    return;
-  }
-  if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    Ablehnen(8035, vorher);
-    return;
-  }
+  if (!KatalogWaehlen(8035)) return;
   NamenZurueck(vorher);  // the source is not the catalog that is open
   prog.KatalogGeaendert = true;
   KatalogGeladen = true;

@@ -85,26 +85,29 @@ void frmHauptForm::Ablehnen(int meldung, const KatalogNamen& vorher) {
   prog.MsgBoxen(LoadResString(meldung), kHinweis);
 }
 
-bool frmHauptForm::NameFehlt(const Text& muster) const {
-  return prog.DialogName == muster || Trim(prog.GewaehlteDatei).empty();
-}
-
-void frmHauptForm::imgKatalogÖffnen_MouseUp() {
-  PlayWaveNormal(L"");
+// Asks for a catalog that can be read; false when none was chosen. What is missing is told, by
+// `mehrere` when several were chosen at once.
+bool frmHauptForm::KatalogWaehlen(int mehrere) {
   const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
   prog.DateiHolen(kTypKatalog, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
-    return;
+    return false;
   }
-  if (NameFehlt(kKatalogEndung)) {
+  if (prog.DialogName == kKatalogEndung || Trim(prog.GewaehlteDatei).empty()) {
     Ablehnen(8034, vorher);
-    return;
+    return false;
   }
   if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    Ablehnen(prog.MehrfachAuswahl ? 8036 : 8035, vorher);
-    return;
+    Ablehnen(prog.MehrfachAuswahl ? mehrere : 8035, vorher);
+    return false;
   }
+  return true;
+}
+
+void frmHauptForm::imgKatalogÖffnen_MouseUp() {
+  PlayWaveNormal(L"");
+  if (!KatalogWaehlen(8036)) return;
   const Text datei = prog.GewaehlteDatei;
   const Text gezeigt = prog.KatalogDatei;
   KatalogGeaendertFragen();  // may run the file dialog for the catalog that is left
@@ -134,20 +137,7 @@ void frmHauptForm::imgKatalogAnhaengen_MouseUp() {
   }
   prog.KatalogGeaendert = true;
   KatalogLastStepSave();
-  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
-  prog.DateiHolen(kTypKatalog, kModusOeffnen);
-  if (prog.DialogAbbruch) {
-    prog.DialogAbbruch = false;
-    return;
-  }
-  if (NameFehlt(kKatalogEndung)) {
-    Ablehnen(8034, vorher);
-    return;
-  }
-  if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    Ablehnen(8035, vorher);
-    return;
-  }
+  if (!KatalogWaehlen(8035)) return;
   KatalogFeld quelle;
   KatalogLesen(prog.plattform.dateien, prog.GewaehlteDatei, quelle);
   KatalogAnfuegen(quelle);
