@@ -40,12 +40,13 @@ press frmHauptForm.imgBrennen
 expect-window frmCDBrennen
 press frmCDBrennen.optTrackAtOnce
 shot pictures/4-grabar.png
-writer pace 8
-after 1500 shot pictures/5-progreso.png
 press frmCDBrennen.imgBrennen
 expect-box ~ "modo TAO"
 answer 6
 expect-box ~ "CD virgen"
+# the disc lasts 20 seconds: in the middle of it the window of progress is there
+writer pace 1
+after 10000 shot pictures/5-progreso.png
 answer 7
 expect-box ~ "Finalizó la operación de grabado"
 shot pictures/6-terminado.png
