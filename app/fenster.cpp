@@ -55,8 +55,9 @@ void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& te
   schild.MouseDown = [&knopf](int taste) {
     if (taste == kLeftButton && !knopf.PicturePressed.empty()) knopf.Picture = knopf.PicturePressed;
   };
+  schild.MouseUp = [&knopf](int) { KnopfBild(knopf); };  // also when it is let go beside it
   schild.Click = [this, &knopf] {
-    if (!knopf.Enabled) return;
+    if (!knopf.Enabled || !Window.Enabled) return;
     Press(knopf);
     prog.plattform.schleife.DoEvents();
     Release(knopf);

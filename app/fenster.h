@@ -55,7 +55,7 @@ class Fenster {
     if (!fenster_) {
       fenster_ = std::make_shared<W>(prog_);
       // Kept here as well: a window may unload itself while it loads.
-      const std::shared_ptr<W> bleibt = fenster_;
+      std::shared_ptr<W> bleibt = fenster_;
       bleibt->Form_Load();
       return bleibt;
     }

@@ -42,7 +42,7 @@ void frmAbout::SetTexte() {
 }
 
 bool frmAbout::Form_KeyDown(int taste, bool strg) {
-  if (taste != kKeyReturn && taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
+  if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
   imgOK_MouseUp();
   return true;
 }

@@ -80,7 +80,11 @@ const std::map<Text, Setzer>& Eigenschaften() {
       {L"bold", [](Control& c, const Text& w) { c.FontBold = w == L"1"; }},
       {L"fore", [](Control& c, const Text& w) { c.ForeColor = FarbeLesen(w); }},
       {L"back", [](Control& c, const Text& w) { c.BackColor = FarbeLesen(w); }},
-      {L"tab", [](Control& c, const Text& w) { c.TabIndex = Ganz32(Val(w)); }},
+      {L"tab",
+       [](Control& c, const Text& w) {
+         c.TabIndex = Ganz32(Val(w));
+         if (auto* schild = dynamic_cast<Label*>(&c)) schild->TabStop = true;
+       }},
       {L"wrap",
        [](Control& c, const Text& w) {
          if (auto* schild = dynamic_cast<Label*>(&c)) schild->WordWrap = w == L"1";

@@ -5,7 +5,8 @@
 //                                        wrap= fill= line= tab=]
 //   columns name W0 W1 ...
 //
-// Geometry in twips; "#" begins a comment; a name that the window lacks is passed over.
+// A label with a place in the order of the focus (tab=) takes it. Geometry in twips; "#" begins a
+// comment; a name that the window lacks is passed over.
 #pragma once
 
 #include "platform/form.h"

@@ -113,7 +113,7 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
 }
 
 vantora::Text Programm::VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz) {
-  const vantora::Text wert = Trim(GetSetting(plattform, schluessel, L""));
+  vantora::Text wert = Trim(GetSetting(plattform, schluessel, L""));
   if (!wert.empty() && DateiExistiert(wert)) return wert;
   if (!DateiExistiert(ersatz)) plattform.dateien.MkDir(ersatz);
   return ersatz;

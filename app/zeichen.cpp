@@ -26,16 +26,16 @@ wchar_t Gross(wchar_t z) {
   if ((z >= 0xE0 && z <= 0xFE && z != 0xF7) || (z >= L'a' && z <= L'z')) {
     return static_cast<wchar_t>(z - 32);
   }
-  return z == 0xFF ? 0x178
-                   : static_cast<wchar_t>(z < 0x80 ? z : std::towupper(static_cast<wint_t>(z)));
+  if (z == 0xFF) return L'\u0178';
+  return z < 0x80 ? z : static_cast<wchar_t>(std::towupper(static_cast<wint_t>(z)));
 }
 
 wchar_t Klein(wchar_t z) {
   if ((z >= 0xC0 && z <= 0xDE && z != 0xD7) || (z >= L'A' && z <= L'Z')) {
     return static_cast<wchar_t>(z + 32);
   }
-  return z == 0x178 ? 0xFF
-                    : static_cast<wchar_t>(z < 0x80 ? z : std::towlower(static_cast<wint_t>(z)));
+  if (z == 0x178) return L'\u00FF';
+  return z < 0x80 ? z : static_cast<wchar_t>(std::towlower(static_cast<wint_t>(z)));
 }
 
 }  // namespace

@@ -178,6 +178,7 @@ void frmHauptForm::Form_Load() {
     lvwKatalog.SetColumns(std::move(spalten));
   }
   MitteSetzen(prog, *this);
+  prog.plattform.schleife.SetFocus(lvwKatalog);
   prog.Zeigen(*this);
   prog.plattform.schleife.DoEvents();
   prog.frmStartUp.Entladen();

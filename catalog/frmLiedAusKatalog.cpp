@@ -13,6 +13,9 @@ frmLiedAusKatalog::frmLiedAusKatalog(Programm& programm)
     Knopf(imgControl(i), [this, i] { imgControl_MouseUp(i); });
   }
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  lstLiedAusKatalog.KeyDown = [this](int taste) {
+    if (taste == kKeyReturn) imgControl_MouseUp(0);
+  };
   lstLiedAusKatalog.Click = [this] { lstLiedAusKatalog_Click(); };
 }
 
@@ -27,6 +30,7 @@ void frmLiedAusKatalog::SetTexte() {
   Beschriften(lblButtCaption(0), imgControl(0), LoadResString(4));
   Beschriften(lblButtCaption(1), imgControl(1), LoadResString(5));
   lstLiedAusKatalog.ToolTipText = LoadResString(10400);
+  lstLiedAusKatalog.AccessibleName = LoadResString(10200);
   imgControl(0).ToolTipText = LoadResString(10401);
   imgControl(1).ToolTipText = LoadResString(10402);
   imgHelp.ToolTipText = LoadResString(1);
@@ -50,9 +54,9 @@ void frmLiedAusKatalog::imgControl_MouseUp(int index) {
 }
 
 bool frmLiedAusKatalog::Form_KeyDown(int taste, bool strg) {
-  if (taste == kKeyReturn) imgControl_MouseUp(0);
-  if (taste == kKeyEscape) imgControl_MouseUp(1);
-  return taste == kKeyReturn || taste == kKeyEscape || VtrFenster::Form_KeyDown(taste, strg);
+  if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
+  imgControl_MouseUp(1);
+  return true;
 }
 
 }  // namespace vantora

@@ -35,6 +35,9 @@ void frmNeuerInterpret::SetTexte() {
   lblFeld(0).Caption = LoadResString(8069);
   lblFeld(1).Caption = LoadResString(15202);
   lblFeld(2).Caption = LoadResString(15203);
+  txtTitel.AccessibleName = lblFeld(0).Caption;
+  txtInterpret.AccessibleName = lblFeld(1).Caption;
+  cmbPause.AccessibleName = lblFeld(2).Caption;
   txtTitel.Text = L"";
   txtInterpret.Text = L"";
   Beschriften(lblButtCaption(0), imgControl(0), LoadResString(4));

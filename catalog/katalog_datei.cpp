@@ -99,7 +99,8 @@ void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
   if (anzahl < 0) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
   // More tracks than the program can number, and more than the file has room for: no catalog, and
   // nothing of it is read.
-  if (anzahl > kMeisteTracks && kKopf + (anzahl + 1) * kKuerzesterEintrag > offen->Length()) {
+  if (anzahl > kMeisteTracks &&
+      kKopf + (std::int64_t{anzahl} + 1) * kKuerzesterEintrag > offen->Length()) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
   }
   ziel.assign(1, KatalogEintrag{});

@@ -116,10 +116,11 @@ Text frmKomponenten::SCSILaufwerkSuchen(const Text& produkt, const Text& ziel,
   }
   const Text zweig = Text(kScsiZweig) + L"\\" + geraet;
   for (const Text& name : registry.SubKeys(zweig)) {
-    const auto wert = [&](const wchar_t* was) {
-      return Trim(registry.Value(zweig + L"\\" + name, was));
-    };
-    const Text buchstabe = wert(L"CurrentDriveLetterAssignment");
+    Text schluessel = zweig;
+    schluessel += L"\\";
+    schluessel += name;
+    const auto wert = [&](const wchar_t* was) { return Trim(registry.Value(schluessel, was)); };
+    Text buchstabe = wert(L"CurrentDriveLetterAssignment");
     if (Val(wert(L"SCSILUN")) != Val(lun) || Val(wert(L"SCSITargetID")) != Val(ziel)) continue;
     if (prog.plattform.laufwerke.GetDriveType(buchstabe + L":\\") == kDriveCdRom) return buchstabe;
   }

@@ -68,6 +68,8 @@ void frmCDBrennen::SetTexte() {
   lblMethode.Caption = LoadResString(4208);
   lblGeschwindigkeit.Caption = LoadResString(4209);
   lblKopien.Caption = LoadResString(4212);
+  lstCDRecorder.AccessibleName = lblRecorder.Caption;
+  txtKopienAnzahl.AccessibleName = lblKopien.Caption;
   lblStatusBurner.Caption = LoadResString(4214);
   optTrackAtOnce.Caption = LoadResString(4205);
   optDiscAtOnce.Caption = LoadResString(4206);

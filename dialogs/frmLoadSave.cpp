@@ -62,6 +62,10 @@ void frmLoadSave::SetTexte() {
   lblVerzeichnis.Caption = LoadResString(30022);
   lblDatei.Caption = LoadResString(30023);
   lblName.Caption = LoadResString(30020);
+  txtDateiName.AccessibleName = lblName.Caption;
+  cbxLaufwerk.AccessibleName = lblLaufwerk.Caption;
+  lstVerzeichnis.AccessibleName = lblVerzeichnis.Caption;
+  lstDatei.AccessibleName = lblDatei.Caption;
   lblPfad.Caption = L"";
   txtDateiName.Text = L"";
   Beschriften(lblButtCaption(0), pbButton(0), LoadResString(11200));
@@ -157,7 +161,7 @@ void frmLoadSave::lstVerzeichnis_DblClick() {
     ziel += ordner[static_cast<std::size_t>(i)] + L"\\";
   }
   // The indent is two blanks a level; a folder's own leading blanks stay.
-  const auto einzug = static_cast<std::size_t>(2 * (tiefe + 1));
+  const std::size_t einzug = 2 * (ordner.size() + 1);
   if (zeile > tiefe) ziel += lstVerzeichnis.List(zeile).substr(einzug);
   Oeffne(ziel);
 }

@@ -140,6 +140,7 @@ class Label : public Control {
   Property<Text> Caption{*this, Text()};  // "&" marks no shortcut, line ends break the line
   Property<Alignment> Align{*this, Alignment::Left};
   Property<bool> WordWrap{*this, false};
+  bool TabStop = false;  // takes the focus; Return and the space bar then act as its click
 };
 
 // A button drawn from pictures; also a plain picture when no handler hangs on it.

@@ -125,8 +125,8 @@ int ImageWriter::Write(bool dao) {
   };
   burn_ = std::make_shared<ImageBurn>(
       dateien_, std::move(order),
-      [this, post](ImageBurn::Event event) { post([this, event] { event(Events); }); },
-      [this, post](ImageBurn::Event failure) { post([this, failure] { Ended(failure); }); });
+      [this, post](const ImageBurn::Event& event) { post([this, event] { event(Events); }); },
+      [this, post](const ImageBurn::Event& failure) { post([this, failure] { Ended(failure); }); });
   job_ = background_.Start([burn = burn_] { return burn->Slice(); });
   return 0;
 }

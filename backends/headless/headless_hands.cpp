@@ -84,8 +84,9 @@ bool HeadlessHands::Still(const Control& control) const {
          control.Enabled && !loop_.Ended();
 }
 
-void HeadlessHands::Call(Control& control, std::function<void()> handler) {
-  if (handler && Still(control)) loop_.Deliver(handler);
+void HeadlessHands::Call(Control& control, const std::function<void()>& handler) {
+  // A copy runs: a handler that destroys its own form must not destroy itself.
+  if (handler && Still(control)) loop_.Deliver(std::function<void()>(handler));
 }
 
 // ---- the mouse ----
@@ -317,6 +318,11 @@ void HeadlessHands::Effect(Control& control, const Stroke& stroke) {
   switch (control.Kind()) {
     case ControlKind::TextBox:
       return TypeInto(static_cast<TextBox&>(control), stroke);
+    case ControlKind::Label:
+      if (space || stroke.Code == kKeyReturn) {
+        Call(control, control.Click ? control.Click : control.DblClick);
+      }
+      return;
     case ControlKind::PictureButton:
       if (space || stroke.Code == kKeyReturn) MouseButton(control, kLeftButton);
       return;
@@ -373,7 +379,7 @@ void HeadlessHands::Type(Control& control, const Text& text) {
     if (loop_.Ended() || !loop_.Reachable(form)) return;
     Stroke stroke;
     stroke.Code = CodeOf(c);
-    stroke.Character = c;
+    stroke.Character = static_cast<int>(c);
     Send(form, stroke);
   }
 }

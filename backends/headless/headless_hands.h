@@ -49,7 +49,7 @@ class HeadlessHands final : public Hands {
   void MoveOption(OptionButton& option, int key);
   void MoveFocus(Form& form, bool back);
   void SetSlider(Slider& slider, int value);
-  void Call(Control& control, std::function<void()> handler);
+  void Call(Control& control, const std::function<void()>& handler);
   bool Still(const Control& control) const;
 
   HeadlessLoop& loop_;

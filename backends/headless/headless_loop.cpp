@@ -138,6 +138,8 @@ bool HeadlessLoop::TakesFocus(const Control& control) {
     case ControlKind::ListView:
     case ControlKind::Slider:
       return true;
+    case ControlKind::Label:
+      return static_cast<const Label&>(control).TabStop;
     case ControlKind::PictureButton:  // a plain picture has no handler
       return control.MouseUp || control.MouseDown || control.Click;
     default:

@@ -25,7 +25,7 @@ fs::path FromEnvironment(const char* name, const fs::path& fallback) {
 }
 
 fs::path HomeOfUser() {
-  const fs::path named = FromEnvironment("HOME", {});
+  fs::path named = FromEnvironment("HOME", {});
   if (!named.empty()) return named;
   const passwd* user = getpwuid(getuid());
   return user && user->pw_dir && user->pw_dir[0] == '/' ? user->pw_dir : "/";

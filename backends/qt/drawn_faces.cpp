@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTextOption>
 
 #include <algorithm>
 
@@ -38,13 +39,16 @@ class WordsWidget final : public QLabel {
     painter.setPen(ink);
     const int across = static_cast<int>(alignment() & Qt::AlignHorizontal_Mask);
     if (Wrap) {
-      painter.drawText(rect(), across | Qt::AlignTop | Qt::TextWordWrap, text());
+      QTextOption option(static_cast<Qt::Alignment>(across) | Qt::AlignTop);
+      option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // paths have no blanks
+      painter.drawText(QRectF(rect()), text(), option);
       return;
     }
     const QFontMetrics metrics = painter.fontMetrics();
     QStringList lines = text().split(u'\n');
     for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, width());
     painter.drawText(rect(), across | Qt::AlignTop | Qt::TextDontClip, lines.join(u'\n'));
+    if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
 };
 
@@ -58,6 +62,16 @@ class LabelFace final : public Face {
   LabelFace(Label& label, FormWindow& window)
       : LabelFace(label, window, new WordsWidget(&window)) {}
 
+  void KeyPress(QKeyEvent& event) override {
+    const bool press = event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||
+                       event.key() == Qt::Key_Enter;
+    if (!press || event.isAutoRepeat()) return PassKey(event);
+    Fire([](Control& told) {
+      if (const auto act = told.Click ? told.Click : told.DblClick) act();
+    });
+  }
+  void FocusChanged(bool /*in*/) override { words_->update(); }
+
  private:
   LabelFace(Label& label, FormWindow& window, WordsWidget* words)
       : Face(label, window, words), words_(words) {
@@ -67,6 +81,7 @@ class LabelFace final : public Face {
   void Apply(Control& control) override {
     const auto& label = static_cast<const Label&>(control);
     LetMouseThrough(*words_, !HasMouseHandler(control));
+    words_->setFocusPolicy(label.TabStop ? Qt::TabFocus : Qt::NoFocus);
     words_->setCursor(HasMouseHandler(control) ? Qt::PointingHandCursor : Qt::ArrowCursor);
     words_->Ink = look::Of(label.ForeColor);
     words_->Ground = look::Of(label.BackColor);
@@ -118,7 +133,8 @@ class ButtonFace final : public Face {
   }
   void MouseRelease(QMouseEvent& event) override {
     if (event.button() == Qt::MiddleButton || !held_) return;
-    const bool inside = widget()->rect().contains(event.position().toPoint());
+    const bool inside =
+        widget()->rect().contains(event.position().toPoint()) && !window().Refused();
     Up(event.button() == Qt::RightButton ? kRightButton : kLeftButton, inside);
   }
   void MouseDouble(QMouseEvent& event) override {
@@ -147,7 +163,7 @@ class ButtonFace final : public Face {
   void KeyRelease(QKeyEvent& event) override {
     if (event.key() != Qt::Key_Space || event.isAutoRepeat() || !keyHeld_) return;
     keyHeld_ = false;
-    Up(kLeftButton, true);
+    Up(kLeftButton, !window().Refused());
   }
   // A space bar that is let go in another window never comes back here.
   void FocusChanged(bool in) override {

@@ -25,8 +25,8 @@ QString SpokenName(const Control& control) {
   if (!control.AccessibleName().empty()) return look::Plain(control.AccessibleName);
   const Text caption = CaptionOf(control);
   if (!caption.empty()) return look::Plain(caption);
-  if (!control.ToolTipText().empty()) return look::FromText(control.ToolTipText);
-  return look::FromText(control.Name);
+  if (!HasMouseHandler(control) && control.Kind() == ControlKind::PictureButton) return {};
+  return look::FromText(control.ToolTipText);
 }
 
 }  // namespace
@@ -120,7 +120,7 @@ void Face::MouseRelease(QMouseEvent& event) {
 
 void Face::TellRelease(const QMouseEvent& event) {
   const int button = ButtonOf(event);
-  const bool inside = surface_->rect().contains(event.position().toPoint());
+  const bool inside = surface_->rect().contains(event.position().toPoint()) && !window_.Refused();
   Fire([&](Control& told) {
     if (const auto up = told.MouseUp; up && button != 0) up(button);
   });

@@ -44,6 +44,8 @@ class Face {
   virtual void KeyPress(QKeyEvent& event) { PassKey(event); }
   virtual void KeyRelease(QKeyEvent& event) { PassKey(event); }
   virtual void FocusChanged(bool /*in*/) {}
+  // Where a menu that a key asks for belongs; on the screen.
+  virtual QPoint MenuPlace() const { return widget_->mapToGlobal(widget_->rect().center()); }
 
  protected:
   virtual void Apply(Control& control) = 0;

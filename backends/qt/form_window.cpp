@@ -5,6 +5,7 @@
 
 #include <QButtonGroup>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QPainter>
 #include <QPointer>
@@ -14,6 +15,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace vantora {
 
@@ -55,10 +57,12 @@ int Layer(const Control& control) {
 }  // namespace
 
 FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host) {
-  Qt::WindowFlags flags = Qt::Window;
+  // A window with a border belongs to the one behind it: it stays above it, and has no button that
+  // would put it away while the other waits for it.
+  Qt::WindowFlags flags = form.HasBorder ? Qt::Dialog : Qt::Window;
   if (form.HasBorder) {
     flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-             Qt::WindowCloseButtonHint | Qt::WindowMinimizeButtonHint;
+             Qt::WindowCloseButtonHint;
   } else {
     flags |= Qt::FramelessWindowHint;
   }
@@ -109,6 +113,7 @@ void FormWindow::AddFace(Control& control) {
 void FormWindow::DropFace(Control* control) {
   const auto found = faces_.find(control);
   if (found == faces_.end()) return;
+  if (pressed_ == found->second.get()) pressed_ = nullptr;
   for (QWidget* part : {found->second->widget(), found->second->surface()}) {
     byObject_.remove(part);
     part->removeEventFilter(this);
@@ -278,8 +283,9 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
       return object == face->widget() ? Input(*face, *event) : Refused();
-    case QEvent::Wheel:
     case QEvent::ContextMenu:
+      return Refused() || MenuKey(*face, static_cast<const QContextMenuEvent&>(*event));
+    case QEvent::Wheel:
     case QEvent::DragEnter:
     case QEvent::DragMove:
     case QEvent::Drop:
@@ -303,16 +309,22 @@ bool FormWindow::Input(Face& face, QEvent& event) {
       event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyRelease;
   if (control == nullptr) return true;
   if (!letGo && (Refused() || !control->Enabled || !control->Visible)) return true;
+  // A release belongs to the press before it: where that was refused, so is the release.
+  if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
+    return true;
+  }
   const Counted touching(touching_);
   lastTouch_ = TouchedPlace(face, event);
   switch (event.type()) {
     case QEvent::MouseButtonPress:
+      pressed_ = &face;
       face.MousePress(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseButtonRelease:
       face.MouseRelease(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseButtonDblClick:
+      pressed_ = &face;
       face.MouseDouble(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseMove:
@@ -326,6 +338,18 @@ bool FormWindow::Input(Face& face, QEvent& event) {
       break;
   }
   event.accept();
+  return true;
+}
+
+// The key for menus acts as the right mouse button on what has the focus.
+bool FormWindow::MenuKey(Face& face, const QContextMenuEvent& event) {
+  if (event.reason() != QContextMenuEvent::Keyboard) return false;
+  lastTouch_ = face.MenuPlace();
+  Handle([&face] {
+    const Control* control = face.control();
+    if (control == nullptr) return;
+    if (const auto up = control->MouseUp) up(kRightButton);
+  });
   return true;
 }
 

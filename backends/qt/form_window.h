@@ -34,6 +34,7 @@ class FormWindow final : public QWidget {
   Control* FocusControl() const;
   void FocusOn(const Control& control);
   void OrderFocus();               // after TabIndex
+  bool Refused() const;            // no input: disabled, behind a modal window or without a form
   QButtonGroup* Group(int group);  // of option buttons
 
   void Handle(const std::function<void()>& handler);
@@ -55,13 +56,13 @@ class FormWindow final : public QWidget {
   void DropFace(Control* control);
   void StackFaces();
   bool Input(Face& face, QEvent& event);
+  bool MenuKey(Face& face, const QContextMenuEvent& event);
   static QPoint TouchedPlace(const Face& face, const QEvent& event);
   void KeyPress(Face* face, QKeyEvent& event);
   void KeyRelease(Face& face, QKeyEvent& event);
   void FocusChange(Face& face, QObject* object, QEvent& event);
   void TellFocus(const Control* changed, bool in);
-  bool Refused() const;  // no input: disabled, behind a modal window or without a form
-  bool HoldPaint();      // true: not yet, the window was painted just now
+  bool HoldPaint();  // true: not yet, the window was painted just now
 
   Form* form_;
   WindowHost& host_;
@@ -69,9 +70,10 @@ class FormWindow final : public QWidget {
   std::vector<Control*> known_;                 // Form::Controls when the faces were made
   std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
   QHash<QObject*, Face*> byObject_;
+  const Face* pressed_ = nullptr;  // took the press that has not been let go
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
-  QPoint place_;  // where the form last said that it stands
+  QPoint place_;                    // where the form last said that it stands
   const Control* focus_ = nullptr;  // was told that it has the focus; may be gone
   QPoint lastTouch_;
   QPoint dragStart_;  // of a window without a border that is moved by its ground

@@ -2,6 +2,7 @@
 
 #include "backends/qt/face.h"
 #include "backends/qt/form_window.h"
+#include "backends/qt/keys.h"
 #include "backends/qt/look.h"
 #include "backends/qt/slider_widget.h"
 
@@ -86,7 +87,11 @@ class TextFace final : public Face {
     const QString text = look::FromText(box.Text);
     if (line_->text() == text) return;
     line_->setText(text);
-    if (!line_->hasFocus()) line_->setCursorPosition(0);
+    if (!line_->hasFocus()) {
+      line_->setCursorPosition(0);
+    } else if (box.SelectOnFocus) {
+      line_->selectAll();
+    }
   }
 
   LineWidget* line_;
@@ -140,7 +145,6 @@ class OptionFace final : public Face {
  private:
   OptionFace(OptionButton& option, FormWindow& window, QRadioButton* radio)
       : Face(option, window, radio), radio_(radio) {
-    radio_->setAutoExclusive(false);
     window.Group(option.Group())->addButton(radio_);
     QObject::connect(radio_, &QRadioButton::clicked, radio_, [this] {
       if (auto* chosen = As<OptionButton>()) chosen->SetValue(true);
@@ -237,7 +241,11 @@ class ListFace final : public Face {
   }
   void KeyPress(QKeyEvent& event) override {
     changed_ = false;
-    PassKey(event);
+    if (keys::Walks(event) && list_->selectedItems().isEmpty() && list_->count() > 0) {
+      list_->setCurrentRow(std::max(list_->currentRow(), 0), QItemSelectionModel::ClearAndSelect);
+    } else {
+      PassKey(event);
+    }
     if (changed_) FireClick();
   }
 

@@ -112,4 +112,10 @@ Stroke Writing(QChar character) {
   return stroke;
 }
 
+bool Walks(const QKeyEvent& event) {
+  if (event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) return false;
+  const int key = event.key();
+  return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
 }  // namespace vantora::keys

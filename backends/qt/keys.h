@@ -13,6 +13,8 @@ namespace vantora::keys {
 int Code(const QKeyEvent& event);
 // What the key writes, for KeyPress: a character, or 8, 13 or 27; 0 for nothing.
 int Character(const QKeyEvent& event);
+// True for the keys that walk through a list: arrows, Home and End, without Ctrl or Shift.
+bool Walks(const QKeyEvent& event);
 
 struct Stroke {
   int Key = 0;  // Qt::Key

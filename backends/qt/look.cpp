@@ -71,6 +71,12 @@ class Marks final : public QProxyStyle {
       DrawCheck(*option, *painter);
     } else if (element == PE_IndicatorRadioButton) {
       DrawRadio(*option, *painter);
+    } else if (element == PE_FrameFocusRect) {
+      painter->save();
+      painter->setPen(QPen(Of(kAmber), 1));
+      painter->setBrush(Qt::NoBrush);
+      painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+      painter->restore();
     } else {
       QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
@@ -79,7 +85,8 @@ class Marks final : public QProxyStyle {
  private:
   static QRectF Begin(const QStyleOption& option, QPainter& painter) {
     const bool enabled = option.state.testFlag(State_Enabled);
-    const bool hot = option.state.testFlag(State_MouseOver) || option.state.testFlag(State_Sunken);
+    const bool hot = option.state.testFlag(State_MouseOver) ||
+                     option.state.testFlag(State_Sunken) || option.state.testFlag(State_HasFocus);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(!enabled ? QColor(90, 95, 130)
                         : hot    ? Of(kAmber)

@@ -231,6 +231,7 @@ void QtEventLoop::Core::BringFrontUp() {
   const Form* front = Front();
   FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
   if (window == nullptr) return;
+  if (window->isMinimized() && minimized_.count(front) == 0) window->showNormal();
   if (QGuiApplication::platformName() != QLatin1String("offscreen")) window->raise();
   window->activateWindow();
 }

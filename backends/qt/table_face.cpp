@@ -2,6 +2,7 @@
 
 #include "backends/qt/face.h"
 #include "backends/qt/form_window.h"
+#include "backends/qt/keys.h"
 #include "backends/qt/look.h"
 #include "backends/qt/rows_model.h"
 
@@ -64,8 +65,20 @@ class TableFace final : public Face {
   }
   void KeyPress(QKeyEvent& event) override {
     changed_ = false;
-    PassKey(event);
+    if (keys::Walks(event) && !table_->selectionModel()->hasSelection() && rows_->rowCount() > 0) {
+      const int row = std::max(table_->currentIndex().row(), 0);
+      table_->selectionModel()->setCurrentIndex(
+          rows_->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    } else {
+      PassKey(event);
+    }
     if (changed_) FireItemClick(table_->currentIndex().row() + 1);
+  }
+
+  QPoint MenuPlace() const override {
+    const QRect row = table_->visualRect(table_->currentIndex());
+    return row.isValid() ? table_->viewport()->mapToGlobal(row.bottomLeft() + QPoint(40, 0))
+                         : Face::MenuPlace();
   }
 
  private:
