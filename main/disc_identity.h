@@ -4,16 +4,16 @@
 #pragma once
 
 #include "backends/discimage/image_writer.h"
+#include "backends/discimage/no_drive.h"
 
 #include "platform/mci.h"
 
 namespace vantora {
 
-class DiscIdentity final : public Mci {
+class DiscIdentity final : public NoMci {
  public:
   DiscIdentity(Dateien& files, const ImageWriter& writer) : files_(files), writer_(writer) {}
 
-  Text mciSendString(const Text& /*command*/) override { return {}; }
   Text MediaIdentity(const Text& drive) override;
 
  private:

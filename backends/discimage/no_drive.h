@@ -14,6 +14,11 @@ class NoAcd final : public Acd {
   void SelectDevice(int /*device*/) override {}
   void CloseDevice() override {}
   void ResetDevice() override {}
+  int TrackLaengeSektoren(int /*track*/) override { return 0; }
+  bool TrackIstAudio(int /*track*/) override { return false; }
+  int TrackLaengeMs(int /*track*/) override { return 0; }
+  int ReadTrack(int /*track*/, const Text& /*file*/) override { return 1; }
+  void RetryRead() override {}
 };
 
 class NoCd final : public MMControl {
@@ -36,10 +41,14 @@ class NoCd final : public MMControl {
   int format_ = kMciMilliseconds;
 };
 
-class NoMci final : public Mci {
+class NoMci : public Mci {
  public:
   Text mciSendString(const Text& /*command*/) override { return {}; }
   Text MediaIdentity(const Text& /*drive*/) override { return {}; }
+  int MCI_OPEN(const Text& /*drive*/) override { return -1; }
+  bool MCI_SET(int /*device*/, int /*timeFormat*/) override { return false; }
+  std::int32_t MCI_STATUS(int /*device*/, int /*item*/, int /*track*/) override { return -1; }
+  void MCI_CLOSE(int /*device*/) override {}
 };
 
 }  // namespace vantora
