@@ -74,13 +74,16 @@ class clsCCd {
   // else 1, and the status says why. A server's answer that breaks the rules of the protocol raises
   // Laufzeitfehler 5, 6 or 9 (a track above 100); the results are not to be used then.
   void CDDBAbfrage(const CDDBAnfrage& anfrage, std::uint8_t& Status, std::int16_t& Ergebnis);
-  const CDDBInfo& CDDBGetInfo() const { return mInfo; }
+  CDDBInfo CDDBGetInfo() const;
   const Text& Kategorie() const { return mKategorie; }
 
  private:
   bool TocLesen();
-  Text IDBerechnen() const;
-  void AntwortLesen(const Text& antwort, const std::uint8_t& Status);
+  void IDBerechnen();
+  bool Fragen(const CDDBAnfrage& anfrage, const Text& befehl, std::uint8_t ersterStatus,
+              std::uint8_t& Status, Text& antwort);
+  bool AntwortLesen(const Text& antwort, const std::uint8_t& Status);
+  void ZeileLesen(const Text& zeile);
 
   Plattform& plattform_;
   Text mDiscID = L"(unavailable)";
@@ -90,7 +93,8 @@ class clsCCd {
   std::int32_t mLaengeSek = 0;   // between the first track and the lead-out
   std::vector<TocEintrag> mToc;  // one a track, and one for the lead-out
   Text mKategorie;
-  CDDBInfo mInfo;
+  Text mInterpret, mTitel, mExtD;
+  CDDBTexte mTrackTitel, mTrackExt, mTrackInterpret;
 };
 
 // The ID of the disc in a drive, read with the drive layer closed; "(unavailable)" without a disc.

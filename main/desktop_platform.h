@@ -49,7 +49,8 @@ struct DesktopPlatform {
                    machine.writer,
                    machine.acd,
                    machine.cd,
-                   machine.mci};
+                   machine.mci,
+                   machine.sockets};
 };
 
 }  // namespace vantora

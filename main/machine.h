@@ -9,6 +9,7 @@
 #include "backends/linux/file_resources.h"
 #include "backends/linux/linux_drives.h"
 #include "backends/linux/linux_files.h"
+#include "backends/linux/linux_sockets.h"
 #include "backends/linux/profile_file.h"
 #include "backends/linux/settings_file.h"
 #include "backends/mpg123/mp3_decoder.h"
@@ -44,6 +45,7 @@ struct Machine {
   ProfileFiles profiles;
   DeviceRegistry registry;
   FileResources resources;
+  LinuxSockets sockets;
   Cutter cutter;
   Mp3Decoder mp3;
   ImageWriter writer;

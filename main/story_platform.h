@@ -33,7 +33,7 @@ struct StoryPlatform : World {
                    machine.files,    machine.letters,   machine.settings, machine.profiles,
                    machine.registry, machine.resources, mmtools,          machine.cutter,
                    machine.mp3,      machine.writer,    machine.acd,      machine.cd,
-                   machine.mci};
+                   machine.mci,      machine.sockets};
 };
 
 }  // namespace vantora
