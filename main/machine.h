@@ -2,8 +2,10 @@
 // drives, settings, resources, codecs and the embedded disc writer over one user's places.
 #pragma once
 
+#include "backends/cdio/disc_drives.h"
+#include "backends/cdio/disc_player.h"
+#include "backends/cdio/disc_reader.h"
 #include "backends/discimage/image_writer.h"
-#include "backends/discimage/no_drive.h"
 #include "backends/linux/device_registry.h"
 #include "backends/linux/drive_table.h"
 #include "backends/linux/file_resources.h"
@@ -18,14 +20,20 @@
 #include "main/disc_identity.h"
 
 #include "platform/plattform.h"
+#include "platform/sound_output.h"
 
 #include <filesystem>
+#include <vector>
 
 namespace vantora {
 
+// The optical drives by their letters, then the embedded one, under the names by which the device
+// registry finds them.
+std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry);
+
 struct Machine {
   Machine(const LinuxPlaces& places, const std::filesystem::path& resourceFolder, EventLoop& loop,
-          Background& background)
+          Background& background, SoundOutput& sound)
       : drives(places),
         files(drives),
         letters(drives),
@@ -36,7 +44,10 @@ struct Machine {
         cutter(files),
         mp3(files, loop, background),
         writer(files, loop, background),
-        mci(files, writer) {}
+        discDrives(files, [this] { return DrivesForDiscs(drives, registry); }),
+        acd(files, loop, background, discDrives),
+        cd(loop, discDrives, sound),
+        mci(files, writer, discDrives, cd) {}
 
   DriveTable drives;
   LinuxFiles files;
@@ -49,8 +60,9 @@ struct Machine {
   Cutter cutter;
   Mp3Decoder mp3;
   ImageWriter writer;
-  NoAcd acd;
-  NoCd cd;
+  DiscDrives discDrives;
+  DiscReader acd;
+  DiscPlayer cd;
   DiscIdentity mci;
 };
 
