@@ -26,6 +26,7 @@ class frmSchreibFortschritt;
 class frmLoadSave;
 class frmStartAssistent;
 class frmMixer;
+class frmDatenbank;
 
 // Flags of a message box, as far as they are in use.
 enum MeldungsArt : int {
@@ -98,6 +99,7 @@ struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZus
   Fenster<vantora::frmLoadSave> frmLoadSave{*this};
   Fenster<vantora::frmStartAssistent> frmStartAssistent{*this};
   Fenster<vantora::frmMixer> frmMixer{*this};
+  Fenster<vantora::frmDatenbank> frmDatenbank{*this};
 
  private:
   vantora::Text VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz);
