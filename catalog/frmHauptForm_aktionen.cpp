@@ -26,15 +26,6 @@ void frmHauptForm::NochNicht() {
   prog.MsgBoxen(LoadResString(8058), kHinweis);
 }
 
-void frmHauptForm::imgCDKopieren_MouseUp() {
-  NochNicht();
-}
-void frmHauptForm::imgCDAuslesen_MouseUp() {
-  NochNicht();
-}
-void frmHauptForm::imgLPKopieren_MouseUp() {
-  NochNicht();
-}
 void frmHauptForm::imgLPAufnehmen_MouseUp() {
   NochNicht();
 }
