@@ -382,7 +382,8 @@ void frmCDPlayer::AuswahlZaehlen() {
 }
 
 void frmCDPlayer::lstTracks_Click() {
-  NameFertig();
+  // The second click of a double click comes when the name is open already.
+  if (Gewaehlt() != namenZeile_ + 1) NameFertig();
   if (!Komponenten().CD_Check()) {
     prog.MsgBoxen(LoadResString(5001), kOk);
     AnzeigeLeeren();
