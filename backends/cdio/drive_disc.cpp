@@ -31,7 +31,7 @@ void Listen(long, paranoia_cb_mode_t what) {
 std::unique_ptr<DriveDisc> DriveDisc::Open(const std::string& device) {
   cdio_log_set_handler(&SayNothing);
   auto disc = std::make_unique<DriveDisc>();
-  disc->drive_.reset(cdio_open(device.c_str(), DRIVER_DEVICE));
+  disc->drive_.reset(cdio_open(device.c_str(), DRIVER_UNKNOWN));
   if (!disc->drive_ || !disc->ReadContents()) return nullptr;
   cdio_get_media_changed(disc->drive_.get());  // from here on
   return disc;
@@ -82,13 +82,16 @@ bool DriveDisc::BeginCarefully() {
   if (words != nullptr) cdio_cddap_free_messages(words);
   if (!audio_) return false;
   cdio_cddap_verbose_set(audio_.get(), CDDA_MESSAGE_FORGETIT, CDDA_MESSAGE_FORGETIT);
+  // The byte order is the one that drives have had since they speak MMC. Left to itself the library
+  // guesses it from the sound, and wrong for sound that is much like noise.
+  audio_->bigendianp = 0;
   if (cdio_cddap_open(audio_.get()) != 0) {
     audio_.reset();
     return false;
   }
   reader_.reset(cdio_paranoia_init(audio_.get()));
   if (!reader_) return false;
-  cdio_paranoia_modeset(reader_.get(), PARANOIA_MODE_FULL);
+  cdio_paranoia_modeset(reader_.get(), PARANOIA_MODE_FULL ^ PARANOIA_MODE_NEVERSKIP);
   return true;
 }
 

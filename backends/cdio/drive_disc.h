@@ -15,7 +15,8 @@ namespace vantora {
 
 class DriveDisc final : public Disc {
  public:
-  // Nothing when there is no disc with tracks in the drive, or no drive.
+  // Nothing when there is no disc with tracks in the drive, or no drive. The library takes a sheet
+  // for a drive as well, which stands in for one where there is none.
   static std::unique_ptr<DriveDisc> Open(const std::string& device);
 
   bool StillThere() override;
