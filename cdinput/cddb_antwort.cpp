@@ -42,7 +42,7 @@ bool clsCCd::AntwortLesen(const Text& antwort, const std::uint8_t& Status) {
   std::size_t anfang = 0;
   const auto naechsteZeile = [&] {
     const auto ende = std::min(antwort.find(kZeilenEnde, anfang), antwort.size());
-    const Text zeile = OhneSteuerzeichen(antwort.substr(anfang, ende - anfang));
+    Text zeile = OhneSteuerzeichen(antwort.substr(anfang, ende - anfang));
     anfang = std::min(ende + 2, antwort.size());
     return zeile;
   };

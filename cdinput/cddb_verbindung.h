@@ -10,7 +10,7 @@
 
 namespace vantora {
 
-inline constexpr std::size_t kMaxAntwort = 1024 * 1024;  // bytes
+inline constexpr std::size_t kMaxAntwort = 1U << 20U;  // bytes
 
 class CDDBVerbindung {
  public:
