@@ -17,7 +17,8 @@ struct CdMachine {
 
 class CdBuehne {
  public:
-  CdBuehne() { b.Start(); }
+  // `questions` answers for the media identity and the table of contents, in place of the machine.
+  explicit CdBuehne(Mci* questions = nullptr) : questions_(questions) { b.Start(); }
 
   // Opens the player on the disc that lies in the drive.
   void Oeffnen() {
@@ -34,14 +35,29 @@ class CdBuehne {
   }
   std::string Soll(int track) { return FakeDrive::Sound(track, cd->drive.Find(track)->Sectors); }
 
+  Mci* questions_;
   std::unique_ptr<CdMachine> cd;
   Buehne b{[this](HeadlessPlatform& p) {
     cd = std::make_unique<CdMachine>(p);
     const Plattform& m = p.bundle;
-    return Plattform{m.schleife,  m.bildschirm,    m.uhr,     m.system,   m.dateien,
-                     m.laufwerke, m.einstellungen, m.profile, m.registry, m.ressourcen,
-                     m.mmtools,   m.tsCut,         m.mp3,     m.mcd,      cd->reader,
-                     cd->player,  m.mci,           m.sockets};
+    return Plattform{m.schleife,
+                     m.bildschirm,
+                     m.uhr,
+                     m.system,
+                     m.dateien,
+                     m.laufwerke,
+                     m.einstellungen,
+                     m.profile,
+                     m.registry,
+                     m.ressourcen,
+                     m.mmtools,
+                     m.tsCut,
+                     m.mp3,
+                     m.mcd,
+                     cd->reader,
+                     cd->player,
+                     questions_ != nullptr ? *questions_ : m.mci,
+                     m.sockets};
   }};
 };
 
