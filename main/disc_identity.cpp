@@ -9,7 +9,7 @@
 namespace vantora {
 
 Text DiscIdentity::MediaIdentity(const Text& drive) {
-  const Text inside = DiscMci::MediaIdentity(drive);
+  Text inside = DiscMci::MediaIdentity(drive);
   if (!inside.empty()) return inside;
   const auto asked = drives_.Named(drive);
   const bool real = asked && !asked->Device.empty();

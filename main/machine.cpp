@@ -18,8 +18,10 @@ std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registr
     drive.Device = entry.Device;
     if (entry.Device.empty()) drive.Tray = Text(1, entry.Letter) + L":\\";
     for (const Text& kind : registry.SubKeys(branch)) {
-      for (const Text& instance : registry.SubKeys(branch + kind)) {
-        const Text key = branch + kind + L"\\" + instance;
+      const Text below = branch + kind;
+      for (const Text& instance : registry.SubKeys(below)) {
+        Text key = below;
+        key.append(L"\\").append(instance);
         if (registry.Value(key, L"CurrentDriveLetterAssignment") != Text(1, entry.Letter)) continue;
         drive.Product = UpperCase(registry.Value(key, L"ProductID"));
         // As in the name of the key.

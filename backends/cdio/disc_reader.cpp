@@ -88,7 +88,7 @@ int DiscReader::ReadTrack(int track, const Text& file) {
   read_ = std::make_shared<TrackRead>(
       files_, disc_, track, file, Pace,
       TrackRead::Calls{
-          [this, post](TrackRead::Event event) { post([this, event] { event(Events); }); },
+          [this, post](const TrackRead::Event& event) { post([this, event] { event(Events); }); },
           [this, post](int code) { post([this, code] { Ended(code); }); }});
   StartSlices();
   return 0;

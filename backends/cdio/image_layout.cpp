@@ -70,11 +70,11 @@ void SheetMakesNoSense() {
 
 Text FileOfSheet(Dateien& files, const Text& sheet, const std::string& name) {
   const Text plain = Decoded(name.substr(name.find_last_of("/\\") + 1));
-  const Text beside = sheet.substr(0, sheet.rfind(L'\\') + 1) + plain;
+  Text beside = sheet.substr(0, sheet.rfind(L'\\') + 1) + plain;
   if (Exists(files, beside)) return beside;
   // A pair that was given another name together.
   const std::size_t dot = plain.rfind(L'.');
-  const Text renamed =
+  Text renamed =
       sheet.substr(0, sheet.rfind(L'.')) + (dot == Text::npos ? Text() : plain.substr(dot));
   if (!plain.empty() && renamed != sheet && Exists(files, renamed)) return renamed;
   throw Laufzeitfehler(kFehlerDateiFehlt, L"Falta un archivo de la imagen del disco.");

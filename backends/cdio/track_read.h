@@ -17,8 +17,8 @@ class TrackRead {
  public:
   using Event = std::function<void(AcdEvents&)>;
   struct Calls {
-    std::function<void(Event)> Tell;      // from the thread of the slices
-    std::function<void(int code)> Ended;  // 0: complete; else it stands where it failed
+    std::function<void(const Event&)> Tell;  // from the thread of the slices
+    std::function<void(int code)> Ended;     // 0: complete; else it stands where it failed
   };
   // `pace` times as fast as the disc is played; 0 for as fast as it goes.
   TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, Text file, double pace,
