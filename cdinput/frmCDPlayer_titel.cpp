@@ -85,7 +85,9 @@ void frmCDPlayer::TitelUebernehmen(const CDDBInfo& info) {
   for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
     const Text name = Trim(info.TrackTitel[i]);
     const Text interpret = Trim(info.TrackInterpret[i]);
-    if (!name.empty()) TrackName[i] = interpret.empty() ? name : name + L": " + interpret;
+    if (name.empty()) continue;
+    TrackName[i] = name;
+    if (!interpret.empty()) TrackName[i] += L": " + interpret;
   }
 }
 
@@ -129,13 +131,13 @@ void frmCDPlayer::lstTracks_DblClick() {
 
 bool frmCDPlayer::txtSongname_KeyPress(int taste) {
   if (taste != kKeyReturn) return true;
-  const auto track = static_cast<std::size_t>(namenZeile_ + 1);
-  if (namenZeile_ >= 0 && track < TrackName.size()) {
+  const int track = namenZeile_ + 1;
+  if (track > 0 && track <= CDDaten.TrackAnzahl) {
     Text name = Trim(txtSongname.Text);
     ZeichenErsetzen(name, kApostroph, kAkut);
-    TrackName[track] = name.empty() ? StandardName(namenZeile_ + 1) : name;
+    TrackName[static_cast<std::size_t>(track)] = name.empty() ? StandardName(track) : name;
     ZeilenSchreiben();
-    lstTracks.ListIndex = std::min(namenZeile_ + 1, lstTracks.ListCount() - 1);
+    lstTracks.ListIndex = std::min(track, lstTracks.ListCount() - 1);
   }
   NameFertig();
   prog.plattform.schleife.SetFocus(lstTracks);
