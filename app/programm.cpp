@@ -8,6 +8,7 @@
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
 #include "catalog/frmNeuerInterpret.h"
+#include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"

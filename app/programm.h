@@ -6,6 +6,7 @@
 #include "app/einstellungen.h"
 #include "app/fenster.h"
 #include "catalog/katalog_zustand.h"
+#include "cdinput/grab_zustand.h"
 
 #include "platform/plattform.h"
 
@@ -26,6 +27,8 @@ class frmSchreibFortschritt;
 class frmLoadSave;
 class frmStartAssistent;
 class frmMixer;
+class frmCDPlayer;
+class frmDatenbank;
 
 // Flags of a message box, as far as they are in use.
 enum MeldungsArt : int {
@@ -42,7 +45,7 @@ enum Antwort : int { kJa = 6, kNein = 7 };
 enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3 };
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
 
-struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZustand {
+struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZustand, GrabZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -98,6 +101,8 @@ struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZus
   Fenster<vantora::frmLoadSave> frmLoadSave{*this};
   Fenster<vantora::frmStartAssistent> frmStartAssistent{*this};
   Fenster<vantora::frmMixer> frmMixer{*this};
+  Fenster<vantora::frmCDPlayer> frmCDPlayer{*this};
+  Fenster<vantora::frmDatenbank> frmDatenbank{*this};
 
  private:
   vantora::Text VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz);

@@ -200,6 +200,14 @@ class frmHauptForm final : public VtrFenster {
   Einfuhr Mp3Konvertieren(const Text& quelle, const Text& ziel);
   void Aufnehmen(const Text& datei);
 
+  // copying a CD
+  void CDKopieren();
+  Text QuellLaufwerk();
+  bool QuellDiscOeffnen(const Text& laufwerk);
+  bool KopieVorbereiten();
+  bool KopieLesen();
+  void KopieBrennen();
+
   // burning
   bool BrennDateienPruefen();
   void NochNicht();  // a function that is not there yet

@@ -9,6 +9,7 @@
 #include "catalog/frmLiedAusKatalog.h"
 #include "catalog/frmNeuerInterpret.h"
 #include "catalog/katalog_datei.h"
+#include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
 
 namespace vantora {
@@ -25,15 +26,6 @@ void frmHauptForm::NochNicht() {
   prog.MsgBoxen(LoadResString(8058), kHinweis);
 }
 
-void frmHauptForm::imgCDKopieren_MouseUp() {
-  NochNicht();
-}
-void frmHauptForm::imgCDAuslesen_MouseUp() {
-  NochNicht();
-}
-void frmHauptForm::imgLPKopieren_MouseUp() {
-  NochNicht();
-}
 void frmHauptForm::imgLPAufnehmen_MouseUp() {
   NochNicht();
 }
@@ -52,7 +44,8 @@ void frmHauptForm::imgWaveEdit_MouseUp() {
 
 void frmHauptForm::imgDatenBank_MouseUp() {
   prog.AppLog(L"imgDatenBank_MouseUp", L"Datenbank anzeigen");
-  NochNicht();
+  PlayWaveNormal(L"");
+  prog.ZeigeModal(prog.frmDatenbank.Laden());
 }
 
 void frmHauptForm::imgTitel_MouseUp() {

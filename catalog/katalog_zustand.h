@@ -36,12 +36,10 @@ struct DialogFelder {
 // What the burn run and its neighbours share.
 struct BrennZustand {
   std::vector<Text> BrennDateien;     // wave files in catalog order, from index 1; 0 is unused
-  std::vector<Text> GrabDateien;      // temporary waves of a CD copy
   std::int32_t FortschrittModus = 0;  // 0 MP3, 1 grab, 2 burn
   float BurnStartZeit = 0;            // seconds of the system timer
   float TrackStartZeit = 0;
   bool CDKopieAktiv = false;  // from the end of the read of a CD copy until its waves are removed
-  bool GrabAbbruch = false;
 
   bool BrennerBereit = false;  // the last Init_Brenner found a usable burner
   bool BrennerFensterGeschlossen = false;

@@ -28,6 +28,7 @@ frmKomponenten::frmKomponenten(Programm& programm)
 
 frmKomponenten::~frmKomponenten() {
   MCD.Events = McdEvents{};
+  ACD.Events = AcdEvents{};
   CD.StatusUpdate = nullptr;
   Mp3Play1.Mp3Play1_ActFrame = nullptr;
   Mp3Play1.Mp3Play1_Failure = nullptr;
@@ -50,6 +51,9 @@ void frmKomponenten::EreignisseVerbinden() {
     MCD_ScsiEvents(first, second, code, fourth, text);
   };
   e.MCD_ASPIEvent = [this](int code, const Text& text) { MCD_ASPIEvent(code, text); };
+  ACD.Events.ACD_ActPosition = [this](int position) { ACD_ActPosition(position); };
+  ACD.Events.ACD_ReadComplete = [this] { ACD_ReadComplete(); };
+  ACD.Events.ACD_Failure = [this](int code, const Text& text) { ACD_Failure(code, text); };
   CD.StatusUpdate = [this] { CD_StatusUpdate(); };
   Mp3Play1.Mp3Play1_ActFrame = [this](int frame) { Mp3Play1_ActFrame(frame); };
   Mp3Play1.Mp3Play1_Failure = [this](int code, const Text& t) { Mp3Play1_Failure(code, t); };

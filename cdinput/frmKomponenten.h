@@ -45,6 +45,11 @@ class frmKomponenten final : public VtrFenster {
   void CD_Close();
   void CD_StatusUpdate();
 
+  // ---- reader events ----
+  void ACD_ActPosition(int position);
+  void ACD_ReadComplete();
+  void ACD_Failure(int code, const Text& text);
+
   // ---- MP3 ----
   void MP3_Init();
   std::int32_t MP3_GetMBSize(const Text& datei);  // decoded size in whole MB
@@ -70,6 +75,7 @@ class frmKomponenten final : public VtrFenster {
   Text AktCDDrive;               // root of the drive, "D:\"
   std::int32_t CDModus = 0;      // last mode of the CD control
   bool CDGeschlossen = false;
+  int LeseFehler = 0;  // failed tries at the track that is being read
 
   bool BrennLaeuft = false;  // from the start of a write to MCD_BurningProcessComplete
   bool Abgebrochen = false;  // the run has failed or was cancelled

@@ -3,6 +3,7 @@
 
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/alsa_player.h"
+#include "backends/alsa/alsa_stream.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/linux_system.h"
 #include "backends/linux/thread_background.h"
@@ -17,7 +18,7 @@ struct DesktopPlatform {
       : loop(resourceFolder / "pictures"),
         places(PlacesOfUser()),
         system(places, {ProgramVersion(), resourceFolder / "help"}),
-        machine(places, resourceFolder, loop, background),
+        machine(places, resourceFolder, loop, background, sound),
         mmtools(
             machine.files, [this] { return std::make_unique<AlsaPlayer>(machine.files, loop); },
             AlsaPlaybackDevices) {
@@ -30,6 +31,7 @@ struct DesktopPlatform {
   QtDisplay display;
   LinuxSystem system;
   ThreadBackground background;
+  AlsaSoundOutput sound{loop};
   Machine machine;
   SoundTools mmtools;
 
@@ -49,7 +51,8 @@ struct DesktopPlatform {
                    machine.writer,
                    machine.acd,
                    machine.cd,
-                   machine.mci};
+                   machine.mci,
+                   machine.sockets};
 };
 
 }  // namespace vantora

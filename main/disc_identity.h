@@ -1,24 +1,25 @@
-// The media identity of the disc that the embedded writer finished last: a number made of where its
-// tracks begin, as a CD player tells discs apart. A disc of one or two tracks counts its length
-// too.
+// What the media control interface tells, the embedded writer's last disc included: nobody carries
+// that from the writer to the drive, so it counts as the disc in the embedded drive for as long as
+// no other one is laid in.
 #pragma once
 
+#include "backends/cdio/disc_mci.h"
 #include "backends/discimage/image_writer.h"
-
-#include "platform/mci.h"
 
 namespace vantora {
 
-class DiscIdentity final : public Mci {
+class DiscIdentity final : public DiscMci {
  public:
-  DiscIdentity(Dateien& files, const ImageWriter& writer) : files_(files), writer_(writer) {}
+  DiscIdentity(Dateien& files, const ImageWriter& writer, const DiscDrives& drives,
+               DiscPlayer& player)
+      : DiscMci(drives, player), files_(files), writer_(writer), drives_(drives) {}
 
-  Text mciSendString(const Text& /*command*/) override { return {}; }
   Text MediaIdentity(const Text& drive) override;
 
  private:
   Dateien& files_;
   const ImageWriter& writer_;
+  const DiscDrives& drives_;
 };
 
 }  // namespace vantora

@@ -1,8 +1,39 @@
 #include "main/machine.h"
 
+#include "backends/linux/utf8.h"
+
+#include <algorithm>
+#include <cwchar>
 #include <string_view>
 
 namespace vantora {
+
+std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry) {
+  const Text branch = L"ENUM\\SCSI\\";
+  std::vector<DiscDrive> drives;
+  for (const DriveEntry& entry : table.Entries()) {
+    if (entry.Type != kDriveCdRom) continue;
+    DiscDrive drive;
+    drive.Letter = entry.Letter;
+    drive.Device = entry.Device;
+    if (entry.Device.empty()) drive.Tray = Text(1, entry.Letter) + L":\\";
+    for (const Text& kind : registry.SubKeys(branch)) {
+      const Text below = branch + kind;
+      for (const Text& instance : registry.SubKeys(below)) {
+        Text key = below;
+        key.append(L"\\").append(instance);
+        if (registry.Value(key, L"CurrentDriveLetterAssignment") != Text(1, entry.Letter)) continue;
+        drive.Product = UpperCase(registry.Value(key, L"ProductID"));
+        // As in the name of the key.
+        std::replace(drive.Product.begin(), drive.Product.end(), L'\\', L'_');
+        const Text target = registry.Value(key, L"SCSITargetID");
+        drive.Target = static_cast<int>(std::wcstol(target.c_str(), nullptr, 10));
+      }
+    }
+    drives.push_back(drive);
+  }
+  return drives;
+}
 
 std::filesystem::path ResourceFolder() {
   std::error_code none;

@@ -2,13 +2,16 @@
 // drives, settings, resources, codecs and the embedded disc writer over one user's places.
 #pragma once
 
+#include "backends/cdio/disc_drives.h"
+#include "backends/cdio/disc_player.h"
+#include "backends/cdio/disc_reader.h"
 #include "backends/discimage/image_writer.h"
-#include "backends/discimage/no_drive.h"
 #include "backends/linux/device_registry.h"
 #include "backends/linux/drive_table.h"
 #include "backends/linux/file_resources.h"
 #include "backends/linux/linux_drives.h"
 #include "backends/linux/linux_files.h"
+#include "backends/linux/linux_sockets.h"
 #include "backends/linux/profile_file.h"
 #include "backends/linux/settings_file.h"
 #include "backends/mpg123/mp3_decoder.h"
@@ -17,14 +20,20 @@
 #include "main/disc_identity.h"
 
 #include "platform/plattform.h"
+#include "platform/sound_output.h"
 
 #include <filesystem>
+#include <vector>
 
 namespace vantora {
 
+// The optical drives by their letters, then the embedded one, under the names by which the device
+// registry finds them.
+std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry);
+
 struct Machine {
   Machine(const LinuxPlaces& places, const std::filesystem::path& resourceFolder, EventLoop& loop,
-          Background& background)
+          Background& background, SoundOutput& sound)
       : drives(places),
         files(drives),
         letters(drives),
@@ -35,7 +44,10 @@ struct Machine {
         cutter(files),
         mp3(files, loop, background),
         writer(files, loop, background),
-        mci(files, writer) {}
+        discDrives(files, [this] { return DrivesForDiscs(drives, registry); }),
+        acd(files, loop, background, discDrives),
+        cd(loop, discDrives, sound),
+        mci(files, writer, discDrives, cd) {}
 
   DriveTable drives;
   LinuxFiles files;
@@ -44,11 +56,13 @@ struct Machine {
   ProfileFiles profiles;
   DeviceRegistry registry;
   FileResources resources;
+  LinuxSockets sockets;
   Cutter cutter;
   Mp3Decoder mp3;
   ImageWriter writer;
-  NoAcd acd;
-  NoCd cd;
+  DiscDrives discDrives;
+  DiscReader acd;
+  DiscPlayer cd;
   DiscIdentity mci;
 };
 

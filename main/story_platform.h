@@ -4,6 +4,7 @@
 #pragma once
 
 #include "backends/headless/headless_display.h"
+#include "backends/headless/headless_output.h"
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
 #include "main/machine.h"
@@ -15,7 +16,7 @@ struct StoryPlatform : World {
   explicit StoryPlatform(const std::filesystem::path& home,
                          const std::filesystem::path& resourceFolder = ResourceFolder())
       : World(resourceFolder),
-        machine(PlacesBelow(home), resourceFolder, World::loop, World::background),
+        machine(PlacesBelow(home), resourceFolder, World::loop, World::background, sound),
         mmtools(machine.files,
                 HeadlessPlayers(World::loop, World::clock, card,
                                 [this] { return std::make_unique<WaveFile>(machine.files); }),
@@ -26,6 +27,7 @@ struct StoryPlatform : World {
   HeadlessDisplay display;
   HeadlessSystem system;
   HeadlessSoundCard card;
+  HeadlessOutput sound{World::loop, World::clock, card};
   Machine machine;
   SoundTools mmtools;
 
@@ -33,7 +35,7 @@ struct StoryPlatform : World {
                    machine.files,    machine.letters,   machine.settings, machine.profiles,
                    machine.registry, machine.resources, mmtools,          machine.cutter,
                    machine.mp3,      machine.writer,    machine.acd,      machine.cd,
-                   machine.mci};
+                   machine.mci,      machine.sockets};
 };
 
 }  // namespace vantora

@@ -3,6 +3,7 @@
 
 #include "platform/text.h"
 
+#include <cstdint>
 #include <functional>
 
 namespace vantora {
@@ -14,7 +15,8 @@ enum MciMode : int {
   kMciPause = 529,
   kMciReady = 530
 };
-enum MciTimeFormat : int { kMciMilliseconds = 0, kMciTmsf = 10 };
+enum MciTimeFormat : int { kMciMilliseconds = 0, kMciMsf = 2, kMciTmsf = 10 };
+enum MciStatusItem : int { kMciLength = 1, kMciPosition = 2, kMciNumberOfTracks = 3 };
 
 class MMControl {
  public:
@@ -44,6 +46,15 @@ class Mci {
   // The media identity of the disc in a drive ("D:\") as the decimal text that the system gives;
   // blank when there is no disc.
   virtual Text MediaIdentity(const Text& drive) = 0;
+
+  // A drive as the device "cdaudio", for as long as it takes to ask. The number of the device from
+  // 1; -1 when there is no drive or no disc.
+  virtual int MCI_OPEN(const Text& drive) = 0;
+  virtual bool MCI_SET(int device, int timeFormat) = 0;  // one of MciTimeFormat
+  // `track` from 1; 0 asks for the whole disc. Times in the format MSF: minutes in byte 0, seconds
+  // in byte 1, frames in byte 2. -1 on failure.
+  virtual std::int32_t MCI_STATUS(int device, int item, int track) = 0;
+  virtual void MCI_CLOSE(int device) = 0;
 };
 
 }  // namespace vantora

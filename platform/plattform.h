@@ -17,6 +17,7 @@
 #include "platform/registry.h"
 #include "platform/resources.h"
 #include "platform/settings_store.h"
+#include "platform/sockets.h"
 #include "platform/system.h"
 #include "platform/system_box.h"
 #include "platform/ts_cut.h"
@@ -41,6 +42,7 @@ struct Plattform {
   Acd& acd;
   MMControl& cd;
   Mci& mci;
+  Sockets& sockets;
 };
 
 }  // namespace vantora

@@ -1,37 +1,31 @@
 #include "backends/alsa/alsa_player.h"
 
-#include "backends/alsa/alsa_output.h"
+#include "backends/alsa/alsa_stream.h"
 #include "backends/sound/wave_file.h"
 
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
-#include <atomic>
-#include <chrono>
 #include <cstdlib>
 #include <deque>
 #include <functional>
-#include <thread>
-#include <vector>
+#include <utility>
 
 namespace vantora {
 
 namespace {
 
 constexpr int kRate = 44100;
-constexpr std::int64_t kFrameBytes = 4;
-constexpr std::int64_t kBlockFrames = 2205;  // 50 ms: a level each
-constexpr int kPatienceMs = 20;
-constexpr auto kDrainLimit = std::chrono::seconds(2);
+constexpr std::size_t kFrameBytes = 4;
 
 struct Level {
   std::int64_t frame;  // at which it has been heard
   int left, right;
 };
 
-Level Peaks(const std::vector<std::int16_t>& sound, std::int64_t frames) {
+Level Peaks(const std::int16_t* sound, std::size_t frames) {
   Level level{0, 0, 0};
-  for (std::size_t i = 0; i < static_cast<std::size_t>(frames); ++i) {
+  for (std::size_t i = 0; i < frames; ++i) {
     level.left = std::max(level.left, std::abs(static_cast<int>(sound[2 * i])));
     level.right = std::max(level.right, std::abs(static_cast<int>(sound[2 * i + 1])));
   }
@@ -53,80 +47,45 @@ class AlsaPlayer::Voice {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
     }
     wave_.SetPosition(0);
-    output_ = std::make_unique<AlsaOutput>();
-    thread_ = std::thread([this] { Play(); });
+    stream_ = std::make_unique<AlsaStream>(AlsaStream::Calls{
+        [this](std::int16_t* target, std::size_t frames) { return Give(target, frames); },
+        [this](std::int64_t frame) { ShowLevels(frame); },
+        [this] {
+          wave_.Close();
+          tell_([](AlsaPlayer& player) { player.Ended(); });
+        }});
   }
-  ~Voice() { Stop(); }
-  Voice(const Voice&) = delete;
-  Voice& operator=(const Voice&) = delete;
 
   void Stop() {
-    stop_ = true;
-    if (thread_.joinable()) thread_.join();
+    stream_->Stop();
+    wave_.Close();
   }
-  std::int64_t Heard() const { return heard_; }
+  std::int64_t Heard() const { return stream_->Heard(); }
 
  private:
-  void Play() {
-    tell_([](AlsaPlayer& player) {
-      if (player.OnStart) player.OnStart();
-    });
+  std::size_t Give(std::int16_t* target, std::size_t frames) {
+    if (given_ == 0) {
+      tell_([](AlsaPlayer& player) {
+        if (player.OnStart) player.OnStart();
+      });
+    }
+    std::size_t read = 0;
     try {
-      std::vector<std::int16_t> sound(kBlockFrames * 2);
-      while (!stop_) {
-        const std::size_t bytes = wave_.Read(sound.data(), sound.size() * sizeof(std::int16_t));
-        const auto frames = static_cast<std::int64_t>(bytes) / kFrameBytes;
-        if (frames == 0) break;
-        levels_.push_back(Peaks(sound, frames));
-        levels_.back().frame = written_ + frames;
-        HandOver(sound, frames);
-      }
-      Drain();
+      read = wave_.Read(target, frames * kFrameBytes) / kFrameBytes;
     } catch (const Laufzeitfehler&) {
-      // The file or the card went away while playing: that is the end of the sound, as OnStop says.
+      // The file went away while playing: that is the end of the sound, as OnStop says.
     }
-    output_.reset();  // the card is free for others
-    wave_.Close();
-    if (stop_) return;  // who stops it tells it
-    tell_([](AlsaPlayer& player) { player.Ended(); });
-  }
-
-  void HandOver(const std::vector<std::int16_t>& sound, std::int64_t frames) {
-    for (std::int64_t given = 0; given < frames && !stop_;) {
-      const std::int64_t taken =
-          output_->Write(&sound[static_cast<std::size_t>(given) * 2], frames - given, kPatienceMs);
-      given += taken;
-      written_ += taken;
-      Listen();
+    given_ += static_cast<std::int64_t>(read);
+    if (read > 0) {
+      levels_.push_back(Peaks(target, read));  // a level for each block of the stream
+      levels_.back().frame = given_;
     }
+    return read;
   }
 
-  void Drain() {
-    using Clock = std::chrono::steady_clock;
-    if (!stop_) output_->Begin();
-    const auto limit = Clock::now() + kDrainLimit;
-    while (!stop_ && !output_->Empty() && Clock::now() < limit) Linger();
-    // The rest is heard after the delay that there is now; when nothing follows it stays as it is.
-    const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kRate);
-    const auto last = Clock::now() + std::min<std::chrono::milliseconds>(delay, kDrainLimit);
-    while (!stop_ && Clock::now() < last) Linger();
-    if (!stop_) Hear(written_);
-    output_->Drop();
-  }
-
-  void Linger() {
-    std::this_thread::sleep_for(std::chrono::milliseconds(kPatienceMs));
-    Listen();
-  }
-
-  void Listen() {
-    if (const auto ahead = output_->Ahead()) Hear(written_ - *ahead);
-  }
-
-  // Notes how far the sound has been heard, and shows the levels of what has been.
-  void Hear(std::int64_t frame) {
-    heard_ = std::max<std::int64_t>(heard_, frame);
-    while (!levels_.empty() && levels_.front().frame <= heard_) {
+  // The levels of what has been heard.
+  void ShowLevels(std::int64_t heard) {
+    while (!levels_.empty() && levels_.front().frame <= heard) {
       tell_([level = levels_.front()](AlsaPlayer& player) {
         if (player.OnLevel) player.OnLevel(level.left, level.right);
       });
@@ -136,12 +95,9 @@ class AlsaPlayer::Voice {
 
   WaveFile wave_;
   Tell tell_;
-  std::unique_ptr<AlsaOutput> output_;
   std::deque<Level> levels_;
-  std::int64_t written_ = 0;
-  std::atomic<std::int64_t> heard_{0};
-  std::atomic<bool> stop_{false};
-  std::thread thread_;
+  std::int64_t given_ = 0;
+  std::unique_ptr<AlsaStream> stream_;  // last: its thread uses all the others
 };
 
 AlsaPlayer::AlsaPlayer(Dateien& dateien, EventLoop& loop) : dateien_(dateien), loop_(loop) {}

@@ -67,7 +67,7 @@ press frmHauptForm.imgLiedImport
 after 40 shot frmSchreibFortschritt_mp3_@SIZE@.png
 choose "C:\Música\Mar abierto.mp3"
 key frmNeuerInterpret Return
-press frmHauptForm.imgCDKopieren
+press frmHauptForm.imgLPKopieren
 shot frmMBox_@SIZE@.png
 answer 7
 press frmHauptForm.Logo

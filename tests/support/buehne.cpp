@@ -51,7 +51,8 @@ bool ScriptedUser::Act(Form* front) {
   return true;
 }
 
-Buehne::Buehne() : platform(home.Path(), ResourceSources()), prog(platform.bundle) {
+Buehne::Buehne(const Umbau& umbau)
+    : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle) {
   platform.loop.TheUser = &user;
   SaveSetting(platform.bundle, L"Show_Start_Assistant", L"0");
 }

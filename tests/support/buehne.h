@@ -52,7 +52,10 @@ class ScriptedUser final : public User {
 
 class Buehne {
  public:
-  Buehne();
+  // A test that brings devices of its own puts them into the bundle before the program is made.
+  using Umbau = std::function<Plattform(HeadlessPlatform&)>;
+  Buehne() : Buehne([](HeadlessPlatform& p) { return p.bundle; }) {}
+  explicit Buehne(const Umbau& umbau);
   ~Buehne();
 
   // Starts the program up to its main loop, without wizard unless the settings say otherwise.
@@ -80,6 +83,7 @@ class Buehne {
   TemporaryHome home;
   HeadlessPlatform platform;
   ScriptedUser user;
+  Plattform bundle;
   Programm prog;
 };
 

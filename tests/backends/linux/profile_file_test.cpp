@@ -4,6 +4,7 @@
 
 #include "tests/backends/linux/home.h"
 
+#include <chrono>
 #include <map>
 #include <random>
 #include <sys/stat.h>
@@ -112,6 +113,43 @@ TEST(ProfileFiles, WhatAnotherProgramChangedIsSeen) {
   EXPECT_EQ(home.Read(L"a", L"k"), L"22");
   fs::remove(home.File);
   EXPECT_EQ(home.Read(L"a", L"k"), L"(none)");
+}
+
+TEST(ProfileFiles, AWriteThatIsCutOffLeavesTheFileAsItWas) {
+  Profiles home;
+  for (int i = 0; i < 50; ++i) home.Write(L"S" + std::to_wstring(i), L"k", Text(100, L'x'));
+  const std::string before = Get(home.File);
+  const std::size_t names = NamesIn(home.File.parent_path());
+  {
+    const FullDisk full(before.size() / 2);
+    home.Write(L"S7", L"k", L"new");
+    home.Profile.DeletePrivateProfileSection(L"S8", kFile);
+    EXPECT_EQ(home.Read(L"S7", L"k"), Text(100, L'x'));
+    EXPECT_EQ(home.Read(L"S8", L"k"), Text(100, L'x'));
+  }
+  EXPECT_EQ(Get(home.File), before);
+  EXPECT_EQ(NamesIn(home.File.parent_path()), names);
+  home.Write(L"S7", L"k", L"new");
+  EXPECT_EQ(home.Read(L"S7", L"k"), L"new");
+}
+
+// A window that searches the database asks for every value of it.
+TEST(ProfileFiles, ThousandsOfReadsDoNotReadTheFileThousandsOfTimes) {
+  Profiles home;
+  std::string ini;
+  for (int i = 0; i < 2000; ++i) {
+    ini += "[" + std::to_string(i) + "]\r\n";
+    for (int key = 0; key < 12; ++key) ini += std::to_string(key) + "=value\r\n";
+  }
+  Put(home.File, ini);
+  const auto start = std::chrono::steady_clock::now();
+  for (int i = 0; i < 2000; ++i) {
+    for (int key = 0; key < 12; ++key) {
+      ASSERT_EQ(home.Read(std::to_wstring(i), std::to_wstring(key)), L"value");
+    }
+  }
+  const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+  EXPECT_LT(time.count(), 5.0);  // minutes, if every read took the file anew
 }
 
 TEST(ProfileFiles, NothingIsReportedAndNothingIsLostWhenTheFileIsNone) {

@@ -1,0 +1,108 @@
+#include "backends/alsa/alsa_stream.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kRate = 44100;
+constexpr std::int64_t kBlockFrames = 2205;  // 50 ms
+constexpr int kPatienceMs = 20;
+constexpr auto kDrainLimit = std::chrono::seconds(2);
+
+}  // namespace
+
+AlsaStream::AlsaStream(Calls calls)
+    : calls_(std::move(calls)), output_(std::make_unique<AlsaOutput>()) {
+  thread_ = std::thread([this] { Play(); });
+}
+
+void AlsaStream::Stop() {
+  stop_ = true;
+  if (thread_.joinable()) thread_.join();
+}
+
+void AlsaStream::Play() {
+  try {
+    std::vector<std::int16_t> sound(kBlockFrames * 2);
+    for (auto frames = kBlockFrames; !stop_ && frames == kBlockFrames;) {
+      frames = static_cast<std::int64_t>(calls_.Source(sound.data(), kBlockFrames));
+      HandOver(sound, frames);
+    }
+    Drain();
+  } catch (const Laufzeitfehler&) {
+    // The card went away while playing: that is the end of the sound, as its owner will be told.
+  }
+  output_.reset();  // the card is free for others
+  if (!stop_) calls_.Ended();
+}
+
+void AlsaStream::HandOver(const std::vector<std::int16_t>& sound, std::int64_t frames) {
+  for (std::int64_t given = 0; given < frames && !stop_;) {
+    const std::int64_t taken =
+        output_->Write(&sound[static_cast<std::size_t>(given) * 2], frames - given, kPatienceMs);
+    given += taken;
+    written_ += taken;
+    Listen();
+  }
+}
+
+void AlsaStream::Drain() {
+  using Clock = std::chrono::steady_clock;
+  if (!stop_) output_->Begin();
+  const auto limit = Clock::now() + kDrainLimit;
+  while (!stop_ && !output_->Empty() && Clock::now() < limit) Linger();
+  // The rest is heard after the delay that there is now; when nothing follows it stays as it is.
+  const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kRate);
+  const auto last = Clock::now() + std::min<std::chrono::milliseconds>(delay, kDrainLimit);
+  while (!stop_ && Clock::now() < last) Linger();
+  if (!stop_) Hear(written_);
+  output_->Drop();
+}
+
+void AlsaStream::Linger() {
+  std::this_thread::sleep_for(std::chrono::milliseconds(kPatienceMs));
+  Listen();
+}
+
+void AlsaStream::Listen() {
+  if (const auto ahead = output_->Ahead()) Hear(written_ - *ahead);
+}
+
+void AlsaStream::Hear(std::int64_t frame) {
+  heard_ = std::max<std::int64_t>(heard_, frame);
+  if (calls_.Heard) calls_.Heard(heard_);
+}
+
+namespace {
+
+class Stream final : public SoundStream {
+ public:
+  Stream(EventLoop& loop, SoundOutput::Source source, std::function<void()> ended)
+      : token_(std::make_shared<std::function<void()>>(std::move(ended))),
+        stream_({std::move(source), {}, [&loop, watch = std::weak_ptr(token_)] {
+                   loop.Post([watch] {
+                     const auto call = watch.lock();
+                     if (call && *call) (*call)();
+                   });
+                 }}) {}
+
+  std::int64_t Heard() const override { return stream_.Heard(); }
+
+ private:
+  std::shared_ptr<std::function<void()>> token_;  // what is posted after the end is not told
+  AlsaStream stream_;
+};
+
+}  // namespace
+
+std::unique_ptr<SoundStream> AlsaSoundOutput::Play(Source source, std::function<void()> ended) {
+  return std::make_unique<Stream>(loop_, std::move(source), std::move(ended));
+}
+
+}  // namespace vantora

@@ -1,0 +1,57 @@
+// Sound from a source on the sound card "default", through libasound and a thread of its own.
+#pragma once
+
+#include "backends/alsa/alsa_output.h"
+
+#include "platform/event_loop.h"
+#include "platform/sound_output.h"
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <thread>
+#include <vector>
+
+namespace vantora {
+
+class AlsaStream final {
+ public:
+  struct Calls {  // all from the stream's thread
+    SoundOutput::Source Source;
+    std::function<void(std::int64_t frames)> Heard;  // so far, each time that it grows
+    std::function<void()> Ended;                     // at the end of the sound, not after Stop
+  };
+  explicit AlsaStream(Calls calls);  // raises 57 when the card refuses
+  ~AlsaStream() { Stop(); }
+  AlsaStream(const AlsaStream&) = delete;
+  AlsaStream& operator=(const AlsaStream&) = delete;
+
+  void Stop();  // silence; returns when the thread has ended
+  std::int64_t Heard() const { return heard_; }
+
+ private:
+  void Play();
+  void HandOver(const std::vector<std::int16_t>& sound, std::int64_t frames);
+  void Drain();
+  void Linger();
+  void Listen();
+  void Hear(std::int64_t frame);
+
+  Calls calls_;
+  std::unique_ptr<AlsaOutput> output_;
+  std::int64_t written_ = 0;
+  std::atomic<std::int64_t> heard_{0};
+  std::atomic<bool> stop_{false};
+  std::thread thread_;
+};
+
+class AlsaSoundOutput final : public SoundOutput {
+ public:
+  explicit AlsaSoundOutput(EventLoop& loop) : loop_(loop) {}
+  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended) override;
+
+ private:
+  EventLoop& loop_;
+};
+
+}  // namespace vantora

@@ -1,0 +1,124 @@
+#include "backends/cdio/disc_reader.h"
+
+#include "backends/cdio/track_read.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kRefused = 1;
+constexpr const wchar_t* kReadError = L"ASPI Error";
+
+constexpr std::size_t kProductPlaces = 16, kTargetEnd = 22, kLunEnd = 25;
+
+// Puts a number so that it ends before the place `end`, counted from 0.
+void PutNumber(Text& line, std::size_t end, int number) {
+  const Text digits = std::to_wstring(std::clamp(number, 0, 99));
+  std::copy(digits.begin(), digits.end(),
+            line.begin() + static_cast<std::ptrdiff_t>(end - digits.size()));
+}
+
+}  // namespace
+
+DiscReader::DiscReader(Dateien& files, EventLoop& loop, Background& background,
+                       const DiscDrives& drives)
+    : files_(files), loop_(loop), background_(background), drives_(drives) {}
+
+DiscReader::~DiscReader() {
+  Abandon();
+}
+
+Text DiscReader::DriveDescription(int device) {
+  const std::vector<DiscDrive> all = drives_.All();
+  if (device < 1 || device > static_cast<int>(all.size())) return {};
+  const DiscDrive& drive = all[static_cast<std::size_t>(device) - 1];
+  Text line = drive.Product.substr(0, kProductPlaces);
+  line.resize(kLunEnd, L' ');
+  PutNumber(line, kTargetEnd, drive.Target);
+  PutNumber(line, kLunEnd, drive.Lun);
+  return line;
+}
+
+void DiscReader::SelectDevice(int device) {
+  Abandon();
+  disc_.reset();
+  device_ = device;
+  selected_ = true;
+}
+
+void DiscReader::CloseDevice() {
+  Abandon();
+  disc_.reset();
+  selected_ = false;
+}
+
+Disc* DiscReader::Medium() {
+  // While a read runs its thread has the disc; the table of contents is what it was.
+  if (disc_ && !read_ && !disc_->StillThere()) disc_.reset();
+  if (!disc_ && selected_) {
+    const std::vector<DiscDrive> all = drives_.All();
+    if (device_ >= 1 && device_ <= static_cast<int>(all.size())) {
+      disc_ = drives_.Open(all[static_cast<std::size_t>(device_) - 1]);
+    }
+  }
+  return disc_.get();
+}
+
+int DiscReader::TrackLaengeSektoren(int track) {
+  const Disc* disc = Medium();
+  return disc != nullptr && disc->Toc().Has(track) ? disc->Toc().Track(track).Sectors : 0;
+}
+
+bool DiscReader::TrackIstAudio(int track) {
+  const Disc* disc = Medium();
+  return disc != nullptr && disc->Toc().Has(track) && disc->Toc().Track(track).Audio;
+}
+
+int DiscReader::ReadTrack(int track, const Text& file) {
+  Abandon();
+  if (!TrackIstAudio(track)) return kRefused;
+  const auto post = [this, watch = std::weak_ptr<int>(token_)](std::function<void()> work) {
+    loop_.Post([watch, work = std::move(work)] {
+      if (!watch.expired()) work();
+    });
+  };
+  read_ = std::make_shared<TrackRead>(
+      files_, disc_, track, file, Pace,
+      TrackRead::Calls{
+          [this, post](const TrackRead::Event& event) { post([this, event] { event(Events); }); },
+          [this, post](int code) { post([this, code] { Ended(code); }); }});
+  StartSlices();
+  return 0;
+}
+
+void DiscReader::StartSlices() {
+  failed_ = false;
+  job_ = background_.Start([read = read_] { return read->Slice(); });
+}
+
+void DiscReader::Ended(int code) {
+  job_.reset();
+  if (code == 0) {
+    read_.reset();
+    if (Events.ACD_ReadComplete) Events.ACD_ReadComplete();
+    return;
+  }
+  failed_ = true;
+  if (Events.ACD_Failure) Events.ACD_Failure(code, kReadError);
+}
+
+void DiscReader::RetryRead() {
+  if (failed_) StartSlices();
+}
+
+void DiscReader::Abandon() {
+  token_ = std::make_shared<int>(0);
+  failed_ = false;
+  job_.reset();
+  read_.reset();
+}
+
+}  // namespace vantora

@@ -1,0 +1,42 @@
+// A disc in an optical drive, read through libcdio; what is to come out exactly goes through its
+// paranoia reader.
+#pragma once
+
+#include "backends/cdio/disc.h"
+
+#include <cdio/cdio.h>
+#include <cdio/paranoia/cdda.h>
+#include <cdio/paranoia/paranoia.h>
+
+#include <memory>
+#include <string>
+
+namespace vantora {
+
+class DriveDisc final : public Disc {
+ public:
+  // Nothing when there is no disc with tracks in the drive, or no drive. The library takes a sheet
+  // for a drive as well, which stands in for one where there is none.
+  static std::unique_ptr<DriveDisc> Open(const std::string& device);
+
+  bool StillThere() override;
+  bool Read(int sector, int count, void* target) override;
+  bool ReadCarefully(int sector, int count, void* target) override;
+
+ private:
+  struct Destroy {
+    void operator()(CdIo_t* drive) const { cdio_destroy(drive); }
+    void operator()(cdrom_drive_t* drive) const { cdio_cddap_close_no_free_cdio(drive); }
+    void operator()(cdrom_paranoia_t* reader) const { cdio_paranoia_free(reader); }
+  };
+
+  bool ReadContents();
+  bool BeginCarefully();
+
+  std::unique_ptr<CdIo_t, Destroy> drive_;  // the others rest on it, and go first
+  std::unique_ptr<cdrom_drive_t, Destroy> audio_;
+  std::unique_ptr<cdrom_paranoia_t, Destroy> reader_;
+  int next_ = -1;  // sector that the careful reader gives next
+};
+
+}  // namespace vantora

@@ -1,0 +1,120 @@
+#include "backends/cdio/track_read.h"
+
+#include "backends/sound/wave_header.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <exception>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+using Time = std::chrono::steady_clock;
+
+constexpr auto kSliceTime = std::chrono::milliseconds(25);
+constexpr auto kTellEvery = std::chrono::milliseconds(50);
+constexpr int kThousandths = 1000;
+constexpr int kPacedMs = 50;
+
+struct SectorFailed {};
+
+}  // namespace
+
+TrackRead::TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, Text file, double pace,
+                     Calls calls)
+    : files_(files),
+      disc_(std::move(disc)),
+      start_(disc_->Toc().Track(track).Start),
+      sectors_(disc_->Toc().Track(track).Sectors),
+      name_(std::move(file)),
+      pace_(pace),
+      calls_(std::move(calls)),
+      buffer_(static_cast<std::size_t>(disc_->CarefulSectors()) * kCdSectorBytes) {}
+
+int TrackRead::Slice() noexcept {
+  int code = kFehlerEinAusgabe;
+  try {
+    if (!file_) Open();
+    if (Move()) return Delay();
+    Header();
+    file_.reset();
+    TellPosition(true);
+    calls_.Ended(0);
+    return -1;
+  } catch (const SectorFailed&) {
+  } catch (const Laufzeitfehler& fehler) {
+    code = fehler.Nummer;
+  } catch (const std::exception&) {
+  }
+  calls_.Ended(code);
+  return -1;
+}
+
+void TrackRead::Open() {
+  file_ = files_.Open(name_, Zugriff::Neu);
+  done_ = 0;
+  WriteWaveHeader(*file_, 0);
+}
+
+bool TrackRead::Move() {
+  const auto until = Time::now() + kSliceTime;
+  int budget = pace_ > 0
+                   ? std::max(static_cast<int>(pace_ * kCdSectorsPerSecond * kPacedMs / 1000), 1)
+                   : sectors_;
+  while (budget > 0 && Time::now() < until) {
+    if (done_ == sectors_) return false;
+    int count = std::min({disc_->CarefulSectors(), sectors_ - done_, budget});
+    if (!disc_->ReadCarefully(start_ + done_, count, buffer_.data())) {
+      // What comes before the sector that fails is still wanted.
+      if (count == 1 || !disc_->ReadCarefully(start_ + done_, 1, buffer_.data())) {
+        throw SectorFailed{};
+      }
+      count = 1;
+    }
+    // Where it belongs, even when a write before has gone wrong half way.
+    file_->Seek(kWaveHeaderBytes + std::int64_t{done_} * kCdSectorBytes);
+    file_->Write(buffer_.data(), static_cast<std::size_t>(count) * kCdSectorBytes);
+    done_ += count;
+    budget -= count;
+    if (pace_ > 0) nominalMs_ += count * 1000.0 / (kCdSectorsPerSecond * pace_);
+    TellPosition(false);
+  }
+  return true;
+}
+
+void TrackRead::TellPosition(bool always) {
+  const auto now = Time::now();
+  if (!always && now - told_ < kTellEvery) return;
+  told_ = now;
+  const auto position =
+      static_cast<int>(std::int64_t{done_} * kThousandths / std::max(sectors_, 1));
+  calls_.Tell([position](AcdEvents& events) {
+    if (events.ACD_ActPosition) events.ACD_ActPosition(position);
+  });
+}
+
+int TrackRead::Delay() {
+  const int ms = static_cast<int>(nominalMs_ - passedMs_);
+  passedMs_ += ms;
+  return ms;
+}
+
+void TrackRead::Header() {
+  WriteWaveHeader(*file_, std::int64_t{done_} * kCdSectorBytes);
+}
+
+void TrackRead::Close() noexcept {
+  if (!file_) return;
+  try {
+    file_->Truncate(kWaveHeaderBytes + std::int64_t{done_} * kCdSectorBytes);
+    Header();
+  } catch (const std::exception&) {
+    // The disk takes nothing more; whoever opens the file cuts its size to what it holds.
+  }
+  file_.reset();
+}
+
+}  // namespace vantora

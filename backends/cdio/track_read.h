@@ -1,0 +1,54 @@
+// One track on its way into a wave file, in slices of a thread. It belongs to the slices until one
+// has returned a negative number, then to the interface thread.
+#pragma once
+
+#include "backends/cdio/disc.h"
+
+#include "platform/acd.h"
+#include "platform/files.h"
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace vantora {
+
+class TrackRead {
+ public:
+  using Event = std::function<void(AcdEvents&)>;
+  struct Calls {
+    std::function<void(const Event&)> Tell;  // from the thread of the slices
+    std::function<void(int code)> Ended;     // 0: complete; else it stands where it failed
+  };
+  // `pace` times as fast as the disc is played; 0 for as fast as it goes.
+  TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, Text file, double pace,
+            Calls calls);
+  ~TrackRead() { Close(); }
+  TrackRead(const TrackRead&) = delete;
+  TrackRead& operator=(const TrackRead&) = delete;
+
+  // For a background; goes on where it failed when it is started again.
+  int Slice() noexcept;
+
+ private:
+  void Open();
+  bool Move();  // false: all has been moved
+  void TellPosition(bool always);
+  int Delay();
+  void Header();          // true to what the file holds
+  void Close() noexcept;  // header and file agree afterwards, as far as the disk allows
+
+  Dateien& files_;
+  std::shared_ptr<Disc> disc_;
+  int start_, sectors_;
+  Text name_;
+  double pace_;
+  Calls calls_;
+  std::unique_ptr<Datei> file_;
+  std::vector<char> buffer_;
+  int done_ = 0;  // sectors in the file
+  double nominalMs_ = 0, passedMs_ = 0;
+  std::chrono::steady_clock::time_point told_;
+};
+
+}  // namespace vantora

@@ -1,0 +1,23 @@
+// Sound through the loop's time: its source is asked for what is due, and nothing sounds.
+#pragma once
+
+#include "backends/headless/headless_player.h"
+
+#include "platform/sound_output.h"
+
+namespace vantora {
+
+class HeadlessOutput final : public SoundOutput {
+ public:
+  HeadlessOutput(EventLoop& loop, Clock& clock, HeadlessSoundCard& card)
+      : loop_(loop), clock_(clock), card_(card) {}
+
+  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended) override;
+
+ private:
+  EventLoop& loop_;
+  Clock& clock_;
+  HeadlessSoundCard& card_;
+};
+
+}  // namespace vantora

@@ -1,0 +1,60 @@
+// Sockets of the system, never waited for longer than a slice. Names are looked up in a thread of
+// their own, since the resolver cannot be told to come back.
+#pragma once
+
+#include "backends/linux/descriptor.h"
+
+#include "platform/sockets.h"
+
+#include <chrono>
+#include <map>
+#include <memory>
+
+namespace vantora {
+
+// How long a connection is borne, in milliseconds.
+struct SocketPatience {
+  int Slice = 20;       // for one call
+  int Silence = 20000;  // without a sign of the other side, also while connecting
+  int Whole = 120000;   // from its birth to its last byte
+};
+
+class LinuxSockets final : public Sockets {
+ public:
+  explicit LinuxSockets(SocketPatience patience = {}) : patience_(patience) {}
+
+  int WSAStartup(int version) override;
+  int WSAGetLastError() override { return lastError_; }
+  std::uint16_t Htons(std::uint16_t value) override;
+  std::uint32_t inet_addr(const std::string& host) override;
+  std::string inet_ntoa(std::uint32_t address) override;
+  int gethostbyname(const std::string& host, std::uint32_t& address) override;
+  int socket() override;
+  int setsockopt_LINGER(int number, bool on, int seconds) override;
+  int connect(int number, const SocketAdresse& address) override;
+  int send(int number, const std::string& bytes) override;
+  int recv(int number, char* bytes, int limit) override;
+  void closesocket(int number) override { connections_.erase(number); }
+
+ private:
+  using Moment = std::chrono::steady_clock::time_point;
+  struct Connection {
+    Descriptor Socket;
+    Moment Born, LastSign;
+    bool Connecting = false;
+  };
+  struct Lookup;  // shared with the thread that looks a name up, which may outlive the caller
+
+  Connection* Find(int number);
+  int Failed(int error);
+  bool TooLate(const Connection& connection) const;
+  bool Ready(const Connection& connection, short events) const;  // within the slice
+  int NotYet(const Connection& connection);
+
+  SocketPatience patience_;
+  int lastError_ = 0;
+  std::map<int, Connection> connections_;
+  std::shared_ptr<Lookup> lookup_;  // of the name asked for last, while it is not answered
+};
+
+}  // namespace vantora

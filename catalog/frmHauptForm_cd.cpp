@@ -1,0 +1,225 @@
+// The buttons that begin with a disc or a record: copying a whole audio CD, saving its tracks, and
+// the place of the recorder.
+
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "app/zahlen.h"
+#include "catalog/frmHauptForm.h"
+#include "cdinput/frmCDPlayer.h"
+#include "cdinput/frmKomponenten.h"
+#include "cdinput/grab_lauf.h"
+#include "cdwriting/frmCDBrennen.h"
+#include "cdwriting/frmSchreibFortschritt.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kZeilenEnde = L"\r\n";
+constexpr int kEinlegeMs = 1500;  // in which the drive notices its disc
+constexpr int kAnlaufMs = 500;
+constexpr int kBrauchbar = 500;  // from this mode on the device can be used
+constexpr double kMB = 1048576;
+
+}  // namespace
+
+// Sets the device that reads: the one behind the drive of the settings. Its root.
+Text frmHauptForm::QuellLaufwerk() {
+  vantora::frmKomponenten& k = prog.frmKomponenten();
+  k.ACD_INIT();
+  k.AktCDDevice = GetZahl16(prog.plattform, L"AudioCDROMDevice", L"1");
+  k.AktCDDrive = Trim(GetSetting(prog.plattform, L"AudioCDROMDrive", L""));
+  const int anzahl = k.ACD.DriveCount();
+  for (int i = 1; i <= anzahl; ++i) {
+    const Text name = k.ACD.DriveDescription(i) + Text(32, L' ');
+    const Text buchstabe =
+        k.SCSILaufwerkSuchen(name.substr(0, 16), name.substr(20, 2), name.substr(23, 2));
+    if (Ucase(Links(buchstabe, 1)) + L":\\" != Ucase(k.AktCDDrive)) continue;
+    k.AktCDDevice = Ganz16(i);
+    break;
+  }
+  return k.AktCDDrive;
+}
+
+// Asks for the disc until one with tracks lies in the drive; false when the user gave up.
+bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
+  EventLoop& schleife = prog.plattform.schleife;
+  vantora::frmKomponenten& k = prog.frmKomponenten();
+  const Text ort = L"CDKopieren:";
+  const auto frage = [&](const Text& text) {
+    schleife.MousePointer(Pointer::Normal);
+    return prog.MsgBoxen(text, kJaNein) == kJa;
+  };
+  for (;;) {
+    if (!frage(LoadResString(8019) + laufwerk + LoadResString(8020) + kZeilenEnde +
+               LoadResString(8021))) {
+      return false;
+    }
+    schleife.MousePointer(Pointer::Hourglass);
+    prog.Pausieren(kEinlegeMs);
+    k.CD_Open(laufwerk);
+    prog.Pausieren(kAnlaufMs);
+    if (k.CDModus < kBrauchbar) {
+      prog.AppLog(ort, L"Can't open Device. Result:" + ZahlText(k.CDModus));
+      if (!frage(LoadResString(8022) + laufwerk + LoadResString(8023) + kZeilenEnde +
+                 LoadResString(8024) + kZeilenEnde + LoadResString(8025))) {
+        return false;
+      }
+    } else if (k.CDModus == kMciReady && !k.CD_Check()) {
+      prog.AppLog(ort, L"No CD in CDROM. Result CDMode:" + ZahlText(k.CDModus));
+      k.CD_Close();
+      if (!frage(LoadResString(8026) + kZeilenEnde + LoadResString(8025))) return false;
+    } else if (!k.CD_Check()) {
+      if (frage(LoadResString(8026) + kZeilenEnde + LoadResString(8027))) return false;
+    } else {
+      return true;
+    }
+  }
+}
+
+// All tracks of the disc become targets in the temporary folder; false when they do not fit there.
+bool frmHauptForm::KopieVorbereiten() {
+  const Text ort = L"imgCDKopieren";
+  vantora::frmKomponenten& k = prog.frmKomponenten();
+  const Text ordner = AddBackslash(prog.Temporary_Directory.Getrimmt());
+  k.CD_SetFormatMS();
+  const int anzahl = k.GetNumTracks();
+  prog.GrabTracks.clear();
+  prog.GrabTrackMB.clear();
+  prog.GrabDateien.clear();
+  prog.GrabNamen.clear();
+  prog.GrabInterpret.clear();
+  std::int32_t groesse = 0;
+  for (int i = 1; i <= anzahl; ++i) {
+    prog.GrabTracks.push_back(Ganz16(i));
+    prog.GrabTrackMB.push_back(MBVonMs(k.GetTrackLength(i)));
+    prog.GrabDateien.push_back(LoadResString(8600) + Format(i, L"00") + L".wav");
+    groesse += prog.GrabTrackMB.back();
+  }
+  prog.AppLog(ort, L"CD Size MB:" + ZahlText(groesse));
+  const std::int64_t frei = Abgeschnitten(prog.FreierPlatz(Links(ordner, 2)) / kMB);
+  prog.AppLog(ort, L"Bytes free on temp drive Size MB:" + ordner + L": " + ZahlText(frei));
+  prog.AppLog(ort, L"Check IF enough place.");
+  if (groesse > frei) {
+    prog.plattform.schleife.MousePointer(Pointer::Normal);
+    prog.MsgBoxen(LoadResString(8028) + kZeilenEnde + LoadResString(8029), kOk);
+    return false;
+  }
+  for (Text& datei : prog.GrabDateien) datei.insert(0, ordner);
+  return true;
+}
+
+// Reads the disc into the catalog, without a question; false when not all of it came.
+bool frmHauptForm::KopieLesen() {
+  const std::shared_ptr<vantora::frmSchreibFortschritt> fortschritt =
+      prog.frmSchreibFortschritt.Laden();
+  prog.Zeigen(*fortschritt);
+  const bool vorher = prog.GrabOhneNachfrage;
+  prog.GrabOhneNachfrage = true;
+  int ergebnis = 1;
+  try {
+    ergebnis = SaveWave(prog);
+  } catch (...) {
+    prog.GrabOhneNachfrage = vorher;
+    throw;
+  }
+  prog.GrabOhneNachfrage = vorher;
+  return ergebnis == 0;
+}
+
+// The copy goes on as an ordinary burn of the catalog that was read.
+void frmHauptForm::KopieBrennen() {
+  lvwKatalog.ListItems.Clear();
+  KatalogShow();
+  prog.CDKopieAktiv = true;
+  const bool dao = prog.frmCDBrennen().optDiscAtOnce.Enabled &&
+                   prog.MsgBoxen(LoadResString(8086), kJaNein) == kJa;
+  if (dao) {
+    for (KatalogEintrag& e : prog.Katalog) e.Pause = 0;
+    KatalogShow();
+    prog.frmCDBrennen().optDiscAtOnce.SetValue(true);
+  }
+  imgBrennen_MouseUp();
+  // Opening the window has chosen the method by the catalog; the user has chosen before.
+  const bool offen = prog.frmCDBrennen.Geladen() && prog.frmCDBrennen().Visible();
+  if (dao && offen) prog.frmCDBrennen().optDiscAtOnce.SetValue(true);
+}
+
+void frmHauptForm::CDKopieren() {
+  Weiter([&] { prog.AppLog(L"imgCDKopieren_MouseUp", L"CD-Kopieren"); });
+  std::vector<Text> alte;  // of an earlier copy that was not burnt
+  Weiter(
+      [&] { alte = prog.plattform.dateien.List(prog.Temporary_Directory.Getrimmt(), L"*.wav"); });
+  if (!alte.empty() && prog.MsgBoxen(LoadResString(8084), kJaNein) != kJa) return;
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  prog.GrabTrackSektoren = 0;
+  prog.CDPlayerSchliessen();
+  if (!prog.BrennerBereit) {
+    prog.AppLog(L"CDKopieren:", L"No burner available!");
+    prog.MsgBoxen(LoadResString(8013) + LoadResString(8014) + kZeilenEnde + LoadResString(8015),
+                  kStopp);
+    return;
+  }
+  KatalogGeaendertFragen();
+  KatalogInitialisieren();
+  AktuellerTitel = 0;
+  vantora::frmKomponenten& k = prog.frmKomponenten();
+  const Text laufwerk = QuellLaufwerk();
+  k.CD_Close();
+  if (!QuellDiscOeffnen(laufwerk)) {
+    k.CD_Close();
+    return;
+  }
+  const bool passt = KopieVorbereiten();
+  k.CD_Close();
+  if (!passt) return;
+  if (KopieLesen()) {
+    KopieBrennen();
+    return;
+  }
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+  Window.Enabled = true;
+  k.CD_Close();
+  prog.MsgBoxen(
+      LoadResString(8030) + laufwerk + LoadResString(8031) + kZeilenEnde + LoadResString(8032),
+      kOk);
+  KatalogInitialisieren();  // what was read of it is no copy
+}
+
+// A failure of any statement ends the copy, and the main window can be used again.
+void frmHauptForm::imgCDKopieren_MouseUp() {
+  try {
+    CDKopieren();
+  } catch (const Laufzeitfehler& fehler) {
+    prog.AppLog(L"CDKopieren:", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
+    prog.frmSchreibFortschritt.Entladen();
+    Window.Enabled = true;
+  }
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+}
+
+void frmHauptForm::imgCDAuslesen_MouseUp() {
+  EventLoop& schleife = prog.plattform.schleife;
+  prog.AppLog(L"imgCDAuslesen_MouseUp", L"CD-Auslesen");
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  Window.Enabled = false;
+  schleife.MousePointer(Pointer::Hourglass);
+  ZeigeLaengeNachOeffnen();
+  const std::shared_ptr<vantora::frmCDPlayer> player = prog.frmCDPlayer.Laden();
+  prog.Zeigen(*player);
+  schleife.DoEvents();
+  player->Init_CDPlayer();
+  schleife.MousePointer(Pointer::Normal);
+}
+
+void frmHauptForm::imgLPKopieren_MouseUp() {
+  prog.AppLog(L"imgLPKopieren_MouseUp", L"LP-Kopieren");
+  if (!Soundkarte) return;
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  prog.MsgBoxen(LoadResString(8058), kHinweis);  // the recorder is not there yet
+}
+
+}  // namespace vantora

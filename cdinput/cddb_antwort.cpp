@@ -1,0 +1,94 @@
+// What a CDDB server tells about a disc: lines of a name and a text, each ended by CR LF.
+#include "app/dienste.h"
+#include "app/feld.h"
+#include "app/zahlen.h"
+#include "app/zeichen.h"
+#include "cdinput/clsCCd.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kZeilenEnde = L"\r\n";
+constexpr const wchar_t* kTrenner = L" / ";  // between performer and title
+
+Text OhneSteuerzeichen(Text text) {
+  std::replace_if(
+      text.begin(), text.end(), [](wchar_t z) { return z < L' ' || z == 0x7F; }, L' ');
+  return text;
+}
+
+Text HinterGleich(const Text& zeile) {
+  const auto gleich = zeile.find(L'=');
+  return gleich == Text::npos ? Text() : zeile.substr(gleich + 1);
+}
+
+// The text that a line like "TTITLE4=..." adds to, by the number behind its name. The numbers of
+// the protocol begin at 0; one that is no number counts as 0, as everywhere.
+Text& VonTrack(CDDBTexte& texte, const Text& zeile, std::size_t name) {
+  const auto gleich = std::min(zeile.find(L'='), zeile.size());
+  const double track = Runden(Val(zeile.substr(name, gleich - name))) + 1;
+  return Element(texte, track >= 1 && track <= kCDDBMaxTracks ? Ganz64(track) : -1);
+}
+
+}  // namespace
+
+// False when it was cancelled.
+bool clsCCd::AntwortLesen(const Text& antwort, const std::uint8_t& Status) {
+  mTrackTitel = mTrackExt = mTrackInterpret = {};
+  mExtD.clear();
+  std::size_t anfang = 0;
+  const auto naechsteZeile = [&] {
+    const auto ende = std::min(antwort.find(kZeilenEnde, anfang), antwort.size());
+    Text zeile = OhneSteuerzeichen(antwort.substr(anfang, ende - anfang));
+    anfang = std::min(ende + 2, antwort.size());
+    return zeile;
+  };
+  // "210 rock 0b012a02 ...": its code is not looked at.
+  const Text erste = naechsteZeile();
+  mKategorie = erste.size() > 4 ? erste.substr(4, erste.find(L' ', 4) - 4) : Text();
+  while (anfang < antwort.size()) {
+    plattform_.schleife.DoEvents();
+    if (Status == kCDDBAbbruch) return false;
+    ZeileLesen(naechsteZeile());
+  }
+  mExtD = TextErsetzen(mExtD, L"\\n", kZeilenEnde);
+  for (Text& text : mTrackExt) text = TextErsetzen(text, L"\\n", kZeilenEnde);
+  return true;
+}
+
+void clsCCd::ZeileLesen(const Text& zeile) {
+  const Text wert = HinterGleich(zeile);
+  const auto trenner = wert.find(kTrenner);
+  if (zeile.starts_with(L"DTITLE=")) {
+    if (trenner == Text::npos) {
+      throw Laufzeitfehler(kFehlerUngueltigerAufruf, L"Título de CD sin intérprete");
+    }
+    mInterpret = wert.substr(0, trenner);
+    mTitel = wert.substr(trenner + 3);
+  } else if (zeile.starts_with(L"TTITLE")) {
+    Text& titel = VonTrack(mTrackTitel, zeile, 6);
+    if (trenner == Text::npos) {
+      titel += wert;
+    } else {
+      VonTrack(mTrackInterpret, zeile, 6) = wert.substr(0, trenner + 1);
+      titel = wert.substr(trenner + 3);
+    }
+  } else if (zeile.starts_with(L"EXTT")) {
+    VonTrack(mTrackExt, zeile, 4) += wert;
+  } else if (zeile.starts_with(L"EXTD")) {
+    mExtD += wert;
+  }
+}
+
+void AkuteErsetzen(CDDBInfo& info) {
+  const auto ersetzen = [](Text& text) { ZeichenErsetzen(text, L'´', L'\''); };
+  for (Text* text : {&info.Interpret, &info.Titel, &info.ExtD}) ersetzen(*text);
+  for (CDDBTexte* texte : {&info.TrackTitel, &info.TrackExt, &info.TrackInterpret}) {
+    std::for_each(texte->begin(), texte->end(), ersetzen);
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,150 @@
+// Saving the selected tracks: under which names, whether there is room, and what may be replaced.
+
+#include "app/programm.h"
+#include "app/zahlen.h"
+#include "cdinput/frmCDPlayer.h"
+#include "cdinput/frmKomponenten.h"
+#include "cdinput/grab_lauf.h"
+#include "dialogs/frmLoadSave.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kModusGrab = 1;
+constexpr double kMB = 1048576;
+constexpr std::size_t kLaengsterPfad = 100;  // that the catalog can hold
+constexpr const wchar_t* kEndung = L".wav";
+constexpr const wchar_t* kZeilenEnde = L"\r\n";
+
+// A title as the name of a file: what no name may hold becomes "_".
+Text AlsDateiName(Text name) {
+  for (wchar_t& zeichen : name) {
+    const bool verboten = zeichen < L' ' || Text(L"\"*\\/:?<>|").find(zeichen) != Text::npos;
+    if (verboten || !Hat1252(zeichen)) zeichen = L'_';
+  }
+  if (!name.empty() && name.front() == L'.') name.front() = L'_';
+  return Trim(name);
+}
+
+}  // namespace
+
+std::vector<int> frmCDPlayer::Auswahl() const {
+  std::vector<int> tracks;
+  for (int i = 0; i < lstTracks.ListCount(); ++i) {
+    if (lstTracks.Selected(i)) tracks.push_back(i + 1);
+  }
+  return tracks;
+}
+
+bool frmCDPlayer::HatNamen(int track) const {
+  return TrackName[static_cast<std::size_t>(track)] != StandardName(track);
+}
+
+Text frmCDPlayer::ZielName(int track) const {
+  if (!HatNamen(track)) return StandardName(track) + kEndung;
+  const std::size_t ordner = AddBackslash(prog.Wave_Export_Dir).size() + Text(kEndung).size();
+  const std::size_t platz = ordner < kLaengsterPfad ? kLaengsterPfad - ordner : 1;
+  return Trim(Links(AlsDateiName(TrackName[static_cast<std::size_t>(track)]), platz)) + kEndung;
+}
+
+void frmCDPlayer::imgSpeichern_MouseUp() {
+  KnopfBild(imgSpeichern);
+  NameFertig();
+  if (!Komponenten().CD_Check() || lstTracks.SelCount() == 0) return;
+  prog.FortschrittModus = kModusGrab;
+  tmrCDAudio.Enabled = false;
+  if (ZieleBestimmen()) Grabben();
+  tmrCDAudio.Enabled = true;
+}
+
+void frmCDPlayer::Grabben() {
+  vantora::frmKomponenten& k = Komponenten();
+  Spielt = Pausiert = false;
+  k.CD_Close();
+  SaveWave(prog);
+  k.CD_Open(Laufwerk());
+  txtPosition.Caption = L"(00:00)";
+}
+
+// False when there is no room or the user has changed his mind.
+bool frmCDPlayer::ZieleBestimmen() {
+  AuswahlZaehlen();
+  prog.GrabTracks.clear();
+  prog.GrabDateien.clear();
+  prog.GrabNamen.clear();
+  prog.GrabInterpret = CDDaten.Interpret;
+  for (const int track : Auswahl()) {
+    Text name = ZielName(track);
+    // Two tracks of one name would be one file.
+    if (std::find(prog.GrabDateien.begin(), prog.GrabDateien.end(), name) !=
+        prog.GrabDateien.end()) {
+      name = StandardName(track) + kEndung;
+    }
+    prog.GrabTracks.push_back(Ganz16(track));
+    prog.GrabDateien.push_back(name);
+    prog.GrabNamen.push_back(HatNamen(track) ? TrackName[static_cast<std::size_t>(track)] : Text());
+  }
+  if (prog.FreierPlatz(Links(prog.Wave_Export_Dir, 3)) <= GesamtMB * kMB) {
+    prog.MsgBoxen(LoadResString(5002), kOk);
+    return false;
+  }
+  return prog.GrabTracks.size() == 1 ? EinZiel() : MehrereZiele();
+}
+
+// The file gets "_" for the blanks of its name in the end, so one of that name counts as well.
+bool frmCDPlayer::ErsetzenFragen(const Text& pfad) {
+  if (!prog.DateiExistiert(pfad) && !prog.DateiExistiert(OhneLeerzeichen(pfad))) return true;
+  return prog.MsgBoxen(
+             LoadResString(5003) + DateiNameOhnePfad(pfad) + kZeilenEnde + LoadResString(5004),
+             kJaNein) == kJa;
+}
+
+bool frmCDPlayer::MehrereZiele() {
+  const Text ordner = AddBackslash(prog.Wave_Export_Dir);
+  for (Text& datei : prog.GrabDateien) datei.insert(0, ordner);
+  return std::all_of(prog.GrabDateien.begin(), prog.GrabDateien.end(),
+                     [this](const Text& datei) { return ErsetzenFragen(datei); });
+}
+
+// Runs the file dialog; false when it was cancelled.
+bool frmCDPlayer::DateiFragen(const Text& vorschlag) {
+  prog.DialogModus = kModusSichern;
+  prog.DialogMuster = Text(L"*") + kEndung;
+  prog.DialogName = vorschlag;
+  prog.DialogPfad = prog.UNCAufLaufwerk(prog.Wave_Export_Dir);
+  prog.GewaehlteDatei.clear();
+  prog.DialogAbbruch = false;
+  prog.MehrfachAuswahl = false;
+  prog.ZeigeModal(prog.frmLoadSave.Laden());
+  prog.plattform.schleife.DoEvents();
+  const bool abbruch = prog.DialogAbbruch;
+  prog.DialogAbbruch = false;
+  return !abbruch;
+}
+
+bool frmCDPlayer::EinZiel() {
+  const Text vorschlag = prog.GrabDateien.front();
+  for (;;) {
+    if (!DateiFragen(vorschlag)) return false;
+    Text datei = prog.GewaehlteDatei;
+    Text name = DateiNameOhnePfad(datei);
+    if (!name.empty() && name.find(L'.') == Text::npos) {
+      datei += kEndung;
+      name += kEndung;
+    }
+    if (!DateiNameGueltig(name)) {
+      prog.MsgBoxen(LoadResString(5229) + LoadResString(5230), kOk);
+    } else if (datei.size() > kLaengsterPfad) {
+      prog.MsgBoxen(LoadResString(8085), kHinweis);
+    } else if (ErsetzenFragen(datei)) {
+      prog.GrabDateien.front() = datei;
+      prog.Wave_Export_Dir = Links(datei, datei.size() - name.size());
+      return true;
+    }
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,154 @@
+// The names of the tracks: asked from a CDDB server, or typed over a line of the list.
+
+#include "app/programm.h"
+#include "app/zahlen.h"
+#include "cdinput/clsCCd.h"
+#include "cdinput/frmCDPlayer.h"
+#include "cdinput/frmKomponenten.h"
+#include "cdwriting/frmSchreibFortschritt.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kModusGrab = 1;
+constexpr int kAnlaufMs = 500;
+constexpr int kZeilenHoehe = 240;  // twips of a line of the list
+constexpr wchar_t kApostroph = L'\'', kAkut = L'´';
+
+// What the user is told of a look-up that failed; 0 for nothing.
+int Meldung(std::uint8_t status) {
+  switch (status) {
+    case kCDDBMehrere:
+    case kCDDBNichtGefunden:
+      return 5012;
+    case kCDDBKeinProxy:
+      return 5013;
+    case kCDDBKeinServer:
+      return 5014;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace
+
+void frmCDPlayer::TitelHolen() {
+  vantora::frmKomponenten& k = Komponenten();
+  k.CD_Close();
+  clsCCd ccd(prog.plattform);
+  ccd.Init(Laufwerk());
+  prog.FortschrittModus = kModusGrab;
+  prog.GrabAbbruch = false;
+  cddbStatus_ = kCDDBAbfrageVerbinden;
+  const std::shared_ptr<vantora::frmSchreibFortschritt> f = prog.frmSchreibFortschritt.Laden();
+  f->init_frmSchreibFortschritt();
+  f->lblSonstiges.Caption = LoadResString(5017);
+  f->lblInsgKopie.Caption = LoadResString(5018);
+  f->lblAktKopie.Visible = false;
+  f->shpAktRahmen.Visible = false;
+  f->shpAktKopie.Visible = false;
+  prog.Zeigen(*f);
+  tmrCDDB.Enabled = true;
+  std::int16_t ergebnis = 1;
+  try {
+    prog.Pausieren(kAnlaufMs);
+    ccd.CDDBAbfrage(CDDBAnfrageAusEinstellungen(prog), cddbStatus_, ergebnis);
+    while (ergebnis == 0 && cddbStatus_ != kCDDBFertig) prog.plattform.schleife.DoEvents();
+  } catch (const Laufzeitfehler& fehler) {
+    // The answer breaks the rules of the protocol, so it tells nothing about the disc.
+    prog.AppLog(L"CDDB", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
+    ergebnis = 1;
+    cddbStatus_ = kCDDBNichtGefunden;
+  }
+  tmrCDDB.Enabled = false;
+  const int meldung = ergebnis == 0 ? 0 : Meldung(cddbStatus_);
+  if (meldung != 0) prog.MsgBoxen(LoadResString(meldung), kOk);
+  prog.frmSchreibFortschritt.Entladen();
+  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+  prog.GrabAbbruch = false;
+  if (ergebnis == 0) {
+    CDDBInfo info = ccd.CDDBGetInfo();
+    AkuteErsetzen(info);
+    CDPlayerIniSchreiben(prog, k.AktCDDrive, info);
+    TitelUebernehmen(info);
+  }
+  k.CD_Open(Laufwerk());
+}
+
+void frmCDPlayer::TitelUebernehmen(const CDDBInfo& info) {
+  CDDaten.Interpret = Trim(info.Interpret);
+  const Text titel = Trim(info.Titel);
+  txtCDInfo.Caption = CDDaten.Interpret.empty() ? titel : CDDaten.Interpret + L": " + titel;
+  for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
+    const Text name = Trim(info.TrackTitel[i]);
+    const Text interpret = Trim(info.TrackInterpret[i]);
+    if (name.empty()) continue;
+    TrackName[i] = name;
+    if (!interpret.empty()) TrackName[i] += L": " + interpret;
+  }
+}
+
+// The cancel button of the progress window reaches the client through its status.
+void frmCDPlayer::tmrCDDB_Timer() {
+  if (prog.GrabAbbruch) {
+    cddbStatus_ = kCDDBAbbruch;
+    return;
+  }
+  const std::optional<CDDBFortschritt> stand = CDDBFortschrittZu(cddbStatus_);
+  if (!stand || !prog.frmSchreibFortschritt.Geladen()) return;
+  prog.frmSchreibFortschritt().lblSonstiges.Caption = LoadResString(stand->TextNummer);
+  prog.frmSchreibFortschritt().shpInsgKopie.Width = stand->Breite;
+}
+
+// Files the disc with the names that are shown.
+void frmCDPlayer::imgDBAufnahme_MouseUp() {
+  if (!DiscDa()) return;
+  CDDBInfo info;
+  info.Interpret = CDDaten.Interpret;
+  for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
+    info.TrackTitel[i] = TrackName[i];
+  }
+  CDPlayerIniSchreiben(prog, Komponenten().AktCDDrive, info);
+}
+
+// ---- typing ----
+
+void frmCDPlayer::lstTracks_DblClick() {
+  const int track = Gewaehlt();
+  if (track == 0) return;
+  namenZeile_ = track - 1;
+  const int unterste = lstTracks.Top + lstTracks.Height - txtSongname.Height;
+  txtSongname.Top = std::min(lstTracks.Top + namenZeile_ * kZeilenHoehe, unterste);
+  txtSongname.Text = TrackName[static_cast<std::size_t>(track)];
+  txtCDInfo.Visible = false;
+  lblSongname.Visible = true;
+  txtSongname.Visible = true;
+  prog.plattform.schleife.SetFocus(txtSongname);
+}
+
+bool frmCDPlayer::txtSongname_KeyPress(int taste) {
+  if (taste != kKeyReturn) return true;
+  const int track = namenZeile_ + 1;
+  if (track > 0 && track <= CDDaten.TrackAnzahl) {
+    Text name = Trim(txtSongname.Text);
+    ZeichenErsetzen(name, kApostroph, kAkut);
+    TrackName[static_cast<std::size_t>(track)] = name.empty() ? StandardName(track) : name;
+    ZeilenSchreiben();
+    lstTracks.ListIndex = std::min(track, lstTracks.ListCount() - 1);
+  }
+  NameFertig();
+  prog.plattform.schleife.SetFocus(lstTracks);
+  return false;
+}
+
+void frmCDPlayer::NameFertig() {
+  namenZeile_ = -1;
+  txtSongname.Visible = false;
+  lblSongname.Visible = false;
+  txtCDInfo.Visible = true;
+}
+
+}  // namespace vantora

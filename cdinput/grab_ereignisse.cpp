@@ -1,0 +1,79 @@
+// What the reader reports while a track is read, and what of it the progress window shows. The work
+// of frmKomponenten, which receives all events of the devices.
+
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "app/zahlen.h"
+#include "cdinput/frmKomponenten.h"
+#include "cdwriting/fortschritt.h"
+#include "cdwriting/frmSchreibFortschritt.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr double kGanzeStrecke = 1000;  // position at the end of a track
+constexpr int kVersuche = 10;
+constexpr const wchar_t* kLesefehler = L"ASPI Error";
+
+struct Strecke {
+  Label &Prozent, &Zeit, &Rest, &Tempo;
+};
+
+// Percent, times and speed of a way of which `anteil` and `ms` of audio are done. At the start
+// there is no speed and no remaining time.
+void StreckeZeigen(const Strecke& s, double anteil, double ms, double sekunden) {
+  s.Prozent.Caption = ZahlText(Abgeschnitten(anteil * 100)) + L"%";
+  s.Zeit.Caption = DauerText(sekunden * 1000);
+  if (anteil <= 0) return;
+  s.Rest.Caption = DauerText((sekunden / anteil - sekunden) * 1000);
+  Weiter([&] { s.Tempo.Caption = TempoText(Quotient(ms, sekunden * 1000)); });
+}
+
+}  // namespace
+
+void frmKomponenten::ACD_ReadComplete() {
+  prog.GrabFertig = true;
+  prog.GrabLaeuft = false;
+}
+
+void frmKomponenten::ACD_ActPosition(int position) {
+  if (CDGeschlossen || !prog.GrabLaeuft || !prog.frmSchreibFortschritt.Geladen()) return;
+  vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
+  const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
+  const double jetzt = prog.plattform.uhr.Timer();
+  if (AktTrack != AngezeigterTrack) {
+    AngezeigterTrack = AktTrack;
+    prog.TrackStartZeit = static_cast<float>(jetzt);
+  }
+  const double imTrack = position / kGanzeStrecke;
+  double insgesamt = 0;
+  Weiter([&] {
+    insgesamt =
+        Quotient(prog.GrabAktuell + imTrack * prog.GrabTrackSektoren, prog.GrabGesamtSektoren);
+  });
+  BalkenVerlaengern(f.shpAktKopie, imTrack, twips);
+  BalkenVerlaengern(f.shpInsgKopie, insgesamt, twips);
+  const double trackMs = imTrack * prog.GrabTrackMs;
+  StreckeZeigen({f.lblAktKopiePro, f.lblAktKopieZeit, f.LblAktKopieRestzeit, f.lblAktKopieSpeed},
+                imTrack, trackMs, Verstrichen(prog.TrackStartZeit, jetzt));
+  StreckeZeigen(
+      {f.lblInsgKopiePro, f.lblInsgKopieZeit, f.LblInsgKopieRestzeit, f.lblInsgKopieSpeed},
+      insgesamt, prog.GrabFertigMs + trackMs, Verstrichen(prog.BurnStartZeit, jetzt));
+}
+
+// A disc with a scratch is read on a second or a later try.
+void frmKomponenten::ACD_Failure(int /*code*/, const Text& text) {
+  if (prog.GrabAbbruch || text != kLesefehler) return;
+  if (LeseFehler < kVersuche) {
+    ++LeseFehler;
+    ACD.RetryRead();
+    return;
+  }
+  prog.AppLog(L"ACD_Failure", L"!!!!");
+  prog.MsgBoxen(LoadResString(9000) + ZahlText(AktTrack) + LoadResString(9001), kOk);
+  ACD_Close();
+  prog.GrabLaeuft = false;  // ends the wait for the track
+}
+
+}  // namespace vantora

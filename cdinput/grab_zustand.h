@@ -1,0 +1,31 @@
+// What the grab of tracks shares with its neighbours: the windows that ask for it fill in the
+// tracks and their targets, the events of the reader keep the rest.
+#pragma once
+
+#include "platform/text.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace vantora {
+
+struct GrabZustand {
+  // Parallel, from 0: track numbers, and their target paths.
+  std::vector<std::int16_t> GrabTracks;
+  std::vector<Text> GrabDateien;
+  // Parallel to them: the name of the track; blank when none was typed or found.
+  std::vector<Text> GrabNamen;
+  Text GrabInterpret;                     // performer of the disc, for tracks with a name
+  std::vector<std::int32_t> GrabTrackMB;  // MB of each track of a CD copy
+  std::int32_t GrabGesamtSektoren = 0;    // of all tracks to read
+  std::int32_t GrabTrackSektoren = 0;     // of the track being read
+  std::int32_t GrabTrackMs = 0;           // the same in ms
+  std::int32_t GrabAktuell = 0;           // sectors of the tracks that are finished
+  std::int32_t GrabFertigMs = 0;          // the same in ms
+  bool GrabLaeuft = false;                // a track is being read
+  bool GrabFertig = false;                // the track has been read whole
+  bool GrabAbbruch = false;               // set by the cancel of the progress window
+  bool GrabOhneNachfrage = false;         // tracks enter the catalog without a question
+};
+
+}  // namespace vantora

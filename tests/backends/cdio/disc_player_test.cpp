@@ -1,0 +1,254 @@
+#include "tests/backends/cdio/tray.h"
+
+#include <cstring>
+
+namespace vantora::test {
+
+namespace {
+
+// A loudspeaker that keeps what comes out of it, and plays when told.
+class Tape final : public SoundOutput {
+ public:
+  std::string Sound;  // of the last stream
+  std::function<void()> Ended;
+
+  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended) override {
+    source_ = std::move(source);
+    Ended = std::move(ended);
+    Sound.clear();
+    auto stream = std::make_unique<Stream>();
+    stream_ = stream.get();
+    return stream;
+  }
+  void Turn(std::size_t frames) {
+    std::vector<std::int16_t> block(frames * 2);
+    const std::size_t given = source_(block.data(), frames);
+    const std::size_t before = Sound.size();
+    Sound.resize(before + given * 4);
+    std::memcpy(&Sound[before], block.data(), given * 4);
+    stream_->Frames += static_cast<std::int64_t>(given);
+  }
+
+ private:
+  struct Stream final : SoundStream {
+    std::int64_t Heard() const override { return Frames; }
+    std::int64_t Frames = 0;
+  };
+  Source source_;
+  Stream* stream_ = nullptr;
+};
+
+class Player : public Tray {
+ protected:
+  struct Tmsf {
+    int Track, Minute, Second, Frame;
+    bool operator==(const Tmsf&) const = default;
+  };
+  static Tmsf Unpacked(int packed) {
+    const auto word = static_cast<std::uint32_t>(packed);
+    const auto byte = [word](unsigned place) {
+      return static_cast<int>(word >> (8 * place) & 0xFFU);
+    };
+    return {byte(0), byte(1), byte(2), byte(3)};
+  }
+  Tmsf Here() {
+    player.TimeFormat(kMciTmsf);
+    return Unpacked(player.Position());
+  }
+  void Seek(int track) {
+    player.TimeFormat(kMciTmsf);
+    player.To(track);
+    player.Command(L"seek");
+  }
+
+  HeadlessSoundCard card;
+  HeadlessOutput output{loop, clock, card};
+  DiscPlayer player{loop, drives, output};
+  DiscMci mci{drives, player};
+};
+
+}  // namespace
+
+TEST_F(Player, TheModesAreThoseOfADeviceThatIsOpenedPlayedAndClosed) {
+  Lay({0, 750}, 1500);
+  EXPECT_EQ(player.Mode(), kMciNotOpen);
+  EXPECT_EQ(player.Tracks(), 0);
+  player.Command(L"play");
+  EXPECT_EQ(player.Mode(), kMciNotOpen);
+  player.FileName(L"D:\\");
+  player.Command(L"Open");
+  EXPECT_EQ(player.Mode(), kMciReady);
+  EXPECT_EQ(player.Tracks(), 2);
+  player.Command(L"play");
+  EXPECT_EQ(player.Mode(), kMciPlay);
+  player.Command(L"Pause");
+  EXPECT_EQ(player.Mode(), kMciPause);
+  player.Command(L"play");
+  EXPECT_EQ(player.Mode(), kMciPlay);
+  player.Command(L"Stop");
+  EXPECT_EQ(player.Mode(), kMciStop);
+  player.Command(L"Close");
+  EXPECT_EQ(player.Mode(), kMciNotOpen);
+  EXPECT_EQ(mci.mciSendString(L"status cd position"), L"");
+  player.FileName(L"Q:\\");
+  player.Command(L"Open");
+  EXPECT_EQ(player.Mode(), kMciNotOpen) << "there is no such drive";
+}
+
+TEST_F(Player, ADriveWithoutADiscIsReadyAndHasNoTracks) {
+  player.Command(L"Open");
+  EXPECT_EQ(player.Mode(), kMciReady);
+  EXPECT_EQ(player.Tracks(), 0);
+  EXPECT_EQ(player.Length(), 0);
+  EXPECT_EQ(player.Position(), 0);
+  player.Command(L"play");
+  EXPECT_EQ(player.Mode(), kMciReady);
+  Lay({0, 75, 150}, 300);
+  EXPECT_EQ(player.Tracks(), 3) << "a disc was laid in";
+  Eject();
+  EXPECT_EQ(player.Tracks(), 0);
+}
+
+TEST_F(Player, PositionsFollowWhatIsHeard) {
+  Lay({0, 75 * 10, 75 * 80}, 75 * 90);
+  player.Command(L"Open");
+  Seek(2);
+  EXPECT_EQ(Here(), (Tmsf{2, 0, 0, 0}));
+  player.Command(L"play");
+  loop.Pass(65'000);
+  EXPECT_EQ(Here(), (Tmsf{2, 1, 5, 0}));
+  EXPECT_EQ(mci.mciSendString(L"status cd position"), L"02:01:05:00");
+  player.Command(L"Pause");
+  loop.Pass(5'000);
+  EXPECT_EQ(Here(), (Tmsf{2, 1, 5, 0})) << "a pause stands still";
+  player.Command(L"play");
+  loop.Pass(7'000);
+  EXPECT_EQ(Here(), (Tmsf{3, 0, 2, 0})) << "the next track follows by itself";
+  player.TimeFormat(kMciMilliseconds);
+  EXPECT_EQ(player.Position(), 84'000) << "two seconds of lead-in come first";
+  player.TimeFormat(kMciMsf);
+  EXPECT_EQ(Unpacked(player.Position()), (Tmsf{1, 24, 0, 0}));
+  loop.Pass(7'990);
+  EXPECT_EQ(player.Mode(), kMciPlay);
+  loop.Pass(20);
+  EXPECT_EQ(player.Mode(), kMciStop) << "the end of the disc";
+  Seek(9);
+  EXPECT_EQ(player.Mode(), kMciStop) << "a track that is not there";
+}
+
+TEST_F(Player, ThePlaceToSeekIsReadInTheTimeFormat) {
+  Lay({0, 750}, 1500);
+  player.Command(L"Open");
+  Seek(2 | 3 << 16 | 10 << 24);
+  EXPECT_EQ(Here(), (Tmsf{2, 0, 3, 10}));
+  player.TimeFormat(kMciMilliseconds);
+  player.To(6000);
+  player.Command(L"seek");
+  EXPECT_EQ(Here(), (Tmsf{1, 0, 4, 0}));
+  player.TimeFormat(kMciMsf);
+  player.To(14 << 8 | 7 << 16);
+  player.Command(L"seek");
+  EXPECT_EQ(Here(), (Tmsf{2, 0, 2, 7}));
+}
+
+TEST_F(Player, LengthsAreMillisecondsAndTheLastIsAFrameShort) {
+  Lay({0, 100, 4600}, 9100);
+  player.Command(L"Open");
+  player.TimeFormat(kMciMilliseconds);
+  EXPECT_EQ(player.Length(), 9099 * 1000 / 75);
+  const int frames[] = {100, 4500, 4499};
+  for (int track = 1; track <= 3; ++track) {
+    player.Track(track);
+    EXPECT_EQ(player.TrackLength(), frames[track - 1] * 1000 / 75) << track;
+  }
+  player.Track(4);
+  EXPECT_EQ(player.TrackLength(), 0);
+}
+
+TEST_F(Player, WhatIsHeardIsWhatLiesOnTheDiscFromThePlaceSoughtToTheNextData) {
+  const std::string image = Lay({0, 20, 50, 90}, 120);
+  std::string sheet = File("Vantora/Bandeja/disco.cue");
+  sheet.replace(sheet.rfind("AUDIO"), 5, "MODE1/2352");
+  Put(Folder() / "disco.cue", sheet);
+  Tape tape;
+  DiscPlayer onTape(loop, drives, tape);
+  onTape.Command(L"Open");
+  onTape.TimeFormat(kMciTmsf);
+  onTape.To(2);
+  onTape.Command(L"seek");
+  onTape.Command(L"play");
+  tape.Turn(588 * 3 + 100);
+  EXPECT_EQ(Unpacked(onTape.Position()), (Tmsf{2, 0, 0, 3}));
+  tape.Turn(588 * 5 + 1);
+  EXPECT_TRUE(tape.Sound == Part(image, 20, 90).substr(0, tape.Sound.size()));
+  tape.Turn(588 * 1000);
+  EXPECT_TRUE(tape.Sound == Part(image, 20, 90));
+  tape.Ended();
+  EXPECT_EQ(onTape.Mode(), kMciStop);
+  onTape.To(4);
+  onTape.Command(L"seek");
+  onTape.Command(L"play");
+  EXPECT_EQ(onTape.Mode(), kMciStop) << "data makes no sound";
+}
+
+TEST_F(Player, ADiscThatCannotBeReadFurtherEndsTheSound) {
+  Lay({0, 700}, 1400);
+  fs::resize_file(Folder() / "disco.bin", 300 * kSector);
+  player.Command(L"Open");
+  player.Command(L"play");
+  loop.Pass(3'000);
+  EXPECT_EQ(player.Mode(), kMciPlay);
+  loop.Pass(2'000);
+  EXPECT_EQ(player.Mode(), kMciStop);
+}
+
+TEST_F(Player, WithoutASoundCardPlayingIsRefusedAloud) {
+  Lay({0}, 100);
+  card.Present = false;
+  player.Command(L"Open");
+  EXPECT_EQ(ErrorOf([this] { player.Command(L"play"); }), kFehlerEinAusgabe);
+  EXPECT_EQ(player.Mode(), kMciReady);
+}
+
+TEST_F(Player, TheStatusIsToldAtItsIntervalWhileTheDeviceIsOpen) {
+  int told = 0;
+  player.StatusUpdate = [&told] { ++told; };
+  player.UpdateInterval(3000);
+  loop.Pass(3100);
+  EXPECT_EQ(told, 0) << "not open";
+  player.Command(L"Open");
+  loop.Pass(9000);
+  EXPECT_EQ(told, 3);
+  player.UpdateInterval(0);
+  loop.Pass(9000);
+  EXPECT_EQ(told, 3);
+}
+
+TEST_F(Player, TheTableOfContentsIsAskedAsADeviceOfTheControlInterface) {
+  EXPECT_EQ(mci.MCI_OPEN(L"D:\\"), -1) << "no disc";
+  Lay({0, 178 * 75}, 298 * 75);
+  const int device = mci.MCI_OPEN(L"d:");
+  ASSERT_GE(device, 1);
+  EXPECT_FALSE(mci.MCI_SET(device, 7));
+  EXPECT_TRUE(mci.MCI_SET(device, kMciMsf));
+  EXPECT_EQ(mci.MCI_STATUS(device, kMciNumberOfTracks, 0), 2);
+  EXPECT_EQ(Unpacked(mci.MCI_STATUS(device, kMciPosition, 1)), (Tmsf{0, 2, 0, 0}));
+  EXPECT_EQ(Unpacked(mci.MCI_STATUS(device, kMciPosition, 2)), (Tmsf{3, 0, 0, 0}));
+  EXPECT_EQ(Unpacked(mci.MCI_STATUS(device, kMciLength, 2)), (Tmsf{1, 59, 74, 0}));
+  EXPECT_EQ(mci.MCI_STATUS(device, kMciLength, 3), -1);
+  EXPECT_EQ(mci.MCI_STATUS(device, 9, 1), -1);
+  mci.MCI_CLOSE(device);
+  EXPECT_EQ(mci.MCI_STATUS(device, kMciNumberOfTracks, 0), -1);
+  EXPECT_EQ(mci.MCI_OPEN(L"Q:\\"), -1);
+}
+
+TEST_F(Player, TheMediaIdentityCountsTheLengthOfADiscOfOneOrTwoTracks) {
+  EXPECT_EQ(mci.MediaIdentity(L"D:\\"), L"");
+  Lay({0, 178 * 75}, 298 * 75);
+  EXPECT_EQ(mci.MediaIdentity(L"D:\\"), std::to_wstring(0x000200 + 0x030000 + 298 * 75));
+  Eject();
+  Lay({0, 178 * 75, 200 * 75 + 3}, 298 * 75);
+  EXPECT_EQ(mci.MediaIdentity(L"D:\\"), std::to_wstring(0x000200 + 0x030000 + 0x031603));
+}
+
+}  // namespace vantora::test

@@ -1,0 +1,243 @@
+#include "backends/discimage/image_writer.h"
+#include "backends/linux/thread_background.h"
+#include "tests/backends/cdio/tray.h"
+
+#include <chrono>
+#include <thread>
+
+namespace vantora::test {
+
+namespace {
+
+constexpr const wchar_t* kTarget = L"C:\\pista.wav";
+
+class Reader : public Tray {
+ protected:
+  Reader() { Listen(reader); }
+
+  void Listen(DiscReader& to) {
+    to.Events.ACD_ActPosition = [this](int position) { Positions.push_back(position); };
+    to.Events.ACD_ReadComplete = [this] { ++Complete; };
+    to.Events.ACD_Failure = [this](int, const Text& text) {
+      EXPECT_EQ(text, L"ASPI Error");
+      ++Failures;
+    };
+  }
+  // Reads a track of the disc in the tray to the end; the sound of the wave that it has become.
+  std::string Grab(int track) {
+    reader.SelectDevice(1);
+    Complete = 0;
+    EXPECT_EQ(reader.ReadTrack(track, kTarget), 0);
+    loop.Pass(60'000);
+    EXPECT_EQ(Complete, 1) << "track " << track;
+    return SoundOfTarget();
+  }
+  // The sound in the target, whose header must be true to it.
+  std::string SoundOfTarget() {
+    const std::string file = File("pista.wav");
+    EXPECT_GE(file.size(), 44U);
+    const std::string sound = file.substr(std::min<std::size_t>(file.size(), 44));
+    EXPECT_TRUE(file == Wave(sound)) << "the header is that of another length";
+    return sound;
+  }
+
+  DiscReader reader{disk, loop, background, drives};
+  std::vector<int> Positions;
+  int Complete = 0, Failures = 0;
+};
+
+}  // namespace
+
+TEST_F(Reader, EveryTrackComesOutOfAnImageSampleForSample) {
+  const std::string image = Lay({0, 1, 300, 1203}, 1500);
+  EXPECT_TRUE(Grab(1) == Part(image, 0, 1));
+  EXPECT_TRUE(Grab(2) == Part(image, 1, 300));
+  EXPECT_TRUE(Grab(3) == Part(image, 300, 1203));
+  EXPECT_TRUE(Grab(4) == Part(image, 1203, 1500));
+  EXPECT_EQ(reader.TrackLaengeSektoren(3), 903);
+  EXPECT_EQ(reader.TrackLaengeMs(3), 12'040);
+  EXPECT_EQ(reader.TrackLaengeSektoren(0), 0);
+  EXPECT_EQ(reader.TrackLaengeMs(5), 0);
+  EXPECT_FALSE(reader.TrackIstAudio(5));
+  EXPECT_EQ(Positions.back(), 1000);
+  EXPECT_EQ(Failures, 0);
+}
+
+TEST_F(Reader, WhatTheProgramsOwnWriterBurnsIsReadBackAsTheWavesThatItGot) {
+  for (const bool dao : {false, true}) {
+    SCOPED_TRACE(dao ? "disc at once" : "track at once");
+    ImageWriter writer(home.Files, loop, background);
+    std::vector<std::string> waves;
+    for (const std::size_t frames : {588U * 10, 588U * 20 + 1, 588U * 30}) {
+      waves.push_back(Noise(frames * 4, static_cast<std::uint32_t>(frames)));
+      const std::string name = std::to_string(waves.size()) + ".wav";
+      Put(home / name.c_str(), Wave(waves.back()));
+      ASSERT_EQ(writer.AddTrack(Text(L"C:\\") + Text(name.begin(), name.end()), 0), 0);
+    }
+    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    loop.Pass(60'000);
+    Eject();
+    fs::create_directories(Folder());
+    const fs::path sheet = home.Files.SystemPath(writer.LastImage());
+    fs::copy(sheet, Folder() / sheet.filename());
+    fs::path image = sheet;
+    image.replace_extension(".bin");
+    fs::copy(image, Folder() / image.filename());
+
+    for (int track = 1; track <= 3; ++track) {
+      std::string expected = waves[static_cast<std::size_t>(track) - 1];
+      expected.resize((expected.size() + kSector - 1) / kSector * kSector);
+      // As on a disc in a drive, the gap in front of a track is the end of the one before.
+      if (!dao && track < 3) expected += std::string(150 * kSector, '\0');
+      EXPECT_TRUE(Grab(track) == expected) << track;
+    }
+    HeadlessSoundCard card;
+    HeadlessOutput output(loop, clock, card);
+    DiscPlayer player(loop, drives, output);
+    DiscMci mci(drives, player);
+    EXPECT_NE(mci.MediaIdentity(L"D:\\"), L"");
+  }
+}
+
+TEST_F(Reader, ADataTrackIsToldFromAudioAndRefused) {
+  Lay({0, 100}, 200);
+  std::string sheet = File("Vantora/Bandeja/disco.cue");
+  sheet.replace(sheet.rfind("AUDIO"), 5, "MODE1/2352");
+  Put(Folder() / "disco.cue", sheet);
+  reader.SelectDevice(1);
+  EXPECT_TRUE(reader.TrackIstAudio(1));
+  EXPECT_FALSE(reader.TrackIstAudio(2));
+  EXPECT_EQ(reader.TrackLaengeSektoren(2), 100);
+  EXPECT_NE(reader.ReadTrack(2, kTarget), 0);
+  EXPECT_FALSE(fs::exists(home / "pista.wav"));
+}
+
+TEST_F(Reader, AnImageThatWasCutOffFailsWhereItEndsAndGoesOnThereWhenItIsWhole) {
+  const std::string image = Lay({0, 500}, 900);
+  fs::resize_file(Folder() / "disco.bin", 300 * kSector + 100);
+  reader.SelectDevice(1);
+  ASSERT_EQ(reader.ReadTrack(1, kTarget), 0);
+  loop.Pass(10'000);
+  EXPECT_EQ(Failures, 1);
+  for (int retry = 0; retry < 3; ++retry) {
+    reader.RetryRead();
+    loop.Pass(10'000);
+  }
+  EXPECT_EQ(Failures, 4) << "a failure for every try, and none without one";
+  Put(Folder() / "disco.bin", image);
+  reader.RetryRead();
+  loop.Pass(10'000);
+  EXPECT_EQ(Complete, 1);
+  EXPECT_TRUE(SoundOfTarget() == Part(image, 0, 500));
+  reader.RetryRead();  // there is nothing to try again
+  loop.Pass(10'000);
+  EXPECT_EQ(Complete, 1);
+}
+
+TEST_F(Reader, AFailedReadThatIsGivenUpLeavesWhatCameBeforeTheFault) {
+  const std::string image = Lay({0, 500}, 900);
+  fs::resize_file(Folder() / "disco.bin", 300 * kSector + 100);
+  reader.SelectDevice(1);
+  reader.ReadTrack(1, kTarget);
+  loop.Pass(10'000);
+  reader.CloseDevice();
+  EXPECT_TRUE(SoundOfTarget() == Part(image, 0, 300));
+  reader.RetryRead();
+  loop.Pass(10'000);
+  EXPECT_EQ(Failures, 1);
+}
+
+TEST_F(Reader, AFullDiskIsAFailureThatCanBeTriedAgain) {
+  const std::string image = Lay({0}, 1000);
+  disk.Room = 500'000;
+  reader.SelectDevice(1);
+  reader.ReadTrack(1, kTarget);
+  loop.Pass(10'000);
+  EXPECT_EQ(Failures, 1);
+  EXPECT_EQ(Complete, 0);
+  disk.Room = INT64_MAX;
+  reader.RetryRead();
+  loop.Pass(10'000);
+  EXPECT_TRUE(SoundOfTarget() == image);
+
+  fs::create_directories(home / "pista.wav.d");
+  EXPECT_EQ(reader.ReadTrack(1, L"C:\\pista.wav.d"), 0);
+  loop.Pass(10'000);
+  EXPECT_EQ(Failures, 2) << "a target that cannot be written";
+}
+
+TEST_F(Reader, ATrackThatIsNotThereEndsTheReadAtOnceAndWithoutAWord) {
+  const std::string image = Lay({0}, 4500);
+  ThreadBackground threads;
+  DiscReader real(disk, loop, threads, drives);
+  Listen(real);
+  real.Pace = 8;
+  real.SelectDevice(1);
+  ASSERT_EQ(real.ReadTrack(1, kTarget), 0);
+  for (int i = 0; i < 400 && Positions.size() < 3; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    loop.Pass(1);
+  }
+  ASSERT_GE(Positions.size(), 3U);
+  const auto before = std::chrono::steady_clock::now();
+  EXPECT_NE(real.ReadTrack(0, L"c:\\0.wav"), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(500));
+  const std::size_t told = Positions.size();
+  const std::string sound = SoundOfTarget();
+  EXPECT_TRUE(image.starts_with(sound)) << "the partial file stays, and is true";
+  EXPECT_GT(sound.size(), 0U);
+  EXPECT_LT(sound.size(), image.size());
+  std::this_thread::sleep_for(std::chrono::milliseconds(100));
+  loop.Pass(1000);
+  EXPECT_EQ(Positions.size(), told);
+  EXPECT_EQ(Complete + Failures, 0);
+  EXPECT_EQ(File("pista.wav").size(), 44 + sound.size());
+  EXPECT_FALSE(fs::exists(home / "0.wav"));
+}
+
+TEST_F(Reader, ThePositionIsToldNoMoreThanTwentyTimesASecond) {
+  Lay({0}, 75 * 20);
+  ThreadBackground threads;
+  DiscReader real(disk, loop, threads, drives);
+  Listen(real);
+  real.Pace = 40;  // half a second
+  real.SelectDevice(1);
+  real.ReadTrack(1, kTarget);
+  for (int i = 0; i < 1000 && Complete == 0; ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    loop.Pass(1);
+  }
+  EXPECT_EQ(Complete, 1);
+  EXPECT_GE(Positions.size(), 4U);
+  EXPECT_LE(Positions.size(), 13U);
+}
+
+TEST_F(Reader, DrivesAreDescribedAtTheirPlaces) {
+  Machine.insert(Machine.begin(), {L'D', "/nowhere/sr0", L"", L"CD-RW CRX140E LONG NAME", 12, 3});
+  Machine.back().Letter = L'E';
+  EXPECT_EQ(reader.DriveCount(), 2);
+  EXPECT_EQ(reader.DriveDescription(1), L"CD-RW CRX140E LO    12  3");
+  EXPECT_EQ(reader.DriveDescription(2), L"VANTORA IMAGE        7  0");
+  EXPECT_EQ(reader.DriveDescription(3), L"");
+  reader.SelectDevice(1);  // a drive that has gone
+  EXPECT_EQ(reader.TrackLaengeSektoren(1), 0);
+  EXPECT_NE(reader.ReadTrack(1, kTarget), 0);
+}
+
+TEST_F(Reader, ADiscThatIsChangedIsNoticedAndHalfAnImageIsNone) {
+  reader.SelectDevice(1);
+  EXPECT_EQ(reader.TrackLaengeSektoren(1), 0) << "no tray";
+  Lay({0}, 100);
+  EXPECT_EQ(reader.TrackLaengeSektoren(1), 100);
+  Eject();
+  EXPECT_EQ(reader.TrackLaengeSektoren(1), 0);
+  Lay({0, 50}, 80);
+  EXPECT_EQ(reader.TrackLaengeSektoren(1), 50);
+  fs::remove(Folder() / "disco.cue");
+  Lay({0}, 30);
+  fs::remove(Folder() / "disco.bin");
+  reader.SelectDevice(1);
+  EXPECT_EQ(reader.TrackLaengeSektoren(1), 0) << "the image is missing";
+}
+
+}  // namespace vantora::test

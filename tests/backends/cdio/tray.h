@@ -1,0 +1,64 @@
+// A home with a tray, images laid in it byte by byte, and the back ends that read them.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "backends/cdio/disc_mci.h"
+#include "backends/cdio/disc_player.h"
+#include "backends/cdio/disc_reader.h"
+#include "backends/headless/headless_background.h"
+#include "backends/headless/headless_loop.h"
+#include "backends/headless/headless_output.h"
+#include "tests/backends/linux/home.h"
+#include "tests/backends/running_out.h"
+#include "tests/backends/sound/wave_bytes.h"
+
+#include <string>
+#include <vector>
+
+namespace vantora::test {
+
+constexpr std::size_t kSector = 2352;
+
+inline std::string CueTime(int sectors) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%02d:%02d:%02d", sectors / 75 / 60, sectors / 75 % 60,
+                sectors % 75);
+  return text;
+}
+
+class Tray : public testing::Test {
+ protected:
+  fs::path Folder() const { return home / "Vantora/Bandeja"; }
+
+  // Lays an image of audio tracks in: where they begin, and where the image ends, in sectors.
+  // Returns the bytes of the image.
+  std::string Lay(const std::vector<int>& starts, int end) {
+    const std::string image = Noise(static_cast<std::size_t>(end) * kSector);
+    std::string sheet = "FILE \"disco.bin\" BINARY\r\n";
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+      sheet += "  TRACK " + std::to_string(i + 1) + " AUDIO\r\n    INDEX 01 " + CueTime(starts[i]) +
+               "\r\n";
+    }
+    Put(Folder() / "disco.bin", image);
+    Put(Folder() / "disco.cue", sheet);
+    return image;
+  }
+  void Eject() { fs::remove_all(Folder()); }
+
+  static std::string Part(const std::string& image, int from, int to) {
+    return image.substr(static_cast<std::size_t>(from) * kSector,
+                        static_cast<std::size_t>(to - from) * kSector);
+  }
+  std::string File(const char* name) const { return Get(home / name); }
+
+  Home home;
+  RunningOut disk{home.Files};
+  HeadlessClock clock;
+  HeadlessLoop loop{clock};
+  HeadlessBackground background{loop};
+  std::vector<DiscDrive> Machine{{L'D', "", L"C:\\Vantora\\Bandeja", L"VANTORA IMAGE", 7, 0}};
+  DiscDrives drives{disk, [this] { return Machine; }};
+};
+
+}  // namespace vantora::test

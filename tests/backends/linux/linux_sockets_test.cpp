@@ -1,0 +1,116 @@
+#include "backends/linux/linux_sockets.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/cddb_server.h"
+
+#include <chrono>
+
+namespace vantora::test {
+namespace {
+
+using namespace std::chrono;
+
+constexpr int kSliceMs = 20, kSilenceMs = 300, kWholeMs = 900;
+
+struct Wire {
+  LinuxSockets sockets{SocketPatience{kSliceMs, kSilenceMs, kWholeMs}};
+  milliseconds longest{0};  // single call
+
+  template <typename Call>
+  int Repeat(Call call) {
+    for (;;) {
+      const auto start = steady_clock::now();
+      const int result = call();
+      longest = std::max(longest, duration_cast<milliseconds>(steady_clock::now() - start));
+      if (result != kNochNicht) return result;
+    }
+  }
+  SocketAdresse To(std::uint16_t port) {
+    return {2, sockets.Htons(port), sockets.inet_addr("127.0.0.1")};
+  }
+  int Connected(const CddbServer& server) {
+    const int number = sockets.socket();
+    EXPECT_EQ(sockets.setsockopt_LINGER(number, true, 0), 0);
+    EXPECT_EQ(Repeat([&] { return sockets.connect(number, To(server.Port())); }), 0);
+    return number;
+  }
+  // Everything that comes; `end` is what the last call gave.
+  std::string All(int number, int& end) {
+    std::string text;
+    char bytes[20];
+    while ((end = Repeat([&] { return sockets.recv(number, bytes, 20); })) > 0) {
+      text.append(bytes, static_cast<std::size_t>(end));
+    }
+    return text;
+  }
+};
+
+TEST(LinuxSockets, BytesGoThereAndBackAndTheEndIsTold) {
+  CddbServer server;
+  Wire wire;
+  const int number = wire.Connected(server);
+  EXPECT_EQ(wire.sockets.send(number, "GET /x HTTP/1.1\r\n\r\n"), 19);
+  int end = -1;
+  EXPECT_EQ(wire.All(number, end),
+            "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n\r\n202 No match found\r\n");
+  EXPECT_EQ(end, 0);
+  EXPECT_EQ(server.Requests(), std::vector<std::string>{"GET /x HTTP/1.1\r\n\r\n"});
+}
+
+TEST(LinuxSockets, ASilentMachineIsGivenUpInSlicesAndATalkativeOneToo) {
+  CddbServer silent, slow;
+  silent.Faults.Silent = true;
+  slow.Faults.Instead = std::string(100000, 'x');
+  slow.Faults.PieceBytes = 1;
+  slow.Faults.PieceMs = 50;
+  for (const auto& [server, patience] : {std::pair<CddbServer*, int>{&silent, kSilenceMs},
+                                         std::pair<CddbServer*, int>{&slow, kWholeMs}}) {
+    Wire wire;
+    const auto start = steady_clock::now();
+    const int number = wire.Connected(*server);
+    wire.sockets.send(number, "GET /x HTTP/1.1\r\n\r\n");
+    int end = 0;
+    wire.All(number, end);
+    EXPECT_EQ(end, kSocketFehler);
+    EXPECT_EQ(wire.sockets.WSAGetLastError(), ETIMEDOUT);
+    EXPECT_GE(steady_clock::now() - start, milliseconds(patience));
+    EXPECT_LT(steady_clock::now() - start, milliseconds(patience + 1500));
+    EXPECT_LT(wire.longest, milliseconds(kSliceMs + 300));  // a busy machine may be late
+    wire.sockets.closesocket(number);
+  }
+}
+
+TEST(LinuxSockets, AClosedPortRefusesAndAClosedSocketIsNone) {
+  Wire wire;
+  std::uint16_t port = 0;
+  {
+    const CddbServer gone;
+    port = gone.Port();
+  }
+  const int number = wire.sockets.socket();
+  EXPECT_EQ(wire.Repeat([&] { return wire.sockets.connect(number, wire.To(port)); }),
+            kSocketFehler);
+  EXPECT_EQ(wire.sockets.WSAGetLastError(), ECONNREFUSED);
+  wire.sockets.closesocket(number);
+  char byte = 0;
+  EXPECT_EQ(wire.sockets.recv(number, &byte, 1), kSocketFehler);
+  EXPECT_EQ(wire.sockets.send(number, "x"), kSocketFehler);
+}
+
+TEST(LinuxSockets, NamesBecomeAddresses) {
+  Wire wire;
+  std::uint32_t address = 0;
+  const auto lookUp = [&](const char* host) {
+    return wire.Repeat([&] { return wire.sockets.gethostbyname(host, address); });
+  };
+  EXPECT_EQ(lookUp("localhost"), 0);
+  EXPECT_EQ(wire.sockets.inet_ntoa(address), "127.0.0.1");
+  EXPECT_EQ(lookUp("no-such-machine.invalid"), kSocketFehler);
+  EXPECT_EQ(lookUp("localhost"), 0);
+  EXPECT_EQ(wire.sockets.inet_addr("no-such-machine.invalid"), kKeineAdresse);
+  EXPECT_EQ(wire.sockets.inet_ntoa(wire.sockets.inet_addr("10.1.2.3")), "10.1.2.3");
+}
+
+}  // namespace
+}  // namespace vantora::test

@@ -1,0 +1,437 @@
+#include <gtest/gtest.h>
+
+#include "app/dienste.h"
+#include "tests/cdinput/cddb_stage.h"
+
+#include <chrono>
+#include <deque>
+#include <random>
+
+namespace vantora::test {
+namespace {
+
+using Requests = std::vector<std::string>;
+
+constexpr int kUnset = 1;  // what `Ergebnis` is from the start until all is well
+const Outcome kAllWell{11, 0, 0}, kNotFound{202, kUnset, 0};
+
+// Sockets without a network: every connection gives the next of the answers.
+class AnsweringSockets final : public Sockets {
+ public:
+  std::deque<std::string> Answers;
+
+  int WSAStartup(int /*version*/) override { return 0; }
+  int WSAGetLastError() override { return 0; }
+  std::uint16_t Htons(std::uint16_t value) override { return value; }
+  std::uint32_t inet_addr(const std::string& /*host*/) override { return 1; }
+  std::string inet_ntoa(std::uint32_t /*address*/) override { return {}; }
+  int gethostbyname(const std::string& /*h*/, std::uint32_t& /*a*/) override { return 0; }
+  int socket() override {
+    rest_ = Answers.empty() ? "" : Answers.front();
+    if (!Answers.empty()) Answers.pop_front();
+    return 1;
+  }
+  int setsockopt_LINGER(int /*n*/, bool /*on*/, int /*seconds*/) override { return 0; }
+  int connect(int /*n*/, const SocketAdresse& /*address*/) override { return 0; }
+  int send(int /*n*/, const std::string& bytes) override { return static_cast<int>(bytes.size()); }
+  int recv(int /*n*/, char* bytes, int limit) override {
+    const auto count = rest_.copy(bytes, static_cast<std::size_t>(limit));
+    rest_.erase(0, count);
+    return static_cast<int>(count);
+  }
+  void closesocket(int /*n*/) override {}
+
+ private:
+  std::string rest_;
+};
+
+TEST(CddbAbfrage, ADirectRequestIsThisToTheByte) {
+  CddbStage s;
+  EXPECT_EQ(s.AskFor(s.lines), kAllWell);
+  const std::string rest =
+      "&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1\r\nConnection: Keep-Alive\r\n\r\n";
+  EXPECT_EQ(s.server.Requests(),
+            (Requests{"GET /~cddb/cddb.cgi?cmd=cddb+query+0b012a02+2+150+13500+300" + rest,
+                      "GET /~cddb/cddb.cgi?cmd=cddb+read+rock+0b012a02" + rest}));
+}
+
+TEST(CddbAbfrage, AProxyIsToldTheServerAndPassesTheAnswerOn) {
+  CddbStage s;
+  CddbServer proxy;
+  proxy.PassesOnTo(s.server);
+  s.request.Proxy = L"127.0.0.1";
+  s.request.ProxyPort = std::to_wstring(proxy.Port());
+  EXPECT_EQ(s.AskFor(s.lines), kAllWell);
+  EXPECT_EQ(s.client.CDDBGetInfo().Titel, L"Algo");
+  const std::string server = s.server.Address();
+  const std::string rest = "&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1\r\nHost: " + server +
+                           "\r\nProxy-Connection: Keep-Alive\r\n\r\n";
+  const std::string start = "GET http://" + server + "/~cddb/cddb.cgi?cmd=cddb+";
+  EXPECT_EQ(proxy.Requests(), (Requests{start + "query+0b012a02+2+150+13500+300" + rest,
+                                        start + "read+rock+0b012a02" + rest}));
+  EXPECT_TRUE(s.server.Requests().empty());
+}
+
+TEST(CddbAbfrage, TheStatusesComeInOrderAndEventsAreProcessedAfterEvery20Bytes) {
+  CddbStage s;
+  EXPECT_EQ(s.AskFor(s.lines), kAllWell);
+  EXPECT_EQ(s.sockets.Statuses, (std::vector<int>{0, 1, 2, 5, 6, 7}));
+  EXPECT_EQ(s.sockets.LongestRead, 20);
+  EXPECT_EQ(s.sockets.ReadsWithoutEvents, 0);
+  EXPECT_EQ(s.sockets.Opened, 2);
+  EXPECT_EQ(s.sockets.Closed, 2);
+}
+
+TEST(CddbAbfrage, AnAnswerIsTakenApartLineByLine) {
+  CddbStage s;
+  EXPECT_EQ(s.AskFor("# xmcd\r\n#\r\nDISCID=0b012a02\r\nDTITLE=Nadie / Nada\r\n"
+                     "DTITLE=La B\xE1rbara / Sue\xF1os / En vivo\r\nDYEAR=1999\r\n"
+                     "TTITLE0=Un tema muy \r\nTTITLE0=largo\r\nTTITLE1=Sin int\xE9rprete = a\r\n"
+                     "TTITLE2=viejo\r\nTTITLE3=Ana / Luz / Sombra\r\nTTITLE99=El \xFAltimo\r\n"
+                     "EXTD=Primera\\nSegunda\\\r\nEXTD=nTercera\r\nEXTT0=a\\nb\r\nEXTT1=\r\n"
+                     "EXTT0=c\r\nPLAYORDER=\r\nTTITLEX=!\r\n"),
+            kAllWell);
+  const CDDBInfo info = s.client.CDDBGetInfo();
+  EXPECT_EQ(s.client.Kategorie(), L"rock");
+  EXPECT_EQ(info.Interpret, L"La Bárbara");
+  EXPECT_EQ(info.Titel, L"Sueños / En vivo");
+  EXPECT_EQ(info.TrackTitel[1], L"Un tema muy largo!");
+  EXPECT_EQ(info.TrackTitel[2], L"Sin intérprete = a");
+  EXPECT_EQ(info.TrackInterpret[2], L"");
+  EXPECT_EQ(info.TrackTitel[4], L"Luz / Sombra");
+  EXPECT_EQ(info.TrackInterpret[4], L"Ana ");
+  EXPECT_EQ(info.TrackTitel[100], L"El último");
+  EXPECT_EQ(info.ExtD, L"Primera\r\nSegunda\r\nTercera");
+  EXPECT_EQ(info.TrackExt[1], L"a\r\nbc");
+  // A second disc leaves nothing of the first.
+  s.server.Knows("data", CddbStage::kId, "DTITLE=x / y\r\nTTITLE0=z\r\n");
+  EXPECT_EQ(s.Ask(), kAllWell);
+  EXPECT_EQ(s.client.Kategorie(), L"data");
+  EXPECT_EQ(s.client.CDDBGetInfo().TrackTitel[1], L"z");
+  EXPECT_EQ(s.client.CDDBGetInfo().TrackTitel[100], L"");
+  EXPECT_EQ(s.client.CDDBGetInfo().ExtD, L"");
+}
+
+TEST(CddbAbfrage, ADiscThatTheServerDoesNotKnowExactlyIsNotReadAtAll) {
+  CddbStage s;
+  EXPECT_EQ(s.Ask(), kNotFound);
+  s.server.KnowsOnlySimilar(CddbStage::kId);
+  EXPECT_EQ(s.Ask(), (Outcome{201, kUnset, 0}));
+  EXPECT_EQ(s.server.Requests().size(), 2U);
+  EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
+}
+
+TEST(CddbAbfrage, WhoCannotBeReachedIsToldFromWhoIsSilent) {
+  CddbStage s;
+  const auto through = [&](const Text& proxy, const Text& port) {
+    s.request.Proxy = proxy;
+    s.request.ProxyPort = port;
+    return s.Ask();
+  };
+  const Outcome noProxy{99, kUnset, 0}, noServer{100, kUnset, 0};
+  for (const wchar_t* port :
+       {L"1", L"", L"puerto", L"0", L"65535", L"70000", L"200000", L"-40000", L"1e400"}) {
+    EXPECT_EQ(through(L"127.0.0.1", port), noProxy) << Ucase(port).size();
+  }
+  EXPECT_EQ(through(L"no-such-machine.invalid", L"80"), noProxy);
+  s.request.Proxy.clear();
+  for (const wchar_t* server : {L"127.0.0.1:1", L"127.0.0.1:99999999999", L"", L":", L" : ",
+                                L"no-such-machine.invalid", L"256.256.256.256", L"a b:80"}) {
+    s.request.Server = server;
+    EXPECT_EQ(s.Ask(), noServer) << Text(server).size();
+  }
+  EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
+  EXPECT_TRUE(s.server.Requests().empty());
+}
+
+TEST(CddbAbfrage, APortAbove32767StaysTheSame16Bits) {
+  CddbStage s;
+  s.request.Proxy = L"127.0.0.1";
+  s.request.ProxyPort = L"40000";
+  s.sockets.StallAt = Step::Connect;
+  s.platform.loop.PostAfter(50, [&] { s.status = 77; });
+  s.Ask();
+  EXPECT_EQ(s.sockets.Ports, (std::set<std::uint16_t>{s.real.Htons(40000)}));
+}
+
+TEST(CddbAbfrage, ACancelAtAnyStepEndsTheLookUpWithin500Milliseconds) {
+  for (const Step step : {Step::Lookup, Step::Connect, Step::Send, Step::Receive}) {
+    for (const int connection : {1, 2}) {
+      SCOPED_TRACE(static_cast<int>(step) * 10 + connection);
+      CddbStage s;
+      s.server.Knows("rock", CddbStage::kId, s.lines);
+      if (step == Step::Lookup) s.request.Server = L"localhost" + s.request.Server.substr(9);
+      s.sockets.StallAt = step;
+      s.sockets.StallAtConnection = connection;
+      std::int64_t cancelled = 0;
+      s.platform.loop.PostAfter(2000, [&] {
+        s.status = 77;
+        cancelled = s.platform.clock.Ticks();
+      });
+      EXPECT_EQ(s.Ask(), (Outcome{77, kUnset, 0}));
+      EXPECT_GT(cancelled, 0);
+      EXPECT_LE(s.platform.clock.Ticks() - cancelled, 500);
+      EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
+      const int opened = step == Step::Lookup ? connection - 1 : connection;
+      EXPECT_EQ(s.sockets.Opened, opened);
+    }
+  }
+}
+
+TEST(CddbAbfrage, ACancelIsSeenWhereverEventsAreProcessed) {
+  const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
+  AnsweringSockets network;
+  const auto ask = [&](int cancelAfterMs, std::int64_t& tookMs) {
+    CddbStage s(&network);
+    network.Answers = {head + "200 rock 0b012a02 x\r\n", head + "210 rock x\r\n" + s.lines};
+    s.platform.loop.PostAfter(cancelAfterMs, [&] { s.status = 77; });
+    const std::int64_t start = s.platform.clock.Ticks();
+    const Outcome outcome = s.Ask();
+    tookMs = s.platform.clock.Ticks() - start;
+    EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
+    return outcome;
+  };
+  std::int64_t whole = 0, took = 0;
+  ASSERT_EQ(ask(10000, whole), kAllWell);
+  ASSERT_GT(whole, 10);  // turns of the loop, each of which takes 1 ms
+  for (int turn = 1; turn < whole; ++turn) {
+    EXPECT_EQ(ask(turn, took), (Outcome{77, kUnset, 0})) << turn;
+    EXPECT_LE(took, turn + 1);
+  }
+}
+
+TEST(CddbAbfrage, AServerThatSaysNothingHoldsUpNeitherTheWindowsNorACancel) {
+  CddbStage s;
+  s.server.Faults.Silent = true;
+  using namespace std::chrono;
+  steady_clock::time_point cancelled;
+  s.platform.loop.PostAfter(10, [&] {
+    s.status = 77;
+    cancelled = steady_clock::now();
+  });
+  EXPECT_EQ(s.Ask().Status, 77);
+  EXPECT_LT(steady_clock::now() - cancelled, milliseconds(500));
+}
+
+TEST(CddbAbfrage, AServerThatSaysNothingForTooLongHasNotFoundTheDisc) {
+  CddbStage s;
+  s.server.Faults.Silent = true;
+  EXPECT_EQ(s.Ask(), kNotFound);
+  s.server.Knows("rock", CddbStage::kId, s.lines);
+  s.server.Faults.FromRequest = 2;
+  EXPECT_EQ(s.Ask().Status, 202);
+}
+
+TEST(CddbAbfrage, ASlowAnswerIsAsGoodAsAFastOne) {
+  CddbStage s;
+  s.server.Faults.PieceBytes = 7;
+  s.server.Faults.PieceMs = 3;
+  EXPECT_EQ(s.AskFor(s.lines), kAllWell);
+  EXPECT_EQ(s.client.CDDBGetInfo().TrackTitel[2], L"dos");
+  EXPECT_EQ(s.sockets.ReadsWithoutEvents, 0);
+}
+
+// Each line: what happens to which answer, and what the look-up comes to.
+TEST(CddbAbfrage, ABadServerIsAnsweredWithAStatusOrARunTimeErrorAndNothingWorse) {
+  struct Case {
+    const char* Name;
+    int FromRequest;
+    ServerFaults Faults;
+    Outcome Expected;
+  };
+  const std::string page = "HTTP/1.1 200 OK\r\n\r\n";
+  const auto instead = [&](const std::string& text) {
+    ServerFaults faults;
+    faults.Instead = page + text;
+    return faults;
+  };
+  ServerFaults closesAtOnce, closesInHeader, flood, noHeader;
+  closesAtOnce.CloseAt = 0;
+  closesInHeader.CloseAt = 30;
+  flood.Flood = 10 * 1024 * 1024;
+  noHeader.Instead = std::string("\0\xFF\r\n\x80", 5);
+  std::string titles = "210 rock x\r\nDTITLE=a / b\r\n", ends(70000, '\n');
+  for (int i = 0; i < 130; ++i) titles += "TTITLE" + std::to_string(i) + "=t\r\n";
+  const std::vector<Case> cases{
+      {"closes at once", 0, closesAtOnce, {202, 1, 0}},
+      {"closes inside the header", 0, closesInHeader, {202, 1, 0}},
+      {"no header", 0, noHeader, {202, 1, 0}},
+      {"10 MB without an end", 0, flood, {202, 1, 0}},
+      {"number beyond all", 0, instead("1e999 rock 0b012a02 x"), {202, 1, 0}},
+      {"a code and no more", 0, instead("200"), {11, 0, 0}},
+      {"no blank in 300 characters", 0, instead("200 " + std::string(300, 'r')), {200, 1, 6}},
+      {"closes at once, second", 1, closesAtOnce, {202, 1, 0}},
+      {"no header, second", 1, noHeader, {202, 1, 0}},
+      {"10 MB without an end, second", 1, flood, {202, 1, 0}},
+      {"nothing behind the header", 1, instead(""), {11, 0, 0}},
+      {"130 titles", 1, instead(titles), {7, 1, 9}},
+      {"track 101", 1, instead("210 r x\r\nTTITLE100=x\r\n"), {7, 1, 9}},
+      {"track 0", 1, instead("210 r x\r\nTTITLE-1=x\r\n"), {7, 1, 9}},
+      {"far below", 1, instead("210 r x\r\nEXTT-2147483649=x\r\n"), {7, 1, 9}},
+      {"far above", 1, instead("210 r x\r\nEXTT99999999999999999999=x\r\n"), {7, 1, 9}},
+      {"beyond all numbers", 1, instead("210 r x\r\nTTITLE1e999=x\r\n"), {7, 1, 6}},
+      {"title without performer", 1, instead("210 r x\r\nDTITLE=Algo\r\n"), {7, 1, 5}},
+      {"cut in a line", 1, instead("210 r x\r\nDTITLE=a / b\r\nTTITLE"), {11, 0, 0}},
+      {"line ends alone", 1, instead("210 r x\r\n" + ends), {11, 0, 0}},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.Name);
+    CddbStage s;
+    s.server.Faults = c.Faults;
+    s.server.Faults.FromRequest = c.FromRequest;
+    const Outcome outcome = s.AskFor(s.lines);
+    EXPECT_EQ(outcome.Status, c.Expected.Status);
+    EXPECT_EQ(outcome.Ergebnis, c.Expected.Ergebnis);
+    EXPECT_EQ(outcome.Error, c.Expected.Error);
+    EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
+    EXPECT_LE(s.sockets.Reads, 2 * 1024 * 1024 / 20);
+    // The same client is well again when the server is.
+    s.server.Faults = {};
+    EXPECT_EQ(s.Ask(), kAllWell);
+  }
+}
+
+TEST(CddbAbfrage, ACategoryCannotAddALineToTheNextRequest) {
+  CddbStage s;
+  s.server.Faults.Instead = "HTTP/1.1 200 OK\r\n\r\n200 rock\r\nHost: elsewhere x 0b012a02\r\n";
+  s.Ask();
+  ASSERT_EQ(s.server.Requests().size(), 2U);
+  EXPECT_EQ(s.server.Requests()[1],
+            "GET /~cddb/cddb.cgi?cmd=cddb+read+rock&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1"
+            "\r\nConnection: Keep-Alive\r\n\r\n");
+}
+
+TEST(CddbAbfrage, NoSpoiltAnswerLeavesTheClientByAnotherWayThanItsOwn) {
+  AnsweringSockets network;
+  CddbStage s(&network);
+  const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
+  const std::string query = head + "200 rock 0b012a02 Alguien / Algo\r\n";
+  const std::string read = head +
+                           "210 rock 0b012a02 x\r\nDTITLE=a / b\r\nTTITLE0=c\r\nTTITLE12=d / "
+                           "e\r\nEXTD=f\\ng\r\nEXTT12=h\r\n.\r\n";
+  const std::string bits("\r\n\0=/ 0129-.eE[]\\\xFF", 18);
+  std::mt19937 random(20261124);
+  const auto below = [&](std::size_t limit) { return random() % limit; };
+  const auto spoil = [&](std::string text) {
+    for (std::size_t n = below(5); n > 0 && !text.empty(); --n) {
+      const std::size_t at = below(text.size());
+      switch (below(4)) {
+        case 0:
+          text[at] = bits[below(bits.size())];
+          break;
+        case 1:
+          text.erase(at, 1 + below(8));
+          break;
+        case 2:
+          text.insert(at, 1 + below(300), bits[below(bits.size())]);
+          break;
+        default:
+          text.insert(at, text.substr(below(text.size()), 30));
+          break;
+      }
+    }
+    return text;
+  };
+  int found = 0;
+  const int rounds = 2000;
+  for (int round = 0; round < rounds; ++round) {
+    network.Answers = {round % 2 ? spoil(query) : query, spoil(read)};
+    const Outcome outcome = s.Ask();
+    found += outcome == kAllWell;
+    const bool own = outcome == kAllWell || outcome == kNotFound ||
+                     outcome == Outcome{201, kUnset, 0} || outcome.Error == 5 ||
+                     outcome.Error == 6 || outcome.Error == 9;
+    ASSERT_TRUE(own) << round << ": " << outcome.Status << " " << outcome.Error;
+  }
+  EXPECT_GT(found, rounds / 10);
+  EXPECT_LT(found, rounds);
+}
+
+TEST(CddbAbfrage, TheSettingsSayWhomToAskAndWhoIsAsking) {
+  CddbStage s;
+  const auto set = [&](const wchar_t* key, const wchar_t* value) {
+    SaveSetting(s.bundle, key, value);
+  };
+  CDDBAnfrage request = CDDBAnfrageAusEinstellungen(s.prog);
+  EXPECT_EQ(request.Server, s.prog.Text(24004));
+  EXPECT_EQ(request.Benutzer, L"anónimo");
+  EXPECT_EQ(request.Rechner, s.prog.Text(24006));
+  EXPECT_EQ(request.Programm, L"VTR");
+  EXPECT_EQ(request.Version, L"1.0");
+  EXPECT_EQ(request.Proxy, L"");
+  s.prog.Proxy_Server = L" proxy.casa ";
+  s.prog.Proxy_Port = L"3128";
+  set(L"CDDB_Server", L" 127.0.0.1:8880 ");
+  set(L"CDDB_Hello_User", L"ana@casa.example");
+  request = CDDBAnfrageAusEinstellungen(s.prog);
+  EXPECT_EQ(request.Proxy, L"proxy.casa");
+  EXPECT_EQ(request.ProxyPort, L"3128");
+  EXPECT_EQ(request.Server, L"127.0.0.1:8880");
+  EXPECT_EQ(request.Benutzer, L"ana");
+  EXPECT_EQ(request.Rechner, L"casa.example");
+  set(L"CDDB_Hello_Host", L"otra.example");
+  EXPECT_EQ(CDDBAnfrageAusEinstellungen(s.prog).Rechner, L"otra.example");
+}
+
+std::set<std::string> FilesBelow(const std::filesystem::path& folder) {
+  std::set<std::string> files;
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+    if (entry.is_regular_file()) files.insert(entry.path().filename().string());
+  }
+  return files;
+}
+
+TEST(CdPlayerIni, ADiscIsFiledUnderItsIdentityUpToTheFirstTrackWithoutAName) {
+  CddbStage s;
+  CDDBInfo info;
+  info.Interpret = L"Alguien";
+  info.Titel = L"Algo´s";
+  info.TrackTitel[1] = L"uno";
+  info.TrackTitel[2] = L"dos";
+  info.TrackInterpret[2] = L"Ana ";
+  info.TrackInterpret[3] = L"Luz ";
+  info.TrackTitel[5] = L"cinco";
+  AkuteErsetzen(info);
+  const auto before = FilesBelow(s.home.Path());
+  CDPlayerIniSchreiben(s.prog, L"D:\\", info);
+  auto after = FilesBelow(s.home.Path());
+  EXPECT_EQ(after.erase("cdplayer.ini"), 1U);
+  EXPECT_EQ(after, before);
+  const auto value = [&](const Text& key) {
+    return s.bundle.profile.GetPrivateProfileString(L"A98AC7", key, L"?", 2000,
+                                                    L"C:\\WINDOWS\\cdplayer.ini");
+  };
+  EXPECT_EQ(value(L"EntryType"), L"1");
+  EXPECT_EQ(value(L"numtracks"), L"3");
+  EXPECT_EQ(value(L"artist"), L"Alguien");
+  EXPECT_EQ(value(L"title"), L"Algo's");
+  EXPECT_EQ(value(L"0"), L"uno");
+  EXPECT_EQ(value(L"1"), L"Ana  - dos");
+  EXPECT_EQ(value(L"2"), L"Luz  -");
+  EXPECT_EQ(value(L"3"), L"?");
+  s.disc.Identity.clear();
+  CDPlayerIniSchreiben(s.prog, L"D:\\", info);
+  EXPECT_EQ(s.bundle.profile.GetPrivateProfileSectionNames(L"cdplayer.ini", 5000),
+            std::vector<Text>{L"A98AC7"});
+}
+
+TEST(CdPlayerIni, WhatAServerSaysStaysInItsValue) {
+  CddbStage s;
+  CDDBInfo info;
+  info.Interpret = L"x\r\n[evil]\r\nnumtracks=7\r\n";
+  info.Titel = Text(L"a\0b", 3) + Text(100000, L'z');
+  for (std::size_t i = 1; i <= 100; ++i) info.TrackTitel[i] = L"[evil]\n0=w";
+  CDPlayerIniSchreiben(s.prog, L"D:\\", info);
+  EXPECT_EQ(s.bundle.profile.GetPrivateProfileSectionNames(L"cdplayer.ini", 5000),
+            std::vector<Text>{L"A98AC7"});
+  const auto file = s.platform.machine.files.SystemPath(L"C:\\WINDOWS\\cdplayer.ini");
+  EXPECT_LT(std::filesystem::file_size(file), 10000U);
+  EXPECT_EQ(
+      s.bundle.profile.GetPrivateProfileString(L"A98AC7", L"numtracks", L"", 10, L"cdplayer.ini"),
+      L"100");
+  EXPECT_EQ(s.bundle.profile.GetPrivateProfileString(L"A98AC7", L"99", L"", 100, L"cdplayer.ini"),
+            L"(evil) 0=w");
+}
+
+}  // namespace
+}  // namespace vantora::test

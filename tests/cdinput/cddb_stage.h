@@ -1,0 +1,191 @@
+// A program with a disc in its drive and a CDDB server in its network. Between the two stand
+// sockets that note what the client does, and that can stall at any step.
+#pragma once
+
+#include "backends/linux/linux_sockets.h"
+#include "cdinput/clsCCd.h"
+#include "tests/support/buehne.h"
+#include "tests/support/cddb_server.h"
+
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace vantora::test {
+
+// A drive with one disc: answers as a drive does, only while it is open and set to MSF.
+class FakeDisc final : public Mci {
+ public:
+  std::vector<int> Starts;  // of the tracks, in frames from the beginning of the disc
+  int LeadOut = 0;
+  int FailingCall = -1;  // from 0; -1 for none
+  Text Identity = L"11111111";
+  int OpenDevices = 0;
+
+  // Tracks of 13 seconds and some frames each.
+  void Has(int tracks) {
+    Starts.clear();
+    for (int i = 0; i < tracks; ++i) Starts.push_back(150 + i * 1000);
+    LeadOut = 150 + tracks * 1000;
+  }
+
+  Text mciSendString(const Text& /*command*/) override { return {}; }
+  Text MediaIdentity(const Text& /*drive*/) override { return Identity; }
+  int MCI_OPEN(const Text& drive) override {
+    if (Fails() || drive != L"D:\\" || Starts.empty()) return -1;
+    ++OpenDevices;
+    msf_ = false;
+    return 1;
+  }
+  bool MCI_SET(int /*device*/, int timeFormat) override {
+    if (Fails() || OpenDevices != 1) return false;
+    msf_ = timeFormat == kMciMsf;
+    return true;
+  }
+  std::int32_t MCI_STATUS(int /*device*/, int item, int track) override {
+    if (Fails() || OpenDevices != 1) return -1;
+    if (item == kMciNumberOfTracks) return static_cast<std::int32_t>(Starts.size());
+    if (!msf_ || track < 1 || track > static_cast<int>(Starts.size())) return -1;
+    const auto index = static_cast<std::size_t>(track) - 1;
+    if (item == kMciPosition) return Msf(Starts[index]);
+    const bool last = index + 1 == Starts.size();
+    return Msf((last ? LeadOut - 1 : Starts[index + 1]) - Starts[index]);
+  }
+  void MCI_CLOSE(int /*device*/) override { --OpenDevices; }
+
+ private:
+  static std::int32_t Msf(int frames) {
+    return frames / 75 / 60 | frames / 75 % 60 << 8 | frames % 75 << 16;
+  }
+  bool Fails() { return FailingCall >= 0 && FailingCall-- == 0; }
+
+  bool msf_ = false;
+};
+
+enum class Step { Nothing, Lookup, Connect, Send, Receive };
+
+class WatchedSockets final : public Sockets {
+ public:
+  WatchedSockets(Sockets& real, Clock& clock) : real_(real), clock_(clock) {}
+
+  // From the `StallAtConnection`th connection, from 1, this step does not come to an end.
+  Step StallAt = Step::Nothing;
+  int StallAtConnection = 1;
+  const std::uint8_t* Status = nullptr;
+
+  std::vector<int> Statuses;  // seen at the steps, each once
+  int Reads = 0;
+  int LongestRead = 0;         // bytes asked for
+  int ReadsWithoutEvents = 0;  // with no events processed since the read before
+  int Opened = 0, Closed = 0;
+  std::set<std::uint16_t> Ports;  // as they were sent
+
+  int WSAStartup(int version) override { return real_.WSAStartup(version); }
+  int WSAGetLastError() override { return real_.WSAGetLastError(); }
+  std::uint16_t Htons(std::uint16_t value) override { return real_.Htons(value); }
+  std::uint32_t inet_addr(const std::string& host) override { return real_.inet_addr(host); }
+  std::string inet_ntoa(std::uint32_t address) override { return real_.inet_ntoa(address); }
+  int gethostbyname(const std::string& host, std::uint32_t& address) override {
+    return Stalls(Step::Lookup, Opened + 1) ? kNochNicht : real_.gethostbyname(host, address);
+  }
+  int socket() override {
+    ++Opened;
+    return real_.socket();
+  }
+  int setsockopt_LINGER(int number, bool on, int seconds) override {
+    return real_.setsockopt_LINGER(number, on, seconds);
+  }
+  int connect(int number, const SocketAdresse& address) override {
+    Ports.insert(address.Port);
+    return Stalls(Step::Connect, Opened) ? kNochNicht : real_.connect(number, address);
+  }
+  int send(int number, const std::string& bytes) override {
+    return Stalls(Step::Send, Opened) ? kNochNicht : real_.send(number, bytes);
+  }
+  int recv(int number, char* bytes, int limit) override {
+    ++Reads;
+    LongestRead = std::max(LongestRead, limit);
+    // Time passes here only where events are processed.
+    if (std::exchange(lastRead_, clock_.Ticks()) == clock_.Ticks()) ++ReadsWithoutEvents;
+    return Stalls(Step::Receive, Opened) ? kNochNicht : real_.recv(number, bytes, limit);
+  }
+  void closesocket(int number) override {
+    ++Closed;
+    real_.closesocket(number);
+  }
+
+ private:
+  bool Stalls(Step step, int connection) {
+    if (Status && (Statuses.empty() || Statuses.back() != *Status)) Statuses.push_back(*Status);
+    return StallAt == step && connection >= StallAtConnection;
+  }
+
+  Sockets& real_;
+  Clock& clock_;
+  std::int64_t lastRead_ = -1;
+};
+
+// What a look-up came to.
+struct Outcome {
+  int Status = -1, Ergebnis = -1;
+  int Error = 0;  // number of the run-time error that left the client, or 0
+  bool operator==(const Outcome&) const = default;
+};
+
+struct CddbStage {
+  explicit CddbStage(Sockets* other = nullptr)
+      : lines("DTITLE=Alguien / Algo\r\nTTITLE0=uno\r\nTTITLE1=dos\r\n"),
+        sockets(other ? *other : real, platform.clock) {
+    disc.Starts = {150, 13500};
+    disc.LeadOut = 22500;
+    request = {L"", L"", L"", L"anónimo", L"casa", L"VTR", L"1.0"};
+    request.Server = Wide(server.Address());
+  }
+
+  static Text Wide(const std::string& text) { return {text.begin(), text.end()}; }
+
+  Outcome Ask() {
+    client.Init(L"D:\\");
+    Outcome outcome;
+    std::int16_t result = -1;
+    status = 0;
+    sockets.Status = &status;
+    try {
+      client.CDDBAbfrage(request, status, result);
+    } catch (const Laufzeitfehler& error) {
+      outcome.Error = error.Nummer;
+    }
+    outcome.Status = status;
+    outcome.Ergebnis = result;
+    return outcome;
+  }
+  Outcome AskFor(const std::string& tellingLines) {
+    server.Knows("rock", kId, tellingLines);
+    return Ask();
+  }
+
+  static constexpr const char* kId = "0b012a02";
+  const std::string lines;
+
+  TemporaryHome home;
+  HeadlessPlatform platform{home.Path(), std::filesystem::path(VANTORA_SOURCE_DIR) / "resources"};
+  FakeDisc disc;
+  LinuxSockets real{SocketPatience{20, 800, 8000}};
+  WatchedSockets sockets;
+  Plattform bundle{With(platform.bundle, disc, sockets)};
+  Programm prog{bundle};
+  CddbServer server;
+  CDDBAnfrage request;
+  clsCCd client{bundle};
+  std::uint8_t status = 0;
+
+ private:
+  static Plattform With(const Plattform& p, Mci& mci, Sockets& sockets) {
+    return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
+            p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
+            p.mp3,           p.mcd,        p.acd,      p.cd,         mci,       sockets};
+  }
+};
+
+}  // namespace vantora::test

@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include "tests/cdinput/cddb_stage.h"
+
+#include <cstdio>
+
+namespace vantora::test {
+namespace {
+
+struct Disc {
+  const char* Name;
+  int Tracks, First, Step, Wobble, LastTrack;  // in frames; see StartOf
+  const wchar_t* Id;                           // worked out by other means
+};
+
+int StartOf(const Disc& disc, int track) {
+  return disc.First + track * disc.Step + track * track * 7 % disc.Wobble;
+}
+
+// The ID as the database's own description of it says: one number of four bytes.
+Text OnePieceId(const FakeDisc& disc) {
+  unsigned sum = 0;
+  for (const int start : disc.Starts) {
+    for (const char digit : std::to_string(start / 75)) sum += static_cast<unsigned>(digit - '0');
+  }
+  const auto length = static_cast<unsigned>(disc.LeadOut / 75 - disc.Starts[0] / 75);
+  char text[16];
+  std::snprintf(text, sizeof text, "%08x",
+                sum % 255 << 24 | length << 8 | static_cast<unsigned>(disc.Starts.size()));
+  return CddbStage::Wide(text);
+}
+
+TEST(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
+  const Disc discs[] = {
+      {"two tracks of an even second", 2, 150, 13350, 1, 9000, L"0b012a02"},
+      {"one track", 1, 150, 0, 1, 15000, L"0200c801"},
+      {"one track of one second", 1, 150, 0, 1, 75, L"02000101"},
+      {"one track that ends a frame before a second", 1, 150, 0, 1, 299, L"02000301"},
+      {"one track that ends on the second", 1, 150, 0, 1, 300, L"02000401"},
+      {"one long track", 1, 150, 0, 1, 320000, L"0210aa01"},
+      {"a total of 4095 s", 1, 150, 0, 1, 307125, L"020fff01"},
+      {"a total of 4096 s", 1, 150, 0, 1, 307200, L"02100001"},
+      {"the longest disc of all", 1, 150, 0, 1, 445200, L"02173001"},
+      {"one track that begins late", 1, 32183, 0, 1, 20011, L"0f010a01"},
+      {"one track that begins a frame before a second", 1, 224, 0, 1, 76, L"02000201"},
+      {"two tracks across a minute", 2, 150, 4350, 1, 4649, L"08007702"},
+      {"two short tracks", 2, 183, 301, 1, 302, L"08000802"},
+      {"two halves of a long disc", 2, 150, 160000, 11, 163003, L"0d10d202"},
+      {"twelve songs", 12, 150, 17003, 613, 19001, L"a00abe0c"},
+      {"twelve songs behind a gap", 12, 182, 15377, 997, 14999, L"9409a30c"},
+      {"a symphony in four", 4, 150, 60011, 373, 48777, L"1e0beb04"},
+      {"nineteen songs", 19, 150, 13337, 211, 9999, L"120d0813"},
+      {"twenty-one songs", 21, 37, 16001, 733, 12345, L"35115815"},
+      {"a checksum of 255", 30, 150, 1500, 1, 9000, L"0002bc1e"},
+      {"fifty pieces", 50, 150, 5003, 401, 6007, L"820d1932"},
+      {"fifty pieces of more than 4095 s", 50, 150, 6500, 389, 7001, L"f310f532"},
+      {"ninety-nine jingles", 99, 150, 375, 75, 400, L"3c01ef63"},
+      {"ninety-nine pieces", 99, 150, 2711, 97, 2999, L"830dfe63"},
+      {"ninety-nine pieces of more than 4095 s", 99, 150, 3301, 173, 3500, L"a8110963"},
+  };
+  CddbStage s;
+  for (const Disc& disc : discs) {
+    SCOPED_TRACE(disc.Name);
+    s.disc.Starts.clear();
+    for (int i = 0; i < disc.Tracks; ++i) s.disc.Starts.push_back(StartOf(disc, i));
+    s.disc.LeadOut = s.disc.Starts.back() + disc.LastTrack;
+    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), disc.Id);
+    EXPECT_EQ(OnePieceId(s.disc), disc.Id);
+    EXPECT_EQ(s.disc.OpenDevices, 0);
+  }
+}
+
+TEST(ClsCCd, TheQueryNamesEveryTrackByItsFrameAndTheDiscByItsEnd) {
+  CddbStage s;
+  EXPECT_EQ(s.client.DiscID(), L"(unavailable)");
+  EXPECT_EQ(s.client.QueryString(), L"cddb+query+(unavailable)+0");
+  s.client.Init(L"D:\\");
+  EXPECT_EQ(s.client.QueryString(), L"cddb+query+0b012a02+2+150+13500+300");
+  s.disc.Starts = {182, 5000, 399999};
+  s.disc.LeadOut = 400074;
+  clsCCd other(s.bundle);
+  other.Init(L"D:\\");
+  EXPECT_EQ(other.QueryString(), L"cddb+query+" + other.DiscID() + L"+3+182+5000+399999+5334");
+}
+
+TEST(ClsCCd, ADriveThatFailsAtAnyQuestionIsClosedAndGivesNoId) {
+  CddbStage s;
+  s.disc.Has(3);
+  const int questions = 2 + 1 + 3 + 1;  // open, format; number, positions, length
+  for (int call = 0; call < questions; ++call) {
+    s.disc.FailingCall = call;
+    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)") << call;
+    EXPECT_EQ(s.disc.OpenDevices, 0) << call;
+  }
+  s.disc.FailingCall = -1;
+  EXPECT_NE(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)");
+  EXPECT_EQ(DiscIDLesen(s.prog, L""), L"(unavailable)");
+  s.disc.Has(0);
+  EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)");
+}
+
+TEST(ClsCCd, TheProgressOfALookUpFillsItsBarInSixSteps) {
+  const std::vector<std::pair<int, CDDBFortschritt>> steps{{0, {5021, 395}},  {1, {5022, 790}},
+                                                           {2, {5023, 1185}}, {5, {5021, 1580}},
+                                                           {6, {5022, 1975}}, {7, {5023, 2370}}};
+  for (const auto& [status, shown] : steps) {
+    const auto step = CDDBFortschrittZu(static_cast<std::uint8_t>(status));
+    ASSERT_TRUE(step) << status;
+    EXPECT_EQ(step->TextNummer, shown.TextNummer) << status;
+    EXPECT_EQ(step->Breite, shown.Breite) << status;
+  }
+  for (const int status : {3, 4, 8, 11, 77, 99, 100, 200, 201, 202}) {
+    EXPECT_FALSE(CDDBFortschrittZu(static_cast<std::uint8_t>(status))) << status;
+  }
+}
+
+}  // namespace
+}  // namespace vantora::test

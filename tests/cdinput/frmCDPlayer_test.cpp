@@ -1,0 +1,289 @@
+#include <gtest/gtest.h>
+
+#include "tests/cdinput/cd_stage.h"
+
+namespace vantora {
+namespace {
+
+const Text kWavs = L"C:\\Vantora\\Wavs\\";
+
+class CDPlayer : public ::testing::Test, protected CdBuehne {
+ protected:
+  void Waehlt(const std::vector<int>& zeilen) {
+    b.platform.hands.Select(Player().lstTracks, zeilen);
+  }
+  std::vector<Text> Zeilen() { return Player().lstTracks.Items(); }
+  // A name over the line that is selected, as a person types it.
+  void Nennt(int zeile, const Text& name) {
+    Waehlt({zeile});
+    b.platform.hands.DoubleClick(Player().lstTracks);
+    ASSERT_TRUE(Player().txtSongname.Visible());
+    b.platform.hands.Type(Player().txtSongname, name);
+    b.platform.hands.Key(Player(), L"Return");
+  }
+};
+
+TEST_F(CDPlayer, ADiscShowsItsTracksWithTimesAndSizes) {
+  Laufwerk().Disc = {{75 * 65}, {75 * 60 * 61}, {75 * 5}};
+  Oeffnen();
+  EXPECT_TRUE(b.Gesagt().empty());
+  EXPECT_FALSE(b.Haupt().Window.Enabled);
+  EXPECT_EQ(Zeilen(),
+            (std::vector<Text>{L"Pista01     01:05     11 Mb  ", L"Pista02     61:00     616 Mb  ",
+                               L"Pista03     00:05     1 Mb  "}));
+  EXPECT_EQ(Player().txtAnzahlTracks.Caption(), L"3");
+  EXPECT_EQ(Player().txtCDLengthMs.Caption(), L"62:10");
+  EXPECT_EQ(Player().txtCDLengthMB.Caption(), L"627");
+  EXPECT_EQ(Player().txtZeit.Caption(), L"00:01:05");
+  EXPECT_EQ(Player().txtPosition.Caption(), L"(00:00)");
+  EXPECT_EQ(Player().lblStatus.Caption(), Sagt(5228));
+  EXPECT_EQ(Player().lstDriveLetter.List(0), L"D:\\ VANTORA IMAGE       07 00");
+  b.platform.loop.Pass(1000);
+  EXPECT_EQ(Player().txtPosition.Caption(), L"(01:23)");
+  b.platform.hands.Key(Player(), L"Escape");
+  EXPECT_FALSE(b.prog.frmCDPlayer.Geladen());
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+  EXPECT_EQ(cd->player.Tracks(), 0);  // the drive is free for others
+}
+
+TEST_F(CDPlayer, AnEmptyDriveIsTriedAgainUntilTheUserHasEnough) {
+  Laufwerk().Disc.clear();
+  b.Antwortet(kJa).Antwortet(kNein);
+  Oeffnen();
+  const Text leer = Sagt(5008) + L"\r\n" + Sagt(5009);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{leer, leer}));
+  EXPECT_EQ(Player().lblStatus.Caption(), Sagt(5222));
+  EXPECT_FALSE(Player().lstTracks.Enabled);
+  EXPECT_FALSE(Player().imgSpeichern.Enabled);
+  EXPECT_TRUE(Player().Window.Enabled);
+  // A disc that is laid in meanwhile is found by choosing the drive again; so is a broken drive.
+  Laufwerk().Disc = {{75 * 3}};
+  b.platform.hands.Select(Player().lstDriveLetter, {1});
+  EXPECT_EQ(Zeilen().size(), 1U);
+  EXPECT_TRUE(Player().imgSpeichern.Enabled);
+  EXPECT_EQ(GetSetting(b.bundle, L"LastAudioCDSelected", L""), L"0");
+  Laufwerk().Shut = true;
+  cd->player.Opened = 0;
+  b.user.Said.clear();
+  b.Antwortet(kNein);
+  b.platform.hands.Select(Player().lstDriveLetter, {1});
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{leer}));
+  EXPECT_EQ(cd->player.Opened, 5);  // it may still be spinning up
+  Laufwerk().Dead = true;
+  b.user.Said.clear();
+  b.Antwortet(kNein);
+  b.platform.hands.Select(Player().lstDriveLetter, {1});
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(5005) + L"D" + Sagt(5006) + L"\r\n" + Sagt(5007) +
+                                           L"\r\n" + Sagt(5009)}));
+}
+
+TEST_F(CDPlayer, ASavedDriveBeyondTheListGivesWayToTheFirst) {
+  SaveSetting(b.bundle, L"LastAudioCDSelected", L"7");
+  Oeffnen();
+  EXPECT_EQ(Player().lstDriveLetter.ListIndex(), 0);
+  EXPECT_EQ(GetSetting(b.bundle, L"LastAudioCDSelected", L""), L"7");
+}
+
+TEST_F(CDPlayer, PlayingFollowsTheSelectionWithinTheList) {
+  Oeffnen();
+  FakePlayer& p = cd->player;
+  Druecke(Player().cmdLetztesLied);
+  EXPECT_EQ(p.Playing, 0);
+  Druecke(Player().imgPlay);
+  EXPECT_EQ(p.Playing, 1);
+  for (int i = 0; i < 4; ++i) Druecke(Player().cmdNextSong);
+  EXPECT_EQ(p.Playing, 3);
+  EXPECT_EQ(Player().txtTrackNr.Caption(), L"3");
+  Druecke(Player().imgPause);
+  EXPECT_EQ(p.Playing, -3);
+  Druecke(Player().imgPause);
+  EXPECT_EQ(p.Playing, 3);
+  Waehlt({2});
+  EXPECT_EQ(p.Playing, 2);
+  Druecke(Player().imgStop);
+  EXPECT_EQ(p.Playing, 0);
+  Waehlt({1});
+  EXPECT_EQ(p.Playing, 0);
+  b.Antwortet(kNein).Antwortet(kNein);
+  Laufwerk().Disc.clear();
+  Druecke(Player().imgPlay);
+  Waehlt({1});
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(5001), Sagt(5001)}));
+  EXPECT_TRUE(Zeilen().empty());
+}
+
+TEST_F(CDPlayer, ATypedNameStandsInItsLineAndItsApostropheChanges) {
+  Oeffnen();
+  Nennt(2, L"L'amour");
+  EXPECT_EQ(Zeilen()[1], L"L´amour     00:20     3 Mb  ");
+  EXPECT_EQ(Player().TrackName[2], L"L´amour");
+  EXPECT_TRUE(Player().lstTracks.Selected(1));  // and not the next, which has the focus
+  EXPECT_EQ(Player().lstTracks.SelCount(), 1);
+  EXPECT_EQ(Player().lstTracks.ListIndex(), 2);
+  Waehlt({1});
+  b.platform.hands.DoubleClick(Player().lstTracks);
+  b.platform.hands.Type(Player().txtSongname, L"nada");
+  b.platform.hands.Key(Player(), L"Escape");
+  EXPECT_FALSE(Player().txtSongname.Visible());
+  EXPECT_TRUE(Zeilen()[0].starts_with(L"Pista01 "));
+  EXPECT_TRUE(b.prog.frmCDPlayer.Geladen());
+}
+
+TEST_F(CDPlayer, SelectedTracksBecomeWavesAndEnterTheCatalog) {
+  Oeffnen();
+  Nennt(2, L"Mi tema: \"azul\"/2");
+  Druecke(Player().imgAllesWaehlen);
+  EXPECT_EQ(Player().GrabAuswahl, 3);
+  EXPECT_EQ(Player().GesamtMB, 6);
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(23008)}));
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"Pista01", L"Mi tema: \"azul\"/2", L"Pista03"}));
+  EXPECT_EQ(Ton(kWavs + L"Pista01.wav"), Soll(1));
+  EXPECT_EQ(Ton(kWavs + L"Mi_tema___azul__2.wav"), Soll(2));
+  EXPECT_EQ(Ton(kWavs + L"Pista03.wav"), Soll(3));
+  EXPECT_TRUE(b.prog.KatalogGeaendert);
+  EXPECT_FALSE(b.prog.frmSchreibFortschritt.Geladen());
+  EXPECT_TRUE(Player().Window.Enabled);
+  EXPECT_FALSE(b.Haupt().Window.Enabled);  // behind the player
+  EXPECT_NE(cd->player.Tracks(), 0);       // the disc can be played again
+
+  // A second time every file is there; the one with blanks under the name it got.
+  b.user.Said.clear();
+  b.Antwortet(kJa).Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(),
+            (std::vector<Text>{Sagt(5003) + L"Pista01.wav\r\n" + Sagt(5004),
+                               Sagt(5003) + L"Mi tema_ _azul__2.wav\r\n" + Sagt(5004)}));
+  EXPECT_EQ(b.Titel().size(), 3U);
+}
+
+TEST_F(CDPlayer, TracksOfOneNameAreNotWrittenOverEachOther) {
+  Oeffnen();
+  Nennt(1, L"Tema");
+  Nennt(2, L"Tema");
+  Waehlt({1, 2});
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(Ton(kWavs + L"Tema.wav"), Soll(1));
+  EXPECT_EQ(Ton(kWavs + L"Pista02.wav"), Soll(2));
+}
+
+TEST_F(CDPlayer, OneTrackIsAskedForItsFile) {
+  Oeffnen();
+  std::filesystem::create_directories(b.home.Path() / "Otros");
+  b.Datei(L"C:\\Otros\\hay.wav", "x");
+  Waehlt({3});
+  b.WaehltDatei({L"C:\\Otros\\a?b.wav"}).Antwortet(kNein);      // a bad name
+  b.WaehltDatei({L"C:\\Otros\\hay.wav"}).Antwortet(kNein);      // not to be replaced
+  b.WaehltDatei({L"C:\\Otros\\otro nombre"}).Antwortet(kNein);  // done
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(5229) + Sagt(5230),
+                                           Sagt(5003) + L"hay.wav\r\n" + Sagt(5004), Sagt(23008)}));
+  EXPECT_EQ(Ton(L"C:\\Otros\\otro_nombre.wav"), Soll(3));
+  EXPECT_EQ(b.Lies(L"C:\\Otros\\hay.wav"), "x");
+  EXPECT_EQ(b.prog.Wave_Export_Dir, L"C:\\Otros\\");
+  b.WaehltDatei({});
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Titel().size(), 1U);
+}
+
+TEST_F(CDPlayer, NothingIsReadWhereThereIsNoRoom) {
+  Oeffnen();
+  Waehlt({1, 2});
+  Laufwerk().Disc[0].Sectors = 75 * 60 * 75;
+  b.platform.hands.Select(Player().lstDriveLetter, {1});
+  for (std::int32_t& mb : Player().CDDaten.TrackMB) mb = 1'000'000'000;
+  Waehlt({1, 2});
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(5002)}));
+  EXPECT_FALSE(b.prog.DateiExistiert(kWavs + L"Pista01.wav"));
+}
+
+TEST_F(CDPlayer, ADataTrackEndsTheGrabWithTheTracksBeforeItInTheCatalog) {
+  Laufwerk().Disc[1].Audio = false;
+  Oeffnen();
+  Druecke(Player().imgAllesWaehlen);
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(),
+            (std::vector<Text>{Sagt(23004) + L"\r\n" + Sagt(23005) + L"2\r\n" + Sagt(23006)}));
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"Pista01"}));
+  EXPECT_FALSE(b.prog.frmSchreibFortschritt.Geladen());
+}
+
+TEST_F(CDPlayer, ACancelStopsTheReaderAndKeepsWhatWasFinished) {
+  Laufwerk().ReadMs = 10000;
+  Oeffnen();
+  Druecke(Player().imgAllesWaehlen);
+  b.platform.loop.PostAfter(18000, [this] {
+    vantora::frmSchreibFortschritt& f = b.prog.frmSchreibFortschritt();
+    EXPECT_EQ(f.lblKopieNr.Caption(), L"2");
+    EXPECT_EQ(f.lblKopieInsgAnz.Caption(), L" / 3");
+    EXPECT_EQ(f.lblSonstiges.Caption(), Sagt(23601) + L"2");
+    EXPECT_NE(f.lblAktKopiePro.Caption(), L"--");
+    EXPECT_LE(f.lblAktKopieSpeed.Caption(), L"X8");
+    Druecke(f.imgAbbrechen);
+  });
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(23007) + L"\r\n"}));
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"Pista01"}));
+  EXPECT_FALSE(cd->reader.Reading());
+  EXPECT_FALSE(b.prog.GrabAbbruch);
+  EXPECT_TRUE(Player().Window.Enabled);
+  // What follows is a grab like any other.
+  b.user.Said.clear();
+  Waehlt({2, 3});
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(23008)}));
+  EXPECT_EQ(b.Titel().size(), 3U);
+}
+
+TEST_F(CDPlayer, AScratchIsReadOnALaterTryAndABadTrackEndsTheGrab) {
+  Oeffnen();
+  Laufwerk().ReadErrors = 10;
+  Waehlt({1, 2});
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(23008)}));
+  EXPECT_EQ(cd->reader.Retries, 10);
+  EXPECT_EQ(Ton(kWavs + L"Pista01.wav"), Soll(1));
+
+  b.user.Said.clear();
+  Laufwerk().ReadErrors = 1000;
+  b.Antwortet(kJa).Antwortet(kJa).Antwortet(kNein);  // replace both; the track cannot be read
+  Druecke(Player().imgSpeichern);
+  ASSERT_EQ(b.Gesagt().size(), 3U);
+  EXPECT_EQ(b.Gesagt()[2], Sagt(9000) + L"1" + Sagt(9001));
+  EXPECT_EQ(cd->reader.Retries, 20);
+  EXPECT_TRUE(Player().Window.Enabled);
+}
+
+TEST_F(CDPlayer, AnotherFailureThanAReadErrorChangesNothing) {
+  Oeffnen();
+  Laufwerk().ErrorText = L"Otra cosa";
+  Laufwerk().ReadErrors = 1;
+  Waehlt({1, 2});
+  b.platform.loop.PostAfter(20000,
+                            [this] { Druecke(b.prog.frmSchreibFortschritt().imgAbbrechen); });
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(23007) + L"\r\n"}));
+  EXPECT_EQ(cd->reader.Retries, 0);
+}
+
+TEST_F(CDPlayer, ARefusedTrackIsToldWithItsCode) {
+  Oeffnen();
+  Laufwerk().RefuseTrack = 2;
+  Waehlt({1, 2});
+  b.Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(23001) + L"\r\n" + Sagt(23002) + L"5"}));
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"Pista01"}));
+}
+
+}  // namespace
+}  // namespace vantora

@@ -1,0 +1,224 @@
+#include "cdinput/frmDatenbank.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/buehne.h"
+
+#include <chrono>
+
+namespace vantora {
+namespace {
+
+using Zeilen = std::vector<Text>;
+
+class DatenbankFenster : public ::testing::Test {
+ protected:
+  void SetUp() override { b.Start(); }
+
+  void Inhalt(const std::string& ini) { b.Datei(L"C:\\WINDOWS\\qmaudio.ini", ini); }
+  std::string Inhalt() { return b.Lies(L"C:\\WINDOWS\\qmaudio.ini"); }
+  // Opens the window as the user does; `was` acts in it, and Escape closes it.
+  void Im(std::function<void(frmDatenbank&)> was) {
+    b.Macht([this, was = std::move(was)](Form& front) {
+      was(dynamic_cast<frmDatenbank&>(front));
+      hand().Key(front, L"Escape");
+    });
+    b.Tu([this] { b.Haupt().imgDatenBank_MouseUp(); });
+    EXPECT_EQ(b.user.Left(), 0U);
+    EXPECT_FALSE(b.prog.frmDatenbank.Geladen());
+    EXPECT_TRUE(b.Gesagt().empty());
+  }
+  void Sucht(frmDatenbank& d, const Text& text) {
+    hand().Type(d.txtSuchtext, text);
+    hand().Press(d.imgSuchen);
+  }
+  Hands& hand() { return b.platform.hands; }
+  Buehne b;
+};
+
+const char* const kZweiDiscos =
+    "[1A2B]\r\nartist=Varios\r\ntitle=Verano\r\nnumtracks=3\r\n0=Las olas;Azul oscuro;214\r\n"
+    "1=Rosa;El faro;61\r\n2=Las olas;Mar;3700\r\n3=Antiguo;Faro viejo;9\r\ntotaltime=3975\r\n"
+    "[FF]\r\nartist=La costa\r\ntitle=Oto\xF1o\r\nnumtracks=1\r\n0=Mar;Brisa;60\r\n"
+    "totaltime=60\r\n";
+
+TEST_F(DatenbankFenster, ShowsTheDiscsAndTheTracksOfTheFirst) {
+  Inhalt(kZweiDiscos);
+  Im([&](frmDatenbank& d) {
+    EXPECT_EQ(d.lstInterpreten.Items(), (Zeilen{L"Varios: Verano", L"La costa: Otoño"}));
+    EXPECT_EQ(d.lstInterpreten.ListIndex(), 0);
+    EXPECT_EQ(d.lblVorhandeneCDNum.Caption(), L"2");
+    EXPECT_EQ(d.lblVorhandeneTitelNum.Caption(), L"4");
+    // What a longer disc of the same key left behind is not the present one's.
+    EXPECT_EQ(d.lstTitel.Items(),
+              (Zeilen{L"Las olas: Azul oscuro", L"Rosa: El faro", L"Las olas: Mar"}));
+    EXPECT_EQ(d.lblAnzahlTitelAktuelleCD.Caption(), L"3");
+    EXPECT_EQ(d.lblGesamtzeit.Caption(), L"66:15");
+    EXPECT_EQ(d.lblDauer.Caption(), L"03:34");
+    hand().Select(d.lstTitel, {3});
+    EXPECT_EQ(d.lblDauer.Caption(), L"61:40");
+    hand().Select(d.lstInterpreten, {2});
+    EXPECT_EQ(d.lstTitel.Items(), Zeilen{L"Mar: Brisa"});
+    EXPECT_EQ(d.lblDauer.Caption(), L"01:00");
+    EXPECT_EQ(d.txtSuchtext.ToolTipText(), b.prog.Text(6005));
+  });
+}
+
+TEST_F(DatenbankFenster, AnEmptyDatabaseIsShownAndNothingInItCanBeDeletedOrFound) {
+  Im([&](frmDatenbank& d) {
+    EXPECT_EQ(d.lblVorhandeneCDNum.Caption(), L"0");
+    EXPECT_EQ(d.lblVorhandeneTitelNum.Caption(), L"0");
+    EXPECT_EQ(d.lblAnzahlTitelAktuelleCD.Caption(), L"");
+    hand().Press(d.imgLöschen);
+    Sucht(d, L"mar");
+    hand().Press(d.imgGesammteListe);
+    EXPECT_EQ(d.lstInterpreten.ListCount() + d.lstTitel.ListCount(), 0);
+  });
+  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\WINDOWS\\qmaudio.ini"));
+}
+
+TEST_F(DatenbankFenster, SectionsThatAreNoDiscsAreLeftOutAndOddOnesDoNoHarm) {
+  Inhalt(
+      "[]\nnumtracks=2\n[sin]\nartist=x\n[cero]\nnumtracks=0\n[nada]\nnumtracks=\n"
+      "[menos]\nartist=a\nnumtracks=-2\n[muchas]\nartist=b\nnumtracks=1e30\n0=t;u\ntotaltime=1e30\n"
+      "[NUL]\nartist=c" +
+      std::string(1, '\0') + "d\ntitle=e\nnumtracks=1\n");
+  Im([&](frmDatenbank& d) {
+    EXPECT_EQ(d.lstInterpreten.Items(), (Zeilen{L"a: ", L"b: ", L"c: e"}));
+    EXPECT_EQ(d.lblVorhandeneCDNum.Caption(), L"3");
+    EXPECT_EQ(d.lstTitel.ListCount(), 0);
+    hand().Select(d.lstInterpreten, {2});
+    EXPECT_EQ(d.lstTitel.Items(), Zeilen{L"t: u"});
+    EXPECT_EQ(d.lblDauer.Caption(), L"00:00");
+    hand().Select(d.lstInterpreten, {3});
+    EXPECT_EQ(d.lstTitel.ListCount(), 0);
+  });
+}
+
+TEST_F(DatenbankFenster, ATracksFieldsAreTakenAsTheyAre) {
+  Inhalt(
+      "[1]\nartist=a\ntitle=b\nnumtracks=6\ntotaltime=12\n0=;sin int\xE9rprete;5\n1=solo\n"
+      "2=x;;7\n3=uno;dos; tres;8\n5=y;z;90\n");
+  Im([&](frmDatenbank& d) {
+    // A track without performer has no line; a missing key has none either.
+    EXPECT_EQ(d.lstTitel.Items(), (Zeilen{L"solo", L"x: ", L"uno: dos", L"y: z"}));
+    EXPECT_EQ(d.lblDauer.Caption(), L"00:00");
+    hand().Select(d.lstTitel, {3});
+    EXPECT_EQ(d.lblDauer.Caption(), L"00:00");  // the ";" has moved the fields
+    hand().Select(d.lstTitel, {4});
+    EXPECT_EQ(d.lblDauer.Caption(), L"01:30");  // its own time, in spite of the lines left out
+  });
+}
+
+TEST_F(DatenbankFenster, ASearchLooksAtWhatIsTickedWithCaseAndShowAllUndoesIt) {
+  Inhalt(kZweiDiscos);
+  struct Fall {
+    bool Disco, Temas;
+    const wchar_t* Gesucht;
+    Zeilen Gefunden;
+  };
+  const Text verano = L"Varios: Verano", otono = L"La costa: Otoño";
+  const std::vector<Fall> faelle = {
+      {true, true, L"Mar", {verano, otono}},
+      {true, false, L"Mar", {}},
+      {true, false, L"Var", {verano}},
+      {true, false, L"toñ", {otono}},
+      {false, true, L"Verano", {}},
+      {false, true, L"faro", {verano}},
+      {false, true, L"Faro", {}},
+      {false, true, L"214", {}},
+      {true, true, L"mar", {}},
+      {false, false, L"a", {}},
+      {true, true, L"Varios~Verano", {}},
+  };
+  Im([&](frmDatenbank& d) {
+    for (const Fall& fall : faelle) {
+      SCOPED_TRACE(testing::Message() << fall.Gesucht << fall.Disco << fall.Temas);
+      d.chkLabel.Value = fall.Disco ? 1 : 0;
+      d.chkLiedTitel.Value = fall.Temas ? 1 : 0;
+      Sucht(d, fall.Gesucht);
+      EXPECT_EQ(d.lstInterpreten.Items(), fall.Gefunden);
+      EXPECT_EQ(d.lstTitel.ListCount() > 0, !fall.Gefunden.empty());
+      EXPECT_EQ(d.lblVorhandeneCDNum.Caption(), L"2");
+      hand().Press(d.imgGesammteListe);
+      EXPECT_EQ(d.lstInterpreten.Items(), (Zeilen{verano, otono}));
+    }
+    hand().Type(d.txtSuchtext, L"");
+    hand().Select(d.lstInterpreten, {2});
+    hand().Press(d.imgSuchen);  // nothing to look for: all stays as it is
+    EXPECT_EQ(d.lstInterpreten.ListIndex(), 1);
+  });
+}
+
+TEST_F(DatenbankFenster, ASecondSearchNarrowsTheFirstAndALineOfItIsTheDiscThatGoes) {
+  Inhalt(kZweiDiscos);
+  Im([&](frmDatenbank& d) {
+    Sucht(d, L"Mar");
+    Sucht(d, L"costa");
+    EXPECT_EQ(d.lstInterpreten.Items(), Zeilen{L"La costa: Otoño"});
+    EXPECT_EQ(d.lstTitel.Items(), Zeilen{L"Mar: Brisa"});
+    Sucht(d, L"Verano");
+    EXPECT_EQ(d.lstInterpreten.ListCount(), 0);
+    hand().Press(d.imgGesammteListe);
+    Sucht(d, L"costa");
+    hand().Press(d.imgLöschen);
+    EXPECT_EQ(d.lstInterpreten.Items(), Zeilen{L"Varios: Verano"});
+    EXPECT_EQ(d.lblVorhandeneTitelNum.Caption(), L"3");
+  });
+  EXPECT_EQ(Inhalt(), std::string(kZweiDiscos).substr(0, std::string(kZweiDiscos).find("[FF]")));
+}
+
+TEST_F(DatenbankFenster, KeysSearchDeleteAndClose) {
+  Inhalt(kZweiDiscos);
+  Im([&](frmDatenbank& d) {
+    for (const wchar_t* taste : {L"F", L"F", L"Return"}) hand().Key(d, taste);  // the box has focus
+    EXPECT_EQ(d.txtSuchtext.Text(), L"ff");
+    EXPECT_EQ(d.lstInterpreten.ListCount(), 0);
+    hand().Press(d.imgGesammteListe);
+    hand().Key(d, L"Delete");  // in the search box
+    EXPECT_EQ(d.lstInterpreten.ListCount(), 2);
+    hand().Select(d.lstInterpreten, {1});
+    hand().Key(d, L"Down");
+    EXPECT_EQ(d.lstTitel.Items(), Zeilen{L"Mar: Brisa"});
+    hand().Key(d, L"Delete");
+    EXPECT_EQ(d.lstInterpreten.Items(), Zeilen{L"Varios: Verano"});
+  });
+}
+
+// The list of section names has a limit, so that a very long file shows only its beginning.
+TEST_F(DatenbankFenster, TwoThousandDiscsAreQuicklyThereAsFarAsTheirNamesGo) {
+  std::string ini;
+  for (int i = 0; i < 2000; ++i) {
+    ini += "[" + std::to_string(10000000 + i) + "]\r\nartist=Grupo\r\ntitle=Disco " +
+           std::to_string(i) + "\r\nnumtracks=12\r\n";
+    for (int track = 0; track < 12; ++track) {
+      ini += std::to_string(track) + "=Grupo;Tema " + std::to_string(track) + ";200\r\n";
+    }
+    ini += "totaltime=2400\r\n";
+  }
+  Inhalt(ini);
+  Im([&](frmDatenbank& d) {
+    EXPECT_EQ(d.lblVorhandeneCDNum.Caption(), L"555");  // 9 characters each, the NUL included
+    EXPECT_EQ(d.lstInterpreten.List(554), L"Grupo: Disco 554");
+    // Far above what it takes, far below what reading the file anew for every value would.
+    const auto anfang = std::chrono::steady_clock::now();
+    d.DatenbankLaden();
+    Sucht(d, L"no la hay");
+    const std::chrono::duration<double> dauer = std::chrono::steady_clock::now() - anfang;
+    EXPECT_LT(dauer.count(), 2.0);
+  });
+}
+
+TEST_F(DatenbankFenster, OpeningItEndsThePreviewAndIsTraced) {
+  Inhalt(kZweiDiscos);
+  b.Katalog({L"a"});
+  b.Waehle(1);
+  b.Tu([&] { b.Haupt().imgAbspielen_MouseUp(); });
+  EXPECT_TRUE(b.Haupt().WavePlayer->Playing());
+  b.prog.LogAktiv = true;
+  Im([&](frmDatenbank&) { EXPECT_FALSE(b.Haupt().WavePlayer->Playing()); });
+  EXPECT_NE(b.Lies(L"C:\\Vantora\\vantora.APL").find("Datenbank anzeigen"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace vantora

@@ -1,0 +1,188 @@
+// A CD drive that needs no machine: a disc with tracks lies in it or not, it reads them into wave
+// files at a pace of its own, and plays without a sound. Faults are things that happen to it.
+#pragma once
+
+#include "platform/acd.h"
+#include "platform/event_loop.h"
+#include "platform/files.h"
+#include "platform/mci.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+struct FakeTrack {
+  int Sectors = 0;  // 75 a second
+  bool Audio = true;
+};
+
+// The disc that both halves of the drive share, and what is wrong with the drive.
+struct FakeDrive {
+  static constexpr int kSectorBytes = 2352;
+  static constexpr int kSectorsASecond = 75;
+
+  std::vector<FakeTrack> Disc;  // empty: no disc lies in it
+  bool Dead = false;            // answers with a mode below 500
+  bool Shut = false;            // cannot be opened
+  int ReadErrors = 0;           // the next reads that stop half way
+  Text ErrorText = L"ASPI Error";
+  int RefuseTrack = 0;  // ReadTrack answers with 5
+  int ReadMs = 1000;    // of a whole track
+
+  const FakeTrack* Find(int track) const {
+    const auto place = static_cast<std::size_t>(track - 1);
+    return track >= 1 && place < Disc.size() ? &Disc[place] : nullptr;
+  }
+  static int Ms(int sectors) {
+    return static_cast<int>(static_cast<std::int64_t>(sectors) * 1000 / kSectorsASecond);
+  }
+  // What lies on a track: every track differs from the others.
+  static std::string Sound(int track, int sectors) {
+    std::string bytes(static_cast<std::size_t>(sectors) * kSectorBytes, '\0');
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      bytes[i] = static_cast<char>(i * 7 + static_cast<std::size_t>(track) * 31);
+    }
+    return bytes;
+  }
+};
+
+class FakeReader final : public Acd {
+ public:
+  FakeReader(FakeDrive& drive, EventLoop& loop, Dateien& files)
+      : drive_(drive), loop_(loop), files_(files) {}
+
+  int Init() override { return 0; }
+  int DriveCount() override { return 1; }
+  Text DriveDescription(int /*device*/) override { return L"VANTORA IMAGE       07 00"; }
+  void SelectDevice(int device) override { Selected = device; }
+  void CloseDevice() override {
+    Stop();
+    Selected = 0;
+  }
+  void ResetDevice() override {}
+  int TrackLaengeSektoren(int track) override {
+    const FakeTrack* found = Selected == 1 ? drive_.Find(track) : nullptr;
+    return found != nullptr ? found->Sectors : 0;
+  }
+  bool TrackIstAudio(int track) override {
+    const FakeTrack* found = Selected == 1 ? drive_.Find(track) : nullptr;
+    return found != nullptr && found->Audio;
+  }
+  int TrackLaengeMs(int track) override { return FakeDrive::Ms(TrackLaengeSektoren(track)); }
+  int ReadTrack(int track, const Text& file) override {
+    Stop();
+    if (TrackLaengeSektoren(track) == 0) return 1;
+    if (track == drive_.RefuseTrack) return 5;
+    track_ = track;
+    file_ = file;
+    Step(0);
+    return 0;
+  }
+  void RetryRead() override {
+    ++Retries;
+    Step(position_);
+  }
+  bool Reading() const { return track_ != 0; }
+
+  int Selected = 0;
+  int Retries = 0;
+
+ private:
+  static constexpr int kSteps = 10;
+
+  void Stop() {
+    ++token_;
+    track_ = 0;
+  }
+  void Step(int position) {
+    position_ = position;
+    loop_.PostAfter(drive_.ReadMs / kSteps, [this, token = token_] {
+      if (token == token_) Arrive();
+    });
+  }
+  void Arrive() {
+    if (position_ == kSteps / 2 && drive_.ReadErrors > 0) {
+      --drive_.ReadErrors;
+      Events.ACD_Failure(3, drive_.ErrorText);
+      return;
+    }
+    const int next = position_ + 1;
+    Events.ACD_ActPosition(next * 1000 / kSteps);
+    if (next < kSteps) return Step(next);
+    Write();
+    Stop();
+    Events.ACD_ReadComplete();
+  }
+  void Write() {
+    const std::string sound = FakeDrive::Sound(track_, TrackLaengeSektoren(track_));
+    const auto number = [](std::size_t value, int bytes) {
+      std::string text;
+      for (int i = 0; i < bytes; ++i, value >>= 8U) text += static_cast<char>(value & 0xFFU);
+      return text;
+    };
+    const std::string wave = "RIFF" + number(sound.size() + 36, 4) + "WAVEfmt " + number(16, 4) +
+                             number(1, 2) + number(2, 2) + number(44100, 4) + number(176400, 4) +
+                             number(4, 2) + number(16, 2) + "data" + number(sound.size(), 4) +
+                             sound;
+    files_.Open(file_, Zugriff::Neu)->Write(wave.data(), wave.size());
+  }
+
+  FakeDrive& drive_;
+  EventLoop& loop_;
+  Dateien& files_;
+  Text file_;
+  int track_ = 0, position_ = 0;
+  int token_ = 0;  // of the read that runs
+};
+
+class FakePlayer final : public MMControl {
+ public:
+  explicit FakePlayer(FakeDrive& drive) : drive_(drive) {}
+
+  void FileName(const Text& /*name*/) override {}
+  void DeviceType(const Text& /*type*/) override {}
+  void UpdateInterval(int /*ms*/) override {}
+  void Command(const Text& command) override {
+    if (command == L"Open") {
+      ++Opened;
+      open_ = !drive_.Shut && !drive_.Dead;
+    }
+    if (command == L"Close") open_ = false;
+    if (!open_ || command == L"Stop") Playing = 0;
+    if (!open_) return;
+    if (command == L"seek") at_ = to_;
+    if (command == L"play") Playing = at_;
+    if (command == L"Pause") Playing = -at_;
+  }
+  int Mode() override { return drive_.Dead ? 0 : open_ ? kMciReady : kMciNotOpen; }
+  int Tracks() override { return open_ ? static_cast<int>(drive_.Disc.size()) : 0; }
+  int Length() override {
+    int sectors = 0;
+    for (const FakeTrack& track : drive_.Disc) sectors += track.Sectors;
+    return Time(sectors);
+  }
+  void Track(int track) override { track_ = track; }
+  int TrackLength() override {
+    const FakeTrack* found = drive_.Find(track_);
+    return found != nullptr ? Time(found->Sectors) : 0;
+  }
+  void TimeFormat(int format) override { format_ = format; }
+  int TimeFormat() override { return format_; }
+  int Position() override { return std::abs(at_) | 1 << 8 | 23 << 16; }  // 1:23 into the track
+  void To(int position) override { to_ = position; }
+
+  int Playing = 0;  // the track; negative while paused
+  int Opened = 0;   // times that it was asked to
+
+ private:
+  int Time(int sectors) const { return format_ == kMciMilliseconds ? FakeDrive::Ms(sectors) : -1; }
+
+  FakeDrive& drive_;
+  bool open_ = false;
+  int track_ = 0, to_ = 1, at_ = 1, format_ = kMciTmsf;
+};
+
+}  // namespace vantora
