@@ -20,7 +20,7 @@ using Time = std::chrono::steady_clock;
 constexpr long kRate = 44100;
 constexpr std::size_t kFrameBytes = 4;
 constexpr std::size_t kHeaderBytes = 44;
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 constexpr int kFramesPerSlice = 64;  // some 2 ms of work for less than 2 s of sound
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
 // The size fields of a wave file are read as signed numbers by much of the world.

@@ -43,9 +43,7 @@ class Mp3 : public testing::Test {
       Events += "E";
     };
   }
-  void SetUp() override {
-    ASSERT_TRUE(EncoderIsThere()) << "lame is not installed";
-  }
+  void SetUp() override { ASSERT_TRUE(EncoderIsThere()) << "lame is not installed"; }
 
   void Note() { Elsewhere = Elsewhere || std::this_thread::get_id() != self_; }
   int Open(const std::string& bytes) {
