@@ -82,4 +82,14 @@ answer 6
 answer 7
 answer 7
 answer 7
+press frmHauptForm.imgDatenBank
+shot frmDatenbank_@SIZE@.png
+key frmDatenbank Escape
+disc insert "C:\Vantora\Discos\Disco 001.cue"
+press frmHauptForm.imgCDAuslesen
+wait 1500
+select frmCDPlayer.lstTracks 2
+shot frmCDPlayer_@SIZE@.png
+key frmCDPlayer Escape
+wait 2000
 close
