@@ -1,7 +1,9 @@
 #include "tests/qt/stage.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QMouseEvent>
 
+#include <algorithm>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -77,6 +79,37 @@ TEST_F(Stage, AFormMayGoInAHandlerOfItsOwnControl) {
   Play(behind);
   EXPECT_EQ(behind.Count("gotfocus"), 1);
   EXPECT_EQ(loop.Forms().size(), 1U);
+}
+
+TEST_F(Stage, AClickOnADisabledWindowReachesNoHandlerNotEvenThatOfALabel) {
+  FullForm form(loop);
+  int clicks = 0;
+  form.lblTitle.Click = [&clicks] { ++clicks; };
+  const auto click = [] {
+    const QWidgetList all = QApplication::allWidgets();
+    const auto label = std::find_if(all.begin(), all.end(), [](const QWidget* widget) {
+      return widget->objectName() == QLatin1String("lblTitle");
+    });
+    ASSERT_NE(label, all.end());
+    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      const QPointF place(2, 2);
+      QMouseEvent event(type, place, (*label)->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                        Qt::NoModifier);
+      QApplication::sendEvent(*label, &event);
+    }
+  };
+  person
+      .Then([&] {
+        form.Window.Enabled = false;
+        loop.DoEvents();
+        click();
+        EXPECT_EQ(clicks, 0);
+        form.Window.Enabled = true;
+        loop.DoEvents();
+      })
+      .Then([&] { click(); })
+      .Then([&] { EXPECT_EQ(clicks, 1); });
+  Play(form);
 }
 
 // Every way into a handler is left through widgets of a form that is no more.
