@@ -16,7 +16,7 @@ constexpr std::wstring_view kUpperRow =
     L"\u0178";
 
 char Byte(wchar_t letter) {
-  const auto code = static_cast<unsigned>(letter);
+  const unsigned code = std::char_traits<wchar_t>::to_int_type(letter);
   if (letter == L'"') return '\'';
   if (code < 0x20 || code == 0x7F) return ' ';
   if (code < 0x80 || (code >= 0xA0 && code <= 0xFF)) return static_cast<char>(code);

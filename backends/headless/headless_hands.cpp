@@ -379,7 +379,7 @@ void HeadlessHands::Type(Control& control, const Text& text) {
     if (loop_.Ended() || !loop_.Reachable(form)) return;
     Stroke stroke;
     stroke.Code = CodeOf(c);
-    stroke.Character = static_cast<int>(static_cast<unsigned>(c));
+    stroke.Character = static_cast<int>(std::char_traits<wchar_t>::to_int_type(c));
     Send(form, stroke);
   }
 }

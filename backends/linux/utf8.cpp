@@ -99,7 +99,7 @@ void AppendUtf8(std::string& bytes, std::wstring_view text) {
                  [](wchar_t c) { return static_cast<char>(c); });
   text.remove_prefix(static_cast<std::size_t>(plain - text.begin()));
   for (const wchar_t c : text) {
-    auto code = static_cast<std::uint32_t>(c);
+    auto code = std::uint32_t{std::char_traits<wchar_t>::to_int_type(c)};
     if (code >= 0xDC80 && code <= 0xDCFF) {
       put(code - static_cast<std::uint32_t>(kRawByte));
       continue;
