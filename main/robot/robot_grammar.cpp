@@ -7,6 +7,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <map>
 #include <regex>
 #include <utility>
@@ -417,6 +418,22 @@ void ParseInner(ScriptLine& line, Words& words) {
   line.Inner = std::make_unique<ScriptLine>(std::move(inner));
 }
 
+// Puts the environment's variables in the place of their names, ${NAME}. What a variable holds
+// stays within its word.
+Text WithVariables(Text word, int line) {
+  for (std::size_t place = word.find(L"${"); place != Text::npos; place = word.find(L"${", place)) {
+    const std::size_t end = word.find(L'}', place);
+    if (end == Text::npos) throw ScriptError(line, "\"" + ToUtf8(word) + "\": } is missing");
+    const std::string name = ToUtf8(word.substr(place + 2, end - place - 2));
+    const char* value = std::getenv(name.c_str());
+    if (value == nullptr) throw ScriptError(line, "the environment has no " + name);
+    const Text text = FromUtf8(value);
+    word.replace(place, end + 1 - place, text);
+    place += text.size();
+  }
+  return word;
+}
+
 }  // namespace
 
 bool ActsOnProgram(const ScriptLine& line) {
@@ -443,6 +460,7 @@ std::vector<ScriptLine> ParseScript(std::string_view script) {
     });
     if (broken) throw ScriptError(number, "the line is no UTF-8");
     std::vector<ScriptWord> words = ParseWords(source, number);
+    for (ScriptWord& word : words) word.Content = WithVariables(std::move(word.Content), number);
     if (!words.empty()) lines.push_back(ParseLine(number, source, std::move(words)));
   }
   return lines;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,16 @@ TEST(RobotScript, QuotesKeepBlanksAndHashesAndADoubledQuoteIsOne) {
       OneLine("\xEF\xBB\xBF  echo \"a  b\" c#d \"\" \"#1 \"\"x\"\"\"  # said\r\n");
   EXPECT_EQ(line.Value, L"a  b c#d  #1 \"x\"");
   EXPECT_EQ(line.Words.size(), 4U);
+}
+
+TEST(RobotScript, AVariableOfTheEnvironmentStaysWithinItsWordAndOneThatIsMissingIsTold) {
+  ::setenv("VANTORA_TEST_PORT", "4000 \"x\" ${HOME}", 1);
+  const ScriptLine line = OneLine("setting A 127.0.0.1:${VANTORA_TEST_PORT}/${VANTORA_TEST_PORT}");
+  EXPECT_EQ(line.Value, L"127.0.0.1:4000 \"x\" ${HOME}/4000 \"x\" ${HOME}");
+  EXPECT_EQ(BadLine("home h\necho \"a ${VANTORA_TEST_PORT\"\n"), 2);
+  ::unsetenv("VANTORA_TEST_PORT");
+  EXPECT_EQ(BadLine("home h\nwithin 5 expect frmX.a == ${VANTORA_TEST_PORT}\n"), 2);
+  EXPECT_EQ(OneLine("echo $5 {a}").Value, L"$5 {a}");
 }
 
 TEST(RobotScript, EmptyLinesAndCommentsCountInTheNumbersOfLines) {
