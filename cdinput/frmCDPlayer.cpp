@@ -210,6 +210,7 @@ void frmCDPlayer::DiscOeffnen() {
 
 void frmCDPlayer::AnzeigeLeeren() {
   CDDaten = CDDatenSatz{};
+  gefunden_ = CDDBInfo{};
   TrackName.assign(1, Text());
   lstTracks.Clear();
   GrabAuswahl = 0;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "app/fenster.h"
+#include "cdinput/clsCCd.h"
 
 #include <cstdint>
 #include <vector>
@@ -11,7 +12,6 @@
 namespace vantora {
 
 class frmKomponenten;
-struct CDDBInfo;
 
 // One disc; tracks from index 1, 0 is unused.
 struct CDDatenSatz {
@@ -129,6 +129,7 @@ class frmCDPlayer final : public VtrFenster {
   vantora::frmKomponenten& Komponenten() const;
   int namenZeile_ = -1;          // whose name is being typed
   std::uint8_t cddbStatus_ = 0;  // of a look-up that runs
+  CDDBInfo gefunden_;            // what a server told of this disc
 };
 
 }  // namespace vantora

@@ -33,6 +33,12 @@ int Meldung(std::uint8_t status) {
   }
 }
 
+// The name under which a track that a server knows is shown; blank for one without a title.
+Text NameAus(const CDDBInfo& info, std::size_t track) {
+  const Text titel = Trim(info.TrackTitel[track]), interpret = Trim(info.TrackInterpret[track]);
+  return titel.empty() || interpret.empty() ? titel : titel + L": " + interpret;
+}
+
 }  // namespace
 
 void frmCDPlayer::TitelHolen() {
@@ -55,7 +61,11 @@ void frmCDPlayer::TitelHolen() {
   std::int16_t ergebnis = 1;
   try {
     prog.Pausieren(kAnlaufMs);
-    ccd.CDDBAbfrage(CDDBAnfrageAusEinstellungen(prog), cddbStatus_, ergebnis);
+    // Whoever cancels in this pause must not get titles from a server that is quick to answer.
+    cddbStatus_ = kCDDBAbbruch;
+    if (!prog.GrabAbbruch) {
+      ccd.CDDBAbfrage(CDDBAnfrageAusEinstellungen(prog), cddbStatus_, ergebnis);
+    }
     while (ergebnis == 0 && cddbStatus_ != kCDDBFertig) prog.plattform.schleife.DoEvents();
   } catch (const Laufzeitfehler& fehler) {
     // The answer breaks the rules of the protocol, so it tells nothing about the disc.
@@ -79,15 +89,13 @@ void frmCDPlayer::TitelHolen() {
 }
 
 void frmCDPlayer::TitelUebernehmen(const CDDBInfo& info) {
+  gefunden_ = info;
   CDDaten.Interpret = Trim(info.Interpret);
   const Text titel = Trim(info.Titel);
   txtCDInfo.Caption = CDDaten.Interpret.empty() ? titel : CDDaten.Interpret + L": " + titel;
   for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
-    const Text name = Trim(info.TrackTitel[i]);
-    const Text interpret = Trim(info.TrackInterpret[i]);
-    if (name.empty()) continue;
-    TrackName[i] = name;
-    if (!interpret.empty()) TrackName[i] += L": " + interpret;
+    const Text name = NameAus(info, i);
+    if (!name.empty()) TrackName[i] = name;
   }
 }
 
@@ -103,13 +111,15 @@ void frmCDPlayer::tmrCDDB_Timer() {
   prog.frmSchreibFortschritt().shpInsgKopie.Width = stand->Breite;
 }
 
-// Files the disc with the names that are shown.
+// Files the disc with the names that are shown. One that nobody has typed over keeps its performer
+// apart from its title.
 void frmCDPlayer::imgDBAufnahme_MouseUp() {
   if (!DiscDa()) return;
-  CDDBInfo info;
-  info.Interpret = CDDaten.Interpret;
+  CDDBInfo info = gefunden_;
   for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
+    if (TrackName[i] == NameAus(info, i)) continue;
     info.TrackTitel[i] = TrackName[i];
+    info.TrackInterpret[i].clear();
   }
   CDPlayerIniSchreiben(prog, Komponenten().AktCDDrive, info);
 }

@@ -46,10 +46,15 @@ TEST_F(TitelHolen, TheTitlesOfTheServerAreShownKeptAndSaved) {
   EXPECT_EQ(Ini(L"1"), L"Ana  - Luna");
   EXPECT_FALSE(b.prog.frmSchreibFortschritt.Geladen());
   EXPECT_NE(cd->player.Tracks(), 0);
+  Player().TrackName[1] = L"La estrella";
+  Druecke(Player().imgDBAufnahme);
+  EXPECT_EQ(Ini(L"title"), L"Qu' noche");
+  EXPECT_EQ(Ini(L"0"), L"La estrella");
+  EXPECT_EQ(Ini(L"1"), L"Ana  - Luna");
   Druecke(Player().imgAllesWaehlen);
   b.Antwortet(kNein);
   Druecke(Player().imgSpeichern);
-  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"L'etoile", L"Luna: Ana"}));
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"La estrella", L"Luna: Ana"}));
   EXPECT_EQ(b.prog.Katalog[1].Interpret.Getrimmt(), L"Varios");
 }
 
@@ -100,6 +105,23 @@ TEST_F(TitelHolen, TheCancelOfTheProgressWindowEndsTheLookUp) {
   EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(5011)}));
   EXPECT_EQ(Player().lstTracks.ListCount(), 2);
   EXPECT_FALSE(b.prog.frmSchreibFortschritt.Geladen());
+}
+
+TEST_F(TitelHolen, WhoCancelsBeforeTheServerIsAskedGetsNoTitlesOfAQuickOne) {
+  server.Knows("rock", test::CddbStage::kId, "DTITLE=a / b\r\nTTITLE0=uno\r\n");
+  const std::function<void()> abbrechen = [&] {
+    if (b.prog.frmSchreibFortschritt.Geladen()) {
+      Druecke(b.prog.frmSchreibFortschritt().imgAbbrechen);
+    } else {
+      b.platform.loop.PostAfter(20, abbrechen);
+    }
+  };
+  b.platform.loop.PostAfter(20, abbrechen);
+  b.Antwortet(kJa);
+  Oeffnen();
+  EXPECT_EQ(Player().txtCDInfo.Caption(), L"");
+  EXPECT_EQ(Player().lstTracks.ListCount(), 2);
+  EXPECT_TRUE(server.Requests().empty());
 }
 
 }  // namespace
