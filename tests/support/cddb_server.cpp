@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <arpa/inet.h>
-#include <chrono>
 #include <cstring>
 #include <netinet/in.h>
 #include <poll.h>
@@ -43,7 +42,7 @@ std::string Between(const std::string& text, const std::string& from, const std:
 
 }  // namespace
 
-CddbServer::CddbServer() {
+CddbServer::CddbServer(int connections) : connections_(connections) {
   listener_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
   sockaddr_in place{};
   place.sin_family = AF_INET;
@@ -77,7 +76,7 @@ std::vector<std::string> CddbServer::Requests() const {
 }
 
 void CddbServer::Serve() {
-  for (int served = 0; !stopped_ && served < kMaxConnections;) {
+  for (int served = 0; !stopped_ && served < connections_;) {
     if (!Readable(listener_)) continue;
     const int client = ::accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC);
     if (client < 0) continue;
@@ -90,6 +89,7 @@ void CddbServer::Serve() {
 void CddbServer::ServeOne(int client) {
   leftAlone_ = false;
   const std::string request = ReadRequest(client);
+  const auto since = std::chrono::steady_clock::now();
   bool faulty = false;
   {
     const std::lock_guard lock(mutex_);
@@ -99,6 +99,7 @@ void CddbServer::ServeOne(int client) {
   const bool stays =
       faulty && Faults.Silent ? WaitForEnd(client) : Send(client, Answer(request), faulty);
   leftAlone_ = !stays;
+  busyNs_ += std::chrono::nanoseconds(std::chrono::steady_clock::now() - since).count();
 }
 
 std::string CddbServer::ReadRequest(int client) const {

@@ -2,11 +2,12 @@
 // protocol, and has faults that happen to its answers. As a proxy it wants requests in a proxy's
 // form and passes them on to the server that they name.
 //
-// It serves one connection after the other, 32 at the most, and none longer than 10 s, so that a
-// test that goes wrong comes to an end.
+// It serves one connection after the other, so many at the most as it was told, and none longer
+// than 10 s, so that a test that goes wrong comes to an end.
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -29,7 +30,7 @@ struct ServerFaults {
 
 class CddbServer {
  public:
-  CddbServer();
+  explicit CddbServer(int connections = 32);
   ~CddbServer();
   CddbServer(const CddbServer&) = delete;
   CddbServer& operator=(const CddbServer&) = delete;
@@ -46,10 +47,10 @@ class CddbServer {
   std::vector<std::string> Requests() const;  // to the byte, in order
   // The last request's connection was closed by the client, before the server was done with it.
   bool LeftAlone() const { return leftAlone_; }
+  // From requests that had come whole to their answers that were sent, all together.
+  std::chrono::nanoseconds Busy() const { return std::chrono::nanoseconds(busyNs_); }
 
  private:
-  static constexpr int kMaxConnections = 32;
-
   void Serve();
   void ServeOne(int client);
   std::string ReadRequest(int client) const;
@@ -60,6 +61,7 @@ class CddbServer {
   bool WaitForEnd(int client) const;
   bool Patient(std::int64_t since) const;
 
+  const int connections_;
   int listener_ = -1;
   std::uint16_t port_ = 0;
   std::map<std::string, std::pair<std::string, std::string>> discs_;  // by ID: category, lines
@@ -69,6 +71,7 @@ class CddbServer {
   mutable std::mutex mutex_;
   std::vector<std::string> requests_;
   std::atomic<bool> leftAlone_ = false, stopped_ = false;
+  std::atomic<std::int64_t> busyNs_ = 0;
   std::thread thread_;  // last: it uses all the others
 };
 
