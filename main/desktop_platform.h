@@ -48,7 +48,7 @@ struct DesktopPlatform {
                    mmtools,
                    machine.cutter,
                    machine.mp3,
-                   machine.writer,
+                   machine.writers,
                    machine.acd,
                    machine.cd,
                    machine.mci,

@@ -8,6 +8,26 @@
 
 namespace vantora {
 
+namespace {
+
+// As in the names of the registry's keys.
+Text KeyWord(const Text& product) {
+  Text word = UpperCase(product);
+  std::replace(word.begin(), word.end(), L'\\', L'_');
+  return word;
+}
+
+}  // namespace
+
+std::vector<BurnDevice> DrivesForWriting(const DriveTable& table) {
+  std::vector<BurnDevice> devices;
+  for (const OpticalDrive& drive : table.Places().Optical) {
+    devices.push_back(
+        {drive.Device, drive.Vendor, KeyWord(drive.Product), drive.Revision, drive.Target});
+  }
+  return devices;
+}
+
 std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry) {
   const Text branch = L"ENUM\\SCSI\\";
   std::vector<DiscDrive> drives;
@@ -23,9 +43,7 @@ std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registr
         Text key = below;
         key.append(L"\\").append(instance);
         if (registry.Value(key, L"CurrentDriveLetterAssignment") != Text(1, entry.Letter)) continue;
-        drive.Product = UpperCase(registry.Value(key, L"ProductID"));
-        // As in the name of the key.
-        std::replace(drive.Product.begin(), drive.Product.end(), L'\\', L'_');
+        drive.Product = KeyWord(registry.Value(key, L"ProductID"));
         const Text target = registry.Value(key, L"SCSITargetID");
         drive.Target = static_cast<int>(std::wcstol(target.c_str(), nullptr, 10));
       }

@@ -1,7 +1,8 @@
 // The services that every composition of the program shares, with a screen or without: files,
-// drives, settings, resources, codecs and the embedded disc writer over one user's places.
+// drives, settings, resources, codecs and disc writers over one user's places.
 #pragma once
 
+#include "backends/burn/drive_writer.h"
 #include "backends/cdio/disc_drives.h"
 #include "backends/cdio/disc_player.h"
 #include "backends/cdio/disc_reader.h"
@@ -18,6 +19,7 @@
 #include "backends/sound/cutter.h"
 #include "backends/sound/sound_tools.h"
 #include "main/disc_identity.h"
+#include "main/disc_writers.h"
 
 #include "platform/plattform.h"
 #include "platform/sound_output.h"
@@ -31,6 +33,9 @@ namespace vantora {
 // registry finds them.
 std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry);
 
+// The optical drives again, for writing; the embedded one has a writer of its own.
+std::vector<BurnDevice> DrivesForWriting(const DriveTable& table);
+
 struct Machine {
   Machine(const LinuxPlaces& places, const std::filesystem::path& resourceFolder, EventLoop& loop,
           Background& background, SoundOutput& sound)
@@ -43,7 +48,9 @@ struct Machine {
         resources(resourceFolder),
         cutter(files),
         mp3(files, loop, background),
+        burner(files, loop, background, [this] { return DrivesForWriting(drives); }),
         writer(files, loop, background),
+        writers({&burner, &writer}),
         discDrives(files, [this] { return DrivesForDiscs(drives, registry); }),
         acd(files, loop, background, discDrives),
         cd(loop, discDrives, sound),
@@ -59,7 +66,9 @@ struct Machine {
   LinuxSockets sockets;
   Cutter cutter;
   Mp3Decoder mp3;
+  DriveWriter burner;
   ImageWriter writer;
+  DiscWriters writers;  // both
   DiscDrives discDrives;
   DiscReader acd;
   DiscPlayer cd;

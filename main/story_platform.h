@@ -34,7 +34,7 @@ struct StoryPlatform : World {
   Plattform bundle{World::loop,      display,           World::clock,     system,
                    machine.files,    machine.letters,   machine.settings, machine.profiles,
                    machine.registry, machine.resources, mmtools,          machine.cutter,
-                   machine.mp3,      machine.writer,    machine.acd,      machine.cd,
+                   machine.mp3,      machine.writers,   machine.acd,      machine.cd,
                    machine.mci,      machine.sockets};
 };
 

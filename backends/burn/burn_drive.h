@@ -1,0 +1,41 @@
+// An optical drive through libburn: what it can write, what lies in it, and the hold on it while a
+// disc is made.
+#pragma once
+
+#include "backends/burn/burn_library.h"
+#include "backends/burn/burn_order.h"
+
+#include <optional>
+#include <string>
+
+namespace vantora {
+
+// True when no program has the drive for itself. The library would wait many seconds to find out.
+bool DriveIsFree(const std::string& device);
+
+// Nothing for a drive that cannot be opened or does not answer. It is free again afterwards, and a
+// disc in it has not been touched.
+std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& library, const std::string& device);
+
+// A drive with its door locked, held until the end of this object. The tray is closed first.
+class HeldDrive {
+ public:
+  HeldDrive(const BurnLibrary& library, const std::string& device);
+  ~HeldDrive();
+  HeldDrive(const HeldDrive&) = delete;
+  HeldDrive& operator=(const HeldDrive&) = delete;
+
+  explicit operator bool() const { return drive_ != nullptr; }
+  burn_drive* Get() const { return drive_; }
+  bool HasBlankCd() const;
+  bool CanSimulate() const { return infos_[0].write_simulate != 0; }
+  void LookAgain() { burn_drive_re_assess(drive_, 0); }
+  void EjectAtTheEnd(bool eject) { eject_ = eject; }
+
+ private:
+  burn_drive_info* infos_ = nullptr;
+  burn_drive* drive_ = nullptr;
+  bool eject_ = false;
+};
+
+}  // namespace vantora

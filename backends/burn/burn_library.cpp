@@ -1,0 +1,50 @@
+#include "backends/burn/burn_library.h"
+
+#include <array>
+
+namespace vantora {
+
+namespace {
+
+// Held by the whole process, as the library is; it is started by the first who takes it.
+std::unique_lock<std::mutex> Hold() {
+  static std::mutex mutex;
+  std::unique_lock lock(mutex);
+  static const bool started = [] {
+    // The first messages come while it starts, and would go to the terminal.
+    std::array<char, 6> all{"DEBUG"}, none{"NEVER"};
+    std::array<char, 1> blank{};
+    const bool running = burn_initialize() != 0;
+    burn_msgs_set_severities(all.data(), none.data(), blank.data());
+    return running;
+  }();
+  static_cast<void>(started);  // one that did not start finds no drive, which is answer enough
+  return lock;
+}
+
+}  // namespace
+
+BurnLibrary::BurnLibrary() : held_(Hold()) {}
+
+std::vector<LibraryMessage> BurnLibrary::Messages() {
+  std::vector<LibraryMessage> messages;
+  std::array<char, 4> all{"ALL"};
+  std::array<char, BURN_MSGS_MESSAGE_LEN + 1> words{};
+  std::array<char, 81> severity{};
+  LibraryMessage message;
+  while (burn_msgs_obtain(all.data(), &message.Code, words.data(), &message.Errno,
+                          severity.data()) > 0) {
+    burn_text_to_sev(severity.data(), &message.Severity, 0);
+    message.Words = words.data();
+    messages.push_back(message);
+  }
+  return messages;
+}
+
+Text FromLibrary(const std::string& words) {
+  Text text;
+  for (const char c : words) text += c < ' ' ? L' ' : static_cast<wchar_t>(c);
+  return text;
+}
+
+}  // namespace vantora

@@ -1,0 +1,79 @@
+#include "backends/burn/cd_text.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kTitle = 0x80, kPerformer = 0x81;
+constexpr int kLatin1 = 0, kSpanish = 0x0A, kKeep = -1;
+constexpr int kMostPacks = 255;  // their number is a byte; 12 bytes of text each
+// Longest text, tried one after the other; with the last one 99 tracks fit for certain.
+constexpr std::size_t kLengths[] = {160, 60, 40, 30, 24, 18, 12};
+
+// Control characters are commands of their own there: a tab means "as the track before".
+std::string Latin1(const Text& text, std::size_t most) {
+  std::string bytes;
+  for (const wchar_t c : text.substr(0, most)) {
+    const bool control = c < L' ' || (c >= 0x7F && c < 0xA0);
+    bytes += control ? ' ' : c > 0xFF ? '?' : static_cast<char>(c);
+  }
+  return bytes;
+}
+
+const Text& Part(const CdTexts& texts, int index, int kind) {
+  static const Text blank;
+  const auto found = texts.find(index);
+  if (found == texts.end()) return blank;
+  return kind == kTitle ? found->second.first : found->second.second;
+}
+
+// Every track needs a text of a kind that the disc has, a blank one if need be.
+void Attach(burn_session* session, const std::vector<burn_track*>& tracks, const CdTexts& texts,
+            int kind, std::size_t most) {
+  const auto bytes = [&](int index) { return Latin1(Part(texts, index, kind), most); };
+  const auto data = [](std::string& text) { return reinterpret_cast<unsigned char*>(text.data()); };
+  const auto size = [](const std::string& text) { return static_cast<int>(text.size()) + 1; };
+  std::string text = bytes(0);
+  burn_session_set_cdtext(session, 0, kind, nullptr, data(text), size(text), 0);
+  for (std::size_t i = 0; i < tracks.size(); ++i) {
+    text = bytes(static_cast<int>(i) + 1);
+    burn_track_set_cdtext(tracks[i], 0, kind, nullptr, data(text), size(text), 0);
+  }
+}
+
+}  // namespace
+
+bool AttachCdText(burn_session* session, const std::vector<burn_track*>& tracks,
+                  const CdTexts& texts) {
+  std::array<int, 8> codes{}, keep{}, languages{};
+  codes.fill(kKeep);
+  keep.fill(kKeep);
+  languages.fill(kKeep);
+  codes[0] = kLatin1;
+  languages[0] = kSpanish;
+  std::vector<int> kinds;
+  for (const int kind : {kTitle, kPerformer}) {
+    for (std::size_t i = 0; i <= tracks.size(); ++i) {
+      if (Part(texts, static_cast<int>(i), kind).empty()) continue;
+      kinds.push_back(kind);
+      break;
+    }
+  }
+  if (kinds.empty()) return false;
+  for (const std::size_t most : kLengths) {
+    burn_session_dispose_cdtext(session, 0);
+    for (burn_track* track : tracks) burn_track_dispose_cdtext(track, 0);
+    burn_session_set_cdtext_par(session, codes.data(), keep.data(), languages.data(), 0);
+    for (const int kind : kinds) Attach(session, tracks, texts, kind, most);
+    const int packs = burn_cdtext_from_session(session, nullptr, nullptr, 1);
+    if (packs > 0 && packs <= kMostPacks) return true;
+  }
+  burn_session_dispose_cdtext(session, 0);
+  return false;
+}
+
+}  // namespace vantora

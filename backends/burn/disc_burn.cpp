@@ -1,0 +1,251 @@
+#include "backends/burn/disc_burn.h"
+
+#include "backends/burn/cd_text.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <thread>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kSectorBytes = 2352;
+constexpr int kLeastSectors = 300;   // of a track
+constexpr int kGapSectors = 152;     // between tracks that are written one by one, run-in included
+constexpr off_t kBlockBytes = 2048;  // in which the library counts a disc's space
+constexpr auto kLookPause = std::chrono::milliseconds(50);
+// A drive that has gone is called idle while the library's thread is still at work on it.
+constexpr int kIdleLooks = 100;
+constexpr auto kLastTouch = std::chrono::milliseconds(20);
+
+struct Failed {
+  BurnEvent Event;
+};
+
+template <auto Free>
+struct With {
+  template <typename Thing>
+  void operator()(Thing* thing) const {
+    Free(thing);
+  }
+};
+
+bool Writes(burn_drive_status status, const burn_progress& progress) {
+  return status == BURN_DRIVE_WRITING && progress.sectors > 0;
+}
+
+}  // namespace
+
+// What the library needs to know of a disc. The parts hold each other, the disc holds them all.
+struct DiscBurn::Parts {
+  std::unique_ptr<burn_disc, With<burn_disc_free>> Disc{burn_disc_create()};
+  std::unique_ptr<burn_session, With<burn_session_free>> Session{burn_session_create()};
+  std::vector<std::unique_ptr<burn_track, With<burn_track_free>>> Tracks;
+  std::unique_ptr<burn_write_opts, With<burn_write_opts_free>> Options;
+};
+
+DiscBurn::DiscBurn(Dateien& files, DiscOrder order, TellEvent tell)
+    : files_(files), order_(std::move(order)), tell_(std::move(tell)) {}
+
+BurnEvent DiscBurn::Run() noexcept {
+  BurnEvent failure;
+  try {
+    Burn();
+  } catch (const Failed& failed) {
+    failure = failed.Event;
+  } catch (const Laufzeitfehler& fehler) {
+    failure = FailureEvent(fehler.Nummer, fehler.Beschreibung);
+  } catch (const std::exception& error) {
+    failure = FailureEvent(kFehlerEinAusgabe, FromLibrary(error.what()));
+  }
+  const std::lock_guard lock(mutex_);
+  if (state_ != State::Refused) state_ = State::Over;
+  changed_.notify_all();
+  return failure_ ? failure_ : failure;
+}
+
+void DiscBurn::Fail(int code, const wchar_t* text) {
+  throw Failed{complaints_.DriveLost() ? complaints_.Event(code) : FailureEvent(code, text)};
+}
+
+void DiscBurn::Burn() {
+  Plan();
+  BurnLibrary library;
+  library.Messages();  // of what was before
+  HeldDrive drive(library, order_.Device);
+  Listen(library);
+  if (!drive) Fail(kBurnNoDrive, L"La grabadora no está disponible.");
+  if (!drive.HasBlankCd()) Fail(kBurnNoBlank, L"No hay un CD virgen en la grabadora.");
+  if (order_.Simulation && !drive.CanSimulate()) {
+    Fail(kBurnNoTest, L"La grabadora no puede simular.");
+  }
+  drive.EjectAtTheEnd(order_.Eject);
+  if (order_.Speed > 0) burn_drive_set_speed(drive.Get(), 0, order_.Speed);
+  bool done = Write(library, drive, order_.DiscAtOnce);
+  if (!done && complaints_.PlanRefused() && !Stopped()) {
+    // There are drives that write whole discs, but no text in their lead-in.
+    complaints_.Forget();
+    drive.LookAgain();
+    done = Write(library, drive, false);
+  }
+  if (done || Stopped()) return;
+  if (complaints_.PlanRefused()) Enter(State::Refused);
+  throw Failed{complaints_.Event(kBurnUnexplained)};
+}
+
+// All waves are looked at before the drive is touched: a file that has gone is better found out now
+// than in the middle of the disc.
+void DiscBurn::Plan() {
+  std::vector<BurnProgress::Track> tracks;
+  for (const Text& wave : order_.Waves) {
+    waves_.push_back(LookAtWave(files_, wave));
+    const auto sectors = (waves_.back().Bytes + kSectorBytes - 1) / kSectorBytes;
+    sectors_.push_back(std::max(static_cast<int>(sectors), kLeastSectors));
+    tracks.push_back({wave, sectors_.back()});
+  }
+  progress_ = std::make_unique<BurnProgress>(std::move(tracks), order_.DiscAtOnce, tell_);
+}
+
+// True when the disc has been written well.
+bool DiscBurn::Write(BurnLibrary& library, const HeldDrive& drive, bool withText) {
+  Parts parts;
+  Assemble(parts, withText);
+  SetOptions(parts, drive);
+  Listen(library);
+  if (Stopped()) return false;
+  progress_->LeadIn();
+  burn_disc_write(parts.Options.get(), parts.Disc.get());
+  Watch(library, drive.Get());
+  if (Stopped() || burn_drive_wrote_well(drive.Get()) == 0) return false;
+  progress_->LeadOut(order_.Fixate);
+  return true;
+}
+
+void DiscBurn::Assemble(Parts& parts, bool withText) {
+  burn_disc_add_session(parts.Disc.get(), parts.Session.get(), BURN_POS_END);
+  std::vector<burn_track*> tracks;
+  for (const WaveTrack& wave : waves_) {
+    parts.Tracks.emplace_back(burn_track_create());
+    burn_track* track = parts.Tracks.back().get();
+    burn_track_define_data(track, 0, 0, 1, BURN_AUDIO);
+    const SourceHandle source = WaveSource(
+        files_, wave, [this](int number, const Text& text) { FileFailed(number, text); });
+    burn_track_set_source(track, source.get());
+    burn_session_add_track(parts.Session.get(), track, BURN_POS_END);
+    tracks.push_back(track);
+  }
+  if (withText) AttachCdText(parts.Session.get(), tracks, order_.CdText);
+}
+
+void DiscBurn::SetOptions(Parts& parts, const HeldDrive& drive) {
+  parts.Options.reset(burn_write_opts_new(drive.Get()));
+  burn_write_opts* options = parts.Options.get();
+  if (order_.DiscAtOnce) {
+    burn_write_opts_set_write_type(options, BURN_WRITE_SAO, BURN_BLOCK_SAO);
+  } else {
+    burn_write_opts_set_write_type(options, BURN_WRITE_TAO, BURN_BLOCK_MODE1);
+  }
+  burn_write_opts_set_simulate(options, order_.Simulation ? 1 : 0);
+  burn_write_opts_set_multi(options, order_.Fixate || order_.Simulation ? 0 : 1);
+  burn_write_opts_set_underrun_proof(options, 1);
+
+  std::array<char, BURN_REASONS_LEN> reasons{};
+  if (burn_precheck_write(options, parts.Disc.get(), reasons.data(), 0) <= 0) {
+    if (order_.DiscAtOnce) Enter(State::Refused);
+    Fail(kBurnNoMethod, FromLibrary(reasons.data()).c_str());
+  }
+  off_t sectors = order_.DiscAtOnce ? 0 : kGapSectors * static_cast<off_t>(sectors_.size() - 1);
+  for (const int track : sectors_) sectors += track;
+  const off_t space = burn_disc_available_space(drive.Get(), options) / kBlockBytes;
+  if (space > 0 && sectors > space) Fail(kBurnNoSpace, L"Las pistas no caben en el disco.");
+}
+
+// Returns when the library's writing thread has ended, however that came.
+void DiscBurn::Watch(BurnLibrary& library, burn_drive* drive) {
+  const int last = static_cast<int>(sectors_.size()) - 1;
+  bool cancelled = false;
+  for (int idle = 0; idle < kIdleLooks;) {
+    Listen(library);
+    burn_progress now{};
+    const burn_drive_status status = burn_drive_get_status(drive, &now);
+    idle = status == BURN_DRIVE_IDLE ? idle + 1 : 0;
+    if (status == BURN_DRIVE_IDLE && complaints_.WriterEnded()) break;
+    const bool closing =
+        status == BURN_DRIVE_CLOSING_SESSION || status == BURN_DRIVE_WRITING_LEADOUT;
+    if (Writes(status, now) || closing || status == BURN_DRIVE_WRITING_LEADIN ||
+        status == BURN_DRIVE_WRITING_PREGAP) {
+      Enter(State::Writing);
+    }
+    if (!cancelled && Writes(status, now)) progress_->At(now.track, now.sector);
+    if (!cancelled &&
+        (closing || (Writes(status, now) && now.track == last && now.sector >= now.sectors))) {
+      progress_->LeadOut(order_.Fixate);
+    }
+    if (Pause() && !cancelled) {
+      burn_drive_cancel(drive);
+      cancelled = true;
+    }
+  }
+  std::this_thread::sleep_for(kLastTouch);  // the thread's very last steps come without a word
+}
+
+void DiscBurn::Listen(BurnLibrary& library) {
+  for (const LibraryMessage& message : library.Messages()) {
+    complaints_.Hear(message);
+    if (message.Severity >= BurnLibrary::kNote) tell_(LogEvent(message));
+  }
+}
+
+// Lets a moment pass, or none when the write is to stop. True when it is.
+bool DiscBurn::Pause() {
+  std::unique_lock lock(mutex_);
+  if (stop_) {
+    lock.unlock();
+    std::this_thread::sleep_for(kLookPause);
+    return true;
+  }
+  return changed_.wait_for(lock, kLookPause, [this] { return stop_; });
+}
+
+bool DiscBurn::Stopped() {
+  const std::lock_guard lock(mutex_);
+  return stop_;
+}
+
+void DiscBurn::Enter(State state) {
+  const std::lock_guard lock(mutex_);
+  state_ = state;
+  changed_.notify_all();
+}
+
+void DiscBurn::FileFailed(int number, const Text& text) {
+  const std::lock_guard lock(mutex_);
+  if (!failure_) failure_ = FailureEvent(number, text);
+  stop_ = true;
+  changed_.notify_all();
+}
+
+void DiscBurn::Stop() {
+  const std::lock_guard lock(mutex_);
+  stop_ = true;
+  changed_.notify_all();
+}
+
+DiscBurn::State DiscBurn::WaitWhileStarting(std::chrono::milliseconds most) {
+  std::unique_lock lock(mutex_);
+  changed_.wait_for(lock, most, [this] { return state_ != State::Starting; });
+  return state_;
+}
+
+bool DiscBurn::WaitUntilOver(std::chrono::milliseconds most) {
+  std::unique_lock lock(mutex_);
+  return changed_.wait_for(lock, most,
+                           [this] { return state_ == State::Over || state_ == State::Refused; });
+}
+
+}  // namespace vantora

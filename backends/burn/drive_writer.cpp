@@ -1,0 +1,233 @@
+#include "backends/burn/drive_writer.h"
+
+#include "backends/burn/burn_drive.h"
+#include "backends/burn/complaints.h"
+#include "backends/burn/disc_burn.h"
+#include "backends/burn/wave_source.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Time = std::chrono::steady_clock;
+
+constexpr int kTypeTrackAtOnce = 1, kTypeDiscAtOnce = 10;
+constexpr int kFehlerFormat = 321;  // a file of a foreign format
+constexpr std::size_t kMostTracks = 99;
+constexpr int kRefused = 1, kMethodRefused = -1;
+constexpr double kSingleSpeed = 176.4;  // kB a second
+// How long the interface waits for a drive.
+constexpr auto kForScan = 4000ms, kForCheck = 3000ms, kForPlan = 3000ms;
+// Within it a second look at the disc tells what the first one did.
+constexpr auto kFresh = 500ms;
+// A turn of the interface's clock while a disc is written: without a screen that clock runs as fast
+// as it can, but a drive does not.
+constexpr int kTurnMs = 20;
+
+template <typename Result>
+bool Ready(const std::shared_future<Result>& answer, std::chrono::milliseconds most = 0ms) {
+  return answer.valid() && answer.wait_for(most) == std::future_status::ready;
+}
+
+}  // namespace
+
+DriveWriter::DriveWriter(Dateien& files, EventLoop& loop, Background& background, ListCall list)
+    : files_(files), loop_(loop), background_(background), list_(std::move(list)) {}
+
+DriveWriter::~DriveWriter() {
+  Abandon();
+}
+
+int DriveWriter::Init_Prog() {
+  current_ = 0;
+  const std::vector<BurnDevice> devices = list_();
+  if (devices.empty()) {
+    burners_.clear();
+    return 0;
+  }
+  // While a drive is being brought to rest, what was seen before still holds.
+  if (!Resting(0ms)) return 0;
+  if (!scan_.valid() || Ready(scan_)) {
+    scan_ = thread_.Do<std::vector<Burner>>([devices, tell = Teller()] {
+      BurnLibrary library;
+      std::vector<Burner> found;
+      for (const BurnDevice& device : devices) {
+        if (const auto can = ExamineDrive(library, device.Device)) found.push_back({device, *can});
+        for (const LibraryMessage& message : library.Messages()) {
+          if (message.Severity >= BurnLibrary::kSorry) tell(LogEvent(message));
+        }
+      }
+      return found;
+    });
+  }
+  if (Ready(scan_, kForScan)) burners_ = scan_.get();
+  return 0;
+}
+
+const DriveWriter::Burner* DriveWriter::Current() const {
+  const auto index = static_cast<std::size_t>(current_);
+  return current_ >= 0 && index < burners_.size() ? &burners_[index] : nullptr;
+}
+
+int DriveWriter::DetermineDrive() {
+  const Burner* burner = Current();
+  if (burner == nullptr) return 0;
+  if (burner->Can.DiscAtOnce) return kTypeDiscAtOnce;
+  return burner->Can.TrackAtOnce ? kTypeTrackAtOnce : 0;
+}
+
+Text DriveWriter::GetDescription(int index) {
+  if (index < 0 || index >= BurnerCount()) return {};
+  const BurnDevice& device = burners_[static_cast<std::size_t>(index)].Device;
+  return device.Vendor + L"\t" + device.Product + L"\t" + device.Revision + L"\t" +
+         std::to_wstring(device.Target);
+}
+
+bool DriveWriter::CanDAO() {
+  const Burner* burner = Current();
+  return burner != nullptr && burner->Can.DiscAtOnce;
+}
+
+int DriveWriter::KilobytesASecond() const {
+  const double asked = speed_ * kSingleSpeed;
+  int best = static_cast<int>(std::ceil(asked));
+  const Burner* burner = Current();
+  if (burner == nullptr || burner->Can.Speeds.empty()) return best;
+  best = burner->Can.Speeds.front();
+  for (const int speed : burner->Can.Speeds) {
+    if (std::abs(speed - asked) < std::abs(best - asked)) best = speed;
+  }
+  return best;
+}
+
+int DriveWriter::Speed() {
+  return std::max(static_cast<int>(KilobytesASecond() / kSingleSpeed + 0.5), 1);
+}
+
+int DriveWriter::AddTrack(const Text& file, int /*reserved*/) {
+  if (tracks_.size() == kMostTracks) return kFehlerIndex;
+  try {
+    LookAtWave(files_, file);
+  } catch (const Laufzeitfehler& fehler) {
+    return fehler.Nummer == kFehlerEinAusgabe ? kFehlerFormat : fehler.Nummer;
+  }
+  tracks_.push_back(file);
+  return 0;
+}
+
+void DriveWriter::CdText(int index, const Text& title, const Text& performer) {
+  cdText_[index] = {title, performer};
+}
+
+bool DriveWriter::CheckIfBurnerOK() {
+  bool ready = false;
+  const Burner* burner = Current();
+  if (burner != nullptr && !burn_) {
+    const bool known = check_.Answer.valid() && check_.Device == burner->Device.Device;
+    if (!known || (Ready(check_.Answer) && Time::now() - check_.Given > kFresh)) {
+      check_.Device = burner->Device.Device;
+      check_.Answer = thread_.Do<bool>([device = check_.Device] {
+        const BurnLibrary library;
+        const HeldDrive drive(library, device);
+        return drive && drive.HasBlankCd();
+      });
+      check_.Given = {};
+    }
+    if (Ready(check_.Answer, kForCheck)) {
+      ready = check_.Answer.get();
+      if (check_.Given == Time::time_point()) check_.Given = Time::now();
+    }
+  }
+  Teller()([ready](McdEvents& events) {
+    if (events.MCD_StatusChange) events.MCD_StatusChange(kMcdChecking);
+    if (events.MCD_StatusChange) events.MCD_StatusChange(ready ? kMcdChecked : kMcdNoDisc);
+  });
+  return ready;
+}
+
+int DriveWriter::WriteDAO() {
+  if (!CanDAO()) return kMethodRefused;
+  const int result = Write(true);
+  if (result != 0) return result;
+  if (burn_->WaitWhileStarting(kForPlan) != DiscBurn::State::Refused) return 0;
+  Abandon();
+  return kMethodRefused;
+}
+
+int DriveWriter::Write(bool discAtOnce) {
+  const Burner* burner = Current();
+  if (burner == nullptr || burn_ || tracks_.empty() || !Resting(kForCheck)) return kRefused;
+  DiscOrder order;
+  order.Device = burner->Device.Device;
+  order.DiscAtOnce = discAtOnce;
+  order.Simulation = testMode_;
+  order.Fixate = fixate_;
+  order.Eject = eject_;
+  order.Speed = KilobytesASecond();
+  order.Waves = tracks_;
+  order.CdText = cdText_;
+  check_ = {};  // the disc will not be what it was
+  const TellEvent tell = Teller();
+  const auto end = [this, watch = std::weak_ptr<int>(token_),
+                    &loop = loop_](const BurnEvent& failure) {
+    loop.Post([this, watch, failure] {
+      if (!watch.expired()) Ended(failure);
+    });
+  };
+  burn_ = std::make_shared<DiscBurn>(files_, std::move(order), tell);
+  work_ = thread_.Do<void>([burn = burn_, end] { end(burn->Run()); });
+  pace_ = background_.Start([burn = burn_] {
+    return burn->WaitUntilOver(std::chrono::milliseconds(kTurnMs)) ? -1 : kTurnMs;
+  });
+  return 0;
+}
+
+void DriveWriter::Ended(const BurnEvent& failure) {
+  pace_.reset();
+  burn_.reset();
+  if (failure) failure(Events);
+  if (Events.MCD_BurningProcessComplete) Events.MCD_BurningProcessComplete(failure ? 0 : 1);
+}
+
+bool DriveWriter::Resting(std::chrono::milliseconds most) const {
+  return !work_.valid() || Ready(work_, most);
+}
+
+void DriveWriter::StopBurn() {
+  if (!burn_) return;
+  Abandon();
+  Teller()([](McdEvents& events) {
+    if (events.MCD_UserStop) events.MCD_UserStop();
+  });
+}
+
+void DriveWriter::ResetBurner() {
+  Abandon();
+  tracks_.clear();
+  cdText_.clear();
+}
+
+void DriveWriter::Abandon() {
+  if (!burn_) return;
+  token_ = std::make_shared<int>(0);
+  pace_.reset();
+  burn_->Stop();
+  burn_.reset();
+}
+
+TellEvent DriveWriter::Teller() {
+  return [this, watch = std::weak_ptr<int>(token_), &loop = loop_](const BurnEvent& event) {
+    loop.Post([this, watch, event] {
+      if (!watch.expired()) event(Events);
+    });
+  };
+}
+
+}  // namespace vantora

@@ -1,0 +1,121 @@
+#include "backends/burn/wave_source.h"
+
+#include "backends/sound/wave_layout.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace vantora {
+
+namespace {
+
+constexpr std::int64_t kBlockBytes = 1 << 20;  // 6 seconds of sound
+
+// What hangs on a source. The file is opened by the first read, so that a disc of 99 tracks does
+// not hold 99 files.
+struct Reader {
+  Reader(Dateien& files, WaveTrack track, std::function<void(int, const Text&)> failed)
+      : Files(files),
+        Track(std::move(track)),
+        Failed(std::move(failed)),
+        Size(static_cast<off_t>(Track.Bytes)) {}
+
+  Dateien& Files;
+  WaveTrack Track;
+  std::function<void(int, const Text&)> Failed;
+  off_t Size;  // as the library has set it; only told back
+  std::unique_ptr<Datei> File;
+  std::int64_t Taken = 0;  // bytes of the sound that lie in the block or before it
+  std::vector<unsigned char> Block;
+  std::size_t Next = 0;  // byte of the block
+
+  int Read(unsigned char* target, std::size_t wanted);
+  bool Refill();
+};
+
+int Reader::Read(unsigned char* target, std::size_t wanted) {
+  std::size_t given = 0;
+  while (given < wanted && (Next < Block.size() || Refill())) {
+    const std::size_t part = std::min(wanted - given, Block.size() - Next);
+    std::memcpy(target + given, &Block[Next], part);
+    given += part;
+    Next += part;
+  }
+  return static_cast<int>(given);
+}
+
+bool Reader::Refill() {
+  const std::int64_t part = std::min(kBlockBytes, Track.Bytes - Taken);
+  if (part == 0) {
+    File.reset();
+    return false;
+  }
+  if (!File) {
+    File = Files.Open(Track.File, Zugriff::Lesen);
+    File->Seek(Track.Offset);
+  }
+  Block.resize(static_cast<std::size_t>(part));
+  File->Read(Block.data(), Block.size());
+  Next = 0;
+  Taken += part;
+  return true;
+}
+
+Reader& Of(burn_source* source) {
+  return *static_cast<Reader*>(source->data);
+}
+
+int ReadFrom(burn_source* source, unsigned char* buffer, int size) {
+  Reader& reader = Of(source);
+  try {
+    return reader.Read(buffer, static_cast<std::size_t>(size));
+  } catch (const Laufzeitfehler& fehler) {
+    reader.Failed(fehler.Nummer, fehler.Beschreibung);
+  } catch (const std::exception&) {
+    reader.Failed(kFehlerSpeicher, L"No queda memoria.");
+  }
+  return -1;
+}
+
+}  // namespace
+
+WaveTrack LookAtWave(Dateien& files, const Text& file) {
+  const auto wave = files.Open(file, Zugriff::Lesen);
+  const WaveLayout layout = ReadWaveLayout(*wave);
+  WaveTrack track;
+  track.File = file;
+  track.Offset = layout.DataOffset;
+  track.Bytes = layout.DataBytes / 4 * 4;
+  if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2 ||
+      track.Bytes == 0) {
+    throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no es una pista de audio.");
+  }
+  return track;
+}
+
+SourceHandle WaveSource(Dateien& files, const WaveTrack& track,
+                        std::function<void(int number, const Text& text)> failed) {
+  // The library gives the record back to the C library.
+  auto* source = static_cast<burn_source*>(std::calloc(1, sizeof(burn_source)));
+  if (source == nullptr) throw std::bad_alloc();
+  source->refcount = 1;
+  SourceHandle handle(source);
+  auto reader = std::make_unique<Reader>(files, track, std::move(failed));
+  source->data = reader.release();
+  source->free_data = [](burn_source* dead) { delete static_cast<Reader*>(dead->data); };
+  source->read = &ReadFrom;
+  source->get_size = [](burn_source* asked) { return Of(asked).Size; };
+  source->set_size = [](burn_source* asked, off_t size) {
+    Of(asked).Size = size;
+    return 1;
+  };
+  return handle;
+}
+
+}  // namespace vantora
