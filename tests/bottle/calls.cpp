@@ -123,8 +123,7 @@ int OpenInstead(const char* path, int flags, const Open& open) {
 }
 
 // What the system says of the placeholder, turned into what it says of a drive.
-template <class Stat>
-int Device(Stat* info, int result) {
+int Device(struct stat* info, int result) {
   if (result != 0) return result;
   info->st_mode = S_IFBLK | 0660;
   info->st_rdev = makedev(11, 0);
@@ -132,12 +131,22 @@ int Device(Stat* info, int result) {
   return 0;
 }
 
-template <class Stat, class Call>
-int StatInstead(const char* path, Stat* info, const Call& call) {
+template <class Call>
+int StatInstead(const char* path, struct stat* info, const Call& call) {
   const std::string instead = Instead(path);
   if (instead.empty()) return call(path);
   const int result = call(instead.c_str());
   return IsDevice(path) ? Device(info, result) : result;
+}
+
+int StatInstead(const char* name, const char* path, struct stat* info) {
+  const auto next = Next<int (*)(const char*, struct stat*)>(name);
+  return StatInstead(path, info, [&](const char* to) { return next(to, info); });
+}
+
+int StatInstead(const char* name, int version, const char* path, struct stat* info) {
+  const auto next = Next<int (*)(int, const char*, struct stat*)>(name);
+  return StatInstead(path, info, [&](const char* to) { return next(version, to, info); });
 }
 
 }  // namespace
@@ -146,95 +155,78 @@ int StatInstead(const char* path, Stat* info, const Call& call) {
 
 using namespace vantora::bottle;
 
-#define BOTTLE_CALL extern "C" __attribute__((visibility("default")))
+#pragma GCC visibility push(default)
 
-#define BOTTLE_OPEN(name)                                                                   \
-  BOTTLE_CALL int name(const char* path, int flags, ...) {                                  \
-    va_list rest;                                                                           \
-    va_start(rest, flags);                                                                  \
-    const auto mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;                            \
-    va_end(rest);                                                                           \
-    static const auto next = Next<int (*)(const char*, int, ...)>(#name);                   \
-    return OpenInstead(path, flags, [&](const char* to) { return next(to, flags, mode); }); \
-  }
-BOTTLE_OPEN(open)
-BOTTLE_OPEN(open64)
+// Programs that were built against an older C library ask by the names with underscores.
+extern "C" {
 
-#define BOTTLE_OPENAT(name)                                                            \
-  BOTTLE_CALL int name(int folder, const char* path, int flags, ...) {                 \
-    va_list rest;                                                                      \
-    va_start(rest, flags);                                                             \
-    const auto mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;                       \
-    va_end(rest);                                                                      \
-    static const auto next = Next<int (*)(int, const char*, int, ...)>(#name);         \
-    return OpenInstead(path, flags,                                                    \
-                       [&](const char* to) { return next(folder, to, flags, mode); }); \
-  }
-BOTTLE_OPENAT(openat)
-BOTTLE_OPENAT(openat64)
-
-BOTTLE_CALL int __open_2(const char* path, int flags) {
-  static const auto next = Next<int (*)(const char*, int)>("__open_2");
-  return OpenInstead(path, flags, [&](const char* to) { return next(to, flags); });
+int open(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const auto mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static const auto next = Next<int (*)(const char*, int, ...)>("open");
+  return OpenInstead(path, flags, [&](const char* to) { return next(to, flags, mode); });
 }
 
-#define BOTTLE_FOPEN(name)                                                     \
-  BOTTLE_CALL FILE* name(const char* path, const char* mode) {                 \
-    static const auto next = Next<FILE* (*)(const char*, const char*)>(#name); \
-    const std::string instead = Instead(path);                                 \
-    return next(instead.empty() ? path : instead.c_str(), mode);               \
-  }
-BOTTLE_FOPEN(fopen)
-BOTTLE_FOPEN(fopen64)
+int __open_2(const char* path, int flags) {
+  return open(path, flags);
+}
 
-#define BOTTLE_STAT(name, type)                                                     \
-  BOTTLE_CALL int name(const char* path, struct type* info) noexcept {              \
-    static const auto next = Next<int (*)(const char*, struct type*)>(#name);       \
-    return StatInstead(path, info, [&](const char* to) { return next(to, info); }); \
-  }
-BOTTLE_STAT(stat, stat)
-BOTTLE_STAT(lstat, stat)
-BOTTLE_STAT(stat64, stat64)
-BOTTLE_STAT(lstat64, stat64)
+int openat(int folder, const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const auto mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static const auto next = Next<int (*)(int, const char*, int, ...)>("openat");
+  return OpenInstead(path, flags, [&](const char* to) { return next(folder, to, flags, mode); });
+}
 
-#define BOTTLE_XSTAT(name, type)                                                             \
-  BOTTLE_CALL int name(int version, const char* path, struct type* info) noexcept {          \
-    static const auto next = Next<int (*)(int, const char*, struct type*)>(#name);           \
-    return StatInstead(path, info, [&](const char* to) { return next(version, to, info); }); \
-  }
-BOTTLE_XSTAT(__xstat, stat)
-BOTTLE_XSTAT(__lxstat, stat)
-BOTTLE_XSTAT(__xstat64, stat64)
-BOTTLE_XSTAT(__lxstat64, stat64)
+FILE* fopen(const char* path, const char* mode) {
+  static const auto next = Next<FILE* (*)(const char*, const char*)>("fopen");
+  const std::string instead = Instead(path);
+  return next(instead.empty() ? path : instead.c_str(), mode);
+}
 
-#define BOTTLE_FSTAT(name, type)                                      \
-  BOTTLE_CALL int name(int file, struct type* info) noexcept {        \
-    static const auto next = Next<int (*)(int, struct type*)>(#name); \
-    const int result = next(file, info);                              \
-    return IsDrive(file) ? Device(info, result) : result;             \
-  }
-BOTTLE_FSTAT(fstat, stat)
-BOTTLE_FSTAT(fstat64, stat64)
+FILE* fopen64(const char* path, const char* mode) {
+  return fopen(path, mode);
+}
 
-BOTTLE_CALL int __fxstat(int version, int file, struct stat* info) noexcept {
-  static const auto next = Next<int (*)(int, int, struct stat*)>("__fxstat");
-  const int result = next(version, file, info);
+int stat(const char* path, struct stat* info) noexcept {
+  return StatInstead("stat", path, info);
+}
+
+int lstat(const char* path, struct stat* info) noexcept {
+  return StatInstead("lstat", path, info);
+}
+
+int __xstat(int version, const char* path, struct stat* info) noexcept {
+  return StatInstead("__xstat", version, path, info);
+}
+
+int __lxstat(int version, const char* path, struct stat* info) noexcept {
+  return StatInstead("__lxstat", version, path, info);
+}
+
+int fstat(int file, struct stat* info) noexcept {
+  static const auto next = Next<int (*)(int, struct stat*)>("fstat");
+  const int result = next(file, info);
   return IsDrive(file) ? Device(info, result) : result;
 }
 
-BOTTLE_CALL int access(const char* path, int way) noexcept {
+int access(const char* path, int way) noexcept {
   static const auto next = Next<int (*)(const char*, int)>("access");
   const std::string instead = Instead(path);
   return next(instead.empty() ? path : instead.c_str(), way);
 }
 
-BOTTLE_CALL int close(int file) {
+int close(int file) {
   static const auto next = Next<int (*)(int)>("close");
   if (IsDrive(file)) uses[static_cast<std::size_t>(file)] = kNone;
   return next(file);
 }
 
-BOTTLE_CALL int ioctl(int file, unsigned long request, ...) noexcept {
+int ioctl(int file, unsigned long request, ...) noexcept {
   va_list rest;
   va_start(rest, request);
   void* argument = va_arg(rest, void*);
@@ -245,3 +237,7 @@ BOTTLE_CALL int ioctl(int file, unsigned long request, ...) noexcept {
   std::lock_guard lock(bottle.Mutex);
   return bottle.TheRequests.Do(request, argument);
 }
+
+}  // extern "C"
+
+#pragma GCC visibility pop

@@ -236,25 +236,18 @@ Bytes Drive::Capabilities() const {
 }
 
 Bytes Drive::ModeSense(const Bytes& command, const Bytes&) {
-  Bytes page;
-  switch (command[2] & 0x3f) {
-    case 0x01:
-      page = {0x01, 10, 0, 5, 0, 0, 0, 0, 0, 0, 0, 0};
-      break;
-    case 0x05:
-      page.assign(writeParameters_.begin(), writeParameters_.end());
-      break;
-    case 0x2a:
-      page = Capabilities();
-      break;
-    default:
-      throw Sense{5, 0x24, 0};
-  }
-  const std::size_t head = command[0] == 0x1a ? 4 : 8;
+  const int wanted = command[2] & 0x3f;
+  constexpr int kAll = 0x3f;
+  const std::size_t head = command[0] == 0x1a ? 4 : 8, lengthBytes = head / 4;
   Bytes answer(head);
-  const std::size_t lengthBytes = head == 4 ? 1 : 2;
-  Put(answer, 0, lengthBytes, static_cast<int>(head + page.size() - lengthBytes));
-  answer.insert(answer.end(), page.begin(), page.end());
+  const auto add = [&](int number, const Bytes& page) {
+    if (wanted == number || wanted == kAll) answer.insert(answer.end(), page.begin(), page.end());
+  };
+  add(0x01, {0x01, 10, 0, 5, 0, 0, 0, 0, 0, 0, 0, 0});
+  add(0x05, {writeParameters_.begin(), writeParameters_.end()});
+  add(0x2a, Capabilities());
+  if (answer.size() == head) throw Sense{5, 0x24, 0};
+  Put(answer, 0, lengthBytes, static_cast<int>(answer.size() - lengthBytes));
   return answer;
 }
 

@@ -174,17 +174,6 @@ bool Requests::HasDisc() {
   return status != CDS_NO_DISC && status != CDS_TRAY_OPEN;
 }
 
-int Requests::DiscStatus() {
-  Bytes data;
-  if (Driver({0x43, 0, 0, 0, 0, 0, 0, 0, 12, 0}, data) != 0) return CDS_NO_INFO;
-  bool audio = false, other = false;
-  for (std::size_t at = 4; at + 8 <= data.size(); at += 8) {
-    if (data[at + 2] > 99) continue;
-    ((data[at + 1] & 4) != 0 ? other : audio) = true;
-  }
-  return audio && other ? CDS_MIXED : other ? CDS_DATA_1 : CDS_AUDIO;
-}
-
 int Requests::Do(unsigned long request, void* argument) {
   const auto number = static_cast<int>(reinterpret_cast<std::intptr_t>(argument));
   const auto low = static_cast<unsigned char>(number != 0 ? 1 : 0);
@@ -227,8 +216,6 @@ int Requests::Do(unsigned long request, void* argument) {
       return MediaChanged();
     case CDROM_DRIVE_STATUS:
       return DriveStatus();
-    case CDROM_DISC_STATUS:
-      return DiscStatus();
     case CDROM_GET_CAPABILITY:
       return CDC_CLOSE_TRAY | CDC_OPEN_TRAY | CDC_LOCK | CDC_SELECT_SPEED | CDC_MEDIA_CHANGED |
              CDC_PLAY_AUDIO | CDC_GENERIC_PACKET | CDC_CD_R | CDC_CD_RW | CDC_DRIVE_STATUS;

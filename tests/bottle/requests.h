@@ -25,7 +25,6 @@ class Requests {
   int Session(void* argument);
   int MediaChanged();
   int DriveStatus();
-  int DiscStatus();
 
   Drive& drive_;
   bool changed_ = false;
