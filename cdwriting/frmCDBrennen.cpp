@@ -28,6 +28,7 @@ frmCDBrennen::frmCDBrennen(Programm& programm) : VtrFenster(programm, L"frmCDBre
   Knopf(imgBrennen, [this] { imgBrennen_MouseUp(); });
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  lstCDRecorder.Click = [this] { BrennerWaehlen(); };
   for (int i = 0; i < optBurnSpeed.Count(); ++i) optBurnSpeed(i).Tag = kTempo[i];
   txtKopienAnzahl.KeyPress = [](int taste) { return NurZiffern(taste); };
   txtKopienAnzahl.LostFocus = [this] { txtKopienAnzahl_LostFocus(); };
@@ -120,6 +121,7 @@ bool frmCDBrennen::Init_Brenner() {
   }
   mcd.TimeOut(kGeduld);
   lstCDRecorder.Clear();
+  geraete_.clear();
   const int anzahl = mcd.BurnerCount();
   prog.AppLog(ort, L"BurnerCount:" + ZahlText(anzahl));
   for (int i = 0; i < anzahl; ++i) BrennerAufnehmen(i);
@@ -128,6 +130,7 @@ bool frmCDBrennen::Init_Brenner() {
     return false;
   }
   lstCDRecorder.ListIndex = 0;
+  BrennerWaehlen();
   SetBurnerParameter();
   prog.BrennerBereit = true;
   return true;
@@ -144,6 +147,7 @@ void frmCDBrennen::BrennerAufnehmen(int index) {
   if (typ >= kErsterTyp && typ <= kLetzterTyp) {
     mcd.SetDriveType(typ);
     lstCDRecorder.AddItem(beschreibung);
+    geraete_.push_back(index);
     prog.AppLog(ort, L"AddBurner:" + beschreibung + L" IC:" + ZahlText(index));
   }
   bool dao = false;
@@ -154,6 +158,16 @@ void frmCDBrennen::BrennerAufnehmen(int index) {
   }
   optDiscAtOnce.Enabled = dao;
   if (!dao) optTrackAtOnce.SetValue(true);
+}
+
+void frmCDBrennen::BrennerWaehlen() {
+  const int index = Geraet(lstCDRecorder.ListIndex);
+  if (index >= 0) prog.plattform.mcd.SelectBurner(index);
+}
+
+int frmCDBrennen::Geraet(int zeile) const {
+  const auto platz = static_cast<std::size_t>(zeile);
+  return zeile >= 0 && platz < geraete_.size() ? geraete_[platz] : -1;
 }
 
 void frmCDBrennen::SetBurnerParameter() {

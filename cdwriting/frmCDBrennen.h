@@ -5,6 +5,7 @@
 #include "app/fenster.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace vantora {
 
@@ -57,6 +58,8 @@ class frmCDBrennen final : public VtrFenster {
 
  private:
   void BrennerAufnehmen(int index);
+  void BrennerWaehlen();  // the device of the selected line becomes the current one
+  int Geraet(int zeile) const;
 
   // The stages of one pass of the run.
   enum class Ergebnis { Gebrannt, Fehlgeschlagen };
@@ -79,6 +82,7 @@ class frmCDBrennen final : public VtrFenster {
   bool Frage(const Text& text);
   void Spur(const Text& text);
 
+  std::vector<int> geraete_;  // the device behind each line of the list: not all of them get one
   Text meldung_;  // what the run last had to say; a failed start is told with these words
 };
 

@@ -144,7 +144,7 @@ void frmCDBrennen::LaufwerkBestimmen() {
   const int index = lstCDRecorder.ListIndex;
   Spur(L"GettingTargetID(Step0):" + ZahlText(index));
   Text beschreibung;
-  Weiter([&] { beschreibung = prog.plattform.mcd.GetDescription(index); });
+  Weiter([&] { beschreibung = prog.plattform.mcd.GetDescription(Geraet(index)); });
   Spur(L"GettingTargetID(Step1):" + beschreibung);
   std::vector<Text> felder;
   Split(beschreibung, L"\t", felder);

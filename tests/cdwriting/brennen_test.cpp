@@ -2,6 +2,7 @@
 
 #include "app/zahlen.h"
 #include "cdwriting/fortschritt.h"
+#include "main/disc_writers.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -253,6 +254,77 @@ TEST_F(Brennen, TheHintOnPausesIsGoneForGoodOnceItIsTicked) {
   EXPECT_EQ(b.Gesagt(), std::vector<Text>{Sagt(4021)});
   EXPECT_FALSE(b.prog.ZeigeTAOHinweis);
   EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\VTRBurn.log"));
+}
+
+// A writer of several devices, each known by its type, that burns nothing.
+struct FalscherBrenner final : Mcd {
+  explicit FalscherBrenner(std::vector<int> typen) : Typen(std::move(typen)) {}
+  int Typ(int index) const { return Typen.at(static_cast<std::size_t>(index)); }
+
+  void BufferSize(int) override {}
+  int Init_Prog() override { return 0; }
+  void TimeOut(int) override {}
+  int BurnerCount() override { return static_cast<int>(Typen.size()); }
+  void SelectBurner(int index) override { Gewaehlt = index; }
+  int DetermineDrive() override { return Typ(Gewaehlt); }
+  void SetDriveType(int) override {}
+  Text GetDescription(int index) override {
+    return L"F\tTIPO " + std::to_wstring(Typ(index)) + L"\t1\t0";
+  }
+  bool CanDAO() override { return true; }
+  void Speed(int) override {}
+  int Speed() override { return Typ(Gewaehlt); }
+  void TestMode(bool) override {}
+  void Eject(bool) override {}
+  void Fixate(bool) override {}
+  int AddTrack(const Text&, int) override { return 1; }
+  void CdText(int, const Text&, const Text&) override {}
+  bool CheckIfBurnerOK() override { return true; }
+  void SetBurnMode(int) override {}
+  int WriteTAO() override { return 1; }
+  int WriteDAO() override { return -1; }
+  void StopBurn() override {}
+  void ResetBurner() override {}
+
+  std::vector<int> Typen;
+  int Gewaehlt = 0;
+};
+
+TEST(BrennerListe, TheSelectedLinesDeviceIsTheCurrentOneAmongAllWriters) {
+  FalscherBrenner laufwerke({0, 2}), bilder({10});  // the first drive only reads, and gets no line
+  DiscWriters alle({&laufwerke, &bilder});
+  Buehne b([&](HeadlessPlatform& p) {
+    return Plattform{p.loop,
+                     p.display,
+                     p.clock,
+                     p.system,
+                     p.machine.files,
+                     p.machine.letters,
+                     p.machine.settings,
+                     p.machine.profiles,
+                     p.machine.registry,
+                     p.machine.resources,
+                     p.mmtools,
+                     p.machine.cutter,
+                     p.machine.mp3,
+                     alle,
+                     p.machine.acd,
+                     p.machine.cd,
+                     p.machine.mci,
+                     p.machine.sockets};
+  });
+  b.Start();
+  b.Katalog({L"a"});
+  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
+  frmCDBrennen& fenster = b.prog.frmCDBrennen();
+  EXPECT_EQ(fenster.lstCDRecorder.Items(),
+            (std::vector<Text>{L"F\tTIPO 2\t1\t0", L"F\tTIPO 10\t1\t0"}));
+  EXPECT_EQ(alle.DetermineDrive(), 2) << "the first line, not the device looked at last";
+  EXPECT_EQ(b.prog.BrennGeschwindigkeit, 2) << "as the first line's device made it";
+  b.platform.hands.Select(fenster.lstCDRecorder, {2});
+  EXPECT_EQ(alle.DetermineDrive(), 10);
+  b.platform.hands.Select(fenster.lstCDRecorder, {1});
+  EXPECT_EQ(alle.DetermineDrive(), 2);
 }
 
 TEST(Fortschritt, TimeUsedIsNeverNegativeAndPassesMidnight) {
