@@ -157,27 +157,37 @@ using namespace vantora::bottle;
 
 #pragma GCC visibility push(default)
 
-// Programs that were built against an older C library ask by the names with underscores.
 extern "C" {
 
+// The names by which programs ask that were built against an older C library, or with more care.
+int OpenWithoutMode(const char* path, int flags) asm("__open_2");
+int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xstat");
+int OldLinkStat(int version, const char* path, struct stat* info) noexcept asm("__lxstat");
+
 int open(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const auto mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
-  va_end(rest);
+  mode_t mode = 0;
+  if (HasMode(flags)) {
+    va_list rest;
+    va_start(rest, flags);
+    mode = va_arg(rest, mode_t);
+    va_end(rest);
+  }
   static const auto next = Next<int (*)(const char*, int, ...)>("open");
   return OpenInstead(path, flags, [&](const char* to) { return next(to, flags, mode); });
 }
 
-int __open_2(const char* path, int flags) {
+int OpenWithoutMode(const char* path, int flags) {
   return open(path, flags);
 }
 
 int openat(int folder, const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const auto mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
-  va_end(rest);
+  mode_t mode = 0;
+  if (HasMode(flags)) {
+    va_list rest;
+    va_start(rest, flags);
+    mode = va_arg(rest, mode_t);
+    va_end(rest);
+  }
   static const auto next = Next<int (*)(int, const char*, int, ...)>("openat");
   return OpenInstead(path, flags, [&](const char* to) { return next(folder, to, flags, mode); });
 }
@@ -200,11 +210,11 @@ int lstat(const char* path, struct stat* info) noexcept {
   return StatInstead("lstat", path, info);
 }
 
-int __xstat(int version, const char* path, struct stat* info) noexcept {
+int OldStat(int version, const char* path, struct stat* info) noexcept {
   return StatInstead("__xstat", version, path, info);
 }
 
-int __lxstat(int version, const char* path, struct stat* info) noexcept {
+int OldLinkStat(int version, const char* path, struct stat* info) noexcept {
   return StatInstead("__lxstat", version, path, info);
 }
 

@@ -25,31 +25,31 @@ constexpr unsigned char kTestWrite = 0x10;
 
 // Sorted by what a program does with them. A command that stands in none of the lists is refused.
 const Drive::Command Drive::kCommands[] = {
-    {0x00, "TEST UNIT READY", Needs::Disc, &Drive::TestUnitReady},
-    {0x03, "REQUEST SENSE", Needs::Nothing, &Drive::RequestSense},
-    {0x12, "INQUIRY", Needs::Nothing, &Drive::Inquiry},
-    {0x1b, "START STOP UNIT", Needs::Calm, &Drive::StartStop},
-    {0x1e, "PREVENT ALLOW", Needs::Calm, &Drive::Prevent},
-    {0x1a, "MODE SENSE(6)", Needs::Calm, &Drive::ModeSense},
-    {0x5a, "MODE SENSE", Needs::Calm, &Drive::ModeSense},
-    {0x55, "MODE SELECT", Needs::Calm, &Drive::ModeSelect},
-    {0x46, "GET CONFIGURATION", Needs::Nothing, &Drive::GetConfiguration},
-    {0x4a, "GET EVENT STATUS", Needs::Nothing, &Drive::GetEvent},
-    {0xac, "GET PERFORMANCE", Needs::Calm, &Drive::GetPerformance},
-    {0xbb, "SET CD SPEED", Needs::Calm, &Drive::SetSpeed},
-    {0x51, "READ DISC INFORMATION", Needs::Disc, &Drive::ReadDiscInformation},
-    {0x52, "READ TRACK INFORMATION", Needs::Disc, &Drive::ReadTrackInformation},
-    {0x43, "READ TOC", Needs::Disc, &Drive::ReadToc},
-    {0x25, "READ CAPACITY", Needs::Disc, &Drive::ReadCapacity},
-    {0x5c, "READ BUFFER CAPACITY", Needs::Calm, &Drive::ReadBufferCapacity},
-    {0x28, "READ(10)", Needs::Disc, &Drive::Read10},
-    {0xbe, "READ CD", Needs::Disc, &Drive::ReadCd},
-    {0x54, "SEND OPC", Needs::Disc, &Drive::SendOpc},
-    {0x5d, "SEND CUE SHEET", Needs::Disc, &Drive::SendCueSheet},
-    {0x2a, "WRITE(10)", Needs::Disc, &Drive::Write10},
-    {0x35, "SYNCHRONIZE CACHE", Needs::Disc, &Drive::SynchronizeCache},
-    {0x5b, "CLOSE TRACK SESSION", Needs::Disc, &Drive::Close},
-    {0xa1, "BLANK", Needs::Disc, &Drive::Blank},
+    {&Drive::TestUnitReady, "TEST UNIT READY", 0x00, Needs::Disc},
+    {&Drive::RequestSense, "REQUEST SENSE", 0x03, Needs::Nothing},
+    {&Drive::Inquiry, "INQUIRY", 0x12, Needs::Nothing},
+    {&Drive::StartStop, "START STOP UNIT", 0x1b, Needs::Calm},
+    {&Drive::Prevent, "PREVENT ALLOW", 0x1e, Needs::Calm},
+    {&Drive::ModeSense, "MODE SENSE(6)", 0x1a, Needs::Calm},
+    {&Drive::ModeSense, "MODE SENSE", 0x5a, Needs::Calm},
+    {&Drive::ModeSelect, "MODE SELECT", 0x55, Needs::Calm},
+    {&Drive::GetConfiguration, "GET CONFIGURATION", 0x46, Needs::Nothing},
+    {&Drive::GetEvent, "GET EVENT STATUS", 0x4a, Needs::Nothing},
+    {&Drive::GetPerformance, "GET PERFORMANCE", 0xac, Needs::Calm},
+    {&Drive::SetSpeed, "SET CD SPEED", 0xbb, Needs::Calm},
+    {&Drive::ReadDiscInformation, "READ DISC INFORMATION", 0x51, Needs::Disc},
+    {&Drive::ReadTrackInformation, "READ TRACK INFORMATION", 0x52, Needs::Disc},
+    {&Drive::ReadToc, "READ TOC", 0x43, Needs::Disc},
+    {&Drive::ReadCapacity, "READ CAPACITY", 0x25, Needs::Disc},
+    {&Drive::ReadBufferCapacity, "READ BUFFER CAPACITY", 0x5c, Needs::Calm},
+    {&Drive::Read10, "READ(10)", 0x28, Needs::Disc},
+    {&Drive::ReadCd, "READ CD", 0xbe, Needs::Disc},
+    {&Drive::SendOpc, "SEND OPC", 0x54, Needs::Disc},
+    {&Drive::SendCueSheet, "SEND CUE SHEET", 0x5d, Needs::Disc},
+    {&Drive::Write10, "WRITE(10)", 0x2a, Needs::Disc},
+    {&Drive::SynchronizeCache, "SYNCHRONIZE CACHE", 0x35, Needs::Disc},
+    {&Drive::Close, "CLOSE TRACK SESSION", 0x5b, Needs::Disc},
+    {&Drive::Blank, "BLANK", 0xa1, Needs::Disc},
 };
 
 Drive::Drive(fs::path folder) : folder_(std::move(folder)), writeSpeed_(kSpeeds[0]) {
@@ -148,10 +148,11 @@ void Drive::MakeDisc(const fs::path& folder) const {
   disc.Erasable = script_.MadeAs == "rw";
   if (script_.MadeAs == "sold") {
     constexpr int kTrack = 300;
-    Bytes sound(kTrack * 2 * kSectorBytes);
+    Bytes sound(std::size_t{kTrack} * 2 * kSectorBytes);
     for (std::size_t i = 0; i < sound.size(); i += 2) {  // a tone, different in the two tracks
+      const auto sample = static_cast<double>(i >> 2);
       const double step = i < sound.size() / 2 ? 0.03 : 0.05;
-      const int value = static_cast<int>(8000 * std::sin(static_cast<double>(i / 4) * step));
+      const int value = static_cast<int>(8000 * std::sin(sample * step));
       sound[i] = static_cast<unsigned char>(value);
       sound[i + 1] = static_cast<unsigned char>(value >> 8);
     }

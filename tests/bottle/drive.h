@@ -36,10 +36,10 @@ class Drive {
  private:
   enum class Needs { Nothing, Calm, Disc };  // Calm: a change of the disc is told first
   struct Command {
-    unsigned char Code;
-    const char* Name;
-    Needs What;
     Bytes (Drive::*Do)(const Bytes& command, const Bytes& sent);
+    const char* Name;
+    unsigned char Code;
+    Needs What;
   };
   static const Command kCommands[];
 

@@ -67,6 +67,7 @@ Bytes Drive::SendCueSheet(const Bytes&, const Bytes& sent) {
     if (ended || data || first != (number == 0) || !order) throw Sense{5, 0x26, 0};
     last = sector;
     if (number == 0) text = (line[3] & 0x40) != 0;
+    if (text && script_.NoCdText) throw Sense{5, 0x26, 0};
     if (number == 0xaa) ended = true;
     if (number == 0 || number == 0xaa || index != 1) continue;
     if (number != static_cast<int>(cue_.size()) + 1) throw Sense{5, 0x26, 0};

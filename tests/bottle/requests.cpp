@@ -174,44 +174,9 @@ bool Requests::HasDisc() {
   return status != CDS_NO_DISC && status != CDS_TRAY_OPEN;
 }
 
-int Requests::Do(unsigned long request, void* argument) {
-  const auto number = static_cast<int>(reinterpret_cast<std::intptr_t>(argument));
-  const auto low = static_cast<unsigned char>(number != 0 ? 1 : 0);
+int Requests::Plain(unsigned long request, int number) {
   Bytes none;
-  int error = 0;
   switch (request) {
-    case SG_IO:
-      error = Generic(argument);
-      break;
-    case CDROM_SEND_PACKET:
-      error = Packet(argument);
-      break;
-    case CDROMREADTOCHDR:
-      error = TocHeader(argument);
-      break;
-    case CDROMREADTOCENTRY:
-      error = TocEntry(argument);
-      break;
-    case CDROMMULTISESSION:
-      error = Session(argument);
-      break;
-    case CDROMEJECT:
-      error = Driver({0x1b, 0, 0, 0, 2, 0}, none);
-      break;
-    case CDROMCLOSETRAY:
-      error = Driver({0x1b, 0, 0, 0, 3, 0}, none);
-      break;
-    case CDROM_LOCKDOOR:
-      error = Driver({0x1e, 0, 0, 0, low, 0}, none);
-      break;
-    case CDROM_SELECT_SPEED: {
-      Bytes speed(12, 0);
-      speed[0] = 0xbb;
-      Put(speed, 2, 2, number == 0 ? 0xffff : number * 177);
-      Put(speed, 4, 2, 0xffff);
-      error = Driver(speed, none);
-      break;
-    }
     case CDROM_MEDIA_CHANGED:
       return MediaChanged();
     case CDROM_DRIVE_STATUS:
@@ -219,6 +184,33 @@ int Requests::Do(unsigned long request, void* argument) {
     case CDROM_GET_CAPABILITY:
       return CDC_CLOSE_TRAY | CDC_OPEN_TRAY | CDC_LOCK | CDC_SELECT_SPEED | CDC_MEDIA_CHANGED |
              CDC_PLAY_AUDIO | CDC_GENERIC_PACKET | CDC_CD_R | CDC_CD_RW | CDC_DRIVE_STATUS;
+    case CDROMEJECT:
+      return -Driver({0x1b, 0, 0, 0, 2, 0}, none);
+    case CDROMCLOSETRAY:
+      return -Driver({0x1b, 0, 0, 0, 3, 0}, none);
+    default:
+      break;
+  }
+  Bytes speed(12);  // CDROM_SELECT_SPEED; for reading, and 0 is as fast as can be
+  speed[0] = 0xbb;
+  Put(speed, 2, 2, number == 0 ? 0xffff : number * 177);
+  Put(speed, 4, 2, 0xffff);
+  return -Driver(speed, none);
+}
+
+int Requests::WithStructure(unsigned long request, void* argument) {
+  if (argument == nullptr) return EFAULT;
+  switch (request) {
+    case SG_IO:
+      return Generic(argument);
+    case CDROM_SEND_PACKET:
+      return Packet(argument);
+    case CDROMREADTOCHDR:
+      return TocHeader(argument);
+    case CDROMREADTOCENTRY:
+      return TocEntry(argument);
+    case CDROMMULTISESSION:
+      return Session(argument);
     case kGetBusNumber:
       *static_cast<int*>(argument) = 0;
       return 0;
@@ -226,10 +218,27 @@ int Requests::Do(unsigned long request, void* argument) {
       std::memset(argument, 0, 2 * sizeof(int));
       return 0;
     default:
-      error = ENOTTY;
+      return ENOTTY;
   }
-  errno = error;
-  return error == 0 ? 0 : -1;
+}
+
+int Requests::Do(unsigned long request, void* argument) {
+  int answer = 0;
+  switch (request) {
+    case CDROM_MEDIA_CHANGED:
+    case CDROM_DRIVE_STATUS:
+    case CDROM_GET_CAPABILITY:
+    case CDROMEJECT:
+    case CDROMCLOSETRAY:
+    case CDROM_SELECT_SPEED:
+      answer = Plain(request, static_cast<int>(reinterpret_cast<std::intptr_t>(argument)));
+      break;
+    default:
+      answer = -WithStructure(request, argument);
+  }
+  if (answer >= 0) return answer;
+  errno = -answer;
+  return -1;
 }
 
 }  // namespace vantora::bottle

@@ -18,6 +18,8 @@ class Requests {
   Answer Ask(const Bytes& command, const Bytes& sent = {});
   // For the requests that the driver itself answers: errno or 0.
   int Driver(const Bytes& command, Bytes& data, const Bytes& sent = {});
+  int Plain(unsigned long request, int number);  // as the kernel has it: -errno, or the answer
+  int WithStructure(unsigned long request, void* argument);  // errno or 0
   int Generic(void* argument);
   int Packet(void* argument);
   int TocHeader(void* argument);

@@ -18,6 +18,7 @@ Script Script::Load(const std::filesystem::path& folder) {
     if (word == "write-error") words >> script.WriteError;
     if (word == "pace") words >> script.Pace;
     script.NoSao |= word == "no-sao";
+    script.NoCdText |= word == "no-cdtext";
     script.NoWriter |= word == "no-writer";
     script.Busy |= word == "busy";
     script.Disconnected |= word == "disconnected";

@@ -9,6 +9,7 @@
 //   read-error N         sector N cannot be read
 //   write-error N        sector N cannot be written
 //   no-sao               the drive cannot write Disc At Once
+//   no-cdtext            it cannot write text into the lead-in
 //   no-writer            the drive cannot write at all
 //   busy                 another program holds the drive
 //   disconnected         the cable is pulled
@@ -27,7 +28,8 @@ struct Script {
   std::string Disc = "disc", MadeAs;
   int GettingReady = 0;
   int ReadError = kNone, WriteError = kNone;
-  bool NoSao = false, NoWriter = false, Busy = false, Disconnected = false, Log = false;
+  bool NoSao = false, NoCdText = false, NoWriter = false, Busy = false, Disconnected = false,
+       Log = false;
   int Pace = 0;
 
   static Script Load(const std::filesystem::path& folder);
