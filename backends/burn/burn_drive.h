@@ -29,7 +29,6 @@ class HeldDrive {
   burn_drive* Get() const { return drive_; }
   bool HasBlankCd() const;
   bool CanSimulate() const { return infos_[0].write_simulate != 0; }
-  void LookAgain() { burn_drive_re_assess(drive_, 0); }
   void EjectAtTheEnd(bool eject) { eject_ = eject; }
 
  private:

@@ -64,16 +64,15 @@ bool AttachCdText(burn_session* session, const std::vector<burn_track*>& tracks,
     }
   }
   if (kinds.empty()) return false;
+  burn_session_set_cdtext_par(session, codes.data(), keep.data(), languages.data(), 0);
   for (const std::size_t most : kLengths) {
-    burn_session_dispose_cdtext(session, 0);
-    for (burn_track* track : tracks) burn_track_dispose_cdtext(track, 0);
-    burn_session_set_cdtext_par(session, codes.data(), keep.data(), languages.data(), 0);
+    // What is set replaces what was; the library's call that takes texts away leaves pointers to
+    // them behind.
     for (const int kind : kinds) Attach(session, tracks, texts, kind, most);
     const int packs = burn_cdtext_from_session(session, nullptr, nullptr, 1);
-    if (packs > 0 && packs <= kMostPacks) return true;
+    if (packs > 0 && packs <= kMostPacks) break;
   }
-  burn_session_dispose_cdtext(session, 0);
-  return false;
+  return true;
 }
 
 }  // namespace vantora

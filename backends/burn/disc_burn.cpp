@@ -77,6 +77,20 @@ void DiscBurn::Burn() {
   Plan();
   BurnLibrary library;
   library.Messages();  // of what was before
+  bool done = Try(library, order_.DiscAtOnce && !order_.CdText.empty());
+  if (!done && complaints_.PlanRefused() && !order_.CdText.empty() && !Stopped()) {
+    // There are drives that write whole discs, but no text in their lead-in.
+    complaints_.Forget();
+    done = Try(library, false);
+  }
+  if (done || Stopped()) return;
+  if (complaints_.PlanRefused()) Enter(State::Refused);
+  throw Failed{complaints_.Event(kBurnUnexplained)};
+}
+
+// From holding the drive to letting it go. True when the disc has been written well. After a write
+// that failed the library gives a drive to nobody who has not let it go.
+bool DiscBurn::Try(BurnLibrary& library, bool withText) {
   HeldDrive drive(library, order_.Device);
   Listen(library);
   if (!drive) Fail(kBurnNoDrive, L"La grabadora no está disponible.");
@@ -84,18 +98,10 @@ void DiscBurn::Burn() {
   if (order_.Simulation && !drive.CanSimulate()) {
     Fail(kBurnNoTest, L"La grabadora no puede simular.");
   }
-  drive.EjectAtTheEnd(order_.Eject);
   if (order_.Speed > 0) burn_drive_set_speed(drive.Get(), 0, order_.Speed);
-  bool done = Write(library, drive, order_.DiscAtOnce);
-  if (!done && complaints_.PlanRefused() && !Stopped()) {
-    // There are drives that write whole discs, but no text in their lead-in.
-    complaints_.Forget();
-    drive.LookAgain();
-    done = Write(library, drive, false);
-  }
-  if (done || Stopped()) return;
-  if (complaints_.PlanRefused()) Enter(State::Refused);
-  throw Failed{complaints_.Event(kBurnUnexplained)};
+  const bool done = Write(library, drive, withText);
+  drive.EjectAtTheEnd(done && order_.Eject);
+  return done;
 }
 
 // All waves are looked at before the drive is touched: a file that has gone is better found out now
@@ -111,7 +117,6 @@ void DiscBurn::Plan() {
   progress_ = std::make_unique<BurnProgress>(std::move(tracks), order_.DiscAtOnce, tell_);
 }
 
-// True when the disc has been written well.
 bool DiscBurn::Write(BurnLibrary& library, const HeldDrive& drive, bool withText) {
   Parts parts;
   Assemble(parts, withText);

@@ -41,6 +41,7 @@ class DiscBurn {
 
   void Burn();
   void Plan();
+  bool Try(BurnLibrary& library, bool withText);
   bool Write(BurnLibrary& library, const HeldDrive& drive, bool withText);
   void Assemble(Parts& parts, bool withText);
   void SetOptions(Parts& parts, const HeldDrive& drive);

@@ -24,7 +24,7 @@ constexpr std::size_t kMostTracks = 99;
 constexpr int kRefused = 1, kMethodRefused = -1;
 constexpr double kSingleSpeed = 176.4;  // kB a second
 // How long the interface waits for a drive.
-constexpr auto kForScan = 4000ms, kForCheck = 3000ms, kForPlan = 3000ms;
+constexpr auto kForScan = 4000ms, kForCheck = 3000ms, kForPlan = 6000ms;
 // Within it a second look at the disc tells what the first one did.
 constexpr auto kFresh = 500ms;
 // A turn of the interface's clock while a disc is written: without a screen that clock runs as fast

@@ -1,0 +1,346 @@
+// The program's writer on the drive in the bottle. What lies on the disc is compared with the waves
+// to the byte, and read back by the reading back end.
+#include "backends/burn/cd_text.h"
+#include "backends/burn/drive_writer.h"
+#include "backends/cdio/drive_disc.h"
+#include "backends/headless/headless_background.h"
+#include "backends/headless/headless_loop.h"
+#include "backends/linux/device_registry.h"
+#include "main/machine.h"
+#include "tests/backends/running_out.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/bottle/bottle.h"
+
+#include <cdio/cdtext.h>
+
+#include <chrono>
+#include <fcntl.h>
+#include <thread>
+#include <unistd.h>
+
+namespace vantora::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Time = std::chrono::steady_clock;
+
+constexpr std::size_t kSector = 2352;
+
+std::string Padded(std::string sound, std::size_t sectors) {
+  sound.resize(sectors * kSector, '\0');
+  return sound;
+}
+
+bool DriveIsFree() {
+  const int file = ::open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_EXCL);
+  if (file >= 0) ::close(file);
+  return file >= 0;
+}
+
+class DriveBurn : public testing::Test {
+ protected:
+  DriveBurn() {
+    const auto note = [this](const std::string& what) { Log.push_back(what); };
+    const auto number = [](int value) { return std::to_string(value); };
+    McdEvents& e = writer.Events;
+    e.MCD_ActTrack = [=](int track) { note("track " + number(track)); };
+    e.MCD_TrackPercent = [=, this](int percent) { Percents.push_back(percent); };
+    e.MCD_InfoMessage = [=](int, const Text& text) {
+      if (text.starts_with(L"Open")) note("open");
+      if (text.starts_with(L"Close")) note("close");
+    };
+    e.MCD_StatusChange = [=](int state) { note("status " + number(state)); };
+    e.MCD_WriteLeadIn = [=](int) { note("lead-in"); };
+    e.MCD_WriteLeadOut = [=](int) { note("lead-out"); };
+    e.MCD_Fixating = [=] { note("fixating"); };
+    e.MCD_BurningProcessComplete = [=](int success) { note("complete " + number(success)); };
+    e.MCD_UserStop = [=] { note("stopped"); };
+    e.MCD_Failure = [=](int code, const Text&) { note("failure " + number(code)); };
+    e.MCD_ScsiEvents = [=, this](int, int, int code, int, const Text& text) {
+      note("scsi " + number(code));
+      Words = text;
+    };
+    e.MCD_ASPIEvent = [=](int, const Text&) { note("aspi"); };
+  }
+
+  static LinuxPlaces WithDrives(LinuxPlaces places) {
+    places.Optical = OpticalDrives("/sys");
+    return places;
+  }
+
+  std::string Add(int sectors, int rest = 0, std::uint32_t seed = 1) {
+    const std::string sound =
+        Noise(static_cast<std::size_t>(sectors) * kSector + static_cast<std::size_t>(rest), seed);
+    const std::string name = std::to_string(++waves_) + ".wav";
+    Put(home / "" / name, Wave(sound));
+    EXPECT_EQ(writer.AddTrack(Text(L"C:\\") + Text(name.begin(), name.end()), 0), 0);
+    return sound;
+  }
+  void Find() {
+    ASSERT_EQ(writer.Init_Prog(), 0);
+    ASSERT_EQ(writer.BurnerCount(), 1);
+    writer.SelectBurner(0);
+  }
+  // Until the last of what has been told begins so; the answer is all of it.
+  std::string Until(const std::string& last) {
+    const auto limit = Time::now() + 20s;
+    while ((Log.empty() || !Log.back().starts_with(last)) && Time::now() < limit) {
+      loop.Pass(20);
+      std::this_thread::sleep_for(1ms);
+    }
+    return Story();
+  }
+  std::string Story() const {
+    std::string story;
+    for (const std::string& what : Log) story += (story.empty() ? "" : ", ") + what;
+    return story;
+  }
+
+  Bottle bottle;
+  Home home;
+  DriveTable table{WithDrives(home.Places)};
+  RunningOut disk{home.Files};
+  HeadlessClock clock;
+  HeadlessLoop loop{clock};
+  HeadlessBackground background{loop};
+  std::vector<std::string> Log;
+  std::vector<int> Percents;
+  Text Words;
+  DriveWriter writer{disk, loop, background, [this] { return DrivesForWriting(table); }};
+
+ private:
+  int waves_ = 0;
+};
+
+}  // namespace
+
+TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
+  Find();
+  EXPECT_EQ(writer.GetDescription(0), L"BOTTLE\tCD-RW 48X16X48\t1.04\t0");
+  EXPECT_EQ(writer.GetDescription(1), L"");
+  DeviceRegistry registry(table);
+  const Text key = registry.SubKeys(L"ENUM\\SCSI").at(0);
+  EXPECT_NE(key.find(L"CD-RW 48X16X48"), Text::npos);
+  EXPECT_EQ(registry.Value(L"ENUM\\SCSI\\" + key + L"\\SR0", L"SCSITargetID"), L"0");
+  EXPECT_EQ(writer.DetermineDrive(), 10);
+  EXPECT_TRUE(writer.CanDAO());
+  const std::pair<int, int> speeds[] = {{1, 4}, {6, 4}, {8, 8}, {48, 48}};
+  for (const auto& [asked, made] : speeds) {
+    writer.Speed(asked);
+    EXPECT_EQ(writer.Speed(), made) << asked;
+  }
+  bottle.Say("no-sao\n");
+  Find();
+  EXPECT_EQ(writer.DetermineDrive(), 1);
+  EXPECT_EQ(writer.WriteDAO(), -1);
+  bottle.Say("no-writer\n");
+  Find();
+  EXPECT_EQ(writer.DetermineDrive(), 0);
+  for (const char* away : {"busy\n", "disconnected\n"}) {
+    bottle.Say(away);
+    const auto start = Time::now();
+    EXPECT_EQ(writer.Init_Prog(), 0);
+    EXPECT_EQ(writer.BurnerCount(), 0) << away;
+    EXPECT_FALSE(writer.CheckIfBurnerOK());
+    EXPECT_LT(Time::now() - start, 1s) << away;
+  }
+}
+
+TEST_F(DriveBurn, OnlyABlankDiscWillDoAndTheDriveIsFreeAfterEachLook) {
+  Find();
+  const std::pair<const char*, bool> discs[] = {
+      {"", true}, {"disc none\n", false}, {"disc comprado sold\n", false}, {"disc b rw\n", true}};
+  for (const auto& [script, blank] : discs) {
+    bottle.Say(script);
+    std::this_thread::sleep_for(600ms);  // what was seen before no longer counts
+    EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
+    EXPECT_TRUE(DriveIsFree());
+    const int commands = bottle.Told("");
+    EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
+    EXPECT_EQ(bottle.Told(""), commands) << "the second look came at once";
+  }
+  bottle.Say("disc comprado sold\n");
+  Add(320);
+  Log.clear();
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  EXPECT_EQ(Until("complete"),
+            "status 4, status 5, status 4, status 5, status 4, status 6, "
+            "status 4, status 6, status 4, status 6, status 4, status 6, "
+            "status 4, status 5, status 4, status 5, failure 811, complete 0");
+}
+
+TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {
+  Find();
+  writer.Speed(8);
+  const std::string first = Add(400, 1236), second = Add(310, 0, 2), brief = Add(10, 4, 3);
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  EXPECT_EQ(writer.WriteTAO(), 1) << "one at a time";
+  EXPECT_EQ(Until("complete"),
+            "lead-in, track 1, open, close, track 2, open, close, track 3, open, close, lead-out, "
+            "fixating, complete 1");
+  EXPECT_EQ(std::count(Percents.begin(), Percents.end(), 100), 3);
+  EXPECT_EQ(bottle.Told("SET CD SPEED: bb 00 21 13 05 83"), 1);
+  const std::string image = bottle.Image();
+  EXPECT_TRUE(image.starts_with(Padded(first, 401)));
+  EXPECT_TRUE(image.substr(553 * kSector).starts_with(second));
+  EXPECT_TRUE(image.substr(1015 * kSector).starts_with(Padded(brief, 300)));
+  EXPECT_NE(bottle.Toc().find("closed\ntrack 0 audio\ntrack 553 audio\ntrack 1015 audio\n"),
+            std::string::npos);
+  const auto disc = DriveDisc::Open("/dev/sr0");
+  ASSERT_TRUE(disc);
+  std::string read(310 * kSector, '?');
+  EXPECT_TRUE(disc->Read(553, 310, read.data()));
+  EXPECT_TRUE(read == second);
+}
+
+TEST_F(DriveBurn, ADiscAtOnceHasItsTracksBackToBackAndItsTextInLatin1) {
+  Find();
+  const std::string first = Add(400, 4), second = Add(310, 0, 2);
+  writer.CdText(0, L"Verano", L"");
+  writer.CdText(1, L"Canci\u00F3n\t\u20AC", L"Las olas");
+  ASSERT_EQ(writer.WriteDAO(), 0);
+  EXPECT_EQ(Until("complete"),
+            "lead-in, track 1, open, close, track 2, open, close, lead-out, fixating, complete 1");
+  EXPECT_TRUE(std::is_sorted(Percents.begin(), Percents.end())) << "of the disc";
+  EXPECT_EQ(Percents.back(), 100);
+  EXPECT_TRUE(bottle.Image() == Padded(first, 401) + second);
+  EXPECT_NE(bottle.Toc().find("track 0 audio\ntrack 401 audio\nleadout 711\n"), std::string::npos);
+  const std::string packs = Get(bottle.Folder() / "disc/cdtext.bin");
+  std::string titles, performers;
+  for (std::size_t at = 0; at + 18 <= packs.size(); at += 18) {
+    if (packs[at] == '\x80') titles += packs.substr(at + 4, 12);
+    if (packs[at] == '\x81') performers += packs.substr(at + 4, 12);
+  }
+  using namespace std::string_literals;
+  EXPECT_TRUE(titles.starts_with("Verano\0Canci\xF3n ?\0\0"s)) << titles;
+  EXPECT_TRUE(performers.starts_with("\0Las olas\0\0"s)) << performers;
+}
+
+TEST_F(DriveBurn, ASimulationWritesToTheDriveAndLeavesTheDiscBlank) {
+  Find();
+  Add(400);
+  writer.CdText(0, L"Verano", L"Las olas");
+  writer.TestMode(true);
+  writer.Fixate(false);
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  EXPECT_EQ(Until("complete"), "lead-in, track 1, open, close, lead-out, complete 1");
+  EXPECT_GT(bottle.Told("WRITE(10):"), 20);
+  EXPECT_EQ(bottle.Image(), "");
+  EXPECT_TRUE(writer.CheckIfBurnerOK());
+}
+
+TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
+  for (const bool dao : {false, true}) {
+    SCOPED_TRACE(dao);
+    bottle.Say(std::string("pace 1500\ndisc ") + (dao ? "dao\n" : "tao\n"));
+    writer.ResetBurner();
+    Find();
+    Add(8000);
+    Log.clear();
+    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    Until("open");
+    const auto start = Time::now();
+    writer.StopBurn();
+    loop.DoEvents();
+    EXPECT_LT(Time::now() - start, 500ms);
+    EXPECT_EQ(Log.back(), "stopped");
+    EXPECT_EQ(writer.Init_Prog(), 0);
+    EXPECT_EQ(writer.BurnerCount(), 1) << "what was seen before holds";
+    writer.ResetBurner();
+    bottle.Say("disc nuevo\n");
+    bool ready = false;
+    for (int i = 0; i < 5 && !ready; ++i) ready = writer.CheckIfBurnerOK();
+    EXPECT_TRUE(ready);
+    EXPECT_TRUE(DriveIsFree());
+    EXPECT_LT(bottle.Image(dao ? "dao" : "tao").size(), 8000 * kSector);
+    Log.clear();
+    loop.Pass(1000);
+    EXPECT_EQ(Story().find_first_not_of("status 456,"), std::string::npos)
+        << "of the write that was stopped: " << Story();
+  }
+}
+
+TEST_F(DriveBurn, WhatTheDriveComplainsOfIsToldWithItsReason) {
+  Find();
+  Add(600);
+  for (const bool dao : {false, true}) {
+    SCOPED_TRACE(dao);
+    Log.clear();
+    bottle.Say(std::string("write-error 450\ndisc ") + (dao ? "dao\n" : "tao\n"));
+    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    const std::string story = Until("complete");
+    EXPECT_TRUE(story.ends_with("open, scsi 199680, complete 0")) << story;  // 03 0C 00
+    EXPECT_EQ(Words, L"Error de medio (3 0C 00)");
+    EXPECT_TRUE(DriveIsFree());
+  }
+  bottle.Say("pace 1500\ndisc largo\n");
+  writer.ResetBurner();
+  Add(8000);
+  Log.clear();
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  Until("open");
+  bottle.Say("disconnected\n");
+  const std::string story = Until("complete");
+  EXPECT_TRUE(story.ends_with("open, aspi, complete 0")) << story;
+  bottle.Say("disc otro\n");
+  Find();
+  EXPECT_TRUE(writer.CheckIfBurnerOK()) << "plugged in again";
+}
+
+TEST_F(DriveBurn, AMethodThatTheDriveRefusesLateIsRefusedAllTheSame) {
+  Find();
+  const std::string sound = Add(400);
+  writer.CdText(0, L"Verano", L"Las olas");
+  bottle.Say("no-sao\n");
+  EXPECT_EQ(writer.WriteDAO(), -1);
+  loop.Pass(1000);
+  EXPECT_EQ(Story(), "");
+  EXPECT_EQ(bottle.Image(), "");
+  ASSERT_EQ(writer.WriteTAO(), 0) << "as soon as the drive is at rest";
+  EXPECT_TRUE(Until("complete").ends_with("complete 1"));
+  EXPECT_TRUE(bottle.Image().starts_with(sound));
+  bottle.Say("disc mudo\nno-cdtext\n");
+  ASSERT_EQ(writer.WriteDAO(), 0) << "without the text, then";
+  EXPECT_TRUE(Until("complete").ends_with("complete 1"));
+  EXPECT_TRUE(bottle.Image("mudo") == sound);
+}
+
+TEST_F(DriveBurn, AWaveThatEndsEarlyOrASmallDiscIsNoGoodDisc) {
+  Find();
+  Add(2000);
+  Add(2000);
+  disk.Readable = 1'500'000;
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  std::string story = Until("complete");
+  EXPECT_TRUE(story.ends_with("failure 57, complete 0")) << story;
+  disk.Readable = INT64_MAX;
+  Put(bottle.Folder() / "corto/toc", "kind cd-r\ncapacity 3000\nstate blank\n");
+  bottle.Say("disc corto\n");
+  Log.clear();
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  EXPECT_EQ(Until("complete"), "failure 813, complete 0");
+  EXPECT_EQ(bottle.Image("corto"), "");
+}
+
+TEST(DriveText, MoreTextThanADiscHoldsIsCutAndStaysComplete) {
+  const BurnLibrary library;
+  burn_session* session = burn_session_create();
+  std::vector<burn_track*> tracks;
+  CdTexts texts;
+  for (int i = 1; i <= 99; ++i) {
+    tracks.push_back(burn_track_create());
+    burn_track_define_data(tracks.back(), 0, 0, 1, BURN_AUDIO);
+    burn_session_add_track(session, tracks.back(), BURN_POS_END);
+    texts[i] = {std::to_wstring(i) + Text(60, L'a'), std::to_wstring(i) + Text(90, L'b')};
+  }
+  EXPECT_TRUE(AttachCdText(session, tracks, texts));
+  const int packs = burn_cdtext_from_session(session, nullptr, nullptr, 1);
+  EXPECT_GT(packs, 150);
+  EXPECT_LE(packs, 255);
+  EXPECT_FALSE(AttachCdText(session, tracks, {{1, {L"", L""}}}));
+  for (burn_track* track : tracks) burn_track_free(track);
+  burn_session_free(session);
+}
+
+}  // namespace vantora::test
