@@ -4,7 +4,9 @@
 //
 // What it cannot show, and what stays untested with it: timing (a real drive's buffer underruns,
 // spin-up, waiting times of a real fixation), several sessions, writing data tracks, raw and packet
-// writing, reading subchannels, C2 pointers and jitter, audio played by the drive itself, DVD.
+// writing, catalog numbers and ISRCs, reading subchannels, C2 pointers and jitter, audio played by
+// the drive itself, DVD. Commands that only those would need (RESERVE TRACK, SET STREAMING, READ
+// SUB-CHANNEL) are refused as unknown. Nor does it show what a particular maker's drive does wrong.
 #pragma once
 
 #include "tests/bottle/disc.h"
