@@ -2,6 +2,7 @@
 
 #include "app/feld.h"
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "app/zahlen.h"
 
 #include <algorithm>
@@ -18,12 +19,19 @@ constexpr double kLaengsteZeit = 1e9;    // seconds; likewise
 
 constexpr int kSuchen = 0, kAlle = 1, kLoeschen = 2, kSchliessen = 3;
 
+// What is no number that a machine can hold counts as none: the file may be anybody's work.
+double Zahl(const Text& text) {
+  double wert = 0;
+  Weiter([&] { wert = Val(text); });
+  return wert;
+}
+
 int AnzahlTracks(const DatenbankEintrag& eintrag) {
-  return Ganz32(std::clamp(Val(eintrag.AnzahlTitel), 0.0, kMeisteTracks));
+  return Ganz32(std::clamp(Zahl(eintrag.AnzahlTitel), 0.0, kMeisteTracks));
 }
 
 Text ZeitText(const Text& sekunden) {
-  const std::int64_t s = Abgeschnitten(std::clamp(Val(sekunden), 0.0, kLaengsteZeit));
+  const std::int64_t s = Abgeschnitten(std::clamp(Zahl(sekunden), 0.0, kLaengsteZeit));
   const auto zweistellig = [](std::int64_t wert) {
     return Format(static_cast<double>(wert), L"00");
   };
@@ -88,9 +96,10 @@ void frmDatenbank::SetTexte() {
 
 Text frmDatenbank::Lesen(const Text& schluessel, const Text& name, const Text& ersatz,
                          std::size_t grenze) const {
-  const Text wert =
+  Text wert =
       prog.plattform.profile.GetPrivateProfileString(schluessel, name, ersatz, grenze, kDatei);
-  return wert.substr(0, wert.find(L'\0'));
+  wert.resize(std::min(wert.find(L'\0'), wert.size()));
+  return wert;
 }
 
 // A ";" in a title is not told from one between fields: the field behind it moves up.
@@ -125,11 +134,11 @@ void frmDatenbank::DatenbankLaden() {
        prog.plattform.profile.GetPrivateProfileSectionNames(kDatei, kNamenGrenze)) {
     if (schluessel.empty()) continue;
     const Text anzahl = Lesen(schluessel, L"numtracks", L"0", kWertGrenze);
-    if (Val(anzahl) == 0) continue;
+    if (Zahl(anzahl) == 0) continue;
     Datenbank.push_back({schluessel, Lesen(schluessel, L"artist", L"", kWertGrenze),
                          Lesen(schluessel, L"title", L"", kWertGrenze), anzahl,
                          Lesen(schluessel, L"totaltime", L"", kWertGrenze)});
-    titel += Val(anzahl);
+    titel += Zahl(anzahl);
   }
   lblVorhandeneCDNum.Caption = ZahlText(static_cast<std::int64_t>(Datenbank.size()) - 1);
   lblVorhandeneTitelNum.Caption = ZahlText(titel);

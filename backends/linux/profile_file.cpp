@@ -4,7 +4,9 @@
 
 #include "platform/laufzeitfehler.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace vantora {
 
@@ -12,71 +14,80 @@ namespace vantora {
 // writes could do nothing about it. The file is as it was then.
 
 std::vector<Text> ProfileFiles::GetPrivateProfileSectionNames(const Text& file, std::size_t limit) {
-  std::vector<Text> names;
   try {
-    std::size_t used = 0;
-    for (const Text& name : Read(file).Sections()) {
-      used += name.size() + 1;
-      if (used > limit) break;
-      names.push_back(name);
-    }
+    return Read(file).Sections(limit);
   } catch (const Laufzeitfehler&) {
+    return {};
   }
-  return names;
 }
 
 Text ProfileFiles::GetPrivateProfileString(const Text& section, const Text& key,
                                            const Text& fallback, std::size_t limit,
                                            const Text& file) {
-  Text value = fallback;
+  std::optional<Text> value;
   try {
-    value = Read(file).Value(section, key).value_or(fallback);
+    value = Read(file).Value(section, key);
   } catch (const Laufzeitfehler&) {
   }
-  return value.substr(0, limit);
+  if (!value) value = fallback;
+  if (value->size() > limit) value->resize(limit);
+  return *std::move(value);
 }
 
 void ProfileFiles::WritePrivateProfileString(const Text& section, const Text& key,
                                              const Text& value, const Text& file) {
   try {
-    if (Read(file).SetValue(section, key, value)) Save();
+    if (ReadAnew(file).SetValue(section, key, value)) Save();
   } catch (const Laufzeitfehler&) {
   }
 }
 
 void ProfileFiles::DeletePrivateProfileSection(const Text& section, const Text& file) {
   try {
-    if (Read(file).RemoveSection(section)) Save();
+    if (ReadAnew(file).RemoveSection(section)) Save();
   } catch (const Laufzeitfehler&) {
   }
 }
 
-ProfileFiles::Stamp ProfileFiles::StampOf(const std::filesystem::path& file) {
+// One that was replaced or deleted has lost its name.
+ProfileFiles::Stamp ProfileFiles::StampOf(const Descriptor& file) {
   struct stat info {};
-  if (::stat(file.c_str(), &info) != 0) return {};
-  return {static_cast<std::int64_t>(info.st_dev), static_cast<std::int64_t>(info.st_ino),
-          info.st_size, info.st_mtim.tv_sec, info.st_mtim.tv_nsec};
+  if (!file.IsOpen() || ::fstat(file(), &info) != 0) return {};
+  return {static_cast<std::int64_t>(info.st_nlink),
+          info.st_size,
+          info.st_mtim.tv_sec,
+          info.st_mtim.tv_nsec,
+          info.st_ctim.tv_sec,
+          info.st_ctim.tv_nsec};
 }
 
 ProfileText& ProfileFiles::Read(const Text& file) {
+  const bool known = stamp_ != Stamp{} && file == name_ && StampOf(file_) == stamp_;
+  return known ? text_ : ReadAnew(file);
+}
+
+ProfileText& ProfileFiles::ReadAnew(const Text& file) {
+  stamp_ = {};
   const bool bare = file.find_first_of(L"\\/:") == Text::npos;
-  const std::filesystem::path place =
-      table_.SystemPath(bare ? GetWindowsDirectory() + L"\\" + file : file);
-  const Stamp stamp = StampOf(place);
-  if (place == place_ && stamp == stamp_ && stamp != Stamp{}) return text_;
-  place_.clear();
-  text_ = ProfileText(ReadSmallFile(place).value_or(std::string()));
-  place_ = place;
+  place_ = table_.SystemPath(bare ? GetWindowsDirectory() + L"\\" + file : file);
+  // Before the reading, so that a change meanwhile is one that shows.
+  Watch();
+  const Stamp stamp = std::exchange(stamp_, {});
+  text_ = ProfileText(ReadSmallFile(place_).value_or(std::string()));
+  name_ = file;
   stamp_ = stamp;
   return text_;
 }
 
+void ProfileFiles::Watch() {
+  file_ = Descriptor(::open(place_.c_str(), O_PATH | O_CLOEXEC));
+  stamp_ = StampOf(file_);
+}
+
 void ProfileFiles::Save() {
-  const std::filesystem::path place = place_;
-  place_.clear();  // what cannot be written is read again
-  WriteSmallFile(place, text_.Bytes());
-  place_ = place;
-  stamp_ = StampOf(place);
+  stamp_ = {};  // what cannot be written is read again
+  WriteSmallFile(place_, text_.Bytes());
+  Watch();
 }
 
 }  // namespace vantora

@@ -4,138 +4,189 @@
 #include "backends/linux/windows1252.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vantora {
 
 namespace {
 
-Text Trim(const Text& text) {
-  const auto first = text.find_first_not_of(L" \t\r");
-  if (first == Text::npos) return {};
-  return text.substr(first, text.find_last_not_of(L" \t\r") - first + 1);
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r';
 }
 
-Text WithoutQuotes(const Text& value) {
-  const Text inner = Trim(value);
+std::string_view Trim(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+std::string_view WithoutQuotes(std::string_view value) {
+  const std::string_view inner = Trim(value);
   const bool quoted = inner.size() >= 2 && inner.front() == inner.back() &&
-                      (inner.front() == L'"' || inner.front() == L'\'');
+                      (inner.front() == '"' || inner.front() == '\'');
   return quoted ? Trim(inner.substr(1, inner.size() - 2)) : inner;
 }
 
 // A text that stays on its line.
-Text OnOneLine(Text text) {
-  for (wchar_t& c : text) {
-    if (c == L'\r' || c == L'\n' || c == L'\0') c = L' ';
+std::string OnOneLine(const Text& text) {
+  std::string line = ToWindows1252(text);
+  for (char& c : line) {
+    if (c == '\r' || c == '\n' || c == '\0') c = ' ';
   }
-  return text;
+  return line;
 }
 
-std::optional<Text> SectionOf(const Text& line) {
-  const Text text = Trim(line);
-  if (text.empty() || text.front() != L'[') return std::nullopt;
-  const auto end = text.rfind(L']');
-  return Trim(text.substr(1, end == Text::npos ? Text::npos : end - 1));
+// The name in a head, from its "[" on.
+std::string_view SectionOf(std::string_view head) {
+  const auto end = head.rfind(']');
+  return Trim(head.substr(1, end == std::string_view::npos ? end : end - 1));
 }
 
 struct Setting {
-  Text Key, Value;
+  std::string_view Key, Value;
 };
 
-std::optional<Setting> SettingOf(const Text& line) {
-  const Text text = Trim(line);
-  const auto equals = text.find(L'=');
-  if (equals == Text::npos || text.front() == L';' || text.front() == L'[') return std::nullopt;
+std::optional<Setting> SettingOf(std::string_view line) {
+  const std::string_view text = Trim(line);
+  const auto equals = text.find('=');
+  if (equals == std::string_view::npos || text.front() == ';' || text.front() == '[') {
+    return std::nullopt;
+  }
   return Setting{Trim(text.substr(0, equals)), text.substr(equals + 1)};
 }
 
-Text Compared(const Text& name) {
-  return LowerCase(Trim(OnOneLine(name)));
+// A name as it is compared: in lower case, the letters beyond ASCII too.
+std::string Compared(std::string_view name) {
+  std::string lower(Trim(name));
+  bool plain = true;
+  for (char& c : lower) {
+    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    plain = plain && static_cast<unsigned char>(c) < 0x80;
+  }
+  return plain ? lower : ToWindows1252(LowerCase(FromWindows1252(lower)));
+}
+
+std::string Compared(const Text& name) {
+  return Compared(std::string_view(OnOneLine(name)));
 }
 
 }  // namespace
 
-ProfileText::ProfileText(std::string_view bytes) {
-  const Text text = FromWindows1252(bytes);
-  for (std::size_t start = 0; start < text.size();) {
-    const auto end = std::min(text.find(L'\n', start), text.size() - 1) + 1;
-    lines_.push_back(text.substr(start, end - start));
-    start = end;
-  }
-  if (!lines_.empty() && !lines_.front().ends_with(L"\r\n")) end_ = L"\n";
+ProfileText::ProfileText(std::string bytes) : bytes_(std::move(bytes)) {
+  const std::size_t first = NextLine(0);
+  if (first > 0 && !std::string_view(bytes_).substr(0, first).ends_with("\r\n")) end_ = "\n";
   BuildIndex();
 }
 
-std::string ProfileText::Bytes() const {
-  Text text;
-  for (const Text& line : lines_) text += line;
-  return ToWindows1252(text);
+std::size_t ProfileText::NextLine(std::size_t place) const {
+  const auto end = bytes_.find('\n', place);
+  return end == std::string::npos ? bytes_.size() : end + 1;
 }
 
+std::string_view ProfileText::Line(std::size_t place, std::size_t next) const {
+  std::string_view line = std::string_view(bytes_).substr(place, next - place);
+  while (!line.empty() && (line.back() == '\n' || line.back() == '\r')) line.remove_suffix(1);
+  return line;
+}
+
+// Heads are few among many lines, so they are what is looked for.
 void ProfileText::BuildIndex() {
-  names_.clear();
+  heads_.clear();
   sections_.clear();
-  places_.clear();
-  Text section;
+  open_.reset();
   Range* open = nullptr;
-  for (std::size_t i = 0; i < lines_.size(); ++i) {
-    if (const std::optional<Text> head = SectionOf(Line(i))) {
-      section = Compared(*head);
-      const auto [place, first] = sections_.insert({section, {i + 1, i + 1}});
-      open = first ? &place->second : nullptr;
-      if (first) names_.push_back(*head);
+  for (std::size_t at = bytes_.find('['); at != std::string::npos; at = bytes_.find('[', at)) {
+    std::size_t place = at;
+    while (place > 0 && IsBlank(bytes_[place - 1])) --place;
+    if (place > 0 && bytes_[place - 1] != '\n') {
+      ++at;  // within a line
       continue;
     }
-    if (!open) continue;
-    open->End = i + 1;
-    if (const std::optional<Setting> setting = SettingOf(Line(i))) {
-      places_.insert({{section, Compared(setting->Key)}, i});
-    }
+    const std::size_t next = NextLine(at);
+    const std::string_view name = SectionOf(Line(at, next));
+    if (open) open->End = place;
+    const auto [section, first] =
+        sections_.try_emplace(Compared(name), Range{place, next, bytes_.size()});
+    open = first ? &section->second : nullptr;
+    if (first) heads_.push_back(at);
+    at = next;
   }
 }
 
-std::optional<Text> ProfileText::Value(const Text& section, const Text& key) const {
-  const auto place = places_.find({Compared(section), Compared(key)});
-  if (place == places_.end()) return std::nullopt;
-  return WithoutQuotes(SettingOf(Line(place->second))->Value);
+std::vector<Text> ProfileText::Sections(std::size_t limit) const {
+  std::vector<Text> names;
+  for (const std::size_t head : heads_) {
+    const std::string_view name = SectionOf(Line(head));
+    if (name.size() >= limit) break;
+    limit -= name.size() + 1;
+    names.push_back(FromWindows1252(name));
+  }
+  return names;
+}
+
+const ProfileText::Range* ProfileText::Find(const Text& section) const {
+  const auto place = sections_.find(Compared(section));
+  return place == sections_.end() ? nullptr : &place->second;
+}
+
+// Where the line of a key begins; of two keys of one name the first counts.
+std::optional<std::size_t> ProfileText::Find(const Text& section, const Text& key) {
+  if (open_ != section) {
+    keys_.clear();
+    open_ = section;
+    const Range* range = Find(section);
+    for (std::size_t place = range ? range->First : 0; range && place < range->End;) {
+      const std::size_t next = NextLine(place);
+      const auto setting = SettingOf(Line(place, next));
+      if (setting) keys_.emplace_back(Compared(setting->Key), place);
+      place = next;
+    }
+    std::sort(keys_.begin(), keys_.end());
+  }
+  const std::string wanted = Compared(key);
+  const auto found = std::lower_bound(keys_.begin(), keys_.end(), std::pair(wanted, std::size_t{}));
+  if (found == keys_.end() || found->first != wanted) return std::nullopt;
+  return found->second;
+}
+
+std::optional<Text> ProfileText::Value(const Text& section, const Text& key) {
+  const auto place = Find(section, key);
+  if (!place) return std::nullopt;
+  return FromWindows1252(WithoutQuotes(SettingOf(Line(*place))->Value));
 }
 
 bool ProfileText::SetValue(const Text& section, const Text& key, const Text& value) {
-  const Text line = Trim(OnOneLine(key)) + L"=" + OnOneLine(value);
-  const auto place = places_.find({Compared(section), Compared(key)});
-  const auto range = sections_.find(Compared(section));
-  if (place != places_.end()) {
-    if (Line(place->second) == line) return false;
-    lines_[place->second] = line + end_;
-  } else if (range != sections_.end()) {
-    std::size_t end = range->second.End;  // blank lines part this section from the next
-    while (end > range->second.First && Trim(Line(end - 1)).empty()) --end;
+  const std::string line = std::string(Trim(OnOneLine(key))) + "=" + OnOneLine(value);
+  const auto place = Find(section, key);
+  const Range* range = Find(section);
+  if (place) {
+    if (Line(*place) == line) return false;
+    bytes_.replace(*place, NextLine(*place) - *place, line + end_);
+  } else if (range) {
+    std::size_t end = range->First;  // blank lines part this section from the next
+    for (std::size_t at = range->First; at < range->End; at = NextLine(at)) {
+      if (!Trim(Line(at)).empty()) end = NextLine(at);
+    }
     Insert(end, line);
   } else {
-    Insert(lines_.size(), L"[" + Trim(OnOneLine(section)) + L"]");
-    Insert(lines_.size(), line);
+    Insert(bytes_.size(), "[" + std::string(Trim(OnOneLine(section))) + "]");
+    Insert(bytes_.size(), line);
   }
   BuildIndex();
   return true;
 }
 
 bool ProfileText::RemoveSection(const Text& section) {
-  const auto range = sections_.find(Compared(section));
-  if (range == sections_.end()) return false;
-  lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(range->second.First) - 1,
-               lines_.begin() + static_cast<std::ptrdiff_t>(range->second.End));
+  const Range* range = Find(section);
+  if (!range) return false;
+  bytes_.erase(range->Head, range->End - range->Head);
   BuildIndex();
   return true;
 }
 
-void ProfileText::Insert(std::size_t number, const Text& line) {
-  if (number > 0 && !lines_[number - 1].ends_with(L'\n')) lines_[number - 1] += end_;
-  lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(number), line + end_);
-}
-
-Text ProfileText::Line(std::size_t number) const {
-  Text line = lines_[number];
-  while (!line.empty() && (line.back() == L'\n' || line.back() == L'\r')) line.pop_back();
-  return line;
+void ProfileText::Insert(std::size_t place, const std::string& line) {
+  const bool open = place > 0 && bytes_[place - 1] != '\n';  // the last line, without an end
+  bytes_.insert(place, (open ? end_ : std::string()) + line + end_);
 }
 
 }  // namespace vantora

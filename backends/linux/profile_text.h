@@ -1,13 +1,15 @@
-// The lines of one profile file and what they mean. Lines that are not touched keep every byte.
+// The bytes of one profile file and what they mean. Lines that are not touched keep every byte.
+//
+// A file is looked through once for its sections; the keys of a section are when it is asked for.
 #pragma once
 
 #include "platform/text.h"
 
 #include <cstddef>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -15,28 +17,35 @@ namespace vantora {
 
 class ProfileText final {
  public:
-  explicit ProfileText(std::string_view bytes = {});
-  std::string Bytes() const;
+  explicit ProfileText(std::string bytes = {});
+  const std::string& Bytes() const { return bytes_; }
 
-  const std::vector<Text>& Sections() const { return names_; }  // as they are spelled
-  std::optional<Text> Value(const Text& section, const Text& key) const;
+  // The names of the sections as they are spelled, up to so many characters, each with a NUL.
+  std::vector<Text> Sections(std::size_t limit) const;
+  std::optional<Text> Value(const Text& section, const Text& key);
   // Both tell whether there was something to change.
   bool SetValue(const Text& section, const Text& key, const Text& value);
   bool RemoveSection(const Text& section);
 
  private:
   struct Range {
-    std::size_t First, End;  // lines below the head, to the next head
+    std::size_t Head, First, End;  // where its lines begin, those below the head, and the next head
   };
   void BuildIndex();
-  void Insert(std::size_t number, const Text& line);
-  Text Line(std::size_t number) const;  // without its end
+  const Range* Find(const Text& section) const;
+  std::optional<std::size_t> Find(const Text& section, const Text& key);
+  void Insert(std::size_t place, const std::string& line);
+  std::size_t NextLine(std::size_t place) const;
+  std::string_view Line(std::size_t place, std::size_t next) const;  // without its end
+  std::string_view Line(std::size_t place) const { return Line(place, NextLine(place)); }
 
-  std::vector<Text> lines_;  // each with its own line end
-  Text end_ = L"\r\n";
-  std::vector<Text> names_;
-  std::map<Text, Range> sections_;                       // by name in lower case
-  std::map<std::pair<Text, Text>, std::size_t> places_;  // section and key in lower case: line
+  std::string bytes_;
+  std::string end_ = "\r\n";
+  std::vector<std::size_t> heads_;                   // where the "[" of each section stands
+  std::unordered_map<std::string, Range> sections_;  // by name in lower case
+  // Of the section asked for last: its keys in lower case, in order, and where their lines begin.
+  std::optional<Text> open_;
+  std::vector<std::pair<std::string, std::size_t>> keys_;
 };
 
 }  // namespace vantora

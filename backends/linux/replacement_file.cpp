@@ -2,6 +2,7 @@
 
 #include "backends/linux/system_error.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <fcntl.h>
@@ -78,6 +79,7 @@ std::optional<std::string> ReadSmallFile(const fs::path& file) {
   if (::fstat(descriptor(), &info) != 0) RaiseErrno(errno, file);
   if (!S_ISREG(info.st_mode)) throw DateiFehler(kFehlerEinAusgabe);
   std::string bytes;
+  bytes.reserve(std::min(static_cast<std::size_t>(info.st_size), kSmall));
   std::array<char, 16384> block{};
   for (;;) {
     const ssize_t some = ::read(descriptor(), block.data(), block.size());

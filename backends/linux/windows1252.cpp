@@ -29,14 +29,12 @@ std::string ToWindows1252(const Text& text) {
   std::string bytes;
   bytes.reserve(text.size());
   for (const wchar_t c : text) {
-    const auto high = std::find(kHigh.begin(), kHigh.end(), c);
-    if (high != kHigh.end()) {
-      bytes += static_cast<char>(0x80 + (high - kHigh.begin()));
-    } else if (c >= 0 && c <= 0xFF && (c < 0x80 || c > 0x9F)) {
+    if (c >= 0 && c <= 0xFF && (c < 0x80 || c > 0x9F)) {
       bytes += static_cast<char>(c);
-    } else {
-      bytes += '?';
+      continue;
     }
+    const auto high = std::find(kHigh.begin(), kHigh.end(), c);
+    bytes += high == kHigh.end() ? '?' : static_cast<char>(0x80 + (high - kHigh.begin()));
   }
   return bytes;
 }

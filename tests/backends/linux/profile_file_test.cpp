@@ -111,8 +111,30 @@ TEST(ProfileFiles, WhatAnotherProgramChangedIsSeen) {
   EXPECT_EQ(home.Read(L"a", L"k"), L"1");
   Put(home.File, "[a]\nk=22\n");
   EXPECT_EQ(home.Read(L"a", L"k"), L"22");
+  // Replaced, with its old self still there under another name, then moved away and back.
+  const fs::path other = home / "other.ini";
+  fs::create_hard_link(home.File, home / "kept.ini");
+  Put(other, "[a]\nk=33\n");
+  fs::last_write_time(other, fs::last_write_time(home.File));
+  fs::rename(other, home.File);
+  EXPECT_EQ(home.Read(L"a", L"k"), L"33");
+  fs::rename(home.File, other);
+  EXPECT_EQ(home.Read(L"a", L"k"), L"(none)");
+  fs::rename(other, home.File);
+  EXPECT_EQ(home.Read(L"A", L"K"), L"33");
   fs::remove(home.File);
   EXPECT_EQ(home.Read(L"a", L"k"), L"(none)");
+}
+
+TEST(ProfileFiles, AChangeKeepsWhatAnotherProgramWroteIntoAFolderThatTookThePlaceOfThisOne) {
+  Profiles home;
+  home.Write(L"a", L"k", L"1");
+  EXPECT_EQ(home.Read(L"a", L"k"), L"1");
+  fs::rename(home.File.parent_path(), home / "away");
+  fs::create_directories(home.File.parent_path());
+  Put(home.File, "[a]\nj=2\n");
+  home.Write(L"a", L"k", L"3");
+  EXPECT_EQ(Get(home.File), "[a]\nj=2\nk=3\n");
 }
 
 TEST(ProfileFiles, AWriteThatIsCutOffLeavesTheFileAsItWas) {
