@@ -3,6 +3,7 @@
 
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
+#include "cdinput/frmDatenbank.h"
 #include "main/headless_platform.h"
 
 #include <array>
@@ -51,6 +52,44 @@ int Burn(const fs::path& home) {
   return success == 1 ? 0 : 1;
 }
 
+// All tracks of a disc, one after the other, as the product saves them.
+int Grab(HeadlessPlatform& platform, DiscReader& reader) {
+  bool complete = false, failed = false;
+  reader.Events.ACD_ReadComplete = [&complete] { complete = true; };
+  reader.Events.ACD_Failure = [&failed](int, const Text&) { failed = true; };
+  int track = 1;
+  for (; reader.TrackIstAudio(track); ++track) {
+    const Text number = (track < 10 ? L"0" : L"") + std::to_wstring(track);
+    complete = false;
+    if (reader.ReadTrack(track, L"C:\\pista_" + number + L".wav") != 0) return 1;
+    while (!complete && !failed) platform.loop.DoEvents();
+    if (failed) return 1;
+  }
+  reader.CloseDevice();
+  return track > 1 ? 0 : 1;
+}
+
+// The disc in the embedded drive, which comes behind those of the machine.
+int GrabFromTray(const fs::path& home) {
+  HeadlessPlatform platform(home);
+  DiscReader& reader = platform.machine.acd;
+  reader.Init();
+  reader.SelectDevice(reader.DriveCount());
+  return Grab(platform, reader);
+}
+
+// The same image as a disc in an optical drive, for which the library takes its sheet.
+int GrabFromDrive(const fs::path& home) {
+  HeadlessPlatform platform(home);
+  DiscDrive drive;
+  drive.Letter = L'D';
+  drive.Device = (home / "Vantora" / "Bandeja" / "disco.cue").string();
+  const DiscDrives drives(platform.machine.files, [&drive] { return std::vector{drive}; });
+  DiscReader reader(platform.machine.files, platform.loop, platform.background, drives);
+  reader.SelectDevice(1);
+  return Grab(platform, reader);
+}
+
 void ReadHeaders(const std::vector<std::string>& files) {
   for (const std::string& file : files) {
     std::array<char, 44> header{};
@@ -93,6 +132,46 @@ int Show(const fs::path& home) {
   return shown == 99 ? 0 : 1;
 }
 
+std::size_t ReadWhole(const std::string& file) {
+  struct stat info {};
+  const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0 || ::fstat(descriptor, &info) != 0) throw std::runtime_error("no " + file);
+  std::vector<char> bytes(static_cast<std::size_t>(info.st_size));
+  const ssize_t count = ::read(descriptor, bytes.data(), bytes.size());
+  ::close(descriptor);
+  if (count != info.st_size) throw std::runtime_error("cannot read " + file);
+  return bytes.size();
+}
+
+// Pairs of times in ms, by turns: the window's list built anew from a file that has changed, and
+// the file read by plain system calls.
+int Database(const fs::path& home) {
+  constexpr int kRounds = 31;
+  Stage<HeadlessPlatform> stage(home);
+  const fs::path file = stage.platform.machine.files.SystemPath(L"C:\\WINDOWS\\qmaudio.ini");
+  int shown = 0;
+  stage.Play([&](Form* front) {
+    auto* window = dynamic_cast<frmDatenbank*>(front);
+    if (!window) {
+      if (shown == 0) stage.platform.hands.Press(stage.prog.frmHauptForm().imgDatenBank);
+      return shown == 0;
+    }
+    for (int i = 0; i < kRounds; ++i) {
+      if (::utimensat(AT_FDCWD, file.c_str(), nullptr, 0) != 0) throw std::runtime_error("no file");
+      const auto start = BenchTime::now();
+      window->DatenbankLaden();
+      const auto between = BenchTime::now();
+      ReadWhole(file.string());
+      const auto end = BenchTime::now();
+      std::printf("%.4f %.4f\n", Milliseconds(start, between), Milliseconds(between, end));
+    }
+    shown = window->lstInterpreten.ListCount();
+    stage.platform.hands.Press(window->imgSchliessen);
+    return true;
+  });
+  return shown == kShownDiscs ? 0 : 1;
+}
+
 }  // namespace
 }  // namespace vantora
 
@@ -101,6 +180,9 @@ int main(int argc, char** argv) {
   if (work == "mp3") return vantora::RunWork(vantora::Decode, argv[2]);
   if (work == "burn") return vantora::RunWork(vantora::Burn, argv[2]);
   if (work == "show") return vantora::RunWork(vantora::Show, argv[2]);
-  std::fputs("bench-core mp3|burn|show HOME\n", stderr);
+  if (work == "grab") return vantora::RunWork(vantora::GrabFromTray, argv[2]);
+  if (work == "grab-carefully") return vantora::RunWork(vantora::GrabFromDrive, argv[2]);
+  if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
+  std::fputs("bench-core mp3|burn|show|grab|grab-carefully|database HOME\n", stderr);
   return 2;
 }

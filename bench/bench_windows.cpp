@@ -6,9 +6,14 @@
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmNeuerInterpret.h"
 #include "catalog/katalog_datei.h"
+#include "cdinput/clsCCd.h"
+#include "cdinput/frmCDPlayer.h"
+#include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
+#include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
 #include "main/window_platform.h"
+#include "tests/support/cddb_server.h"
 
 #include <fstream>
 #include <stdexcept>
@@ -149,6 +154,113 @@ int Memory(const fs::path& home) {
   return burned && rows == customer.Tracks() ? 0 : 1;
 }
 
+// From the press on a button of the main window to the picture of the window that it opens, in ms,
+// several times. `seen` looks at the window and closes it; false: something is missing.
+template <typename Window>
+int OpenFromMain(const fs::path& home, PictureButton& (*button)(frmHauptForm&),
+                 const std::function<bool(Windows&, Window&)>& seen, double extraMs) {
+  constexpr int kRounds = 11;
+  Windows stage(home);
+  // The embedded drive comes behind those of the machine.
+  const auto drives = stage.platform.machine.discDrives.All().size();
+  SaveSetting(stage.platform.bundle, L"LastAudioCDSelected", std::to_wstring(drives - 1));
+  int round = 0;
+  bool complete = true;
+  BenchTime::time_point pressed;
+  stage.Play([&](Form* front) {
+    frmHauptForm& main = stage.prog.frmHauptForm();
+    if (auto* window = dynamic_cast<Window*>(front)) {
+      Paint(stage);
+      std::printf("%.3f\n", Milliseconds(pressed, BenchTime::now()) + extraMs);
+      complete = seen(stage, *window) && complete;
+      return true;
+    }
+    if (front != &main) throw std::runtime_error("an unexpected window");
+    if (round++ == kRounds) return false;
+    pressed = BenchTime::now();
+    stage.platform.hands.Press(button(main));
+    return true;
+  });
+  return complete ? 0 : 1;
+}
+
+int Contents(const fs::path& home) {
+  // The player rests for so long while it looks; here that passes faster.
+  constexpr double kRestsMs = 200;
+  return OpenFromMain<frmCDPlayer>(
+      home, [](frmHauptForm& main) -> PictureButton& { return main.imgCDAuslesen; },
+      [](Windows& stage, frmCDPlayer& player) {
+        const int tracks = player.lstTracks.ListCount();
+        stage.platform.hands.Press(player.imgSchliessen);
+        return tracks == 20;
+      },
+      kRestsMs*(1 - 1 / kStorySpeed));
+}
+
+int Database(const fs::path& home) {
+  return OpenFromMain<frmDatenbank>(
+      home, [](frmHauptForm& main) -> PictureButton& { return main.imgDatenBank; },
+      [](Windows& stage, frmDatenbank& window) {
+        const int discs = window.lstInterpreten.ListCount();
+        // Read anew the next time too.
+        fs::last_write_time(stage.platform.machine.files.SystemPath(L"C:\\WINDOWS\\qmaudio.ini"),
+                            fs::file_time_type::clock::now());
+        stage.platform.hands.Press(window.imgSchliessen);
+        return discs == kShownDiscs;
+      },
+      0);
+}
+
+// An entry as servers have them for a disc of 20 tracks.
+std::string EntryLines() {
+  std::string lines =
+      "# xmcd\r\nDTITLE=Las olas / Mar de invierno\r\nDYEAR=1998\r\nDGENRE=Rock\r\n";
+  for (int i = 0; i < 20; ++i) {
+    const std::string number = std::to_string(i);
+    lines += "TTITLE" + number + "=Marta Rios / Canci\xF3n del faro n\xFAmero " + number + "\r\n";
+    lines += "EXTT" + number + "=Grabado en directo\\nen la playa, con la banda del pueblo\r\n";
+  }
+  return lines + "EXTD=Edici\xF3n de aniversario\r\nPLAYORDER=\r\n";
+}
+
+// A look-up with its progress on the screen: pairs of the time that was ours and the server's, in
+// ms.
+int LookUp(const fs::path& home) {
+  constexpr int kRounds = 21;
+  Windows stage(home);
+  test::CddbServer server(2 * kRounds);
+  int found = 0;
+  stage.Play([&](Form*) {
+    const std::shared_ptr<frmSchreibFortschritt> progress =
+        stage.prog.frmSchreibFortschritt.Laden();
+    progress->init_frmSchreibFortschritt();
+    stage.prog.Zeigen(*progress);
+    Paint(stage);
+    const std::string address = server.Address();
+    for (int i = 0; i < kRounds; ++i) {
+      clsCCd disc(stage.prog.plattform);
+      disc.Init(Text(1, stage.platform.machine.discDrives.All().back().Letter) + L":\\");
+      const Text id = disc.DiscID();
+      if (i == 0) server.Knows("rock", std::string(id.begin(), id.end()), EntryLines());
+      CDDBAnfrage request = CDDBAnfrageAusEinstellungen(stage.prog);
+      request.Server.assign(address.begin(), address.end());
+      std::uint8_t status = 0;
+      std::int16_t result = 1;
+      const auto before = server.Busy();
+      const auto start = BenchTime::now();
+      disc.CDDBAbfrage(request, status, result);
+      const double whole = Milliseconds(start, BenchTime::now());
+      const double served =
+          std::chrono::duration<double, std::milli>(server.Busy() - before).count();
+      std::printf("%.3f %.3f\n", whole - served, served);
+      if (result == 0 && disc.CDDBGetInfo().TrackTitel[20].ends_with(L"19")) ++found;
+    }
+    stage.prog.frmSchreibFortschritt.Entladen();
+    return false;
+  });
+  return found == kRounds ? 0 : 1;
+}
+
 }  // namespace
 }  // namespace vantora
 
@@ -158,6 +270,9 @@ int main(int argc, char** argv) {
   if (work == "start") return vantora::RunWork(vantora::Start, argv[2]);
   if (work == "open") return vantora::RunWork(vantora::Open, argv[2]);
   if (work == "memory") return vantora::RunWork(vantora::Memory, argv[2]);
-  std::fputs("bench-windows start|open|memory HOME\n", stderr);
+  if (work == "toc") return vantora::RunWork(vantora::Contents, argv[2]);
+  if (work == "cddb") return vantora::RunWork(vantora::LookUp, argv[2]);
+  if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
+  std::fputs("bench-windows start|open|memory|toc|cddb|database HOME\n", stderr);
   return 2;
 }

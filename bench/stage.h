@@ -58,6 +58,9 @@ inline void CatalogOfWaves(Programm& prog, const Text& length) {
   }
 }
 
+// Lines of the database's window: as many discs with keys of eight digits as it asks names for.
+inline constexpr int kShownDiscs = 5000 / 9;
+
 // What a benchmark's main does: one work, chosen by its name, in the home that is given.
 using Work = std::function<int(const std::filesystem::path& home)>;
 
