@@ -12,8 +12,7 @@ namespace vantora {
 
 namespace {
 
-using Time = std::chrono::steady_clock;
-
+constexpr int kBlockSectors = 64;  // written at once
 constexpr auto kSliceTime = std::chrono::milliseconds(25);
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
 constexpr int kThousandths = 1000;
@@ -32,7 +31,7 @@ TrackRead::TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, Text
       name_(std::move(file)),
       pace_(pace),
       calls_(std::move(calls)),
-      buffer_(static_cast<std::size_t>(disc_->CarefulSectors()) * kCdSectorBytes) {}
+      buffer_(std::size_t{kBlockSectors} * kCdSectorBytes) {}
 
 int TrackRead::Slice() noexcept {
   int code = kFehlerEinAusgabe;
@@ -66,23 +65,37 @@ bool TrackRead::Move() {
                    : sectors_;
   while (budget > 0 && Time::now() < until) {
     if (done_ == sectors_) return false;
-    int count = std::min({disc_->CarefulSectors(), sectors_ - done_, budget});
-    if (!disc_->ReadCarefully(start_ + done_, count, buffer_.data())) {
-      // What comes before the sector that fails is still wanted.
-      if (count == 1 || !disc_->ReadCarefully(start_ + done_, 1, buffer_.data())) {
-        throw SectorFailed{};
-      }
-      count = 1;
-    }
+    const int wanted = std::min({kBlockSectors, sectors_ - done_, budget});
+    bool failed = false;
+    const int count = ReadBlock(wanted, until, failed);
     // Where it belongs, even when a write before has gone wrong half way.
     file_->Seek(kWaveHeaderBytes + std::int64_t{done_} * kCdSectorBytes);
     file_->Write(buffer_.data(), static_cast<std::size_t>(count) * kCdSectorBytes);
     done_ += count;
     budget -= count;
+    if (failed) throw SectorFailed{};
     if (pace_ > 0) nominalMs_ += count * 1000.0 / (kCdSectorsPerSecond * pace_);
     TellPosition(false);
   }
   return true;
+}
+
+// Reads into the buffer: what comes before a sector that fails, and before the time is over, though
+// never nothing.
+int TrackRead::ReadBlock(int wanted, Time::time_point until, bool& failed) {
+  int read = 0;
+  while (read < wanted && (read == 0 || Time::now() < until)) {
+    const int sector = start_ + done_ + read;
+    char* target = buffer_.data() + std::ptrdiff_t{read} * kCdSectorBytes;
+    int count = std::min(disc_->CarefulSectors(), wanted - read);
+    if (!disc_->ReadCarefully(sector, count, target)) {
+      failed = count == 1 || !disc_->ReadCarefully(sector, 1, target);
+      if (failed) break;
+      count = 1;
+    }
+    read += count;
+  }
+  return read;
 }
 
 void TrackRead::TellPosition(bool always) {

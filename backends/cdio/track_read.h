@@ -31,8 +31,11 @@ class TrackRead {
   int Slice() noexcept;
 
  private:
+  using Time = std::chrono::steady_clock;
+
   void Open();
   bool Move();  // false: all has been moved
+  int ReadBlock(int wanted, Time::time_point until, bool& failed);
   void TellPosition(bool always);
   int Delay();
   void Header();          // true to what the file holds
@@ -48,7 +51,7 @@ class TrackRead {
   std::vector<char> buffer_;
   int done_ = 0;  // sectors in the file
   double nominalMs_ = 0, passedMs_ = 0;
-  std::chrono::steady_clock::time_point told_;
+  Time::time_point told_;
 };
 
 }  // namespace vantora
