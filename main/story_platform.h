@@ -9,14 +9,27 @@
 #include "backends/headless/headless_system.h"
 #include "main/machine.h"
 
+#include <cstdlib>
+#include <filesystem>
+
 namespace vantora {
+
+// Names the folder of an emulated drive when there is one.
+inline constexpr const char* kBottle = "VANTORA_BOTTLE";
+
+// A machine without drives, unless there is an emulated one: a story never touches real ones.
+inline LinuxPlaces PlacesOfStory(const std::filesystem::path& home) {
+  LinuxPlaces places = PlacesBelow(home);
+  if (std::getenv(kBottle) != nullptr) places.Optical = OpticalDrives(places.Sys);
+  return places;
+}
 
 template <typename World>
 struct StoryPlatform : World {
   explicit StoryPlatform(const std::filesystem::path& home,
                          const std::filesystem::path& resourceFolder = ResourceFolder())
       : World(resourceFolder),
-        machine(PlacesBelow(home), resourceFolder, World::loop, World::background, sound),
+        machine(PlacesOfStory(home), resourceFolder, World::loop, World::background, sound),
         mmtools(machine.files,
                 HeadlessPlayers(World::loop, World::clock, card,
                                 [this] { return std::make_unique<WaveFile>(machine.files); }),

@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -65,6 +66,15 @@ class StoryStage final : public RobotStage {
     for (const Text& name : Files().List(kTray, L"*.*")) Files().Kill(Text(kTray) + L"\\" + name);
   }
   WriterFaults& Writer() override { return Now().machine.writer.Faults; }
+  void Bottle(const std::string& script) override {
+    const char* folder = std::getenv(kBottle);
+    if (folder == nullptr) throw std::runtime_error("there is no emulated drive here");
+    // The drive reads it at every command, and is not to find half of it.
+    const std::filesystem::path file = std::filesystem::path(folder) / "script";
+    const std::filesystem::path fresh = file.string() + ".new";
+    std::ofstream(fresh) << script;
+    std::filesystem::rename(fresh, file);
+  }
   void LineIn(const Text& /*waveFile*/) override {
     throw std::runtime_error("this program does not record yet");
   }

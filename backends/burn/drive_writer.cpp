@@ -25,8 +25,8 @@ constexpr int kRefused = 1, kMethodRefused = -1;
 constexpr double kSingleSpeed = 176.4;  // kB a second
 // How long the interface waits for a drive.
 constexpr auto kForScan = 4000ms, kForCheck = 3000ms, kForPlan = 6000ms;
-// Within it a second look at the disc tells what the first one did.
-constexpr auto kFresh = 500ms;
+// For so long the answer of a drive that was waited for in vain is still of use.
+constexpr auto kFresh = 2000ms;
 // A turn of the interface's clock while a disc is written: without a screen that clock runs as fast
 // as it can, but a drive does not.
 constexpr int kTurnMs = 20;
@@ -130,19 +130,20 @@ bool DriveWriter::CheckIfBurnerOK() {
   bool ready = false;
   const Burner* burner = Current();
   if (burner != nullptr && !burn_) {
-    const bool known = check_.Answer.valid() && check_.Device == burner->Device.Device;
-    if (!known || (Ready(check_.Answer) && Time::now() - check_.Given > kFresh)) {
-      check_.Device = burner->Device.Device;
-      check_.Answer = thread_.Do<bool>([device = check_.Device] {
+    const bool known = look_.valid() && lookedAt_ == burner->Device.Device;
+    if (!known || (Ready(look_) && Time::now() - look_.get().Time > kFresh)) {
+      lookedAt_ = burner->Device.Device;
+      look_ = thread_.Do<Look>([device = lookedAt_] {
         const BurnLibrary library;
         const HeldDrive drive(library, device);
-        return drive && drive.HasBlankCd();
+        return Look{drive && drive.HasBlankCd(), Time::now()};
       });
-      check_.Given = {};
     }
-    if (Ready(check_.Answer, kForCheck)) {
-      ready = check_.Answer.get();
-      if (check_.Given == Time::time_point()) check_.Given = Time::now();
+    if (Ready(look_, kForCheck)) {
+      ready = look_.get().Blank;
+      // Asked again on the spot it is the same; once the program has turned to something else the
+      // disc may be another one.
+      Teller()([this](McdEvents&) { look_ = {}; });
     }
   }
   Teller()([ready](McdEvents& events) {
@@ -173,7 +174,7 @@ int DriveWriter::Write(bool discAtOnce) {
   order.Speed = KilobytesASecond();
   order.Waves = tracks_;
   order.CdText = cdText_;
-  check_ = {};  // the disc will not be what it was
+  look_ = {};  // the disc will not be what it was
   const TellEvent tell = Teller();
   const auto end = [this, watch = std::weak_ptr<int>(token_),
                     &loop = loop_](const BurnEvent& failure) {

@@ -87,11 +87,12 @@ class DriveWriter final : public Mcd {
   std::shared_ptr<int> token_ = std::make_shared<int>(0);
 
   std::shared_future<std::vector<Burner>> scan_;
-  struct {
-    std::string Device;
-    std::shared_future<bool> Answer;
-    std::chrono::steady_clock::time_point Given;
-  } check_;
+  struct Look {
+    bool Blank = false;
+    std::chrono::steady_clock::time_point Time;
+  };
+  std::string lookedAt_;  // device
+  std::shared_future<Look> look_;
   std::shared_ptr<DiscBurn> burn_;
   std::unique_ptr<BackgroundJob> pace_;
   std::shared_future<void> work_;  // of the last write

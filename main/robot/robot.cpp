@@ -64,6 +64,7 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"within", &Robot::Within},
       {L"disc", &Robot::Disc},
       {L"writer", &Robot::Writer},
+      {L"bottle", &Robot::Bottle},
       {L"linein", &Robot::LineIn},
       {L"shot", &Robot::Shot},
       {L"echo", &Robot::Echo},

@@ -89,6 +89,7 @@ class Robot final : public User {
   void Within(const ScriptLine& line, Form* front);
   void Disc(const ScriptLine& line, Form* front);
   void Writer(const ScriptLine& line, Form* front);
+  void Bottle(const ScriptLine& line, Form* front);
   void LineIn(const ScriptLine& line, Form* front);
   void Shot(const ScriptLine& line, Form* front);
   void Echo(const ScriptLine& line, Form* front);

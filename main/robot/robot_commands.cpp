@@ -121,6 +121,10 @@ void Robot::Writer(const ScriptLine& line, Form* /*front*/) {
   faults.WriteDao = line.Value == L"WriteDAO" ? -1 : none.WriteDao;
 }
 
+void Robot::Bottle(const ScriptLine& line, Form* /*front*/) {
+  stage_.Bottle(ToUtf8(line.Value));
+}
+
 void Robot::LineIn(const ScriptLine& line, Form* /*front*/) {
   stage_.LineIn(ProductPath(line.Value));
 }

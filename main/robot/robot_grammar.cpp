@@ -318,6 +318,12 @@ void ParseLineIn(ScriptLine& line, Words& words) {
   line.Value = words.Take("a wave file");
 }
 
+// Value: what befalls the drive from now on, one thing a line.
+void ParseBottle(ScriptLine& line, Words& words) {
+  for (const ScriptWord& word : line.Words) line.Value += word.Content + L"\n";
+  words.SkipAll();
+}
+
 void ParseEcho(ScriptLine& line, Words& words) {
   for (const ScriptWord& word : line.Words) {
     line.Value += (line.Value.empty() ? L"" : L" ") + word.Content;
@@ -373,6 +379,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"within", {ParseInner, When::Running, Does::Act}},
       {L"disc", {ParseDisc, When::Any, Does::Prepare, true}},
       {L"writer", {ParseWriter, When::Any, Does::Prepare, true}},
+      {L"bottle", {ParseBottle, When::Any, Does::Prepare, true}},
       {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
       {L"shot", {ParseShot, When::Running, Does::Look, true}},
       {L"echo", {ParseEcho, When::Any, Does::Look, true}},

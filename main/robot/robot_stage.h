@@ -39,7 +39,8 @@ class RobotStage {
   // The devices; before and after the start.
   virtual void InsertDisc(const Text& sheet) = 0;  // a product path of a .cue
   virtual void EjectDisc() = 0;
-  virtual WriterFaults& Writer() = 0;             // of the embedded writer
+  virtual WriterFaults& Writer() = 0;                  // of the embedded writer
+  virtual void Bottle(const std::string& script) = 0;  // what befalls the emulated drive
   virtual void LineIn(const Text& waveFile) = 0;  // what the sound card's input hears from now on
 };
 

@@ -153,7 +153,7 @@ TEST_F(DriveBurn, OnlyABlankDiscWillDoAndTheDriveIsFreeAfterEachLook) {
       {"", true}, {"disc none\n", false}, {"disc comprado sold\n", false}, {"disc b rw\n", true}};
   for (const auto& [script, blank] : discs) {
     bottle.Say(script);
-    std::this_thread::sleep_for(600ms);  // what was seen before no longer counts
+    loop.DoEvents();  // what was seen before no longer counts
     EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
     EXPECT_TRUE(DriveIsFree());
     const int commands = bottle.Told("");
@@ -162,12 +162,10 @@ TEST_F(DriveBurn, OnlyABlankDiscWillDoAndTheDriveIsFreeAfterEachLook) {
   }
   bottle.Say("disc comprado sold\n");
   Add(320);
+  loop.DoEvents();
   Log.clear();
   ASSERT_EQ(writer.WriteTAO(), 0);
-  EXPECT_EQ(Until("complete"),
-            "status 4, status 5, status 4, status 5, status 4, status 6, "
-            "status 4, status 6, status 4, status 6, status 4, status 6, "
-            "status 4, status 5, status 4, status 5, failure 811, complete 0");
+  EXPECT_EQ(Until("complete"), "failure 811, complete 0");
 }
 
 TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {

@@ -1,0 +1,88 @@
+# Everything that can be wrong with a drive, one after the other: each is told, and the program goes
+# on to a good disc at the end.
+home home
+screen 1024 768
+setting Show_Start_Assistant 0
+setting Show_TAO_Message 0
+makewave C:\m\uno.wav 60 300
+# a drive that another program holds is not there
+bottle busy
+start
+press frmHauptForm.imgLiedImport
+choose C:\m\uno.wav
+key frmNeuerInterpret Return
+press frmHauptForm.imgBrennen
+expect frmCDBrennen.lstCDRecorder.Count == 1
+expect frmCDBrennen.lstCDRecorder(1) ~ "VANTORA IMAGE"
+# when it is free again it comes before the embedded writer; no disc lies in it, one that is not
+# blank, and the user gives up
+bottle "disc none"
+press frmCDBrennen.optTrackAtOnce
+press frmCDBrennen.imgBrennen
+expect frmCDBrennen.lstCDRecorder.Count == 2
+expect-box ~ "CD virgen"
+answer 7
+expect-box ~ "La grabadora no está lista"
+answer 7
+bottle "disc comprado sold"
+expect-box ~ "CD virgen"
+answer 7
+expect-box ~ "La grabadora no está lista"
+answer 6
+expect-box ~ "Operación cancelada"
+answer 7
+# the medium fails in the middle
+bottle "disc malo" "write-error 2000"
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "199680"
+expect-box ~ "Error de medio"
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+expect-window frmCDBrennen
+# Disc At Once is refused when the drive hears the plan
+bottle "disc nuevo"
+press frmCDBrennen.optDiscAtOnce
+press frmCDBrennen.imgBrennen
+bottle "disc nuevo" no-sao
+answer 7
+expect-box ~ "DAO"
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+# now the program knows, and takes the other method by itself
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Finalizó la operación de grabado"
+answer 7
+answer 7
+expect-file C:\bottle\nuevo\image.bin exists
+# the user changes his mind
+bottle "disc largo" "pace 300"
+press frmHauptForm.imgBrennen
+press frmCDBrennen.optTrackAtOnce
+after 8000 press frmSchreibFortschritt.imgAbbrechen
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+# the cable is pulled
+bottle "disc otro" "pace 900"
+after 12000 bottle disconnected
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "ASPI"
+answer 7
+expect-box ~ "Operación cancelada"
+answer 7
+expect-window frmCDBrennen
+# plugged in again, with a good disc
+bottle "disc bueno"
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Finalizó la operación de grabado"
+answer 7
+answer 7
+expect-window frmHauptForm
+close
