@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
@@ -61,16 +62,16 @@ DriveAbilities Abilities(burn_drive_info& info) {
 
 }  // namespace
 
-bool DriveIsFree(const std::string& device) {
+DriveHold HoldOf(const std::string& device) {
   const int file = open(device.c_str(), O_RDONLY | O_NONBLOCK | O_EXCL | O_CLOEXEC);
-  if (file < 0) return false;
+  if (file < 0) return errno == EBUSY ? DriveHold::Held : DriveHold::Gone;
   close(file);
-  return true;
+  return DriveHold::Free;
 }
 
 std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& /*library*/,
                                            const std::string& device) {
-  if (!DriveIsFree(device)) return std::nullopt;
+  if (HoldOf(device) != DriveHold::Free) return std::nullopt;
   std::string name = device;
   burn_drive_clear_whitelist();
   burn_drive_add_whitelist(name.data());
@@ -85,7 +86,7 @@ std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& /*library*/,
 }
 
 HeldDrive::HeldDrive(const BurnLibrary& /*library*/, const std::string& device) {
-  if (!DriveIsFree(device)) return;
+  if (HoldOf(device) != DriveHold::Free) return;
   std::string name = device;
   if (burn_drive_scan_and_grab(&infos_, name.data(), 1) > 0) drive_ = infos_[0].drive;
 }

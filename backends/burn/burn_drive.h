@@ -10,10 +10,11 @@
 
 namespace vantora {
 
-// True when no program has the drive for itself. The library would wait many seconds to find out.
-bool DriveIsFree(const std::string& device);
+// Whether a program has the drive for itself. The library would wait many seconds to find out.
+enum class DriveHold { Free, Held, Gone };
+DriveHold HoldOf(const std::string& device);
 
-// Nothing for a drive that cannot be opened or does not answer. It is free again afterwards, and a
+// Nothing for a drive that is not free or does not answer. It is free again afterwards, and a
 // disc in it has not been touched.
 std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& library, const std::string& device);
 

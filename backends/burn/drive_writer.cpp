@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace vantora {
@@ -55,20 +56,32 @@ int DriveWriter::Init_Prog() {
   // While a drive is being brought to rest, what was seen before still holds.
   if (!Resting(0ms)) return 0;
   if (!scan_.valid() || Ready(scan_)) {
-    scan_ = thread_.Do<std::vector<Burner>>([devices, tell = Teller()] {
-      BurnLibrary library;
-      std::vector<Burner> found;
-      for (const BurnDevice& device : devices) {
-        if (const auto can = ExamineDrive(library, device.Device)) found.push_back({device, *can});
-        for (const LibraryMessage& message : library.Messages()) {
-          if (message.Severity >= BurnLibrary::kSorry) tell(LogEvent(message));
-        }
-      }
-      return found;
-    });
+    scan_ = thread_.Do<std::vector<Burner>>(
+        [devices, known = burners_, tell = Teller()] { return Scan(devices, known, tell); });
   }
   if (Ready(scan_, kForScan)) burners_ = scan_.get();
   return 0;
+}
+
+// A drive that another program holds for the moment, be it by mounting its disc, is still what it
+// was found to be.
+std::vector<DriveWriter::Burner> DriveWriter::Scan(const std::vector<BurnDevice>& devices,
+                                                   const std::vector<Burner>& known,
+                                                   const TellEvent& tell) {
+  BurnLibrary library;
+  std::vector<Burner> found;
+  for (const BurnDevice& device : devices) {
+    if (HoldOf(device.Device) == DriveHold::Held) {
+      std::copy_if(known.begin(), known.end(), std::back_inserter(found),
+                   [&](const Burner& burner) { return burner.Device.Device == device.Device; });
+    } else if (const auto can = ExamineDrive(library, device.Device)) {
+      found.push_back({device, *can});
+    }
+    for (const LibraryMessage& message : library.Messages()) {
+      if (message.Severity >= BurnLibrary::kSorry) tell(LogEvent(message));
+    }
+  }
+  return found;
 }
 
 const DriveWriter::Burner* DriveWriter::Current() const {
@@ -108,7 +121,7 @@ int DriveWriter::KilobytesASecond() const {
 }
 
 int DriveWriter::Speed() {
-  return std::max(static_cast<int>(KilobytesASecond() / kSingleSpeed + 0.5), 1);
+  return std::max(static_cast<int>(std::lround(KilobytesASecond() / kSingleSpeed)), 1);
 }
 
 int DriveWriter::AddTrack(const Text& file, int /*reserved*/) {

@@ -3,7 +3,8 @@
 // A drive is held only while it is examined, while a disc is looked for, and while one is written:
 // in between the reading back end and other programs have it. All of that happens in a thread of
 // this object's own; a call that asks for something waits for a bounded time, and takes no answer
-// for "not ready". A drive that another program holds is not there.
+// for "not ready". A drive that another program holds is never ready, and not there at all when it
+// has not been seen free.
 #pragma once
 
 #include "backends/burn/burn_order.h"
@@ -65,6 +66,8 @@ class DriveWriter final : public Mcd {
     DriveAbilities Can;
   };
 
+  static std::vector<Burner> Scan(const std::vector<BurnDevice>& devices,
+                                  const std::vector<Burner>& known, const TellEvent& tell);
   const Burner* Current() const;
   int KilobytesASecond() const;  // for the speed that was asked for
   int Write(bool discAtOnce);

@@ -70,7 +70,7 @@ class DriveBurn : public testing::Test {
   }
 
   std::string Add(int sectors, int rest = 0, std::uint32_t seed = 1) {
-    const std::string sound =
+    std::string sound =
         Noise(static_cast<std::size_t>(sectors) * kSector + static_cast<std::size_t>(rest), seed);
     const std::string name = std::to_string(++waves_) + ".wav";
     Put(home / "" / name, Wave(sound));
@@ -137,13 +137,15 @@ TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
   bottle.Say("no-writer\n");
   Find();
   EXPECT_EQ(writer.DetermineDrive(), 0);
-  for (const char* away : {"busy\n", "disconnected\n"}) {
-    bottle.Say(away);
+  // Known and held by another program for a while; gone; held from the start.
+  const std::pair<const char*, int> away[] = {{"busy\n", 1}, {"disconnected\n", 0}, {"busy\n", 0}};
+  for (const auto& [script, left] : away) {
+    bottle.Say(script);
     const auto start = Time::now();
     EXPECT_EQ(writer.Init_Prog(), 0);
-    EXPECT_EQ(writer.BurnerCount(), 0) << away;
+    EXPECT_EQ(writer.BurnerCount(), left) << script;
     EXPECT_FALSE(writer.CheckIfBurnerOK());
-    EXPECT_LT(Time::now() - start, 1s) << away;
+    EXPECT_LT(Time::now() - start, 1s) << script;
   }
 }
 
