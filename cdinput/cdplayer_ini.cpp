@@ -12,14 +12,11 @@ namespace {
 
 constexpr std::size_t kWertLaenge = 1000;  // characters; readers of such files cut there
 
-// What came from a server must stay a value: neither a second line, nor what could pass for the
-// head of a section.
+// What came from a server must stay a value, and not begin a second line.
 Text AlsWert(Text text) {
   text.resize(std::min(text.size(), kWertLaenge));
   for (wchar_t& zeichen : text) {
     if (zeichen < L' ') zeichen = L' ';
-    if (zeichen == L'[') zeichen = L'(';
-    if (zeichen == L']') zeichen = L')';
   }
   return text;
 }

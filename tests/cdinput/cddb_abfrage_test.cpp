@@ -430,7 +430,7 @@ TEST(CdPlayerIni, WhatAServerSaysStaysInItsValue) {
       s.bundle.profile.GetPrivateProfileString(L"A98AC7", L"numtracks", L"", 10, L"cdplayer.ini"),
       L"100");
   EXPECT_EQ(s.bundle.profile.GetPrivateProfileString(L"A98AC7", L"99", L"", 100, L"cdplayer.ini"),
-            L"(evil) 0=w");
+            L"[evil] 0=w");
 }
 
 }  // namespace
