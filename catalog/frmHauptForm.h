@@ -182,6 +182,7 @@ class frmHauptForm final : public VtrFenster {
     Text Datei, Letzter;
   };
   bool KatalogWaehlen(int mehrere);
+  void NeuerKatalog();  // an empty one, without a file yet
   void NamenZurueck(const KatalogNamen& vorher);
   void Ablehnen(int meldung, const KatalogNamen& vorher);
   // Number of a record that was at `nummer` and may have moved up since; 0 when it is gone.
@@ -201,6 +202,7 @@ class frmHauptForm final : public VtrFenster {
   void Aufnehmen(const Text& datei);
 
   // copying a CD
+  bool KopieLaeuft = false;  // from the button to the burn window
   void CDKopieren();
   Text QuellLaufwerk();
   bool QuellDiscOeffnen(const Text& laufwerk);

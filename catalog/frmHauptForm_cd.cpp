@@ -87,6 +87,7 @@ bool frmHauptForm::KopieVorbereiten() {
   prog.GrabTracks.clear();
   prog.GrabTrackMB.clear();
   prog.GrabDateien.clear();
+  prog.CDKopieAktiv = false;
   prog.GrabNamen.clear();
   prog.GrabInterpret.clear();
   std::int32_t groesse = 0;
@@ -161,25 +162,21 @@ void frmHauptForm::CDKopieren() {
                   kStopp);
     return;
   }
-  KatalogGeaendertFragen();
-  KatalogInitialisieren();
-  AktuellerTitel = 0;
+  NeuerKatalog();
   vantora::frmKomponenten& k = prog.frmKomponenten();
   const Text laufwerk = QuellLaufwerk();
   k.CD_Close();
-  if (!QuellDiscOeffnen(laufwerk)) {
-    k.CD_Close();
-    return;
-  }
-  const bool passt = KopieVorbereiten();
+  Window.Enabled = false;  // while the drive is awaited, nothing else begins here
+  const bool bereit = QuellDiscOeffnen(laufwerk) && KopieVorbereiten();
   k.CD_Close();
-  if (!passt) return;
-  if (KopieLesen()) {
+  const bool gelesen = bereit && KopieLesen();
+  Window.Enabled = true;
+  if (!bereit) return;
+  if (gelesen) {
     KopieBrennen();
     return;
   }
   prog.plattform.schleife.MousePointer(Pointer::Normal);
-  Window.Enabled = true;
   k.CD_Close();
   prog.MsgBoxen(
       LoadResString(8030) + laufwerk + LoadResString(8031) + kZeilenEnde + LoadResString(8032),
@@ -189,13 +186,20 @@ void frmHauptForm::CDKopieren() {
 
 // A failure of any statement ends the copy, and the main window can be used again.
 void frmHauptForm::imgCDKopieren_MouseUp() {
+  if (KopieLaeuft) return;
+  KopieLaeuft = true;
   try {
     CDKopieren();
   } catch (const Laufzeitfehler& fehler) {
     prog.AppLog(L"CDKopieren:", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
     prog.frmSchreibFortschritt.Entladen();
     Window.Enabled = true;
+  } catch (...) {
+    KopieLaeuft = false;
+    Window.Enabled = true;
+    throw;
   }
+  KopieLaeuft = false;
   prog.plattform.schleife.MousePointer(Pointer::Normal);
 }
 

@@ -31,6 +31,10 @@ void frmHauptForm::KatalogInitialisieren() {
 
 void frmHauptForm::imgNeuerKatalog_MouseUp() {
   PlayWaveNormal(L"");
+  NeuerKatalog();
+}
+
+void frmHauptForm::NeuerKatalog() {
   KatalogGeaendertFragen();
   KatalogInitialisieren();
   AktuellerTitel = 0;
