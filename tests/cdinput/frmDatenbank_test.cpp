@@ -80,7 +80,9 @@ TEST_F(DatenbankFenster, AnEmptyDatabaseIsShownAndNothingInItCanBeDeletedOrFound
 TEST_F(DatenbankFenster, SectionsThatAreNoDiscsAreLeftOutAndOddOnesDoNoHarm) {
   Inhalt(
       "[]\nnumtracks=2\n[sin]\nartist=x\n[cero]\nnumtracks=0\n[nada]\nnumtracks=\n"
-      "[menos]\nartist=a\nnumtracks=-2\n[muchas]\nartist=b\nnumtracks=1e30\n0=t;u\ntotaltime=1e30\n"
+      "[menos]\nartist=a\nnumtracks=-2\n[muchas]\nartist=b\nnumtracks=1e30\n0=t;u;1e999\ntotaltime="
+      "1e999\n"
+      "[fuera]\nartist=z\nnumtracks=1e999\n"
       "[NUL]\nartist=c" +
       std::string(1, '\0') + "d\ntitle=e\nnumtracks=1\n");
   Im([&](frmDatenbank& d) {
