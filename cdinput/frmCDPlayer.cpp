@@ -210,7 +210,7 @@ void frmCDPlayer::DiscOeffnen() {
 
 void frmCDPlayer::AnzeigeLeeren() {
   CDDaten = CDDatenSatz{};
-  gefunden_ = CDDBInfo{};
+  gefunden_.reset();
   TrackName.assign(1, Text());
   lstTracks.Clear();
   GrabAuswahl = 0;
@@ -268,6 +268,17 @@ void frmCDPlayer::DatenLesen() {
     CDDaten.TrackMB.push_back(MBVonMs(CDDaten.TrackLaenge.back()));
     TrackName.push_back(StandardName(i));
   }
+}
+
+bool frmCDPlayer::AndereDisc() {
+  vantora::frmKomponenten& k = Komponenten();
+  k.CD_SetFormatMS();
+  bool gleich = k.GetNumTracks() == CDDaten.TrackAnzahl && k.GetCDLength() == CDDaten.Laenge;
+  for (int i = 1; gleich && i <= CDDaten.TrackAnzahl; ++i) {
+    gleich = k.GetTrackLength(i) == CDDaten.TrackLaenge[static_cast<std::size_t>(i)];
+  }
+  k.CD_SetFormatTMSF();
+  return !gleich;
 }
 
 Text frmCDPlayer::Zeile(int track) const {
@@ -417,6 +428,7 @@ void frmCDPlayer::imgAllesWaehlen_MouseUp() {
 void frmCDPlayer::tmrCDAudio_Timer() {
   vantora::frmKomponenten& k = Komponenten();
   if (!Window.Enabled || !k.CD_Check()) return;
+  if (k.CD.Mode() == kMciStop) Spielt = Pausiert = false;  // the disc has played to its end
   int track = 0, minute = 0, sekunde = 0;
   k.CD_GetPositionTMS(track, minute, sekunde);
   txtPosition.Caption = L"(" + Format(minute, L"00") + L":" + Format(sekunde, L"00") + L")";

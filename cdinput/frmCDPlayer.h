@@ -7,6 +7,8 @@
 #include "cdinput/clsCCd.h"
 
 #include <cstdint>
+#include <optional>
+#include <set>
 #include <vector>
 
 namespace vantora {
@@ -101,6 +103,7 @@ class frmCDPlayer final : public VtrFenster {
   void AnzeigeLeeren();
   void Freigeben(bool mitDisc);
   void DatenLesen();
+  bool AndereDisc();  // another one lies in the drive than the one that is shown
   void TracksZeigen();
   Text StandardName(int track) const;
   bool HatNamen(int track) const;
@@ -119,17 +122,19 @@ class frmCDPlayer final : public VtrFenster {
   // saving
   std::vector<int> Auswahl() const;
   Text ZielName(int track) const;
+  Text FreierName(int track, std::set<Text>& vergeben) const;
   bool ZieleBestimmen();
   bool EinZiel();
   bool MehrereZiele();
   bool ErsetzenFragen(const Text& pfad);
   bool DateiFragen(const Text& vorschlag);
   void Grabben();
+  void NachGrab();
 
   vantora::frmKomponenten& Komponenten() const;
-  int namenZeile_ = -1;          // whose name is being typed
-  std::uint8_t cddbStatus_ = 0;  // of a look-up that runs
-  CDDBInfo gefunden_;            // what a server told of this disc
+  int namenZeile_ = -1;               // whose name is being typed
+  std::uint8_t cddbStatus_ = 0;       // of a look-up that runs
+  std::optional<CDDBInfo> gefunden_;  // what a server told of this disc
 };
 
 }  // namespace vantora

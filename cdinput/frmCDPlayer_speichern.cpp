@@ -8,6 +8,7 @@
 #include "dialogs/frmLoadSave.h"
 
 #include <algorithm>
+#include <set>
 
 namespace vantora {
 
@@ -27,6 +28,12 @@ Text AlsDateiName(Text name) {
   }
   if (!name.empty() && name.front() == L'.') name.front() = L'_';
   return Trim(name);
+}
+
+// What tells two targets apart: neither a blank nor the case of a letter does.
+Text AlsDatei(Text name) {
+  ZeichenErsetzen(name, L' ', L'_');
+  return Ucase(name);
 }
 
 }  // namespace
@@ -50,23 +57,56 @@ Text frmCDPlayer::ZielName(int track) const {
   return Trim(Links(AlsDateiName(TrackName[static_cast<std::size_t>(track)]), platz)) + kEndung;
 }
 
+// The target of a track, entered among those that are taken. One whose own name is taken gets the
+// default name, with a number behind it when that is taken too.
+Text frmCDPlayer::FreierName(int track, std::set<Text>& vergeben) const {
+  Text name = ZielName(track);
+  if (!HatNamen(track)) return name;
+  for (int n = 1; !vergeben.insert(AlsDatei(name)).second; ++n) {
+    name = StandardName(track) + (n == 1 ? Text() : L"_" + ZahlText(n)) + kEndung;
+  }
+  return name;
+}
+
 void frmCDPlayer::imgSpeichern_MouseUp() {
   KnopfBild(imgSpeichern);
   NameFertig();
   if (!Komponenten().CD_Check() || lstTracks.SelCount() == 0) return;
+  // Under the names of the disc that was here before, nothing of another one is saved.
+  if (AndereDisc()) {
+    lstDriveLetter_Click();
+    return;
+  }
   prog.FortschrittModus = kModusGrab;
   tmrCDAudio.Enabled = false;
-  if (ZieleBestimmen()) Grabben();
-  tmrCDAudio.Enabled = true;
+  bool bereit = false;
+  try {
+    bereit = ZieleBestimmen();
+    if (bereit) Grabben();
+  } catch (...) {
+    NachGrab();
+    throw;
+  }
+  if (bereit) {
+    NachGrab();
+  } else {
+    tmrCDAudio.Enabled = true;
+  }
 }
 
 void frmCDPlayer::Grabben() {
-  vantora::frmKomponenten& k = Komponenten();
   Spielt = Pausiert = false;
-  k.CD_Close();
+  Komponenten().CD_Close();
   SaveWave(prog);
-  k.CD_Open(Laufwerk());
+}
+
+// The disc can be played again, unless the window was closed while the reader ended its cancelled
+// read: then nobody would close the drive.
+void frmCDPlayer::NachGrab() {
+  if (!Visible()) return;
+  Komponenten().CD_Open(Laufwerk());
   txtPosition.Caption = L"(00:00)";
+  tmrCDAudio.Enabled = true;
 }
 
 // False when there is no room or the user has changed his mind.
@@ -76,15 +116,14 @@ bool frmCDPlayer::ZieleBestimmen() {
   prog.GrabDateien.clear();
   prog.GrabNamen.clear();
   prog.GrabInterpret = CDDaten.Interpret;
+  prog.CDKopieAktiv = false;  // the list no longer holds the waves of a copy
+  std::set<Text> vergeben;
   for (const int track : Auswahl()) {
-    Text name = ZielName(track);
-    // Two tracks of one name would be one file.
-    if (std::find(prog.GrabDateien.begin(), prog.GrabDateien.end(), name) !=
-        prog.GrabDateien.end()) {
-      name = StandardName(track) + kEndung;
-    }
+    if (!HatNamen(track)) vergeben.insert(AlsDatei(ZielName(track)));
+  }
+  for (const int track : Auswahl()) {
     prog.GrabTracks.push_back(Ganz16(track));
-    prog.GrabDateien.push_back(name);
+    prog.GrabDateien.push_back(FreierName(track, vergeben));
     prog.GrabNamen.push_back(HatNamen(track) ? TrackName[static_cast<std::size_t>(track)] : Text());
   }
   if (prog.FreierPlatz(Links(prog.Wave_Export_Dir, 3)) <= GesamtMB * kMB) {

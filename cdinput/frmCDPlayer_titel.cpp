@@ -74,6 +74,10 @@ void frmCDPlayer::TitelHolen() {
     cddbStatus_ = kCDDBNichtGefunden;
   }
   tmrCDDB.Enabled = false;
+  if (prog.GrabAbbruch) {  // the timer may not have seen it yet
+    ergebnis = 1;
+    cddbStatus_ = kCDDBAbbruch;
+  }
   const int meldung = ergebnis == 0 ? 0 : Meldung(cddbStatus_);
   if (meldung != 0) prog.MsgBoxen(LoadResString(meldung), kOk);
   prog.frmSchreibFortschritt.Entladen();
@@ -111,11 +115,12 @@ void frmCDPlayer::tmrCDDB_Timer() {
   prog.frmSchreibFortschritt().shpInsgKopie.Width = stand->Breite;
 }
 
-// Files the disc with the names that are shown. One that nobody has typed over keeps its performer
-// apart from its title.
+// Files the disc that a server knows with the names that are shown. One that nobody has typed over
+// keeps its performer apart from its title. Of a disc whose titles were not fetched now, the file
+// may hold those that were fetched before: they stay.
 void frmCDPlayer::imgDBAufnahme_MouseUp() {
-  if (!DiscDa()) return;
-  CDDBInfo info = gefunden_;
+  if (!DiscDa() || !gefunden_ || AndereDisc()) return;
+  CDDBInfo info = *gefunden_;
   for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
     if (TrackName[i] == NameAus(info, i)) continue;
     info.TrackTitel[i] = TrackName[i];

@@ -62,16 +62,19 @@ void frmKomponenten::ACD_ActPosition(int position) {
       insgesamt, prog.GrabFertigMs + trackMs, Verstrichen(prog.BurnStartZeit, jetzt));
 }
 
-// A disc with a scratch is read on a second or a later try.
-void frmKomponenten::ACD_Failure(int /*code*/, const Text& text) {
+// A disc with a scratch is read on a second or a later try; a disk that is full stays so.
+void frmKomponenten::ACD_Failure(int code, const Text& text) {
   if (prog.GrabAbbruch || text != kLesefehler) return;
-  if (LeseFehler < kVersuche) {
+  const bool voll = code == kFehlerPlattenVoll;
+  if (!voll && LeseFehler < kVersuche) {
     ++LeseFehler;
     ACD.RetryRead();
     return;
   }
   prog.AppLog(L"ACD_Failure", L"!!!!");
-  prog.MsgBoxen(LoadResString(9000) + ZahlText(AktTrack) + LoadResString(9001), kOk);
+  prog.MsgBoxen(
+      voll ? LoadResString(5002) : LoadResString(9000) + ZahlText(AktTrack) + LoadResString(9001),
+      kOk);
   ACD_Close();
   prog.GrabLaeuft = false;  // ends the wait for the track
 }

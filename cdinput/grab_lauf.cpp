@@ -121,6 +121,7 @@ Ausgang GrabLauf::Lesen(int track, const Text& datei) {
 }
 
 Ausgang GrabLauf::EinTrack(std::size_t nummer) {
+  if (prog.GrabAbbruch) return Ausgang::Abbruch;  // what is there already stays
   const int track = prog.GrabTracks[nummer];
   track_ = track;
   Text& datei = prog.GrabDateien.at(nummer);
@@ -174,6 +175,7 @@ int GrabLauf::Laufen() {
     }
   } catch (...) {
     Aufraeumen();
+    komponenten.ACD_Close();
     throw;
   }
   Spur(L"Ready Loop read Tracks");

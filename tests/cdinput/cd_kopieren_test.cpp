@@ -19,8 +19,17 @@ class CDKopieren : public ::testing::Test, protected CdBuehne {
 };
 
 TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
+  b.Katalog({L"viejo"});
+  b.prog.KatalogGeaendert = false;
+  b.prog.KatalogDatei = L"C:\\viejo.vtr";
+  // Before the drive has answered, nothing else can begin.
+  b.platform.loop.PostAfter(1000, [this] {
+    EXPECT_FALSE(b.Haupt().Window.Enabled);
+    b.Haupt().imgCDKopieren_MouseUp();
+  });
   b.Antwortet(kJa).Antwortet(kNein).Antwortet(kJa);  // the disc is in; read; Disc At Once
   Kopieren();
+  EXPECT_EQ(b.prog.KatalogDatei, L"") << "the copy would be saved over the catalog of before";
   EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Einlegen(), Sagt(23008), Sagt(8086)}));
   EXPECT_EQ(b.Titel().size(), 3U);
   for (int i = 1; i <= 3; ++i) {
@@ -61,6 +70,14 @@ TEST_F(CDKopieren, ASecondCopyAsksWhatTheFirstHasLeftBehind) {
   Kopieren();
   EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(8084), Einlegen(), Sagt(23008), Sagt(8086)}));
   EXPECT_EQ(b.Titel().size(), 1U);
+
+  // The person's own waves are none of a copy that has not been burnt.
+  b.Tu([this] { Brenner().imgAbbrechen_MouseUp(); });
+  Oeffnen();
+  b.WaehltDatei({L"C:\\Vantora\\Wavs\\mia.wav"}).Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  Brenner().DeleteTempWavs();
+  EXPECT_TRUE(b.prog.DateiExistiert(L"C:\\Vantora\\Wavs\\mia.wav"));
 }
 
 TEST_F(CDKopieren, AnEmptyOrBrokenDriveIsAskedForAgain) {

@@ -104,6 +104,12 @@ TEST_F(CDPlayer, PlayingFollowsTheSelectionWithinTheList) {
   EXPECT_EQ(p.Playing, 0);
   Waehlt({1});
   EXPECT_EQ(p.Playing, 0);
+  Druecke(Player().imgPlay);
+  p.Ended = true;
+  b.platform.loop.Pass(1000);
+  p.Playing = 0;
+  Waehlt({2});
+  EXPECT_EQ(p.Playing, 0) << "the disc has played to its end, and nobody has begun anew";
   b.Antwortet(kNein).Antwortet(kNein);
   Laufwerk().Disc.clear();
   Druecke(Player().imgPlay);
@@ -158,15 +164,62 @@ TEST_F(CDPlayer, SelectedTracksBecomeWavesAndEnterTheCatalog) {
   EXPECT_EQ(b.Titel().size(), 3U);
 }
 
-TEST_F(CDPlayer, TracksOfOneNameAreNotWrittenOverEachOther) {
+TEST_F(CDPlayer, NoTwoTracksAreWrittenOverEachOther) {
+  const std::vector<std::pair<std::vector<Text>, std::vector<Text>>> faelle = {
+      {{L"pista02"}, {L"Pista01", L"Pista02", L"Pista03"}},
+      {{L"La luz", L"La_luz", L"LA LUZ"}, {L"La_luz", L"Pista02", L"Pista03"}},
+      {{L"Pista03", L"x", L"PISTA03"}, {L"Pista03", L"x", L"Pista03_2"}},
+  };
   Oeffnen();
-  Nennt(1, L"Tema");
-  Nennt(2, L"Tema");
+  for (const auto& [namen, dateien] : faelle) {
+    for (std::size_t i = 0; i < namen.size(); ++i) Nennt(static_cast<int>(i) + 1, namen[i]);
+    Druecke(Player().imgAllesWaehlen);
+    b.Antwortet(kNein);
+    Druecke(Player().imgSpeichern);
+    for (int i = 0; i < 3; ++i) {
+      const Text& name = dateien[static_cast<std::size_t>(i)];
+      EXPECT_TRUE(Ton(kWavs + name + L".wav") == Soll(i + 1)) << "track " << i + 1;
+      b.platform.machine.files.Kill(kWavs + name + L".wav");
+    }
+  }
+}
+
+TEST_F(CDPlayer, AnotherDiscThanTheOneShownIsListedBeforeAnythingOfItIsSaved) {
+  Oeffnen();
+  Nennt(1, L"De la primera");
+  Druecke(Player().imgAllesWaehlen);
+  Laufwerk().Disc = {{75 * 10}, {75 * 21}, {75 * 4}};
+  Druecke(Player().imgSpeichern);
+  EXPECT_TRUE(b.Titel().empty());
+  EXPECT_EQ(Zeilen()[0], L"Pista01     00:10     2 Mb  ");
+  EXPECT_EQ(Zeilen()[1], L"Pista02     00:21     4 Mb  ");
+}
+
+TEST_F(CDPlayer, ACancelBeforeTheFirstTrackKeepsTheFileAndAClosedPlayerLeavesTheDriveFree) {
+  Oeffnen();
+  b.Datei(kWavs + L"Pista01.wav", "x");
+  Druecke(Player().imgAllesWaehlen);
+  b.platform.loop.PostAfter(300, [this] { Druecke(b.prog.frmSchreibFortschritt().imgAbbrechen); });
+  b.platform.loop.PostAfter(900, [this] { Player().imgSchliessen_MouseUp(); });
+  b.Antwortet(kJa).Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt().back(), Sagt(23007) + L"\r\n");
+  EXPECT_EQ(b.Lies(kWavs + L"Pista01.wav"), "x");
+  EXPECT_FALSE(b.prog.frmCDPlayer.Geladen());
+  EXPECT_EQ(cd->player.Tracks(), 0);
+}
+
+TEST_F(CDPlayer, AnErrorInTheMiddleLeavesThePlayerReadyForTheNext) {
+  Oeffnen();
+  Laufwerk().BreakTrack = 2;
   Waehlt({1, 2});
   b.Antwortet(kNein);
   Druecke(Player().imgSpeichern);
-  EXPECT_EQ(Ton(kWavs + L"Tema.wav"), Soll(1));
-  EXPECT_EQ(Ton(kWavs + L"Pista02.wav"), Soll(2));
+  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"Pista01"}));
+  EXPECT_EQ(cd->reader.Selected, 0);
+  EXPECT_NE(cd->player.Tracks(), 0);
+  EXPECT_TRUE(Player().tmrCDAudio.Enabled);
+  EXPECT_TRUE(Player().Window.Enabled);
 }
 
 TEST_F(CDPlayer, OneTrackIsAskedForItsFile) {
@@ -260,6 +313,13 @@ TEST_F(CDPlayer, AScratchIsReadOnALaterTryAndABadTrackEndsTheGrab) {
   EXPECT_EQ(b.Gesagt()[2], Sagt(9000) + L"1" + Sagt(9001));
   EXPECT_EQ(cd->reader.Retries, 20);
   EXPECT_TRUE(Player().Window.Enabled);
+
+  b.user.Said.clear();
+  Laufwerk().ErrorCode = kFehlerPlattenVoll;
+  b.Antwortet(kJa).Antwortet(kNein);
+  Druecke(Player().imgSpeichern);
+  EXPECT_EQ(b.Gesagt().back(), Sagt(5002));
+  EXPECT_EQ(cd->reader.Retries, 20) << "a full disk does not empty itself";
 }
 
 TEST_F(CDPlayer, AnotherFailureThanAReadErrorChangesNothing) {

@@ -71,7 +71,8 @@ TEST_F(TitelHolen, WhatTheServerDoesNotKnowOrGarblesIsToldAndTheDiscCanBePlayed)
   b.platform.hands.Select(Player().lstDriveLetter, {1});
   EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(5011), Sagt(5012)}));
   EXPECT_TRUE(Player().Window.Enabled);
-  EXPECT_EQ(Ini(L"artist"), L"");
+  Druecke(Player().imgDBAufnahme);
+  EXPECT_EQ(Ini(L"numtracks"), L"") << "what was filed before must not give way to nothing";
   Druecke(Player().imgPlay);
   EXPECT_EQ(cd->player.Playing, 1);
 }

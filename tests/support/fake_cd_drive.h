@@ -5,6 +5,7 @@
 #include "platform/acd.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/laufzeitfehler.h"
 #include "platform/mci.h"
 
 #include <algorithm>
@@ -28,8 +29,10 @@ struct FakeDrive {
   bool Dead = false;            // answers with a mode below 500
   bool Shut = false;            // cannot be opened
   int ReadErrors = 0;           // the next reads that stop half way
+  int ErrorCode = 3;
   Text ErrorText = L"ASPI Error";
   int RefuseTrack = 0;  // ReadTrack answers with 5
+  int BreakTrack = 0;   // ReadTrack raises error 70
   int ReadMs = 1000;    // of a whole track
 
   const FakeTrack* Find(int track) const {
@@ -76,6 +79,7 @@ class FakeReader final : public Acd {
     Stop();
     if (TrackLaengeSektoren(track) == 0) return 1;
     if (track == drive_.RefuseTrack) return 5;
+    if (track == drive_.BreakTrack) throw Laufzeitfehler(kFehlerZugriff, L"Sin permiso.");
     track_ = track;
     file_ = file;
     Step(0);
@@ -106,7 +110,7 @@ class FakeReader final : public Acd {
   void Arrive() {
     if (position_ == kSteps / 2 && drive_.ReadErrors > 0) {
       --drive_.ReadErrors;
-      Events.ACD_Failure(3, drive_.ErrorText);
+      Events.ACD_Failure(drive_.ErrorCode, drive_.ErrorText);
       return;
     }
     const int next = position_ + 1;
@@ -157,7 +161,9 @@ class FakePlayer final : public MMControl {
     if (command == L"play") Playing = at_;
     if (command == L"Pause") Playing = -at_;
   }
-  int Mode() override { return drive_.Dead ? 0 : open_ ? kMciReady : kMciNotOpen; }
+  int Mode() override {
+    return drive_.Dead ? 0 : !open_ ? kMciNotOpen : Ended ? kMciStop : kMciReady;
+  }
   int Tracks() override { return open_ ? static_cast<int>(drive_.Disc.size()) : 0; }
   int Length() override {
     int sectors = 0;
@@ -174,8 +180,9 @@ class FakePlayer final : public MMControl {
   int Position() override { return std::abs(at_) | 1 << 8 | 23 << 16; }  // 1:23 into the track
   void To(int position) override { to_ = position; }
 
-  int Playing = 0;  // the track; negative while paused
-  int Opened = 0;   // times that it was asked to
+  int Playing = 0;     // the track; negative while paused
+  int Opened = 0;      // times that it was asked to
+  bool Ended = false;  // has played to the end of the disc
 
  private:
   int Time(int sectors) const { return format_ == kMciMilliseconds ? FakeDrive::Ms(sectors) : -1; }
