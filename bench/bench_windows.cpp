@@ -216,9 +216,9 @@ std::string EntryLines() {
   std::string lines =
       "# xmcd\r\nDTITLE=Las olas / Mar de invierno\r\nDYEAR=1998\r\nDGENRE=Rock\r\n";
   for (int i = 0; i < 20; ++i) {
-    const std::string number = std::to_string(i);
-    lines += "TTITLE" + number + "=Marta Rios / Canci\xF3n del faro n\xFAmero " + number + "\r\n";
-    lines += "EXTT" + number + "=Grabado en directo\\nen la playa, con la banda del pueblo\r\n";
+    const std::string number = std::to_string(i) + "=";
+    lines.append("TTITLE").append(number).append("Marta Rios / Canci\xF3n del faro\r\n");
+    lines.append("EXTT").append(number).append("En directo\\nen la playa, con la banda\r\n");
   }
   return lines + "EXTD=Edici\xF3n de aniversario\r\nPLAYORDER=\r\n";
 }
@@ -253,7 +253,7 @@ int LookUp(const fs::path& home) {
       const double served =
           std::chrono::duration<double, std::milli>(server.Busy() - before).count();
       std::printf("%.3f %.3f\n", whole - served, served);
-      if (result == 0 && disc.CDDBGetInfo().TrackTitel[20].ends_with(L"19")) ++found;
+      if (result == 0 && disc.CDDBGetInfo().TrackTitel[20] == L"Canción del faro") ++found;
     }
     stage.prog.frmSchreibFortschritt.Entladen();
     return false;
