@@ -15,8 +15,8 @@ namespace vantora {
 
 struct DesktopPlatform {
   explicit DesktopPlatform(const std::filesystem::path& resourceFolder)
-      : loop(resourceFolder / "pictures"),
-        places(PlacesOfUser()),
+      : places(PlacesOfUser()),
+        loop(resourceFolder / "pictures", places.Cache / kDrawnPictures),
         system(places, {ProgramVersion(), resourceFolder / "help"}),
         machine(places, resourceFolder, loop, background, sound),
         mmtools(
@@ -25,8 +25,8 @@ struct DesktopPlatform {
     SilenceAlsaMessages();
   }
 
-  QtEventLoop loop;
   LinuxPlaces places;
+  QtEventLoop loop;
   LinuxClock clock;
   QtDisplay display;
   LinuxSystem system;

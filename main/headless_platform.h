@@ -10,7 +10,8 @@
 namespace vantora {
 
 struct HeadlessWorld {
-  explicit HeadlessWorld(const std::filesystem::path& /*resourceFolder*/) {}
+  HeadlessWorld(const std::filesystem::path& /*resourceFolder*/,
+                const std::filesystem::path& /*cache*/) {}
 
   HeadlessClock clock;
   HeadlessLoop loop{clock};

@@ -75,6 +75,9 @@ struct Machine {
   DiscIdentity mci;
 };
 
+// In the cache folder: the pictures that earlier runs have drawn.
+inline constexpr const char* kDrawnPictures = "pictures.cache";
+
 // The folder with strings.tsv, layouts and pictures: beside the program when it was built in place,
 // under share/ when it was installed. Blank when there is none.
 std::filesystem::path ResourceFolder();

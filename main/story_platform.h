@@ -1,6 +1,6 @@
 // The program's platform for tests and stories: a home of its own, a screen of any size, a sound
 // card that only counts. A world gives it time, windows and hands: `clock`, `loop`, `background`
-// and `hands`, made from the folder of resources.
+// and `hands`, made from the folder of resources and the one for what may be lost.
 #pragma once
 
 #include "backends/headless/headless_display.h"
@@ -28,7 +28,7 @@ template <typename World>
 struct StoryPlatform : World {
   explicit StoryPlatform(const std::filesystem::path& home,
                          const std::filesystem::path& resourceFolder = ResourceFolder())
-      : World(resourceFolder),
+      : World(resourceFolder, PlacesOfStory(home).Cache),
         machine(PlacesOfStory(home), resourceFolder, World::loop, World::background, sound),
         mmtools(machine.files,
                 HeadlessPlayers(World::loop, World::clock, card,

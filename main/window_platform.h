@@ -31,8 +31,8 @@ class FastClock final : public Clock {
 inline constexpr double kStorySpeed = 20;
 
 struct WindowWorld {
-  explicit WindowWorld(const std::filesystem::path& resourceFolder)
-      : loop(resourceFolder / "pictures", kStorySpeed) {}
+  WindowWorld(const std::filesystem::path& resourceFolder, const std::filesystem::path& cache)
+      : loop(resourceFolder / "pictures", cache / kDrawnPictures, kStorySpeed) {}
 
   FastClock clock{kStorySpeed};
   QtEventLoop loop;

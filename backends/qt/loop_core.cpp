@@ -20,10 +20,11 @@ constexpr int kUserPatienceTurns = 8;  // but not before it has answered what he
 
 }  // namespace
 
-QtEventLoop::Core::Core(QtEventLoop& loop, const std::filesystem::path& pictures, double speed)
+QtEventLoop::Core::Core(QtEventLoop& loop, const std::filesystem::path& pictures,
+                        const std::filesystem::path& drawn, double speed)
     : agenda(speed, [this] { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }),
       loop_(loop),
-      pictures_(pictures) {
+      pictures_(pictures, drawn) {
   look::Dress(*qApp);
   QApplication::setQuitOnLastWindowClosed(false);
   wake_.setSingleShot(true);

@@ -23,7 +23,8 @@ namespace vantora {
 
 class QtEventLoop::Core final : public QObject, public WindowHost {
  public:
-  Core(QtEventLoop& loop, const std::filesystem::path& pictures, double speed);
+  Core(QtEventLoop& loop, const std::filesystem::path& pictures, const std::filesystem::path& drawn,
+       double speed);
   ~Core() override;
 
   void Present(Form& form, bool modal);

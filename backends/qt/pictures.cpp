@@ -2,12 +2,11 @@
 
 #include "backends/qt/look.h"
 
-#include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
 
 #include <algorithm>
-#include <cmath>
+#include <sys/stat.h>
 
 namespace vantora {
 
@@ -17,27 +16,59 @@ constexpr int kCacheKilobytes = 96 * 1024;
 
 }  // namespace
 
-Pictures::Pictures(const std::filesystem::path& folder)
-    : folder_(QString::fromStdString(folder.string())), drawn_(kCacheKilobytes) {}
+Pictures::Pictures(const std::filesystem::path& folder, const std::filesystem::path& store)
+    : folder_(folder), store_(QString::fromStdString(store.string())), drawn_(kCacheKilobytes) {}
 
 Pictures::~Pictures() = default;
 
-QSvgRenderer* Pictures::Find(const Text& name) {
-  const auto known = read_.find(name);
-  if (known != read_.end()) return known->second.get();
-  const QString file = folder_ + u'/' + look::FromText(name) + QStringLiteral(".svg");
-  std::unique_ptr<QSvgRenderer> renderer;
-  if (QFile::exists(file)) {
-    renderer = std::make_unique<QSvgRenderer>(file);
-    if (!renderer->isValid()) renderer.reset();
-  }
-  if (renderer) renderer->setAspectRatioMode(Qt::IgnoreAspectRatio);
-  return read_.emplace(name, std::move(renderer)).first->second.get();
+Pictures::Source& Pictures::Find(const Text& name) {
+  const auto [entry, added] = sources_.try_emplace(name);
+  Source& source = entry->second;
+  if (!added) return source;
+  source.file = look::FromText(name) + QStringLiteral(".svg");
+  const std::string path = (folder_ / source.file.toStdString()).string();
+  source.file = QString::fromStdString(path);
+  struct stat info {};
+  if (::stat(path.c_str(), &info) != 0) return source;
+  constexpr qint64 kNanoseconds = 1'000'000'000;
+  source.stamp = info.st_mtim.tv_sec * kNanoseconds + info.st_mtim.tv_nsec + info.st_size;
+  return source;
+}
+
+QSvgRenderer* Pictures::Renderer(Source& source) {
+  if (source.read || source.stamp == 0) return source.renderer.get();
+  source.read = true;
+  auto renderer = std::make_unique<QSvgRenderer>(source.file);
+  if (!renderer->isValid()) return nullptr;
+  renderer->setAspectRatioMode(Qt::IgnoreAspectRatio);
+  source.renderer = std::move(renderer);
+  return source.renderer.get();
 }
 
 QSize Pictures::NaturalSize(const Text& name) {
-  QSvgRenderer* renderer = Find(name);
-  return renderer == nullptr ? QSize() : renderer->defaultSize();
+  Source& source = Find(name);
+  const QString key = look::FromText(name);
+  QSize size = store_.FindSize(key, source.stamp);
+  if (size.isValid()) return size;
+  const QSvgRenderer* renderer = Renderer(source);
+  if (renderer == nullptr) return {};
+  size = renderer->defaultSize();
+  store_.KeepSize(key, source.stamp, size);
+  return size;
+}
+
+QImage Pictures::Draw(Source& source, QSize size, double density, Part part) {
+  QImage image(size * density, QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(density);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  if (QSvgRenderer* renderer = Renderer(source)) {
+    const double whole = size.height() / part.Height;
+    renderer->render(&painter, QRectF(0, -part.Top * whole, size.width(), whole));
+  } else {
+    look::DrawPanel(painter, QRect(QPoint(), size), false);
+  }
+  return image;
 }
 
 QPixmap Pictures::Get(const Text& name, QSize size, double density, Part part) {
@@ -50,21 +81,20 @@ QPixmap Pictures::Get(const Text& name, QSize size, double density, Part part) {
                           .arg(part.Top)
                           .arg(part.Height);
   if (const QPixmap* known = drawn_.object(key)) return *known;
-  QPixmap pixmap(size * density);
-  pixmap.setDevicePixelRatio(density);
-  pixmap.fill(Qt::transparent);
-  {
-    QPainter painter(&pixmap);
-    if (QSvgRenderer* renderer = Find(name)) {
-      const double whole = size.height() / part.Height;
-      renderer->render(&painter, QRectF(0, -part.Top * whole, size.width(), whole));
-    } else {
-      look::DrawPanel(painter, QRect(QPoint(), size), false);
-    }
+  Source& source = Find(name);
+  QImage image = store_.Find(key, source.stamp);
+  if (image.isNull()) {
+    image = Draw(source, size, density, part);
+    store_.Keep(key, source.stamp, image);
   }
-  const auto kilobytes = std::lround(size.width() * size.height() * density * density * 4 / 1024);
-  drawn_.insert(key, new QPixmap(pixmap), std::max(1, static_cast<int>(kilobytes)));
-  return pixmap;
+  image.setDevicePixelRatio(density);
+  const auto kilobytes = image.sizeInBytes() / 1024;
+  // To look for pixels that shine through would touch them all.
+  auto pixmap = std::make_unique<QPixmap>(
+      QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion));
+  const QPixmap shown = *pixmap;
+  drawn_.insert(key, pixmap.release(), std::max(1, static_cast<int>(kilobytes)));
+  return shown;
 }
 
 }  // namespace vantora

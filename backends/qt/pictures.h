@@ -1,5 +1,8 @@
-// The pictures by resource name, drawn from SVG at the size and density that they are shown in.
+// The pictures by resource name, drawn from SVG at the size and density that they are shown in, or
+// taken from those that an earlier run has drawn.
 #pragma once
+
+#include "backends/qt/picture_store.h"
 
 #include "platform/text.h"
 
@@ -18,7 +21,8 @@ namespace vantora {
 
 class Pictures {
  public:
-  explicit Pictures(const std::filesystem::path& folder);
+  // Drawn pictures are kept in the file `store`; blank: they are not.
+  Pictures(const std::filesystem::path& folder, const std::filesystem::path& store);
   ~Pictures();
 
   // What of a picture is shown, in shares of its height.
@@ -33,10 +37,20 @@ class Pictures {
   QSize NaturalSize(const Text& name);  // empty for a missing picture
 
  private:
-  QSvgRenderer* Find(const Text& name);  // nothing when it is missing or broken
+  struct Source {
+    QString file;
+    qint64 stamp = 0;  // changes with the file; 0 when it is missing
+    bool read = false;
+    std::unique_ptr<QSvgRenderer> renderer;  // when it has been read and is none that is broken
+  };
 
-  QString folder_;
-  std::map<Text, std::unique_ptr<QSvgRenderer>> read_;
+  Source& Find(const Text& name);
+  static QSvgRenderer* Renderer(Source& source);
+  QImage Draw(Source& source, QSize size, double density, Part part);
+
+  std::filesystem::path folder_;
+  PictureStore store_;
+  std::map<Text, Source> sources_;
   QCache<QString, QPixmap> drawn_;  // cost in kilobytes
 };
 

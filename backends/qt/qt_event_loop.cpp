@@ -9,8 +9,9 @@
 
 namespace vantora {
 
-QtEventLoop::QtEventLoop(const std::filesystem::path& pictures, double speed)
-    : core_(std::make_unique<Core>(*this, pictures, speed)) {}
+QtEventLoop::QtEventLoop(const std::filesystem::path& pictures, const std::filesystem::path& drawn,
+                         double speed)
+    : core_(std::make_unique<Core>(*this, pictures, drawn, speed)) {}
 
 QtEventLoop::~QtEventLoop() = default;
 

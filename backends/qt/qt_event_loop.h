@@ -24,9 +24,11 @@ class FormWindow;
 
 class QtEventLoop final : public EventLoop {
  public:
-  // Pictures are `pictures`/NAME.svg. `speed` is how many milliseconds of the program pass in one
+  // Pictures are `pictures`/NAME.svg; what was drawn of them is kept in the file `drawn`, or not at
+  // all when it is blank. `speed` is how many milliseconds of the program pass in one
   // of the world: Sleep, timers and PostAfter are that much shorter. Needs a QtApp.
-  explicit QtEventLoop(const std::filesystem::path& pictures, double speed = 1);
+  explicit QtEventLoop(const std::filesystem::path& pictures,
+                       const std::filesystem::path& drawn = {}, double speed = 1);
   ~QtEventLoop() override;
   QtEventLoop(const QtEventLoop&) = delete;
   QtEventLoop& operator=(const QtEventLoop&) = delete;
