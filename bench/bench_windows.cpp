@@ -266,7 +266,7 @@ int LookUp(const fs::path& home) {
 
 int main(int argc, char** argv) {
   const std::string work = argc == 3 ? argv[1] : "";
-  const vantora::QtApp app(argc, argv, vantora::ResourceFolder() / "pictures");
+  const vantora::QtApp app(argc, argv);
   if (work == "start") return vantora::RunWork(vantora::Start, argv[2]);
   if (work == "open") return vantora::RunWork(vantora::Open, argv[2]);
   if (work == "memory") return vantora::RunWork(vantora::Memory, argv[2]);

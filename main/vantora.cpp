@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
     std::fputs("vantora: no hay pantalla.\n", stderr);
     return 1;
   }
-  const vantora::QtApp app(argc, argv, resources / "pictures");
+  const vantora::QtApp app(argc, argv);
   vantora::DesktopPlatform platform(resources);
   vantora::Programm programm(platform.bundle);
   programm.Laufen();

@@ -61,7 +61,7 @@ int main(int argc, char** argv) {
     return Play(options, stage);
   }
   if (!vantora::QtApp::HasScreen()) setenv("QT_QPA_PLATFORM", "offscreen", 0);
-  const vantora::QtApp app(argc, argv, resources / "pictures");
+  const vantora::QtApp app(argc, argv);
   vantora::StoryStage<vantora::WindowPlatform> stage(resources);
   return Play(options, stage);
 }

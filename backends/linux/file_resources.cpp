@@ -52,7 +52,7 @@ Text FileResources::LoadResString(int id) {
     throw Laufzeitfehler(kFehlerRessource,
                          L"No se encuentra el texto número " + std::to_wstring(id));
   }
-  return text->second;
+  return FromUtf8(Unescape(text->second));
 }
 
 void FileResources::ReadTexts() {
@@ -70,7 +70,7 @@ void FileResources::ReadTexts() {
     if (tab == std::string_view::npos) continue;
     const auto number = std::from_chars(line.data(), line.data() + tab, id);
     if (number.ec != std::errc() || number.ptr != line.data() + tab) continue;
-    texts_[id] = FromUtf8(Unescape(line.substr(tab + 1)));
+    texts_.insert_or_assign(texts_.end(), id, line.substr(tab + 1));
   }
 }
 

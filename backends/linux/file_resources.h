@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <map>
+#include <string>
 
 namespace vantora {
 
@@ -23,7 +24,7 @@ class FileResources final : public Resources {
 
   std::filesystem::path folder_;
   bool read_ = false;
-  std::map<int, Text> texts_;
+  std::map<int, std::string> texts_;  // as in the file: of most of them no run asks
 };
 
 }  // namespace vantora

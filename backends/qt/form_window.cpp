@@ -456,7 +456,9 @@ bool FormWindow::HoldPaint() {
 
 void FormWindow::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
-  painter.fillRect(event->rect(), palette().color(QPalette::Window));
+  if (ground_.isNull() || ground_.hasAlpha()) {
+    painter.fillRect(event->rect(), palette().color(QPalette::Window));
+  }
   if (!ground_.isNull()) painter.drawPixmap(0, 0, ground_);
 }
 

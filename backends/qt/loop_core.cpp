@@ -1,9 +1,11 @@
 #include "backends/qt/loop_core.h"
 
 #include "backends/qt/look.h"
+#include "backends/qt/qt_app.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QIcon>
 #include <QWindow>
 
 #include <algorithm>
@@ -12,6 +14,7 @@ namespace vantora {
 
 namespace {
 
+constexpr int kIconSides[] = {32, 128};
 constexpr int kRounds = 8;             // of events in one DoEvents: more may come for ever
 constexpr int kActivationMs = 40;      // window managers hand the focus round before it stays
 constexpr int kAwayMs = 300;           // shorter than this nobody was in another program
@@ -26,6 +29,7 @@ QtEventLoop::Core::Core(QtEventLoop& loop, const std::filesystem::path& pictures
       loop_(loop),
       pictures_(pictures, drawn) {
   look::Dress(*qApp);
+  ShowIcon();
   QApplication::setQuitOnLastWindowClosed(false);
   wake_.setSingleShot(true);
   wake_.setTimerType(Qt::PreciseTimer);
@@ -42,6 +46,12 @@ QtEventLoop::Core::~Core() {
   for (FormWindow* window : graves_) delete window;
 }
 
+void QtEventLoop::Core::ShowIcon() {
+  QIcon icon;
+  for (const int side : kIconSides) icon.addPixmap(pictures_.Get(L"vantora", {side, side}, 1));
+  QApplication::setWindowIcon(icon);
+}
+
 // ---- windows ----
 
 FormWindow* QtEventLoop::Core::WindowOf(const Form& form) const {
@@ -56,6 +66,7 @@ FormWindow& QtEventLoop::Core::Ensure(Form& form) {
 }
 
 void QtEventLoop::Core::Present(Form& form, bool modal) {
+  QtApp::AwaitFonts();
   FormWindow& window = Ensure(form);
   Form* before = Front();
   if (before == &form) before = nullptr;

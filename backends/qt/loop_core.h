@@ -68,6 +68,7 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
     int Token;
   };
 
+  void ShowIcon();
   FormWindow& Ensure(Form& form);
   void Wait(const std::function<bool()>& done, const Form* modal);
   bool Turn();

@@ -17,7 +17,10 @@ constexpr std::uint64_t kMagic = 0x31534349'50525456;  // "VTRPICS1"
 constexpr qint64 kHeadBytes = 16;
 constexpr qint64 kMostBytes = 48LL * 1024 * 1024;  // both layouts of every window, several times
 constexpr int kMostPixels = 16384;                 // of a side
-constexpr auto kFormat = QImage::Format_ARGB32_Premultiplied;
+
+QImage::Format FormatOf(bool opaque) {
+  return opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
+}
 
 }  // namespace
 
@@ -52,7 +55,7 @@ bool PictureStore::Read(const QByteArray& list, qint64 length) {
   for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
     QString key;
     Entry entry;
-    stream >> key >> entry.stamp >> entry.size >> entry.offset;
+    stream >> key >> entry.stamp >> entry.size >> entry.offset >> entry.opaque;
     const bool possible = entry.size.width() > 0 && entry.size.height() > 0 &&
                           entry.size.width() <= kMostPixels && entry.size.height() <= kMostPixels &&
                           entry.offset <= length && entry.Bytes() <= length - entry.offset;
@@ -78,12 +81,13 @@ QImage PictureStore::Find(const QString& key, qint64 stamp) {
   if (entry == nullptr || !entry->Picture()) return {};
   if (!entry->drawn.isNull()) return entry->drawn;
   return {mapped_ + entry->offset, entry->size.width(), entry->size.height(),
-          4LL * entry->size.width(), kFormat};
+          4LL * entry->size.width(), FormatOf(entry->opaque)};
 }
 
 void PictureStore::Keep(const QString& key, qint64 stamp, const QImage& image) {
-  if (file_.fileName().isEmpty() || image.format() != kFormat) return;
-  entries_.insert(key, {stamp, image.size(), -1, image, true});
+  const bool opaque = !image.hasAlphaChannel();
+  if (file_.fileName().isEmpty() || image.format() != FormatOf(opaque)) return;
+  entries_.insert(key, {stamp, image.size(), -1, image, true, opaque});
   changed_ = true;
 }
 
@@ -94,7 +98,7 @@ QSize PictureStore::FindSize(const QString& key, qint64 stamp) {
 
 void PictureStore::KeepSize(const QString& key, qint64 stamp, QSize size) {
   if (size.isEmpty()) return;
-  entries_.insert(key, {stamp, size, -1, {}, true});
+  entries_.insert(key, {stamp, size, -1, {}, true, false});
   changed_ = true;
 }
 
@@ -117,7 +121,8 @@ void PictureStore::Write() {
     QDataStream stream(&list, QIODevice::WriteOnly);
     stream << static_cast<qint32>(order.size());
     for (const auto& [key, entry] : order) {
-      stream << key << entry->stamp << entry->size << (entry->Picture() ? start : qint64{-1});
+      stream << key << entry->stamp << entry->size << (entry->Picture() ? start : qint64{-1})
+             << entry->opaque;
       start += entry->Bytes();
     }
     return list;

@@ -3,8 +3,8 @@
 // shown comes into memory. It may be deleted at any time, and is written whole or not at all.
 //
 // The file holds, in the byte order of the machine, kMagic, the length of the list of pictures, the
-// list as the toolkit streams it, and the pixels, premultiplied ARGB, four bytes each, line by
-// line.
+// list as the toolkit streams it, and the pixels, premultiplied ARGB or RGB, four bytes each, line
+// by line.
 #pragma once
 
 #include <QByteArray>
@@ -27,6 +27,7 @@ class PictureStore {
   // What was kept under the key, as long as it was drawn from a source of the same stamp; a null
   // image when there is no such picture. Its pixels live as long as the store.
   QImage Find(const QString& key, qint64 stamp);
+  // An image in either of the two formats.
   void Keep(const QString& key, qint64 stamp, const QImage& image);
   // Sizes are kept like pictures; an invalid one when there is none.
   QSize FindSize(const QString& key, qint64 stamp);
@@ -39,6 +40,7 @@ class PictureStore {
     qint64 offset = -1;  // of the pixels in the file; below 0: none there
     QImage drawn;        // in this run
     bool used = false;   // in this run
+    bool opaque = false;
     bool Picture() const { return offset >= 0 || !drawn.isNull(); }
     qint64 Bytes() const { return Picture() ? 4LL * size.width() * size.height() : 0; }
   };

@@ -102,17 +102,23 @@ void DrawingWidget::Set(const Text& picture, const QColor& ground,
   update();
 }
 
-void DrawingWidget::paintEvent(QPaintEvent* /*event*/) {
+QPixmap DrawingWidget::Drawn() {
   const double density = devicePixelRatioF();
-  if (drawn_.size() != size() * density) {
-    drawn_ = QPixmap(size() * density);
-    drawn_.setDevicePixelRatio(density);
-    drawn_.fill(ground_);
-    QPainter painter(&drawn_);
-    painter.setRenderHint(QPainter::Antialiasing);
-    if (!picture_.empty()) painter.drawPixmap(0, 0, pictures_.Get(picture_, size(), density));
-    for (const DrawItem& item : items_) Draw(painter, item);
-  }
+  QPixmap picture;
+  if (!picture_.empty()) picture = pictures_.Get(picture_, size(), density);
+  if (items_.empty() && !picture.isNull() && !picture.hasAlpha()) return picture;
+  QPixmap drawn(size() * density);
+  drawn.setDevicePixelRatio(density);
+  drawn.fill(ground_);
+  QPainter painter(&drawn);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (!picture.isNull()) painter.drawPixmap(0, 0, picture);
+  for (const DrawItem& item : items_) Draw(painter, item);
+  return drawn;
+}
+
+void DrawingWidget::paintEvent(QPaintEvent* /*event*/) {
+  if (drawn_.size() != size() * devicePixelRatioF()) drawn_ = Drawn();
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(kDimmed);
   painter.drawPixmap(0, 0, drawn_);

@@ -61,6 +61,7 @@ class DrawingWidget final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QPixmap Drawn();
   void Draw(QPainter& painter, const DrawItem& item);
 
   Pictures& pictures_;

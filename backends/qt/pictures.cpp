@@ -14,6 +14,15 @@ namespace {
 
 constexpr int kCacheKilobytes = 96 * 1024;
 
+bool Opaque(const QImage& image) {
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    const auto* end = line + image.width();
+    if (std::any_of(line, end, [](QRgb pixel) { return qAlpha(pixel) != 255; })) return false;
+  }
+  return true;
+}
+
 }  // namespace
 
 Pictures::Pictures(const std::filesystem::path& folder, const std::filesystem::path& store)
@@ -68,6 +77,9 @@ QImage Pictures::Draw(Source& source, QSize size, double density, Part part) {
   } else {
     look::DrawPanel(painter, QRect(QPoint(), size), false);
   }
+  painter.end();
+  // Pixels that hide what lies beneath are copied, not mixed with it.
+  if (Opaque(image)) image.reinterpretAsFormat(QImage::Format_RGB32);
   return image;
 }
 

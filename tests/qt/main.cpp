@@ -7,6 +7,6 @@
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 0);
   testing::InitGoogleTest(&argc, argv);
-  const vantora::QtApp app(argc, argv, "");
+  const vantora::QtApp app(argc, argv);
   return RUN_ALL_TESTS();
 }
