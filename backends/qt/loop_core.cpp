@@ -48,7 +48,10 @@ QtEventLoop::Core::~Core() {
 
 void QtEventLoop::Core::ShowIcon() {
   QIcon icon;
-  for (const int side : kIconSides) icon.addPixmap(pictures_.Get(L"vantora", {side, side}, 1));
+  // The application outlives the store of the pictures, so it gets copies.
+  for (const int side : kIconSides) {
+    icon.addPixmap(pictures_.Get(L"vantora", {side, side}, 1).copy());
+  }
   QApplication::setWindowIcon(icon);
 }
 

@@ -21,7 +21,7 @@ namespace vantora {
 
 class Stage : public testing::Test {
  protected:
-  Stage() : pictures_(Folder(folder_)), loop(pictures_, 20), hands(loop) {
+  Stage() : pictures_(Folder(folder_)), loop(pictures_, {}, 20), hands(loop) {
     loop.TheUser = &person;
     loop.OnError = [this](const Laufzeitfehler& error) { errors.push_back(error.what()); };
   }
