@@ -24,7 +24,7 @@ std::string_view WithoutQuotes(std::string_view value) {
   const std::string_view inner = Trim(value);
   const bool quoted = inner.size() >= 2 && inner.front() == inner.back() &&
                       (inner.front() == '"' || inner.front() == '\'');
-  return quoted ? Trim(inner.substr(1, inner.size() - 2)) : inner;
+  return quoted ? inner.substr(1, inner.size() - 2) : inner;
 }
 
 // A text that stays on its line.

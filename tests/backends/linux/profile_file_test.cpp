@@ -48,7 +48,7 @@ TEST(ProfileFiles, ForeignFilesAreReadAsTheyAre) {
   Put(home.File,
       "; mine\n0=outside\n [ One ]\n Title = \" a b \" \nTITLE=second\n;x=1\nquote='it'\nodd=\"\n"
       "empty=\n\n[two]\nx=y=z\n[ONE]\nlate=1\n[half");
-  EXPECT_EQ(home.Read(L"one", L"title"), L"a b");
+  EXPECT_EQ(home.Read(L"one", L"title"), L" a b ");
   EXPECT_EQ(home.Read(L"one", L"quote"), L"it");
   EXPECT_EQ(home.Read(L"one", L"odd"), L"\"");
   EXPECT_EQ(home.Read(L"one", L"empty"), L"");
