@@ -19,7 +19,12 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-std::uint32_t FirstAddress(const std::string& host) {
+// Whoever waits for a name asks again many times a second.
+constexpr milliseconds kNewAttempt(1000);
+
+}  // namespace
+
+std::uint32_t LinuxSockets::AskResolver(const std::string& host) {
   addrinfo wanted{};
   wanted.ai_family = AF_INET;
   wanted.ai_socktype = SOCK_STREAM;
@@ -31,13 +36,12 @@ std::uint32_t FirstAddress(const std::string& host) {
   return first.sin_addr.s_addr;
 }
 
-}  // namespace
-
 struct LinuxSockets::Lookup {
   explicit Lookup(std::string host) : Host(std::move(host)) {}
 
   const std::string Host;
   const Moment Begun = steady_clock::now();
+  Moment Asked = Begun;  // last; of the caller alone
   std::mutex Guard;
   std::condition_variable Answered;
   bool Done = false;
@@ -63,13 +67,15 @@ std::string LinuxSockets::inet_ntoa(std::uint32_t address) {
 }
 
 // A lookup that nobody waits for any more goes on until the resolver gives it up; its thread holds
-// all that it needs. Asking for the same name again joins it, so that impatience piles up nothing.
+// all that it needs. Asking for the same name again joins it, unless some time has passed: then the
+// one before was given up, and its failure is not that of the new attempt.
 int LinuxSockets::gethostbyname(const std::string& host, std::uint32_t& address) {
-  if (!lookup_ || lookup_->Host != host) {
+  const Moment now = steady_clock::now();
+  if (!lookup_ || lookup_->Host != host || now - lookup_->Asked > kNewAttempt) {
     auto lookup = std::make_shared<Lookup>(host);
     try {
-      std::thread([lookup] {
-        const std::uint32_t found = FirstAddress(lookup->Host);
+      std::thread([lookup, resolver = resolver_] {
+        const std::uint32_t found = resolver(lookup->Host);
         const std::lock_guard lock(lookup->Guard);
         lookup->Address = found;
         lookup->Done = true;
@@ -81,6 +87,7 @@ int LinuxSockets::gethostbyname(const std::string& host, std::uint32_t& address)
     lookup_ = std::move(lookup);
   }
   const std::shared_ptr<Lookup> lookup = lookup_;
+  lookup->Asked = now;
   std::unique_lock lock(lookup->Guard);
   if (!lookup->Answered.wait_for(lock, milliseconds(patience_.Slice),
                                  [&] { return lookup->Done; })) {

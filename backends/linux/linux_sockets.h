@@ -7,8 +7,11 @@
 #include "platform/sockets.h"
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
+#include <string>
+#include <utility>
 
 namespace vantora {
 
@@ -21,7 +24,10 @@ struct SocketPatience {
 
 class LinuxSockets final : public Sockets {
  public:
-  explicit LinuxSockets(SocketPatience patience = {}) : patience_(patience) {}
+  using Resolver = std::function<std::uint32_t(const std::string& host)>;  // waits as it likes
+
+  explicit LinuxSockets(SocketPatience patience = {}, Resolver resolver = &AskResolver)
+      : patience_(patience), resolver_(std::move(resolver)) {}
 
   int WSAStartup(int version) override;
   int WSAGetLastError() override { return lastError_; }
@@ -45,6 +51,7 @@ class LinuxSockets final : public Sockets {
   };
   struct Lookup;  // shared with the thread that looks a name up, which may outlive the caller
 
+  static std::uint32_t AskResolver(const std::string& host);
   Connection* Find(int number);
   int Failed(int error);
   bool TooLate(const Connection& connection) const;
@@ -52,6 +59,7 @@ class LinuxSockets final : public Sockets {
   int NotYet(const Connection& connection);
 
   SocketPatience patience_;
+  Resolver resolver_;
   int lastError_ = 0;
   std::map<int, Connection> connections_;
   std::shared_ptr<Lookup> lookup_;  // of the name asked for last, while it is not answered

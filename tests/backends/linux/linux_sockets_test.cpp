@@ -4,7 +4,10 @@
 
 #include "tests/support/cddb_server.h"
 
+#include <atomic>
 #include <chrono>
+#include <memory>
+#include <thread>
 
 namespace vantora::test {
 namespace {
@@ -110,6 +113,23 @@ TEST(LinuxSockets, NamesBecomeAddresses) {
   EXPECT_EQ(lookUp("localhost"), 0);
   EXPECT_EQ(wire.sockets.inet_addr("no-such-machine.invalid"), kKeineAdresse);
   EXPECT_EQ(wire.sockets.inet_ntoa(wire.sockets.inet_addr("10.1.2.3")), "10.1.2.3");
+}
+
+TEST(LinuxSockets, ANewAttemptAtANameIsNotAnsweredWithTheFailureOfTheOneThatWasGivenUp) {
+  const auto online = std::make_shared<std::atomic<bool>>(false);
+  LinuxSockets sockets({}, [online](const std::string&) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    return *online ? 0x0100007FU : kKeineAdresse;
+  });
+  std::uint32_t address = 0;
+  EXPECT_EQ(sockets.gethostbyname("server", address), kNochNicht);
+  std::this_thread::sleep_for(std::chrono::milliseconds(1100));
+  *online = true;
+  int result = kNochNicht;
+  for (int i = 0; i < 200 && result == kNochNicht; ++i) {
+    result = sockets.gethostbyname("server", address);
+  }
+  EXPECT_EQ(result, 0);
 }
 
 }  // namespace
