@@ -5,6 +5,10 @@
 
 #include "platform/laufzeitfehler.h"
 
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace vantora {
 
 namespace {
@@ -20,6 +24,14 @@ std::optional<DiscDrive> DiscDrives::Named(const Text& name) const {
     if (name.empty() || drive.Letter == Capital(name[0])) return drive;
   }
   return std::nullopt;
+}
+
+bool DiscDrives::MayUse(const DiscDrive& drive) const {
+  if (drive.Device.empty()) return true;
+  const int opened = ::open(drive.Device.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (opened < 0) return errno != EACCES && errno != EPERM && errno != EBUSY;
+  ::close(opened);
+  return true;
 }
 
 std::unique_ptr<Disc> DiscDrives::Open(const DiscDrive& drive) const {

@@ -31,6 +31,8 @@ class DiscDrives {
   std::vector<DiscDrive> All() const { return list_(); }
   // The drive of "D:\", "d:" or "D"; the first one for a blank name.
   std::optional<DiscDrive> Named(const Text& name) const;
+  // False: the system keeps the drive from this program, or somebody holds it for himself.
+  bool MayUse(const DiscDrive& drive) const;
   // The disc that lies in it now; nothing when there is none, or none that can be understood.
   std::unique_ptr<Disc> Open(const DiscDrive& drive) const;
 

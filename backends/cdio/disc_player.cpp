@@ -10,6 +10,8 @@ namespace vantora {
 
 namespace {
 
+constexpr int kMciNoAccess = 0;  // no mode of a device that answers
+
 // Sound of a disc from one sector to another. One thread at a time.
 class DiscSound {
  public:
@@ -84,7 +86,7 @@ void DiscPlayer::Command(const Text& command) {
   if (!IsOpen()) return;
   if (what == L"close") Close();
   if (what == L"play") Play();
-  if (what == L"stop") Halt(kMciStop);
+  if (what == L"stop") Stop();
   if (what == L"pause" && mode_ == kMciPlay) Halt(kMciPause);
   if (what == L"seek") Seek();
 }
@@ -94,7 +96,8 @@ void DiscPlayer::Open() {
   const auto drive = drives_.Named(fileName_);
   if (!drive) return;
   drive_ = *drive;
-  mode_ = kMciReady;
+  mode_ = drives_.MayUse(drive_) ? kMciReady : kMciNoAccess;
+  if (!IsOpen()) return;
   LookAtMedium();
 }
 
@@ -126,6 +129,11 @@ void DiscPlayer::Halt(int mode) {
   sector_ = Sector();
   stream_.reset();
   mode_ = mode;
+}
+
+void DiscPlayer::Stop() {
+  Halt(kMciStop);
+  if (disc_) sector_ = disc_->Toc().Track(disc_->Toc().TrackAt(sector_)).Start;
 }
 
 void DiscPlayer::Seek() {

@@ -1,8 +1,10 @@
 // Plays a disc by reading it into the loudspeaker, under the media control's names.
 //
-// Open answers 530 whenever there is such a drive, with a disc or without: `Tracks` tells. Playing
-// goes on to the end of the disc, or to the first data track; the position is that of what is
-// heard. Play raises 57 when the sound card refuses.
+// Open answers 530 whenever there is such a drive, with a disc or without: `Tracks` tells. A drive
+// that may not be used, since it belongs to others or somebody else holds it, has a mode below 500.
+// Playing goes on to the end of the disc, or to the first data track; the position is that of what
+// is heard, and after a stop the beginning of its track. Play raises 57 when the sound card
+// refuses.
 #pragma once
 
 #include "backends/cdio/disc_drives.h"
@@ -44,11 +46,12 @@ class DiscPlayer final : public MMControl {
     int Track, Sectors;  // sectors from the start of the track
   };
 
-  bool IsOpen() const { return mode_ != kMciNotOpen; }
+  bool IsOpen() const { return mode_ > kMciNotOpen; }
   void Open();
   void Close();
   void Play();
   void Halt(int mode);
+  void Stop();
   void Seek();
   void LookAtMedium();
   int Sector() const;  // that is heard, or that would be played next

@@ -1,6 +1,7 @@
 #include "tests/backends/cdio/tray.h"
 
 #include <cstring>
+#include <unistd.h>
 
 namespace vantora::test {
 
@@ -85,8 +86,10 @@ TEST_F(Player, TheModesAreThoseOfADeviceThatIsOpenedPlayedAndClosed) {
   EXPECT_EQ(player.Mode(), kMciPause);
   player.Command(L"play");
   EXPECT_EQ(player.Mode(), kMciPlay);
+  loop.Pass(2'000);
   player.Command(L"Stop");
   EXPECT_EQ(player.Mode(), kMciStop);
+  EXPECT_EQ(Here(), (Tmsf{1, 0, 0, 0})) << "back at the beginning of the track";
   player.Command(L"Close");
   EXPECT_EQ(player.Mode(), kMciNotOpen);
   EXPECT_EQ(mci.mciSendString(L"status cd position"), L"");
@@ -107,6 +110,21 @@ TEST_F(Player, ADriveWithoutADiscIsReadyAndHasNoTracks) {
   EXPECT_EQ(player.Tracks(), 3) << "a disc was laid in";
   Eject();
   EXPECT_EQ(player.Tracks(), 0);
+}
+
+TEST_F(Player, ADriveThatMayNotBeUsedIsNotTakenForAnEmptyOne) {
+  Put(home / "sr0", "");
+  fs::permissions(home / "sr0", fs::perms::none);
+  Machine[0].Device = (home / "sr0").string();
+  const uid_t was = ::geteuid();  // root may open everything
+  if (was == 0 && ::seteuid(65534) != 0) GTEST_SKIP() << "no user without rights here";
+  player.Command(L"Open");
+  ASSERT_EQ(::seteuid(was), 0);
+  EXPECT_LT(player.Mode(), 500);
+  EXPECT_EQ(player.Tracks(), 0);
+  fs::permissions(home / "sr0", fs::perms::owner_read);
+  player.Command(L"Open");
+  EXPECT_EQ(player.Mode(), kMciReady);
 }
 
 TEST_F(Player, PositionsFollowWhatIsHeard) {
