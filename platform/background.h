@@ -11,6 +11,9 @@ namespace vantora {
 class BackgroundJob {
  public:
   virtual ~BackgroundJob() = default;  // waits for the slice that runs; no slice starts after it
+  // The same, but waits so many ms at the most. False: the slice still runs, nobody waits for it
+  // any more, and what the call of the slices holds goes when it has returned.
+  virtual bool Stop(int ms) = 0;
 };
 
 class Background {

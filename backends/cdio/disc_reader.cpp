@@ -2,7 +2,11 @@
 
 #include "backends/cdio/track_read.h"
 
+#include "platform/laufzeitfehler.h"
+
 #include <algorithm>
+#include <chrono>
+#include <thread>
 #include <utility>
 
 namespace vantora {
@@ -10,6 +14,8 @@ namespace vantora {
 namespace {
 
 constexpr int kRefused = 1;
+constexpr int kAtOnceMs = 200;
+constexpr std::chrono::milliseconds kPatience(3000), kLook(10);
 constexpr const wchar_t* kReadError = L"ASPI Error";
 
 constexpr std::size_t kProductPlaces = 16, kTargetEnd = 22, kLunEnd = 25;
@@ -29,6 +35,7 @@ DiscReader::DiscReader(Dateien& files, EventLoop& loop, Background& background,
 
 DiscReader::~DiscReader() {
   Abandon();
+  AwaitAbandoned();
 }
 
 Text DiscReader::DriveDescription(int device) {
@@ -59,6 +66,7 @@ Disc* DiscReader::Medium() {
   // While a read runs its thread has the disc; the table of contents is what it was.
   if (disc_ && !read_ && !disc_->StillThere()) disc_.reset();
   if (!disc_ && selected_) {
+    AwaitAbandoned();
     const std::vector<DiscDrive> all = drives_.All();
     if (device_ >= 1 && device_ <= static_cast<int>(all.size())) {
       disc_ = drives_.Open(all[static_cast<std::size_t>(device_) - 1]);
@@ -79,17 +87,21 @@ bool DiscReader::TrackIstAudio(int track) {
 
 int DiscReader::ReadTrack(int track, const Text& file) {
   Abandon();
-  if (!TrackIstAudio(track)) return kRefused;
+  if (track < 1 || !TrackIstAudio(track)) return kRefused;
   const auto post = [this, watch = std::weak_ptr<int>(token_)](std::function<void()> work) {
     loop_.Post([watch, work = std::move(work)] {
       if (!watch.expired()) work();
     });
   };
-  read_ = std::make_shared<TrackRead>(
-      files_, disc_, track, file, Pace,
-      TrackRead::Calls{
-          [this, post](const TrackRead::Event& event) { post([this, event] { event(Events); }); },
-          [this, post](int code) { post([this, code] { Ended(code); }); }});
+  try {
+    read_ = std::make_shared<TrackRead>(
+        files_, disc_, track, file, Pace,
+        TrackRead::Calls{
+            [this, post](const TrackRead::Event& event) { post([this, event] { event(Events); }); },
+            [this, post](int code) { post([this, code] { Ended(code); }); }});
+  } catch (const Laufzeitfehler& fehler) {
+    return fehler.Nummer;
+  }
   StartSlices();
   return 0;
 }
@@ -117,8 +129,21 @@ void DiscReader::RetryRead() {
 void DiscReader::Abandon() {
   token_ = std::make_shared<int>(0);
   failed_ = false;
+  if (read_) read_->GiveUp();
+  if (job_ && !job_->Stop(kAtOnceMs)) {
+    abandoned_ = read_;
+    disc_.reset();  // belongs to the read alone
+  }
   job_.reset();
   read_.reset();
+}
+
+// A disc that is read by somebody else cannot be opened without waiting.
+void DiscReader::AwaitAbandoned() {
+  const auto until = std::chrono::steady_clock::now() + kPatience;
+  while (!abandoned_.expired() && std::chrono::steady_clock::now() < until) {
+    std::this_thread::sleep_for(kLook);
+  }
 }
 
 }  // namespace vantora

@@ -1,9 +1,13 @@
 // Reads tracks digitally: from optical drives with the paranoia reader, from the embedded drive as
 // they lie in the image.
 //
-// Whatever ends a read, the file's header tells what the file holds. Everything that stops one
-// short, the disk that takes the file included, is told as "ASPI Error", since there is no other
-// failure after which somebody tries again or gives up.
+// Whatever ends a read, the file's header tells what the file holds. A file that cannot be made is
+// refused with the number of the error. Everything that stops a read short, the disk that takes the
+// file included, is told as "ASPI Error", since there is no other failure after which somebody
+// tries again or gives up; its code is the number of the error.
+//
+// A drive that struggles with a scratch answers after many seconds. Nobody waits for it to end a
+// read: that ends by itself, and only who wants the disc again before waits a while.
 #pragma once
 
 #include "backends/cdio/disc_drives.h"
@@ -45,6 +49,7 @@ class DiscReader final : public Acd {
   void StartSlices();
   void Ended(int code);
   void Abandon();
+  void AwaitAbandoned();
 
   Dateien& files_;
   EventLoop& loop_;
@@ -59,6 +64,7 @@ class DiscReader final : public Acd {
   bool failed_ = false;  // the read waits for RetryRead
   std::shared_ptr<TrackRead> read_;
   std::unique_ptr<BackgroundJob> job_;  // behind `read_`: ends first
+  std::weak_ptr<TrackRead> abandoned_;  // that still sits in the drive
 };
 
 }  // namespace vantora

@@ -22,40 +22,44 @@ struct SectorFailed {};
 
 }  // namespace
 
-TrackRead::TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, Text file, double pace,
-                     Calls calls)
-    : files_(files),
-      disc_(std::move(disc)),
+TrackRead::TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, const Text& file,
+                     double pace, Calls calls)
+    : disc_(std::move(disc)),
       start_(disc_->Toc().Track(track).Start),
       sectors_(disc_->Toc().Track(track).Sectors),
-      name_(std::move(file)),
       pace_(pace),
       calls_(std::move(calls)),
-      buffer_(std::size_t{kBlockSectors} * kCdSectorBytes) {}
+      buffer_(std::size_t{kBlockSectors} * kCdSectorBytes) {
+  file_ = files.Open(file, Zugriff::Neu);
+  WriteWaveHeader(*file_, 0);
+}
+
+void TrackRead::GiveUp() {
+  const std::lock_guard lock(calling_);
+  givenUp_ = true;
+}
 
 int TrackRead::Slice() noexcept {
   int code = kFehlerEinAusgabe;
   try {
-    if (!file_) Open();
     if (Move()) return Delay();
     Header();
     file_.reset();
     TellPosition(true);
-    calls_.Ended(0);
+    Ended(0);
     return -1;
   } catch (const SectorFailed&) {
   } catch (const Laufzeitfehler& fehler) {
     code = fehler.Nummer;
   } catch (const std::exception&) {
   }
-  calls_.Ended(code);
+  Ended(code);
   return -1;
 }
 
-void TrackRead::Open() {
-  file_ = files_.Open(name_, Zugriff::Neu);
-  done_ = 0;
-  WriteWaveHeader(*file_, 0);
+void TrackRead::Ended(int code) {
+  const std::lock_guard lock(calling_);
+  if (!givenUp_) calls_.Ended(code);
 }
 
 bool TrackRead::Move() {
@@ -63,7 +67,7 @@ bool TrackRead::Move() {
   int budget = pace_ > 0
                    ? std::max(static_cast<int>(pace_ * kCdSectorsPerSecond * kPacedMs / 1000), 1)
                    : sectors_;
-  while (budget > 0 && Time::now() < until) {
+  while (budget > 0 && Time::now() < until && !givenUp_) {
     if (done_ == sectors_) return false;
     const int wanted = std::min({kBlockSectors, sectors_ - done_, budget});
     bool failed = false;
@@ -84,12 +88,12 @@ bool TrackRead::Move() {
 // never nothing.
 int TrackRead::ReadBlock(int wanted, Time::time_point until, bool& failed) {
   int read = 0;
-  while (read < wanted && (read == 0 || Time::now() < until)) {
+  while (read < wanted && (read == 0 || Time::now() < until) && !givenUp_) {
     const int sector = start_ + done_ + read;
     char* target = buffer_.data() + std::ptrdiff_t{read} * kCdSectorBytes;
     int count = std::min(disc_->CarefulSectors(), wanted - read);
     if (!disc_->ReadCarefully(sector, count, target)) {
-      failed = count == 1 || !disc_->ReadCarefully(sector, 1, target);
+      failed = count == 1 || givenUp_ || !disc_->ReadCarefully(sector, 1, target);
       if (failed) break;
       count = 1;
     }
@@ -104,6 +108,8 @@ void TrackRead::TellPosition(bool always) {
   told_ = now;
   const auto position =
       static_cast<int>(std::int64_t{done_} * kThousandths / std::max(sectors_, 1));
+  const std::lock_guard lock(calling_);
+  if (givenUp_) return;
   calls_.Tell([position](AcdEvents& events) {
     if (events.ACD_ActPosition) events.ACD_ActPosition(position);
   });

@@ -25,6 +25,10 @@ class SlicedJob final : public BackgroundJob {
  public:
   explicit SlicedJob(std::shared_ptr<Work> work) : work_(std::move(work)) {}
   ~SlicedJob() override { work_->Wanted = false; }
+  bool Stop(int /*ms*/) override {
+    work_->Wanted = false;
+    return true;
+  }
 
  private:
   std::shared_ptr<Work> work_;

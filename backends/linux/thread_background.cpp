@@ -10,39 +10,66 @@ namespace vantora {
 
 namespace {
 
+// What a thread works with. Both have it, so that it outlives whoever does not wait for the thread.
+struct Work {
+  Work(std::function<int()> slice, double speed) : Slice(std::move(slice)), Speed(speed) {}
+
+  std::function<int()> Slice;
+  const double Speed;
+  std::mutex Guard;
+  std::condition_variable Changed;
+  bool Stopped = false, Ended = false;
+};
+
+void Run(Work& work) {
+  std::unique_lock lock(work.Guard);
+  while (!work.Stopped) {
+    lock.unlock();
+    const int delay = work.Slice();
+    lock.lock();
+    if (delay < 0) break;
+    if (delay == 0) continue;
+    work.Changed.wait_for(lock, std::chrono::duration<double, std::milli>(delay / work.Speed),
+                          [&] { return work.Stopped; });
+  }
+  work.Ended = true;
+  work.Changed.notify_all();
+}
+
 class ThreadJob final : public BackgroundJob {
  public:
   ThreadJob(std::function<int()> slice, double speed)
-      : slice_(std::move(slice)), speed_(speed), thread_([this] { Run(); }) {}
+      : work_(std::make_shared<Work>(std::move(slice), speed)),
+        thread_([work = work_] { Run(*work); }) {}
   ~ThreadJob() override {
-    {
-      std::lock_guard lock(mutex_);
-      stopped_ = true;
-    }
-    wake_.notify_all();
+    if (!thread_.joinable()) return;  // left to itself
+    Tell();
     thread_.join();
+  }
+  bool Stop(int ms) override {
+    Tell();
+    std::unique_lock lock(work_->Guard);
+    if (!thread_.joinable()) return work_->Ended;
+    const bool ended = work_->Changed.wait_for(lock, std::chrono::milliseconds(ms),
+                                               [this] { return work_->Ended; });
+    lock.unlock();
+    if (ended) {
+      thread_.join();
+    } else {
+      thread_.detach();
+    }
+    return ended;
   }
 
  private:
-  void Run() {
-    std::unique_lock lock(mutex_);
-    while (!stopped_) {
-      lock.unlock();
-      const int delay = slice_();
-      lock.lock();
-      if (delay < 0) return;
-      if (delay == 0) continue;
-      wake_.wait_for(lock, std::chrono::duration<double, std::milli>(delay / speed_),
-                     [this] { return stopped_; });
-    }
+  void Tell() {
+    const std::lock_guard lock(work_->Guard);
+    work_->Stopped = true;
+    work_->Changed.notify_all();
   }
 
-  std::function<int()> slice_;
-  double speed_;
-  std::mutex mutex_;
-  std::condition_variable wake_;
-  bool stopped_ = false;
-  std::thread thread_;  // last: it uses all the others
+  std::shared_ptr<Work> work_;
+  std::thread thread_;
 };
 
 }  // namespace

@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <memory>
+#include <thread>
 #include <utility>
 
 namespace vantora::test {
@@ -19,6 +21,7 @@ class RunningOut final : public Dateien {
   // May be set while a back end's thread works.
   std::atomic<std::int64_t> Room = INT64_MAX;      // bytes that can still be written: then error 61
   std::atomic<std::int64_t> Readable = INT64_MAX;  // bytes that can still be read: then error 57
+  std::atomic<int> ReadMs = 0;                     // that every read takes
 
   std::unique_ptr<Datei> Open(const Text& path, Zugriff access) override {
     return std::make_unique<File>(*this, files_.Open(path, access));
@@ -45,6 +48,7 @@ class RunningOut final : public Dateien {
     std::int64_t Position() const override { return file_->Position(); }
     void Seek(std::int64_t position) override { file_->Seek(position); }
     void Read(void* target, std::size_t count) override {
+      std::this_thread::sleep_for(std::chrono::milliseconds(disk_.ReadMs));
       Take(disk_.Readable, count, kFehlerEinAusgabe);
       file_->Read(target, count);
     }
