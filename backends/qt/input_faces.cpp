@@ -22,9 +22,9 @@ namespace {
 
 constexpr int kNoLimit = 32767;
 
-void Colour(QWidget& widget, const Control& control) {
-  const QString rule = look::OwnColours(control.ForeColor, control.BackColor);
-  if (widget.styleSheet() != rule) widget.setStyleSheet(rule);
+void Colour(QWidget& widget, const char* kind, const Control& control) {
+  const QString sheet = look::FieldSheet(kind, control.ForeColor, control.BackColor);
+  if (widget.styleSheet() != sheet) widget.setStyleSheet(sheet);
 }
 
 // ---- text ----
@@ -82,7 +82,7 @@ class TextFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const TextBox&>(control);
-    Colour(*line_, box);
+    Colour(*line_, "QLineEdit", box);
     line_->setMaxLength(box.MaxLength > 0 ? box.MaxLength() : kNoLimit);
     const QString text = look::FromText(box.Text);
     if (line_->text() == text) return;
@@ -206,7 +206,7 @@ class ComboFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const ComboBox&>(control);
-    Colour(*combo_, box);
+    Colour(*combo_, "QComboBox", box);
     QStringList lines;
     for (const Text& item : box.Items()) lines << look::FromText(item);
     if (lines != lines_) {
@@ -284,7 +284,7 @@ class ListFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const ListBox&>(control);
-    Colour(*list_, box);
+    Colour(*list_, "QListWidget", box);
     while (list_->count() > box.ListCount()) delete list_->takeItem(list_->count() - 1);
     for (int i = 0; i < box.ListCount(); ++i) {
       const QString text = look::FromText(box.List(i));

@@ -7,6 +7,7 @@
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QToolTip>
 
 #include <cmath>
 
@@ -17,8 +18,9 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 
 // Selected rows, edges and heads in the windows' own scheme. The words on amber are the field's
-// ground, which reads at more than ten to one.
-constexpr const char* kSheet = R"(
+// ground, which reads at more than ten to one. The rules are given to the widgets that need them: a
+// sheet of the application's would have the toolkit match every label and button with it.
+constexpr const char* kFields = R"(
 QLineEdit, QTreeView, QListWidget, QComboBox {
   background-color: #10131F; color: #E6EAF6; border: 1px solid #7076A8; border-radius: 3px;
   selection-background-color: #FFB545; selection-color: #10131F;
@@ -53,11 +55,13 @@ QScrollBar::handle:vertical { min-height: 24px; }
 QScrollBar::handle:horizontal { min-width: 24px; }
 QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
 QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+)";
+
+constexpr const char* kMenus = R"(
 QMenu { background-color: #2A2D4C; color: #F4F6FC; border: 1px solid #7076A8; padding: 3px; }
 QMenu::item { padding: 4px 22px; border-radius: 3px; }
 QMenu::item:selected { background-color: #FFB545; color: #10131F; }
 QMenu::item:disabled { color: #858CA8; background: transparent; }
-QToolTip { background-color: #FFF3D9; color: #10131F; border: 1px solid #8A6A2A; padding: 2px; }
 )";
 
 // The toolkit's style, but for the marks of check boxes and option buttons: what is set shines.
@@ -214,19 +218,25 @@ void DrawFocusRing(QPainter& painter, const QRect& rect) {
   painter.drawRoundedRect(QRectF(rect).adjusted(1, 1, -1, -1), 4, 4);
 }
 
-void Dress(QApplication& app) {
-  if (app.styleSheet() == QLatin1String(kSheet)) return;
+void Dress() {
+  if (dynamic_cast<Marks*>(QApplication::style()) != nullptr) return;
   QApplication::setStyle(new Marks);  // the application owns it
   QApplication::setPalette(Colours());
   QApplication::setFont(FontOf(9, false));
-  app.setStyleSheet(QLatin1String(kSheet));
+  QToolTip::setPalette(Colours());
 }
 
-QString OwnColours(Color fore, Color back) {
+QString FieldSheet(const char* kind, Color fore, Color back) {
   QString rule;
   if (fore != kWords) rule += QStringLiteral("color: %1;").arg(Of(fore).name());
   if (back != kTransparent) rule += QStringLiteral("background-color: %1;").arg(Of(back).name());
-  return rule;
+  const QString sheet = QString::fromLatin1(kFields);
+  if (rule.isEmpty()) return sheet;
+  return sheet + QStringLiteral("%1 { %2 }").arg(QLatin1String(kind), rule);
+}
+
+QString MenuSheet() {
+  return QString::fromLatin1(kMenus);
 }
 
 }  // namespace vantora::look

@@ -1,4 +1,4 @@
-// The colours, the type and the style sheet that all windows share, and the small conversions
+// The colours, the type and the style sheets that all windows share, and the small conversions
 // between the form model's units and the toolkit's.
 #pragma once
 
@@ -9,7 +9,6 @@
 #include <QRect>
 #include <QString>
 
-class QApplication;
 class QPainter;
 
 namespace vantora::look {
@@ -35,9 +34,11 @@ QString Plain(const Text& caption);
 void DrawPanel(QPainter& painter, const QRect& rect, bool pressed);
 void DrawFocusRing(QPainter& painter, const QRect& rect);
 
-// Gives the application style, palette and style sheet; doing it again changes nothing.
-void Dress(QApplication& app);
-// The rule that gives one widget other colours than the style sheet; blank for the usual ones.
-QString OwnColours(Color fore, Color back);
+// Gives the application its style and palette; doing it again changes nothing.
+void Dress();
+// The style sheet of a text box, list, table or choice, with colours of its own where it has them.
+// `kind` is the toolkit's name of the class.
+QString FieldSheet(const char* kind, Color fore, Color back);
+QString MenuSheet();
 
 }  // namespace vantora::look

@@ -28,7 +28,7 @@ QtEventLoop::Core::Core(QtEventLoop& loop, const std::filesystem::path& pictures
     : agenda(speed, [this] { QCoreApplication::postEvent(this, new QEvent(QEvent::User)); }),
       loop_(loop),
       pictures_(pictures, drawn) {
-  look::Dress(*qApp);
+  look::Dress();
   ShowIcon();
   QApplication::setQuitOnLastWindowClosed(false);
   wake_.setSingleShot(true);
@@ -214,6 +214,7 @@ void QtEventLoop::Core::PopupMenu(Form& form, const Menu& shown) {
   if (window == nullptr || !form.Visible()) return;
   if (menu != nullptr) menu->close();
   menu = new QMenu(window);
+  menu->setStyleSheet(look::MenuSheet());
   menuOwner_ = &form;
   menu->setObjectName(look::FromText(shown.Name));
   menu->setAttribute(Qt::WA_DeleteOnClose);

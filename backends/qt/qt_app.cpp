@@ -45,7 +45,7 @@ QtApp::QtApp(int argc, char** argv) : argc_(argc), words_(argv, argv + argc) {
   QApplication::setApplicationName(QStringLiteral("Vantora"));
   QApplication::setApplicationDisplayName(QStringLiteral("Vantora"));
   QGuiApplication::setDesktopFileName(QStringLiteral("vantora"));
-  look::Dress(*app_);
+  look::Dress();
 }
 
 QtApp::~QtApp() = default;

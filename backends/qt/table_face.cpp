@@ -153,10 +153,8 @@ class TableFace final : public Face {
 
   void Apply(Control& control) override {
     auto& list = static_cast<ListView&>(control);
-    const QString rule = look::OwnColours(list.ForeColor, list.BackColor);
-    if (table_->styleSheet() != rule) {
-      table_->setStyleSheet(rule.isEmpty() ? rule : QStringLiteral("QTreeView { %1 }").arg(rule));
-    }
+    const QString sheet = look::FieldSheet("QTreeView", list.ForeColor, list.BackColor);
+    if (table_->styleSheet() != sheet) table_->setStyleSheet(sheet);
     table_->setAcceptDrops(list.OLEDragOver || list.OLEDragDrop);
     ApplyColumns(list);
     if (rows_->SetRows(list.ListItems)) table_->viewport()->update();
