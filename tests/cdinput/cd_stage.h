@@ -28,6 +28,12 @@ class CdBuehne {
   FakeDrive& Laufwerk() { return cd->drive; }
   Text Sagt(int nummer) { return b.prog.Text(nummer); }
   void Druecke(Control& control) { b.platform.hands.Press(control); }
+  // What is done with these answers to what will be asked, and nothing of what was said before.
+  void Mit(std::initializer_list<int> antworten, const std::function<void()>& aktion) {
+    b.user.Said.clear();
+    for (const int antwort : antworten) b.Antwortet(antwort);
+    aktion();
+  }
   // The audio of a file of the home, behind the 44 bytes of its header.
   std::string Ton(const Text& datei) {
     const std::string bytes = b.Lies(datei);
@@ -40,24 +46,8 @@ class CdBuehne {
   Buehne b{[this](HeadlessPlatform& p) {
     cd = std::make_unique<CdMachine>(p);
     const Plattform& m = p.bundle;
-    return Plattform{m.schleife,
-                     m.bildschirm,
-                     m.uhr,
-                     m.system,
-                     m.dateien,
-                     m.laufwerke,
-                     m.einstellungen,
-                     m.profile,
-                     m.registry,
-                     m.ressourcen,
-                     m.mmtools,
-                     m.tsCut,
-                     m.mp3,
-                     m.mcd,
-                     cd->reader,
-                     cd->player,
-                     questions_ != nullptr ? *questions_ : m.mci,
-                     m.sockets};
+    return MitLaufwerk(m, m.mcd, cd->reader, cd->player, questions_ ? *questions_ : m.mci,
+                       m.sockets);
   }};
 };
 

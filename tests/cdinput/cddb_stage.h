@@ -173,19 +173,13 @@ struct CddbStage {
   FakeDisc disc;
   LinuxSockets real{SocketPatience{20, 800, 8000}};
   WatchedSockets sockets;
-  Plattform bundle{With(platform.bundle, disc, sockets)};
+  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
+                               platform.bundle.cd, disc, sockets)};
   Programm prog{bundle};
   CddbServer server;
   CDDBAnfrage request;
   clsCCd client{bundle};
   std::uint8_t status = 0;
-
- private:
-  static Plattform With(const Plattform& p, Mci& mci, Sockets& sockets) {
-    return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
-            p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
-            p.mp3,           p.mcd,        p.acd,      p.cd,         mci,       sockets};
-  }
 };
 
 }  // namespace vantora::test

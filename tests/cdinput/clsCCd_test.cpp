@@ -2,8 +2,6 @@
 
 #include "tests/cdinput/cddb_stage.h"
 
-#include <cstdio>
-
 namespace vantora::test {
 namespace {
 
@@ -15,19 +13,6 @@ struct Disc {
 
 int StartOf(const Disc& disc, int track) {
   return disc.First + track * disc.Step + track * track * 7 % disc.Wobble;
-}
-
-// The ID as the database's own description of it says: one number of four bytes.
-Text OnePieceId(const FakeDisc& disc) {
-  unsigned sum = 0;
-  for (const int start : disc.Starts) {
-    for (const char digit : std::to_string(start / 75)) sum += static_cast<unsigned>(digit - '0');
-  }
-  const auto length = static_cast<unsigned>(disc.LeadOut / 75 - disc.Starts[0] / 75);
-  char text[16];
-  std::snprintf(text, sizeof text, "%08x",
-                sum % 255 << 24 | length << 8 | static_cast<unsigned>(disc.Starts.size()));
-  return CddbStage::Wide(text);
 }
 
 TEST(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
@@ -65,7 +50,6 @@ TEST(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
     for (int i = 0; i < disc.Tracks; ++i) s.disc.Starts.push_back(StartOf(disc, i));
     s.disc.LeadOut = s.disc.Starts.back() + disc.LastTrack;
     EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), disc.Id);
-    EXPECT_EQ(OnePieceId(s.disc), disc.Id);
     EXPECT_EQ(s.disc.OpenDevices, 0);
   }
 }
@@ -97,21 +81,6 @@ TEST(ClsCCd, ADriveThatFailsAtAnyQuestionIsClosedAndGivesNoId) {
   EXPECT_EQ(DiscIDLesen(s.prog, L""), L"(unavailable)");
   s.disc.Has(0);
   EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)");
-}
-
-TEST(ClsCCd, TheProgressOfALookUpFillsItsBarInSixSteps) {
-  const std::vector<std::pair<int, CDDBFortschritt>> steps{{0, {5021, 395}},  {1, {5022, 790}},
-                                                           {2, {5023, 1185}}, {5, {5021, 1580}},
-                                                           {6, {5022, 1975}}, {7, {5023, 2370}}};
-  for (const auto& [status, shown] : steps) {
-    const auto step = CDDBFortschrittZu(static_cast<std::uint8_t>(status));
-    ASSERT_TRUE(step) << status;
-    EXPECT_EQ(step->TextNummer, shown.TextNummer) << status;
-    EXPECT_EQ(step->Breite, shown.Breite) << status;
-  }
-  for (const int status : {3, 4, 8, 11, 77, 99, 100, 200, 201, 202}) {
-    EXPECT_FALSE(CDDBFortschrittZu(static_cast<std::uint8_t>(status))) << status;
-  }
 }
 
 }  // namespace

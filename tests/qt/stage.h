@@ -1,4 +1,4 @@
-// The desktop's loop and hands on a stage, with pictures in a folder of their own.
+// The desktop's loop and hands on a stage.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,13 +7,6 @@
 #include "backends/qt/qt_hands.h"
 #include "tests/backends/full_form.h"
 
-#include "platform/system_box.h"
-
-#include <QImage>
-#include <QTemporaryDir>
-#include <QWidget>
-
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -21,7 +14,7 @@ namespace vantora {
 
 class Stage : public testing::Test {
  protected:
-  Stage() : pictures_(Folder(folder_)), loop(pictures_, {}, 20), hands(loop) {
+  Stage() {
     loop.TheUser = &person;
     loop.OnError = [this](const Laufzeitfehler& error) { errors.push_back(error.what()); };
   }
@@ -33,21 +26,9 @@ class Stage : public testing::Test {
     EXPECT_TRUE(person.Done());
     EXPECT_NO_THROW(hands.Settle());
   }
-  void WritePicture(const std::string& name, const std::string& svg) const;
-  QImage Look(const Control& control);  // the control as it stands on the screen
-  QImage Look(const Form& form);
-  std::string Refusal(const std::function<void()>& act);  // what the hands say; blank: they can
 
- private:
-  static std::filesystem::path Folder(const QTemporaryDir& folder) {
-    return folder.path().toStdString();
-  }
-  QTemporaryDir folder_;
-  std::filesystem::path pictures_;
-
- protected:
-  QtEventLoop loop;
-  QtHands hands;
+  QtEventLoop loop{"", {}, 20};  // no pictures, and time that runs 20 times as fast
+  QtHands hands{loop};
   Person person;
   std::vector<std::string> errors;
 };

@@ -1,47 +1,16 @@
 #include "tests/support/buehne.h"
 
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
+#include "tests/backends/sound/wave_bytes.h"
 
 namespace vantora {
 
 namespace {
-
-std::string LittleEndian(std::uint32_t value, int bytes) {
-  std::string text;
-  for (int i = 0; i < bytes; ++i, value >>= 8U) text += static_cast<char>(value & 0xFFU);
-  return text;
-}
-
-std::string WaveBytes(std::int64_t frames) {
-  const auto data = static_cast<std::uint32_t>(frames * 4);
-  std::string bytes = "RIFF" + LittleEndian(data + 36, 4) + "WAVEfmt " + LittleEndian(16, 4) +
-                      LittleEndian(1, 2) + LittleEndian(2, 2) + LittleEndian(44100, 4) +
-                      LittleEndian(176400, 4) + LittleEndian(4, 2) + LittleEndian(16, 2) + "data" +
-                      LittleEndian(data, 4);
-  bytes.reserve(bytes.size() + data);
-  for (std::int64_t i = 0; i < frames; ++i) {
-    bytes += LittleEndian(static_cast<std::uint32_t>(i * 2654435761LL), 4);
-  }
-  return bytes;
-}
 
 std::filesystem::path ResourceSources() {
   return std::filesystem::path(VANTORA_SOURCE_DIR) / "resources";
 }
 
 }  // namespace
-
-TemporaryHome::TemporaryHome() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "vantora-test-XXXXXX").string();
-  path_ = mkdtemp(pattern.data());
-}
-
-TemporaryHome::~TemporaryHome() {
-  std::error_code none;
-  std::filesystem::remove_all(path_, none);
-}
 
 bool ScriptedUser::Act(Form* front) {
   if (front == nullptr || next_ >= actions_.size()) return false;
@@ -71,19 +40,15 @@ void Buehne::Tu(const std::function<void()>& aktion) {
 }
 
 void Buehne::Wave(const Text& datei, std::int64_t frames) {
-  Datei(datei, WaveBytes(frames));
+  Datei(datei, test::Wave(test::Noise(static_cast<std::size_t>(frames) * 4)));
 }
 
 void Buehne::Datei(const Text& pfad, const std::string& bytes) {
-  const std::filesystem::path ort = platform.machine.files.SystemPath(pfad);
-  std::filesystem::create_directories(ort.parent_path());
-  std::ofstream(ort, std::ios::binary)
-      .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  test::Put(platform.machine.files.SystemPath(pfad), bytes);
 }
 
 std::string Buehne::Lies(const Text& pfad) {
-  std::ifstream datei(platform.machine.files.SystemPath(pfad), std::ios::binary);
-  return {std::istreambuf_iterator<char>(datei), std::istreambuf_iterator<char>()};
+  return test::Get(platform.machine.files.SystemPath(pfad));
 }
 
 void Buehne::Katalog(const std::vector<Text>& titel) {

@@ -15,6 +15,7 @@
 #include "dialogs/frmStartAssistent.h"
 #include "main/headless_platform.h"
 #include "mixer/frmMixer.h"
+#include "tests/backends/linux/home.h"
 
 #include <filesystem>
 #include <functional>
@@ -24,16 +25,7 @@
 
 namespace vantora {
 
-// A folder that is gone with the test.
-class TemporaryHome {
- public:
-  TemporaryHome();
-  ~TemporaryHome();
-  const std::filesystem::path& Path() const { return path_; }
-
- private:
-  std::filesystem::path path_;
-};
+using TemporaryHome = test::TempFolder;
 
 // Answers modal windows in turn from a list of actions; what a message box said is kept.
 class ScriptedUser final : public User {
@@ -49,6 +41,14 @@ class ScriptedUser final : public User {
   std::vector<Action> actions_;
   std::size_t next_ = 0;
 };
+
+// The bundle with CD drives and a network of the test's own.
+inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& cd, Mci& mci,
+                             Sockets& net) {
+  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
+          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
+          p.mp3,           mcd,          acd,        cd,           mci,       net};
+}
 
 class Buehne {
  public:

@@ -2,6 +2,8 @@
 // files at a pace of its own, and plays without a sound. Faults are things that happen to it.
 #pragma once
 
+#include "tests/backends/sound/wave_bytes.h"
+
 #include "platform/acd.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -122,15 +124,7 @@ class FakeReader final : public Acd {
   }
   void Write() {
     const std::string sound = FakeDrive::Sound(track_, TrackLaengeSektoren(track_));
-    const auto number = [](std::size_t value, int bytes) {
-      std::string text;
-      for (int i = 0; i < bytes; ++i, value >>= 8U) text += static_cast<char>(value & 0xFFU);
-      return text;
-    };
-    const std::string wave = "RIFF" + number(sound.size() + 36, 4) + "WAVEfmt " + number(16, 4) +
-                             number(1, 2) + number(2, 2) + number(44100, 4) + number(176400, 4) +
-                             number(4, 2) + number(16, 2) + "data" + number(sound.size(), 4) +
-                             sound;
+    const std::string wave = test::Wave(sound);
     files_.Open(file_, Zugriff::Neu)->Write(wave.data(), wave.size());
   }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "backends/alsa/alsa_devices.h"
 #include "tests/backends/alsa/listener.h"
 
 #include <algorithm>
@@ -104,27 +103,16 @@ TEST_F(Sounding, ASoundOfAFewFramesEndsToo) {
 }
 
 TEST_F(Sounding, AFileThatCannotBePlayedIsRefusedWithoutAnEvent) {
-  const struct {
-    const char* What;
-    std::string Bytes;
-    int Error;
-  } cases[] = {{"text", "text", 57},
-               {"mono", test::Wave(Noise(400), "", {1, 1}), 57},
-               {"48 kHz", test::Wave(Noise(400), "", {1, 2, 48000}), 57}};
-  for (const auto& each : cases) {
-    Put(home / "b.wav", each.Bytes);
-    player.SetFileName(L"C:\\b.wav");
-    EXPECT_EQ(ErrorOf([&] { player.Start(); }), each.Error) << each.What;
+  player.SetFileName(L"C:\\b.wav");
+  EXPECT_EQ(ErrorOf([&] { player.Start(); }), kFehlerDateiFehlt);
+  for (const std::string& bytes : {std::string("text"), test::Wave(Noise(400), "", {1, 1}),
+                                   test::Wave(Noise(400), "", {1, 2, 48000})}) {
+    Put(home / "b.wav", bytes);
+    EXPECT_EQ(ErrorOf([&] { player.Start(); }), 57);
     EXPECT_FALSE(player.Playing());
   }
-  player.SetFileName(L"C:\\none.wav");
-  EXPECT_EQ(ErrorOf([&] { player.Start(); }), kFehlerDateiFehlt);
   Run(0.1);
   EXPECT_EQ(Log, "");
-  Wave(Steps({100}));
-  player.Start();
-  Run(3, "stop");
-  EXPECT_EQ(Log, "start stop");
 }
 
 TEST_F(Sounding, AFileThatGoesOrIsCutWhileItPlaysEndsItsSound) {
@@ -159,12 +147,6 @@ TEST_F(Sounding, APlayerThatGoesAwayWhileItPlaysSaysNothingMore) {
   }
   EXPECT_LT(Now() - start, 0.6);
   Run(0.1);
-}
-
-TEST_F(Sounding, TheServersOutputIsThere) {
-  const std::vector<Text> devices = AlsaPlaybackDevices();
-  ASSERT_FALSE(devices.empty());
-  EXPECT_FALSE(devices.front().empty());
 }
 
 }  // namespace vantora::test

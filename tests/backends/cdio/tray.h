@@ -32,13 +32,14 @@ class Tray : public testing::Test {
   fs::path Folder() const { return home / "Vantora/Bandeja"; }
 
   // Lays an image of audio tracks in: where they begin, and where the image ends, in sectors.
-  // Returns the bytes of the image.
-  std::string Lay(const std::vector<int>& starts, int end) {
+  // Returns the bytes of the image. `data` tells the last track to be one of data.
+  std::string Lay(const std::vector<int>& starts, int end, bool data = false) {
     const std::string image = Noise(static_cast<std::size_t>(end) * kSector);
     std::string sheet = "FILE \"disco.bin\" BINARY\r\n";
     for (std::size_t i = 0; i < starts.size(); ++i) {
-      sheet += "  TRACK " + std::to_string(i + 1) + " AUDIO\r\n    INDEX 01 " + CueTime(starts[i]) +
-               "\r\n";
+      const char* kind = data && i + 1 == starts.size() ? " MODE1/2352" : " AUDIO";
+      sheet += "  TRACK " + std::to_string(i + 1) + kind + "\r\n    INDEX 01 " +
+               CueTime(starts[i]) + "\r\n";
     }
     Put(Folder() / "disco.bin", image);
     Put(Folder() / "disco.cue", sheet);

@@ -37,6 +37,7 @@ class TempFolder {
   TempFolder(const TempFolder&) = delete;
   TempFolder& operator=(const TempFolder&) = delete;
   const fs::path& operator()() const { return path_; }
+  const fs::path& Path() const { return path_; }
 
  private:
   fs::path path_;

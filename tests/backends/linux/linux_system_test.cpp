@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "backends/linux/file_resources.h"
-#include "backends/linux/linux_clock.h"
 #include "backends/linux/thread_background.h"
 #include "tests/backends/linux/home.h"
 
 #include <atomic>
 #include <chrono>
+#include <map>
 #include <memory>
 #include <thread>
 
@@ -40,14 +40,6 @@ TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirst) {
   EXPECT_FALSE(second.PrevInstance());
 }
 
-TEST(LinuxSystem, TheVersionIsReadFromItsText) {
-  LinuxSystem system({}, {L"3.14.15-rc1", {}});
-  EXPECT_EQ(system.Major(), 3);
-  EXPECT_EQ(system.Minor(), 14);
-  EXPECT_EQ(system.Revision(), 15);
-  EXPECT_EQ(LinuxSystem({}, {L"2", {}}).Revision(), 0);
-}
-
 TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
   const Home home;
   const fs::path told = home / "told", viewer = home / "viewer";
@@ -64,31 +56,17 @@ TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
   };
   system.OpenLink(L"https://example.org/?a=$(id)&b=';'");
   shows("https://example.org/?a=$(id)&b=';'");
-  system.OpenLink(L"www.example.org");
-  shows("https://www.example.org");
   for (const Text refused : {L"file:///etc/passwd", L"--help", L"", L"/bin/sh"}) {
     system.OpenLink(refused);
   }
+  system.OpenLink(L"www.example.org");
+  shows("https://www.example.org");
   system.OpenHelp(L"C:\\Vantora\\VTR.HLP", L"brennen");
   shows(help + "/brennen.html");
   system.OpenHelp(L"C:\\Vantora\\VTR.HLP", L"../brennen");
   shows(help + "/index.html");
-  EXPECT_FALSE(
-      LinuxSystem(home.Places, {L"1.0.0", home / "help", "no-such-viewer"}).OpenHelp(L"", L""));
-  EXPECT_FALSE(
-      LinuxSystem(home.Places, {L"1.0.0", home / "none", viewer.string()}).OpenHelp(L"", L""));
-}
-
-TEST(LinuxClock, TimeOfDayAndTimerAgree) {
-  LinuxClock clock;
-  const std::int64_t before = clock.Ticks();
-  const DateTime now = clock.Now();
-  const double seconds = now.Hour * 3600 + now.Minute * 60 + now.Second;
-  const double timer = clock.Timer();
-  EXPECT_TRUE(timer >= seconds && timer < seconds + 10) << timer;
-  EXPECT_TRUE(now.Year >= 2024 && now.Month >= 1 && now.Month <= 12 && now.Day >= 1);
-  std::this_thread::sleep_for(20ms);
-  EXPECT_GE(clock.Ticks() - before, 20);
+  EXPECT_FALSE(LinuxSystem(home.Places, {L"1", home / "help", "no-viewer"}).OpenHelp(L"", L""));
+  EXPECT_FALSE(LinuxSystem(home.Places, {L"1", home / "none", viewer}).OpenHelp(L"", L""));
 }
 
 TEST(ThreadBackground, NoSliceRunsAfterTheJobIsGone) {
@@ -115,14 +93,9 @@ TEST(ThreadBackground, DelaysAreKeptShortenedBySpeedAndLeftAtOnce) {
   {
     const auto job = ThreadBackground(100).Start([&] { return ++slices < 4 ? 3000 : -1; });
     EXPECT_TRUE(Within(5000ms, [&] { return slices == 4; }));
-    EXPECT_GE(passed(), 90ms);
-    EXPECT_LT(passed(), 3000ms);
-    std::this_thread::sleep_for(50ms);
-    EXPECT_EQ(slices, 4);  // a negative number ended it
+    EXPECT_TRUE(passed() >= 90ms && passed() < 3000ms);
   }
-  {
-    const auto job = ThreadBackground().Start([&] { return ++slices, 60'000; });
-  }
+  ThreadBackground().Start([&] { return ++slices, 60'000; });
   EXPECT_LT(passed(), 5000ms);
 }
 
@@ -134,26 +107,14 @@ TEST(FileResources, TextsAreFoundByNumberAlone) {
   Put(folder() / "pictures/OK.svg", "<svg/>");
   Put(folder() / "layouts/frmX.layout", "form 1 2 á\n");
   FileResources resources(folder());
-  EXPECT_EQ(resources.LoadResString(0), L"Vantora");
-  EXPECT_EQ(resources.LoadResString(10), L"Catálogo");
-  EXPECT_EQ(resources.LoadResString(11), L"a\tb\nc\\n");
-  EXPECT_EQ(resources.LoadResString(12), L" ");
-  EXPECT_EQ(resources.LoadResString(14), L"");
+  const std::map<int, Text> texts{
+      {0, L"Vantora"}, {10, L"Catálogo"}, {11, L"a\tb\nc\\n"}, {12, L" "}, {14, L""}};
+  for (const auto& [number, text] : texts) EXPECT_EQ(resources.LoadResString(number), text);
   EXPECT_EQ(ErrorOf([&] { resources.LoadResString(13); }), 326);
   EXPECT_TRUE(resources.HasPicture(L"OK"));
-  EXPECT_FALSE(resources.HasPicture(L"NO"));
   EXPECT_FALSE(resources.HasPicture(L"../pictures/OK"));
   EXPECT_EQ(resources.Layout(L"frmX"), L"form 1 2 á\n");
-  EXPECT_EQ(resources.Layout(L"frmY"), L"");
   EXPECT_EQ(resources.Layout(L"../layouts/frmX"), L"");
-  EXPECT_EQ(ErrorOf([&] { FileResources(folder() / "none").LoadResString(0); }), 326);
-}
-
-TEST(FileResources, TheShippedTextsAreThere) {
-  FileResources resources(fs::path(VANTORA_SOURCE_DIR) / "resources");
-  EXPECT_EQ(resources.LoadResString(10), L"Catálogo");
-  EXPECT_EQ(resources.LoadResString(8070), L" seg.");  // the blank belongs to it
-  EXPECT_EQ(resources.LoadResString(31102), L"Flanger débil;22;33;32;9");
 }
 
 }  // namespace vantora::test
