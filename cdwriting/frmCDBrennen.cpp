@@ -28,7 +28,7 @@ frmCDBrennen::frmCDBrennen(Programm& programm) : VtrFenster(programm, L"frmCDBre
   Knopf(imgBrennen, [this] { imgBrennen_MouseUp(); });
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
-  lstCDRecorder.Click = [this] { BrennerWaehlen(); };
+  lstCDRecorder.Click = [this] { lstCDRecorder_Click(); };
   for (int i = 0; i < optBurnSpeed.Count(); ++i) optBurnSpeed(i).Tag = kTempo[i];
   txtKopienAnzahl.KeyPress = [](int taste) { return NurZiffern(taste); };
   txtKopienAnzahl.LostFocus = [this] { txtKopienAnzahl_LostFocus(); };
@@ -158,6 +158,14 @@ void frmCDBrennen::BrennerAufnehmen(int index) {
   }
   optDiscAtOnce.Enabled = dao;
   if (!dao) optTrackAtOnce.SetValue(true);
+}
+
+// Every pass of a burn looks for the devices anew and takes the first: so the one that the person
+// has chosen becomes that.
+void frmCDBrennen::lstCDRecorder_Click() {
+  BrennerWaehlen();
+  const int index = Geraet(lstCDRecorder.ListIndex);
+  if (index >= 0) prog.plattform.mcd.PreferBurner(index);
 }
 
 void frmCDBrennen::BrennerWaehlen() {

@@ -24,6 +24,7 @@ class frmCDBrennen final : public VtrFenster {
   void LadeBrennOptionen();
   void CloseMe();  // leaves the window without burning
 
+  void lstCDRecorder_Click();
   void imgBrennen_MouseUp();
   void imgAbbrechen_MouseUp();
   void txtKopienAnzahl_LostFocus();

@@ -20,6 +20,7 @@ void Lead(std::function<void(Arguments...)>& from, const std::function<void(Argu
 DiscWriters::DiscWriters(std::vector<Mcd*> writers)
     : writers_(std::move(writers)), current_(writers_.front()) {
   for (Mcd* writer : writers_) PassOn(writer->Events);
+  Number();
 }
 
 void DiscWriters::PassOn(McdEvents& from) {
@@ -40,22 +41,34 @@ void DiscWriters::PassOn(McdEvents& from) {
 int DiscWriters::Init_Prog() {
   int result = 0;
   for (Mcd* writer : writers_) result = std::max(result, writer->Init_Prog());
+  Number();
   SelectBurner(0);
   return result;
 }
 
-int DiscWriters::BurnerCount() {
-  int count = 0;
-  for (Mcd* writer : writers_) count += writer->BurnerCount();
-  return count;
+void DiscWriters::Number() {
+  places_.clear();
+  for (Mcd* writer : writers_) {
+    for (int i = 0; i < writer->BurnerCount(); ++i) places_.emplace_back(writer, i);
+  }
+  if (preferred_.empty()) return;
+  std::stable_partition(places_.begin(), places_.end(), [this](const Place& place) {
+    return place.first->GetDescription(place.second) == preferred_;
+  });
 }
 
-std::pair<Mcd*, int> DiscWriters::Find(int index) {
-  for (Mcd* writer : writers_) {
-    if (index < writer->BurnerCount()) return {writer, index};
-    index -= writer->BurnerCount();
-  }
-  return {writers_.back(), writers_.back()->BurnerCount() + index};
+int DiscWriters::BurnerCount() {
+  return static_cast<int>(places_.size());
+}
+
+DiscWriters::Place DiscWriters::Find(int index) const {
+  const auto number = static_cast<std::size_t>(index);
+  if (index >= 0 && number < places_.size()) return places_[number];
+  return {writers_.back(), writers_.back()->BurnerCount()};
+}
+
+void DiscWriters::PreferBurner(int index) {
+  preferred_ = GetDescription(index);
 }
 
 void DiscWriters::SelectBurner(int index) {

@@ -1,6 +1,7 @@
-// All CD writers of the program as one: the devices of the first one have the first numbers. What
-// is set counts for every device; tracks, their texts and the write belong to the current one.
-// There is no layer to work with when one of them has none.
+// All CD writers of the program as one: the devices of the first one have the first numbers, behind
+// the one device that the person has chosen, if there was a choice. What is set counts for every
+// device; tracks, their texts and the write belong to the current one. There is no layer to work
+// with when one of them has none.
 #pragma once
 
 #include "platform/mcd.h"
@@ -19,6 +20,7 @@ class DiscWriters final : public Mcd {
   void TimeOut(int seconds) override;
   int BurnerCount() override;
   void SelectBurner(int index) override;
+  void PreferBurner(int index) override;
   int DetermineDrive() override { return current_->DetermineDrive(); }
   void SetDriveType(int type) override { current_->SetDriveType(type); }
   Text GetDescription(int index) override;
@@ -42,12 +44,16 @@ class DiscWriters final : public Mcd {
   void ResetBurner() override;
 
  private:
-  // Whose device it is and which of its own; the last writer for an index beyond all.
-  std::pair<Mcd*, int> Find(int index);
+  // Whose device it is and which of its own.
+  using Place = std::pair<Mcd*, int>;
+  Place Find(int index) const;  // of the last writer, and none of its own, for an index beyond all
+  void Number();
   void PassOn(McdEvents& from);
 
   std::vector<Mcd*> writers_;
   Mcd* current_;
+  std::vector<Place> places_;  // by the number that the program knows
+  Text preferred_;             // description of a device; blank: none was chosen
 };
 
 }  // namespace vantora

@@ -41,6 +41,9 @@ class Mcd {
   virtual void TimeOut(int seconds) = 0;
   virtual int BurnerCount() = 0;             // devices seen by the last Init_Prog
   virtual void SelectBurner(int index) = 0;  // from 0
+  // The person has chosen this device: the next Init_Prog gives it the first number. Of a single
+  // kind of devices there is nothing to choose.
+  virtual void PreferBurner(int /*index*/) {}
   virtual int DetermineDrive() = 0;          // 1 to 99: supported; 10: can write Disc At Once
   virtual void SetDriveType(int type) = 0;
   // "vendor<tab>product<tab>revision<tab>SCSI target ID"

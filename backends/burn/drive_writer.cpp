@@ -49,10 +49,7 @@ DriveWriter::~DriveWriter() {
 int DriveWriter::Init_Prog() {
   current_ = 0;
   const std::vector<BurnDevice> devices = list_();
-  if (devices.empty()) {
-    burners_.clear();
-    return 0;
-  }
+  if (devices.empty()) return 0;
   // While a drive is being brought to rest, what was seen before still holds.
   if (!Resting(0ms)) return 0;
   if (!scan_.valid() || Ready(scan_)) {
@@ -63,24 +60,31 @@ int DriveWriter::Init_Prog() {
   return 0;
 }
 
-// A drive that another program holds for the moment, be it by mounting its disc, is still what it
-// was found to be.
+// A drive that was seen once stays, also while another program holds it, be it by mounting its
+// disc, and when its cable is out: it is never ready then. If it went, the next device would step
+// into its place, and the disc be made where nobody looks for it.
 std::vector<DriveWriter::Burner> DriveWriter::Scan(const std::vector<BurnDevice>& devices,
                                                    const std::vector<Burner>& known,
                                                    const TellEvent& tell) {
   BurnLibrary library;
   std::vector<Burner> found;
   for (const BurnDevice& device : devices) {
-    if (HoldOf(device.Device) == DriveHold::Held) {
-      std::copy_if(known.begin(), known.end(), std::back_inserter(found),
-                   [&](const Burner& burner) { return burner.Device.Device == device.Device; });
-    } else if (const auto can = ExamineDrive(library, device.Device)) {
-      found.push_back({device, *can});
+    if (HoldOf(device.Device) != DriveHold::Held) {
+      if (const auto can = ExamineDrive(library, device.Device)) found.push_back({device, *can});
     }
     for (const LibraryMessage& message : library.Messages()) {
       if (message.Severity >= BurnLibrary::kSorry) tell(LogEvent(message));
     }
   }
+  for (const Burner& burner : known) {
+    const auto same = [&burner](const Burner& other) {
+      return other.Device.Device == burner.Device.Device;
+    };
+    if (std::none_of(found.begin(), found.end(), same)) found.push_back(burner);
+  }
+  std::stable_sort(found.begin(), found.end(), [](const Burner& a, const Burner& b) {
+    return a.Device.Target < b.Device.Target;
+  });
   return found;
 }
 

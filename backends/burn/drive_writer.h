@@ -4,7 +4,7 @@
 // in between the reading back end and other programs have it. All of that happens in a thread of
 // this object's own; a call that asks for something waits for a bounded time, and takes no answer
 // for "not ready". A drive that another program holds is never ready, and not there at all when it
-// has not been seen free.
+// has not been seen free; one that was seen stays in the list, also when it is gone.
 #pragma once
 
 #include "backends/burn/burn_order.h"

@@ -77,12 +77,32 @@ answer 7
 expect-box ~ "Operación cancelada"
 answer 7
 expect-window frmCDBrennen
-# plugged in again, with a good disc
+# nothing else steps into its place unasked
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "La grabadora no está lista"
+answer 6
+answer 7
+expect-file "C:\Vantora\Discos\Disco 001.cue" missing
+# the user chooses the embedded writer, which stays chosen
+select frmCDBrennen.lstCDRecorder 2
+press frmCDBrennen.imgBrennen
+expect frmCDBrennen.lstCDRecorder(1) ~ "VANTORA IMAGE"
+answer 7
+expect-box ~ "Finalizó la operación de grabado"
+answer 7
+answer 7
+expect-file "C:\Vantora\Discos\Disco 001.cue" exists
+# and then the drive again, plugged in, with a good disc
+press frmHauptForm.imgBrennen
+press frmCDBrennen.optTrackAtOnce
 bottle "disc bueno"
+select frmCDBrennen.lstCDRecorder 2
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
+expect-file C:\bottle\bueno\image.bin exists
 expect-window frmHauptForm
 close
