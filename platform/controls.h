@@ -203,7 +203,7 @@ class ListControl : public Control {
   using Control::Control;
   std::optional<Text> Read(const Text& property) const override;
 
-  void Clear();
+  virtual void Clear();
   void AddItem(const Text& item);
   int ListCount() const { return static_cast<int>(items_.size()); }
   const Text& List(int index) const { return items_.at(static_cast<std::size_t>(index)); }
@@ -228,6 +228,7 @@ class ListBox : public ListControl {
   std::optional<Text> Read(const Text& property) const override;
 
   bool MultiSelect = false;
+  void Clear() override;  // and nothing is selected
   bool Selected(int index) const;
   void Select(int index, bool selected);  // in a single list the others are cleared
   int SelCount() const;

@@ -169,6 +169,11 @@ inline std::optional<Text> ListBox::Read(const Text& property) const {
   return ListControl::Read(property);
 }
 
+inline void ListBox::Clear() {
+  selected_.clear();
+  ListControl::Clear();
+}
+
 inline bool ListBox::Selected(int index) const {
   if (!MultiSelect) return index >= 0 && ListIndex() == index;
   const auto place = static_cast<std::size_t>(index);

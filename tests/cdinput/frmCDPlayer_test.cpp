@@ -158,6 +158,7 @@ TEST_F(CDPlayer, AnotherDiscThanTheOneShownIsListedBeforeAnythingOfItIsSaved) {
   Laufwerk().Disc = {{75 * 10}, {75 * 21}, {75 * 4}};
   Sichert({});
   EXPECT_TRUE(b.Titel().empty());
+  EXPECT_EQ(Player().lstTracks.SelCount(), 1) << "the first track, and not those chosen before";
   EXPECT_EQ(Zeilen()[0], L"Pista01     00:10     2 Mb  ");
   EXPECT_EQ(Zeilen()[1], L"Pista02     00:21     4 Mb  ");
 }
