@@ -349,7 +349,8 @@ void frmCDBrennen::DBEintrag() {
 }
 
 void frmCDBrennen::DeleteTempWavs() {
-  if (!prog.CDKopieAktiv) return;
+  const bool nochKopien = KopieNr < KopienAnzahl;  // which are made of the same files
+  if (!prog.CDKopieAktiv || nochKopien) return;
   for (const Text& datei : prog.GrabDateien) {
     Weiter([&] { prog.plattform.dateien.Kill(datei); });
   }

@@ -36,13 +36,16 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
     EXPECT_EQ(Ton(kTemp + L"Pista0" + ZahlText(i) + L".wav"), Soll(i));
     EXPECT_EQ(b.prog.Katalog[static_cast<std::size_t>(i)].Pause, 0);
   }
-  // The burn removes the temporary waves when it has entered the disc in the database.
-  Mit({kNein, kNein, kNein}, [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
-  EXPECT_EQ(b.Gesagt()[1], Sagt(4012));
+  // The burn of the last copy removes the temporary waves when it has entered the disc in the
+  // database.
+  Brenner().txtKopienAnzahl.Text = L"2";
+  Mit({kNein, kNein, kNein, kNein, kNein, kNein},
+      [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
+  EXPECT_EQ(b.Gesagt()[4], Sagt(4012));
   EXPECT_FALSE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
   EXPECT_FALSE(b.prog.CDKopieAktiv);
   // Back to back: no silence between the tracks of the copy.
-  EXPECT_EQ(b.Lies(L"C:\\Vantora\\Discos\\Disco 001.bin"), Soll(1) + Soll(2) + Soll(3));
+  EXPECT_EQ(b.Lies(L"C:\\Vantora\\Discos\\Disco 002.bin"), Soll(1) + Soll(2) + Soll(3));
 }
 
 TEST_F(CDKopieren, ThePersonsOwnWavesAreNoneOfACopyThatHasNotBeenBurnt) {
