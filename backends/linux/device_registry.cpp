@@ -19,9 +19,10 @@ Text Plain(const Text& key) {
   return LowerCase(key.substr(first, key.find_last_not_of(L'\\') - first + 1));
 }
 
-// A name that can be one step of a key.
-Text KeyName(const Text& vendor, const Text& product) {
-  Text name = UpperCase(L"CDROM " + (vendor.empty() ? Text() : vendor + L" ") + product);
+// A name that can be one step of a key. The maker is not in it: drives are looked for by their
+// product alone, and all that share it stand below one key.
+Text KeyName(const Text& product) {
+  Text name = UpperCase(L"CDROM " + product);
   std::replace(name.begin(), name.end(), L'\\', L'_');
   return name;
 }
@@ -34,13 +35,13 @@ std::vector<DeviceRegistry::Device> DeviceRegistry::Devices() const {
     if (entry.Type != kDriveCdRom) continue;
     if (entry.Letter == table_.ImageLetter()) {
       devices.push_back(
-          {KeyName({}, L"VANTORA IMAGE"), L"IMAGE", L"VANTORA IMAGE", L"7", Text(1, entry.Letter)});
+          {KeyName(L"VANTORA IMAGE"), L"IMAGE", L"VANTORA IMAGE", L"7", Text(1, entry.Letter)});
     }
     for (const OpticalDrive& drive : table_.Places().Optical) {
       if (entry.Device.empty() || drive.Device != entry.Device) continue;
       const Text target = std::to_wstring(drive.Target);
-      devices.push_back({KeyName(drive.Vendor, drive.Product), L"SR" + target, drive.Product,
-                         target, Text(1, entry.Letter)});
+      devices.push_back(
+          {KeyName(drive.Product), L"SR" + target, drive.Product, target, Text(1, entry.Letter)});
     }
   }
   return devices;
@@ -58,6 +59,12 @@ std::vector<Text> DeviceRegistry::SubKeys(const Text& key) {
     } else if (wanted == Plain(Text(kBranch) + L"\\" + device.Key)) {
       names.push_back(device.Instance);
     }
+  }
+  // Who looks for "DVD-RW" takes the first key that holds it, which must not be that of "DVD-RW
+  // DL".
+  if (wanted == kBranch) {
+    std::stable_sort(names.begin(), names.end(),
+                     [](const Text& a, const Text& b) { return a.size() < b.size(); });
   }
   return names;
 }

@@ -1,6 +1,6 @@
 // The branch `ENUM\SCSI` of the device registry, made up from the drives that are there: a key for
-// each product, named after it in upper case, and below it a key for each drive. The embedded drive
-// is the product "VANTORA IMAGE" with target 7.
+// each product, named after it in upper case, the shortest first, and below it a key for each
+// drive. The embedded drive is the product "VANTORA IMAGE" with target 7.
 #pragma once
 
 #include "backends/linux/drive_table.h"

@@ -168,7 +168,8 @@ TEST(DriveTable, EveryFileIsFoundAgainUnderItsProductPath) {
 TEST(DeviceRegistry, AProductAndItsTargetLeadToTheLetter) {
   LinuxPlaces places = PlacesBelow("/home/ana");
   places.Optical = kTwoDrives;
-  places.Optical.push_back({"/dev/sr2", L"ACME", L"CD-RW y2", L"2.0", 2});  // two of a kind
+  places.Optical.push_back({"/dev/sr2", L"OTHER", L"CD-RW y2", L"2.0", 2});  // another maker's
+  places.Optical.push_back({"/dev/sr3", L"ACME", L"CD-RW", L"2.0", 3});      // part of its name
   const DriveTable table(places);
   DeviceRegistry registry(table);
   const auto search = [&](const Text& product, const Text& target) {
@@ -181,13 +182,15 @@ TEST(DeviceRegistry, AProductAndItsTargetLeadToTheLetter) {
           return registry.Value(key, L"CurrentDriveLetterAssignment");
         }
       }
+      break;  // the program goes by the first name that fits
     }
     return Text();
   };
   EXPECT_EQ(search(L"DVD-RAM X1", L"0"), L"D");
   EXPECT_EQ(search(L"CD-RW Y2", L"1"), L"E");
   EXPECT_EQ(search(L"CD-RW Y2", L"2"), L"F");
-  EXPECT_EQ(search(L"VANTORA IMAGE", L"7"), L"G");
+  EXPECT_EQ(search(L"CD-RW", L"3"), L"G");
+  EXPECT_EQ(search(L"VANTORA IMAGE", L"7"), L"H");
   EXPECT_EQ(search(L"VANTORA IMAGE", L"6"), L"");
 }
 
