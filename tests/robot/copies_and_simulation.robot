@@ -10,6 +10,10 @@ press frmHauptForm.imgLiedImport
 choose C:\m\uno.wav C:\m\dos.wav
 key frmNeuerInterpret Return
 key frmNeuerInterpret Return
+select frmHauptForm.lvwKatalog 1
+press frmHauptForm.imgTitelBearb
+select frmNeuerInterpret.cmbPause 3
+key frmNeuerInterpret Return
 press frmHauptForm.imgBrennen
 press frmCDBrennen.chkSimulation
 type frmCDBrennen.txtKopienAnzahl 5
@@ -33,8 +37,9 @@ answer 7
 expect-box ~ "otro CD"
 answer 7
 expect-window frmHauptForm
-expect-file "C:\Vantora\Discos\Disco 002.cue" exists
-# 3 and 4 seconds, 44 bytes of header: the pause of 2 seconds is out of the first file again
+# 3 seconds, a pause of 2, and 4 seconds: 675 sectors
+expect-file "C:\Vantora\Discos\Disco 002.bin" size 1587600
+# 3 and 4 seconds, 44 bytes of header: the pause is out of the first file again
 expect-file C:\m\uno.wav size 529244
 expect-file C:\m\dos.wav size 705644
 close
