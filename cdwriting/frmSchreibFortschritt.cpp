@@ -24,6 +24,8 @@ frmSchreibFortschritt::frmSchreibFortschritt(Programm& programm)
 
 void frmSchreibFortschritt::Form_Load() {
   FensterEinrichten();
+  // A stray key must not spoil a disc: the cancel button waits to be chosen.
+  FirstFocus = prog.FortschrittModus != kModusBrennen;
   init_frmSchreibFortschritt();
   SetTexte();
   constexpr int kRand = 75;  // twips around the ground

@@ -296,6 +296,9 @@ void HeadlessHands::Send(Form& form, const Stroke& stroke) {
     loop_.Deliver([&] { used = form.Form_KeyDown(stroke.Code, stroke.Control); });
   }
   Control* control = used ? nullptr : loop_.Focus(form);
+  if (control == nullptr && !used && stroke.Code == kKeyTab && loop_.Reachable(form)) {
+    return MoveFocus(form, stroke.Shift);
+  }
   if (control == nullptr || !Still(*control)) return;
   const auto through = [&](const std::function<void(int)>& handler) {
     return handler ? [handler, code = stroke.Code] { handler(code); } : std::function<void()>();

@@ -108,7 +108,7 @@ void HeadlessLoop::Activate(Form& form) {
   Deliver([&form] { form.Form_Activate(); });
   const auto& forms = Forms();
   if (std::find(forms.begin(), forms.end(), &form) == forms.end() || !form.Visible()) return;
-  if (states_[&form].Focus != nullptr) return;
+  if (states_[&form].Focus != nullptr || !form.FirstFocus) return;
   Control* first = nullptr;
   for (Control* control : form.Controls) {
     if (!TakesFocus(*control) || !control->Visible || !control->Enabled) continue;

@@ -99,11 +99,16 @@ void QtEventLoop::Core::Present(Form& form, bool modal) {
   Handle([&] { form.Form_Activate(); });
 }
 
-// The first control of the focus order, unless the program has chosen one.
+// The first control of the focus order, unless the program has chosen one or wants none: then the
+// window keeps the focus itself, as the toolkit would give it to a control.
 void QtEventLoop::Core::GiveFirstFocus(FormWindow& window) {
   if (window.isVisible()) return;
   window.OrderFocus();
   if (window.FocusControl() != nullptr) return;
+  if (!window.form()->FirstFocus) {
+    window.setFocus(Qt::OtherFocusReason);
+    return;
+  }
   const Control* first = nullptr;
   for (const Control* control : window.form()->Controls) {
     const Face* face = window.FaceOf(*control);
