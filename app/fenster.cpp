@@ -51,9 +51,11 @@ void VtrFenster::Knopf(PictureButton& knopf, std::function<void()> aktion) {
 void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& text) {
   schild.Caption = text;
   schild.Align = Alignment::Center;
+  schild.Of = &knopf;
   if (knopf.AccessibleName().empty()) knopf.AccessibleName = text;
   schild.MouseDown = [&knopf](int taste) {
-    if (taste == kLeftButton && !knopf.PicturePressed.empty()) knopf.Picture = knopf.PicturePressed;
+    if (taste != kLeftButton || !knopf.Enabled || knopf.PicturePressed.empty()) return;
+    knopf.Picture = knopf.PicturePressed;
   };
   schild.MouseUp = [&knopf](int) { KnopfBild(knopf); };  // also when it is let go beside it
   schild.Click = [this, &knopf] {

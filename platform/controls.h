@@ -140,7 +140,8 @@ class Label : public Control {
   Property<Text> Caption{*this, Text()};  // "&" marks no shortcut, line ends break the line
   Property<Alignment> Align{*this, Alignment::Left};
   Property<bool> WordWrap{*this, false};
-  bool TabStop = false;  // takes the focus; Return and the space bar then act as its click
+  bool TabStop = false;         // takes the focus; Return and the space bar then act as its click
+  const Control* Of = nullptr;  // the button that it is the caption of: with that it goes dim
 };
 
 // A button drawn from pictures; also a plain picture when no handler hangs on it.

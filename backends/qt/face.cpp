@@ -28,6 +28,12 @@ QString SpokenName(const Control& control) {
   if (!HasMouseHandler(control) && control.Kind() == ControlKind::PictureButton) return {};
   return look::FromText(control.ToolTipText);
 }
+bool Bright(const Control& control) {
+  if (!control.Enabled || control.Kind() != ControlKind::Label) return control.Enabled;
+  const Control* button = static_cast<const Label&>(control).Of;
+  return button == nullptr || button->Enabled;
+}
+
 
 }  // namespace
 
@@ -69,7 +75,7 @@ void Face::Sync() {
   if (widget_->toolTip() != tip) widget_->setToolTip(tip);
   const QString name = SpokenName(*shown);
   if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
-  widget_->setEnabled(shown->Enabled);
+  widget_->setEnabled(Bright(*shown));
   Apply(*shown);
   const bool visible = shown->Visible && !place.isEmpty();
   if (widget_->isHidden() == visible) widget_->setVisible(visible);

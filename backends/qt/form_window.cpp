@@ -170,6 +170,11 @@ void FormWindow::Sync() {
   const QScopedValueRollback<bool> syncing(syncing_, true);
   if (form_->Window.Dirty) ApplyFrame();
   for (Control* control : known_) {
+    if (control->Kind() != ControlKind::Label) continue;
+    const Control* button = static_cast<const Label*>(control)->Of;
+    if (button != nullptr && button->Dirty) control->Dirty = true;
+  }
+  for (Control* control : known_) {
     if (!control->Dirty) continue;
     Face* face = FaceOf(*control);
     if (face != nullptr && !face->Fits()) {
