@@ -53,9 +53,9 @@ void frmCDPlayer::TitelHolen() {
   f->init_frmSchreibFortschritt();
   f->lblSonstiges.Caption = LoadResString(5017);
   f->lblInsgKopie.Caption = LoadResString(5018);
-  f->lblAktKopie.Visible = false;
-  f->shpAktRahmen.Visible = false;
-  f->shpAktKopie.Visible = false;
+  f->TrackZeigen(false);
+  f->bKnightRider = true;
+  f->KnightRider(f->imgKnightRider, *f);
   prog.Zeigen(*f);
   tmrCDDB.Enabled = true;
   std::int16_t ergebnis = 1;

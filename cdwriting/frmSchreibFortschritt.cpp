@@ -2,6 +2,7 @@
 
 #include "app/programm.h"
 #include "cdinput/frmKomponenten.h"
+#include "cdwriting/frmCDBrennen.h"
 
 namespace vantora {
 
@@ -23,9 +24,9 @@ frmSchreibFortschritt::frmSchreibFortschritt(Programm& programm)
 }
 
 void frmSchreibFortschritt::Form_Load() {
-  FensterEinrichten();
   // A stray key must not spoil a disc: the cancel button waits to be chosen.
   FirstFocus = prog.FortschrittModus != kModusBrennen;
+  FensterEinrichten();
   init_frmSchreibFortschritt();
   SetTexte();
   constexpr int kRand = 75;  // twips around the ground
@@ -77,6 +78,18 @@ void frmSchreibFortschritt::init_frmSchreibFortschritt() {
                       &lblInsgKopiePro, &LblInsgKopieRestzeit, &lblInsgKopieSpeed,
                       &lblInsgKopieZeit, &lblKopieInsgAnz, &lblKopieNr, &lblKopieTrackNr}) {
     feld->Caption = L"--";
+  }
+  const bool einStueck = prog.FortschrittModus == kModusBrennen && prog.frmCDBrennen.Geladen() &&
+                         prog.frmCDBrennen().ModusDAO;  // the drive does not tell its tracks
+  TrackZeigen(!einStueck);
+}
+
+void frmSchreibFortschritt::TrackZeigen(bool sichtbar) {
+  for (Control* teil :
+       std::initializer_list<Control*>{&lblAktKopie, &shpAktRahmen, &shpAktKopie, &lblAktKopiePro,
+                                       &lblAktKopieSpeed, &lblAktKopieZeit, &LblAktKopieRestzeit,
+                                       &lblKopieTrackNr, &lblKopieNr, &lblKopieInsgAnz}) {
+    teil->Visible = sichtbar;
   }
 }
 

@@ -19,6 +19,8 @@ class frmSchreibFortschritt final : public VtrFenster {
   void Form_Close() override { imgAbbrechen_MouseUp(); }
 
   void init_frmSchreibFortschritt();
+  // The row of the current track and its numbers; a transfer that has no tracks goes without them.
+  void TrackZeigen(bool sichtbar);
   void ReadComplete();
   // Ends the operation, cancelled or not; what that means depends on the kind of transfer.
   void CloseMe(bool abbruch);

@@ -91,6 +91,33 @@ TEST_F(Brennen, ADiscAtOnceRunLendsThePausesToTheFilesAndTakesThemBack) {
   EXPECT_NE(Protokoll().find(") DAO\r\n"), std::string::npos);
 }
 
+TEST_F(Brennen, AStrayKeySpoilsNoDiscAndOnlyARunOfTracksShowsThem) {
+  Oeffnen({L"a", L"b"});
+  OhneHinweis();
+  b.platform.machine.writer.Faults.Pace = 1;
+  for (const bool dao : {true, false}) {
+    bool gesehen = false;
+    Fenster().optDiscAtOnce.SetValue(dao);
+    Fenster().optTrackAtOnce.SetValue(!dao);
+    b.platform.loop.PostAfter(4000, [&] {
+      frmSchreibFortschritt& f = b.prog.frmSchreibFortschritt();
+      for (const wchar_t* taste : {L"Return", L"Space"}) b.platform.hands.Key(f, taste);
+      EXPECT_TRUE(f.imgAbbrechen.Enabled());
+      for (const Control* teil : std::initializer_list<Control*>{
+               &f.shpAktRahmen, &f.shpAktKopie, &f.lblAktKopie, &f.lblKopieTrackNr,
+               &f.lblAktKopiePro, &f.lblKopieInsgAnz}) {
+        EXPECT_EQ(teil->Visible(), !dao);
+      }
+      b.platform.hands.Key(f, L"Tab");
+      b.platform.hands.Key(f, L"Return");
+      EXPECT_FALSE(f.imgAbbrechen.Enabled());
+      gesehen = true;
+    });
+    Brennt({kNein, kNein});
+    EXPECT_TRUE(gesehen);
+  }
+}
+
 TEST_F(Brennen, ACancelledDiscAtOnceRunLeavesTheSilenceInTheFiles) {
   Oeffnen({L"a", L"b"});
   const std::size_t a = Ton(b, L"a").size(), letzter = Ton(b, L"b").size();
