@@ -30,6 +30,7 @@ frmCDPlayer::frmCDPlayer(Programm& programm) : VtrFenster(programm, L"frmCDPlaye
   lstDriveLetter.Click = [this] { lstDriveLetter_Click(); };
   lstTracks.Click = [this] { lstTracks_Click(); };
   lstTracks.DblClick = [this] { lstTracks_DblClick(); };
+  lstTracks.Scroll = [this] { NameBeenden(); };  // it stands over its line
   lstTracks.KeyDown = [this](int taste) {
     if (taste == kKeyReturn) lstTracks_DblClick();
   };
@@ -371,6 +372,7 @@ void frmCDPlayer::Bewegen(int schritt) {
   const int ziel = Gewaehlt() + schritt;
   if (ziel < 1 || ziel > lstTracks.ListCount()) return;
   for (int i = 0; i < lstTracks.ListCount(); ++i) lstTracks.Select(i, i == ziel - 1);
+  NameBeenden();
   lstTracks.ListIndex = ziel - 1;
   AuswahlZaehlen();
   ShowData();
@@ -395,7 +397,7 @@ void frmCDPlayer::AuswahlZaehlen() {
 
 void frmCDPlayer::lstTracks_Click() {
   // The second click of a double click comes when the name is open already.
-  if (Gewaehlt() != namenZeile_ + 1) NameFertig();
+  if (Gewaehlt() != namenZeile_ + 1) NameBeenden();
   if (!Komponenten().CD_Check()) {
     prog.MsgBoxen(LoadResString(5001), kOk);
     AnzeigeLeeren();

@@ -118,7 +118,9 @@ class frmCDPlayer final : public VtrFenster {
   void TrackSpielen(int track);
   void Bewegen(int schritt);
   void AuswahlZaehlen();
-  void NameFertig();
+  void NameUebernehmen();  // what is typed becomes the track's name
+  void NameBeenden();      // the same when something was typed
+  void NameFertig();       // without it
   // saving
   std::vector<int> Auswahl() const;
   Text ZielName(int track) const;

@@ -70,7 +70,7 @@ Text frmCDPlayer::FreierName(int track, std::set<Text>& vergeben) const {
 
 void frmCDPlayer::imgSpeichern_MouseUp() {
   KnopfBild(imgSpeichern);
-  NameFertig();
+  NameBeenden();
   if (!Komponenten().CD_Check() || lstTracks.SelCount() == 0) return;
   // Under the names of the disc that was here before, nothing of another one is saved.
   if (AndereDisc()) {

@@ -15,7 +15,6 @@ namespace {
 
 constexpr int kModusGrab = 1;
 constexpr int kAnlaufMs = 500;
-constexpr int kZeilenHoehe = 240;  // twips of a line of the list
 constexpr wchar_t kApostroph = L'\'', kAkut = L'´';
 
 // What the user is told of a look-up that failed; 0 for nothing.
@@ -134,9 +133,11 @@ void frmCDPlayer::imgDBAufnahme_MouseUp() {
 void frmCDPlayer::lstTracks_DblClick() {
   const int track = Gewaehlt();
   if (track == 0) return;
+  NameBeenden();
   namenZeile_ = track - 1;
-  const int unterste = lstTracks.Top + lstTracks.Height - txtSongname.Height;
-  txtSongname.Top = std::min(lstTracks.Top + namenZeile_ * kZeilenHoehe, unterste);
+  const int letzteOberste = namenZeile_ - lstTracks.Height / kListLine + 1;
+  lstTracks.TopIndex = std::clamp(lstTracks.TopIndex(), letzteOberste, namenZeile_);
+  txtSongname.Top = lstTracks.Top + (namenZeile_ - lstTracks.TopIndex) * kListLine;
   txtSongname.Text = TrackName[static_cast<std::size_t>(track)];
   txtCDInfo.Visible = false;
   lblSongname.Visible = true;
@@ -146,20 +147,38 @@ void frmCDPlayer::lstTracks_DblClick() {
 
 bool frmCDPlayer::txtSongname_KeyPress(int taste) {
   if (taste != kKeyReturn) return true;
+  const int naechste = namenZeile_ + 1;
+  NameUebernehmen();
+  lstTracks.ListIndex = std::min(naechste, lstTracks.ListCount() - 1);
+  return false;
+}
+
+void frmCDPlayer::NameUebernehmen() {
   const int track = namenZeile_ + 1;
   if (track > 0 && track <= CDDaten.TrackAnzahl) {
     Text name = Trim(txtSongname.Text);
     ZeichenErsetzen(name, kApostroph, kAkut);
     TrackName[static_cast<std::size_t>(track)] = name.empty() ? StandardName(track) : name;
     ZeilenSchreiben();
-    lstTracks.ListIndex = std::min(track, lstTracks.ListCount() - 1);
   }
   NameFertig();
-  prog.plattform.schleife.SetFocus(lstTracks);
-  return false;
+}
+
+// Whoever goes on without Return has typed his name all the same; one that he has only looked at
+// stays as it is.
+void frmCDPlayer::NameBeenden() {
+  const auto track = static_cast<std::size_t>(namenZeile_ + 1);
+  if (track == 0) return;
+  if (track < TrackName.size() && txtSongname.Text() != TrackName[track]) {
+    NameUebernehmen();
+  } else {
+    NameFertig();
+  }
 }
 
 void frmCDPlayer::NameFertig() {
+  // Before the field goes, which would leave the focus to the next control, a button.
+  if (namenZeile_ >= 0) prog.plattform.schleife.SetFocus(lstTracks);
   namenZeile_ = -1;
   txtSongname.Visible = false;
   lblSongname.Visible = false;

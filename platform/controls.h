@@ -222,6 +222,8 @@ class ComboBox : public ListControl {
   std::optional<Text> Read(const Text& property) const override;
 };
 
+constexpr int kListLine = 240;  // twips; the height of a line of a list box
+
 class ListBox : public ListControl {
  public:
   using ListControl::ListControl;
@@ -233,6 +235,8 @@ class ListBox : public ListControl {
   bool Selected(int index) const;
   void Select(int index, bool selected);  // in a single list the others are cleared
   int SelCount() const;
+  Property<int> TopIndex{*this, 0};  // the first line in sight; who shows the list keeps it so
+  std::function<void()> Scroll;      // the user has moved the lines
 
  private:
   std::vector<bool> selected_;

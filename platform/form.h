@@ -167,6 +167,7 @@ inline std::optional<Text> ComboBox::Read(const vantora::Text& property) const {
 
 inline std::optional<Text> ListBox::Read(const Text& property) const {
   if (property == L"SelCount") return detail::NumberText(SelCount());
+  if (property == L"TopIndex") return detail::NumberText(TopIndex);
   return ListControl::Read(property);
 }
 

@@ -14,6 +14,14 @@ std::string Narrow(const Text& name) {
   return narrow;
 }
 
+// The line that a list stands on is in sight, and no room is left below the last one.
+void KeepInSight(ListBox& list) {
+  const int lines = std::max(list.Height / kListLine, 1);
+  int top = std::min(list.TopIndex(), std::max(list.ListCount() - lines, 0));
+  if (list.ListIndex >= 0) top = std::clamp(top, list.ListIndex - lines + 1, list.ListIndex());
+  list.TopIndex = std::max(top, 0);
+}
+
 }  // namespace
 
 // ---- windows ----
@@ -374,7 +382,10 @@ void HeadlessLoop::Paint() {
     }
     if (!std::exchange(form->Dirty, false)) continue;
     for (Control* control : form->Controls) {
-      if (std::exchange(control->Dirty, false)) ++paints_;
+      if (!control->Dirty) continue;
+      if (auto* list = dynamic_cast<ListBox*>(control)) KeepInSight(*list);
+      control->Dirty = false;
+      ++paints_;
     }
     if (std::exchange(form->Window.Dirty, false)) ++paints_;
   }

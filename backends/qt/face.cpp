@@ -4,7 +4,6 @@
 #include "backends/qt/look.h"
 
 #include <QMouseEvent>
-#include <QTextDocument>
 
 #include <algorithm>
 
@@ -28,12 +27,12 @@ QString SpokenName(const Control& control) {
   if (!HasMouseHandler(control) && control.Kind() == ControlKind::PictureButton) return {};
   return look::FromText(control.ToolTipText);
 }
+
 bool Bright(const Control& control) {
   if (!control.Enabled || control.Kind() != ControlKind::Label) return control.Enabled;
   const Control* button = static_cast<const Label&>(control).Of;
   return button == nullptr || button->Enabled;
 }
-
 
 }  // namespace
 
@@ -70,8 +69,7 @@ void Face::Sync() {
   if (widget_->geometry() != place) widget_->setGeometry(place);
   const QFont font = look::FontOf(shown->FontSize, shown->FontBold);
   if (widget_->font() != font) widget_->setFont(font);
-  QString tip = look::FromText(shown->ToolTipText);
-  if (Qt::mightBeRichText(tip)) tip = tip.toHtmlEscaped();
+  const QString tip = look::Tip(look::FromText(shown->ToolTipText));
   if (widget_->toolTip() != tip) widget_->setToolTip(tip);
   const QString name = SpokenName(*shown);
   if (widget_->accessibleName() != name) widget_->setAccessibleName(name);

@@ -9,12 +9,16 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 
 namespace vantora {
 
@@ -228,6 +232,27 @@ class OpenList final : public QListWidget {
   using QListWidget::viewportEvent;
 };
 
+// No line is wider than its list: one that is too long loses its middle, as what stands at its end
+// belongs in sight, and its tooltip tells all of it.
+class LineDelegate final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const int needed = QStyledItemDelegate::sizeHint(option, index).height();
+    const bool small = option.fontMetrics.height() <= look::Pixels(kListLine);
+    return {1, small ? look::Pixels(kListLine) : needed};
+  }
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const QSize needed = QStyledItemDelegate::sizeHint(option, index);
+    if (!index.isValid() || needed.width() <= view->visualRect(index).width()) return false;
+    QToolTip::showText(event->globalPos(), look::Tip(index.data().toString()), view);
+    return true;
+  }
+};
+
 class ListFace final : public Face {
  public:
   ListFace(ListBox& box, FormWindow& window) : ListFace(box, window, new OpenList(&window)) {}
@@ -256,6 +281,17 @@ class ListFace final : public Face {
     list_->setSelectionMode(box.MultiSelect ? QAbstractItemView::ExtendedSelection
                                             : QAbstractItemView::SingleSelection);
     list_->setUniformItemSizes(true);
+    list_->setItemDelegate(new LineDelegate(list_));
+    list_->setTextElideMode(Qt::ElideMiddle);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QObject::connect(list_->verticalScrollBar(), &QScrollBar::valueChanged, list_, [this](int top) {
+      Take([&](Control& taken) { static_cast<ListBox&>(taken).TopIndex = top; });
+      top_ = top;
+      if (this->window().Syncing()) return;
+      Fire([](Control& told) {
+        if (const auto scroll = static_cast<ListBox&>(told).Scroll) scroll();
+      });
+    });
     QObject::connect(list_, &QListWidget::itemSelectionChanged, list_, [this] {
       if (this->window().Syncing()) return;
       TakeChoice();
@@ -284,6 +320,8 @@ class ListFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const ListBox&>(control);
+    const int top = box.TopIndex;
+    const bool moved = top != top_;
     Colour(*list_, "QListWidget", box);
     while (list_->count() > box.ListCount()) delete list_->takeItem(list_->count() - 1);
     for (int i = 0; i < box.ListCount(); ++i) {
@@ -301,9 +339,11 @@ class ListFace final : public Face {
       QListWidgetItem* item = list_->item(i);
       if (item->isSelected() != box.Selected(i)) item->setSelected(box.Selected(i));
     }
+    if (moved) list_->verticalScrollBar()->setValue(top);
   }
 
   OpenList* list_;
+  int top_ = 0;  // the first line in sight, as both the widget and the list know it
   bool changed_ = false;
 };
 

@@ -7,6 +7,7 @@
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QTextDocument>
 #include <QToolTip>
 
 #include <cmath>
@@ -188,6 +189,10 @@ QRect Pixels(const Control& control) {
   const int left = Pixels(control.Left), top = Pixels(control.Top);
   return QRect(left, top, Pixels(control.Left + control.Width) - left,
                Pixels(control.Top + control.Height) - top);
+}
+
+QString Tip(const QString& words) {
+  return Qt::mightBeRichText(words) ? words.toHtmlEscaped() : words;
 }
 
 QString Plain(const Text& caption) {

@@ -28,6 +28,7 @@ QFont FontOf(int points, bool bold);   // at 96 dots an inch, whatever the scree
 QRect Pixels(const Control& control);  // edges are rounded, so that neighbours meet
 int Pixels(int twips);
 // A caption without the "&" that marks a letter, which no window uses.
+QString Tip(const QString& words);  // as a tooltip shows them, and not as rich text
 QString Plain(const Text& caption);
 
 // The rounded panel that stands for buttons without a picture and for pictures that are missing.

@@ -132,6 +132,40 @@ TEST_F(CDPlayer, SelectedTracksBecomeWavesAndEnterTheCatalog) {
   EXPECT_EQ(b.Titel().size(), 3U);
 }
 
+TEST_F(CDPlayer, ANameIsTypedOverItsLineAndKeptHoweverThePersonGoesOn) {
+  Laufwerk().Disc.assign(40, {75 * 3});
+  Oeffnen();
+  frmCDPlayer& f = Player();
+  const auto tippt = [&](int zeile, const Text& name) {
+    Waehlt({zeile});
+    b.platform.hands.DoubleClick(f.lstTracks);
+    EXPECT_EQ(f.txtSongname.Top(),
+              f.lstTracks.Top + (zeile - 1 - f.lstTracks.TopIndex) * kListLine);
+    EXPECT_LE(f.txtSongname.Top + f.txtSongname.Height, f.lstTracks.Top + f.lstTracks.Height);
+    b.platform.hands.Type(f.txtSongname, name);
+  };
+  const std::pair<int, std::function<void()>> wege[] = {
+      {1, [&] { Waehlt({2}); }},
+      {30, [&] { f.lstTracks.Scroll(); }},
+      {40, [&] { Druecke(f.cmdLetztesLied); }},
+      {3, [&] { Mit({kNein}, [&] { Druecke(f.imgDBAufnahme); }); }},
+      {20, [&] { b.platform.hands.Key(f, L"Return"); }},
+  };
+  for (const auto& [zeile, weiter] : wege) {
+    tippt(zeile, L"Canto");
+    weiter();
+    EXPECT_TRUE(Zeilen()[static_cast<std::size_t>(zeile) - 1].starts_with(L"Canto  ")) << zeile;
+    EXPECT_FALSE(f.txtSongname.Visible()) << zeile;
+  }
+  tippt(7, L"Nada");
+  b.platform.hands.Key(f, L"Escape");
+  EXPECT_EQ(f.TrackName[7], L"Pista07");
+  f.TrackName[8] = L"L'amour";
+  tippt(8, L"L'amour");
+  Waehlt({9});
+  EXPECT_EQ(f.TrackName[8], L"L'amour") << "nobody has typed another";
+}
+
 TEST_F(CDPlayer, NoTwoTracksAreWrittenOverEachOther) {
   const std::vector<std::pair<std::vector<Text>, std::vector<Text>>> faelle = {
       {{L"pista02"}, {L"Pista01", L"Pista02", L"Pista03"}},

@@ -1,7 +1,9 @@
 #include "tests/qt/stage.h"
 
 #include <QApplication>
+#include <QListWidget>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QWidget>
 
 #include <algorithm>
@@ -19,6 +21,14 @@ double MsOf(const std::function<void()>& work) {
   work();
   return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
       .count();
+}
+
+QWidget* Find(const char* name) {
+  const QWidgetList all = QApplication::allWidgets();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const QWidget* widget) {
+    return widget->objectName() == QLatin1String(name);
+  });
+  return found == all.end() ? nullptr : *found;
 }
 
 TEST_F(Stage, TheWindowThatComesBackToTheFrontIsToldOncePerModalWindow) {
@@ -47,16 +57,13 @@ TEST_F(Stage, AClickOnADisabledWindowReachesNoHandlerNotEvenThatOfALabel) {
   int clicks = 0;
   form.lblTitle.Click = [&clicks] { ++clicks; };
   const auto click = [] {
-    const QWidgetList all = QApplication::allWidgets();
-    const auto label = std::find_if(all.begin(), all.end(), [](const QWidget* widget) {
-      return widget->objectName() == QLatin1String("lblTitle");
-    });
-    ASSERT_NE(label, all.end());
+    QWidget* label = Find("lblTitle");
+    ASSERT_NE(label, nullptr);
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
       const QPointF place(2, 2);
-      QMouseEvent event(type, place, (*label)->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+      QMouseEvent event(type, place, label->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
                         Qt::NoModifier);
-      QApplication::sendEvent(*label, &event);
+      QApplication::sendEvent(label, &event);
     }
   };
   person
@@ -70,6 +77,55 @@ TEST_F(Stage, AClickOnADisabledWindowReachesNoHandlerNotEvenThatOfALabel) {
       })
       .Then([&] { click(); })
       .Then([&] { EXPECT_EQ(clicks, 1); });
+  Play(form);
+}
+
+TEST_F(Stage, ALongListIsFollowedLineByLineAndNeverScrollsSideways) {
+  FullForm form(loop);
+  while (form.lstMany.ListCount() < 40) form.lstMany.AddItem(Text(200, L'm'));
+  int scrolled = 0;
+  form.lstMany.Scroll = [&] { ++scrolled; };
+  QListWidget* list = nullptr;
+  person.Then([&] {
+    list = qobject_cast<QListWidget*>(Find("lstMany"));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(list->visualItemRect(list->item(0)).height(), kListLine / 15);
+    form.lstMany.ListIndex = 30;
+  });
+  person.Then([&] {
+    EXPECT_EQ(list->row(list->itemAt(3, 3)), form.lstMany.TopIndex());
+    EXPECT_GT(form.lstMany.TopIndex(), 20);
+    EXPECT_EQ(scrolled, 0) << "the program has moved it, and not the user";
+    list->verticalScrollBar()->setValue(5);
+    EXPECT_EQ(form.lstMany.TopIndex(), 5);
+    EXPECT_EQ(scrolled, 1);
+    form.lstMany.TopIndex = 12;
+  });
+  person.Then([&] { EXPECT_EQ(list->row(list->itemAt(3, 3)), 12); });
+  Play(form);
+}
+
+TEST_F(Stage, ACaptionGoesDimWithItsButtonAndNoStrayKeyPressesAButtonThatWaits) {
+  FullForm form(loop);
+  form.FirstFocus = false;
+  form.lblTitle.Of = &form.imgButton;
+  person.Then([&] { hands.Key(form, L"Return"); })
+      .Then([&] {
+        EXPECT_EQ(form.Count("button 1"), 0);
+        EXPECT_TRUE(Find("lblTitle")->isEnabled());
+        form.imgButton.Enabled = false;
+      })
+      .Then([&] {
+        EXPECT_FALSE(Find("lblTitle")->isEnabled());
+        form.imgButton.Enabled = true;
+      })
+      .Then([&] {
+        EXPECT_TRUE(Find("lblTitle")->isEnabled());
+        hands.Key(form, L"Tab");
+      })
+      .Then([&] { hands.Key(form, L"Return"); })
+      .Then([&] { EXPECT_EQ(form.Count("button 1"), 1); });
   Play(form);
 }
 

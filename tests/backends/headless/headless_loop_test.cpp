@@ -168,6 +168,23 @@ TEST_F(Room, HandsRefuseWhatAPersonCouldNotDo) {
   EXPECT_EQ(form.Log, std::vector<std::string>{"activate"});
 }
 
+TEST_F(Room, AListKeepsTheLineItStandsOnInSightAndAWindowCanWantNoFirstFocus) {
+  FullForm form(loop);
+  form.FirstFocus = false;
+  while (form.lstMany.ListCount() < 40) form.lstMany.AddItem(L"muchos");
+  const int lines = form.lstMany.Height / kListLine;
+  const std::pair<int, int> tops[] = {{40, 40 - lines}, {38, 40 - lines}, {20, 19}, {22, 19}};
+  person.Then([&] { hands.Key(form, L"Return"); });
+  for (const auto& [row, top] : tops) {
+    person.Then([&, row = row] { hands.Select(form.lstMany, {row}); });
+    person.Then([&, row = row, top = top] { EXPECT_EQ(form.lstMany.TopIndex(), top) << row; });
+  }
+  person.Then([&] { form.lstMany.Clear(); });
+  person.Then([&] { EXPECT_EQ(form.lstMany.TopIndex(), 0); });
+  Play(form);
+  EXPECT_EQ(form.Log, (std::vector<std::string>{"activate"})) << "Return reached no button";
+}
+
 TEST_F(Room, HandsDoWhatAPersonDoesAndHandlersHearOfIt) {
   FullForm form(loop);
   std::string said;
