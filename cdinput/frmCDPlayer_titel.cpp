@@ -118,7 +118,16 @@ void frmCDPlayer::tmrCDDB_Timer() {
 // keeps its performer apart from its title. Of a disc whose titles were not fetched now, the file
 // may hold those that were fetched before: they stay.
 void frmCDPlayer::imgDBAufnahme_MouseUp() {
-  if (!DiscDa() || !gefunden_ || AndereDisc()) return;
+  NameBeenden();
+  if (!DiscDa()) return;
+  if (AndereDisc()) {
+    lstDriveLetter_Click();
+    return;
+  }
+  if (!gefunden_) {
+    prog.MsgBoxen(LoadResString(30030), kOk);
+    return;
+  }
   CDDBInfo info = *gefunden_;
   for (std::size_t i = 1; i < TrackName.size() && i < info.TrackTitel.size(); ++i) {
     if (TrackName[i] == NameAus(info, i)) continue;
@@ -126,6 +135,7 @@ void frmCDPlayer::imgDBAufnahme_MouseUp() {
     info.TrackInterpret[i].clear();
   }
   CDPlayerIniSchreiben(prog, Komponenten().AktCDDrive, info);
+  lblStatus.Caption = LoadResString(30031);
 }
 
 // ---- typing ----

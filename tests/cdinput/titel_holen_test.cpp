@@ -4,6 +4,8 @@
 #include "tests/cdinput/cd_stage.h"
 #include "tests/cdinput/cddb_stage.h"
 
+#include <set>
+
 namespace vantora {
 namespace {
 
@@ -59,6 +61,7 @@ TEST_F(TitelHolen, TheTitlesOfTheServerAreShownKeptAndSaved) {
   EXPECT_NE(cd->player.Tracks(), 0);
   Player().TrackName[1] = L"La estrella";
   Druecke(Player().imgDBAufnahme);
+  EXPECT_EQ(Player().lblStatus.Caption(), Sagt(30031));
   EXPECT_EQ(Ini(L"title"), L"Qu' noche");
   EXPECT_EQ(Ini(L"0"), L"La estrella");
   EXPECT_EQ(Ini(L"1"), L"Ana  - Luna");
@@ -74,7 +77,8 @@ TEST_F(TitelHolen, WhatIsNotKnownGarbledOrOutOfReachIsToldAndTheDiscCanBePlayed)
   andere.Knows("rock", test::CddbStage::kId, "DTITLE=nada\r\nTTITLE300=x\r\n");
   SaveSetting(b.bundle, L"CDDB_Server", test::CddbStage::Wide(andere.Address()));
   EXPECT_EQ(Fragt({kJa, kNein}), (std::vector<Text>{Sagt(5011), Sagt(5012)}));
-  Druecke(Player().imgDBAufnahme);
+  Mit({kNein}, [this] { Druecke(Player().imgDBAufnahme); });
+  EXPECT_EQ(b.Gesagt(), std::vector<Text>{Sagt(30030)});
   EXPECT_EQ(Ini(L"numtracks"), L"") << "what was filed before must not give way to nothing";
   SaveSetting(b.bundle, L"CDDB_Server", L"127.0.0.1:1");
   EXPECT_EQ(Fragt({kJa, kNein}), (std::vector<Text>{Sagt(5011), Sagt(5014)}));
@@ -88,10 +92,23 @@ TEST_F(TitelHolen, WhatIsNotKnownGarbledOrOutOfReachIsToldAndTheDiscCanBePlayed)
 
 TEST_F(TitelHolen, TheCancelOfTheProgressWindowEndsTheLookUp) {
   server.Faults.Silent = true;
-  BrichtAb();
+  std::set<double> licht;
+  const std::function<void()> schaut = [&] {
+    b.platform.loop.PostAfter(20, [&] {
+      if (!b.prog.frmSchreibFortschritt.Geladen()) return schaut();
+      vantora::frmSchreibFortschritt& f = b.prog.frmSchreibFortschritt();
+      licht.insert(f.imgKnightRider.ClipTop());
+      if (licht.size() < 4) return schaut();
+      EXPECT_FALSE(f.shpAktRahmen.Visible() || f.lblKopieTrackNr.Visible()) << "there is no track";
+      EXPECT_TRUE(f.shpInsgRahmen.Visible());
+      Druecke(f.imgAbbrechen);
+    });
+  };
+  schaut();
   EXPECT_EQ(Fragt({kJa}), (std::vector<Text>{Sagt(5011)}));
   EXPECT_EQ(Player().lstTracks.ListCount(), 2);
   EXPECT_FALSE(b.prog.frmSchreibFortschritt.Geladen());
+  EXPECT_EQ(licht.size(), 4U) << "the light runs while the program waits";
 }
 
 TEST_F(TitelHolen, WhoCancelsBeforeTheServerIsAskedGetsNoTitlesOfAQuickOne) {
