@@ -69,8 +69,9 @@ void frmCDPlayer::SetTexte() {
   Beschriften(lblButtCaption(1), imgSpeichern, LoadResString(5216));
   Beschriften(lblButtCaption(2), imgDBAufnahme, LoadResString(5214));
   Beschriften(lblButtCaption(3), imgSchliessen, LoadResString(5205));
-  cmdNextSong.AccessibleName = LoadResString(5203);
-  cmdLetztesLied.AccessibleName = LoadResString(5204);
+  cmdNextSong.AccessibleName = LoadResString(30032);
+  cmdLetztesLied.AccessibleName = LoadResString(30033);
+  txtSongname.AccessibleName = LoadResString(5218);
   lblStatus.Caption = L"";
   AnzeigeLeeren();
   NameFertig();
@@ -84,6 +85,9 @@ void frmCDPlayer::SetTexte() {
   hinweis(imgPlay, 5404);
   hinweis(imgPause, 5405);
   hinweis(imgStop, 5406);
+  hinweis(cmdNextSong, 30032);
+  hinweis(cmdLetztesLied, 30033);
+  hinweis(txtSongname, 5218);
   hinweis(imgDBAufnahme, 5407);
   hinweis(imgAllesWaehlen, 5408);
   hinweis(imgSpeichern, 5409);

@@ -84,6 +84,8 @@ void frmDatenbank::SetTexte() {
   Beschriften(lblButtCaption(kSchliessen), imgSchliessen, LoadResString(5205));
   txtSuchtext.ToolTipText = LoadResString(6005);
   txtSuchtext.AccessibleName = LoadResString(6402);
+  chkLabel.ToolTipText = LoadResString(30034);
+  chkLiedTitel.ToolTipText = LoadResString(30035);
   lstInterpreten.ToolTipText = LoadResString(6400);
   lstTitel.ToolTipText = LoadResString(6401);
   imgSuchen.ToolTipText = LoadResString(6416);
