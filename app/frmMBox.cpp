@@ -14,7 +14,7 @@ frmMBox::frmMBox(Programm& programm) : VtrFenster(programm, L"frmMBox") {
   for (int i = 0; i < picMboxButton.Count(); ++i) {
     Knopf(picMboxButton(i), [this, i] { picMboxButton_MouseUp(i); });
   }
-  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  Knopf(imgHelp, [this] { HilfeZeigen(); });
 }
 
 void frmMBox::Form_Load() {
@@ -41,7 +41,13 @@ void frmMBox::KnopfZeigen(int index, bool sichtbar) {
   lblButtCaption(index).Visible = sichtbar;
 }
 
+void frmMBox::HilfeZeigen() {
+  prog.Hilfe(dahinter_.empty() ? Name : dahinter_);
+}
+
 void frmMBox::Vorbereiten(const Text& text, int flags, const Text& titel, bool nichtMehrZeigen) {
+  const Form* vorn = prog.plattform.schleife.Front();
+  if (vorn != nullptr && vorn != this) dahinter_ = vorn->Name;
   lblMbTitel.Caption = titel;
   lblMbMeldung.Caption = text;
   cbxNotShow.Visible = nichtMehrZeigen;
@@ -84,7 +90,9 @@ bool frmMBox::Form_KeyDown(int taste, bool strg) {
     Release(picMboxButton(index));
     return true;
   }
-  return VtrFenster::Form_KeyDown(taste, strg);
+  if (taste != kKeyF1) return VtrFenster::Form_KeyDown(taste, strg);
+  HilfeZeigen();
+  return true;
 }
 
 }  // namespace vantora

@@ -29,6 +29,9 @@ class frmMBox final : public VtrFenster {
 
  private:
   void KnopfZeigen(int index, bool sichtbar);
+  void HilfeZeigen();  // of the window behind: what the message is about
+
+  Text dahinter_;  // name of that window; blank when there is none
 };
 
 }  // namespace vantora

@@ -77,6 +77,31 @@ TEST(Dienste, AWaitEndsEarlyWhenTheJobIsCancelled) {
   EXPECT_LT(b.platform.clock.Ticks() - dann, 1000);
 }
 
+TEST(Meldung, HelpIsOpenedAtThePageOfTheWindowThatAMessageIsAbout) {
+  Buehne b;
+  b.Start();
+  b.Macht([&](Form& box) {
+    b.platform.hands.Key(box, L"F1");
+    b.platform.hands.Press(dynamic_cast<frmMBox&>(box).imgHelp);
+    b.platform.hands.Key(box, L"Return");
+  });
+  b.Tu([&] { b.prog.MsgBoxen(L"Algo", kHinweis); });
+  const auto& geoeffnet = b.platform.system.HelpOpened;
+  ASSERT_EQ(geoeffnet.size(), 2U);
+  for (const auto& [datei, seite] : geoeffnet) EXPECT_EQ(seite, L"frmHauptForm");
+}
+
+TEST(Meldung, TheWordsOfALibraryAreForTheLogAlone) {
+  Buehne b;
+  b.Start();
+  b.prog.LogAktiv = true;
+  b.Antwortet(kNein);
+  b.Tu([] { throw Laufzeitfehler(kFehlerEinAusgabe, L"No responde.", L"no such device"); });
+  EXPECT_EQ(b.Gesagt().back().find(L"no such device"), Text::npos);
+  EXPECT_NE(b.Lies(L"C:\\Vantora\\vantora.APL").find("57 No responde.: no such device"),
+            std::string::npos);
+}
+
 TEST(Meldung, TheBoxAnswersByButtonAndByKey) {
   Buehne b;
   b.Start();
