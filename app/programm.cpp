@@ -106,7 +106,8 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   const bool brennt = frmKomponenten.Geladen() && frmKomponenten().BrennLaeuft;
   if (vorn != nullptr && !brennt) vorn->Window.Enabled = true;
   try {
-    AppLog(L"Laufzeitfehler", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
+    const vantora::Text grund = fehler.Grund.empty() ? L"" : L": " + fehler.Grund;
+    AppLog(L"Laufzeitfehler", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + grund);
   } catch (const Laufzeitfehler&) {
     LogAktiv = false;  // a log that cannot be written would fail at every further line
   }

@@ -29,13 +29,15 @@ enum Fehlernummer : int {
 
 class Laufzeitfehler : public std::runtime_error {
  public:
-  Laufzeitfehler(int nummer, Text text)
+  Laufzeitfehler(int nummer, Text text, Text grund = {})
       : std::runtime_error("run-time error " + std::to_string(nummer)),
         Nummer(nummer),
-        Beschreibung(std::move(text)) {}
+        Beschreibung(std::move(text)),
+        Grund(std::move(grund)) {}
 
   int Nummer;         // one of Fehlernummer
   Text Beschreibung;  // one sentence, shown as it stands
+  Text Grund;         // in the words of a library, for the log alone; may be blank
 };
 
 // Thrown where the program ends on the spot. It is no error and no std::exception, so that nothing

@@ -17,8 +17,8 @@ constexpr unsigned kLatencyUs = 200'000;
 
 [[noreturn]] void Refused(long error) {
   const std::string words = snd_strerror(static_cast<int>(error));
-  throw Laufzeitfehler(kFehlerEinAusgabe, L"La tarjeta de sonido no responde: " +
-                                              Text(words.begin(), words.end()) + L".");
+  throw Laufzeitfehler(kFehlerEinAusgabe, L"La tarjeta de sonido no responde.",
+                       Text(words.begin(), words.end()));
 }
 
 }  // namespace
