@@ -42,6 +42,8 @@ void TrackRead::GiveUp() {
 int TrackRead::Slice() noexcept {
   int code = kFehlerEinAusgabe;
   try {
+    // A slow drive takes seconds for what a careful read begins with.
+    if (done_ == 0) TellPosition(true);
     if (Move()) return Delay();
     Header();
     file_.reset();
