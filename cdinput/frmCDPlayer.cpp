@@ -372,11 +372,11 @@ void frmCDPlayer::imgStop_MouseUp() {
 }
 
 void frmCDPlayer::Bewegen(int schritt) {
+  NameBeenden();
   if (!DiscDa()) return;
   const int ziel = Gewaehlt() + schritt;
   if (ziel < 1 || ziel > lstTracks.ListCount()) return;
   for (int i = 0; i < lstTracks.ListCount(); ++i) lstTracks.Select(i, i == ziel - 1);
-  NameBeenden();
   lstTracks.ListIndex = ziel - 1;
   AuswahlZaehlen();
   ShowData();
