@@ -177,8 +177,8 @@ void frmCDPlayer::NameUebernehmen() {
 // Whoever goes on without Return has typed his name all the same; one that he has only looked at
 // stays as it is.
 void frmCDPlayer::NameBeenden() {
-  const auto track = static_cast<std::size_t>(namenZeile_ + 1);
-  if (track == 0) return;
+  if (namenZeile_ < 0) return;
+  const auto track = static_cast<std::size_t>(namenZeile_) + 1;
   if (track < TrackName.size() && txtSongname.Text() != TrackName[track]) {
     NameUebernehmen();
   } else {
