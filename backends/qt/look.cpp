@@ -235,7 +235,7 @@ QString FieldSheet(const char* kind, Color fore, Color back) {
   QString rule;
   if (fore != kWords) rule += QStringLiteral("color: %1;").arg(Of(fore).name());
   if (back != kTransparent) rule += QStringLiteral("background-color: %1;").arg(Of(back).name());
-  const QString sheet = QString::fromLatin1(kFields);
+  QString sheet = QString::fromLatin1(kFields);
   if (rule.isEmpty()) return sheet;
   return sheet + QStringLiteral("%1 { %2 }").arg(QLatin1String(kind), rule);
 }
