@@ -6,7 +6,7 @@ makewave "C:\Música\Azul oscuro.wav" 214 330
 makewave "C:\Música\Bajo la lluvia.wav" 187 220
 makewave "C:\Música\El faro.wav" 243 440
 makewave "C:\Música\Última luz.wav" 168 262
-makemp3 "C:\Música\Mar abierto.mp3" 40 294
+makemp3 "C:\Música\Mar abierto.mp3" 480 294
 # the splash window stands behind a message that comes early
 sound off
 start
@@ -64,7 +64,7 @@ shot frmLoadSave_@SIZE@.png
 key frmLoadSave Escape
 writer pace 16
 press frmHauptForm.imgLiedImport
-after 40 shot frmSchreibFortschritt_mp3_@SIZE@.png
+after 2500 shot frmSchreibFortschritt_mp3_@SIZE@.png
 choose "C:\Música\Mar abierto.mp3"
 key frmNeuerInterpret Return
 press frmHauptForm.imgLPKopieren
