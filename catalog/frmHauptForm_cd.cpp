@@ -133,6 +133,7 @@ void frmHauptForm::KopieBrennen() {
   lvwKatalog.ListItems.Clear();
   KatalogShow();
   prog.CDKopieAktiv = true;
+  prog.KopieDateien = prog.GrabDateien;
   const bool dao = prog.frmCDBrennen().optDiscAtOnce.Enabled &&
                    prog.MsgBoxen(LoadResString(8086), kJaNein) == kJa;
   if (dao) {

@@ -116,7 +116,6 @@ bool frmCDPlayer::ZieleBestimmen() {
   prog.GrabDateien.clear();
   prog.GrabNamen.clear();
   prog.GrabInterpret = CDDaten.Interpret;
-  prog.CDKopieAktiv = false;  // the list no longer holds the waves of a copy
   std::set<Text> vergeben;
   for (const int track : Auswahl()) {
     if (!HatNamen(track)) vergeben.insert(AlsDatei(ZielName(track)));

@@ -109,12 +109,12 @@ void frmKomponenten::LaufwerkeMelden() {
   }
 }
 
-Text frmKomponenten::SCSILaufwerkSuchen(const Text& produkt, const Text& ziel,
-                                        const Text& lun) const {
+Text frmKomponenten::SCSILaufwerkSuchen(const Text& Produkt, const Text& Ziel,
+                                        const Text& LUN) const {
   Registry& registry = prog.plattform.registry;
   Text geraet;
   for (const Text& name : registry.SubKeys(kScsiZweig)) {
-    if (!Enthaelt(Ucase(name), Trim(produkt))) continue;
+    if (!Enthaelt(Ucase(name), Trim(Produkt))) continue;
     geraet = name;
     break;
   }
@@ -125,7 +125,7 @@ Text frmKomponenten::SCSILaufwerkSuchen(const Text& produkt, const Text& ziel,
     schluessel += name;
     const auto wert = [&](const wchar_t* was) { return Trim(registry.Value(schluessel, was)); };
     Text buchstabe = wert(L"CurrentDriveLetterAssignment");
-    if (Val(wert(L"SCSILUN")) != Val(lun) || Val(wert(L"SCSITargetID")) != Val(ziel)) continue;
+    if (Val(wert(L"SCSILUN")) != Val(LUN) || Val(wert(L"SCSITargetID")) != Val(Ziel)) continue;
     if (prog.plattform.laufwerke.GetDriveType(buchstabe + L":\\") == kDriveCdRom) return buchstabe;
   }
   return Text();
@@ -194,10 +194,13 @@ void frmKomponenten::CD_SetFormatTMSF() {
 
 // The drive gets several tries, as it may still be spinning up.
 void frmKomponenten::CD_Open(const Text& laufwerk) {
+  constexpr bool Win98Art = true;  // the control knows a drive by its root, not by its letter
   int versuche = kVersuche;
   do {
     CD_Close();
-    if (ACD.DriveCount() >= 2) CD.FileName(Ucase(AddBackslash(laufwerk)));
+    if (ACD.DriveCount() >= 2) {
+      CD.FileName(Ucase(Win98Art ? AddBackslash(laufwerk) : Links(laufwerk, 2)));
+    }
     CD.DeviceType(L"CDAudio");
     CD.UpdateInterval(kStatusMs);
     CD.Command(L"Open");

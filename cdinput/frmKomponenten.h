@@ -23,8 +23,8 @@ class frmKomponenten final : public VtrFenster {
   void LaufwerkeLesen(std::vector<Text>& liste) const;    // root and class of every drive
   void CDLaufwerkeLesen(std::vector<Text>& liste) const;  // roots of the CD drives, from index 1
   void LaufwerkeMelden();                                 // traces the devices and their letters
-  // Letter of a SCSI device; `produkt` in upper case. Blank when the registry does not know it.
-  Text SCSILaufwerkSuchen(const Text& produkt, const Text& ziel, const Text& lun) const;
+  // Letter of a SCSI device; `Produkt` in upper case. Blank when the registry does not know it.
+  Text SCSILaufwerkSuchen(const Text& Produkt, const Text& Ziel, const Text& LUN) const;
   bool AutoInsertAktiv() const;
   void ACD_INIT();
   void ACD_Open();

@@ -40,7 +40,7 @@ class GrabLauf {
   void Zaehler(std::size_t nummer, int track);
   void NachAbbruch();
   void FensterSperren(bool gesperrt);
-  void Aufraeumen();
+  void Aufraeumen(Ausgang ausgang);
   void Spur(const Text& text) { prog.AppLog(kOrt, text); }
 
   Programm& prog;
@@ -153,14 +153,15 @@ void GrabLauf::NachAbbruch() {
   komponenten.ACD.CloseDevice();
   prog.Pausieren(kAbbruchMs);
   komponenten.ACD.ResetDevice();
+  FensterSperren(false);  // not before: the drive was not to be had
   prog.MsgBoxen(prog.Text(23007) + kZeilenEnde, kOk);
   prog.GrabAbbruch = false;
 }
 
-void GrabLauf::Aufraeumen() {
+void GrabLauf::Aufraeumen(Ausgang ausgang) {
   prog.GrabLaeuft = false;
   prog.frmSchreibFortschritt.Entladen();
-  FensterSperren(false);
+  if (ausgang != Ausgang::Abbruch) FensterSperren(false);
   prog.plattform.schleife.MousePointer(Pointer::Normal);
 }
 
@@ -174,12 +175,12 @@ int GrabLauf::Laufen() {
       ausgang = EinTrack(i);
     }
   } catch (...) {
-    Aufraeumen();
+    Aufraeumen(Ausgang::Lesefehler);
     komponenten.ACD_Close();
     throw;
   }
   Spur(L"Ready Loop read Tracks");
-  Aufraeumen();
+  Aufraeumen(ausgang);
   if (ausgang == Ausgang::Abbruch) {
     NachAbbruch();
     return 1;

@@ -13,6 +13,7 @@ struct GrabZustand {
   // Parallel, from 0: track numbers, and their target paths.
   std::vector<std::int16_t> GrabTracks;
   std::vector<Text> GrabDateien;
+  std::vector<Text> KopieDateien;  // the waves of a CD copy, until its burn removes them
   // Parallel to them: the name of the track; blank when none was typed or found.
   std::vector<Text> GrabNamen;
   Text GrabInterpret;                     // performer of the disc, for tracks with a name

@@ -351,7 +351,7 @@ void frmCDBrennen::DBEintrag() {
 void frmCDBrennen::DeleteTempWavs() {
   const bool nochKopien = KopieNr < KopienAnzahl;  // which are made of the same files
   if (!prog.CDKopieAktiv || nochKopien) return;
-  for (const Text& datei : prog.GrabDateien) {
+  for (const Text& datei : prog.KopieDateien) {
     Weiter([&] { prog.plattform.dateien.Kill(datei); });
   }
   prog.CDKopieAktiv = false;

@@ -56,6 +56,7 @@ TEST_F(CDKopieren, ThePersonsOwnWavesAreNoneOfACopyThatHasNotBeenBurnt) {
   b.WaehltDatei({L"C:\\Vantora\\Wavs\\mia.wav"}).Antwortet(kNein);
   Druecke(Player().imgSpeichern);
   Brenner().DeleteTempWavs();
+  EXPECT_FALSE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
   EXPECT_TRUE(b.prog.DateiExistiert(L"C:\\Vantora\\Wavs\\mia.wav"));
 }
 
