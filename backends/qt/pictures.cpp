@@ -104,7 +104,7 @@ QPixmap Pictures::Get(const Text& name, QSize size, double density, Part part) {
   // To look for pixels that shine through would touch them all.
   auto pixmap = std::make_unique<QPixmap>(
       QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion));
-  const QPixmap shown = *pixmap;
+  QPixmap shown = *pixmap;
   drawn_.insert(key, pixmap.release(), std::max(1, static_cast<int>(kilobytes)));
   return shown;
 }
