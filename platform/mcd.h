@@ -23,8 +23,9 @@ struct McdEvents {
   std::function<void(int state)> MCD_StatusChange;
   std::function<void(int mode)> MCD_WriteLeadIn, MCD_WriteLeadOut;
   std::function<void()> MCD_Fixating;
-  std::function<void(int success)>
-      MCD_BurningProcessComplete;  // ends every write, also a failed one
+  // Ends every write that comes to its own end, also a failed one; not one that StopBurn or
+  // ResetBurner gave up.
+  std::function<void(int success)> MCD_BurningProcessComplete;
   std::function<void()> MCD_UserStop;
   std::function<void(int code, const Text& text)> MCD_Failure;
   std::function<void(int first, int second, int code, int fourth, const Text& text)> MCD_ScsiEvents;
@@ -39,18 +40,20 @@ class Mcd {
   virtual void BufferSize(int sectors) = 0;
   virtual int Init_Prog() = 0;  // looks for devices anew; above 0: unusable
   virtual void TimeOut(int seconds) = 0;
-  virtual int BurnerCount() = 0;             // devices seen by the last Init_Prog
+  virtual int BurnerCount() = 0;  // devices seen by the last Init_Prog, or by one before it
   virtual void SelectBurner(int index) = 0;  // from 0
   // The person has chosen this device: the next Init_Prog gives it the first number. Of a single
   // kind of devices there is nothing to choose.
   virtual void PreferBurner(int /*index*/) {}
-  virtual int DetermineDrive() = 0;          // 1 to 99: supported; 10: can write Disc At Once
+  virtual int DetermineDrive() = 0;  // 1 to 99: supported; 10: can write Disc At Once
   virtual void SetDriveType(int type) = 0;
   // "vendor<tab>product<tab>revision<tab>SCSI target ID"
   virtual Text GetDescription(int index) = 0;
   virtual bool CanDAO() = 0;
   virtual void Speed(int factor) = 0;  // multiple of 176400 bytes a second
-  virtual int Speed() = 0;             // what the device made of it
+  // What the device would make of it, by the speeds that it named when it was looked for: with a
+  // certain disc it may be slower.
+  virtual int Speed() = 0;
   virtual void TestMode(bool simulation) = 0;
   virtual void Eject(bool afterwards) = 0;
   virtual void Fixate(bool close) = 0;
@@ -60,10 +63,10 @@ class Mcd {
   virtual void CdText(int index, const Text& title, const Text& performer) = 0;
   virtual bool CheckIfBurnerOK() = 0;      // a blank disc lies in the current device
   virtual void SetBurnMode(int mode) = 0;  // 1 before a write, 0 after it
-  virtual int WriteTAO() = 0;  // 0: started, MCD_BurningProcessComplete follows; else refused
-  virtual int WriteDAO() = 0;  // the same; -1: the device refuses the method
-  virtual void StopBurn() = 0;
-  virtual void ResetBurner() = 0;  // no tracks, device free
+  virtual int WriteTAO() = 0;      // 0: started, MCD_BurningProcessComplete follows; else refused
+  virtual int WriteDAO() = 0;      // the same; -1: the device refuses the method
+  virtual void StopBurn() = 0;     // MCD_UserStop follows, if there was a write
+  virtual void ResetBurner() = 0;  // no tracks, no write; the device comes free in its own time
 };
 
 }  // namespace vantora

@@ -2,13 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <fcntl.h>
 #include <memory>
 #include <thread>
-#include <unistd.h>
 
 namespace vantora {
 
@@ -61,13 +58,6 @@ DriveAbilities Abilities(burn_drive_info& info) {
 }
 
 }  // namespace
-
-DriveHold HoldOf(const std::string& device) {
-  const int file = open(device.c_str(), O_RDONLY | O_NONBLOCK | O_EXCL | O_CLOEXEC);
-  if (file < 0) return errno == EBUSY ? DriveHold::Held : DriveHold::Gone;
-  close(file);
-  return DriveHold::Free;
-}
 
 std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& /*library*/,
                                            const std::string& device) {

@@ -4,21 +4,19 @@
 
 #include "backends/burn/burn_library.h"
 #include "backends/burn/burn_order.h"
+#include "backends/burn/drive_wait.h"
 
 #include <optional>
 #include <string>
 
 namespace vantora {
 
-// Whether a program has the drive for itself. The library would wait many seconds to find out.
-enum class DriveHold { Free, Held, Gone };
-DriveHold HoldOf(const std::string& device);
-
 // Nothing for a drive that is not free or does not answer. It is free again afterwards, and a
 // disc in it has not been touched.
 std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& library, const std::string& device);
 
-// A drive with its door locked, held until the end of this object. The tray is closed first.
+// A drive with its door locked, held until the end of this object. To be had of a drive that is
+// ready (see drive_wait.h).
 class HeldDrive {
  public:
   HeldDrive(const BurnLibrary& library, const std::string& device);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <string>
 
 namespace vantora {
@@ -14,14 +15,27 @@ constexpr int kMostPacks = 255;  // their number is a byte; 12 bytes of text eac
 // Longest text, tried one after the other; with the last one 99 tracks fit for certain.
 constexpr std::size_t kLengths[] = {160, 60, 40, 30, 24, 18, 12};
 
+// What the catalog's Windows-1252 has beyond Latin-1 and titles make use of.
+const std::map<wchar_t, const char*> kPlain = {
+    {L'\u2018', "'"},   {L'\u2019', "'"},  {L'\u201A', ","},   {L'\u201C', "\""},
+    {L'\u201D', "\""},  {L'\u201E', "\""}, {L'\u2013', "-"},   {L'\u2014', "-"},
+    {L'\u2026', "..."}, {L'\u2022', "*"},  {L'\u20AC', "EUR"}, {L'\u2122', "(TM)"},
+    {L'\u0152', "OE"},  {L'\u0153', "oe"}, {L'\u0160', "S"},   {L'\u0161', "s"},
+    {L'\u017D', "Z"},   {L'\u017E', "z"},  {L'\u0178', "Y"}};
+
 // Control characters are commands of their own there: a tab means "as the track before".
 std::string Latin1(const Text& text, std::size_t most) {
   std::string bytes;
   for (const wchar_t c : text.substr(0, most)) {
     const bool control = c < L' ' || (c >= 0x7F && c < 0xA0);
-    bytes += control ? ' ' : c > 0xFF ? '?' : static_cast<char>(c);
+    const auto plain = kPlain.find(c);
+    if (plain != kPlain.end()) {
+      bytes += plain->second;
+    } else {
+      bytes += control ? ' ' : c > 0xFF ? '?' : static_cast<char>(c);
+    }
   }
-  return bytes;
+  return bytes.substr(0, most);
 }
 
 const Text& Part(const CdTexts& texts, int index, int kind) {

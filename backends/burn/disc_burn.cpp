@@ -18,6 +18,8 @@ constexpr int kSectorBytes = 2352;
 constexpr int kLeastSectors = 300;   // of a track
 constexpr int kGapSectors = 152;     // between tracks that are written one by one, run-in included
 constexpr off_t kBlockBytes = 2048;  // in which the library counts a disc's space
+// How long a drive may take its disc in; it has been seen ready a moment ago, as a rule.
+constexpr auto kForReady = std::chrono::seconds(30);
 constexpr auto kLookPause = std::chrono::milliseconds(50);
 // A drive that has gone is called idle while the library's thread is still at work on it.
 constexpr int kIdleLooks = 100;
@@ -49,8 +51,8 @@ struct DiscBurn::Parts {
   std::unique_ptr<burn_write_opts, With<burn_write_opts_free>> Options;
 };
 
-DiscBurn::DiscBurn(Dateien& files, DiscOrder order, TellEvent tell)
-    : files_(files), order_(std::move(order)), tell_(std::move(tell)) {}
+DiscBurn::DiscBurn(Dateien& files, DiscOrder order, TellEvent tell, TellEvent words)
+    : files_(files), order_(std::move(order)), tell_(std::move(tell)), words_(std::move(words)) {}
 
 BurnEvent DiscBurn::Run() noexcept {
   BurnEvent failure;
@@ -91,6 +93,7 @@ void DiscBurn::Burn() {
 // From holding the drive to letting it go. True when the disc has been written well. After a write
 // that failed the library gives a drive to nobody who has not let it go.
 bool DiscBurn::Try(BurnLibrary& library, bool withText) {
+  if (!Await()) return false;
   HeldDrive drive(library, order_.Device);
   Listen(library);
   if (!drive) Fail(kBurnNoDrive, L"La grabadora no está disponible.");
@@ -102,6 +105,15 @@ bool DiscBurn::Try(BurnLibrary& library, bool withText) {
   const bool done = Write(library, drive, withText);
   drive.EjectAtTheEnd(done && order_.Eject);
   return done;
+}
+
+// False when the write was stopped meanwhile.
+bool DiscBurn::Await() {
+  const DriveState state = WaitForDrive(order_.Device, kForReady, [this] { return Stopped(); });
+  if (Stopped()) return false;
+  if (state == DriveState::Empty) Fail(kBurnNoBlank, L"No hay un CD virgen en la grabadora.");
+  if (state != DriveState::Ready) Fail(kBurnNoDrive, L"La grabadora no está disponible.");
+  return true;
 }
 
 // All waves are looked at before the drive is touched: a file that has gone is better found out now
@@ -161,7 +173,10 @@ void DiscBurn::SetOptions(Parts& parts, const HeldDrive& drive) {
 
   std::array<char, BURN_REASONS_LEN> reasons{};
   if (burn_precheck_write(options, parts.Disc.get(), reasons.data(), 0) <= 0) {
-    if (order_.DiscAtOnce) Enter(State::Refused);
+    if (order_.DiscAtOnce) {
+      words_(LogEvent({kBurnNoMethod, 0, BurnLibrary::kSorry, reasons.data()}));
+      Enter(State::Refused);
+    }
     Fail(kBurnNoMethod, FromLibrary(reasons.data()).c_str());
   }
   off_t sectors = order_.DiscAtOnce ? 0 : kGapSectors * static_cast<off_t>(sectors_.size() - 1);
@@ -202,7 +217,7 @@ void DiscBurn::Watch(BurnLibrary& library, burn_drive* drive) {
 void DiscBurn::Listen(BurnLibrary& library) {
   for (const LibraryMessage& message : library.Messages()) {
     complaints_.Hear(message);
-    if (message.Severity >= BurnLibrary::kNote) tell_(LogEvent(message));
+    if (message.Severity >= BurnLibrary::kNote) words_(LogEvent(message));
   }
 }
 

@@ -24,7 +24,8 @@ class DiscBurn {
  public:
   enum class State { Starting, Writing, Refused, Over };
 
-  DiscBurn(Dateien& files, DiscOrder order, TellEvent tell);
+  // `words` brings what is for the log alone.
+  DiscBurn(Dateien& files, DiscOrder order, TellEvent tell, TellEvent words);
 
   // Does it all; for a thread of its own. Comes back with nothing for success, else with the event
   // that tells the failure. The drive is free then.
@@ -41,6 +42,7 @@ class DiscBurn {
 
   void Burn();
   void Plan();
+  bool Await();
   bool Try(BurnLibrary& library, bool withText);
   bool Write(BurnLibrary& library, const HeldDrive& drive, bool withText);
   void Assemble(Parts& parts, bool withText);
@@ -55,7 +57,7 @@ class DiscBurn {
 
   Dateien& files_;
   DiscOrder order_;
-  TellEvent tell_;
+  TellEvent tell_, words_;
   std::vector<WaveTrack> waves_;
   std::vector<int> sectors_;  // of each track on the disc
   std::unique_ptr<BurnProgress> progress_;

@@ -26,6 +26,9 @@ constexpr int kRefused = 1, kMethodRefused = -1;
 constexpr double kSingleSpeed = 176.4;  // kB a second
 // How long the interface waits for a drive.
 constexpr auto kForScan = 4000ms, kForCheck = 3000ms, kForPlan = 6000ms;
+// How long a drive may take its disc in, or be held, while a disc is looked for; less than the wait
+// for the answer, so that the next look begins anew.
+constexpr auto kForReady = 2500ms;
 // For so long the answer of a drive that was waited for in vain is still of use.
 constexpr auto kFresh = 2000ms;
 // A turn of the interface's clock while a disc is written: without a screen that clock runs as fast
@@ -43,6 +46,7 @@ DriveWriter::DriveWriter(Dateien& files, EventLoop& loop, Background& background
     : files_(files), loop_(loop), background_(background), list_(std::move(list)) {}
 
 DriveWriter::~DriveWriter() {
+  ending_.request_stop();
   Abandon();
 }
 
@@ -54,7 +58,9 @@ int DriveWriter::Init_Prog() {
   if (!Resting(0ms)) return 0;
   if (!scan_.valid() || Ready(scan_)) {
     scan_ = thread_.Do<std::vector<Burner>>(
-        [devices, known = burners_, tell = Teller()] { return Scan(devices, known, tell); });
+        [devices, known = burners_, tell = Teller(), ending = ending_.get_token()] {
+          return Scan(devices, known, tell, ending);
+        });
   }
   if (Ready(scan_, kForScan)) burners_ = scan_.get();
   return 0;
@@ -65,13 +71,14 @@ int DriveWriter::Init_Prog() {
 // into its place, and the disc be made where nobody looks for it.
 std::vector<DriveWriter::Burner> DriveWriter::Scan(const std::vector<BurnDevice>& devices,
                                                    const std::vector<Burner>& known,
-                                                   const TellEvent& tell) {
+                                                   const TellEvent& tell,
+                                                   const std::stop_token& ending) {
   BurnLibrary library;
   std::vector<Burner> found;
   for (const BurnDevice& device : devices) {
-    if (HoldOf(device.Device) != DriveHold::Held) {
-      if (const auto can = ExamineDrive(library, device.Device)) found.push_back({device, *can});
-    }
+    if (ending.stop_requested()) break;
+    const auto can = ExamineDrive(library, device.Device);
+    if (can && (can->TrackAtOnce || can->DiscAtOnce)) found.push_back({device, *can});
     for (const LibraryMessage& message : library.Messages()) {
       if (message.Severity >= BurnLibrary::kSorry) tell(LogEvent(message));
     }
@@ -96,8 +103,7 @@ const DriveWriter::Burner* DriveWriter::Current() const {
 int DriveWriter::DetermineDrive() {
   const Burner* burner = Current();
   if (burner == nullptr) return 0;
-  if (burner->Can.DiscAtOnce) return kTypeDiscAtOnce;
-  return burner->Can.TrackAtOnce ? kTypeTrackAtOnce : 0;
+  return burner->Can.DiscAtOnce ? kTypeDiscAtOnce : kTypeTrackAtOnce;
 }
 
 Text DriveWriter::GetDescription(int index) {
@@ -143,29 +149,44 @@ void DriveWriter::CdText(int index, const Text& title, const Text& performer) {
   cdText_[index] = {title, performer};
 }
 
+DriveWriter::Look DriveWriter::LookInto(const std::string& device, const std::stop_token& ending) {
+  Look look;
+  look.State = WaitForDrive(device, kForReady, [&ending] { return ending.stop_requested(); });
+  if (look.State == DriveState::Ready) {
+    const BurnLibrary library;
+    const HeldDrive drive(library, device);
+    look.Blank = drive && drive.HasBlankCd();
+  }
+  look.Time = Time::now();
+  return look;
+}
+
 bool DriveWriter::CheckIfBurnerOK() {
-  bool ready = false;
+  bool ready = false, inserted = false;
   const Burner* burner = Current();
   if (burner != nullptr && !burn_) {
     const bool known = look_.valid() && lookedAt_ == burner->Device.Device;
     if (!known || (Ready(look_) && Time::now() - look_.get().Time > kFresh)) {
+      wasEmpty_ = wasEmpty_ && lookedAt_ == burner->Device.Device;
       lookedAt_ = burner->Device.Device;
-      look_ = thread_.Do<Look>([device = lookedAt_] {
-        const BurnLibrary library;
-        const HeldDrive drive(library, device);
-        return Look{drive && drive.HasBlankCd(), Time::now()};
-      });
+      look_ = thread_.Do<Look>(
+          [device = lookedAt_, ending = ending_.get_token()] { return LookInto(device, ending); });
     }
     if (Ready(look_, kForCheck)) {
-      ready = look_.get().Blank;
+      const Look look = look_.get();
+      ready = look.Blank;
+      inserted = wasEmpty_ && look.State == DriveState::Ready;
+      wasEmpty_ = look.State == DriveState::Empty || (wasEmpty_ && !inserted);
       // Asked again on the spot it is the same; once the program has turned to something else the
       // disc may be another one.
       Teller()([this](McdEvents&) { look_ = {}; });
     }
   }
-  Teller()([ready](McdEvents& events) {
-    if (events.MCD_StatusChange) events.MCD_StatusChange(kMcdChecking);
-    if (events.MCD_StatusChange) events.MCD_StatusChange(ready ? kMcdChecked : kMcdNoDisc);
+  Teller()([ready, inserted](McdEvents& events) {
+    if (!events.MCD_StatusChange) return;
+    if (inserted) events.MCD_StatusChange(kMcdDiscInserted);
+    events.MCD_StatusChange(kMcdChecking);
+    events.MCD_StatusChange(ready ? kMcdChecked : kMcdNoDisc);
   });
   return ready;
 }
@@ -175,7 +196,7 @@ int DriveWriter::WriteDAO() {
   const int result = Write(true);
   if (result != 0) return result;
   if (burn_->WaitWhileStarting(kForPlan) != DiscBurn::State::Refused) return 0;
-  Abandon();
+  Drop();
   return kMethodRefused;
 }
 
@@ -192,14 +213,13 @@ int DriveWriter::Write(bool discAtOnce) {
   order.Waves = tracks_;
   order.CdText = cdText_;
   look_ = {};  // the disc will not be what it was
-  const TellEvent tell = Teller();
   const auto end = [this, watch = std::weak_ptr<int>(token_),
                     &loop = loop_](const BurnEvent& failure) {
     loop.Post([this, watch, failure] {
       if (!watch.expired()) Ended(failure);
     });
   };
-  burn_ = std::make_shared<DiscBurn>(files_, std::move(order), tell);
+  burn_ = std::make_shared<DiscBurn>(files_, std::move(order), Teller(), Teller(words_));
   work_ = thread_.Do<void>([burn = burn_, end] { end(burn->Run()); });
   pace_ = background_.Start([burn = burn_] {
     return burn->WaitUntilOver(std::chrono::milliseconds(kTurnMs)) ? -1 : kTurnMs;
@@ -232,16 +252,23 @@ void DriveWriter::ResetBurner() {
   cdText_.clear();
 }
 
+// Nothing of the write is told any more.
 void DriveWriter::Abandon() {
   if (!burn_) return;
+  words_ = std::make_shared<int>(0);
+  Drop();
+}
+
+// Only its words for the log are still told.
+void DriveWriter::Drop() {
   token_ = std::make_shared<int>(0);
   pace_.reset();
   burn_->Stop();
   burn_.reset();
 }
 
-TellEvent DriveWriter::Teller() {
-  return [this, watch = std::weak_ptr<int>(token_), &loop = loop_](const BurnEvent& event) {
+TellEvent DriveWriter::Teller(const std::shared_ptr<int>& token) {
+  return [this, watch = std::weak_ptr<int>(token), &loop = loop_](const BurnEvent& event) {
     loop.Post([this, watch, event] {
       if (!watch.expired()) event(Events);
     });

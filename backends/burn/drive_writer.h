@@ -4,10 +4,12 @@
 // in between the reading back end and other programs have it. All of that happens in a thread of
 // this object's own; a call that asks for something waits for a bounded time, and takes no answer
 // for "not ready". A drive that another program holds is never ready, and not there at all when it
-// has not been seen free; one that was seen stays in the list, also when it is gone.
+// has not been seen free; one that was seen stays in the list, also when it is gone. Drives that
+// only read are not in it.
 #pragma once
 
 #include "backends/burn/burn_order.h"
+#include "backends/burn/drive_wait.h"
 #include "backends/burn/work_thread.h"
 
 #include "platform/background.h"
@@ -19,6 +21,7 @@
 #include <functional>
 #include <future>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -54,7 +57,7 @@ class DriveWriter final : public Mcd {
   void SetBurnMode(int /*mode*/) override {}
   int WriteTAO() override { return Write(false); }
   // A drive may refuse the method only when it has been told the whole plan of the disc, which is
-  // waited for.
+  // waited for. The reason comes as MCD_InfoMessage, and nothing else does.
   int WriteDAO() override;
   // Raises MCD_UserStop and nothing after it, at once; the drive ends in its own time.
   void StopBurn() override;
@@ -66,15 +69,25 @@ class DriveWriter final : public Mcd {
     DriveAbilities Can;
   };
 
+  struct Look {
+    DriveState State = DriveState::Gone;
+    bool Blank = false;
+    std::chrono::steady_clock::time_point Time;
+  };
+
   static std::vector<Burner> Scan(const std::vector<BurnDevice>& devices,
-                                  const std::vector<Burner>& known, const TellEvent& tell);
+                                  const std::vector<Burner>& known, const TellEvent& tell,
+                                  const std::stop_token& ending);
+  static Look LookInto(const std::string& device, const std::stop_token& ending);
   const Burner* Current() const;
   int KilobytesASecond() const;  // for the speed that was asked for
   int Write(bool discAtOnce);
   bool Resting(std::chrono::milliseconds most) const;  // no write is being wound up
   void Ended(const BurnEvent& failure);
   void Abandon();
-  TellEvent Teller();
+  void Drop();
+  TellEvent Teller() { return Teller(token_); }
+  TellEvent Teller(const std::shared_ptr<int>& token);
 
   Dateien& files_;
   EventLoop& loop_;
@@ -86,20 +99,18 @@ class DriveWriter final : public Mcd {
   std::vector<Text> tracks_;
   CdTexts cdText_;
   // What is posted carries the token of its time: what a write still had to say when it was given
-  // up is not told.
-  std::shared_ptr<int> token_ = std::make_shared<int>(0);
+  // up is not told. Words for the log have their own: they are told of a method refused as well.
+  std::shared_ptr<int> token_ = std::make_shared<int>(0), words_ = std::make_shared<int>(0);
 
   std::shared_future<std::vector<Burner>> scan_;
-  struct Look {
-    bool Blank = false;
-    std::chrono::steady_clock::time_point Time;
-  };
-  std::string lookedAt_;  // device
+  std::string lookedAt_;   // device
+  bool wasEmpty_ = false;  // it had no disc when it was looked at last
   std::shared_future<Look> look_;
   std::shared_ptr<DiscBurn> burn_;
   std::unique_ptr<BackgroundJob> pace_;
   std::shared_future<void> work_;  // of the last write
-  WorkThread thread_;              // last: its work is waited for before anything else goes
+  std::stop_source ending_;
+  WorkThread thread_;  // last: its work is waited for before anything else goes
 };
 
 }  // namespace vantora

@@ -22,7 +22,7 @@ void WorkThread::Run() {
   std::unique_lock lock(mutex_);
   for (;;) {
     wake_.wait(lock, [this] { return ending_ || !work_.empty(); });
-    if (work_.empty()) return;
+    if (ending_) return;
     const std::function<void()> work = std::move(work_.front());
     work_.pop_front();
     lock.unlock();

@@ -1,5 +1,6 @@
 // A thread that does one piece of work after the other, in the order in which they were given to
-// it. It starts with the first one; the end of its owner waits for what has been given.
+// it. It starts with the first one; the end of its owner waits for the one that has begun, and
+// drops the others.
 #pragma once
 
 #include <condition_variable>

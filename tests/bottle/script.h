@@ -15,6 +15,10 @@
 //   disconnected         the cable is pulled
 //   pace N               N sectors a second, for reading and for writing
 //   log                  commands are told in the file "log"
+//
+// There is no line for programs that start by themselves with a disc laid in: here the system tells
+// no program of a disc, so that the drive's value for it in the device registry is always "0" and
+// there is nothing that a script could switch.
 #pragma once
 
 #include <filesystem>
