@@ -85,9 +85,11 @@ DriveState Watched::Look() {
   if (hold == DriveHold::Held) return DriveState::Held;
   const Opened drive(device_, O_RDWR);
   if (hold == DriveHold::Gone || !drive.IsOpen()) return DriveState::Gone;
-  const auto sense = Tell(drive(), kTestUnitReady);
+  auto sense = Tell(drive(), kTestUnitReady);
+  // News of a change are told once, in place of the answer.
+  if (sense && sense->Key == kAttention) sense = Tell(drive(), kTestUnitReady);
   if (!sense) return DriveState::Gone;
-  if (sense->Key == kAttention) return DriveState::NotYet;  // told once, then it answers
+  if (sense->Key == kAttention) return DriveState::NotYet;
   if (sense->Key != kNotReady) return DriveState::Ready;
   if (sense->Cause == kNoDisc) return Empty(drive(), sense->Detail);
   const bool waiting =

@@ -57,8 +57,9 @@ int DriveWriter::Init_Prog() {
   // While a drive is being brought to rest, what was seen before still holds.
   if (!Resting(0ms)) return 0;
   if (!scan_.valid() || Ready(scan_)) {
+    const TellEvent tell = Teller();
     scan_ = thread_.Do<std::vector<Burner>>(
-        [devices, known = burners_, tell = Teller(), ending = ending_.get_token()] {
+        [devices, known = burners_, tell, ending = ending_.get_token()] {
           return Scan(devices, known, tell, ending);
         });
   }
