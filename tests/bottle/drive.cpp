@@ -73,6 +73,8 @@ Answer Drive::Do(const Bytes& command, const Bytes& sent) {
   try {
     if (known == nullptr) throw Sense{5, 0x20, 0};
     answer.Data = Obey(*known, command, sent);
+  } catch (const CablePulled&) {
+    return {{}, {}, true};
   } catch (const Sense& trouble) {
     answer.Trouble = trouble;
   }

@@ -23,6 +23,8 @@ struct Sense {
   int Key = 0, Asc = 0, Ascq = 0;  // key 0: all is well
 };
 
+struct CablePulled {};  // while a command was carried out
+
 struct Answer {
   Sense Trouble;
   Bytes Data;

@@ -3,6 +3,7 @@
 #include "tests/bottle/wire.h"
 
 #include <algorithm>
+#include <fstream>
 
 namespace vantora::bottle {
 
@@ -99,6 +100,10 @@ Bytes Drive::Write10(const Bytes& command, const Bytes& sent) {
     writing_ = true;
     Target().State = DiscState::Spoilt;  // until it is complete
     Keep();
+  }
+  if (script_.DisconnectAt >= sector && script_.DisconnectAt < sector + count) {
+    std::ofstream(folder_ / "script", std::ios::app) << "disconnected\n";
+    throw CablePulled{};
   }
   if (script_.WriteError >= sector && script_.WriteError < sector + count) {
     writing_ = false;

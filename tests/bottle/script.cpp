@@ -16,6 +16,7 @@ Script Script::Load(const std::filesystem::path& folder) {
     if (word == "getting-ready") words >> script.GettingReady;
     if (word == "read-error") words >> script.ReadError;
     if (word == "write-error") words >> script.WriteError;
+    if (word == "disconnect-at") words >> script.DisconnectAt;
     if (word == "pace") words >> script.Pace;
     script.NoSao |= word == "no-sao";
     script.NoCdText |= word == "no-cdtext";

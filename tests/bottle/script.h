@@ -13,6 +13,7 @@
 //   no-writer            the drive cannot write at all
 //   busy                 another program holds the drive
 //   disconnected         the cable is pulled
+//   disconnect-at N      it will be when sector N is written: "disconnected" is added then
 //   pace N               N sectors a second, for reading and for writing
 //   log                  commands are told in the file "log"
 //
@@ -31,7 +32,7 @@ struct Script {
 
   std::string Disc = "disc", MadeAs;
   int GettingReady = 0;
-  int ReadError = kNone, WriteError = kNone;
+  int ReadError = kNone, WriteError = kNone, DisconnectAt = kNone;
   bool NoSao = false, NoCdText = false, NoWriter = false, Busy = false, Disconnected = false,
        Log = false;
   int Pace = 0;

@@ -68,8 +68,7 @@ answer 7
 expect-box ~ "Operación cancelada"
 answer 7
 # the cable is pulled
-bottle "disc otro" "pace 900"
-after 12000 bottle disconnected
+bottle "disc otro" "disconnect-at 2500"
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "ASPI"
