@@ -10,6 +10,7 @@
 #include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/bottle/bottle.h"
+#include "tests/support/mcd_log.h"
 
 #include <cdio/cdtext.h>
 
@@ -44,24 +45,16 @@ class DriveBurn : public testing::Test {
  protected:
   DriveBurn() {
     const auto note = [this](const std::string& what) { Log.push_back(what); };
-    const auto number = [](int value) { return std::to_string(value); };
     McdEvents& e = writer.Events;
-    e.MCD_ActTrack = [=](int track) { note("track " + number(track)); };
+    NoteEvents(e, note);
     e.MCD_TrackPercent = [=, this](int percent) { Percents.push_back(percent); };
     e.MCD_InfoMessage = [=, this](int, const Text& text) {
       if (text.starts_with(L"Open")) note("open");
       if (text.starts_with(L"Close")) note("close");
       if (text.starts_with(L"Grabadora: ")) ForTheLog += text + L"\n";
     };
-    e.MCD_StatusChange = [=](int state) { note("status " + number(state)); };
-    e.MCD_WriteLeadIn = [=](int) { note("lead-in"); };
-    e.MCD_WriteLeadOut = [=](int) { note("lead-out"); };
-    e.MCD_Fixating = [=] { note("fixating"); };
-    e.MCD_BurningProcessComplete = [=](int success) { note("complete " + number(success)); };
-    e.MCD_UserStop = [=] { note("stopped"); };
-    e.MCD_Failure = [=](int code, const Text&) { note("failure " + number(code)); };
     e.MCD_ScsiEvents = [=, this](int, int, int code, int, const Text& text) {
-      note("scsi " + number(code));
+      note("scsi " + std::to_string(code));
       Words = text;
     };
     e.MCD_ASPIEvent = [=](int, const Text&) { note("aspi"); };

@@ -165,13 +165,10 @@ int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xs
 int OldLinkStat(int version, const char* path, struct stat* info) noexcept asm("__lxstat");
 
 int open(const char* path, int flags, ...) {
-  mode_t mode = 0;
-  if (HasMode(flags)) {
-    va_list rest;
-    va_start(rest, flags);
-    mode = va_arg(rest, mode_t);
-    va_end(rest);
-  }
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
   static const auto next = Next<int (*)(const char*, int, ...)>("open");
   return OpenInstead(path, flags, [&](const char* to) { return next(to, flags, mode); });
 }
@@ -181,13 +178,10 @@ int OpenWithoutMode(const char* path, int flags) {
 }
 
 int openat(int folder, const char* path, int flags, ...) {
-  mode_t mode = 0;
-  if (HasMode(flags)) {
-    va_list rest;
-    va_start(rest, flags);
-    mode = va_arg(rest, mode_t);
-    va_end(rest);
-  }
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
   static const auto next = Next<int (*)(int, const char*, int, ...)>("openat");
   return OpenInstead(path, flags, [&](const char* to) { return next(folder, to, flags, mode); });
 }

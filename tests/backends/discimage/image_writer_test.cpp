@@ -8,6 +8,7 @@
 #include "tests/backends/discimage/cue_reader.h"
 #include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
+#include "tests/support/mcd_log.h"
 
 #include <chrono>
 #include <thread>
@@ -27,9 +28,8 @@ class Burner : public testing::Test {
       Elsewhere = Elsewhere || std::this_thread::get_id() != self_;
       Log.push_back(what);
     };
-    const auto number = [](int value) { return std::to_string(value); };
     McdEvents& e = to.Events;
-    e.MCD_ActTrack = [=](int track) { note("track " + number(track)); };
+    NoteEvents(e, note);
     e.MCD_TrackPercent = [=, this](int percent) {
       note("%");
       Percents.push_back(percent);
@@ -37,15 +37,6 @@ class Burner : public testing::Test {
     e.MCD_InfoMessage = [=](int, const Text& text) {
       note(text.starts_with(L"Open") ? "open" : text.starts_with(L"Close") ? "close" : "info?");
     };
-    e.MCD_StatusChange = [=](int state) { note("status " + number(state)); };
-    e.MCD_WriteLeadIn = [=](int) { note("lead-in"); };
-    e.MCD_WriteLeadOut = [=](int) { note("lead-out"); };
-    e.MCD_Fixating = [=] { note("fixating"); };
-    e.MCD_BurningProcessComplete = [=](int success) { note("complete " + number(success)); };
-    e.MCD_UserStop = [=] { note("stopped"); };
-    e.MCD_Failure = [=](int code, const Text&) { note("failure " + number(code)); };
-    e.MCD_ScsiEvents = [=](int, int, int code, int, const Text&) { note("scsi " + number(code)); };
-    e.MCD_ASPIEvent = [=](int code, const Text&) { note("aspi " + number(code)); };
   }
 
   // A wave with so much data, on the list of the next write.
