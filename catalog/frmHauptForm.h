@@ -142,7 +142,7 @@ class frmHauptForm final : public VtrFenster {
 
   // ---- components ----
   std::unique_ptr<MMWavePlayerX> WavePlayer;
-  std::unique_ptr<MMWaveFileX> MMWaveFileX1;
+  std::unique_ptr<MMWave> MMWaveFileX1;
 
  private:
   // start-up

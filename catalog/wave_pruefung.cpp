@@ -50,7 +50,7 @@ bool DatenGefunden(Datei& datei, std::int64_t bytes) {
 
 }  // namespace
 
-WaveBefund WavePruefen(Plattform& plattform, MMWaveFileX& wave, const Text& datei) {
+WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei) {
   WaveBefund befund;
   Weiter([&] {
     wave.Open(datei);  // must be there
@@ -67,11 +67,11 @@ WaveBefund WavePruefen(Plattform& plattform, MMWaveFileX& wave, const Text& date
   return befund;
 }
 
-bool CheckWaveValid(Plattform& plattform, MMWaveFileX& wave, const Text& datei) {
+bool CheckWaveValid(Plattform& plattform, MMWave& wave, const Text& datei) {
   return WavePruefen(plattform, wave, datei).Gueltig;
 }
 
-double WaveLaenge(MMWaveFileX& wave, const Text& datei) {
+double WaveLaenge(MMWave& wave, const Text& datei) {
   wave.Open(datei);
   const double ms = static_cast<double>(wave.Samples()) / kFramesJeMs;
   wave.Close();

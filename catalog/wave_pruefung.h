@@ -17,11 +17,11 @@ struct WaveBefund {
 
 // Valid is a file of 44.1 kHz, 16 bit, stereo, writable, with a header that agrees with the file.
 // Every error on the way counts as an unusable file.
-WaveBefund WavePruefen(Plattform& plattform, MMWaveFileX& wave, const Text& datei);
-bool CheckWaveValid(Plattform& plattform, MMWaveFileX& wave, const Text& datei);
+WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei);
+bool CheckWaveValid(Plattform& plattform, MMWave& wave, const Text& datei);
 
 // Length in ms, not rounded. Raises what opening raises.
-double WaveLaenge(MMWaveFileX& wave, const Text& datei);
+double WaveLaenge(MMWave& wave, const Text& datei);
 
 inline constexpr double kFramesJeMs = 44.1;
 

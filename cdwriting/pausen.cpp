@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kPausenBytes = std::size_t{4} * 44100;  // of a second, for appending
 constexpr std::int64_t kPausenFrames = 44100;                 // of a second, for cutting
 
-void Anhaengen(MMWaveFileX& wave, const KatalogEintrag& e) {
+void Anhaengen(MMWave& wave, const KatalogEintrag& e) {
   static const std::vector<char> kStille(kPausenBytes, '\0');
   wave.Open(e.Datei.Getrimmt());
   const std::int64_t vorher = wave.Samples();
@@ -28,7 +28,7 @@ void Anhaengen(MMWaveFileX& wave, const KatalogEintrag& e) {
   }
 }
 
-void Entfernen(MMWaveFileX& wave, const KatalogEintrag& e) {
+void Entfernen(MMWave& wave, const KatalogEintrag& e) {
   wave.Open(e.Datei.Getrimmt());
   if (e.Pause > 0) {
     wave.SetLength(wave.Samples() - e.Pause * kPausenFrames);
@@ -40,7 +40,7 @@ void Entfernen(MMWaveFileX& wave, const KatalogEintrag& e) {
 }  // namespace
 
 void PausenAnhaengen(Programm& prog) {
-  MMWaveFileX& wave = *prog.frmHauptForm().MMWaveFileX1;
+  MMWave& wave = *prog.frmHauptForm().MMWaveFileX1;
   for (std::size_t i = 1; i + 1 < prog.Katalog.size(); ++i) {
     try {
       Anhaengen(wave, prog.Katalog[i]);
@@ -52,7 +52,7 @@ void PausenAnhaengen(Programm& prog) {
 }
 
 void PausenEntfernen(Programm& prog) {
-  MMWaveFileX& wave = *prog.frmHauptForm().MMWaveFileX1;
+  MMWave& wave = *prog.frmHauptForm().MMWaveFileX1;
   for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
     if (i + 1 < prog.Katalog.size()) {
       Entfernen(wave, prog.Katalog[i]);

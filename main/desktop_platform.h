@@ -6,6 +6,7 @@
 #include "backends/alsa/alsa_stream.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/linux_system.h"
+#include "backends/linux/processor_load.h"
 #include "backends/linux/thread_background.h"
 #include "backends/qt/qt_display.h"
 #include "backends/qt/qt_event_loop.h"
@@ -19,9 +20,9 @@ struct DesktopPlatform {
         loop(resourceFolder / "pictures", places.Cache / kDrawnPictures),
         system(places, {ProgramVersion(), resourceFolder / "help"}),
         machine(places, resourceFolder, loop, background, sound),
-        mmtools(
-            machine.files, [this] { return std::make_unique<AlsaPlayer>(machine.files, loop); },
-            AlsaPlaybackDevices) {
+        mmtools(loop, machine.files, machine.profiles,
+                {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop); },
+                 AlsaPlaybackDevices, sound}) {
     SilenceAlsaMessages();
   }
 
@@ -34,6 +35,7 @@ struct DesktopPlatform {
   AlsaSoundOutput sound{loop};
   Machine machine;
   SoundTools mmtools;
+  ProcessorLoad load;
 
   Plattform bundle{loop,
                    display,
@@ -52,7 +54,9 @@ struct DesktopPlatform {
                    machine.acd,
                    machine.cd,
                    machine.mci,
-                   machine.sockets};
+                   machine.sockets,
+                   machine.audiolib,
+                   load};
 };
 
 }  // namespace vantora

@@ -16,6 +16,7 @@
 #include "backends/linux/profile_file.h"
 #include "backends/linux/settings_file.h"
 #include "backends/mpg123/mp3_decoder.h"
+#include "backends/sound/audio_library.h"
 #include "backends/sound/cutter.h"
 #include "backends/sound/sound_tools.h"
 #include "main/disc_identity.h"
@@ -65,6 +66,7 @@ struct Machine {
   FileResources resources;
   LinuxSockets sockets;
   Cutter cutter;
+  AudioLibrary audiolib;
   Mp3Decoder mp3;
   DriveWriter burner;
   ImageWriter writer;

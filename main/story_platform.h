@@ -4,9 +4,11 @@
 #pragma once
 
 #include "backends/headless/headless_display.h"
+#include "backends/headless/headless_load.h"
 #include "backends/headless/headless_output.h"
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
+#include "backends/sound/wave_file.h"
 #include "main/machine.h"
 
 #include <cstdlib>
@@ -30,12 +32,13 @@ struct StoryPlatform : World {
                          const std::filesystem::path& resourceFolder = ResourceFolder())
       : World(resourceFolder, PlacesOfStory(home).Cache),
         machine(PlacesOfStory(home), resourceFolder, World::loop, World::background, sound),
-        mmtools(machine.files,
-                HeadlessPlayers(World::loop, World::clock, card,
-                                [this] { return std::make_unique<WaveFile>(machine.files); }),
-                [this] {
-                  return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
-                }) {}
+        mmtools(World::loop, machine.files, machine.profiles,
+                {HeadlessPlayers(World::loop, World::clock, card,
+                                 [this] { return std::make_unique<WaveFile>(machine.files); }),
+                 [this] {
+                   return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
+                 },
+                 sound}) {}
 
   HeadlessDisplay display;
   HeadlessSystem system;
@@ -43,12 +46,13 @@ struct StoryPlatform : World {
   HeadlessOutput sound{World::loop, World::clock, card};
   Machine machine;
   SoundTools mmtools;
+  HeadlessLoad load;
 
   Plattform bundle{World::loop,      display,           World::clock,     system,
                    machine.files,    machine.letters,   machine.settings, machine.profiles,
                    machine.registry, machine.resources, mmtools,          machine.cutter,
                    machine.mp3,      machine.writers,   machine.acd,      machine.cd,
-                   machine.mci,      machine.sockets};
+                   machine.mci,      machine.sockets,   machine.audiolib, load};
 };
 
 }  // namespace vantora

@@ -92,6 +92,8 @@ class Control {
   // "True" and "False". Nothing for a property that the control does not have.
   virtual std::optional<Text> Read(const Text& property) const;
 
+  // Visible with all that it lies in.
+  bool InSight() const { return Visible && (Container == nullptr || Container->InSight()); }
   Form& Owner() { return form_; }
   const Form& Owner() const { return form_; }
   void MarkDirty();
@@ -107,11 +109,15 @@ class Control {
   Property<int> FontSize{*this, 9};  // points
   Property<bool> FontBold{*this, false};
   Text Tag;
-  int TabIndex = 0;   // order of the focus; controls that take none ignore it
+  int TabIndex = 0;  // order of the focus; controls that take none ignore it
+  // The control that it lies in, one that was made earlier: its place then counts from there, and
+  // it is cut off at the edges, hidden and dimmed with it. Fixed once the window is shown.
+  Control* Container = nullptr;
   bool Dirty = true;  // cleared by the renderer
 
   std::function<void()> Click, DblClick, GotFocus, LostFocus;
   std::function<void(int button)> MouseDown, MouseUp;
+  std::function<void(int button)> MouseMove;  // picture boxes only; 0 for no button
   std::function<void(int key)> KeyDown, KeyUp;
   // Returns false to refuse a typed character (its code, or a control code such as 8).
   std::function<bool(int character)> KeyPress;
@@ -320,15 +326,19 @@ class Shape : public Control {
 
   Property<Color> FillColor{*this, Rgb(53, 55, 99)};
   Property<Color> BorderColor{*this, kTransparent};
+  Property<int> Opacity{*this, 100};  // percent; below 100 what lies beneath shines through
 };
 
 // What a picture box draws, in twips from its upper left corner, in order.
 struct DrawItem {
-  enum class What { Line, Polyline, Rectangle, Words, Picture } Kind = What::Line;
+  enum class What { Line, Polyline, Rectangle, Words, Picture, Polygon } Kind = What::Line;
   std::vector<int> Points;  // x, y, x, y …; rectangle and picture: left, top, right, bottom
   Color Ink = 0;
   Text Content;  // the text, or the picture's resource name
   int FontSize = 9;
+  Color Fill = kTransparent;  // of a polygon, whose edge is the ink; either may be transparent
+  // Where words stand: from their point to the right, around it, or up to it.
+  Alignment Align = Alignment::Left;
 };
 
 class PictureBox : public Control {
@@ -341,12 +351,17 @@ class PictureBox : public Control {
   void Draw(DrawItem item);
   const std::vector<DrawItem>& Drawing() const { return drawing_; }
   Property<Text> Picture{*this, Text()};  // resource name of the ground
+  // Where the mouse is, in twips from the upper left corner; true while a mouse handler runs. It
+  // goes beyond the edges while a button is held.
+  int MouseX = 0, MouseY = 0;
 
  private:
   std::vector<DrawItem> drawing_;
 };
 
-// Two bars of light for what is heard, left and right.
+enum class Ears { Both, Left, Right };
+
+// Bars of light for what is heard, left and right. A tall one stands upright.
 class LevelMeter : public Control {
  public:
   using Control::Control;
@@ -355,6 +370,7 @@ class LevelMeter : public Control {
 
   Property<bool> Active{*this, false};
   Property<int> PeakLeft{*this, 0}, PeakRight{*this, 0};  // 0 to 32767
+  Ears Shown = Ears::Both;
 };
 
 // Runs `OnTimer` every `Interval` milliseconds while it is enabled and its window is loaded.

@@ -1,7 +1,9 @@
-// The audio component set, as far as wave files, preview and devices go.
+// The audio component set, as far as wave files, preview and devices go, and the maker of the
+// components of a sound chain.
 // Audio is 44.1 kHz, 16 bit, stereo throughout: a frame is 4 bytes.
 #pragma once
 
+#include "platform/mmchain.h"
 #include "platform/text.h"
 
 #include <cstddef>
@@ -13,9 +15,9 @@ namespace vantora {
 
 // One wave file. Opening reads the header only, whatever the length. Failures are Laufzeitfehler
 // with the numbers of platform/files.h; a file that is no wave file raises 57.
-class MMWaveFileX {
+class MMWave {
  public:
-  virtual ~MMWaveFileX() = default;
+  virtual ~MMWave() = default;
   virtual void Open(const Text& file) = 0;  // for reading; the first write makes it writable
   virtual void Close() = 0;                 // header and file agree afterwards
   virtual int BitsPerSample() const = 0;
@@ -49,10 +51,32 @@ class MMWavePlayerX {
 class MMTools {
  public:
   virtual ~MMTools() = default;
-  virtual std::unique_ptr<MMWaveFileX> NewWaveFile() = 0;
+  virtual std::unique_ptr<MMWave> NewWaveFile() = 0;
   virtual std::unique_ptr<MMWavePlayerX> NewPlayer() = 0;
   virtual int waveOutGetNumDevs() = 0;
   virtual Text waveOutGetDevCaps(int device) = 0;  // the device's name, from 0
+
+  // ---- components of a chain ----
+  virtual std::unique_ptr<MMWaveFileX> NewWaveFileX() = 0;
+  virtual std::unique_ptr<MMPCMConverterX> NewPCMConverter() = 0;
+  virtual std::unique_ptr<MMPeakDetectX> NewPeakDetect() = 0;
+  virtual std::unique_ptr<MMDSPInterfaceX> NewDSPInterface() = 0;
+  virtual std::unique_ptr<MMEqualizerX> NewEqualizer() = 0;
+  virtual std::unique_ptr<MMReverbX> NewReverb() = 0;
+  virtual std::unique_ptr<MMFlangerX> NewFlanger() = 0;
+  virtual std::unique_ptr<MMVolumeX> NewVolume() = 0;
+  virtual std::unique_ptr<MMWaveOutX> NewWaveOut() = 0;
+  virtual std::unique_ptr<MMConnectorX> NewConnector() = 0;
+  virtual std::unique_ptr<MMTriggerX> NewTrigger() = 0;
+  virtual MMHelperX& Helper() = 0;
+
+  // Brings the highest peak of a wave file to `percent` of full scale, in place, in two passes over
+  // it in blocks of at most 1 MiB. `callback` hears of the phase (0 looks for the peak, 1 writes)
+  // and of its progress in percent, at each percent at the most; it may let events run. Silence
+  // stays silence. Failures as those of MMWave.
+  virtual void NormalizeFile(const Text& file,
+                             const std::function<void(int phase, int percent)>& callback,
+                             int percent) = 0;
 };
 
 }  // namespace vantora

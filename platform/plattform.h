@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/acd.h"
+#include "platform/audiolib.h"
 #include "platform/background.h"
 #include "platform/clock.h"
 #include "platform/display.h"
@@ -13,6 +14,7 @@
 #include "platform/mci.h"
 #include "platform/mmtools.h"
 #include "platform/mp3.h"
+#include "platform/perf_data.h"
 #include "platform/profile.h"
 #include "platform/registry.h"
 #include "platform/resources.h"
@@ -43,6 +45,8 @@ struct Plattform {
   MMControl& cd;
   Mci& mci;
   Sockets& sockets;
+  Audiolib& audiolib;
+  PerfData& perfData;
 };
 
 }  // namespace vantora

@@ -16,7 +16,7 @@ class AlsaPlayer final : public MMWavePlayerX {
 
   void SetFileName(const Text& file) override { file_ = file; }
   // Starts again from the beginning when it plays already. Besides the refusal of the card, a file
-  // that is missing or no wave of 44.1 kHz, 16 bit, stereo raises the errors of MMWaveFileX::Open.
+  // that is missing or no wave of 44.1 kHz, 16 bit, stereo raises the errors of MMWave::Open.
   void Start() override;
   void Stop() override;
   // Changes on the interface thread only, just before OnStop.

@@ -21,7 +21,7 @@ int Loudness(const unsigned char* at, int bits) {
 }  // namespace
 
 struct HeadlessPlayer::Voice {
-  std::unique_ptr<MMWaveFileX> File;
+  std::unique_ptr<MMWave> File;
   std::int64_t StartTicks = 0;
   std::int64_t LengthMs = 0;
 

@@ -20,7 +20,7 @@ struct HeadlessSoundCard {
 
 class HeadlessPlayer final : public MMWavePlayerX {
  public:
-  using NewWaveFile = std::function<std::unique_ptr<MMWaveFileX>()>;
+  using NewWaveFile = std::function<std::unique_ptr<MMWave>()>;
 
   HeadlessPlayer(EventLoop& loop, Clock& clock, HeadlessSoundCard& card, NewWaveFile newWaveFile);
   ~HeadlessPlayer() override;

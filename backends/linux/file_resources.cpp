@@ -85,4 +85,9 @@ Text FileResources::Layout(const Text& name) {
   return FromUtf8(FileText(folder_ / "layouts" / (ToUtf8(name) + ".layout")));
 }
 
+Text FileResources::Supplement(const Text& name) {
+  if (!IsName(name)) return {};
+  return FromUtf8(FileText(folder_ / ToUtf8(name)));
+}
+
 }  // namespace vantora

@@ -1,6 +1,7 @@
-// Texts, layouts and pictures from the program's resource folder: `strings.tsv` (number, tab, text,
-// with \n, \t and \\ in it), `layouts/NAME.layout`, `pictures/NAME.svg`, all in UTF-8. The texts
-// are read with the first question; a folder that is missing has no texts.
+// Texts, layouts, pictures and supplements from the program's resource folder: `strings.tsv`
+// (number, tab, text, with \n, \t and \\ in it), `layouts/NAME.layout`, `pictures/NAME.svg`,
+// supplements under their own names, all in UTF-8. The texts are read with the first question; a
+// folder that is missing has no texts.
 #pragma once
 
 #include "platform/resources.h"
@@ -18,6 +19,7 @@ class FileResources final : public Resources {
   Text LoadResString(int id) override;
   bool HasPicture(const Text& name) override;
   Text Layout(const Text& name) override;
+  Text Supplement(const Text& name) override;
 
  private:
   void ReadTexts();

@@ -149,6 +149,14 @@ void DrawingWidget::Draw(QPainter& painter, const DrawItem& item) {
       painter.drawText(place, look::FromText(item.Content));
       return;
     }
+    case DrawItem::What::Polygon: {
+      if (item.Fill != kTransparent) painter.setBrush(look::Of(item.Fill));
+      if (item.Ink == kTransparent) painter.setPen(Qt::NoPen);
+      QPolygonF area;
+      for (std::size_t i = 0; i + 1 < numbers; i += 2) area << At(item, i);
+      painter.drawPolygon(area);
+      return;
+    }
     case DrawItem::What::Picture: {
       if (numbers < 4) return;
       const QRect place = QRectF(At(item, 0), At(item, 2)).toAlignedRect();

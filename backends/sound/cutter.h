@@ -11,7 +11,7 @@ class Cutter final : public TsCut {
  public:
   explicit Cutter(Dateien& dateien) : dateien_(dateien) {}
 
-  void Cut(const Text& file, std::int64_t fromFrame, std::int64_t frames) override;
+  void Cut(const Text& file, std::int64_t first, std::int64_t last) override;
 
  private:
   Dateien& dateien_;

@@ -1,42 +1,55 @@
-// The audio component set put together: own wave files, and players and devices from whoever has a
-// sound card to offer.
+// The audio component set put together: own wave files, chains and filters, and players, devices
+// and a loudspeaker from whoever has a sound card to offer.
 #pragma once
 
-#include "backends/sound/wave_file.h"
-
+#include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/mmtools.h"
+#include "platform/profile.h"
+#include "platform/sound_output.h"
 
 #include <functional>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace vantora {
 
 class SoundTools final : public MMTools {
  public:
-  using NewPlayerCall = std::function<std::unique_ptr<MMWavePlayerX>()>;
-  using DevicesCall = std::function<std::vector<Text>()>;  // names of the outputs
+  struct Card {
+    std::function<std::unique_ptr<MMWavePlayerX>()> NewPlayer;
+    std::function<std::vector<Text>()> Devices;  // names of the outputs
+    SoundOutput& Output;
+  };
+  SoundTools(EventLoop& loop, Dateien& dateien, Profile& profiles, Card card);
+  ~SoundTools() override;
 
-  SoundTools(Dateien& dateien, NewPlayerCall newPlayer, DevicesCall devices)
-      : dateien_(dateien), newPlayer_(std::move(newPlayer)), devices_(std::move(devices)) {}
+  std::unique_ptr<MMWave> NewWaveFile() override;
+  std::unique_ptr<MMWavePlayerX> NewPlayer() override;
+  int waveOutGetNumDevs() override;
+  Text waveOutGetDevCaps(int device) override;
 
-  std::unique_ptr<MMWaveFileX> NewWaveFile() override {
-    return std::make_unique<WaveFile>(dateien_);
-  }
-  std::unique_ptr<MMWavePlayerX> NewPlayer() override { return newPlayer_(); }
-  int waveOutGetNumDevs() override { return static_cast<int>(devices_().size()); }
-  Text waveOutGetDevCaps(int device) override {
-    const std::vector<Text> names = devices_();
-    const auto place = static_cast<std::size_t>(device);
-    return device >= 0 && place < names.size() ? names[place] : Text();
-  }
+  std::unique_ptr<MMWaveFileX> NewWaveFileX() override;
+  std::unique_ptr<MMPCMConverterX> NewPCMConverter() override;
+  std::unique_ptr<MMPeakDetectX> NewPeakDetect() override;
+  std::unique_ptr<MMDSPInterfaceX> NewDSPInterface() override;
+  std::unique_ptr<MMEqualizerX> NewEqualizer() override;
+  std::unique_ptr<MMReverbX> NewReverb() override;
+  std::unique_ptr<MMFlangerX> NewFlanger() override;
+  std::unique_ptr<MMVolumeX> NewVolume() override;
+  std::unique_ptr<MMWaveOutX> NewWaveOut() override;
+  std::unique_ptr<MMConnectorX> NewConnector() override;
+  std::unique_ptr<MMTriggerX> NewTrigger() override;
+  MMHelperX& Helper() override;
+  void NormalizeFile(const Text& file, const std::function<void(int phase, int percent)>& callback,
+                     int percent) override;
 
  private:
+  EventLoop& loop_;
   Dateien& dateien_;
-  NewPlayerCall newPlayer_;
-  DevicesCall devices_;
+  Profile& profiles_;
+  Card card_;
+  std::unique_ptr<MMHelperX> helper_;
 };
 
 }  // namespace vantora

@@ -12,7 +12,7 @@
 
 namespace vantora {
 
-class WaveFile final : public MMWaveFileX {
+class WaveFile final : public MMWave {
  public:
   explicit WaveFile(Dateien& dateien) : dateien_(dateien) {}
   ~WaveFile() override;  // closes; what fails then is lost

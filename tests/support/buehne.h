@@ -47,7 +47,8 @@ inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& 
                              Sockets& net) {
   return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
           p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
-          p.mp3,           mcd,          acd,        cd,           mci,       net};
+          p.mp3,           mcd,          acd,        cd,           mci,       net,
+          p.audiolib,      p.perfData};
 }
 
 class Buehne {

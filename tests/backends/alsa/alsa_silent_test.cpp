@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "backends/alsa/alsa_devices.h"
+#include "backends/alsa/alsa_stream.h"
+#include "backends/linux/profile_file.h"
 #include "backends/sound/sound_tools.h"
 #include "tests/backends/alsa/listener.h"
 
@@ -23,8 +25,10 @@ class NoCard : public Listener {
 }  // namespace
 
 TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
-  SoundTools tools(
-      home.Files, [] { return nullptr; }, [] { return AlsaPlaybackDevices(); });
+  AlsaSoundOutput sound(loop);
+  ProfileFiles profiles(home.Table);
+  SoundTools tools(loop, home.Files, profiles,
+                   {[] { return nullptr; }, [] { return AlsaPlaybackDevices(); }, sound});
   EXPECT_EQ(tools.waveOutGetNumDevs(), 0);
   EXPECT_EQ(tools.waveOutGetDevCaps(0), L"");
   Wave(Steps({1000}));

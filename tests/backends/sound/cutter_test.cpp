@@ -13,28 +13,28 @@ TEST(Cutter, ItTakesOutTheRangeAndNothingElse) {
   constexpr std::int64_t kFrames = 900'000;  // several blocks
   const std::string data = Noise(kFrames * 4), tail = Chunk("LIST", Noise(501, 2));
   const struct {
-    std::int64_t From, Frames;
+    std::int64_t First, Last;
   } cases[] = {{0, 1},
-               {100, 50'000},
-               {1, 600'000},
-               {kFrames - 1, 1},
+               {100, 50'100},
+               {1, 600'001},
+               {kFrames - 1, kFrames},
                {0, kFrames},
-               {kFrames - 5, 100},
-               {kFrames, 10},
-               {5, 0},
-               {5, -3},
-               {-10, 30},
-               {-10, 10},
+               {kFrames - 5, kFrames + 95},
+               {kFrames, kFrames + 10},
+               {5, 5},
+               {5, 2},
+               {-10, 20},
+               {-10, 0},
                {700'000, INT64_MAX},
-               {INT64_MIN / 2, INT64_MAX}};
+               {INT64_MIN, INT64_MAX}};
   for (const auto& each : cases) {
-    SCOPED_TRACE(each.From);
+    SCOPED_TRACE(each.First);
     Home home;
     Put(home / "a.wav", Wave(data, tail));
-    Cutter(home.Files).Cut(L"C:\\a.wav", each.From, each.Frames);
+    Cutter(home.Files).Cut(L"C:\\a.wav", each.First, each.Last);
     std::string expected;
     for (std::int64_t frame = 0; frame < kFrames; ++frame) {
-      const bool cut = each.Frames > 0 && frame >= each.From && frame - each.From < each.Frames;
+      const bool cut = frame >= each.First && frame < each.Last;
       if (!cut) expected.append(data, static_cast<std::size_t>(frame) * 4, 4);
     }
     EXPECT_TRUE(Get(home / "a.wav") == Wave(expected, tail));
