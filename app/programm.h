@@ -7,6 +7,7 @@
 #include "app/fenster.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
+#include "waveeditor/editor_zustand.h"
 
 #include "platform/plattform.h"
 
@@ -29,6 +30,7 @@ class frmStartAssistent;
 class frmMixer;
 class frmCDPlayer;
 class frmDatenbank;
+class frmWaveEditor;
 
 // Flags of a message box, as far as they are in use.
 enum MeldungsArt : int {
@@ -45,7 +47,13 @@ enum Antwort : int { kJa = 6, kNein = 7 };
 enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3 };
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
 
-struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZustand, GrabZustand {
+struct Programm : Dienste,
+                  Einstellungen,
+                  KatalogZustand,
+                  DialogFelder,
+                  BrennZustand,
+                  GrabZustand,
+                  EditorZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -103,6 +111,7 @@ struct Programm : Dienste, Einstellungen, KatalogZustand, DialogFelder, BrennZus
   Fenster<vantora::frmMixer> frmMixer{*this};
   Fenster<vantora::frmCDPlayer> frmCDPlayer{*this};
   Fenster<vantora::frmDatenbank> frmDatenbank{*this};
+  Fenster<vantora::frmWaveEditor> frmWaveEditor{*this};
 
  private:
   vantora::Text VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz);

@@ -1,0 +1,12 @@
+#include "waveeditor/frmWaveEditor.h"
+
+namespace vantora {
+
+void frmWaveEditor::Einrechnen2(const Text& /*datei*/) {}
+void frmWaveEditor::Trigger_OnStop() {}
+void frmWaveEditor::Trigger_OnError() {}
+void frmWaveEditor::CloseMe() {}
+void frmWaveEditor::EffektWerteMerken() {}
+void frmWaveEditor::EffektWerteLaden() {}
+
+}  // namespace vantora
