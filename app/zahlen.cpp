@@ -40,9 +40,13 @@ std::string Dezimal(double wert, int stellen) {
   return ziffern;
 }
 
+void MitNullen(std::string& ziffern, std::size_t mindestens) {
+  if (ziffern.size() < mindestens) ziffern.insert(0, mindestens - ziffern.size(), '0');
+}
+
 void Tausender(std::string& ziffern) {
-  for (std::size_t stelle = ziffern.find('.'); stelle > 3; stelle -= 3)
-    ziffern.insert(stelle - 3, ",");
+  for (std::size_t stelle = std::min(ziffern.find('.'), ziffern.size()); stelle > 3; stelle -= 3)
+    ziffern.insert(stelle - 3, 1, ',');
 }
 
 bool NurNull(const std::string& ziffern) {
@@ -144,16 +148,19 @@ Text HexText(double wert) {
 }
 
 Text Format(double wert, const Text& muster) {
-  if (muster == L"0" || muster == L"00" || muster == L"0000" || muster == L"##00") {
+  const bool tausender = muster == L"#,##00" || muster == L"##0,0";
+  if (tausender || muster == L"##00" || muster == L"#0" ||
+      (!muster.empty() && muster.size() <= 4 && muster == Text(muster.size(), L'0'))) {
     std::string ziffern = Dezimal(wert, 0);
-    const std::size_t mindestens = muster == L"##00" ? 2 : muster.size();
-    if (ziffern.size() < mindestens) ziffern.insert(0, mindestens - ziffern.size(), '0');
+    const auto nullen = static_cast<std::size_t>(std::count(muster.begin(), muster.end(), L'0'));
+    MitNullen(ziffern, nullen);
+    if (tausender) Tausender(ziffern);
     return MitVorzeichen(wert, ziffern);
   }
   if (muster == L"00:00") {
     std::string ziffern = Dezimal(wert, 0);
-    if (ziffern.size() < 4) ziffern.insert(0, 4 - ziffern.size(), '0');
-    ziffern.insert(ziffern.size() - 2, ":");
+    MitNullen(ziffern, 4);
+    ziffern.insert(ziffern.size() - 2, 1, ':');
     return MitVorzeichen(wert, ziffern);
   }
   if (muster == L"0.00") return MitVorzeichen(wert, Dezimal(wert, 2));

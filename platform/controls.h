@@ -315,6 +315,9 @@ class Slider : public Control {
 
   Property<int> Min{*this, 0}, Max{*this, 100}, Value{*this, 0};
   Property<bool> Vertical{*this, false};
+  bool Upwards = false;  // upright with the greatest value at the top
+  // Half of the way to the greatest value is its square root: for levels, from a minimum of 0.
+  bool Logarithmic = false;
   std::function<void()> Change;
 };
 

@@ -43,6 +43,7 @@ class Dateien {
   // Time of the last change as text, "2026-11-24 10:00:00.123456789"; stable while unchanged.
   virtual Text FileDateTime(const Text& path) = 0;
   virtual void Kill(const Text& path) = 0;
+  virtual void SetAttrNormal(const Text& path) = 0;  // takes the write protection off a file
   virtual void FileCopy(const Text& from, const Text& to) = 0;  // no half file stays on failure
   virtual void MkDir(const Text& path) = 0;                     // with its parents
   // Names (no path) in a folder that match one of the patterns ("*.vtr", "*.wav;*.mp3"), sorted

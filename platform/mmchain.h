@@ -159,6 +159,7 @@ class MMEqualizerX : public MMEffectX {
   };
   int SampleRate = 44100;                                                       // Hz
   virtual void Add(double frequencyFrom, double frequencyTo, double gain) = 0;  // Hz, Hz, dB
+  virtual int Count() const = 0;
   virtual Filter& Item(int index) = 0;  // from 0; error 9 for none
 };
 

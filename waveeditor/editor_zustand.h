@@ -28,7 +28,8 @@ struct EffektWerte {
 };
 
 struct EditorZustand {
-  Text WaveEditorDatei;  // set before the editor is opened
+  Text WaveEditorDatei;      // set before the editor is opened
+  bool EditorBatch = false;  // the editor is being opened for a batch
   EffektWerte EffektEinstellung;
 };
 

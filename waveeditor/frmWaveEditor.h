@@ -347,15 +347,18 @@ class frmWaveEditor final : public VtrFenster {
   // making
   void KomponentenErzeugen();
   void KetteVerbinden();
-  void FelderOrdnen();  // which control lies in which
   void TransportEinrichten();
   void EffekteEinrichten();
   void PresetsEinrichten();
   void TexteEffekte();
+  void TextePresets();
+  void Hinweis(Control& control, int nummer);  // tooltip, and name for those who listen
 
   // opening
   void PfadeBestimmen();
   void DateiOeffnen();
+  void PresetsVorbelegen();  // the presets that the program brings, where their slots are free
+  void LastMessungBeginnen();
 
   // picture
   void MarkerSetzen(int links, int breite);
@@ -366,12 +369,17 @@ class frmWaveEditor final : public VtrFenster {
   void SegmentZeichnen(PictureBox& flaeche, std::size_t punkte);
   void QuelleNeuOeffnen();
   std::int32_t Laenge() const;  // frames of the file that is open
+  void BlockLesen(std::int64_t frame);
+  void SpektrumNeuStarten();  // two seconds from now, unless something changes again
 
   // transport
+  void Anhalten();
   void BereichSetzen();  // range and position of the source, from the selection
   void KnoepfeFreigeben();
   void Spulen(bool vor);
+  void SpulenBeenden();
   void PauseUmschalten();
+  void Einrechnen();
 
   // effects
   struct Regler {  // a slider, the box beside it, and what both mean
@@ -389,6 +397,10 @@ class frmWaveEditor final : public VtrFenster {
   void Setzen(Slider& schieber, double wert);  // as a hand would: its handler runs
   void Setzen(CheckBox& kasten, int wert);     // the same
   bool Umschalten(CheckBox& kasten, PictureButton& knopf, const Text& bild);
+  static void KnopfZeigen(PictureButton& knopf, const CheckBox& kasten, const Text& bild);
+  void KnoepfeZeigen();
+  static constexpr int kPanels = 5;
+  void PanelZeigen(int index);
   void PanelLicht(int index, bool an);
   void FilterSchalten(CheckBox& kasten, const std::function<void(bool an)>& filter);
   void AlleEffekteAus();

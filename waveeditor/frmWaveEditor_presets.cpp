@@ -11,5 +11,8 @@ bool frmWaveEditor::txtPresName_KeyPress(int /*taste*/) {
 void frmWaveEditor::imgEddPres_MouseUp(int /*index*/) {}
 void frmWaveEditor::imgOK_MouseUp() {}
 void frmWaveEditor::comboPreset_Click() {}
+void frmWaveEditor::PresetsVorbelegen() {}
+void frmWaveEditor::PresetsEinrichten() {}
+void frmWaveEditor::TextePresets() {}
 
 }  // namespace vantora

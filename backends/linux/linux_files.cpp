@@ -222,6 +222,15 @@ void LinuxFiles::Kill(const Text& path) {
   if (::unlink(place.c_str()) != 0) RaiseErrno(errno, place);
 }
 
+void LinuxFiles::SetAttrNormal(const Text& path) {
+  const fs::path place = SystemPath(path);
+  struct stat info {};
+  if (::stat(place.c_str(), &info) != 0) RaiseErrno(errno, place);
+  RequireRegular(info);
+  if ((info.st_mode & S_IWUSR) != 0) return;
+  if (::chmod(place.c_str(), info.st_mode | S_IWUSR) != 0) RaiseErrno(errno, place);
+}
+
 void LinuxFiles::FileCopy(const Text& from, const Text& to) {
   const fs::path source = SystemPath(from), target = SystemPath(to);
   struct stat info {};

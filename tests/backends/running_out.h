@@ -30,6 +30,7 @@ class RunningOut final : public Dateien {
   bool IsDirectory(const Text& path) override { return files_.IsDirectory(path); }
   Text FileDateTime(const Text& path) override { return files_.FileDateTime(path); }
   void Kill(const Text& path) override { files_.Kill(path); }
+  void SetAttrNormal(const Text& path) override { files_.SetAttrNormal(path); }
   void FileCopy(const Text& from, const Text& to) override { files_.FileCopy(from, to); }
   void MkDir(const Text& path) override { files_.MkDir(path); }
   std::vector<Text> List(const Text& folder, const Text& pattern) override {

@@ -12,6 +12,7 @@ class Equalizer final : public MMEqualizerX {
   void Enable() override {}
   void Disable() override {}
   void Add(double frequencyFrom, double frequencyTo, double gain) override;
+  int Count() const override { return static_cast<int>(bands_.size()); }
   Filter& Item(int index) override;
 
  private:
