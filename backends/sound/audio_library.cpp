@@ -1,0 +1,82 @@
+#include "backends/sound/audio_library.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantora {
+
+namespace {
+
+constexpr float kLeast = -32768, kGreatest = 32767;
+
+std::int16_t Rounded(float sample) {
+  return static_cast<std::int16_t>(std::nearbyint(std::clamp(sample, kLeast, kGreatest)));
+}
+
+}  // namespace
+
+void AudioLibrary::func_01(int /*size*/) {
+  piece_.resize(ClickFilter::kBlock);
+}
+
+void AudioLibrary::func_02() {
+  func_11();
+  func_09();
+  func_10();
+}
+
+void AudioLibrary::func_05(const float& /*level*/) {
+  clicks_.emplace(kChannels, ClickFilter(ClickFilter::Damage::kClicks));
+}
+
+void AudioLibrary::func_11() {
+  clicks_.reset();
+}
+
+void AudioLibrary::func_03(const float& /*level*/) {
+  crackle_.emplace(kChannels, ClickFilter(ClickFilter::Damage::kCrackle));
+}
+
+void AudioLibrary::func_09() {
+  crackle_.reset();
+}
+
+void AudioLibrary::func_04(const float& /*level*/) {}
+
+void AudioLibrary::func_10() {}
+
+void AudioLibrary::func_08(const float& level, const std::int16_t& channels,
+                           const std::int16_t* source, std::int16_t* target, int frames) {
+  Run(clicks_, level, channels, source, target, frames);
+}
+
+void AudioLibrary::func_06(const float& level, const std::int16_t& channels,
+                           const std::int16_t* source, std::int16_t* target, int frames) {
+  Run(crackle_, level, channels, source, target, frames);
+}
+
+void AudioLibrary::func_07(const float& /*level*/, const std::int16_t& channels,
+                           const std::int16_t* source, std::int16_t* target, int frames) {
+  Stage<ClickFilter> none;
+  Run(none, 0, channels, source, target, frames);
+}
+
+template <class Filter>
+void AudioLibrary::Run(Stage<Filter>& stage, float level, int channels, const std::int16_t* source,
+                       std::int16_t* target, int frames) {
+  if (frames <= 0 || channels <= 0) return;
+  const auto total = static_cast<std::size_t>(frames), apart = static_cast<std::size_t>(channels);
+  std::copy_n(source, total * apart, target);
+  if (!stage || piece_.empty()) return;
+  for (std::size_t channel = 0; channel < std::min(apart, kChannels); ++channel) {
+    for (std::size_t from = 0; from < total; from += piece_.size()) {
+      const std::size_t count = std::min(piece_.size(), total - from);
+      std::int16_t* const first = target + from * apart + channel;
+      for (std::size_t i = 0; i < count; ++i) piece_[i] = first[i * apart];
+      (*stage)[channel].Process(level, piece_.data(), count);
+      for (std::size_t i = 0; i < count; ++i) first[i * apart] = Rounded(piece_[i]);
+    }
+  }
+}
+
+}  // namespace vantora

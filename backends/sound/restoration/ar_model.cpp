@@ -1,0 +1,146 @@
+#include "backends/sound/restoration/ar_model.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantora {
+
+namespace {
+
+// A sum in eight parts, so that the vector unit can take them side by side.
+double Product(const float* a, const float* b, std::size_t count) {
+  constexpr std::size_t kParts = 8;
+  std::array<float, kParts> parts{};
+  std::size_t i = 0;
+  for (; i + kParts <= count; i += kParts) {
+    for (std::size_t part = 0; part < kParts; ++part) parts[part] += a[i + part] * b[i + part];
+  }
+  double sum = 0;
+  for (; i < count; ++i) sum += double{a[i]} * double{b[i]};
+  for (const float part : parts) sum += double{part};
+  return sum;
+}
+
+// One stage of the lattice: both errors of the next order. `backward` belongs to the sample at
+// which its prediction aims, so that nothing moves from stage to stage.
+void Stage(float* __restrict forward, float* __restrict backward, std::size_t count, float k) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const float f = forward[i], b = backward[i];
+    forward[i] = f + k * b;
+    backward[i] = b + k * f;
+  }
+}
+
+}  // namespace
+
+ArModel::ArModel(std::size_t longest) : forward_(longest), backward_(longest) {
+  a_[0] = 1;
+}
+
+void ArModel::Fit(const float* sound, std::size_t length) {
+  std::copy_n(sound, length, forward_.begin());
+  std::copy_n(sound, length, backward_.begin());
+  float* const forward = forward_.data();
+  float* const backward = backward_.data();
+  a_.fill(0);
+  a_[0] = 1;
+  const double energy = Product(forward, forward, length);
+  const double least = 1e-9 * energy + 1e-6;
+  double both = 2 * energy;
+  for (std::size_t m = 1; m <= kOrder && m < length; ++m) {
+    const std::size_t count = length - m;
+    both -= double{forward[m - 1]} * double{forward[m - 1]} +
+            double{backward[count]} * double{backward[count]};
+    double k = 0;
+    if (both > least) {
+      k = std::clamp(-2 * Product(forward + m, backward, count) / both, -0.99999, 0.99999);
+    }
+    both *= 1 - k * k;
+    reflection_[m - 1] = static_cast<float>(k);
+    Stage(forward + m, backward, count, reflection_[m - 1]);
+    for (std::size_t low = 1, high = m - 1; low <= high; ++low, --high) {
+      const double a = a_[low], b = a_[high];
+      a_[low] = a + k * b;
+      a_[high] = b + k * a;
+    }
+    a_[m] = k;
+  }
+}
+
+void ArModel::Filter(const float* sound, std::size_t length) {
+  std::copy_n(sound, length, forward_.begin());
+  std::copy_n(sound, length, backward_.begin());
+  for (std::size_t m = 1; m <= kOrder && m < length; ++m) {
+    Stage(forward_.data() + m, backward_.data(), length - m, reflection_[m - 1]);
+  }
+}
+
+void ArModel::Errors(const float* sound, std::size_t first, std::size_t rows) {
+  for (std::size_t row = 0; row < rows; ++row) {
+    const float* const newest = sound + first + row;
+    double error = 0;
+    for (std::size_t k = 0; k <= kOrder; ++k) error += a_[k] * double{*(newest - k)};
+    errors_[row] = error;
+  }
+}
+
+// Row r of the errors knows unknown i with the weight a_[r - i]. With kOrder rows behind the gap
+// the sums depend on the distance alone.
+void ArModel::Equations(std::size_t count, std::size_t rows) {
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t behind = std::min(kOrder, rows - 1 - i);
+    double right = 0;
+    for (std::size_t k = 0; k <= behind; ++k) right -= a_[k] * errors_[i + k];
+    gap_[i] = right;
+    for (std::size_t apart = 0; apart <= std::min(kOrder, i); ++apart) {
+      if (i > apart && behind == kOrder) {
+        band_[i][apart] = band_[i - 1][apart];
+        continue;
+      }
+      double sum = 0;
+      for (std::size_t k = 0; k <= behind && k + apart <= kOrder; ++k) sum += a_[k] * a_[k + apart];
+      band_[i][apart] = sum;
+    }
+  }
+}
+
+// Cholesky's method within the band. The matrix is positive; what rounding takes off it where a
+// piece is foretold almost without error is put on again.
+void ArModel::Solve(std::size_t count) {
+  const double least = 1e-12 * band_[0][0];
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t from = i - std::min(kOrder, i);
+    for (std::size_t j = from; j <= i; ++j) {
+      double sum = band_[i][i - j];
+      for (std::size_t k = std::max(from, j - std::min(kOrder, j)); k < j; ++k) {
+        sum -= band_[i][i - k] * band_[j][j - k];
+      }
+      band_[i][i - j] = j < i ? sum / band_[j][0] : std::sqrt(std::max(sum, least));
+    }
+    for (std::size_t k = from; k < i; ++k) gap_[i] -= band_[i][i - k] * gap_[k];
+    gap_[i] /= band_[i][0];
+  }
+  for (std::size_t i = count; i-- > 0;) {
+    gap_[i] /= band_[i][0];
+    for (std::size_t k = i - std::min(kOrder, i); k < i; ++k) gap_[k] -= band_[i][i - k] * gap_[i];
+  }
+}
+
+float ArModel::Fill(float* sound, std::size_t first, std::size_t count, std::size_t length) {
+  const std::size_t rows = std::min(count + kOrder, length - first);
+  const auto energy = [&] {
+    Errors(sound, first, rows);
+    double sum = 0;
+    for (std::size_t row = 0; row < rows; ++row) sum += errors_[row] * errors_[row];
+    return sum;
+  };
+  const double before = energy();
+  std::fill_n(sound + first, count, 0.0F);
+  Errors(sound, first, rows);
+  Equations(count, rows);
+  Solve(count);
+  for (std::size_t i = 0; i < count; ++i) sound[first + i] = static_cast<float>(gap_[i]);
+  return before > 0 ? static_cast<float>(std::min(energy() / before, 1.0)) : 0.0F;
+}
+
+}  // namespace vantora

@@ -1,0 +1,53 @@
+// A short piece of sound as the output of an all-pole filter: each sample is a weighted sum of the
+// ones before it plus an error. Music is predicted well by such a model, damage is not, so the
+// error shows the damage and the model tells what should have been there.
+//
+// Fit: Burg's recursion (J. P. Burg, "Maximum entropy spectral analysis", 1967). It needs no window
+// and leaves both prediction errors behind. Fill: least-squares interpolation (A. J. E. M. Janssen,
+// R. N. J. Veldhuis, L. B. Vries, "Adaptive interpolation of discrete-time signals that can be
+// modeled as autoregressive processes", 1986).
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace vantora {
+
+class ArModel {
+ public:
+  static constexpr std::size_t kOrder = 32;
+  static constexpr std::size_t kLongestGap = 160;
+
+  explicit ArModel(std::size_t longest);  // the longest piece, in samples
+
+  void Fit(const float* sound, std::size_t length);
+
+  // The prediction errors of the piece that Fit saw last, or of any other one through Filter: of
+  // sample n from the kOrder samples before it, and from those behind it. Towards the two ends,
+  // where fewer samples are left, the prediction is of a lower order and so the error greater.
+  const float* Forward() const { return forward_.data(); }
+  const float* Backward() const { return backward_.data(); }
+  void Filter(const float* sound, std::size_t length);
+
+  // Puts into sound[first, first + count) what makes the prediction errors from `first` on least.
+  // `first` is at least kOrder, `count` at most kLongestGap. What follows the gap counts as far as
+  // `length`; with nothing behind it the gap is the prediction of what stands before. Returns the
+  // part of the error's energy that is left; 0 to 1.
+  float Fill(float* sound, std::size_t first, std::size_t count, std::size_t length);
+
+ private:
+  void Errors(const float* sound, std::size_t first, std::size_t rows);
+  void Equations(std::size_t count, std::size_t rows);
+  void Solve(std::size_t count);
+
+  std::vector<float> forward_, backward_;
+  std::array<float, kOrder> reflection_{};
+  std::array<double, kOrder + 1> a_{};  // error = sum of a_[k] * sample[n - k], a_[0] = 1
+  // The equations of a gap, of which only the band up to kOrder beside the diagonal is not 0.
+  std::array<std::array<double, kOrder + 1>, kLongestGap> band_{};
+  std::array<double, kLongestGap> gap_{};
+  std::array<double, kLongestGap + kOrder> errors_{};
+};
+
+}  // namespace vantora

@@ -1,0 +1,77 @@
+// Clicks and crackle: short damage that was added to one channel of music, found and replaced.
+//
+// Finding (S. V. Vaseghi, P. J. W. Rayner, "Detection and suppression of impulsive noise in speech
+// communication systems", 1990; S. J. Godsill, P. J. W. Rayner, "Digital Audio Restoration", 1998):
+// a sample is suspected when an autoregressive model of its surroundings foretells it badly from
+// both sides, measured against the median of the errors nearby. Damage spoils the model too, so the
+// piece is repaired on trial and the search repeated with the model of the repaired piece.
+//
+// Telling damage from music: the attack of a drum, a plucked string or a voice's pulse is foretold
+// badly as well, but everything after it follows from it. Damage leaves no trace behind. Where
+// replacing the suspected samples does not take away nearly all of the error of the samples after
+// them too, they were music and stay. Clicks are rare: peaks of the error that come back every few
+// milliseconds raise the measure for them.
+//
+// Replacing: least-squares interpolation from both sides. There is no delay, so damage at the end
+// of a buffer is replaced by what the music before it foretells; the next buffer goes on from there
+// and fades over to the true sound.
+//
+// The level, 0 to 1, lowers the measure (from about 12 to 3 times the usual error) and lengthens
+// the longest damage that is looked for. At 0 nothing is done.
+#pragma once
+
+#include "backends/sound/restoration/ar_model.h"
+
+#include <array>
+#include <cstddef>
+#include <vector>
+
+namespace vantora {
+
+class ClickFilter {
+ public:
+  enum class Damage { kClicks, kCrackle };
+  static constexpr std::size_t kBlock = 1024;
+
+  explicit ClickFilter(Damage damage);
+
+  // One piece of one channel in place, at most kBlock samples in the units of 16 bit.
+  void Process(float level, float* sound, std::size_t count);
+
+ private:
+  static constexpr std::size_t kPast = 1024;
+  static constexpr std::size_t kStretch = 256;  // samples that share one measure
+  static constexpr std::size_t kStretches = (kPast + kBlock) / kStretch;
+  static constexpr std::size_t kFade = 32;
+
+  struct Gap {
+    std::size_t First, Count;
+  };
+  struct Measure {  // what a level means
+    float Times;    // the usual error
+    float Crest;    // the usual peak of the error
+    std::size_t Longest;
+  };
+
+  Measure MeasureOf(float level) const;
+  void Search(const Measure& measure);
+  void MeasureStretches(const Measure& measure);
+  void Extend(Gap& gap, std::size_t from) const;
+  void Repair();
+  void GoOn(float* sound, std::size_t count);
+  void Keep(const float* sound, std::size_t count);
+
+  const Damage damage_;
+  ArModel model_;
+  std::size_t length_ = 0;               // of the past and the new piece
+  std::vector<float> heard_, repaired_;  // both: kPast samples, repaired as well as is known
+  std::vector<float> error_;             // now, then the new piece
+  std::vector<float> sorted_;
+  std::array<float, kStretches> limit_{};
+  std::vector<Gap> gaps_;
+  std::array<float, ArModel::kOrder + kFade> bridge_{};
+  std::array<float, ArModel::kOrder> given_{};  // the last samples that were given out
+  std::size_t open_ = 0;                        // of these were foretold, for want of a right side
+};
+
+}  // namespace vantora
