@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backends/sound/restoration/click_filter.h"
+#include "backends/sound/spectrum/waterfall.h"
 
 #include "platform/audiolib.h"
 
@@ -27,12 +28,15 @@ class AudioLibrary final : public Audiolib {
                std::int16_t* target, int frames) override;
   void func_07(const float& level, const std::int16_t& channels, const std::int16_t* source,
                std::int16_t* target, int frames) override;
-  void func_15(int /*depth*/) override {}
-  void func_17(const std::int16_t* /*samples*/, int /*blocks*/, int /*blockSize*/,
-               int /*channels*/) override {}
-  void func_18(PictureBox& /*picture*/, const int& /*height*/, int /*width*/, const Text& /*xText*/,
-               const Text& /*yText*/) override {}
-  void func_16() override {}
+  void func_15(int depth) override { spectrum_.emplace(depth); }
+  void func_17(const std::int16_t* samples, int blocks, int blockSize, int channels) override {
+    if (spectrum_) spectrum_->Transform(samples, blocks, blockSize, channels);
+  }
+  void func_18(PictureBox& picture, const int& height, int width, const Text& xText,
+               const Text& yText) override {
+    if (spectrum_) DrawWaterfall(*spectrum_, picture, width, height, xText, yText);
+  }
+  void func_16() override { spectrum_.reset(); }
 
  private:
   static constexpr std::size_t kChannels = 2;  // more than these pass as they are
@@ -47,6 +51,8 @@ class AudioLibrary final : public Audiolib {
 
   Stage<ClickFilter> clicks_, crackle_;
   std::vector<float> piece_;
+
+  std::optional<Spectrum> spectrum_;  // the picture that is being made
 };
 
 }  // namespace vantora
