@@ -1,0 +1,55 @@
+// A program whose wave editor stands open on a wave file of the test's own.
+#pragma once
+
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/support/buehne.h"
+#include "waveeditor/frmWaveEditor.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace vantora {
+
+class EditorBuehne {
+ public:
+  static constexpr const wchar_t* kDatei = L"C:\\Vantora\\Wavs\\a.wav";
+
+  EditorBuehne() { b.Start(); }
+
+  // Frames as the test says, from 0.
+  using Klang = std::function<frmWaveEditor::Frame(std::int64_t frame)>;
+  void Schreibe(std::int64_t frames, const Klang& klang) {
+    std::string daten;
+    for (std::int64_t i = 0; i < frames; ++i) {
+      const frmWaveEditor::Frame frame = klang(i);
+      for (const std::int16_t wert : {frame.Links, frame.Rechts}) {
+        daten += test::Number(static_cast<std::uint16_t>(wert), 2);
+      }
+    }
+    b.Datei(kDatei, test::Wave(daten));
+  }
+  void Oeffne() {
+    b.prog.WaveEditorDatei = kDatei;
+    b.Tu([this] { b.prog.frmWaveEditor.Laden(); });
+  }
+  void Oeffne(std::int64_t frames) {
+    b.Wave(kDatei, frames);
+    Oeffne();
+  }
+  frmWaveEditor& E() { return b.prog.frmWaveEditor(); }
+  // Presses at one place of the picture and releases at another, in twips.
+  void Ziehe(int von, int nach) {
+    b.Tu([&] {
+      E().picWave_MouseDown(von);
+      E().picWave_MouseMove(kLeftButton, nach);
+      E().picWave_MouseUp();
+    });
+  }
+  void Druecke(PictureButton& knopf) { b.platform.hands.Press(knopf); }
+  void Vergeht(int ms) { b.platform.loop.Pass(ms); }
+
+  Buehne b;
+};
+
+}  // namespace vantora

@@ -1,0 +1,307 @@
+#include <gtest/gtest.h>
+
+#include "tests/waveeditor/editor_stage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace vantora {
+namespace {
+
+constexpr std::int64_t kSekunde = 44100;
+
+class WaveEditor : public ::testing::Test, protected EditorBuehne {
+ protected:
+  // What the sound passes on its way, from the loudspeaker back to the source.
+  std::vector<const MMComponentX*> Weg() {
+    std::vector<const MMComponentX*> weg;
+    for (const MMComponentX* c = E().Out->Input(); c != nullptr; c = c->Input()) weg.push_back(c);
+    return weg;
+  }
+  int Breite() { return E().picWaveBack.Width; }
+};
+
+TEST_F(WaveEditor, TimesHaveAColonButForNoneAndRoundedMinutes) {
+  const struct {
+    double Frames;
+    const wchar_t* Text;
+  } cases[] = {{0, L"0:00.0"},
+               {1, L"0:00:0"},
+               {44100, L"0:01:0"},
+               {44.1 * 59400, L"0:59:4"},
+               {44.1 * 59600, L"1:59:6"},
+               {44.1 * 61250, L"1:01:2"},
+               {44.1 * 59500, L"1:59:5"},  // 59.5 to the even 60
+               {44.1 * 4'799'999, L"80:59:9"}};
+  for (const auto& each : cases) EXPECT_EQ(frmWaveEditor::SmpToTime(each.Frames), each.Text);
+}
+
+TEST_F(WaveEditor, TheTraceIsAtTheLevelOfTheSoundWhereverItIsReadFrom) {
+  // Longer than a block, so that it is read in two; steps of a second.
+  const std::int64_t frames = 8 * kSekunde;
+  const auto pegel = [](std::int64_t i) { return static_cast<std::int16_t>(i / kSekunde * 4000); };
+  Schreibe(frames, [&](std::int64_t i) {
+    return frmWaveEditor::Frame{pegel(i), static_cast<std::int16_t>(-32768)};
+  });
+  Oeffne();
+  const double viertel = std::nearbyint(E().picWave.Height / 4.0);
+  ASSERT_EQ(E().WellenPunkte.size(), static_cast<std::size_t>(E().picWave.Width) * 16 + 1);
+  for (std::size_t i = 0; i + 1 < E().WellenPunkte.size(); i += 997) {
+    const double step = std::nearbyint(frames / 16.0) / E().picWave.Width;
+    const auto frame = static_cast<std::int64_t>(std::nearbyint(static_cast<double>(i) * step));
+    SCOPED_TRACE(frame);
+    EXPECT_NEAR(E().WellenPunkte[i].Links, viertel - viertel * 0.9 * pegel(frame) / 32768, 1);
+    EXPECT_NEAR(E().WellenPunkte[i].Rechts, 3 * viertel + viertel * 0.9, 1);
+  }
+  EXPECT_GT(E().picWaveBack.Drawing().size(), 30U);
+  EXPECT_EQ(E().picZeitFront.Drawing().size(), 2U * 19);
+}
+
+TEST_F(WaveEditor, AClickIsACursorAndADragARangeInEitherDirection) {
+  Oeffne(10 * kSekunde);
+  EXPECT_TRUE(E().NurCursor);
+  const int mitte = Breite() / 2;
+  Ziehe(mitte, mitte);
+  EXPECT_TRUE(E().NurCursor);
+  EXPECT_NEAR(E().CursorPos, 5.0 * kSekunde, 30);
+  EXPECT_EQ(E().MarkerEnde, 0);
+  EXPECT_EQ(E().lblMarkerDelta.Caption(), L"0:00.0");
+  Ziehe(mitte, Breite() / 4);
+  EXPECT_FALSE(E().NurCursor);
+  EXPECT_NEAR(E().MarkerAnfang, 2.5 * kSekunde, 30);
+  EXPECT_NEAR(E().MarkerEnde, 5.0 * kSekunde, 30);
+  EXPECT_EQ(E().lblMarkerDelta.Caption(), L"0:02:5");
+  Ziehe(mitte, 10 * Breite());  // beyond the edge
+  EXPECT_EQ(E().MarkerEnde, 10 * kSekunde);
+  b.Tu([&] { E().cmdAuswahlAufheben_Click(); });
+  EXPECT_FALSE(E().shpMarker.Visible());
+  EXPECT_TRUE(E().NurCursor);
+  EXPECT_EQ(E().CursorPos, 0);
+  b.Tu([&] { E().picWave_DblClick(); });
+  EXPECT_EQ(E().MarkerAnfang, 0);
+  EXPECT_EQ(E().MarkerEnde, 10 * kSekunde);
+}
+
+TEST_F(WaveEditor, ZoomingKeepsTheSelectionAndScrollsToIt) {
+  Oeffne(10 * kSekunde);
+  const int breite = Breite();
+  Ziehe(breite / 2, breite * 3 / 4);
+  const std::int32_t anfang = E().MarkerAnfang, ende = E().MarkerEnde;
+  Druecke(E().imgZoom(1));  // out, at 1
+  EXPECT_EQ(E().ZoomFaktor, 1);
+  for (const int faktor : {2, 4, 8, 16, 16}) {
+    Druecke(E().imgZoom(0));
+    EXPECT_EQ(E().ZoomFaktor, faktor);
+    EXPECT_EQ(Breite(), breite * faktor);
+    EXPECT_EQ(E().MarkerAnfang, anfang);
+    EXPECT_EQ(E().MarkerEnde, ende);
+    EXPECT_NEAR(E().shpMarker.Left, breite * faktor / 2, 2);
+    EXPECT_NEAR(E().shpMarker.Width, breite * faktor / 4, 2);
+    EXPECT_EQ(E().sliderWave.Max, (faktor - 1) * breite);
+    EXPECT_EQ(E().picWaveBack.Left, -E().sliderWave.Value());
+    EXPECT_NEAR(E().sliderWave.Value, std::min(breite * faktor / 2, E().sliderWave.Max()), 2);
+    EXPECT_EQ(E().lblZoomFaktor.Caption(), std::to_wstring(faktor) + L"x Zoom");
+  }
+  b.Tu([&] { E().cmdAllesAuswaehlen_Click(); });
+  EXPECT_EQ(E().MarkerEnde, ende);
+  Druecke(E().imgZoom(2));
+  EXPECT_EQ(Breite(), breite);
+  EXPECT_FALSE(E().sliderWave.Visible());
+  EXPECT_EQ(E().picWaveBack.Left, 0);
+}
+
+TEST_F(WaveEditor, PlayingRunsToTheEndOfTheRangeAndGoesBackToItsStart) {
+  Oeffne(10 * kSekunde);
+  Ziehe(Breite() / 2, Breite() * 3 / 4);
+  Druecke(E().imgSteuerung(0));
+  EXPECT_TRUE(E().Spielt);
+  EXPECT_FALSE(E().imgNormalize.Enabled());
+  Vergeht(1000);
+  EXPECT_NEAR(E().linPosition.Left, Breite() * 0.6, Breite() * 0.02);
+  Druecke(E().imgSteuerung(2));
+  const int stelle = E().linPosition.Left;
+  Vergeht(3000);
+  EXPECT_TRUE(E().Pausiert);
+  EXPECT_EQ(E().linPosition.Left, stelle);
+  Druecke(E().imgSteuerung(0));  // goes on
+  Vergeht(1000);
+  EXPECT_NEAR(E().linPosition.Left, Breite() * 0.7, Breite() * 0.03);
+  Vergeht(1500);
+  EXPECT_FALSE(E().Spielt);
+  EXPECT_EQ(E().linPosition.Left, E().shpMarker.Left);
+  EXPECT_TRUE(E().imgNormalize.Enabled());
+  EXPECT_EQ(E().Out->State(), MMWaveOutX::Closed);
+  Druecke(E().imgLoop);
+  Vergeht(9000);
+  EXPECT_TRUE(E().Spielt);
+  EXPECT_LE(E().linPosition.Left, Breite() * 3 / 4);
+  Druecke(E().imgLoop);
+  EXPECT_FALSE(E().Spielt);
+}
+
+TEST_F(WaveEditor, ASoundCardThatRefusesStopsThePlaying) {
+  b.platform.card.Present = false;
+  Oeffne(kSekunde);
+  Druecke(E().imgSteuerung(0));
+  Vergeht(500);
+  EXPECT_FALSE(E().Spielt);
+  EXPECT_TRUE(E().Window.Enabled());
+  EXPECT_TRUE(b.Gesagt().empty());
+}
+
+TEST_F(WaveEditor, WindingMovesByHalfASecondAndFasterTheLongerItIsHeld) {
+  Oeffne(60 * kSekunde);
+  const auto halten = [this](int index, int ms) {
+    b.Tu([&] {
+      b.platform.loop.PostAfter(ms, [&] { E().imgSteuerung_MouseUp(index); });
+      E().imgSteuerung_MouseDown(index);
+    });
+  };
+  halten(3, 499);
+  EXPECT_EQ(E().CursorPos, 22050);
+  EXPECT_TRUE(E().NurCursor);
+  halten(3, 510);
+  EXPECT_EQ(E().CursorPos, 3 * 22050);
+  halten(4, 20000);
+  EXPECT_EQ(E().CursorPos, 0);
+  EXPECT_EQ(E().CPULast, 25);
+  Druecke(E().imgSteuerung(0));
+  Vergeht(2000);
+  halten(3, 100);  // while it plays it goes on from there
+  EXPECT_TRUE(E().Spielt);
+  EXPECT_NEAR(E().SourceFile->Wave.PlayStart, 2.5 * kSekunde, 0.2 * kSekunde);
+  b.Tu([&] { E().PlayWave(false); });
+  b.Tu([&] { E().imgSteuerung_DblClick(3); });
+  EXPECT_EQ(E().CursorPos, 60 * kSekunde);
+}
+
+TEST_F(WaveEditor, TheSoundPassesTheEffectsThatAreOnAndNoOthers) {
+  Oeffne(kSekunde);
+  const struct {
+    PictureButton& Knopf;
+    const MMComponentX* Stufe;
+    int Panel;
+  } stufen[] = {{E().imgByPass, E().Eq.get(), 0},
+                {E().imgLoudness, E().Loudness.get(), 0},
+                {E().imgHallByPass, E().Reverb.get(), 2},
+                {E().imgFlangerBypass, E().Flanger.get(), 4},
+                {E().imgVolumeByPass, E().mmVolume.get(), 1}};
+  std::vector<bool> an(5);
+  for (unsigned schritt = 1; schritt <= 64; ++schritt) {
+    // In the order of a Gray code every set of effects comes up, by one press at a time.
+    const auto welche = static_cast<std::size_t>(std::min(__builtin_ctz(schritt), 4));
+    Druecke(E().imgEffekt(stufen[welche].Panel));
+    Druecke(stufen[welche].Knopf);
+    an[welche] = !an[welche];
+    std::vector<const MMComponentX*> soll;
+    for (std::size_t i = 5; i-- > 0;) {
+      if (an[i]) soll.push_back(stufen[i].Stufe);
+    }
+    for (const MMComponentX* immer :
+         {static_cast<MMComponentX*>(E().DSP.get()), static_cast<MMComponentX*>(E().Peak.get()),
+          static_cast<MMComponentX*>(E().MMPCMConverterX1.get()),
+          static_cast<MMComponentX*>(E().SourceFile.get())}) {
+      soll.push_back(immer);
+    }
+    EXPECT_EQ(Weg(), soll);
+    EXPECT_EQ(E().EffekteAktiv, an[0] || an[2] || an[3] || an[4]);
+  }
+  Druecke(E().imgEffekt(5));
+  EXPECT_EQ(Weg().size(), 4U);
+  EXPECT_FALSE(E().EffekteAktiv);
+}
+
+TEST_F(WaveEditor, TheGateClosesWhenTheSoundHasBeenSoftForLongEnough) {
+  Oeffne(kSekunde);
+  // Its own peaks: the gate asks the detector of the chain, which sees what is pulled through it.
+  const auto puffer = [this](std::int16_t pegel) {
+    struct Quelle final : MMComponentX {
+      std::int16_t Pegel = 0;
+      void Pull(MMData& data) override {
+        data.Samples.fill(Pegel);
+        data.Bytes = kBufferBytes;
+      }
+    } quelle;
+    quelle.Pegel = pegel;
+    E().MMPCMConverterX1->SetInput(&quelle);
+    MMData data;
+    E().DSP->Pull(data);
+    E().MMPCMConverterX1->SetInput(E().SourceFile.get());
+    return data.Samples[0] == pegel && data.Samples[2047] == pegel;  // it was let through
+  };
+  E().slGaterThreshold.Value = 1000;
+  E().slGaterAttack.Value = 50;  // 2205 frames
+  Druecke(E().imgEffekt(1));
+  Druecke(E().imgGaterBypass);
+  EXPECT_TRUE(puffer(999));   // the count begins
+  EXPECT_TRUE(puffer(999));   // 1025
+  EXPECT_TRUE(puffer(999));   // 2049
+  EXPECT_FALSE(puffer(999));  // 3073
+  EXPECT_TRUE(E().LEDGaterAus.Visible());
+  EXPECT_FALSE(puffer(500));
+  EXPECT_TRUE(puffer(1000));  // as loud as the threshold
+  EXPECT_TRUE(E().LEDGaterAn.Visible());
+  E().slGaterAttack.Value = 0;
+  EXPECT_TRUE(puffer(999));
+  EXPECT_FALSE(puffer(999));
+  E().slGaterThreshold.Value = 0;
+  EXPECT_TRUE(puffer(0));
+  Druecke(E().imgGaterBypass);
+  EXPECT_FALSE(E().LEDGaterAn.Visible());
+}
+
+TEST_F(WaveEditor, ABusyMachineTakesNoFilterOn) {
+  b.platform.load.Percent = 100;
+  Oeffne(kSekunde);
+  Druecke(E().imgEffekt(3));
+  Vergeht(450);
+  E().CPULast = 70;
+  Druecke(E().imgDeclickByPass);
+  EXPECT_EQ(E().chkDeclickAktiv.Value, 1);
+  Vergeht(100);  // the load is measured: 85
+  EXPECT_EQ(E().CPULast, 85);
+  Druecke(E().imgDenoiserByPass);
+  EXPECT_EQ(E().chkDenoiserAktiv.Value, 0);
+  EXPECT_EQ(E().imgDenoiserByPass.Picture(), L"WAVE_RESTAURATIONBYPASS_UNPRESSED");
+  EXPECT_EQ(E().imgEffekt(3).Picture(), L"WAVEEFFEKTON_3");
+}
+
+TEST_F(WaveEditor, TypedValuesGoToTheirSliders) {
+  Oeffne(kSekunde);
+  const auto tippt = [this](TextBox& feld, const Text& text, const wchar_t* ende) {
+    b.platform.hands.Type(feld, text);
+    b.platform.hands.Key(E(), ende);
+  };
+  Druecke(E().imgEffekt(4));
+  tippt(E().txtFlangerRate, L"2.5", L"Tab");
+  EXPECT_EQ(E().slFlangerRate.Value, 2);
+  tippt(E().txtFlangerRate, L"2.5", L"Return");
+  EXPECT_EQ(E().slFlangerRate.Value, 50);
+  EXPECT_EQ(E().txtFlangerRate.Text(), L"2.5");
+  tippt(E().txtFlangerDepth, L"999999", L"Return");
+  EXPECT_EQ(E().slFlangerDepth.Value, 99);
+  Druecke(E().imgEffekt(1));
+  tippt(E().txtVolume, L"8192", L"Return");
+  EXPECT_EQ(E().txtVolume.Text(), L"50");
+  EXPECT_EQ(E().txtGaterThreshold.Text(), L"Off");
+  b.platform.hands.Drag(E().slGaterThreshold, 0, 1000);
+  EXPECT_EQ(E().txtGaterThreshold.Text(), L"00");
+}
+
+TEST_F(WaveEditor, AFileThatIsGoneOrNoWaveOpensEmpty) {
+  for (const char* inhalt : {"", "no wave at all"}) {
+    b.Datei(kDatei, inhalt);
+    Oeffne();
+    EXPECT_TRUE(E().Window.Enabled());
+    EXPECT_EQ(E().lblMarkerEnde.Caption(), L"0:00.0");
+    for (int i : {0, 1, 2, 6}) Druecke(E().imgSteuerung(i));
+    Druecke(E().imgZoom(0));
+    Vergeht(3000);
+    EXPECT_FALSE(E().Spielt);
+    b.prog.frmWaveEditor.Entladen();
+  }
+}
+
+}  // namespace
+}  // namespace vantora
