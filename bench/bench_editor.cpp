@@ -1,0 +1,128 @@
+// The wave editor in real windows. `bench-editor WORK HOME` prints what was measured, on the wave
+// file C:\Vantora\Wavs\larga.wav of the home.
+
+#include "backends/qt/qt_app.h"
+#include "bench/stage.h"
+#include "main/window_platform.h"
+#include "waveeditor/frmWaveEditor.h"
+
+#include <fcntl.h>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace vantora {
+namespace {
+
+namespace fs = std::filesystem;
+
+using Windows = Stage<WindowPlatform>;
+
+constexpr const wchar_t* kFile = L"C:\\Vantora\\Wavs\\larga.wav";
+constexpr int kRounds = 9;
+
+void Paint(Windows& stage) {
+  std::int64_t before = -1;
+  while (before != stage.platform.loop.Paints()) {
+    before = stage.platform.loop.Paints();
+    stage.platform.loop.DoEvents();
+  }
+}
+
+frmWaveEditor& Load(Windows& stage) {
+  stage.prog.WaveEditorDatei = kFile;
+  frmWaveEditor& editor = *stage.prog.frmWaveEditor.Laden();
+  Paint(stage);
+  if (editor.WellenPunkte.empty()) throw std::runtime_error("nothing was drawn");
+  return editor;
+}
+
+// The file once, in blocks of 1 MiB, in ms.
+double ReadPlainly(const fs::path& file) {
+  static std::vector<char> block(1U << 20U);
+  const auto start = BenchTime::now();
+  const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) throw std::runtime_error("the file is not there");
+  while (::read(descriptor, block.data(), block.size()) > 0) {
+  }
+  ::close(descriptor);
+  return Milliseconds(start, BenchTime::now());
+}
+
+int InFrontOfTheMainWindow(const fs::path& home, const std::function<void(Windows&)>& work) {
+  Windows stage(home);
+  stage.Play([&](Form*) {
+    work(stage);
+    return false;
+  });
+  return 0;
+}
+
+// From the choice of the track until its picture is painted, beside the plain reading.
+int Open(const fs::path& home) {
+  return InFrontOfTheMainWindow(home, [](Windows& stage) {
+    const fs::path file = stage.platform.machine.files.SystemPath(kFile);
+    for (int round = 0; round <= kRounds; ++round) {
+      const double plain = ReadPlainly(file);
+      const auto start = BenchTime::now();
+      Load(stage);
+      const double opened = Milliseconds(start, BenchTime::now());
+      stage.prog.frmWaveEditor.Entladen();
+      Paint(stage);
+      if (round > 0) std::printf("%.3f %.3f\n", opened, plain);
+    }
+  });
+}
+
+// A step of the zoom, and of the scroll bar at the greatest zoom, until they are painted.
+int Repaint(const fs::path& home) {
+  return InFrontOfTheMainWindow(home, [](Windows& stage) {
+    frmWaveEditor& editor = Load(stage);
+    for (int round = 0; round < kRounds; ++round) {
+      for (const int button : {0, 0, 0, 0, 1, 1, 1, 1}) {
+        const auto start = BenchTime::now();
+        editor.imgZoom_MouseUp(button);
+        Paint(stage);
+        const double zoomed = Milliseconds(start, BenchTime::now());
+        const auto scroll = BenchTime::now();
+        if (editor.sliderWave.Visible) {
+          editor.sliderWave.Value = editor.sliderWave.Max / (round + 2);
+          editor.sliderWave_OnChange();
+        }
+        Paint(stage);
+        std::printf("%.3f %.3f\n", zoomed, Milliseconds(scroll, BenchTime::now()));
+      }
+    }
+  });
+}
+
+// The peak of the process with the file open, played for a while and wound, in KiB.
+int Memory(const fs::path& home) {
+  return InFrontOfTheMainWindow(home, [](Windows& stage) {
+    frmWaveEditor& editor = Load(stage);
+    for (int i = 0; i < 4; ++i) editor.imgZoom_MouseUp(0);
+    editor.imgSteuerung_MouseUp(0);
+    stage.prog.Pausieren(4000);
+    editor.imgSteuerung_MouseUp(1);
+    Paint(stage);
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+      if (line.starts_with("VmHWM:")) std::printf("%ld\n", std::stol(line.substr(6)));
+    }
+  });
+}
+
+}  // namespace
+}  // namespace vantora
+
+int main(int argc, char** argv) {
+  const std::string work = argc == 3 ? argv[1] : "";
+  const vantora::QtApp app(argc, argv);
+  if (work == "open") return vantora::RunWork(vantora::Open, argv[2]);
+  if (work == "repaint") return vantora::RunWork(vantora::Repaint, argv[2]);
+  if (work == "memory") return vantora::RunWork(vantora::Memory, argv[2]);
+  std::fputs("bench-editor open|repaint|memory HOME\n", stderr);
+  return 2;
+}
