@@ -7,6 +7,13 @@
 
 namespace vantora {
 
+namespace {
+
+// Small enough to stay in the processor's own memory between reading and writing.
+constexpr std::size_t kBlock = 1U << 18U;
+
+}  // namespace
+
 void Cutter::Cut(const Text& file, std::int64_t first, std::int64_t last) {
   if (file.empty()) return;
   WaveFile wave(dateien_);
@@ -17,7 +24,7 @@ void Cutter::Cut(const Text& file, std::int64_t first, std::int64_t last) {
   if (start >= behind) return;
 
   const std::int64_t frameBytes = wave.FrameBytes();
-  std::vector<char> block(1U << 20U);
+  std::vector<char> block(kBlock);
   std::int64_t from = behind * frameBytes, to = start * frameBytes;
   for (;;) {
     wave.SetPosition(from);

@@ -1,4 +1,5 @@
-// Brings the highest peak of a wave file to a share of full scale.
+// Brings the highest peak of a wave file of 16 bits to a share of full scale, 32767. Every other
+// sample is multiplied by the same factor in double precision and rounded once, ties to even.
 #pragma once
 
 #include "platform/files.h"
@@ -7,6 +8,8 @@
 
 namespace vantora {
 
+// What `callback` hears, and how often, stands with MMTools::NormalizeFile. A file whose peak is
+// where it should be is not written. Error 57 for other than 16 bits.
 void NormalizeWaveFile(Dateien& dateien, const Text& file,
                        const std::function<void(int phase, int percent)>& callback, int percent);
 

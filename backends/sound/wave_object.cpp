@@ -13,7 +13,9 @@ namespace vantora {
 namespace {
 
 constexpr std::int64_t kFrameBytes = 4;
-constexpr std::int64_t kBlock = 1 << 20;
+constexpr std::int64_t kMostAhead = 1 << 20;
+// Small enough to stay in the processor's own memory between reading and writing.
+constexpr std::int64_t kBlock = 1 << 18;
 constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 
 [[noreturn]] void RaiseOverflow() {
@@ -161,7 +163,7 @@ void WaveObject::CopyRange(Datei& copy, std::int64_t from, std::int64_t to) {
 }
 
 void WaveObject::SetBufferBytes(std::int32_t bytes) {
-  aheadLimit_ = static_cast<std::size_t>(std::clamp<std::int64_t>(bytes, 0, kBlock));
+  aheadLimit_ = static_cast<std::size_t>(std::clamp<std::int64_t>(bytes, 0, kMostAhead));
   aheadBytes_ = 0;
   ahead_ = {};
 }

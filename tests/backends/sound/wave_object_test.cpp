@@ -20,7 +20,7 @@ struct Model {
   std::size_t Value = 0, Cursor = 0;
 
   std::string Read(std::size_t bytes) {
-    const std::string got = Cursor < Data.size() ? Data.substr(Cursor, bytes) : "";
+    std::string got = Cursor < Data.size() ? Data.substr(Cursor, bytes) : "";
     Value += got.size();
     Cursor += got.size();
     return got;

@@ -1,0 +1,11 @@
+// Marks a procedure whose loops the compiler shall make once for every generation of the vector
+// unit; the fitting one is chosen when the program starts. The results are the same to the bit.
+#pragma once
+
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
+    !defined(__SANITIZE_ADDRESS__)
+#define VANTORA_VECTOR_UNIT \
+  [[gnu::target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"), gnu::noinline]]
+#else
+#define VANTORA_VECTOR_UNIT
+#endif

@@ -1,0 +1,82 @@
+#include "backends/sound/normalizer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <random>
+#include <vector>
+
+namespace vantora::test {
+
+namespace {
+
+using Samples = std::vector<std::int16_t>;
+
+std::string Bytes(const Samples& samples) {
+  std::string bytes(samples.size() * 2, '\0');
+  std::memcpy(bytes.data(), samples.data(), bytes.size());
+  return bytes;
+}
+
+}  // namespace
+
+TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
+  const std::string tail = Chunk("LIST", Noise(33, 4));
+  const struct {
+    int Low, High, Percent, Target;
+  } cases[] = {{-100, 100, 100, 32767},     {-1, 0, 100, 32767},     {-32768, 32767, 100, 32767},
+               {-2, 2, 50, 16384},          {-32768, 10, 98, 32112}, {-7000, 20000, 1, 328},
+               {-32767, 32767, 100, 32767}, {-5, 5, 0, 0},           {0, 0, 100, 0}};
+  for (const auto& each : cases) {
+    for (const std::size_t count : {1U, 2U, 131'071U, 131'072U, 700'003U}) {
+      SCOPED_TRACE(each.High);
+      std::mt19937 random(7);
+      Samples samples(count);
+      for (auto& sample : samples) {
+        const auto span = static_cast<unsigned>(each.High - each.Low + 1);
+        sample = static_cast<std::int16_t>(each.Low + static_cast<int>(random() % span));
+      }
+      samples[count / 2] = static_cast<std::int16_t>(each.Low);
+      samples.back() = static_cast<std::int16_t>(
+          std::max(each.High, -each.Low) == -each.Low ? each.Low : each.High);
+      Home home;
+      Put(home / "a.wav", Wave(Bytes(samples) + "x", tail));
+      std::vector<std::pair<int, int>> heard;
+      NormalizeWaveFile(
+          home.Files, L"C:\\a.wav",
+          [&heard](int phase, int percent) { heard.emplace_back(phase, percent); }, each.Percent);
+      const int peak = std::max(each.High, -each.Low);
+      if (peak > 0) {
+        const double factor = static_cast<double>(each.Target) / peak;
+        for (auto& sample : samples) {
+          sample = static_cast<std::int16_t>(std::nearbyint(sample * factor));
+        }
+        EXPECT_EQ(std::abs(samples.back()), each.Target);
+      }
+      EXPECT_TRUE(Get(home / "a.wav") == Wave(Bytes(samples) + "x", tail));
+      EXPECT_TRUE(std::is_sorted(heard.begin(), heard.end()));
+      EXPECT_EQ(std::adjacent_find(heard.begin(), heard.end()), heard.end());
+      EXPECT_EQ(heard.front(), std::pair(0, 0));
+      EXPECT_EQ(heard.back(), std::pair(peak > 0 && peak != each.Target ? 1 : 0, 100));
+    }
+  }
+}
+
+TEST(Normalizer, WhatItCannotBringToFullScaleStaysAsItIs) {
+  Home home;
+  const std::string cases[] = {Wave(""), Wave("x"), Wave(std::string(5000, '\0')),
+                               Wave(Noise(99), "", Format{1, 2, 44100, 8}), "no wave"};
+  for (const std::string& bytes : cases) {
+    Put(home / "a.wav", bytes);
+    const int error = ErrorOf([&] { NormalizeWaveFile(home.Files, L"C:\\a.wav", {}, 100); });
+    EXPECT_EQ(error, &bytes - cases < 3 ? 0 : 57);
+    EXPECT_EQ(Get(home / "a.wav"), bytes);
+  }
+}
+
+}  // namespace vantora::test
