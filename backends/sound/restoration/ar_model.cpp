@@ -7,18 +7,32 @@ namespace vantora {
 
 namespace {
 
-// A sum in eight parts, so that the vector unit can take them side by side.
-double Product(const float* a, const float* b, std::size_t count) {
+constexpr double kMostReflection = 0.999999;  // with 1 the model would never forget
+
+// The reflection that leaves least of both errors. Sums in eight parts, so that the vector unit can
+// take them side by side.
+double Reflection(const float* forward, const float* backward, std::size_t count) {
   constexpr std::size_t kParts = 8;
-  std::array<float, kParts> parts{};
+  std::array<float, kParts> both{}, cross{};
   std::size_t i = 0;
   for (; i + kParts <= count; i += kParts) {
-    for (std::size_t part = 0; part < kParts; ++part) parts[part] += a[i + part] * b[i + part];
+    for (std::size_t part = 0; part < kParts; ++part) {
+      const float f = forward[i + part], b = backward[i + part];
+      both[part] += f * f + b * b;
+      cross[part] += f * b;
+    }
   }
-  double sum = 0;
-  for (; i < count; ++i) sum += double{a[i]} * double{b[i]};
-  for (const float part : parts) sum += double{part};
-  return sum;
+  double sum = 0, product = 0;
+  for (; i < count; ++i) {
+    const double f = double{forward[i]}, b = double{backward[i]};
+    sum += f * f + b * b;
+    product += f * b;
+  }
+  for (std::size_t part = 0; part < kParts; ++part) {
+    sum += double{both[part]};
+    product += double{cross[part]};
+  }
+  return sum > 1e-6 ? std::clamp(-2 * product / sum, -kMostReflection, kMostReflection) : 0;
 }
 
 // One stage of the lattice: both errors of the next order. `backward` belongs to the sample at
@@ -33,7 +47,8 @@ void Stage(float* __restrict forward, float* __restrict backward, std::size_t co
 
 }  // namespace
 
-ArModel::ArModel(std::size_t longest) : forward_(longest), backward_(longest) {
+ArModel::ArModel(std::size_t order, std::size_t longest)
+    : order_(order), forward_(longest), backward_(longest) {
   a_[0] = 1;
 }
 
@@ -44,18 +59,9 @@ void ArModel::Fit(const float* sound, std::size_t length) {
   float* const backward = backward_.data();
   a_.fill(0);
   a_[0] = 1;
-  const double energy = Product(forward, forward, length);
-  const double least = 1e-9 * energy + 1e-6;
-  double both = 2 * energy;
-  for (std::size_t m = 1; m <= kOrder && m < length; ++m) {
+  for (std::size_t m = 1; m <= order_ && m < length; ++m) {
     const std::size_t count = length - m;
-    both -= double{forward[m - 1]} * double{forward[m - 1]} +
-            double{backward[count]} * double{backward[count]};
-    double k = 0;
-    if (both > least) {
-      k = std::clamp(-2 * Product(forward + m, backward, count) / both, -0.99999, 0.99999);
-    }
-    both *= 1 - k * k;
+    const double k = Reflection(forward + m, backward, count);
     reflection_[m - 1] = static_cast<float>(k);
     Stage(forward + m, backward, count, reflection_[m - 1]);
     for (std::size_t low = 1, high = m - 1; low <= high; ++low, --high) {
@@ -70,7 +76,7 @@ void ArModel::Fit(const float* sound, std::size_t length) {
 void ArModel::Filter(const float* sound, std::size_t length) {
   std::copy_n(sound, length, forward_.begin());
   std::copy_n(sound, length, backward_.begin());
-  for (std::size_t m = 1; m <= kOrder && m < length; ++m) {
+  for (std::size_t m = 1; m <= order_ && m < length; ++m) {
     Stage(forward_.data() + m, backward_.data(), length - m, reflection_[m - 1]);
   }
 }
@@ -79,26 +85,26 @@ void ArModel::Errors(const float* sound, std::size_t first, std::size_t rows) {
   for (std::size_t row = 0; row < rows; ++row) {
     const float* const newest = sound + first + row;
     double error = 0;
-    for (std::size_t k = 0; k <= kOrder; ++k) error += a_[k] * double{*(newest - k)};
+    for (std::size_t k = 0; k <= order_; ++k) error += a_[k] * double{*(newest - k)};
     errors_[row] = error;
   }
 }
 
-// Row r of the errors knows unknown i with the weight a_[r - i]. With kOrder rows behind the gap
+// Row r of the errors knows unknown i with the weight a_[r - i]. With order_ rows behind the gap
 // the sums depend on the distance alone.
 void ArModel::Equations(std::size_t count, std::size_t rows) {
   for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t behind = std::min(kOrder, rows - 1 - i);
+    const std::size_t behind = std::min(order_, rows - 1 - i);
     double right = 0;
     for (std::size_t k = 0; k <= behind; ++k) right -= a_[k] * errors_[i + k];
     gap_[i] = right;
-    for (std::size_t apart = 0; apart <= std::min(kOrder, i); ++apart) {
-      if (i > apart && behind == kOrder) {
+    for (std::size_t apart = 0; apart <= std::min(order_, i); ++apart) {
+      if (i > apart && behind == order_) {
         band_[i][apart] = band_[i - 1][apart];
         continue;
       }
       double sum = 0;
-      for (std::size_t k = 0; k <= behind && k + apart <= kOrder; ++k) sum += a_[k] * a_[k + apart];
+      for (std::size_t k = 0; k <= behind && k + apart <= order_; ++k) sum += a_[k] * a_[k + apart];
       band_[i][apart] = sum;
     }
   }
@@ -109,10 +115,10 @@ void ArModel::Equations(std::size_t count, std::size_t rows) {
 void ArModel::Solve(std::size_t count) {
   const double least = 1e-12 * band_[0][0];
   for (std::size_t i = 0; i < count; ++i) {
-    const std::size_t from = i - std::min(kOrder, i);
+    const std::size_t from = i - std::min(order_, i);
     for (std::size_t j = from; j <= i; ++j) {
       double sum = band_[i][i - j];
-      for (std::size_t k = std::max(from, j - std::min(kOrder, j)); k < j; ++k) {
+      for (std::size_t k = std::max(from, j - std::min(order_, j)); k < j; ++k) {
         sum -= band_[i][i - k] * band_[j][j - k];
       }
       band_[i][i - j] = j < i ? sum / band_[j][0] : std::sqrt(std::max(sum, least));
@@ -122,12 +128,12 @@ void ArModel::Solve(std::size_t count) {
   }
   for (std::size_t i = count; i-- > 0;) {
     gap_[i] /= band_[i][0];
-    for (std::size_t k = i - std::min(kOrder, i); k < i; ++k) gap_[k] -= band_[i][i - k] * gap_[i];
+    for (std::size_t k = i - std::min(order_, i); k < i; ++k) gap_[k] -= band_[i][i - k] * gap_[i];
   }
 }
 
 float ArModel::Fill(float* sound, std::size_t first, std::size_t count, std::size_t length) {
-  const std::size_t rows = std::min(count + kOrder, length - first);
+  const std::size_t rows = std::min(count + order_, length - first);
   const auto energy = [&] {
     Errors(sound, first, rows);
     double sum = 0;

@@ -16,22 +16,25 @@ namespace vantora {
 
 class ArModel {
  public:
-  static constexpr std::size_t kOrder = 32;
+  static constexpr std::size_t kMostOrder = 64;
   static constexpr std::size_t kLongestGap = 160;
 
-  explicit ArModel(std::size_t longest);  // the longest piece, in samples
+  // How many samples a prediction rests on, at most kMostOrder; the longest piece, in samples.
+  ArModel(std::size_t order, std::size_t longest);
+
+  std::size_t Order() const { return order_; }
 
   void Fit(const float* sound, std::size_t length);
 
   // The prediction errors of the piece that Fit saw last, or of any other one through Filter: of
-  // sample n from the kOrder samples before it, and from those behind it. Towards the two ends,
+  // sample n from the Order() samples before it, and from those behind it. Towards the two ends,
   // where fewer samples are left, the prediction is of a lower order and so the error greater.
   const float* Forward() const { return forward_.data(); }
   const float* Backward() const { return backward_.data(); }
   void Filter(const float* sound, std::size_t length);
 
   // Puts into sound[first, first + count) what makes the prediction errors from `first` on least.
-  // `first` is at least kOrder, `count` at most kLongestGap. What follows the gap counts as far as
+  // `first` is at least Order(), `count` at most kLongestGap. What follows the gap counts as far as
   // `length`; with nothing behind it the gap is the prediction of what stands before. Returns the
   // part of the error's energy that is left; 0 to 1.
   float Fill(float* sound, std::size_t first, std::size_t count, std::size_t length);
@@ -41,13 +44,14 @@ class ArModel {
   void Equations(std::size_t count, std::size_t rows);
   void Solve(std::size_t count);
 
+  const std::size_t order_;
   std::vector<float> forward_, backward_;
-  std::array<float, kOrder> reflection_{};
-  std::array<double, kOrder + 1> a_{};  // error = sum of a_[k] * sample[n - k], a_[0] = 1
-  // The equations of a gap, of which only the band up to kOrder beside the diagonal is not 0.
-  std::array<std::array<double, kOrder + 1>, kLongestGap> band_{};
+  std::array<float, kMostOrder> reflection_{};
+  std::array<double, kMostOrder + 1> a_{};  // error = sum of a_[k] * sample[n - k], a_[0] = 1
+  // The equations of a gap, of which only the band up to the order beside the diagonal is not 0.
+  std::array<std::array<double, kMostOrder + 1>, kLongestGap> band_{};
   std::array<double, kLongestGap> gap_{};
-  std::array<double, kLongestGap + kOrder> errors_{};
+  std::array<double, kLongestGap + kMostOrder> errors_{};
 };
 
 }  // namespace vantora

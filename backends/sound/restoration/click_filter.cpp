@@ -10,15 +10,27 @@ namespace {
 constexpr float kMedianOfNormal = 0.6745F;  // of the magnitudes, in standard deviations
 constexpr float kLeastError = 0.5F;         // what counts as usual in silence, in 16-bit units
 constexpr float kEdgeOfDamage = 0.4F;       // of the limit: where damage that was found ends
-constexpr float kTrace = 0.3F;       // of the error's energy, which music leaves and damage not
-constexpr std::size_t kBlind = 8;    // samples behind a gap that it takes to tell the two
-constexpr float kBlindTimes = 1.5F;  // the limit where there are fewer
+constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves and damage not
+constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
+constexpr float kSwellTrace = 0.1F;
+constexpr std::size_t kBlind = 12;  // samples behind a gap that it takes to tell the two
+constexpr std::size_t kLongestBlind = 16;
+constexpr float kBlindTimes = 1.5F;   // the limit where there are fewer
+constexpr std::size_t kNear = 24;     // samples between gaps that belong together
+constexpr int kSwellTries = 4;        // in a piece
+constexpr std::size_t kBeside = 160;  // samples before and behind a gap whose powers are compared
+constexpr float kOnset = 5;           // so much more power behind it: a sound begins
+constexpr float kLeastPower = 64;     // in 16-bit units, squared
+
+std::size_t OrderOf(ClickFilter::Damage damage) {
+  return damage == ClickFilter::Damage::kClicks ? 64 : 32;
+}
 
 }  // namespace
 
 ClickFilter::ClickFilter(Damage damage)
     : damage_(damage),
-      model_(kPast + kBlock),
+      model_(OrderOf(damage), kPast + kBlock),
       heard_(kPast + kBlock),
       repaired_(kPast + kBlock),
       error_(kPast + kBlock),
@@ -32,19 +44,20 @@ void ClickFilter::Process(float level, float* sound, std::size_t count) {
   std::copy_n(heard_.begin(), length_, repaired_.begin());
   gaps_.clear();
   const bool on = level > 0;
-  const Measure measure = MeasureOf(level);
   if (on) {
+    const Measure measure = MeasureOf(level);
     model_.Fit(heard_.data(), length_);
     Search(measure);
-    const int rounds = damage_ == Damage::kClicks ? 1 : 2;
-    for (int round = 0; round < rounds && !gaps_.empty(); ++round) {
+    for (int round = 0; round < kRounds && !gaps_.empty(); ++round) {
       std::copy_n(heard_.begin(), length_, repaired_.begin());
       for (const Gap& gap : gaps_) model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
       model_.Fit(repaired_.data(), length_);
       model_.Filter(heard_.data(), length_);
       Search(measure);
     }
+    CloseOpenGap(measure);
     Repair();
+    if (damage_ == Damage::kClicks) RepairSwells(measure);
   }
   std::copy_n(repaired_.begin() + kPast, count, sound);
   if (on && open_ > 0) GoOn(sound, count);
@@ -55,9 +68,9 @@ ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
     const float times = 3.5F + 9 * mild;
-    return {times, 0.3F * times, 16 + static_cast<std::size_t>(128 * s)};
+    return {times, 0.3F * times, 16 + static_cast<std::size_t>(96 * s), 6, 1};
   }
-  return {3 + 8 * mild, 0, 4 + static_cast<std::size_t>(16 * s)};
+  return {3 + 8 * mild, 0, 4 + static_cast<std::size_t>(16 * s), 2, 4};
 }
 
 // The limit over which a sample is suspected, for each stretch. That of a neighbour counts too, so
@@ -78,32 +91,43 @@ void ClickFilter::MeasureStretches(const Measure& measure) {
     std::nth_element(sorted_.begin(), middle, sorted_.end());
     usual[count] = std::max(*middle / kMedianOfNormal, kLeastError);
   }
-  std::nth_element(peak.begin(), peak.begin() + static_cast<std::ptrdiff_t>(count / 2),
-                   peak.begin() + static_cast<std::ptrdiff_t>(count));
+  std::sort(peak.begin(), peak.begin() + static_cast<std::ptrdiff_t>(count));
   const float crest = measure.Crest * peak[count / 2];
   for (std::size_t i = 0; i < count; ++i) {
     const float around =
         std::max({usual[i > 0 ? i - 1 : 0], usual[i], usual[std::min(i + 1, count - 1)]});
     limit_[i] = std::max(measure.Times * around, crest);
   }
+  blindLimit_ = std::max(kBlindTimes * limit_[count - 1], kBlindTimes * peak[count * 3 / 4]);
 }
 
 void ClickFilter::Search(const Measure& measure) {
   MeasureStretches(measure);
   gaps_.clear();
-  std::size_t from = kPast;  // where a gap may begin
+  std::size_t from = kPast;                   // where a gap may begin
+  std::size_t cluster = 0, clusterTotal = 0;  // first gap and samples of those that lie together
+  const auto closeCluster = [&] {
+    if (clusterTotal > measure.Longest * measure.Together) gaps_.resize(cluster);
+    cluster = gaps_.size();
+    clusterTotal = 0;
+  };
   for (std::size_t i = kPast; i < length_; ++i) {
-    const float limit = limit_[i / kStretch] * (i + kBlind < length_ ? 1 : kBlindTimes);
-    if (error_[i] <= limit) continue;
+    const bool blind = i + kBlind >= length_;
+    if (error_[i] <= (blind ? blindLimit_ : limit_[i / kStretch])) continue;
+    if (i >= from + kNear) closeCluster();
     Gap gap{i, 1};
-    Extend(gap, from);
-    from = i = gap.First + gap.Count;
-    if (gap.Count <= measure.Longest) gaps_.push_back(gap);
+    Extend(gap, from, measure.Bridge);
+    from = gap.End();
+    i = from - 1;
+    clusterTotal += gap.Count;
+    if (gap.Count <= (from + kBlind < length_ ? measure.Longest : kLongestBlind)) {
+      gaps_.push_back(gap);
+    }
   }
+  closeCluster();
 }
 
-void ClickFilter::Extend(Gap& gap, std::size_t from) const {
-  const std::size_t bridge = damage_ == Damage::kClicks ? 6 : 2;  // good samples within damage
+void ClickFilter::Extend(Gap& gap, std::size_t from, std::size_t bridge) const {
   const float edge = kEdgeOfDamage * limit_[gap.First / kStretch];
   std::size_t end = gap.First + 1;
   for (std::size_t i = end; i < length_ && i < end + bridge; ++i) {
@@ -115,46 +139,100 @@ void ClickFilter::Extend(Gap& gap, std::size_t from) const {
   gap.Count = end - gap.First;
 }
 
-void ClickFilter::Repair() {
-  // What had to be foretold is known better now that its right side is there. It has been heard as
-  // it was, but what comes is measured against it.
-  if (open_ > 0) {
-    Gap gap{kPast - open_, open_};
-    if (!gaps_.empty() && gaps_.front().First <= kPast + 2) {
-      gap.Count = gaps_.front().First + gaps_.front().Count - gap.First;
+// What had to be foretold is known better now that its right side is there. It has been heard as it
+// was, but what comes is measured against it.
+void ClickFilter::CloseOpenGap(const Measure& measure) {
+  if (open_ == 0) return;
+  Gap gap{kPast - open_, open_};
+  if (!gaps_.empty() && gaps_.front().First <= kPast + 2) {
+    const std::size_t whole = gaps_.front().End() - gap.First;
+    if (whole <= measure.Longest) {
+      gap.Count = whole;
       gaps_.erase(gaps_.begin());
     }
-    if (gap.Count <= ArModel::kLongestGap) {
-      model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
-    }
   }
+  model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
+}
+
+void ClickFilter::Repair() {
   for (Gap& gap : gaps_) {
-    const auto first = static_cast<std::ptrdiff_t>(gap.First);
-    const auto damaged = heard_.begin() + first;
-    std::copy_n(damaged, gap.Count, repaired_.begin() + first);
-    const float left = model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
-    if (left > kTrace && gap.First + gap.Count + kBlind <= length_) {
-      std::copy_n(damaged, gap.Count, repaired_.begin() + first);
+    if (!Replaced(gap, gap.Count > kShort ? kSwellTrace : kTrace) && gap.End() + kBlind <= length_)
       gap.Count = 0;
+  }
+}
+
+// Replaces a gap if that takes away all of the error but a share, and no sound begins there.
+bool ClickFilter::Replaced(const Gap& gap, float most) {
+  const auto damaged = heard_.begin() + static_cast<std::ptrdiff_t>(gap.First);
+  const auto place = repaired_.begin() + static_cast<std::ptrdiff_t>(gap.First);
+  std::copy_n(damaged, gap.Count, place);
+  const float left = model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
+  if (gap.End() + kBlind > length_ || (left <= most && !SoundBegins(gap))) return true;
+  std::copy_n(damaged, gap.Count, place);
+  return false;
+}
+
+bool ClickFilter::SoundBegins(const Gap& gap) const {
+  if (gap.End() + kBeside > length_) return false;
+  const auto power = [this](std::size_t from) {
+    float sum = 0;
+    for (std::size_t i = from; i < from + kBeside; ++i) sum += repaired_[i] * repaired_[i];
+    return sum / static_cast<float>(kBeside);
+  };
+  const float before = std::max(power(gap.First - kBeside), power(gap.First - 2 * kBeside));
+  return power(gap.End()) > kOnset * std::max(before, kLeastPower);
+}
+
+// Damage that swells smoothly, a thump or a jump of the level, errs only where it begins, seen from
+// before, and where it ends, seen from behind.
+void ClickFilter::RepairSwells(const Measure& measure) {
+  if (!gaps_.empty()) model_.Filter(repaired_.data(), length_);
+  const float* const forward = model_.Forward();
+  const float* const backward = model_.Backward();
+  int tries = 0;
+  std::size_t restless = kPast - kNear;  // the last sample that was hard to foretell
+  for (std::size_t i = restless; i + kBlind < length_ && tries < kSwellTries; ++i) {
+    const float limit = limit_[i / kStretch];
+    if (std::abs(forward[i]) <= limit) continue;
+    const bool sudden = i >= restless + kNear;
+    restless = i;
+    if (!sudden || i < kPast) continue;
+    const std::size_t latest = std::min(i + measure.Longest, length_ - kBlind);
+    std::size_t end = i;
+    bool found = false;
+    for (std::size_t j = i; j < latest; ++j) {
+      if (std::abs(backward[j]) > kEdgeOfDamage * limit) end = j + 1;
+      found = found || std::abs(backward[j]) > limit;
     }
+    if (!found) continue;
+    ++tries;
+    const Gap gap{i, end - i};
+    std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(i), gap.Count,
+                heard_.begin() + static_cast<std::ptrdiff_t>(i));
+    if (Replaced(gap, kSwellTrace)) {
+      model_.Fit(repaired_.data(), length_);
+      Replaced(gap, kSwellTrace);
+      model_.Filter(repaired_.data(), length_);
+    }
+    restless = i = end;
   }
 }
 
 // From what the last piece foretold over to the sound of this one.
 void ClickFilter::GoOn(float* sound, std::size_t count) {
-  std::copy(given_.begin(), given_.end(), bridge_.begin());
-  model_.Fill(bridge_.data(), ArModel::kOrder, kFade, bridge_.size());
+  const std::size_t order = model_.Order();
+  std::copy(given_.end() - static_cast<std::ptrdiff_t>(order), given_.end(), bridge_.begin());
+  model_.Fill(bridge_.data(), order, kFade, order + kFade);
   const std::size_t fade = std::min(kFade, count);
   for (std::size_t i = 0; i < fade; ++i) {
     const float share = static_cast<float>(i + 1) / static_cast<float>(fade + 1);
-    const float old = bridge_[ArModel::kOrder + i];
+    const float old = bridge_[order + i];
     sound[i] = old + share * (sound[i] - old);
   }
 }
 
 void ClickFilter::Keep(const float* sound, std::size_t count) {
-  const bool open = !gaps_.empty() && gaps_.back().Count > 0 &&
-                    gaps_.back().First + gaps_.back().Count == length_;
+  const bool open = !gaps_.empty() && gaps_.back().Count > 0 && gaps_.back().End() == length_;
   open_ = open ? gaps_.back().Count : 0;
   std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(count), kPast, heard_.begin());
   const std::size_t fresh = std::min(count, given_.size());

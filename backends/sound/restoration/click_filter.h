@@ -39,39 +39,49 @@ class ClickFilter {
   void Process(float level, float* sound, std::size_t count);
 
  private:
-  static constexpr std::size_t kPast = 1024;
-  static constexpr std::size_t kStretch = 256;  // samples that share one measure
+  static constexpr std::size_t kPast = 512;
+  static constexpr std::size_t kStretch = 256;  // samples that share one limit
   static constexpr std::size_t kStretches = (kPast + kBlock) / kStretch;
   static constexpr std::size_t kFade = 32;
+  static constexpr int kRounds = 2;  // of repair on trial
 
   struct Gap {
     std::size_t First, Count;
+    std::size_t End() const { return First + Count; }
   };
   struct Measure {  // what a level means
-    float Times;    // the usual error
-    float Crest;    // the usual peak of the error
+    float Times;    // the limit: so many usual errors,
+    float Crest;    // and so many usual peaks of the error
     std::size_t Longest;
+    std::size_t Bridge;    // good samples within damage
+    std::size_t Together;  // gaps of the longest that may lie close together
   };
 
   Measure MeasureOf(float level) const;
   void Search(const Measure& measure);
   void MeasureStretches(const Measure& measure);
-  void Extend(Gap& gap, std::size_t from) const;
+  void Extend(Gap& gap, std::size_t from, std::size_t bridge) const;
+  void CloseOpenGap(const Measure& measure);
   void Repair();
+  bool Replaced(const Gap& gap, float most);
+  bool SoundBegins(const Gap& gap) const;
+  void RepairSwells(const Measure& measure);
   void GoOn(float* sound, std::size_t count);
   void Keep(const float* sound, std::size_t count);
 
   const Damage damage_;
   ArModel model_;
-  std::size_t length_ = 0;               // of the past and the new piece
-  std::vector<float> heard_, repaired_;  // both: kPast samples, repaired as well as is known
-  std::vector<float> error_;             // now, then the new piece
+  std::size_t length_ = 0;  // of the past and the new piece
+  std::vector<float> heard_,
+      repaired_;              // kPast samples, repaired as well as is known, and the piece
+  std::vector<float> error_;  // the lesser of both predictions'
   std::vector<float> sorted_;
   std::array<float, kStretches> limit_{};
+  float blindLimit_ = 0;  // at the end of the piece, where the right side is missing
   std::vector<Gap> gaps_;
-  std::array<float, ArModel::kOrder + kFade> bridge_{};
-  std::array<float, ArModel::kOrder> given_{};  // the last samples that were given out
-  std::size_t open_ = 0;                        // of these were foretold, for want of a right side
+  std::array<float, ArModel::kMostOrder + kFade> bridge_{};
+  std::array<float, ArModel::kMostOrder> given_{};  // the last samples that were given out
+  std::size_t open_ = 0;  // of these were foretold, for want of a right side
 };
 
 }  // namespace vantora
