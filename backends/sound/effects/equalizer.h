@@ -1,16 +1,18 @@
-// Bands of a graphic equalizer.
+// A graphic equalizer: bands from a frequency to another, each with a gain in dB that holds exactly
+// in its middle (the geometric mean of its edges; half its upper edge when it begins at 0 Hz).
 #pragma once
 
-#include "platform/mmchain.h"
+#include "backends/sound/effects/band_curve.h"
+#include "backends/sound/effects/switched_effect.h"
 
+#include <array>
+#include <deque>
 #include <vector>
 
 namespace vantora {
 
-class Equalizer final : public MMEqualizerX {
+class Equalizer final : public SwitchedEffect<MMEqualizerX> {
  public:
-  void Enable() override {}
-  void Disable() override {}
   void Add(double frequencyFrom, double frequencyTo, double gain) override;
   int Count() const override { return static_cast<int>(bands_.size()); }
   Filter& Item(int index) override;
@@ -18,13 +20,39 @@ class Equalizer final : public MMEqualizerX {
  private:
   class Band final : public Filter {
    public:
+    Band(Equalizer& owner, BandEdges edges) : Edges(edges), owner_(owner) {}
     double Gain() const override { return gain_; }
-    void SetGain(double gain) override { gain_ = gain; }
+    void SetGain(double gain) override;
+
+    const BandEdges Edges;
 
    private:
+    Equalizer& owner_;
     double gain_ = 0;
   };
-  std::vector<Band> bands_;
+  using Frame = double __attribute__((vector_size(16)));  // left and right
+  struct Section {
+    FilterCoefficients Now, Step;  // a frame
+    Frame S{}, T{};
+  };
+
+  void Clear() override;
+  void Settle() override;
+  void Process(std::int16_t* samples, std::size_t frames) override;
+  void Solve();
+  void Glide(std::size_t frames);
+  template <std::size_t kSections, bool kGliding>
+  static void Run(Section* sections, Frame* frames, std::size_t count);
+  template <bool kGliding>
+  void RunAll(Frame* frames, std::size_t count);
+
+  std::deque<Band> bands_;
+  bool changed_ = true;  // a band or a gain, since the last solution
+  BandCurve curve_;
+  std::vector<double> turned_, target_;  // what the filters are turned to, and go to; dB
+  int left_ = 0;                         // frames to go
+  std::vector<Section> sections_;
+  std::array<Frame, kBufferFrames> work_{};
 };
 
 }  // namespace vantora

@@ -1,0 +1,102 @@
+// Sounds for a chain, and what one hears of them.
+#pragma once
+
+#include "platform/mmchain.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <numbers>
+#include <random>
+#include <vector>
+
+namespace vantora::test {
+
+using Sound = std::vector<std::int16_t>;  // left, right, left …
+
+// Plays a sound, then nothing.
+class Source final : public MMComponentX {
+ public:
+  explicit Source(Sound sound) : sound_(std::move(sound)) {}
+  void Pull(MMData& data) override {
+    const std::size_t some = std::min(kBufferBytes / 2, sound_.size() - place_);
+    FillWaveHeader(data, sound_.data() + place_, some * 2);
+    place_ += some;
+  }
+  void Rewind() override { place_ = 0; }
+
+ private:
+  Sound sound_;
+  std::size_t place_ = 0;
+};
+
+inline std::int16_t Sample(double value) {
+  return static_cast<std::int16_t>(std::lrint(std::clamp(value, -32768.0, 32767.0)));
+}
+
+// Both ears alike.
+inline Sound Sine(double hertz, double amplitude, std::size_t frames) {
+  Sound sound;
+  for (std::size_t n = 0; n < frames; ++n) {
+    const double turn = hertz * static_cast<double>(n) / 44100;
+    sound.insert(sound.end(), 2, Sample(amplitude * std::sin(2 * std::numbers::pi * turn)));
+  }
+  return sound;
+}
+
+// The ears know nothing of each other.
+inline Sound Hiss(double amplitude, std::size_t frames, std::uint32_t seed = 1) {
+  std::mt19937 random(seed);
+  std::uniform_real_distribution<double> value(-amplitude, amplitude);
+  Sound sound(2 * frames);
+  for (std::int16_t& sample : sound) sample = Sample(value(random));
+  return sound;
+}
+
+// What comes out of an effect; `before` hears the frame with which each buffer begins.
+template <class Before>
+Sound Through(MMComponentX& effect, const Sound& sound, Before before) {
+  Source source(sound);
+  effect.SetInput(&source);
+  Sound out;
+  for (MMData data;;) {
+    before(out.size() / 2);
+    effect.Pull(data);
+    if (data.Bytes == 0) break;
+    out.insert(out.end(), data.Samples.begin(),
+               data.Samples.begin() + static_cast<std::ptrdiff_t>(data.Bytes / 2));
+  }
+  effect.SetInput(nullptr);
+  return out;
+}
+inline Sound Through(MMComponentX& effect, const Sound& sound) {
+  return Through(effect, sound, [](std::size_t) {});
+}
+
+// Amplitude of one frequency in the left ear (1: the right one), from a frame to another.
+inline double Amplitude(const Sound& sound, double hertz, std::size_t from, std::size_t to,
+                        std::size_t ear = 0) {
+  double re = 0, im = 0, weights = 0;
+  for (std::size_t n = from; n < to; ++n) {
+    const double place = (static_cast<double>(n - from) + 0.5) / static_cast<double>(to - from);
+    const double weight = 1 - std::cos(2 * std::numbers::pi * place);
+    const double turn = 2 * std::numbers::pi * hertz * static_cast<double>(n) / 44100;
+    re += weight * sound[2 * n + ear] * std::cos(turn);
+    im += weight * sound[2 * n + ear] * std::sin(turn);
+    weights += weight;
+  }
+  return 2 * std::hypot(re, im) / weights;
+}
+
+inline double Decibel(double ratio) {
+  return 20 * std::log10(std::max(ratio, 1e-9));
+}
+
+// Root of the mean square, both ears together.
+inline double Loudness(const Sound& sound, std::size_t from, std::size_t to) {
+  double sum = 0;
+  for (std::size_t i = 2 * from; i < 2 * to; ++i) sum += double{1} * sound[i] * sound[i];
+  return std::sqrt(sum / static_cast<double>(2 * (to - from)));
+}
+
+}  // namespace vantora::test
