@@ -34,6 +34,7 @@ void Paint(Windows& stage) {
 frmWaveEditor& Load(Windows& stage) {
   stage.prog.WaveEditorDatei = kFile;
   frmWaveEditor& editor = *stage.prog.frmWaveEditor.Laden();
+  stage.prog.Zeigen(editor);
   Paint(stage);
   if (editor.WellenPunkte.empty()) throw std::runtime_error("nothing was drawn");
   return editor;

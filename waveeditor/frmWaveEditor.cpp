@@ -143,8 +143,6 @@ void frmWaveEditor::Form_Load() {
   ReverbPresetsLaden();
   Window.Enabled = false;
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
-  // Seen while its file is read, which takes a moment for a long one.
-  if (!BatchLaeuft) prog.Zeigen(*this);
   Init_Waveeditor();
   lblDatei.Caption = prog.WaveEditorDatei;
   SetEqualizer();
@@ -152,11 +150,17 @@ void frmWaveEditor::Form_Load() {
   for (const Regler& regler : Regler_) ReglerGeaendert(regler);
   if (BatchLaeuft) EffektWerteLaden();
   PfadeBestimmen();
-  DateiOeffnen();
   if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
     picPresets.Left = Ganz32(picPresets.Left / kGrosseSchrift);
     picPresets.Top = Ganz32(picPresets.Top / kGrosseSchrift);
   }
+  if (BatchLaeuft) DateiOeffnen();
+}
+
+// A long file takes a moment to be read; the window is seen meanwhile.
+void frmWaveEditor::Form_Activate() {
+  if (!WorkDatei.empty()) return;
+  DateiOeffnen();
 }
 
 void frmWaveEditor::Init_Waveeditor() {

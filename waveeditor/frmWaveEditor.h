@@ -23,6 +23,7 @@ class frmWaveEditor final : public VtrFenster {
 
   // ---- window ----
   void Form_Load() override;
+  void Form_Activate() override;  // the first time opens the file
   void Form_Unload() override;
   void Form_Close() override { imgZurück_MouseUp(); }
   void Form_Paint() override;

@@ -31,7 +31,7 @@ class EditorBuehne {
   }
   void Oeffne() {
     b.prog.WaveEditorDatei = kDatei;
-    b.Tu([this] { b.prog.frmWaveEditor.Laden(); });
+    b.Tu([this] { b.prog.Zeigen(*b.prog.frmWaveEditor.Laden()); });
   }
   void Oeffne(std::int64_t frames) {
     b.Wave(kDatei, frames);

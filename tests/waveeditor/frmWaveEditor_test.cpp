@@ -151,6 +151,7 @@ TEST_F(WaveEditor, ASoundCardThatRefusesStopsThePlaying) {
 }
 
 TEST_F(WaveEditor, WindingMovesByHalfASecondAndFasterTheLongerItIsHeld) {
+  b.platform.load.Present = false;  // the load stays as it is set
   Oeffne(60 * kSekunde);
   const auto halten = [this](int index, int ms) {
     b.Tu([&] {
@@ -161,7 +162,7 @@ TEST_F(WaveEditor, WindingMovesByHalfASecondAndFasterTheLongerItIsHeld) {
   halten(3, 499);
   EXPECT_EQ(E().CursorPos, 22050);
   EXPECT_TRUE(E().NurCursor);
-  halten(3, 510);
+  halten(3, 560);
   EXPECT_EQ(E().CursorPos, 3 * 22050);
   halten(4, 20000);
   EXPECT_EQ(E().CursorPos, 0);
