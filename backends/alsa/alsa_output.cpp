@@ -13,7 +13,6 @@ namespace vantora {
 namespace {
 
 constexpr unsigned kRate = 44100;
-constexpr unsigned kLatencyUs = 200'000;
 
 [[noreturn]] void Refused(long error) {
   const std::string words = snd_strerror(static_cast<int>(error));
@@ -23,7 +22,7 @@ constexpr unsigned kLatencyUs = 200'000;
 
 }  // namespace
 
-AlsaOutput::AlsaOutput() {
+AlsaOutput::AlsaOutput(int aheadMs) {
   SilenceAlsaMessages();
   snd_pcm_t* opened = nullptr;
   // Never blocking: a card that has gone must not hold up whoever wants to stop it.
@@ -31,7 +30,7 @@ AlsaOutput::AlsaOutput() {
   if (error < 0) Refused(error);
   pcm_.reset(opened);
   const int set = snd_pcm_set_params(opened, SND_PCM_FORMAT_S16_LE, SND_PCM_ACCESS_RW_INTERLEAVED,
-                                     2, kRate, 1, kLatencyUs);
+                                     2, kRate, 1, static_cast<unsigned>(aheadMs) * 1000);
   if (set < 0) Refused(set);
   snd_pcm_uframes_t period = 0;
   const int asked = snd_pcm_get_params(opened, &buffer_, &period);

@@ -11,7 +11,8 @@ namespace vantora {
 
 class AlsaOutput {
  public:
-  AlsaOutput();  // raises 57 when the card refuses
+  // Holds so much sound ahead of the ear, or what the card can do with. Raises 57 when it refuses.
+  explicit AlsaOutput(int aheadMs);
 
   // Hands over up to `frames`, waiting at most `ms` for room. Returns the frames taken, 0 when
   // there was no room; raises 57 when the card is gone. An interruption is mended on the way.

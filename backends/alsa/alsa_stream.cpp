@@ -11,14 +11,15 @@ namespace vantora {
 namespace {
 
 constexpr int kRate = 44100;
-constexpr std::int64_t kBlockFrames = 2205;  // 50 ms
 constexpr int kPatienceMs = 20;
 constexpr auto kDrainLimit = std::chrono::seconds(2);
 
 }  // namespace
 
-AlsaStream::AlsaStream(Calls calls)
-    : calls_(std::move(calls)), output_(std::make_unique<AlsaOutput>()) {
+AlsaStream::AlsaStream(Calls calls, int aheadMs)
+    : calls_(std::move(calls)),
+      blockFrames_(std::int64_t{aheadMs} * kRate / 1000 / 4),
+      output_(std::make_unique<AlsaOutput>(aheadMs)) {
   thread_ = std::thread([this] { Play(); });
 }
 
@@ -29,9 +30,10 @@ void AlsaStream::Stop() {
 
 void AlsaStream::Play() {
   try {
-    std::vector<std::int16_t> sound(kBlockFrames * 2);
-    for (auto frames = kBlockFrames; !stop_ && frames == kBlockFrames;) {
-      frames = static_cast<std::int64_t>(calls_.Source(sound.data(), kBlockFrames));
+    std::vector<std::int16_t> sound(static_cast<std::size_t>(blockFrames_) * 2);
+    for (auto frames = blockFrames_; !stop_ && frames == blockFrames_;) {
+      frames = static_cast<std::int64_t>(
+          calls_.Source(sound.data(), static_cast<std::size_t>(blockFrames_)));
       HandOver(sound, frames);
     }
     Drain();
@@ -83,14 +85,17 @@ namespace {
 
 class Stream final : public SoundStream {
  public:
-  Stream(EventLoop& loop, SoundOutput::Source source, std::function<void()> ended)
+  Stream(EventLoop& loop, SoundOutput::Source source, std::function<void()> ended, int aheadMs)
       : token_(std::make_shared<std::function<void()>>(std::move(ended))),
-        stream_({std::move(source), {}, [&loop, watch = std::weak_ptr(token_)] {
+        stream_({std::move(source),
+                 {},
+                 [&loop, watch = std::weak_ptr(token_)] {
                    loop.Post([watch] {
                      const auto call = watch.lock();
                      if (call && *call) (*call)();
                    });
-                 }}) {}
+                 }},
+                aheadMs) {}
 
   std::int64_t Heard() const override { return stream_.Heard(); }
 
@@ -101,8 +106,9 @@ class Stream final : public SoundStream {
 
 }  // namespace
 
-std::unique_ptr<SoundStream> AlsaSoundOutput::Play(Source source, std::function<void()> ended) {
-  return std::make_unique<Stream>(loop_, std::move(source), std::move(ended));
+std::unique_ptr<SoundStream> AlsaSoundOutput::Play(Source source, std::function<void()> ended,
+                                                   int aheadMs) {
+  return std::make_unique<Stream>(loop_, std::move(source), std::move(ended), aheadMs);
 }
 
 }  // namespace vantora

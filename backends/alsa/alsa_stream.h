@@ -21,7 +21,7 @@ class AlsaStream final {
     std::function<void(std::int64_t frames)> Heard;  // so far, each time that it grows
     std::function<void()> Ended;                     // at the end of the sound, not after Stop
   };
-  explicit AlsaStream(Calls calls);  // raises 57 when the card refuses
+  explicit AlsaStream(Calls calls, int aheadMs = kSoundAheadMs);  // raises 57 when the card refuses
   ~AlsaStream() { Stop(); }
   AlsaStream(const AlsaStream&) = delete;
   AlsaStream& operator=(const AlsaStream&) = delete;
@@ -38,6 +38,7 @@ class AlsaStream final {
   void Hear(std::int64_t frame);
 
   Calls calls_;
+  const std::int64_t blockFrames_;  // a quarter of what the card holds
   std::unique_ptr<AlsaOutput> output_;
   std::int64_t written_ = 0;
   std::atomic<std::int64_t> heard_{0};
@@ -48,7 +49,8 @@ class AlsaStream final {
 class AlsaSoundOutput final : public SoundOutput {
  public:
   explicit AlsaSoundOutput(EventLoop& loop) : loop_(loop) {}
-  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended) override;
+  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended,
+                                    int aheadMs) override;
 
  private:
   EventLoop& loop_;

@@ -121,7 +121,8 @@ void DiscPlayer::Play() {
   if (!disc_ || stream_) return;
   const int end = EndOfSound(disc_->Toc(), sector_);
   if (end == sector_) return;
-  stream_ = output_.Play(DiscSound(disc_, sector_, end), [this] { Halt(kMciStop); });
+  stream_ = output_.Play(
+      DiscSound(disc_, sector_, end), [this] { Halt(kMciStop); }, kSoundAheadMs);
   mode_ = kMciPlay;
 }
 

@@ -14,6 +14,7 @@ constexpr std::int64_t kRate = 44100;
 struct Voice {
   EventLoop& Loop;
   Clock& Time;
+  const HeadlessSoundCard& Card;
   SoundOutput::Source Source;
   std::function<void()> Ended;
   std::int64_t StartTicks = 0;
@@ -37,6 +38,10 @@ void Fetch(Voice& voice) {
 
 void Tick(const std::shared_ptr<Voice>& voice) {
   if (!voice->Wanted) return;
+  if (!voice->Card.Present) {
+    voice->AtEnd = true;
+    voice->Given = std::min(voice->Given, voice->Due());
+  }
   Fetch(*voice);
   const std::int64_t rest = voice->Given - voice->Due();
   if (voice->AtEnd && rest <= 0) {
@@ -64,12 +69,13 @@ class Stream final : public SoundStream {
 
 }  // namespace
 
-std::unique_ptr<SoundStream> HeadlessOutput::Play(Source source, std::function<void()> ended) {
+std::unique_ptr<SoundStream> HeadlessOutput::Play(Source source, std::function<void()> ended,
+                                                  int /*aheadMs*/) {
   if (!card_.Present) {
     throw Laufzeitfehler(kFehlerEinAusgabe, L"No se encuentra ninguna tarjeta de sonido.");
   }
   const auto voice =
-      std::make_shared<Voice>(Voice{loop_, clock_, std::move(source), std::move(ended)});
+      std::make_shared<Voice>(Voice{loop_, clock_, card_, std::move(source), std::move(ended)});
   voice->StartTicks = clock_.Ticks();
   Tick(voice);
   return std::make_unique<Stream>(voice);

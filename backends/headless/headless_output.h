@@ -12,7 +12,8 @@ class HeadlessOutput final : public SoundOutput {
   HeadlessOutput(EventLoop& loop, Clock& clock, HeadlessSoundCard& card)
       : loop_(loop), clock_(clock), card_(card) {}
 
-  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended) override;
+  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended,
+                                    int aheadMs) override;
 
  private:
   EventLoop& loop_;

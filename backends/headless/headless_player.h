@@ -14,7 +14,7 @@ namespace vantora {
 
 // The sound card that all players share.
 struct HeadlessSoundCard {
-  bool Present = true;       // false: every start is refused
+  bool Present = true;       // false: every start is refused, a stream ends
   std::vector<Text> Played;  // files that were started, in order
 };
 

@@ -1,12 +1,39 @@
 // Tells level meters what is heard.
 #pragma once
 
+#include "backends/sound/chain/peak_detect.h"
+
 #include "platform/mmchain.h"
+
+#include <algorithm>
 
 namespace vantora {
 
 class Connector final : public MMConnectorX {
  public:
+  void Receive() override {
+    frames_ = 0;
+    peaks_ = {};
+    MMConnectorX::Receive();
+  }
+  void Push(const MMData& data) override {
+    const Peaks peaks = PeaksOf(data);
+    peaks_ = {std::max(peaks_.Left, peaks.Left), std::max(peaks_.Right, peaks.Right)};
+    frames_ += data.Bytes / 4;
+    MMConnectorX::Push(data);
+    if (frames_ < kFrames * static_cast<std::size_t>(std::max(Speed, 1))) return;
+    const Peaks told = peaks_;
+    frames_ = 0;
+    peaks_ = {};
+    if (OnLevel) OnLevel(std::min(told.Left, kLoudest), std::min(told.Right, kLoudest));
+  }
+
+ private:
+  static constexpr std::size_t kFrames = 2048;  // two whole buffers, 46 ms
+  static constexpr int kLoudest = 32767;
+
+  std::size_t frames_ = 0;  // since the last level
+  Peaks peaks_;
 };
 
 }  // namespace vantora

@@ -28,7 +28,8 @@ class Streaming : public Listener {
 
 TEST_F(Streaming, ASoundIsHeardInItsTimeAndItsEndIsToldOnceOnTheInterfaceThread) {
   const double start = Now();
-  const auto stream = output.Play(Of(44100 + 7), [this] { Note("ended"); });
+  const auto stream = output.Play(
+      Of(44100 + 7), [this] { Note("ended"); }, kSoundAheadMs);
   Run(0.7);
   EXPECT_NEAR(static_cast<double>(stream->Heard()) / 44100, Now() - start, 0.5);
   EXPECT_LT(stream->Heard(), 44100);
@@ -42,7 +43,8 @@ TEST_F(Streaming, ASoundIsHeardInItsTimeAndItsEndIsToldOnceOnTheInterfaceThread)
 }
 
 TEST_F(Streaming, AStreamThatIsGivenUpFallsSilentSoonAndSaysNothing) {
-  auto stream = output.Play(Of(44100 * 60), [this] { Note("ended"); });
+  auto stream = output.Play(
+      Of(44100 * 60), [this] { Note("ended"); }, kSoundAheadMs);
   Run(0.3);
   const double before = Now();
   stream.reset();

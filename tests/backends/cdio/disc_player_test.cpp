@@ -12,7 +12,8 @@ class Tape final : public SoundOutput {
   std::string Sound;  // of the last stream
   std::function<void()> Ended;
 
-  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended) override {
+  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended,
+                                    int /*aheadMs*/) override {
     source_ = std::move(source);
     Ended = std::move(ended);
     Sound.clear();
