@@ -41,9 +41,13 @@ void AudioLibrary::func_09() {
   crackle_.reset();
 }
 
-void AudioLibrary::func_04(const float& /*level*/) {}
+void AudioLibrary::func_04(const float& /*level*/) {
+  hiss_.emplace(kChannels);
+}
 
-void AudioLibrary::func_10() {}
+void AudioLibrary::func_10() {
+  hiss_.reset();
+}
 
 void AudioLibrary::func_08(const float& level, const std::int16_t& channels,
                            const std::int16_t* source, std::int16_t* target, int frames) {
@@ -55,10 +59,9 @@ void AudioLibrary::func_06(const float& level, const std::int16_t& channels,
   Run(crackle_, level, channels, source, target, frames);
 }
 
-void AudioLibrary::func_07(const float& /*level*/, const std::int16_t& channels,
+void AudioLibrary::func_07(const float& level, const std::int16_t& channels,
                            const std::int16_t* source, std::int16_t* target, int frames) {
-  Stage<ClickFilter> none;
-  Run(none, 0, channels, source, target, frames);
+  Run(hiss_, level, channels, source, target, frames);
 }
 
 template <class Filter>

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "backends/sound/restoration/click_filter.h"
+#include "backends/sound/restoration/denoiser.h"
 #include "backends/sound/spectrum/waterfall.h"
 
 #include "platform/audiolib.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -40,6 +42,7 @@ class AudioLibrary final : public Audiolib {
 
  private:
   static constexpr std::size_t kChannels = 2;  // more than these pass as they are
+  static constexpr std::size_t kPiece = std::min(ClickFilter::kBlock, Denoiser::kBlock);
 
   // A filter that is on: one for each channel.
   template <class Filter>
@@ -50,7 +53,8 @@ class AudioLibrary final : public Audiolib {
            std::int16_t* target, int frames);
 
   Stage<ClickFilter> clicks_, crackle_;
-  std::vector<float> piece_;
+  Stage<Denoiser> hiss_;
+  std::vector<float> piece_;  // of one channel; empty before the start
 
   std::optional<Spectrum> spectrum_;  // the picture that is being made
 };

@@ -1,0 +1,88 @@
+#include "backends/sound/restoration/noise_floor.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantora {
+
+namespace {
+
+constexpr float kQuantile = 0.3F;
+constexpr float kMeanOfQuantile = 2.8F;  // of noise, whose power is distributed exponentially
+constexpr float kMinimumOfBin = 5.6F;    // what the least of a bin alone would lie under its mean
+constexpr float kSmoothing = 0.03F;      // seconds
+constexpr float kSettled = 0.15F;        // seconds after which a minimum can be believed
+constexpr float kPeriod = 1.2F;          // seconds; the minimum reaches back over all periods
+constexpr float kLeastPower = 0.02F;     // less than the rounding to 16 bit makes: digital silence
+constexpr std::size_t kNarrowest = 16;   // bins
+
+}  // namespace
+
+// Bands grow wider upwards, where music is sparse and the ear coarse.
+NoiseFloor::NoiseFloor(std::size_t bins) : sorted_(bins), power_(bins) {
+  std::size_t first = 1;
+  while (first < bins) {
+    const std::size_t width = std::max(kNarrowest, first / 8);
+    const bool last = first + width + kNarrowest > bins;
+    bands_.push_back({first, last ? bins - first : width});
+    first += bands_.back().Count;
+  }
+}
+
+void NoiseFloor::Hear(const float* power, float seconds) {
+  const bool first = heard_ == 0;
+  const float keep = first ? 0 : std::exp(-seconds / std::min(kSmoothing, heard_));
+  heard_ += seconds;
+  const bool settled = heard_ > kSettled;
+  inPeriod_ += seconds;
+  const bool next = settled && inPeriod_ > kPeriod;
+  if (next) {
+    period_ = (period_ + 1) % kPeriods;
+    inPeriod_ = 0;
+  }
+  for (Band& band : bands_) {
+    band.Smooth += (1 - keep) * (Quantile(band, power) - band.Smooth);
+    if (!settled) {
+      band.Least.fill(band.Smooth);
+    } else {
+      float& least = band.Least[period_];
+      least = next ? band.Smooth : std::min(least, band.Smooth);
+    }
+    const float mean = 1 + kMinimumOfBin / std::sqrt(static_cast<float>(band.Count));
+    band.Level = mean * *std::min_element(band.Least.begin(), band.Least.end());
+  }
+  Spread();
+}
+
+float NoiseFloor::Quantile(const Band& band, const float* power) {
+  std::copy_n(power + band.First, band.Count, sorted_.begin());
+  const auto end = sorted_.begin() + static_cast<std::ptrdiff_t>(band.Count);
+  const auto place =
+      sorted_.begin() + static_cast<std::ptrdiff_t>(kQuantile * static_cast<float>(band.Count));
+  std::nth_element(sorted_.begin(), place, end);
+  return std::max(kMeanOfQuantile * *place, kLeastPower);
+}
+
+// From the bands to the bins. Where the low harmonics of music leave no gap, the bands above tell
+// how strong hiss can be: it does not rise downwards by more than 3 dB an octave.
+void NoiseFloor::Spread() {
+  const auto middle = [](const Band& band) {
+    return static_cast<float>(band.First) + 0.5F * static_cast<float>(band.Count);
+  };
+  for (std::size_t i = bands_.size() - 1; i-- > 0;) {
+    const float steepest = middle(bands_[i + 1]) / middle(bands_[i]);
+    bands_[i].Level = std::min(bands_[i].Level, steepest * bands_[i + 1].Level);
+  }
+  std::size_t upper = 0;
+  for (std::size_t bin = 0; bin < power_.size(); ++bin) {
+    const auto here = static_cast<float>(bin);
+    while (upper < bands_.size() && middle(bands_[upper]) <= here) ++upper;
+    const Band& above = bands_[std::min(upper, bands_.size() - 1)];
+    const Band& below = bands_[upper > 0 ? upper - 1 : 0];
+    const float wide = middle(above) - middle(below);
+    const float share = wide > 0 ? (here - middle(below)) / wide : 0;
+    power_[bin] = below.Level + share * (above.Level - below.Level);
+  }
+}
+
+}  // namespace vantora
