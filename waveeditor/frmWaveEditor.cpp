@@ -21,6 +21,7 @@ constexpr int kNormalizeMs = 10;
 constexpr int kBibliothekBytes = 8192;
 constexpr double kGrosseSchriftTwips = 12.0;
 constexpr double kGrosseSchrift = 1.25;
+constexpr int kMarkerDeckung = 35;  // percent
 
 }  // namespace
 
@@ -120,15 +121,31 @@ void frmWaveEditor::TransportEinrichten() {
   uhr(tmrNormalize, kNormalizeMs, [this] { tmrNormalize_Timer(); });
 }
 
+// Buttons that show a state keep their picture when they are let go.
+void frmWaveEditor::BilderBereiten() {
+  for (PictureButton* knopf :
+       {&imgByPass, &imgLoudness, &imgHallByPass, &imgFlangerBypass, &imgVolumeByPass,
+        &imgGaterBypass, &imgDeclickByPass, &imgDenoiserByPass, &imgDecrackleByPass}) {
+    knopf->PictureReleased.clear();
+  }
+  for (int i = 0; i < imgEffekt.Count(); ++i) imgEffekt(i).PictureReleased.clear();
+  shpMarker.Opacity = kMarkerDeckung;
+  shpMarker.Visible = false;
+  sliderWave.Visible = false;
+  picPresets.Visible = false;
+  CPUBack.Visible = false;
+  imgZurück.Enabled = false;
+}
+
 // ---- opening ----
 
 void frmWaveEditor::Form_Load() {
   BatchLaeuft = prog.EditorBatch;
-  LayoutAnwenden(Name);
-  if (prog.BildschirmBreite >= kGrosserSchirm) LayoutAnwenden(kGrossesLayout);
+  LayoutAnwenden(prog.BildschirmBreite >= kGrosserSchirm ? kGrossesLayout : Name);
   ToolTipsSetzen(*this);
   SkaliereForm(prog, *this);
   MitteSetzen(prog, *this);
+  BilderBereiten();
   SetTexte();
   prog.AppLog(L"frmWaveEditor.Form_Load", L"WaveEditor entered");
   Beschaeftigt = true;
@@ -248,7 +265,11 @@ void frmWaveEditor::SetTexte() {
   Hinweis(lblMarkerAnfang, 21451);
   Hinweis(lblMarkerDelta, 21452);
   Hinweis(lblMarkerEnde, 21453);
-  for (int i = 0; i < 3; ++i) Hinweis(lblFeld(i), 21451 + i);
+  for (int i = 0; i < 3; ++i) {
+    Hinweis(lblFeld(i), 21451 + i);
+    const Text worte = LoadResString(21451 + i);
+    lblFeld(i).Caption = worte.substr(0, worte.find(L' '));  // "Inicio", "Duración", "Fin"
+  }
   Hinweis(lblStatus, 21454);
   Hinweis(lblZoomFaktor, 21455);
   Hinweis(Level1, 21457);

@@ -356,6 +356,7 @@ class frmWaveEditor final : public VtrFenster {
   void Hinweis(Control& control, int nummer);  // tooltip, and name for those who listen
 
   // opening
+  void BilderBereiten();
   void PfadeBestimmen();
   void DateiOeffnen();
   void PresetsVorbelegen();  // the presets that the program brings, where their slots are free
