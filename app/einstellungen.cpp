@@ -106,6 +106,11 @@ void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert)
   plattform.einstellungen.SaveSetting(kAnwendung, kAbschnitt, schluessel, wert);
 }
 
+void SettingLoeschen(Plattform& plattform, const Text& anwendung, const Text& abschnitt,
+                     const Text& schluessel) {
+  plattform.einstellungen.DeleteSetting(anwendung, abschnitt, schluessel);
+}
+
 void LoadExtrasSet(Plattform& plattform, Einstellungen& werte) {
   AlleOptionen(Leser(plattform), werte);
 }

@@ -48,6 +48,8 @@ struct Einstellungen {
 // One value of the store, for windows that keep keys of their own.
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst);
 void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert);
+void SettingLoeschen(Plattform& plattform, const Text& anwendung, const Text& abschnitt,
+                     const Text& schluessel);
 // A number; one that its width cannot hold counts as not there.
 std::int32_t GetZahl(Plattform& plattform, const Text& schluessel, const Text& sonst);
 std::int16_t GetZahl16(Plattform& plattform, const Text& schluessel, const Text& sonst);

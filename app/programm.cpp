@@ -105,7 +105,7 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   // A job that has failed may have left the window in front disabled, and nobody else frees it.
   Form* vorn = plattform.schleife.Front();
   const bool brennt = frmKomponenten.Geladen() && frmKomponenten().BrennLaeuft;
-  if (vorn != nullptr && !brennt) vorn->Window.Enabled = true;
+  if (vorn != nullptr && !brennt && !vorn->CloseWhileDisabled) vorn->Window.Enabled = true;
   try {
     const vantora::Text grund = fehler.Grund.empty() ? L"" : L": " + fehler.Grund;
     AppLog(L"Laufzeitfehler", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + grund);

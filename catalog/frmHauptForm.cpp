@@ -83,12 +83,13 @@ void frmHauptForm::KnoepfeEinrichten() {
   lvwKatalog.OLEDragOver = [this](const std::vector<Text>& d) { return lvwKatalog_OLEDragOver(d); };
   lvwKatalog.OLEDragDrop = [this](const std::vector<Text>& d) { lvwKatalog_OLEDragDrop(d); };
   MMConnectorX1();
+  shpStapel.Visible = false;
 }
 
 void frmHauptForm::MenueEinrichten() {
   Menus.push_back({L"mnuKatalog",
                    {{L"mnuAbspielen", L"", [this] { imgAbspielen_MouseUp(); }},
-                    {L"mnuWAVEditor", L"", [this] { imgWaveEdit_MouseUp(); }},
+                    {L"mnuWAVEditor", L"", [this] { mnuWAVEditor_Click(); }},
                     {L"mnuUeberblenden", L"", [this] { imgTitel_MouseUp(); }},
                     {L"mnuEigentschaft", L"",
                      [this] {
@@ -96,7 +97,7 @@ void frmHauptForm::MenueEinrichten() {
                        TrackDatenAendern();
                      }},
                     {L"mnuDelete", L"", [this] { KatRowDelete(); }},
-                    {L"mnuWaveAssistent", L"", [this] { imgAssistent_MouseUp(); }}}});
+                    {L"mnuWaveAssistent", L"", [this] { mnuWaveAssistent_Click(); }}}});
 }
 
 void frmHauptForm::MMConnectorX1() {

@@ -49,6 +49,8 @@ class frmHauptForm final : public VtrFenster {
   void imgMixer_MouseUp();
   void imgAssistent_MouseUp();
   void imgWaveEdit_MouseUp();
+  void mnuWAVEditor_Click();
+  void mnuWaveAssistent_Click();  // the batch
   void imgAbspielen_MouseUp();
   void imgStop_MouseUp();
   void imgMove_MouseUp(int index);  // 0 up, 1 down
@@ -108,6 +110,7 @@ class frmHauptForm final : public VtrFenster {
   Label lblKatalogTitel{*this, L"lblKatalogTitel"};
   Label lblKatalogInterpret{*this, L"lblKatalogInterpret"};
   Label lblKatalogDatei{*this, L"lblKatalogDatei"};
+  Shape shpStapel{*this, L"shpStapel"};  // over the file's name: how far a batch has come
   Label lblKatalogLaenge{*this, L"lblKatalogLaenge"};
   Label lblRestzeitCD{*this, L"lblRestzeitCD"};
   Label lblTimeOver{*this, L"lblTimeOver"};
@@ -209,6 +212,10 @@ class frmHauptForm final : public VtrFenster {
   bool KopieVorbereiten();
   bool KopieLesen();
   void KopieBrennen();
+
+  // a batch in the wave editor
+  void StapelLaufen(const std::vector<Text>& dateien);
+  void StapelBeenden();
 
   // burning
   bool BrennDateienPruefen();

@@ -35,12 +35,6 @@ void frmHauptForm::imgExtras_MouseUp() {
 void frmHauptForm::imgPrintCover_MouseUp() {
   NochNicht();
 }
-void frmHauptForm::imgAssistent_MouseUp() {
-  NochNicht();
-}
-void frmHauptForm::imgWaveEdit_MouseUp() {
-  NochNicht();
-}
 
 void frmHauptForm::imgDatenBank_MouseUp() {
   prog.AppLog(L"imgDatenBank_MouseUp", L"Datenbank anzeigen");

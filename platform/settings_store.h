@@ -14,6 +14,8 @@ class SettingsStore {
                           const Text& fallback) = 0;
   virtual void SaveSetting(const Text& application, const Text& section, const Text& key,
                            const Text& value) = 0;
+  // Afterwards there is no such key; no effect when there was none.
+  virtual void DeleteSetting(const Text& application, const Text& section, const Text& key) = 0;
 };
 
 }  // namespace vantora

@@ -13,6 +13,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <variant>
 #include <vector>
 
 namespace vantora {
@@ -25,7 +26,7 @@ class frmWaveEditor final : public VtrFenster {
   void Form_Load() override;
   void Form_Activate() override;  // the first time opens the file
   void Form_Unload() override;
-  void Form_Close() override { imgZurück_MouseUp(); }
+  void Form_Close() override;
   void Form_Paint() override;
   bool Form_KeyDown(int taste, bool strg) override;
   void SetTexte() override;
@@ -381,7 +382,24 @@ class frmWaveEditor final : public VtrFenster {
   void Spulen(bool vor);
   void SpulenBeenden();
   void PauseUmschalten();
+
+  // presets
+  using PresetWert = std::variant<Slider*, CheckBox*>;
+  std::vector<PresetWert> PresetWerte();  // of the panel in front, as they stand in its presets
+  PresetFeld* PresetsDesPanels();         // nothing for a panel without presets
+  void PresetKnoepfeZeigen();
+  Text ReverbDatei() const;
+  void ReverbDateiAnlegen();
+
+  // effects into the file
   void Einrechnen();
+  void Sperren(bool gesperrt);  // the window, while a file is being written
+  void EffekteFrisch();
+  void ErgebnisUebernehmen();
+  void RenderAbschliessen();
+  template <typename Weg>
+  void AlleEffektWerte(Weg weg);
+  bool TriggerSteht = false;  // a render has failed
 
   // effects
   struct Regler {  // a slider, the box beside it, and what both mean

@@ -58,14 +58,14 @@ void CheckRows(const Control& control, const std::vector<int>& rows, int count) 
 
 // ---- what can be reached ----
 
-void HeadlessHands::Reach(Form& form) {
+void HeadlessHands::Reach(Form& form, bool closing) {
   const std::string name = Narrow(form.Name);
   if (!form.Visible()) Refuse(name + " is not shown");
   if (!loop_.Reachable(form)) {
     const Form* front = loop_.Front();
     Refuse(name + " cannot be reached behind " + (front ? Narrow(front->Name) : "another window"));
   }
-  if (!form.Window.Enabled) Refuse(name + " is disabled");
+  if (!form.Window.Enabled && !closing) Refuse(name + " is disabled");
   loop_.BringForward(form);
 }
 
@@ -238,7 +238,7 @@ void HeadlessHands::ChooseMenu(Form& form, const Text& item) {
 }
 
 void HeadlessHands::Close(Form& form) {
-  Reach(form);
+  Reach(form, form.CloseWhileDisabled);
   loop_.Deliver([&form] { form.Form_Close(); });
 }
 

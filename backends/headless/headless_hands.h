@@ -34,7 +34,7 @@ class HeadlessHands final : public Hands {
   };
   static Stroke ParseKey(const Text& key);
 
-  void Reach(Form& form);
+  void Reach(Form& form, bool closing = false);
   void Reach(Control& control);
   void MouseButton(Control& control, int button);
   void SelectInBox(ListBox& list, const std::vector<int>& rows);

@@ -97,6 +97,25 @@ void SettingsFile::SaveSetting(const Text& application, const Text& section, con
   Write();
 }
 
+// Of equal keys all go: the one that the last had covered is not what the user wants back.
+void SettingsFile::DeleteSetting(const Text& application, const Text& section, const Text& key) {
+  ReadOnce();
+  const Text name = SectionName(application, section), lower = LowerCase(key);
+  if (lower.empty()) return;  // heads and remarks have no key
+  const std::size_t gone = std::erase_if(
+      lines_, [&](const Line& line) { return line.Section == name && line.Key == lower; });
+  if (gone == 0 && written_) return;
+  FindPlaces();
+  Write();
+}
+
+void SettingsFile::FindPlaces() {
+  places_.clear();
+  for (std::size_t i = 0; i < lines_.size(); ++i) {
+    if (!lines_[i].Key.empty()) places_[{lines_[i].Section, lines_[i].Key}] = i;
+  }
+}
+
 void SettingsFile::ReadOnce() {
   if (read_) return;
   read_ = true;

@@ -28,6 +28,7 @@ class SettingsFile final : public SettingsStore {
                   const Text& fallback) override;
   void SaveSetting(const Text& application, const Text& section, const Text& key,
                    const Text& value) override;
+  void DeleteSetting(const Text& application, const Text& section, const Text& key) override;
 
  private:
   struct Line {
@@ -41,6 +42,7 @@ class SettingsFile final : public SettingsStore {
   void Parse(const std::string& bytes);
   void Add(const Text& section, const std::string& head, const Text& key, const std::string& raw,
            const Text& value);
+  void FindPlaces();
   void Write();
 
   std::filesystem::path file_;

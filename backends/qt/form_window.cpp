@@ -469,7 +469,8 @@ void FormWindow::paintEvent(QPaintEvent* event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  if (!Refused()) Handle([this] { form_->Form_Close(); });
+  const bool always = form_ != nullptr && form_->CloseWhileDisabled && !host_.Blocked(*form_);
+  if (always || !Refused()) Handle([this] { form_->Form_Close(); });
 }
 
 void FormWindow::moveEvent(QMoveEvent* /*event*/) {

@@ -151,6 +151,7 @@ TEST(LinuxFiles, ACopyIsWholeOrNotThere) {
     const FullDisk disk(1'000'000);
     EXPECT_EQ(ErrorOf([&] { home.Files.FileCopy(L"C:\\Music\\a.wav", L"C:\\Full\\b.wav"); }), 61);
     EXPECT_EQ(ErrorOf([&] { home.Files.FileCopy(L"C:\\Music\\a.wav", L"C:\\Full\\old.wav"); }), 61);
+    EXPECT_EQ(Get(home / "Full/old.wav"), "old");
     EXPECT_EQ(ErrorOf([&] {
                 home.Files.Open(L"C:\\Full\\old.wav", Zugriff::Anhaengen)
                     ->Write(song.data(), song.size());

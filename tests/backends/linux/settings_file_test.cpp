@@ -70,8 +70,20 @@ TEST(SettingsFile, ManySavesAgreeWithAMap) {
   for (int i = 0; i < 150; ++i) {
     const Text section = L"s" + std::to_wstring(random() % 4);
     const Text key = L"k" + std::to_wstring(random() % 20), value = std::to_wstring(random() % 3);
-    settings.SaveSetting(L"Quillmark", section, key, value);
-    model[{section, key}] = value;
+    if (random() % 4 == 0) {
+      settings.DeleteSetting(L"Quillmark", section, key);
+      model.erase({section, key});
+    } else {
+      settings.SaveSetting(L"Quillmark", section, key, value);
+      model[{section, key}] = value;
+    }
+  }
+  for (int key = 0; key < 20; ++key) {
+    const Text name = L"k" + std::to_wstring(key);
+    const auto place = model.find({L"s1", name});
+    const Text saved = place == model.end() ? L"-" : place->second;
+    EXPECT_EQ(settings.GetSetting(L"Quillmark", L"s1", name, L"-"), saved);
+    EXPECT_EQ(SettingsFile(store.File).GetSetting(L"Quillmark", L"s1", name, L"-"), saved);
   }
   for (const auto& [name, value] : model) EXPECT_EQ(store.Read(name.second, name.first), value);
 }

@@ -1,0 +1,102 @@
+// The way into the wave editor, and the batch that applies its effects to many tracks.
+
+#include "app/programm.h"
+#include "app/zahlen.h"
+#include "catalog/frmHauptForm.h"
+#include "waveeditor/frmWaveEditor.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+void frmHauptForm::mnuWAVEditor_Click() {
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  imgWaveEdit_MouseUp();
+}
+
+void frmHauptForm::imgWaveEdit_MouseUp() {
+  prog.AppLog(L"imgWaveEdit_MouseUp", L"WaveEditor starten");
+  if (!Soundkarte) return;
+  PlayWaveNormal(L"");
+  const int anzahl = lvwKatalog.ListItems.Count();
+  if (anzahl == 0) {
+    prog.MsgBoxen(LoadResString(8060), kHinweis);
+    return;
+  }
+  AktuellerTitel = Ganz16(std::clamp<int>(AktuellerTitel, 1, anzahl));
+  const Text datei = Trim(lvwKatalog.ListItems(AktuellerTitel).SubItems(7));
+  if (!prog.DateiExistiert(datei)) return;
+  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+  prog.WaveEditorDatei = datei;
+  Window.Enabled = false;
+  prog.ZeigeModal(prog.frmWaveEditor.Laden());
+  prog.frmWaveEditor.Entladen();
+  Window.Enabled = true;
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+}
+
+// ---- many tracks ----
+
+void frmHauptForm::imgAssistent_MouseUp() {
+  mnuWaveAssistent_Click();
+}
+
+void frmHauptForm::mnuWaveAssistent_Click() {
+  if (!prog.EffektEinstellung.Gueltig) {
+    prog.MsgBoxen(LoadResString(8066), kHinweis);
+    return;
+  }
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  if (lvwKatalog.ListItems.empty()) {
+    prog.MsgBoxen(LoadResString(8060), kHinweis);
+    return;
+  }
+  // Before the question: when its box has gone the list is made anew, and one row is selected.
+  std::vector<Text> dateien;
+  for (int i = 1; i <= lvwKatalog.ListItems.Count(); ++i) {
+    const ListItem& zeile = lvwKatalog.ListItems(i);
+    if (zeile.Selected()) dateien.push_back(Trim(zeile.SubItems(7)));
+  }
+  if (prog.MsgBoxen(LoadResString(8064), kJaNein) != kJa) return;
+  try {
+    StapelLaufen(dateien);
+  } catch (const Laufzeitfehler&) {
+    StapelBeenden();
+    throw;
+  }
+  StapelBeenden();
+}
+
+void frmHauptForm::StapelLaufen(const std::vector<Text>& dateien) {
+  // A file that cannot be written holds the batch for ever; the program can be ended even then.
+  Window.Enabled = false;
+  CloseWhileDisabled = true;
+  prog.EditorBatch = true;
+  shpStapel.Width = 0;
+  shpStapel.Visible = true;
+  const auto anzahl = static_cast<std::int64_t>(dateien.size());
+  std::int64_t nummer = 0;
+  for (const Text& datei : dateien) {
+    ++nummer;
+    prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+    shpStapel.Width =
+        Ganz32(static_cast<double>(nummer) / static_cast<double>(anzahl) * lblKatalogDatei.Width);
+    lblRestzeitCD.Caption = ZahlText(nummer) + LoadResString(4219) + ZahlText(anzahl);
+    prog.WaveEditorDatei = datei;
+    prog.frmWaveEditor.Laden()->Einrechnen2(datei);
+  }
+}
+
+void frmHauptForm::StapelBeenden() {
+  if (prog.frmWaveEditor.Geladen()) prog.frmWaveEditor().CloseMe();  // a file has failed
+  prog.EditorBatch = false;
+  shpStapel.Visible = false;
+  KatalogShow();
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+  CloseWhileDisabled = false;
+  Window.Enabled = true;
+}
+
+}  // namespace vantora
