@@ -38,6 +38,8 @@ MMEqualizerX::Filter& Equalizer::Item(int index) {
 
 void Equalizer::Clear() {
   for (Section& section : sections_) section.S = section.T = Frame{};
+  std::fill(turned_.begin(), turned_.end(), 0);
+  left_ = kGlideFrames;
 }
 
 void Equalizer::Solve() {
@@ -119,7 +121,7 @@ void Equalizer::RunAll(Frame* frames, std::size_t count) {
 void Equalizer::Process(std::int16_t* samples, std::size_t frames) {
   if (changed_) Solve();
   const bool flat = std::all_of(turned_.begin(), turned_.end(), [](double db) { return db == 0; });
-  if (left_ == 0 && flat) return Clear();
+  if (left_ == 0 && flat) return;
   for (std::size_t n = 0; n < frames; ++n) {
     work_[n] = Frame{static_cast<double>(samples[2 * n]), static_cast<double>(samples[2 * n + 1])};
   }

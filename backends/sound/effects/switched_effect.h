@@ -23,12 +23,20 @@ inline std::int16_t ToSample(float value) {
   return static_cast<std::int16_t>(static_cast<int>((inside + kRounder) - kRounder));
 }
 
+// A value that goes round and round, without what is far too soft to hear but slow to compute.
+inline float Hushed(float value) {
+  constexpr float kHush = 1e-3F;
+  return (value + kHush) - kHush;
+}
+
+// Parameters that are set before the sound begins hold from its first frame; an effect that is
+// switched on while the sound runs grows into it.
 template <class Interface>
 class SwitchedEffect : public Interface {
  public:
   void Enable() final {
     if (on_) return;
-    on_ = beginning_ = true;
+    on_ = true;
     Clear();
   }
   void Disable() final { on_ = false; }
@@ -38,15 +46,15 @@ class SwitchedEffect : public Interface {
   }
   void Pull(MMData& data) final {
     Interface::Pull(data);
-    if (!on_ || data.Bytes < 4) return;
-    if (beginning_) Settle();
+    if (data.Bytes < 4) return;
+    if (on_ && beginning_) Settle();
     beginning_ = false;
-    Process(data.Samples.data(), data.Bytes / 4);
+    if (on_) Process(data.Samples.data(), data.Bytes / 4);
   }
 
  protected:
-  virtual void Clear() = 0;   // forgets the sound that went through
-  virtual void Settle() = 0;  // what still glides arrives: the sound begins with its settings
+  virtual void Clear() = 0;   // forgets the sound that went through, and leaves from no effect
+  virtual void Settle() = 0;  // what still glides arrives
   virtual void Process(std::int16_t* samples, std::size_t frames) = 0;
 
  private:

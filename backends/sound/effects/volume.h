@@ -1,15 +1,25 @@
-// Makes sound louder or softer.
+// Makes sound louder or softer: 16384 is as loud as it is, 0 is silence, 32767 about twice.
 #pragma once
 
-#include "platform/mmchain.h"
+#include "backends/sound/effects/glide.h"
+#include "backends/sound/effects/switched_effect.h"
+
+#include <array>
 
 namespace vantora {
 
-class Volume final : public MMVolumeX {
+class Volume final : public SwitchedEffect<MMVolumeX> {
  public:
-  void Enable() override {}
-  void Disable() override {}
-  void SetVolume(int /*volume*/) override {}
+  Volume();
+  void SetVolume(int volume) override;
+
+ private:
+  void Clear() override;
+  void Settle() override { volume_.Settle(); }
+  void Process(std::int16_t* samples, std::size_t frames) override;
+
+  Glide volume_;
+  std::array<float, kBufferFrames> path_{};
 };
 
 }  // namespace vantora
