@@ -1,0 +1,221 @@
+// A feedback delay network (Jot and Chaigne, "Digital delay networks for designing artificial
+// reverberators", 1991) of eight lines. What leaves the lines is damped, heard, weakened by its
+// feedback and exchanged between the lines by an orthogonal matrix, three stages of rotations by
+// one angle in pairs: at 0 degrees every line keeps its own, at 45 each gives to all in equal
+// parts. A matrix of that kind loses and adds nothing and the damping never amplifies, so below a
+// feedback of 1 the network dies away whatever the delays are.
+//
+// The damping is a symmetrical filter of three taps rather than a recursive one, and no line reads
+// what the same block writes: every loop runs through memory, many frames at a time. A high-pass at
+// the entrance keeps constants out, which a feedback near 1 would pile up.
+#include "backends/sound/effects/reverb.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <numbers>
+#include <string>
+
+namespace vantora {
+
+namespace {
+
+constexpr double kFramesPerMs = 44.1;
+constexpr double kShortest = 2, kLongest = 2000;  // ms
+constexpr float kConstants = 0.9972F;             // a high-pass at 20 Hz
+constexpr std::size_t kMostSections = 32'000;     // characters
+constexpr std::size_t kMostText = 200;            // characters of a value
+constexpr std::size_t kSpare = 4096;              // frames of a line between two tidyings
+
+// A number of a line of numbers, which loses it; 0 for none.
+double TakeNumber(std::string& line) {
+  const std::size_t comma = std::min(line.find(','), line.size());
+  const std::size_t start = std::min(line.find_first_not_of(" \t"), comma);
+  double number = 0;
+  std::from_chars(line.data() + start, line.data() + comma, number);
+  line.erase(0, comma + 1);
+  return std::isfinite(number) ? number : 0;
+}
+
+std::string Narrow(const Text& text) {
+  std::string narrow;
+  for (const wchar_t c : text) narrow += c > 0 && c < 128 ? static_cast<char>(c) : '?';
+  return narrow;
+}
+
+float Percent(double percent) {
+  return static_cast<float>(percent / 100);
+}
+
+}  // namespace
+
+void Reverb::SetFeedback(int percent) {
+  feedback_.To(Percent(std::clamp(percent, -99, 99)));
+}
+
+void Reverb::SetOutputGain(int percent) {
+  level_.To(Percent(std::clamp(percent, 0, 99)));
+}
+
+void Reverb::LoadFromIni(const Text& iniFile, const Text& section) {
+  for (const Text& name : profiles_.GetPrivateProfileSectionNames(iniFile, kMostSections)) {
+    if (name != section && name.substr(name.find(L'.') + 1) != section) continue;
+    next_ = Read(iniFile, name);
+    exit_.To(0);
+    return;
+  }
+}
+
+Reverb::Room Reverb::Read(const Text& iniFile, const Text& section) {
+  const auto value = [&](const Text& key) {
+    return Narrow(profiles_.GetPrivateProfileString(section, key, L"", kMostText, iniFile));
+  };
+  Room room;
+  std::string diffusion = value(L"Difusion");
+  room.Diffusion = std::clamp(TakeNumber(diffusion), 0.0, 100.0);
+  for (std::size_t i = 0; i < kEchoes; ++i) {
+    std::string line = value(L"Eco" + std::to_wstring(i + 1));
+    TMMEcho& echo = room.Echoes[i];
+    echo.Delay = std::clamp(TakeNumber(line), kShortest, kLongest);
+    echo.Gain = std::clamp(TakeNumber(line), -100.0, 100.0);
+    echo.Feedback = std::clamp(TakeNumber(line), -99.0, 99.0);
+    echo.Damping = std::clamp(TakeNumber(line), 0.0, 100.0);
+    echo.Pan = std::clamp(TakeNumber(line), -100.0, 100.0);
+  }
+  return room;
+}
+
+void Reverb::MoveIn() {
+  const Room& room = *next_;
+  const double angle = room.Diffusion / 100 * std::numbers::pi / 4;
+  turnedCos_ = static_cast<float>(std::cos(angle));
+  turnedSin_ = static_cast<float>(std::sin(angle));
+  silent_ = true;
+  block_ = kBlock;
+  for (std::size_t i = 0; i < kEchoes; ++i) {
+    const TMMEcho& echo = room.Echoes[i];
+    Line& line = lines_[i];
+    line.Delay = static_cast<std::size_t>(std::lrint(echo.Delay * kFramesPerMs));
+    line.Memory.resize(2 * line.Delay + kSpare);
+    line.Beside = Percent(echo.Damping) / 4;
+    line.Straight = 1 - 2 * line.Beside;
+    line.Again = Percent(echo.Feedback);
+    const double place = (echo.Pan + 100) / 200 * std::numbers::pi / 2;
+    line.FromLeft = static_cast<float>(std::cos(place));
+    line.FromRight = static_cast<float>(std::sin(place));
+    line.ToLeft = Percent(echo.Gain) * line.FromLeft;
+    line.ToRight = Percent(echo.Gain) * line.FromRight;
+    silent_ = silent_ && echo.Gain == 0;
+    block_ = std::min(block_, line.Delay - 1);
+  }
+  next_.reset();
+  exit_.To(1);
+  exit_.Settle();
+  Empty();
+}
+
+void Reverb::Empty() {
+  for (Line& line : lines_) {
+    std::fill(line.Memory.begin(), line.Memory.end(), 0.0F);
+    line.Head = line.Delay + 1;
+  }
+  lastIn_ = lastOut_ = {};
+  entrance_.From(0);
+}
+
+void Reverb::Clear() {
+  if (next_) MoveIn();
+  Empty();
+}
+
+void Reverb::Settle() {
+  if (next_) MoveIn();
+  for (Glide* glide : {&feedback_, &level_, &entrance_}) glide->Settle();
+}
+
+// The sound on its way in, without constants.
+void Reverb::Enter(const std::int16_t* samples, std::size_t frames) {
+  entrance_.Fill(door_.data(), frames);
+  for (std::size_t n = 0; n < frames; ++n) {
+    const float left = static_cast<float>(samples[2 * n]);
+    const float right = static_cast<float>(samples[2 * n + 1]);
+    lastOut_[0] = Hushed(left - lastIn_[0] + kConstants * lastOut_[0]);
+    lastOut_[1] = Hushed(right - lastIn_[1] + kConstants * lastOut_[1]);
+    lastIn_ = {left, right};
+    left_[n] = door_[n] * lastOut_[0];
+    right_[n] = door_[n] * lastOut_[1];
+  }
+}
+
+void Reverb::Listen(const Line& line, Block& echo, std::size_t frames) {
+  const float* at = &line.Memory[line.Head - line.Delay];
+  const float straight = line.Straight, beside = line.Beside, again = line.Again;
+  const float toLeft = line.ToLeft, toRight = line.ToRight;
+  for (std::size_t n = 0; n < frames; ++n) {
+    const float heard = straight * at[n] + beside * (at[n + 1] + *(at + n - 1));
+    wetLeft_[n] += toLeft * heard;
+    wetRight_[n] += toRight * heard;
+    echo[n] = again * again_[n] * heard;
+  }
+}
+
+void Reverb::Exchange(std::size_t frames) {
+  if (turnedSin_ == 0) return;
+  const float cosine = turnedCos_, sine = turnedSin_;
+  for (std::size_t apart = 1; apart < kEchoes; apart *= 2) {
+    for (std::size_t i = 0; i < kEchoes; ++i) {
+      if ((i & apart) != 0) continue;
+      float* __restrict one = echoes_[i].data();
+      float* __restrict other = echoes_[i + apart].data();
+      for (std::size_t n = 0; n < frames; ++n) {
+        const float was = one[n];
+        one[n] = cosine * was + sine * other[n];
+        other[n] = cosine * other[n] - sine * was;
+      }
+    }
+  }
+}
+
+void Reverb::Feed(Line& line, const Block& echo, std::size_t frames) const {
+  if (line.Head + frames > line.Memory.size()) {
+    const auto keep = static_cast<std::ptrdiff_t>(line.Delay + 1);
+    const auto head = line.Memory.begin() + static_cast<std::ptrdiff_t>(line.Head);
+    std::copy(head - keep, head, line.Memory.begin());
+    line.Head = line.Delay + 1;
+  }
+  float* __restrict to = &line.Memory[line.Head];
+  const float fromLeft = line.FromLeft, fromRight = line.FromRight;
+  for (std::size_t n = 0; n < frames; ++n) {
+    to[n] = Hushed(fromLeft * left_[n] + fromRight * right_[n] + echo[n]);
+  }
+  line.Head += frames;
+}
+
+void Reverb::Work(std::int16_t* samples, std::size_t frames) {
+  Enter(samples, frames);
+  feedback_.Fill(again_.data(), frames);
+  level_.Fill(loud_.data(), frames);
+  exit_.Fill(door_.data(), frames);
+  std::fill_n(wetLeft_.begin(), frames, 0.0F);
+  std::fill_n(wetRight_.begin(), frames, 0.0F);
+  for (std::size_t i = 0; i < kEchoes; ++i) Listen(lines_[i], echoes_[i], frames);
+  Exchange(frames);
+  for (std::size_t i = 0; i < kEchoes; ++i) Feed(lines_[i], echoes_[i], frames);
+  for (std::size_t n = 0; n < frames; ++n) {
+    const float loud = loud_[n] * door_[n];
+    samples[2 * n] = ToSample(static_cast<float>(samples[2 * n]) + loud * wetLeft_[n]);
+    samples[2 * n + 1] = ToSample(static_cast<float>(samples[2 * n + 1]) + loud * wetRight_[n]);
+  }
+}
+
+void Reverb::Process(std::int16_t* samples, std::size_t frames) {
+  for (std::size_t done = 0; done < frames;) {
+    if (next_ && (silent_ || exit_.RestsAt(0))) MoveIn();
+    if (silent_) return;
+    const std::size_t some = std::min(block_, frames - done);
+    Work(samples + 2 * done, some);
+    done += some;
+  }
+}
+
+}  // namespace vantora
