@@ -23,6 +23,7 @@ void AudioLibrary::func_02() {
   func_11();
   func_09();
   func_10();
+  piece_.clear();
 }
 
 void AudioLibrary::func_05(const float& /*level*/) {

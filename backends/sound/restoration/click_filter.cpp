@@ -12,14 +12,15 @@ constexpr float kLeastError = 0.5F;         // what counts as usual in silence, 
 constexpr float kEdgeOfDamage = 0.4F;       // of the limit: where damage that was found ends
 constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves and damage not
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
-constexpr float kSwellTrace = 0.1F;
+constexpr float kLongTrace = 0.1F;
+constexpr float kSwellTrace = 0.15F;
 constexpr std::size_t kBlind = 12;  // samples behind a gap that it takes to tell the two
 constexpr std::size_t kLongestBlind = 16;
 constexpr float kBlindTimes = 1.5F;   // the limit where there are fewer
 constexpr std::size_t kNear = 24;     // samples between gaps that belong together
 constexpr int kSwellTries = 4;        // in a piece
 constexpr std::size_t kBeside = 160;  // samples before and behind a gap whose powers are compared
-constexpr float kOnset = 5;           // so much more power behind it: a sound begins
+constexpr float kOnset = 8;           // so much more power behind it: a sound begins
 constexpr float kLeastPower = 64;     // in 16-bit units, squared
 
 std::size_t OrderOf(ClickFilter::Damage damage) {
@@ -92,13 +93,13 @@ void ClickFilter::MeasureStretches(const Measure& measure) {
     usual[count] = std::max(*middle / kMedianOfNormal, kLeastError);
   }
   std::sort(peak.begin(), peak.begin() + static_cast<std::ptrdiff_t>(count));
-  const float crest = measure.Crest * peak[count / 2];
+  const float crest = measure.Crest * peak[(count - 1) / 2];
   for (std::size_t i = 0; i < count; ++i) {
     const float around =
         std::max({usual[i > 0 ? i - 1 : 0], usual[i], usual[std::min(i + 1, count - 1)]});
     limit_[i] = std::max(measure.Times * around, crest);
   }
-  blindLimit_ = std::max(kBlindTimes * limit_[count - 1], kBlindTimes * peak[count * 3 / 4]);
+  blindLimit_ = std::max(kBlindTimes * limit_[count - 1], kBlindTimes * peak[(count - 1) / 2]);
 }
 
 void ClickFilter::Search(const Measure& measure) {
@@ -156,7 +157,7 @@ void ClickFilter::CloseOpenGap(const Measure& measure) {
 
 void ClickFilter::Repair() {
   for (Gap& gap : gaps_) {
-    if (!Replaced(gap, gap.Count > kShort ? kSwellTrace : kTrace) && gap.End() + kBlind <= length_)
+    if (!Replaced(gap, gap.Count > kShort ? kLongTrace : kTrace) && gap.End() + kBlind <= length_)
       gap.Count = 0;
   }
 }
@@ -222,8 +223,8 @@ void ClickFilter::RepairSwells(const Measure& measure) {
 void ClickFilter::GoOn(float* sound, std::size_t count) {
   const std::size_t order = model_.Order();
   std::copy(given_.end() - static_cast<std::ptrdiff_t>(order), given_.end(), bridge_.begin());
-  model_.Fill(bridge_.data(), order, kFade, order + kFade);
-  const std::size_t fade = std::min(kFade, count);
+  const std::size_t fade = std::min({kFade, count, 4 * open_});
+  model_.Fill(bridge_.data(), order, fade, order + fade);
   for (std::size_t i = 0; i < fade; ++i) {
     const float share = static_cast<float>(i + 1) / static_cast<float>(fade + 1);
     const float old = bridge_[order + i];
