@@ -73,8 +73,8 @@ void frmWaveEditor::KetteVerbinden() {
   DestFile->SetInput(Trigger.get());
   DSP->OnBufferFilled = [this](MMData& data) { DSP_OnBufferFilled(data); };
   MMConnectorX1->OnLevel = [this](int links, int rechts) {
-    Level1.PeakLeft = links;
-    Level2.PeakRight = rechts;
+    Level1.Zeigen(links, 0);
+    Level2.Zeigen(0, rechts);
   };
   Trigger->OnStop = [this] { Trigger_OnStop(); };
   Trigger->OnError = [this] { Trigger_OnError(); };

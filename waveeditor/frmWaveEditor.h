@@ -7,6 +7,7 @@
 
 #include "app/fenster.h"
 #include "waveeditor/editor_zustand.h"
+#include "waveeditor/pegel.h"
 
 #include "platform/mmtools.h"
 
@@ -210,8 +211,8 @@ class frmWaveEditor final : public VtrFenster {
   Shape shpMarker{*this, L"shpMarker"};
   Shape linPosition{*this, L"linPosition"};
   Slider sliderWave{*this, L"sliderWave"};
-  LevelMeter Level1{*this, L"Level1"};
-  LevelMeter Level2{*this, L"Level2"};
+  MMLevelX Level1{*this, L"Level1", Ears::Left};
+  MMLevelX Level2{*this, L"Level2", Ears::Right};
   ControlArray<Label, 4> lblFeld{*this, L"lblFeld"};  // captions of the display
   Label lblMarkerAnfang{*this, L"lblMarkerAnfang"};
   Label lblMarkerDelta{*this, L"lblMarkerDelta"};

@@ -1,0 +1,55 @@
+// A level meter that shows a peak at once and lets it sink in steps, as the ear and the eye want
+// it.
+#pragma once
+
+#include "platform/controls.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+class MMLevelX final : public LevelMeter {
+ public:
+  enum DecayModes { dmStepUp };  // up at once, down in steps
+
+  MMLevelX(Form& fenster, const Text& name, Ears ohren)
+      : LevelMeter(fenster, name), tmrFall_(fenster, L"tmr" + name) {
+    Shown = ohren;
+    tmrFall_.Interval = kSchrittMs;
+    tmrFall_.Enabled = false;
+    tmrFall_.OnTimer = [this] { Fallen(); };
+  }
+
+  int PeakSpeed = 1;  // steps at a time
+  DecayModes DecayMode = dmStepUp;
+  int Decay = 9;  // percent of its height that a peak loses in a step
+
+  // A peak that is heard now, 0 to 32767. What stands higher goes on sinking.
+  void Zeigen(int links, int rechts) {
+    PeakLeft = std::max<int>(PeakLeft, links);
+    PeakRight = std::max<int>(PeakRight, rechts);
+    if (PeakLeft == 0 && PeakRight == 0) return;
+    Active = true;
+    tmrFall_.Enabled = true;
+  }
+
+ private:
+  static constexpr int kSchrittMs = 50;
+  static constexpr int kUnhoerbar = 64;  // 54 dB below the loudest
+
+  int Tiefer(int pegel) const {
+    for (int i = 0; i < PeakSpeed; ++i) pegel -= pegel * Decay / 100;
+    return pegel < kUnhoerbar ? 0 : pegel;
+  }
+  void Fallen() {
+    PeakLeft = Tiefer(PeakLeft);
+    PeakRight = Tiefer(PeakRight);
+    if (PeakLeft > 0 || PeakRight > 0) return;
+    Active = false;
+    tmrFall_.Enabled = false;
+  }
+
+  Timer tmrFall_;
+};
+
+}  // namespace vantora
