@@ -1,6 +1,7 @@
 // The program's work without a screen. `bench-core WORK HOME`: what is measured inside is printed,
 // what is measured as a process (time, memory) is the caller's.
 
+#include "backends/sound/audio_library.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmDatenbank.h"
@@ -9,6 +10,7 @@
 #include <array>
 #include <cstring>
 #include <fcntl.h>
+#include <fstream>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -172,6 +174,32 @@ int Database(const fs::path& home) {
   return shown == kShownDiscs ? 0 : 1;
 }
 
+// The three filters over a song, in the buffers in which a chain brings it.
+int Restore(const fs::path& home) {
+  constexpr std::size_t kHeader = 44, kFrames = 1024;
+  const float level = 0.5F;
+  const std::int16_t channels = 2;
+  std::ifstream in(home / "cancion.wav", std::ios::binary);
+  std::ofstream out(home / "restaurada.wav", std::ios::binary);
+  std::array<char, kHeader> header{};
+  in.read(header.data(), header.size());
+  out.write(header.data(), header.size());
+  AudioLibrary library;
+  library.func_01(8192);
+  library.func_05(level);
+  library.func_03(level);
+  library.func_04(level);
+  std::array<std::int16_t, 2 * kFrames> a{}, b{};
+  while (in.read(reinterpret_cast<char*>(a.data()), sizeof a), in.gcount() > 0) {
+    const int frames = static_cast<int>(in.gcount() / 4);
+    library.func_08(level, channels, a.data(), b.data(), frames);
+    library.func_06(level, channels, b.data(), a.data(), frames);
+    library.func_07(level, channels, a.data(), b.data(), frames);
+    out.write(reinterpret_cast<const char*>(b.data()), std::streamsize{4} * frames);
+  }
+  return out.flush() ? 0 : 1;
+}
+
 }  // namespace
 }  // namespace vantora
 
@@ -183,6 +211,7 @@ int main(int argc, char** argv) {
   if (work == "grab") return vantora::RunWork(vantora::GrabFromTray, argv[2]);
   if (work == "grab-carefully") return vantora::RunWork(vantora::GrabFromDrive, argv[2]);
   if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
-  std::fputs("bench-core mp3|burn|show|grab|grab-carefully|database HOME\n", stderr);
+  if (work == "restore") return vantora::RunWork(vantora::Restore, argv[2]);
+  std::fputs("bench-core mp3|burn|show|grab|grab-carefully|database|restore HOME\n", stderr);
   return 2;
 }
