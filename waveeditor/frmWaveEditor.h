@@ -8,6 +8,7 @@
 #include "app/fenster.h"
 #include "waveeditor/editor_zustand.h"
 #include "waveeditor/pegel.h"
+#include "waveeditor/rampe.h"
 
 #include "platform/mmtools.h"
 
@@ -150,9 +151,7 @@ class frmWaveEditor final : public VtrFenster {
     std::int32_t X = 0, Y = 0;
   };
   std::vector<Pixel> LinkePunkte, RechtePunkte;  // one segment of a trace
-  struct Frame {
-    std::int16_t Links = 0, Rechts = 0;
-  };
+  using Frame = KlangFrame;
   static constexpr std::int32_t kBlockFrames = 0x40000;
   static constexpr std::int32_t kBlockBytes = 0x100000;
   std::vector<Frame> BlockPuffer = std::vector<Frame>(kBlockFrames);  // of scans and block edits
@@ -375,6 +374,21 @@ class frmWaveEditor final : public VtrFenster {
   std::int32_t Laenge() const;  // frames of the file that is open
   void BlockLesen(std::int64_t frame);
   void SpektrumNeuStarten();  // two seconds from now, unless something changes again
+
+  // edits
+  void Ausfuehren(const std::function<void()>& arbeit);  // with the window shut
+  void NachFehler();
+  void NeuZeigen();
+  bool NichtsGewaehlt();                           // says so
+  bool PlatzFehlt(const Text& ort, double bytes);  // says so
+  static std::int32_t InBytes(std::int32_t frames);
+  static void InBloecken(std::int32_t frames,
+                         const std::function<void(std::int32_t frames)>& arbeit);
+  MMWaveObject& WorkOeffnen();  // as the first wave, whose bytes are edited
+  void Wave2Uebertragen();      // all of the second wave, to where the first one stands
+  void Blenden(const Rampe& rampe);
+  void BlockBlenden(const Rampe& rampe, std::int32_t frames, std::int32_t erster);
+  void UndoBlock();
 
   // transport
   void Anhalten();

@@ -16,6 +16,7 @@ class EditorBuehne {
   static constexpr const wchar_t* kDatei = L"C:\\Vantora\\Wavs\\a.wav";
 
   EditorBuehne() { b.Start(); }
+  explicit EditorBuehne(const Buehne::Umbau& umbau) : b(umbau) { b.Start(); }
 
   // Frames as the test says, from 0.
   using Klang = std::function<frmWaveEditor::Frame(std::int64_t frame)>;

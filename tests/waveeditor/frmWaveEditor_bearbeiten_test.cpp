@@ -1,0 +1,330 @@
+#include <gtest/gtest.h>
+
+#include "backends/sound/cutter.h"
+#include "backends/sound/sound_tools.h"
+#include "backends/sound/wave_file.h"
+#include "tests/backends/running_out.h"
+#include "tests/waveeditor/editor_stage.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <map>
+#include <optional>
+#include <random>
+
+namespace vantora {
+namespace {
+
+const std::string kAnhang = test::Chunk("LIST", test::Noise(701, 2));
+
+// What the edits are to do, on bytes in memory: the file's sound, the clipboard and one undo.
+struct Modell {
+  std::string Klang;
+  std::optional<std::string> Ablage;
+  std::string Gesichert;
+  bool Undo = true, UndoVorhanden = false;
+  int Schritt = 0;
+  std::size_t UndoStart = 0, Anfang = 0, Ende = 0;  // frames
+
+  std::size_t Frames() const { return Klang.size() / 4; }
+  std::string Teil(std::size_t von, std::size_t bis) const {
+    return Klang.substr(von * 4, (bis - von) * 4);
+  }
+  void Sichern(std::size_t von, std::size_t bis, int schritt) {
+    Schritt = schritt;
+    if (!Undo) return;
+    Gesichert = Teil(von, bis);
+    UndoStart = von;
+    UndoVorhanden = true;
+  }
+  void Ueberschreiben(std::size_t stelle, const std::string& bytes) {
+    Klang.resize(std::max(Klang.size(), stelle * 4 + bytes.size()));
+    Klang.replace(stelle * 4, bytes.size(), bytes);
+  }
+  int Einfuegen(std::size_t stelle) {
+    if (!Ablage || Ablage->empty()) return 21004;
+    Klang.resize(std::max(Klang.size() / 4, stelle) * 4);
+    Klang.insert(stelle * 4, *Ablage);
+    return 0;
+  }
+  void Ausschneiden() {
+    Sichern(Anfang, Ende, 1);
+    Ablage = Teil(Anfang, Ende);
+    Klang = Teil(0, Anfang) + Teil(Ende, Frames());
+  }
+  void Blenden(const std::function<double(double k, double s)>& gain) {
+    Sichern(Anfang, Ende, 2);
+    const auto laenge = static_cast<double>(Ende - Anfang);
+    for (std::size_t i = Anfang * 4; i < Ende * 4; i += 2) {
+      std::int16_t wert = 0;
+      std::memcpy(&wert, &Klang[i], 2);
+      const std::size_t k = i / 4 - Anfang;
+      const double g = gain(static_cast<double>(k), 1.0 / laenge);
+      wert = static_cast<std::int16_t>(std::nearbyint(wert * g));
+      std::memcpy(&Klang[i], &wert, 2);
+    }
+  }
+  int Rueckgaengig() {
+    if (!Undo) return 21000;
+    if (!UndoVorhanden) return 21002;
+    UndoVorhanden = false;
+    if (Schritt == 1) return Einfuegen(UndoStart);
+    if (Schritt == 2) Ueberschreiben(UndoStart, Gesichert);
+    return 0;  // what was pasted stays
+  }
+};
+
+// A disk that fails, and drives with as little room as a test says.
+class Geraete : private Drives {
+ protected:
+  Plattform Umbau(HeadlessPlatform& p) {
+    platte = std::make_unique<test::RunningOut>(p.machine.files);
+    werkzeug = std::make_unique<SoundTools>(
+        p.loop, *platte, p.machine.profiles,
+        SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
+                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound});
+    cutter = std::make_unique<Cutter>(*platte);
+    echt = &p.machine.letters;
+    const Plattform& b = p.bundle;
+    return {b.schleife, b.bildschirm,    b.uhr,     b.system,   *platte,
+            *this,      b.einstellungen, b.profile, b.registry, b.ressourcen,
+            *werkzeug,  *cutter,         b.mp3,     b.mcd,      b.acd,
+            b.cd,       b.mci,           b.sockets, b.audiolib, b.perfData};
+  }
+
+  std::map<Text, double> frei;  // by the words that the program asks with
+  std::unique_ptr<test::RunningOut> platte;
+
+ private:
+  Text GetLogicalDrives() override { return echt->GetLogicalDrives(); }
+  int GetDriveType(const Text& root) override { return echt->GetDriveType(root); }
+  std::optional<double> GetDiskFreeSpaceEx(const Text& path) override {
+    const auto ort = frei.find(path);
+    return ort == frei.end() ? 1e12 : ort->second;
+  }
+  Text NetworkPath(wchar_t letter) override { return echt->NetworkPath(letter); }
+
+  std::unique_ptr<SoundTools> werkzeug;
+  std::unique_ptr<Cutter> cutter;
+  Drives* echt = nullptr;
+};
+
+class Bearbeiten : public ::testing::Test, protected Geraete, protected EditorBuehne {
+ protected:
+  Bearbeiten() : EditorBuehne([this](HeadlessPlatform& p) { return Umbau(p); }) {}
+
+  void Waehle(std::size_t anfang, std::size_t ende) {
+    E().NurCursor = false;
+    E().MarkerAnfang = static_cast<std::int32_t>(anfang);
+    E().MarkerEnde = static_cast<std::int32_t>(ende);
+  }
+  void Cursor(std::size_t stelle) {
+    Waehle(0, 0);
+    E().NurCursor = true;
+    E().CursorPos = static_cast<std::int32_t>(stelle);
+  }
+  // Presses, and answers the message that must come, if one must.
+  void Druecke(PictureButton& knopf, int text = 0) {
+    if (text != 0) b.Antwortet(kNein);
+    const std::size_t gesagt = b.Gesagt().size();
+    EditorBuehne::Druecke(knopf);
+    ASSERT_EQ(b.Gesagt().size(), gesagt + (text == 0 ? 0 : 1));
+    if (text != 0) {
+      ASSERT_EQ(b.Gesagt().back(), b.prog.Text(text));
+    }
+    ASSERT_TRUE(E().Window.Enabled());
+  }
+  void ZufaelligeSchritte(unsigned seed, std::size_t frames, int schritte, bool gezeichnet);
+  void Schritt(Modell& m, std::mt19937& zufall);
+  std::size_t grenze = 0;  // bytes of a file that grows no more
+};
+
+void Bearbeiten::Schritt(Modell& m, std::mt19937& zufall) {
+  const std::size_t a = zufall() % (m.Frames() + 1), e = zufall() % (m.Frames() + 1);
+  const bool nichts = zufall() % 8 == 0 || a == e;
+  m.Anfang = nichts ? 0 : std::min(a, e);
+  m.Ende = nichts ? 0 : std::max(a, e);
+  if (nichts) {
+    Cursor(a);
+  } else {
+    Waehle(m.Anfang, m.Ende);
+  }
+  b.prog.Undo = m.Undo = zufall() % 6 != 0;
+  const int ohneWahl = nichts ? 21003 : 0;
+  switch (zufall() % 9) {
+    case 0:
+      if (!nichts) m.Ablage = m.Teil(m.Anfang, m.Ende);
+      return Druecke(E().imgCopy, ohneWahl);
+    case 1:
+      if (!nichts && m.Frames() < 1000) return;
+      if (!nichts) m.Ausschneiden();
+      return Druecke(E().imgCut, ohneWahl);
+    case 2:
+    case 3: {
+      if (!E().imgPaste.Enabled() || m.Klang.size() > grenze) return;
+      const std::size_t stelle = nichts ? a : m.Anfang;
+      m.Sichern(stelle, m.Frames(), 3);
+      return Druecke(E().imgPaste, m.Einfuegen(stelle));
+    }
+    case 4:
+      if (!nichts) m.Blenden([](double, double) { return 0.0; });
+      return Druecke(E().imgMute, ohneWahl);
+    case 5:
+      if (!nichts) m.Blenden([](double k, double s) { return k * s; });
+      return Druecke(E().imgFadeIn, ohneWahl);
+    case 6:
+      if (!nichts) m.Blenden([](double k, double s) { return 1 - k * s; });
+      return Druecke(E().imgFadeOut, ohneWahl);
+    case 7:
+      if (zufall() % 4 != 0) break;
+      m.Ablage.reset();
+      std::filesystem::remove(b.platform.machine.files.SystemPath(E().CopyDatei));
+      return;
+    default:
+      break;
+  }
+  Druecke(E().imgSteuerung(6), m.Rueckgaengig());
+}
+
+void Bearbeiten::ZufaelligeSchritte(unsigned seed, std::size_t frames, int schritte,
+                                    bool gezeichnet) {
+  SCOPED_TRACE(seed);
+  std::mt19937 zufall(seed);
+  Modell m;
+  m.Klang = test::Noise(frames * 4 + seed % 4, seed);
+  grenze = 2 * m.Klang.size();
+  b.Datei(kDatei, test::Wave(m.Klang, kAnhang));
+  Oeffne();
+  E().BatchLaeuft = !gezeichnet;  // spares the scans, after which nothing would be selected
+  for (int i = 0; i < schritte; ++i) {
+    SCOPED_TRACE(i);
+    Schritt(m, zufall);
+    ASSERT_TRUE(b.Lies(kDatei) == test::Wave(m.Klang, kAnhang));
+    ASSERT_EQ(E().UndoVorhanden, m.UndoVorhanden);
+    if (HasFailure()) return;
+  }
+  b.prog.frmWaveEditor.Entladen();
+}
+
+TEST_F(Bearbeiten, FileAndModelAgreeToTheSampleWhateverIsDone) {
+  for (const unsigned seed : {1U, 2U, 3U, 4U}) ZufaelligeSchritte(seed, 3000, 600, false);
+  for (const unsigned seed : {5U, 6U, 7U}) ZufaelligeSchritte(seed, 600'000, 40, false);
+  ZufaelligeSchritte(8, 30'000, 40, true);
+}
+
+TEST_F(Bearbeiten, BlockBoundariesAndSingleFramesAreFadedLikeAllOthers) {
+  for (const std::size_t laenge : {1U, 2U, 32'768U, 0x40000U, 0x40001U, 0x80000U}) {
+    SCOPED_TRACE(laenge);
+    Modell m;
+    m.Klang = test::Noise(2'400'000);
+    b.Datei(kDatei, test::Wave(m.Klang));
+    Oeffne();
+    m.Anfang = 3;
+    m.Ende = 3 + laenge;
+    for (PictureButton* knopf : {&E().imgFadeOut, &E().imgFadeIn}) {
+      const bool ein = knopf == &E().imgFadeIn;
+      Waehle(m.Anfang, m.Ende);
+      Druecke(*knopf);
+      m.Blenden([ein](double k, double s) { return ein ? k * s : 1 - k * s; });
+      EXPECT_TRUE(b.Lies(kDatei) == test::Wave(m.Klang));
+    }
+    b.prog.frmWaveEditor.Entladen();
+  }
+}
+
+TEST_F(Bearbeiten, NormalizeCoversTheFileAndIsUndoneWhole) {
+  const std::string klang = test::Noise(400'001, 3);
+  b.Datei(kDatei, test::Wave(klang, kAnhang));
+  Oeffne();
+  Waehle(5, 10);
+  Druecke(E().imgNormalize);
+  const std::string laut = b.Lies(kDatei);
+  EXPECT_NE(laut, test::Wave(klang, kAnhang));
+  EXPECT_EQ(E().NormalizePhase, 1);
+  EXPECT_EQ(E().NormalizeProzent, 100);
+  EXPECT_FALSE(E().tmrNormalize.Enabled());
+  Druecke(E().imgSteuerung(6));
+  EXPECT_TRUE(b.Lies(kDatei) == test::Wave(klang, kAnhang));
+  E().NormalizePhase = 0;
+  E().tmrNormalize_Timer();
+  EXPECT_EQ(E().lblStatus.Caption(), L"Digitalizar el archivo: 100%");
+}
+
+TEST_F(Bearbeiten, TooLittleRoomIsToldBeforeAnythingChanges) {
+  constexpr double kMB = 0x100000;
+  const std::string wave = test::Wave(test::Noise(4'000'000));
+  b.Datei(kDatei, wave);
+  b.prog.UndoMB = 2;  // less than the file has
+  Oeffne();
+  const Text temp = AddBackslash(b.prog.Temporary_Directory.Getrimmt());
+  const Text laufwerk = L"C:\\", ablage = E().CopyDatei.substr(0, 3);
+  const struct {
+    PictureButton& Knopf;
+    Text Ort;
+    double Frei;
+    const char* Protokoll;
+  } faelle[] = {{E().imgCut, laufwerk, 2 * kMB - 1, ""},
+                {E().imgCut, temp, static_cast<double>(wave.size()) - 1, ""},
+                {E().imgCopy, ablage, 2 * kMB - 1, " : CopyWave > No Undo Buffer  \r\n"},
+                {E().imgCopy, temp, static_cast<double>(wave.size()) - 1,
+                 " : CopyWave > Not enough TempSpace on HD\r\n"},
+                {E().imgNormalize, laufwerk, 3'999'999, ""}};
+  const Text protokoll =
+      AddBackslash(b.prog.plattform.system.Path()) + b.prog.plattform.system.ExeName() + L".APL";
+  b.prog.LogAktiv = true;
+  for (const auto& fall : faelle) {
+    SCOPED_TRACE(fall.Frei);
+    frei = {{fall.Ort, fall.Frei}};
+    Waehle(100, 200);
+    Druecke(fall.Knopf, 8056);
+    EXPECT_TRUE(b.Lies(kDatei) == wave);
+    EXPECT_EQ(E().lblStatus.Caption(), L"");
+    EXPECT_TRUE(E().SourceFile->Wave.IsOpen());
+    EXPECT_NE(b.Lies(protokoll).find(fall.Protokoll), std::string::npos);
+  }
+  frei = {{laufwerk, 2 * kMB - 1}};
+  Waehle(100, 200);
+  Druecke(E().imgMute, 8056);
+  EXPECT_FALSE(b.Lies(kDatei) == wave);
+  frei.clear();
+  Druecke(E().imgSteuerung(6), 21001);
+}
+
+TEST_F(Bearbeiten, AfterADiskThatFailsInTheMiddleTheFileIsStillAWave) {
+  const std::string klang = test::Noise(2'500'003);
+  std::mt19937 zufall(1);
+  for (int runde = 0; runde < 25; ++runde) {
+    SCOPED_TRACE(runde);
+    b.Datei(kDatei, test::Wave(klang, kAnhang));
+    platte->Room = INT64_MAX;
+    Oeffne();
+    Waehle(1000, 200'000);
+    Druecke(E().imgCopy);
+    Waehle(5000, 400'000);
+    const struct {
+      PictureButton& Knopf;
+      unsigned Bytes;  // fewer than the edit writes
+    } faelle[] = {{E().imgCut, 4'000'000},
+                  {E().imgPaste, 8'000'000},
+                  {E().imgMute, 3'100'000},
+                  {E().imgFadeIn, 3'100'000},
+                  {E().imgNormalize, 4'900'000}};
+    platte->Room = static_cast<std::int64_t>(zufall() % faelle[runde % 5].Bytes);
+    b.Antwortet(kNein);
+    EditorBuehne::Druecke(faelle[runde % 5].Knopf);
+    EXPECT_EQ(b.user.Left(), 0U);
+    EXPECT_TRUE(E().Window.Enabled());
+    EXPECT_FALSE(E().ImUndo);
+    WaveFile wave(b.platform.machine.files);
+    wave.Open(kDatei);
+    EXPECT_EQ(wave.DataBytes(), 2'500'003);
+    const std::string bytes = b.Lies(kDatei);
+    EXPECT_TRUE(runde % 5 == 4 || bytes.substr(44, 20'000) == klang.substr(0, 20'000));
+    EXPECT_TRUE(runde % 5 == 1 || bytes.ends_with(kAnhang));
+    b.prog.frmWaveEditor.Entladen();
+  }
+}
+
+}  // namespace
+}  // namespace vantora
