@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::size_t kDesignFrames = 32;  // between two designs of a glide
 constexpr double kMostGain = 24;           // dB
+constexpr double kHush = 1e-12;            // of a sample
 
 }  // namespace
 
@@ -118,6 +119,20 @@ void Equalizer::RunAll(Frame* frames, std::size_t count) {
   if (i < sections_.size()) Run<1, kGliding>(&sections_[i], frames, count);
 }
 
+// In silence the states fall by a factor from frame to frame, down to numbers that are slow to
+// compute.
+void Equalizer::Hush() {
+  const auto hush = [](Frame& state) {
+    for (int ear = 0; ear < 2; ++ear) {
+      if (std::abs(state[ear]) < kHush) state[ear] = 0;
+    }
+  };
+  for (Section& section : sections_) {
+    hush(section.S);
+    hush(section.T);
+  }
+}
+
 void Equalizer::Process(std::int16_t* samples, std::size_t frames) {
   if (changed_) Solve();
   const bool flat = std::all_of(turned_.begin(), turned_.end(), [](double db) { return db == 0; });
@@ -135,6 +150,7 @@ void Equalizer::Process(std::int16_t* samples, std::size_t frames) {
     if (left_ == 0) Settle();
   }
   RunAll<false>(work_.data() + done, frames - done);
+  Hush();
   for (std::size_t n = 0; n < frames; ++n) {
     samples[2 * n] = ToSample(static_cast<float>(work_[n][0]));
     samples[2 * n + 1] = ToSample(static_cast<float>(work_[n][1]));

@@ -40,6 +40,7 @@ class Equalizer final : public SwitchedEffect<MMEqualizerX> {
   void Settle() override;
   void Process(std::int16_t* samples, std::size_t frames) override;
   void Solve();
+  void Hush();
   void Glide(std::size_t frames);
   template <std::size_t kSections, bool kGliding>
   static void Run(Section* sections, Frame* frames, std::size_t count);
