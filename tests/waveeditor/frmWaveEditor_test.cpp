@@ -296,6 +296,7 @@ TEST_F(WaveEditor, AFileThatIsGoneOrNoWaveOpensEmpty) {
     Oeffne();
     EXPECT_TRUE(E().Window.Enabled());
     EXPECT_EQ(E().lblMarkerEnde.Caption(), L"0:00.0");
+    b.Antwortet(kNein);  // there is nothing to undo
     for (int i : {0, 1, 2, 6}) Druecke(E().imgSteuerung(i));
     Druecke(E().imgZoom(0));
     Vergeht(3000);
