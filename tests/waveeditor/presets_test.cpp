@@ -1,0 +1,195 @@
+#include <gtest/gtest.h>
+
+#include "tests/waveeditor/editor_stage.h"
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <string>
+
+namespace vantora {
+namespace {
+
+enum : int { kEqualizer = 0, kLautstaerke = 1, kRestauration = 3, kFlanger = 4 };
+
+class Presets : public ::testing::Test, protected EditorBuehne {
+ protected:
+  Text Gespeichert(const Text& schluessel) {
+    return GetSetting(b.platform.bundle, schluessel, L"-");
+  }
+  void Speichere(const Text& schluessel, const Text& wert) {
+    SaveSetting(b.platform.bundle, schluessel, wert);
+  }
+  void ZeigePresets(int panel) {
+    Druecke(E().imgEffekt(panel));
+    PictureButton* const knoepfe[] = {&E().imgEQPresets, &E().imgVolumePresets, nullptr,
+                                      &E().imgRestPresets, &E().imgFlangerPresets};
+    Druecke(*knoepfe[panel]);
+  }
+  void Waehle(int zeile) { b.platform.hands.Select(E().lstPresets, {zeile}); }
+  void Nenne(const Text& name) {
+    b.platform.hands.Type(E().txtPresName, name);
+    b.platform.hands.Key(E(), L"Return");
+  }
+  std::vector<Text> Namen() { return E().lstPresets.Items(); }
+};
+
+TEST_F(Presets, WhatTheProgramBringsIsThereAndComesBackWhereItsPlaceIsFree) {
+  Speichere(L"ZFXEQU1", L"Mío;1;1;1;1;1;1;1;1;1;1;0");
+  Oeffne(1000);
+  ZeigePresets(kEqualizer);
+  EXPECT_EQ(Namen(), (std::vector<Text>{L"Sonido plano", L"Mío", L"Sonido claro"}));
+  Waehle(1);
+  Druecke(E().imgEddPres(1));
+  EXPECT_EQ(Gespeichert(L"ZFXEQU0"), L"-");
+  EXPECT_EQ(Namen(), (std::vector<Text>{L"Mío", L"Sonido claro"}));
+  Druecke(E().imgOK);
+  EXPECT_FALSE(E().picPresets.Visible());
+  for (const int panel : {kLautstaerke, kRestauration}) {
+    ZeigePresets(panel);
+    EXPECT_TRUE(Namen().empty());
+  }
+  b.Tu([&] { E().CloseMe(); });
+  Oeffne(1000);
+  EXPECT_EQ(Gespeichert(L"ZFXEQU0"), L"Sonido plano;0;0;0;0;0;0;0;0;0;0;0");
+  EXPECT_EQ(Gespeichert(L"ZFXFLA1"), L"Flanger espacial;83;33;49;70");
+}
+
+TEST_F(Presets, EachKindKeepsItsControlsInOrderAndSetsThemAgain) {
+  Oeffne(1000);
+  for (int i = 0; i < kEqBaender; ++i) E().MMSliderX1(i).Value = i - 5;
+  E().chkLoudness.Value = 1;
+  E().slVolume.Value = 8192;
+  E().slGaterAttack.Value = 12;
+  E().slGaterThreshold.Value = 30000;
+  E().chkGateraktiv.Value = 1;
+  E().slDeclick.Value = 1;
+  E().slDenoiser.Value = 2;
+  E().slDecrackle.Value = 3;
+  E().chkDecrackleAktiv.Value = 1;
+  E().slFlangerMix.Value = 4;
+  E().slFlangerRate.Value = 7;
+  const struct {
+    int Panel;
+    const wchar_t *Schluessel, *Text;
+    Control& Probe;  // a value that another preset would leave otherwise
+    const wchar_t* Wert;
+  } faelle[] = {
+      {kEqualizer, L"ZFXEQU3", L"n;-5;-4;-3;-2;-1;0;1;2;3;4;1", E().MMSliderX1(9), L"4"},
+      {kLautstaerke, L"ZFXVOL0", L"n;8192;0;12;30000;1", E().slGaterThreshold, L"30000"},
+      {kRestauration, L"ZFXRES0", L"n;1;0;2;0;3;1", E().chkDecrackleAktiv, L"1"},
+      {kFlanger, L"ZFXFLA3", L"n;4;30;50;7", E().slFlangerRate, L"7"},
+  };
+  for (const auto& fall : faelle) {
+    SCOPED_TRACE(fall.Panel);
+    ZeigePresets(fall.Panel);
+    Nenne(L"n");
+    EXPECT_EQ(Gespeichert(fall.Schluessel), fall.Text);
+  }
+  Druecke(E().imgEffekt(5));
+  for (Slider* s : {&E().MMSliderX1(9), &E().slGaterThreshold, &E().slFlangerRate}) s->Value = 0;
+  for (const auto& fall : faelle) {
+    SCOPED_TRACE(fall.Panel);
+    ZeigePresets(fall.Panel);
+    Waehle(static_cast<int>(Namen().size()));
+    EXPECT_EQ(E().txtPresName.Text(), L"n");
+    EXPECT_EQ(fall.Probe.Read(L"Value"), fall.Wert);
+  }
+  EXPECT_EQ(E().txtFlangerRate.Text(), L"0.3");  // the slider's handler has run
+  EXPECT_EQ(E().imgLoudness.Picture(), L"WAVE_EQBUTT_ON");
+  EXPECT_EQ(E().imgGaterBypass.Picture(), L"WAVE_VOLUMEBYPASS_ON");
+  EXPECT_EQ(E().imgDecrackleByPass.Picture(), L"WAVE_RESTAURATIONBYPASS_ON");
+  EXPECT_EQ(E().imgDeclickByPass.Picture(), L"WAVE_RESTAURATIONBYPASS_UNPRESSED");
+}
+
+TEST_F(Presets, ANameIsTakenOnceAndThereAreTenPlaces) {
+  Oeffne(1000);
+  ZeigePresets(kFlanger);
+  b.Antwortet(kNein);
+  Nenne(L"Flanger débil");
+  EXPECT_EQ(b.Gesagt(), std::vector<Text>{L"Seleccione otro nombre."});
+  Nenne(L"flanger débil");
+  Nenne(L"");
+  Druecke(E().imgEddPres(0));
+  EXPECT_EQ(Namen().size(), 4U);
+  for (int i = 5; i <= 10; ++i) Nenne(L"n" + std::to_wstring(i));
+  EXPECT_EQ(b.Gesagt().size(), 1U);
+  b.Antwortet(kNein);
+  Nenne(L"uno más");
+  EXPECT_EQ(Namen().size(), 11U);
+  ASSERT_EQ(b.Gesagt().size(), 2U);
+  EXPECT_TRUE(b.Gesagt()[1].ends_with(L"(9)"));
+  EXPECT_EQ(Gespeichert(L"ZFXFLA10"), L"-");
+}
+
+// The store keeps its gaps, the list closes one of each: what is added goes to the key of the
+// list's end, whoever has it.
+TEST_F(Presets, AdditionsAndDeletionsAgreeWithAStoreOfTenPlaces) {
+  constexpr int kSchritte = 250;
+  Oeffne(1000);
+  ZeigePresets(kLautstaerke);
+  std::array<Text, 10> platz;
+  std::mt19937 zufall(11);
+  for (int i = 0; i < kSchritte; ++i) {
+    const auto anzahl = static_cast<int>(Namen().size());
+    if (anzahl < 10 && (anzahl == 0 || zufall() % 5 < 3)) {
+      E().slGaterAttack.Value = i % 1000;
+      b.Tu([&] {
+        E().txtPresName.Text = L"n" + std::to_wstring(i);
+        E().imgEddPres_MouseUp(0);
+      });
+      platz[static_cast<std::size_t>(anzahl)] = E().txtPresName.Text;
+      // Where it has taken the place of another the list still shows both.
+      b.Tu([&] { E().InitPresets(); });
+    } else {
+      const int zeile = static_cast<int>(zufall() % static_cast<unsigned>(anzahl));
+      E().lstPresets.ListIndex = zeile;
+      b.Tu([&] { E().imgEddPres_MouseUp(1); });
+      platz[static_cast<std::size_t>(zeile)].clear();
+    }
+    std::vector<Text> namen;
+    std::copy_if(platz.begin(), platz.end(), std::back_inserter(namen),
+                 [](const Text& name) { return !name.empty(); });
+    ASSERT_EQ(Namen(), namen) << i;
+    auto geschlossen = platz;
+    for (std::size_t k = 0; k < 9; ++k) {
+      if (geschlossen[k].empty()) std::swap(geschlossen[k], geschlossen[k + 1]);
+    }
+    for (std::size_t k = 0; k < 10; ++k) {
+      const Text text = E().PresetsVol[k];
+      ASSERT_EQ(text.substr(0, text.find(L';')), geschlossen[k]) << i;
+    }
+  }
+  EXPECT_TRUE(b.Gesagt().empty());
+}
+
+TEST_F(Presets, ABrokenPresetGivesZerosForWordsAndAnErrorForWhatIsMissing) {
+  Speichere(L"ZFXRES0", L"roto;abc;1.4;99999;0;7");
+  Oeffne(1000);
+  ZeigePresets(kRestauration);
+  b.Antwortet(kNein);
+  Waehle(1);
+  EXPECT_EQ(E().slDeclick.Value, 0);
+  EXPECT_EQ(E().chkDeclickAktiv.Value, 1);
+  EXPECT_EQ(E().slDenoiser.Value, 99);
+  EXPECT_EQ(E().slDecrackle.Value, 7);
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_TRUE(b.Gesagt()[0].ends_with(L"(9)"));
+  EXPECT_EQ(E().chkDecrackleAktiv.Value, 0);
+}
+
+TEST_F(Presets, TheRoomsOfTheHallAreTheSectionsOfItsFileWithoutTheirNumbers) {
+  const Text datei = AddBackslash(b.prog.AppPfad) + L"Reverb.ini";
+  b.Datei(datei, "[1.Sala]\nx=1\n[2.Catedral.Grande]\nx=1\n[Sin]\nx=1\n");
+  Oeffne(1000);
+  EXPECT_EQ(E().comboPreset.Items(), (std::vector<Text>{L"Sala", L"Catedral.Grande", L"Sin"}));
+  EXPECT_EQ(E().comboPreset.ListIndex, 1);
+  b.Tu([&] { E().CloseMe(); });
+  b.Datei(datei, "[Una]\nx=1\n");
+  Oeffne(1000);
+  EXPECT_EQ(E().comboPreset.ListIndex, 0);
+  EXPECT_TRUE(b.Gesagt().empty());
+}
+
+}  // namespace
+}  // namespace vantora
