@@ -34,8 +34,9 @@ void Trigger::Slice() {
   try {
     over = Pumped();
   } catch (const Laufzeitfehler&) {
-    if (!watch.expired()) Tell(OnError);
-    return;
+    if (watch.expired()) return;
+    Tell(OnError);
+    throw;
   }
   if (watch.expired()) return;
   if (over) return Tell(OnStop);
