@@ -8,6 +8,7 @@
 #include "app/fenster.h"
 #include "waveeditor/editor_zustand.h"
 #include "waveeditor/pegel.h"
+#include "waveeditor/pegel.h"
 #include "waveeditor/rampe.h"
 
 #include "platform/mmtools.h"

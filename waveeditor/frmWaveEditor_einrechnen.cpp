@@ -142,7 +142,7 @@ void frmWaveEditor::RenderAbschliessen() {
 void frmWaveEditor::Trigger_OnError() {
   Trigger->Stop();
   TriggerSteht = true;
-  prog.AppLog(L"Trigger_OnError()", L"trigger error");
+  prog.AppLog(L"Trigger_OnError", L"Trigger Error aufgetreteten.");
 }
 
 // ---- a batch ----
