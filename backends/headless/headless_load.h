@@ -10,11 +10,18 @@ class HeadlessLoad final : public PerfData {
   int Percent = 10;
   bool Present = true;  // false: a system without such counters
 
-  bool RegOpenKey(const Text& /*key*/) override { return Present; }
+  bool RegOpenKey(const Text& key) override {
+    if (key == L"PerfStats\\StartStat") counting_ = true;
+    if (key == L"PerfStats\\StopStat") counting_ = false;
+    return Present;
+  }
   void RegCloseKey(const Text& /*key*/) override {}
   std::optional<int> RegQueryValue(const Text& /*key*/, const Text& /*name*/) override {
-    return Present ? std::optional<int>(Percent) : std::nullopt;
+    return Present && counting_ ? std::optional<int>(Percent) : std::nullopt;
   }
+
+ private:
+  bool counting_ = false;
 };
 
 }  // namespace vantora
