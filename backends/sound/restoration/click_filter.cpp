@@ -16,12 +16,9 @@ constexpr float kLongTrace = 0.1F;
 constexpr float kSwellTrace = 0.15F;
 constexpr std::size_t kBlind = 12;  // samples behind a gap that it takes to tell the two
 constexpr std::size_t kLongestBlind = 16;
-constexpr float kBlindTimes = 1.5F;   // the limit where there are fewer
-constexpr std::size_t kNear = 24;     // samples between gaps that belong together
-constexpr int kSwellTries = 4;        // in a piece
-constexpr std::size_t kBeside = 160;  // samples before and behind a gap whose powers are compared
-constexpr float kOnset = 8;           // so much more power behind it: a sound begins
-constexpr float kLeastPower = 64;     // in 16-bit units, squared
+constexpr float kBlindTimes = 1.5F;  // the limit where there are fewer
+constexpr std::size_t kNear = 24;    // samples between gaps that belong together
+constexpr int kSwellTries = 4;       // in a piece
 
 std::size_t OrderOf(ClickFilter::Damage damage) {
   return damage == ClickFilter::Damage::kClicks ? 64 : 32;
@@ -44,8 +41,7 @@ void ClickFilter::Process(float level, float* sound, std::size_t count) {
   std::copy_n(sound, count, heard_.begin() + kPast);
   std::copy_n(heard_.begin(), length_, repaired_.begin());
   gaps_.clear();
-  const bool on = level > 0;
-  if (on) {
+  if (level > 0) {
     const Measure measure = MeasureOf(level);
     model_.Fit(heard_.data(), length_);
     Search(measure);
@@ -61,8 +57,7 @@ void ClickFilter::Process(float level, float* sound, std::size_t count) {
     if (damage_ == Damage::kClicks) RepairSwells(measure);
   }
   std::copy_n(repaired_.begin() + kPast, count, sound);
-  if (on && open_ > 0) GoOn(sound, count);
-  Keep(sound, count);
+  Keep(count);
 }
 
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
@@ -162,26 +157,15 @@ void ClickFilter::Repair() {
   }
 }
 
-// Replaces a gap if that takes away all of the error but a share, and no sound begins there.
+// Replaces a gap if that takes away all of the error but a share.
 bool ClickFilter::Replaced(const Gap& gap, float most) {
   const auto damaged = heard_.begin() + static_cast<std::ptrdiff_t>(gap.First);
   const auto place = repaired_.begin() + static_cast<std::ptrdiff_t>(gap.First);
   std::copy_n(damaged, gap.Count, place);
   const float left = model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
-  if (gap.End() + kBlind > length_ || (left <= most && !SoundBegins(gap))) return true;
+  if (left <= most || gap.End() + kBlind > length_) return true;
   std::copy_n(damaged, gap.Count, place);
   return false;
-}
-
-bool ClickFilter::SoundBegins(const Gap& gap) const {
-  if (gap.End() + kBeside > length_) return false;
-  const auto power = [this](std::size_t from) {
-    float sum = 0;
-    for (std::size_t i = from; i < from + kBeside; ++i) sum += repaired_[i] * repaired_[i];
-    return sum / static_cast<float>(kBeside);
-  };
-  const float before = std::max(power(gap.First - kBeside), power(gap.First - 2 * kBeside));
-  return power(gap.End()) > kOnset * std::max(before, kLeastPower);
 }
 
 // Damage that swells smoothly, a thump or a jump of the level, errs only where it begins, seen from
@@ -219,26 +203,10 @@ void ClickFilter::RepairSwells(const Measure& measure) {
   }
 }
 
-// From what the last piece foretold over to the sound of this one.
-void ClickFilter::GoOn(float* sound, std::size_t count) {
-  const std::size_t order = model_.Order();
-  std::copy(given_.end() - static_cast<std::ptrdiff_t>(order), given_.end(), bridge_.begin());
-  const std::size_t fade = std::min({kFade, count, 4 * open_});
-  model_.Fill(bridge_.data(), order, fade, order + fade);
-  for (std::size_t i = 0; i < fade; ++i) {
-    const float share = static_cast<float>(i + 1) / static_cast<float>(fade + 1);
-    const float old = bridge_[order + i];
-    sound[i] = old + share * (sound[i] - old);
-  }
-}
-
-void ClickFilter::Keep(const float* sound, std::size_t count) {
+void ClickFilter::Keep(std::size_t count) {
   const bool open = !gaps_.empty() && gaps_.back().Count > 0 && gaps_.back().End() == length_;
   open_ = open ? gaps_.back().Count : 0;
   std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(count), kPast, heard_.begin());
-  const std::size_t fresh = std::min(count, given_.size());
-  std::copy(given_.begin() + static_cast<std::ptrdiff_t>(fresh), given_.end(), given_.begin());
-  std::copy_n(sound + (count - fresh), fresh, given_.end() - static_cast<std::ptrdiff_t>(fresh));
 }
 
 }  // namespace vantora

@@ -13,8 +13,8 @@
 // milliseconds raise the measure for them.
 //
 // Replacing: least-squares interpolation from both sides. There is no delay, so damage at the end
-// of a buffer is replaced by what the music before it foretells; the next buffer goes on from there
-// and fades over to the true sound.
+// of a buffer is replaced by what the music before it foretells, and the next buffer, in which the
+// right side is known, goes on from a better guess at it.
 //
 // The level, 0 to 1, lowers the measure (from about 12 to 3 times the usual error) and lengthens
 // the longest damage that is looked for. At 0 nothing is done.
@@ -42,7 +42,6 @@ class ClickFilter {
   static constexpr std::size_t kPast = 512;
   static constexpr std::size_t kStretch = 256;  // samples that share one limit
   static constexpr std::size_t kStretches = (kPast + kBlock) / kStretch;
-  static constexpr std::size_t kFade = 32;
   static constexpr int kRounds = 2;  // of repair on trial
 
   struct Gap {
@@ -64,10 +63,8 @@ class ClickFilter {
   void CloseOpenGap(const Measure& measure);
   void Repair();
   bool Replaced(const Gap& gap, float most);
-  bool SoundBegins(const Gap& gap) const;
   void RepairSwells(const Measure& measure);
-  void GoOn(float* sound, std::size_t count);
-  void Keep(const float* sound, std::size_t count);
+  void Keep(std::size_t count);
 
   const Damage damage_;
   ArModel model_;
@@ -79,9 +76,7 @@ class ClickFilter {
   std::array<float, kStretches> limit_{};
   float blindLimit_ = 0;  // at the end of the piece, where the right side is missing
   std::vector<Gap> gaps_;
-  std::array<float, ArModel::kMostOrder + kFade> bridge_{};
-  std::array<float, ArModel::kMostOrder> given_{};  // the last samples that were given out
-  std::size_t open_ = 0;  // of these were foretold, for want of a right side
+  std::size_t open_ = 0;  // samples at the end of the past that were foretold
 };
 
 }  // namespace vantora
