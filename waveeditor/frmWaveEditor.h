@@ -8,7 +8,6 @@
 #include "app/fenster.h"
 #include "waveeditor/editor_zustand.h"
 #include "waveeditor/pegel.h"
-#include "waveeditor/pegel.h"
 #include "waveeditor/rampe.h"
 
 #include "platform/mmtools.h"

@@ -4,8 +4,6 @@
 
 #include "tests/backends/linux/home.h"
 
-#include <chrono>
-
 namespace vantora::test {
 
 namespace {
@@ -38,17 +36,6 @@ TEST(ProcessorLoad, ItIsTheShareOfTheTicksSinceTheLastQuestionFromStartToStop) {
   EXPECT_EQ(load.RegQueryValue(kStart, kUsage), std::nullopt);
   EXPECT_TRUE(load.RegOpenKey(kStop));
   EXPECT_EQ(load.RegQueryValue(kData, kUsage), std::nullopt);
-}
-
-TEST(ProcessorLoad, ABusyProcessorShowsOnThisMachine) {
-  using Clock = std::chrono::steady_clock;
-  ProcessorLoad load;
-  ASSERT_TRUE(load.RegOpenKey(kStart));
-  for (const auto end = Clock::now() + std::chrono::milliseconds(300); Clock::now() < end;) {
-  }
-  const int percent = load.RegQueryValue(kData, kUsage).value_or(-1);
-  EXPECT_GT(percent, 0);
-  EXPECT_LE(percent, 100);
 }
 
 }  // namespace vantora::test
