@@ -1,0 +1,231 @@
+// The wave editor's work on a long file. `bench-edits WORK HOME` prints pairs of CPU times in s, by
+// turns: ours, and the yardstick's plain reads and writes of 1 MiB. The file is
+// C:\Vantora\Wavs\larga.wav of the home, and does not stay as it is.
+
+#include "bench/stage.h"
+#include "main/headless_platform.h"
+#include "waveeditor/frmWaveEditor.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <stdexcept>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+namespace vantora {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const wchar_t* kFile = L"C:\\Vantora\\Wavs\\larga.wav";
+constexpr std::int64_t kHeader = 44, kFrameBytes = 4;
+constexpr std::int32_t kTenSeconds = 441'000;  // frames
+constexpr int kRounds = 9;
+
+double CpuTime() {
+  timespec now{};
+  ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+template <typename Work>
+double Spent(const Work& work) {
+  const double start = CpuTime();
+  work();
+  return CpuTime() - start;
+}
+
+// A file under plain system calls.
+class PlainFile {
+ public:
+  explicit PlainFile(const fs::path& file) : file_(::open(file.c_str(), O_RDWR | O_CLOEXEC)) {
+    if (file_ < 0) throw std::runtime_error("no " + file.string());
+  }
+  ~PlainFile() { ::close(file_); }
+  PlainFile(const PlainFile&) = delete;
+  PlainFile& operator=(const PlainFile&) = delete;
+
+  // Everything from a place on, to another place when it is to be written.
+  void Move(std::int64_t from, std::int64_t to) {
+    for (std::size_t bytes = 0; (bytes = Read(from)) > 0;) {
+      Write(bytes, to);
+      from += static_cast<std::int64_t>(bytes);
+      to += static_cast<std::int64_t>(bytes);
+    }
+  }
+  void ReadAll() {
+    std::int64_t place = kHeader;
+    for (std::size_t bytes = 0; (bytes = Read(place)) > 0;) {
+      place += static_cast<std::int64_t>(bytes);
+    }
+  }
+  void WriteAll() {
+    const std::int64_t end = ::lseek(file_, 0, SEEK_END);
+    for (std::int64_t place = kHeader; place < end;) {
+      const auto left = static_cast<std::size_t>(end - place);
+      const std::size_t bytes = std::min(left, block_.size());
+      Write(bytes, place);
+      place += static_cast<std::int64_t>(bytes);
+    }
+  }
+
+ private:
+  std::size_t Read(std::int64_t place) {
+    const ssize_t bytes = ::pread(file_, block_.data(), block_.size(), place);
+    if (bytes < 0) throw std::runtime_error("cannot read");
+    return static_cast<std::size_t>(bytes);
+  }
+  void Write(std::size_t bytes, std::int64_t place) {
+    const ssize_t done = ::pwrite(file_, block_.data(), bytes, place);
+    if (done != static_cast<ssize_t>(bytes)) throw std::runtime_error("cannot write");
+  }
+
+  int file_;
+  std::vector<char> block_ = std::vector<char>(1U << 20U);
+};
+
+using Desk = Stage<HeadlessPlatform>;
+using Round = std::function<void(Desk& desk, const fs::path& file)>;
+
+void ByTurns(Desk& desk, const Round& ours, const Round& plain) {
+  const fs::path file = desk.platform.machine.files.SystemPath(kFile);
+  for (int round = 0; round <= kRounds; ++round) {
+    const double theirs = Spent([&] { plain(desk, file); });
+    const double mine = Spent([&] { ours(desk, file); });
+    if (round > 0) std::printf("%.4f %.4f\n", mine, theirs);
+  }
+}
+
+std::int32_t Frames(const fs::path& file) {
+  return static_cast<std::int32_t>((static_cast<std::int64_t>(fs::file_size(file)) - kHeader) /
+                                   kFrameBytes);
+}
+
+std::int64_t Place(std::int32_t frame) {
+  return kHeader + frame * kFrameBytes;
+}
+
+// The tail behind the middle, moved in place by ten seconds.
+void MoveTail(const fs::path& file) {
+  const std::int32_t middle = Frames(file) / 2;
+  PlainFile(file).Move(Place(middle + kTenSeconds), Place(middle));
+}
+
+int Cut(const fs::path& home) {
+  Desk desk(home);
+  ByTurns(
+      desk,
+      [](Desk& d, const fs::path& file) {
+        const std::int32_t middle = Frames(file) / 2;
+        d.platform.machine.cutter.Cut(kFile, middle, middle + kTenSeconds);
+      },
+      [](Desk&, const fs::path& file) { MoveTail(file); });
+  return 0;
+}
+
+int Normalize(const fs::path& home) {
+  Desk desk(home);
+  int percent = 100;
+  ByTurns(
+      desk,
+      [&percent](Desk& d, const fs::path&) {
+        percent = percent == 100 ? 90 : 100;  // so that there is always something to do
+        d.platform.mmtools.NormalizeFile(kFile, {}, percent);
+      },
+      [](Desk&, const fs::path& path) {
+        PlainFile file(path);
+        file.ReadAll();
+        file.Move(kHeader, kHeader);
+      });
+  return 0;
+}
+
+// The whole of a process, for a peer that is one.
+int NormalizeOnce(const fs::path& home) {
+  HeadlessPlatform platform(home);
+  platform.mmtools.NormalizeFile(kFile, {}, 100);
+  return 0;
+}
+
+// An edit of the editor's own. The picture that is drawn anew after each has a row of its own, so
+// it is left out, as in a batch.
+int Edit(const fs::path& home, const std::function<void(frmWaveEditor& editor)>& prepare,
+         const std::function<void(frmWaveEditor& editor)>& edit,
+         const std::function<void(const fs::path& file)>& plain) {
+  Desk desk(home);
+  desk.Play([&](Form* front) {
+    if (front != nullptr && front->Find(L"lblMbMeldung") != nullptr) {
+      std::fputs("bench: the program has something to say in the middle of its work\n", stderr);
+      std::_Exit(1);
+    }
+    desk.prog.WaveEditorDatei = kFile;
+    frmWaveEditor& editor = *desk.prog.frmWaveEditor.Laden();
+    desk.prog.Zeigen(editor);
+    desk.platform.loop.DoEvents();
+    editor.BatchLaeuft = true;
+    prepare(editor);
+    ByTurns(
+        desk, [&](Desk&, const fs::path&) { edit(editor); },
+        [&](Desk&, const fs::path& file) { plain(file); });
+    desk.prog.frmWaveEditor.Entladen();
+    return false;
+  });
+  return 0;
+}
+
+void Select(frmWaveEditor& editor, std::int32_t from, std::int32_t to) {
+  editor.NurCursor = false;
+  editor.MarkerAnfang = from;
+  editor.MarkerEnde = to;
+}
+
+void SelectAll(frmWaveEditor& editor) {
+  Select(editor, 0, editor.SourceFile->Wave.DataSize());
+}
+
+int Paste(const fs::path& home) {
+  return Edit(
+      home,
+      [](frmWaveEditor& editor) {
+        Select(editor, 1000, 1000 + kTenSeconds);
+        editor.imgCopy_MouseUp();
+      },
+      [](frmWaveEditor& editor) {
+        const std::int32_t middle = editor.SourceFile->Wave.DataSize() / 2;
+        Select(editor, middle, middle);
+        editor.imgPaste_MouseUp();
+      },
+      [](const fs::path& file) {
+        MoveTail(file);
+        MoveTail(file);
+      });
+}
+
+int Fade(const fs::path& home) {
+  return Edit(
+      home, SelectAll, [](frmWaveEditor& editor) { editor.imgFadeOut_MouseUp(); },
+      [](const fs::path& file) { PlainFile(file).Move(kHeader, kHeader); });
+}
+
+int Mute(const fs::path& home) {
+  return Edit(
+      home, SelectAll, [](frmWaveEditor& editor) { editor.imgMute_MouseUp(); },
+      [](const fs::path& file) { PlainFile(file).WriteAll(); });
+}
+
+}  // namespace
+}  // namespace vantora
+
+int main(int argc, char** argv) {
+  const std::string work = argc == 3 ? argv[1] : "";
+  if (work == "cut") return vantora::RunWork(vantora::Cut, argv[2]);
+  if (work == "paste") return vantora::RunWork(vantora::Paste, argv[2]);
+  if (work == "normalize") return vantora::RunWork(vantora::Normalize, argv[2]);
+  if (work == "normalize-once") return vantora::RunWork(vantora::NormalizeOnce, argv[2]);
+  if (work == "fade") return vantora::RunWork(vantora::Fade, argv[2]);
+  if (work == "mute") return vantora::RunWork(vantora::Mute, argv[2]);
+  std::fputs("bench-edits cut|paste|normalize|normalize-once|fade|mute HOME\n", stderr);
+  return 2;
+}
