@@ -62,12 +62,20 @@ void Bild(Control& control, const Text& wert) {
   if (auto* bild = dynamic_cast<PictureBox*>(&control)) bild->Picture = wert;
 }
 
+void Hineinlegen(Control& control, const Text& wert) {
+  Control* behaelter = Gemeint(control.Owner(), wert);
+  if (behaelter == nullptr || behaelter == &control) return;
+  const ControlKind art = behaelter->Kind();
+  if (art == ControlKind::PictureBox || art == ControlKind::Shape) control.Container = behaelter;
+}
+
 using Setzer = std::function<void(Control&, const Text&)>;
 
 const std::map<Text, Setzer>& Eigenschaften() {
   static const std::map<Text, Setzer> kAlle = {
       {L"picture", Bild},
       {L"align", Ausrichten},
+      {L"in", Hineinlegen},
       {L"pressed",
        [](Control& c, const Text& w) {
          if (auto* knopf = dynamic_cast<PictureButton*>(&c)) knopf->PicturePressed = w;

@@ -94,6 +94,8 @@ class Control {
 
   // Visible with all that it lies in.
   bool InSight() const { return Visible && (Container == nullptr || Container->InSight()); }
+  // Enabled with all that it lies in.
+  bool InUse() const { return Enabled && (Container == nullptr || Container->InUse()); }
   Form& Owner() { return form_; }
   const Form& Owner() const { return form_; }
   void MarkDirty();
@@ -314,8 +316,8 @@ class Slider : public Control {
   std::optional<Text> Read(const Text& property) const override;
 
   Property<int> Min{*this, 0}, Max{*this, 100}, Value{*this, 0};
-  Property<bool> Vertical{*this, false};
-  bool Upwards = false;  // upright with the greatest value at the top
+  Property<bool> Vertical{*this, false};  // the minimum is at the top
+  bool Upwards = false;                   // of a vertical one: the greatest value is at the top
   // Half of the way to the greatest value is its square root: for levels, from a minimum of 0.
   bool Logarithmic = false;
   std::function<void()> Change;
@@ -353,13 +355,15 @@ class PictureBox : public Control {
   void Cls();
   void Draw(DrawItem item);
   const std::vector<DrawItem>& Drawing() const { return drawing_; }
-  Property<Text> Picture{*this, Text()};  // resource name of the ground
+  int Revision() const { return revision_; }  // another one when something else is drawn
+  Property<Text> Picture{*this, Text()};      // resource name of the ground
   // Where the mouse is, in twips from the upper left corner; true while a mouse handler runs. It
   // goes beyond the edges while a button is held.
   int MouseX = 0, MouseY = 0;
 
  private:
   std::vector<DrawItem> drawing_;
+  int revision_ = 0;
 };
 
 enum class Ears { Both, Left, Right };

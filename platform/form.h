@@ -262,16 +262,19 @@ inline std::optional<Text> Slider::Read(const Text& property) const {
 
 inline void PictureBox::Cls() {
   drawing_.clear();
+  ++revision_;
   MarkDirty();
 }
 
 inline void PictureBox::Draw(DrawItem item) {
   drawing_.push_back(std::move(item));
+  ++revision_;
   MarkDirty();
 }
 
 inline std::optional<Text> PictureBox::Read(const Text& property) const {
   if (property == L"Picture") return Picture();
+  if (property == L"Drawn") return detail::NumberText(static_cast<int>(drawing_.size()));
   return Control::Read(property);
 }
 

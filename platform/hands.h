@@ -21,8 +21,15 @@ class Hands {
   virtual void Press(Control& control) = 0;  // press and release, or click, as the control wants
   virtual void DoubleClick(Control& control) = 0;
   virtual void RightClick(Control& control) = 0;
-  // Presses at one place of a control and releases at another; in thousandths of its width.
+  // The same at a place of a control; in thousandths of its width, half way down.
+  virtual void PressAt(Control& control, int at) = 0;
+  virtual void DoubleClickAt(Control& control, int at) = 0;
+  // Presses at one such place and releases at another, with a few moves between them.
   virtual void Drag(Control& control, int from, int to) = 0;
+  // Presses a control and lets it go after so many milliseconds of the program's clock. What the
+  // program does meanwhile, it does.
+  virtual void Hold(Control& control, int ms) = 0;
+  virtual bool Holding() const = 0;  // what was held has not been let go yet
   virtual void Type(Control& control, const Text& text) = 0;  // replaces what stands there
   // Lines of a list, rows of a list view, or the line of a combo box; from 1. No row: none.
   virtual void Select(Control& control, const std::vector<int>& rows) = 0;

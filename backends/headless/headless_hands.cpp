@@ -1,5 +1,7 @@
 #include "backends/headless/headless_hands.h"
 
+#include "platform/slider_scale.h"
+
 #include <algorithm>
 #include <map>
 #include <utility>
@@ -46,6 +48,32 @@ int CodeOf(wchar_t c) {
   return 0;
 }
 
+// The part of a control that lies between the edges of all that it lies in; twips from its corner.
+struct Area {
+  int Left, Top, Right, Bottom;
+
+  bool Has(int x, int y) const { return x >= Left && x < Right && y >= Top && y < Bottom; }
+};
+
+Area SeenOf(const Control& control) {
+  Area seen{0, 0, control.Width, control.Height};
+  int x = 0, y = 0;
+  for (const Control* inner = &control; inner->Container != nullptr; inner = inner->Container) {
+    const Control& outer = *inner->Container;
+    x += inner->Left;
+    y += inner->Top;
+    seen = {std::max(seen.Left, -x), std::max(seen.Top, -y), std::min(seen.Right, outer.Width - x),
+            std::min(seen.Bottom, outer.Height - y)};
+  }
+  return seen;
+}
+
+constexpr int kPixelTwips = 15;  // a mouse stands on a pixel
+
+int OnPixel(int twips) {
+  return twips - twips % kPixelTwips;
+}
+
 void CheckRows(const Control& control, const std::vector<int>& rows, int count) {
   for (const int row : rows) {
     if (row >= 1 && row <= count) continue;
@@ -73,15 +101,19 @@ void HeadlessHands::Reach(Control& control) {
   if (!loop_.Alive(control)) Refuse("the control is gone");
   Reach(control.Owner());
   if (control.Kind() == ControlKind::Timer) Refuse(NameOf(control) + " cannot be seen");
-  if (!control.Visible) Refuse(NameOf(control) + " is hidden");
-  if (!control.Enabled) Refuse(NameOf(control) + " is disabled");
+  if (!control.InSight()) Refuse(NameOf(control) + " is hidden");
+  if (!control.InUse()) Refuse(NameOf(control) + " is disabled");
+  const Area seen = SeenOf(control);
+  if (control.Container != nullptr && !seen.Has(seen.Left, seen.Top)) {
+    Refuse(NameOf(control) + " lies out of sight");
+  }
   if (loop_.OpenMenu(control.Owner()) != nullptr) loop_.CloseMenu();  // a click beside it
 }
 
 // A handler may have closed the window, or covered or disabled the control.
 bool HeadlessHands::Still(const Control& control) const {
-  return loop_.Alive(control) && loop_.Reachable(control.Owner()) && control.Visible &&
-         control.Enabled && !loop_.Ended();
+  return loop_.Alive(control) && loop_.Reachable(control.Owner()) && control.InSight() &&
+         control.InUse() && !loop_.Ended();
 }
 
 void HeadlessHands::Call(Control& control, const std::function<void()>& handler) {
@@ -93,31 +125,68 @@ void HeadlessHands::Call(Control& control, const std::function<void()>& handler)
 
 void HeadlessHands::Press(Control& control) {
   Reach(control);
+  PointAtMiddle(control);
   MouseButton(control, kLeftButton);
 }
 
 void HeadlessHands::RightClick(Control& control) {
   Reach(control);
+  PointAtMiddle(control);
   MouseButton(control, kRightButton);
 }
 
 void HeadlessHands::DoubleClick(Control& control) {
   Press(control);
-  if (Still(control)) Call(control, control.DblClick);
+  SecondPress(control);
 }
 
-// Buttons drawn from pictures take the focus by the keyboard alone: a click ends no typing.
-void HeadlessHands::MouseButton(Control& control, int button) {
-  if (control.Kind() != ControlKind::PictureButton) loop_.SetFocus(control);
-  auto* picture = dynamic_cast<PictureButton*>(&control);
-  const auto through = [](const std::function<void(int)>& handler, int argument) {
-    return handler ? [handler, argument] { handler(argument); } : std::function<void()>();
-  };
-  if (picture != nullptr) {
-    Call(control, [picture, button] { vantora::Press(*picture, button); });
-  } else {
-    Call(control, through(control.MouseDown, button));
+void HeadlessHands::PressAt(Control& control, int at) {
+  if (control.Kind() == ControlKind::Slider) return Drag(control, at, at);
+  Reach(control);
+  Point(control, at);
+  MouseButton(control, kLeftButton);
+}
+
+void HeadlessHands::DoubleClickAt(Control& control, int at) {
+  PressAt(control, at);
+  SecondPress(control);
+}
+
+// A double click stands in the place of the second press, and has a release as every press has.
+void HeadlessHands::SecondPress(Control& control) {
+  if (!Still(control)) return;
+  Call(control, control.DblClick);
+  const bool drawn =
+      control.Kind() == ControlKind::PictureBox || control.Kind() == ControlKind::PictureButton;
+  if (drawn && control.DblClick && Still(control)) Up(control, kLeftButton);
+}
+
+void HeadlessHands::Point(Control& control, int at) {
+  auto* box = dynamic_cast<PictureBox*>(&control);
+  if (box == nullptr) return;
+  const int x = OnPixel(std::min(box->Width * at / 1000, box->Width - 1));
+  const int y = OnPixel(box->Height / 2);
+  if (box->Container != nullptr && !SeenOf(*box).Has(x, y)) {
+    Refuse(NameOf(control) + " cannot be reached at " + std::to_string(at) + ": out of sight");
   }
+  box->MouseX = x;
+  box->MouseY = y;
+}
+
+// At the middle of what is seen of it, when its own is not.
+void HeadlessHands::PointAtMiddle(Control& control) {
+  auto* box = dynamic_cast<PictureBox*>(&control);
+  if (box == nullptr) return;
+  const Area seen = SeenOf(*box);
+  box->MouseX = OnPixel(box->Width / 2);
+  box->MouseY = OnPixel(box->Height / 2);
+  if (box->Container == nullptr || seen.Has(box->MouseX, box->MouseY)) return;
+  box->MouseX = OnPixel((seen.Left + seen.Right) / 2);
+  box->MouseY = OnPixel((seen.Top + seen.Bottom) / 2);
+}
+
+void HeadlessHands::MouseButton(Control& control, int button) {
+  Down(control, button);
   if (button == kLeftButton && Still(control)) {
     if (auto* check = dynamic_cast<CheckBox*>(&control)) {
       check->Value = check->Value() == 0 ? 1 : 0;
@@ -126,16 +195,48 @@ void HeadlessHands::MouseButton(Control& control, int button) {
     }
   }
   if (!Still(control)) return;
-  if (picture != nullptr) {
-    Call(control, [picture, button] { vantora::Release(*picture, button); });
-  } else {
-    Call(control, through(control.MouseUp, button));
-  }
+  Up(control, button);
   if (button == kLeftButton && Still(control)) Call(control, control.Click);
+}
+
+// Buttons drawn from pictures take the focus by the keyboard alone: a click ends no typing.
+void HeadlessHands::Down(Control& control, int button) {
+  if (control.Kind() != ControlKind::PictureButton) loop_.SetFocus(control);
+  if (auto* picture = dynamic_cast<PictureButton*>(&control)) {
+    Call(control, [picture, button] { vantora::Press(*picture, button); });
+  } else if (const auto down = control.MouseDown) {
+    Call(control, [&] { down(button); });
+  }
+}
+
+void HeadlessHands::Up(Control& control, int button) {
+  if (auto* picture = dynamic_cast<PictureButton*>(&control)) {
+    Call(control, [picture, button] { vantora::Release(*picture, button); });
+  } else if (const auto up = control.MouseUp) {
+    Call(control, [&] { up(button); });
+  }
+}
+
+// The program may turn in the handler of the press until the release has come, so that is on its
+// way before.
+void HeadlessHands::Hold(Control& control, int ms) {
+  Reach(control);
+  PointAtMiddle(control);
+  ++held_;
+  const int others = held_ - 1;
+  loop_.PostAfter(ms, [this, &control] {
+    --held_;
+    if (!Still(control)) return;
+    Up(control, kLeftButton);
+    if (Still(control)) Call(control, control.Click);
+  });
+  Down(control, kLeftButton);
+  while (held_ > others && !loop_.Ended()) loop_.Pass(1);
 }
 
 void HeadlessHands::Drag(Control& control, int from, int to) {
   Reach(control);
+  if (auto* box = dynamic_cast<PictureBox*>(&control)) return DragOnPicture(*box, from, to);
   auto* slider = dynamic_cast<Slider*>(&control);
   if (slider == nullptr) {
     MouseButton(control, kLeftButton);
@@ -145,13 +246,28 @@ void HeadlessHands::Drag(Control& control, int from, int to) {
   if (slider->MouseDown) Call(control, [slider] { slider->MouseDown(kLeftButton); });
   for (const int place : {from, to}) {
     if (!Still(control)) return;
-    const double share = std::clamp(place, 0, 1000) / 1000.0;
-    const double range = static_cast<double>(slider->Max()) - slider->Min();
-    SetSlider(*slider, slider->Min() + static_cast<int>(range * share + (range < 0 ? -0.5 : 0.5)));
+    const bool fromTheEnd = slider->Vertical && slider->Upwards;
+    const double share = std::clamp(fromTheEnd ? 1000 - place : place, 0, 1000) / 1000.0;
+    SetSlider(*slider, SliderScale::Of(*slider).ValueAt(share));
   }
   if (Still(control) && slider->MouseUp) {
     Call(control, [slider] { slider->MouseUp(kLeftButton); });
   }
+}
+
+// Beyond the edges too, as a mouse that is held goes there.
+void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
+  constexpr int kMoves = 4;
+  Point(box, from);
+  const int start = box.MouseX, end = OnPixel(box.Width * to / 1000);
+  Down(box, kLeftButton);
+  for (int i = 1; i <= kMoves && Still(box); ++i) {
+    box.MouseX = OnPixel(start + (end - start) * i / kMoves);
+    if (const auto move = box.MouseMove) Call(box, [&] { move(kLeftButton); });
+  }
+  if (!Still(box)) return;
+  Up(box, kLeftButton);
+  if (Still(box)) Call(box, box.Click);
 }
 
 void HeadlessHands::SetSlider(Slider& slider, int value) {
@@ -350,7 +466,7 @@ void HeadlessHands::Effect(Control& control, const Stroke& stroke) {
 void HeadlessHands::MoveFocus(Form& form, bool back) {
   std::vector<Control*> chain;
   for (Control* control : form.Controls) {
-    if (HeadlessLoop::TakesFocus(*control) && control->Visible && control->Enabled) {
+    if (HeadlessLoop::TakesFocus(*control) && control->InSight() && control->InUse()) {
       chain.push_back(control);
     }
   }
@@ -473,11 +589,28 @@ void HeadlessHands::MoveInView(ListView& list, const Stroke& stroke) {
   if (row != present) SelectInView(list, {row});
 }
 
+// Up means more, but where the minimum is at the top.
 void HeadlessHands::MoveSlider(Slider& slider, int key) {
-  const auto [low, high] = std::minmax(slider.Min(), slider.Max());
-  const int page = std::max((high - low) / 10, 1);
-  const int value = Moved(slider.Value, key, page, low, high);
-  SetSlider(slider, value);
+  const SliderScale scale = SliderScale::Of(slider);
+  const bool downwards = slider.Vertical && !slider.Upwards;
+  const bool page = key == kKeyPageUp || key == kKeyPageDown;
+  switch (key) {
+    case kKeyHome:
+      return SetSlider(slider, slider.Min);
+    case kKeyEnd:
+      return SetSlider(slider, slider.Max);
+    case kKeyUp:
+    case kKeyPageUp:
+      return SetSlider(slider, scale.Stepped(slider.Value, !downwards, page));
+    case kKeyDown:
+    case kKeyPageDown:
+      return SetSlider(slider, scale.Stepped(slider.Value, downwards, page));
+    case kKeyLeft:
+    case kKeyRight:
+      return SetSlider(slider, scale.Stepped(slider.Value, key == kKeyRight, false));
+    default:
+      return;
+  }
 }
 
 void HeadlessHands::MoveOption(OptionButton& option, int key) {
@@ -487,7 +620,7 @@ void HeadlessHands::MoveOption(OptionButton& option, int key) {
   for (Control* control : option.Owner().Controls) {
     auto* other = dynamic_cast<OptionButton*>(control);
     if (other == nullptr || other->Group() != option.Group()) continue;
-    if (other->Visible && other->Enabled) group.push_back(other);
+    if (other->InSight() && other->InUse()) group.push_back(other);
   }
   const auto place = std::find(group.begin(), group.end(), &option);
   const auto at = static_cast<std::size_t>(place - group.begin());

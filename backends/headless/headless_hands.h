@@ -16,8 +16,12 @@ class HeadlessHands final : public Hands {
   void Press(Control& control) override;
   void DoubleClick(Control& control) override;
   void RightClick(Control& control) override;
-  // A slider takes the value of the place; a vertical one has its minimum at the top.
+  void PressAt(Control& control, int at) override;
+  void DoubleClickAt(Control& control, int at) override;
+  // A slider takes the value of the place; a vertical one is dragged along its height.
   void Drag(Control& control, int from, int to) override;
+  void Hold(Control& control, int ms) override;
+  bool Holding() const override { return held_ > 0; }
   void Type(Control& control, const Text& text) override;
   void Select(Control& control, const std::vector<int>& rows) override;
   void Key(Form& form, const Text& key) override;
@@ -37,6 +41,12 @@ class HeadlessHands final : public Hands {
   void Reach(Form& form, bool closing = false);
   void Reach(Control& control);
   void MouseButton(Control& control, int button);
+  void Down(Control& control, int button);
+  void Up(Control& control, int button);
+  void SecondPress(Control& control);
+  void Point(Control& control, int at);
+  void PointAtMiddle(Control& control);
+  void DragOnPicture(PictureBox& box, int from, int to);
   void SelectInBox(ListBox& list, const std::vector<int>& rows);
   void SelectInView(ListView& list, const std::vector<int>& rows);
   void SelectInCombo(ComboBox& list, const std::vector<int>& rows);
@@ -53,6 +63,7 @@ class HeadlessHands final : public Hands {
   bool Still(const Control& control) const;
 
   HeadlessLoop& loop_;
+  int held_ = 0;                     // controls that are still to be let go
   const Control* marked_ = nullptr;  // the text box whose whole text is marked
 };
 

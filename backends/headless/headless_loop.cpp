@@ -119,7 +119,7 @@ void HeadlessLoop::Activate(Form& form) {
   if (states_[&form].Focus != nullptr || !form.FirstFocus) return;
   Control* first = nullptr;
   for (Control* control : form.Controls) {
-    if (!TakesFocus(*control) || !control->Visible || !control->Enabled) continue;
+    if (!TakesFocus(*control) || !control->InSight() || !control->InUse()) continue;
     if (first == nullptr || control->TabIndex < first->TabIndex) first = control;
   }
   if (first != nullptr) SetFocus(*first);
@@ -156,7 +156,7 @@ bool HeadlessLoop::TakesFocus(const Control& control) {
 }
 
 void HeadlessLoop::SetFocus(Control& control) {
-  if (!TakesFocus(control) || !control.Visible || !control.Enabled) return;
+  if (!TakesFocus(control) || !control.InSight() || !control.InUse()) return;
   Control* before = Focus(control.Owner());
   if (before == &control) return;
   states_[&control.Owner()].Focus = &control;

@@ -1,5 +1,6 @@
 // The faces that are only drawn: words, pictures, panels, drawings and bars of light.
 
+#include "backends/qt/drawing_widget.h"
 #include "backends/qt/face.h"
 #include "backends/qt/form_window.h"
 #include "backends/qt/level_bars.h"
@@ -18,7 +19,8 @@ namespace vantora {
 
 namespace {
 
-// Controls without a handler let the mouse through to what lies beneath.
+// Controls without a handler let the mouse through to what lies beneath. One that holds others
+// cannot: they would not get the mouse either.
 void LetMouseThrough(QWidget& widget, bool through) {
   widget.setAttribute(Qt::WA_TransparentForMouseEvents, through);
 }
@@ -138,12 +140,14 @@ class ButtonFace final : public Face {
     Up(event.button() == Qt::RightButton ? kRightButton : kLeftButton, inside);
   }
   void MouseDouble(QMouseEvent& event) override {
-    if (event.button() == Qt::LeftButton && control() != nullptr && control()->DblClick) {
-      Fire([](Control& told) {
-        if (const auto twice = told.DblClick) twice();
-      });
-    }
-    MousePress(event);
+    const bool twice =
+        event.button() == Qt::LeftButton && control() != nullptr && control()->DblClick;
+    if (!twice) return MousePress(event);
+    // The second press is told in the place of a press; its release is one like all.
+    held_ = true;
+    Fire([](Control& told) {
+      if (const auto act = told.DblClick) act();
+    });
   }
   void MouseMove(QMouseEvent& /*event*/) override {}
 
@@ -224,10 +228,12 @@ class PanelWidget final : public QWidget {
  public:
   using QWidget::QWidget;
   QColor Fill, Edge;
+  double Opacity = 1;
 
  protected:
   void paintEvent(QPaintEvent* event) override {
     QPainter painter(this);
+    painter.setOpacity(Opacity);
     if (Fill.alpha() > 0) painter.fillRect(event->rect(), Fill);
     if (Edge.alpha() == 0) return;
     painter.setPen(Edge);
@@ -246,9 +252,10 @@ class ShapeFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& shape = static_cast<const Shape&>(control);
-    LetMouseThrough(*panel_, !HasMouseHandler(control));
+    LetMouseThrough(*panel_, !HasMouseHandler(control) && !window().Holds(control));
     panel_->Fill = look::Of(shape.FillColor);
     panel_->Edge = look::Of(shape.BorderColor);
+    panel_->Opacity = std::clamp(shape.Opacity(), 0, 100) / 100.0;
     panel_->update();
   }
 
@@ -260,14 +267,48 @@ class DrawingFace final : public Face {
   DrawingFace(PictureBox& box, FormWindow& window)
       : DrawingFace(box, window, new DrawingWidget(window.host().ThePictures(), &window)) {}
 
+  void MousePress(QMouseEvent& event) override {
+    Point(event);
+    Face::MousePress(event);
+  }
+  void MouseRelease(QMouseEvent& event) override {
+    Point(event);
+    Face::MouseRelease(event);
+  }
+  void MouseDouble(QMouseEvent& event) override {
+    Point(event);
+    Face::MouseDouble(event);
+  }
+  // A button that was pressed elsewhere, or when nothing was to be pressed here, is none.
+  void MouseMove(QMouseEvent& event) override {
+    Point(event);
+    const bool held = window().Pressed(*this);
+    const int button = !held                                       ? 0
+                       : event.buttons().testFlag(Qt::LeftButton)  ? kLeftButton
+                       : event.buttons().testFlag(Qt::RightButton) ? kRightButton
+                                                                   : 0;
+    Fire([button](Control& told) {
+      if (const auto move = told.MouseMove) move(button);
+    });
+  }
+
  private:
+  void Point(const QMouseEvent& event) {
+    auto* box = As<PictureBox>();
+    if (box == nullptr) return;
+    const QPoint place = event.position().toPoint();
+    box->MouseX = place.x() * look::kTwipsPerPixel;
+    box->MouseY = place.y() * look::kTwipsPerPixel;
+  }
+
   DrawingFace(PictureBox& box, FormWindow& window, DrawingWidget* drawing)
       : Face(box, window, drawing), drawing_(drawing) {}
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const PictureBox&>(control);
-    LetMouseThrough(*drawing_, !HasMouseHandler(control));
-    drawing_->Set(box.Picture, look::Of(box.BackColor), box.Drawing());
+    LetMouseThrough(*drawing_, !HasMouseHandler(control) && !window().Holds(control));
+    drawing_->setMouseTracking(static_cast<bool>(control.MouseMove));
+    drawing_->Set(box);
   }
 
   DrawingWidget* drawing_;
@@ -285,7 +326,7 @@ class MeterFace final : public Face {
   void Apply(Control& control) override {
     const auto& meter = static_cast<const LevelMeter&>(control);
     LetMouseThrough(*bars_, !HasMouseHandler(control));
-    bars_->Set(meter.Active, meter.PeakLeft, meter.PeakRight);
+    bars_->Set(meter.Active, meter.PeakLeft, meter.PeakRight, meter.Shown);
   }
 
   LevelBars* bars_;

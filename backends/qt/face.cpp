@@ -37,7 +37,8 @@ bool Bright(const Control& control) {
 }  // namespace
 
 bool HasMouseHandler(const Control& control) {
-  return control.Click || control.DblClick || control.MouseDown || control.MouseUp;
+  return control.Click || control.DblClick || control.MouseDown || control.MouseUp ||
+         control.MouseMove;
 }
 
 Face::Face(Control& control, FormWindow& window, QWidget* widget)

@@ -35,8 +35,11 @@ class Counted {
   int& count_;
 };
 
-// What lies lower is drawn first. Within a layer the order is that of the form.
-int Layer(const Control& control) {
+// What lies lower is drawn first. Within a layer the order is that of the form. A container lies as
+// high as what can lie in it; its own controls have no layers.
+int Layer(const Control& control, bool holdsOthers) {
+  if (control.Container != nullptr) return 0;
+  if (holdsOthers) return 3;
   switch (control.Kind()) {
     case ControlKind::Shape:
     case ControlKind::PictureBox:
@@ -82,8 +85,10 @@ FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host)
 FormWindow::~FormWindow() {
   form_ = nullptr;
   byObject_.clear();
-  for (const auto& [control, face] : faces_) delete face->widget();
-  for (const auto& face : retired_) delete face->widget();
+  std::vector<QPointer<QWidget>> widgets;  // one that lies in another goes with it
+  for (const auto& [control, face] : faces_) widgets.emplace_back(face->widget());
+  for (const auto& face : retired_) widgets.emplace_back(face->widget());
+  for (const QPointer<QWidget>& widget : widgets) delete widget.data();
 }
 
 void FormWindow::Orphan() {
@@ -102,6 +107,8 @@ void FormWindow::Handle(const std::function<void()>& handler) {
 void FormWindow::AddFace(Control& control) {
   std::unique_ptr<Face> face = MakeFace(control, *this);
   if (!face) return;
+  const Face* container = control.Container == nullptr ? nullptr : FaceOf(*control.Container);
+  if (container != nullptr) face->widget()->setParent(container->widget());
   for (QWidget* part : {face->widget(), face->surface()}) {
     byObject_.insert(part, face.get());
     part->installEventFilter(this);  // doing it twice is the same as once
@@ -134,14 +141,19 @@ void FormWindow::Reconcile() {
     if (faces_.count(control) == 0) AddFace(*control);
   }
   known_ = now;
+  containers_.clear();
+  for (const Control* control : now) {
+    if (control->Container != nullptr) containers_.insert(control->Container);
+  }
   form_->Dirty = true;
   StackFaces();
 }
 
 void FormWindow::StackFaces() {
   std::vector<Control*> order = known_;
-  std::stable_sort(order.begin(), order.end(),
-                   [](const Control* a, const Control* b) { return Layer(*a) < Layer(*b); });
+  std::stable_sort(order.begin(), order.end(), [this](const Control* a, const Control* b) {
+    return Layer(*a, Holds(*a)) < Layer(*b, Holds(*b));
+  });
   for (const Control* control : order) {
     if (Face* face = FaceOf(*control)) face->widget()->raise();
   }
@@ -150,6 +162,10 @@ void FormWindow::StackFaces() {
 Face* FormWindow::FaceOf(const Control& control) const {
   const auto found = faces_.find(&control);
   return found == faces_.end() ? nullptr : found->second.get();
+}
+
+bool FormWindow::Holds(const Control& control) const {
+  return containers_.count(&control) != 0;
 }
 
 QButtonGroup* FormWindow::Group(int group) {
@@ -194,6 +210,7 @@ void FormWindow::ApplyFrame() {
   const QString title = look::FromText(form_->Caption);
   setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
   const QRect place = look::Pixels(frame);
+  FillScreen(place);
   if (size() != place.size() && !place.isEmpty()) setFixedSize(place.size());
   if (place.topLeft() != place_) {
     place_ = place.topLeft();
@@ -211,6 +228,17 @@ void FormWindow::ApplyFrame() {
   update();
 }
 
+// A window manager would keep a window as large as the screen clear of its bars.
+void FormWindow::FillScreen(const QRect& place) {
+  const bool fills = !form_->HasBorder && place == screen()->geometry();
+  if (fills != isFullScreen()) setWindowState(windowState() ^ Qt::WindowFullScreen);
+}
+
+void FormWindow::Restore() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+}
+
 // ---- focus ----
 
 Control* FormWindow::FocusControl() const {
@@ -220,6 +248,7 @@ Control* FormWindow::FocusControl() const {
 
 void FormWindow::FocusOn(const Control& control) {
   const Face* face = FaceOf(control);
+  if (!control.InSight() || !control.InUse()) return;
   if (face != nullptr && face->widget()->focusPolicy() != Qt::NoFocus) {
     face->widget()->setFocus(Qt::OtherFocusReason);
   }
@@ -313,7 +342,7 @@ bool FormWindow::Input(Face& face, QEvent& event) {
   const bool letGo =
       event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyRelease;
   if (control == nullptr) return true;
-  if (!letGo && (Refused() || !control->Enabled || !control->Visible)) return true;
+  if (!letGo && (Refused() || !control->InUse() || !control->InSight())) return true;
   // A release belongs to the press before it: where that was refused, so is the release.
   if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
     return true;

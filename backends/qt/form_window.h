@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <map>
+#include <set>
 #include <vector>
 
 class QButtonGroup;
@@ -33,7 +34,10 @@ class FormWindow final : public QWidget {
   Face* FaceOf(const Control& control) const;
   Control* FocusControl() const;
   void FocusOn(const Control& control);
-  void OrderFocus();               // after TabIndex
+  void OrderFocus();                         // after TabIndex
+  bool Holds(const Control& control) const;  // others lie in it
+  bool Pressed(const Face& face) const { return pressed_ == &face; }
+  void Restore();                  // after it was minimized
   bool Refused() const;            // no input: disabled, behind a modal window or without a form
   QButtonGroup* Group(int group);  // of option buttons
 
@@ -51,6 +55,7 @@ class FormWindow final : public QWidget {
 
  private:
   void ApplyFrame();
+  void FillScreen(const QRect& place);
   void Reconcile();
   void AddFace(Control& control);
   void DropFace(Control* control);
@@ -68,6 +73,7 @@ class FormWindow final : public QWidget {
   WindowHost& host_;
   std::map<const Control*, std::unique_ptr<Face>> faces_;
   std::vector<Control*> known_;                 // Form::Controls when the faces were made
+  std::set<const Control*> containers_;         // those of `known_`
   std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
   QHash<QObject*, Face*> byObject_;
   const Face* pressed_ = nullptr;  // took the press that has not been let go

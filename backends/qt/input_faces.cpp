@@ -368,12 +368,7 @@ class SliderFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& slider = static_cast<const Slider&>(control);
-    slider_->SetUpright(slider.Vertical);
-    slider_->setRange(slider.Min, slider.Max);
-    const int steps = std::max(1, (slider.Max - slider.Min) / 10);
-    slider_->setPageStep(steps);
-    slider_->setValue(slider.Value);
-    slider_->update();
+    slider_->Set(slider);
   }
 
   SliderWidget* slider_;

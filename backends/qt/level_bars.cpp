@@ -28,8 +28,9 @@ int LevelBars::Lit(int peak, int lamps) {
   return static_cast<int>(std::lround(share * lamps));
 }
 
-void LevelBars::Set(bool active, int left, int right) {
-  if (active == active_ && left == left_ && right == right_) return;
+void LevelBars::Set(bool active, int left, int right, Ears shown) {
+  if (active == active_ && left == left_ && right == right_ && shown == shown_) return;
+  shown_ = shown;
   active_ = active;
   left_ = left;
   right_ = right;
@@ -47,6 +48,9 @@ void LevelBars::paintEvent(QPaintEvent* /*event*/) {
     painter.rotate(-90);
   }
   const QRect lying = tall ? QRect(3, 3, inner.height(), inner.width()) : inner;
+  if (shown_ != Ears::Both) {
+    return PaintRow(painter, lying, shown_ == Ears::Left ? left_ : right_);
+  }
   const int half = (lying.height() - 2) / 2;
   PaintRow(painter, QRect(lying.left(), lying.top(), lying.width(), half), left_);
   PaintRow(painter, QRect(lying.left(), lying.top() + half + 2, lying.width(), half), right_);

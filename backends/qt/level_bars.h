@@ -1,5 +1,8 @@
-// Two rows of small lamps, green, amber and red: what is heard on the left and on the right.
+// Rows of small lamps, green, amber and red: what is heard on the left and on the right, or one of
+// them alone. They stand upright where there is more height than width.
 #pragma once
+
+#include "platform/controls.h"
 
 #include <QWidget>
 
@@ -9,7 +12,7 @@ class LevelBars final : public QWidget {
  public:
   using QWidget::QWidget;
   // Peaks from 0 to 32767; nothing new costs nothing.
-  void Set(bool active, int left, int right);
+  void Set(bool active, int left, int right, Ears shown);
 
   // How many of `lamps` are lit at a peak; 60 decibels lie between the first and the last.
   static int Lit(int peak, int lamps);
@@ -22,6 +25,7 @@ class LevelBars final : public QWidget {
 
   bool active_ = false;
   int left_ = 0, right_ = 0;
+  Ears shown_ = Ears::Both;
 };
 
 }  // namespace vantora

@@ -16,8 +16,6 @@ namespace vantora::look {
 
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
-
 // Selected rows, edges and heads in the windows' own scheme. The words on amber are the field's
 // ground, which reads at more than ten to one. The rules are given to the widgets that need them: a
 // sheet of the application's would have the toolkit match every label and button with it.

@@ -13,6 +13,8 @@ class QPainter;
 
 namespace vantora::look {
 
+inline constexpr int kTwipsPerPixel = 15;
+
 inline constexpr Color kGround = Rgb(31, 34, 51);
 inline constexpr Color kPanel = Rgb(53, 55, 99);
 inline constexpr Color kField = Rgb(16, 19, 31);

@@ -90,7 +90,7 @@ void QtEventLoop::Core::Present(Form& form, bool modal) {
   stack_.push_back(&form);
   GiveFirstFocus(window);
   if (window.isMinimized()) {
-    window.showNormal();
+    window.Restore();
   } else {
     window.show();
   }
@@ -113,7 +113,7 @@ void QtEventLoop::Core::GiveFirstFocus(FormWindow& window) {
   for (const Control* control : window.form()->Controls) {
     const Face* face = window.FaceOf(*control);
     if (face == nullptr || face->widget()->focusPolicy() == Qt::NoFocus) continue;
-    if (!control->Enabled || !control->Visible) continue;
+    if (!control->InUse() || !control->InSight()) continue;
     if (first == nullptr || control->TabIndex < first->TabIndex) first = control;
   }
   if (first != nullptr) window.FocusOn(*first);
@@ -252,7 +252,7 @@ void QtEventLoop::Core::BringFrontUp() {
   const Form* front = Front();
   FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
   if (window == nullptr) return;
-  if (window->isMinimized() && minimized_.count(front) == 0) window->showNormal();
+  if (window->isMinimized() && minimized_.count(front) == 0) window->Restore();
   if (QGuiApplication::platformName() != QLatin1String("offscreen")) window->raise();
   window->activateWindow();
 }

@@ -1,15 +1,13 @@
-// Widgets that show pictures: plain ones, buttons and drawings.
+// Widgets that show pictures: plain ones and buttons.
 #pragma once
 
 #include "backends/qt/pictures.h"
 
-#include "platform/controls.h"
+#include "platform/text.h"
 
 #include <QColor>
 #include <QPushButton>
 #include <QWidget>
-
-#include <vector>
 
 namespace vantora {
 
@@ -49,26 +47,6 @@ class ButtonWidget final : public QPushButton {
   void PaintPlain(QPainter& painter);
 
   Pictures& pictures_;
-};
-
-// A drawing list, kept as a picture until it changes: markers may move over it at no cost.
-class DrawingWidget final : public QWidget {
- public:
-  DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
-  void Set(const Text& picture, const QColor& ground, const std::vector<DrawItem>& items);
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
-
- private:
-  QPixmap Drawn();
-  void Draw(QPainter& painter, const DrawItem& item);
-
-  Pictures& pictures_;
-  Text picture_;
-  QColor ground_;
-  std::vector<DrawItem> items_;
-  QPixmap drawn_;
 };
 
 }  // namespace vantora

@@ -42,6 +42,25 @@ QWidget* SurfaceOf(QWidget* widget) {
   return view == nullptr ? widget : view->viewport();
 }
 
+// What is seen of it between the edges of all that it lies in.
+QRect SeenOf(const QWidget* surface) {
+  QRect seen = surface->rect();
+  for (const QWidget* widget = surface; !widget->isWindow();) {
+    widget = widget->parentWidget();
+    seen &= QRect(surface->mapFrom(widget, QPoint()), widget->size());
+  }
+  return seen;
+}
+
+// A place of a control in thousandths, along its length; a thousand is its edge.
+QPointF PlaceAt(const Control& control, const QWidget* surface, int share) {
+  const bool upright =
+      control.Kind() == ControlKind::Slider && static_cast<const Slider&>(control).Vertical;
+  const QPoint middle = surface->rect().center();
+  return upright ? QPoint(middle.x(), surface->height() * share / 1000)
+                 : QPoint(surface->width() * share / 1000, middle.y());
+}
+
 // A click gives the focus before it does anything else; the toolkit sees to it for clicks from the
 // screen alone.
 void FocusByClick(QWidget* on) {
@@ -119,32 +138,46 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     CloseMenuLeftOpen();
     QWidget* widget = loop_.WidgetOf(control);
     if (widget == nullptr) Refuse(Spoken(control) + " has no place in its window");
-    if (!control.Visible || !widget->isVisible()) Refuse(Spoken(control) + " is hidden");
-    if (!control.Enabled) Refuse(Spoken(control) + " is disabled");
-    if (!widget->window()->rect().intersects(widget->geometry())) {
-      Refuse(Spoken(control) + " lies outside its window");
-    }
+    if (!control.InSight() || !widget->isVisible()) Refuse(Spoken(control) + " is hidden");
+    if (!control.InUse()) Refuse(Spoken(control) + " is disabled");
+    if (SeenOf(widget).isEmpty()) Refuse(Spoken(control) + " lies out of sight");
     return widget;
   }
 
   // A place where the mouse meets this control and no other one that lies over it.
   QPoint FreePlace(const Control& control, QWidget* widget) {
     QWidget* surface = SurfaceOf(widget);
-    const QRect all = surface->rect();
+    const QRect all = SeenOf(surface);
     const bool marked =
         control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
     if (marked && Meets(surface, QPoint(8, all.center().y()))) return {8, all.center().y()};
-    if (Meets(surface, all.center())) return all.center();
+    for (const QPoint middle : {surface->rect().center(), all.center()}) {
+      if (Meets(surface, middle)) return middle;
+    }
     constexpr int kGrid = 7;
     for (int row = 0; row < kGrid; ++row) {
       for (int column = 0; column < kGrid; ++column) {
-        const QPoint place(all.width() * (2 * column + 1) / (2 * kGrid),
-                           all.height() * (2 * row + 1) / (2 * kGrid));
+        const QPoint place = all.topLeft() + QPoint(all.width() * (2 * column + 1) / (2 * kGrid),
+                                                    all.height() * (2 * row + 1) / (2 * kGrid));
         if (Meets(surface, place)) return place;
       }
     }
     Refuse(Spoken(control) + " is covered by other controls, or nothing there takes the mouse");
   }
+
+  // A place that the caller has chosen, and none beside it. The edge belongs to the last pixel.
+  QPointF ChosenPlace(const Control& control, QWidget* surface, int at) {
+    const QRect all = surface->rect();
+    const QPoint place = PlaceAt(control, surface, at).toPoint();
+    const QPoint inside(std::min(place.x(), all.right()), std::min(place.y(), all.bottom()));
+    if (!Meets(surface, inside)) {
+      Refuse(Spoken(control) + " cannot be reached at " + std::to_string(at) +
+             ": it is covered there, or out of sight");
+    }
+    return inside;
+  }
+
+  bool Held = false;
 
  private:
   static bool Meets(const QWidget* surface, QPoint place) {
@@ -174,9 +207,27 @@ void QtHands::Press(Control& control) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
   const QPoint place = fingers_->FreePlace(control, widget);
-  const QPointer<QWidget> surface = SurfaceOf(widget);
-  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, place, Qt::LeftButton); },
-                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton); }});
+  Click(SurfaceOf(widget), place, false);
+}
+
+void QtHands::PressAt(Control& control, int at) {
+  Settle();
+  QWidget* surface = SurfaceOf(fingers_->CheckControl(control));
+  Click(surface, fingers_->ChosenPlace(control, surface, at), false);
+}
+
+void QtHands::DoubleClickAt(Control& control, int at) {
+  Settle();
+  QWidget* surface = SurfaceOf(fingers_->CheckControl(control));
+  Click(surface, fingers_->ChosenPlace(control, surface, at), true);
+}
+
+void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice) {
+  const auto send = [=](QEvent::Type type) {
+    return [=] { SendMouse(surface, type, place, Qt::LeftButton); };
+  };
+  fingers_->Do({send(QEvent::MouseButtonPress), send(QEvent::MouseButtonRelease)});
+  if (twice) fingers_->Do({send(QEvent::MouseButtonDblClick), send(QEvent::MouseButtonRelease)});
 }
 
 void QtHands::DoubleClick(Control& control) {
@@ -192,10 +243,7 @@ void QtHands::DoubleClick(Control& control) {
       place = view->visualRect(current).center();
     }
   }
-  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, place, Qt::LeftButton); },
-                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton); },
-                [=] { SendMouse(surface, QEvent::MouseButtonDblClick, place, Qt::LeftButton); },
-                [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton); }});
+  Click(surface, place, true);
 }
 
 void QtHands::RightClick(Control& control) {
@@ -219,17 +267,41 @@ void QtHands::Drag(Control& control, int from, int to) {
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
   fingers_->FreePlace(control, widget);
   const QPointer<QWidget> surface = SurfaceOf(widget);
-  const auto* slider =
-      control.Kind() == ControlKind::Slider ? static_cast<const Slider*>(&control) : nullptr;
-  const bool upright = slider != nullptr && slider->Vertical;
-  const auto place = [=](int share) {
-    const double x = surface->width() * share / 1000.0, y = surface->height() * share / 1000.0;
-    return upright ? QPointF(surface->width() / 2.0, y) : QPointF(x, surface->height() / 2.0);
+  const bool picture = control.Kind() == ControlKind::PictureBox;
+  const QPointF end = PlaceAt(control, surface, to);
+  const QPointF start =
+      picture ? fingers_->ChosenPlace(control, surface, from) : PlaceAt(control, surface, from);
+  const auto send = [=](QEvent::Type type, QPointF place) {
+    return [=] { SendMouse(surface, type, place, Qt::LeftButton); };
   };
-  const QPointF start = place(from), end = place(to);
-  fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, start, Qt::LeftButton); },
-                [=] { SendMouse(surface, QEvent::MouseMove, end, Qt::LeftButton); },
-                [=] { SendMouse(surface, QEvent::MouseButtonRelease, end, Qt::LeftButton); }});
+  fingers_->Do({send(QEvent::MouseButtonPress, start)});
+  constexpr int kMoves = 4;
+  for (int i = picture ? 1 : kMoves; i <= kMoves; ++i) {
+    const QPointF place = start + (end - start) * i / kMoves;
+    fingers_->Do({send(QEvent::MouseMove, place.toPoint())});
+  }
+  fingers_->Do({send(QEvent::MouseButtonRelease, end)});
+}
+
+// The program may turn in the handler of the press until the release has come, so that is on its
+// way before.
+void QtHands::Hold(Control& control, int ms) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  const QPoint place = fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  fingers_->Held = true;
+  fingers_->Do({[=, fingers = fingers_] {
+    fingers->loop().PostAfter(ms, [=] {
+      fingers->Held = false;
+      SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::LeftButton);
+    });
+    SendMouse(surface, QEvent::MouseButtonPress, place, Qt::LeftButton);
+  }});
+}
+
+bool QtHands::Holding() const {
+  return fingers_->Held;
 }
 
 void QtHands::Type(Control& control, const Text& text) {

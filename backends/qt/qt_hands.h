@@ -10,6 +10,8 @@
 
 #include <memory>
 
+class QPointF;
+
 template <typename T>
 class QPointer;
 
@@ -23,7 +25,11 @@ class QtHands final : public Hands {
   void Press(Control& control) override;
   void DoubleClick(Control& control) override;
   void RightClick(Control& control) override;
+  void PressAt(Control& control, int at) override;
+  void DoubleClickAt(Control& control, int at) override;
   void Drag(Control& control, int from, int to) override;
+  void Hold(Control& control, int ms) override;
+  bool Holding() const override;
   void Type(Control& control, const Text& text) override;
   void Select(Control& control, const std::vector<int>& rows) override;
   void Key(Form& form, const Text& key) override;
@@ -38,6 +44,7 @@ class QtHands final : public Hands {
 
  private:
   class Fingers;
+  void Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice);
   void SelectInCombo(const QPointer<QWidget>& widget, int row);
   void SelectInView(const QPointer<QWidget>& widget, const std::vector<int>& rows);
 

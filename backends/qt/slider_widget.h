@@ -1,24 +1,34 @@
 // A slider whose whole length is its range: the mouse sets the value of the place where it is.
-// The minimum is on the left, or at the top.
+// The minimum is on the left, at the top or at the bottom. Where zero lies within the range, what
+// shines begins there.
 #pragma once
 
+#include "platform/slider_scale.h"
+
 #include <QSlider>
+
+class QPainter;
 
 namespace vantora {
 
 class SliderWidget final : public QSlider {
  public:
   explicit SliderWidget(QWidget* parent);
-  void SetUpright(bool upright);
+  void Set(const Slider& slider);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int ValueAt(const QPointF& place) const;
+  double KnobAt(int value, double length) const;  // its middle
+  void PaintGroove(QPainter& painter, double length, double thick) const;
+
+  SliderScale scale_;
 };
 
 }  // namespace vantora

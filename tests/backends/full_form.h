@@ -70,6 +70,11 @@ class FullForm final : public TestForm {
   Slider sldFader{*this, L"sldFader"};
   PictureBox picWave{*this, L"picWave"};
   LevelMeter Level{*this, L"Level"};
+  PictureBox picView{*this, L"picView"};  // shows a sixteenth of what lies in it
+  PictureBox picWide{*this, L"picWide"};
+  Shape shpMark{*this, L"shpMark"};
+  Shape shpBox{*this, L"shpBox"};
+  CheckBox chkInside{*this, L"chkInside"};
   Timer tmrTick{*this, L"tmrTick"};
 };
 
@@ -137,6 +142,14 @@ inline FullForm::FullForm(EventLoop& loop) : TestForm(loop) {
   sldFader.Vertical = true;
   Place(picWave, 4200, 4400, 3000, 1200);
   Place(Level, 4200, 5700, 3000, 360);
+  Place(picView, 150, 5100, 3000, 600);
+  Place(picWide, 0, 0, 48000, 600);
+  picWide.Container = &picView;
+  Place(shpMark, 0, 0, 48000, 600);
+  shpMark.Container = &picWide;
+  Place(shpBox, 150, 6000, 3000, 900);
+  Place(chkInside, 300, 300, 1500, 300);
+  chkInside.Container = &shpBox;
   int tab = 0;
   for (Control* control : Controls) control->TabIndex = tab++;
 }

@@ -1,3 +1,4 @@
+#include "tests/backends/hands_story.h"
 #include "tests/qt/stage.h"
 
 #include <QApplication>
@@ -126,6 +127,13 @@ TEST_F(Stage, ACaptionGoesDimWithItsButtonAndNoStrayKeyPressesAButtonThatWaits) 
       })
       .Then([&] { hands.Key(form, L"Return"); })
       .Then([&] { EXPECT_EQ(form.Count("button 1"), 1); });
+  Play(form);
+}
+
+TEST_F(Stage, HandsReachIntoContainersAndPointAtPlaces) {
+  FullForm form(loop);
+  HandsStory story(form, loop, hands);
+  story.Tell(person);
   Play(form);
 }
 

@@ -4,7 +4,7 @@
 
 #include "backends/headless/headless_background.h"
 #include "backends/headless/headless_hands.h"
-#include "tests/backends/full_form.h"
+#include "tests/backends/hands_story.h"
 
 #include <stdexcept>
 
@@ -183,6 +183,13 @@ TEST_F(Room, AListKeepsTheLineItStandsOnInSightAndAWindowCanWantNoFirstFocus) {
   person.Then([&] { EXPECT_EQ(form.lstMany.TopIndex(), 0); });
   Play(form);
   EXPECT_EQ(form.Log, (std::vector<std::string>{"activate"})) << "Return reached no button";
+}
+
+TEST_F(Room, HandsReachIntoContainersAndPointAtPlaces) {
+  FullForm form(loop);
+  HandsStory story(form, loop, hands);
+  story.Tell(person);
+  Play(form);
 }
 
 TEST_F(Room, HandsDoWhatAPersonDoesAndHandlersHearOfIt) {

@@ -1,0 +1,53 @@
+// A drawing list. It can be far wider than what is seen of it, with hundreds of thousands of
+// points, so nothing but the part that is to be seen anew is painted.
+#pragma once
+
+#include "backends/qt/pictures.h"
+
+#include "platform/controls.h"
+
+#include <QColor>
+#include <QPolygonF>
+#include <QString>
+#include <QWidget>
+
+#include <vector>
+
+namespace vantora {
+
+class DrawingWidget final : public QWidget {
+ public:
+  DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
+  void Set(const PictureBox& box);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  // An item, or a piece of a long polyline, in pixels.
+  struct Mark {
+    DrawItem::What Kind = DrawItem::What::Line;
+    QPolygonF Points;
+    QRect Reach;  // no pixel beyond it is touched
+    QColor Ink, Fill;
+    QString Words;
+    Text Picture;
+    int FontSize = 0;
+
+    bool operator==(const Mark& other) const = default;
+  };
+  static std::vector<Mark> MarksOf(const std::vector<DrawItem>& items);
+  static void AddPolyline(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks);
+  static void PlaceWords(const DrawItem& item, Mark& mark);
+  void Draw(QPainter& painter, const Mark& mark);
+  void TellWhetherOpaque();
+
+  Pictures& pictures_;
+  Text picture_;
+  QColor ground_ = Qt::transparent;
+  int revision_ = 0;
+  std::vector<Mark> marks_;
+};
+
+}  // namespace vantora
