@@ -75,6 +75,10 @@ class StoryStage final : public RobotStage {
     std::ofstream(fresh) << script;
     std::filesystem::rename(fresh, file);
   }
+  void Load(std::optional<int> percent) override {
+    Now().load.Present = percent.has_value();
+    Now().load.Percent = percent.value_or(0);
+  }
   void LineIn(const Text& /*waveFile*/) override {
     throw std::runtime_error("this program does not record yet");
   }
@@ -86,7 +90,7 @@ class StoryStage final : public RobotStage {
     if (!platform_) throw std::runtime_error("the script has not named a home yet");
     return *platform_;
   }
-  // A new process on the same machine: the disc writer and the screen are still what they were.
+  // A new process on the same machine: its devices and its screen are still what they were.
   void Renew() {
     const std::unique_ptr<Platform> before = std::move(platform_);
     platform_ = std::make_unique<Platform>(home_, resourceFolder_);
@@ -94,6 +98,8 @@ class StoryStage final : public RobotStage {
     if (!before) return;
     platform_->display = before->display;
     platform_->card.Present = before->card.Present;
+    platform_->load.Present = before->load.Present;
+    platform_->load.Percent = before->load.Percent;
     platform_->machine.writer.Faults = before->machine.writer.Faults;
   }
 

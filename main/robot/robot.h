@@ -51,6 +51,7 @@ class Robot final : public User {
   void WalkTo(const ScriptLine& line, Form* front);
   void ChooseFiles(const ScriptLine& line, Form* front);
   void PressAnswer(Form* front, int answer);
+  void AwaitRelease(const ScriptLine& line);
   void SayGoodbye(const ScriptLine& line, Form* front, int patience);
   void Poll(const ScriptLine& line, Form* front, int leftMs);
 
@@ -71,6 +72,7 @@ class Robot final : public User {
   void DoubleClick(const ScriptLine& line, Form* front);
   void RightClick(const ScriptLine& line, Form* front);
   void Drag(const ScriptLine& line, Form* front);
+  void Hold(const ScriptLine& line, Form* front);
   void Drop(const ScriptLine& line, Form* front);
   void Type(const ScriptLine& line, Form* front);
   void Select(const ScriptLine& line, Form* front);
@@ -90,6 +92,7 @@ class Robot final : public User {
   void Disc(const ScriptLine& line, Form* front);
   void Writer(const ScriptLine& line, Form* front);
   void Bottle(const ScriptLine& line, Form* front);
+  void Load(const ScriptLine& line, Form* front);
   void LineIn(const ScriptLine& line, Form* front);
   void Shot(const ScriptLine& line, Form* front);
   void Echo(const ScriptLine& line, Form* front);

@@ -121,6 +121,11 @@ void Robot::Writer(const ScriptLine& line, Form* /*front*/) {
   faults.WriteDao = line.Value == L"WriteDAO" ? -1 : none.WriteDao;
 }
 
+// No number: a system that tells nothing of its load.
+void Robot::Load(const ScriptLine& line, Form* /*front*/) {
+  stage_.Load(line.Numbers.empty() ? std::nullopt : std::optional<int>(line.Numbers[0]));
+}
+
 void Robot::Bottle(const ScriptLine& line, Form* /*front*/) {
   stage_.Bottle(ToUtf8(line.Value));
 }

@@ -193,6 +193,20 @@ void ParseControl(ScriptLine& line, Words& words) {
   line.Subject = words.ControlName();
 }
 
+void ParsePress(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  if (words.More()) line.Numbers = {words.Number("a place to press at", 0, 1000)};
+}
+
+void ParseHold(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  line.Numbers = {words.Number("a number of milliseconds", 0, kAny)};
+}
+
+void ParseLoad(ScriptLine& line, Words& words) {
+  if (!words.Skip(L"off")) line.Numbers = {words.Number("off or a load in percent", 0, 100)};
+}
+
 void ParseDrag(ScriptLine& line, Words& words) {
   line.Subject = words.ControlName();
   line.Numbers = {words.Number("a place to press at", 0, 1000),
@@ -357,10 +371,11 @@ const std::map<Text, Grammar>& Commands() {
       {L"writefile", {ParseWriteFile, When::Any, Does::Prepare, true}},
       {L"delete", {ParseProductPath, When::Any, Does::Prepare, true}},
       {L"start", {ParseNothing, When::Before, Does::Prepare}},
-      {L"press", {ParseControl, When::Running, Does::Act, true}},
-      {L"doubleclick", {ParseControl, When::Running, Does::Act, true}},
+      {L"press", {ParsePress, When::Running, Does::Act, true}},
+      {L"doubleclick", {ParsePress, When::Running, Does::Act, true}},
       {L"rightclick", {ParseControl, When::Running, Does::Act, true}},
       {L"drag", {ParseDrag, When::Running, Does::Act, true}},
+      {L"hold", {ParseHold, When::Running, Does::Act}},
       {L"drop", {ParseDrop, When::Running, Does::Act, true}},
       {L"type", {ParseType, When::Running, Does::Act, true}},
       {L"select", {ParseSelect, When::Running, Does::Act, true}},
@@ -380,6 +395,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"disc", {ParseDisc, When::Any, Does::Prepare, true}},
       {L"writer", {ParseWriter, When::Any, Does::Prepare, true}},
       {L"bottle", {ParseBottle, When::Any, Does::Prepare, true}},
+      {L"load", {ParseLoad, When::Any, Does::Prepare, true}},
       {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
       {L"shot", {ParseShot, When::Running, Does::Look, true}},
       {L"echo", {ParseEcho, When::Any, Does::Look, true}},

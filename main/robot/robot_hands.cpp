@@ -11,6 +11,7 @@ constexpr int kYes = 6, kNo = 7, kSingle = 1;
 constexpr int kAbort = 3, kIgnore = 5;  // and retry between them, on a box with three buttons
 constexpr int kBoxButtons = 3;
 
+constexpr int kHeldPauseMs = 20;
 constexpr int kGoodbyePauseMs = 100;
 constexpr int kGoodbyePatience = 600;  // pauses
 
@@ -24,11 +25,15 @@ std::vector<Text> FilesOf(const ScriptLine& line) {
 }  // namespace
 
 void Robot::Press(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Press(FindControl(*line.Subject));
+  Control& control = FindControl(*line.Subject);
+  if (line.Numbers.empty()) return stage_.TheHands().Press(control);
+  stage_.TheHands().PressAt(control, line.Numbers[0]);
 }
 
 void Robot::DoubleClick(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().DoubleClick(FindControl(*line.Subject));
+  Control& control = FindControl(*line.Subject);
+  if (line.Numbers.empty()) return stage_.TheHands().DoubleClick(control);
+  stage_.TheHands().DoubleClickAt(control, line.Numbers[0]);
 }
 
 void Robot::RightClick(const ScriptLine& line, Form* /*front*/) {
@@ -37,6 +42,21 @@ void Robot::RightClick(const ScriptLine& line, Form* /*front*/) {
 
 void Robot::Drag(const ScriptLine& line, Form* /*front*/) {
   stage_.TheHands().Drag(FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
+}
+
+// What comes next is noted before the press: the program may ask its user while it is held.
+void Robot::Hold(const ScriptLine& line, Form* /*front*/) {
+  Control& control = FindControl(*line.Subject);
+  AwaitRelease(line);
+  stage_.TheHands().Hold(control, line.Numbers[0]);
+}
+
+void Robot::AwaitRelease(const ScriptLine& line) {
+  Then(line, [this, &line](Form* /*front*/) {
+    if (!stage_.TheHands().Holding()) return;
+    AwaitRelease(line);
+    Rest(kHeldPauseMs);
+  });
 }
 
 void Robot::Drop(const ScriptLine& line, Form* /*front*/) {

@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/hands.h"
 
+#include <optional>
 #include <string>
 
 namespace vantora {
@@ -41,6 +42,7 @@ class RobotStage {
   virtual void EjectDisc() = 0;
   virtual WriterFaults& Writer() = 0;                  // of the embedded writer
   virtual void Bottle(const std::string& script) = 0;  // what befalls the emulated drive
+  virtual void Load(std::optional<int> percent) = 0;   // of the processor; nothing: unknown
   virtual void LineIn(const Text& waveFile) = 0;  // what the sound card's input hears from now on
 };
 
