@@ -15,6 +15,7 @@
 #include "dialogs/frmLoadSave.h"
 #include "dialogs/frmStartAssistent.h"
 #include "mixer/frmMixer.h"
+#include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
 
 namespace vantora {

@@ -31,6 +31,7 @@ class frmMixer;
 class frmCDPlayer;
 class frmDatenbank;
 class frmWaveEditor;
+class frmSpektrum;
 
 // Flags of a message box, as far as they are in use.
 enum MeldungsArt : int {
@@ -112,6 +113,7 @@ struct Programm : Dienste,
   Fenster<vantora::frmCDPlayer> frmCDPlayer{*this};
   Fenster<vantora::frmDatenbank> frmDatenbank{*this};
   Fenster<vantora::frmWaveEditor> frmWaveEditor{*this};
+  Fenster<vantora::frmSpektrum> frmSpektrum{*this};
 
  private:
   vantora::Text VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz);

@@ -31,6 +31,11 @@ struct EditorZustand {
   Text WaveEditorDatei;      // set before the editor is opened
   bool EditorBatch = false;  // the editor is being opened for a batch
   EffektWerte EffektEinstellung;
+
+  // The range whose spectrum was drawn last; the window of the whole screen shows it again.
+  Text SpektrumDatei;
+  std::int32_t SpektrumStart = 0, SpektrumLaenge = 0;  // frames
+  bool SpektrumBereit = false;                         // one has been drawn in this run
 };
 
 }  // namespace vantora

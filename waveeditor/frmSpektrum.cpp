@@ -1,0 +1,92 @@
+#include "waveeditor/frmSpektrum.h"
+
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "waveeditor/spektrum_bild.h"
+
+namespace vantora {
+
+namespace {
+
+constexpr int kRand = 120;  // twips, above and below the button
+
+}  // namespace
+
+frmSpektrum::frmSpektrum(Programm& programm)
+    : VtrFenster(programm, L"frmSpektrum"),
+      WaveFile(programm.plattform.mmtools.NewWaveFileX()),
+      BlockPuffer(frmWaveEditor::kBlockFrames) {
+  Knopf(cmdOK, [this] { cmdOK_Click(); });
+}
+
+void frmSpektrum::Form_Load() {
+  FensterEinrichten();
+  Anordnen();
+  SetTexte();
+}
+
+void frmSpektrum::Anordnen() {
+  const int breite = prog.plattform.bildschirm.Width(), hoehe = prog.plattform.bildschirm.Height();
+  Window.Left = 0;
+  Window.Top = 0;
+  Window.Width = breite;
+  Window.Height = hoehe;
+  Label& schild = lblButtCaption(0);
+  const int nachRechts = schild.Left - cmdOK.Left, nachUnten = schild.Top - cmdOK.Top;
+  cmdOK.Left = breite / 2 - cmdOK.Width / 2;
+  cmdOK.Top = hoehe - kRand - cmdOK.Height;
+  schild.Left = cmdOK.Left + nachRechts;
+  schild.Top = cmdOK.Top + nachUnten;
+  picSpektrum.Left = 0;
+  picSpektrum.Top = 0;
+  picSpektrum.Width = breite;
+  picSpektrum.Height = cmdOK.Top - kRand;
+}
+
+void frmSpektrum::SetTexte() {
+  Caption = LoadResString(0);
+  cmdOK.ToolTipText = LoadResString(19400);
+  Beschriften(lblButtCaption(0), cmdOK, LoadResString(19200));
+}
+
+bool frmSpektrum::Form_KeyDown(int taste, bool strg) {
+  if (taste != kKeyReturn && taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
+  cmdOK_Click();
+  return true;
+}
+
+void frmSpektrum::picSpektrum_Paint() {
+  EventLoop& schleife = prog.plattform.schleife;
+  Window.Enabled = false;
+  schleife.MousePointer(Pointer::Hourglass);
+  picSpektrum.Cls();
+  Zeichnen();
+  schleife.MousePointer(Pointer::Normal);
+  Window.Enabled = true;
+}
+
+void frmSpektrum::Zeichnen() {
+  EventLoop& schleife = prog.plattform.schleife;
+  SpektrumBild bild(prog.plattform.audiolib);
+  MMWaveObject& wave = WaveFile->Wave;
+  // A file that is gone or no longer what it was has no spectrum; the window stays empty.
+  const bool gelesen = Weiter([&] {
+    wave.SetFileName(prog.SpektrumDatei);
+    wave.Open();
+    wave.SetPosition(prog.SpektrumStart);
+    LinkenKanalLesen(wave, prog.SpektrumLaenge, BlockPuffer, Samples);
+  });
+  Weiter([&] { wave.Close(); });
+  if (!gelesen) return;
+  bild.Umrechnen(Samples, prog.SpektrumLaenge);
+  schleife.DoEvents();
+  bild.Zeichnen(picSpektrum, picSpektrum.Height, picSpektrum.Width, LoadResString(21600),
+                LoadResString(21601));
+  schleife.DoEvents();
+}
+
+void frmSpektrum::cmdOK_Click() {
+  prog.frmSpektrum.Entladen();
+}
+
+}  // namespace vantora

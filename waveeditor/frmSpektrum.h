@@ -1,0 +1,40 @@
+// The spectrum of the range that the wave editor has drawn last, on the whole screen.
+#pragma once
+
+#include "app/fenster.h"
+#include "waveeditor/frmWaveEditor.h"
+
+#include "platform/mmtools.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace vantora {
+
+class frmSpektrum final : public VtrFenster {
+ public:
+  explicit frmSpektrum(Programm& programm);
+
+  void Form_Load() override;
+  void SetTexte() override;
+  void Form_Paint() override { picSpektrum_Paint(); }
+  bool Form_KeyDown(int taste, bool strg) override;
+  void Form_Close() override { cmdOK_Click(); }
+  void picSpektrum_Paint();
+  void cmdOK_Click();
+
+  PictureBox picSpektrum{*this, L"picSpektrum"};
+  PictureButton cmdOK{*this, L"cmdOK"};
+  ControlArray<Label, 1> lblButtCaption{*this, L"lblButtCaption"};
+
+ private:
+  void Anordnen();  // over the whole screen
+  void Zeichnen();
+
+  std::unique_ptr<MMWaveFileX> WaveFile;
+  std::vector<frmWaveEditor::Frame> BlockPuffer;
+  std::vector<std::int16_t> Samples;
+};
+
+}  // namespace vantora
