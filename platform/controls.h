@@ -387,6 +387,8 @@ class Timer : public Control {
   ControlKind Kind() const override { return ControlKind::Timer; }
 
   Property<int> Interval{*this, 0};
+  void Restart();  // on, with a whole interval to go
+  int Starts = 0;  // how often that was asked for
   std::function<void()> OnTimer;
 };
 

@@ -255,6 +255,12 @@ inline std::optional<Text> ListView::Read(const Text& property) const {
 
 // ---- the rest ----
 
+inline void Timer::Restart() {
+  Enabled = true;
+  ++Starts;
+  MarkDirty();
+}
+
 inline std::optional<Text> Slider::Read(const Text& property) const {
   if (property == L"Value") return detail::NumberText(Value);
   return Control::Read(property);

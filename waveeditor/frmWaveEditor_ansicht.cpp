@@ -273,8 +273,7 @@ void frmWaveEditor::picWave_MouseUp() {
 }
 
 void frmWaveEditor::SpektrumNeuStarten() {
-  tmr3D.Enabled = false;
-  tmr3D.Enabled = true;
+  tmr3D.Restart();
 }
 
 void frmWaveEditor::cmdAllesAuswaehlen_Click() {

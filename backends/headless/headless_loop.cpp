@@ -339,8 +339,9 @@ void HeadlessLoop::ArmTimers() {
       const auto armed = armed_.find(timer);
       if (interval <= 0) {
         if (armed != armed_.end()) armed_.erase(armed);
-      } else if (armed == armed_.end() || armed->second.Interval != interval) {
-        armed_[timer] = {form, interval, clock_.Ticks() + interval};
+      } else if (armed == armed_.end() || armed->second.Interval != interval ||
+                 armed->second.Starts != timer->Starts) {
+        armed_[timer] = {form, interval, timer->Starts, clock_.Ticks() + interval};
       }
     }
   }

@@ -72,7 +72,7 @@ class HeadlessLoop final : public EventLoop {
  private:
   struct TimerState {
     const Form* Owner;
-    int Interval;
+    int Interval, Starts;
     std::int64_t Due;
   };
   struct FormState {

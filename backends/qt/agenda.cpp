@@ -47,10 +47,14 @@ void Agenda::Arm(const Form& form) {
       continue;
     }
     const auto known = armed_.find(timer);
-    if (known != armed_.end() && known->second.Interval == timer->Interval) continue;
+    if (known != armed_.end() && known->second.Interval == timer->Interval &&
+        known->second.Starts == timer->Starts) {
+      continue;
+    }
     Armed& armed = armed_[timer];
     armed.Owner = &form;
     armed.Interval = timer->Interval;
+    armed.Starts = timer->Starts;
     armed.Due = After(timer->Interval);
   }
 }

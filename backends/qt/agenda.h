@@ -38,7 +38,7 @@ class Agenda {
   using Time = std::chrono::steady_clock::time_point;
   struct Armed {
     const Form* Owner = nullptr;
-    int Interval = 0;
+    int Interval = 0, Starts = 0;
     Time Due;
     bool Running = false;  // a timer does not tick while its own handler runs
   };
