@@ -1,0 +1,173 @@
+#include "waveeditor/frmSpektrum.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/waveeditor/editor_stage.h"
+
+namespace vantora {
+namespace {
+
+constexpr int kFrames = 100000;
+constexpr int kVerzug = 2500;  // ms; the picture comes two seconds after the selection
+
+std::int16_t Links(std::int64_t frame) {
+  return static_cast<std::int16_t>(frame * frame % 20011 - 10000);
+}
+
+class Spektrum : public EditorBuehne, public testing::Test {
+ protected:
+  Spektrum() {
+    b.prog.Show3DAnalysis = true;
+    Schreibe(kFrames, [](std::int64_t frame) {
+      return frmWaveEditor::Frame{Links(frame), static_cast<std::int16_t>(frame)};
+    });
+    Oeffne();
+    E().pic3D.Width = 3000;
+    E().pic3D.Height = 2000;
+  }
+  void Waehle(std::int32_t von, std::int32_t bis) {
+    E().NurCursor = von == bis;
+    E().CursorPos = von;
+    E().MarkerAnfang = von;
+    E().MarkerEnde = bis;
+    b.Tu([this] { E().picWave_MouseUp(); });
+  }
+  // What the library draws of these blocks of the left channel, point by point.
+  std::vector<std::vector<int>> Erwartet(std::int32_t von, std::int32_t frames, int bloecke,
+                                         const PictureBox& groesse) {
+    std::vector<std::int16_t> samples(static_cast<std::size_t>(frames) + 1024);
+    for (std::int32_t i = 0; i < frames && von + i < kFrames; ++i) {
+      samples[static_cast<std::size_t>(i)] = Links(von + i);
+    }
+    Form fenster(b.platform.loop, L"erwartet");
+    PictureBox bild(fenster, L"bild");
+    Audiolib& lib = b.prog.plattform.audiolib;
+    lib.func_15(70);
+    lib.func_17(samples.data(), bloecke, 1024, 1);
+    lib.func_18(bild, groesse.Height, groesse.Width, b.prog.Text(21600), b.prog.Text(21601));
+    lib.func_16();
+    return Gezeichnet(bild);
+  }
+  static std::vector<std::vector<int>> Gezeichnet(const PictureBox& bild) {
+    std::vector<std::vector<int>> punkte;
+    for (const DrawItem& teil : bild.Drawing()) punkte.push_back(teil.Points);
+    return punkte;
+  }
+  bool BibliothekIstFrei() {
+    PictureBox bild(E(), L"frei");
+    const int seite = 3000;
+    const std::int16_t sample[1024] = {1};
+    b.prog.plattform.audiolib.func_17(sample, 1, 1024, 1);
+    b.prog.plattform.audiolib.func_18(bild, seite, seite, L"", L"");
+    return bild.Drawing().empty();
+  }
+  // Opens the window of the whole screen and looks at it, until it is closed by OK.
+  void Vergroessere(const std::function<void(vantora::frmSpektrum&)>& blick) {
+    bool offen = false;
+    b.Macht([&](Form& vorn) {
+      offen = true;
+      auto& fenster = dynamic_cast<vantora::frmSpektrum&>(vorn);
+      blick(fenster);
+      b.platform.hands.Press(fenster.cmdOK);
+    });
+    b.Tu([this] { E().pic3D_DblClick(); });
+    EXPECT_TRUE(offen);
+    EXPECT_FALSE(b.prog.frmSpektrum.Geladen());
+  }
+};
+
+TEST_F(Spektrum, IsThatOfTheSelectionInWholeBlocksAndTheSameOnTheWholeScreen) {
+  struct Fall {
+    std::int32_t von, bis, frames;
+    int bloecke;
+  };
+  const Fall faelle[] = {
+      {20000, 20000, 71680, 70},  // a cursor
+      {99000, 99000, 71680, 70},  // the sound ends within the range
+      {500, 600, 4096, 4},        // reads on behind the selection
+      {7, 4615, 4608, 4},         // 4.5
+      {7, 5639, 5632, 6},         // 5.5: the last block is half silence
+      {0, 100000, 71680, 70},
+  };
+  for (const Fall& fall : faelle) {
+    SCOPED_TRACE(fall.bis);
+    Waehle(0, 44100);
+    Vergeht(1500);
+    Waehle(fall.von, fall.bis);
+    E().pic3D.Cls();
+    Vergeht(1500);
+    EXPECT_TRUE(E().pic3D.Drawing().empty()) << "drawn while the hand is still at work";
+    Vergeht(1000);
+    const auto klein = Erwartet(fall.von, fall.frames, fall.bloecke, E().pic3D);
+    EXPECT_TRUE(!klein.empty() && Gezeichnet(E().pic3D) == klein);
+    EXPECT_FALSE(E().tmr3D.Enabled);
+    EXPECT_TRUE(BibliothekIstFrei());
+    Vergroessere([&](vantora::frmSpektrum& gross) {
+      EXPECT_EQ(gross.Window.Width(), b.prog.plattform.bildschirm.Width());
+      EXPECT_EQ(gross.Window.Height(), b.prog.plattform.bildschirm.Height());
+      EXPECT_TRUE(gross.Window.Enabled);
+      const auto erwartet = Erwartet(fall.von, fall.frames, fall.bloecke, gross.picSpektrum);
+      EXPECT_TRUE(erwartet != klein && Gezeichnet(gross.picSpektrum) == erwartet);
+    });
+    EXPECT_TRUE(BibliothekIstFrei());
+  }
+}
+
+TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
+  bool* const hindernisse[] = {&E().ScanLaeuft, &E().BatchLaeuft, &E().Spielt, &E().Beschaeftigt};
+  for (bool* flag : hindernisse) {
+    *flag = true;
+    Waehle(0, 50000);
+    Vergeht(kVerzug);
+    *flag = false;
+    EXPECT_TRUE(E().pic3D.Drawing().empty());
+    EXPECT_FALSE(E().tmr3D.Enabled);
+  }
+  b.prog.Show3DAnalysis = false;
+  Waehle(0, 50000);
+  Vergeht(kVerzug);
+  b.Tu([this] { E().pic3D_DblClick(); });
+  EXPECT_FALSE(b.prog.frmSpektrum.Geladen());
+
+  // The editor begins to close between two stages.
+  b.prog.Show3DAnalysis = true;
+  b.Tu([this] {
+    b.platform.loop.Post([this] { E().Beschaeftigt = true; });
+    E().Spektrum3D();
+  });
+  EXPECT_TRUE(E().pic3D.Drawing().empty() && BibliothekIstFrei());
+  EXPECT_FALSE(b.prog.SpektrumBereit);
+}
+
+TEST_F(Spektrum, OfAFileThatIsGoneOrNoWaveIsEmptyAndOfAShorterOneSilent) {
+  Waehle(50000, 99000);
+  Vergeht(kVerzug);
+  const auto vorher = Gezeichnet(E().pic3D);
+  const std::string ganz = b.Lies(kDatei);
+  const std::string faelle[] = {"",
+                                "RIFF",
+                                std::string(1000, 'x'),
+                                ganz.substr(0, 20),
+                                ganz.substr(0, 44),
+                                ganz.substr(0, 1000)};
+  for (const std::string& bytes : faelle) {
+    SCOPED_TRACE(bytes.size());
+    b.Datei(kDatei, bytes);
+    const bool welle = bytes.size() >= 44 && bytes != std::string(1000, 'x');
+    Vergroessere([&](vantora::frmSpektrum& gross) {
+      EXPECT_EQ(gross.picSpektrum.Drawing().empty(), !welle);
+      EXPECT_TRUE(gross.Window.Enabled);
+      EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+    });
+    b.Tu([this] { E().Spektrum3D(); });
+    EXPECT_TRUE(BibliothekIstFrei());
+    EXPECT_TRUE(welle || Gezeichnet(E().pic3D) == vorher);
+  }
+  b.prog.plattform.dateien.Kill(kDatei);
+  Vergroessere(
+      [&](vantora::frmSpektrum& gross) { EXPECT_TRUE(gross.picSpektrum.Drawing().empty()); });
+  EXPECT_TRUE(b.Gesagt().empty());
+}
+
+}  // namespace
+}  // namespace vantora
