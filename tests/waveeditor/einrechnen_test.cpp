@@ -21,6 +21,7 @@ class Einrechnen : public ::testing::Test, protected EditorBuehne {
   void HalbeLautstaerke() {
     E().slVolume.Value = kHalb;
     E().slVolume.Change();
+    Druecke(E().imgEffekt(1));
     Druecke(E().imgVolumeByPass);
   }
   // The file holds the same sound, half as loud.
