@@ -18,6 +18,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace vantora {
@@ -261,6 +262,66 @@ int LookUp(const fs::path& home) {
   return found == kRounds ? 0 : 1;
 }
 
+// A picture of sound sixteen times as wide as what is seen of it, as the wave editor draws it at
+// the greatest zoom: two traces of 16 pieces with 10,000 points each.
+class WideWave final : public Form {
+ public:
+  explicit WideWave(EventLoop& loop) : Form(loop, L"frmWide") {
+    Window.Width = Window.Height = kSeen;
+    for (PictureBox* box : {&picView, &picWide}) {
+      box->Width = kSeen;
+      box->Height = kHeight;
+    }
+    picWide.Width = kPieces * kPiece;
+    picWide.BackColor = Rgb(0, 0, 64);
+    picWide.Container = &picView;
+  }
+  void Draw(unsigned seed) {
+    picWide.Cls();
+    for (int piece = 0; piece < 2 * kPieces; ++piece) {
+      DrawItem trace;
+      trace.Kind = DrawItem::What::Polyline;
+      trace.Ink = Rgb(255, 255, 85);
+      for (int i = 0; i < kPiece; ++i) {
+        seed = seed * 1664525U + 1013904223U;
+        const int height = static_cast<int>(seed >> 21U);
+        trace.Points.push_back((piece / 2 * kPiece + i) / 15 * 15);
+        trace.Points.push_back((piece % 2 * kHeight + height) / 30 * 15);
+      }
+      picWide.Draw(std::move(trace));
+    }
+  }
+
+  static constexpr int kPieces = 16, kPiece = 10'000, kSeen = 10'000, kHeight = 4500;
+  PictureBox picView{*this, L"picView"};
+  PictureBox picWide{*this, L"picWide"};
+};
+
+// Pairs of ms: a drawing anew, and a step of the scroll bar, each until it is painted.
+int Wave(const fs::path& home) {
+  constexpr int kRounds = 21;
+  WindowPlatform platform(home);
+  WideWave form(platform.loop);
+  const auto painted = [&](const std::function<void()>& change) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // or the paint would be put off
+    const std::int64_t before = platform.loop.Paints();
+    const auto start = BenchTime::now();
+    change();
+    platform.loop.DoEvents();
+    const double ms = Milliseconds(start, BenchTime::now());
+    if (platform.loop.Paints() == before) throw std::runtime_error("nothing was painted");
+    return ms;
+  };
+  platform.loop.Show(form);
+  platform.loop.DoEvents();
+  for (int i = 1; i <= kRounds; ++i) {
+    const double drawn = painted([&] { form.Draw(static_cast<unsigned>(i)); });
+    const double scrolled = painted([&] { form.picWide.Left = -i * 7000; });
+    std::printf("%.3f %.3f\n", drawn, scrolled);
+  }
+  return 0;
+}
+
 }  // namespace
 }  // namespace vantora
 
@@ -273,6 +334,7 @@ int main(int argc, char** argv) {
   if (work == "toc") return vantora::RunWork(vantora::Contents, argv[2]);
   if (work == "cddb") return vantora::RunWork(vantora::LookUp, argv[2]);
   if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
-  std::fputs("bench-windows start|open|memory|toc|cddb|database HOME\n", stderr);
+  if (work == "wave") return vantora::RunWork(vantora::Wave, argv[2]);
+  std::fputs("bench-windows start|open|memory|toc|cddb|database|wave HOME\n", stderr);
   return 2;
 }
