@@ -227,7 +227,7 @@ class MMTriggerX : public MMComponentX {
 
   virtual void Start() = 0;
   virtual void Stop() = 0;
-  std::function<void()> OnStop;  // the sound has come to its end
+  std::function<void()> OnStop;   // the sound has come to its end
   std::function<void()> OnError;  // what has failed then reaches the loop, as out of a handler
 };
 
