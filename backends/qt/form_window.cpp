@@ -190,6 +190,7 @@ void FormWindow::Sync() {
     const Control* button = static_cast<const Label*>(control)->Of;
     if (button != nullptr && button->Dirty) control->Dirty = true;
   }
+  bool replaced = false;
   for (Control* control : known_) {
     if (!control->Dirty) continue;
     Face* face = FaceOf(*control);
@@ -198,10 +199,12 @@ void FormWindow::Sync() {
       AddFace(*control);
       StackFaces();
       face = FaceOf(*control);
+      replaced = true;
     }
     if (face != nullptr) face->Sync();
     control->Dirty = false;
   }
+  if (replaced) OrderFocus();
 }
 
 void FormWindow::ApplyFrame() {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QScrollBar>
 #include <QWidget>
 
@@ -335,6 +336,56 @@ TEST_F(Stage, AWindowThatAlwaysChangesIsPaintedNoOftenerThanAScreenShows) {
   });
   EXPECT_GE(loop.Paints() - before, 3);
   EXPECT_LE(static_cast<double>(loop.Paints() - before), ms / 10 + 2);
+}
+
+TEST_F(Stage, AFrameOfTheScreensSizeFillsItAndStillDoesWhenItComesBack) {
+  const QRect screen = QGuiApplication::primaryScreen()->geometry();
+  TestForm form(loop);
+  Place(form.Window, 0, 0, screen.width() * 15, screen.height() * 15);
+  form.HasBorder = false;
+  const auto look = [&] {
+    const QWidget* window = Find("frmTest");
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isFullScreen());
+    EXPECT_EQ(window->geometry(), screen);
+  };
+  person.Then(look)
+      .Then([&] { loop.Minimize(form); })
+      .Then([&] { loop.Show(form); })
+      .Then(look)
+      .Then([&] { form.Window.Width = 6000; })
+      .Then([&] { EXPECT_FALSE(Find("frmTest")->isFullScreen()); });
+  Play(form);
+}
+
+// Where a mouse is that nobody presses, and that was pressed when the window took no input.
+TEST_F(Stage, APictureHearsOfTheMouseAboveItAndOfNoButtonThatWasNotPressedOnIt) {
+  FullForm form(loop);
+  std::string said;
+  form.picWave.MouseMove = [&](int button) {
+    said += std::to_string(button) + "@" + std::to_string(form.picWave.MouseX) + "," +
+            std::to_string(form.picWave.MouseY) + " ";
+  };
+  const auto send = [](QEvent::Type type, QPointF place, Qt::MouseButtons held) {
+    QWidget* picture = Find("picWave");
+    ASSERT_NE(picture, nullptr);
+    EXPECT_TRUE(picture->hasMouseTracking());
+    QMouseEvent event(type, place, picture->mapToGlobal(place),
+                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                      Qt::NoModifier);
+    QApplication::sendEvent(picture, &event);
+  };
+  person.Then([&] {
+    send(QEvent::MouseMove, {10, 4}, Qt::NoButton);
+    form.Window.Enabled = false;
+    send(QEvent::MouseButtonPress, {10, 4}, Qt::LeftButton);
+    form.Window.Enabled = true;
+    send(QEvent::MouseMove, {11, 4}, Qt::LeftButton);
+    send(QEvent::MouseButtonPress, {11, 4}, Qt::LeftButton);
+    send(QEvent::MouseMove, {-2, 300}, Qt::LeftButton);
+    EXPECT_EQ(said, "0@150,60 0@165,60 1@-30,4500 ");
+  });
+  Play(form);
 }
 
 TEST_F(Stage, AMinimizedWindowIsNotInFront) {

@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include "backends/qt/drawing_widget.h"
+#include "backends/qt/qt_event_loop.h"
+#include "tests/backends/full_form.h"
+
+#include <QImage>
+#include <QPainter>
+
+#include <random>
+
+namespace vantora {
+namespace {
+
+DrawItem Item(DrawItem::What kind, std::vector<int> points) {
+  DrawItem item;
+  item.Kind = kind;
+  item.Points = std::move(points);
+  item.Ink = Rgb(255, 255, 85);
+  return item;
+}
+
+QImage Seen(QWidget& widget, const QRect& part) {
+  QImage image(part.size(), QImage::Format_RGB32);
+  image.fill(Qt::red);
+  widget.render(&image, QPoint(), part, QWidget::RenderFlags());
+  return image;
+}
+
+// A trace with many points to a pixel, through all that can go wrong: pieces, columns, parts that
+// are painted alone.
+TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
+  constexpr int kPixels = 900, kHeight = 100;
+  QtEventLoop loop{"", {}, 20};
+  TestForm form(loop);
+  PictureBox box(form, L"picWave");
+  Pictures pictures{{}, {}};
+  DrawingWidget widget(pictures, nullptr);
+  widget.resize(kPixels, kHeight);
+  box.BackColor = Rgb(0, 0, 64);
+  std::mt19937 chance(11);
+  DrawItem trace = Item(DrawItem::What::Polyline, {});
+  std::vector<std::pair<int, int>> points;  // pixels
+  for (int i = 0; i < kPixels * 15; ++i) {
+    points.emplace_back(i / 15, static_cast<int>(chance() % 5 == 0 ? chance() % kHeight : 50));
+    trace.Points.push_back(points.back().first * 15);
+    trace.Points.push_back(points.back().second * 15);
+  }
+  box.Draw(std::move(trace));
+  box.Draw(Item(DrawItem::What::Line, {0, 1500 - 15, 13500, 1500 - 15}));
+  widget.Set(box);
+  const QImage whole = Seen(widget, widget.rect());
+  for (const auto& [x, y] : points) {
+    ASSERT_GT(qRed(whole.pixel(x, y)), 150) << "the point at " << x << "," << y << " is missing";
+  }
+  for (int x = 0; x < kPixels; ++x) {
+    EXPECT_EQ(whole.pixel(x, kHeight - 1), QColor(255, 255, 85).rgb()) << "a line on its pixels";
+  }
+  for (int i = 0; i < 60; ++i) {
+    const QRect part(static_cast<int>(chance() % 850), static_cast<int>(chance() % 80),
+                     1 + static_cast<int>(chance() % 50), 1 + static_cast<int>(chance() % 20));
+    const QImage alone = Seen(widget, part);
+    for (int y = 0; y < part.height(); ++y) {
+      for (int x = 0; x < part.width(); ++x) {
+        const int one = qRed(alone.pixel(x, y)),
+                  other = qRed(whole.pixel(part.x() + x, part.y() + y));
+        ASSERT_NEAR(one, other, 5) << part.x() + x << "," << part.y() + y;
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vantora
