@@ -370,6 +370,7 @@ class frmWaveEditor final : public VtrFenster {
   void ZeitLineal(int breite);
   void SpurenZeichnen(PictureBox& flaeche);
   void SegmentZeichnen(PictureBox& flaeche, std::size_t punkte);
+  Pixel PixelTwips() const;  // the size of a pixel, in twips
   void QuelleNeuOeffnen();
   std::int32_t Laenge() const;  // frames of the file that is open
   void BlockLesen(std::int64_t frame);

@@ -157,39 +157,45 @@ void frmWaveEditor::ZeitLineal(int breite) {
 }
 
 void frmWaveEditor::SpurenZeichnen(PictureBox& flaeche) {
-  const double pixelX = prog.plattform.bildschirm.TwipsPerPixelX();
-  const double pixelY = prog.plattform.bildschirm.TwipsPerPixelY();
+  const Pixel pixel = PixelTwips();
   const int breite = flaeche.Width;
   const int laenge = breite / kSegmente;
   if (laenge == 0 || WellenPunkte.empty()) return;
+  const auto schritt = static_cast<std::size_t>(kMaxZoom / ZoomFaktor);  // of the points
   LinkePunkte.resize(static_cast<std::size_t>(laenge));
   RechtePunkte.resize(static_cast<std::size_t>(laenge));
-  for (int i = 0; i <= breite; ++i) {
-    const int stelle = i % laenge;
-    if (stelle == 0 && i > 0) SegmentZeichnen(flaeche, static_cast<std::size_t>(laenge));
-    const auto k = static_cast<std::size_t>(Ganz64(16.0 / ZoomFaktor * i));
-    const Punkt& punkt = WellenPunkte[std::min(k, WellenPunkte.size() - 1)];
-    const int x = Ganz32(std::trunc(i / pixelX));
-    LinkePunkte[static_cast<std::size_t>(stelle)] = {x, Ganz32(std::trunc(punkt.Links / pixelY))};
-    RechtePunkte[static_cast<std::size_t>(stelle)] = {x, Ganz32(std::trunc(punkt.Rechts / pixelY))};
+  std::size_t stelle = 0;
+  for (int i = 0; i <= breite; ++i, ++stelle) {
+    if (stelle == LinkePunkte.size()) {
+      SegmentZeichnen(flaeche, stelle);
+      stelle = 0;
+    }
+    const std::size_t k = std::min(schritt * static_cast<std::size_t>(i), WellenPunkte.size() - 1);
+    const Punkt& punkt = WellenPunkte[k];
+    LinkePunkte[stelle] = {i / pixel.X, punkt.Links / pixel.Y};
+    RechtePunkte[stelle] = {i / pixel.X, punkt.Rechts / pixel.Y};
   }
-  SegmentZeichnen(flaeche, static_cast<std::size_t>(breite % laenge + 1));
+  SegmentZeichnen(flaeche, stelle);
   const int viertel = Ganz32(flaeche.Height / 4.0);
   flaeche.Draw(Linie(0, viertel, breite, viertel, kHellmagenta));
   flaeche.Draw(Linie(0, 3 * viertel, breite, 3 * viertel, kHellmagenta));
 }
 
+frmWaveEditor::Pixel frmWaveEditor::PixelTwips() const {
+  Display& bildschirm = prog.plattform.bildschirm;
+  return {Ganz32(bildschirm.TwipsPerPixelX()), Ganz32(bildschirm.TwipsPerPixelY())};
+}
+
 void frmWaveEditor::SegmentZeichnen(PictureBox& flaeche, std::size_t punkte) {
-  const double pixelX = prog.plattform.bildschirm.TwipsPerPixelX();
-  const double pixelY = prog.plattform.bildschirm.TwipsPerPixelY();
+  const Pixel pixel = PixelTwips();
   for (const std::vector<Pixel>* spur : {&LinkePunkte, &RechtePunkte}) {
     DrawItem zug;
     zug.Kind = DrawItem::What::Polyline;
     zug.Ink = kHellgelb;
     zug.Points.reserve(2 * punkte);
     for (std::size_t i = 0; i < punkte; ++i) {
-      zug.Points.push_back(static_cast<int>((*spur)[i].X * pixelX));
-      zug.Points.push_back(static_cast<int>((*spur)[i].Y * pixelY));
+      zug.Points.push_back((*spur)[i].X * pixel.X);
+      zug.Points.push_back((*spur)[i].Y * pixel.Y);
     }
     flaeche.Draw(std::move(zug));
   }
@@ -244,7 +250,7 @@ void frmWaveEditor::sliderWave_OnChange() {
 // The marker is at least a pixel wide, and a cursor when it is no wider.
 void frmWaveEditor::MarkerSetzen(int links, int breite) {
   shpMarker.Left = links;
-  shpMarker.Width = std::max(breite, Ganz32(prog.plattform.bildschirm.TwipsPerPixelX()));
+  shpMarker.Width = std::max(breite, PixelTwips().X);
 }
 
 void frmWaveEditor::PositionSetzen(double x) {
@@ -299,7 +305,7 @@ void frmWaveEditor::marker_update() {
   const auto r = static_cast<float>(Quotient(Laenge(), picWaveBack.Width));
   // In a long file the single precision of the ratio could reach a few frames behind its end.
   const auto frames = [&](int x) { return std::min(Ganz32(static_cast<double>(x) * r), Laenge()); };
-  NurCursor = shpMarker.Width == Ganz32(prog.plattform.bildschirm.TwipsPerPixelX());
+  NurCursor = shpMarker.Width == PixelTwips().X;
   if (NurCursor) {
     CursorPos = frames(shpMarker.Left);
     MarkerAnfang = MarkerEnde = 0;
