@@ -10,6 +10,7 @@
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -77,16 +78,23 @@ int Open(const fs::path& home) {
   });
 }
 
+// No hand is so quick that a paint would be put off behind the one before.
+void Rest() {
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+}
+
 // A step of the zoom, and of the scroll bar at the greatest zoom, until they are painted.
 int Repaint(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     frmWaveEditor& editor = Load(stage);
     for (int round = 0; round < kRounds; ++round) {
       for (const int button : {0, 0, 0, 0, 1, 1, 1, 1}) {
+        Rest();
         const auto start = BenchTime::now();
         editor.imgZoom_MouseUp(button);
         Paint(stage);
         const double zoomed = Milliseconds(start, BenchTime::now());
+        Rest();
         const auto scroll = BenchTime::now();
         if (editor.sliderWave.Visible) {
           editor.sliderWave.Value = editor.sliderWave.Max / (round + 2);
