@@ -16,8 +16,8 @@ namespace {
 constexpr std::int64_t kMB = 0x100000;
 constexpr std::size_t kWurzel = 3;  // "C:\"
 constexpr int kVollePegel = 100;    // percent
-// A block is faded in strips that stay in the processor's own memory between reading and writing.
-constexpr std::int32_t kStreifenFrames = 0x8000;
+// A block is faded in strips, which stay in the processor's own memory between reading and writing.
+constexpr std::int32_t kStreifenFrames = 0x10000;
 
 enum UndoSchritt : std::int16_t { kUndoCut = 1, kUndoBlock = 2, kUndoPaste = 3 };
 
@@ -280,9 +280,9 @@ void frmWaveEditor::Blenden(const Rampe& rampe) {
 
 void frmWaveEditor::BlockBlenden(const Rampe& rampe, std::int32_t frames, std::int32_t erster) {
   MMWaveObject& wave = Wave1->Wave;
+  Frame* const streifen = BlockPuffer.data();
   for (std::int32_t j = 0; j < frames; j += kStreifenFrames) {
     const std::int32_t anzahl = std::min(kStreifenFrames, frames - j);
-    Frame* const streifen = &BlockPuffer[static_cast<std::size_t>(j)];
     const std::int32_t anfang = wave.Position();
     const std::size_t bytes = wave.ReadData(streifen, static_cast<std::size_t>(InBytes(anzahl)));
     rampe.Anwenden(streifen, static_cast<std::size_t>(anzahl), erster + j);

@@ -10,10 +10,11 @@ struct KlangFrame {
   std::int16_t Links = 0, Rechts = 0;
 };
 
-// Multiplies frame k of the frames by Start + k * Schritt, counted from `erster`, in double
-// precision, and rounds once to nearest, ties to even. The gain must stay within 0 and 1.
+// Multiplies frame k by Start + k * Schritt in double precision, and rounds once to nearest, ties
+// to even. The gain must stay within 0 and 1.
 struct Rampe {
   double Start = 1, Schritt = 0;
+  // `erster` is the number of the first of the frames.
   void Anwenden(KlangFrame* frames, std::size_t anzahl, std::int32_t erster) const;
 };
 
