@@ -25,11 +25,11 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int32_t kGruppe = 128;                // frames
-constexpr std::size_t kGruppenWerte = 2U * kGruppe;  // both ears
-constexpr double kEins = 2147483648.0;               // a gain of 1 as a whole number
-constexpr int kUnsicher = 1;                         // 1/32768 of a step, about the middle
-constexpr double kHoechster = 1 - 1.0 / 32'768;      // gain whose upper half has 15 bits
+constexpr std::int32_t kGruppe = 128;                            // frames
+constexpr std::size_t kGruppenWerte = 2 * std::size_t{kGruppe};  // both ears
+constexpr double kEins = 2147483648.0;                           // a gain of 1 as a whole number
+constexpr int kUnsicher = 1;                     // 1/32768 of a step, about the middle
+constexpr double kHoechster = 1 - 1.0 / 32'768;  // gain whose upper half has 15 bits
 
 // Added to a number, it leaves no room for digits behind the point, and the whole number stands in
 // the lowest bits. No conversion of the processor's is as fast.
