@@ -46,7 +46,7 @@ void frmSpektrum::Anordnen() {
 void frmSpektrum::SetTexte() {
   Caption = LoadResString(0);
   cmdOK.ToolTipText = LoadResString(19400);
-  Beschriften(lblButtCaption(0), cmdOK, LoadResString(19200));
+  Beschriften(lblButtCaption(0), cmdOK, TextErsetzen(LoadResString(19200), L"&", L""));
 }
 
 bool frmSpektrum::Form_KeyDown(int taste, bool strg) {

@@ -174,6 +174,7 @@ void frmWaveEditor::imgSteuerung_MouseDown(int index) {
 void frmWaveEditor::Spulen(bool vor) {
   SpulAktiv = true;
   SpieltVorSpulen = Spielt;
+  if (!Spielt) BereichSetzen();  // from the place that was chosen last
   SpulPos = SourceFile->Wave.PlayStart;
   if (Spielt) {
     const auto gehoert = std::max<std::int64_t>(Out->Position(), 0) / kFrameBytes;

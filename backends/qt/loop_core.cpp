@@ -95,6 +95,7 @@ void QtEventLoop::Core::Present(Form& form, bool modal) {
     window.show();
   }
   told_ = &form;
+  uncovered_.push_back(&form);
   BringFrontUp();
   Handle([&] { form.Form_Activate(); });
 }
@@ -166,6 +167,7 @@ void QtEventLoop::Core::Forget(Form& form) {
   Hide(form);
   agenda.Forget(form);
   if (told_ == &form) told_ = nullptr;
+  std::erase(uncovered_, &form);
   const auto found = windows_.find(&form);
   if (found == windows_.end()) return;
   FormWindow* window = found->second;
@@ -268,6 +270,15 @@ bool QtEventLoop::Core::TellFront() {
   return true;
 }
 
+// What is shown is painted at the next turn, when its window stands.
+bool QtEventLoop::Core::PaintUncovered() {
+  if (uncovered_.empty() || loop_.Ended()) return false;
+  Form* form = uncovered_.front();
+  std::erase(uncovered_, form);
+  if (form->Visible()) Handle([&] { form->Form_Paint(); });
+  return true;
+}
+
 // A person has chosen another window of the program.
 void QtEventLoop::Core::FollowActivation() {
   const QWidget* active = QApplication::activeWindow();
@@ -325,6 +336,7 @@ bool QtEventLoop::Core::Turn() {
   Sync();
   busy = ProcessEvents() || busy;
   busy = TellFront() || busy;
+  busy = PaintUncovered() || busy;
   Bury();
   return busy;
 }

@@ -80,6 +80,7 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   void FollowActivation();
   void FollowApplication(Qt::ApplicationState state);
   void GiveFirstFocus(FormWindow& window);
+  bool PaintUncovered();
   void Bury();
   bool ModalOpen(int token) const;
 
@@ -90,7 +91,8 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   std::vector<Form*> stack_;         // shown windows, the front last
   std::vector<Modal> modals_;
   std::set<const Form*> minimized_;
-  const Form* told_ = nullptr;  // was told last that it is in front
+  std::vector<Form*> uncovered_;  // shown, and not yet told to paint
+  const Form* told_ = nullptr;    // was told last that it is in front
   const Form* menuOwner_ = nullptr;
   QTimer wake_, activation_;
   QElapsedTimer away_;  // another program is in front

@@ -12,7 +12,8 @@ namespace vantora {
 
 namespace {
 
-constexpr Color kGround = Rgb(16, 19, 31), kFloor = Rgb(24, 28, 48), kGrid = Rgb(50, 56, 92);
+constexpr Color kGround = Rgb(16, 19, 31);  // what the picture box is to show itself
+constexpr Color kFloor = Rgb(24, 28, 48), kGrid = Rgb(50, 56, 92);
 constexpr Color kAxis = Rgb(154, 165, 200), kWords = Rgb(235, 238, 245),
                 kUnits = Rgb(185, 192, 216);
 
@@ -194,8 +195,6 @@ void Painter::Words(const Text& words, Place place, Alignment align, Color ink) 
 
 void Painter::Room() {
   const auto& at = [this](double x, double y, double z) { return view_.At(x, y, z); };
-  const Place right{static_cast<double>(width_), 0}, below{0, static_cast<double>(height_)};
-  Area({{0, 0}, right, {right.X, below.Y}, below}, kGround);
   Area({at(0, 0, 0), at(1, 0, 0), at(1, 1, 0), at(0, 1, 0)}, kFloor);
   for (const Tick& tick : view_.LevelTicks()) {
     Line(at(0, 0, tick.At), at(0, 1, tick.At), kGrid);

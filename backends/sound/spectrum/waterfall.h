@@ -10,8 +10,9 @@
 
 namespace vantora {
 
-// Adds the picture to what `picture` shows, in `width` by `height` twips. The range begins at the
-// next multiple of 10 dB over the highest level, at the most at 0 dB. No blocks: nothing.
+// Adds the picture to what `picture` shows, in `width` by `height` twips; it is made for a ground
+// of night, red 16, green 19, blue 31. The range begins at the next multiple of 10 dB over the
+// highest level, at the most at 0 dB. No blocks: nothing.
 void DrawWaterfall(const Spectrum& spectrum, PictureBox& picture, int width, int height,
                    const Text& xText, const Text& yText);
 

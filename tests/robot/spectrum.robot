@@ -1,0 +1,32 @@
+# The spectrum of a track beside its wave, of a part of it, and on the whole screen.
+home home
+screen 1024 768
+setting Show_Start_Assistant 0
+setting Show3DAnalysis 1
+makewave C:\Música\azul.wav 8 330
+start
+press frmHauptForm.imgLiedImport
+choose C:\Música\azul.wav
+key frmNeuerInterpret Return
+select frmHauptForm.lvwKatalog 1
+press frmHauptForm.imgWaveEdit
+expect-window frmWaveEditor
+within 60000 expect frmWaveEditor.tmr3D.Enabled == False
+shot pictures/frmWaveEditor_espectro.png
+doubleclick frmWaveEditor.pic3D
+expect-window frmSpektrum
+expect frmSpektrum.Width == 15360
+expect frmSpektrum.Height == 11520
+expect frmSpektrum.cmdOK.ToolTipText == "Cerrar representación 3D."
+shot pictures/frmSpektrum.png
+press frmSpektrum.cmdOK
+expect-window frmWaveEditor
+# the track is gone: the window opens empty, and the program lives
+delete C:\Música\azul.wav
+doubleclick frmWaveEditor.pic3D
+expect-window frmSpektrum
+key frmSpektrum Escape
+expect-window frmWaveEditor
+press frmWaveEditor.imgZurück
+expect-window frmHauptForm
+close
