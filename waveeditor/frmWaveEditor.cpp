@@ -128,7 +128,6 @@ void frmWaveEditor::BilderBereiten() {
         &imgGaterBypass, &imgDeclickByPass, &imgDenoiserByPass, &imgDecrackleByPass}) {
     knopf->PictureReleased.clear();
   }
-  for (int i = 0; i < imgEffekt.Count(); ++i) imgEffekt(i).PictureReleased.clear();
   shpMarker.Opacity = kMarkerDeckung;
   shpMarker.Visible = false;
   sliderWave.Visible = false;

@@ -328,7 +328,9 @@ void frmWaveEditor::KnopfZeigen(PictureButton& knopf, const CheckBox& kasten, co
 
 void frmWaveEditor::PanelLicht(int index, bool an) {
   EffektAn[static_cast<std::size_t>(index)] = an;
-  imgEffekt(index).Picture = (an ? L"WAVEEFFEKTON_" : L"WAVEEFFEKTUNPRESSED_") + ZahlText(index);
+  PictureButton& knopf = imgEffekt(index);
+  knopf.PictureReleased = (an ? L"WAVEEFFEKTON_" : L"WAVEEFFEKTUNPRESSED_") + ZahlText(index);
+  KnopfBild(knopf);
 }
 
 void frmWaveEditor::imgByPass_MouseUp() {
@@ -391,7 +393,10 @@ void frmWaveEditor::imgEffekt_MouseUp(int index) {
 
 void frmWaveEditor::PanelZeigen(int index) {
   PictureBox* const panels[] = {&picEqualizer, &picVolume, &picHall, &picRestauration, &picFlanger};
-  for (int i = 0; i < kPanels; ++i) panels[i]->Visible = i == index;
+  for (int i = 0; i < kPanels; ++i) {
+    panels[i]->Visible = i == index;
+    lblEffekt(i).FontBold = i == index;
+  }
   AktivesPanel = Ganz16(index);
 }
 

@@ -2,7 +2,7 @@
 home home
 screen @SCREEN@
 clock 2026-11-24 10:00:00
-makewave "C:\Música\Azul oscuro.wav" 214 330
+copy song.wav "C:\Música\Azul oscuro.wav"
 makewave "C:\Música\Bajo la lluvia.wav" 187 220
 makewave "C:\Música\El faro.wav" 243 440
 makewave "C:\Música\Última luz.wav" 168 262
@@ -18,6 +18,7 @@ press frmStartAssistent.chkNichtMehrZeigen
 press frmStartAssistent.imgAbbrechen
 close
 sound on
+setting Show3DAnalysis 1
 start
 press frmHauptForm.imgLiedImport
 choose "C:\Música\Azul oscuro.wav" "C:\Música\Bajo la lluvia.wav" "C:\Música\El faro.wav" "C:\Música\Última luz.wav"
@@ -91,5 +92,38 @@ wait 1500
 select frmCDPlayer.lstTracks 2
 shot frmCDPlayer_@SIZE@.png
 key frmCDPlayer Escape
+# the editor: a selection, its spectrum and the panels of the effects; the last one zoomed, as it plays
+select frmHauptForm.lvwKatalog 1
+press frmHauptForm.imgWaveEdit
+expect-window frmWaveEditor
+drag frmWaveEditor.picWaveBack 290 560
+press frmWaveEditor.imgByPass
+drag frmWaveEditor.MMSliderX1(0) 500 280
+drag frmWaveEditor.MMSliderX1(1) 500 360
+drag frmWaveEditor.MMSliderX1(4) 500 620
+drag frmWaveEditor.MMSliderX1(8) 500 300
+within 60000 expect frmWaveEditor.tmr3D.Enabled == False
+wait 2000
+shot frmWaveEditor_@SIZE@.png
+press frmWaveEditor.imgEffekt(1)
+press frmWaveEditor.imgVolumeByPass
+shot frmWaveEditor_volumen_@SIZE@.png
+press frmWaveEditor.imgEffekt(2)
+press frmWaveEditor.imgHallByPass
+shot frmWaveEditor_hall_@SIZE@.png
+press frmWaveEditor.imgEffekt(3)
+press frmWaveEditor.imgDecrackleByPass
+shot frmWaveEditor_restauracion_@SIZE@.png
+press frmWaveEditor.imgEffekt(4)
+press frmWaveEditor.imgFlangerPresets
+select frmWaveEditor.lstPresets 2
+press frmWaveEditor.imgZoom(0)
+press frmWaveEditor.imgZoom(0)
+press frmWaveEditor.imgSteuerung(0)
+wait 4000
+shot frmWaveEditor_flanger_@SIZE@.png
+press frmWaveEditor.imgSteuerung(1)
+press frmWaveEditor.imgZurück
+expect-window frmHauptForm
 wait 2000
 close
