@@ -96,8 +96,8 @@ TEST_F(WaveEditor, ZoomingKeepsTheSelectionAndScrollsToIt) {
     EXPECT_EQ(Breite(), breite * faktor);
     EXPECT_EQ(E().MarkerAnfang, anfang);
     EXPECT_EQ(E().MarkerEnde, ende);
-    EXPECT_NEAR(E().shpMarker.Left, breite * faktor / 2, 2);
-    EXPECT_NEAR(E().shpMarker.Width, breite * faktor / 4, 2);
+    EXPECT_NEAR(E().shpMarker.Left, breite * faktor / 2.0, 2);
+    EXPECT_NEAR(E().shpMarker.Width, breite * faktor / 4.0, 2);
     EXPECT_EQ(E().sliderWave.Max, (faktor - 1) * breite);
     EXPECT_EQ(E().picWaveBack.Left, -E().sliderWave.Value());
     EXPECT_NEAR(E().sliderWave.Value, std::min(breite * faktor / 2, E().sliderWave.Max()), 2);
