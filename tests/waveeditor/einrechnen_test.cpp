@@ -13,7 +13,7 @@ using test::FullDisk;
 
 constexpr int kHalb = 8192;
 constexpr std::size_t kKopf = 44;  // bytes before the sound
-constexpr std::int64_t kDreiSekunden = 3 * 44100;
+constexpr std::int64_t kDreiSekunden = std::int64_t{3} * 44100;
 constexpr const wchar_t* kTemp = L"C:\\WINDOWS\\TEMP\\";
 
 class Einrechnen : public ::testing::Test, protected EditorBuehne {
