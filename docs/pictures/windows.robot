@@ -105,6 +105,10 @@ drag frmWaveEditor.MMSliderX1(8) 500 300
 within 60000 expect frmWaveEditor.tmr3D.Enabled == False
 wait 2000
 shot frmWaveEditor_@SIZE@.png
+doubleclick frmWaveEditor.pic3D
+within 60000 expect frmSpektrum.picSpektrum.Drawn > 100
+shot frmSpektrum_@SIZE@.png
+key frmSpektrum Escape
 press frmWaveEditor.imgEffekt(1)
 press frmWaveEditor.imgVolumeByPass
 shot frmWaveEditor_volumen_@SIZE@.png

@@ -329,7 +329,7 @@ void Painter::Scales(const Text& xText, const Text& yText) {
   const double start = std::clamp(width_ - names, em / 4, view_.At(0, 0, 0).X);
   const double bottom = height_ - 1.3 * line;
   Words(xText, {start, bottom}, Alignment::Left, kWords);
-  Words(yText, {width_ - em / 4, bottom}, Alignment::Right, kWords);
+  Words(yText, {width_ - em / 2, bottom}, Alignment::Right, kWords);
 }
 
 }  // namespace

@@ -21,7 +21,8 @@ constexpr int kSmallestFont = 7, kLargestFont = 12;
 
 int FontFor(int width, int height) {
   const double size = std::min(width / 1.4, static_cast<double>(height));
-  const int points = kSmallestFont + static_cast<int>((size - kSmallestPicture) / kTwipsPerPoint);
+  const int points =
+      kSmallestFont + static_cast<int>(std::lround((size - kSmallestPicture) / kTwipsPerPoint));
   return std::clamp(points, kSmallestFont, kLargestFont);
 }
 
