@@ -5,6 +5,7 @@
 
 #include "platform/text.h"
 
+#include <bit>
 #include <cstdint>
 
 namespace vantora {
@@ -18,6 +19,15 @@ double Runden(double wert);
 std::int16_t Ganz16(double wert);
 std::int32_t Ganz32(double wert);
 std::int64_t Ganz64(double wert);
+
+// The same unchecked, for loops over sound: below 2 to the 51st. Added to a number, the constant
+// leaves no room for digits behind the point, and the whole number stands in the lowest bits; no
+// conversion of the processor's is as fast.
+inline std::int64_t GanzSchnell(double wert) {
+  constexpr double kOhneStellen = 6755399441055744.0;
+  return std::bit_cast<std::int64_t>(wert + kOhneStellen) -
+         std::bit_cast<std::int64_t>(kOhneStellen);
+}
 
 // The part before the decimal point.
 std::int64_t Abgeschnitten(double wert);

@@ -346,6 +346,7 @@ struct DrawItem {
   Alignment Align = Alignment::Left;
 };
 
+// Takes the focus when something hangs on its KeyDown.
 class PictureBox : public Control {
  public:
   using Control::Control;
@@ -360,6 +361,7 @@ class PictureBox : public Control {
   // Where the mouse is, in twips from the upper left corner; true while a mouse handler runs. It
   // goes beyond the edges while a button is held.
   int MouseX = 0, MouseY = 0;
+  bool ShiftHeld = false, ControlHeld = false;  // true while KeyDown runs
 
  private:
   std::vector<DrawItem> drawing_;

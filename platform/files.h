@@ -6,6 +6,7 @@
 
 #include "platform/text.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -23,9 +24,24 @@ class Datei {
   virtual void Read(void* target, std::size_t count) = 0;             // all of it, or error 62
   virtual std::size_t ReadSome(void* target, std::size_t count) = 0;  // fewer only at the end
   virtual void Write(const void* source, std::size_t count) = 0;
+  // From here to where the target stands; both move on. Returns the bytes, fewer only at the end.
+  virtual std::size_t CopyTo(Datei& target, std::size_t count);
   virtual void Truncate(std::int64_t length) = 0;
   virtual void Flush() = 0;  // to the disk, so that it survives a power cut
 };
+
+inline std::size_t Datei::CopyTo(Datei& target, std::size_t count) {
+  // Small enough to stay in the processor's own memory between reading and writing.
+  std::vector<char> block(std::min(count, std::size_t{1} << 18U));
+  std::size_t done = 0;
+  while (done < count) {
+    const std::size_t some = ReadSome(block.data(), std::min(block.size(), count - done));
+    if (some == 0) break;
+    target.Write(block.data(), some);
+    done += some;
+  }
+  return done;
+}
 
 enum class Zugriff {
   Lesen,      // must exist

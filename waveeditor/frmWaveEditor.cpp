@@ -88,6 +88,7 @@ void frmWaveEditor::TransportEinrichten() {
   picWaveBack.MouseMove = maus([this](int taste, int x) { picWave_MouseMove(taste, x); });
   picWaveBack.MouseUp = maus([this](int, int) { picWave_MouseUp(); });
   picWaveBack.DblClick = [this] { picWave_DblClick(); };
+  picWaveBack.KeyDown = [this](int taste) { picWave_KeyDown(taste); };
   sliderWave.Change = [this] { sliderWave_OnChange(); };
   for (int i = 0; i < imgSteuerung.Count(); ++i) {
     imgSteuerung(i).MouseDown = [this, i](int taste) {
@@ -110,6 +111,9 @@ void frmWaveEditor::TransportEinrichten() {
   Knopf(imgZurück, [this] { imgZurück_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   pic3D.DblClick = [this] { pic3D_DblClick(); };
+  pic3D.KeyDown = [this](int taste) {
+    if (taste == kKeyReturn || taste == kKeySpace) pic3D_DblClick();
+  };
   const auto uhr = [](Timer& timer, int ms, std::function<void()> handler) {
     timer.Enabled = false;
     timer.Interval = ms;

@@ -43,6 +43,7 @@ class frmWaveEditor final : public VtrFenster {
   void picWave_MouseDown(int x);  // twips on the surface
   void picWave_MouseMove(int taste, int x);
   void picWave_MouseUp();
+  void picWave_KeyDown(int taste);
   void picWave_DblClick() { cmdAllesAuswaehlen_Click(); }
   void cmdAllesAuswaehlen_Click();
   void cmdAuswahlAufheben_Click();
@@ -142,6 +143,7 @@ class frmWaveEditor final : public VtrFenster {
   bool NurCursor = false;                         // the marker is a cursor and no range
   std::int32_t CursorPos = 0;                     // while NurCursor
   float MarkerStartX = 0;                         // where the drag began, twips
+  int ZugX = 0;                                   // where it is now
   float ZoomFaktor = 1;                           // 1, 2, 4, 8, 16
   struct Punkt {
     std::int16_t Links = 0, Rechts = 0;  // twips from the top of the picture
@@ -365,6 +367,8 @@ class frmWaveEditor final : public VtrFenster {
 
   // picture
   void MarkerSetzen(int links, int breite);
+  void ZugBis(int x);  // the marker to there, or a cursor there
+  void BefehlsTaste(int taste);
   void PositionSetzen(double x);
   void MarkerZeigen();  // from the selection, after a change of the picture's width
   void ZeitLineal(int breite);

@@ -71,15 +71,15 @@ void frmWaveEditor::ScanWave(const PictureBox& bild) {
   std::int64_t basis = 0;
   const double schritt = Quotient(Runden(Laenge() / 16.0), breite);
   for (std::int32_t i = 0; i <= punkte; ++i) {
-    const std::int64_t p = Ganz64(i * schritt);
+    const std::int64_t p = GanzSchnell(i * schritt);
     if (p - basis >= kBlockFrames) {
       basis = p;
       BlockLesen(basis);
     }
     const Frame& frame = BlockPuffer[static_cast<std::size_t>(p - basis)];
     Punkt& punkt = WellenPunkte[static_cast<std::size_t>(i)];
-    punkt.Links = Ganz16(frame.Links * faktor + viertel);
-    punkt.Rechts = Ganz16(frame.Rechts * faktor + 3 * viertel);
+    punkt.Links = static_cast<std::int16_t>(GanzSchnell(frame.Links * faktor + viertel));
+    punkt.Rechts = static_cast<std::int16_t>(GanzSchnell(frame.Rechts * faktor + 3 * viertel));
     if (ScanAbbruch) {
       quelle.Close();
       Out->Stop();
@@ -243,80 +243,6 @@ void frmWaveEditor::MarkerZeigen() {
 void frmWaveEditor::sliderWave_OnChange() {
   picWaveBack.Left = -sliderWave.Value();
   picZeitFront.Left = -sliderWave.Value();
-}
-
-// ---- selection ----
-
-// The marker is at least a pixel wide, and a cursor when it is no wider.
-void frmWaveEditor::MarkerSetzen(int links, int breite) {
-  shpMarker.Left = links;
-  shpMarker.Width = std::max(breite, PixelTwips().X);
-}
-
-void frmWaveEditor::PositionSetzen(double x) {
-  linPosition.Left = Ganz32(x);
-}
-
-void frmWaveEditor::picWave_MouseDown(int x) {
-  const int links = std::clamp(x, 0, picWaveBack.Width());
-  MarkerSetzen(links, 0);
-  shpMarker.Visible = true;
-  MarkerStartX = static_cast<float>(links);
-  marker_update();
-}
-
-void frmWaveEditor::picWave_MouseMove(int taste, int x) {
-  if (taste != kLeftButton) return;
-  const int stelle = std::clamp(x, 0, picWaveBack.Width());
-  const int anfang = Ganz32(MarkerStartX);
-  if (stelle > anfang) MarkerSetzen(anfang, stelle - anfang);
-  if (stelle < anfang) MarkerSetzen(stelle, anfang - stelle);
-  marker_update();
-}
-
-void frmWaveEditor::picWave_MouseUp() {
-  SpektrumNeuStarten();
-}
-
-void frmWaveEditor::SpektrumNeuStarten() {
-  tmr3D.Restart();
-}
-
-void frmWaveEditor::cmdAllesAuswaehlen_Click() {
-  if (Spielt || ZoomFaktor != 1) return;
-  MarkerSetzen(0, picWaveBack.Width);
-  shpMarker.Visible = true;
-  marker_update();
-  picWave_MouseUp();
-}
-
-void frmWaveEditor::cmdAuswahlAufheben_Click() {
-  shpMarker.Visible = false;
-  MarkerSetzen(0, 0);
-  marker_update();
-}
-
-void frmWaveEditor::marker_reset() {
-  MarkerSetzen(0, 0);
-  marker_update();
-}
-
-void frmWaveEditor::marker_update() {
-  const auto r = static_cast<float>(Quotient(Laenge(), picWaveBack.Width));
-  // In a long file the single precision of the ratio could reach a few frames behind its end.
-  const auto frames = [&](int x) { return std::min(Ganz32(static_cast<double>(x) * r), Laenge()); };
-  NurCursor = shpMarker.Width == PixelTwips().X;
-  if (NurCursor) {
-    CursorPos = frames(shpMarker.Left);
-    MarkerAnfang = MarkerEnde = 0;
-    PositionSetzen(shpMarker.Left);
-  } else {
-    MarkerAnfang = frames(shpMarker.Left);
-    MarkerEnde = frames(shpMarker.Left + shpMarker.Width);
-  }
-  lblMarkerAnfang.Caption = SmpToTime(NurCursor ? CursorPos : MarkerAnfang);
-  lblMarkerEnde.Caption = SmpToTime(NurCursor ? CursorPos : MarkerEnde);
-  lblMarkerDelta.Caption = SmpToTime(NurCursor ? 0 : MarkerEnde - MarkerAnfang);
 }
 
 }  // namespace vantora

@@ -8,6 +8,7 @@
 #include "waveeditor/frmWaveEditor.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace vantora {
 
@@ -16,8 +17,10 @@ namespace {
 constexpr std::int64_t kMB = 0x100000;
 constexpr std::size_t kWurzel = 3;  // "C:\"
 constexpr int kVollePegel = 100;    // percent
-// A block is faded in strips, which stay in the processor's own memory between reading and writing.
+// A block is faded in strips, which stay in the processor's own memory between reading and writing,
+// and begin where a line of that memory does.
 constexpr std::int32_t kStreifenFrames = 0x10000;
+constexpr std::size_t kSpeicherZeile = 64;  // bytes
 
 enum UndoSchritt : std::int16_t { kUndoCut = 1, kUndoBlock = 2, kUndoPaste = 3 };
 
@@ -104,15 +107,8 @@ MMWaveObject& frmWaveEditor::WorkOeffnen() {
 
 void frmWaveEditor::Wave2Uebertragen() {
   MMWaveObject& von = Wave2->Wave;
-  MMWaveObject& nach = Wave1->Wave;
-  const std::int32_t bytes = von.DataSize();
-  InBloecken(bytes / InBytes(1), [&](std::int32_t frames) {
-    const auto block = static_cast<std::size_t>(InBytes(frames));
-    nach.WriteData(BlockPuffer.data(), von.ReadData(BlockPuffer.data(), block));
-    if (frames == kBlockFrames) {
-      nach.SetPosition(Ganz32(static_cast<double>(nach.Position()) + kBlockBytes));
-    }
-  });
+  const std::int32_t frames = von.DataSize() / InBytes(1);
+  Wave1->Wave.WriteFrom(von, static_cast<std::size_t>(InBytes(frames)));
 }
 
 // ---- undo store and clipboard ----
@@ -280,14 +276,17 @@ void frmWaveEditor::Blenden(const Rampe& rampe) {
 
 void frmWaveEditor::BlockBlenden(const Rampe& rampe, std::int32_t frames, std::int32_t erster) {
   MMWaveObject& wave = Wave1->Wave;
-  Frame* const streifen = BlockPuffer.data();
+  void* anfang = BlockPuffer.data();
+  std::size_t platz = kBlockBytes;
+  auto* const streifen = static_cast<Frame*>(
+      std::align(kSpeicherZeile, sizeof(Frame) * kStreifenFrames, anfang, platz));
   for (std::int32_t j = 0; j < frames; j += kStreifenFrames) {
     const std::int32_t anzahl = std::min(kStreifenFrames, frames - j);
-    const std::int32_t anfang = wave.Position();
+    const std::int32_t stelle = wave.Position();
     const std::size_t bytes = wave.ReadData(streifen, static_cast<std::size_t>(InBytes(anzahl)));
     rampe.Anwenden(streifen, static_cast<std::size_t>(anzahl), erster + j);
     const std::int32_t ende = wave.Position();
-    wave.SetPosition(anfang);
+    wave.SetPosition(stelle);
     wave.WriteData(streifen, bytes);
     wave.SetPosition(ende);
   }

@@ -96,6 +96,10 @@ void HeadlessHands::Send(Form& form, const Stroke& stroke) {
   const auto through = [&](const std::function<void(int)>& handler) {
     return handler ? [handler, code = stroke.Code] { handler(code); } : std::function<void()>();
   };
+  if (auto* box = dynamic_cast<PictureBox*>(control)) {
+    box->ShiftHeld = stroke.Shift;
+    box->ControlHeld = stroke.Control;
+  }
   if (stroke.Code != 0) Call(*control, through(control->KeyDown));
   if (!Still(*control)) return;
   bool wanted = true;

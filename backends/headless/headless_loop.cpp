@@ -150,6 +150,8 @@ bool HeadlessLoop::TakesFocus(const Control& control) {
       return static_cast<const Label&>(control).TabStop;
     case ControlKind::PictureButton:  // a plain picture has no handler
       return control.MouseUp || control.MouseDown || control.Click;
+    case ControlKind::PictureBox:
+      return static_cast<bool>(control.KeyDown);
     default:
       return false;
   }

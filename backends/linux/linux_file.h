@@ -1,6 +1,10 @@
 // An open regular file. Small reads come out of a buffer, of 512 bytes for the first and of 4 KiB
 // for all others, so that walking a header costs one call; writes go straight to the system. What
 // another handle writes may show up to a buffer late.
+//
+// From one such file into another nothing goes through a buffer: the pages that the system keeps of
+// the one are written to the other. Only the system touches them, so a file that shrinks meanwhile
+// is an error and no crash.
 #pragma once
 
 #include "backends/linux/descriptor.h"
@@ -23,11 +27,13 @@ class LinuxFile final : public Datei {
   void Read(void* target, std::size_t count) override;
   std::size_t ReadSome(void* target, std::size_t count) override;
   void Write(const void* source, std::size_t count) override;
+  std::size_t CopyTo(Datei& target, std::size_t count) override;
   void Truncate(std::int64_t length) override;  // a longer file is filled with zeros
   void Flush() override;
 
  private:
   std::size_t ReadAt(void* target, std::size_t count, std::int64_t position) const;
+  bool CopyMapped(LinuxFile& target, std::size_t count);  // false: the system cannot
 
   Descriptor descriptor_;
   std::string path_;             // for what is told of a failure

@@ -3,6 +3,7 @@
 #include "backends/qt/look.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QFontMetricsF>
 #include <QPaintEvent>
 #include <QPainter>
@@ -89,6 +90,24 @@ void DrawingWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
+// ---- focus ----
+
+void DrawingWidget::focusInEvent(QFocusEvent* event) {
+  ringed_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  update();
+}
+
+void DrawingWidget::focusOutEvent(QFocusEvent* /*event*/) {
+  ringed_ = false;
+  update();
+}
+
+// The ring is around what is seen of the picture, so it does not move with it.
+void DrawingWidget::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  if (ringed_) update();
+}
+
 // ---- marks ----
 
 std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawItem>& items) {
@@ -149,6 +168,7 @@ void DrawingWidget::paintEvent(QPaintEvent* event) {
   for (const Mark& mark : marks_) {
     if (event->region().intersects(mark.Reach)) Draw(painter, mark);
   }
+  if (ringed_) look::DrawFocusRing(painter, visibleRegion().boundingRect());
 }
 
 void DrawingWidget::Draw(QPainter& painter, const Mark& mark) {

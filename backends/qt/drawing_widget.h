@@ -23,6 +23,9 @@ class DrawingWidget final : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
 
  private:
   // An item, or a piece of a long polyline, in pixels.
@@ -47,6 +50,7 @@ class DrawingWidget final : public QWidget {
   Text picture_;
   QColor ground_ = Qt::transparent;
   int revision_ = 0;
+  bool ringed_ = false;  // has the focus, and got it by the keyboard
   std::vector<Mark> marks_;
 };
 

@@ -7,6 +7,7 @@
 #include "backends/qt/look.h"
 #include "backends/qt/picture_widgets.h"
 
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -291,6 +292,11 @@ class DrawingFace final : public Face {
       if (const auto move = told.MouseMove) move(button);
     });
   }
+  void KeyComes(const QKeyEvent& event) override {
+    auto* box = As<PictureBox>();
+    box->ShiftHeld = event.modifiers().testFlag(Qt::ShiftModifier);
+    box->ControlHeld = event.modifiers().testFlag(Qt::ControlModifier);
+  }
 
  private:
   void Point(const QMouseEvent& event) {
@@ -308,6 +314,7 @@ class DrawingFace final : public Face {
     const auto& box = static_cast<const PictureBox&>(control);
     LetMouseThrough(*drawing_, !HasMouseHandler(control) && !window().Holds(control));
     drawing_->setMouseTracking(static_cast<bool>(control.MouseMove));
+    drawing_->setFocusPolicy(control.KeyDown ? Qt::StrongFocus : Qt::NoFocus);
     drawing_->Set(box);
   }
 

@@ -41,6 +41,7 @@ class Face {
   virtual void MouseRelease(QMouseEvent& event);
   virtual void MouseDouble(QMouseEvent& event);
   virtual void MouseMove(QMouseEvent& event) { Pass(event); }
+  virtual void KeyComes(const QKeyEvent& /*event*/) {}  // before KeyDown is told
   virtual void KeyPress(QKeyEvent& event) { PassKey(event); }
   virtual void KeyRelease(QKeyEvent& event) { PassKey(event); }
   virtual void FocusChanged(bool /*in*/) {}

@@ -408,6 +408,7 @@ void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
   if (used || Refused() || !form_->Visible()) return;
   if (face == nullptr || face->control() == nullptr) return;
   if (code != 0) {
+    face->KeyComes(event);
     Handle([&] {
       if (const auto down = face->control()->KeyDown) down(code);
     });

@@ -75,26 +75,51 @@ void WaveFile::SetPosition(std::int64_t bytes) {
 }
 
 std::size_t WaveFile::Read(void* target, std::size_t bytes) {
-  Datei& file = File();
-  const std::int64_t left = std::max<std::int64_t>(layout_.DataBytes - position_, 0);
-  const std::size_t wanted = std::min(bytes, static_cast<std::size_t>(left));
-  if (wanted == 0) return 0;
-  file.Seek(layout_.DataOffset + position_);
-  const std::size_t got = file.ReadSome(target, wanted);
+  const std::size_t wanted = Seek(bytes);
+  const std::size_t got = wanted == 0 ? 0 : file_->ReadSome(target, wanted);
   position_ += static_cast<std::int64_t>(got);
   return got;
 }
 
+std::size_t WaveFile::CopyTo(Datei& target, std::size_t bytes) {
+  const std::size_t wanted = Seek(bytes);
+  const std::size_t got = wanted == 0 ? 0 : file_->CopyTo(target, wanted);
+  position_ += static_cast<std::int64_t>(got);
+  return got;
+}
+
+std::size_t WaveFile::Seek(std::size_t bytes) {
+  Datei& file = File();
+  const std::int64_t left = std::max<std::int64_t>(layout_.DataBytes - position_, 0);
+  const std::size_t there = std::min(bytes, static_cast<std::size_t>(left));
+  if (there > 0) file.Seek(layout_.DataOffset + position_);
+  return there;
+}
+
 void WaveFile::Write(const void* source, std::size_t bytes) {
   if (bytes == 0) return;
-  MakeWritable();
   const std::int64_t end = position_ + static_cast<std::int64_t>(bytes);
-  MakeRoom(end);
-  if (position_ > layout_.DataBytes) FillWithSilence(position_);
-  file_->Seek(layout_.DataOffset + position_);
+  BeginWriting(end);
   file_->Write(source, bytes);
   position_ = end;
   layout_.DataBytes = std::max(layout_.DataBytes, end);
+}
+
+std::size_t WaveFile::WriteFrom(WaveFile& source, std::size_t bytes) {
+  const std::size_t wanted = source.Seek(bytes);
+  if (wanted == 0) return 0;
+  BeginWriting(position_ + static_cast<std::int64_t>(wanted));
+  const std::size_t got = source.CopyTo(*file_, wanted);
+  position_ += static_cast<std::int64_t>(got);
+  layout_.DataBytes = std::max(layout_.DataBytes, position_);
+  return got;
+}
+
+void WaveFile::BeginWriting(std::int64_t end) {
+  MakeWritable();
+  MakeRoom(end);
+  if (position_ > layout_.DataBytes) FillWithSilence(position_);
+  file_->Seek(layout_.DataOffset + position_);
 }
 
 void WaveFile::SetLength(std::int64_t frames) {

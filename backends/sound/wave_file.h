@@ -31,11 +31,15 @@ class WaveFile final : public MMWave {
   void SetPosition(std::int64_t bytes) override;  // beyond the end: a write fills up with silence
   std::size_t Read(void* target, std::size_t bytes) override;
   void Write(const void* source, std::size_t bytes) override;
+  std::size_t WriteFrom(WaveFile& source, std::size_t bytes);  // fewer only at the source's end
+  std::size_t CopyTo(Datei& target, std::size_t bytes);        // from the position; as above
   void SetLength(std::int64_t frames) override;
   void Save() override;
 
  private:
-  Datei& File();  // error 52 when nothing is open
+  Datei& File();                        // error 52 when nothing is open
+  std::size_t Seek(std::size_t bytes);  // in the file, for reading; how many of them are there
+  void BeginWriting(std::int64_t end);  // at the position, with room up to there
   void MakeWritable();
   void MakeRoom(std::int64_t dataBytes);
   void MoveSmallTailUp(std::int64_t shift);

@@ -14,8 +14,6 @@ namespace {
 
 constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kMostAhead = 1 << 20;
-// Small enough to stay in the processor's own memory between reading and writing.
-constexpr std::int64_t kBlock = 1 << 17;
 constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 
 [[noreturn]] void RaiseOverflow() {
@@ -114,6 +112,27 @@ std::size_t WaveObject::ReadData(void* buffer, std::size_t bytes) {
 std::size_t WaveObject::WriteData(const void* buffer, std::size_t bytes) {
   if (state_ == State::Closed) RaiseClosed();
   if (bytes == 0) return 0;
+  BeginWriting(bytes);
+  wave_.Write(buffer, bytes);
+  cursor_ += static_cast<std::int64_t>(bytes);
+  return bytes;
+}
+
+std::size_t WaveObject::WriteFrom(MMWaveObject& source, std::size_t bytes) {
+  if (state_ == State::Closed) RaiseClosed();
+  auto& from = dynamic_cast<WaveObject&>(source);
+  if (bytes == 0 || from.state_ != State::Open) return 0;
+  BeginWriting(bytes);
+  from.wave_.SetPosition(from.cursor_);
+  const std::size_t done = wave_.WriteFrom(from.wave_, bytes);
+  const auto step = static_cast<std::int64_t>(done);
+  from.cursor_ += step;
+  from.position_ += step;
+  cursor_ += step;
+  return done;
+}
+
+void WaveObject::BeginWriting(std::size_t bytes) {
   const std::int64_t end = cursor_ + static_cast<std::int64_t>(bytes);
   if (TimeFormat == vantora::TimeFormat::tfByte && end > kMostBytes) RaiseOverflow();
   if (state_ == State::Missing) {
@@ -124,9 +143,6 @@ std::size_t WaveObject::WriteData(const void* buffer, std::size_t bytes) {
   }
   aheadBytes_ = 0;
   wave_.SetPosition(cursor_);
-  wave_.Write(buffer, bytes);
-  cursor_ = end;
-  return bytes;
 }
 
 // A file that cannot be written to its end would pass for the whole range, so it goes.
@@ -150,16 +166,11 @@ void WaveObject::SaveRange(const Text& file) {
 
 void WaveObject::CopyRange(Datei& copy, std::int64_t from, std::int64_t to) {
   WriteWaveHeader(copy, to - from);
-  std::vector<char> block(static_cast<std::size_t>(std::min(kBlock, to - from)));
-  for (std::int64_t place = from; place < to;) {
-    // Up to a multiple of the block in the copy, whose pages are then never touched twice.
-    const std::int64_t room = kBlock - copy.Position() % kBlock;
-    const auto wanted = static_cast<std::size_t>(std::min(room, to - place));
-    const std::size_t some = ReadAt(place, block.data(), wanted);
+  const auto bytes = static_cast<std::size_t>(to - from);
+  if (bytes > 0) wave_.SetPosition(from);
+  if (bytes > 0 && wave_.CopyTo(copy, bytes) < bytes) {
     // Somebody else has shortened the file since it was opened.
-    if (some == 0) throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
-    copy.Write(block.data(), some);
-    place += static_cast<std::int64_t>(some);
+    throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
   }
   if ((to - from) % 2 != 0) copy.Write("", 1);
 }

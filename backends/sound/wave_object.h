@@ -27,6 +27,7 @@ class WaveObject final : public MMWaveObject {
   void SetPosition(std::int32_t position) override;                // error 5 for a negative one
   std::size_t ReadData(void* buffer, std::size_t bytes) override;  // none when closed
   std::size_t WriteData(const void* buffer, std::size_t bytes) override;
+  std::size_t WriteFrom(MMWaveObject& source, std::size_t bytes) override;
   void SaveRange(const Text& file) override;
   void SetBufferBytes(std::int32_t bytes) override;
 
@@ -42,6 +43,7 @@ class WaveObject final : public MMWaveObject {
   std::int64_t DataBytes() const { return state_ == State::Open ? wave_.DataBytes() : 0; }
   bool IsMissing();
   std::size_t ReadAt(std::int64_t place, char* target, std::size_t bytes);
+  void BeginWriting(std::size_t bytes);
   void CopyRange(Datei& copy, std::int64_t from, std::int64_t to);
 
   Dateien& dateien_;
