@@ -41,6 +41,15 @@ press frmWaveEditor.imgSteuerung(6)
 press frmWaveEditor.imgNormalize
 expect-file C:\m\azul.wav size 1411244
 expect frmWaveEditor.picWaveBack.Drawn > 30
+# the same without a mouse
+press frmWaveEditor.picWaveBack
+key frmWaveEditor Home
+key frmWaveEditor Shift+End
+expect frmWaveEditor.lblMarkerDelta.Caption == "0:08:0"
+key frmWaveEditor Ctrl+X
+expect-file C:\m\azul.wav size 44
+key frmWaveEditor Ctrl+Z
+expect-file C:\m\azul.wav size 1411244
 # copy to the end
 press frmWaveEditor.cmdAllesAuswaehlen
 press frmWaveEditor.imgCopy

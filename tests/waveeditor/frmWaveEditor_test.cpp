@@ -83,6 +83,42 @@ TEST_F(WaveEditor, AClickIsACursorAndADragARangeInEitherDirection) {
   EXPECT_EQ(E().MarkerEnde, 10 * kSekunde);
 }
 
+TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
+  Oeffne(441'000);
+  b.platform.hands.Press(E().picWaveBack);
+  const int breite = E().picWaveBack.Width, start = breite / 2 / 15 * 15;
+  const auto taste = [&](const wchar_t* name, int mal = 1) {
+    while (mal-- > 0) b.platform.hands.Key(E(), name);
+  };
+  const struct {
+    const wchar_t* Taste;
+    int Mal, Links, Breite;
+  } kSchritte[] = {{L"Right", 3, start + 45, 15},
+                   {L"Shift+Right", 1, start + 45, 15},
+                   {L"Shift+Right", 4, start + 45, 75},
+                   {L"Shift+Left", 5, start + 45, 15},
+                   {L"Shift+Left", 4, start - 15, 60},
+                   {L"Shift+Home", 1, 0, start + 45},
+                   {L"Left", 1, 0, 15},
+                   {L"Shift+End", 1, 0, breite},
+                   {L"PageUp", 1, breite - breite / 10, 15}};
+  for (const auto& schritt : kSchritte) {
+    taste(schritt.Taste, schritt.Mal);
+    EXPECT_EQ(E().shpMarker.Left, schritt.Links) << schritt.Taste;
+    EXPECT_EQ(E().shpMarker.Width, schritt.Breite) << schritt.Taste;
+    EXPECT_EQ(E().NurCursor, schritt.Breite == 15) << schritt.Taste;
+  }
+  Druecke(E().imgZoom(0));
+  taste(L"End");
+  EXPECT_EQ(E().sliderWave.Value, E().sliderWave.Max);
+  taste(L"Home");
+  EXPECT_EQ(E().sliderWave.Value, 0);
+  taste(L"Space");
+  EXPECT_TRUE(E().Spielt);
+  taste(L"Space");
+  EXPECT_FALSE(E().Spielt);
+}
+
 TEST_F(WaveEditor, ZoomingKeepsTheSelectionAndScrollsToIt) {
   Oeffne(10 * kSekunde);
   const int breite = Breite();

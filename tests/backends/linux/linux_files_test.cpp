@@ -2,6 +2,7 @@
 
 #include "backends/linux/utf8.h"
 #include "tests/backends/linux/home.h"
+#include "tests/backends/running_out.h"
 
 #include <algorithm>
 #include <cstring>
@@ -134,6 +135,35 @@ TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
     }
     ASSERT_EQ(file->Position(), static_cast<std::int64_t>(place));
     ASSERT_EQ(file->Length(), static_cast<std::int64_t>(model.size()));
+  }
+}
+
+// Between two such files nothing goes through a buffer; to any other it does.
+TEST(LinuxFiles, FromOneFileIntoAnotherGoesWhatIsThereAndBothMoveOn) {
+  Home home;
+  std::mt19937 random(12);
+  std::string model[2];
+  const auto source = home.Files.Open(L"C:\\a.dat", Zugriff::Binaer);
+  RunningOut other(home.Files);
+  const std::unique_ptr<Datei> targets[] = {home.Files.Open(L"C:\\b.dat", Zugriff::Binaer),
+                                            other.Open(L"C:\\c.dat", Zugriff::Binaer)};
+  std::string bytes(3'000'001, '\0');
+  for (char& byte : bytes) byte = static_cast<char>(random());
+  source->Write(bytes.data(), bytes.size());
+  for (int step = 0; step < 60; ++step) {
+    const std::size_t which = step % 2;
+    const std::size_t from = random() % (bytes.size() + 1), to = random() % 2'000'000;
+    const std::size_t count = step < 6 ? step : random() % 3'000'000;
+    const std::size_t copied = std::min(count, bytes.size() - from);
+    source->Seek(static_cast<std::int64_t>(from));
+    targets[which]->Seek(static_cast<std::int64_t>(to));
+    ASSERT_EQ(source->CopyTo(*targets[which], count), copied);
+    ASSERT_EQ(source->Position(), static_cast<std::int64_t>(from + copied));
+    ASSERT_EQ(targets[which]->Position(), static_cast<std::int64_t>(to + copied));
+    if (copied == 0) continue;
+    model[which].resize(std::max(model[which].size(), to + copied), '\0');
+    model[which].replace(to, copied, bytes, from, copied);
+    ASSERT_TRUE(Get(home / (which == 0 ? "b.dat" : "c.dat")) == model[which]);
   }
 }
 
