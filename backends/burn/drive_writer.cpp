@@ -198,6 +198,8 @@ int DriveWriter::WriteDAO() {
   if (result != 0) return result;
   if (burn_->WaitWhileStarting(kForPlan) != DiscBurn::State::Refused) return 0;
   Drop();
+  // Known at once: the next look may come while this drive is still being brought to rest.
+  burners_[static_cast<std::size_t>(current_)].Can.DiscAtOnce = false;
   return kMethodRefused;
 }
 
