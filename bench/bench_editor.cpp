@@ -3,6 +3,7 @@
 
 #include "backends/qt/qt_app.h"
 #include "bench/stage.h"
+#include "main/desktop_platform.h"
 #include "main/window_platform.h"
 #include "waveeditor/frmWaveEditor.h"
 
@@ -107,6 +108,41 @@ int Repaint(const fs::path& home) {
   });
 }
 
+// From a step of a slider until the first sound that knows of it leaves the sound card; in real
+// time and on the machine's sound card, or what the test gave it for one. The home is the user's.
+int ToTheEar(const fs::path& home) {
+  struct Desktop : DesktopPlatform {
+    explicit Desktop(const fs::path& /*home*/) : DesktopPlatform(ResourceFolder()) {}
+  };
+  Stage<Desktop> stage(home);
+  stage.Play([&](Form*) {
+    stage.prog.WaveEditorDatei = kFile;
+    frmWaveEditor& editor = *stage.prog.frmWaveEditor.Laden();
+    stage.prog.Zeigen(editor);
+    stage.prog.Pausieren(500);
+    std::int64_t fetched = 0;
+    editor.DSP->OnBufferFilled = [&](MMData& data) {
+      editor.DSP_OnBufferFilled(data);
+      fetched += static_cast<std::int64_t>(data.Bytes);
+    };
+    editor.imgVolumeByPass_MouseUp();
+    editor.imgSteuerung_MouseUp(0);
+    for (int round = 0; round < 2 * kRounds; ++round) {
+      stage.prog.Pausieren(700 + 37 * round % 100);
+      const auto start = BenchTime::now();
+      editor.slVolume.Value = editor.slVolume.Value == 8000 ? 16000 : 8000;
+      editor.slVolume.Change();
+      const std::int64_t before = fetched;
+      while (editor.Out->Position() < before) stage.prog.Pausieren(1);
+      std::printf("%.3f\n", Milliseconds(start, BenchTime::now()));
+    }
+    editor.imgSteuerung_MouseUp(1);
+    stage.prog.frmWaveEditor.Entladen();
+    return false;
+  });
+  return 0;
+}
+
 // The peak of the process with the file open, played for a while and wound, in KiB.
 int Memory(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
@@ -131,7 +167,8 @@ int main(int argc, char** argv) {
   const vantora::QtApp app(argc, argv);
   if (work == "open") return vantora::RunWork(vantora::Open, argv[2]);
   if (work == "repaint") return vantora::RunWork(vantora::Repaint, argv[2]);
+  if (work == "slider") return vantora::RunWork(vantora::ToTheEar, argv[2]);
   if (work == "memory") return vantora::RunWork(vantora::Memory, argv[2]);
-  std::fputs("bench-editor open|repaint|memory HOME\n", stderr);
+  std::fputs("bench-editor open|repaint|slider|memory HOME\n", stderr);
   return 2;
 }

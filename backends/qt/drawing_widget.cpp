@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vantora {
 
@@ -93,13 +94,15 @@ void DrawingWidget::changeEvent(QEvent* event) {
 // ---- focus ----
 
 void DrawingWidget::focusInEvent(QFocusEvent* event) {
-  ringed_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-  update();
+  ShowRing(event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason);
 }
 
 void DrawingWidget::focusOutEvent(QFocusEvent* /*event*/) {
-  ringed_ = false;
-  update();
+  ShowRing(false);
+}
+
+void DrawingWidget::ShowRing(bool ringed) {
+  if (std::exchange(ringed_, ringed) != ringed) update();
 }
 
 // The ring is around what is seen of the picture, so it does not move with it.

@@ -45,6 +45,7 @@ class DrawingWidget final : public QWidget {
   static void PlaceWords(const DrawItem& item, Mark& mark);
   void Draw(QPainter& painter, const Mark& mark);
   void TellWhetherOpaque();
+  void ShowRing(bool ringed);
 
   Pictures& pictures_;
   Text picture_;

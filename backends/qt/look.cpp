@@ -18,34 +18,46 @@ namespace {
 
 // Selected rows, edges and heads in the windows' own scheme. The words on amber are the field's
 // ground, which reads at more than ten to one. The rules are given to the widgets that need them: a
-// sheet of the application's would have the toolkit match every label and button with it.
-constexpr const char* kFields = R"(
-QLineEdit, QTreeView, QListWidget, QComboBox {
+// sheet of the application's would have the toolkit match every label and button with it. "%1" is
+// the kind of widget.
+constexpr const char* kFieldRules = R"(
+%1 {
   background-color: #10131F; color: #E6EAF6; border: 1px solid #7076A8; border-radius: 3px;
   selection-background-color: #FFB545; selection-color: #10131F;
 }
+%1:focus { border: 1px solid #FFB545; }
+%1:disabled { background-color: #1B1F30; color: #858CA8; border: 1px solid #43486B; }
+)";
+
+constexpr const char* kTextBoxRules = R"(
 QLineEdit { padding: 0 3px; }
-QLineEdit:focus, QTreeView:focus, QListWidget:focus, QComboBox:focus { border: 1px solid #FFB545; }
-QLineEdit:disabled, QTreeView:disabled, QListWidget:disabled, QComboBox:disabled {
-  background-color: #1B1F30; color: #858CA8; border: 1px solid #43486B;
-}
-QTreeView { alternate-background-color: #161A2B; outline: none; }
-QTreeView::item, QListWidget::item { padding: 1px 2px; border: none; }
-QTreeView::item:selected, QListWidget::item:selected { background: #FFB545; color: #10131F; }
-QTreeView::item:selected:!active, QListWidget::item:selected:!active {
-  background: #C9A567; color: #10131F;
-}
-QHeaderView { background-color: #353763; }
-QHeaderView::section {
-  background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4A4D85, stop:1 #353763);
-  color: #F4F6FC; border: none; border-right: 1px solid #1F2233; padding: 2px 4px;
-}
+)";
+
+constexpr const char* kChoiceRules = R"(
 QComboBox { padding: 0 3px; }
 QComboBox::drop-down { border: none; width: 18px; }
 QComboBox QAbstractItemView {
   background-color: #10131F; color: #E6EAF6; border: 1px solid #FFB545;
   selection-background-color: #FFB545; selection-color: #10131F;
 }
+)";
+
+constexpr const char* kItemRules = R"(
+%1::item { padding: 1px 2px; border: none; }
+%1::item:selected { background: #FFB545; color: #10131F; }
+%1::item:selected:!active { background: #C9A567; color: #10131F; }
+)";
+
+constexpr const char* kTableRules = R"(
+QTreeView { alternate-background-color: #161A2B; outline: none; }
+QHeaderView { background-color: #353763; }
+QHeaderView::section {
+  background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4A4D85, stop:1 #353763);
+  color: #F4F6FC; border: none; border-right: 1px solid #1F2233; padding: 2px 4px;
+}
+)";
+
+constexpr const char* kBarRules = R"(
 QScrollBar:vertical { background: #1B1F30; width: 13px; margin: 0; }
 QScrollBar:horizontal { background: #1B1F30; height: 13px; margin: 0; }
 QScrollBar::handle { background: #5A5F96; border-radius: 4px; margin: 2px; }
@@ -230,12 +242,21 @@ void Dress() {
 }
 
 QString FieldSheet(const char* kind, Color fore, Color back) {
+  const QLatin1String name(kind);
+  QString sheet = QLatin1String(kFieldRules);
+  if (name == QLatin1String("QLineEdit")) {
+    sheet += QLatin1String(kTextBoxRules);
+  } else {
+    if (name == QLatin1String("QComboBox")) sheet += QLatin1String(kChoiceRules);
+    if (name != QLatin1String("QComboBox")) sheet += QLatin1String(kItemRules);
+    if (name == QLatin1String("QTreeView")) sheet += QLatin1String(kTableRules);
+    sheet += QLatin1String(kBarRules);
+  }
   QString rule;
   if (fore != kWords) rule += QStringLiteral("color: %1;").arg(Of(fore).name());
   if (back != kTransparent) rule += QStringLiteral("background-color: %1;").arg(Of(back).name());
-  QString sheet = QString::fromLatin1(kFields);
-  if (rule.isEmpty()) return sheet;
-  return sheet + QStringLiteral("%1 { %2 }").arg(QLatin1String(kind), rule);
+  if (!rule.isEmpty()) sheet += QLatin1String("%1 { ") + rule + QLatin1String(" }");
+  return sheet.replace(QLatin1String("%1"), name);
 }
 
 QString MenuSheet() {
