@@ -27,6 +27,7 @@ class frmWaveEditor final : public VtrFenster {
   // ---- window ----
   void Form_Load() override;
   void Form_Activate() override;  // the first time opens the file
+  void Form_GotFocus() override;  // a button that was held has been let go elsewhere
   void Form_Unload() override;
   void Form_Close() override;
   void Form_Paint() override;

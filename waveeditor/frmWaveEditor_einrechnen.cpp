@@ -183,6 +183,7 @@ void frmWaveEditor::Einrechnen2(const Text& datei) {
 
 void frmWaveEditor::CloseMe() {
   Beschaeftigt = true;
+  SpulAktiv = false;  // nobody is left to let the button go
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   tmrCPU.Enabled = false;
   if (prog.plattform.perfData.RegOpenKey(kStatStop)) {

@@ -191,6 +191,12 @@ void frmWaveEditor::Spulen(bool vor) {
   }
 }
 
+void frmWaveEditor::Form_GotFocus() {
+  if (!SpulAktiv) return;
+  for (const int index : {3, 4}) KnopfBild(imgSteuerung(index));
+  SpulenBeenden();
+}
+
 void frmWaveEditor::SpulenBeenden() {
   if (!SpulAktiv) return;
   SpulAktiv = false;

@@ -81,11 +81,11 @@ struct Gains {
 // A stretch of a group. False, and its frames unchanged, when one of the results lies too close to
 // the middle.
 template <std::int32_t kFrames>
-[[gnu::always_inline]] inline bool Schnell(const Gains& gains, std::int32_t ab, KlangFrame* frames,
+[[gnu::always_inline]] inline bool Schnell(const Gains& gains, std::size_t ab, KlangFrame* frames,
                                            std::int16_t eins) {
   constexpr std::size_t kWerte = 2 * std::size_t{kFrames};
-  const std::int16_t* const oben = gains.Oben + 2 * ab;
-  const std::int16_t* const unten = gains.Unten + 2 * ab;
+  const std::int16_t* const oben = &gains.Oben[2 * ab];
+  const std::int16_t* const unten = &gains.Unten[2 * ab];
   std::int16_t werte[kWerte];
   std::memcpy(werte, frames + ab, sizeof werte);
   std::uint16_t naechster = 0xFFFF;
@@ -110,11 +110,12 @@ template <std::int32_t kFrames>
 VANTORA_VEKTOREINHEIT void Multiplizieren(const Rampe& rampe, KlangFrame* frames,
                                           std::int32_t anzahl, std::int32_t erster) {
   std::int32_t abstand[kGruppe];  // of a gain from the first of its group
-  std::int16_t nah[kGruppenWerte] = {};
   for (std::int32_t j = 0; j < kGruppe; ++j) {
     abstand[j] = static_cast<std::int32_t>(GanzSchnell(j * rampe.Schritt * kEins));
-    nah[2 * j] = nah[2 * j + 1] = static_cast<std::int16_t>(abstand[j]);
   }
+  std::int16_t nah[kGruppenWerte];
+  for (std::size_t k = 0; k < kGruppenWerte; ++k)
+    nah[k] = static_cast<std::int16_t>(abstand[k / 2]);
   const bool langsam = std::abs(abstand[kGruppe - 1]) < 0x8000;
   // 1/32768, which the compiler must not know, or it takes the product apart.
   const volatile std::int16_t verborgen = 1;
@@ -132,9 +133,9 @@ VANTORA_VEKTOREINHEIT void Multiplizieren(const Rampe& rampe, KlangFrame* frames
     const auto gain = static_cast<std::int32_t>(GanzSchnell(anfang * kEins));
     if (!langsam || !gains.Verschieben(gain, nah)) gains.Teilen(gain, abstand);
     if (Schnell<kGruppe>(gains, 0, gruppe, eins)) continue;
-    for (std::int32_t ab = 0; ab < kGruppe; ab += kStueck) {
+    for (std::size_t ab = 0; ab < kGruppe; ab += kStueck) {
       if (Schnell<kStueck>(gains, ab, gruppe, eins)) continue;
-      Genau(rampe, gruppe + ab, kStueck, erster + j + ab);
+      Genau(rampe, gruppe + ab, kStueck, erster + j + static_cast<std::int32_t>(ab));
     }
   }
   Genau(rampe, frames + j, anzahl - j, erster + j);

@@ -150,6 +150,9 @@ void HeadlessHands::PointAtMiddle(Control& control) {
 }
 
 void HeadlessHands::MouseButton(Control& control, int button) {
+  if (button == kLeftButton && control.Kind() == ControlKind::PictureButton && control.MouseDown) {
+    return KeepDown(control, 0);  // its handler may turn until the button is let go
+  }
   Down(control, button);
   if (button == kLeftButton && Still(control)) {
     if (auto* check = dynamic_cast<CheckBox*>(&control)) {
@@ -186,6 +189,11 @@ void HeadlessHands::Up(Control& control, int button) {
 void HeadlessHands::Hold(Control& control, int ms) {
   Reach(control);
   PointAtMiddle(control);
+  KeepDown(control, ms);
+}
+
+// The release is on its way before the press.
+void HeadlessHands::KeepDown(Control& control, int ms) {
   ++held_;
   const int others = held_ - 1;
   loop_.PostAfter(ms, [this, &control] {

@@ -41,6 +41,7 @@ class HeadlessHands final : public Hands {
   void Reach(Form& form, bool closing = false);
   void Reach(Control& control);
   void MouseButton(Control& control, int button);
+  void KeepDown(Control& control, int ms);
   void Down(Control& control, int button);
   void Up(Control& control, int button);
   void SecondPress(Control& control);

@@ -230,34 +230,30 @@ void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool
   if (twice) fingers_->Do({send(QEvent::MouseButtonDblClick), send(QEvent::MouseButtonRelease)});
 }
 
+namespace {
+
+// In a list the row that it stands on is meant.
+QPoint PresentPlace(QWidget& widget, const QPoint& otherwise) {
+  auto* view = qobject_cast<QAbstractItemView*>(&widget);
+  if (view == nullptr || !view->currentIndex().isValid()) return otherwise;
+  view->scrollTo(view->currentIndex());
+  return view->visualRect(view->currentIndex()).center();
+}
+
+}  // namespace
+
 void QtHands::DoubleClick(Control& control) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
-  QPoint place = fingers_->FreePlace(control, widget);
-  const QPointer<QWidget> surface = SurfaceOf(widget);
-  if (auto* view = qobject_cast<QAbstractItemView*>(widget.data())) {
-    // A double click means the row that the list stands on.
-    const QModelIndex current = view->currentIndex();
-    if (current.isValid()) {
-      view->scrollTo(current);
-      place = view->visualRect(current).center();
-    }
-  }
-  Click(surface, place, true);
+  const QPoint place = PresentPlace(*widget, fingers_->FreePlace(control, widget));
+  Click(SurfaceOf(widget), place, true);
 }
 
 void QtHands::RightClick(Control& control) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
-  QPoint place = fingers_->FreePlace(control, widget);
+  const QPoint place = PresentPlace(*widget, fingers_->FreePlace(control, widget));
   const QPointer<QWidget> surface = SurfaceOf(widget);
-  if (auto* view = qobject_cast<QAbstractItemView*>(widget.data())) {
-    const QModelIndex current = view->currentIndex();
-    if (current.isValid()) {
-      view->scrollTo(current);
-      place = view->visualRect(current).center();
-    }
-  }
   fingers_->Do({[=] { SendMouse(surface, QEvent::MouseButtonPress, place, Qt::RightButton); },
                 [=] { SendMouse(surface, QEvent::MouseButtonRelease, place, Qt::RightButton); }});
 }

@@ -341,6 +341,8 @@ TEST_F(DriveBurn, AMethodThatTheDriveRefusesLateIsRefusedAllTheSame) {
   EXPECT_TRUE(Until("complete").ends_with("complete 1"));
   EXPECT_TRUE(bottle.Image().starts_with(sound));
   bottle.Say("disc mudo\nno-cdtext\n");
+  EXPECT_EQ(writer.WriteDAO(), -1) << "until the drive has been looked at again";
+  writer.Init_Prog();
   ASSERT_EQ(writer.WriteDAO(), 0) << "without the text, then";
   EXPECT_TRUE(Until("complete").ends_with("complete 1"));
   EXPECT_TRUE(bottle.Image("mudo") == sound);
