@@ -20,7 +20,7 @@ class Impatient final : public User {
 
   bool Act(Form* front) override {
     if (front == nullptr || (left_ <= 0 && front == &b_.Haupt())) return false;
-    seen.insert(front->Name);
+    Seen.insert(front->Name);
     if (--left_ > 0) {
       Anything(*front);
     } else {
@@ -31,9 +31,9 @@ class Impatient final : public User {
   bool Resting() const override { return resting_; }
   bool Done() const { return left_ > -200; }
 
-  std::set<Text> seen;
-  std::string log;
-  bool ended = false;  // the whole program, as nothing else was left
+  std::set<Text> Seen;
+  std::string Log;
+  bool Ended = false;  // the whole program, as nothing else was left
 
  private:
   int Upto(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
@@ -70,7 +70,7 @@ class Impatient final : public User {
           L"Ctrl+V", L"Ctrl+Z", L"F1",     L"Shift+Right", L"Shift+End", L"PageDown", L"Home"};
       return hands.Key(form, kKeys[Upto(13)]);
     }
-    log +=
+    Log +=
         std::string(control.Name.begin(), control.Name.end()) + std::to_string(control.Index) + " ";
     if (control.Name == L"imgZurück" && Upto(3) != 0) return;
     switch (control.Kind()) {
@@ -95,11 +95,11 @@ class Impatient final : public User {
     Rest(50);
     if (left_ < -100 && form.CloseWhileDisabled) {
       return Try([&] {
-        ended = true;
+        Ended = true;
         b_.platform.hands.Close(form);
       });
     }
-    if (ended && form.Find(L"picMboxButton", 0) != nullptr)
+    if (Ended && form.Find(L"picMboxButton", 0) != nullptr)
       return Try([&] { b_.platform.hands.Press(*form.Find(L"picMboxButton", 0)); });
     if (form.Name == L"frmWaveEditor") return Try([&] { Press(form, L"imgZurück"); });
     Try([&] { b_.platform.hands.Key(form, L"Escape"); });
@@ -147,15 +147,15 @@ TEST(Impatience, IsBorneByTheEditor) {
     try {
       b.platform.loop.Run();
     } catch (const ProgrammEnde&) {
-      ASSERT_TRUE(vandal && user.ended) << user.log;
+      ASSERT_TRUE(vandal && user.Ended) << user.Log;
       b.platform.loop.TheUser = &b.user;
       continue;
     } catch (const std::exception& error) {
-      FAIL() << error.what() << ": " << user.log;
+      FAIL() << error.what() << ": " << user.Log;
     }
-    EXPECT_TRUE(user.Done()) << user.log;
-    EXPECT_TRUE(b.Haupt().Window.Enabled) << user.log;
-    seen.merge(user.seen);
+    EXPECT_TRUE(user.Done()) << user.Log;
+    EXPECT_TRUE(b.Haupt().Window.Enabled) << user.Log;
+    seen.merge(user.Seen);
     if (!vandal) {
       const std::string wave = b.Lies(kFile);
       EXPECT_EQ(wave.substr(0, 4), "RIFF");
