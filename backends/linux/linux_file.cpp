@@ -21,7 +21,7 @@ constexpr std::int64_t kLargestPosition = 1LL << 62;
 constexpr std::size_t kFirstBuffer = 512;  // the header of nearly every wave file
 constexpr std::size_t kBuffer = 4096;
 // At once; of the system's own cache, the program's memory holds none of it.
-constexpr std::int64_t kMapped = 1 << 22;
+constexpr std::int64_t kMapped = 1 << 24;
 
 }  // namespace
 
