@@ -185,7 +185,7 @@ QColor Of(Color color) {
 
 QFont FontOf(int points, bool bold) {
   QFont font;
-  font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans")});
+  font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
   font.setPixelSize(std::max(6, static_cast<int>(std::lround(points * 96.0 / 72.0))));
   font.setBold(bold);
   return font;

@@ -1,7 +1,6 @@
 #include "backends/qt/loop_core.h"
 
 #include "backends/qt/look.h"
-#include "backends/qt/qt_app.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -69,7 +68,6 @@ FormWindow& QtEventLoop::Core::Ensure(Form& form) {
 }
 
 void QtEventLoop::Core::Present(Form& form, bool modal) {
-  QtApp::AwaitFonts();
   FormWindow& window = Ensure(form);
   Form* before = Front();
   if (before == &form) before = nullptr;

@@ -1,39 +1,29 @@
 #include "backends/qt/qt_app.h"
 
+#include "backends/qt/fonts.h"
 #include "backends/qt/look.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include <cstdlib>
-#include <fontconfig/fontconfig.h>
-#include <thread>
 
 namespace vantora {
 
 namespace {
 
-// To read the machine's settings for fonts takes as long as all else that happens before the first
-// word is drawn, so it is done beside that.
-class FontSettings {
- public:
-  FontSettings() : reader_([] { FcInit(); }) {}
-  ~FontSettings() { Await(); }
-  FontSettings(const FontSettings&) = delete;
-  FontSettings& operator=(const FontSettings&) = delete;
-
-  void Await() {
-    if (reader_.joinable()) reader_.join();
-  }
-
- private:
-  std::thread reader_;
-};
+constexpr int kFontsMs = 200;  // after this the first windows stand
 
 }  // namespace
 
-class QtApp::Application final : public FontSettings, public QApplication {
+class QtApp::Application final : public Fonts, public QApplication {
  public:
-  using QApplication::QApplication;
+  Application(int& argc, char** argv) : QApplication(argc, argv) {
+    QTimer::singleShot(kFontsMs, this, [this] { ReadAll(); });
+  }
+  ~Application() override { Finish(); }
+  Application(const Application&) = delete;
+  Application& operator=(const Application&) = delete;
 };
 
 QtApp::QtApp(int argc, char** argv) : argc_(argc), words_(argv, argv + argc) {
@@ -51,7 +41,7 @@ QtApp::QtApp(int argc, char** argv) : argc_(argc), words_(argv, argv + argc) {
 QtApp::~QtApp() = default;
 
 void QtApp::AwaitFonts() {
-  if (auto* app = dynamic_cast<Application*>(qApp)) app->Await();
+  if (auto* app = dynamic_cast<Application*>(qApp)) app->AwaitAll();
 }
 
 std::vector<std::string> QtApp::Arguments() const {

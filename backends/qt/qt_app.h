@@ -19,8 +19,7 @@ class QtApp {
 
   std::vector<std::string> Arguments() const;  // without the process's name
 
-  // Returns when the fonts of the machine are known, which is to be before the first window.
-  // Without that the toolkit would look for them once more.
+  // Returns when all fonts of the machine are known, as they are soon after the start.
   static void AwaitFonts();
 
   // True when this process would find a screen, or was told to do without one (offscreen). To be

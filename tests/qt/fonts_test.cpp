@@ -1,0 +1,37 @@
+#include <gtest/gtest.h>
+
+#include "backends/qt/look.h"
+#include "backends/qt/qt_app.h"
+
+#include <QImage>
+#include <QPainter>
+
+namespace vantora {
+namespace {
+
+QImage Drawn(const QString& words, int points, bool bold) {
+  QImage image(400, 40, QImage::Format_RGB32);
+  image.fill(Qt::black);
+  QPainter painter(&image);
+  painter.setPen(Qt::white);
+  painter.setFont(look::FontOf(points, bold));
+  painter.drawText(image.rect(), Qt::AlignCenter, words);
+  return image;
+}
+
+// A process of its own begins with the one family; among other tests all fonts may be there before.
+TEST(Fonts, WordsStayAsTheyWereDrawnFirstAndOtherScriptsCome) {
+  const QString spanish = QStringLiteral("Añadir canción: ¿qué pingüino?");
+  const QString armenian(QChar(0x0541)), nobodys(QChar(0x0378));
+  const QImage small = Drawn(spanish, 9, false), large = Drawn(spanish, 14, true);
+  EXPECT_NE(small, Drawn(QString(), 9, false));
+  Drawn(armenian, 9, false);  // the toolkit remembers that nothing was found
+
+  QtApp::AwaitFonts();
+  EXPECT_EQ(Drawn(spanish, 9, false), small);
+  EXPECT_EQ(Drawn(spanish, 14, true), large);
+  EXPECT_NE(Drawn(armenian, 9, false), Drawn(nobodys, 9, false));
+}
+
+}  // namespace
+}  // namespace vantora
