@@ -50,11 +50,6 @@ constexpr const char* kItemRules = R"(
 
 constexpr const char* kTableRules = R"(
 QTreeView { alternate-background-color: #161A2B; outline: none; }
-QHeaderView { background-color: #353763; }
-QHeaderView::section {
-  background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #4A4D85, stop:1 #353763);
-  color: #F4F6FC; border: none; border-right: 1px solid #1F2233; padding: 2px 4px;
-}
 )";
 
 constexpr const char* kBarRules = R"(
@@ -75,7 +70,10 @@ QMenu::item:selected { background-color: #FFB545; color: #10131F; }
 QMenu::item:disabled { color: #858CA8; background: transparent; }
 )";
 
-// The toolkit's style, but for the marks of check boxes and option buttons: what is set shines.
+constexpr int kHeadMargin = 4;  // pixels round the words in the head of a table
+
+// The toolkit's style, but for the heads of tables, and for the marks of check boxes and option
+// buttons: what is set shines.
 class Marks final : public QProxyStyle {
  public:
   Marks() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -97,7 +95,31 @@ class Marks final : public QProxyStyle {
     }
   }
 
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    if (element == CE_HeaderSection) {
+      DrawHead(option->rect, *painter);
+    } else if (element == CE_HeaderEmptyArea) {
+      painter->fillRect(option->rect, Of(kPanel));
+    } else {
+      QProxyStyle::drawControl(element, option, painter, widget);
+    }
+  }
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                  const QWidget* widget) const override {
+    if (metric == PM_HeaderMargin) return kHeadMargin;
+    return QProxyStyle::pixelMetric(metric, option, widget);
+  }
+
  private:
+  static void DrawHead(const QRect& rect, QPainter& painter) {
+    QLinearGradient metal(rect.topLeft(), rect.bottomLeft());
+    metal.setColorAt(0, QColor(74, 77, 133));
+    metal.setColorAt(1, Of(kPanel));
+    painter.fillRect(rect, metal);
+    painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), Of(kGround));
+  }
   static QRectF Begin(const QStyleOption& option, QPainter& painter) {
     const bool enabled = option.state.testFlag(State_Enabled);
     const bool hot = option.state.testFlag(State_MouseOver) ||
