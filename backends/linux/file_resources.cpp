@@ -18,8 +18,13 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string FileText(const fs::path& file) {
+  std::error_code failed;
+  const std::uintmax_t length = fs::file_size(file, failed);
+  if (failed) return {};
   std::ifstream in(file, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(in), {}};
+  std::string text(static_cast<std::size_t>(length), '\0');
+  in.read(text.data(), static_cast<std::streamsize>(length));
+  text.resize(static_cast<std::size_t>(in.gcount()));
   if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
   return text;
 }
