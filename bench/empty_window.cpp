@@ -32,7 +32,7 @@ class Empty final : public QWidget {
 int main(int argc, char** argv) {
   const QApplication app(argc, argv);
   Empty window(argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString());
-  window.resize(800, 600);
+  window.resize(1024, 768);
   window.show();
   const int result = QApplication::exec();
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
