@@ -33,6 +33,7 @@ class Form {
   Property<Text> Picture{Window, Text()};  // ground, fills the inner area
   bool HasBorder = true;                   // title bar of the desktop
   bool CloseWhileDisabled = false;         // Form_Close comes also while the window is disabled
+  bool EscapeWhileDisabled = false;        // so does Escape, to Form_KeyDown alone
   bool FirstFocus = true;  // false: no control has the focus before the user has given it to one
 
   bool Visible() const { return visible_; }  // shown by the event loop and not hidden since

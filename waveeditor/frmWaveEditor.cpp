@@ -138,6 +138,7 @@ void frmWaveEditor::BilderBereiten() {
   picPresets.Visible = false;
   CPUBack.Visible = false;
   imgZurück.Enabled = false;
+  EscapeWhileDisabled = true;  // a scan can be left
 }
 
 // ---- opening ----

@@ -50,14 +50,14 @@ void CheckRows(const Control& control, const std::vector<int>& rows, int count) 
 
 // ---- what can be reached ----
 
-void HeadlessHands::Reach(Form& form, bool closing) {
+void HeadlessHands::Reach(Form& form, bool evenDisabled) {
   const std::string name = Narrow(form.Name);
   if (!form.Visible()) Refuse(name + " is not shown");
   if (!loop_.Reachable(form)) {
     const Form* front = loop_.Front();
     Refuse(name + " cannot be reached behind " + (front ? Narrow(front->Name) : "another window"));
   }
-  if (!form.Window.Enabled && !closing) Refuse(name + " is disabled");
+  if (!form.Window.Enabled && !evenDisabled) Refuse(name + " is disabled");
   loop_.BringForward(form);
 }
 

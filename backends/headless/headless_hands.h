@@ -38,7 +38,7 @@ class HeadlessHands final : public Hands {
   };
   static Stroke ParseKey(const Text& key);
 
-  void Reach(Form& form, bool closing = false);
+  void Reach(Form& form, bool evenDisabled = false);
   void Reach(Control& control);
   void MouseButton(Control& control, int button);
   void KeepDown(Control& control, int ms);

@@ -75,7 +75,12 @@ HeadlessHands::Stroke HeadlessHands::ParseKey(const Text& key) {
 
 void HeadlessHands::Key(Form& form, const Text& key) {
   const Stroke stroke = ParseKey(key);
-  Reach(form);
+  const bool escapes = stroke.Code == kKeyEscape && form.EscapeWhileDisabled;
+  Reach(form, escapes);
+  if (!form.Window.Enabled) {
+    loop_.Deliver([&] { form.Form_KeyDown(kKeyEscape, false); });
+    return;
+  }
   if (stroke.Code == kKeyEscape && loop_.OpenMenu(form) != nullptr) {
     loop_.CloseMenu();
     return;

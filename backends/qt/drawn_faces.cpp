@@ -15,6 +15,7 @@
 #include <QTextOption>
 
 #include <algorithm>
+#include <memory>
 
 namespace vantora {
 
@@ -158,9 +159,7 @@ class ButtonFace final : public Face {
       keyHeld_ = true;
       Down(kLeftButton);
     } else if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
-      if (event.isAutoRepeat()) return;
-      Down(kLeftButton);
-      Up(kLeftButton, true);
+      if (!event.isAutoRepeat()) DownAndUp();
     } else {
       PassKey(event);
     }
@@ -182,10 +181,7 @@ class ButtonFace final : public Face {
       : Face(button, window, widget), button_(widget) {
     // Only a screen reader's "press" comes this way; mouse and keys never reach the widget's own
     // behaviour.
-    QObject::connect(button_, &QPushButton::clicked, button_, [this] {
-      Down(kLeftButton);
-      Up(kLeftButton, true);
-    });
+    QObject::connect(button_, &QPushButton::clicked, button_, [this] { DownAndUp(); });
   }
 
   void Apply(Control& control) override {
@@ -205,6 +201,19 @@ class ButtonFace final : public Face {
     button_->update();
     Fire([&](Control& told) { Press(static_cast<PictureButton&>(told), button); });
   }
+  // One that acts while it is held works until it is let go, so that has to come as an event.
+  void DownAndUp() {
+    if (control() == nullptr) return;
+    if (!control()->MouseDown) {
+      Down(kLeftButton);
+      Up(kLeftButton, true);
+      return;
+    }
+    window().host().Later([this, life = std::weak_ptr<int>(life_)] {
+      if (!life.expired()) Up(kLeftButton, true);
+    });
+    Down(kLeftButton);
+  }
   // A button that acts on its release alone can be left by letting go beside it; one that acts
   // while it is held must learn of its end.
   void Up(int button, bool inside) {
@@ -223,6 +232,7 @@ class ButtonFace final : public Face {
 
   ButtonWidget* button_;
   bool held_ = false, keyHeld_ = false;
+  std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 
 class PanelWidget final : public QWidget {

@@ -345,7 +345,10 @@ bool FormWindow::Input(Face& face, QEvent& event) {
   const bool letGo =
       event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyRelease;
   if (control == nullptr) return true;
-  if (!letGo && (Refused() || !control->InUse() || !control->InSight())) return true;
+  if (!letGo && (Refused() || !control->InUse() || !control->InSight())) {
+    if (event.type() == QEvent::KeyPress) TellEscape(static_cast<const QKeyEvent&>(event));
+    return true;
+  }
   // A release belongs to the press before it: where that was refused, so is the release.
   if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
     return true;
@@ -436,7 +439,18 @@ void FormWindow::KeyRelease(Face& face, QKeyEvent& event) {
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   event->accept();
-  if (!Refused()) KeyPress(nullptr, *event);
+  if (Refused()) {
+    TellEscape(*event);
+  } else {
+    KeyPress(nullptr, *event);
+  }
+}
+
+// The way to end a long piece of work that has disabled its window.
+void FormWindow::TellEscape(const QKeyEvent& event) {
+  if (form_ == nullptr || form_->Window.Enabled || host_.Blocked(*form_)) return;
+  if (!form_->EscapeWhileDisabled || keys::Code(event) != kKeyEscape) return;
+  Handle([this] { form_->Form_KeyDown(kKeyEscape, false); });
 }
 
 void FormWindow::mousePressEvent(QMouseEvent* event) {

@@ -65,6 +65,7 @@ class FormWindow final : public QWidget {
   static QPoint TouchedPlace(const Face& face, const QEvent& event);
   void KeyPress(Face* face, QKeyEvent& event);
   void KeyRelease(Face& face, QKeyEvent& event);
+  void TellEscape(const QKeyEvent& event);
   void FocusChange(Face& face, QObject* object, QEvent& event);
   void TellFocus(const Control* changed, bool in);
   bool HoldPaint();  // true: not yet, the window was painted just now
