@@ -1,6 +1,7 @@
 // The way into the wave editor, and the batch that applies its effects to many tracks.
 
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "app/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "waveeditor/frmWaveEditor.h"
@@ -30,7 +31,12 @@ void frmHauptForm::imgWaveEdit_MouseUp() {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.WaveEditorDatei = datei;
   Window.Enabled = false;
-  prog.ZeigeModal(prog.frmWaveEditor.Laden());
+  try {
+    prog.ZeigeModal(prog.frmWaveEditor.Laden());
+  } catch (const Laufzeitfehler&) {
+    prog.frmWaveEditor.Entladen();  // half made it is of no use to the next press
+    throw;
+  }
   prog.frmWaveEditor.Entladen();
   Window.Enabled = true;
   prog.plattform.schleife.MousePointer(Pointer::Normal);
@@ -89,11 +95,15 @@ void frmHauptForm::StapelLaufen(const std::vector<Text>& dateien) {
   }
 }
 
+// What fails here must not keep the catalog locked.
 void frmHauptForm::StapelBeenden() {
-  if (prog.frmWaveEditor.Geladen()) prog.frmWaveEditor().CloseMe();  // a file has failed
+  if (prog.frmWaveEditor.Geladen()) {  // a file has failed
+    Weiter([&] { prog.frmWaveEditor().CloseMe(); });
+    prog.frmWaveEditor.Entladen();
+  }
   prog.EditorBatch = false;
   shpStapel.Visible = false;
-  KatalogShow();
+  Weiter([&] { KatalogShow(); });
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   CloseWhileDisabled = false;
   Window.Enabled = true;

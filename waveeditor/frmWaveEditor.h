@@ -160,9 +160,12 @@ class frmWaveEditor final : public VtrFenster {
   std::vector<Frame> BlockPuffer = std::vector<Frame>(kBlockFrames);  // of scans and block edits
   bool Spielt = false, Pausiert = false, LoopAktiv = false;
   bool ScanLaeuft = false, ScanAbbruch = false;
-  bool Beschaeftigt = false;  // the window opens or closes
-  bool SpulAktiv = false;     // a wind button is held
-  std::int32_t SpulPos = 0;   // frames
+  bool Beschaeftigt = false;   // the window opens or closes
+  bool SpulAktiv = false;      // a wind button is held
+  bool HaeltAn = false;        // the sound is being ended
+  bool DanachSpielen = false;  // asked for meanwhile
+  int Verbindungen = 0;        // how often the chain was connected
+  std::int32_t SpulPos = 0;    // frames
   bool SpieltVorSpulen = false;
 
   Text UndoDatei, CopyDatei, PasteDatei;
@@ -392,12 +395,15 @@ class frmWaveEditor final : public VtrFenster {
                          const std::function<void(std::int32_t frames)>& arbeit);
   MMWaveObject& WorkOeffnen();  // as the first wave, whose bytes are edited
   void Wave2Uebertragen();      // all of the second wave, to where the first one stands
-  void Blenden(const Rampe& rampe);
+  void InAblage(const std::function<void()>& arbeit);
+  void Blenden(bool ein);  // else out
   void BlockBlenden(const Rampe& rampe, std::int32_t frames, std::int32_t erster);
   void UndoBlock();
 
   // transport
   void Anhalten();
+  void SpielEnde();
+  void SpieltNochPruefen();
   void BereichSetzen();  // range and position of the source, from the selection
   void KnoepfeFreigeben();
   void Spulen(bool vor);
@@ -434,6 +440,7 @@ class frmWaveEditor final : public VtrFenster {
   void ReglerEinrichten();
   void ReglerVerbinden(std::size_t nummer);
   void ReglerGeaendert(const Regler& regler);
+  void FeldZeigen(const Regler& regler);
   void FeldUebernehmen(const Regler& regler, double faktor);
   void Setzen(Slider& schieber, double wert);  // as a hand would: its handler runs
   void Setzen(CheckBox& kasten, int wert);     // the same

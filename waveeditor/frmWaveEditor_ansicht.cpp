@@ -175,7 +175,7 @@ void frmWaveEditor::SpurenZeichnen(PictureBox& flaeche) {
     LinkePunkte[stelle] = {i / pixel.X, punkt.Links / pixel.Y};
     RechtePunkte[stelle] = {i / pixel.X, punkt.Rechts / pixel.Y};
   }
-  SegmentZeichnen(flaeche, stelle);
+  SegmentZeichnen(flaeche, static_cast<std::size_t>(breite % laenge));
   const int viertel = Ganz32(flaeche.Height / 4.0);
   flaeche.Draw(Linie(0, viertel, breite, viertel, kHellmagenta));
   flaeche.Draw(Linie(0, 3 * viertel, breite, 3 * viertel, kHellmagenta));
@@ -187,6 +187,7 @@ frmWaveEditor::Pixel frmWaveEditor::PixelTwips() const {
 }
 
 void frmWaveEditor::SegmentZeichnen(PictureBox& flaeche, std::size_t punkte) {
+  if (punkte == 0) return;
   const Pixel pixel = PixelTwips();
   for (const std::vector<Pixel>* spur : {&LinkePunkte, &RechtePunkte}) {
     DrawItem zug;

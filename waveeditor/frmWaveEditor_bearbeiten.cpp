@@ -65,6 +65,7 @@ void frmWaveEditor::Ausfuehren(const std::function<void()>& arbeit) {
 void frmWaveEditor::NachFehler() {
   tmrNormalize.Enabled = false;
   ImUndo = false;
+  Wave1->Wave.FileMustExist = true;
   for (MMWaveFileX* datei : {Wave1.get(), Wave2.get()}) Weiter([&] { datei->Wave.Close(); });
   Weiter([&] { NeuZeigen(); });
 }
@@ -107,8 +108,10 @@ MMWaveObject& frmWaveEditor::WorkOeffnen() {
 
 void frmWaveEditor::Wave2Uebertragen() {
   MMWaveObject& von = Wave2->Wave;
-  const std::int32_t frames = von.DataSize() / InBytes(1);
-  Wave1->Wave.WriteFrom(von, static_cast<std::size_t>(InBytes(frames)));
+  const auto bytes = static_cast<std::size_t>(InBytes(von.DataSize() / InBytes(1)));
+  if (Wave1->Wave.WriteFrom(von, bytes) < bytes) {
+    throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
+  }
 }
 
 // ---- undo store and clipboard ----
@@ -133,6 +136,7 @@ bool frmWaveEditor::PrepareUndo() {
     quelle.Open();
     quelle.PlayStart = MarkerAnfang;
     quelle.PlayEnd = MarkerEnde;
+    UndoVorhanden = false;  // the older one is written over
     quelle.SaveRange(UndoDatei);
     quelle.Close();
     quelle.PlayStart = 0;
@@ -204,6 +208,8 @@ void frmWaveEditor::PasteWave() {
     return;
   }
 
+  // Told before a sample is lost: the file would be longer than a wave can be.
+  Ganz32(static_cast<double>(prog.plattform.dateien.FileLen(WorkDatei)) + 4.0 * PasteLaenge);
   // What lies behind the place is put aside, as the clipboard is written over it.
   MMWaveObject& wave = WorkOeffnen();
   wave.PlayStart = InBytes(stelle);
@@ -249,22 +255,24 @@ void frmWaveEditor::FadeOutWave() {
   if (NichtsGewaehlt()) return;
   PrepareUndo();
   prog.AppLog(L"FadeOutWave", L"fading out wave");
-  Blenden({1, -Quotient(1, MarkerEnde - MarkerAnfang)});
+  Blenden(false);
 }
 
 void frmWaveEditor::FadeInWave() {
   if (NichtsGewaehlt()) return;
   PrepareUndo();
   prog.AppLog(L"FadeInWave", L"fading in wave");
-  Blenden({0, Quotient(1, MarkerEnde - MarkerAnfang)});
+  Blenden(true);
 }
 
-void frmWaveEditor::Blenden(const Rampe& rampe) {
+void frmWaveEditor::Blenden(bool ein) {
   iUndoStep = kUndoBlock;
   MMWaveObject& wave = WorkOeffnen();
   wave.PlayStart = 0;
   wave.PlayEnd = wave.DataSize();
   wave.SetPosition(InBytes(MarkerAnfang));
+  const double schritt = Quotient(1, MarkerEnde - MarkerAnfang);
+  const Rampe rampe = ein ? Rampe{0, schritt} : Rampe{1, -schritt};
   std::int32_t basis = 0;
   InBloecken(MarkerEnde - MarkerAnfang, [&](std::int32_t frames) {
     BlockBlenden(rampe, frames, basis);
@@ -370,17 +378,28 @@ void frmWaveEditor::UndoBlock() {
 void frmWaveEditor::imgCopy_MouseUp() {
   if (Spielt) return;
   KnopfBild(imgCopy);
-  Ausfuehren([this] { CopyWave(); });
-  imgPaste.Enabled = true;
-  lblPasteDisabled.Visible = false;
+  InAblage([this] { CopyWave(); });
 }
 
 void frmWaveEditor::imgCut_MouseUp() {
   if (Spielt) return;
   KnopfBild(imgCut);
-  Ausfuehren([this] { CutWave(); });
-  imgPaste.Enabled = true;
-  lblPasteDisabled.Visible = false;
+  InAblage([this] { CutWave(); });
+}
+
+// Afterwards the clipboard can be pasted, also when the operation has failed.
+void frmWaveEditor::InAblage(const std::function<void()>& arbeit) {
+  const auto freigeben = [this] {
+    imgPaste.Enabled = true;
+    lblPasteDisabled.Visible = false;
+  };
+  try {
+    Ausfuehren(arbeit);
+  } catch (const Laufzeitfehler&) {
+    freigeben();
+    throw;
+  }
+  freigeben();
 }
 
 void frmWaveEditor::imgPaste_MouseUp() {

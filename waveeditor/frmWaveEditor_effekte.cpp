@@ -166,11 +166,13 @@ void frmWaveEditor::ReglerVerbinden(std::size_t nummer) {
 }
 
 void frmWaveEditor::ReglerGeaendert(const Regler& regler) {
+  if (regler.Feld != nullptr) FeldZeigen(regler);
+  regler.Wirkung(regler.Schieber->Value);
+}
+
+void frmWaveEditor::FeldZeigen(const Regler& regler) {
   const int wert = regler.Schieber->Value;
-  if (regler.Feld != nullptr) {
-    regler.Feld->Text = regler.Anzeige ? regler.Anzeige(wert) : ZahlText(wert);
-  }
-  regler.Wirkung(wert);
+  regler.Feld->Text = regler.Anzeige ? regler.Anzeige(wert) : ZahlText(wert);
 }
 
 // ---- what a hand does, done by the program ----
@@ -188,8 +190,11 @@ void frmWaveEditor::Setzen(CheckBox& kasten, int wert) {
   kasten.Click();
 }
 
+// The box shows what the slider took, also where that is what it had.
 void frmWaveEditor::FeldUebernehmen(const Regler& regler, double faktor) {
+  const int vorher = regler.Schieber->Value;
   Setzen(*regler.Schieber, Val(regler.Feld->Text) * faktor);
+  if (regler.Schieber->Value() == vorher) FeldZeigen(regler);
 }
 
 // The box counts in Hertz, its slider in twentieths; only what is entered with Return is taken so.
@@ -213,6 +218,7 @@ void frmWaveEditor::RuntimeConnections() {
   CheckAllEffekte2();
   prog.AppLog(L"RuntimeConnections()", L"building runtime connection");
   const bool live = Spielt && !Pausiert;
+  const int diesmal = ++Verbindungen;
   std::int64_t gehoert = 0;
   if (live) {
     gehoert = std::max<std::int64_t>(Out->Position(), 0);
@@ -231,8 +237,9 @@ void frmWaveEditor::RuntimeConnections() {
   ende.SetInput(hinter(chkVolume, *mmVolume));
   prog.plattform.schleife.DoEvents();
   prog.AppLog(L"RuntimeConnections()", L"built runtime x-tions");
-  // A handler may have stopped or paused the sound while events ran.
-  if (!live || !Spielt || Pausiert) return;
+  // A handler may have stopped or paused the sound while events ran, or connected it anew and gone
+  // on from where it was.
+  if (!live || !Spielt || Pausiert || diesmal != Verbindungen) return;
   if (LoopAktiv) {
     PlayWave(false);
     BereichSetzen();

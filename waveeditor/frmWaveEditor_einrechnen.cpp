@@ -30,7 +30,7 @@ Text ImTempOrdner(const Programm& prog, const wchar_t* name) {
 // ---- the file that is open ----
 
 void frmWaveEditor::Einrechnen() {
-  if (!EffekteAktiv || Spielt) return;
+  if (!EffekteAktiv || Spielt || EinrechnenLaeuft) return;
   prog.AppLog(L"Einrechnen", L"starting....");
   lblStatus.Caption = LoadResString(7241);
   MMWaveObject& quelle = SourceFile->Wave;
@@ -42,13 +42,15 @@ void frmWaveEditor::Einrechnen() {
   if (quelle.Empty()) return;
   BatchLaeuft = false;
   EinrechnenLaeuft = true;
-  RuntimeConnections();
-  EffekteFrisch();
-  Sperren(true);
-  DestFile->Wave.SetFileName(ImTempOrdner(prog, kApplyDatei));
-  lblStatus.Caption = LoadResString(7242);
-  prog.plattform.schleife.DoEvents();
+  Sperren(true);  // before events run: what plays now, or leaves, would spoil the file
   try {
+    RuntimeConnections();
+    if (Beschaeftigt) return;
+    EffekteFrisch();
+    DestFile->Wave.SetFileName(ImTempOrdner(prog, kApplyDatei));
+    lblStatus.Caption = LoadResString(7242);
+    prog.plattform.schleife.DoEvents();
+    if (Beschaeftigt) return;
     Trigger->Start();
   } catch (const Laufzeitfehler&) {
     RenderAbschliessen();
@@ -111,6 +113,7 @@ void frmWaveEditor::Trigger_OnStop() {
 
 void frmWaveEditor::ErgebnisUebernehmen() {
   Trigger->Stop();
+  const std::int32_t frames = SourceFile->Wave.PlayEnd;
   DestFile->Wave.Close();
   SourceFile->Wave.Close();
   EinrechnenLaeuft = false;  // the chain ends at the loudspeaker again
@@ -119,6 +122,10 @@ void frmWaveEditor::ErgebnisUebernehmen() {
   prog.plattform.schleife.DoEvents();
   prog.Pausieren(kLoslassenMs);
   const Text ergebnis = DestFile->Wave.FileName();
+  // The sound ends early where another program has shortened the file: what is left of it stays.
+  if (prog.plattform.dateien.FileLen(ergebnis) < InBytes(frames)) {
+    throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
+  }
   prog.plattform.dateien.FileCopy(ergebnis, WorkDatei);
   prog.plattform.dateien.Kill(ergebnis);
 }
@@ -133,8 +140,10 @@ void frmWaveEditor::RenderAbschliessen() {
   EinrechnenLaeuft = false;
   SourceFile->Wave.SetFileName(WorkDatei);
   Weiter([&] { SourceFile->Wave.Open(); });
-  ScanWave(picWave);
-  DrawWave(picWave, picWaveBack);
+  Weiter([&] {
+    ScanWave(picWave);
+    DrawWave(picWave, picWaveBack);
+  });
   Sperren(false);
 }
 
@@ -211,6 +220,7 @@ void frmWaveEditor::CloseMe() {
   EffektWerteMerken();
   entfernen(UndoDatei);
   entfernen(CopyDatei);
+  entfernen(PasteDatei);  // left by a paste that failed
   entfernen(ImTempOrdner(prog, kApplyDatei));
   entfernen(ImTempOrdner(prog, kBatchDatei));
   prog.AppLog(L"frmWaveEditor.CloseMe()", L"wave editor session closed");

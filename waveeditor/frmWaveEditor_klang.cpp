@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kFrameBytes = 4;
 constexpr double kFramesJeMs = 44.1;
+constexpr std::int32_t kMaxZaehler = 1 << 30;
 constexpr std::int16_t kStereo = 2;
 constexpr const wchar_t* kStatStart = L"PerfStats\\StartStat";
 constexpr const wchar_t* kStatDaten = L"PerfStats\\StatData";
@@ -72,7 +73,8 @@ void frmWaveEditor::Gate(std::vector<std::int16_t>& klang, std::size_t bytes) {
     GateZaehler = 1;
     return;
   }
-  GateZaehler += static_cast<std::int32_t>(bytes) / kFrameBytes;
+  // Silence may last for hours: once the gate is closed the count tells nothing more.
+  GateZaehler = std::min(GateZaehler + static_cast<std::int32_t>(bytes) / kFrameBytes, kMaxZaehler);
   if (slGaterAttack.Value() * kFramesJeMs >= GateZaehler) return;
   LEDGaterAus.Visible = true;
   LEDGaterAn.Visible = false;

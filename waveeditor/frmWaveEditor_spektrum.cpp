@@ -20,17 +20,20 @@ constexpr std::int32_t kFrameBytes = 4;
 
 void frmWaveEditor::Spektrum3D() {
   if (!prog.Show3DAnalysis || ScanLaeuft || BatchLaeuft || Spielt || Beschaeftigt) return;
+  // The file is being written, or the same arithmetic draws the large picture.
+  if (tmrNormalize.Enabled || prog.frmSpektrum.Geladen()) return SpektrumNeuStarten();
   EventLoop& schleife = prog.plattform.schleife;
   const std::int32_t hoehe = pic3D.Height, breite = pic3D.Width;
   SpektrumBild bild(prog.plattform.audiolib);
   MMWaveObject& wave = Wave1->Wave;
   std::int32_t frames = std::clamp(MarkerEnde - MarkerAnfang, kMindestFrames, kHoechstFrames);
   if (NurCursor) frames = kHoechstFrames;
+  std::int32_t start = 0;
   const bool gelesen = Weiter([&] {
     wave.SetFileName(WorkDatei);
     wave.Open();
     wave.SetPosition(Ganz32(1.0 * (NurCursor ? CursorPos : MarkerAnfang) * kFrameBytes));
-    prog.SpektrumStart = wave.Position() / kFrameBytes;
+    start = wave.Position() / kFrameBytes;
     LinkenKanalLesen(wave, frames, BlockPuffer, SpektrumDaten);
   });
   Weiter([&] { wave.Close(); });
@@ -42,6 +45,7 @@ void frmWaveEditor::Spektrum3D() {
   bild.Zeichnen(pic3D, hoehe, breite, LoadResString(21600), LoadResString(21601));
   schleife.DoEvents();
   prog.SpektrumDatei = WorkDatei;
+  prog.SpektrumStart = start;
   prog.SpektrumLaenge = frames;
   prog.SpektrumBereit = true;
 }
@@ -56,7 +60,7 @@ void frmWaveEditor::pic3D_Paint() {
 }
 
 void frmWaveEditor::pic3D_DblClick() {
-  if (!prog.SpektrumBereit) return;
+  if (!prog.Show3DAnalysis || !prog.SpektrumBereit) return;
   prog.AppLog(L"frmWaveEditor.pic3D_DblClick()", L"showing fullscreen FFT");
   prog.ZeigeModal(prog.frmSpektrum.Laden());
 }

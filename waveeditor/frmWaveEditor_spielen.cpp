@@ -6,6 +6,7 @@
 #include "waveeditor/frmWaveEditor.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vantora {
 
@@ -18,6 +19,18 @@ constexpr int kSpulErstMs = 500, kSpulWenigerMs = 40, kSpulSchnellMs = 100, kSpu
 constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding tells nothing about the load
 constexpr int kFrameBytes = 4;
 constexpr int kEinrechnen = 5;
+
+// Sets a flag for as long as it lives.
+class Waehrend {
+ public:
+  explicit Waehrend(bool& zeichen) : zeichen_(zeichen) { zeichen_ = true; }
+  ~Waehrend() { zeichen_ = false; }
+  Waehrend(const Waehrend&) = delete;
+  Waehrend& operator=(const Waehrend&) = delete;
+
+ private:
+  bool& zeichen_;
+};
 
 Text SteuerungBild(const Text& zustand, int index) {
   return L"WAVESTEUERUNG" + zustand + L"_" + ZahlText(index);
@@ -34,14 +47,20 @@ void frmWaveEditor::BereichSetzen() {
 
 void frmWaveEditor::PlayWave(bool an) {
   prog.AppLog(L"frmWaveEditor.PlayWave", an ? L"playing started" : L"stop");
+  // A button may be let go, or another pressed, while the sound ends or the chain is connected.
+  if (HaeltAn) {
+    DanachSpielen = an;
+    return;
+  }
   if (!an) return Anhalten();
   RuntimeConnections();
+  if (Spielt || EinrechnenLaeuft || Beschaeftigt) return;
   Out->Loop = false;
   imgSteuerung(kEinrechnen).Enabled = false;
   lblEinrechnen.Enabled = false;
   imgNormalize.Enabled = false;
   BereichSetzen();
-  if (SourceFile->Wave.PlayStart == SourceFile->Wave.PlayEnd) return;
+  if (Laenge() == 0 || SourceFile->Wave.PlayStart == SourceFile->Wave.PlayEnd) return;
   Out->Loop = LoopAktiv;
   if (LoopAktiv) {
     imgLoop.Picture = L"WAVELOOPPRESSED";
@@ -58,6 +77,14 @@ void frmWaveEditor::PlayWave(bool an) {
 }
 
 void frmWaveEditor::Anhalten() {
+  {
+    const Waehrend haelt(HaeltAn);
+    SpielEnde();
+  }
+  if (std::exchange(DanachSpielen, false)) PlayWave(true);
+}
+
+void frmWaveEditor::SpielEnde() {
   Window.Enabled = false;
   Out->Stop();
   Out->Close();
@@ -91,7 +118,7 @@ void frmWaveEditor::KnoepfeFreigeben() {
 
 void frmWaveEditor::tmrAnzeigeTimer_Timer() {
   const std::int32_t laenge = Laenge();
-  if (laenge == 0) return;
+  if (laenge == 0) return SpieltNochPruefen();
   std::int64_t pos = SpulAktiv ? SpulPos : SourceFile->Wave.PlayStart;
   if (Spielt && !SpulAktiv) {
     const std::int64_t bytes = Out->Position();
@@ -107,7 +134,13 @@ void frmWaveEditor::tmrAnzeigeTimer_Timer() {
     sliderWave_OnChange();
   }
   if (Spielt && !LoopAktiv && (pos >= SourceFile->Wave.PlayEnd || pos < 0)) PlayWave(false);
+  SpieltNochPruefen();
   prog.plattform.schleife.DoEvents();
+}
+
+// The sound ends before its range where another program has shortened or removed the file.
+void frmWaveEditor::SpieltNochPruefen() {
+  if (Spielt && !SpulAktiv && Out->State() == MMWaveOutX::Stopped) PlayWave(false);
 }
 
 // ---- buttons ----

@@ -1,5 +1,6 @@
 // Brings the highest peak of a wave file of 16 bits to a share of full scale, 32767. Every other
-// sample is multiplied by the same factor in double precision and rounded once, ties to even.
+// sample is multiplied by the same factor in single precision and rounded, ties to even: within
+// half a step and 1/256 of the exact product.
 #pragma once
 
 #include "platform/files.h"
