@@ -317,6 +317,26 @@ TEST_F(Bearbeiten, TooLittleRoomIsToldBeforeAnythingChanges) {
   Druecke(E().imgSteuerung(6), 21001);
 }
 
+TEST_F(Bearbeiten, AnUndoCopyThatFailedIsNotOfferedAndTheClipboardStaysOfUse) {
+  const std::string wave = test::Wave(test::Noise(400'000));
+  b.Datei(kDatei, wave);
+  Oeffne();
+  Waehle(100, 50'000);
+  Druecke(E().imgFadeIn);
+  EXPECT_TRUE(E().UndoVorhanden);
+  platte->Room = 1000;
+  for (PictureButton* knopf : {&E().imgMute, &E().imgCut}) {
+    Waehle(100, 50'000);
+    b.Antwortet(kNein);
+    EditorBuehne::Druecke(*knopf);
+    EXPECT_TRUE(b.Gesagt().back().ends_with(L"(61)"));
+    EXPECT_FALSE(E().UndoVorhanden);
+  }
+  EXPECT_TRUE(E().imgPaste.Enabled());
+  EXPECT_FALSE(E().lblPasteDisabled.Visible());
+  Druecke(E().imgSteuerung(6), 21002);
+}
+
 TEST_F(Bearbeiten, AfterADiskThatFailsInTheMiddleTheFileIsStillAWave) {
   const std::string klang = test::Noise(2'500'003);
   std::mt19937 zufall(1);

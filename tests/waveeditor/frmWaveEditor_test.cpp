@@ -318,6 +318,8 @@ TEST_F(WaveEditor, TypedValuesGoToTheirSliders) {
   EXPECT_EQ(E().txtFlangerRate.Text(), L"2.5");
   tippt(E().txtFlangerDepth, L"999999", L"Return");
   EXPECT_EQ(E().slFlangerDepth.Value, 99);
+  tippt(E().txtFlangerDepth, L"150", L"Return");  // the slider stays, and the box tells it
+  EXPECT_EQ(E().txtFlangerDepth.Text(), L"99");
   Druecke(E().imgEffekt(1));
   tippt(E().txtVolume, L"8192", L"Return");
   EXPECT_EQ(E().txtVolume.Text(), L"50");

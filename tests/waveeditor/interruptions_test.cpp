@@ -1,0 +1,122 @@
+// What begins while the editor lets events run in the middle of its work, and what another program
+// does to the file meanwhile.
+
+#include <gtest/gtest.h>
+
+#include "tests/waveeditor/editor_stage.h"
+
+#include <filesystem>
+#include <string>
+
+namespace vantora {
+namespace {
+
+constexpr std::int64_t kSecond = 44100;
+constexpr std::size_t kHead = 44;  // bytes before the sound
+
+class Interruptions : public ::testing::Test, protected EditorBuehne {
+ protected:
+  // Runs with the first events that are let run.
+  void Meanwhile(const std::function<void()>& work) { b.platform.loop.Post(work); }
+  bool Sounds() { return E().Out->State() == MMWaveOutX::Running; }
+  void VolumeOn() {
+    E().slVolume.Value = 8192;
+    E().slVolume.Change();
+    Druecke(E().imgEffekt(1));
+    Druecke(E().imgVolumeByPass);
+  }
+  // Another program cuts the file that is open.
+  void Shorten(std::int64_t frames) {
+    std::filesystem::path file = b.home.Path();
+    for (const char* part : {"Vantora", "Wavs", "a.wav"}) file /= part;
+    std::filesystem::resize_file(file, static_cast<std::uintmax_t>(frames * 4) + kHead);
+  }
+};
+
+TEST_F(Interruptions, EscapeLeavesTheScanAndNoOtherKeyReachesTheWindow) {
+  Oeffne(10 * kSecond);
+  ASSERT_NE(E().WellenPunkte.back().Rechts, 0);
+  Ziehe(1000, 2000);
+  const std::size_t helps = b.platform.system.HelpOpened.size();
+  Meanwhile([this] {
+    EXPECT_TRUE(E().ScanLaeuft);
+    EXPECT_ANY_THROW(b.platform.hands.Key(E(), L"F1"));
+    b.platform.hands.Key(E(), L"Escape");
+  });
+  Druecke(E().imgMute);
+  EXPECT_EQ(E().WellenPunkte.back().Rechts, 0) << "it has read to the end";
+  EXPECT_FALSE(E().ScanLaeuft);
+  EXPECT_TRUE(E().Window.Enabled());
+  EXPECT_EQ(b.platform.system.HelpOpened.size(), helps);
+}
+
+TEST_F(Interruptions, AShortClickOnAWindButtonLeavesWindowAndSoundOfOneMind) {
+  Oeffne(60 * kSecond);
+  for (const int button : {3, 4, 3}) {
+    Druecke(E().imgSteuerung(0));
+    Vergeht(1500);
+    Druecke(E().imgSteuerung(button));  // let go while the sound is being ended
+    EXPECT_TRUE(E().Spielt && Sounds());
+    EXPECT_FALSE(E().imgNormalize.Enabled());
+    Druecke(E().imgSteuerung(1));
+    EXPECT_FALSE(E().Spielt || Sounds());
+    EXPECT_TRUE(E().imgNormalize.Enabled());
+  }
+}
+
+TEST_F(Interruptions, ConnectingTwiceAtOnceGoesOnFromTheSamePlace) {
+  Oeffne(60 * kSecond);
+  Druecke(E().imgEffekt(0));
+  Druecke(E().imgSteuerung(0));
+  Vergeht(5000);
+  const auto place = [this] { return E().SourceFile->Wave.PlayStart + E().Out->Position() / 4; };
+  const auto before = place();
+  EXPECT_NEAR(static_cast<double>(before), 5.0 * kSecond, 0.2 * kSecond);
+  Druecke(E().imgByPass);
+  EXPECT_NEAR(static_cast<double>(place()), static_cast<double>(before), 0.1 * kSecond);
+  Meanwhile([this] { E().RuntimeConnections(); });
+  Druecke(E().imgByPass);
+  EXPECT_NEAR(static_cast<double>(place()), static_cast<double>(before), 0.1 * kSecond);
+  EXPECT_TRUE(E().Spielt && Sounds());
+}
+
+TEST_F(Interruptions, NothingPlaysOrLeavesWhileEffectsAreWrittenIntoTheFile) {
+  Oeffne(3 * kSecond);
+  const std::string before = b.Lies(kDatei);
+  VolumeOn();
+  Ziehe(1000, 2000);
+  Meanwhile([this] { E().PlayWave(true); });
+  Druecke(E().imgSteuerung(5));
+  EXPECT_FALSE(E().Spielt);
+  EXPECT_ANY_THROW(Druecke(E().imgZurück));
+  Vergeht(3000);
+  const std::string after = b.Lies(kDatei);
+  ASSERT_EQ(after.size(), before.size());
+  EXPECT_NE(after.substr(kHead), before.substr(kHead));
+  EXPECT_TRUE(E().Window.Enabled());
+}
+
+TEST_F(Interruptions, AFileThatIsShortenedEndsThePlayingAndIsNotReplacedByItsRest) {
+  Oeffne(20 * kSecond);
+  Druecke(E().imgSteuerung(0));
+  Vergeht(500);
+  Shorten(2 * kSecond);
+  Vergeht(10'000);  // some seconds had been read ahead
+  EXPECT_FALSE(E().Spielt);
+  b.Tu([this] { E().CloseMe(); });
+
+  Oeffne(10 * kSecond);
+  VolumeOn();
+  Druecke(E().imgSteuerung(5));
+  Shorten(kSecond);
+  const std::string rest = b.Lies(kDatei);
+  b.Antwortet(kNein);
+  Vergeht(3000);
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_TRUE(b.Gesagt()[0].ends_with(L"(62)"));
+  EXPECT_EQ(b.Lies(kDatei), rest);
+  EXPECT_TRUE(E().Window.Enabled());
+}
+
+}  // namespace
+}  // namespace vantora
