@@ -101,6 +101,7 @@ void frmWaveEditor::SpielEnde() {
   BereichSetzen();
   tmrAnzeigeTimer_Timer();
   KnoepfeFreigeben();
+  if (Pausiert) KnopfBild(imgSteuerung(2));  // it showed the pause that ends here
   Pausiert = false;
   Window.Enabled = true;
 }

@@ -174,6 +174,13 @@ TEST_F(WaveEditor, PlayingRunsToTheEndOfTheRangeAndGoesBackToItsStart) {
   EXPECT_LE(E().linPosition.Left, Breite() * 3 / 4);
   Druecke(E().imgLoop);
   EXPECT_FALSE(E().Spielt);
+  const Text ungedrueckt = E().imgSteuerung(2).Picture();
+  Druecke(E().imgSteuerung(0));
+  Druecke(E().imgSteuerung(2));
+  EXPECT_NE(E().imgSteuerung(2).Picture(), ungedrueckt);
+  Druecke(E().imgSteuerung(1));  // stopped while it pauses
+  EXPECT_EQ(E().imgSteuerung(2).Picture(), ungedrueckt);
+  EXPECT_FALSE(E().Pausiert);
 }
 
 TEST_F(WaveEditor, ASoundCardThatRefusesStopsThePlaying) {
