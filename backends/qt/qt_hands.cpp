@@ -122,7 +122,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
 
   QtEventLoop& loop() { return loop_; }
 
-  void CheckForm(const Form& form) {
+  void CheckForm(const Form& form, bool evenDisabled = false) {
     loop_.Sync();
     if (!form.Visible()) Refuse(Spoken(form) + " is not shown");
     if (!loop_.Reachable(form)) {
@@ -130,7 +130,9 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
       Refuse(Spoken(form) + " is behind " + (front == nullptr ? "nothing" : Spoken(*front)) +
              " or minimized");
     }
-    if (!form.Window.Enabled) Refuse(Spoken(form) + " takes no input: its window is disabled");
+    if (!form.Window.Enabled && !evenDisabled) {
+      Refuse(Spoken(form) + " takes no input: its window is disabled");
+    }
   }
 
   QWidget* CheckControl(const Control& control) {
@@ -393,7 +395,7 @@ void QtHands::Key(Form& form, const Text& key) {
   Settle();
   const std::optional<keys::Stroke> stroke = keys::Parse(key);
   if (!stroke) Refuse("there is no key " + look::FromText(key).toStdString());
-  fingers_->CheckForm(form);
+  fingers_->CheckForm(form, form.EscapeWhileDisabled && stroke->Key == Qt::Key_Escape);
   const auto target = [fingers = fingers_, &form]() -> QPointer<QWidget> {
     QtEventLoop& loop = fingers->loop();
     const auto& forms = loop.Forms();

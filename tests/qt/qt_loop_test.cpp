@@ -2,6 +2,7 @@
 #include "tests/qt/stage.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QScreen>
@@ -128,6 +129,51 @@ TEST_F(Stage, ACaptionGoesDimWithItsButtonAndNoStrayKeyPressesAButtonThatWaits) 
       })
       .Then([&] { hands.Key(form, L"Return"); })
       .Then([&] { EXPECT_EQ(form.Count("button 1"), 1); });
+  Play(form);
+}
+
+TEST_F(Stage, EscapeReachesADisabledWindowThatAsksForItAndNoOtherKeyDoes) {
+  FullForm form(loop);
+  std::vector<int> told;
+  form.OnKey = [&told](int key, bool) {
+    told.push_back(key);
+    return true;
+  };
+  const auto press = [&](int key) {
+    QWidget* window = loop.WindowOf(form);
+    QWidget* focus = window->focusWidget() == nullptr ? window : window->focusWidget();
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(focus, &event);
+  };
+  person.Then([&] {
+    form.Window.Enabled = false;
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(told.empty());
+    form.EscapeWhileDisabled = true;
+    press(Qt::Key_F1);
+    EXPECT_TRUE(told.empty());
+    press(Qt::Key_Escape);
+    EXPECT_EQ(told, std::vector<int>{kKeyEscape});
+    form.Window.Enabled = true;
+  });
+  Play(form);
+}
+
+TEST_F(Stage, ReturnLetsGoAButtonThatWorksWhileItIsHeld) {
+  FullForm form(loop);
+  form.FirstFocus = false;
+  bool held = false;
+  int turns = 0;
+  form.imgButton.MouseDown = [&](int) {
+    held = true;
+    while (held && ++turns < 1000) loop.DoEvents();
+  };
+  form.imgButton.MouseUp = [&held](int) { held = false; };
+  person.Then([&] { hands.Key(form, L"Tab"); }).Then([&] { hands.Key(form, L"Return"); }).Then([&] {
+    EXPECT_FALSE(held);
+    EXPECT_GT(turns, 0);
+    EXPECT_LT(turns, 1000);
+  });
   Play(form);
 }
 
