@@ -17,4 +17,16 @@ bool Weiter(Anweisung&& anweisung) {
   }
 }
 
+// Runs what has to follow a piece of work also when the work fails; the error goes on from there.
+template <typename Arbeit, typename Danach>
+void Jedenfalls(Arbeit&& arbeit, Danach&& danach) {
+  try {
+    arbeit();
+  } catch (const Laufzeitfehler&) {
+    danach();
+    throw;
+  }
+  danach();
+}
+
 }  // namespace vantora

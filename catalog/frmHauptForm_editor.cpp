@@ -31,13 +31,9 @@ void frmHauptForm::imgWaveEdit_MouseUp() {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.WaveEditorDatei = datei;
   Window.Enabled = false;
-  try {
-    prog.ZeigeModal(prog.frmWaveEditor.Laden());
-  } catch (const Laufzeitfehler&) {
-    prog.frmWaveEditor.Entladen();  // half made it is of no use to the next press
-    throw;
-  }
-  prog.frmWaveEditor.Entladen();
+  // One that was only half made is of no use to the next press.
+  Jedenfalls([this] { prog.ZeigeModal(prog.frmWaveEditor.Laden()); },
+             [this] { prog.frmWaveEditor.Entladen(); });
   Window.Enabled = true;
   prog.plattform.schleife.MousePointer(Pointer::Normal);
 }
@@ -66,13 +62,7 @@ void frmHauptForm::mnuWaveAssistent_Click() {
     if (zeile.Selected()) dateien.push_back(Trim(zeile.SubItems(7)));
   }
   if (prog.MsgBoxen(LoadResString(8064), kJaNein) != kJa) return;
-  try {
-    StapelLaufen(dateien);
-  } catch (const Laufzeitfehler&) {
-    StapelBeenden();
-    throw;
-  }
-  StapelBeenden();
+  Jedenfalls([&] { StapelLaufen(dateien); }, [this] { StapelBeenden(); });
 }
 
 void frmHauptForm::StapelLaufen(const std::vector<Text>& dateien) {

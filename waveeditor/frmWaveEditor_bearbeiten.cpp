@@ -389,17 +389,11 @@ void frmWaveEditor::imgCut_MouseUp() {
 
 // Afterwards the clipboard can be pasted, also when the operation has failed.
 void frmWaveEditor::InAblage(const std::function<void()>& arbeit) {
-  const auto freigeben = [this] {
-    imgPaste.Enabled = true;
-    lblPasteDisabled.Visible = false;
-  };
-  try {
-    Ausfuehren(arbeit);
-  } catch (const Laufzeitfehler&) {
-    freigeben();
-    throw;
-  }
-  freigeben();
+  Jedenfalls([&] { Ausfuehren(arbeit); },
+             [this] {
+               imgPaste.Enabled = true;
+               lblPasteDisabled.Visible = false;
+             });
 }
 
 void frmWaveEditor::imgPaste_MouseUp() {

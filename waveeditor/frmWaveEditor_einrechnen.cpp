@@ -45,12 +45,10 @@ void frmWaveEditor::Einrechnen() {
   Sperren(true);  // before events run: what plays now, or leaves, would spoil the file
   try {
     RuntimeConnections();
-    if (Beschaeftigt) return;
     EffekteFrisch();
     DestFile->Wave.SetFileName(ImTempOrdner(prog, kApplyDatei));
     lblStatus.Caption = LoadResString(7242);
     prog.plattform.schleife.DoEvents();
-    if (Beschaeftigt) return;
     Trigger->Start();
   } catch (const Laufzeitfehler&) {
     RenderAbschliessen();
@@ -102,13 +100,8 @@ void frmWaveEditor::EffekteFrisch() {
 // ---- what the trigger tells ----
 
 void frmWaveEditor::Trigger_OnStop() {
-  try {
-    ErgebnisUebernehmen();
-  } catch (const Laufzeitfehler&) {
-    RenderAbschliessen();  // on the source as it was
-    throw;
-  }
-  RenderAbschliessen();
+  // After a failure on the source as it was.
+  Jedenfalls([this] { ErgebnisUebernehmen(); }, [this] { RenderAbschliessen(); });
 }
 
 void frmWaveEditor::ErgebnisUebernehmen() {
