@@ -14,7 +14,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -25,11 +24,6 @@ namespace vantora {
 namespace {
 
 constexpr int kNoLimit = 32767;
-
-void Colour(QWidget& widget, const char* kind, const Control& control) {
-  const QString sheet = look::FieldSheet(kind, control.ForeColor, control.BackColor);
-  if (widget.styleSheet() != sheet) widget.setStyleSheet(sheet);
-}
 
 // ---- text ----
 
@@ -86,7 +80,7 @@ class TextFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const TextBox&>(control);
-    Colour(*line_, "QLineEdit", box);
+    look::InkField(*line_, box);
     line_->setMaxLength(box.MaxLength > 0 ? box.MaxLength() : kNoLimit);
     const QString text = look::FromText(box.Text);
     if (line_->text() == text) return;
@@ -109,13 +103,6 @@ void Word(QAbstractButton& button, const Text& caption) {
   if (button.text() != words) button.setText(words);
 }
 
-void Colour(QAbstractButton& button, const Control& control) {
-  QPalette palette = button.palette();
-  palette.setColor(QPalette::Active, QPalette::WindowText, look::Of(control.ForeColor));
-  palette.setColor(QPalette::Inactive, QPalette::WindowText, look::Of(control.ForeColor));
-  if (palette != button.palette()) button.setPalette(palette);
-}
-
 class CheckFace final : public Face {
  public:
   CheckFace(CheckBox& box, FormWindow& window) : CheckFace(box, window, new QCheckBox(&window)) {}
@@ -133,7 +120,7 @@ class CheckFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const CheckBox&>(control);
-    Colour(*check_, box);
+    look::Ink(*check_, QPalette::WindowText, look::Of(box.ForeColor));
     Word(*check_, box.Caption);
     check_->setChecked(box.Value != 0);
   }
@@ -160,7 +147,7 @@ class OptionFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& option = static_cast<const OptionButton&>(control);
-    Colour(*radio_, option);
+    look::Ink(*radio_, QPalette::WindowText, look::Of(option.ForeColor));
     Word(*radio_, option.Caption);
     if (radio_->isChecked() == option.Value()) return;
     // An exclusive group would keep its last button set, and a form may want none.
@@ -175,26 +162,9 @@ class OptionFace final : public Face {
 
 // ---- lists ----
 
-// The style sheet that gives the box its field takes the arrow away.
-class ArrowCombo final : public QComboBox {
- public:
-  using QComboBox::QComboBox;
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QComboBox::paintEvent(event);
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QColor ink = isEnabled() ? look::Of(look::kAmber) : palette().color(QPalette::Text);
-    painter.setPen(QPen(ink, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    const QPointF tip(width() - 13.5, height() / 2.0 + 2);
-    painter.drawPolyline(QPolygonF{tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)});
-  }
-};
-
 class ComboFace final : public Face {
  public:
-  ComboFace(ComboBox& box, FormWindow& window) : ComboFace(box, window, new ArrowCombo(&window)) {}
+  ComboFace(ComboBox& box, FormWindow& window) : ComboFace(box, window, new QComboBox(&window)) {}
 
  private:
   ComboFace(ComboBox& box, FormWindow& window, QComboBox* combo)
@@ -210,7 +180,7 @@ class ComboFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const ComboBox&>(control);
-    Colour(*combo_, "QComboBox", box);
+    look::InkField(*combo_, box);
     QStringList lines;
     for (const Text& item : box.Items()) lines << look::FromText(item);
     if (lines != lines_) {
@@ -322,7 +292,7 @@ class ListFace final : public Face {
     const auto& box = static_cast<const ListBox&>(control);
     const int top = box.TopIndex;
     const bool moved = top != top_;
-    Colour(*list_, "QListWidget", box);
+    look::InkField(*list_, box);
     while (list_->count() > box.ListCount()) delete list_->takeItem(list_->count() - 1);
     for (int i = 0; i < box.ListCount(); ++i) {
       const QString text = look::FromText(box.List(i));

@@ -1,4 +1,4 @@
-// The colours, the type and the style sheets that all windows share, and the small conversions
+// The colours, the type and the style that all windows share, and the small conversions
 // between the form model's units and the toolkit's.
 #pragma once
 
@@ -6,10 +6,12 @@
 
 #include <QColor>
 #include <QFont>
+#include <QPalette>
 #include <QRect>
 #include <QString>
 
 class QPainter;
+class QWidget;
 
 namespace vantora::look {
 
@@ -18,6 +20,7 @@ inline constexpr int kTwipsPerPixel = 15;
 inline constexpr Color kGround = Rgb(31, 34, 51);
 inline constexpr Color kPanel = Rgb(53, 55, 99);
 inline constexpr Color kField = Rgb(16, 19, 31);
+inline constexpr Color kFieldWords = Rgb(230, 234, 246);
 inline constexpr Color kWords = Rgb(235, 238, 245);
 inline constexpr Color kQuiet = Rgb(154, 165, 200);
 inline constexpr Color kAmber = Rgb(255, 181, 69);
@@ -39,9 +42,10 @@ void DrawFocusRing(QPainter& painter, const QRect& rect);
 
 // Gives the application its style and palette; doing it again changes nothing.
 void Dress();
-// The style sheet of a text box, list, table or choice, with colours of its own where it has them.
-// `kind` is the toolkit's name of the class.
-QString FieldSheet(const char* kind, Color fore, Color back);
+// Gives a widget a colour of its own, but for the times when it is disabled.
+void Ink(QWidget& widget, QPalette::ColorRole role, const QColor& colour);
+// The colours of a text box, list, table or choice.
+void InkField(QWidget& field, const Control& control);
 QString MenuSheet();
 
 }  // namespace vantora::look

@@ -153,8 +153,7 @@ class TableFace final : public Face {
 
   void Apply(Control& control) override {
     auto& list = static_cast<ListView&>(control);
-    const QString sheet = look::FieldSheet("QTreeView", list.ForeColor, list.BackColor);
-    if (table_->styleSheet() != sheet) table_->setStyleSheet(sheet);
+    look::InkField(*table_, list);
     table_->setAcceptDrops(list.OLEDragOver || list.OLEDragDrop);
     ApplyColumns(list);
     if (rows_->SetRows(list.ListItems)) table_->viewport()->update();
