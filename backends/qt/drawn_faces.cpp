@@ -27,10 +27,13 @@ void LetMouseThrough(QWidget& widget, bool through) {
   widget.setAttribute(Qt::WA_TransparentForMouseEvents, through);
 }
 
+// A label by its kind alone, for screen readers, which are told its words as its name: what the
+// toolkit does with the words of one that can have the focus is not wanted.
 class WordsWidget final : public QLabel {
  public:
   using QLabel::QLabel;
 
+  QString Words;
   QColor Ink, Ground;
   bool Wrap = false;
 
@@ -45,11 +48,11 @@ class WordsWidget final : public QLabel {
     if (Wrap) {
       QTextOption option(static_cast<Qt::Alignment>(across) | Qt::AlignTop);
       option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // paths have no blanks
-      painter.drawText(QRectF(rect()), text(), option);
+      painter.drawText(QRectF(rect()), Words, option);
       return;
     }
     const QFontMetrics metrics = painter.fontMetrics();
-    QStringList lines = text().split(u'\n');
+    QStringList lines = Words.split(u'\n');
     for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, width());
     painter.drawText(rect(), across | Qt::AlignTop | Qt::TextDontClip, lines.join(u'\n'));
     if (hasFocus()) look::DrawFocusRing(painter, rect());
@@ -78,9 +81,7 @@ class LabelFace final : public Face {
 
  private:
   LabelFace(Label& label, FormWindow& window, WordsWidget* words)
-      : Face(label, window, words), words_(words) {
-    words_->setTextFormat(Qt::PlainText);
-  }
+      : Face(label, window, words), words_(words) {}
 
   void Apply(Control& control) override {
     const auto& label = static_cast<const Label&>(control);
@@ -91,9 +92,8 @@ class LabelFace final : public Face {
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;
     words_->setAlignment(Across(label.Align) | Qt::AlignTop);
-    QString caption = look::FromText(label.Caption);
-    caption.remove(u'\r');
-    if (words_->text() != caption) words_->setText(caption);
+    words_->Words = look::FromText(label.Caption);
+    words_->Words.remove(u'\r');
     words_->update();
   }
 
