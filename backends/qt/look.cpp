@@ -43,7 +43,6 @@ QPalette Colours() {
     palette.setColor(QPalette::Disabled, role, QColor(133, 140, 168));
   }
   palette.setColor(QPalette::Disabled, QPalette::Base, QColor(27, 31, 48));
-  palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor(201, 165, 103));
   palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor(90, 95, 150));
   return palette;
 }

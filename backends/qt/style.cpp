@@ -28,6 +28,7 @@ constexpr double kFieldRadius = 2.5;
 constexpr double kHandleRadius = 4;
 
 constexpr Color kEdgeOff = Rgb(67, 72, 107);
+constexpr Color kSelectedBehind = Rgb(201, 165, 103);
 constexpr Color kBarGround = Rgb(27, 31, 48);
 
 QPalette::ColorGroup GroupOf(const QStyleOption& option) {
@@ -75,8 +76,13 @@ bool IsSelected(const QStyleOption& option) {
   return option.state.testFlag(QStyle::State_Selected);
 }
 
+// Colours that differ between the window in front and the others would have the toolkit paint every
+// widget once more when a window comes to the front, so this one is no part of the palette.
 void DrawSelection(const QStyleOption& option, QPainter& painter) {
-  painter.fillRect(option.rect, option.palette.brush(GroupOf(option), QPalette::Highlight));
+  const QPalette::ColorGroup group = GroupOf(option);
+  painter.fillRect(option.rect, group == QPalette::Inactive
+                                    ? Of(kSelectedBehind)
+                                    : option.palette.color(group, QPalette::Highlight));
 }
 
 void DrawRow(const QStyleOption& option, QPainter& painter) {
