@@ -18,7 +18,7 @@ namespace vantora {
 class DrawingWidget final : public QWidget {
  public:
   DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
-  void Set(const PictureBox& box);
+  bool Set(const PictureBox& box);  // true: its drawing is another one
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -32,7 +32,8 @@ class DrawingWidget final : public QWidget {
   struct Mark {
     DrawItem::What Kind = DrawItem::What::Line;
     QPolygonF Points;
-    QRect Reach;  // no pixel beyond it is touched
+    bool Bars = false;  // a line as the bars that it is made of, each by two of its corners
+    QRect Reach;        // no pixel beyond it is touched
     QColor Ink, Fill;
     QString Words;
     Text Picture;
@@ -41,9 +42,10 @@ class DrawingWidget final : public QWidget {
     bool operator==(const Mark& other) const = default;
   };
   static std::vector<Mark> MarksOf(const std::vector<DrawItem>& items);
-  static void AddPolyline(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks);
+  static void AddLine(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks);
   static void PlaceWords(const DrawItem& item, Mark& mark);
   void Draw(QPainter& painter, const Mark& mark);
+  static void DrawLine(QPainter& painter, const Mark& mark);
   void TellWhetherOpaque();
   void ShowRing(bool ringed);
 

@@ -325,7 +325,7 @@ class DrawingFace final : public Face {
     LetMouseThrough(*drawing_, !HasMouseHandler(control) && !window().Holds(control));
     drawing_->setMouseTracking(static_cast<bool>(control.MouseMove));
     drawing_->setFocusPolicy(control.KeyDown ? Qt::StrongFocus : Qt::NoFocus);
-    drawing_->Set(box);
+    if (drawing_->Set(box)) window().PaintAtOnce();
   }
 
   DrawingWidget* drawing_;

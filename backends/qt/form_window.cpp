@@ -11,7 +11,6 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -73,6 +72,11 @@ FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host)
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::NoFocus);
   setObjectName(look::FromText(form.Name));
+  held_.setSingleShot(true);
+  connect(&held_, &QTimer::timeout, this, [this] {
+    paintDue_ = true;
+    QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
+  });
   form.Window.Dirty = true;
   Reconcile();
   for (Control* control : form.Controls) control->Dirty = true;
@@ -221,12 +225,20 @@ void FormWindow::ApplyFrame() {
   } else if (place_.isNull() && !isVisible()) {
     move(screen()->geometry().center() - rect().center());  // it has named no place
   }
-  ground_ = form_->Picture().empty()
-                ? QPixmap()
-                : host_.ThePictures().Get(form_->Picture, size(), devicePixelRatioF());
+  ApplyGround(frame.BackColor == kTransparent ? look::kGround : frame.BackColor());
+}
+
+void FormWindow::ApplyGround(Color back) {
+  const QPixmap picture = form_->Picture().empty()
+                              ? QPixmap()
+                              : host_.ThePictures().Get(form_->Picture, size(), devicePixelRatioF());
+  const QColor colour = look::Of(back);
+  if (picture.cacheKey() == ground_.cacheKey() && colour == palette().color(QPalette::Window)) {
+    return;
+  }
+  ground_ = picture;
   QPalette colours = palette();
-  colours.setColor(QPalette::Window,
-                   look::Of(frame.BackColor == kTransparent ? look::kGround : frame.BackColor()));
+  colours.setColor(QPalette::Window, colour);
   setPalette(colours);
   update();
 }
@@ -490,20 +502,21 @@ bool FormWindow::event(QEvent* event) {
 bool FormWindow::HoldPaint() {
   const bool tooSoon = sincePaint_.isValid() && sincePaint_.elapsed() < kPaintMs;
   if (tooSoon && !paintDue_) {
-    if (paintHeld_) return true;
-    paintHeld_ = true;
-    const int wait = static_cast<int>(kPaintMs - sincePaint_.elapsed());
-    QTimer::singleShot(wait, this, [this] {
-      paintHeld_ = false;
-      paintDue_ = true;
-      QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
-    });
+    if (!held_.isActive()) held_.start(static_cast<int>(kPaintMs - sincePaint_.elapsed()));
     return true;
   }
+  held_.stop();
   paintDue_ = false;
   sincePaint_.restart();
   host_.Painted();
   return false;
+}
+
+void FormWindow::PaintAtOnce() {
+  paintDue_ = true;
+  if (!held_.isActive()) return;
+  held_.stop();
+  QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
 }
 
 void FormWindow::paintEvent(QPaintEvent* event) {

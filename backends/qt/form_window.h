@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QHash>
+#include <QTimer>
 #include <QWidget>
 
 #include <map>
@@ -37,8 +38,9 @@ class FormWindow final : public QWidget {
   void OrderFocus();                         // after TabIndex
   bool Holds(const Control& control) const;  // others lie in it
   bool Pressed(const Face& face) const { return pressed_ == &face; }
-  void Restore();                  // after it was minimized
-  bool Refused() const;            // no input: disabled, behind a modal window or without a form
+  void PaintAtOnce();    // what a person waits for, however short the last paint lies back
+  void Restore();        // after it was minimized
+  bool Refused() const;  // no input: disabled, behind a modal window or without a form
   QButtonGroup* Group(int group);  // of option buttons
 
   void Handle(const std::function<void()>& handler);
@@ -55,6 +57,7 @@ class FormWindow final : public QWidget {
 
  private:
   void ApplyFrame();
+  void ApplyGround(Color back);
   void FillScreen(const QRect& place);
   void Reconcile();
   void AddFace(Control& control);
@@ -87,7 +90,8 @@ class FormWindow final : public QWidget {
   bool dragging_ = false, syncing_ = false;
   int busy_ = 0, touching_ = 0;
   QElapsedTimer sincePaint_;
-  bool paintHeld_ = false, paintDue_ = false;
+  QTimer held_;  // runs while a paint is put off
+  bool paintDue_ = false;
 };
 
 }  // namespace vantora

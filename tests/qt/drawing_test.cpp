@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include <cmath>
 #include <random>
 
 namespace vantora {
@@ -66,6 +67,28 @@ TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
                   other = qRed(whole.pixel(part.x() + x, part.y() + y));
         ASSERT_NEAR(one, other, 5) << part.x() + x << "," << part.y() + y;
       }
+    }
+  }
+}
+
+// A steep line has no points in most of the columns that it crosses.
+TEST(Drawing, ALineBetweenTwoPointsIsStraight) {
+  constexpr int kWidth = 20, kHeight = 200;
+  QtEventLoop loop{"", {}, 20};
+  TestForm form(loop);
+  PictureBox box(form, L"picWave");
+  Pictures pictures{{}, {}};
+  DrawingWidget widget(pictures, nullptr);
+  widget.resize(kWidth, kHeight);
+  box.BackColor = Rgb(0, 0, 64);
+  box.Draw(Item(DrawItem::What::Polyline, {0, 0, (kWidth - 1) * 15, (kHeight - 1) * 15}));
+  widget.Set(box);
+  const QImage whole = Seen(widget, widget.rect());
+  for (int y = 0; y < kHeight; ++y) {
+    for (int x = 0; x < kWidth; ++x) {
+      const double away = std::abs(x - y * (kWidth - 1.0) / (kHeight - 1));
+      const int lit = qRed(whole.pixel(x, y));
+      EXPECT_TRUE(away < 0.1 ? lit > 150 : away < 2 || lit == 0) << x << "," << y << ": " << lit;
     }
   }
 }

@@ -384,6 +384,26 @@ TEST_F(Stage, AWindowThatAlwaysChangesIsPaintedNoOftenerThanAScreenShows) {
   EXPECT_LE(static_cast<double>(loop.Paints() - before), ms / 10 + 2);
 }
 
+TEST_F(Stage, ADrawingThatIsMadeAnewIsNotPutOffBehindThePaintBefore) {
+  FullForm form(loop);
+  loop.Show(form);
+  const auto paint = [&] {
+    const auto before = loop.Paints();
+    loop.DoEvents();
+    return loop.Paints() - before;
+  };
+  while (paint() > 0) continue;
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  form.lblTitle.Caption = L"one";
+  EXPECT_EQ(paint(), 1);
+  form.lblTitle.Caption = L"two";
+  EXPECT_EQ(paint(), 0) << "words can wait";
+  DrawItem line;
+  line.Points = {0, 0, 300, 300};
+  form.picWave.Draw(line);
+  EXPECT_EQ(paint(), 1);
+}
+
 TEST_F(Stage, AFrameOfTheScreensSizeFillsItAndStillDoesWhenItComesBack) {
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   TestForm form(loop);
