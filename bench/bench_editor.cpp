@@ -33,11 +33,18 @@ void Paint(Windows& stage) {
   }
 }
 
+// Waits for a paint that is due, and may be put off behind the one before.
+void PaintAgain(Windows& stage) {
+  const std::int64_t before = stage.platform.loop.Paints();
+  while (before == stage.platform.loop.Paints()) stage.platform.loop.DoEvents();
+  Paint(stage);
+}
+
 frmWaveEditor& Load(Windows& stage) {
   stage.prog.WaveEditorDatei = kFile;
   frmWaveEditor& editor = *stage.prog.frmWaveEditor.Laden();
   stage.prog.Zeigen(editor);
-  Paint(stage);
+  PaintAgain(stage);
   if (editor.WellenPunkte.empty()) throw std::runtime_error("nothing was drawn");
   return editor;
 }
