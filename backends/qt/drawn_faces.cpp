@@ -87,7 +87,7 @@ class LabelFace final : public Face {
     const auto& label = static_cast<const Label&>(control);
     LetMouseThrough(*words_, !HasMouseHandler(control));
     words_->setFocusPolicy(label.TabStop ? Qt::TabFocus : Qt::NoFocus);
-    words_->setCursor(HasMouseHandler(control) ? Qt::PointingHandCursor : Qt::ArrowCursor);
+    Invite(HasMouseHandler(control));
     words_->Ink = look::Of(label.ForeColor);
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;
@@ -95,6 +95,15 @@ class LabelFace final : public Face {
     words_->Words = look::FromText(label.Caption);
     words_->Words.remove(u'\r');
     words_->update();
+  }
+
+  void Invite(bool toClick) {
+    if (toClick == words_->testAttribute(Qt::WA_SetCursor)) return;
+    if (toClick) {
+      words_->setCursor(Qt::PointingHandCursor);
+    } else {
+      words_->unsetCursor();
+    }
   }
 
   WordsWidget* words_;

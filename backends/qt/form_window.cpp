@@ -524,7 +524,12 @@ void FormWindow::paintEvent(QPaintEvent* event) {
   if (ground_.isNull() || ground_.hasAlpha()) {
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
   }
-  if (!ground_.isNull()) painter.drawPixmap(0, 0, ground_);
+  if (ground_.isNull()) return;
+  // Cut along a rectangle, pixels are copied; along a shape of several, they are mixed one by one.
+  for (const QRect& part : event->region()) {
+    painter.setClipRect(part);
+    painter.drawPixmap(0, 0, ground_);
+  }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

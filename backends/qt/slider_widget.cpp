@@ -3,7 +3,6 @@
 #include "backends/qt/look.h"
 
 #include <QKeyEvent>
-#include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -78,11 +77,8 @@ double SliderWidget::KnobAt(int value, double length) const {
 
 void SliderWidget::PaintGroove(QPainter& painter, double length, double thick) const {
   const QRectF groove(0.5, (thick - kGroovePixels) / 2, length - 1, kGroovePixels);
-  QLinearGradient metal(groove.topLeft(), groove.bottomLeft());
-  metal.setColorAt(0, look::Of(look::kField));
-  metal.setColorAt(1, QColor(58, 63, 96));
-  painter.setPen(QPen(QColor(112, 118, 168), 1));
-  painter.setBrush(metal);
+  painter.setPen(QPen(look::Of(look::kEdge), 1));
+  painter.setBrush(QColor(34, 38, 60));
   painter.drawRoundedRect(groove, 2, 2);
   const bool zero = minimum() < 0 && maximum() > 0;
   const double from = zero ? KnobAt(0, length) : groove.left();
