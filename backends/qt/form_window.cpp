@@ -229,9 +229,9 @@ void FormWindow::ApplyFrame() {
 }
 
 void FormWindow::ApplyGround(Color back) {
-  const QPixmap picture = form_->Picture().empty()
-                              ? QPixmap()
-                              : host_.ThePictures().Get(form_->Picture, size(), devicePixelRatioF());
+  const QPixmap picture = form_->Picture().empty() ? QPixmap()
+                                                   : host_.ThePictures().Get(form_->Picture, size(),
+                                                                             devicePixelRatioF());
   const QColor colour = look::Of(back);
   if (picture.cacheKey() == ground_.cacheKey() && colour == palette().color(QPalette::Window)) {
     return;
