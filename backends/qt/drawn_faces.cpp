@@ -6,13 +6,13 @@
 #include "backends/qt/level_bars.h"
 #include "backends/qt/look.h"
 #include "backends/qt/picture_widgets.h"
+#include "backends/qt/words.h"
 
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QTextOption>
 
 #include <algorithm>
 #include <memory>
@@ -31,7 +31,7 @@ void LetMouseThrough(QWidget& widget, bool through) {
 // toolkit does with the words of one that can have the focus is not wanted.
 class WordsWidget final : public QLabel {
  public:
-  using QLabel::QLabel;
+  WordsWidget(Pictures& pictures, QWidget* parent) : QLabel(parent), pictures_(pictures) {}
 
   QString Words;
   QColor Ink, Ground;
@@ -43,20 +43,14 @@ class WordsWidget final : public QLabel {
     if (Ground.alpha() > 0) painter.fillRect(rect(), Ground);
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
-    painter.setPen(ink);
-    const int across = static_cast<int>(alignment() & Qt::AlignHorizontal_Mask);
-    if (Wrap) {
-      QTextOption option(static_cast<Qt::Alignment>(across) | Qt::AlignTop);
-      option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // paths have no blanks
-      painter.drawText(QRectF(rect()), Words, option);
-      return;
-    }
-    const QFontMetrics metrics = painter.fontMetrics();
-    QStringList lines = Words.split(u'\n');
-    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, width());
-    painter.drawText(rect(), across | Qt::AlignTop | Qt::TextDontClip, lines.join(u'\n'));
+    const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
+    DrawWords(painter, pictures_, {Words, font(), ink, rect(), across | Qt::AlignTop, Wrap},
+              devicePixelRatioF());
     if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
+
+ private:
+  Pictures& pictures_;
 };
 
 Qt::Alignment Across(Alignment align) {
@@ -67,7 +61,7 @@ Qt::Alignment Across(Alignment align) {
 class LabelFace final : public Face {
  public:
   LabelFace(Label& label, FormWindow& window)
-      : LabelFace(label, window, new WordsWidget(&window)) {}
+      : LabelFace(label, window, new WordsWidget(window.host().ThePictures(), &window)) {}
 
   void KeyPress(QKeyEvent& event) override {
     const bool press = event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||

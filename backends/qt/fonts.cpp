@@ -5,15 +5,17 @@
 #include <QWidget>
 
 #include <fontconfig/fontconfig.h>
-#include <unistd.h>
+#include <initializer_list>
+#include <sys/stat.h>
 
 namespace vantora {
 
 namespace {
 
-// One of the family's files, in the folder of its package.
+// The family's files that the windows are written in, in the folder of their package.
 constexpr const char* kFamilyFile =
     "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf";
+constexpr const char* kBoldFile = "/usr/share/fonts/truetype/liberation/LiberationSans-Bold.ttf";
 
 // The hinting is the machine's own, as long as nobody has changed it.
 constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
@@ -28,8 +30,18 @@ constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
 </fontconfig>
 )";
 
+// Changes with the files; 0 when one is missing.
+std::int64_t StampOf(std::initializer_list<const char*> files) {
+  std::int64_t stamp = 0;
+  for (const char* file : files) {
+    struct stat info {};
+    if (::stat(file, &info) != 0) return 0;
+    stamp += info.st_mtim.tv_sec + info.st_size;
+  }
+  return stamp;
+}
+
 bool KnowFamilyOnly() {
-  if (access(kFamilyFile, R_OK) != 0) return false;
   FcConfig* settings = FcConfigCreate();
   const auto* words = reinterpret_cast<const FcChar8*>(kFamilyOnly);
   const bool known = FcConfigParseAndLoadFromMemory(settings, words, FcTrue) == FcTrue &&
@@ -41,7 +53,9 @@ bool KnowFamilyOnly() {
 
 }  // namespace
 
-Fonts::Fonts() : rest_(KnowFamilyOnly()) {}
+Fonts::Fonts() : stamp_(StampOf({kFamilyFile, kBoldFile})), rest_(stamp_ != 0 && KnowFamilyOnly()) {
+  if (!rest_) stamp_ = 0;
+}
 
 Fonts::~Fonts() {
   if (auto* settings = static_cast<FcConfig*>(read_.load())) FcConfigDestroy(settings);
@@ -70,6 +84,7 @@ void Fonts::Finish() {
 void Fonts::TakeOver() {
   auto* settings = static_cast<FcConfig*>(read_.exchange(nullptr));
   if (settings == nullptr) return;
+  stamp_ = 0;
   FcConfigSetCurrent(settings);
   FcConfigDestroy(settings);
   // The toolkit forgets what it knows of fonts when one of the application's own goes.

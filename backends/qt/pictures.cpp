@@ -13,6 +13,13 @@ namespace vantora {
 namespace {
 
 constexpr int kCacheKilobytes = 96 * 1024;
+constexpr const char* kWordsEnding = ".words";
+
+// To look for pixels that shine through would touch them all.
+QPixmap Shown(QImage image, double density) {
+  image.setDevicePixelRatio(density);
+  return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion);
+}
 
 bool Opaque(const QImage& image) {
   for (int y = 0; y < image.height(); ++y) {
@@ -26,7 +33,11 @@ bool Opaque(const QImage& image) {
 }  // namespace
 
 Pictures::Pictures(const std::filesystem::path& folder, const std::filesystem::path& store)
-    : folder_(folder), store_(QString::fromStdString(store.string())), drawn_(kCacheKilobytes) {}
+    : folder_(folder),
+      store_(QString::fromStdString(store.string()), PictureStore::Rest::Kept),
+      words_(store.empty() ? QString() : QString::fromStdString(store.string() + kWordsEnding),
+             PictureStore::Rest::Dropped),
+      drawn_(kCacheKilobytes) {}
 
 Pictures::~Pictures() = default;
 
@@ -99,14 +110,25 @@ QPixmap Pictures::Get(const Text& name, QSize size, double density, Part part) {
     image = Draw(source, size, density, part);
     store_.Keep(key, source.stamp, image);
   }
-  image.setDevicePixelRatio(density);
   const auto kilobytes = image.sizeInBytes() / 1024;
-  // To look for pixels that shine through would touch them all.
-  auto pixmap = std::make_unique<QPixmap>(
-      QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion));
-  QPixmap shown = *pixmap;
-  drawn_.insert(key, pixmap.release(), std::max(1, static_cast<int>(kilobytes)));
+  QPixmap shown = Shown(std::move(image), density);
+  drawn_.insert(key, new QPixmap(shown), std::max(1, static_cast<int>(kilobytes)));
   return shown;
+}
+
+QPixmap Pictures::Words(const QString& key, qint64 fonts, QSize size, double density,
+                        const std::function<void(QPainter&)>& paint) {
+  QImage image = words_.Find(key, fonts);
+  if (image.isNull() && !size.isEmpty()) {
+    image = QImage(size * density, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(density);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    paint(painter);
+    painter.end();
+    words_.Keep(key, fonts, image);
+  }
+  return Shown(std::move(image), density);
 }
 
 }  // namespace vantora

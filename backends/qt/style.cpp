@@ -17,7 +17,6 @@ namespace vantora::look {
 namespace {
 
 // Everything in pixels.
-constexpr int kHeadMargin = 4;   // round the words in the head of a table
 constexpr int kFieldMargin = 4;  // beside the words of a field, its edge included
 constexpr int kWordsMargin = 2;  // more of it, as the toolkit leaves in text boxes
 constexpr int kArrowWidth = 18;  // of a choice
@@ -326,8 +325,6 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
                        const QWidget* widget) const {
   switch (metric) {
-    case PM_HeaderMargin:
-      return kHeadMargin;
     case PM_ScrollBarExtent:
       return kBarWidth;
     case PM_ScrollBarSliderMin:

@@ -5,17 +5,58 @@
 #include "backends/qt/keys.h"
 #include "backends/qt/look.h"
 #include "backends/qt/rows_model.h"
+#include "backends/qt/words.h"
 
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyleOption>
 #include <QTreeView>
 #include <QUrl>
+
+#include <cmath>
 
 namespace vantora {
 
 namespace {
+
+constexpr int kHeadMargin = 4;       // pixels round the words
+constexpr double kLineShare = 1.15;  // height of a line to that of the letters
+
+// Its height and its words come without a look into the fonts.
+class HeadWidget final : public QHeaderView {
+ public:
+  HeadWidget(Pictures& pictures, QWidget* parent)
+      : QHeaderView(Qt::Horizontal, parent), pictures_(pictures) {
+    setStretchLastSection(true);
+    setSectionsMovable(false);
+    setMinimumSectionSize(8);
+  }
+
+  QSize sizeHint() const override {
+    const double line = font().pixelSize() * kLineShare;
+    return {0, static_cast<int>(std::lround(line)) + 2 * kHeadMargin};
+  }
+
+ protected:
+  void paintSection(QPainter* painter, const QRect& rect, int section) const override {
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    option.rect = rect;
+    style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
+    const QString words = model()->headerData(section, Qt::Horizontal).toString();
+    DrawWords(
+        *painter, pictures_,
+        {words, font(), palette().color(QPalette::ButtonText),
+         rect.adjusted(kHeadMargin, 0, -kHeadMargin, 0), Qt::AlignLeft | Qt::AlignVCenter, false},
+        devicePixelRatioF());
+  }
+
+ private:
+  Pictures& pictures_;
+};
 
 class TableWidget final : public QTreeView {
  public:
@@ -84,6 +125,7 @@ class TableFace final : public Face {
  private:
   TableFace(ListView& list, FormWindow& window, TableWidget* table)
       : Face(list, window, table), table_(table), rows_(new RowsModel(table)) {
+    table_->setHeader(new HeadWidget(window.host().ThePictures(), table_));
     table_->setModel(rows_);
     SetSurface(table_->viewport());
     table_->setRootIsDecorated(false);
@@ -95,8 +137,6 @@ class TableFace final : public Face {
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    table_->header()->setSectionsMovable(false);
-    table_->header()->setMinimumSectionSize(8);
     QObject::connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, table_,
                      [this] {
                        if (this->window().Syncing()) return;

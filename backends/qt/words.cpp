@@ -1,0 +1,54 @@
+#include "backends/qt/words.h"
+
+#include "backends/qt/qt_app.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTextOption>
+
+#include <cstdint>
+
+namespace vantora {
+
+namespace {
+
+void Draw(QPainter& painter, const WordsLook& look, const QRect& place) {
+  painter.setFont(look.Font);
+  painter.setPen(look.Ink);
+  if (look.Wrap) {
+    QTextOption option(look.Align);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // paths have no blanks
+    painter.drawText(QRectF(place), look.Words, option);
+    return;
+  }
+  const QFontMetrics metrics = painter.fontMetrics();
+  QStringList lines = look.Words.split(u'\n');
+  for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, place.width());
+  painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
+}
+
+// All that the picture of the words depends on but the fonts' files.
+QString KeyOf(const WordsLook& look, double density) {
+  QString key = look.Words;
+  for (const auto number :
+       {std::int64_t{look.Place.width()}, std::int64_t{look.Place.height()},
+        std::int64_t{look.Font.pixelSize()}, std::int64_t{look.Font.bold()},
+        std::int64_t{look.Align.toInt()}, std::int64_t{look.Wrap}, std::int64_t{look.Ink.rgba()}}) {
+    key += u'|' + QString::number(number);
+  }
+  return key + u'|' + QString::number(density);
+}
+
+}  // namespace
+
+void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density) {
+  if (look.Words.isEmpty() || look.Place.isEmpty()) return;
+  const std::int64_t fonts = QtApp::StampOfStartFonts();
+  if (fonts == 0) return Draw(painter, look, look.Place);
+  const QPixmap drawn = pictures.Words(
+      KeyOf(look, density), fonts, look.Place.size(), density,
+      [&look](QPainter& kept) { Draw(kept, look, QRect(QPoint(), look.Place.size())); });
+  painter.drawPixmap(look.Place.topLeft(), drawn);
+}
+
+}  // namespace vantora

@@ -1,0 +1,26 @@
+// The words of labels and of the heads of tables.
+//
+// To read the letters of a start from their files takes a tenth of it. What the start before has
+// drawn is shown instead, as long as the fonts are known to be the same.
+#pragma once
+
+#include "backends/qt/pictures.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+namespace vantora {
+
+struct WordsLook {
+  QString Words;  // a line that is too long loses its end
+  QFont Font;
+  QColor Ink;
+  QRect Place;  // pixels
+  Qt::Alignment Align = Qt::AlignLeft | Qt::AlignTop;
+  bool Wrap = false;
+};
+
+void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density);
+
+}  // namespace vantora
