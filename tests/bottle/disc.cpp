@@ -87,14 +87,4 @@ bool Disc::Read(int sector, unsigned char* bytes, int count) const {
   return true;
 }
 
-void Disc::Erase() {
-  State = DiscState::Blank;
-  Tracks.clear();
-  LeadOut = 0;
-  Text.clear();
-  std::error_code missing;
-  fs::remove(Folder / "image.bin", missing);
-  Save();
-}
-
 }  // namespace vantora::bottle

@@ -38,7 +38,6 @@ struct Disc {
   void Save() const;
   void Write(int sector, const unsigned char* bytes, int count) const;
   bool Read(int sector, unsigned char* bytes, int count) const;
-  void Erase();
 };
 
 }  // namespace vantora::bottle

@@ -49,7 +49,6 @@ const Drive::Command Drive::kCommands[] = {
     {&Drive::Write10, "WRITE(10)", 0x2a, Needs::Disc},
     {&Drive::SynchronizeCache, "SYNCHRONIZE CACHE", 0x35, Needs::Disc},
     {&Drive::Close, "CLOSE TRACK SESSION", 0x5b, Needs::Disc},
-    {&Drive::Blank, "BLANK", 0xa1, Needs::Disc},
 };
 
 Drive::Drive(fs::path folder) : folder_(std::move(folder)), writeSpeed_(kSpeeds[0]) {

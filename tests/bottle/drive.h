@@ -78,7 +78,6 @@ class Drive {
   Bytes Write10(const Bytes& command, const Bytes& sent);
   Bytes SynchronizeCache(const Bytes&, const Bytes&);
   Bytes Close(const Bytes& command, const Bytes&);
-  Bytes Blank(const Bytes&, const Bytes&);
 
   Bytes Capabilities() const;
   Bytes Sectors(int sector, int count, bool whole);

@@ -164,13 +164,4 @@ Bytes Drive::Close(const Bytes& command, const Bytes& none) {
   return {};
 }
 
-Bytes Drive::Blank(const Bytes&, const Bytes&) {
-  if (!disc_->Erasable) throw Sense{5, 0x30, 0};
-  disc_->Erase();
-  dry_.reset();
-  writing_ = false;
-  Keep();
-  return {};
-}
-
 }  // namespace vantora::bottle
