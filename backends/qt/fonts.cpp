@@ -64,6 +64,7 @@ Fonts::~Fonts() {
 void Fonts::ReadAll() {
   if (!rest_) return;
   rest_ = false;
+  stamp_ = 0;
   reader_ = std::thread([this] {
     read_ = FcInitLoadConfigAndFonts();
     QMetaObject::invokeMethod(
@@ -84,7 +85,6 @@ void Fonts::Finish() {
 void Fonts::TakeOver() {
   auto* settings = static_cast<FcConfig*>(read_.exchange(nullptr));
   if (settings == nullptr) return;
-  stamp_ = 0;
   FcConfigSetCurrent(settings);
   FcConfigDestroy(settings);
   // The toolkit forgets what it knows of fonts when one of the application's own goes.

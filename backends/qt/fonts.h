@@ -30,7 +30,7 @@ class Fonts {
   // To be called before the QApplication goes.
   void Finish();
 
-  // Of the one family's files; 0 as soon as the machine's own settings rule.
+  // Of the one family's files; 0 as soon as the machine's own settings are being read.
   std::int64_t StampOfFamily() const { return stamp_; }
 
  private:

@@ -23,8 +23,7 @@ class QtApp {
   // Returns when all fonts of the machine are known, as they are soon after the start.
   static void AwaitFonts();
 
-  // Changes with the fonts in which a start draws its words; 0 when words are drawn in others, as
-  // the machine's settings have been read.
+  // Changes with the fonts in which a start draws its words; 0 when it is over.
   static std::int64_t StampOfStartFonts();
 
   // True when this process would find a screen, or was told to do without one (offscreen). To be
