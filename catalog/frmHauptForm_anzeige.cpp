@@ -71,7 +71,8 @@ void frmHauptForm::DateiNachlesen(KatalogEintrag& e, const Text& datei, const Wa
     }
   });
   Weiter([&] {
-    const Text stempel = Trim(prog.plattform.dateien.FileDateTime(datei));
+    const Text stempel =
+        Trim(befund.Gueltig ? befund.Datum : prog.plattform.dateien.FileDateTime(datei));
     if (stempel != e.DateiDatum) e.DateiDatum = stempel;
   });
 }

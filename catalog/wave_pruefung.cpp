@@ -62,6 +62,7 @@ WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei) {
     // For writing too: a read-only or locked file is not usable.
     const auto offen = plattform.dateien.Open(datei, Zugriff::Binaer);
     befund.Bytes = offen->Length();
+    befund.Datum = offen->DateTime();
     befund.Gueltig = KopfStimmt(*offen, befund.Bytes) && DatenGefunden(*offen, befund.Bytes);
   });
   return befund;

@@ -13,6 +13,7 @@ struct WaveBefund {
   bool Gueltig = false;
   double LaengeMs = 0;     // of a valid file; not rounded
   std::int64_t Bytes = 0;  // of a valid file
+  Text Datum;              // of its last change
 };
 
 // Valid is a file of 44.1 kHz, 16 bit, stereo, writable, with a header that agrees with the file.

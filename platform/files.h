@@ -18,7 +18,8 @@ namespace vantora {
 class Datei {
  public:
   virtual ~Datei() = default;
-  virtual std::int64_t Length() const = 0;    // bytes
+  virtual std::int64_t Length() const = 0;  // bytes
+  virtual Text DateTime() const = 0;        // when it was opened, as Dateien::FileDateTime tells it
   virtual std::int64_t Position() const = 0;  // bytes from the start
   virtual void Seek(std::int64_t position) = 0;
   virtual void Read(void* target, std::size_t count) = 0;             // all of it, or error 62

@@ -25,8 +25,33 @@ constexpr std::int64_t kMapped = 1 << 24;
 
 }  // namespace
 
-LinuxFile::LinuxFile(Descriptor descriptor, std::string path, std::int64_t length)
-    : descriptor_(std::move(descriptor)), path_(std::move(path)), length_(length) {}
+Text TimeText(const timespec& time) {
+  std::tm utc{};
+  if (!::gmtime_r(&time.tv_sec, &utc)) throw DateiFehler(kFehlerEinAusgabe);
+  Text text;
+  const auto put = [&text](long value, int digits, wchar_t behind) {
+    text.resize(text.size() + static_cast<std::size_t>(digits), L'0');
+    for (auto digit = text.rbegin(); value > 0 && digit != text.rend(); value /= 10) {
+      *digit++ = static_cast<wchar_t>(L'0' + value % 10);
+    }
+    if (behind != L'\0') text += behind;
+  };
+  text.reserve(sizeof "2026-11-24 10:00:00.123456789");
+  put(utc.tm_year + 1900, 4, L'-');
+  put(utc.tm_mon + 1, 2, L'-');
+  put(utc.tm_mday, 2, L' ');
+  put(utc.tm_hour, 2, L':');
+  put(utc.tm_min, 2, L':');
+  put(utc.tm_sec, 2, L'.');
+  put(time.tv_nsec, 9, L'\0');
+  return text;
+}
+
+LinuxFile::LinuxFile(Descriptor descriptor, std::string path, const struct stat& info)
+    : descriptor_(std::move(descriptor)),
+      path_(std::move(path)),
+      length_(info.st_size),
+      changed_(info.st_mtim) {}
 
 std::int64_t LinuxFile::Length() const {
   if (length_ >= 0) return std::exchange(length_, -1);

@@ -11,17 +11,23 @@
 
 #include "platform/files.h"
 
+#include <ctime>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace vantora {
 
+// "2026-11-24 10:00:00.123456789", UTC.
+Text TimeText(const timespec& time);
+
 class LinuxFile final : public Datei {
  public:
-  // `length` is what the system has just told of the file.
-  LinuxFile(Descriptor descriptor, std::string path, std::int64_t length);
+  // `info` is what the system has just told of the file.
+  LinuxFile(Descriptor descriptor, std::string path, const struct stat& info);
 
   std::int64_t Length() const override;
+  Text DateTime() const override { return TimeText(changed_); }
   std::int64_t Position() const override { return position_; }
   void Seek(std::int64_t position) override;  // error 5 for a negative one
   void Read(void* target, std::size_t count) override;
@@ -38,6 +44,7 @@ class LinuxFile final : public Datei {
   Descriptor descriptor_;
   std::string path_;             // for what is told of a failure
   mutable std::int64_t length_;  // for whoever asks before anything else; -1 afterwards
+  timespec changed_;
   std::int64_t position_ = 0;
   std::vector<char> buffer_;
   std::int64_t bufferStart_ = 0;

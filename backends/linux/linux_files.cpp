@@ -162,7 +162,7 @@ std::unique_ptr<Datei> LinuxFiles::Open(const Text& path, Zugriff access) {
   } else {
     RequireRegular(info);
   }
-  auto file = std::make_unique<LinuxFile>(std::move(descriptor), std::move(place), info.st_size);
+  auto file = std::make_unique<LinuxFile>(std::move(descriptor), std::move(place), info);
   if (access == Zugriff::Neu && info.st_size > 0) file->Truncate(0);
   if (access == Zugriff::Anhaengen) file->Seek(info.st_size);
   return file;
@@ -192,26 +192,7 @@ bool LinuxFiles::IsDirectory(const Text& path) {
 }
 
 Text LinuxFiles::FileDateTime(const Text& path) {
-  const struct stat info = Info(path);
-  std::tm utc{};
-  if (!::gmtime_r(&info.st_mtim.tv_sec, &utc)) throw DateiFehler(kFehlerEinAusgabe);
-  Text text;
-  const auto put = [&text](long value, int digits, wchar_t behind) {
-    text.resize(text.size() + static_cast<std::size_t>(digits), L'0');
-    for (auto digit = text.rbegin(); value > 0 && digit != text.rend(); value /= 10) {
-      *digit++ = static_cast<wchar_t>(L'0' + value % 10);
-    }
-    if (behind != L'\0') text += behind;
-  };
-  text.reserve(sizeof "2026-11-24 10:00:00.123456789");
-  put(utc.tm_year + 1900, 4, L'-');
-  put(utc.tm_mon + 1, 2, L'-');
-  put(utc.tm_mday, 2, L' ');
-  put(utc.tm_hour, 2, L':');
-  put(utc.tm_min, 2, L':');
-  put(utc.tm_sec, 2, L'.');
-  put(info.st_mtim.tv_nsec, 9, L'\0');
-  return text;
+  return TimeText(Info(path).st_mtim);
 }
 
 void LinuxFiles::Kill(const Text& path) {

@@ -46,6 +46,7 @@ class RunningOut final : public Dateien {
    public:
     File(RunningOut& disk, std::unique_ptr<Datei> file) : disk_(disk), file_(std::move(file)) {}
     std::int64_t Length() const override { return file_->Length(); }
+    Text DateTime() const override { return file_->DateTime(); }
     std::int64_t Position() const override { return file_->Position(); }
     void Seek(std::int64_t position) override { file_->Seek(position); }
     void Read(void* target, std::size_t count) override {
