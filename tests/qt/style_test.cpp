@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "backends/qt/look.h"
+#include "backends/qt/qt_event_loop.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QMouseEvent>
+#include <QScrollBar>
+
+namespace vantora {
+namespace {
+
+// A bar of 200 pixels without arrows, and a hand on it.
+struct Bar {
+  Bar() {
+    bar.setRange(0, 300);
+    bar.setPageStep(100);
+    bar.setSingleStep(1);
+    bar.resize(13, 200);
+    bar.show();
+  }
+  void Hand(QEvent::Type what, int y) {
+    const QPointF place(6, y);
+    const Qt::MouseButtons held =
+        what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent event(what, place, bar.mapToGlobal(place), Qt::LeftButton, held, Qt::NoModifier);
+    QApplication::sendEvent(&bar, &event);
+  }
+  void Click(int y) {
+    Hand(QEvent::MouseButtonPress, y);
+    Hand(QEvent::MouseButtonRelease, y);
+  }
+  bool HandleAt(int y) { return bar.grab().toImage().pixelColor(6, y).lightness() > 80; }
+
+  QtEventLoop loop{"", {}, 20};  // dresses the application
+  QScrollBar bar{Qt::Vertical};
+};
+
+TEST(Style, TheHandleOfABarIsAPagesShareAndGoesWithTheHand) {
+  Bar on;
+  EXPECT_TRUE(on.HandleAt(5) && on.HandleAt(45));
+  EXPECT_FALSE(on.HandleAt(55));
+  on.Hand(QEvent::MouseButtonPress, 25);
+  on.Hand(QEvent::MouseMove, 25 + 75);
+  on.Hand(QEvent::MouseButtonRelease, 25 + 75);
+  EXPECT_EQ(on.bar.value(), 150);
+  EXPECT_TRUE(on.HandleAt(100));
+  EXPECT_FALSE(on.HandleAt(70) || on.HandleAt(130));
+  on.bar.setRange(0, 1'000'000'000);
+  on.bar.setValue(0);
+  EXPECT_TRUE(on.HandleAt(20)) << "a handle can be gripped whatever the list's length";
+}
+
+TEST(Style, AClickBesideTheHandleTurnsAPageAndTheEndsHaveNoArrows) {
+  Bar on;
+  on.Click(198);
+  EXPECT_EQ(on.bar.value(), 100);
+  on.Click(2);
+  EXPECT_EQ(on.bar.value(), 0);
+  on.Click(2);
+  EXPECT_EQ(on.bar.value(), 0) << "the handle is there";
+}
+
+// Else the toolkit paints every widget once more whenever a window comes to the front.
+TEST(Style, WindowsInFrontAndBehindHaveTheSameColours) {
+  const QtEventLoop loop{"", {}, 20};
+  EXPECT_TRUE(QApplication::palette().isEqual(QPalette::Active, QPalette::Inactive));
+}
+
+}  // namespace
+}  // namespace vantora
