@@ -28,17 +28,26 @@ QImage Seen(QWidget& widget, const QRect& part) {
   return image;
 }
 
+// A widget with what its picture box shows.
+struct Drawn {
+  Drawn(int width, int height, std::vector<DrawItem> items) {
+    widget.resize(width, height);
+    box.BackColor = Rgb(0, 0, 64);
+    for (DrawItem& item : items) box.Draw(std::move(item));
+    widget.Set(box);
+  }
+
+  QtEventLoop loop{"", {}, 20};
+  TestForm form{loop};
+  PictureBox box{form, L"picWave"};
+  Pictures pictures{{}, {}};
+  DrawingWidget widget{pictures, nullptr};
+};
+
 // A trace with many points to a pixel, through all that can go wrong: pieces, columns, parts that
 // are painted alone.
 TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
   constexpr int kPixels = 900, kHeight = 100;
-  QtEventLoop loop{"", {}, 20};
-  TestForm form(loop);
-  PictureBox box(form, L"picWave");
-  Pictures pictures{{}, {}};
-  DrawingWidget widget(pictures, nullptr);
-  widget.resize(kPixels, kHeight);
-  box.BackColor = Rgb(0, 0, 64);
   std::mt19937 chance(11);
   DrawItem trace = Item(DrawItem::What::Polyline, {});
   std::vector<std::pair<int, int>> points;  // pixels
@@ -47,10 +56,9 @@ TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
     trace.Points.push_back(points.back().first * 15);
     trace.Points.push_back(points.back().second * 15);
   }
-  box.Draw(std::move(trace));
-  box.Draw(Item(DrawItem::What::Line, {0, 1500 - 15, 13500, 1500 - 15}));
-  widget.Set(box);
-  const QImage whole = Seen(widget, widget.rect());
+  Drawn shown(kPixels, kHeight,
+              {std::move(trace), Item(DrawItem::What::Line, {0, 1500 - 15, 13500, 1500 - 15})});
+  const QImage whole = Seen(shown.widget, shown.widget.rect());
   for (const auto& [x, y] : points) {
     ASSERT_GT(qRed(whole.pixel(x, y)), 150) << "the point at " << x << "," << y << " is missing";
   }
@@ -60,7 +68,7 @@ TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
   for (int i = 0; i < 60; ++i) {
     const QRect part(static_cast<int>(chance() % 850), static_cast<int>(chance() % 80),
                      1 + static_cast<int>(chance() % 50), 1 + static_cast<int>(chance() % 20));
-    const QImage alone = Seen(widget, part);
+    const QImage alone = Seen(shown.widget, part);
     for (int y = 0; y < part.height(); ++y) {
       for (int x = 0; x < part.width(); ++x) {
         const int one = qRed(alone.pixel(x, y)),
@@ -74,16 +82,9 @@ TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
 // A steep line has no points in most of the columns that it crosses.
 TEST(Drawing, ALineBetweenTwoPointsIsStraight) {
   constexpr int kWidth = 20, kHeight = 200;
-  QtEventLoop loop{"", {}, 20};
-  TestForm form(loop);
-  PictureBox box(form, L"picWave");
-  Pictures pictures{{}, {}};
-  DrawingWidget widget(pictures, nullptr);
-  widget.resize(kWidth, kHeight);
-  box.BackColor = Rgb(0, 0, 64);
-  box.Draw(Item(DrawItem::What::Polyline, {0, 0, (kWidth - 1) * 15, (kHeight - 1) * 15}));
-  widget.Set(box);
-  const QImage whole = Seen(widget, widget.rect());
+  Drawn shown(kWidth, kHeight,
+              {Item(DrawItem::What::Polyline, {0, 0, (kWidth - 1) * 15, (kHeight - 1) * 15})});
+  const QImage whole = Seen(shown.widget, shown.widget.rect());
   for (int y = 0; y < kHeight; ++y) {
     for (int x = 0; x < kWidth; ++x) {
       const double away = std::abs(x - y * (kWidth - 1.0) / (kHeight - 1));
