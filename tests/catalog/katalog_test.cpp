@@ -120,10 +120,14 @@ TEST_F(Katalog, WhatTheUserMeantIsFoundAgainWhenOtherRowsVanishUnderTheBox) {
   EXPECT_EQ(b.user.Left(), 0U);
 }
 
-TEST_F(Katalog, ALengthThatIsNoNumberIsReadAnew) {
+TEST_F(Katalog, ALengthThatIsNoNumberAndADateThatIsNoneAreReadAnew) {
   b.Katalog({L"a", L"b"});
-  b.prog.Katalog[1].Laenge = L"9e999";
+  KatalogEintrag& a = b.prog.Katalog[1];
+  a.Laenge = L"9e999";
+  a.DateiDatum = L"ayer";
   b.Tu([&] { b.Haupt().Form_GotFocus(); });
+  EXPECT_EQ(b.prog.Katalog[1].DateiDatum,
+            b.platform.bundle.dateien.FileDateTime(b.prog.Katalog[1].Datei.Getrimmt()));
   EXPECT_EQ(b.Titel(), (Liste{L"a", L"b"}));
   EXPECT_EQ(b.prog.Katalog[1].Laenge.Getrimmt(), L"3000");
   EXPECT_EQ(b.Haupt().lblKatalogLaenge.Caption(), L"00:00:06");
