@@ -14,6 +14,16 @@
 
 namespace vantora {
 
+// By what a file is known again: another file under its name differs in the first line, a file that
+// has been written to in the second.
+struct DateiStand {
+  std::uint64_t Device = 0, Inode = 0;
+  std::int64_t Born = 0;  // in ns since 1970, UTC; 0 where the file system does not know
+  std::int64_t Bytes = 0;
+  std::int64_t Time = 0;  // of the last change, in ns since 1970, UTC
+  bool operator==(const DateiStand&) const = default;
+};
+
 // An open file; closed by its destructor.
 class Datei {
  public:
@@ -29,6 +39,12 @@ class Datei {
   virtual std::size_t CopyTo(Datei& target, std::size_t count);
   virtual void Truncate(std::int64_t length) = 0;
   virtual void Flush() = 0;  // to the disk, so that it survives a power cut
+  // Makes the file at least so long, with all its blocks reserved: writing up to there needs no
+  // more room. New bytes are zeros. Error 61 without the room; the length is then what it was.
+  virtual void Reserve(std::int64_t length) = 0;
+  virtual DateiStand Stand() const = 0;
+  // False when another open file, of this program or of another, holds the lock. Closing frees it.
+  virtual bool Lock() = 0;
 };
 
 inline std::size_t Datei::CopyTo(Datei& target, std::size_t count) {
@@ -59,6 +75,7 @@ class Dateien {
   virtual bool IsDirectory(const Text& path) = 0;      // never raises
   // Time of the last change as text, "2026-11-24 10:00:00.123456789"; stable while unchanged.
   virtual Text FileDateTime(const Text& path) = 0;
+  virtual DateiStand Stand(const Text& path) = 0;  // of a file or a folder
   virtual void Kill(const Text& path) = 0;
   virtual void SetAttrNormal(const Text& path) = 0;  // takes the write protection off a file
   virtual void FileCopy(const Text& from, const Text& to) = 0;  // no half file stays on failure

@@ -5,10 +5,13 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <functional>
 #include <memory>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 namespace vantora {
@@ -22,6 +25,8 @@ constexpr std::size_t kFirstBuffer = 512;  // the header of nearly every wave fi
 constexpr std::size_t kBuffer = 4096;
 // At once; of the system's own cache, the program's memory holds none of it.
 constexpr std::int64_t kMapped = 1 << 24;
+constexpr std::int64_t kZeros = 1 << 20;  // at once
+constexpr std::int64_t kNanoseconds = 1'000'000'000;
 
 }  // namespace
 
@@ -45,6 +50,21 @@ Text TimeText(const timespec& time) {
   put(utc.tm_sec, 2, L'.');
   put(time.tv_nsec, 9, L'\0');
   return text;
+}
+
+DateiStand StandOf(int descriptor, const std::string& path) {
+  struct statx info {};
+  const bool open = descriptor != AT_FDCWD;
+  if (::statx(descriptor, open ? "" : path.c_str(), open ? AT_EMPTY_PATH : 0,
+              STATX_BASIC_STATS | STATX_BTIME, &info) != 0) {
+    RaiseErrno(errno, path);
+  }
+  const auto time = [](const statx_timestamp& stamp) {
+    return stamp.tv_sec * kNanoseconds + stamp.tv_nsec;
+  };
+  return {makedev(info.stx_dev_major, info.stx_dev_minor), info.stx_ino,
+          (info.stx_mask & STATX_BTIME) != 0 ? time(info.stx_btime) : 0,
+          static_cast<std::int64_t>(info.stx_size), time(info.stx_mtime)};
 }
 
 LinuxFile::LinuxFile(Descriptor descriptor, std::string path, const struct stat& info)
@@ -166,6 +186,44 @@ void LinuxFile::Truncate(std::int64_t length) {
 
 void LinuxFile::Flush() {
   if (::fsync(descriptor_()) != 0) RaiseErrno(errno, path_);
+}
+
+void LinuxFile::Reserve(std::int64_t length) {
+  const std::int64_t before = Stand().Bytes;
+  bufferBytes_ = 0;
+  length_ = -1;
+  // From the start, as a file may have holes.
+  int error = 0;
+  do {
+    error = ::fallocate(descriptor_(), 0, 0, std::max(length, before)) == 0 ? 0 : errno;
+  } while (error == EINTR);
+  if (error == 0) return;
+  try {
+    // Not every file system can reserve; what is written has its blocks in any case.
+    if (error != EOPNOTSUPP && error != ENOSYS) RaiseErrno(error, path_);
+    if (length > before) FillWithZeros(before, length);
+  } catch (const Laufzeitfehler&) {
+    if (::ftruncate(descriptor_(), before) != 0) RaiseErrno(errno, path_);
+    throw;
+  }
+}
+
+void LinuxFile::FillWithZeros(std::int64_t from, std::int64_t to) {
+  const std::vector<char> zeros(static_cast<std::size_t>(std::min(to - from, kZeros)));
+  Seek(from);
+  while (position_ < to) {
+    Write(zeros.data(), static_cast<std::size_t>(std::min(to - position_, kZeros)));
+  }
+}
+
+DateiStand LinuxFile::Stand() const {
+  return StandOf(descriptor_(), path_);
+}
+
+bool LinuxFile::Lock() {
+  if (::flock(descriptor_(), LOCK_EX | LOCK_NB) == 0) return true;
+  if (errno == EWOULDBLOCK) return false;
+  RaiseErrno(errno, path_);
 }
 
 }  // namespace vantora

@@ -21,6 +21,9 @@ namespace vantora {
 // "2026-11-24 10:00:00.123456789", UTC.
 Text TimeText(const timespec& time);
 
+// Of the open file, or of that under the path when `descriptor` is AT_FDCWD.
+DateiStand StandOf(int descriptor, const std::string& path);
+
 class LinuxFile final : public Datei {
  public:
   // `info` is what the system has just told of the file.
@@ -36,8 +39,12 @@ class LinuxFile final : public Datei {
   std::size_t CopyTo(Datei& target, std::size_t count) override;
   void Truncate(std::int64_t length) override;  // a longer file is filled with zeros
   void Flush() override;
+  void Reserve(std::int64_t length) override;
+  DateiStand Stand() const override;
+  bool Lock() override;
 
  private:
+  void FillWithZeros(std::int64_t from, std::int64_t to);
   std::size_t ReadAt(void* target, std::size_t count, std::int64_t position) const;
   bool CopyMapped(LinuxFile& target, std::size_t count);  // false: the system cannot
 

@@ -195,6 +195,10 @@ Text LinuxFiles::FileDateTime(const Text& path) {
   return TimeText(Info(path).st_mtim);
 }
 
+DateiStand LinuxFiles::Stand(const Text& path) {
+  return StandOf(AT_FDCWD, SystemPath(path).native());
+}
+
 void LinuxFiles::Kill(const Text& path) {
   const fs::path place = SystemPath(path);
   struct stat info {};

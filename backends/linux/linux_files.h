@@ -19,6 +19,7 @@ class LinuxFiles final : public Dateien {
   std::int64_t FileLen(const Text& path) override;
   bool IsDirectory(const Text& path) override;
   Text FileDateTime(const Text& path) override;  // UTC
+  DateiStand Stand(const Text& path) override;
   void Kill(const Text& path) override;
   void SetAttrNormal(const Text& path) override;
   // The copy keeps the time of the original. Error 70 for a file copied onto itself.
