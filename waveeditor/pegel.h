@@ -2,6 +2,8 @@
 // it.
 #pragma once
 
+#include "klang/pegel.h"
+
 #include "platform/controls.h"
 
 #include <algorithm>
@@ -35,15 +37,10 @@ class MMLevelX final : public LevelMeter {
 
  private:
   static constexpr int kSchrittMs = 50;
-  static constexpr int kUnhoerbar = 64;  // 54 dB below the loudest
 
-  int Tiefer(int pegel) const {
-    for (int i = 0; i < PeakSpeed; ++i) pegel -= pegel * Decay / 100;
-    return pegel < kUnhoerbar ? 0 : pegel;
-  }
   void Fallen() {
-    PeakLeft = Tiefer(PeakLeft);
-    PeakRight = Tiefer(PeakRight);
+    PeakLeft = PegelNach(PeakLeft, PeakSpeed, Decay);
+    PeakRight = PegelNach(PeakRight, PeakSpeed, Decay);
     if (PeakLeft > 0 || PeakRight > 0) return;
     Active = false;
     tmrFall_.Enabled = false;
