@@ -1,0 +1,186 @@
+#include "backends/sound/edits/edit_note.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <array>
+#include <bit>
+#include <cstring>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr std::uint64_t kMark = 0x31'45544F'4E525456ULL;  // "VTRNOTE1", the last byte its version
+constexpr std::uint64_t kMarkWithoutVersion = 0x00FF'FFFF'FFFF'FFFFULL;
+constexpr int kMostNotes = 1000;
+constexpr std::int64_t kLargestBlock = 1 << 20;
+
+struct Head {
+  std::uint64_t Mark = kMark;
+  std::int64_t BlockBytes = 0, PlanBytes = 0;
+  std::uint64_t Checksum = 0;  // of the plan and the numbers above
+};
+
+struct DoneEntry {
+  DateiStand After;
+  std::uint64_t Checksum = 0;
+};
+
+// Tells bytes that were written to their end from those that were not. Four sums beside each other,
+// as the processor multiplies several numbers at a time.
+std::uint64_t Checksum(const char* bytes, std::size_t count, std::uint64_t start) {
+  constexpr std::uint64_t kPrime = 0x9E37'79B9'7F4A'7C15ULL;
+  std::array<std::uint64_t, 4> sums{start, ~start, start + kPrime, kPrime};
+  const auto add = [](std::uint64_t sum, std::uint64_t word) {
+    return std::rotl((sum ^ word) * kPrime, 29);
+  };
+  std::array<std::uint64_t, 4> words{};
+  std::size_t place = 0;
+  for (; place + sizeof words <= count; place += sizeof words) {
+    std::memcpy(words.data(), bytes + place, sizeof words);
+    for (std::size_t lane = 0; lane < sums.size(); ++lane) {
+      sums[lane] = add(sums[lane], words[lane]);
+    }
+  }
+  words = {};
+  if (place < count) std::memcpy(words.data(), bytes + place, count - place);
+  std::uint64_t whole = count;
+  for (std::size_t lane = 0; lane < sums.size(); ++lane) {
+    whole = add(whole, add(sums[lane], words[lane]));
+  }
+  return whole;
+}
+
+template <typename Record>
+std::uint64_t ChecksumOf(Record record, const char* data, std::size_t count) {
+  record.Checksum = 0;
+  std::array<char, sizeof record> bytes{};
+  std::memcpy(bytes.data(), &record, sizeof record);
+  return Checksum(data, count, Checksum(bytes.data(), bytes.size(), kMark));
+}
+
+}  // namespace
+
+std::unique_ptr<EditNote> EditNote::Make(Dateien& dateien, const Text& folder, EditPlan plan,
+                                         std::int64_t blockBytes) {
+  if (!dateien.IsDirectory(folder)) dateien.MkDir(folder);
+  for (int i = 1; i <= kMostNotes; ++i) {
+    std::unique_ptr<EditNote> note(
+        new EditNote(dateien, folder + L"\\" + std::to_wstring(i) + L".nota"));
+    note->file_ = dateien.Open(note->path_, Zugriff::Binaer);
+    if (note->file_->Length() != 0 || !note->file_->Lock()) continue;
+    note->plan_ = std::move(plan);
+    note->block_ = blockBytes;
+    try {
+      note->WritePlan();
+    } catch (const Laufzeitfehler&) {
+      note->Remove();
+      throw;
+    }
+    return note;
+  }
+  throw Laufzeitfehler(kFehlerZugriff, L"Hay demasiadas modificaciones sin terminar");
+}
+
+std::unique_ptr<EditNote> EditNote::Open(Dateien& dateien, const Text& path) {
+  std::unique_ptr<EditNote> note(new EditNote(dateien, path));
+  note->file_ = dateien.Open(path, Zugriff::Binaer);
+  if (!note->file_->Lock()) return nullptr;
+  note->ReadPlan();
+  return note;
+}
+
+void EditNote::Arrange(std::int64_t planBytes) {
+  doneAt_ = static_cast<std::int64_t>(sizeof(Head)) + planBytes;
+  slotsAt_ = doneAt_ + static_cast<std::int64_t>(plan_.Files.size() * sizeof(DoneEntry));
+}
+
+std::int64_t EditNote::Slot(std::uint64_t number) const {
+  const auto slot = static_cast<std::int64_t>(number % 2);
+  return slotsAt_ + slot * (static_cast<std::int64_t>(sizeof(Record)) + block_);
+}
+
+// The room comes first and the head last: a note whose head is whole is whole.
+void EditNote::WritePlan() {
+  const std::string bytes = PlanBytes(plan_);
+  Head head;
+  head.BlockBytes = block_;
+  head.PlanBytes = static_cast<std::int64_t>(bytes.size());
+  head.Checksum = ChecksumOf(head, bytes.data(), bytes.size());
+  Arrange(head.PlanBytes);
+  file_->Reserve(Slot(2) + 2 * (static_cast<std::int64_t>(sizeof(Record)) + block_));
+  file_->Seek(sizeof head);
+  file_->Write(bytes.data(), bytes.size());
+  file_->Seek(0);
+  file_->Write(&head, sizeof head);
+}
+
+void EditNote::ReadPlan() {
+  Head head;
+  file_->Seek(0);
+  if (file_->ReadSome(&head, sizeof head) != sizeof head) return;
+  foreign_ =
+      head.Mark != kMark && (head.Mark & kMarkWithoutVersion) == (kMark & kMarkWithoutVersion);
+  if (head.Mark != kMark || head.PlanBytes < 0 || head.PlanBytes > file_->Length() ||
+      head.BlockBytes <= 0 || head.BlockBytes > kLargestBlock) {
+    return;
+  }
+  std::string bytes(static_cast<std::size_t>(head.PlanBytes), '\0');
+  if (file_->ReadSome(bytes.data(), bytes.size()) != bytes.size() ||
+      head.Checksum != ChecksumOf(head, bytes.data(), bytes.size())) {
+    return;
+  }
+  plan_ = PlanFromBytes(bytes);
+  block_ = head.BlockBytes;
+  Arrange(head.PlanBytes);
+}
+
+void EditNote::Write(Record& record, Block& block) {
+  record.Number = number_ + 1;
+  const auto data = static_cast<std::size_t>(record.DataBytes);
+  record.Checksum = ChecksumOf(record, block.Data(), data);
+  std::memcpy(block.bytes_.data(), &record, sizeof record);
+  file_->Seek(Slot(record.Number));
+  file_->Write(block.bytes_.data(), sizeof record + data);
+  number_ = record.Number;
+}
+
+std::optional<EditNote::Record> EditNote::Last(Block& block) {
+  std::optional<Record> last;
+  for (const std::uint64_t slot : {0U, 1U}) {
+    Record record;
+    file_->Seek(Slot(slot));
+    file_->Read(&record, sizeof record);
+    if (record.Number == 0 || record.DataBytes > block.Room()) continue;
+    Block data(static_cast<std::int64_t>(record.DataBytes));
+    file_->Read(data.Data(), data.Room());
+    if (record.Checksum != ChecksumOf(record, data.Data(), data.Room())) continue;
+    if (last && last->Number > record.Number) continue;
+    last = record;
+    if (data.Room() > 0) std::memcpy(block.Data(), data.Data(), data.Room());
+  }
+  number_ = last ? last->Number : 0;
+  return last;
+}
+
+void EditNote::SetDone(std::size_t file, const DateiStand& after) {
+  DoneEntry entry{after, 0};
+  entry.Checksum = ChecksumOf(entry, nullptr, 0);
+  file_->Seek(doneAt_ + static_cast<std::int64_t>(file * sizeof entry));
+  file_->Write(&entry, sizeof entry);
+}
+
+std::optional<DateiStand> EditNote::Done(std::size_t file) {
+  DoneEntry entry;
+  file_->Seek(doneAt_ + static_cast<std::int64_t>(file * sizeof entry));
+  file_->Read(&entry, sizeof entry);
+  if (entry.Checksum != ChecksumOf(entry, nullptr, 0)) return {};
+  return entry.After;
+}
+
+void EditNote::Remove() {
+  dateien_.Kill(path_);
+}
+
+}  // namespace vantora

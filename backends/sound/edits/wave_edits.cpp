@@ -1,0 +1,229 @@
+#include "backends/sound/edits/wave_edits.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+using State = EditRun::State;
+
+void Add(std::vector<Text>& files, const EditPlan& plan) {
+  for (const PlanFile& file : plan.Files) {
+    if (std::find(files.begin(), files.end(), file.Path) == files.end()) {
+      files.push_back(file.Path);
+    }
+  }
+}
+
+// What a file that can be written holds.
+WaveLayout LayoutOf(Dateien& dateien, const Text& path, DateiStand& stand) {
+  WaveLayout layout;
+  {
+    const std::unique_ptr<Datei> file = dateien.Open(path, Zugriff::Lesen);
+    stand = file->Stand();
+    layout = ReadWaveLayout(*file);
+  }
+  dateien.Open(path, Zugriff::Binaer);
+  return layout;
+}
+
+}  // namespace
+
+// ---- one edit ----
+
+void WaveEdits::Apply(const Edit& edit) {
+  EditPlan plan;
+  for (const WaveEdit& wave : edit.Waves) {
+    Ready(wave.File);
+    DateiStand before;
+    WaveLayout layout = LayoutOf(dateien_, wave.File, before);
+    plan.Files.push_back(PlanWave(layout, wave, plan, dateien_));
+    plan.Files.back().Before = before;
+  }
+  plan.Scratch = edit.Scratch;
+  Note note = Begin(std::move(plan));
+  EditRun run(dateien_, ramp_, *note);
+  try {
+    for (std::size_t i = 0; i < note->Plan().Files.size(); ++i) run.Start(i, edit.Progress);
+  } catch (const Laufzeitfehler& fehler) {
+    // The edit goes on from where the error has come. Where it cannot, its files wait.
+    const bool begun = run.Begun();
+    State state = State::Finished;
+    try {
+      state = Settle(std::move(note));
+    } catch (const Laufzeitfehler&) {
+      // The first error says more.
+    }
+    if (begun && state != State::Changed) throw FinishedAfterError(fehler);
+    throw;
+  }
+  Drop(std::move(note), true);
+}
+
+EditRun::State WaveEdits::Settle(Note note) {
+  State state = State::Finished;
+  try {
+    state = EditRun(dateien_, ramp_, *note).Finish();
+  } catch (const Laufzeitfehler&) {
+    open_.push_back(std::move(note));
+    throw;
+  }
+  if (state == State::MediumAway) {
+    open_.push_back(std::move(note));
+  } else {
+    Drop(std::move(note), state == State::Finished);
+  }
+  return state;
+}
+
+bool WaveEdits::Ready(const Text& file) {
+  std::vector<Note> notes;
+  std::swap(notes, open_);
+  const auto concerned = std::stable_partition(notes.begin(), notes.end(), [&](const Note& note) {
+    return !note->Plan().Names(dateien_, file);
+  });
+  std::vector<Note> mine(std::make_move_iterator(concerned), std::make_move_iterator(notes.end()));
+  notes.erase(concerned, notes.end());
+  open_ = std::move(notes);
+  bool waits = false;
+  for (Note& note : mine) {
+    try {
+      waits = Settle(std::move(note)) == State::MediumAway || waits;
+    } catch (const Laufzeitfehler&) {
+      waits = true;
+    }
+  }
+  if (waits) throw Laufzeitfehler(kFehlerZugriff, L"Hay una modificación anterior sin terminar");
+  return !mine.empty();
+}
+
+// A note that cannot be removed says that all is done, so it harms nothing.
+void WaveEdits::Drop(Note note, bool scratchToo) {
+  const auto kill = [](const auto& work) {
+    try {
+      work();
+      return true;
+    } catch (const Laufzeitfehler&) {
+      return false;
+    }
+  };
+  const std::vector<Text> scratch = note->Plan().Scratch;
+  if (!kill([&] { note->Remove(); })) {
+    open_.push_back(std::move(note));
+    return;
+  }
+  note.reset();
+  if (!scratchToo) return;
+  for (const Text& file : scratch) kill([&] { dateien_.Kill(file); });
+}
+
+bool WaveEdits::Needs(const Text& file) const {
+  const auto names = [&](const Note& note) { return note->Plan().Names(dateien_, file); };
+  return std::any_of(open_.begin(), open_.end(), names) ||
+         std::any_of(loan_.begin(), loan_.end(), names);
+}
+
+// ---- silence on loan ----
+
+EditPlan WaveEdits::LoanPlan(const Silence& silence) {
+  EditPlan plan;
+  DateiStand before;
+  WaveLayout layout = LayoutOf(dateien_, silence.File, before);
+  const std::int64_t sound = layout.DataBytes, longer = sound + silence.Bytes;
+  plan.Loan = true;
+  plan.Files.push_back(PlanWave(
+      layout, {silence.File, sound, longer, {ZeroStep(sound, silence.Bytes)}}, plan, dateien_));
+  plan.Files.back().Before = before;
+  plan.Files.push_back(PlanWave(layout, {silence.File, longer, sound, {}}, plan, dateien_));
+  return plan;
+}
+
+void WaveEdits::Lend(const std::vector<Silence>& silences) {
+  Forget();
+  std::vector<Silence> merged;  // a file may be named more than once
+  for (const Silence& silence : silences) {
+    const auto same = std::find_if(merged.begin(), merged.end(), [&](const Silence& other) {
+      return dateien_.SystemPath(other.File) == dateien_.SystemPath(silence.File);
+    });
+    if (same == merged.end()) {
+      merged.push_back(silence);
+    } else {
+      same->Bytes += silence.Bytes;
+    }
+  }
+  try {
+    for (const Silence& silence : merged) {
+      Ready(silence.File);
+      loan_.push_back(Begin(LoanPlan(silence)));
+      EditRun(dateien_, ramp_, *loan_.back()).Start(0);
+    }
+  } catch (const Laufzeitfehler&) {
+    TakeBack();
+    throw;
+  }
+}
+
+std::vector<Text> WaveEdits::TakeBack() {
+  std::vector<Note> notes;
+  std::swap(notes, loan_);
+  std::vector<Text> left;
+  for (Note& note : notes) {
+    const Text file = note->Plan().Files.front().Path;
+    try {
+      const State state = Settle(std::move(note));
+      if (state == State::Changed || state == State::MediumAway) left.push_back(file);
+    } catch (const Laufzeitfehler&) {
+      left.push_back(file);
+    }
+  }
+  return left;
+}
+
+void WaveEdits::Forget() {
+  std::vector<Note> notes;
+  std::swap(notes, loan_);
+  for (Note& note : notes) Drop(std::move(note), false);
+}
+
+// ---- after a kill ----
+
+MendedEdits WaveEdits::Mend() {
+  MendedEdits mended;
+  if (!dateien_.IsDirectory(kFolder)) return mended;
+  for (const Text& name : dateien_.List(kFolder, L"*.nota")) {
+    try {
+      Note note = EditNote::Open(dateien_, Text(kFolder) + L"\\" + name);
+      if (note) MendNote(std::move(note), mended);
+    } catch (const Laufzeitfehler&) {
+      // A note that cannot be read names no file. It is tried again at the next start.
+    }
+  }
+  return mended;
+}
+
+void WaveEdits::MendNote(Note note, MendedEdits& mended) {
+  const EditPlan plan = note->Plan();
+  if (plan.Files.empty()) {
+    if (!note->Foreign()) note->Remove();
+    return;
+  }
+  try {
+    switch (Settle(std::move(note))) {
+      case State::Finished:
+        return Add(plan.Loan ? mended.SilenceTaken : mended.Finished, plan);
+      case State::Changed:
+        return Add(mended.Left, plan);
+      case State::NotBegun:
+      case State::MediumAway:
+        return;
+    }
+  } catch (const Laufzeitfehler&) {
+    Add(mended.Failed, plan);
+  }
+}
+
+}  // namespace vantora
