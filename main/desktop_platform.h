@@ -20,7 +20,7 @@ struct DesktopPlatform {
         loop(resourceFolder / "pictures", places.Cache / kDrawnPictures),
         system(places, {ProgramVersion(), resourceFolder / "help"}),
         machine(places, resourceFolder, loop, background, sound),
-        mmtools(loop, machine.files, machine.profiles,
+        mmtools(loop, machine.files, machine.edits, machine.profiles,
                 {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop); },
                  AlsaPlaybackDevices, sound}) {
     SilenceAlsaMessages();
@@ -49,6 +49,7 @@ struct DesktopPlatform {
                    machine.resources,
                    mmtools,
                    machine.cutter,
+                   machine.edits,
                    machine.mp3,
                    machine.writers,
                    machine.acd,

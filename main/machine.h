@@ -18,7 +18,9 @@
 #include "backends/mpg123/mp3_decoder.h"
 #include "backends/sound/audio_library.h"
 #include "backends/sound/cutter.h"
+#include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/sound_tools.h"
+#include "klang/rampe.h"
 #include "main/disc_identity.h"
 #include "main/disc_writers.h"
 
@@ -47,7 +49,8 @@ struct Machine {
         profiles(drives),
         registry(drives),
         resources(resourceFolder),
-        cutter(files),
+        edits(files, Rampe),
+        cutter(files, edits),
         mp3(files, loop, background),
         burner(files, loop, background, [this] { return DrivesForWriting(drives); }),
         writer(files, loop, background),
@@ -65,6 +68,7 @@ struct Machine {
   DeviceRegistry registry;
   FileResources resources;
   LinuxSockets sockets;
+  WaveEdits edits;
   Cutter cutter;
   AudioLibrary audiolib;
   Mp3Decoder mp3;

@@ -32,7 +32,7 @@ struct StoryPlatform : World {
                          const std::filesystem::path& resourceFolder = ResourceFolder())
       : World(resourceFolder, PlacesOfStory(home).Cache),
         machine(PlacesOfStory(home), resourceFolder, World::loop, World::background, sound),
-        mmtools(World::loop, machine.files, machine.profiles,
+        mmtools(World::loop, machine.files, machine.edits, machine.profiles,
                 {HeadlessPlayers(World::loop, World::clock, card,
                                  [this] { return std::make_unique<WaveFile>(machine.files); }),
                  [this] {
@@ -48,11 +48,27 @@ struct StoryPlatform : World {
   SoundTools mmtools;
   HeadlessLoad load;
 
-  Plattform bundle{World::loop,      display,           World::clock,     system,
-                   machine.files,    machine.letters,   machine.settings, machine.profiles,
-                   machine.registry, machine.resources, mmtools,          machine.cutter,
-                   machine.mp3,      machine.writers,   machine.acd,      machine.cd,
-                   machine.mci,      machine.sockets,   machine.audiolib, load};
+  Plattform bundle{World::loop,
+                   display,
+                   World::clock,
+                   system,
+                   machine.files,
+                   machine.letters,
+                   machine.settings,
+                   machine.profiles,
+                   machine.registry,
+                   machine.resources,
+                   mmtools,
+                   machine.cutter,
+                   machine.edits,
+                   machine.mp3,
+                   machine.writers,
+                   machine.acd,
+                   machine.cd,
+                   machine.mci,
+                   machine.sockets,
+                   machine.audiolib,
+                   load};
 };
 
 }  // namespace vantora

@@ -106,9 +106,6 @@ class MMWaveObject {
 
   virtual std::size_t ReadData(void* buffer, std::size_t bytes) = 0;  // fewer only at the end
   virtual std::size_t WriteData(const void* buffer, std::size_t bytes) = 0;  // lengthens the sound
-  // What the other object would read is written here, without a buffer between the two. Both move
-  // on as they do when they are read and written.
-  virtual std::size_t WriteFrom(MMWaveObject& source, std::size_t bytes) = 0;
   // The range as a new wave file, in place of one that is there. The position is lost.
   virtual void SaveRange(const Text& file) = 0;
   virtual void SetBufferBytes(std::int32_t bytes) = 0;  // how much is read ahead, at most 1 MiB

@@ -30,7 +30,6 @@ class MMWave {
   virtual void SetPosition(std::int64_t bytes) = 0;
   virtual std::size_t Read(void* target, std::size_t bytes) = 0;  // fewer only at the end
   virtual void Write(const void* source, std::size_t bytes) = 0;  // lengthens the data at its end
-  virtual void SetLength(std::int64_t frames) = 0;                // cuts or extends with silence
   virtual void Save() = 0;  // brings the header to the disk; chunks behind the data stay
 };
 

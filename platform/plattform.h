@@ -8,6 +8,7 @@
 #include "platform/clock.h"
 #include "platform/display.h"
 #include "platform/drives.h"
+#include "platform/edits.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/mcd.h"
@@ -39,6 +40,7 @@ struct Plattform {
   Resources& ressourcen;
   MMTools& mmtools;
   TsCut& tsCut;
+  Edits& edits;
   Qm3Play& mp3;
   Mcd& mcd;
   Acd& acd;

@@ -1,7 +1,8 @@
-// Removes a range of frames from a wave file in place, in blocks of at most 1 MiB. What of the
-// range lies outside the file is not looked at.
+// Removes a range of frames of 4 bytes from a wave file in place. The part of the range that lies
+// outside the file is not looked at.
 #pragma once
 
+#include "platform/edits.h"
 #include "platform/files.h"
 #include "platform/ts_cut.h"
 
@@ -9,12 +10,13 @@ namespace vantora {
 
 class Cutter final : public TsCut {
  public:
-  explicit Cutter(Dateien& dateien) : dateien_(dateien) {}
+  Cutter(Dateien& dateien, Edits& edits) : dateien_(dateien), edits_(edits) {}
 
   void Cut(const Text& file, std::int64_t first, std::int64_t last) override;
 
  private:
   Dateien& dateien_;
+  Edits& edits_;
 };
 
 }  // namespace vantora

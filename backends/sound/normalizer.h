@@ -3,6 +3,7 @@
 // half a step and 1/256 of the exact product.
 #pragma once
 
+#include "platform/edits.h"
 #include "platform/files.h"
 
 #include <functional>
@@ -11,7 +12,7 @@ namespace vantora {
 
 // What `callback` hears, and how often, stands with MMTools::NormalizeFile. A file whose peak is
 // where it should be is not written. Error 57 for other than 16 bits.
-void NormalizeWaveFile(Dateien& dateien, const Text& file,
+void NormalizeWaveFile(Dateien& dateien, Edits& edits, const Text& file,
                        const std::function<void(int phase, int percent)>& callback, int percent);
 
 }  // namespace vantora

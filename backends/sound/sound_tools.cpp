@@ -19,9 +19,11 @@
 
 namespace vantora {
 
-SoundTools::SoundTools(EventLoop& loop, Dateien& dateien, Profile& profiles, Card card)
+SoundTools::SoundTools(EventLoop& loop, Dateien& dateien, Edits& edits, Profile& profiles,
+                       Card card)
     : loop_(loop),
       dateien_(dateien),
+      edits_(edits),
       profiles_(profiles),
       card_(std::move(card)),
       helper_(std::make_unique<SoundHelper>(profiles)) {}
@@ -97,7 +99,7 @@ MMHelperX& SoundTools::Helper() {
 void SoundTools::NormalizeFile(const Text& file,
                                const std::function<void(int phase, int percent)>& callback,
                                int percent) {
-  NormalizeWaveFile(dateien_, file, callback, percent);
+  NormalizeWaveFile(dateien_, edits_, file, callback, percent);
 }
 
 }  // namespace vantora

@@ -2,6 +2,7 @@
 // and a loudspeaker from whoever has a sound card to offer.
 #pragma once
 
+#include "platform/edits.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/mmtools.h"
@@ -21,7 +22,7 @@ class SoundTools final : public MMTools {
     std::function<std::vector<Text>()> Devices;  // names of the outputs
     SoundOutput& Output;
   };
-  SoundTools(EventLoop& loop, Dateien& dateien, Profile& profiles, Card card);
+  SoundTools(EventLoop& loop, Dateien& dateien, Edits& edits, Profile& profiles, Card card);
   ~SoundTools() override;
 
   std::unique_ptr<MMWave> NewWaveFile() override;
@@ -47,6 +48,7 @@ class SoundTools final : public MMTools {
  private:
   EventLoop& loop_;
   Dateien& dateien_;
+  Edits& edits_;
   Profile& profiles_;
   Card card_;
   std::unique_ptr<MMHelperX> helper_;

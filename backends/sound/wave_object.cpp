@@ -118,20 +118,6 @@ std::size_t WaveObject::WriteData(const void* buffer, std::size_t bytes) {
   return bytes;
 }
 
-std::size_t WaveObject::WriteFrom(MMWaveObject& source, std::size_t bytes) {
-  if (state_ == State::Closed) RaiseClosed();
-  auto& from = dynamic_cast<WaveObject&>(source);
-  if (bytes == 0 || from.state_ != State::Open) return 0;
-  BeginWriting(bytes);
-  from.wave_.SetPosition(from.cursor_);
-  const std::size_t done = wave_.WriteFrom(from.wave_, bytes);
-  const auto step = static_cast<std::int64_t>(done);
-  from.cursor_ += step;
-  from.position_ += step;
-  cursor_ += step;
-  return done;
-}
-
 void WaveObject::BeginWriting(std::size_t bytes) {
   const std::int64_t end = cursor_ + static_cast<std::int64_t>(bytes);
   if (TimeFormat == vantora::TimeFormat::tfByte && end > kMostBytes) RaiseOverflow();

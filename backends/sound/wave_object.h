@@ -27,7 +27,6 @@ class WaveObject final : public MMWaveObject {
   void SetPosition(std::int32_t position) override;                // error 5 for a negative one
   std::size_t ReadData(void* buffer, std::size_t bytes) override;  // none when closed
   std::size_t WriteData(const void* buffer, std::size_t bytes) override;
-  std::size_t WriteFrom(MMWaveObject& source, std::size_t bytes) override;
   void SaveRange(const Text& file) override;
   void SetBufferBytes(std::int32_t bytes) override;
 

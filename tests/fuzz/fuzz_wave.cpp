@@ -1,6 +1,7 @@
-// Any bytes as a wave file: opened, read, changed in place and cut. What opens must be a true wave
-// file after each change.
+// Any bytes as a wave file: opened, read, lengthened and cut. What opens must be a true wave file
+// after each edit.
 #include "backends/sound/cutter.h"
+#include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/wave_file.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
@@ -51,7 +52,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fs::remove(home / "a.wav");  // overwriting a file makes some file systems wait for the disk
   Put(home / "a.wav", {reinterpret_cast<const char*>(data), size});
   std::string sound;
-  int frameBytes = 0;
   {
     WaveFile wave(home.Files);
     try {
@@ -60,24 +60,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       Require(fehler.Nummer == 57, "what is no wave file raises 57");
       return 0;
     }
-    frameBytes = wave.FrameBytes();
-    Require(wave.Samples() * frameBytes <= static_cast<std::int64_t>(size), "no invented sound");
+    Require(wave.Samples() * wave.FrameBytes() <= static_cast<std::int64_t>(size),
+            "no invented sound");
     sound = Sound(wave);
-    wave.Write("more", 4);
-    wave.SetPosition(3);
-    wave.Write("inside", 6);
-    wave.Close();
   }
-  sound += "more";
-  sound.replace(3, 6, "inside");
-  Require(SoundInTrueFile(home, home.Files) == sound, "writes are where they belong");
+  WaveEdits edits(home.Files, {});
+  const auto before = static_cast<std::int64_t>(sound.size());
+  edits.Apply({{{kWave, before, before + 6, {MixStep(before, {'m', 'o', 'r', 'e'})}}}, {}, {}});
+  sound += std::string("more\0\0", 6);
+  Require(SoundInTrueFile(home, home.Files) == sound, "what is added is where it belongs");
 
-  Cutter(home.Files).Cut(kWave, 2, 5);
-  const auto frames = static_cast<std::int64_t>(sound.size()) / frameBytes;
+  Cutter(home.Files, edits).Cut(kWave, 2, 5);
+  const std::size_t frames = sound.size() / 4;
   if (frames > 2) {
-    sound.resize(static_cast<std::size_t>(frames * frameBytes));
-    const auto frame = static_cast<std::size_t>(frameBytes);
-    sound.erase(2 * frame, 3 * frame);
+    sound.resize(frames * 4);
+    sound.erase(2 * 4, 3 * 4);
   }
   Require(SoundInTrueFile(home, home.Files) == sound, "the cut is where it belongs");
   return 0;

