@@ -25,7 +25,9 @@ constexpr int kMarkerDeckung = 35;  // percent
 
 }  // namespace
 
-frmWaveEditor::frmWaveEditor(Programm& programm) : VtrFenster(programm, L"frmWaveEditor") {
+frmWaveEditor::frmWaveEditor(Programm& programm)
+    : VtrFenster(programm, L"frmWaveEditor"),
+      SourceFile(programm.plattform.mmtools.NewWaveFileX()) {
   KomponentenErzeugen();
   for (CheckBox* kasten :
        {&chkEQBypass, &chkLoudness, &chkReverbbypass, &chkFlangerAktiv, &chkVolume, &chkGateraktiv,
@@ -39,12 +41,8 @@ frmWaveEditor::frmWaveEditor(Programm& programm) : VtrFenster(programm, L"frmWav
 
 void frmWaveEditor::KomponentenErzeugen() {
   MMTools& werkzeug = prog.plattform.mmtools;
-  SourceFile = werkzeug.NewWaveFileX();
-  Wave1 = werkzeug.NewWaveFileX();
-  Wave2 = werkzeug.NewWaveFileX();
   DestFile = werkzeug.NewWaveFileX();
-  Wave1->Wave.TimeFormat = Wave2->Wave.TimeFormat = TimeFormat::tfByte;
-  Wave2->Wave.FileMustExist = DestFile->Wave.FileMustExist = false;
+  DestFile->Wave.FileMustExist = false;
   MMPCMConverterX1 = werkzeug.NewPCMConverter();
   Peak = werkzeug.NewPeakDetect();
   DSP = werkzeug.NewDSPInterface();
@@ -170,7 +168,9 @@ void frmWaveEditor::Form_Load() {
   SetLoudness();
   for (const Regler& regler : Regler_) ReglerGeaendert(regler);
   if (BatchLaeuft) EffektWerteLaden();
-  PfadeBestimmen();
+  bearbeitung_.Beginnen();
+  imgPaste.Enabled = false;
+  lblPasteDisabled.Visible = true;
   if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
     picPresets.Left = Ganz32(picPresets.Left / kGrosseSchrift);
     picPresets.Top = Ganz32(picPresets.Top / kGrosseSchrift);
@@ -193,19 +193,9 @@ void frmWaveEditor::Init_Waveeditor() {
   LastMessungBeginnen();
 }
 
-void frmWaveEditor::PfadeBestimmen() {
-  const Text ordner = AddBackslash(prog.Temporary_Directory.Getrimmt());
-  UndoDatei = ordner + L"undo2.dat";
-  CopyDatei = ordner + L"copy.dat";
-  PasteDatei = ordner + L"paste.dat";
-  if (prog.DateiExistiert(CopyDatei)) prog.plattform.dateien.Kill(CopyDatei);
-  imgPaste.Enabled = false;
-  lblPasteDisabled.Visible = true;
-  UndoVorhanden = false;
-}
-
 void frmWaveEditor::DateiOeffnen() {
   WorkDatei = prog.WaveEditorDatei;
+  bearbeitung_.DateiWaehlen(WorkDatei);
   // A file that cannot be opened is one without sound: nothing is drawn, and nothing can be done.
   Weiter([&] { prog.plattform.dateien.SetAttrNormal(WorkDatei); });
   SourceFile->Wave.SetFileName(WorkDatei);

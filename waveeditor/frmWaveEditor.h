@@ -6,9 +6,11 @@
 #pragma once
 
 #include "app/fenster.h"
+#include "klang/klang_frame.h"
+#include "waveeditor/auswahl.h"
+#include "waveeditor/bearbeitung.h"
 #include "waveeditor/editor_zustand.h"
 #include "waveeditor/pegel.h"
-#include "waveeditor/rampe.h"
 
 #include "platform/mmtools.h"
 
@@ -20,7 +22,7 @@
 
 namespace vantora {
 
-class frmWaveEditor final : public VtrFenster {
+class frmWaveEditor final : public VtrFenster, public Auswahl {
  public:
   explicit frmWaveEditor(Programm& programm);
 
@@ -60,13 +62,13 @@ class frmWaveEditor final : public VtrFenster {
   void imgLoop_MouseUp();
 
   // ---- edits ----
-  bool PrepareUndo();
-  bool CopyWave();
-  void CutWave();
-  void PasteWave();
-  void MuteWave();
-  void FadeInWave();
-  void FadeOutWave();
+  bool PrepareUndo() { return bearbeitung_.PrepareUndo(); }
+  bool CopyWave() { return bearbeitung_.CopyWave(); }
+  void CutWave() { bearbeitung_.CutWave(); }
+  void PasteWave() { bearbeitung_.PasteWave(); }
+  void MuteWave() { bearbeitung_.MuteWave(); }
+  void FadeInWave() { bearbeitung_.FadeInWave(); }
+  void FadeOutWave() { bearbeitung_.FadeOutWave(); }
   void NormalizeWave();
   void UndoWave();
   void imgCopy_MouseUp();
@@ -139,13 +141,10 @@ class frmWaveEditor final : public VtrFenster {
   void pic3D_DblClick();
 
   // ---- state ----
-  Text WorkDatei;                                 // the file that is open
-  std::int32_t MarkerAnfang = 0, MarkerEnde = 0;  // both 0: nothing is selected
-  bool NurCursor = false;                         // the marker is a cursor and no range
-  std::int32_t CursorPos = 0;                     // while NurCursor
-  float MarkerStartX = 0;                         // where the drag began, twips
-  int ZugX = 0;                                   // where it is now
-  float ZoomFaktor = 1;                           // 1, 2, 4, 8, 16
+  Text WorkDatei;          // the file that is open
+  float MarkerStartX = 0;  // where the drag began, twips
+  int ZugX = 0;            // where it is now
+  float ZoomFaktor = 1;    // 1, 2, 4, 8, 16
   struct Punkt {
     std::int16_t Links = 0, Rechts = 0;  // twips from the top of the picture
   };
@@ -157,7 +156,7 @@ class frmWaveEditor final : public VtrFenster {
   using Frame = KlangFrame;
   static constexpr std::int32_t kBlockFrames = 0x40000;
   static constexpr std::int32_t kBlockBytes = 0x100000;
-  std::vector<Frame> BlockPuffer = std::vector<Frame>(kBlockFrames);  // of scans and block edits
+  std::vector<Frame> BlockPuffer = std::vector<Frame>(kBlockFrames);  // of scans
   bool Spielt = false, Pausiert = false, LoopAktiv = false;
   bool ScanLaeuft = false, ScanAbbruch = false;
   bool Beschaeftigt = false;   // the window opens or closes
@@ -167,14 +166,6 @@ class frmWaveEditor final : public VtrFenster {
   int Verbindungen = 0;        // how often the chain was connected
   std::int32_t SpulPos = 0;    // frames
   bool SpieltVorSpulen = false;
-
-  Text UndoDatei, CopyDatei, PasteDatei;
-  bool UndoVorhanden = false;
-  std::int32_t UndoStart = 0;    // frame
-  std::int16_t iUndoStep = 0;    // 1 cut, 2 block process, 3 paste
-  std::int32_t PasteLaenge = 0;  // frames in the clipboard at the last paste
-  bool ImUndo = false;
-  int NormalizePhase = 0, NormalizeProzent = 0;
 
   std::array<bool, 6> EffektAn{};  // equalizer, volume, hall, restoration, flanger
   bool EffekteAktiv = false;
@@ -192,7 +183,7 @@ class frmWaveEditor final : public VtrFenster {
   std::vector<std::int16_t> SpektrumDaten;
 
   // ---- components, in the order of the sound ----
-  std::unique_ptr<MMWaveFileX> SourceFile, Wave1, Wave2, DestFile;
+  std::unique_ptr<MMWaveFileX> SourceFile, DestFile;
   std::unique_ptr<MMPCMConverterX> MMPCMConverterX1;
   std::unique_ptr<MMPeakDetectX> Peak;
   std::unique_ptr<MMDSPInterfaceX> DSP;
@@ -204,6 +195,9 @@ class frmWaveEditor final : public VtrFenster {
   std::unique_ptr<MMConnectorX> MMConnectorX1;
   std::unique_ptr<MMTriggerX> Trigger;
   MMWaveHelperX WaveHelper;
+
+  // What can be pasted and undone.
+  const Bearbeitung& Edits() const { return bearbeitung_; }
 
   // ---- controls: head, picture, transport ----
   Label lblTitel{*this, L"lblTitel"};
@@ -364,7 +358,6 @@ class frmWaveEditor final : public VtrFenster {
 
   // opening
   void BilderBereiten();
-  void PfadeBestimmen();
   void DateiOeffnen();
   void PresetsVorbelegen();  // the presets that the program brings, where their slots are free
   void LastMessungBeginnen();
@@ -386,19 +379,8 @@ class frmWaveEditor final : public VtrFenster {
 
   // edits
   void Ausfuehren(const std::function<void()>& arbeit);  // with the window shut
-  void NachFehler();
   void NeuZeigen();
-  bool NichtsGewaehlt();                           // says so
-  bool PlatzFehlt(const Text& ort, double bytes);  // says so
-  static std::int32_t InBytes(std::int32_t frames);
-  static void InBloecken(std::int32_t frames,
-                         const std::function<void(std::int32_t frames)>& arbeit);
-  MMWaveObject& WorkOeffnen();  // as the first wave, whose bytes are edited
-  void Wave2Uebertragen();      // all of the second wave, to where the first one stands
   void InAblage(const std::function<void()>& arbeit);
-  void Blenden(bool ein);  // else out
-  void BlockBlenden(const Rampe& rampe, std::int32_t frames, std::int32_t erster);
-  void UndoBlock();
 
   // transport
   void Anhalten();
@@ -455,6 +437,13 @@ class frmWaveEditor final : public VtrFenster {
   void Gate(std::vector<std::int16_t>& klang, std::size_t bytes);
   std::vector<std::int16_t> PufferA_ = std::vector<std::int16_t>(2049);
   std::vector<std::int16_t> PufferB_ = std::vector<std::int16_t>(2049);
+
+  Bearbeitung bearbeitung_{
+      prog,
+      *this,
+      *SourceFile,
+      {[this](const Text& text) { lblStatus.Caption = text; }, [this] { NeuZeigen(); },
+       [this](bool an) { tmrNormalize.Enabled = an; }}};
 };
 
 }  // namespace vantora

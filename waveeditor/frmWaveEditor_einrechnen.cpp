@@ -19,6 +19,7 @@ constexpr const wchar_t* kStatStop = L"PerfStats\\StopStat";
 constexpr const wchar_t* kOrtEinrechnen2 = L"frmWaveEditor.Einrechen2";
 constexpr int kLoslassenMs = 500;  // until the file that was written can be copied
 constexpr int kWartenMs = 50;
+constexpr std::int64_t kFrameBytes = 4;
 constexpr int kBits = 16, kKanaele = 2, kRate = 44100;
 
 Text ImTempOrdner(const Programm& prog, const wchar_t* name) {
@@ -116,7 +117,7 @@ void frmWaveEditor::ErgebnisUebernehmen() {
   prog.Pausieren(kLoslassenMs);
   const Text ergebnis = DestFile->Wave.FileName();
   // The sound ends early where another program has shortened the file: what is left of it stays.
-  if (prog.plattform.dateien.FileLen(ergebnis) < InBytes(frames)) {
+  if (prog.plattform.dateien.FileLen(ergebnis) < frames * kFrameBytes) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
   }
   prog.plattform.dateien.FileCopy(ergebnis, WorkDatei);
@@ -158,6 +159,7 @@ void frmWaveEditor::Einrechnen2(const Text& datei) {
   RuntimeConnections();
   EffektWerteLaden();
   WorkDatei = prog.WaveEditorDatei = datei;
+  bearbeitung_.DateiWaehlen(datei);
   prog.plattform.dateien.SetAttrNormal(datei);
   MMWaveObject& quelle = SourceFile->Wave;
   quelle.Close();
@@ -211,9 +213,7 @@ void frmWaveEditor::CloseMe() {
   vantora::frmHauptForm& haupt = prog.frmHauptForm();
   haupt.Window.Enabled = !prog.EditorBatch;  // between two files of a batch nobody begins a thing
   EffektWerteMerken();
-  entfernen(UndoDatei);
-  entfernen(CopyDatei);
-  entfernen(PasteDatei);  // left by a paste that failed
+  bearbeitung_.Beenden();
   entfernen(ImTempOrdner(prog, kApplyDatei));
   entfernen(ImTempOrdner(prog, kBatchDatei));
   prog.AppLog(L"frmWaveEditor.CloseMe()", L"wave editor session closed");

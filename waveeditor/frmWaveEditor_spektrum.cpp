@@ -25,7 +25,9 @@ void frmWaveEditor::Spektrum3D() {
   EventLoop& schleife = prog.plattform.schleife;
   const std::int32_t hoehe = pic3D.Height, breite = pic3D.Width;
   SpektrumBild bild(prog.plattform.audiolib);
-  MMWaveObject& wave = Wave1->Wave;
+  const std::unique_ptr<MMWaveFileX> datei = prog.plattform.mmtools.NewWaveFileX();
+  MMWaveObject& wave = datei->Wave;
+  wave.TimeFormat = TimeFormat::tfByte;
   std::int32_t frames = std::clamp(MarkerEnde - MarkerAnfang, kMindestFrames, kHoechstFrames);
   if (NurCursor) frames = kHoechstFrames;
   std::int32_t start = 0;

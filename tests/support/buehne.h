@@ -45,10 +45,10 @@ class ScriptedUser final : public User {
 // The bundle with CD drives and a network of the test's own.
 inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& cd, Mci& mci,
                              Sockets& net) {
-  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
-          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
-          p.mp3,           mcd,          acd,        cd,           mci,       net,
-          p.audiolib,      p.perfData};
+  return {
+      p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien, p.laufwerke, p.einstellungen,
+      p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,   p.edits,     p.mp3,
+      mcd,        acd,          cd,           mci,       net,       p.audiolib,  p.perfData};
 }
 
 class Buehne {

@@ -60,6 +60,8 @@ class Einrechnen : public ::testing::Test, protected EditorBuehne {
 
 TEST_F(Einrechnen, HalfTheVolumeHalvesEverySampleOfTheFileOnceItIsApplied) {
   Oeffne(kDreiSekunden);
+  Ziehe(1000, 2000);
+  Druecke(E().imgMute);  // something to undo
   const std::string vorher = b.Lies(kDatei);
   const Text zeit = b.platform.bundle.dateien.FileDateTime(kDatei);
   Druecke(E().imgSteuerung(5));  // no effect is on
@@ -67,14 +69,13 @@ TEST_F(Einrechnen, HalfTheVolumeHalvesEverySampleOfTheFileOnceItIsApplied) {
   EXPECT_EQ(b.platform.bundle.dateien.FileDateTime(kDatei), zeit);
   HalbeLautstaerke();
   Ziehe(1000, 2000);  // what is selected does not matter
-  E().UndoVorhanden = true;
   Druecke(E().imgSteuerung(5));
   EXPECT_FALSE(E().Window.Enabled());
   Vergeht(3000);
   EXPECT_TRUE(E().Window.Enabled());
   EXPECT_FALSE(E().EinrechnenLaeuft);
   ErwarteHalb(vorher, kDatei);
-  EXPECT_TRUE(E().UndoVorhanden && E().EffekteAktiv);
+  EXPECT_TRUE(E().Edits().UndoVorhanden() && E().EffekteAktiv);
   EXPECT_EQ(E().Out->Input(), E().mmVolume.get());
   b.Tu([&] { E().CloseMe(); });
   ErwarteNichtsImTempOrdner();

@@ -1,0 +1,83 @@
+// The edits of the wave editor, with its clipboard and its one step of undo. They change the file
+// on the disk at once, in place, each as one edit of platform/edits.h, so that a kill of the
+// program cannot leave it half done.
+//
+// Places and lengths are frames of 4 bytes, whatever the file's header says.
+#pragma once
+
+#include "waveeditor/auswahl.h"
+
+#include "platform/edits.h"
+#include "platform/mmchain.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace vantora {
+
+struct Programm;
+
+class Bearbeitung {
+ public:
+  // What the window does for its edits.
+  struct Fenster {
+    std::function<void(const Text& text)> Status;  // shows a line about the work
+    std::function<void()> NeuZeigen;               // opens the file again and draws it
+    std::function<void(bool an)> NormalizeUhr;     // shows the progress of normalizing
+  };
+
+  // `quelle` is the window's own file, which is closed while an edit changes it.
+  Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quelle, Fenster fenster);
+
+  void Beginnen();  // another opening: nothing to paste or to undo
+  void DateiWaehlen(const Text& datei) { WorkDatei = datei; }
+  bool Vorbereiten();  // what an earlier error has left is finished; true when there was anything
+  void Beenden();      // the clipboard and the undo store go
+
+  // Each of them says in a message why it refuses. Errors of the file are raised.
+  bool PrepareUndo();
+  bool CopyWave();
+  void CutWave();
+  void PasteWave();
+  void MuteWave();
+  void FadeInWave();
+  void FadeOutWave();
+  bool PlatzZumNormalisieren();
+  void NormalizeWave();  // the whole file
+  bool UndoMoeglich();
+  void UndoWave();
+  void NachFehler();  // of any of them
+
+  bool UndoVorhanden() const { return UndoVorhanden_; }
+  bool ImUndo() const { return ImUndo_; }
+  const Text& CopyDatei() const { return CopyDatei_; }
+  int NormalizePhase() const { return NormalizePhase_; }  // 0 looks for the peak, 1 writes
+  int NormalizeProzent() const { return NormalizeProzent_; }
+
+ private:
+  bool NichtsGewaehlt();
+  bool PlatzFehlt(const Text& ort, double bytes);
+  Text FreierName(const wchar_t* name) const;  // in the temporary directory
+  WaveEdit Vorhaben();                         // on the file as it stands now
+  void Aendern(const std::function<void()>& arbeit);
+  void Ausfuehren(WaveEdit vorhaben, const Text& danachWeg = {});
+  void Blenden(double start, double richtung);
+  void UndoBlock();
+
+  Programm& prog;
+  Auswahl& auswahl_;
+  MMWaveFileX& SourceFile;
+  Fenster fenster_;
+  std::unique_ptr<MMWaveFileX> Wave1, Wave2;  // the file itself, and one to copy from
+
+  Text WorkDatei, UndoDatei_, CopyDatei_, PasteDatei_;
+  bool UndoVorhanden_ = false;
+  std::int32_t UndoStart = 0;
+  std::int16_t iUndoStep = 0;    // 1 cut, 2 block process, 3 paste
+  std::int32_t PasteLaenge = 0;  // frames in the clipboard at the last paste
+  bool ImUndo_ = false;          // inner edits must not record themselves
+  int NormalizePhase_ = 0, NormalizeProzent_ = 0;
+};
+
+}  // namespace vantora
