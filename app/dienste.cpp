@@ -165,6 +165,13 @@ Text Split(const Text& text, const Text& trenner, std::vector<Text>& teile) {
   return teile.back();
 }
 
+Text ZeilenListe(const std::vector<Text>& zeilen) {
+  constexpr std::size_t kPlatz = 8;
+  Text liste;
+  for (std::size_t i = 0; i < std::min(zeilen.size(), kPlatz); ++i) liste += L"\r\n" + zeilen[i];
+  return zeilen.size() > kPlatz ? liste + L"\r\n\u2026" : liste;
+}
+
 bool DateiNameGueltig(const Text& name) {
   return !name.empty() && name.front() != L'.' && name.find_first_of(L"*\\/:?<>|") == Text::npos;
 }

@@ -67,6 +67,8 @@ void ZeichenErsetzen(Text& text, wchar_t alt, wchar_t neu);
 Text TextErsetzen(const Text& text, const Text& was, const Text& mit);
 // Parts of a text, with one empty part behind a final separator. Returns the last part.
 Text Split(const Text& text, const Text& trenner, std::vector<Text>& teile);
+// Each on a line of its own below what stands before, as many as a message has room for.
+Text ZeilenListe(const std::vector<Text>& zeilen);
 bool DateiNameGueltig(const Text& name);
 bool NurZiffern(int taste);
 std::int32_t BytesNachMs(double bytes);

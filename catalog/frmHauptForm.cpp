@@ -184,6 +184,7 @@ void frmHauptForm::Form_Load() {
   prog.plattform.schleife.DoEvents();
   prog.frmStartUp.Entladen();
   prog.plattform.schleife.MousePointer(Pointer::Normal);
+  AusgebessertZeigen();
   if (prog.Show_Start_Assistant) StartAssistentZeigen();
 }
 

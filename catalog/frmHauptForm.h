@@ -5,6 +5,7 @@
 #include "app/fenster.h"
 #include "catalog/katalog_eintrag.h"
 
+#include "platform/edits.h"
 #include "platform/mmtools.h"
 
 #include <memory>
@@ -152,6 +153,8 @@ class frmHauptForm final : public VtrFenster {
   void BildschirmPruefen();
   void GrossesLayout();
   void StartAssistentZeigen();
+  MendedEdits Ausgebessert;  // by the start
+  void AusgebessertZeigen();
   void Schritt(const std::function<void()>& anweisung);
   bool NochmalNachFehler(int nummer, const Text& beschreibung);
   void StartKomponenten();

@@ -10,6 +10,8 @@
 #include "dialogs/frmStartAssistent.h"
 #include "mixer/frmMixer.h"
 
+#include <utility>
+
 namespace vantora {
 
 namespace {
@@ -115,6 +117,8 @@ void frmHauptForm::StartOptionen() {
   Schritt([&] { Status(1103); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastDir"); });
   Schritt([&] { prog.LoadLastDir(); });
+  // Before anything looks at the user's waves.
+  Schritt([&] { Ausgebessert = prog.plattform.edits.Mend(); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastCatalog"); });
   Schritt([&] { LoadLastCat(); });
 }
@@ -150,6 +154,18 @@ void frmHauptForm::StartBrenner() {
       prog.MsgBoxen(LoadResString(8000) + LoadResString(8001) + LoadResString(8002), kHinweis);
     }
   });
+}
+
+// What the start has found of a program that was killed in the middle of an edit or a burn.
+void frmHauptForm::AusgebessertZeigen() {
+  const MendedEdits fund = std::exchange(Ausgebessert, {});
+  const std::pair<int, const std::vector<Text>&> listen[] = {
+      {30092, fund.Finished}, {30093, fund.SilenceTaken}, {30094, fund.Left}, {30095, fund.Failed}};
+  for (const auto& [text, dateien] : listen) {
+    for (const Text& datei : dateien) prog.AppLog(kOrt, LoadResString(text) + L" " + datei);
+    if (dateien.empty()) continue;
+    prog.MsgBoxen(LoadResString(text) + ZeilenListe(dateien), kWarnung);
+  }
 }
 
 void frmHauptForm::StartAssistentZeigen() {

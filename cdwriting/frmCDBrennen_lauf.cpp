@@ -60,6 +60,8 @@ void frmCDBrennen::BurnCD() {
   Danach danach = Danach::NaechsteKopie;
   while (danach == Danach::NaechsteKopie) {
     PassVorbereiten();
+    // The drive of this pass may have no other method than one with pauses of its own.
+    if (!ModusDAO) Weiter([&] { PausenEntfernen(prog); });
     const bool bereit = TracksAnmelden() && AufDiscWarten();
     if (bereit) {
       LaufwerkBestimmen();
@@ -75,7 +77,11 @@ void frmCDBrennen::BurnCD() {
     }
     danach = NachDemBrennen();
   }
-  if (danach == Danach::Schluss) Aufraeumen();
+  if (danach == Danach::Schluss) {
+    Aufraeumen();
+  } else {
+    Weiter([&] { PausenBehalten(prog); });
+  }
 }
 
 void frmCDBrennen::PassVorbereiten() {

@@ -1,8 +1,6 @@
 #include "cdwriting/pausen.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "catalog/frmHauptForm.h"
 
 #include <vector>
 
@@ -10,57 +8,27 @@ namespace vantora {
 
 namespace {
 
-constexpr std::size_t kPausenBytes = std::size_t{4} * 44100;  // of a second, for appending
-constexpr std::int64_t kPausenFrames = 44100;                 // of a second, for cutting
-
-void Anhaengen(MMWave& wave, const KatalogEintrag& e) {
-  static const std::vector<char> kStille(kPausenBytes, '\0');
-  wave.Open(e.Datei.Getrimmt());
-  const std::int64_t vorher = wave.Samples();
-  try {
-    wave.SetPosition(wave.DataBytes());
-    for (int sekunde = 0; sekunde < e.Pause; ++sekunde) wave.Write(kStille.data(), kStille.size());
-    wave.Close();
-  } catch (const Laufzeitfehler&) {
-    Weiter([&] { wave.SetLength(vorher); });
-    Weiter([&] { wave.Close(); });
-    throw;
-  }
-}
-
-void Entfernen(MMWave& wave, const KatalogEintrag& e) {
-  wave.Open(e.Datei.Getrimmt());
-  if (e.Pause > 0) {
-    wave.SetLength(wave.Samples() - e.Pause * kPausenFrames);
-    wave.Save();
-  }
-  wave.Close();
-}
+constexpr std::int64_t kPausenBytes = std::int64_t{4} * 44100;  // of a second
 
 }  // namespace
 
 void PausenAnhaengen(Programm& prog) {
-  MMWave& wave = *prog.frmHauptForm().MMWaveFileX1;
+  std::vector<Edits::Silence> pausen;
   for (std::size_t i = 1; i + 1 < prog.Katalog.size(); ++i) {
-    try {
-      Anhaengen(wave, prog.Katalog[i]);
-    } catch (const Laufzeitfehler&) {
-      while (--i > 0) Weiter([&] { Entfernen(wave, prog.Katalog[i]); });
-      throw;
-    }
+    const KatalogEintrag& e = prog.Katalog[i];
+    if (e.Pause > 0) pausen.push_back({e.Datei.Getrimmt(), e.Pause * kPausenBytes});
   }
+  prog.plattform.edits.Lend(pausen);
 }
 
 void PausenEntfernen(Programm& prog) {
-  MMWave& wave = *prog.frmHauptForm().MMWaveFileX1;
-  for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
-    if (i + 1 < prog.Katalog.size()) {
-      Entfernen(wave, prog.Katalog[i]);
-    } else {
-      wave.Open(prog.Katalog[i].Datei.Getrimmt());
-      wave.Close();
-    }
-  }
+  const std::vector<Text> geblieben = prog.plattform.edits.TakeBack();
+  if (geblieben.empty()) return;
+  prog.MsgBoxen(prog.Text(30091) + ZeilenListe(geblieben), kWarnung);
+}
+
+void PausenBehalten(Programm& prog) {
+  prog.plattform.edits.Forget();
 }
 
 }  // namespace vantora

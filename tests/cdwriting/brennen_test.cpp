@@ -177,6 +177,33 @@ TEST_F(Brennen, PausesThatCannotBeAppendedEverywhereAreAppendedNowhere) {
   EXPECT_FALSE(b.Haupt().Window.Enabled);  // behind the burner window nothing can be done
 }
 
+TEST_F(Brennen, PausesAreTakenBackFromEveryFileThatCanGiveThem) {
+  Oeffnen({L"a", L"b", L"c"});
+  const std::string b0 = Ton(b, L"b");
+  Fenster().optDiscAtOnce.SetValue(true);
+  b.user.Said.clear();
+  b.Antwortet(kNein).Antwortet(kNein);
+  b.Macht([this](Form&) {  // in front of the last question: a file goes, and rows leave the list
+    std::filesystem::remove(b.platform.machine.files.SystemPath(L"C:\\Vantora\\Wavs\\a.wav"));
+    b.prog.Katalog.resize(2);
+  });
+  b.Antwortet(kNein).Antwortet(kNein);
+  b.Tu([&] { Fenster().imgBrennen_MouseUp(); });
+  EXPECT_EQ(Ton(b, L"b"), b0);
+  EXPECT_EQ(b.Gesagt().back(), Sagt(30091) + L"\r\nC:\\Vantora\\Wavs\\a.wav");
+}
+
+TEST_F(Brennen, ARunThatFallsBackToTrackAtOnceGivesThePausesBackFirst) {
+  Oeffnen({L"a", L"b"});
+  const std::string a = Ton(b, L"a");
+  Fenster().optDiscAtOnce.SetValue(true);
+  b.platform.machine.writer.Faults.CanDao = false;
+  Brennt({kNein, kNein, kNein});
+  EXPECT_EQ(Ton(b, L"a"), a);
+  const std::size_t sektoren = (a.size() + kSektor - 1) / kSektor * kSektor;
+  EXPECT_EQ(Bin(1).size(), 2 * sektoren + kLuecke);
+}
+
 TEST_F(Brennen, ACancelAfterTheEndComesTooLate) {
   Oeffnen({L"a"});
   b.prog.FortschrittModus = 2;
