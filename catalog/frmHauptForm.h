@@ -71,7 +71,7 @@ class frmHauptForm final : public VtrFenster {
   void KatalogNeu();                         // the view only
   void KatalogInitialisieren();              // a new catalog
   void KatalogGeaendertFragen();             // offers to save a changed catalog
-  void KatalogSpeichern(const Text& datei);  // the catalog stays changed when the user refuses
+  bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
   std::int64_t KatalogLaengeBerechnen(Text& text) const;  // ms, and "hh:mm:ss"
   void ObInZeitGrenzen(std::int64_t ms);
   void Katalog_AddWaveFile(const Text& datei, const Text& titel);
@@ -187,10 +187,13 @@ class frmHauptForm final : public VtrFenster {
   struct KatalogNamen {
     Text Datei, Letzter;
   };
-  bool KatalogWaehlen(int mehrere);
+  enum class Sicherung { Fertig, Abgelehnt, Abgebrochen };
+  Sicherung KatalogSichern();  // asks once for a name
+  bool KatalogWaehlen(int mehrere, KatalogNamen& gewaehlt);
   void NeuerKatalog();  // an empty one, without a file yet
-  void NamenZurueck(const KatalogNamen& vorher);
-  void Ablehnen(int meldung, const KatalogNamen& vorher);
+  KatalogNamen Namen() const;
+  void NamenSetzen(const KatalogNamen& namen);
+  KatalogNamen KatalogDialog(int modus);
   // Number of a record that was at `nummer` and may have moved up since; 0 when it is gone.
   int Wiederfinden(const KatalogEintrag& eintrag, int nummer) const;
   Text NeuerKatalogTitel() const;

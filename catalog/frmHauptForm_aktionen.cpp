@@ -182,9 +182,8 @@ void frmHauptForm::KatalogDatenAendern(bool ohneUndo) {
 
 void frmHauptForm::imgLiedKatalog_MouseUp() {
   PlayWaveNormal(L"");
-  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
-  if (!KatalogWaehlen(8035)) return;
-  NamenZurueck(vorher);  // the source is not the catalog that is open
+  KatalogNamen quelle;  // not the catalog that is open, so its names are not taken
+  if (!KatalogWaehlen(8035, quelle)) return;
   prog.KatalogGeaendert = true;
   KatalogGeladen = true;
   KatalogLastStepSave();

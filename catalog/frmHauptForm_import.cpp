@@ -130,6 +130,10 @@ bool frmHauptForm::VonCDKopieren(Text& datei) {
     prog.MsgBoxen(LoadResString(8053), kHinweis);
     return false;
   }
+  if (!DateiNameGueltig(DateiNameOhnePfad(ziel))) {
+    prog.MsgBoxen(LoadResString(8038), kHinweis);
+    return false;
+  }
   if (prog.plattform.laufwerke.GetDriveType(Links(ziel, 3)) == kDriveCdRom) {
     prog.MsgBoxen(LoadResString(8054), kHinweis);
     return false;

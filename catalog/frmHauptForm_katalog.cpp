@@ -43,18 +43,55 @@ void frmHauptForm::NeuerKatalog() {
   prog.Last_Catalogue_Name = L"";
 }
 
+// A user who wants his work saved must not lose it to a slip in the dialog, so the dialog comes
+// again until the catalog is saved or the dialog is cancelled.
 void frmHauptForm::KatalogGeaendertFragen() {
   if (!prog.KatalogGeaendert) return;
   if (prog.MsgBoxen(LoadResString(8006), kFrage, LoadResString(0)) != kJa) return;
-  prog.DateiHolen(kTypKatalog, kModusSichern);
-  if (!prog.GewaehlteDatei.empty() && !prog.DialogAbbruch) KatalogSpeichern(prog.GewaehlteDatei);
-  prog.DialogAbbruch = false;
+  while (KatalogSichern() == Sicherung::Abgelehnt) {
+  }
 }
 
-void frmHauptForm::KatalogSpeichern(const Text& datei) {
-  if (prog.DateiExistiert(datei) && prog.MsgBoxen(LoadResString(8005), kFrage) != kJa) return;
+bool frmHauptForm::KatalogSpeichern(const Text& datei) {
+  if (prog.DateiExistiert(datei) && prog.MsgBoxen(LoadResString(8005), kFrage) != kJa) return false;
   KatalogSchreiben(prog.plattform.dateien, datei, prog.Katalog);
   prog.KatalogGeaendert = false;
+  return true;
+}
+
+frmHauptForm::KatalogNamen frmHauptForm::Namen() const {
+  return {prog.KatalogDatei, prog.LetzterKatalog};
+}
+
+void frmHauptForm::NamenSetzen(const KatalogNamen& namen) {
+  prog.KatalogDatei = namen.Datei;
+  prog.LetzterKatalog = namen.Letzter;
+  lblKatalogDatei.Caption = namen.Datei;
+}
+
+// The file dialog takes the name that was chosen for the catalog's own. That waits until the work
+// on the file is done, so that neither a refusal nor an error leaves the catalog a wrong name.
+frmHauptForm::KatalogNamen frmHauptForm::KatalogDialog(int modus) {
+  const KatalogNamen vorher = Namen();
+  prog.DateiHolen(kTypKatalog, modus);
+  KatalogNamen gewaehlt = Namen();
+  NamenSetzen(vorher);
+  return gewaehlt;
+}
+
+frmHauptForm::Sicherung frmHauptForm::KatalogSichern() {
+  const KatalogNamen gewaehlt = KatalogDialog(kModusSichern);
+  if (prog.DialogAbbruch) {
+    prog.DialogAbbruch = false;
+    return Sicherung::Abgebrochen;
+  }
+  if (!DateiNameGueltig(DateiNameOhnePfad(prog.GewaehlteDatei))) {
+    prog.MsgBoxen(LoadResString(8038), kHinweis);
+    return Sicherung::Abgelehnt;
+  }
+  if (!KatalogSpeichern(prog.GewaehlteDatei)) return Sicherung::Abgelehnt;
+  NamenSetzen(gewaehlt);
+  return Sicherung::Fertig;
 }
 
 void frmHauptForm::imgKatalogSpeichern_MouseUp() {
@@ -63,47 +100,23 @@ void frmHauptForm::imgKatalogSpeichern_MouseUp() {
     prog.MsgBoxen(LoadResString(8037), kHinweis);
     return;
   }
-  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
-  prog.DateiHolen(kTypKatalog, kModusSichern);
-  if (prog.DialogAbbruch) {
-    prog.DialogAbbruch = false;
-    return;
-  }
-  if (!DateiNameGueltig(DateiNameOhnePfad(prog.GewaehlteDatei))) {
-    Ablehnen(8038, vorher);
-    return;
-  }
-  KatalogSpeichern(prog.GewaehlteDatei);
-  if (prog.KatalogGeaendert) NamenZurueck(vorher);  // the older file was not to be replaced
-  lblKatalogDatei.Caption = prog.KatalogDatei;
+  KatalogSichern();
 }
 
-// The file dialog takes the name that was chosen for the catalog's own; a refusal takes it back.
-void frmHauptForm::NamenZurueck(const KatalogNamen& vorher) {
-  prog.KatalogDatei = vorher.Datei;
-  prog.LetzterKatalog = vorher.Letzter;
-}
-
-void frmHauptForm::Ablehnen(int meldung, const KatalogNamen& vorher) {
-  NamenZurueck(vorher);
-  prog.MsgBoxen(LoadResString(meldung), kHinweis);
-}
-
-// Asks for a catalog that can be read; false when none was chosen. What is missing is told, by
+// Asks for a catalog that can be read; false when none was chosen. What is missing is reported, by
 // `mehrere` when several were chosen at once.
-bool frmHauptForm::KatalogWaehlen(int mehrere) {
-  const KatalogNamen vorher{prog.KatalogDatei, prog.LetzterKatalog};
-  prog.DateiHolen(kTypKatalog, kModusOeffnen);
+bool frmHauptForm::KatalogWaehlen(int mehrere, KatalogNamen& gewaehlt) {
+  gewaehlt = KatalogDialog(kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return false;
   }
   if (prog.DialogName == kKatalogEndung || Trim(prog.GewaehlteDatei).empty()) {
-    Ablehnen(8034, vorher);
+    prog.MsgBoxen(LoadResString(8034), kHinweis);
     return false;
   }
   if (!prog.DateiExistiert(prog.GewaehlteDatei)) {
-    Ablehnen(prog.MehrfachAuswahl ? mehrere : 8035, vorher);
+    prog.MsgBoxen(LoadResString(prog.MehrfachAuswahl ? mehrere : 8035), kHinweis);
     return false;
   }
   return true;
@@ -111,16 +124,18 @@ bool frmHauptForm::KatalogWaehlen(int mehrere) {
 
 void frmHauptForm::imgKatalogÖffnen_MouseUp() {
   PlayWaveNormal(L"");
-  if (!KatalogWaehlen(8036)) return;
+  KatalogNamen gewaehlt;
+  if (!KatalogWaehlen(8036, gewaehlt)) return;
   const Text datei = prog.GewaehlteDatei;
-  const Text gezeigt = prog.KatalogDatei;
   KatalogGeaendertFragen();  // may run the file dialog for the catalog that is left
   prog.GewaehlteDatei = datei;
-  prog.LetzterKatalog = datei;
-  prog.KatalogDatei = gezeigt;
+  // Read before the present catalog goes: a file that can't be read costs nothing.
+  KatalogFeld katalog;
+  KatalogLesen(prog.plattform.dateien, datei, katalog);
   KatalogInitialisieren();
   AktuellerTitel = 0;
-  KatalogLesen(prog.plattform.dateien, datei, prog.Katalog);
+  prog.Katalog = std::move(katalog);
+  NamenSetzen(gewaehlt);
   KatalogShow();
   ZeigeLaengeNachOeffnen();
 }
@@ -141,10 +156,12 @@ void frmHauptForm::imgKatalogAnhaengen_MouseUp() {
   }
   prog.KatalogGeaendert = true;
   KatalogLastStepSave();
-  if (!KatalogWaehlen(8035)) return;
+  KatalogNamen gewaehlt;
+  if (!KatalogWaehlen(8035, gewaehlt)) return;
   KatalogFeld quelle;
   KatalogLesen(prog.plattform.dateien, prog.GewaehlteDatei, quelle);
   KatalogAnfuegen(quelle);
+  NamenSetzen(gewaehlt);
   KatalogShow();
   Text text;
   ObInZeitGrenzen(KatalogLaengeBerechnen(text));

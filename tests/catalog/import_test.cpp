@@ -122,6 +122,20 @@ TEST_F(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
   EXPECT_FALSE(b.prog.KatalogGeaendert);
 }
 
+TEST_F(Import, ATrackOnACDIsCopiedUnderANameThatIsOne) {
+  b.Wave(L"D:\\pista.wav", 3 * 44100);
+  for (const wchar_t* keiner : {L"a*b", L".wav"}) {
+    b.WaehltDatei({L"D:\\pista.wav"}).Antwortet(kJa).WaehltDatei({keiner}).Antwortet(kNein);
+    Importiere();
+    EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
+    EXPECT_TRUE(b.Titel().empty());
+  }
+  b.WaehltDatei({L"D:\\pista.wav"}).Antwortet(kJa).WaehltDatei({L"C:\\m"}).Macht(Nennt(L"x"));
+  Importiere();
+  EXPECT_EQ(b.prog.Katalog.at(1).Datei.Getrimmt(), L"C:\\m.wav");
+  EXPECT_EQ(b.user.Left(), 0U);
+}
+
 class Mp3Import : public Import {
  protected:
   void SetUp() override {

@@ -133,27 +133,53 @@ TEST_F(Katalog, ALengthThatIsNoNumberAndADateThatIsNoneAreReadAnew) {
   EXPECT_EQ(b.Haupt().lblKatalogLaenge.Caption(), L"00:00:06");
 }
 
-TEST_F(Katalog, ARefusedNameIsNotTheCatalogs) {
-  b.Katalog({L"a"});
-  b.prog.KatalogDatei = b.prog.LetzterKatalog = L"C:\\mio.vtr";
-  b.Datei(L"C:\\otro.vtr", "no es mío");
-  b.prog.KatalogGeaendert = true;
-  b.WaehltDatei({L"C:\\falta.vtr"}).Antwortet(kNein);  // to open: it is missing
-  b.Tu([&] { b.Haupt().imgKatalogÖffnen_MouseUp(); });
-  b.WaehltDatei({L"C:\\otro.vtr"}).Antwortet(kNein);  // to save: not over that one
-  b.Tu([&] { b.Haupt().imgKatalogSpeichern_MouseUp(); });
-  EXPECT_EQ(b.Gesagt(), (Liste{b.prog.Text(8035), b.prog.Text(8005)}));
-  EXPECT_EQ(b.prog.LetzterKatalog, L"C:\\mio.vtr");
-  EXPECT_EQ(b.Haupt().lblKatalogDatei.Caption(), L"C:\\mio.vtr");
-  EXPECT_EQ(b.Lies(L"C:\\otro.vtr"), "no es mío");
+TEST_F(Katalog, ARefusalOrAnErrorCostsNeitherTheNameNorTheTracks) {
+  b.Datei(L"C:\\roto.vtr", "no es un catálogo");
+  struct Fall {
+    void (frmHauptForm::*Knopf)();
+    Text Datei, Meldung;  // how it ends
+  };
+  for (const Fall& fall :
+       {Fall{&frmHauptForm::imgKatalogÖffnen_MouseUp, L"C:\\falta.vtr", b.prog.Text(8035)},
+        {&frmHauptForm::imgKatalogSpeichern_MouseUp, L"C:\\roto.vtr", b.prog.Text(8005)},
+        {&frmHauptForm::imgKatalogÖffnen_MouseUp, L"C:\\roto.vtr", L"(62)"},
+        {&frmHauptForm::imgKatalogAnhaengen_MouseUp, L"C:\\roto.vtr", L"(62)"},
+        {&frmHauptForm::imgKatalogSpeichern_MouseUp, L"C:\\falta\\a.vtr", L"(76)"}}) {
+    b.prog.Katalog.resize(1);
+    b.Katalog({L"a"});
+    b.prog.KatalogDatei = b.prog.LetzterKatalog = L"C:\\mio.vtr";
+    b.prog.KatalogGeaendert = false;
+    b.WaehltDatei({fall.Datei}).Antwortet(kNein);
+    b.Tu([&] { (b.Haupt().*fall.Knopf)(); });
+    EXPECT_TRUE(b.Gesagt().back().ends_with(fall.Meldung));
+    EXPECT_EQ(b.prog.LetzterKatalog, L"C:\\mio.vtr");
+    EXPECT_EQ(b.Haupt().lblKatalogDatei.Caption(), L"C:\\mio.vtr");
+    EXPECT_EQ(b.Titel(), Liste{L"a"});
+  }
+  EXPECT_EQ(b.Lies(L"C:\\roto.vtr"), "no es un catálogo");
+  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
 }
 
-TEST_F(Katalog, ABrokenFileIsToldAndTheProgramGoesOn) {
-  b.Datei(L"C:\\roto.vtr", "no es un catálogo");
-  b.WaehltDatei({L"C:\\roto.vtr"}).Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgKatalogÖffnen_MouseUp(); });
-  EXPECT_TRUE(b.Gesagt().at(0).ends_with(L"(62)"));
-  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+TEST_F(Katalog, TheDialogComesAgainUntilAChangedCatalogIsSavedOrGivenUp) {
+  b.Datei(L"C:\\otro.vtr", "de otro");
+  for (const bool gesichert : {true, false}) {
+    b.user.Said.clear();
+    b.Katalog({L"a"});
+    b.prog.KatalogGeaendert = true;
+    b.Antwortet(kJa);
+    for (const wchar_t* keiner : {L".vtr", L"a*b", L"C:\\otro.vtr"}) {
+      b.WaehltDatei({keiner}).Antwortet(kNein);
+    }
+    b.WaehltDatei(gesichert ? Liste{L"C:\\mio.vtr"} : Liste{});
+    b.Tu([&] { b.Haupt().imgNeuerKatalog_MouseUp(); });
+    EXPECT_EQ(b.Gesagt(),
+              (Liste{b.prog.Text(8006), b.prog.Text(8038), b.prog.Text(8038), b.prog.Text(8005)}));
+    EXPECT_TRUE(b.Titel().empty());  // the new catalog, also after a cancel
+    EXPECT_EQ(b.user.Left(), 0U);
+    EXPECT_TRUE(std::filesystem::is_empty(b.home.Path() / "Vantora/Catálogo"));
+  }
+  EXPECT_EQ(b.Lies(L"C:\\mio.vtr").size(), 4U + 2 * 822U + 29U);
+  EXPECT_EQ(b.Lies(L"C:\\otro.vtr"), "de otro");
 }
 
 TEST_F(Katalog, TrackPropertiesKeepWhatIsLeftBlank) {

@@ -46,7 +46,17 @@ expect frmHauptForm.lvwKatalog.Count == 2
 press frmHauptForm.imgKatalogÖffnen
 choose C:\Vantora\Catálogo\vida.vtr
 expect-box == "¿Desea guardar el catálogo modificado?"
+# slips do not lose it: OK without a name, and a name that is taken
+answer 6
+press frmLoadSave.pbButton(1)
+expect-box == "Nombre de archivo incorrecto"
 answer 7
+choose C:\Vantora\Catálogo\vida.vtr
+expect-box ~ "del mismo nombre"
+answer 7
+choose C:\Vantora\Catálogo\parte.vtr
+expect-file C:\Vantora\Catálogo\parte.vtr exists
+expect frmHauptForm.lblKatalogDatei.Caption == C:\Vantora\Catálogo\vida.vtr
 expect frmHauptForm.lvwKatalog.Count == 3
 expect frmHauptForm.lblRestzeitCD.Caption == "Quedan:79:48"
 close
@@ -59,6 +69,8 @@ press frmHauptForm.imgKatalogÖffnen
 choose C:\roto.vtr
 expect-box ~ "Error:"
 answer 7
+expect frmHauptForm.lvwKatalog.Count == 3
+expect frmHauptForm.lblKatalogDatei.Caption == C:\Vantora\Catálogo\vida.vtr
 press frmHauptForm.imgKatalogÖffnen
 choose cancel
 close
