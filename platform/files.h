@@ -71,7 +71,7 @@ class Dateien {
  public:
   virtual ~Dateien() = default;
   virtual std::unique_ptr<Datei> Open(const Text& path, Zugriff access) = 0;
-  virtual std::int64_t FileLen(const Text& path) = 0;  // error 53 when missing
+  virtual std::int64_t FileLen(const Text& path) = 0;  // 0 for a folder; error 53 when missing
   virtual bool IsDirectory(const Text& path) = 0;      // never raises
   // Time of the last change as text, "2026-11-24 10:00:00.123456789"; stable while unchanged.
   virtual Text FileDateTime(const Text& path) = 0;

@@ -178,6 +178,7 @@ struct stat LinuxFiles::Info(const Text& path) const {
 
 std::int64_t LinuxFiles::FileLen(const Text& path) {
   const struct stat info = Info(path);
+  if (S_ISDIR(info.st_mode)) return 0;
   RequireRegular(info);
   return info.st_size;
 }

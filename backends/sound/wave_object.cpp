@@ -44,7 +44,7 @@ void WaveObject::Open() {
 
 bool WaveObject::IsMissing() {
   try {
-    return dateien_.FileLen(file_) == 0;
+    return dateien_.FileLen(file_) == 0 && !dateien_.IsDirectory(file_);
   } catch (const Laufzeitfehler& fehler) {
     if (fehler.Nummer == kFehlerDateiFehlt || fehler.Nummer == kFehlerPfadFehlt) return true;
     throw;

@@ -7,7 +7,7 @@
 namespace vantora {
 namespace {
 
-TEST(Dienste, ANameWithAPointIsAFileAndOneWithoutIsAFolder) {
+TEST(Dienste, ANameWithAPointIsAFileOrAFolderAndOneWithoutIsAFolder) {
   Buehne b;
   b.Datei(L"C:\\leer.wav", "");
   b.Datei(L"C:\\ohnepunkt", "x");
@@ -17,7 +17,7 @@ TEST(Dienste, ANameWithAPointIsAFileAndOneWithoutIsAFolder) {
                                           {L"  C:\\LEER.WAV  ", true},
                                           {L"C:\\leer.wav\\", true},
                                           {L"C:\\ohnepunkt", false},
-                                          {L"C:\\v1.0", false},
+                                          {L"C:\\v1.0", true},
                                           {L"C:\\Música", true},
                                           {L"C:\\Música\\", true},
                                           {L"C:\\", true},
