@@ -18,6 +18,8 @@
 #include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
 
+#include <optional>
+
 namespace vantora {
 
 namespace {
@@ -116,26 +118,42 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   MsgBoxen(Text(4009) + fehler.Beschreibung + L" (" + ZahlText(fehler.Nummer) + L")", kStopp);
 }
 
-vantora::Text Programm::VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz) {
-  vantora::Text wert = Trim(GetSetting(plattform, schluessel, L""));
-  if (!wert.empty() && DateiExistiert(wert)) return wert;
-  if (!DateiExistiert(ersatz)) plattform.dateien.MkDir(ersatz);
-  return ersatz;
+// A folder that can't be made does not keep the others from being made; its error comes at the end.
+void Programm::VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade) {
+  std::optional<Laufzeitfehler> erster;
+  for (const vantora::Text& pfad : pfade) {
+    try {
+      if (!DateiExistiert(pfad)) plattform.dateien.MkDir(pfad);
+    } catch (const Laufzeitfehler& fehler) {
+      if (!erster) erster = fehler;
+    }
+  }
+  if (erster) throw Laufzeitfehler(*erster);
 }
 
 void Programm::LoadLastDir() {
+  std::vector<vantora::Text> anzulegen;
+  const auto lesen = [&](const wchar_t* schluessel, const vantora::Text& ersatz) {
+    vantora::Text wert = Trim(GetSetting(plattform, schluessel, L""));
+    if (!wert.empty() && DateiExistiert(wert)) return wert;
+    anzulegen.push_back(ersatz);
+    return ersatz;
+  };
   const vantora::Text app = AddBackslash(AppPfad);
-  Wave_Import_Dir = VerzeichnisPruefen(L"Wave_Import_Dir", L"C:\\");
-  Wave_Export_Dir = VerzeichnisPruefen(L"Wave_Export_Dir", app + L"Wavs\\");
+  Wave_Import_Dir = lesen(L"Wave_Import_Dir", L"C:\\");
+  Wave_Export_Dir = lesen(L"Wave_Export_Dir", app + L"Wavs\\");
   Standard_Wave_Name = Wave_Export_Dir;
-  Songs_Import_Dir = VerzeichnisPruefen(L"Songs_Import_Dir", app);
-  Catalogue_Open_Dir = VerzeichnisPruefen(L"Catalogue_Open_Dir", app + Text(10));
-  Catalogue_Save_Dir = VerzeichnisPruefen(L"Catalogue_Save_Dir", app + Text(10));
-  Picture_Save_Dir = VerzeichnisPruefen(L"Picture_Save_Dir", app + L"Pictures");
+  Songs_Import_Dir = lesen(L"Songs_Import_Dir", app);
+  Catalogue_Open_Dir = lesen(L"Catalogue_Open_Dir", app + Text(10));
+  Catalogue_Save_Dir = lesen(L"Catalogue_Save_Dir", app + Text(10));
+  Picture_Save_Dir = lesen(L"Picture_Save_Dir", app + L"Pictures");
   for (vantora::Text* pfad : {&Wave_Import_Dir, &Wave_Export_Dir, &Songs_Import_Dir,
                               &Catalogue_Open_Dir, &Catalogue_Save_Dir, &Picture_Save_Dir}) {
     *pfad = Trim(UNCAufLaufwerk(*pfad));
   }
+  // Last, so that every key has its value when the start goes on behind a folder that can't be
+  // made: the end of the program writes all of them.
+  VerzeichnisseAnlegen(anzulegen);
 }
 
 void Programm::LastDirSave() {

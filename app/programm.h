@@ -116,7 +116,7 @@ struct Programm : Dienste,
   Fenster<vantora::frmSpektrum> frmSpektrum{*this};
 
  private:
-  vantora::Text VerzeichnisPruefen(const wchar_t* schluessel, const vantora::Text& ersatz);
+  void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);
   void FehlerMelden(const Laufzeitfehler& fehler);
 
   std::deque<std::shared_ptr<VtrFenster>> entladene_;

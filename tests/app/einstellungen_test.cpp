@@ -59,6 +59,22 @@ TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
   }
 }
 
+TEST_F(Optionen, AFolderWithAPointInItsPathIsKept) {
+  const Text ordner = L"C:\\Mis discos vol. 2\\";
+  std::filesystem::create_directories(b.home.Path() / "Mis discos vol. 2");
+  for (const wchar_t* schluessel : {L"Wave_Import_Dir", L"Wave_Export_Dir", L"Songs_Import_Dir",
+                                    L"Catalogue_Open_Dir", L"Catalogue_Save_Dir"}) {
+    Setze(schluessel, ordner);
+  }
+  Setze(L"Picture_Save_Dir", L"C:\\falta vol. 2");
+  b.Start();
+  for (const Text& wert : {b.prog.Wave_Import_Dir, b.prog.Wave_Export_Dir, b.prog.Songs_Import_Dir,
+                           b.prog.Catalogue_Open_Dir, b.prog.Catalogue_Save_Dir}) {
+    EXPECT_EQ(wert, ordner);
+  }
+  EXPECT_EQ(b.prog.Picture_Save_Dir, L"C:\\Vantora\\Pictures");
+}
+
 TEST_F(Optionen, TheLastCatalogIsRememberedOnlyWhenItShallComeBack) {
   Setze(L"Last_Catalogue_Name", L"C:\\alt.vtr");
   b.prog.LetzterKatalog = L"C:\\neu.vtr";

@@ -81,6 +81,25 @@ TEST(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
   EXPECT_EQ(b.prog.Wave_Export_Dir, L"C:\\Vantora\\Wavs\\");
 }
 
+TEST(Start, GoingOnBehindAFolderThatCannotBeMadeKeepsAllOthers) {
+  Buehne b;
+  b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
+  b.Antwortet(kNein);  // the last button: ignore
+  b.Start();
+  b.prog.LastDirSave();
+  const std::pair<const wchar_t*, const wchar_t*> alle[] = {
+      {L"Wave_Import_Dir", L"C:\\"},
+      {L"Wave_Export_Dir", L"C:\\Vantora\\Wavs\\"},
+      {L"Songs_Import_Dir", L"C:\\Vantora\\"},
+      {L"Catalogue_Open_Dir", L"C:\\Vantora\\Catálogo"},
+      {L"Catalogue_Save_Dir", L"C:\\Vantora\\Catálogo"},
+      {L"Picture_Save_Dir", L"C:\\Vantora\\Pictures"}};
+  for (const auto& [schluessel, wert] : alle) {
+    EXPECT_EQ(GetSetting(b.platform.bundle, schluessel, L"?"), wert);
+  }
+  EXPECT_TRUE(std::filesystem::is_directory(b.home.Path() / "Vantora/Pictures"));
+}
+
 TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   Buehne b;
   b.Datei(L"C:\\Vantora\\vantora.APL", "an older run\r\n");
