@@ -22,7 +22,7 @@ struct LinuxPlaces {
   std::filesystem::path Data;     // the program's own: ~/.local/share/vantora
   std::filesystem::path Cache;    // ~/.cache/vantora
   std::filesystem::path Config;   // ~/.config/vantora
-  std::filesystem::path Runtime;  // for the mark of the running instance; blank: the cache
+  std::filesystem::path Runtime;  // for the mark of the running instance; may be blank
   std::filesystem::path Sys = "/sys";
   std::vector<OpticalDrive> Optical;
   // The mount table as /proc/self/mountinfo writes it; asked again whenever drives are listed.

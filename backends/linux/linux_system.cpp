@@ -22,15 +22,20 @@ LinuxSystem::LinuxSystem(LinuxPlaces places, Options options)
 
 bool LinuxSystem::PrevInstance() {
   if (lock_.IsOpen()) return false;
-  const fs::path folder = places_.Runtime.empty() ? places_.Cache : places_.Runtime;
-  std::error_code left;
-  fs::create_directories(folder, left);
-  Descriptor mark(::open((folder / "vantora.lock").c_str(),
-                         O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
+  for (const fs::path& folder : {places_.Runtime, places_.Cache}) {
+    if (folder.empty()) continue;
+    std::error_code left;
+    fs::create_directories(folder, left);
+    Descriptor mark(::open((folder / "vantora.lock").c_str(),
+                           O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
+    if (!mark.IsOpen()) continue;
+    if (::flock(mark(), LOCK_EX | LOCK_NB) == 0) {
+      lock_ = std::move(mark);
+      return false;
+    }
+    if (errno == EWOULDBLOCK) return true;
+  }
   // Where no mark can be made nobody can be found; that must not keep the program from starting.
-  if (!mark.IsOpen()) return false;
-  if (::flock(mark(), LOCK_EX | LOCK_NB) != 0) return errno == EWOULDBLOCK;
-  lock_ = std::move(mark);
   return false;
 }
 

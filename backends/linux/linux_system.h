@@ -1,5 +1,6 @@
 // The program's place in a Linux desktop. One instance a user: a lock file in the runtime folder,
-// held from the first question to the end of this object.
+// or in the cache folder when it can't be made there, held from the first question to the end of
+// this object.
 #pragma once
 
 #include "backends/linux/descriptor.h"

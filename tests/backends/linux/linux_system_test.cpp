@@ -40,6 +40,15 @@ TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirst) {
   EXPECT_FALSE(second.PrevInstance());
 }
 
+TEST(LinuxSystem, WithoutAUsableRuntimeFolderTheMarkIsMadeInTheCache) {
+  Home home;
+  Put(home / "file", "x");
+  home.Places.Runtime = home / "file";
+  LinuxSystem first(home.Places, {}), second(home.Places, {});
+  EXPECT_FALSE(first.PrevInstance());
+  EXPECT_TRUE(second.PrevInstance());
+}
+
 TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
   const Home home;
   const fs::path told = home / "told", viewer = home / "viewer";
