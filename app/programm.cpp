@@ -51,16 +51,18 @@ Programm::~Programm() {
   plattform.schleife.OnError = nullptr;
 }
 
-void Programm::Laufen() {
+bool Programm::Laufen() {
   EventLoop& schleife = plattform.schleife;
   schleife.Dispatch([this] { frmStartUp(); });
+  if (schleife.Ended()) return true;
   // Without its main window the program has no way to be ended, so it does not begin to wait.
-  if (schleife.Ended() || !frmHauptForm.Geladen() || !frmHauptForm().Visible()) return;
+  if (!frmHauptForm.Geladen() || !frmHauptForm().Visible()) return false;
   try {
     schleife.Run();
   } catch (const ProgrammEnde&) {
-    return;  // the way out of every program
+    // the way out of every program
   }
+  return true;
 }
 
 int Programm::MsgBoxen(const vantora::Text& text, int flags) {
@@ -109,13 +111,23 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   Form* vorn = plattform.schleife.Front();
   const bool brennt = frmKomponenten.Geladen() && frmKomponenten().BrennLaeuft;
   if (vorn != nullptr && !brennt && !vorn->CloseWhileDisabled) vorn->Window.Enabled = true;
+  const vantora::Text grund = fehler.Grund.empty() ? L"" : L": " + fehler.Grund;
+  FehlerVermerken(ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + grund);
+  const vantora::Text was = fehler.Beschreibung + L" (" + ZahlText(fehler.Nummer) + L")";
   try {
-    const vantora::Text grund = fehler.Grund.empty() ? L"" : L": " + fehler.Grund;
-    AppLog(L"Laufzeitfehler", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + grund);
+    MsgBoxen(Text(4009) + was, kStopp);
+  } catch (const Laufzeitfehler&) {
+    // Without texts there is no message box of the program's own.
+    plattform.schleife.SystemBox(was, kStopp, L"Vantora");
+  }
+}
+
+void Programm::FehlerVermerken(const vantora::Text& was) {
+  try {
+    AppLog(L"Laufzeitfehler", was);
   } catch (const Laufzeitfehler&) {
     LogAktiv = false;  // a log that cannot be written would fail at every further line
   }
-  MsgBoxen(Text(4009) + fehler.Beschreibung + L" (" + ZahlText(fehler.Nummer) + L")", kStopp);
 }
 
 // A folder that can't be made does not keep the others from being made; its error comes at the end.

@@ -60,8 +60,9 @@ struct Programm : Dienste,
   Programm(const Programm&) = delete;
   Programm& operator=(const Programm&) = delete;
 
-  // Process entry: start-up, then the event loop, until the process ends.
-  void Laufen();
+  // Process entry: start-up, then the event loop, until the process ends. False when an error kept
+  // the main window from opening.
+  bool Laufen();
 
   // Shows a message in the program's own window and returns 6 (yes) or 7. A blank title is the
   // program's name; `nichtMehrZeigen` offers to leave the message out in future.
@@ -118,6 +119,7 @@ struct Programm : Dienste,
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);
   void FehlerMelden(const Laufzeitfehler& fehler);
+  void FehlerVermerken(const vantora::Text& was);  // in the log
 
   std::deque<std::shared_ptr<VtrFenster>> entladene_;
 };

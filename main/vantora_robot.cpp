@@ -2,6 +2,7 @@
 
 #include "backends/qt/qt_app.h"
 #include "main/headless_platform.h"
+#include "main/resource_check.h"
 #include "main/robot/robot.h"
 #include "main/story_stage.h"
 #include "main/window_platform.h"
@@ -56,6 +57,12 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::filesystem::path resources = vantora::ResourceFolder();
+  const std::filesystem::path incomplete = vantora::IncompleteResource(resources);
+  if (!incomplete.empty()) {
+    std::cerr << "vantora-robot: " << incomplete.lexically_normal().string()
+              << " is missing or incomplete\n";
+    return 1;
+  }
   if (!options.Windows) {
     vantora::StoryStage<vantora::HeadlessPlatform> stage(resources);
     return Play(options, stage);

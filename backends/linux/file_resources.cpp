@@ -17,6 +17,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const wchar_t* kTexts = L"strings.tsv";
+
 std::string FileText(const fs::path& file) {
   std::error_code failed;
   const std::uintmax_t length = fs::file_size(file, failed);
@@ -54,8 +56,8 @@ Text FileResources::LoadResString(int id) {
   ReadTexts();
   const auto text = texts_.find(id);
   if (text == texts_.end()) {
-    throw Laufzeitfehler(kFehlerRessource,
-                         L"No se encuentra el texto número " + std::to_wstring(id));
+    throw Laufzeitfehler(kFehlerRessource, L"No se encuentra el texto número " +
+                                               std::to_wstring(id) + L" en " + kTexts);
   }
   return FromUtf8(Unescape(text->second));
 }
@@ -63,7 +65,7 @@ Text FileResources::LoadResString(int id) {
 void FileResources::ReadTexts() {
   if (read_) return;
   read_ = true;
-  const std::string table = FileText(folder_ / "strings.tsv");
+  const std::string table = FileText(folder_ / kTexts);
   std::string_view rest = table;
   while (!rest.empty()) {
     const auto end = std::min(rest.find('\n'), rest.size());

@@ -57,6 +57,11 @@ std::vector<std::string> QtApp::Arguments() const {
   return arguments;
 }
 
+bool QtApp::IsSeen() {
+  const QString platform = QGuiApplication::platformName();
+  return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
+}
+
 bool QtApp::HasScreen() {
   for (const char* name : {"WAYLAND_DISPLAY", "DISPLAY", "QT_QPA_PLATFORM"}) {
     const char* value = std::getenv(name);

@@ -20,6 +20,8 @@ class QtApp {
 
   std::vector<std::string> Arguments() const;  // without the process's name
 
+  static bool IsSeen();  // false: windows are drawn where nobody sees them (offscreen)
+
   // Returns when all fonts of the machine are known, as they are soon after the start.
   static void AwaitFonts();
 

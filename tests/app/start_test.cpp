@@ -100,6 +100,19 @@ TEST(Start, GoingOnBehindAFolderThatCannotBeMadeKeepsAllOthers) {
   EXPECT_TRUE(std::filesystem::is_directory(b.home.Path() / "Vantora/Pictures"));
 }
 
+TEST(Start, ATextThatIsMissingEndsItWithAMessageThatNamesTheFile) {
+  const TemporaryHome home, ressourcen;
+  test::Put(ressourcen() / "strings.tsv", "0\tVantora\n");
+  HeadlessPlatform platform(home(), ressourcen());
+  ScriptedUser user;
+  platform.loop.TheUser = &user;
+  user.Then([&](Form& front) { platform.hands.Key(front, L"Return"); });
+  Programm prog(platform.bundle);
+  EXPECT_FALSE(prog.Laufen());
+  ASSERT_EQ(user.Said.size(), 1U);
+  EXPECT_TRUE(Enthaelt(user.Said[0], L"strings.tsv"));
+}
+
 TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   Buehne b;
   b.Datei(L"C:\\Vantora\\vantora.APL", "an older run\r\n");
