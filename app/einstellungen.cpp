@@ -40,28 +40,25 @@ class Leser {
 
 class Schreiber {
  public:
-  explicit Schreiber(Plattform& plattform) : plattform_(plattform) {}
+  std::vector<std::pair<Text, Text>> Werte;  // each behind its key
 
   void Schalter(const wchar_t* schluessel, bool wert, const wchar_t* /*sonst*/) {
-    SaveSetting(plattform_, schluessel, wert ? L"1" : L"0");
+    Werte.emplace_back(schluessel, wert ? L"1" : L"0");
   }
   void UndoSchalter(const wchar_t* schluessel, bool wert, const wchar_t* sonst) {
     Schalter(schluessel, wert, sonst);
   }
   void Zahl(const wchar_t* schluessel, std::int32_t wert, const wchar_t* /*sonst*/) {
-    SaveSetting(plattform_, schluessel, ZahlText(wert));
+    Werte.emplace_back(schluessel, ZahlText(wert));
   }
   template <std::size_t N>
   void Feld(const wchar_t* schluessel, const FixedText<N>& wert, const wchar_t* /*sonst*/) {
-    SaveSetting(plattform_, schluessel, wert.Getrimmt());
+    Werte.emplace_back(schluessel, wert.Getrimmt());
   }
-
- private:
-  Plattform& plattform_;
 };
 
 template <typename Weg, typename Werte>
-void AlleOptionen(Weg weg, Werte& w) {
+void AlleOptionen(Weg& weg, Werte& w) {
   weg.Schalter(L"Show3DAnalysis", w.Show3DAnalysis, L"0");
   weg.Schalter(L"BackgroundPic", w.BackgroundPic, L"1");
   weg.Schalter(L"Show_Start_Assistant", w.Show_Start_Assistant, L"1");
@@ -106,18 +103,25 @@ void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert)
   plattform.einstellungen.SaveSetting(kAnwendung, kAbschnitt, schluessel, wert);
 }
 
+void SaveSettings(Plattform& plattform, const std::vector<std::pair<Text, Text>>& werte) {
+  plattform.einstellungen.SaveSettings(kAnwendung, kAbschnitt, werte);
+}
+
 void SettingLoeschen(Plattform& plattform, const Text& anwendung, const Text& abschnitt,
                      const Text& schluessel) {
   plattform.einstellungen.DeleteSetting(anwendung, abschnitt, schluessel);
 }
 
 void LoadExtrasSet(Plattform& plattform, Einstellungen& werte) {
-  AlleOptionen(Leser(plattform), werte);
+  Leser leser(plattform);
+  AlleOptionen(leser, werte);
 }
 
 void SaveExtrasSet(Plattform& plattform, const Einstellungen& werte) {
-  AlleOptionen(Schreiber(plattform), werte);
-  SaveSetting(plattform, L"LängeCD", ZahlText(werte.LängeCD));
+  Schreiber schreiber;
+  AlleOptionen(schreiber, werte);
+  schreiber.Werte.emplace_back(L"LängeCD", ZahlText(werte.LängeCD));
+  SaveSettings(plattform, schreiber.Werte);
 }
 
 }  // namespace vantora

@@ -4,6 +4,8 @@
 #include "app/fest_text.h"
 
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace vantora {
 
@@ -48,6 +50,8 @@ struct Einstellungen {
 // One value of the store, for windows that keep keys of their own.
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst);
 void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert);
+// Several at once, which writes the store only once.
+void SaveSettings(Plattform& plattform, const std::vector<std::pair<Text, Text>>& werte);
 void SettingLoeschen(Plattform& plattform, const Text& anwendung, const Text& abschnitt,
                      const Text& schluessel);
 // A number; one that its width cannot hold counts as not there.

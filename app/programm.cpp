@@ -45,9 +45,14 @@ constexpr KomponentenVersion kKomponenten[] = {
 
 Programm::Programm(Plattform& dienste) : Dienste(dienste) {
   plattform.schleife.OnError = [this](const Laufzeitfehler& fehler) { FehlerMelden(fehler); };
+  plattform.einstellungen.OnUnwritable = [this](const vantora::Text& datei,
+                                                const Laufzeitfehler& grund) {
+    EinstellungenMelden(datei, grund);
+  };
 }
 
 Programm::~Programm() {
+  plattform.einstellungen.OnUnwritable = nullptr;
   plattform.schleife.OnError = nullptr;
 }
 
@@ -130,6 +135,13 @@ void Programm::FehlerVermerken(const vantora::Text& was) {
   }
 }
 
+// Settings are saved in the middle of other work, so the message waits until events are processed.
+void Programm::EinstellungenMelden(const vantora::Text& datei, const Laufzeitfehler& grund) {
+  FehlerVermerken(ZahlText(grund.Nummer) + L" " + grund.Beschreibung + L": " + datei);
+  const vantora::Text was = Text(30040) + datei + L": " + grund.Beschreibung + Text(30041);
+  plattform.schleife.Post([this, was] { MsgBoxen(was, kHinweis); });
+}
+
 // A folder that can't be made does not keep the others from being made; its error comes at the end.
 void Programm::VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade) {
   std::optional<Laufzeitfehler> erster;
@@ -169,12 +181,12 @@ void Programm::LoadLastDir() {
 }
 
 void Programm::LastDirSave() {
-  SaveSetting(plattform, L"Wave_Import_Dir", Wave_Import_Dir);
-  SaveSetting(plattform, L"Wave_Export_Dir", Wave_Export_Dir);
-  SaveSetting(plattform, L"Songs_Import_Dir", Songs_Import_Dir);
-  SaveSetting(plattform, L"Catalogue_Open_Dir", Catalogue_Open_Dir);
-  SaveSetting(plattform, L"Catalogue_Save_Dir", Catalogue_Save_Dir);
-  SaveSetting(plattform, L"Picture_Save_Dir", Picture_Save_Dir);
+  SaveSettings(plattform, {{L"Wave_Import_Dir", Wave_Import_Dir},
+                           {L"Wave_Export_Dir", Wave_Export_Dir},
+                           {L"Songs_Import_Dir", Songs_Import_Dir},
+                           {L"Catalogue_Open_Dir", Catalogue_Open_Dir},
+                           {L"Catalogue_Save_Dir", Catalogue_Save_Dir},
+                           {L"Picture_Save_Dir", Picture_Save_Dir}});
 }
 
 void Programm::LastCatSave() {
@@ -211,6 +223,7 @@ void Programm::ProgrammBeenden(bool ohneFrage) {
   AppLog(kOrt, L"3");
   LastDirSave();
   LastCatSave();
+  schleife.DoEvents();  // shows the message that settings could not be written
   komponenten.CD_Close();
   AppLog(kOrt, L"Save RegistryParameter ...");
   frmHauptForm().PlayWaveNormal(L"");

@@ -120,6 +120,7 @@ struct Programm : Dienste,
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);
   void FehlerMelden(const Laufzeitfehler& fehler);
   void FehlerVermerken(const vantora::Text& was);  // in the log
+  void EinstellungenMelden(const vantora::Text& datei, const Laufzeitfehler& grund);
 
   std::deque<std::shared_ptr<VtrFenster>> entladene_;
 };

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
@@ -16,6 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kSmall = 16U << 20U;
+constexpr std::string_view kTemporary = ".vantora-";  // then the process and a number: -12-0
 
 fs::path BehindLinks(const fs::path& place) {
   std::error_code failed;
@@ -24,11 +27,21 @@ fs::path BehindLinks(const fs::path& place) {
   return failed ? place : real;
 }
 
+// The process that a temporary file belongs to; 0 for any other file.
+pid_t OwnerOf(std::string_view name) {
+  if (!name.starts_with(kTemporary)) return 0;
+  name.remove_prefix(kTemporary.size());
+  pid_t owner = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), owner);
+  const bool whole = error == std::errc() && end != name.data() + name.size() && *end == '-';
+  return whole && owner > 0 ? owner : 0;
+}
+
 }  // namespace
 
 ReplacementFile::ReplacementFile(const fs::path& place) : place_(BehindLinks(place)) {
   const std::string start =
-      (place_.parent_path() / ".vantora-").string() + std::to_string(::getpid()) + "-";
+      (place_.parent_path() / kTemporary).string() + std::to_string(::getpid()) + "-";
   for (int number = 0; number < 1000 && !file_.IsOpen(); ++number) {
     temporary_ = start + std::to_string(number);
     file_ = Descriptor(::open(temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
@@ -97,6 +110,18 @@ void WriteSmallFile(const fs::path& file, std::string_view bytes) {
   ReplacementFile replacement(file);
   replacement.Write(bytes.data(), bytes.size());
   replacement.KeepOnDisk();
+}
+
+void RemoveLeftovers(const fs::path& file) {
+  std::error_code failed;  // what can't be listed or removed stays for another start
+  for (fs::directory_iterator entry(BehindLinks(file).parent_path(), failed), end;
+       !failed && entry != end; entry.increment(failed)) {
+    const pid_t owner = OwnerOf(entry->path().filename().native());
+    if (owner == 0) continue;
+    // Under our own number it is from an older process that had the same.
+    const bool running = owner != ::getpid() && (::kill(owner, 0) == 0 || errno != ESRCH);
+    if (!running) ::unlink(entry->path().c_str());
+  }
 }
 
 }  // namespace vantora

@@ -35,5 +35,8 @@ class ReplacementFile final {
 std::optional<std::string> ReadSmallFile(const std::filesystem::path& file);
 // Puts the bytes on the disk as a whole or not at all.
 void WriteSmallFile(const std::filesystem::path& file, std::string_view bytes);
+// Removes the temporary files beside a file that processes left there which are no longer running.
+// To be called when this process has no replacement under way in that folder.
+void RemoveLeftovers(const std::filesystem::path& file);
 
 }  // namespace vantora

@@ -78,9 +78,19 @@ Text SettingsFile::GetSetting(const Text& application, const Text& section, cons
   return place == places_.end() ? fallback : lines_[place->second].Value;
 }
 
-void SettingsFile::SaveSetting(const Text& application, const Text& section, const Text& key,
-                               const Text& value) {
+void SettingsFile::SaveSettings(const Text& application, const Text& section,
+                                const std::vector<KeyValue>& settings) {
   ReadOnce();
+  bool changed = !written_;
+  for (const auto& [key, value] : settings) {
+    changed = Set(application, section, key, value) || changed;
+  }
+  if (changed) Write();
+}
+
+// False when the value stands there already.
+bool SettingsFile::Set(const Text& application, const Text& section, const Text& key,
+                       const Text& value) {
   const Text name = SectionName(application, section);
   const auto place = places_.find({name, LowerCase(key)});
   const std::string raw = Escape(key, "=[#;") + "=" + Escape(value, "");
@@ -91,10 +101,10 @@ void SettingsFile::SaveSetting(const Text& application, const Text& section, con
   } else if (Line& line = lines_[place->second]; line.Value != value) {
     line.Raw = raw;
     line.Value = value;
-  } else if (written_) {
-    return;  // on the disk already
+  } else {
+    return false;
   }
-  Write();
+  return true;
 }
 
 // Of equal keys all go: the one that the last had covered is not what the user wants back.
@@ -119,10 +129,11 @@ void SettingsFile::FindPlaces() {
 void SettingsFile::ReadOnce() {
   if (read_) return;
   read_ = true;
+  RemoveLeftovers(file_);
   try {
     Parse(ReadSmallFile(file_).value_or(std::string()));
-  } catch (const Laufzeitfehler&) {
-    writable_ = false;  // what could not be read is still the user's
+  } catch (const Laufzeitfehler& why) {
+    unreadable_ = why;  // its contents are still the user's
   }
 }
 
@@ -177,15 +188,25 @@ void SettingsFile::Add(const Text& section, const std::string& head, const Text&
 }
 
 void SettingsFile::Write() {
-  if (!writable_) return;
+  if (unreadable_) {
+    Report(*unreadable_);
+    return;
+  }
   std::string bytes;
   for (const Line& line : lines_) bytes += line.Raw + "\n";
   try {
     WriteSmallFile(file_, bytes);
     written_ = true;
-  } catch (const Laufzeitfehler&) {
+  } catch (const Laufzeitfehler& why) {
     written_ = false;  // the values serve for this run; the next call tries again
+    Report(why);
   }
+}
+
+void SettingsFile::Report(const Laufzeitfehler& why) {
+  if (reported_ || !OnUnwritable) return;
+  reported_ = true;
+  OnUnwritable(FromUtf8(file_.native()), why);
 }
 
 }  // namespace vantora

@@ -6,7 +6,8 @@
 // "%" and what would not survive a line (control characters, "=" in a key, blanks at an edge) stand
 // as %XX. Keys and sections are found without regard to case; of two equal keys the last one rules.
 // Lines that mean nothing here stay where they are. The file is read once; a file that is there but
-// cannot be read is never overwritten.
+// cannot be read is never overwritten. Reading it also removes the temporary files that a run left
+// behind which was killed while it saved.
 #pragma once
 
 #include "platform/settings_store.h"
@@ -14,6 +15,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,8 +28,8 @@ class SettingsFile final : public SettingsStore {
 
   Text GetSetting(const Text& application, const Text& section, const Text& key,
                   const Text& fallback) override;
-  void SaveSetting(const Text& application, const Text& section, const Text& key,
-                   const Text& value) override;
+  void SaveSettings(const Text& application, const Text& section,
+                    const std::vector<KeyValue>& settings) override;
   void DeleteSetting(const Text& application, const Text& section, const Text& key) override;
 
  private:
@@ -39,16 +41,19 @@ class SettingsFile final : public SettingsStore {
   };
 
   void ReadOnce();
+  bool Set(const Text& application, const Text& section, const Text& key, const Text& value);
   void Parse(const std::string& bytes);
   void Add(const Text& section, const std::string& head, const Text& key, const std::string& raw,
            const Text& value);
   void FindPlaces();
   void Write();
+  void Report(const Laufzeitfehler& why);
 
   std::filesystem::path file_;
   bool read_ = false;
-  bool writable_ = true;
-  bool written_ = true;  // the last writing has reached the disk
+  std::optional<Laufzeitfehler> unreadable_;  // why the file can't be read, nor written then
+  bool written_ = true;                       // the last writing has reached the disk
+  bool reported_ = false;
   std::vector<Line> lines_;
   std::map<std::pair<Text, Text>, std::size_t> places_;  // section and key: number of the line
 };

@@ -4,6 +4,9 @@
 
 #include "tests/support/buehne.h"
 
+#include <sys/inotify.h>
+#include <unistd.h>
+
 namespace vantora {
 namespace {
 
@@ -73,6 +76,50 @@ TEST_F(Optionen, AFolderWithAPointInItsPathIsKept) {
     EXPECT_EQ(wert, ordner);
   }
   EXPECT_EQ(b.prog.Picture_Save_Dir, L"C:\\Vantora\\Pictures");
+}
+
+TEST_F(Optionen, AllOfThemAreWrittenByReplacingTheFileOnce) {
+  b.Start();
+  const int blick = ::inotify_init1(IN_NONBLOCK);
+  // The kernel counts the same message twice in a row as one, so the files that are made in between
+  // are watched as well.
+  ::inotify_add_watch(blick, (b.home.Path() / ".config/vantora").c_str(), IN_CREATE | IN_MOVED_TO);
+  const auto ersetzungen = [&] {
+    alignas(inotify_event) char meldungen[4096];
+    const ssize_t bytes = ::read(blick, meldungen, sizeof meldungen);
+    int anzahl = 0;
+    for (ssize_t stelle = 0; stelle < bytes;) {
+      const auto* meldung = reinterpret_cast<const inotify_event*>(meldungen + stelle);
+      if ((meldung->mask & IN_MOVED_TO) != 0) ++anzahl;
+      stelle += static_cast<ssize_t>(sizeof *meldung + meldung->len);
+    }
+    return anzahl;
+  };
+  b.prog.SaveExtrasSet();
+  EXPECT_EQ(ersetzungen(), 1);
+  b.prog.LastDirSave();
+  EXPECT_EQ(ersetzungen(), 1);
+  ::close(blick);
+  EXPECT_EQ(Lies(L"LängeCD"), L"80");
+  EXPECT_EQ(Lies(L"Picture_Save_Dir"), L"C:\\Vantora\\Pictures");
+}
+
+TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
+  const auto sperren = [&] {  // no file takes the place of a folder
+    const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
+    std::filesystem::remove(datei);
+    std::filesystem::create_directory(datei);
+  };
+  sperren();
+  b.Antwortet(kNein);
+  b.Start();
+  ASSERT_EQ(b.Gesagt().size(), 1U);
+  EXPECT_TRUE(b.Gesagt()[0].starts_with(b.prog.Text(30040)));
+  EXPECT_TRUE(Enthaelt(b.Gesagt()[0], L"settings.conf: Error de acceso"));
+  b.Tu([&] { b.prog.SaveExtrasSet(); });
+  EXPECT_EQ(b.user.Left(), 0U);
+  EXPECT_TRUE(b.Haupt().Visible());
+  EXPECT_EQ(Lies(L"Undo"), L"1");
 }
 
 TEST_F(Optionen, TheLastCatalogIsRememberedOnlyWhenItShallComeBack) {

@@ -93,18 +93,28 @@ TEST(SettingsFile, WhatCannotBeReadIsNotOverwritten) {
   fs::create_directories(store.File.parent_path());
   ASSERT_EQ(::mkfifo(store.File.c_str(), 0600), 0);
   SettingsFile settings(store.File);
+  int reports = 0;
+  settings.OnUnwritable = [&](const Text&, const Laufzeitfehler&) { ++reports; };
   settings.SaveSetting(L"Quillmark", L"VTR", L"Copies", L"3");
   EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");  // for the run
   EXPECT_TRUE(fs::is_fifo(store.File));
+  EXPECT_EQ(reports, 1);
 }
 
-TEST(SettingsFile, WhatCannotBeWrittenServesForTheRun) {
+TEST(SettingsFile, WhatCannotBeWrittenServesForTheRunAndIsReportedOnce) {
   const Store store;
+  int reports = 0;
   store.Save(L"Copies", L"1");
   {
     const Nobody nobody(store.Folder());
     fs::permissions(store.File.parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
     SettingsFile settings(store.File);
+    settings.OnUnwritable = [&](const Text& place, const Laufzeitfehler& why) {
+      ++reports;
+      EXPECT_TRUE(place.ends_with(L"/config/settings.conf"));
+      EXPECT_EQ(why.Nummer, kFehlerZugriff);
+    };
+    settings.SaveSetting(L"Quillmark", L"VTR", L"Copies", L"3");
     settings.SaveSetting(L"Quillmark", L"VTR", L"Copies", L"3");
     EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");
     EXPECT_EQ(store.Read(L"Copies"), L"1");
@@ -112,6 +122,24 @@ TEST(SettingsFile, WhatCannotBeWrittenServesForTheRun) {
     settings.SaveSetting(L"Quillmark", L"VTR", L"Undo", L"1");  // and is not lost for good
   }
   EXPECT_EQ(store.Read(L"Copies"), L"3");
+  EXPECT_EQ(reports, 1);
+}
+
+TEST(SettingsFile, TheNextRunRemovesWhatAKilledOneLeftBehind) {
+  const Store store;
+  const pid_t killed = ::fork();
+  if (killed == 0) ::_exit(0);
+  ::waitpid(killed, nullptr, 0);
+  const auto leftover = [&](pid_t process) {
+    fs::path file = store.File.parent_path() / (".vantora-" + std::to_string(process) + "-0");
+    Put(file, "half");
+    return file;
+  };
+  const fs::path gone = leftover(killed), ours = leftover(::getpid()), other = leftover(1);
+  store.Read(L"Copies");
+  EXPECT_FALSE(fs::exists(gone));
+  EXPECT_FALSE(fs::exists(ours));
+  EXPECT_TRUE(fs::exists(other));
 }
 
 TEST(SettingsFile, TheSameValueAgainDoesNotTouchTheDisk) {
