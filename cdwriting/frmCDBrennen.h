@@ -30,7 +30,7 @@ class frmCDBrennen final : public VtrFenster {
   void txtKopienAnzahl_LostFocus();
 
   void BurnCD();
-  void DBEintrag();       // enters the burnt disc in the CD database
+  void DBEintrag();       // enters the disc that was just burnt in the CD database
   void DeleteTempWavs();  // removes the waves of a CD copy
 
   bool ModusDAO = false, ModusTAO = false;  // read afresh in every pass
@@ -84,6 +84,7 @@ class frmCDBrennen final : public VtrFenster {
   void Spur(const Text& text);
 
   std::vector<int> geraete_;  // the device behind each line of the list: not all of them get one
+  bool eingetragen_ = false;  // this run has entered a disc in the database
   Text meldung_;  // what the run last had to say; a failed start is told with these words
 };
 

@@ -57,6 +57,7 @@ void frmCDBrennen::BurnCD() {
   Spur(L"Check Copies");
   Weiter([&] { KopienAnzahl = Ganz16(Val(txtKopienAnzahl.Text)); });
   KopieNr = 1;
+  eingetragen_ = false;
   Danach danach = Danach::NaechsteKopie;
   while (danach == Danach::NaechsteKopie) {
     PassVorbereiten();
@@ -313,6 +314,8 @@ void frmCDBrennen::Aufraeumen() {
   schleife.MousePointer(Pointer::Hourglass);
   prog.frmHauptForm().Window.Enabled = true;
   if (optDiscAtOnce.Value() && chkSimulation.Value == 0) Weiter([&] { PausenEntfernen(prog); });
+  // Not before: every further copy and every other set is made of the same waves.
+  if (eingetragen_) DeleteTempWavs();
   schleife.MousePointer(Pointer::Normal);
   prog.frmCDBrennen.Entladen();
   schleife.SetFocus(prog.frmHauptForm().lvwKatalog);
@@ -350,13 +353,12 @@ void frmCDBrennen::DBEintrag() {
   }
   Spur(L"Trim entry.");
   schreibe(L"totaltime", ZahlText(summe));
-  Spur(L"Delete TempWaves");
-  DeleteTempWavs();
+  eingetragen_ = true;
 }
 
 void frmCDBrennen::DeleteTempWavs() {
-  const bool nochKopien = KopieNr < KopienAnzahl;  // which are made of the same files
-  if (!prog.CDKopieAktiv || nochKopien) return;
+  Spur(L"Delete TempWaves");
+  if (!prog.CDKopieAktiv) return;
   for (const Text& datei : prog.KopieDateien) {
     Weiter([&] { prog.plattform.dateien.Kill(datei); });
   }

@@ -48,6 +48,24 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
   EXPECT_EQ(b.Lies(L"C:\\Vantora\\Discos\\Disco 002.bin"), Soll(1) + Soll(2) + Soll(3));
 }
 
+TEST_F(CDKopieren, TheWavesOfACopyServeAnotherSetAndGoBehindTheLast) {
+  Laufwerk().Disc = {{75 * 4}};
+  b.prog.ZeigeTAOHinweis = false;
+  const Text noch = Sagt(4018) + L"\r\n" + Sagt(4019);
+  Kopiert({kJa, kNein, kNein});
+  Mit({kNein, kNein, kJa, kNein, kNein, kNein},
+      [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
+  EXPECT_EQ(b.Gesagt(),
+            (std::vector<Text>{Sagt(4006), Sagt(4012), noch, Sagt(4006), Sagt(4012), noch}));
+  EXPECT_FALSE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
+  // A disc that is not entered in the database leaves them where they are.
+  b.prog.Auto_Database = 0;
+  Kopiert({kNein, kJa, kNein, kNein});
+  Mit({kNein, kNein, kNein, kNein}, [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4006), Sagt(5000), Sagt(4012), noch}));
+  EXPECT_TRUE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
+}
+
 TEST_F(CDKopieren, ThePersonsOwnWavesAreNoneOfACopyThatHasNotBeenBurnt) {
   Laufwerk().Disc = {{75 * 4}};
   Kopiert({kJa, kNein, kNein});
