@@ -50,6 +50,7 @@ bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
     schleife.MousePointer(Pointer::Normal);
     return prog.MsgBoxen(text, kJaNein) == kJa;
   };
+  const auto ohneDisc = [&k] { return k.CDModus == kMciReady && !k.CD_Check(); };
   for (;;) {
     if (!frage(LoadResString(8019) + laufwerk + LoadResString(8020) + kZeilenEnde +
                LoadResString(8021))) {
@@ -65,13 +66,14 @@ bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
                  LoadResString(8024) + kZeilenEnde + LoadResString(8025))) {
         return false;
       }
-    } else if (k.CDModus == kMciReady && !k.CD_Check()) {
+    } else if (ohneDisc()) {
       prog.AppLog(ort, L"No CD in CDROM. Result CDMode:" + ZahlText(k.CDModus));
       k.CD_Close();
       if (!frage(LoadResString(8026) + kZeilenEnde + LoadResString(8025))) return false;
-    } else if (!k.CD_Check()) {
+    } else if (ohneDisc()) {
+      // It was there a moment ago: the drive cannot read it.
       if (frage(LoadResString(8026) + kZeilenEnde + LoadResString(8027))) return false;
-    } else {
+    } else if (k.CD_Check()) {
       return true;
     }
   }
@@ -182,7 +184,7 @@ void frmHauptForm::CDKopieren() {
   prog.MsgBoxen(
       LoadResString(8030) + laufwerk + LoadResString(8031) + kZeilenEnde + LoadResString(8032),
       kOk);
-  KatalogInitialisieren();  // what was read of it is no copy
+  KatalogNeu();
 }
 
 // A failure of any statement ends the copy, and the main window can be used again.

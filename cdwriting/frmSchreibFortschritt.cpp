@@ -19,13 +19,13 @@ enum : int { kModusMp3 = 0, kModusGrab = 1, kModusBrennen = 2 };
 
 frmSchreibFortschritt::frmSchreibFortschritt(Programm& programm)
     : VtrFenster(programm, L"frmSchreibFortschritt") {
+  // A stray key must spoil neither a disc nor a read: the cancel button waits to be chosen.
+  FirstFocus = false;
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
   tmrKnightRider.OnTimer = [this] { KnightRiderSchritt(); };
 }
 
 void frmSchreibFortschritt::Form_Load() {
-  // A stray key must not spoil a disc: the cancel button waits to be chosen.
-  FirstFocus = prog.FortschrittModus != kModusBrennen;
   FensterEinrichten();
   init_frmSchreibFortschritt();
   SetTexte();

@@ -28,6 +28,12 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
     EXPECT_FALSE(b.Haupt().Window.Enabled);
     b.Haupt().imgCDKopieren_MouseUp();
   });
+  // While tracks are read, a stray key cancels nothing.
+  b.platform.loop.PostAfter(4000, [this] {
+    for (const wchar_t* taste : {L"Return", L"Space"}) {
+      b.platform.hands.Key(b.prog.frmSchreibFortschritt(), taste);
+    }
+  });
   // The disc is in; read; Disc At Once.
   EXPECT_EQ(Kopiert({kJa, kNein, kJa}), (std::vector<Text>{Einlegen(), Sagt(23008), Sagt(8086)}));
   EXPECT_EQ(b.prog.KatalogDatei, L"") << "the copy would be saved over the catalog of before";
@@ -83,9 +89,15 @@ TEST_F(CDKopieren, AnEmptyOrBrokenDriveIsAskedForAgain) {
   const Text leer = Sagt(8026) + L"\r\n" + Sagt(8025), zu = Sagt(8026) + L"\r\n" + Sagt(8027);
   EXPECT_EQ(Kopiert({kJa, kJa, kJa, kNein}),  // tried again, then enough
             (std::vector<Text>{Einlegen(), leer, Einlegen(), leer}));
-  Laufwerk().Shut = true;
-  EXPECT_EQ(Kopiert({kJa, kNein, kJa, kJa}),  // not to be cancelled, then cancelled
-            (std::vector<Text>{Einlegen(), zu, Einlegen(), zu}));
+  Laufwerk().Disc = {{75 * 4}};
+  Laufwerk().TakenOutAfter = 1;
+  EXPECT_EQ(Kopiert({kJa, kNein, kJa, kNein}),  // taken out between two looks; not to be cancelled
+            (std::vector<Text>{Einlegen(), zu, Einlegen(), leer}));
+  Laufwerk().Disc = {{75 * 4}};
+  Laufwerk().TakenOutAfter = 1;
+  EXPECT_EQ(Kopiert({kJa, kJa}), (std::vector<Text>{Einlegen(), zu}));  // cancelled
+  Laufwerk().Shut = true;  // it is not the mode of a ready drive without a disc
+  EXPECT_EQ(Kopiert({kJa, kNein}), (std::vector<Text>{Einlegen(), Einlegen()}));
   Laufwerk().Dead = true;
   const Text tot = Sagt(8022) + L"D:\\" + Sagt(8023) + L"\r\n" + Sagt(8024) + L"\r\n" + Sagt(8025);
   EXPECT_EQ(Kopiert({kJa, kJa, kNein}), (std::vector<Text>{Einlegen(), tot, Einlegen()}));
@@ -93,7 +105,7 @@ TEST_F(CDKopieren, AnEmptyOrBrokenDriveIsAskedForAgain) {
   EXPECT_TRUE(b.Haupt().Window.Enabled);
 }
 
-TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyCatalogAndNoBurn) {
+TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyListAndNoBurn) {
   b.Katalog({L"viejo"});
   Laufwerk().RefuseTrack = 3;
   const Text misslungen = Sagt(8030) + L"D:\\" + Sagt(8031) + L"\r\n" + Sagt(8032);
@@ -101,6 +113,7 @@ TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyCatalogAndNoBurn) {
       Kopiert({kJa, kNein, kNein}),
       (std::vector<Text>{Einlegen(), Sagt(23001) + L"\r\n" + Sagt(23002) + L"5", misslungen}));
   EXPECT_TRUE(b.Titel().empty());
+  EXPECT_EQ(UBound(b.prog.Katalog), 2) << "the list alone is cleared, not what was read";
   EXPECT_FALSE(Brenner().Visible());
   EXPECT_FALSE(b.prog.CDKopieAktiv);
   EXPECT_TRUE(b.Haupt().Window.Enabled);

@@ -30,6 +30,7 @@ struct FakeDrive {
   std::vector<FakeTrack> Disc;  // empty: no disc lies in it
   bool Dead = false;            // answers with a mode below 500
   bool Shut = false;            // cannot be opened
+  int TakenOutAfter = 0;        // looks for tracks, after which the disc is taken out
   int ReadErrors = 0;           // the next reads that stop half way
   int ErrorCode = 3;
   Text ErrorText = L"ASPI Error";
@@ -158,7 +159,11 @@ class FakePlayer final : public MMControl {
   int Mode() override {
     return drive_.Dead ? 0 : !open_ ? kMciNotOpen : Ended ? kMciStop : kMciReady;
   }
-  int Tracks() override { return open_ ? static_cast<int>(drive_.Disc.size()) : 0; }
+  int Tracks() override {
+    const auto tracks = open_ ? static_cast<int>(drive_.Disc.size()) : 0;
+    if (drive_.TakenOutAfter > 0 && --drive_.TakenOutAfter == 0) drive_.Disc.clear();
+    return tracks;
+  }
   int Length() override {
     int sectors = 0;
     for (const FakeTrack& track : drive_.Disc) sectors += track.Sectors;
