@@ -333,7 +333,7 @@ void frmCDBrennen::DBEintrag() {
   Spur(L"Get Old Disk ID");
   Text kennung;
   Weiter(
-      [&] { kennung = prog.plattform.mci.MediaIdentity(prog.frmKomponenten().BrennerLaufwerk); });
+      [&] { kennung = prog.plattform.mci.WrittenIdentity(prog.frmKomponenten().BrennerLaufwerk); });
   const Text schluessel = kennung.empty() ? Text() : HexText(Val(kennung));
   Spur(L"OldDiskIDResult:" + schluessel);
   Spur(L"Write profile String");

@@ -8,12 +8,10 @@
 
 namespace vantora {
 
-Text DiscIdentity::MediaIdentity(const Text& drive) {
-  Text inside = DiscMci::MediaIdentity(drive);
-  if (!inside.empty()) return inside;
+Text DiscIdentity::WrittenIdentity(const Text& drive) {
   const auto asked = drives_.Named(drive);
-  const bool real = asked && !asked->Device.empty();
-  if (real || writer_.LastImage().empty()) return {};
+  if (!asked || !asked->Device.empty()) return MediaIdentity(drive);
+  if (writer_.LastImage().empty()) return {};
   try {
     return std::to_wstring(DiscNumber(ReadSheet(files_, writer_.LastImage()).Toc));
   } catch (const Laufzeitfehler&) {

@@ -1,6 +1,5 @@
-// What the media control interface tells, the embedded writer's last disc included: nobody carries
-// that from the writer to the drive, so it counts as the disc in the embedded drive for as long as
-// no other one is laid in.
+// What the media control interface tells, the embedded writer's discs included: nobody carries them
+// from the writer to the tray of the embedded drive, in which another disc may lie.
 #pragma once
 
 #include "backends/cdio/disc_mci.h"
@@ -14,7 +13,7 @@ class DiscIdentity final : public DiscMci {
                DiscPlayer& player)
       : DiscMci(drives, player), files_(files), writer_(writer), drives_(drives) {}
 
-  Text MediaIdentity(const Text& drive) override;
+  Text WrittenIdentity(const Text& drive) override;
 
  private:
   Dateien& files_;

@@ -46,6 +46,9 @@ class Mci {
   // The media identity of the disc in a drive ("D:\") as the decimal text that the system gives;
   // blank when there is no disc.
   virtual Text MediaIdentity(const Text& drive) = 0;
+  // The same of the disc that was written last in that drive. Only a writer whose discs do not lie
+  // in its drive afterwards has another answer than the one above.
+  virtual Text WrittenIdentity(const Text& drive) { return MediaIdentity(drive); }
 
   // A drive as the device "cdaudio", for as long as it takes to ask. The number of the device from
   // 1; -1 when there is no drive or no disc.

@@ -77,6 +77,22 @@ TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
   EXPECT_EQ(wert(L"totaltime"), L"8");
 }
 
+TEST_F(Brennen, AnImageStandsInTheDatabaseAsItselfWhateverLiesInTheTray) {
+  const auto brenne = [this] {
+    b.Tu([this] { b.Haupt().imgBrennen_MouseUp(); });
+    OhneHinweis();
+    Brennt({kNein, kNein, kNein});
+    return b.platform.machine.profiles.GetPrivateProfileSectionNames(L"qmaudio.ini", 5000);
+  };
+  b.Katalog({L"a", L"b"});
+  const std::vector<Text> ohneDisc = brenne();
+  b.Datei(L"C:\\Vantora\\Bandeja\\otro.bin", std::string(300 * kSektor, 'x'));
+  b.Datei(L"C:\\Vantora\\Bandeja\\otro.cue",
+          "FILE \"otro.bin\" BINARY\n TRACK 01 AUDIO\n  INDEX 01 00:00:00\n");
+  ASSERT_NE(b.platform.machine.mci.MediaIdentity(L"D:\\"), L"");
+  EXPECT_EQ(brenne(), ohneDisc);
+}
+
 TEST_F(Brennen, ADiscAtOnceRunLendsThePausesToTheFilesAndTakesThemBack) {
   Oeffnen({L"a", L"b"});
   const std::string a = Ton(b, L"a");
