@@ -1,8 +1,9 @@
 #include "backends/burn/cd_text.h"
 
+#include "backends/sound/disc_text.h"
+
 #include <algorithm>
 #include <array>
-#include <map>
 #include <string>
 
 namespace vantora {
@@ -15,29 +16,6 @@ constexpr int kMostPacks = 255;  // their number is a byte; 12 bytes of text eac
 // Longest text, tried one after the other; with the last one 99 tracks fit for certain.
 constexpr std::size_t kLengths[] = {160, 60, 40, 30, 24, 18, 12};
 
-// What the catalog's Windows-1252 has beyond Latin-1 and titles make use of.
-const std::map<wchar_t, const char*> kPlain = {
-    {L'\u2018', "'"},   {L'\u2019', "'"},  {L'\u201A', ","},   {L'\u201C', "\""},
-    {L'\u201D', "\""},  {L'\u201E', "\""}, {L'\u2013', "-"},   {L'\u2014', "-"},
-    {L'\u2026', "..."}, {L'\u2022', "*"},  {L'\u20AC', "EUR"}, {L'\u2122', "(TM)"},
-    {L'\u0152', "OE"},  {L'\u0153', "oe"}, {L'\u0160', "S"},   {L'\u0161', "s"},
-    {L'\u017D', "Z"},   {L'\u017E', "z"},  {L'\u0178', "Y"}};
-
-// Control characters are commands of their own there: a tab means "as the track before".
-std::string Latin1(const Text& text, std::size_t most) {
-  std::string bytes;
-  for (const wchar_t c : text.substr(0, most)) {
-    const bool control = c < L' ' || (c >= 0x7F && c < 0xA0);
-    const auto plain = kPlain.find(c);
-    if (plain != kPlain.end()) {
-      bytes += plain->second;
-    } else {
-      bytes += control ? ' ' : c > 0xFF ? '?' : static_cast<char>(c);
-    }
-  }
-  return bytes.substr(0, most);
-}
-
 const Text& Part(const CdTexts& texts, int index, int kind) {
   static const Text blank;
   const auto found = texts.find(index);
@@ -48,7 +26,7 @@ const Text& Part(const CdTexts& texts, int index, int kind) {
 // Every track needs a text of a kind that the disc has, a blank one if need be.
 void Attach(burn_session* session, const std::vector<burn_track*>& tracks, const CdTexts& texts,
             int kind, std::size_t most) {
-  const auto bytes = [&](int index) { return Latin1(Part(texts, index, kind), most); };
+  const auto bytes = [&](int index) { return DiscText(Part(texts, index, kind)).substr(0, most); };
   const auto data = [](std::string& text) { return reinterpret_cast<unsigned char*>(text.data()); };
   const auto size = [](const std::string& text) { return static_cast<int>(text.size()) + 1; };
   std::string text = bytes(0);

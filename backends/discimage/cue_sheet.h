@@ -25,8 +25,8 @@ struct CueSheet {
   std::vector<CueTrack> tracks;
 };
 
-// Text is Windows-1252 with "?" for what it lacks; double quotes, which the notation cannot hold,
-// become single ones. Lines end in CR LF.
+// Text is that of a disc (see DiscText); double quotes, which the notation cannot hold, become
+// single ones. Lines end in CR LF.
 std::string FormatCueSheet(const CueSheet& sheet);
 
 // "01:02:74": minutes, seconds and sectors.

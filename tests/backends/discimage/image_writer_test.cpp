@@ -121,21 +121,22 @@ TEST_F(Burner, EverySampleOfTheWavesLiesWhereTheSheetSays) {
 
 TEST_F(Burner, CdTextStandsInTheSheetOfADiscAtOnceOnly) {
   for (int i = 0; i < 3; ++i) AddFrames(1000);
-  writer.CdText(0, L"Éxitos \"del\" año", L"Voz € \u4E2D");
+  writer.CdText(0, L"Éxitos \"del\" \u201Caño\u201D\u2026", L"Voz € \u2013 \u4E2D");
   writer.CdText(1, L"Uno\r\nINDEX 07 00:00:00", L"A  ");
-  writer.CdText(3, L"Tres", L"");
+  writer.CdText(3, L"Tres", L"\u0192\u02C6\u02DC\u2020\u2021\u2030\u2039\u203A");
   writer.CdText(9, L"no track", L"of this disc");
   writer.WriteDAO();
   Play();
   const Disc disc = Read();
   EXPECT_EQ(disc.Strange, std::vector<std::string>{});
-  EXPECT_EQ(disc.Title, "\xC9xitos 'del' a\xF1o");
-  EXPECT_EQ(disc.Performer, "Voz \x80 ?");
+  EXPECT_EQ(disc.Title, "\xC9xitos 'del' 'a\xF1o'...");
+  EXPECT_EQ(disc.Performer, "Voz EUR - ?");
   ASSERT_EQ(disc.Tracks.size(), 3U);
   EXPECT_EQ(disc.Tracks[0].Title, "Uno  INDEX 07 00:00:00");
   EXPECT_EQ(disc.Tracks[0].Performer, "A");
   EXPECT_EQ(disc.Tracks[1].Title + disc.Tracks[1].Performer, "");
   EXPECT_EQ(disc.Tracks[2].Title, "Tres");
+  EXPECT_EQ(disc.Tracks[2].Performer, "f^~+++o/oo<>");
   writer.WriteTAO();
   Play();
   EXPECT_EQ(Read("Disco 002.cue").Title, "");
