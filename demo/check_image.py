@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Compares the image of an audio disc with the wave files that should be on it, sample by sample.
+"""Compares the image of an audio disc that was written Track At Once with the wave files that
+should be on it, sample by sample.
 
     check_image.py SHEET.cue TRACK1.wav TRACK2.wav ...
 

@@ -14,7 +14,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kSectorBytes = 2352;
 constexpr int kLeastSectors = 300;   // of a track
 constexpr int kGapSectors = 152;     // between tracks that are written one by one, run-in included
 constexpr off_t kBlockBytes = 2048;  // in which the library counts a disc's space
@@ -119,12 +118,12 @@ bool DiscBurn::Await() {
 // All waves are looked at before the drive is touched: a file that has gone is better found out now
 // than in the middle of the disc.
 void DiscBurn::Plan() {
+  std::vector<DiscPart> waves;
+  for (const Text& wave : order_.Waves) waves.push_back(SoundForDisc(files_, wave));
+  tracks_ = PlanDisc(waves, {order_.DiscAtOnce, kGapSectors, kLeastSectors});
   std::vector<BurnProgress::Track> tracks;
-  for (const Text& wave : order_.Waves) {
-    waves_.push_back(LookAtWave(files_, wave));
-    const auto sectors = (waves_.back().Bytes + kSectorBytes - 1) / kSectorBytes;
-    sectors_.push_back(std::max(static_cast<int>(sectors), kLeastSectors));
-    tracks.push_back({wave, sectors_.back()});
+  for (const PlannedTrack& track : tracks_) {
+    tracks.push_back({track.File, static_cast<int>(track.Sectors)});
   }
   progress_ = std::make_unique<BurnProgress>(std::move(tracks), order_.DiscAtOnce, tell_);
 }
@@ -146,12 +145,12 @@ bool DiscBurn::Write(BurnLibrary& library, const HeldDrive& drive, bool withText
 void DiscBurn::Assemble(Parts& parts, bool withText) {
   burn_disc_add_session(parts.Disc.get(), parts.Session.get(), BURN_POS_END);
   std::vector<burn_track*> tracks;
-  for (const WaveTrack& wave : waves_) {
+  for (const PlannedTrack& planned : tracks_) {
     parts.Tracks.emplace_back(burn_track_create());
     burn_track* track = parts.Tracks.back().get();
     burn_track_define_data(track, 0, 0, 1, BURN_AUDIO);
-    const SourceHandle source = WaveSource(
-        files_, wave, [this](int number, const Text& text) { FileFailed(number, text); });
+    const SourceHandle source = TrackSource(
+        files_, planned, [this](int number, const Text& text) { FileFailed(number, text); });
     burn_track_set_source(track, source.get());
     burn_session_add_track(parts.Session.get(), track, BURN_POS_END);
     tracks.push_back(track);
@@ -179,15 +178,14 @@ void DiscBurn::SetOptions(Parts& parts, const HeldDrive& drive) {
     }
     Fail(kBurnNoMethod, FromLibrary(reasons.data()).c_str());
   }
-  off_t sectors = order_.DiscAtOnce ? 0 : kGapSectors * static_cast<off_t>(sectors_.size() - 1);
-  for (const int track : sectors_) sectors += track;
+  const std::int64_t sectors = tracks_.back().Start + tracks_.back().Sectors;
   const off_t space = burn_disc_available_space(drive.Get(), options) / kBlockBytes;
   if (space > 0 && sectors > space) Fail(kBurnNoSpace, L"Las pistas no caben en el disco.");
 }
 
 // Returns when the library's writing thread has ended, however that came.
 void DiscBurn::Watch(BurnLibrary& library, burn_drive* drive) {
-  const int last = static_cast<int>(sectors_.size()) - 1;
+  const int last = static_cast<int>(tracks_.size()) - 1;
   bool cancelled = false;
   for (int idle = 0; idle < kIdleLooks;) {
     Listen(library);

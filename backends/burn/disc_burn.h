@@ -1,8 +1,8 @@
 // One disc written by a drive, from holding the drive to letting it go.
 //
-// Track At Once leaves the gaps of two seconds to the drive. Disc At Once puts the tracks back to
-// back, behind the two seconds that every disc begins with, and their CD-TEXT into the lead-in.
-// Tracks are filled up with silence to whole sectors, and to the four seconds that are the least.
+// Track At Once leaves the gaps of two seconds to the drive. Disc At Once writes the tracks as one
+// stream, behind the two seconds that every disc begins with, and their CD-TEXT into the lead-in. A
+// track that is shorter than the four seconds that a disc allows is filled with silence to them.
 #pragma once
 
 #include "backends/burn/burn_drive.h"
@@ -58,8 +58,7 @@ class DiscBurn {
   Dateien& files_;
   DiscOrder order_;
   TellEvent tell_, words_;
-  std::vector<WaveTrack> waves_;
-  std::vector<int> sectors_;  // of each track on the disc
+  std::vector<PlannedTrack> tracks_;
   std::unique_ptr<BurnProgress> progress_;
   Complaints complaints_;
 

@@ -3,7 +3,7 @@
 #include "backends/burn/burn_drive.h"
 #include "backends/burn/complaints.h"
 #include "backends/burn/disc_burn.h"
-#include "backends/burn/wave_source.h"
+#include "backends/sound/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -138,7 +138,7 @@ int DriveWriter::Speed() {
 int DriveWriter::AddTrack(const Text& file, int /*reserved*/) {
   if (tracks_.size() == kMostTracks) return kFehlerIndex;
   try {
-    LookAtWave(files_, file);
+    SoundForDisc(files_, file);
   } catch (const Laufzeitfehler& fehler) {
     return fehler.Nummer == kFehlerEinAusgabe ? kFehlerFormat : fehler.Nummer;
   }

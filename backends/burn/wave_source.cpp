@@ -1,7 +1,5 @@
 #include "backends/burn/wave_source.h"
 
-#include "backends/sound/wave_layout.h"
-
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -17,21 +15,17 @@ namespace {
 
 constexpr std::int64_t kBlockBytes = 1 << 20;  // 6 seconds of sound
 
-// What hangs on a source. The file is opened by the first read, so that a disc of 99 tracks does
-// not hold 99 files.
+// What hangs on a source. Its files are opened by reading, so that a disc of 99 tracks does not
+// hold 99 files.
 struct Reader {
-  Reader(Dateien& files, WaveTrack track, std::function<void(int, const Text&)> failed)
-      : Files(files),
-        Track(std::move(track)),
+  Reader(Dateien& files, const PlannedTrack& track, std::function<void(int, const Text&)> failed)
+      : Sound(files, track.Parts),
         Failed(std::move(failed)),
-        Size(static_cast<off_t>(Track.Bytes)) {}
+        Size(static_cast<off_t>(track.Sectors * kDiscSectorBytes)) {}
 
-  Dateien& Files;
-  WaveTrack Track;
+  PartReader Sound;
   std::function<void(int, const Text&)> Failed;
   off_t Size;  // as the library has set it; only told back
-  std::unique_ptr<Datei> File;
-  std::int64_t Taken = 0;  // bytes of the sound that lie in the block or before it
   std::vector<unsigned char> Block;
   std::size_t Next = 0;  // byte of the block
 
@@ -51,19 +45,11 @@ int Reader::Read(unsigned char* target, std::size_t wanted) {
 }
 
 bool Reader::Refill() {
-  const std::int64_t part = std::min(kBlockBytes, Track.Bytes - Taken);
-  if (part == 0) {
-    File.reset();
-    return false;
-  }
-  if (!File) {
-    File = Files.Open(Track.File, Zugriff::Lesen);
-    File->Seek(Track.Offset);
-  }
+  const std::int64_t part = std::min(kBlockBytes, Sound.Left());
+  if (part == 0) return false;
   Block.resize(static_cast<std::size_t>(part));
-  File->Read(Block.data(), Block.size());
+  Sound.Read(reinterpret_cast<char*>(Block.data()), part);
   Next = 0;
-  Taken += part;
   return true;
 }
 
@@ -85,22 +71,8 @@ int ReadFrom(burn_source* source, unsigned char* buffer, int size) {
 
 }  // namespace
 
-WaveTrack LookAtWave(Dateien& files, const Text& file) {
-  const auto wave = files.Open(file, Zugriff::Lesen);
-  const WaveLayout layout = ReadWaveLayout(*wave);
-  WaveTrack track;
-  track.File = file;
-  track.Offset = layout.DataOffset;
-  track.Bytes = layout.DataBytes / 4 * 4;
-  if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2 ||
-      track.Bytes == 0) {
-    throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no es una pista de audio.");
-  }
-  return track;
-}
-
-SourceHandle WaveSource(Dateien& files, const WaveTrack& track,
-                        std::function<void(int number, const Text& text)> failed) {
+SourceHandle TrackSource(Dateien& files, const PlannedTrack& track,
+                         std::function<void(int number, const Text& text)> failed) {
   // The library gives the record back to the C library.
   auto* source = static_cast<burn_source*>(std::calloc(1, sizeof(burn_source)));
   if (source == nullptr) throw std::bad_alloc();

@@ -10,7 +10,6 @@
 
 namespace vantora {
 
-constexpr std::int64_t kSectorBytes = 2352;
 constexpr std::int64_t kSectorsPerSecond = 75;
 
 struct CueTrack {

@@ -1,7 +1,5 @@
 #include "backends/discimage/image_burn.h"
 
-#include "backends/sound/wave_layout.h"
-
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -95,36 +93,24 @@ void ImageBurn::Plan() {
   std::tie(sheet_.title, sheet_.performer) = text(0);
   sheet_.image = BaseName(order_.name) + L".bin";
 
-  std::vector<Track> tracks;
-  std::int64_t sectors = 0;
-  for (const Text& wave : order_.waves) {
-    const auto file = dateien_.Open(wave, Zugriff::Lesen);
-    const WaveLayout layout = ReadWaveLayout(*file);
-    Track track;
-    track.file = wave;
-    track.offset = layout.DataOffset;
-    track.bytes = layout.DataBytes / 4 * 4;  // whole frames
-    if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2 ||
-        track.bytes == 0) {
-      throw Laufzeitfehler(kFehlerEinAusgabe, BaseName(wave) + L" ya no es una pista de audio.");
-    }
-    track.fill = (kSectorBytes - track.bytes % kSectorBytes) % kSectorBytes;
+  std::vector<DiscPart> waves;
+  for (const Text& wave : order_.waves) waves.push_back(SoundForDisc(dateien_, wave));
+  std::vector<PlannedTrack> tracks = PlanDisc(waves, {order_.dao, kGapSectors});
+  for (PlannedTrack& track : tracks) {
     CueTrack entry;
-    if (!order_.dao && !tracks.empty()) {
-      track.gap = kGapSectors * kSectorBytes;
-      entry.gap = sectors;
-      sectors += kGapSectors;
+    entry.start = track.Start;
+    std::tie(entry.title, entry.performer) = text(static_cast<int>(sheet_.tracks.size()) + 1);
+    if (track.Gap > 0) {
+      entry.gap = track.Start - track.Gap;
+      track.Parts.insert(track.Parts.begin(), {{}, 0, track.Gap * kDiscSectorBytes});
     }
-    entry.start = sectors;
-    std::tie(entry.title, entry.performer) = text(static_cast<int>(tracks.size()) + 1);
-    sectors += (track.bytes + track.fill) / kSectorBytes;
     sheet_.tracks.push_back(entry);
-    tracks.push_back(track);
   }
+  const std::int64_t sectors = tracks.back().Start + tracks.back().Sectors;
   if (sectors > kMostSectors) {
     throw Laufzeitfehler(kFehlerPlattenVoll, L"Las pistas no caben en un disco.");
   }
-  total_ = sectors * kSectorBytes;
+  total_ = sectors * kDiscSectorBytes;
   tracks_ = std::move(tracks);
 }
 
@@ -133,30 +119,30 @@ bool ImageBurn::Move(std::int64_t budget) {
   const auto until = Time::now() + kSliceTime;
   while (budget > 0 && Time::now() < until) {
     if (track_ == tracks_.size()) return false;
-    if (inTrack_ == 0) BeginTrack();
-    std::int64_t most = std::min(budget, kBlockBytes);
+    if (!sound_) BeginTrack();
+    std::int64_t most = std::min({budget, kBlockBytes, sound_->Left()});
     if (failAt_ >= 0) {
       if (done_ >= failAt_) throw MediumFailed{};
       most = std::min(most, failAt_ - done_);
     }
-    const std::int64_t moved = MovePart(most);
-    inTrack_ += moved;
-    done_ += moved;
-    budget -= moved;
+    sound_->Read(buffer_.data(), most);
+    if (image_) image_->Write(buffer_.data(), static_cast<std::size_t>(most));
+    inTrack_ += most;
+    done_ += most;
+    budget -= most;
     nominalMs_ += order_.faults.Pace > 0
-                      ? static_cast<double>(moved) * 1000 / (order_.faults.Pace * kSingleSpeed)
+                      ? static_cast<double>(most) * 1000 / (order_.faults.Pace * kSingleSpeed)
                       : 0;
     TellPercent(false);
-    if (inTrack_ == tracks_[track_].Total()) EndTrack();
+    if (sound_->Left() == 0) EndTrack();
   }
   return true;
 }
 
 void ImageBurn::BeginTrack() {
-  const Track& track = tracks_[track_];
-  wave_ = dateien_.Open(track.file, Zugriff::Lesen);
-  wave_->Seek(track.offset);
-  tell_([number = static_cast<int>(track_) + 1, file = track.file](McdEvents& events) {
+  const PlannedTrack& track = tracks_[track_];
+  sound_ = std::make_unique<PartReader>(dateien_, track.Parts);
+  tell_([number = static_cast<int>(track_) + 1, file = track.File](McdEvents& events) {
     Call(events.MCD_ActTrack, number);
     Call(events.MCD_InfoMessage, 1, L"Open file " + file);
   });
@@ -166,38 +152,12 @@ void ImageBurn::BeginTrack() {
 
 void ImageBurn::EndTrack() {
   if (!order_.dao || track_ + 1 == tracks_.size()) TellPercent(true);
-  tell_([file = tracks_[track_].file](McdEvents& events) {
+  tell_([file = tracks_[track_].File](McdEvents& events) {
     Call(events.MCD_InfoMessage, 1, L"Close file " + file);
   });
-  wave_.reset();
+  sound_.reset();
   ++track_;
   inTrack_ = 0;
-}
-
-// Moves what comes next, at most `most` bytes and no further than to where silence and sound meet.
-std::int64_t ImageBurn::MovePart(std::int64_t most) {
-  const Track& track = tracks_[track_];
-  const std::int64_t soundEnd = track.gap + track.bytes;
-  if (inTrack_ >= track.gap && inTrack_ < soundEnd) {
-    most = std::min(most, soundEnd - inTrack_);
-    MoveSound(most);
-  } else {
-    most = std::min(most, (inTrack_ < track.gap ? track.gap : track.Total()) - inTrack_);
-    MoveSilence(most);
-  }
-  return most;
-}
-
-void ImageBurn::MoveSound(std::int64_t bytes) {
-  const auto count = static_cast<std::size_t>(bytes);
-  wave_->Read(buffer_.data(), count);
-  if (image_) image_->Write(buffer_.data(), count);
-}
-
-void ImageBurn::MoveSilence(std::int64_t bytes) {
-  const auto count = static_cast<std::size_t>(bytes);
-  std::fill_n(buffer_.begin(), count, '\0');
-  if (image_) image_->Write(buffer_.data(), count);
 }
 
 void ImageBurn::End() {
@@ -211,10 +171,11 @@ void ImageBurn::End() {
 }
 
 void ImageBurn::TellPercent(bool always) {
-  const Track& track = tracks_[track_];
-  const std::int64_t now = order_.dao ? done_ * 100 / std::max<std::int64_t>(total_, 1)
-                                      : std::max<std::int64_t>(inTrack_ - track.gap, 0) * 100 /
-                                            (track.bytes + track.fill);
+  const PlannedTrack& track = tracks_[track_];
+  const std::int64_t gap = track.Gap * kDiscSectorBytes;
+  const std::int64_t now = order_.dao ? done_ * 100 / total_
+                                      : std::max<std::int64_t>(inTrack_ - gap, 0) * 100 /
+                                            (track.Sectors * kDiscSectorBytes);
   if (now == percent_) return;
   const double passed =
       order_.faults.Pace > 0
@@ -230,7 +191,7 @@ void ImageBurn::TellPercent(bool always) {
 std::int64_t ImageBurn::Budget() const {
   if (order_.faults.Pace <= 0) return kSliceBytes;
   const auto bytes = static_cast<std::int64_t>(order_.faults.Pace * kSingleSpeed * kTellMs / 1000);
-  return std::clamp(bytes / kSectorBytes * kSectorBytes, kSectorBytes, kSliceBytes);
+  return std::clamp(bytes / kDiscSectorBytes * kDiscSectorBytes, kDiscSectorBytes, kSliceBytes);
 }
 
 int ImageBurn::Delay() {
@@ -268,7 +229,7 @@ void ImageBurn::Rename(const Text& from, const Text& to) {
 
 void ImageBurn::Discard() noexcept {
   image_.reset();
-  wave_.reset();
+  sound_.reset();
   if (!made_) return;
   for (const Text& file : {BinTemp(), CueTemp()}) {
     try {

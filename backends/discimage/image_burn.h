@@ -4,11 +4,11 @@
 
 #include "backends/discimage/cue_sheet.h"
 #include "backends/discimage/writer_faults.h"
+#include "backends/sound/disc_plan.h"
 
 #include "platform/files.h"
 #include "platform/mcd.h"
 
-#include <array>
 #include <chrono>
 #include <functional>
 #include <map>
@@ -50,12 +50,6 @@ class ImageBurn {
   static Event FailureEvent(int code, const Text& text);
 
  private:
-  struct Track {
-    Text file;
-    std::int64_t offset = 0, bytes = 0;  // of the sound in the wave file
-    std::int64_t gap = 0, fill = 0;      // bytes of silence in front and behind
-    std::int64_t Total() const { return gap + bytes + fill; }
-  };
   struct MediumFailed {};
 
   void Begin();
@@ -63,9 +57,6 @@ class ImageBurn {
   bool Move(std::int64_t budget);
   void BeginTrack();
   void EndTrack();
-  std::int64_t MovePart(std::int64_t most);
-  void MoveSound(std::int64_t bytes);
-  void MoveSilence(std::int64_t bytes);
   void End();
   void TellPercent(bool always);
   int Delay();
@@ -78,9 +69,10 @@ class ImageBurn {
   BurnOrder order_;
   Tell tell_;
   Ended ended_;
-  std::vector<Track> tracks_;
+  std::vector<PlannedTrack> tracks_;
   CueSheet sheet_;
-  std::unique_ptr<Datei> image_, wave_;
+  std::unique_ptr<Datei> image_;
+  std::unique_ptr<PartReader> sound_;  // of the track that is being written
   std::vector<char> buffer_;
   std::size_t track_ = 0;                            // which is being written, from 0
   std::int64_t inTrack_ = 0;                         // bytes of it that lie in the image

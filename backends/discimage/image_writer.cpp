@@ -1,7 +1,7 @@
 #include "backends/discimage/image_writer.h"
 
 #include "backends/discimage/image_burn.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -57,14 +57,9 @@ int ImageWriter::AddTrack(const Text& file, int /*reserved*/) {
   if (Faults.RefuseTrack > 0 && --Faults.RefuseTrack == 0) return kRefused;
   if (tracks_.size() == kMostTracks) return kFehlerIndex;
   try {
-    WaveFile wave(dateien_);
-    wave.Open(file);
-    if (wave.SampleRate() != 44100 || wave.BitsPerSample() != 16 || wave.StereoMode() != 1 ||
-        wave.Samples() == 0) {
-      return kFehlerFormat;
-    }
+    SoundForDisc(dateien_, file);
   } catch (const Laufzeitfehler& fehler) {
-    return fehler.Nummer;
+    return fehler.Nummer == kFehlerEinAusgabe ? kFehlerFormat : fehler.Nummer;
   }
   tracks_.push_back(file);
   return 0;

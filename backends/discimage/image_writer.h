@@ -2,10 +2,10 @@
 // `Disco 001.bin` and `Disco 001.cue`, in the folder `C:\Vantora\Discos`.
 //
 // The image holds the samples of the waves as they lie in their data chunks (16 bit, little-endian,
-// left first), each track filled up with silence to a whole sector of 2352 bytes. Track At Once
-// stores the 2 seconds of gap in front of every track but the first (INDEX 00 and INDEX 01); Disc
-// At Once puts the tracks back to back, and their CD-TEXT into the sheet. The first track starts at
-// 00:00:00 of the image: the pause in the lead-in is not stored.
+// left first), laid into sectors as disc_plan.h says. Track At Once stores the 2 seconds of gap in
+// front of every track but the first (INDEX 00 and INDEX 01); Disc At Once puts the tracks' CD-TEXT
+// into the sheet. The first track starts at 00:00:00 of the image: the pause in the lead-in is not
+// stored.
 //
 // The files grow under a temporary name and take their own at the end, on the interface thread, so
 // that a write that failed, was stopped or was a simulation leaves nothing.

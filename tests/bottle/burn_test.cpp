@@ -3,6 +3,7 @@
 #include "backends/burn/cd_text.h"
 #include "backends/burn/drive_writer.h"
 #include "backends/cdio/drive_disc.h"
+#include "backends/discimage/image_writer.h"
 #include "backends/headless/headless_background.h"
 #include "backends/headless/headless_loop.h"
 #include "backends/linux/device_registry.h"
@@ -233,18 +234,27 @@ TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {
   EXPECT_TRUE(read == second);
 }
 
-TEST_F(DriveBurn, ADiscAtOnceHasItsTracksBackToBackAndItsTextInLatin1) {
+TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
   Find();
-  const std::string first = Add(400, 4), second = Add(310, 0, 2);
+  const std::string first = Add(400, 4), second = Add(310, 2348, 2), brief = Add(10, 8, 3);
   writer.CdText(0, L"Verano", L"");
   writer.CdText(1, L"Canci\u00F3n\t\u20AC \u2019\u4E00", L"Las olas");
   ASSERT_EQ(writer.WriteDAO(), 0);
   EXPECT_EQ(Until("complete"),
-            "lead-in, track 1, open, close, track 2, open, close, lead-out, fixating, complete 1");
+            "lead-in, track 1, open, close, track 2, open, close, track 3, open, close, lead-out, "
+            "fixating, complete 1");
   EXPECT_TRUE(std::is_sorted(Percents.begin(), Percents.end())) << "of the disc";
   EXPECT_EQ(Percents.back(), 100);
-  EXPECT_TRUE(bottle.Image() == Padded(first, 401) + second);
-  EXPECT_NE(bottle.Toc().find("track 0 audio\ntrack 401 audio\nleadout 711\n"), std::string::npos);
+  // The last track is filled up to the four seconds that a disc asks of a track.
+  EXPECT_TRUE(bottle.Image() == Padded(first + second + brief, 1011));
+  EXPECT_NE(bottle.Toc().find("track 0 audio\ntrack 400 audio\ntrack 711 audio\nleadout 1011\n"),
+            std::string::npos)
+      << bottle.Toc();
+  ImageWriter image(disk, loop, background);
+  for (const wchar_t* wave : {L"C:\\1.wav", L"C:\\2.wav", L"C:\\3.wav"}) image.AddTrack(wave, 0);
+  ASSERT_EQ(image.WriteDAO(), 0);
+  loop.Pass(10'000);
+  EXPECT_TRUE(bottle.Image() == Padded(Get(home / "Vantora/Discos/Disco 001.bin"), 1011));
   const std::string packs = Get(bottle.Folder() / "disc/cdtext.bin");
   std::string titles, performers;
   for (std::size_t at = 0; at + 18 <= packs.size(); at += 18) {

@@ -92,13 +92,16 @@ TEST_F(Reader, WhatTheProgramsOwnWriterBurnsIsReadBackAsTheWavesThatItGot) {
     image.replace_extension(".bin");
     fs::copy(image, Folder() / image.filename());
 
+    std::string expected, read;
     for (int track = 1; track <= 3; ++track) {
-      std::string expected = waves[static_cast<std::size_t>(track) - 1];
-      expected.resize((expected.size() + kSector - 1) / kSector * kSector);
+      expected += waves[static_cast<std::size_t>(track) - 1];
+      if (!dao || track == 3) expected.resize((expected.size() + kSector - 1) / kSector * kSector);
       // As on a disc in a drive, the gap in front of a track is the end of the one before.
       if (!dao && track < 3) expected += std::string(150 * kSector, '\0');
-      EXPECT_TRUE(Grab(track) == expected) << track;
+      read += Grab(track);
+      EXPECT_TRUE(expected.starts_with(read)) << track;
     }
+    EXPECT_EQ(read.size(), expected.size());
   }
 }
 

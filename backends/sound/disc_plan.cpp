@@ -1,0 +1,91 @@
+#include "backends/sound/disc_plan.h"
+
+#include "backends/sound/wave_layout.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+namespace {
+
+constexpr std::int64_t kFrameBytes = 4;
+
+std::int64_t Bytes(const std::vector<DiscPart>& parts, std::size_t from = 0) {
+  std::int64_t bytes = 0;
+  for (std::size_t i = from; i < parts.size(); ++i) bytes += parts[i].Bytes;
+  return bytes;
+}
+
+}  // namespace
+
+DiscPart SoundForDisc(Dateien& files, const Text& wave) {
+  const WaveLayout layout = ReadWaveLayout(*files.Open(wave, Zugriff::Lesen));
+  DiscPart sound{wave, layout.DataOffset, layout.DataBytes / kFrameBytes * kFrameBytes};
+  if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2 ||
+      sound.Bytes == 0) {
+    throw Laufzeitfehler(kFehlerEinAusgabe,
+                         wave.substr(wave.find_last_of(L'\\') + 1) + L" no es una pista de audio.");
+  }
+  return sound;
+}
+
+std::vector<PlannedTrack> PlanDisc(const std::vector<DiscPart>& waves, const DiscRules& rules) {
+  std::vector<PlannedTrack> tracks;
+  std::int64_t sector = 0;
+  std::vector<DiscPart> rest;  // of the wave before, less than a sector
+  for (std::size_t i = 0; i < waves.size(); ++i) {
+    PlannedTrack track;
+    track.File = waves[i].File;
+    track.Gap = i > 0 && !rules.OneStream ? rules.Gap : 0;
+    track.Start = sector + track.Gap;
+    track.Parts = std::move(rest);
+    track.Parts.push_back(waves[i]);
+    rest.clear();
+    const std::int64_t bytes = Bytes(track.Parts);
+    const bool goesOn = rules.OneStream && i + 1 < waves.size();
+    const std::int64_t full = goesOn ? bytes : bytes + kDiscSectorBytes - 1;
+    track.Sectors = std::max(full / kDiscSectorBytes, rules.Least);
+    const std::int64_t over = bytes - track.Sectors * kDiscSectorBytes;
+    if (over > 0) {
+      // All of it comes from this track's own wave, as what was there before is less than a sector.
+      DiscPart& own = track.Parts.back();
+      own.Bytes -= over;
+      rest.push_back({own.File, own.Offset + own.Bytes, over});
+    } else if (over < 0) {
+      track.Parts.push_back({{}, 0, -over});
+    }
+    sector = track.Start + track.Sectors;
+    tracks.push_back(std::move(track));
+  }
+  return tracks;
+}
+
+std::int64_t PartReader::Left() const {
+  return Bytes(parts_, next_);
+}
+
+void PartReader::Read(char* target, std::int64_t bytes) {
+  while (bytes > 0) {
+    DiscPart& part = parts_.at(next_);
+    const std::int64_t count = std::min(bytes, part.Bytes);
+    if (part.File.empty()) {
+      std::fill_n(target, count, '\0');
+    } else {
+      if (!file_) {
+        file_ = files_.Open(part.File, Zugriff::Lesen);
+        file_->Seek(part.Offset);
+      }
+      file_->Read(target, static_cast<std::size_t>(count));
+    }
+    target += count;
+    bytes -= count;
+    part.Bytes -= count;
+    if (part.Bytes > 0) continue;
+    file_.reset();
+    ++next_;
+  }
+}
+
+}  // namespace vantora
