@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace vantora {
@@ -20,6 +21,7 @@ constexpr std::int64_t kSliceBytes = 32 * kBlockBytes;
 constexpr auto kSliceTime = std::chrono::milliseconds(25);  // whatever comes first
 constexpr double kSingleSpeed = 176400;                     // bytes a second
 constexpr double kTellMs = 50;
+constexpr std::wstring_view kTempEnding = L".tmp";
 
 template <class... Arguments, class... Values>
 void Call(const std::function<void(Arguments...)>& handler, const Values&... values) {
@@ -28,6 +30,27 @@ void Call(const std::function<void(Arguments...)>& handler, const Values&... val
 
 Text BaseName(const Text& path) {
   return path.substr(path.find_last_of(L'\\') + 1);
+}
+
+void Rename(Dateien& dateien, const Text& from, const Text& to) {
+  std::error_code error;
+  std::filesystem::rename(dateien.SystemPath(from), dateien.SystemPath(to), error);
+  if (error) {
+    throw Laufzeitfehler(kFehlerZugriff, L"No se puede dar su nombre al disco terminado.");
+  }
+}
+
+bool Exists(const Dateien& dateien, const Text& path) {
+  std::error_code error;
+  return std::filesystem::exists(dateien.SystemPath(path), error);
+}
+
+// "Disco 007.bin.tmp", and no name that a person gave.
+bool IsOfABurn(const Text& temporary) {
+  const std::size_t word = std::char_traits<wchar_t>::length(L"Disco ");
+  const std::size_t end = temporary.find_first_not_of(L"0123456789", word);
+  return end > word &&
+         (temporary.substr(end) == L".bin.tmp" || temporary.substr(end) == L".cue.tmp");
 }
 
 }  // namespace
@@ -204,10 +227,10 @@ void ImageBurn::Keep() {
   if (!made_) return;
   const Text image = order_.name + L".bin";
   try {
-    Rename(BinTemp(), image);
+    Rename(dateien_, BinTemp(), image);
     try {
       // The sheet comes last: it is what makes the pair a disc.
-      Rename(CueTemp(), Sheet());
+      Rename(dateien_, CueTemp(), Sheet());
     } catch (const Laufzeitfehler&) {
       dateien_.Kill(image);
       throw;
@@ -217,14 +240,6 @@ void ImageBurn::Keep() {
     throw;
   }
   made_ = false;
-}
-
-void ImageBurn::Rename(const Text& from, const Text& to) {
-  std::error_code error;
-  std::filesystem::rename(dateien_.SystemPath(from), dateien_.SystemPath(to), error);
-  if (error) {
-    throw Laufzeitfehler(kFehlerZugriff, L"No se puede dar su nombre al disco terminado.");
-  }
 }
 
 void ImageBurn::Discard() noexcept {
@@ -239,6 +254,25 @@ void ImageBurn::Discard() noexcept {
     }
   }
   made_ = false;
+}
+
+void ImageBurn::ClearUp(Dateien& dateien, const Text& folder) {
+  const Text inFolder = folder + L'\\';
+  for (const Text& file : dateien.List(folder, L"Disco *.bin.tmp;Disco *.cue.tmp")) {
+    const Text path = inFolder + file, name = path.substr(0, path.size() - kTempEnding.size());
+    if (!IsOfABurn(file)) continue;
+    try {
+      // The image takes its name before the sheet does.
+      if (name.ends_with(L".cue") && !Exists(dateien, name) &&
+          Exists(dateien, name.substr(0, name.size() - 4) + L".bin")) {
+        Rename(dateien, path, name);
+      } else {
+        dateien.Kill(path);
+      }
+    } catch (const Laufzeitfehler&) {
+      // It stays where it is, and is in nobody's way: a burn opens its files anew.
+    }
+  }
 }
 
 }  // namespace vantora

@@ -49,6 +49,10 @@ class ImageBurn {
 
   static Event FailureEvent(int code, const Text& text);
 
+  // Removes the temporary files that a killed program left in `folder`, while no burn runs there.
+  // An image that lacked only the name of its sheet is a whole disc, and gets it.
+  static void ClearUp(Dateien& dateien, const Text& folder);
+
  private:
   struct MediumFailed {};
 
@@ -63,7 +67,6 @@ class ImageBurn {
   std::int64_t Budget() const;
   Text BinTemp() const { return order_.name + L".bin.tmp"; }
   Text CueTemp() const { return order_.name + L".cue.tmp"; }
-  void Rename(const Text& from, const Text& to);
 
   Dateien& dateien_;
   BurnOrder order_;

@@ -109,6 +109,7 @@ int ImageWriter::Write(bool dao) {
   order.faults = Faults;
   try {
     dateien_.MkDir(kFolder);
+    ImageBurn::ClearUp(dateien_, kFolder);
     order.name = NextName();
   } catch (const Laufzeitfehler& fehler) {
     return fehler.Nummer;

@@ -8,7 +8,8 @@
 // stored.
 //
 // The files grow under a temporary name and take their own at the end, on the interface thread, so
-// that a write that failed, was stopped or was a simulation leaves nothing.
+// that a write that failed, was stopped or was a simulation leaves nothing. The files of a program
+// that was killed are cleared up by the next write.
 #pragma once
 
 #include "backends/discimage/writer_faults.h"

@@ -398,6 +398,21 @@ TEST_F(Burner, NoDiscIsEverWrittenOverAnother) {
   EXPECT_EQ(Get(Discs() / "Disco 007.cue"), "mine");
 }
 
+TEST_F(Burner, WhatAKilledRunLeftGoesWithTheNextBurn) {
+  AddFrames(100);
+  Put(Discs() / "Disco 009.bin.tmp", "half an image");
+  Put(Discs() / "Disco 008.cue.tmp", "sheet of an image that has no name yet");
+  Put(Discs() / "Disco mio.bin.tmp", "not the writer's own");
+  Put(Discs() / "Disco 003.bin", "whole, but for the name of its sheet");
+  Put(Discs() / "Disco 003.cue.tmp", "its sheet");
+  writer.WriteTAO();
+  Play();
+  EXPECT_EQ(Get(Discs() / "Disco 003.cue"), "its sheet");
+  EXPECT_EQ(Read("Disco 004.cue").Tracks.size(), 1U);
+  EXPECT_TRUE(fs::exists(Discs() / "Disco mio.bin.tmp"));
+  EXPECT_EQ(FilesLeft(), 5U);
+}
+
 TEST_F(Burner, BesideTheInterfaceThreadItBurnsTheSameDiscAndTellsItThere) {
   ThreadBackground thread;
   ImageWriter other(disk, loop, thread);
