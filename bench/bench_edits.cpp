@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr const wchar_t* kFile = L"C:\\Vantora\\Wavs\\larga.wav";
 constexpr std::int64_t kHeader = 44, kFrameBytes = 4;
-constexpr std::int32_t kTenSeconds = 441'000;  // frames
+constexpr std::int32_t kTenSeconds = 441'000, kHalfSecond = 22'050;  // frames
 constexpr int kRounds = 9;
 
 double CpuTime() {
@@ -107,21 +107,21 @@ std::int64_t Place(std::int32_t frame) {
   return kHeader + frame * kFrameBytes;
 }
 
-// The tail behind the middle, moved in place by ten seconds.
-void MoveTail(const fs::path& file) {
+// The tail behind the middle, moved in place.
+void MoveTail(const fs::path& file, std::int32_t by = kTenSeconds) {
   const std::int32_t middle = Frames(file) / 2;
-  PlainFile(file).Move(Place(middle + kTenSeconds), Place(middle));
+  PlainFile(file).Move(Place(middle + by), Place(middle));
 }
 
-int Cut(const fs::path& home) {
+int Cut(const fs::path& home, std::int32_t frames) {
   Desk desk(home);
   ByTurns(
       desk,
-      [](Desk& d, const fs::path& file) {
+      [frames](Desk& d, const fs::path& file) {
         const std::int32_t middle = Frames(file) / 2;
-        d.platform.machine.cutter.Cut(kFile, middle, middle + kTenSeconds);
+        d.platform.machine.cutter.Cut(kFile, middle, middle + frames);
       },
-      [](Desk&, const fs::path& file) { MoveTail(file); });
+      [frames](Desk&, const fs::path& file) { MoveTail(file, frames); });
   return 0;
 }
 
@@ -220,12 +220,16 @@ int Mute(const fs::path& home) {
 
 int main(int argc, char** argv) {
   const std::string work = argc == 3 ? argv[1] : "";
-  if (work == "cut") return vantora::RunWork(vantora::Cut, argv[2]);
+  const auto cut = [](std::int32_t frames) {
+    return [frames](const std::filesystem::path& home) { return vantora::Cut(home, frames); };
+  };
+  if (work == "cut") return vantora::RunWork(cut(vantora::kTenSeconds), argv[2]);
+  if (work == "cut-near") return vantora::RunWork(cut(vantora::kHalfSecond), argv[2]);
   if (work == "paste") return vantora::RunWork(vantora::Paste, argv[2]);
   if (work == "normalize") return vantora::RunWork(vantora::Normalize, argv[2]);
   if (work == "normalize-once") return vantora::RunWork(vantora::NormalizeOnce, argv[2]);
   if (work == "fade") return vantora::RunWork(vantora::Fade, argv[2]);
   if (work == "mute") return vantora::RunWork(vantora::Mute, argv[2]);
-  std::fputs("bench-edits cut|paste|normalize|normalize-once|fade|mute HOME\n", stderr);
+  std::fputs("bench-edits cut|cut-near|paste|normalize|normalize-once|fade|mute HOME\n", stderr);
   return 2;
 }

@@ -18,6 +18,7 @@ constexpr int kKilled = 9;
 struct State {
   int Left = 0;  // calls until it springs; 0: off
   int Error = 0;
+  int Made = 0;
   bool Half = false, ForGood = false, Sprung = false;
 };
 State state;  // of the process, as the system's calls are
@@ -27,6 +28,7 @@ enum class Fate { Done, Half, Failed };
 // What becomes of the call that is being made.
 Fate Next() {
   if (state.Left == 0) return Fate::Done;
+  ++state.Made;
   if (--state.Left > 0) return Fate::Done;
   state.Sprung = true;
   if (state.ForGood) state.Left = 1;
@@ -60,11 +62,11 @@ long Write(int file, const void* bytes, std::size_t count, std::int64_t place) {
 }  // namespace
 
 void KillSwitch::KillAt(int call, bool half) {
-  state = {call, 0, half, false, false};
+  state = {call, 0, 0, half, false, false};
 }
 
 void KillSwitch::FailAt(int call, int error, bool forGood) {
-  state = {call, error, false, forGood, false};
+  state = {call, error, 0, false, forGood, false};
 }
 
 void KillSwitch::Off() {
@@ -73,6 +75,10 @@ void KillSwitch::Off() {
 
 bool KillSwitch::Sprung() {
   return state.Sprung;
+}
+
+int KillSwitch::Calls() {
+  return state.Made;
 }
 
 bool RunInProcess(const std::function<void()>& work) {

@@ -15,6 +15,7 @@ struct KillSwitch {
   static void FailAt(int call, int error, bool forGood);
   static void Off();
   static bool Sprung();  // the call has come
+  static int Calls();    // since it was set
 };
 
 // Runs `work` in a process of its own; true when it came to its end, false when it was killed.
