@@ -61,15 +61,15 @@ Bearbeitung::Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quel
 }
 
 void Bearbeitung::Beginnen() {
-  UndoDatei_ = FreierName(L"undo2.dat");
+  UndoDatei = FreierName(L"undo2.dat");
   CopyDatei_ = FreierName(L"copy.dat");
-  PasteDatei_ = FreierName(L"paste.dat");
+  PasteDatei = FreierName(L"paste.dat");
   if (prog.DateiExistiert(CopyDatei_)) prog.plattform.dateien.Kill(CopyDatei_);
   UndoVorhanden_ = false;
 }
 
 void Bearbeitung::Beenden() {
-  for (const Text& datei : {UndoDatei_, CopyDatei_}) {
+  for (const Text& datei : {UndoDatei, CopyDatei_}) {
     const bool frei = !datei.empty() && !prog.plattform.edits.Needs(datei);
     if (frei && prog.DateiExistiert(datei)) Weiter([&] { prog.plattform.dateien.Kill(datei); });
   }
@@ -160,7 +160,7 @@ bool Bearbeitung::PrepareUndo() {
     quelle.PlayStart = auswahl_.MarkerAnfang;
     quelle.PlayEnd = auswahl_.MarkerEnde;
     UndoVorhanden_ = false;  // the older one is written over
-    quelle.SaveRange(UndoDatei_);
+    quelle.SaveRange(UndoDatei);
     quelle.Close();
     quelle.PlayStart = 0;
     quelle.PlayEnd = quelle.DataSize();
@@ -241,13 +241,13 @@ void Bearbeitung::PasteWave() {
   wave.Open();
   wave.PlayStart = InBytes(stelle);
   wave.PlayEnd = wave.DataSize();
-  wave.SaveRange(PasteDatei_);
+  wave.SaveRange(PasteDatei);
   wave.Close();
   wave.PlayStart = 0;
   Fuellen(vorhaben, ab);
   vorhaben.Steps.push_back(CopyStep(CopyDatei_, 0, ab, neu));
-  vorhaben.Steps.push_back(CopyStep(PasteDatei_, 0, ab + neu, rest));
-  Ausfuehren(std::move(vorhaben), PasteDatei_);
+  vorhaben.Steps.push_back(CopyStep(PasteDatei, 0, ab + neu, rest));
+  Ausfuehren(std::move(vorhaben), PasteDatei);
 }
 
 // ---- mute and fades ----
@@ -355,12 +355,12 @@ void Bearbeitung::UndoWave() {
 void Bearbeitung::UndoBlock() {
   WaveEdit vorhaben = Vorhaben();
   MMWaveObject& quelle = Wave2->Wave;
-  quelle.SetFileName(UndoDatei_);
+  quelle.SetFileName(UndoDatei);
   quelle.Open();
   const std::int64_t bytes = GanzeFrames(quelle.DataSize()), ab = InBytes(UndoStart);
   quelle.Close();
   Fuellen(vorhaben, ab);
-  vorhaben.Steps.push_back(CopyStep(UndoDatei_, 0, ab, bytes));
+  vorhaben.Steps.push_back(CopyStep(UndoDatei, 0, ab, bytes));
   vorhaben.After = std::max(vorhaben.Before, ab + bytes);
   Ausfuehren(std::move(vorhaben));
 }

@@ -71,7 +71,7 @@ class Bearbeitung {
   Fenster fenster_;
   std::unique_ptr<MMWaveFileX> Wave1, Wave2;  // the file itself, and one to copy from
 
-  Text WorkDatei, UndoDatei_, CopyDatei_, PasteDatei_;
+  Text WorkDatei, UndoDatei, CopyDatei_, PasteDatei;
   bool UndoVorhanden_ = false;
   std::int32_t UndoStart = 0;
   std::int16_t iUndoStep = 0;    // 1 cut, 2 block process, 3 paste

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <optional>
 
 namespace vantora {
 
@@ -22,14 +23,6 @@ std::int64_t Even(std::int64_t bytes) {
 
 [[noreturn]] void RaiseChanged() {
   throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
-}
-
-bool SamePlace(Dateien& dateien, const Text& one, const Text& other) {
-  try {
-    return dateien.SystemPath(one) == dateien.SystemPath(other);
-  } catch (const Laufzeitfehler&) {
-    return one == other;  // on a drive that is away
-  }
 }
 
 // The number of a helper in the plan; the place of its sound.
@@ -113,9 +106,19 @@ std::int64_t PlanStep::Stride(std::int64_t block) const {
 }
 
 bool EditPlan::Names(Dateien& dateien, const Text& file) const {
-  const auto same = [&](const auto& named) { return SamePlace(dateien, named.Path, file); };
-  return std::any_of(Files.begin(), Files.end(), same) ||
-         std::any_of(Helpers.begin(), Helpers.end(), same);
+  // By what the file is, as a link is another name for it; by its name when it is out of reach.
+  std::optional<DateiStand> stand;
+  try {
+    stand = dateien.Stand(file);
+  } catch (const Laufzeitfehler&) {
+  }
+  const auto same = [&](const Text& path, const DateiStand& known) {
+    return path == file || (stand && stand->Device == known.Device && stand->Inode == known.Inode);
+  };
+  return std::any_of(Files.begin(), Files.end(),
+                     [&](const PlanFile& one) { return same(one.Path, one.Before); }) ||
+         std::any_of(Helpers.begin(), Helpers.end(),
+                     [&](const PlanHelper& one) { return same(one.Path, one.Stand); });
 }
 
 PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Dateien& dateien) {

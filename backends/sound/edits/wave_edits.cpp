@@ -11,6 +11,9 @@ namespace {
 
 using State = EditRun::State;
 
+// A disc has up to 99 notes of silence, and hardly a file anything behind its sound.
+constexpr std::int64_t kLoanBlockBytes = 1 << 14;
+
 void Add(std::vector<Text>& files, const EditPlan& plan) {
   for (const PlanFile& file : plan.Files) {
     if (std::find(files.begin(), files.end(), file.Path) == files.end()) {
@@ -45,7 +48,7 @@ void WaveEdits::Apply(const Edit& edit) {
     plan.Files.back().Before = before;
   }
   plan.Scratch = edit.Scratch;
-  Note note = Begin(std::move(plan));
+  Note note = Begin(std::move(plan), blockBytes_);
   EditRun run(dateien_, ramp_, *note);
   try {
     for (std::size_t i = 0; i < note->Plan().Files.size(); ++i) run.Start(i, edit.Progress);
@@ -144,21 +147,22 @@ EditPlan WaveEdits::LoanPlan(const Silence& silence) {
 
 void WaveEdits::Lend(const std::vector<Silence>& silences) {
   Forget();
-  std::vector<Silence> merged;  // a file may be named more than once
+  // A file may be named more than once, by its own name and by links.
+  std::vector<std::pair<Silence, DateiStand>> merged;
   for (const Silence& silence : silences) {
-    const auto same = std::find_if(merged.begin(), merged.end(), [&](const Silence& other) {
-      return dateien_.SystemPath(other.File) == dateien_.SystemPath(silence.File);
-    });
+    const DateiStand stand = dateien_.Stand(silence.File);
+    const auto same = std::find_if(merged.begin(), merged.end(),
+                                   [&](const auto& other) { return other.second == stand; });
     if (same == merged.end()) {
-      merged.push_back(silence);
+      merged.emplace_back(silence, stand);
     } else {
-      same->Bytes += silence.Bytes;
+      same->first.Bytes += silence.Bytes;
     }
   }
   try {
-    for (const Silence& silence : merged) {
+    for (const auto& [silence, stand] : merged) {
       Ready(silence.File);
-      loan_.push_back(Begin(LoanPlan(silence)));
+      loan_.push_back(Begin(LoanPlan(silence), kLoanBlockBytes));
       EditRun(dateien_, ramp_, *loan_.back()).Start(0);
     }
   } catch (const Laufzeitfehler&) {

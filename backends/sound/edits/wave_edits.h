@@ -33,8 +33,8 @@ class WaveEdits final : public Edits {
  private:
   using Note = std::unique_ptr<EditNote>;
 
-  Note Begin(EditPlan plan) {
-    return EditNote::Make(dateien_, kFolder, std::move(plan), blockBytes_);
+  Note Begin(EditPlan plan, std::int64_t blockBytes) {
+    return EditNote::Make(dateien_, kFolder, std::move(plan), blockBytes);
   }
   EditPlan LoanPlan(const Silence& silence);
   EditRun::State Settle(Note note);  // to its end or back to its start; an error keeps it

@@ -3,6 +3,7 @@
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/alsa_stream.h"
 #include "backends/linux/profile_file.h"
+#include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/sound_tools.h"
 #include "tests/backends/alsa/listener.h"
 
@@ -27,7 +28,8 @@ class NoCard : public Listener {
 TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
   AlsaSoundOutput sound(loop);
   ProfileFiles profiles(home.Table);
-  SoundTools tools(loop, home.Files, profiles,
+  WaveEdits edits(home.Files, {});
+  SoundTools tools(loop, home.Files, edits, profiles,
                    {[] { return nullptr; }, [] { return AlsaPlaybackDevices(); }, sound});
   EXPECT_EQ(tools.waveOutGetNumDevs(), 0);
   EXPECT_EQ(tools.waveOutGetDevCaps(0), L"");
