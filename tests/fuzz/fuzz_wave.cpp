@@ -4,6 +4,7 @@
 #include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/wave_file.h"
 #include "tests/backends/linux/home.h"
+#include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/fuzz/fuzz_body.h"
 
@@ -64,10 +65,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             "no invented sound");
     sound = Sound(wave);
   }
-  WaveEdits edits(home.Files, {});
+  RunningOut disk(home.Files);  // which nobody brings to the disk
+  WaveEdits edits(disk, {}, 4096);
   const auto before = static_cast<std::int64_t>(sound.size());
-  edits.Apply({{{kWave, before, before + 6, {MixStep(before, {'m', 'o', 'r', 'e'})}}}, {}, {}});
-  sound += std::string("more\0\0", 6);
+  edits.Apply({{{kWave, before, before + 4, {MixStep(before, {'m', 'o', 'r', 'e'})}}}, {}, {}});
+  sound += "more";
   Require(SoundInTrueFile(home, home.Files) == sound, "what is added is where it belongs");
 
   Cutter(home.Files, edits).Cut(kWave, 2, 5);
