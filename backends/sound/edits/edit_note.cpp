@@ -2,6 +2,7 @@
 
 #include "platform/laufzeitfehler.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstring>
@@ -27,29 +28,16 @@ struct DoneEntry {
   std::uint64_t Checksum = 0;
 };
 
-// Tells bytes that were written to their end from those that were not. Four sums beside each other,
-// as the processor multiplies several numbers at a time.
+// Tells bytes that were written to their end from those that were not.
 std::uint64_t Checksum(const char* bytes, std::size_t count, std::uint64_t start) {
   constexpr std::uint64_t kPrime = 0x9E37'79B9'7F4A'7C15ULL;
-  std::array<std::uint64_t, 4> sums{start, ~start, start + kPrime, kPrime};
-  const auto add = [](std::uint64_t sum, std::uint64_t word) {
-    return std::rotl((sum ^ word) * kPrime, 29);
-  };
-  std::array<std::uint64_t, 4> words{};
-  std::size_t place = 0;
-  for (; place + sizeof words <= count; place += sizeof words) {
-    std::memcpy(words.data(), bytes + place, sizeof words);
-    for (std::size_t lane = 0; lane < sums.size(); ++lane) {
-      sums[lane] = add(sums[lane], words[lane]);
-    }
+  std::uint64_t sum = start + count;
+  for (std::size_t place = 0; place < count; place += sizeof sum) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes + place, std::min(sizeof word, count - place));
+    sum = std::rotl((sum ^ word) * kPrime, 29);
   }
-  words = {};
-  if (place < count) std::memcpy(words.data(), bytes + place, count - place);
-  std::uint64_t whole = count;
-  for (std::size_t lane = 0; lane < sums.size(); ++lane) {
-    whole = add(whole, add(sums[lane], words[lane]));
-  }
-  return whole;
+  return sum;
 }
 
 template <typename Record>
@@ -136,13 +124,18 @@ void EditNote::ReadPlan() {
   Arrange(head.PlanBytes);
 }
 
+// The data comes first: a record that is whole says that its data is whole too. Meanwhile the
+// record before it, in the other slot, is the last one.
 void EditNote::Write(Record& record, Block& block) {
   record.Number = number_ + 1;
-  const auto data = static_cast<std::size_t>(record.DataBytes);
-  record.Checksum = ChecksumOf(record, block.Data(), data);
-  std::memcpy(block.bytes_.data(), &record, sizeof record);
-  file_->Seek(Slot(record.Number));
-  file_->Write(block.bytes_.data(), sizeof record + data);
+  record.Checksum = ChecksumOf(record, nullptr, 0);
+  const std::int64_t slot = Slot(record.Number);
+  if (record.DataBytes > 0) {
+    file_->Seek(slot + static_cast<std::int64_t>(sizeof record));
+    file_->Write(block.Data(), static_cast<std::size_t>(record.DataBytes));
+  }
+  file_->Seek(slot);
+  file_->Write(&record, sizeof record);
   number_ = record.Number;
 }
 
@@ -152,15 +145,14 @@ std::optional<EditNote::Record> EditNote::Last(Block& block) {
     Record record;
     file_->Seek(Slot(slot));
     file_->Read(&record, sizeof record);
-    if (record.Number == 0 || record.DataBytes > block.Room()) continue;
-    Block data(static_cast<std::int64_t>(record.DataBytes));
-    file_->Read(data.Data(), data.Room());
-    if (record.Checksum != ChecksumOf(record, data.Data(), data.Room())) continue;
-    if (last && last->Number > record.Number) continue;
-    last = record;
-    if (data.Room() > 0) std::memcpy(block.Data(), data.Data(), data.Room());
+    const bool whole = record.Number != 0 && record.Checksum == ChecksumOf(record, nullptr, 0);
+    if (whole && (!last || last->Number < record.Number)) last = record;
   }
   number_ = last ? last->Number : 0;
+  if (last && last->DataBytes > 0) {
+    file_->Seek(Slot(last->Number) + static_cast<std::int64_t>(sizeof(Record)));
+    file_->Read(block.Data(), std::min<std::size_t>(last->DataBytes, block.Room()));
+  }
   return last;
 }
 

@@ -31,15 +31,13 @@ class EditNote {
     std::uint64_t Checksum = 0;
   };
 
-  // A block on its way through a note, with room for the record in front of it.
   class Block {
    public:
-    explicit Block(std::int64_t bytes) : bytes_(sizeof(Record) + static_cast<std::size_t>(bytes)) {}
-    char* Data() { return bytes_.data() + sizeof(Record); }
-    std::size_t Room() const { return bytes_.size() - sizeof(Record); }
+    explicit Block(std::int64_t bytes) : bytes_(static_cast<std::size_t>(bytes)) {}
+    char* Data() { return bytes_.data(); }
+    std::size_t Room() const { return bytes_.size(); }
 
    private:
-    friend class EditNote;
     std::vector<char> bytes_;
   };
 

@@ -16,7 +16,7 @@ class WaveEdits final : public Edits {
  public:
   static constexpr const wchar_t* kFolder = L"C:\\WINDOWS\\edits";
   // Small enough to stay in the processor's own memory between reading and writing.
-  static constexpr std::int64_t kBlockBytes = 1 << 18;
+  static constexpr std::int64_t kBlockBytes = 1 << 17;
 
   WaveEdits(Dateien& dateien, RampFunction ramp, std::int64_t blockBytes = kBlockBytes)
       : dateien_(dateien), ramp_(std::move(ramp)), blockBytes_(blockBytes) {}

@@ -5,6 +5,7 @@
 #include "backends/sound/edits/wave_edits.h"
 #include "klang/rampe.h"
 #include "tests/backends/linux/home.h"
+#include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/kill_switch.h"
 
@@ -97,7 +98,7 @@ class Stage {
     Put(home / "b.wav", Wave(case_.B));
     Put(home / "copy.dat", Wave(kClip));
   }
-  WaveEdits New() { return WaveEdits(home.Files, Rampe, kBlock); }
+  WaveEdits New() { return WaveEdits(disk, Rampe, kBlock); }
   void Apply(WaveEdits& edits) { edits.Apply({case_.Waves, case_.Scratch, {}}); }
   bool Before() const { return Holds(case_.A, case_.B); }
   bool After() const { return Holds(case_.AfterA, case_.AfterB); }
@@ -116,6 +117,7 @@ class Stage {
   }
 
   Home home;
+  RunningOut disk{home.Files};
 
  private:
   bool Holds(const std::string& a, const std::string& b) const {
@@ -181,7 +183,7 @@ TEST(Edits, ADiskThatFailsLeavesTheFilesBeforeTheEditOrBehindItAndSaysWhich) {
         Stage stage(one);
         for (int call = 1, sprung = 1; sprung > 0; ++call) {
           stage.Lay();
-          auto edits = std::make_unique<WaveEdits>(stage.home.Files, Rampe, kBlock);
+          auto edits = std::make_unique<WaveEdits>(stage.disk, Rampe, kBlock);
           KillSwitch::FailAt(call, error, forGood);
           bool raised = false, goesThrough = false;
           try {
@@ -223,7 +225,7 @@ struct Loan : Home {
     Put(*this / "a.wav", A);
     Put(*this / "b.wav", B);
   }
-  WaveEdits New() { return WaveEdits(Files, Rampe, kBlock); }
+  WaveEdits New() { return WaveEdits(Disk, Rampe, kBlock); }
   void Lend(WaveEdits& edits) { edits.Lend({{kA, 5000}, {kB, 3000}, {L"c:\\A.WAV", 1000}}); }
   bool Longer() const {
     return Get(*this / "a.wav") == Wave(Noise(9000, 1) + Zeros(6000), kTail) &&
@@ -232,6 +234,7 @@ struct Loan : Home {
   bool AsBefore() const { return Get(*this / "a.wav") == A && Get(*this / "b.wav") == B; }
   std::size_t Notes() const { return NamesIn(Files.SystemPath(WaveEdits::kFolder)); }
 
+  RunningOut Disk{Files};
   const std::string A = Wave(Noise(9000, 1), kTail), B = Wave(Noise(7001, 3));
 };
 
