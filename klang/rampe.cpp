@@ -20,8 +20,10 @@ VANTORA_VEKTOREINHEIT void Rampe(std::int16_t* werte, std::size_t frames, std::i
   const auto anzahl = static_cast<std::int32_t>(frames);
   for (std::int32_t j = 0; j < anzahl; ++j) {
     const double gain = start + (basis + j) * schritt;
-    werte[2 * j] = static_cast<std::int16_t>(GanzSchnell(werte[2 * j] * gain));
-    werte[2 * j + 1] = static_cast<std::int16_t>(GanzSchnell(werte[2 * j + 1] * gain));
+    std::int16_t& links = werte[std::ptrdiff_t{2} * j];
+    std::int16_t& rechts = werte[std::ptrdiff_t{2} * j + 1];
+    links = static_cast<std::int16_t>(GanzSchnell(links * gain));
+    rechts = static_cast<std::int16_t>(GanzSchnell(rechts * gain));
   }
 }
 

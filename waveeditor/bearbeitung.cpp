@@ -235,7 +235,7 @@ void Bearbeitung::PasteWave() {
   WaveEdit vorhaben = Vorhaben();
   const std::int64_t ab = InBytes(stelle), neu = InBytes(PasteLaenge);
   const std::int64_t rest = GanzeFrames(vorhaben.Before - ab);
-  vorhaben.After = InBytes(static_cast<double>((ab + neu + rest) / kFrameBytes));
+  vorhaben.After = Ganz32(static_cast<double>(ab + neu + rest));
   // The sound behind the place is put aside, as the clipboard is written over it.
   MMWaveObject& wave = Wave1->Wave;
   wave.Open();
