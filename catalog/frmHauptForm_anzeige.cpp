@@ -101,6 +101,8 @@ bool frmHauptForm::UngueltigeEntfernen(const std::vector<WaveBefund>& befunde) {
   for (int i = 1; i <= UBound(prog.Katalog); ++i) {
     const KatalogEintrag& e = Element(prog.Katalog, i);
     bool brauchbar = befunde[static_cast<std::size_t>(i)].Gueltig;
+    // A file whose edit waits for its disk is not what it seems.
+    if (!brauchbar && prog.plattform.edits.Needs(e.Datei.Getrimmt())) continue;
     brauchbar = brauchbar &&
                 Weiter([&] { brauchbar = Val(e.Laenge.Ganz()) >= kKuerzesteLaengeMs; }) &&
                 brauchbar;
@@ -126,6 +128,7 @@ void frmHauptForm::KatalogShow() {
     befunde.assign(1, WaveBefund{});
     for (int i = 1; i <= anzahl; ++i) {
       const Text datei = prog.Katalog[static_cast<std::size_t>(i)].Datei.Getrimmt();
+      if (prog.plattform.edits.Needs(datei)) Weiter([&] { prog.plattform.edits.Ready(datei); });
       befunde.push_back(WavePruefen(prog.plattform, *MMWaveFileX1, datei));
       Weiter([&] { ZeileFuellen(i, datei, befunde.back()); });
     }

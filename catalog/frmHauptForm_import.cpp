@@ -1,6 +1,7 @@
 // Audio files from the disk on their way into the catalog.
 
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "app/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
@@ -90,6 +91,8 @@ frmHauptForm::Einfuhr frmHauptForm::WaveDatei(const Text& datei, bool mehrere, T
   const auto frage = [this](int text) {
     return prog.MsgBoxen(LoadResString(text), kJaNein) == kJa ? Einfuhr::Weiter : Einfuhr::Ende;
   };
+  // An edit that could not be finished leaves a file that looks damaged.
+  Weiter([&] { prog.plattform.edits.Ready(datei); });
   if (!CheckWaveValid(prog.plattform, *MMWaveFileX1, datei)) {
     if (mehrere) return frage(8049);
     prog.MsgBoxen(LoadResString(8067), kHinweis, LoadResString(8057));

@@ -57,8 +57,7 @@ inline EditStep MixStep(std::int64_t at, std::vector<char> samples) {
 struct WaveEdit {
   Text File;
   std::int64_t Before = 0;  // the sound's length as the caller has seen it
-  std::int64_t After =
-      0;  // and afterwards: longer where the steps write it, or cut off
+  std::int64_t After = 0;   // and afterwards: longer where the steps write it, or cut off
   std::vector<EditStep> Steps;
 };
 

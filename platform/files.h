@@ -22,6 +22,9 @@ struct DateiStand {
   std::int64_t Bytes = 0;
   std::int64_t Time = 0;  // of the last change, in ns since 1970, UTC
   bool operator==(const DateiStand&) const = default;
+  bool SameFile(const DateiStand& other) const {
+    return Device == other.Device && Inode == other.Inode && Born == other.Born;
+  }
 };
 
 // An open file; closed by its destructor.
@@ -76,6 +79,9 @@ class Dateien {
   // Time of the last change as text, "2026-11-24 10:00:00.123456789"; stable while unchanged.
   virtual Text FileDateTime(const Text& path) = 0;
   virtual DateiStand Stand(const Text& path) = 0;  // of a file or a folder
+  // A name of the file system that holds a file or a folder, by which it is known when it comes
+  // back.
+  virtual Text Medium(const Text& path) = 0;
   virtual void Kill(const Text& path) = 0;
   virtual void SetAttrNormal(const Text& path) = 0;  // takes the write protection off a file
   virtual void FileCopy(const Text& from, const Text& to) = 0;  // no half file stays on failure

@@ -202,7 +202,9 @@ void Bearbeitung::CutWave() {
   if (NichtsGewaehlt() || !PrepareUndo()) return;
   if (!ImUndo_) {
     iUndoStep = kUndoCut;
-    if (!CopyWave()) return;
+    bool kopiert = false;
+    Aendern([&] { kopiert = CopyWave(); });
+    if (!kopiert) return;
   }
   prog.AppLog(L"CutWave", L"cutting wave");
   SourceFile.Wave.Close();

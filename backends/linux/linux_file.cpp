@@ -197,11 +197,11 @@ void LinuxFile::Reserve(std::int64_t length) {
   do {
     error = ::fallocate(descriptor_(), 0, 0, std::max(length, before)) == 0 ? 0 : errno;
   } while (error == EINTR);
-  if (error == 0) return;
   try {
     // Not every file system can reserve; what is written has its blocks in any case.
-    if (error != EOPNOTSUPP && error != ENOSYS) RaiseErrno(error, path_);
-    if (length > before) FillWithZeros(before, length);
+    if (error != 0 && error != EOPNOTSUPP && error != ENOSYS) RaiseErrno(error, path_);
+    if (error != 0 && length > before) FillWithZeros(before, length);
+    if (::futimens(descriptor_(), nullptr) != 0) RaiseErrno(errno, path_);
   } catch (const Laufzeitfehler&) {
     if (::ftruncate(descriptor_(), before) != 0) RaiseErrno(errno, path_);
     throw;

@@ -8,10 +8,13 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
+#include <sys/sysmacros.h>
 #include <system_error>
 #include <utility>
 
@@ -198,6 +201,30 @@ Text LinuxFiles::FileDateTime(const Text& path) {
 
 DateiStand LinuxFiles::Stand(const Text& path) {
   return StandOf(AT_FDCWD, SystemPath(path).native());
+}
+
+// The number that the system makes of a file system is its own for most kinds. For sticks it is the
+// number of the socket, so the name that the medium was given when it was formatted comes first.
+Text LinuxFiles::Medium(const Text& path) {
+  const fs::path place = SystemPath(path);
+  struct statx info {};
+  struct statfs system {};
+  if (::statx(AT_FDCWD, place.c_str(), 0, STATX_BASIC_STATS, &info) != 0 ||
+      ::statfs(place.c_str(), &system) != 0) {
+    RaiseErrno(errno, place);
+  }
+  std::error_code none;
+  for (const fs::directory_entry& entry : fs::directory_iterator("/dev/disk/by-uuid", none)) {
+    struct stat device {};
+    if (::stat(entry.path().c_str(), &device) == 0 &&
+        device.st_rdev == makedev(info.stx_dev_major, info.stx_dev_minor)) {
+      return FromUtf8(entry.path().filename().string());
+    }
+  }
+  std::array<std::uint32_t, 2> number{};
+  static_assert(sizeof number == sizeof system.f_fsid);
+  std::memcpy(number.data(), &system.f_fsid, sizeof number);
+  return std::to_wstring(number[0]) + L"-" + std::to_wstring(number[1]);
 }
 
 void LinuxFiles::Kill(const Text& path) {

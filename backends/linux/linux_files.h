@@ -20,6 +20,7 @@ class LinuxFiles final : public Dateien {
   bool IsDirectory(const Text& path) override;
   Text FileDateTime(const Text& path) override;  // UTC
   DateiStand Stand(const Text& path) override;
+  Text Medium(const Text& path) override;
   void Kill(const Text& path) override;
   void SetAttrNormal(const Text& path) override;
   // The copy keeps the time of the original. Error 70 for a file copied onto itself.

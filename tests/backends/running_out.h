@@ -30,6 +30,7 @@ class RunningOut final : public Dateien {
   bool IsDirectory(const Text& path) override { return files_.IsDirectory(path); }
   Text FileDateTime(const Text& path) override { return files_.FileDateTime(path); }
   DateiStand Stand(const Text& path) override { return files_.Stand(path); }
+  Text Medium(const Text& path) override { return files_.Medium(path); }
   void Kill(const Text& path) override { files_.Kill(path); }
   void SetAttrNormal(const Text& path) override { files_.SetAttrNormal(path); }
   void FileCopy(const Text& from, const Text& to) override { files_.FileCopy(from, to); }

@@ -5,6 +5,7 @@
 #include "tests/support/kill_switch.h"
 #include "tests/waveeditor/editor_stage.h"
 
+#include <cerrno>
 #include <functional>
 
 namespace vantora {
@@ -75,6 +76,25 @@ TEST_F(Abbruch, EveryEditOfTheEditorIsWholeAfterAKill) {
     }
     EXPECT_GT(fertig, 2);
   }
+}
+
+TEST_F(Abbruch, ATrackWhoseEditWaitsForItsDiskKeepsItsRow) {
+  b.Katalog({L"a"});
+  const std::string original = Lies();
+  Oeffne();
+  Waehle(1000, 50'000);
+  b.Antwortet(kNein);
+  test::KillSwitch::FailAt(14, EIO, true);
+  Druecke(E().imgCut);
+  EXPECT_TRUE(b.Gesagt().back().ends_with(L"(57)"));
+  b.Tu([&] { E().CloseMe(); });
+  EXPECT_EQ(b.Haupt().lvwKatalog.ListItems.Count(), 1);
+  EXPECT_TRUE(NochNotizen());
+  test::KillSwitch::Off();
+  b.Haupt().KatalogShow();
+  EXPECT_EQ(b.Haupt().lvwKatalog.ListItems.Count(), 1);
+  EXPECT_EQ(Lies().size(), original.size() - 49'000 * 4);
+  EXPECT_FALSE(NochNotizen());
 }
 
 }  // namespace

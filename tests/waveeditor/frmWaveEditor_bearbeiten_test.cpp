@@ -312,6 +312,12 @@ TEST_F(Bearbeiten, AnUndoCopyThatFailedIsNotOfferedAndTheClipboardStaysOfUse) {
   EXPECT_TRUE(E().imgPaste.Enabled());
   EXPECT_FALSE(E().lblPasteDisabled.Visible());
   Druecke(E().imgSteuerung(6), 21002);
+  platte->Room = 50'000 * 4;  // enough for the undo, and not for the clipboard
+  Waehle(100, 50'000);
+  b.Antwortet(kNein);
+  EditorBuehne::Druecke(E().imgCut);
+  EXPECT_TRUE(b.Gesagt().back().ends_with(L"(61)"));
+  EXPECT_FALSE(E().Edits().UndoVorhanden());
 }
 
 }  // namespace

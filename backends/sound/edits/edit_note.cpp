@@ -171,8 +171,13 @@ std::optional<DateiStand> EditNote::Done(std::size_t file) {
   return entry.After;
 }
 
+// An empty note says nothing; it goes when its folder can be written again.
 void EditNote::Remove() {
-  dateien_.Kill(path_);
+  try {
+    dateien_.Kill(path_);
+  } catch (const Laufzeitfehler&) {
+    file_->Truncate(0);
+  }
 }
 
 }  // namespace vantora

@@ -15,7 +15,7 @@ namespace vantora {
 namespace {
 
 // Of what can be done again from where it is read: bytes between two records.
-constexpr std::int64_t kFarStride = 1 << 24;
+constexpr std::int64_t kFarStride = 1 << 22;
 
 std::int64_t Even(std::int64_t bytes) {
   return bytes + bytes % 2;
@@ -29,7 +29,7 @@ std::int64_t Even(std::int64_t bytes) {
 std::uint32_t HelperOf(EditPlan& plan, const Text& path, Dateien& dateien, WaveLayout& layout) {
   const std::unique_ptr<Datei> file = dateien.Open(path, Zugriff::Lesen);
   layout = ReadWaveLayout(*file);
-  plan.Helpers.push_back({path, file->Stand()});
+  plan.Helpers.push_back({path, file->Stand(), dateien.Medium(path)});
   return static_cast<std::uint32_t>(plan.Helpers.size() - 1);
 }
 
@@ -113,7 +113,7 @@ bool EditPlan::Names(Dateien& dateien, const Text& file) const {
   } catch (const Laufzeitfehler&) {
   }
   const auto same = [&](const Text& path, const DateiStand& known) {
-    return path == file || (stand && stand->Device == known.Device && stand->Inode == known.Inode);
+    return path == file || (stand && stand->SameFile(known));
   };
   return std::any_of(Files.begin(), Files.end(),
                      [&](const PlanFile& one) { return same(one.Path, one.Before); }) ||
@@ -121,10 +121,14 @@ bool EditPlan::Names(Dateien& dateien, const Text& file) const {
                      [&](const PlanHelper& one) { return same(one.Path, one.Stand); });
 }
 
-PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Dateien& dateien) {
+PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Dateien& dateien,
+                  std::optional<std::int64_t> tailAfter) {
   using Kind = PlanStep::Kind;
   if (layout.DataBytes != edit.Before) RaiseChanged();
-  const std::int64_t tail = layout.DataOffset + Even(edit.After);
+  const std::int64_t soundEnd = layout.DataOffset + edit.After;
+  // Not every file has the byte that fills odd sound up: what keeps its length keeps its place.
+  if (!tailAfter && edit.After == edit.Before) tailAfter = layout.TailOffset;
+  const std::int64_t tail = tailAfter.value_or(layout.DataOffset + Even(edit.After));
   const std::int64_t length = tail + layout.TailBytes;
   if (length > kMaxWaveFileBytes) {
     throw Laufzeitfehler(kFehlerPlattenVoll, L"El archivo de sonido es demasiado largo");
@@ -142,9 +146,9 @@ PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Date
       file.Steps.push_back(Lowered(step, layout.DataOffset, plan, dateien));
     }
   }
-  if (edit.After % 2 != 0) {
+  if (edit.After != edit.Before && tail > soundEnd) {
     PlanStep filler = Whole(Kind::Fill, 1);
-    filler.To = tail - 1;
+    filler.To = soundEnd;
     file.Steps.push_back(filler);
   }
   if (tail < layout.TailOffset) file.Steps.push_back(moved);
@@ -247,6 +251,7 @@ std::string PlanBytes(const EditPlan& plan) {
   for (const PlanFile& file : plan.Files) {
     put(file.Path);
     put(file.Before);
+    put(file.Medium);
     put(file.LengthAfter);
     out.Count(file.Steps.size());
     for (PlanStep step : file.Steps) Fields(step, put);
@@ -256,6 +261,7 @@ std::string PlanBytes(const EditPlan& plan) {
   for (const PlanHelper& helper : plan.Helpers) {
     put(helper.Path);
     put(helper.Stand);
+    put(helper.Medium);
   }
   out.Count(plan.Scratch.size());
   for (const Text& file : plan.Scratch) put(file);
@@ -270,6 +276,7 @@ EditPlan PlanFromBytes(std::string_view bytes) {
   for (PlanFile& file : plan.Files) {
     get(file.Path);
     get(file.Before);
+    get(file.Medium);
     get(file.LengthAfter);
     file.Steps.resize(in.Count());
     for (PlanStep& step : file.Steps) Fields(step, get);
@@ -279,6 +286,7 @@ EditPlan PlanFromBytes(std::string_view bytes) {
   for (PlanHelper& helper : plan.Helpers) {
     get(helper.Path);
     get(helper.Stand);
+    get(helper.Medium);
   }
   plan.Scratch.resize(in.Count());
   for (Text& file : plan.Scratch) get(file);

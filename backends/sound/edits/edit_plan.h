@@ -8,6 +8,7 @@
 #include "platform/files.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,6 +39,7 @@ struct PlanStep {
 struct PlanFile {
   Text Path;
   DateiStand Before;
+  Text Medium;  // as Dateien::Medium names it
   std::int64_t LengthAfter = 0;
   std::vector<PlanStep> Steps;
 };
@@ -46,6 +48,7 @@ struct PlanFile {
 struct PlanHelper {
   Text Path;
   DateiStand Stand;
+  Text Medium;
 };
 
 struct EditPlan {
@@ -61,8 +64,10 @@ struct EditPlan {
 };
 
 // The steps from one layout to sound of another length. `layout` becomes what the file has then.
+// `tail`: where the chunks behind the sound go; behind the sound, made even, if nothing is said.
 // Error 61 when no wave file can be so long.
-PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Dateien& dateien);
+PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Dateien& dateien,
+                  std::optional<std::int64_t> tail = {});
 
 std::string PlanBytes(const EditPlan& plan);
 // Error 62 for bytes that are none.

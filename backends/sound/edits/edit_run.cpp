@@ -16,9 +16,10 @@ using Kind = PlanStep::Kind;
 
 constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kSecond = 1'000'000'000;  // ns
-// A block that was being written at a kill changed its file soon after the note was written. Some
-// file systems keep times in steps of two seconds, and some media take long for a block.
-constexpr std::int64_t kCoarsestTime = 2 * kSecond, kLongestWrite = 30 * kSecond;
+// A block that was being written at a kill changed its file soon after the block before it. Both
+// times are of the wave's own file system, whose clock may be another than ours. Some keep times in
+// steps of two seconds, and some take long for a block.
+constexpr std::int64_t kCoarsestTime = 2 * kSecond, kLongestBlock = 60 * kSecond;
 
 bool SameContent(const DateiStand& one, const DateiStand& other) {
   return one.Bytes == other.Bytes && one.Time == other.Time;
@@ -208,7 +209,7 @@ EditRun::State EditRun::Look(std::size_t file, const Record* from) {
   const std::optional<DateiStand> before = from != nullptr ? from->Before : Before(file);
   if (!before) return State::Finished;
   DateiStand now;
-  const State there = Find(plan.Path, *before, now);
+  const State there = Find(plan.Path, *before, plan.Medium, now);
   if (there != State::Finished) return there;
   if (!SameContent(now, *before) && (from == nullptr || !MayBeBlock(plan, *from, now))) {
     return State::Changed;
@@ -218,14 +219,28 @@ EditRun::State EditRun::Look(std::size_t file, const Record* from) {
 
 bool EditRun::MayBeBlock(const PlanFile& plan, const Record& record, const DateiStand& now) {
   const Kind kind = plan.Steps[record.Step].What;
-  const bool size =
-      now.Bytes == record.Before.Bytes || (kind == Kind::Length && now.Bytes == plan.LengthAfter) ||
-      (kind == Kind::Reserve && now.Bytes >= record.Before.Bytes && now.Bytes <= plan.LengthAfter);
   // A medium that comes back may have another number, and numbers its files anew.
-  const bool replaced = now.Device == record.Before.Device &&
-                        (now.Inode != record.Before.Inode || now.Born != record.Before.Born);
-  const std::int64_t since = now.Time - note_.Time();
-  return size && !replaced && since >= -kCoarsestTime && since <= kLongestWrite;
+  if (now.Device == record.Before.Device && !now.SameFile(record.Before)) return false;
+  if (kind == Kind::Reserve) return IsReserved(plan, now);
+  const bool size =
+      now.Bytes == record.Before.Bytes || (kind == Kind::Length && now.Bytes == plan.LengthAfter);
+  const std::int64_t since = now.Time - record.Before.Time;
+  return size && since >= -kCoarsestTime && since <= kLongestBlock;
+}
+
+// What was reserved holds nothing yet.
+bool EditRun::IsReserved(const PlanFile& plan, const DateiStand& now) {
+  if (now.Bytes < plan.Before.Bytes || now.Bytes > plan.LengthAfter) return false;
+  const std::unique_ptr<Datei> file = dateien_.Open(plan.Path, Zugriff::Lesen);
+  file->Seek(plan.Before.Bytes);
+  for (std::size_t some = 1; some > 0;) {
+    some = file->ReadSome(block_.Data(), block_.Room());
+    const char* const end = block_.Data() + some;
+    if (std::find_if(block_.Data(), block_.Data() + some, [](char c) { return c != 0; }) != end) {
+      return false;
+    }
+  }
+  return true;
 }
 
 EditRun::State EditRun::LookAtHelpers(const PlanFile& plan, std::size_t step) {
@@ -233,28 +248,32 @@ EditRun::State EditRun::LookAtHelpers(const PlanFile& plan, std::size_t step) {
     if (plan.Steps[i].What != Kind::Copy) continue;
     const PlanHelper& helper = note_.Plan().Helpers[plan.Steps[i].Helper];
     DateiStand now;
-    const State there = Find(helper.Path, helper.Stand, now);
+    const State there = Find(helper.Path, helper.Stand, helper.Medium, now);
     if (there != State::Finished) return there;
     if (!SameContent(now, helper.Stand)) return State::Changed;
   }
   return State::Finished;
 }
 
-// A file that is missing has been removed, unless the folder is missing too or lies on another
-// medium, as an empty mount point does.
-EditRun::State EditRun::Find(const Text& path, const DateiStand& known, DateiStand& now) {
+// A file that is missing, or another one under its name, means that its medium is away, unless the
+// place lies on the medium that the note knows.
+EditRun::State EditRun::Find(const Text& path, const DateiStand& known, const Text& medium,
+                             DateiStand& now) {
   const auto missing = [](const Laufzeitfehler& fehler) {
     return fehler.Nummer == kFehlerDateiFehlt || fehler.Nummer == kFehlerPfadFehlt;
   };
+  bool found = true;
   try {
     now = dateien_.Stand(path);
-    return State::Finished;
+    if (now.SameFile(known)) return State::Finished;
   } catch (const Laufzeitfehler& fehler) {
     if (!missing(fehler)) throw;
+    found = false;
   }
   try {
-    const DateiStand folder = dateien_.Stand(path.substr(0, path.find_last_of(L'\\') + 1));
-    return folder.Device == known.Device ? State::Changed : State::MediumAway;
+    const Text folder = path.substr(0, path.find_last_of(L'\\') + 1);
+    if (dateien_.Medium(folder) != medium) return State::MediumAway;
+    return found ? State::Finished : State::Changed;
   } catch (const Laufzeitfehler& fehler) {
     if (!missing(fehler)) throw;
     return State::MediumAway;

@@ -46,6 +46,7 @@ void WaveEdits::Apply(const Edit& edit) {
     WaveLayout layout = LayoutOf(dateien_, wave.File, before);
     plan.Files.push_back(PlanWave(layout, wave, plan, dateien_));
     plan.Files.back().Before = before;
+    plan.Files.back().Medium = dateien_.Medium(wave.File);
   }
   plan.Scratch = edit.Scratch;
   Note note = Begin(std::move(plan), blockBytes_);
@@ -137,11 +138,14 @@ EditPlan WaveEdits::LoanPlan(const Silence& silence) {
   DateiStand before;
   WaveLayout layout = LayoutOf(dateien_, silence.File, before);
   const std::int64_t sound = layout.DataBytes, longer = sound + silence.Bytes;
+  const std::int64_t tail = layout.TailOffset;
+  const WaveEdit append{silence.File, sound, longer, {ZeroStep(sound, silence.Bytes)}};
+  const WaveEdit remove{silence.File, longer, sound, {}};
   plan.Loan = true;
-  plan.Files.push_back(PlanWave(
-      layout, {silence.File, sound, longer, {ZeroStep(sound, silence.Bytes)}}, plan, dateien_));
-  plan.Files.back().Before = before;
-  plan.Files.push_back(PlanWave(layout, {silence.File, longer, sound, {}}, plan, dateien_));
+  plan.Files.push_back(PlanWave(layout, append, plan, dateien_));
+  plan.Files.push_back(PlanWave(layout, remove, plan, dateien_, tail));
+  for (PlanFile& file : plan.Files) file.Medium = dateien_.Medium(silence.File);
+  plan.Files.front().Before = before;
   return plan;
 }
 
@@ -152,7 +156,7 @@ void WaveEdits::Lend(const std::vector<Silence>& silences) {
   for (const Silence& silence : silences) {
     const DateiStand stand = dateien_.Stand(silence.File);
     const auto same = std::find_if(merged.begin(), merged.end(),
-                                   [&](const auto& other) { return other.second == stand; });
+                                   [&](const auto& other) { return other.second.SameFile(stand); });
     if (same == merged.end()) {
       merged.emplace_back(silence, stand);
     } else {

@@ -301,6 +301,28 @@ TEST(Edits, WithoutRoomForAllTheSilenceNoFileKeepsAny) {
   }
 }
 
+// Programs that leave out the byte behind odd sound, or put something into it.
+TEST(Edits, TheByteThatFillsOddSoundUpStaysAsItIsWhereNothingMoves) {
+  const std::string data = "data" + Number(901, 4) + Noise(901),
+                    format = Chunk("fmt ", Format{}.Bytes());
+  for (const std::string& tail : {std::string(), kTail, "x" + kTail}) {
+    Loan loan;
+    const std::string wave = Riff(format + data + tail);
+    Put(loan / "a.wav", wave);
+    WaveEdits edits = loan.New();
+    loan.Lend(edits);
+    EXPECT_NE(Get(loan / "a.wav").find(Noise(901) + Zeros(6000)), std::string::npos);
+    edits.TakeBack();
+    std::string back = Get(loan / "a.wav");
+    if (tail.starts_with("x")) back[44 + 901] = 'x';  // it has made room for silence
+    EXPECT_EQ(back, wave);
+    Put(loan / "a.wav", wave);
+    edits.Apply({{{kA, 901, 901, {ZeroStep(4, 100)}}}, {}, {}});
+    EXPECT_EQ(Get(loan / "a.wav"), Riff(format + "data" + Number(901, 4) +
+                                        Noise(901).replace(4, 100, Zeros(100)) + tail));
+  }
+}
+
 // ---- others ----
 
 TEST(Edits, AFileThatOthersHaveChangedIsLeftAloneAndOneThatIsAwayIsWaitedFor) {
