@@ -79,7 +79,8 @@ bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
   }
 }
 
-// All tracks of the disc become targets in the temporary folder; false when they do not fit there.
+// All tracks of the disc become targets in the temporary folder; false when they do not fit there,
+// or their paths are too long for the catalog.
 bool frmHauptForm::KopieVorbereiten() {
   const Text ort = L"imgCDKopieren";
   vantora::frmKomponenten& k = prog.frmKomponenten();
@@ -109,7 +110,7 @@ bool frmHauptForm::KopieVorbereiten() {
     return false;
   }
   for (Text& datei : prog.GrabDateien) datei.insert(0, ordner);
-  return true;
+  return ZielePassen(prog);
 }
 
 // Reads the disc into the catalog, without a question; false when not all of it came.

@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kModusGrab = 1;
 constexpr double kMB = 1048576;
-constexpr std::size_t kLaengsterPfad = 100;  // that the catalog can hold
 constexpr const wchar_t* kEndung = L".wav";
 constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
@@ -143,6 +142,7 @@ bool frmCDPlayer::ErsetzenFragen(const Text& pfad) {
 bool frmCDPlayer::MehrereZiele() {
   const Text ordner = AddBackslash(prog.Wave_Export_Dir);
   for (Text& datei : prog.GrabDateien) datei.insert(0, ordner);
+  if (!ZielePassen(prog)) return false;
   return std::all_of(prog.GrabDateien.begin(), prog.GrabDateien.end(),
                      [this](const Text& datei) { return ErsetzenFragen(datei); });
 }

@@ -9,7 +9,7 @@
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
-#include <numeric>
+#include <algorithm>
 
 namespace vantora {
 
@@ -198,6 +198,15 @@ int GrabLauf::Laufen() {
 }
 
 }  // namespace
+
+bool ZielePassen(Programm& prog) {
+  const bool passen = std::all_of(prog.GrabDateien.begin(), prog.GrabDateien.end(),
+                                  [](const Text& datei) { return datei.size() <= kLaengsterPfad; });
+  if (passen) return true;
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+  prog.MsgBoxen(prog.Text(8085), kHinweis);
+  return false;
+}
 
 int SaveWave(Programm& prog) {
   return GrabLauf(prog).Laufen();

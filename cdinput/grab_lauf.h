@@ -10,6 +10,11 @@ namespace vantora {
 
 struct Programm;
 
+inline constexpr std::size_t kLaengsterPfad = 100;  // characters that the catalog can hold
+
+// False when the catalog could not hold the path of a target, which the user has then been told.
+bool ZielePassen(Programm& prog);
+
 // Reads `GrabTracks` into `GrabDateien` and tells the user how it ended. The drive must not be in
 // use for playing, and stays closed. 0 when all tracks were read, else 1; tracks that were finished
 // before stay in the catalog.

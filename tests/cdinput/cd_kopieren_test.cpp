@@ -119,6 +119,12 @@ TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyListAndNoBurn) {
   EXPECT_TRUE(b.Haupt().Window.Enabled);
 }
 
+TEST_F(CDKopieren, ATemporaryFolderTooLongForTheCatalogIsToldBeforeTheDiscIsRead) {
+  b.prog.Temporary_Directory = L"C:\\" + Text(90, L't');
+  EXPECT_EQ(Kopiert({kJa, kNein}), (std::vector<Text>{Einlegen(), Sagt(8085)}));
+  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+}
+
 TEST_F(CDKopieren, WithoutABurnerTheCatalogStays) {
   b.Katalog({L"viejo"});
   b.prog.BrennerBereit = false;

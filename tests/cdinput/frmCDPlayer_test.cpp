@@ -247,6 +247,19 @@ TEST_F(CDPlayer, NothingIsReadWhereThereIsNoRoom) {
   EXPECT_FALSE(b.prog.DateiExistiert(kWavs + L"Pista01.wav"));
 }
 
+TEST_F(CDPlayer, PathsThatTheCatalogCannotHoldAreRefusedBeforeAnythingIsRead) {
+  const Text ordner = L"C:\\" + Text(85, L'w');  // "\Pista01.wav" is 12 characters more
+  for (const Text& pfad : {ordner, ordner + L"w"}) b.platform.machine.files.MkDir(pfad);
+  b.prog.Wave_Export_Dir = ordner;
+  Oeffnen();
+  Waehlt({1, 2});
+  EXPECT_EQ(Sichert({kNein}), (std::vector<Text>{Sagt(23008)}));
+  EXPECT_EQ(b.Titel().size(), 2U);
+  b.prog.Wave_Export_Dir = ordner + L"w";
+  EXPECT_EQ(Sichert({kNein}), (std::vector<Text>{Sagt(8085)}));
+  EXPECT_FALSE(b.prog.DateiExistiert(ordner + L"w\\Pista01.wav"));
+}
+
 TEST_F(CDPlayer, ADataTrackOrARefusedOneEndsTheGrabWithTheTracksBeforeItInTheCatalog) {
   Laufwerk().Disc[1].Audio = false;
   Oeffnen();
