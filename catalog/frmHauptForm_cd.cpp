@@ -68,8 +68,10 @@ bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
       }
     } else if (ohneDisc()) {
       prog.AppLog(ort, L"No CD in CDROM. Result CDMode:" + ZahlText(k.CDModus));
+      const Text fehler = k.ImageFehler();
       k.CD_Close();
-      if (!frage(LoadResString(8026) + kZeilenEnde + LoadResString(8025))) return false;
+      const Text grund = fehler.empty() ? LoadResString(8026) : fehler;
+      if (!frage(grund + kZeilenEnde + LoadResString(8025))) return false;
     } else if (ohneDisc()) {
       // It was there a moment ago: the drive cannot read it.
       if (frage(LoadResString(8026) + kZeilenEnde + LoadResString(8027))) return false;

@@ -201,9 +201,10 @@ void frmCDPlayer::DiscOeffnen() {
       schleife.MousePointer(Pointer::Normal);
       return;
     } else {
+      const Text fehler = k.ImageFehler();
       k.CD_Close();
       prog.AppLog(L"lstDriveLetter:", L"No CD in CDROM. Result CDMode:" + ZahlText(k.CDModus));
-      meldung = LoadResString(5008);
+      meldung = fehler.empty() ? LoadResString(5008) : fehler;
     }
     if (nochmal(meldung)) continue;
     Freigeben(false);

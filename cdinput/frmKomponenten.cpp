@@ -165,6 +165,18 @@ void frmKomponenten::ACD_Close() {
 bool frmKomponenten::CD_Check() {
   return CD.Tracks() != 0;
 }
+
+Text frmKomponenten::ImageFehler() const {
+  const SheetFault fehler = CD.Fault();
+  if (fehler.Sheet.empty()) return Text();
+  const Text stelle = fehler.Sheet + LoadResString(30071) + ZahlText(fehler.Line);
+  const Text text = fehler.File.empty()
+                        ? LoadResString(30070) + stelle + L"."
+                        : LoadResString(30072) + fehler.File + L" (" + stelle + L").";
+  prog.AppLog(L"CD_Check", text);
+  return text;
+}
+
 int frmKomponenten::GetNumTracks() {
   return CD.Tracks();
 }

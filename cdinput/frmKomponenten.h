@@ -31,6 +31,8 @@ class frmKomponenten final : public VtrFenster {
   void ACD_Close();
 
   bool CD_Check();
+  // Traces and returns why an image that lies in the open drive is no disc; blank when none does.
+  Text ImageFehler() const;
   int GetNumTracks();
   int GetCDLength();
   int GetTrackLength(int track);

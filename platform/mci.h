@@ -18,6 +18,13 @@ enum MciMode : int {
 enum MciTimeFormat : int { kMciMilliseconds = 0, kMciMsf = 2, kMciTmsf = 10 };
 enum MciStatusItem : int { kMciLength = 1, kMciPosition = 2, kMciNumberOfTracks = 3 };
 
+// Why the image that lies in a drive is no disc.
+struct SheetFault {
+  Text Sheet;    // name of the file that describes it
+  int Line = 0;  // of the sheet, from 1
+  Text File;     // that is missing or cannot be read; blank when the line was not understood
+};
+
 class MMControl {
  public:
   virtual ~MMControl() = default;
@@ -29,6 +36,8 @@ class MMControl {
   virtual int Mode() = 0;        // one of MciMode
   virtual int Tracks() = 0;      // 0 without a disc
   virtual int Length() = 0;      // in the time format
+  // For an image that is no disc; a blank sheet when there is none, or one that is a disc.
+  virtual SheetFault Fault() { return {}; }
   virtual void Track(int track) = 0;
   virtual int TrackLength() = 0;
   virtual void TimeFormat(int format) = 0;

@@ -13,7 +13,8 @@ namespace vantora {
 constexpr int kCdSectorsPerSecond = 75;
 constexpr int kCdSectorBytes = 2352;
 constexpr int kCdSectorFrames = 588;
-constexpr int kCdLeadInSectors = 150;  // from the disc's own zero to sector 0
+constexpr int kCdSubchannelBytes = 96;  // that some images hold behind each sector
+constexpr int kCdLeadInSectors = 150;   // from the disc's own zero to sector 0
 
 struct CdTrack {
   int Start = 0;

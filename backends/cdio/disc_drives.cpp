@@ -34,15 +34,29 @@ bool DiscDrives::MayUse(const DiscDrive& drive) const {
   return true;
 }
 
-std::unique_ptr<Disc> DiscDrives::Open(const DiscDrive& drive) const {
-  if (!drive.Device.empty()) return DriveDisc::Open(drive.Device);
+std::unique_ptr<Disc> DiscDrives::Open(const DiscDrive& drive, SheetFault* fault) const {
+  SheetFault first;
+  std::unique_ptr<Disc> disc;
+  if (!drive.Device.empty()) {
+    disc = DriveDisc::Open(drive.Device);
+  } else {
+    disc = InTray(drive.Tray, first);
+  }
+  if (fault != nullptr) *fault = disc ? SheetFault{} : first;
+  return disc;
+}
+
+std::unique_ptr<Disc> DiscDrives::InTray(const Text& tray, SheetFault& fault) const {
   try {
-    const Text folder = drive.Tray.ends_with(L"\\") ? drive.Tray : drive.Tray + L"\\";
+    const Text folder = tray.ends_with(L"\\") ? tray : tray + L"\\";
     for (const Text& name : files_.List(folder, L"*.cue;*.toc")) {
       try {
         return std::make_unique<ImageDisc>(files_, folder + name);
-      } catch (const Laufzeitfehler&) {
+      } catch (const SheetFailure& failure) {
         // Half an image, or a sheet of something else: the next one may be the disc.
+        if (fault.Sheet.empty()) fault = failure.What;
+      } catch (const Laufzeitfehler&) {
+        // Taken out of the tray at this moment.
       }
     }
   } catch (const Laufzeitfehler&) {

@@ -5,6 +5,7 @@
 #include "backends/cdio/disc.h"
 
 #include "platform/files.h"
+#include "platform/mci.h"
 
 #include <functional>
 #include <memory>
@@ -34,9 +35,12 @@ class DiscDrives {
   // False: the system keeps the drive from this program, or somebody holds it for himself.
   bool MayUse(const DiscDrive& drive) const;
   // The disc that lies in it now; nothing when there is none, or none that can be understood.
-  std::unique_ptr<Disc> Open(const DiscDrive& drive) const;
+  // `fault` is told of the first sheet that was not understood while there is no disc.
+  std::unique_ptr<Disc> Open(const DiscDrive& drive, SheetFault* fault = nullptr) const;
 
  private:
+  std::unique_ptr<Disc> InTray(const Text& tray, SheetFault& fault) const;
+
   Dateien& files_;
   ListCall list_;
 };

@@ -112,7 +112,7 @@ void DiscPlayer::LookAtMedium() {
   if (stream_) return;  // its thread has the disc; one that is gone ends the sound
   if (disc_ && disc_->StillThere()) return;
   if (disc_ && mode_ != kMciReady) mode_ = kMciStop;
-  disc_ = drives_.Open(drive_);
+  disc_ = drives_.Open(drive_, &fault_);
   sector_ = disc_ ? disc_->Toc().Track(1).Start : 0;
 }
 

@@ -30,6 +30,7 @@ class DiscPlayer final : public MMControl {
   int Mode() override { return mode_; }
   int Tracks() override;
   int Length() override { return InFormat(0); }
+  SheetFault Fault() override { return fault_; }
   void Track(int track) override { track_ = track; }
   int TrackLength() override;
   void TimeFormat(int format) override { format_ = format; }
@@ -69,6 +70,7 @@ class DiscPlayer final : public MMControl {
   std::shared_ptr<int> interval_;  // a new one for each UpdateInterval
   DiscDrive drive_;
   std::shared_ptr<Disc> disc_;
+  SheetFault fault_;                     // at the last look at the drive
   int sector_ = 0;                       // where it stands, or began to play
   std::unique_ptr<SoundStream> stream_;  // behind `disc_`: its thread reads it
 };

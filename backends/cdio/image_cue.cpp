@@ -1,15 +1,19 @@
-// The notation CUE.
+// The notation CUE, as the programs that write it have it and not as its manual does: words in
+// small letters, names without quotes or with one too many, files whose kind is left out.
 
 #include "backends/cdio/image_layout.h"
+#include "backends/cdio/sheet_text.h"
 
 #include <algorithm>
-#include <cctype>
+#include <array>
 #include <optional>
 #include <sstream>
 
 namespace vantora {
 
 namespace {
+
+constexpr const char* kBlanks = " \t";
 
 struct CueFile {
   Text Path;
@@ -18,6 +22,7 @@ struct CueFile {
 };
 
 struct CueEntry {
+  int Line = 0;          // of the sheet
   std::size_t File = 0;  // of the files of the sheet: where its sound begins
   int SectorBytes = kCdSectorBytes;
   bool Audio = true;
@@ -25,30 +30,47 @@ struct CueEntry {
   int Pregap = 0, Postgap = 0;        // sectors of silence that no file holds
 };
 
-// The words of a line, quoted ones whole.
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
 std::vector<std::string> Words(const std::string& line) {
   std::vector<std::string> words;
-  for (std::size_t at = 0; at < line.size();) {
-    if (std::isspace(static_cast<unsigned char>(line[at])) != 0) {
-      ++at;
-      continue;
-    }
-    const bool quoted = line[at] == '"';
-    const std::size_t begin = quoted ? at + 1 : at;
-    const std::size_t end =
-        std::min(line.find_first_of(quoted ? "\"" : " \t\r\n", begin), line.size());
-    words.push_back(line.substr(begin, end - begin));
-    at = end + (quoted ? 1 : 0);
-  }
+  std::istringstream rest(InCapitals(line));
+  for (std::string word; rest >> word;) words.push_back(word);
   return words;
+}
+
+struct NameAndKind {
+  std::string Name, Kind;
+};
+
+bool IsKind(const std::string& word) {
+  constexpr std::array kKinds{"BINARY", "MOTOROLA", "WAVE", "AIFF", "MP3"};
+  return std::find(kKinds.begin(), kKinds.end(), word) != kKinds.end();
+}
+
+// The rest of a line FILE. A name may hold quotes of its own, and blanks even without quotes.
+NameAndKind NameAndKindOf(const std::string& rest) {
+  if (rest.starts_with('"')) {
+    const std::size_t end = rest.rfind('"');
+    if (end == 0) return {rest.substr(1), {}};
+    return {rest.substr(1, end - 1), InCapitals(Trimmed(rest.substr(end + 1)))};
+  }
+  const std::size_t blank = rest.find_last_of(kBlanks);
+  if (blank == std::string::npos) return {rest, {}};
+  const std::string last = InCapitals(rest.substr(blank + 1));
+  return IsKind(last) ? NameAndKind{Trimmed(rest.substr(0, blank)), last} : NameAndKind{rest, {}};
 }
 
 int SectorBytesOf(const std::string& mode) {
   if (mode == "AUDIO") return kCdSectorBytes;
-  if (mode == "CDG") return 2448;
+  if (mode == "CDG") return kCdSectorBytes + kCdSubchannelBytes;
   const std::size_t slash = mode.find('/');
   const std::string bytes = slash == std::string::npos ? "" : mode.substr(slash + 1);
-  for (const int possible : {2048, 2336, 2352}) {
+  for (const int possible : {2048, 2324, 2336, 2352, 2448}) {
     if (bytes == std::to_string(possible)) return possible;
   }
   SheetMakesNoSense();
@@ -56,18 +78,25 @@ int SectorBytesOf(const std::string& mode) {
 
 class CueReader {
  public:
-  CueReader(Dateien& files, const Text& sheet) : files_(files), sheet_(sheet) {}
+  CueReader(Dateien& files, const Text& sheet, SheetFault& where)
+      : files_(files), sheet_(sheet), where_(where) {}
 
   void Line(const std::string& line) {
+    ++where_.Line;
     const std::vector<std::string> words = Words(line);
     if (words.empty()) return;
     const std::string& what = words[0];
-    if (what == "FILE" && words.size() >= 3) AddFile(words[1], words.back());
-    if (what == "TRACK" && words.size() >= 3) AddTrack(words[2]);
-    if (tracks_.empty()) return;
-    if (what == "INDEX" && words.size() >= 3) AddIndex(words[1], Time(words[2]));
-    if (what == "PREGAP" && words.size() >= 2) tracks_.back().Pregap = Time(words[1]);
-    if (what == "POSTGAP" && words.size() >= 2) tracks_.back().Postgap = Time(words[1]);
+    const auto word = [&words](std::size_t place) {
+      if (place >= words.size()) SheetMakesNoSense();
+      return words[place];
+    };
+    if (what == "FILE") return AddFile(Trimmed(Trimmed(line).substr(what.size())));
+    if (what == "TRACK") return AddTrack(word(2));
+    if (what != "INDEX" && what != "PREGAP" && what != "POSTGAP") return;
+    if (tracks_.empty()) SheetMakesNoSense();
+    if (what == "INDEX") AddIndex(word(1), Time(word(2)));
+    if (what == "PREGAP") tracks_.back().Pregap = Time(word(1));
+    if (what == "POSTGAP") tracks_.back().Postgap = Time(word(1));
   }
 
   ImageLayout Layout() {
@@ -75,7 +104,12 @@ class CueReader {
     if (!tracks_.empty()) {
       tracks_.front().Pregap = std::max(tracks_.front().Pregap - kCdLeadInSectors, 0);
     }
-    for (std::size_t i = 0; i < tracks_.size(); ++i) Place(i);
+    const int lines = where_.Line;
+    for (std::size_t i = 0; i < tracks_.size(); ++i) {
+      where_.Line = tracks_[i].Line;
+      Place(i);
+    }
+    where_.Line = lines;
     layout_.Toc.LeadOut = sector_;
     return std::move(layout_);
   }
@@ -87,39 +121,52 @@ class CueReader {
     return sectors;
   }
 
-  void AddFile(const std::string& name, const std::string& kind) {
+  void AddFile(const std::string& rest) {
+    const auto [name, kind] = NameAndKindOf(rest);
+    where_.File = SheetName(name);
     CueFile file;
-    file.Path = FileOfSheet(files_, sheet_, name);
+    file.Path = FileOfSheet(files_, sheet_, where_.File);
     file.BigEndian = kind == "MOTOROLA";
-    file.Wave = kind == "WAVE";
-    if (!file.Wave && !file.BigEndian && kind != "BINARY") SheetMakesNoSense();
+    file.Wave = kind == "WAVE" || (kind.empty() && NamedAsWave(file.Path));
+    if (!file.Wave && !file.BigEndian && kind != "BINARY" && !kind.empty()) SheetMakesNoSense();
     file.Place =
         file.Wave ? PlaceOfWave(files_, file.Path) : SoundPlace{0, files_.FileLen(file.Path)};
+    where_.File.clear();
     sheetFiles_.push_back(file);
   }
 
   void AddTrack(const std::string& mode) {
-    if (sheetFiles_.empty()) SheetMakesNoSense();
+    if (sheetFiles_.empty() || tracks_.size() == kMostDiscTracks) SheetMakesNoSense();
     CueEntry track;
+    track.Line = where_.Line;
     track.SectorBytes = SectorBytesOf(mode);
-    track.Audio = mode == "AUDIO";
+    track.Audio = mode == "AUDIO" || mode == "CDG";
     track.File = sheetFiles_.size() - 1;
     tracks_.push_back(track);
   }
 
   void AddIndex(const std::string& number, int sector) {
+    if (number.find_first_not_of("0123456789") != std::string::npos) SheetMakesNoSense();
     CueEntry& track = tracks_.back();
     const std::size_t file = sheetFiles_.size() - 1;
+    const bool first = number == "01" || number == "1";
     // A gap at the end of the file before is no part of the file in which the track begins.
-    if (number == "01" && file != track.File) track.Index0.reset();
-    if (number == "00") track.Index0 = sector;
-    if (number == "01") {
+    if (first && file != track.File) track.Index0.reset();
+    if (number == "00" || number == "0") track.Index0 = sector;
+    if (first) {
       track.Index1 = sector;
       track.File = file;
     }
   }
 
   static int First(const CueEntry& track) { return track.Index0.value_or(*track.Index1); }
+
+  // Sectors of the file behind those that have been laid down. Less than a sector at the end of an
+  // image is none; a wave may end within its last.
+  int InRest(const CueEntry& track, const CueFile& file) const {
+    const std::int64_t left = file.Place.Bytes - offset_ + (file.Wave ? track.SectorBytes - 1 : 0);
+    return static_cast<int>(std::clamp<std::int64_t>(left / track.SectorBytes, 0, 1 << 20));
+  }
 
   // Lays down what the track's file holds from its first index to the next track's, and everything
   // in front of the first track of a file with it.
@@ -134,37 +181,43 @@ class CueReader {
     const int begin = firstOfFile ? 0 : First(track);
     if (First(track) < begin || *track.Index1 < begin || begin != inFile_) SheetMakesNoSense();
     const CueFile& file = sheetFiles_[track.File];
-    const std::int64_t left = std::max<std::int64_t>(file.Place.Bytes - offset_, 0);
     const bool more = number + 1 < tracks_.size() && tracks_[number + 1].File == track.File;
-    if (more && !tracks_[number + 1].Index1) SheetMakesNoSense();
-    // A sector that is there in part counts: its rest has been lost.
-    const auto inRest = static_cast<int>(
-        std::min<std::int64_t>((left + track.SectorBytes - 1) / track.SectorBytes, 1 << 20));
-    const int end = more ? First(tracks_[number + 1]) : std::max(begin + inRest, *track.Index1 + 1);
+    if (more && !tracks_[number + 1].Index1) {
+      where_.Line = tracks_[number + 1].Line;
+      SheetMakesNoSense();
+    }
+    const int end = more ? First(tracks_[number + 1])
+                         : std::max(begin + InRest(track, file), *track.Index1 + 1);
     if (end <= *track.Index1) SheetMakesNoSense();
 
     sector_ += track.Pregap;
     layout_.Toc.Tracks.push_back({sector_ + *track.Index1 - begin, 0, track.Audio});
-    AddPiece(track, file, end - begin, left);
+    AddPiece(track, file, end - begin);
     sector_ += end - begin + track.Postgap;
+    if (sector_ > kMostDiscSectors) SheetMakesNoSense();
     inFile_ = end;
     offset_ += std::int64_t{end - begin} * track.SectorBytes;
   }
 
-  void AddPiece(const CueEntry& track, const CueFile& file, int sectors, std::int64_t left) {
+  void AddPiece(const CueEntry& track, const CueFile& file, int sectors) {
     if (!track.Audio) return;
     ImagePiece piece;
     piece.Start = std::int64_t{sector_} * kCdSectorBytes;
     piece.Bytes = std::int64_t{sectors} * kCdSectorBytes;
-    if (file.Wave) piece.Bytes = std::min(piece.Bytes, left);  // silence to the end of the sector
+    if (file.Wave) {  // silence to the end of the sector
+      const std::int64_t left = std::max<std::int64_t>(file.Place.Bytes - offset_, 0);
+      piece.Bytes = std::min(piece.Bytes, left);
+    }
     piece.File = file.Path;
     piece.Offset = file.Place.Offset + offset_;
     piece.BigEndian = file.BigEndian;
+    piece.SectorBytes = track.SectorBytes;
     layout_.Pieces.push_back(piece);
   }
 
   Dateien& files_;
   const Text& sheet_;
+  SheetFault& where_;
   std::vector<CueFile> sheetFiles_;
   std::vector<CueEntry> tracks_;
   ImageLayout layout_;
@@ -175,9 +228,10 @@ class CueReader {
 
 }  // namespace
 
-ImageLayout LayoutOfCue(Dateien& files, const Text& sheet, const std::string& text) {
-  CueReader reader(files, sheet);
-  std::istringstream lines(text.substr(text.starts_with("\xEF\xBB\xBF") ? 3 : 0));
+ImageLayout LayoutOfCue(Dateien& files, const Text& sheet, const std::string& text,
+                        SheetFault& where) {
+  CueReader reader(files, sheet, where);
+  std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) reader.Line(line);
   return reader.Layout();
 }

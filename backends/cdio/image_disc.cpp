@@ -52,16 +52,20 @@ void ImageDisc::Fill(std::int64_t from, char* target, std::size_t bytes) {
       target += piece->Start - from;
       from = piece->Start;
     }
-    const std::int64_t part = std::min(to, piece->Start + piece->Bytes) - from;
+    const std::int64_t at = from - piece->Start;
+    std::int64_t part = std::min(to, piece->Start + piece->Bytes) - from;
+    if (piece->SectorBytes != kCdSectorBytes) {
+      part = std::min<std::int64_t>(part, kCdSectorBytes - at % kCdSectorBytes);
+    }
     Datei& file = *open_.at(piece->File);
-    file.Seek(piece->Offset + from - piece->Start);
+    file.Seek(piece->Offset + at / kCdSectorBytes * piece->SectorBytes + at % kCdSectorBytes);
     file.Read(target, static_cast<std::size_t>(part));
     if (piece->BigEndian) {
       for (std::int64_t i = 0; i + 1 < part; i += 2) std::swap(target[i], target[i + 1]);
     }
     target += part;
     from += part;
-    ++piece;
+    if (from >= piece->Start + piece->Bytes) ++piece;
   }
 }
 

@@ -1,45 +1,15 @@
 #include "backends/cdio/image_layout.h"
 
+#include "backends/cdio/sheet_text.h"
 #include "backends/sound/wave_layout.h"
 
-#include "platform/laufzeitfehler.h"
-
 #include <algorithm>
-#include <cstdio>
 
 namespace vantora {
 
 namespace {
 
 constexpr std::int64_t kMostSheetBytes = 1 << 20;
-constexpr std::size_t kMostTracks = 99;
-constexpr int kMostSectors = 100 * 60 * kCdSectorsPerSecond;
-
-// The wide characters of UTF-8; blank for what is none.
-Text FromUtf8(const std::string& bytes) {
-  Text text;
-  for (std::size_t at = 0; at < bytes.size();) {
-    const auto lead = static_cast<unsigned char>(bytes[at++]);
-    const int more = lead < 0x80 ? 0 : lead < 0xC2 ? -1 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    if (more < 0 || lead > 0xF4 || at + static_cast<std::size_t>(more) > bytes.size()) return {};
-    unsigned letter = more == 0 ? lead : lead & (0x3FU >> static_cast<unsigned>(more));
-    for (int i = 0; i < more; ++i) {
-      const auto next = static_cast<unsigned char>(bytes[at++]);
-      if ((next & 0xC0U) != 0x80) return {};
-      letter = letter << 6U | (next & 0x3FU);
-    }
-    text += static_cast<wchar_t>(letter);
-  }
-  return text;
-}
-
-// Sheets carry no word about their letters: UTF-8 when it is that, the Latin letters of old if not.
-Text Decoded(const std::string& bytes) {
-  Text text = FromUtf8(bytes);
-  if (!text.empty() || bytes.empty()) return text;
-  for (const char byte : bytes) text += static_cast<wchar_t>(static_cast<unsigned char>(byte));
-  return text;
-}
 
 bool Exists(Dateien& files, const Text& path) {
   try {
@@ -51,7 +21,7 @@ bool Exists(Dateien& files, const Text& path) {
 }
 
 void Check(const CdToc& toc) {
-  if (toc.Tracks.empty() || toc.Tracks.size() > kMostTracks || toc.LeadOut > kMostSectors) {
+  if (toc.Tracks.empty() || toc.Tracks.size() > kMostDiscTracks || toc.LeadOut > kMostDiscSectors) {
     SheetMakesNoSense();
   }
   int before = -1;
@@ -62,33 +32,48 @@ void Check(const CdToc& toc) {
   if (toc.LeadOut <= before) SheetMakesNoSense();
 }
 
+bool EndsWith(const Text& name, const Text& ending) {
+  const std::size_t length = std::min(name.size(), ending.size());
+  return std::equal(
+      name.end() - static_cast<std::ptrdiff_t>(length), name.end(), ending.begin(), ending.end(),
+      [](wchar_t a, wchar_t b) { return (a >= L'A' && a <= L'Z' ? a - L'A' + L'a' : a) == b; });
+}
+
+ImageLayout LayoutOf(Dateien& files, const Text& sheet, SheetFault& where) {
+  const auto file = files.Open(sheet, Zugriff::Lesen);
+  if (file->Length() > kMostSheetBytes) SheetMakesNoSense();
+  std::string bytes(static_cast<std::size_t>(file->Length()), '\0');
+  file->Read(bytes.data(), bytes.size());
+  const std::string text = SheetText(bytes);
+  ImageLayout layout = EndsWith(sheet, L".toc") ? LayoutOfToc(files, sheet, text, where)
+                                                : LayoutOfCue(files, sheet, text, where);
+  Check(layout.Toc);
+  return layout;
+}
+
 }  // namespace
 
 void SheetMakesNoSense() {
   throw Laufzeitfehler(kFehlerEinAusgabe, L"La imagen del disco no se entiende.");
 }
 
-Text FileOfSheet(Dateien& files, const Text& sheet, const std::string& name) {
-  const Text plain = Decoded(name.substr(name.find_last_of("/\\") + 1));
-  Text beside = sheet.substr(0, sheet.rfind(L'\\') + 1) + plain;
-  if (Exists(files, beside)) return beside;
+Text FileOfSheet(Dateien& files, const Text& sheet, const Text& name) {
+  const Text folder = sheet.substr(0, sheet.rfind(L'\\') + 1);
+  Text path = name;
+  std::replace(path.begin(), path.end(), L'/', L'\\');
+  const Text plain = path.substr(path.rfind(L'\\') + 1);
+  if (plain.empty()) SheetMakesNoSense();
+  // Not a path of the machine on which the sheet was written, nor one that leads out of the folder.
+  const bool below = path[0] != L'\\' && path.find(L':') == Text::npos &&
+                     (L'\\' + path).find(L"\\..\\") == Text::npos;
+  if (below && Exists(files, folder + path)) return folder + path;
+  if (Exists(files, folder + plain)) return folder + plain;
   // A pair that was given another name together.
   const std::size_t dot = plain.rfind(L'.');
   Text renamed =
       sheet.substr(0, sheet.rfind(L'.')) + (dot == Text::npos ? Text() : plain.substr(dot));
-  if (!plain.empty() && renamed != sheet && Exists(files, renamed)) return renamed;
+  if (renamed != sheet && Exists(files, renamed)) return renamed;
   throw Laufzeitfehler(kFehlerDateiFehlt, L"Falta un archivo de la imagen del disco.");
-}
-
-int SheetTime(const std::string& text) {
-  int minutes = 0, seconds = 0, frames = 0, end = 0;
-  const int found = std::sscanf(text.c_str(), "%3d:%2d:%2d%n", &minutes, &seconds, &frames, &end);
-  const bool whole = found == 3 && static_cast<std::size_t>(end) == text.size();
-  if (!whole || minutes < 0 || seconds < 0 || seconds > 59 || frames < 0 ||
-      frames >= kCdSectorsPerSecond) {
-    return -1;
-  }
-  return (minutes * 60 + seconds) * kCdSectorsPerSecond + frames;
 }
 
 SoundPlace PlaceOfWave(Dateien& files, const Text& file) {
@@ -100,23 +85,24 @@ SoundPlace PlaceOfWave(Dateien& files, const Text& file) {
   return {layout.DataOffset, layout.DataBytes};
 }
 
-ImageLayout ReadSheet(Dateien& files, const Text& sheet) {
-  const auto file = files.Open(sheet, Zugriff::Lesen);
-  if (file->Length() > kMostSheetBytes) SheetMakesNoSense();
-  std::string text(static_cast<std::size_t>(file->Length()), '\0');
-  file->Read(text.data(), text.size());
+bool NamedAsWave(const Text& file) {
+  return EndsWith(file, L".wav");
+}
 
-  Text ending = sheet.substr(std::max<std::size_t>(sheet.size(), 4) - 4);
-  std::transform(ending.begin(), ending.end(), ending.begin(),
-                 [](wchar_t c) { return c >= L'A' && c <= L'Z' ? c - (L'A' - L'a') : c; });
-  ImageLayout layout =
-      ending == L".toc" ? LayoutOfToc(files, sheet, text) : LayoutOfCue(files, sheet, text);
-  Check(layout.Toc);
-  for (int track = 1; track <= layout.Toc.Count(); ++track) {
-    CdTrack& entry = layout.Toc.Tracks[static_cast<std::size_t>(track) - 1];
-    entry.Sectors = layout.Toc.End(track) - entry.Start;
+ImageLayout ReadSheet(Dateien& files, const Text& sheet) {
+  SheetFault where;
+  where.Sheet = sheet.substr(sheet.rfind(L'\\') + 1);
+  try {
+    ImageLayout layout = LayoutOf(files, sheet, where);
+    for (int track = 1; track <= layout.Toc.Count(); ++track) {
+      CdTrack& entry = layout.Toc.Tracks[static_cast<std::size_t>(track) - 1];
+      entry.Sectors = layout.Toc.End(track) - entry.Start;
+    }
+    return layout;
+  } catch (const Laufzeitfehler& cause) {
+    where.Line = std::max(where.Line, 1);
+    throw SheetFailure(cause, where);
   }
-  return layout;
 }
 
 }  // namespace vantora

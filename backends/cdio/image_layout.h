@@ -1,6 +1,7 @@
 // What a sheet says of its image: where on the disc the sound of which file lies. Two notations:
 // CUE, with images that are BINARY, MOTOROLA or WAVE, one file for all tracks or one for each; and
-// the TOC of cdrdao. The files are looked for beside the sheet, whatever folder it names.
+// the TOC of cdrdao. The files are looked for in the folder that the sheet names, as seen from its
+// own, and beside it.
 //
 // libcdio reads sheets too, but takes only the one BIN file that is named like the sheet, and gives
 // wrong starts where a TOC begins a track later than its file.
@@ -9,6 +10,8 @@
 #include "backends/cdio/disc.h"
 
 #include "platform/files.h"
+#include "platform/laufzeitfehler.h"
+#include "platform/mci.h"
 
 #include <cstdint>
 #include <string>
@@ -22,6 +25,7 @@ struct ImagePiece {
   Text File;
   std::int64_t Offset = 0;  // bytes into the file
   bool BigEndian = false;
+  int SectorBytes = kCdSectorBytes;  // in the file; what is more than a sector is subchannel data
 };
 
 struct ImageLayout {
@@ -29,24 +33,39 @@ struct ImageLayout {
   std::vector<ImagePiece> Pieces;  // by their start, none over another
 };
 
-// Raises a Laufzeitfehler for a sheet that makes no sense, or one with a file missing. A file that
-// is too short for its tracks is no failure: its disc is read up to there.
+// A sheet that was not understood, or one with a file that is missing or of a kind that cannot be
+// read.
+class SheetFailure : public Laufzeitfehler {
+ public:
+  SheetFailure(const Laufzeitfehler& cause, SheetFault what)
+      : Laufzeitfehler(cause), What(std::move(what)) {}
+  SheetFault What;
+};
+
+// Raises a SheetFailure; a file that is too short for its tracks is none: its disc is read up to
+// there.
 ImageLayout ReadSheet(Dateien& files, const Text& sheet);
 
 // ---- for the two notations ----
 
 [[noreturn]] void SheetMakesNoSense();
 // Product path of a file that a sheet names.
-Text FileOfSheet(Dateien& files, const Text& sheet, const std::string& name);
-// "mm:ss:ff" in sectors, nothing else before or behind; -1 for what is no time.
-int SheetTime(const std::string& text);
+Text FileOfSheet(Dateien& files, const Text& sheet, const Text& name);
 // Where the sound of a file lies in it.
 struct SoundPlace {
   std::int64_t Offset = 0, Bytes = 0;
 };
 SoundPlace PlaceOfWave(Dateien& files, const Text& file);
+bool NamedAsWave(const Text& file);
 
-ImageLayout LayoutOfCue(Dateien& files, const Text& sheet, const std::string& text);
-ImageLayout LayoutOfToc(Dateien& files, const Text& sheet, const std::string& text);
+constexpr int kMostDiscSectors = 100 * 60 * kCdSectorsPerSecond;
+constexpr std::size_t kMostDiscTracks = 99;
+
+// `where` is told how far the reading has come: the line, and the file of that line while it is
+// looked at.
+ImageLayout LayoutOfCue(Dateien& files, const Text& sheet, const std::string& text,
+                        SheetFault& where);
+ImageLayout LayoutOfToc(Dateien& files, const Text& sheet, const std::string& text,
+                        SheetFault& where);
 
 }  // namespace vantora

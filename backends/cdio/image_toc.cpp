@@ -1,6 +1,7 @@
 // The notation TOC of cdrdao. Sound in files without a header is big-endian in it.
 
 #include "backends/cdio/image_layout.h"
+#include "backends/cdio/sheet_text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -11,42 +12,69 @@ namespace vantora {
 namespace {
 
 constexpr int kFrameBytes = 4;
+constexpr std::int64_t kMostBytes = std::int64_t{kMostDiscSectors} * kCdSectorBytes;
 
 struct Word {
   std::string Text;
+  int Line = 0;
   bool Quoted = false;
 };
 
-std::vector<Word> Words(const std::string& text) {
-  std::vector<Word> words;
-  for (std::size_t at = 0; at < text.size();) {
-    if (std::isspace(static_cast<unsigned char>(text[at])) != 0) {
-      ++at;
-    } else if (text.compare(at, 2, "//") == 0) {
-      at = std::min(text.find('\n', at), text.size());
-    } else if (text[at] == '"') {
-      Word word{{}, true};
-      for (++at; at < text.size() && text[at] != '"'; ++at) {
-        if (text[at] == '\\' && at + 1 < text.size()) ++at;
-        word.Text += text[at];
+class Splitter {
+ public:
+  explicit Splitter(const std::string& text) : text_(text) {}
+
+  std::vector<Word> Words() {
+    while (at_ < text_.size()) {
+      if (std::isspace(static_cast<unsigned char>(text_[at_])) != 0) {
+        line_ += text_[at_++] == '\n' ? 1 : 0;
+      } else if (text_.compare(at_, 2, "//") == 0) {
+        at_ = std::min(text_.find('\n', at_), text_.size());
+      } else if (text_[at_] == '"') {
+        Quoted();
+      } else if (text_[at_] == '{' || text_[at_] == '}') {
+        words_.push_back({std::string(1, text_[at_++]), line_, false});
+      } else {
+        const std::size_t end = std::min(text_.find_first_of(" \t\v\f\n{}\"", at_), text_.size());
+        words_.push_back({text_.substr(at_, end - at_), line_, false});
+        at_ = end;
       }
-      ++at;
-      words.push_back(word);
-    } else if (text[at] == '{' || text[at] == '}') {
-      words.push_back({std::string(1, text[at++]), false});
-    } else {
-      const std::size_t end = std::min(text.find_first_of(" \t\r\n{}\"", at), text.size());
-      words.push_back({text.substr(at, end - at), false});
-      at = end;
     }
+    return std::move(words_);
   }
-  return words;
-}
+
+ private:
+  bool IsOctal(std::size_t place) const {
+    return place < text_.size() && text_[place] >= '0' && text_[place] <= '7';
+  }
+
+  // "\" stands before a quote or itself, or before the three digits of a letter.
+  void Quoted() {
+    Word word{{}, line_, true};
+    for (++at_; at_ < text_.size() && text_[at_] != '"'; ++at_) {
+      line_ += text_[at_] == '\n' ? 1 : 0;
+      if (text_[at_] == '\\' && IsOctal(at_ + 1) && IsOctal(at_ + 2) && IsOctal(at_ + 3)) {
+        word.Text += static_cast<char>(std::stoi(text_.substr(at_ + 1, 3), nullptr, 8));
+        at_ += 3;
+        continue;
+      }
+      if (text_[at_] == '\\' && at_ + 1 < text_.size()) ++at_;
+      word.Text += text_[at_];
+    }
+    ++at_;
+    words_.push_back(word);
+  }
+
+  const std::string& text_;
+  std::size_t at_ = 0;
+  int line_ = 1;
+  std::vector<Word> words_;
+};
 
 class TocReader {
  public:
-  TocReader(Dateien& files, const Text& sheet, const std::string& text)
-      : files_(files), sheet_(sheet), words_(Words(text)) {}
+  TocReader(Dateien& files, const Text& sheet, const std::string& text, SheetFault& where)
+      : files_(files), sheet_(sheet), where_(where), words_(Splitter(text).Words()) {}
 
   ImageLayout Layout() {
     while (at_ < words_.size()) Statement(Take());
@@ -57,20 +85,24 @@ class TocReader {
 
  private:
   static int Sectors(std::int64_t bytes) {
-    return static_cast<int>(std::min<std::int64_t>(bytes / kCdSectorBytes, 1 << 20));
+    return static_cast<int>((bytes + kCdSectorBytes - 1) / kCdSectorBytes);
   }
 
   void Statement(const Word& word) {
     if (word.Quoted) return;
-    const std::string& what = word.Text;
+    const std::string what = InCapitals(word.Text);
     if (what == "{") return SkipBlock();
     if (what == "TRACK") return BeginTrack();
     if (!inTrack_) return;
     if (what == "FILE" || what == "AUDIOFILE") return AddSound();
     if (what == "DATAFILE") return AddData();
-    if (what == "SILENCE" || what == "ZERO") position_ += Length(Take());
+    if (what == "FIFO") SheetMakesNoSense();
+    if (what == "SILENCE" || what == "ZERO") {
+      while (NextIsWord() && !NextIsLength()) Take();  // the mode of the sectors
+      Advance(Length(Take()));
+    }
     if (what == "PREGAP") {
-      position_ += Length(Take());
+      Advance(Length(Take()));
       start_ = position_;
     }
     if (what == "START") start_ = NextIsLength() ? begin_ + Length(Take()) : position_;
@@ -78,15 +110,17 @@ class TocReader {
 
   Word Take() {
     if (at_ == words_.size()) SheetMakesNoSense();
+    where_.Line = words_[at_].Line;
     return words_[at_++];
   }
+  bool NextIsWord() const { return at_ < words_.size() && !words_[at_].Quoted; }
   bool NextIs(std::string_view text) const {
-    return at_ < words_.size() && !words_[at_].Quoted && words_[at_].Text == text;
+    return NextIsWord() && InCapitals(words_[at_].Text) == text;
   }
   bool NextIsLength() const {
-    return at_ < words_.size() && !words_[at_].Quoted &&
-           std::isdigit(static_cast<unsigned char>(words_[at_].Text[0])) != 0;
+    return NextIsWord() && std::isdigit(static_cast<unsigned char>(words_[at_].Text[0])) != 0;
   }
+  bool NextIsOffset() const { return NextIsWord() && words_[at_].Text[0] == '#'; }
 
   void SkipBlock() {
     for (int depth = 1; depth > 0;) {
@@ -96,6 +130,18 @@ class TocReader {
     }
   }
 
+  void Advance(std::int64_t bytes) {
+    position_ += bytes;
+    if (position_ > kMostBytes) SheetMakesNoSense();
+  }
+
+  static std::int64_t Number(const std::string& text) {
+    const bool number = !text.empty() && text.size() < 12 &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+    if (!number) SheetMakesNoSense();
+    return std::stoll(text);
+  }
+
   // Bytes of sound: a time, or a number of frames (of bytes in a data track).
   std::int64_t Length(const Word& word) const {
     if (word.Text.find(':') != std::string::npos) {
@@ -103,20 +149,20 @@ class TocReader {
       if (sectors < 0) SheetMakesNoSense();
       return std::int64_t{sectors} * kCdSectorBytes;
     }
-    const bool number = !word.Text.empty() && word.Text.size() < 12 &&
-                        word.Text.find_first_not_of("0123456789") == std::string::npos;
-    if (!number) SheetMakesNoSense();
-    const std::int64_t value = std::stoll(word.Text);
-    return audio_ ? value * kFrameBytes : value / dataSectorBytes_ * kCdSectorBytes;
+    const std::int64_t value = Number(word.Text);
+    return audio_ ? value * kFrameBytes : value / blockBytes_ * kCdSectorBytes;
   }
 
   void BeginTrack() {
     EndTrack();
-    const std::string mode = Take().Text;
+    const std::string mode = InCapitals(Take().Text);
+    trackLine_ = where_.Line;
     audio_ = mode == "AUDIO";
-    dataSectorBytes_ = mode == "MODE1" || mode == "MODE2_FORM1" ? 2048
-                       : mode.ends_with("_RAW")                 ? 2352
-                                                                : 2336;
+    blockBytes_ = mode == "MODE1" || mode == "MODE2_FORM1" ? 2048
+                  : mode == "MODE2_FORM2"                  ? 2324
+                  : audio_ || mode.ends_with("_RAW")       ? kCdSectorBytes
+                                                           : 2336;
+    if (NextIs("RW") || NextIs("RW_RAW")) blockBytes_ += kCdSubchannelBytes;
     inTrack_ = true;
     begin_ = start_ = position_;
   }
@@ -124,64 +170,84 @@ class TocReader {
   // A track ends with its sector.
   void EndTrack() {
     if (!inTrack_) return;
-    position_ = (position_ + kCdSectorBytes - 1) / kCdSectorBytes * kCdSectorBytes;
-    layout_.Toc.Tracks.push_back({Sectors(start_), 0, audio_});
+    position_ = std::int64_t{Sectors(position_)} * kCdSectorBytes;
+    const int start = Sectors(start_);
+    if (start >= Sectors(position_) || layout_.Toc.Tracks.size() == kMostDiscTracks) {
+      where_.Line = trackLine_;
+      SheetMakesNoSense();
+    }
+    layout_.Toc.Tracks.push_back({start, 0, audio_});
     inTrack_ = false;
   }
 
+  Text TakeFile() {
+    where_.File = SheetName(Take().Text);
+    return FileOfSheet(files_, sheet_, where_.File);
+  }
+
   void AddSound() {
-    const Text file = FileOfSheet(files_, sheet_, Take().Text);
-    const bool wave = file.size() > 4 && (file.ends_with(L".wav") || file.ends_with(L".WAV"));
+    const Text file = TakeFile();
+    const bool wave = NamedAsWave(file);
     const SoundPlace place = wave ? PlaceOfWave(files_, file) : SoundPlace{0, files_.FileLen(file)};
+    where_.File.clear();
     ImagePiece piece;
     piece.BigEndian = !wave;
     if (NextIs("SWAP")) {
       piece.BigEndian = !piece.BigEndian;
       Take();
     }
-    std::int64_t skipped = 0;
-    if (at_ < words_.size() && words_[at_].Text.starts_with("#")) {
-      Word bytes = Take();
-      bytes.Text.erase(0, 1);
-      skipped = Length(bytes) / kFrameBytes;
-    }
+    const std::int64_t skipped = NextIsOffset() ? Number(Take().Text.substr(1)) : 0;
     const std::int64_t from = skipped + Length(Take());
     piece.Bytes = NextIsLength() ? Length(Take()) : 0;
     if (piece.Bytes == 0) piece.Bytes = std::max<std::int64_t>(place.Bytes - from, 0);
     piece.Bytes = piece.Bytes / kFrameBytes * kFrameBytes;
-    piece.Start = position_;
     piece.File = file;
     piece.Offset = place.Offset + from;
-    position_ += piece.Bytes;
-    if (audio_) layout_.Pieces.push_back(piece);
+    Lay(piece);
   }
 
+  // Whole blocks of a file, which in a track of sound are sound too.
   void AddData() {
-    const Text file = FileOfSheet(files_, sheet_, Take().Text);
-    if (at_ < words_.size() && words_[at_].Text.starts_with("#")) Take();
+    const Text file = TakeFile();
+    const std::int64_t length = files_.FileLen(file);
+    where_.File.clear();
+    ImagePiece piece;
+    piece.BigEndian = true;
+    piece.File = file;
+    piece.SectorBytes = blockBytes_;
+    piece.Offset = NextIsOffset() ? Number(Take().Text.substr(1)) : 0;
     if (NextIsLength()) {
-      position_ += Length(Take());
+      piece.Bytes = Length(Take());
     } else {
-      const std::int64_t unit = audio_ ? kCdSectorBytes : dataSectorBytes_;
-      position_ += files_.FileLen(file) / unit * kCdSectorBytes;
+      piece.Bytes = std::max<std::int64_t>(length - piece.Offset, 0) / blockBytes_ * kCdSectorBytes;
     }
+    Lay(piece);
+  }
+
+  void Lay(ImagePiece& piece) {
+    piece.Start = position_;
+    Advance(piece.Bytes);
+    if (audio_) layout_.Pieces.push_back(piece);
   }
 
   Dateien& files_;
   const Text& sheet_;
+  SheetFault& where_;
   std::vector<Word> words_;
   std::size_t at_ = 0;
   ImageLayout layout_;
   bool inTrack_ = false, audio_ = true;
-  int dataSectorBytes_ = 2048;
+  int trackLine_ = 0;
+  int blockBytes_ = kCdSectorBytes;     // of a sector in a file of the track
   std::int64_t position_ = 0;           // bytes from sector 0
   std::int64_t begin_ = 0, start_ = 0;  // of the track: where it is laid down, where it begins
 };
 
 }  // namespace
 
-ImageLayout LayoutOfToc(Dateien& files, const Text& sheet, const std::string& text) {
-  return TocReader(files, sheet, text).Layout();
+ImageLayout LayoutOfToc(Dateien& files, const Text& sheet, const std::string& text,
+                        SheetFault& where) {
+  return TocReader(files, sheet, text, where).Layout();
 }
 
 }  // namespace vantora

@@ -72,6 +72,27 @@ TEST_F(CDPlayer, AnEmptyDriveIsTriedAgainUntilTheUserHasEnough) {
                                                         Sagt(5007) + L"\r\n" + Sagt(5009)}));
 }
 
+TEST(CDPlayerAndTray, AnImageThatIsNoDiscIsReportedByItsLineAndNotAsAnEmptyDrive) {
+  Buehne b;
+  b.Start();
+  b.Datei(L"C:\\Vantora\\Bandeja\\a.bin", std::string(2352, 'x'));
+  const Text wo = L"mía.cue" + b.prog.Text(30071), nochmal = L"\r\n" + b.prog.Text(5009);
+  const auto sagt = [&](const std::string& blatt, int zeilen) {
+    b.Datei(L"C:\\Vantora\\Bandeja\\mía.cue", blatt);
+    b.user.Said.clear();
+    for (int i = 0; i < zeilen; ++i) b.Antwortet(kNein);
+    b.Tu([&] { b.Haupt().imgCDAuslesen_MouseUp(); });
+    b.Tu([&] { b.prog.frmCDPlayer().imgSchliessen_MouseUp(); });
+    return b.Gesagt();
+  };
+  EXPECT_EQ(sagt("FILE \"a.bin\" BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00\n", 1),
+            (std::vector<Text>{b.prog.Text(30070) + wo + L"3." + nochmal}));
+  EXPECT_EQ(sagt("FILE \"b.bin\" BINARY\n", 1),
+            (std::vector<Text>{b.prog.Text(30072) + L"b.bin (" + wo + L"1)." + nochmal}));
+  EXPECT_EQ(sagt("FILE \"a.bin\" BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n", 0),
+            std::vector<Text>{});
+}
+
 TEST_F(CDPlayer, ASavedDriveBeyondTheListGivesWayToTheFirst) {
   SaveSetting(b.bundle, L"LastAudioCDSelected", L"7");
   Oeffnen();
