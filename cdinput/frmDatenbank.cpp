@@ -30,6 +30,17 @@ int AnzahlTracks(const DatenbankEintrag& eintrag) {
   return Ganz32(std::clamp(Zahl(eintrag.AnzahlTitel), 0.0, kMeisteTracks));
 }
 
+// The number of a track whose key this is, spelled as the burn run does; -1 for another key.
+int TrackNummer(const Text& schluessel) {
+  constexpr std::size_t kMeisteZiffern = 5;
+  if (schluessel.empty() || schluessel.size() > kMeisteZiffern ||
+      schluessel.find_first_not_of(L"0123456789") != Text::npos) {
+    return -1;
+  }
+  const int nummer = Ganz32(Val(schluessel));
+  return schluessel == ZahlText(nummer) ? nummer : -1;
+}
+
 Text ZeitText(const Text& sekunden) {
   const std::int64_t s = Abgeschnitten(std::clamp(Zahl(sekunden), 0.0, kLaengsteZeit));
   const auto zweistellig = [](std::int64_t wert) {
@@ -104,17 +115,26 @@ Text frmDatenbank::Lesen(const Text& schluessel, const Text& name, const Text& e
   return wert;
 }
 
+// The section is read as a whole: a count of tracks in it may promise far more than the file holds.
 // A ";" in a title is not told from one between fields: the field behind it moves up.
-std::vector<Text> frmDatenbank::TrackLesen(const Text& schluessel, int nummer) const {
-  std::vector<Text> felder;
-  Split(Lesen(schluessel, ZahlText(nummer), L"", kTrackGrenze), L";", felder);
-  return felder;
+frmDatenbank::Tracks frmDatenbank::TracksLesen(const DatenbankEintrag& eintrag) const {
+  Tracks tracks;
+  const int anzahl = AnzahlTracks(eintrag);
+  for (ProfileEntry& zeile :
+       prog.plattform.profile.GetPrivateProfileSection(eintrag.Schluessel, kTrackGrenze, kDatei)) {
+    const int nummer = TrackNummer(zeile.Key);
+    if (nummer < 0 || nummer >= anzahl) continue;
+    zeile.Value.resize(std::min(zeile.Value.find(L'\0'), zeile.Value.size()));
+    const auto [track, neu] = tracks.try_emplace(nummer);
+    if (neu) Split(zeile.Value, L";", track->second);
+  }
+  return tracks;
 }
 
 void frmDatenbank::ListenLeeren() {
   lstInterpreten.Clear();
   lstTitel.Clear();
-  trackNummern_.clear();
+  trackZeiten_.clear();
   for (Label* wert : {&lblAnzahlTitelAktuelleCD, &lblGesamtzeit, &lblDauer}) wert->Caption = L"";
 }
 
@@ -152,16 +172,15 @@ void frmDatenbank::lstInterpreten_Click() {
   if (zeile < 0) return;
   const DatenbankEintrag& eintrag = Element(Datenbank, zeile + 1);
   lstTitel.Clear();
-  trackNummern_.clear();
+  trackZeiten_.clear();
   lblAnzahlTitelAktuelleCD.Caption = eintrag.AnzahlTitel;
   lblGesamtzeit.Caption = ZeitText(eintrag.Gesamtzeit);
   lblDauer.Caption = eintrag.Gesamtzeit;  // until a track gives way to its own
-  for (int nummer = 0; nummer < AnzahlTracks(eintrag); ++nummer) {
-    const std::vector<Text> felder = TrackLesen(eintrag.Schluessel, nummer);
+  for (const auto& [nummer, felder] : TracksLesen(eintrag)) {
     if (felder[0].empty()) continue;
     const bool zweites = felder.size() > 1 && felder[1] != L";";
     lstTitel.AddItem(zweites ? felder[0] + L": " + felder[1] : felder[0]);
-    trackNummern_.push_back(nummer);
+    trackZeiten_.push_back(felder.size() > 2 ? felder[2] : Text());
   }
   if (lstTitel.ListCount() == 0) return;
   lstTitel.ListIndex = 0;
@@ -169,11 +188,9 @@ void frmDatenbank::lstInterpreten_Click() {
 }
 
 void frmDatenbank::lstTitel_Click() {
-  const int zeile = lstTitel.ListIndex, disco = lstInterpreten.ListIndex;
-  if (zeile < 0 || disco < 0) return;
-  const std::vector<Text> felder =
-      TrackLesen(Element(Datenbank, disco + 1).Schluessel, Element(trackNummern_, zeile));
-  lblDauer.Caption = ZeitText(felder.size() > 2 ? felder[2] : Text());
+  const int zeile = lstTitel.ListIndex;
+  if (zeile < 0 || lstInterpreten.ListIndex < 0) return;
+  lblDauer.Caption = ZeitText(Element(trackZeiten_, zeile));
 }
 
 bool frmDatenbank::Treffer(const DatenbankEintrag& eintrag, const Text& gesucht) const {
@@ -182,8 +199,7 @@ bool frmDatenbank::Treffer(const DatenbankEintrag& eintrag, const Text& gesucht)
     return true;
   }
   if (chkLiedTitel.Value == 0) return false;
-  for (int nummer = 0; nummer < AnzahlTracks(eintrag); ++nummer) {
-    const std::vector<Text> felder = TrackLesen(eintrag.Schluessel, nummer);
+  for (const auto& [nummer, felder] : TracksLesen(eintrag)) {
     if (Enthaelt(felder[0], gesucht)) return true;
     if (felder.size() > 1 && Enthaelt(felder[1], gesucht)) return true;
   }

@@ -5,6 +5,7 @@
 
 #include "app/fenster.h"
 
+#include <map>
 #include <vector>
 
 namespace vantora {
@@ -65,12 +66,14 @@ class frmDatenbank final : public VtrFenster {
   // A value of a disc, up to a number of characters and to its first NUL.
   Text Lesen(const Text& schluessel, const Text& name, const Text& ersatz,
              std::size_t grenze) const;
-  std::vector<Text> TrackLesen(const Text& schluessel, int nummer) const;  // its fields
+  // The fields of those of its tracks that the file has, by their numbers.
+  using Tracks = std::map<int, std::vector<Text>>;
+  Tracks TracksLesen(const DatenbankEintrag& eintrag) const;
   bool Treffer(const DatenbankEintrag& eintrag, const Text& gesucht) const;
   void ListenLeeren();
   void ListeZeigen();
 
-  std::vector<int> trackNummern_;  // of the lines of lstTitel, as the file counts them, from 0
+  std::vector<Text> trackZeiten_;  // seconds, of the lines of lstTitel
 };
 
 }  // namespace vantora

@@ -11,6 +11,10 @@
 
 namespace vantora {
 
+struct ProfileEntry {
+  Text Key, Value;
+};
+
 class Profile {
  public:
   virtual ~Profile() = default;
@@ -18,6 +22,10 @@ class Profile {
   virtual std::vector<Text> GetPrivateProfileSectionNames(const Text& file, std::size_t limit) = 0;
   virtual Text GetPrivateProfileString(const Text& section, const Text& key, const Text& fallback,
                                        std::size_t limit, const Text& file) = 0;
+  // All that a section holds, in the file's order; a key that comes twice is there twice. At most
+  // `limit` characters of a value.
+  virtual std::vector<ProfileEntry> GetPrivateProfileSection(const Text& section, std::size_t limit,
+                                                             const Text& file) = 0;
   virtual void WritePrivateProfileString(const Text& section, const Text& key, const Text& value,
                                          const Text& file) = 0;
   virtual void DeletePrivateProfileSection(const Text& section, const Text& file) = 0;

@@ -10,8 +10,8 @@
 
 namespace vantora {
 
-// All four calls swallow what the file system reports: whoever asks gets an empty file, and whoever
-// writes could do nothing about it. The file is as it was then.
+// All these calls swallow what the file system reports: whoever asks gets an empty file, and
+// whoever writes could do nothing about it. The file is as it was then.
 
 std::vector<Text> ProfileFiles::GetPrivateProfileSectionNames(const Text& file, std::size_t limit) {
   try {
@@ -32,6 +32,16 @@ Text ProfileFiles::GetPrivateProfileString(const Text& section, const Text& key,
   if (!value) value = fallback;
   if (value->size() > limit) value->resize(limit);
   return *std::move(value);
+}
+
+std::vector<ProfileEntry> ProfileFiles::GetPrivateProfileSection(const Text& section,
+                                                                 std::size_t limit,
+                                                                 const Text& file) {
+  try {
+    return Read(file).Entries(section, limit);
+  } catch (const Laufzeitfehler&) {
+    return {};
+  }
 }
 
 void ProfileFiles::WritePrivateProfileString(const Text& section, const Text& key,

@@ -22,6 +22,8 @@ class ProfileFiles final : public Profile {
   // At most `limit` characters of the value.
   Text GetPrivateProfileString(const Text& section, const Text& key, const Text& fallback,
                                std::size_t limit, const Text& file) override;
+  std::vector<ProfileEntry> GetPrivateProfileSection(const Text& section, std::size_t limit,
+                                                     const Text& file) override;
   // Line ends and NULs inside the texts become blanks.
   void WritePrivateProfileString(const Text& section, const Text& key, const Text& value,
                                  const Text& file) override;

@@ -149,6 +149,20 @@ std::optional<std::size_t> ProfileText::Find(const Text& section, const Text& ke
   return found->second;
 }
 
+std::vector<ProfileEntry> ProfileText::Entries(const Text& section, std::size_t limit) const {
+  std::vector<ProfileEntry> entries;
+  const Range* range = Find(section);
+  for (std::size_t place = range ? range->First : 0; range && place < range->End;) {
+    const std::size_t next = NextLine(place);
+    if (const auto setting = SettingOf(Line(place, next))) {
+      entries.push_back({FromWindows1252(setting->Key),
+                         FromWindows1252(WithoutQuotes(setting->Value).substr(0, limit))});
+    }
+    place = next;
+  }
+  return entries;
+}
+
 std::optional<Text> ProfileText::Value(const Text& section, const Text& key) {
   const auto place = Find(section, key);
   if (!place) return std::nullopt;

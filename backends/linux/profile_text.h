@@ -3,7 +3,7 @@
 // A file is looked through once for its sections; the keys of a section are when it is asked for.
 #pragma once
 
-#include "platform/text.h"
+#include "platform/profile.h"
 
 #include <cstddef>
 #include <optional>
@@ -22,6 +22,7 @@ class ProfileText final {
 
   // The names of the sections as they are spelled, up to so many characters, each with a NUL.
   std::vector<Text> Sections(std::size_t limit) const;
+  std::vector<ProfileEntry> Entries(const Text& section, std::size_t limit) const;
   std::optional<Text> Value(const Text& section, const Text& key);
   // Both tell whether there was something to change.
   bool SetValue(const Text& section, const Text& key, const Text& value);

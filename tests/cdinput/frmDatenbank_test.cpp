@@ -159,5 +159,22 @@ TEST_F(DatenbankFenster, TwoThousandDiscsAreQuicklyThereAsFarAsTheirNamesGo) {
   EXPECT_LT(std::chrono::steady_clock::now() - anfang, std::chrono::seconds(4));
 }
 
+TEST_F(DatenbankFenster, ASearchTakesNoLongerThanTheFileIsLong) {
+  std::string viele, volle = "[1]\nartist=a\nnumtracks=32767\n";
+  for (int i = 0; i < 1250; ++i) {  // names of three letters, as many as the window lists
+    viele += "[" + std::string(1, static_cast<char>('A' + i / 90)) + std::to_string(10 + i % 90) +
+             "]\nnumtracks=32767\n5=a;b;1\n";
+  }
+  for (int i = 0; volle.size() < 1'000'000; ++i) volle += std::to_string(i % 40'000) + "=a;b;1\n";
+  for (const std::string& ini : {viele, volle}) {
+    Inhalt(ini);
+    Im([&](frmDatenbank& d) {
+      const auto anfang = std::chrono::steady_clock::now();
+      Sucht(d, L"no la hay");
+      EXPECT_LT(std::chrono::steady_clock::now() - anfang, std::chrono::milliseconds(500));
+    });
+  }
+}
+
 }  // namespace
 }  // namespace vantora
