@@ -1,6 +1,6 @@
 #include "backends/mpg123/mpeg_stream.h"
 
-#include "backends/mpg123/mpeg_start.h"
+#include "backends/mpg123/mpeg_runs.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -21,23 +22,33 @@ namespace {
   throw Laufzeitfehler(kFehlerKeinMpeg, L"El archivo no contiene audio MPEG.");
 }
 
+// Lets the sound of a block rise from silence; false when it has none.
+template <typename Sample>
+bool RiseIn(void* sound, std::size_t bytes) {
+  auto* samples = static_cast<Sample*>(sound);
+  const std::size_t count = bytes / sizeof(Sample);
+  if (std::all_of(samples, samples + count, [](Sample s) { return s == 0; })) return false;
+  for (std::size_t i = 0; i < count; ++i) {
+    const float rise = static_cast<float>(i / 2) / static_cast<float>(count / 2);
+    samples[i] = static_cast<Sample>(static_cast<float>(samples[i]) * rise);
+  }
+  return true;
+}
+
 }  // namespace
 
-// The library reads through this buffer: it asks for every frame's header and body singly, and a
-// system call for each would take ten times as long as the scan itself.
+// The library is given one run of frames after the other, each as a stream of its own: it never
+// sees what lies between them, and what frames of one run refer to is not looked for in another.
+//
+// It reads through this buffer: it asks for every frame's header and body singly, and a system call
+// for each would take ten times as long as the scan itself.
 struct MpegStream::Handle {
-  explicit Handle(std::unique_ptr<Datei> source) : file(std::move(source)) {
-    const auto found = FindMpegStart(*file);
-    if (!found) KeinMpeg();
-    start = *found;
-    size = file->Length() - start;
-
+  explicit Handle(std::unique_ptr<Datei> source)
+      : file(std::move(source)), runs(FindMpegRuns(*file)) {
     int error = MPG123_OK;
     decoder = mpg123_new(nullptr, &error);
     if (decoder == nullptr) throw Laufzeitfehler(kFehlerSpeicher, L"No hay memoria suficiente.");
-    constexpr long kResync = 1 << 20;  // bytes of damage to look through for the next frame
     mpg123_param(decoder, MPG123_ADD_FLAGS, MPG123_QUIET | MPG123_SKIP_ID3V2, 0);
-    mpg123_param(decoder, MPG123_RESYNC_LIMIT, kResync, 0);
     mpg123_format_none(decoder);
     const long* rates = nullptr;
     std::size_t count = 0;
@@ -47,17 +58,39 @@ struct MpegStream::Handle {
       mpg123_format(decoder, rates[i], MPG123_STEREO, encoding);
     }
     mpg123_replace_reader_handle(decoder, &Handle::Read, &Handle::Seek, nullptr);
-    int channels = 0, encoding = 0;
-    if (mpg123_open_handle(decoder, this) != MPG123_OK ||
-        mpg123_getformat(decoder, &rate, &channels, &encoding) != MPG123_OK) {
-      mpg123_delete(decoder);
-      if (failure) std::rethrow_exception(failure);
-      KeinMpeg();
-    }
   }
   ~Handle() { mpg123_delete(decoder); }
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
+
+  // Behind a gap frames are silent until all is there that they refer to, and the first that sounds
+  // lacks its neighbour, which would take echoes of it away.
+  void SoftenStart(void* sound, std::size_t bytes) {
+    if (!behindGap || bytes == 0) return;
+    const bool risen =
+        rate == 44100 ? RiseIn<std::int16_t>(sound, bytes) : RiseIn<float>(sound, bytes);
+    behindGap = !risen;
+  }
+
+  // Opens the run `number`, or the first behind it that the library takes; false when there is
+  // none.
+  bool OpenRun(std::size_t number) {
+    for (; number < runs.size(); ++number) {
+      run = number;
+      behindGap = !runs[number].Beginning;
+      start = runs[number].Start;
+      size = runs[number].Bytes;
+      place = bufferStart = 0;
+      held = 0;
+      int channels = 0, encoding = 0;
+      if (mpg123_open_handle(decoder, this) == MPG123_OK &&
+          mpg123_getformat(decoder, &rate, &channels, &encoding) == MPG123_OK) {
+        return true;
+      }
+      if (failure) std::rethrow_exception(failure);
+    }
+    return false;
+  }
 
   static ssize_t Read(void* self, void* target, std::size_t count) {
     return static_cast<Handle*>(self)->Read(static_cast<char*>(target), count);
@@ -92,7 +125,8 @@ struct MpegStream::Handle {
     try {
       file->Seek(start + place);
       bufferStart = place;
-      held = file->ReadSome(buffer.data(), buffer.size());
+      held = file->ReadSome(buffer.data(), static_cast<std::size_t>(std::min<std::int64_t>(
+                                               size - place, std::ssize(buffer))));
     } catch (...) {
       failure = std::current_exception();
     }
@@ -100,17 +134,23 @@ struct MpegStream::Handle {
   }
 
   std::unique_ptr<Datei> file;
-  std::int64_t start = 0, size = 0, place = 0;  // the stream in the file; the next byte of it
+  std::vector<MpegRun> runs;
+  std::size_t run = 0;                          // the open one
+  bool behindGap = false;                       // nothing of it has sounded yet
+  std::int64_t start = 0, size = 0, place = 0;  // the run in the file; the next byte of it
   std::array<char, 65536> buffer;
   std::int64_t bufferStart = 0;
   std::size_t held = 0;
   std::exception_ptr failure;
   mpg123_handle* decoder = nullptr;
   long rate = 0;
+  std::int64_t framesBefore = 0, frame = 0;  // of the runs before this one; of all so far
 };
 
 MpegStream::MpegStream(Dateien& dateien, const Text& path)
-    : handle_(std::make_unique<Handle>(dateien.Open(path, Zugriff::Lesen))) {}
+    : handle_(std::make_unique<Handle>(dateien.Open(path, Zugriff::Lesen))) {
+  if (!handle_->OpenRun(0)) KeinMpeg();
+}
 
 MpegStream::~MpegStream() = default;
 
@@ -119,47 +159,70 @@ std::optional<MpegBlock> MpegStream::Next() {
   MpegBlock block;
   off_t number = 0;
   unsigned char* sound = nullptr;
-  int result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
-  if (result == MPG123_NEW_FORMAT) {
-    int channels = 0, encoding = 0;
-    mpg123_getformat(handle.decoder, &handle.rate, &channels, &encoding);
-    result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+  for (;;) {
+    int result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+    if (result == MPG123_NEW_FORMAT) {
+      int channels = 0, encoding = 0;
+      mpg123_getformat(handle.decoder, &handle.rate, &channels, &encoding);
+      result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+    }
+    if (handle.failure) std::rethrow_exception(handle.failure);
+    if (result == MPG123_OK) break;
+    // Any other answer is the end: of the run, or of what can be heard of it.
+    handle.framesBefore = handle.frame;
+    if (!handle.OpenRun(handle.run + 1)) return {};
   }
-  if (handle.failure) std::rethrow_exception(handle.failure);
-  // Any other answer is the end: of the file, or of what can be heard of a broken one.
-  if (result != MPG123_OK) return {};
+  handle.frame = handle.framesBefore + number + 1;
+  handle.SoftenStart(sound, block.bytes);
   block.sound = sound;
   block.rate = handle.rate;
-  block.frame = number + 1;
+  block.frame = handle.frame;
   return block;
 }
 
 MpegLength MpegStream::Measure(Dateien& dateien, const Text& path) {
+  MpegStream stream(dateien, path);
+  Handle& handle = *stream.handle_;
   MpegLength length;
-  std::int64_t promised = 0;
-  long samplesPerFrame = 0;
-  {
-    MpegStream stream(dateien, path);
-    Handle& handle = *stream.handle_;
-    length.rate = handle.rate;
-    promised = mpg123_framelength(handle.decoder);
-    mpg123_scan(handle.decoder);
-    if (handle.failure) std::rethrow_exception(handle.failure);
-    length.frames = mpg123_framelength(handle.decoder);
-    length.samples = mpg123_length(handle.decoder);
-    samplesPerFrame = mpg123_spf(handle.decoder);
+  length.rate = handle.rate;
+  double samples = 0;
+  std::size_t number = 0;
+  for (bool open = true; open; open = handle.OpenRun(number + 1)) {
+    number = handle.run;
+    const MpegLength run = stream.MeasureRun();
+    length.frames += run.frames;
+    samples += static_cast<double>(run.samples) * static_cast<double>(length.rate) /
+               static_cast<double>(run.rate);
   }
   if (length.frames <= 0) KeinMpeg();
-  if (length.frames == promised) return length;
+  length.samples = std::llround(samples);
+  return length;
+}
+
+MpegLength MpegStream::MeasureRun() {
+  Handle& handle = *handle_;
+  MpegLength length;
+  length.rate = handle.rate;
+  const std::int64_t promised = mpg123_framelength(handle.decoder);
+  mpg123_scan(handle.decoder);
+  if (handle.failure) std::rethrow_exception(handle.failure);
+  length.frames = std::max<std::int64_t>(mpg123_framelength(handle.decoder), 0);
+  length.samples = std::max<std::int64_t>(mpg123_length(handle.decoder), 0);
+  const long samplesPerFrame = mpg123_spf(handle.decoder);
+  if (length.frames == 0 || length.frames == promised) return length;
 
   // The file was cut or joined. What the encoder put in front is then left out all the same, but
-  // the scan does not count it: a fresh decoder tells it with its first sound.
-  MpegStream stream(dateien, path);
-  while (const auto block = stream.Next()) {
+  // the scan does not count it: the decoder tells it with its first sound, when it begins anew.
+  const std::size_t run = handle.run;
+  handle.OpenRun(run);
+  while (handle.run == run) {
+    const auto block = Next();
+    if (!block) break;
     if (block->bytes == 0) continue;
     const std::size_t frameBytes = block->rate == 44100 ? 4 : 8;
     const auto heard = static_cast<std::int64_t>(block->bytes / frameBytes);
-    length.samples = length.frames * samplesPerFrame - (block->frame * samplesPerFrame - heard);
+    const std::int64_t frame = block->frame - handle.framesBefore;
+    length.samples = length.frames * samplesPerFrame - (frame * samplesPerFrame - heard);
     break;
   }
   return length;

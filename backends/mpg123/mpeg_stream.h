@@ -34,11 +34,13 @@ class MpegStream {
   // Counts the file's frames; the stream is at its start again after it.
   static MpegLength Measure(Dateien& dateien, const Text& path);
 
-  // The next block, which may be empty; nothing at the end. Damage inside the file is skipped as
-  // far as frames follow behind it. Raises what the file raises.
+  // The next block, which may be empty; nothing at the end. What is no music inside the file is
+  // skipped. Raises what the file raises.
   std::optional<MpegBlock> Next();
 
  private:
+  MpegLength MeasureRun();  // of the run that has just been opened
+
   struct Handle;
   std::unique_ptr<Handle> handle_;
 };

@@ -212,6 +212,42 @@ TEST_F(Mp3, BehindDamageInTheMiddleTheSoundGoesOn) {
   EXPECT_NE(last, out.end());
 }
 
+TEST_F(Mp3, WhatIsNoMusicIsNeverHeardAndMakesTheSongNoLonger) {
+  constexpr double kFrame = 1152;
+  const auto loudest = [](const std::vector<std::int16_t>& sound) {
+    int most = 0;
+    for (const std::int16_t sample : sound) most = std::max(most, std::abs(int{sample}));
+    return most;
+  };
+  for (const char* options : {"-b 128", "-V 2", "-b 320 -t", "-b 96 -m m"}) {
+    const std::string song = Song(2, 44100, options);
+    const auto whole = Decoded(song);
+    const int level = loudest(whole);
+    const auto hears = [&](const std::string& what, const std::string& bytes) {
+      SCOPED_TRACE(options + (" " + what));
+      const auto out = Decoded(bytes);
+      EXPECT_EQ(static_cast<std::int64_t>(out.size() / 2), Promised());
+      EXPECT_LE(static_cast<double>(out.size()) / 2,
+                static_cast<double>(whole.size()) / 2 + kFrame);
+      EXPECT_GE(out.size(), whole.size() * 7 / 10);
+      EXPECT_LE(loudest(out), level + level / 100);
+    };
+    for (std::uint32_t seed = 1; seed <= 8; ++seed) {
+      const std::string noise = Noise(20'000, seed);
+      const std::size_t place = song.size() * seed / 9 + seed;
+      hears("noise at " + std::to_string(place), std::string(song).insert(place, noise));
+      hears("noise over " + std::to_string(place),
+            std::string(song).replace(place, 3000, noise.substr(0, 3000)));
+      hears("noise at the end", song + noise);
+    }
+    hears("a picture with a tag in the middle",
+          std::string(song).insert(song.size() / 2, Id3Picture(90'000)));
+    hears("a picture without a head in front", Noise(1'000'000, 4) + song);
+    hears("a hole", std::string(song).replace(song.size() / 2, 4096, 4096, '\0'));
+    hears("missing bytes", std::string(song).erase(song.size() / 2, 5001));
+  }
+}
+
 TEST_F(Mp3, FilesThatAreNoMp3AreRefusedAndLeaveNothing) {
   std::string page;
   for (int i = 0; i < 3000; ++i) page += "<p>T\xEDtulo \xFF\xFB\x90 &amp; m\xE1s</p>\r\n";
@@ -220,7 +256,7 @@ TEST_F(Mp3, FilesThatAreNoMp3AreRefusedAndLeaveNothing) {
       {"text", std::string(20'000, 'a')},
       {"page", "<html>" + page},
       {"wave", Wave(ToneBytes({440, 440}, 0.5, 44100, 44100))},
-      {"noise", Noise(500'000, 9)},
+      {"noise", Noise(2'000'000, 9)},
       {"only a tag", Id3Picture(5000)},
       {"tag that promises more", Id3Picture(5000).substr(0, 2000)},
       {"all bits set", std::string(100'000, '\xFF')},

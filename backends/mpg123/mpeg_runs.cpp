@@ -1,0 +1,197 @@
+#include "backends/mpg123/mpeg_runs.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <optional>
+
+namespace vantora {
+
+namespace {
+
+constexpr std::int64_t kGarbage = 1 << 20;  // bytes that may lie in front of the first frame
+constexpr int kProof = 4;                   // frames in a row
+
+struct FrameHeader {
+  std::uint32_t kind = 0;  // version, layer and rate: the same in all frames of a stream
+  std::int64_t bytes = 0;  // 0 in a stream of free format, which has its own bitrate
+};
+
+// The bytes of a file, which are asked for a little forth and back.
+class Bytes {
+ public:
+  explicit Bytes(Datei& file) : file_(file), length_(file.Length()), buffer_(kHeld) {}
+
+  std::int64_t Length() const { return length_; }
+  // So many bytes from a place on; nothing when the file has fewer there.
+  const unsigned char* At(std::int64_t place, std::size_t count) {
+    const auto wanted = static_cast<std::int64_t>(count);
+    if (place + wanted > length_) return nullptr;
+    if (place < start_ || place + wanted > start_ + held_) {
+      start_ = std::max<std::int64_t>(place - kBehind, 0);
+      file_.Seek(start_);
+      held_ = static_cast<std::int64_t>(file_.ReadSome(buffer_.data(), buffer_.size()));
+      if (place + wanted > start_ + held_) return nullptr;  // the file has been cut meanwhile
+    }
+    return buffer_.data() + (place - start_);
+  }
+  bool Has(std::int64_t place, const char* mark) {
+    const std::size_t count = std::strlen(mark);
+    const unsigned char* bytes = At(place, count);
+    return bytes != nullptr && std::memcmp(bytes, mark, count) == 0;
+  }
+  std::uint32_t Number(std::int64_t place) {
+    const unsigned char* b = At(place, 4);
+    return b == nullptr ? 0U : std::uint32_t{b[0]} << 24U | b[1] << 16U | b[2] << 8U | b[3];
+  }
+
+ private:
+  static constexpr std::size_t kHeld = std::size_t{256} * 1024;
+  static constexpr std::int64_t kBehind = 32768;  // more than the frames that prove a start
+
+  Datei& file_;
+  std::int64_t length_;
+  std::vector<unsigned char> buffer_;
+  std::int64_t start_ = 0, held_ = 0;
+};
+
+std::optional<FrameHeader> ParseHeader(const unsigned char* b) {
+  static constexpr std::array<std::array<int, 15>, 5> kBitrates{{
+      {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},  // 1, layer I
+      {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},     // 1, layer II
+      {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},      // 1, layer III
+      {0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256},     // 2, layer I
+      {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160},          // 2, II and III
+  }};
+  static constexpr std::array<int, 3> kRates{44100, 48000, 32000};
+
+  if (b[0] != 0xFF || (b[1] & 0xE0) != 0xE0) return {};
+  const int version = (b[1] >> 3) & 3;  // 3: MPEG 1, 2: MPEG 2, 0: MPEG 2.5
+  const int layer = 4 - ((b[1] >> 1) & 3);
+  const std::size_t bitrate = b[2] >> 4;
+  const std::size_t rate = (b[2] >> 2) & 3;
+  if (version == 1 || layer == 4 || bitrate == 15 || rate == 3 || (b[3] & 3) == 2) return {};
+
+  FrameHeader header;
+  header.kind = static_cast<std::uint32_t>(((b[1] & 0x1E) << 8) | (b[2] & 0x0C));
+  const bool first = version == 3;
+  const std::size_t table = static_cast<std::size_t>(first ? layer - 1 : layer == 1 ? 3 : 4);
+  const int kbit = kBitrates[table][bitrate];
+  const int hertz = kRates[rate] / (first ? 1 : version == 2 ? 2 : 4);
+  const int padding = (b[2] >> 1) & 1;
+  const int size = layer == 1             ? (12000 * kbit / hertz + padding) * 4
+                   : layer == 3 && !first ? 72000 * kbit / hertz + padding
+                                          : 144000 * kbit / hertz + padding;
+  header.bytes = kbit == 0 ? 0 : size;
+  return header;
+}
+
+class Search {
+ public:
+  explicit Search(Datei& file) : bytes_(file) {}
+
+  std::vector<MpegRun> Runs() {
+    start_ = BehindTags(0);
+    std::int64_t at = start_;
+    // A stream of free format gives no sizes to follow, so it has to start right here; the decoder
+    // finds out the rest.
+    const auto first = Header(at);
+    if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true}};
+    at = NextStart(at, at + kGarbage);
+    while (at >= 0) at = NextStart(Follow(at), bytes_.Length());
+    return std::move(runs_);
+  }
+
+ private:
+  std::optional<FrameHeader> Header(std::int64_t place) {
+    const unsigned char* bytes = bytes_.At(place, 4);
+    return bytes == nullptr ? std::nullopt : ParseHeader(bytes);
+  }
+
+  bool IsTag(std::int64_t place) {
+    return bytes_.Has(place, "TAG") || bytes_.Has(place, "ID3") || bytes_.Has(place, "APE") ||
+           bytes_.Has(place, "LYR");
+  }
+
+  std::int64_t BehindTags(std::int64_t at) {
+    while (const unsigned char* tag = bytes_.At(at, 10)) {
+      if (std::memcmp(tag, "ID3", 3) != 0 || tag[3] == 0xFF || tag[4] == 0xFF) break;
+      std::int64_t size = 0;
+      for (std::size_t i = 6; i < 10; ++i) size = size * 128 + (tag[i] & 0x7F);
+      const bool footer = (tag[5] & 0x10) != 0;
+      if (at + 10 + size > bytes_.Length()) break;
+      at += 10 + size + (footer ? 10 : 0);
+    }
+    return at;
+  }
+
+  // The next place in front of `limit` at which a run begins; -1 when there is none.
+  std::int64_t NextStart(std::int64_t at, std::int64_t limit) {
+    for (at = BehindTags(at); at <= limit; ++at) {
+      const unsigned char* bytes = bytes_.At(at, 4);
+      if (bytes == nullptr) break;
+      if (bytes[0] == 0xFF && FramesFollow(at)) return at;
+    }
+    return -1;
+  }
+
+  bool FramesFollow(std::int64_t at) {
+    // Behind a gap a single frame proves nothing.
+    const int least = runs_.empty() ? 1 : 2;
+    std::uint32_t kind = 0;
+    for (int count = 0; count < kProof; ++count) {
+      if (at + 4 > bytes_.Length()) return count > 1;
+      if (count >= least && IsTag(at)) return true;
+      const auto header = Header(at);
+      if (!header || header->bytes == 0 || (count > 0 && header->kind != kind)) return false;
+      kind = header->kind;
+      at += header->bytes;
+    }
+    return true;
+  }
+
+  // Frames that the encoder counts in the first frame of a stream, that one included; 0: it does
+  // not count.
+  std::int64_t Counted(std::int64_t start) {
+    const unsigned char* head = bytes_.At(start, 4);
+    if (head == nullptr) return 0;
+    const bool first = (head[1] & 0x08) != 0, mono = (head[3] & 0xC0) == 0xC0;
+    const std::int64_t place = start + 4 + (first ? (mono ? 17 : 32) : (mono ? 9 : 17));
+    const bool counts = (bytes_.Has(place, "Info") || bytes_.Has(place, "Xing")) &&
+                        (bytes_.Number(place + 4) & 1U) != 0;
+    return counts ? std::int64_t{bytes_.Number(place + 8)} + 1 : 0;
+  }
+
+  // Adds the run that begins at a place; returns where the next may begin.
+  std::int64_t Follow(std::int64_t start) {
+    const std::uint32_t kind = Header(start)->kind;
+    std::int64_t at = start, last = start, frames = 0;
+    for (auto header = Header(at); header && header->kind == kind && header->bytes > 0;
+         header = Header(at)) {
+      last = at;
+      at += header->bytes;
+      ++frames;
+    }
+    const std::int64_t counted = Counted(start);
+    const bool toTheEnd = at + 4 > bytes_.Length();
+    const bool whole = toTheEnd || IsTag(at) || frames == counted || FramesFollow(at);
+    if (!whole) at = last;
+    if (at > start) {
+      const bool beginning = start == start_ || counted > 0;
+      runs_.push_back({start, std::min(at, bytes_.Length()) - start, beginning});
+    }
+    return whole ? at : last + 1;
+  }
+
+  Bytes bytes_;
+  std::int64_t start_ = 0;  // of what is no tag
+  std::vector<MpegRun> runs_;
+};
+
+}  // namespace
+
+std::vector<MpegRun> FindMpegRuns(Datei& file) {
+  return Search(file).Runs();
+}
+
+}  // namespace vantora
