@@ -13,6 +13,7 @@ constexpr int kVersuchsPauseMs = 200;
 constexpr int kStatusMs = 3000;
 constexpr int kAutoInsertSchluessel = 20;
 constexpr std::size_t kPositionsText = 30;
+constexpr std::size_t kProduktLaenge = 16;  // of the description of a drive
 constexpr std::int64_t kMB = 1048576;
 
 }  // namespace
@@ -150,6 +151,10 @@ void frmKomponenten::ACD_INIT() {
 void frmKomponenten::ACD_Open() {
   ACD.Init();
   ACD.SelectDevice(AktCDDevice);
+  const Text name = Trim(Links(ACD.DriveDescription(AktCDDevice), kProduktLaenge));
+  const std::int32_t versatz = GetZahl(prog.plattform, L"Read_Offset_" + name, L"0");
+  ACD.ReadOffset(versatz);
+  if (versatz != 0) prog.AppLog(L"ACD_Open", name + L" read offset:" + ZahlText(versatz));
   prog.CDPlayerSchliessen();
 }
 

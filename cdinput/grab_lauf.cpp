@@ -131,6 +131,9 @@ Ausgang GrabLauf::EinTrack(std::size_t nummer) {
   if (prog.DateiExistiert(datei)) prog.plattform.dateien.Kill(datei);
   if (!komponenten.ACD.TrackIstAudio(track)) return Ausgang::KeinAudio;
   Spur(L"SongToGrab " + ZahlText(track) + L" is audiotrack");
+  if (komponenten.ACD.TrackPreemphasis(track)) {
+    Spur(L"SongToGrab " + ZahlText(track) + L" has pre-emphasis, taken off with 50/15 us");
+  }
   prog.GrabTrackSektoren = komponenten.ACD.TrackLaengeSektoren(track);
   prog.GrabTrackMs = komponenten.ACD.TrackLaengeMs(track);
   Spur(L"Length song " + ZahlText(track) + L" is " + ZahlText(prog.GrabTrackSektoren));

@@ -32,6 +32,11 @@ class Acd {
   virtual int TrackLaengeSektoren(int track) = 0;  // 75 a second
   virtual bool TrackIstAudio(int track) = 0;
   virtual int TrackLaengeMs(int track) = 0;
+  // The treble of the track was raised when the disc was made; its wave gets it as it was before.
+  virtual bool TrackPreemphasis(int track) = 0;
+  // Of the current device, until another is selected: its tracks are read from so many frames
+  // behind the place where the disc has them. At the disc's ends there is silence.
+  virtual void ReadOffset(int frames) = 0;
   // Starts reading a track into a wave file, which grows as it is read; 0: started. A track that is
   // not there ends the read that runs, within 0.5 s and with no further event, and is refused.
   virtual int ReadTrack(int track, const Text& file) = 0;

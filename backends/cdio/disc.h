@@ -20,6 +20,7 @@ struct CdTrack {
   int Start = 0;
   int Sectors = 0;  // that can be read; a gap between sessions behind the track is not among them
   bool Audio = true;
+  bool Preemphasis = false;  // its treble was raised, for players to turn it down again
 };
 
 struct CdToc {

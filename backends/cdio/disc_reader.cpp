@@ -53,6 +53,7 @@ void DiscReader::SelectDevice(int device) {
   Abandon();
   disc_.reset();
   device_ = device;
+  offset_ = 0;
   selected_ = true;
 }
 
@@ -85,6 +86,11 @@ bool DiscReader::TrackIstAudio(int track) {
   return disc != nullptr && disc->Toc().Has(track) && disc->Toc().Track(track).Audio;
 }
 
+bool DiscReader::TrackPreemphasis(int track) {
+  const Disc* disc = Medium();
+  return disc != nullptr && disc->Toc().Has(track) && disc->Toc().Track(track).Preemphasis;
+}
+
 int DiscReader::ReadTrack(int track, const Text& file) {
   Abandon();
   if (track < 1 || !TrackIstAudio(track)) return kRefused;
@@ -95,7 +101,7 @@ int DiscReader::ReadTrack(int track, const Text& file) {
   };
   try {
     read_ = std::make_shared<TrackRead>(
-        files_, disc_, track, file, Pace,
+        files_, TrackSound(disc_, track, offset_), file, Pace,
         TrackRead::Calls{
             [this, post](const TrackRead::Event& event) { post([this, event] { event(Events); }); },
             [this, post](int code) { post([this, code] { Ended(code); }); }});

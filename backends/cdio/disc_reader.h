@@ -1,5 +1,5 @@
 // Reads tracks digitally: from optical drives with the paranoia reader, from the embedded drive as
-// they lie in the image.
+// they lie in the image. Pre-emphasis is taken off.
 //
 // Whatever ends a read, the file's header tells what the file holds. A file that cannot be made is
 // refused with the number of the error. Everything that stops a read short, the disk that takes the
@@ -40,6 +40,8 @@ class DiscReader final : public Acd {
 
   int TrackLaengeSektoren(int track) override;
   bool TrackIstAudio(int track) override;
+  bool TrackPreemphasis(int track) override;
+  void ReadOffset(int frames) override { offset_ = frames; }
   int TrackLaengeMs(int track) override { return CdMilliseconds(TrackLaengeSektoren(track)); }
   int ReadTrack(int track, const Text& file) override;  // refuses data tracks too
   void RetryRead() override;
@@ -57,6 +59,7 @@ class DiscReader final : public Acd {
   const DiscDrives& drives_;
   int device_ = 1;
   bool selected_ = false;
+  int offset_ = 0;  // of the current device
   std::shared_ptr<Disc> disc_;
   // What is posted carries the token of its read: what one that was given up still had to say is
   // not told.

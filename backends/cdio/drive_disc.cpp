@@ -50,7 +50,8 @@ bool DriveDisc::ReadContents() {
     const lsn_t start = cdio_get_track_lsn(drive_.get(), number);
     if (start == CDIO_INVALID_LSN) return false;
     const bool audio = cdio_get_track_format(drive_.get(), number) == TRACK_FORMAT_AUDIO;
-    toc_.Tracks.push_back({start, 0, audio});
+    const bool raised = cdio_get_track_preemphasis(drive_.get(), number) == CDIO_TRACK_FLAG_TRUE;
+    toc_.Tracks.push_back({start, 0, audio, audio && raised});
   }
   toc_.LeadOut = end;
   lsn_t session = 0;

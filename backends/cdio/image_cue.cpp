@@ -25,7 +25,7 @@ struct CueEntry {
   int Line = 0;          // of the sheet
   std::size_t File = 0;  // of the files of the sheet: where its sound begins
   int SectorBytes = kCdSectorBytes;
-  bool Audio = true;
+  bool Audio = true, Preemphasis = false;
   std::optional<int> Index0, Index1;  // sectors from the start of the file
   int Pregap = 0, Postgap = 0;        // sectors of silence that no file holds
 };
@@ -92,8 +92,11 @@ class CueReader {
     };
     if (what == "FILE") return AddFile(Trimmed(Trimmed(line).substr(what.size())));
     if (what == "TRACK") return AddTrack(word(2));
-    if (what != "INDEX" && what != "PREGAP" && what != "POSTGAP") return;
+    if (what != "INDEX" && what != "PREGAP" && what != "POSTGAP" && what != "FLAGS") return;
     if (tracks_.empty()) SheetMakesNoSense();
+    if (what == "FLAGS") {
+      tracks_.back().Preemphasis = std::find(words.begin(), words.end(), "PRE") != words.end();
+    }
     if (what == "INDEX") AddIndex(word(1), Time(word(2)));
     if (what == "PREGAP") tracks_.back().Pregap = Time(word(1));
     if (what == "POSTGAP") tracks_.back().Postgap = Time(word(1));
@@ -191,7 +194,8 @@ class CueReader {
     if (end <= *track.Index1) SheetMakesNoSense();
 
     sector_ += track.Pregap;
-    layout_.Toc.Tracks.push_back({sector_ + *track.Index1 - begin, 0, track.Audio});
+    layout_.Toc.Tracks.push_back(
+        {sector_ + *track.Index1 - begin, 0, track.Audio, track.Audio && track.Preemphasis});
     AddPiece(track, file, end - begin);
     sector_ += end - begin + track.Postgap;
     if (sector_ > kMostDiscSectors) SheetMakesNoSense();

@@ -97,6 +97,8 @@ class TocReader {
     if (what == "FILE" || what == "AUDIOFILE") return AddSound();
     if (what == "DATAFILE") return AddData();
     if (what == "FIFO") SheetMakesNoSense();
+    if (what == "NO") Take();
+    if (what == "PRE_EMPHASIS") preemphasis_ = audio_;
     if (what == "SILENCE" || what == "ZERO") {
       while (NextIsWord() && !NextIsLength()) Take();  // the mode of the sectors
       Advance(Length(Take()));
@@ -164,6 +166,7 @@ class TocReader {
                                                            : 2336;
     if (NextIs("RW") || NextIs("RW_RAW")) blockBytes_ += kCdSubchannelBytes;
     inTrack_ = true;
+    preemphasis_ = false;
     begin_ = start_ = position_;
   }
 
@@ -176,7 +179,7 @@ class TocReader {
       where_.Line = trackLine_;
       SheetMakesNoSense();
     }
-    layout_.Toc.Tracks.push_back({start, 0, audio_});
+    layout_.Toc.Tracks.push_back({start, 0, audio_, preemphasis_});
     inTrack_ = false;
   }
 
@@ -236,7 +239,7 @@ class TocReader {
   std::vector<Word> words_;
   std::size_t at_ = 0;
   ImageLayout layout_;
-  bool inTrack_ = false, audio_ = true;
+  bool inTrack_ = false, audio_ = true, preemphasis_ = false;
   int trackLine_ = 0;
   int blockBytes_ = kCdSectorBytes;     // of a sector in a file of the track
   std::int64_t position_ = 0;           // bytes from sector 0

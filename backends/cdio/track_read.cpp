@@ -22,11 +22,9 @@ struct SectorFailed {};
 
 }  // namespace
 
-TrackRead::TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, const Text& file,
-                     double pace, Calls calls)
-    : disc_(std::move(disc)),
-      start_(disc_->Toc().Track(track).Start),
-      sectors_(disc_->Toc().Track(track).Sectors),
+TrackRead::TrackRead(Dateien& files, TrackSound sound, const Text& file, double pace, Calls calls)
+    : sound_(std::move(sound)),
+      sectors_(sound_.Sectors()),
       pace_(pace),
       calls_(std::move(calls)),
       buffer_(std::size_t{kBlockSectors} * kCdSectorBytes) {
@@ -91,11 +89,11 @@ bool TrackRead::Move() {
 int TrackRead::ReadBlock(int wanted, Time::time_point until, bool& failed) {
   int read = 0;
   while (read < wanted && (read == 0 || Time::now() < until) && !givenUp_) {
-    const int sector = start_ + done_ + read;
+    const int sector = done_ + read;
     char* target = buffer_.data() + std::ptrdiff_t{read} * kCdSectorBytes;
-    int count = std::min(disc_->CarefulSectors(), wanted - read);
-    if (!disc_->ReadCarefully(sector, count, target)) {
-      failed = count == 1 || givenUp_ || !disc_->ReadCarefully(sector, 1, target);
+    int count = std::min(sound_.CarefulSectors(), wanted - read);
+    if (!sound_.Read(sector, count, target)) {
+      failed = count == 1 || givenUp_ || !sound_.Read(sector, 1, target);
       if (failed) break;
       count = 1;
     }

@@ -3,7 +3,7 @@
 // its last slice may still sit in a drive that struggles, and closes the file when it returns.
 #pragma once
 
-#include "backends/cdio/disc.h"
+#include "backends/cdio/track_sound.h"
 
 #include "platform/acd.h"
 #include "platform/files.h"
@@ -25,8 +25,7 @@ class TrackRead {
   };
   // Makes the file, or raises. `pace` times as fast as the disc is played; 0 for as fast as it
   // goes.
-  TrackRead(Dateien& files, std::shared_ptr<Disc> disc, int track, const Text& file, double pace,
-            Calls calls);
+  TrackRead(Dateien& files, TrackSound sound, const Text& file, double pace, Calls calls);
   ~TrackRead() { Close(); }
   TrackRead(const TrackRead&) = delete;
   TrackRead& operator=(const TrackRead&) = delete;
@@ -47,8 +46,8 @@ class TrackRead {
   void Header();          // true to what the file holds
   void Close() noexcept;  // header and file agree afterwards, as far as the disk allows
 
-  std::shared_ptr<Disc> disc_;
-  int start_, sectors_;
+  TrackSound sound_;
+  int sectors_;
   double pace_;
   void Ended(int code);
 

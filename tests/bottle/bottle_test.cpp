@@ -1,6 +1,7 @@
 // Discs in the bottle's drive, read with libcdio, its paranoia reader and the back end over them.
 #include "tests/bottle/bottle.h"
 
+#include "backends/cdio/de_emphasis.h"
 #include "backends/cdio/drive_disc.h"
 #include "backends/linux/linux_places.h"
 #include "tests/backends/cdio/tray.h"
@@ -54,6 +55,31 @@ TEST_F(InTheBottle, ADiscLaidInByHandIsReadWithItsDataTrack) {
   }
   EXPECT_EQ(Read(*disc, 395, 405, false).size(), 10 * kSector);
   EXPECT_EQ(Read(*disc, 400, 401, false), "") << "no sound";
+}
+
+TEST_F(InTheBottle, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis) {
+  const std::string image = Sound(900);
+  Put(bottle.Folder() / "disc/image.bin", image);
+  Put(bottle.Folder() / "disc/toc",
+      "kind cd-r state closed track 0 audio track 300 audio track 600 raised leadout 900\n");
+  DiscReader reader(disk, loop, background, drives);
+  const auto grab = [&](int track, int offset) {
+    reader.SelectDevice(1);
+    reader.ReadOffset(offset);
+    EXPECT_EQ(reader.ReadTrack(track, L"C:\\a.wav"), 0);
+    loop.Pass(60'000);
+    return File("a.wav").substr(44);
+  };
+  EXPECT_TRUE(grab(1, -667) ==
+              std::string(4 * 667, '\0') + image.substr(0, 300 * kSector - 4 * 667));
+  EXPECT_TRUE(grab(2, 667) == image.substr(300 * kSector + 4 * 667, 300 * kSector));
+  EXPECT_FALSE(reader.TrackPreemphasis(2));
+  EXPECT_TRUE(reader.TrackPreemphasis(3));
+  DeEmphasis filter;
+  std::string lowered = Part(image, 599, 900);
+  filter.Apply(lowered.data(), lowered.size() / 4);
+  EXPECT_TRUE(grab(3, 0) == lowered.substr(kSector));
+  EXPECT_TRUE(grab(3, 6).starts_with(lowered.substr(kSector + 24)));
 }
 
 TEST_F(InTheBottle, FaultsOfReadingAreToldAndPassWithTheirCause) {

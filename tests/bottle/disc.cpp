@@ -26,7 +26,8 @@ std::optional<Disc> Disc::Load(const fs::path& folder) {
     if (word == "track") {
       DiscTrack track{};
       toc >> track.Start >> value;
-      track.Audio = value == "audio";
+      track.Audio = value != "data";
+      track.Preemphasis = value == "raised";
       disc.Tracks.push_back(track);
     } else if (word == "kind") {
       toc >> value;
@@ -62,7 +63,11 @@ void Disc::Save() const {
   toc << "kind " << (Erasable ? "cd-rw" : "cd-r") << "\ncapacity " << Capacity << "\nstate "
       << kStates[static_cast<std::size_t>(State)] << '\n';
   for (const DiscTrack& track : Tracks) {
-    toc << "track " << track.Start << (track.Audio ? " audio" : " data") << '\n';
+    toc << "track " << track.Start
+        << (track.Preemphasis ? " raised"
+            : track.Audio     ? " audio"
+                              : " data")
+        << '\n';
   }
   if (LeadOut > 0) toc << "leadout " << LeadOut << '\n';
   toc.close();

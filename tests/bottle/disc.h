@@ -18,6 +18,7 @@ constexpr int kSectorBytes = 2352;
 struct DiscTrack {
   int Start;  // sector
   bool Audio;
+  bool Preemphasis = false;
 };
 
 enum class DiscState { Blank, Open, Closed, Spoilt };

@@ -11,7 +11,7 @@ namespace {
 constexpr int kLeadOutTrack = 0xaa;
 
 unsigned char Control(const DiscTrack& track) {
-  return track.Audio ? 0x10 : 0x14;
+  return !track.Audio ? 0x14 : track.Preemphasis ? 0x11 : 0x10;
 }
 
 void Append(Bytes& answer, const Bytes& more) {

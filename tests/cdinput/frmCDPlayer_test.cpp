@@ -281,6 +281,20 @@ TEST_F(CDPlayer, PathsThatTheCatalogCannotHoldAreRefusedBeforeAnythingIsRead) {
   EXPECT_FALSE(b.prog.DateiExistiert(ordner + L"w\\Pista01.wav"));
 }
 
+TEST_F(CDPlayer, TheDrivesOwnOffsetIsSetAndPreemphasisStandsInTheLog) {
+  SaveSetting(b.bundle, L"Read_Offset_VANTORA IMAGE", L"-667");
+  SaveSetting(b.bundle, L"Read_Offset_OTRA", L"6");
+  Laufwerk().Disc[1].Preemphasis = true;
+  b.prog.LogAktiv = true;
+  Oeffnen();
+  Waehlt({1, 2});
+  Sichert({kNein});
+  EXPECT_EQ(cd->reader.Offset, -667);
+  const std::string spur = b.Lies(L"C:\\Vantora\\vantora.APL");
+  EXPECT_NE(spur.find("SongToGrab 2 has pre-emphasis"), std::string::npos);
+  EXPECT_EQ(spur.find("SongToGrab 1 has pre-emphasis"), std::string::npos);
+}
+
 TEST_F(CDPlayer, ADataTrackOrARefusedOneEndsTheGrabWithTheTracksBeforeItInTheCatalog) {
   Laufwerk().Disc[1].Audio = false;
   Oeffnen();

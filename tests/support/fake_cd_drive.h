@@ -20,6 +20,7 @@ namespace vantora {
 struct FakeTrack {
   int Sectors = 0;  // 75 a second
   bool Audio = true;
+  bool Preemphasis = false;
 };
 
 // The disc that both halves of the drive share, and what is wrong with the drive.
@@ -77,6 +78,10 @@ class FakeReader final : public Acd {
     const FakeTrack* found = Selected == 1 ? drive_.Find(track) : nullptr;
     return found != nullptr && found->Audio;
   }
+  bool TrackPreemphasis(int track) override {
+    return TrackIstAudio(track) && drive_.Find(track)->Preemphasis;
+  }
+  void ReadOffset(int frames) override { Offset = frames; }
   int TrackLaengeMs(int track) override { return FakeDrive::Ms(TrackLaengeSektoren(track)); }
   int ReadTrack(int track, const Text& file) override {
     Stop();
@@ -96,6 +101,7 @@ class FakeReader final : public Acd {
 
   int Selected = 0;
   int Retries = 0;
+  int Offset = 0;
 
  private:
   static constexpr int kSteps = 10;

@@ -1,8 +1,10 @@
 #include "backends/discimage/image_writer.h"
 #include "backends/linux/thread_background.h"
 #include "tests/backends/cdio/tray.h"
+#include "tests/backends/mpg123/tones.h"
 
 #include <chrono>
+#include <cstring>
 #include <thread>
 
 namespace vantora::test {
@@ -34,6 +36,7 @@ class Reader : public Tray {
   // Reads a track of the disc in the tray to the end; the sound of the wave that it has become.
   std::string Grab(int track) {
     reader.SelectDevice(1);
+    reader.ReadOffset(Offset);
     Complete = 0;
     EXPECT_EQ(reader.ReadTrack(track, kTarget), 0);
     loop.Pass(60'000);
@@ -51,7 +54,7 @@ class Reader : public Tray {
 
   DiscReader reader{disk, loop, background, drives};
   std::vector<int> Positions;
-  int Complete = 0, Failures = 0;
+  int Complete = 0, Failures = 0, Offset = 0;
 };
 
 }  // namespace
@@ -113,6 +116,69 @@ TEST_F(Reader, ADataTrackIsToldFromAudioAndRefused) {
   EXPECT_EQ(reader.TrackLaengeSektoren(2), 100);
   EXPECT_NE(reader.ReadTrack(2, kTarget), 0);
   EXPECT_FALSE(fs::exists(home / "pista.wav"));
+}
+
+TEST_F(Reader, PreemphasisIsTakenOffByItsCurveAndJointsStayWhole) {
+  constexpr std::size_t kSectors = 80;
+  const auto tones = [&](double left, double right) {
+    return ToneBytes({left, right}, 0.5, 44100, kSectors * 588);
+  };
+  for (const auto& [left, right] :
+       {std::pair{100., 1000.}, {3183., 5000.}, {8000., 10610.}, {15000., 20000.}}) {
+    Put(Folder() / "d.bin", tones(left, right));
+    Put(Folder() / "d.cue",
+        "FILE d.bin BINARY\nTRACK 01 AUDIO\nFLAGS DCP PRE\nINDEX 01 00:00:00\n"
+        "TRACK 02 AUDIO\nFLAGS PRE\nINDEX 01 00:00:40\n");
+    const std::string sound = Grab(1) + Grab(2);
+    EXPECT_TRUE(reader.TrackPreemphasis(2));
+    std::vector<std::int16_t> samples(sound.size() / 2);
+    std::memcpy(samples.data(), sound.data(), sound.size());
+    for (std::size_t channel = 0; channel < 2; ++channel) {
+      const double hertz = channel == 0 ? left : right, turn = 2 * std::numbers::pi * hertz;
+      const double curve = std::hypot(1, turn * 15e-6) / std::hypot(1, turn * 50e-6);
+      const double level =
+          std::abs(ToneIn(ChannelOf(samples, channel), hertz, 44100, 2000, kSectors * 588));
+      EXPECT_NEAR(Decibels(level / 0.5 / curve), 0, 0.03) << hertz;
+    }
+    Put(Folder() / "d.cue", "FILE d.bin BINARY\nTRACK 01 AUDIO\nFLAGS PRE\nINDEX 01 00:00:00\n");
+    EXPECT_TRUE(Grab(1) == sound) << "the same in one piece";
+  }
+  fs::remove(Folder() / "d.cue");
+  const std::string image = Get(Folder() / "d.bin");
+  Put(Folder() / "d.toc",
+      "TRACK AUDIO\nNO PRE_EMPHASIS\nFILE \"d.bin\" SWAP 0 0:0:40\n"
+      "TRACK AUDIO\nPRE_EMPHASIS\nFILE \"d.bin\" SWAP 0:0:40\n");
+  EXPECT_TRUE(Grab(1) == Part(image, 0, 40)) << "nothing else is touched";
+  EXPECT_FALSE(reader.TrackPreemphasis(1));
+  EXPECT_TRUE(reader.TrackPreemphasis(2));
+}
+
+TEST_F(Reader, AReadOffsetMovesTheSoundToTheSampleAndLeavesSilenceAtTheEnds) {
+  const std::string image = Lay({10, 80, 200}, 300, true);
+  const std::string around =
+      std::string(40 * kSector, '\0') + Part(image, 0, 200) + std::string(40 * kSector, '\0');
+  for (const int offset : {0, 6, -6, 588, -588, 667, -1164, 12'000, -12'000}) {
+    const auto moved = [&](int from, int to) {
+      const std::int64_t at = std::int64_t{40 + from} * 2352 + std::int64_t{offset} * 4;
+      return around.substr(static_cast<std::size_t>(at),
+                           static_cast<std::size_t>(to - from) * kSector);
+    };
+    Offset = offset;
+    EXPECT_TRUE(Grab(1) == moved(10, 80)) << offset;
+    EXPECT_TRUE(Grab(2) == moved(80, 200)) << offset << ": a data track is no sound";
+  }
+  // A read that fails goes on where it was, at the same offset.
+  const std::string audio = Lay({0, 200}, 300);
+  fs::resize_file(Folder() / "disco.bin", 100 * kSector + 5);
+  reader.SelectDevice(1);
+  reader.ReadOffset(-100);
+  ASSERT_EQ(reader.ReadTrack(1, kTarget), 0);
+  loop.Pass(10'000);
+  EXPECT_EQ(Failures, 1);
+  Put(Folder() / "disco.bin", audio);
+  reader.RetryRead();
+  loop.Pass(10'000);
+  EXPECT_TRUE(SoundOfTarget() == std::string(400, '\0') + audio.substr(0, 200 * kSector - 400));
 }
 
 TEST_F(Reader, AnImageThatWasCutOffFailsWhereItEndsAndGoesOnThereWhenItIsWhole) {
