@@ -68,9 +68,12 @@ void Bild(Control& control, Sicht wert) {
   if (auto* bild = dynamic_cast<PictureBox*>(&control)) bild->Picture = Text(wert);
 }
 
+// Only what was made before a control can hold it, so that no two lie in each other.
 void Hineinlegen(Control& control, Sicht wert) {
   Control* behaelter = Gemeint(control.Owner(), wert);
-  if (behaelter == nullptr || behaelter == &control) return;
+  const std::vector<Control*>& alle = control.Owner().Controls;
+  const auto hier = std::find(alle.begin(), alle.end(), &control);
+  if (behaelter == nullptr || std::find(alle.begin(), hier, behaelter) == hier) return;
   const ControlKind art = behaelter->Kind();
   if (art == ControlKind::PictureBox || art == ControlKind::Shape) control.Container = behaelter;
 }

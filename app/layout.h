@@ -6,8 +6,9 @@
 //   columns name W0 W1 ...
 //
 // A label with a place in the order of the focus (tab=) takes it. The place of a control that lies
-// in a picture box or a shape (in=, name or name(index)) counts from there. Geometry in twips; "#"
-// begins a comment; a name that the window lacks is passed over.
+// in a picture box or a shape (in=, name or name(index)) counts from there; one that the window
+// makes later holds nothing. Geometry in twips; "#" begins a comment; a name that the window lacks
+// is passed over.
 #pragma once
 
 #include "platform/form.h"

@@ -1,9 +1,10 @@
 // Marks a procedure whose loops the compiler shall make once for every generation of the vector
-// unit; the fitting one is chosen when the program starts. The results are the same to the bit.
+// unit; the fitting one is chosen when the program starts. The results are the same to the bit. The
+// choice is made too early for the sanitizers, whose own work has not begun by then.
 #pragma once
 
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
-    !defined(__SANITIZE_ADDRESS__)
+    !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #define VANTORA_VECTOR_UNIT \
   [[gnu::target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default"), gnu::noinline]]
 #else

@@ -48,12 +48,29 @@ void ReadFormat(Datei& file, std::int64_t size, WaveLayout& layout) {
   layout.FrameBytes = layout.Channels * ((layout.BitsPerSample + 7) / 8);
 }
 
-// A chunk of odd length is followed by a byte that fills it up, but not every program writes one.
-bool KnownChunkAt(Datei& file, std::int64_t place) {
+bool NeededChunkAt(Datei& file, std::int64_t place) {
   std::array<unsigned char, 4> name{};
   file.Seek(place);
   if (file.ReadSome(name.data(), name.size()) != name.size()) return false;
   return Has(name, 0, "data") || Has(name, 0, "fmt ");
+}
+
+// A name of letters, with a size that the file has room for.
+bool LikelyChunkAt(Datei& file, std::int64_t place) {
+  std::array<unsigned char, kChunkHead> head{};
+  file.Seek(place);
+  if (file.ReadSome(head.data(), head.size()) != head.size()) return false;
+  const bool letters = std::all_of(head.begin(), head.begin() + 4,
+                                   [](unsigned char c) { return c >= ' ' && c <= '~'; });
+  return letters && Number(head, 4, 4) <= file.Length() - place - kChunkHead;
+}
+
+// A chunk of odd length is followed by a byte that fills it up, but not every program writes one.
+std::int64_t BehindChunk(Datei& file, std::int64_t place, std::int64_t size) {
+  const std::int64_t end = place + size;
+  const bool unfilled = size % 2 == 0 || NeededChunkAt(file, end) ||
+                        (LikelyChunkAt(file, end) && !LikelyChunkAt(file, end + 1));
+  return std::min(unfilled ? end : end + 1, file.Length());
 }
 
 }  // namespace
@@ -78,12 +95,11 @@ WaveLayout ReadWaveLayout(Datei& file) {
     if (Has(head, 0, "data") && layout.DataOffset == 0) {
       layout.DataOffset = place;
       layout.DataBytes = size;
-      layout.TailOffset = std::min(place + size + size % 2, length);
+      layout.TailOffset = BehindChunk(file, place, size);
       layout.TailBytes = length - layout.TailOffset;
     }
     if (layout.FrameBytes != 0 && layout.DataOffset != 0) return layout;
-    place += size;
-    if (size % 2 != 0 && !KnownChunkAt(file, place)) ++place;
+    place = BehindChunk(file, place, size);
   }
   RaiseNoWave();
 }
