@@ -7,6 +7,7 @@
 #include "tests/support/buehne.h"
 #include "tests/support/cddb_server.h"
 
+#include <deque>
 #include <set>
 #include <string>
 #include <utility>
@@ -124,6 +125,40 @@ class WatchedSockets final : public Sockets {
   Sockets& real_;
   Clock& clock_;
   std::int64_t lastRead_ = -1;
+};
+
+// Sockets without a network: every connection gives the next of the answers.
+class AnsweringSockets final : public Sockets {
+ public:
+  std::deque<std::string> Answers;
+  std::vector<std::string> Requests;
+
+  int WSAStartup(int /*version*/) override { return 0; }
+  int WSAGetLastError() override { return 0; }
+  std::uint16_t Htons(std::uint16_t value) override { return value; }
+  std::uint32_t inet_addr(const std::string& /*host*/) override { return 1; }
+  std::string inet_ntoa(std::uint32_t /*address*/) override { return {}; }
+  int gethostbyname(const std::string& /*h*/, std::uint32_t& /*a*/) override { return 0; }
+  int socket() override {
+    rest_ = Answers.empty() ? "" : Answers.front();
+    if (!Answers.empty()) Answers.pop_front();
+    return 1;
+  }
+  int setsockopt_LINGER(int /*n*/, bool /*on*/, int /*seconds*/) override { return 0; }
+  int connect(int /*n*/, const SocketAdresse& /*address*/) override { return 0; }
+  int send(int /*n*/, const std::string& bytes) override {
+    Requests.push_back(bytes);
+    return static_cast<int>(bytes.size());
+  }
+  int recv(int /*n*/, char* bytes, int limit) override {
+    const auto count = rest_.copy(bytes, static_cast<std::size_t>(limit));
+    rest_.erase(0, count);
+    return static_cast<int>(count);
+  }
+  void closesocket(int /*n*/) override {}
+
+ private:
+  std::string rest_;
 };
 
 // What a look-up came to.

@@ -265,38 +265,4 @@ TEST_F(Sheets, WhatMakesNoSenseIsNoDisc) {
   EXPECT_TRUE(Laid("y.cue", file + track + "INDEX 01 00:00:00\n")) << "the next sheet is the disc";
 }
 
-// Whatever a sheet holds, it is a disc or none: nothing is read outside it, and nothing hangs.
-TEST_F(Sheets, ADamagedSheetDoesNoHarm) {
-  Bin("a.bin", 100);
-  const std::string cue =
-      "FILE \"a.bin\" BINARY\nTRACK 01 AUDIO\nPREGAP 00:02:10\nINDEX 01 00:00:00\n"
-      "TRACK 02 MODE1/2048\nINDEX 00 00:00:40\nINDEX 01 00:00:50\n";
-  const std::string toc =
-      "TRACK AUDIO\nFILE \"a.bin\" #4 0 00:00:30\nSTART 00:00:05\n{ x }\n"
-      "TRACK MODE1\nDATAFILE \"a.bin\" 4096\nZERO 20480\n";
-  for (std::uint32_t seed = 1; seed <= 2000; ++seed) {
-    const bool other = seed % 2 == 0;
-    std::string sheet = other ? toc : cue;
-    const std::string dice = Noise(12, seed);
-    for (std::size_t i = 0; i + 2 < dice.size(); i += 3) {
-      const std::size_t at = static_cast<unsigned char>(dice[i]) * sheet.size() / 256;
-      if (dice[i + 2] > 0) {
-        sheet[at] = dice[i + 1] > 0 ? dice[i + 1] : '9';
-      } else {
-        sheet.erase(at, static_cast<std::size_t>(dice[i + 1] & 7));
-      }
-    }
-    const auto disc = Laid(other ? "x.toc" : "x.cue", sheet);
-    if (disc) {
-      std::string sector(kSector, '?');
-      for (const CdTrack& track : disc->Toc().Tracks) {
-        EXPECT_GE(track.Start, 0);
-        EXPECT_GT(track.Sectors, 0);
-        disc->Read(track.Start, 1, sector.data());
-      }
-    }
-    fs::remove(Folder() / (other ? "x.toc" : "x.cue"));
-  }
-}
-
 }  // namespace vantora::test

@@ -1,0 +1,73 @@
+// Any bytes as what a CDDB server answers: the titles of the disc, or one of the client's own ways
+// to fail. Behind the byte 0x1C stands the answer to the second request.
+#include "tests/cdinput/cddb_stage.h"
+#include "tests/fuzz/fuzz_body.h"
+
+#include <algorithm>
+
+namespace vantora::test {
+
+namespace {
+
+const std::string kHead = "HTTP/1.1 200 OK\r\n\r\n";
+
+struct Client {
+  TemporaryHome home;
+  HeadlessPlatform platform{home.Path(), std::filesystem::path(VANTORA_SOURCE_DIR) / "resources"};
+  FakeDisc disc;
+  AnsweringSockets network;
+  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
+                               platform.bundle.cd, disc, network)};
+};
+
+}  // namespace
+
+std::vector<std::string> FuzzSeeds() {
+  const std::string query = kHead + "200 rock 0b012a02 Alguien / Algo\r\n";
+  return {
+      query + "\x1C" + kHead +
+          "210 rock 0b012a02 x\r\nDTITLE=a / b\r\nTTITLE0=c\r\nTTITLE12=d / e\r\nTTITLE99=f\r\n"
+          "EXTD=f\\ng\r\nEXTT12=h\r\n.\r\n",
+      query + "\x1C" + kHead + "210 rock x\r\nTTITLE1e9=c\r\nTTITLE-1=c\r\nEXTT0.5=\r\nDTITLE=a",
+      kHead + "211 close\r\nrock 0b012a03 x\r\n.\r\n", "HTTP/1.1 500 No\r\n\r\n", ""};
+}
+
+}  // namespace vantora::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantora;
+  using namespace vantora::test;
+  static Client machine;
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  const std::size_t end = std::min(bytes.find('\x1C'), bytes.size());
+  machine.network.Answers = {bytes.substr(0, end), bytes.substr(std::min(end + 1, bytes.size()))};
+  machine.network.Requests.clear();
+  machine.disc.Starts = {150, 13500};
+  machine.disc.LeadOut = 22500;
+
+  clsCCd client(machine.bundle);
+  client.Init(L"D:\\");
+  std::uint8_t status = 0;
+  std::int16_t result = -1;
+  int error = 0;
+  try {
+    client.CDDBAbfrage({L"127.0.0.1", L"", L"", L"a", L"b", L"c", L"1"}, status, result);
+  } catch (const Laufzeitfehler& fehler) {
+    error = fehler.Nummer;
+  }
+  const bool found = result == 0 && status == kCDDBFertig;
+  const bool not_there = result == 1 && (status == kCDDBMehrere || status == kCDDBNichtGefunden);
+  Require(error == 0 ? found || not_there : error == 5 || error == 6 || error == 9,
+          "a look-up ends in one of its own ways");
+  for (const std::string& request : machine.network.Requests) {
+    Require(request.ends_with("\r\n\r\n") && std::count(request.begin(), request.end(), '\n') == 3,
+            "no answer adds a line to a request");
+  }
+  if (!found) return 0;
+  const CDDBInfo info = client.CDDBGetInfo();
+  for (const Text& title : info.TrackTitel) {
+    Require(std::all_of(title.begin(), title.end(), [](wchar_t c) { return c >= L' '; }),
+            "a title stands on one line");
+  }
+  return 0;
+}

@@ -1,0 +1,72 @@
+// Any bytes as a sheet of a disc image, in both notations: a disc all of whose sectors can be asked
+// for, or a fault with its line.
+#include "backends/cdio/image_disc.h"
+#include "backends/cdio/track_sound.h"
+#include "tests/backends/linux/home.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/fuzz/fuzz_body.h"
+
+namespace vantora::test {
+
+std::vector<std::string> FuzzSeeds() {
+  return {
+      "REM x\r\nFILE \"a.bin\" BINARY\r\n  TRACK 01 AUDIO\r\n    FLAGS DCP PRE\r\n    PREGAP "
+      "00:02:10\r\n    INDEX 01 00:00:00\r\n  TRACK 02 CDG\r\n    INDEX 00 00:00:10\r\n    "
+      "INDEX 01 00:00:15\r\n",
+      "FILE a.bin\nTRACK 01 MODE1/2048\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nPOSTGAP 999:59:74\n"
+      "INDEX 00 00:00:10\nFILE \"x/b.wav\" WAVE\nINDEX 01 00:00:00\n",
+      "CD_ROM\nCD_TEXT { TITLE \"{\" }\nTRACK AUDIO\nPRE_EMPHASIS\nFILE \"a\\056bin\" #4 0 "
+      "00:00:10\nSTART 00:00:05\nTRACK MODE1 RW\nDATAFILE \"a.bin\" 4096\nZERO MODE1 20480\n"
+      "TRACK AUDIO RW_RAW\nPREGAP 0:0:9\nDATAFILE \"a.bin\" #100\nSILENCE 99999999999\n",
+      std::string("\xFF\xFE"
+                  "F\0I\0L\0E\0 \0a\0.\0b\0i\0n\0\r\0",
+                  24),
+      ""};
+}
+
+namespace {
+
+void ReadAll(const std::shared_ptr<Disc>& disc) {
+  const CdToc& toc = disc->Toc();
+  Require(toc.Count() >= 1 && toc.Count() <= 99, "a disc has 1 to 99 tracks");
+  std::string sectors(3 * kCdSectorBytes, '?');
+  int end = 0;
+  for (int number = 1; number <= toc.Count(); ++number) {
+    const CdTrack& track = toc.Track(number);
+    Require(track.Start >= end && track.Sectors > 0, "tracks follow each other");
+    end = track.Start + track.Sectors;
+    disc->Read(track.Start, 1, sectors.data());
+    disc->Read(end - 1, 2, sectors.data());
+    TrackSound sound(disc, number, number * 100 - 300);
+    sound.Read(0, std::min(3, sound.Sectors()), sectors.data());
+    sound.Read(sound.Sectors() - 1, 1, sectors.data());
+  }
+  Require(end <= toc.LeadOut && end < 100 * 60 * 75, "the disc ends behind its tracks");
+}
+
+}  // namespace
+
+}  // namespace vantora::test
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace vantora;
+  using namespace vantora::test;
+  static Home home;
+  static const bool laid = [] {
+    Put(home / "a.bin", Noise(std::size_t{20} * kCdSectorBytes));
+    Put(home / "x/b.wav", Wave(Noise(5000)));
+    return true;
+  }();
+  static_cast<void>(laid);
+  for (const char* name : {"s.cue", "s.toc"}) {
+    fs::remove(home / name);  // overwriting a file makes some file systems wait for the disk
+    Put(home / name, {reinterpret_cast<const char*>(data), size});
+    const Text sheet(name, name + 5);
+    try {
+      ReadAll(std::make_shared<ImageDisc>(home.Files, L"C:\\" + sheet));
+    } catch (const SheetFailure& failure) {
+      Require(failure.What.Sheet == sheet && failure.What.Line >= 1, "a fault has its line");
+    }
+  }
+  return 0;
+}
