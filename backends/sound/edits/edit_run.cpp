@@ -221,7 +221,7 @@ bool EditRun::MayBeBlock(const PlanFile& plan, const Record& record, const Datei
   const Kind kind = plan.Steps[record.Step].What;
   // A medium that comes back may have another number, and numbers its files anew.
   if (now.Device == record.Before.Device && !now.SameFile(record.Before)) return false;
-  if (kind == Kind::Reserve) return IsReserved(plan, now);
+  if (kind == Kind::Reserve) return IsReserved(plan, record, now);
   const bool size =
       now.Bytes == record.Before.Bytes || (kind == Kind::Length && now.Bytes == plan.LengthAfter);
   const std::int64_t since = now.Time - record.Before.Time;
@@ -229,10 +229,10 @@ bool EditRun::MayBeBlock(const PlanFile& plan, const Record& record, const Datei
 }
 
 // What was reserved holds nothing yet.
-bool EditRun::IsReserved(const PlanFile& plan, const DateiStand& now) {
-  if (now.Bytes < plan.Before.Bytes || now.Bytes > plan.LengthAfter) return false;
+bool EditRun::IsReserved(const PlanFile& plan, const Record& record, const DateiStand& now) {
+  if (now.Bytes < record.Before.Bytes || now.Bytes > record.Bytes) return false;
   const std::unique_ptr<Datei> file = dateien_.Open(plan.Path, Zugriff::Lesen);
-  file->Seek(plan.Before.Bytes);
+  file->Seek(record.Before.Bytes);
   for (std::size_t some = 1; some > 0;) {
     some = file->ReadSome(block_.Data(), block_.Room());
     const char* const end = block_.Data() + some;

@@ -53,7 +53,7 @@ class EditRun {
   bool MayBeBlock(const PlanFile& plan, const Record& record, const DateiStand& now);
   State LookAtHelpers(const PlanFile& plan,
                       std::size_t step);  // that this step and later ones read
-  bool IsReserved(const PlanFile& plan, const DateiStand& now);
+  bool IsReserved(const PlanFile& plan, const Record& record, const DateiStand& now);
   State Find(const Text& path, const DateiStand& known, const Text& medium, DateiStand& now);
   State UndoReserve(std::size_t file);
   std::optional<DateiStand> Before(std::size_t file);  // nothing: not before another one is done

@@ -23,10 +23,22 @@ namespace vantora::test {
 
 namespace fs = std::filesystem;
 
+// Tests write much and keep nothing: where memory has the room, it is quicker than a disk that must
+// be told of every block that is freed.
+inline fs::path RoomForTests() {
+  const fs::path memory = "/dev/shm";
+  constexpr std::uintmax_t kEnough = 2'000'000'000;
+  std::error_code none;
+  const bool asked = std::getenv("TMPDIR") != nullptr;
+  return !asked && fs::space(memory, none).available >= kEnough && !none
+             ? memory
+             : fs::temp_directory_path();
+}
+
 class TempFolder {
  public:
   TempFolder() {
-    std::string name = (fs::temp_directory_path() / "vantora-test-XXXXXX").string();
+    std::string name = (RoomForTests() / "vantora-test-XXXXXX").string();
     if (!::mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
     path_ = name;
   }
