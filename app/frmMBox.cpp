@@ -15,6 +15,8 @@ frmMBox::frmMBox(Programm& programm) : VtrFenster(programm, L"frmMBox") {
     Knopf(picMboxButton(i), [this, i] { picMboxButton_MouseUp(i); });
   }
   Knopf(imgHelp, [this] { HilfeZeigen(); });
+  // Return gives the first answer wherever the focus is, so the ring must not stand round another.
+  picMboxButton(1).TabStop = imgHelp.TabStop = false;
 }
 
 void frmMBox::Form_Load() {

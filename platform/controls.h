@@ -164,6 +164,7 @@ class PictureButton : public Control {
   Property<double> ClipTop{*this, 0.0};     // shown part of the picture, in shares of its
   Property<double> ClipHeight{*this, 1.0};  // height
   Text PictureReleased, PicturePressed;     // blank: the picture does not change on a press
+  bool TabStop = true;  // false: takes no focus; the mouse and the window's own keys press it
 };
 
 class TextBox : public Control {

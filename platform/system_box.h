@@ -27,7 +27,6 @@ class SystemBox final : public Form {
       button.AccessibleName = answer.Caption;
       button.MouseUp = [this, answer](int) { Leave(answer.Code); };
     }
-    first_ = answers.front().Code;
     last_ = answers.back().Code;
   }
 
@@ -36,10 +35,11 @@ class SystemBox final : public Form {
     return answer_;
   }
 
+  // Return is left to the button with the focus, the first one at the beginning.
   bool Form_KeyDown(int key, bool /*control*/) override {
-    if (key == kKeyReturn) Leave(first_);
-    if (key == kKeyEscape) Leave(last_);
-    return key == kKeyReturn || key == kKeyEscape;
+    if (key != kKeyEscape) return false;
+    Leave(last_);
+    return true;
   }
   void Form_Close() override { Leave(last_); }
 
@@ -72,7 +72,7 @@ class SystemBox final : public Form {
   EventLoop& loop_;
   Label lblMbMeldung{*this, L"lblMbMeldung"};
   ControlArray<PictureButton, 3> picMboxButton{*this, L"picMboxButton"};
-  int answer_ = 0, first_ = 0, last_ = 0;
+  int answer_ = 0, last_ = 0;
 };
 
 inline int EventLoop::SystemBox(const Text& text, int flags, const Text& title) {

@@ -149,7 +149,8 @@ bool HeadlessLoop::TakesFocus(const Control& control) {
     case ControlKind::Label:
       return static_cast<const Label&>(control).TabStop;
     case ControlKind::PictureButton:  // a plain picture has no handler
-      return control.MouseUp || control.MouseDown || control.Click;
+      return static_cast<const PictureButton&>(control).TabStop &&
+             (control.MouseUp || control.MouseDown || control.Click);
     case ControlKind::PictureBox:
       return static_cast<bool>(control.KeyDown);
     default:

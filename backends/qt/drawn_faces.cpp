@@ -194,6 +194,7 @@ class ButtonFace final : public Face {
         button.AccessibleName().empty() ? button.ToolTipText() : button.AccessibleName();
     button_->Words = button.Picture().empty() && button.Icon().empty() ? look::Plain(words) : "";
     button_->Ink = look::Of(button.ForeColor);
+    button_->setFocusPolicy(button.TabStop ? Qt::TabFocus : Qt::NoFocus);
     button_->update();
   }
 

@@ -121,5 +121,25 @@ TEST(Meldung, TheBoxAnswersByButtonAndByKey) {
   }
 }
 
+TEST(Meldung, TheFocusStaysOnWhatReturnDoes) {
+  Buehne b;
+  b.Start();
+  b.Macht([&](Form& front) {
+    auto& box = dynamic_cast<frmMBox&>(front);
+    for (int i = 0; i < 5; ++i) {
+      EXPECT_EQ(b.platform.loop.Focus(box), &box.picMboxButton(0)) << i;
+      b.platform.hands.Key(box, L"Tab");
+    }
+    b.platform.hands.Press(box.picMboxButton(1));
+  });
+  b.Tu([&] { EXPECT_EQ(b.prog.MsgBoxen(L"¿Borrar?", kFrage), kNein); });
+  // The plain box has no first answer of its own: Return presses the button that has the focus.
+  b.Macht([&](Form& front) {
+    b.platform.hands.Key(front, L"Tab");
+    b.platform.hands.Key(front, L"Return");
+  });
+  b.Tu([&] { EXPECT_EQ(b.platform.loop.SystemBox(L"?", 2, L""), 4); });
+}
+
 }  // namespace
 }  // namespace vantora
