@@ -191,6 +191,7 @@ void frmHauptForm::PlayWaveNormal(const Text& datei) {
   const Text endung = Ucase(Rechts(datei, 4));
   if (!existiert) {
     Level.Active = false;
+    Level.PeakLeft = Level.PeakRight = 0;  // it is switched on again with the window's next focus
     WavePlayer->Stop();
   } else {
     Level.Active = true;

@@ -25,6 +25,19 @@ TEST_F(Katalog, ABlockOfCrossfadedTracksIsJumpedAsAWhole) {
   }
 }
 
+TEST_F(Katalog, TheMeterOfAStoppedPreviewStaysDarkWhenTheWindowIsBack) {
+  b.Katalog({L"a"});
+  b.Waehle(1);
+  b.platform.hands.Press(b.Haupt().imgAbspielen);
+  b.platform.loop.Pass(500);
+  EXPECT_GT(b.Haupt().Level.PeakLeft, 0);
+  b.platform.hands.Press(b.Haupt().imgStop);
+  b.platform.loop.Pass(100);
+  b.Tu([&] { b.Haupt().Form_GotFocus(); });
+  EXPECT_TRUE(b.Haupt().Level.Active());
+  EXPECT_EQ(b.Haupt().Level.PeakLeft + b.Haupt().Level.PeakRight, 0);
+}
+
 TEST_F(Katalog, UndoBringsBackWhatWasDeletedAndHasOneStep) {
   b.Katalog({L"a", L"b", L"c"});
   b.Waehle(2);
