@@ -149,11 +149,14 @@ void frmWaveEditor::lstPresets_Click() {
     }
   }
   PresetKnoepfeZeigen();
+  CheckRestEffekte();
+  CheckAllEffekte();
 }
 
 void frmWaveEditor::PresetKnoepfeZeigen() {
   if (AktivesPanel == kEqualizer) KnopfZeigen(imgLoudness, chkLoudness, L"WAVE_EQBUTT");
   if (AktivesPanel == kLautstaerke) {
+    KnopfZeigen(imgVolumeByPass, chkVolume, L"WAVE_VOLUMEBYPASS");
     KnopfZeigen(imgGaterBypass, chkGateraktiv, L"WAVE_VOLUMEBYPASS");
   }
   if (AktivesPanel != kRestauration) return;

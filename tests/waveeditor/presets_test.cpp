@@ -102,6 +102,30 @@ TEST_F(Presets, EachKindKeepsItsControlsInOrderAndSetsThemAgain) {
   EXPECT_EQ(E().imgDeclickByPass.Picture(), L"WAVE_RESTAURATIONBYPASS_UNPRESSED");
 }
 
+TEST_F(Presets, AChosenPresetLightsItsPanelAndCanBeApplied) {
+  Speichere(L"ZFXVOL0", L"alto;8192;1;0;0;0");
+  Speichere(L"ZFXRES0", L"limpio;10;1;20;0;30;0");
+  Oeffne(1000);
+  const struct {
+    int Panel;
+    PictureButton& Knopf;
+    const wchar_t *Bild, *Licht;
+  } faelle[] = {
+      {kLautstaerke, E().imgVolumeByPass, L"WAVE_VOLUMEBYPASS_ON", L"WAVEEFFEKTON_1"},
+      {kRestauration, E().imgDeclickByPass, L"WAVE_RESTAURATIONBYPASS_ON", L"WAVEEFFEKTON_3"}};
+  for (const auto& fall : faelle) {
+    SCOPED_TRACE(fall.Panel);
+    ZeigePresets(fall.Panel);
+    Waehle(1);
+    EXPECT_EQ(fall.Knopf.Picture(), fall.Bild);
+    EXPECT_EQ(E().imgEffekt(fall.Panel).Picture(), fall.Licht);
+    EXPECT_TRUE(E().EffekteAktiv);
+    EXPECT_EQ(E().Out->Input() == E().mmVolume.get(), fall.Panel == kLautstaerke);
+    Druecke(E().imgEffekt(5));
+    EXPECT_FALSE(E().EffekteAktiv);
+  }
+}
+
 TEST_F(Presets, ANameIsTakenOnceAndThereAreTenPlaces) {
   Oeffne(1000);
   ZeigePresets(kFlanger);
