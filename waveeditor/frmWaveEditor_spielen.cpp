@@ -53,6 +53,10 @@ void frmWaveEditor::PlayWave(bool an) {
     return;
   }
   if (!an) return Anhalten();
+  if (Spielt) {
+    DanachSpielen = true;  // anew, with what is selected now
+    return Anhalten();
+  }
   RuntimeConnections();
   if (Spielt || EinrechnenLaeuft || Beschaeftigt) return;
   Out->Loop = false;

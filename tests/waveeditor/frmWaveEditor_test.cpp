@@ -183,6 +183,26 @@ TEST_F(WaveEditor, PlayingRunsToTheEndOfTheRangeAndGoesBackToItsStart) {
   EXPECT_FALSE(E().Pausiert);
 }
 
+TEST_F(WaveEditor, PlayPressedWhilePlayingStartsAnewWithWhatIsSelectedNow) {
+  Oeffne(10 * kSekunde);
+  Druecke(E().imgSteuerung(0));
+  Vergeht(1000);
+  Ziehe(Breite() / 2, Breite() * 3 / 4);
+  Druecke(E().imgSteuerung(0));
+  Vergeht(1000);
+  EXPECT_TRUE(E().Spielt);
+  EXPECT_NEAR(E().linPosition.Left, Breite() * 0.6, Breite() * 0.02);
+  b.Tu([this] {
+    b.platform.loop.Post([this] { E().imgSteuerung_MouseUp(1); });  // while the first sound ends
+    E().imgSteuerung_MouseUp(0);
+  });
+  EXPECT_FALSE(E().Spielt);
+  Druecke(E().imgLoop);
+  Druecke(E().imgSteuerung(0));  // once, and not round again
+  Vergeht(3000);
+  EXPECT_FALSE(E().Spielt);
+}
+
 TEST_F(WaveEditor, ASoundCardThatRefusesStopsThePlaying) {
   b.platform.card.Present = false;
   Oeffne(kSekunde);
