@@ -99,13 +99,16 @@ void frmWaveEditor::TransportEinrichten() {
   Knopf(imgLoop, [this] { imgLoop_MouseUp(); });
   Knopf(cmdAllesAuswaehlen, [this] { cmdAllesAuswaehlen_Click(); });
   Knopf(cmdAuswahlAufheben, [this] { cmdAuswahlAufheben_Click(); });
-  Knopf(imgCopy, [this] { imgCopy_MouseUp(); });
-  Knopf(imgCut, [this] { imgCut_MouseUp(); });
-  Knopf(imgPaste, [this] { imgPaste_MouseUp(); });
-  Knopf(imgMute, [this] { imgMute_MouseUp(); });
-  Knopf(imgFadeIn, [this] { imgFadeIn_MouseUp(); });
-  Knopf(imgFadeOut, [this] { imgFadeOut_MouseUp(); });
-  Knopf(imgNormalize, [this] { imgNormalize_MouseUp(); });
+  const auto bearbeitet = [this](PictureButton& knopf, Handler handler) {
+    Knopf(knopf, [this, handler] { Bearbeiten(handler); });
+  };
+  bearbeitet(imgCopy, &frmWaveEditor::imgCopy_MouseUp);
+  bearbeitet(imgCut, &frmWaveEditor::imgCut_MouseUp);
+  bearbeitet(imgPaste, &frmWaveEditor::imgPaste_MouseUp);
+  bearbeitet(imgMute, &frmWaveEditor::imgMute_MouseUp);
+  bearbeitet(imgFadeIn, &frmWaveEditor::imgFadeIn_MouseUp);
+  bearbeitet(imgFadeOut, &frmWaveEditor::imgFadeOut_MouseUp);
+  bearbeitet(imgNormalize, &frmWaveEditor::imgNormalize_MouseUp);
   Knopf(imgZurück, [this] { imgZurück_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   pic3D.DblClick = [this] { pic3D_DblClick(); };
@@ -213,6 +216,16 @@ void frmWaveEditor::DateiOeffnen() {
   Window.Enabled = true;
   imgZurück.Enabled = true;
   if (!BatchLaeuft) prog.plattform.schleife.MousePointer(Pointer::Normal);
+}
+
+// Escape while the file is being opened leaves it closed. An edit needs it open: its undo saves
+// from it, and what is selected on the picture counts in its frames.
+void frmWaveEditor::Bearbeiten(Handler handler) {
+  if (!SourceFile->Wave.IsOpen()) {
+    QuelleNeuOeffnen();
+    marker_update();
+  }
+  (this->*handler)();
 }
 
 void frmWaveEditor::Form_Unload() {

@@ -359,6 +359,8 @@ class frmWaveEditor final : public VtrFenster, public Auswahl {
   // opening
   void BilderBereiten();
   void DateiOeffnen();
+  using Handler = void (frmWaveEditor::*)();
+  void Bearbeiten(Handler handler);  // the button of an edit, with the file open
   void PresetsVorbelegen();  // the presets that the program brings, where their slots are free
   void LastMessungBeginnen();
 

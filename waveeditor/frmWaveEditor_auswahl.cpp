@@ -122,11 +122,11 @@ void frmWaveEditor::BefehlsTaste(int taste) {
     case 'A':
       return cmdAllesAuswaehlen_Click();
     case 'C':
-      return imgCopy_MouseUp();
+      return Bearbeiten(&frmWaveEditor::imgCopy_MouseUp);
     case 'X':
-      return imgCut_MouseUp();
+      return Bearbeiten(&frmWaveEditor::imgCut_MouseUp);
     case 'V':
-      if (imgPaste.Enabled) imgPaste_MouseUp();
+      if (imgPaste.Enabled) Bearbeiten(&frmWaveEditor::imgPaste_MouseUp);
       return;
     case 'Z':
       return imgSteuerung_MouseUp(kUndo);

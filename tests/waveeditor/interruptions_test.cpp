@@ -50,6 +50,34 @@ TEST_F(Interruptions, EscapeLeavesTheScanAndNoOtherKeyReachesTheWindow) {
   EXPECT_EQ(b.platform.system.HelpOpened.size(), helps);
 }
 
+TEST_F(Interruptions, AnEditAfterEscapeWhileOpeningCanBeUndone) {
+  b.Wave(kDatei, 10 * kSecond);
+  const std::string before = b.Lies(kDatei);
+  const std::function<void()> edits[] = {[this] { Druecke(E().imgNormalize); },
+                                         [this] {
+                                           Ziehe(1000, 2000);
+                                           Druecke(E().imgMute);
+                                         },
+                                         [this] {
+                                           Ziehe(1000, 2000);
+                                           b.platform.hands.Key(E(), L"Ctrl+X");
+                                         }};
+  for (const auto& edit : edits) {
+    Meanwhile([this] {
+      ASSERT_TRUE(E().ScanLaeuft);
+      E().Form_KeyDown(kKeyEscape, false);
+    });
+    Oeffne();
+    ASSERT_FALSE(E().SourceFile->Wave.IsOpen());
+    edit();
+    EXPECT_TRUE(b.Lies(kDatei) != before);
+    Druecke(E().imgSteuerung(6));
+    EXPECT_TRUE(b.Lies(kDatei) == before);
+    b.Tu([this] { E().CloseMe(); });
+  }
+  EXPECT_TRUE(b.Gesagt().empty());
+}
+
 TEST_F(Interruptions, AShortClickOnAWindButtonLeavesWindowAndSoundOfOneMind) {
   Oeffne(60 * kSecond);
   for (const int button : {3, 4, 3}) {
