@@ -169,7 +169,7 @@ void frmWaveEditor::Form_Load() {
   lblDatei.Caption = prog.WaveEditorDatei;
   SetEqualizer();
   SetLoudness();
-  for (const Regler& regler : Regler_) ReglerGeaendert(regler);
+  for (Regler& regler : Regler_) ReglerGeaendert(regler);
   if (BatchLaeuft) EffektWerteLaden();
   bearbeitung_.Beginnen();
   imgPaste.Enabled = false;

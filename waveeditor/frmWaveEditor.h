@@ -419,15 +419,16 @@ class frmWaveEditor final : public VtrFenster, public Auswahl {
     int Von, Bis, Anfang;
     std::function<void(int wert)> Wirkung;
     std::function<Text(int wert)> Anzeige;  // nothing: the value itself
+    Text Vorher = {};                       // in the box when it got the focus, or shown since
   };
   std::vector<Regler> Regler_;
   void ReglerEinrichten();
   void ReglerVerbinden(std::size_t nummer);
-  void ReglerGeaendert(const Regler& regler);
-  void FeldZeigen(const Regler& regler);
-  void FeldUebernehmen(const Regler& regler, double faktor);
-  void Setzen(Slider& schieber, double wert);  // as a hand would: its handler runs
-  void Setzen(CheckBox& kasten, int wert);     // the same
+  void ReglerGeaendert(Regler& regler);
+  void FeldZeigen(Regler& regler);
+  void FeldUebernehmen(Regler& regler, bool mitReturn);  // else the box is left
+  void Setzen(Slider& schieber, double wert);            // as a hand would: its handler runs
+  void Setzen(CheckBox& kasten, int wert);               // the same
   bool Umschalten(CheckBox& kasten, PictureButton& knopf, const Text& bild);
   static void KnopfZeigen(PictureButton& knopf, const CheckBox& kasten, const Text& bild);
   void KnoepfeZeigen();

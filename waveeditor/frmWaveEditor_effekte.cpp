@@ -153,26 +153,28 @@ void frmWaveEditor::ReglerVerbinden(std::size_t nummer) {
   if (regler.Feld == nullptr) return;
   regler.Feld->MaxLength = kFeldZeichen;
   regler.Feld->KeyPress = [this, nummer](int taste) {
-    const Regler& r = Regler_[nummer];
-    if (r.Feld == &txtFlangerRate) return txtFlangerRate_KeyPress(taste);
-    if (taste == kKeyReturn) FeldUebernehmen(r, 1);
-    return taste == kKeyReturn || NurZiffern(taste);
+    if (taste != kKeyReturn) return NurZiffern(taste);
+    FeldUebernehmen(Regler_[nummer], true);
+    return true;
   };
+  regler.Feld->GotFocus = [this, nummer] { Regler_[nummer].Vorher = Regler_[nummer].Feld->Text; };
+  // A box shows less than its slider has (percent, decibels, "Off"), so one that was only passed
+  // through must not write back what it shows.
   regler.Feld->LostFocus = [this, nummer] {
-    const Regler& r = Regler_[nummer];
-    if (r.Feld == &txtFlangerRate) return txtFlangerRate_LostFocus();
-    FeldUebernehmen(r, 1);
+    Regler& r = Regler_[nummer];
+    if (r.Feld->Text() != r.Vorher) FeldUebernehmen(r, false);
   };
 }
 
-void frmWaveEditor::ReglerGeaendert(const Regler& regler) {
+void frmWaveEditor::ReglerGeaendert(Regler& regler) {
   if (regler.Feld != nullptr) FeldZeigen(regler);
   regler.Wirkung(regler.Schieber->Value);
 }
 
-void frmWaveEditor::FeldZeigen(const Regler& regler) {
+void frmWaveEditor::FeldZeigen(Regler& regler) {
   const int wert = regler.Schieber->Value;
-  regler.Feld->Text = regler.Anzeige ? regler.Anzeige(wert) : ZahlText(wert);
+  regler.Vorher = regler.Anzeige ? regler.Anzeige(wert) : ZahlText(wert);
+  regler.Feld->Text = regler.Vorher;
 }
 
 // ---- what a hand does, done by the program ----
@@ -191,10 +193,15 @@ void frmWaveEditor::Setzen(CheckBox& kasten, int wert) {
 }
 
 // The box shows what the slider took, also where that is what it had.
-void frmWaveEditor::FeldUebernehmen(const Regler& regler, double faktor) {
-  const int vorher = regler.Schieber->Value;
-  Setzen(*regler.Schieber, Val(regler.Feld->Text) * faktor);
-  if (regler.Schieber->Value() == vorher) FeldZeigen(regler);
+void frmWaveEditor::FeldUebernehmen(Regler& regler, bool mitReturn) {
+  if (regler.Feld != &txtFlangerRate) {
+    Setzen(*regler.Schieber, Val(regler.Feld->Text));
+  } else if (mitReturn) {
+    txtFlangerRate_KeyPress(kKeyReturn);
+  } else {
+    txtFlangerRate_LostFocus();
+  }
+  FeldZeigen(regler);
 }
 
 // The box counts in Hertz, its slider in twentieths; only what is entered with Return is taken so.

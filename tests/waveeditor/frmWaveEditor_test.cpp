@@ -355,6 +355,34 @@ TEST_F(WaveEditor, TypedValuesGoToTheirSliders) {
   EXPECT_EQ(E().txtGaterThreshold.Text(), L"00");
 }
 
+TEST_F(WaveEditor, ABoxThatIsOnlyPassedThroughLeavesItsSliderAlone) {
+  Oeffne(kSekunde);
+  const struct {
+    int Panel;
+    Slider& Schieber;
+    TextBox& Feld;
+    int Wert;
+  } faelle[] = {{1, E().slGaterThreshold, E().txtGaterThreshold, 1000},
+                {1, E().slVolume, E().txtVolume, 8192},
+                {4, E().slFlangerRate, E().txtFlangerRate, 50}};
+  for (const auto& fall : faelle) {
+    Druecke(E().imgEffekt(fall.Panel));
+    fall.Schieber.Value = fall.Wert;
+    fall.Schieber.Change();
+    const Text gezeigt = fall.Feld.Text;
+    b.Tu([&] { b.platform.loop.SetFocus(fall.Feld); });
+    b.platform.hands.Key(E(), L"Tab");
+    EXPECT_EQ(fall.Schieber.Value, fall.Wert);
+    // What Return has taken is not taken a second time, in other units.
+    b.platform.hands.Type(fall.Feld, L"3.5");
+    b.platform.hands.Key(E(), L"Return");
+    const int genommen = fall.Schieber.Value;
+    b.platform.hands.Key(E(), L"Tab");
+    EXPECT_EQ(fall.Schieber.Value, genommen);
+  }
+  EXPECT_EQ(E().slFlangerRate.Value, 70);
+}
+
 TEST_F(WaveEditor, AFileThatIsGoneOrNoWaveOpensEmpty) {
   for (const char* inhalt : {"", "no wave at all"}) {
     b.Datei(kDatei, inhalt);
