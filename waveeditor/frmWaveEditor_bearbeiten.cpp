@@ -16,8 +16,7 @@ void frmWaveEditor::Ausfuehren(const std::function<void()>& arbeit) {
   schleife.MousePointer(Pointer::Hourglass);
   Window.Enabled = false;
   try {
-    // The scan of the opening may have been left, which closes the file.
-    if (bearbeitung_.Vorbereiten() || !SourceFile->Wave.IsOpen()) QuelleNeuOeffnen();
+    if (bearbeitung_.Vorbereiten()) QuelleNeuOeffnen();
     arbeit();
   } catch (const Laufzeitfehler&) {
     bearbeitung_.NachFehler();
