@@ -4,6 +4,7 @@
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/alsa_player.h"
 #include "backends/alsa/alsa_stream.h"
+#include "backends/headless/headless_mixer.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/linux_system.h"
 #include "backends/linux/processor_load.h"
@@ -36,6 +37,11 @@ struct DesktopPlatform {
   Machine machine;
   SoundTools mmtools;
   ProcessorLoad load;
+  HeadlessMixer noMixer;  // the card's lines are not read yet
+  HeadlessSoundCard noCard{false, {}};
+  HeadlessMixerCard mixerCard{noMixer, noCard};
+  OutputVolume volume;
+  MixerLines eqpro{mixerCard, volume};
 
   Plattform bundle{loop,
                    display,
@@ -57,7 +63,8 @@ struct DesktopPlatform {
                    machine.mci,
                    machine.sockets,
                    machine.audiolib,
-                   load};
+                   load,
+                   eqpro};
 };
 
 }  // namespace vantora

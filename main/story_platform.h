@@ -5,6 +5,7 @@
 
 #include "backends/headless/headless_display.h"
 #include "backends/headless/headless_load.h"
+#include "backends/headless/headless_mixer.h"
 #include "backends/headless/headless_output.h"
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
@@ -47,6 +48,10 @@ struct StoryPlatform : World {
   Machine machine;
   SoundTools mmtools;
   HeadlessLoad load;
+  HeadlessMixer mixer;
+  HeadlessMixerCard mixerCard{mixer, card};
+  OutputVolume volume;
+  MixerLines eqpro{mixerCard, volume};
 
   Plattform bundle{World::loop,
                    display,
@@ -68,7 +73,8 @@ struct StoryPlatform : World {
                    machine.mci,
                    machine.sockets,
                    machine.audiolib,
-                   load};
+                   load,
+                   eqpro};
 };
 
 }  // namespace vantora

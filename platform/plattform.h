@@ -9,6 +9,7 @@
 #include "platform/display.h"
 #include "platform/drives.h"
 #include "platform/edits.h"
+#include "platform/eqpro.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/mcd.h"
@@ -49,6 +50,7 @@ struct Plattform {
   Sockets& sockets;
   Audiolib& audiolib;
   PerfData& perfData;
+  EQPro& eqpro;
 };
 
 }  // namespace vantora

@@ -48,7 +48,8 @@ inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& 
   return {
       p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien, p.laufwerke, p.einstellungen,
       p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,   p.edits,     p.mp3,
-      mcd,        acd,          cd,           mci,       net,       p.audiolib,  p.perfData};
+      mcd,        acd,          cd,           mci,       net,       p.audiolib,  p.perfData,
+      p.eqpro};
 }
 
 class Buehne {

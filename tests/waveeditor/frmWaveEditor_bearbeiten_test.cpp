@@ -93,7 +93,7 @@ class Geraete : private Drives {
     return {b.schleife,      b.bildschirm, b.uhr,      b.system,     *platte,   *this,
             b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug, *cutter,
             *edits,          b.mp3,        b.mcd,      b.acd,        b.cd,      b.mci,
-            b.sockets,       b.audiolib,   b.perfData};
+            b.sockets,       b.audiolib,   b.perfData, b.eqpro};
   }
 
   std::map<Text, double> frei;  // by the words that the program asks with

@@ -1,0 +1,40 @@
+// The volume of all that the program itself plays, for machines whose card has none for it. Set on
+// the interface thread, heard in the threads that play.
+#pragma once
+
+#include "platform/eqpro.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+
+namespace vantora {
+
+class OutputVolume {
+ public:
+  int Volume() const { return volume_; }
+  void SetVolume(int volume) { volume_ = std::clamp(volume, 0, kFullVolume); }
+  bool On() const { return on_; }
+  void SetOn(bool on) { on_ = on; }
+  // What samples are multiplied with: the cube of the volume, which is how the ear hears it.
+  double Gain() const;
+
+ private:
+  std::atomic<int> volume_{kFullVolume};
+  std::atomic<bool> on_{true};
+};
+
+// Puts the volume on one stream of sound. A change comes as a ramp over a block, so that it does
+// not click; at full volume the sound stays the same to the bit.
+class VolumeOnStream {
+ public:
+  explicit VolumeOnStream(const OutputVolume& volume) : volume_(volume), gain_(volume.Gain()) {}
+  void Apply(std::int16_t* stereo, std::size_t frames);
+
+ private:
+  const OutputVolume& volume_;
+  double gain_;  // at the end of the last block
+};
+
+}  // namespace vantora
