@@ -11,6 +11,7 @@
 #include "catalog/katalog_datei.h"
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
+#include "mixer/frmMixer.h"
 
 namespace vantora {
 
@@ -49,7 +50,7 @@ void frmHauptForm::imgTitel_MouseUp() {
 
 void frmHauptForm::imgMixer_MouseUp() {
   prog.AppLog(L"imgMixer_MouseUp", L"Mixer aufrufen");
-  NochNicht();
+  prog.ZeigeModal(prog.frmMixer.Laden());
 }
 
 // The name does not match the job: this is the exit button.

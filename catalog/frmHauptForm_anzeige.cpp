@@ -174,13 +174,15 @@ void frmHauptForm::ZeigeLaengeNachOeffnen() {
 // A preview that nobody could hear is worth a question.
 void frmHauptForm::MixerFragen() {
   vantora::frmMixer& mixer = prog.frmMixer();
-  for (int i = 1; i <= kLetzteMixerLinie && i <= mixer.LinienAnzahl(); ++i) {
-    MixerLinie& linie = mixer.Linie(i);
-    if (!Enthaelt(Ucase(linie.Name), L"WAV")) continue;
-    if (linie.Stumm && prog.MsgBoxen(LoadResString(27000), kJaNein) == kJa) linie.Stumm = false;
-    if (linie.Pegel < kLeiserPegel && prog.MsgBoxen(LoadResString(27001), kJaNein) == kJa) {
-      linie.Pegel = kHoerbarerPegel;
-    }
+  for (int i = 1; i <= kLetzteMixerLinie; ++i) {
+    ucEQPro& linie = mixer.M(i);
+    if (!Enthaelt(Ucase(linie.LineName()), L"WAV")) continue;
+    if (linie.Mute() && prog.MsgBoxen(LoadResString(27000), kJaNein) == kJa) linie.SetMute(false);
+    const bool leise =
+        linie.Volume() < kLeiserPegel && prog.MsgBoxen(LoadResString(27001), kJaNein) == kJa;
+    // A fader brings its box to the card with its value, so the box has to be true first.
+    mixer.Fader(i).Mute = linie.Mute() ? 1 : 0;
+    if (leise) mixer.Fader(i).Value = kHoerbarerPegel;
     return;
   }
 }

@@ -82,6 +82,8 @@ class StoryStage final : public RobotStage {
   void LineIn(const Text& /*waveFile*/) override {
     throw std::runtime_error("this program does not record yet");
   }
+  HeadlessMixer& Mixer() override { return Now().mixer; }
+  OutputVolume& OwnVolume() override { return Now().volume; }
 
  private:
   static constexpr const wchar_t* kTray = L"C:\\Vantora\\Bandeja";
@@ -98,6 +100,7 @@ class StoryStage final : public RobotStage {
     if (!before) return;
     platform_->display = before->display;
     platform_->card.Present = before->card.Present;
+    platform_->mixer = before->mixer;
     platform_->load.Present = before->load.Present;
     platform_->load.Percent = before->load.Percent;
     platform_->machine.writer.Faults = before->machine.writer.Faults;

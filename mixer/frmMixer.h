@@ -1,30 +1,63 @@
-// The mixer's window. It stays loaded and hidden; its lines come with the mixer itself, so until
-// then there are none and nothing is muted.
+// The mixer: the lines of the sound card as faders, 0 to 4 outputs, 5 to 9 inputs, and the master.
+// The window is loaded once and hidden between its uses, so its lines serve the check before a
+// preview at any time. Its faders follow the card whenever the window is activated or painted.
+//
+// A fader's value is 0 to 100, a line's volume 0 to 65536.
 #pragma once
 
 #include "app/fenster.h"
+#include "mixer/fader.h"
 
-#include <vector>
+#include "platform/eqpro.h"
+
+#include <array>
+#include <memory>
 
 namespace vantora {
 
-struct MixerLinie {
-  Text Name;
-  bool Stumm = false;
-  int Pegel = 0;
-};
-
 class frmMixer final : public VtrFenster {
  public:
-  explicit frmMixer(Programm& programm) : VtrFenster(programm, L"frmMixer") {}
+  static constexpr int kFader = 10, kErsterEingang = 5;
 
-  int LinienAnzahl() const { return static_cast<int>(Linien.size()); }
-  MixerLinie& Linie(int nummer) {
-    return Linien.at(static_cast<std::size_t>(nummer - 1));
-  }  // from 1
+  explicit frmMixer(Programm& programm);
 
-  Timer tmrGetWinMixerData{*this, L"tmrGetWinMixerData"};
-  std::vector<MixerLinie> Linien;
+  void Form_Load() override;
+  void SetTexte() override;
+  void Form_Activate() override { GetMixerValueFormWindows(); }
+  void Form_Paint() override { GetMixerValueFormWindows(); }
+  void Form_GotFocus() override { GetMixerValueFormWindows(); }
+  bool Form_KeyDown(int taste, bool strg) override;
+  void Form_Close() override { imgCloseMixer_MouseUp(); }
+  void imgCloseMixer_MouseUp();
+
+  void InitMixer();
+  void OutputsSuchen();
+  void InputsSuchen();
+  void GetMixerValueFormWindows();  // the card's values into the faders
+  void Fader_Change(int Index);     // a fader's value and switch to the card
+  void faderMasterOut_Change();
+
+  ucEQPro& M(int i) { return *linien_.at(static_cast<std::size_t>(i)); }
+
+  std::unique_ptr<ucEQPro> Mixer;  // the master
+  bool MixerLiest = false;         // values are being read, so changes do not go to the card
+
+  Label lblTitel{*this, L"lblTitel"};
+  Label lblReproducir{*this, L"lblReproducir"}, lblGuardar{*this, L"lblGuardar"};
+  vantora::Fader faderMasterOut{*this, L"faderMasterOut"};
+  ControlArray<vantora::Fader, kFader> Fader{*this, L"Fader"};
+  PictureButton imgCloseMixer{*this, L"imgCloseMixer"};
+  Label lblCloseMixer{*this, L"lblCloseMixer"};
+  PictureButton imgHelp{*this, L"imgHelp"};
+  Timer tmrWaste{*this, L"tmrWaste"}, tmrGetWinMixerData{*this, L"tmrGetWinMixerData"};
+
+ private:
+  void LinieZeigen(int i, int lineID);
+  void FaderVorbereiten(vantora::Fader& fader);
+  void FaderLesen(vantora::Fader& fader, ucEQPro& linie, bool eingang);
+  void FaderSchreiben(vantora::Fader& fader, ucEQPro& linie, bool eingang);
+
+  std::array<std::unique_ptr<ucEQPro>, kFader> linien_;
 };
 
 }  // namespace vantora

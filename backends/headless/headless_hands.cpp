@@ -4,6 +4,7 @@
 
 #include "backends/headless/refusal.h"
 
+#include "platform/fader_knob.h"
 #include "platform/slider_scale.h"
 
 #include <algorithm>
@@ -36,6 +37,26 @@ constexpr int kPixelTwips = 15;  // a mouse stands on a pixel
 
 int OnPixel(int twips) {
   return twips - twips % kPixelTwips;
+}
+
+// What the press and the release at two places, in thousandths, make of a slider's value. Where the
+// knob is gripped off its middle, it keeps its distance from the mouse.
+std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
+  std::vector<int> values;
+  if (dynamic_cast<const FaderKnob*>(&slider) != nullptr) {
+    const int track = slider.Height / kPixelTwips;
+    const KnobTravel travel{track, FaderKnob::kKnobHeight / kPixelTwips, slider.Max};
+    const int start = track * from / 1000, grip = travel.GripOf(slider.Value, start);
+    if (!travel.On(slider.Value, start)) values.push_back(travel.ValueAt(start - grip));
+    if (to != from) values.push_back(travel.ValueAt(track * to / 1000 - grip));
+    return values;
+  }
+  for (const int place : {from, to}) {
+    const bool fromTheEnd = slider.Vertical && slider.Upwards;
+    const double share = std::clamp(fromTheEnd ? 1000 - place : place, 0, 1000) / 1000.0;
+    values.push_back(SliderScale::Of(slider).ValueAt(share));
+  }
+  return values;
 }
 
 void CheckRows(const Control& control, const std::vector<int>& rows, int count) {
@@ -216,11 +237,9 @@ void HeadlessHands::Drag(Control& control, int from, int to) {
   }
   loop_.SetFocus(control);
   if (slider->MouseDown) Call(control, [slider] { slider->MouseDown(kLeftButton); });
-  for (const int place : {from, to}) {
+  for (const int value : ValuesOfDrag(*slider, from, to)) {
     if (!Still(control)) return;
-    const bool fromTheEnd = slider->Vertical && slider->Upwards;
-    const double share = std::clamp(fromTheEnd ? 1000 - place : place, 0, 1000) / 1000.0;
-    SetSlider(*slider, SliderScale::Of(*slider).ValueAt(share));
+    SetSlider(*slider, value);
   }
   if (Still(control) && slider->MouseUp) {
     Call(control, [slider] { slider->MouseUp(kLeftButton); });

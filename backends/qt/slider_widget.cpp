@@ -24,6 +24,7 @@ SliderWidget::SliderWidget(QWidget* parent) : QSlider(Qt::Horizontal, parent) {
 void SliderWidget::Set(const Slider& slider) {
   const bool downwards = slider.Vertical && !slider.Upwards;
   scale_ = SliderScale::Of(slider);
+  fader_ = dynamic_cast<const FaderKnob*>(&slider) != nullptr;
   setOrientation(slider.Vertical ? Qt::Vertical : Qt::Horizontal);
   setInvertedAppearance(downwards);
   setInvertedControls(downwards);
@@ -40,18 +41,29 @@ int SliderWidget::ValueAt(const QPointF& place) const {
   return scale_.ValueAt(share);
 }
 
+KnobTravel SliderWidget::Travel() const {
+  return {height(), look::Pixels(FaderKnob::kKnobHeight), maximum()};
+}
+
 void SliderWidget::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return event->ignore();
   setSliderDown(true);
-  setValue(ValueAt(event->position()));
+  update();
+  if (!fader_) return setValue(ValueAt(event->position()));
+  const int y = event->position().toPoint().y();
+  grip_ = Travel().GripOf(value(), y);
+  if (!Travel().On(value(), y)) setValue(Travel().ValueAt(y - grip_));
 }
 
 void SliderWidget::mouseMoveEvent(QMouseEvent* event) {
-  if (isSliderDown()) setValue(ValueAt(event->position()));
+  if (!isSliderDown()) return;
+  const int y = event->position().toPoint().y();
+  setValue(fader_ ? Travel().ValueAt(y - grip_) : ValueAt(event->position()));
 }
 
 void SliderWidget::mouseReleaseEvent(QMouseEvent* /*event*/) {
   setSliderDown(false);
+  update();
 }
 
 void SliderWidget::keyPressEvent(QKeyEvent* event) {
@@ -95,10 +107,31 @@ void SliderWidget::PaintGroove(QPainter& painter, double length, double thick) c
   }
 }
 
+// A cap with a line across it, on a groove that shines up to where it stands.
+void SliderWidget::PaintFader(QPainter& painter) const {
+  const KnobTravel travel = Travel();
+  const int top = travel.TopOf(value());
+  const double middle = top + travel.Knob / 2.0, centre = width() / 2.0;
+  const QRectF groove(centre - kGroovePixels / 2.0, travel.Knob / 2.0, kGroovePixels,
+                      height() - travel.Knob);
+  painter.setPen(QPen(look::Of(look::kEdge), 1));
+  painter.setBrush(QColor(16, 19, 31));
+  painter.drawRoundedRect(groove, 2, 2);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(look::Of(look::kAmber));
+  painter.drawRoundedRect(QRectF(QPointF(groove.left(), middle), groove.bottomRight()), 2, 2);
+  const QRect cap(1, top, width() - 2, travel.Knob);
+  look::DrawPanel(painter, cap, isSliderDown());
+  painter.fillRect(QRectF(cap.left() + 3, middle - 1, cap.width() - 6, 2),
+                   look::Of(isEnabled() ? look::kAmber : look::kQuiet));
+  if (hasFocus()) look::DrawFocusRing(painter, cap);
+}
+
 void SliderWidget::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (!isEnabled()) painter.setOpacity(0.4);
+  if (fader_) return PaintFader(painter);
   const bool upright = orientation() == Qt::Vertical;
   if (upright) {
     // Painted lying, from left to right, and set upright with its left end where the minimum is.

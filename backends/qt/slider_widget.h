@@ -1,8 +1,9 @@
 // A slider whose whole length is its range: the mouse sets the value of the place where it is.
 // The minimum is on the left, at the top or at the bottom. Where zero lies within the range, what
-// shines begins there.
+// shines begins there. The knob of a fader moves with the mouse that grips it.
 #pragma once
 
+#include "platform/fader_knob.h"
 #include "platform/slider_scale.h"
 
 #include <QSlider>
@@ -25,10 +26,14 @@ class SliderWidget final : public QSlider {
 
  private:
   int ValueAt(const QPointF& place) const;
+  KnobTravel Travel() const;
+  void PaintFader(QPainter& painter) const;
   double KnobAt(int value, double length) const;  // its middle
   void PaintGroove(QPainter& painter, double length, double thick) const;
 
   SliderScale scale_;
+  bool fader_ = false;  // gripped at its knob
+  int grip_ = 0;        // of the knob, below its upper edge; pixels
 };
 
 }  // namespace vantora

@@ -68,6 +68,8 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"bottle", &Robot::Bottle},
       {L"load", &Robot::Load},
       {L"linein", &Robot::LineIn},
+      {L"mixer", &Robot::Mixer},
+      {L"expect-mixer", &Robot::ExpectMixer},
       {L"shot", &Robot::Shot},
       {L"echo", &Robot::Echo},
   };

@@ -94,6 +94,8 @@ class Robot final : public User {
   void Bottle(const ScriptLine& line, Form* front);
   void Load(const ScriptLine& line, Form* front);
   void LineIn(const ScriptLine& line, Form* front);
+  void Mixer(const ScriptLine& line, Form* front);
+  void ExpectMixer(const ScriptLine& line, Form* front);
   void Shot(const ScriptLine& line, Form* front);
   void Echo(const ScriptLine& line, Form* front);
 

@@ -1,5 +1,6 @@
 // The commands that look, and those that let time pass.
 
+#include "backends/headless/headless_mixer.h"
 #include "backends/linux/utf8.h"
 #include "main/robot/robot.h"
 #include "main/robot/sha256.h"
@@ -150,6 +151,23 @@ void Robot::ExpectFile(const ScriptLine& line, Form* /*front*/) {
   if (found == ToUtf8(line.Value)) return;
   throw Unreachable(ToUtf8(path) + " was to have the " + ToUtf8(what) + " " + ToUtf8(line.Value) +
                     ", it has " + found);
+}
+
+// A line that is an output and an input is meant as an output, but for what only inputs have.
+void Robot::ExpectMixer(const ScriptLine& line, Form* /*front*/) {
+  const Text& name = line.Words[0].Content;
+  const Text& what = line.Words[1].Content;
+  const HeadlessMixer::Line* found = stage_.Mixer().Find(name, what == L"select");
+  const OutputVolume& own = stage_.OwnVolume();
+  const bool isOwn = found == nullptr && name == L"Wave";
+  if (found == nullptr && !isOwn) {
+    throw Unreachable("the card was to have a line " + ToUtf8(name) + ", it has none");
+  }
+  const int volume = isOwn ? own.Volume() : found->Volume;
+  const bool on = isOwn ? own.On() : found->On;
+  const bool flag = what == L"mute" ? !on : on;
+  Check(ToUtf8(what) + " of " + ToUtf8(name),
+        what == L"volume" ? std::to_wstring(volume) : Text(flag ? L"True" : L"False"), line);
 }
 
 void Robot::Wait(const ScriptLine& line, Form* /*front*/) {

@@ -327,6 +327,28 @@ void ParseWriter(ScriptLine& line, Words& words) {
   }
 }
 
+// Value: out, in, none or set; Numbers: the volume and, of an output, whether it is on and whether
+// it has a switch, of an input, whether it is selected.
+void ParseMixer(ScriptLine& line, Words& words) {
+  line.Value = words.Take("out, in, none or set");
+  if (line.Value == L"none") return;
+  const bool out = line.Value == L"out", in = line.Value == L"in";
+  if (!out && !in && line.Value != L"set") words.RefuseLast("out, in, none or set");
+  words.Take("the name of a line");
+  line.Numbers = {words.Number("a volume", 0, 65536), out ? 1 : 0, 1};
+  if (out && words.Skip(L"mute")) line.Numbers[1] = 0;
+  if (out && words.Skip(L"noswitch")) line.Numbers[2] = 0;
+  if (in && words.Skip(L"select")) line.Numbers[1] = 1;
+}
+
+void ParseExpectMixer(ScriptLine& /*line*/, Words& words) {
+  words.Take("the name of a line");
+  if (!words.Skip(L"volume") && !words.Skip(L"mute") && !words.Skip(L"select")) {
+    words.Refuse("volume, mute or select is missing");
+  }
+  words.Comparison();
+}
+
 void ParseLineIn(ScriptLine& line, Words& words) {
   if (!words.Skip(L"play")) words.Refuse("the word play is missing");
   line.Value = words.Take("a wave file");
@@ -397,6 +419,8 @@ const std::map<Text, Grammar>& Commands() {
       {L"bottle", {ParseBottle, When::Any, Does::Prepare, true}},
       {L"load", {ParseLoad, When::Any, Does::Prepare, true}},
       {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
+      {L"mixer", {ParseMixer, When::Any, Does::Prepare, true}},
+      {L"expect-mixer", {ParseExpectMixer, When::Any, Does::Look, true}},
       {L"shot", {ParseShot, When::Running, Does::Look, true}},
       {L"echo", {ParseEcho, When::Any, Does::Look, true}},
   };
