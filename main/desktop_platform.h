@@ -2,9 +2,9 @@
 #pragma once
 
 #include "backends/alsa/alsa_devices.h"
+#include "backends/alsa/alsa_mixer.h"
 #include "backends/alsa/alsa_player.h"
 #include "backends/alsa/alsa_stream.h"
-#include "backends/headless/headless_mixer.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/linux_system.h"
 #include "backends/linux/processor_load.h"
@@ -22,7 +22,7 @@ struct DesktopPlatform {
         system(places, {ProgramVersion(), resourceFolder / "help"}),
         machine(places, resourceFolder, loop, background, sound),
         mmtools(loop, machine.files, machine.edits, machine.profiles,
-                {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop); },
+                {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop, volume); },
                  AlsaPlaybackDevices, sound}) {
     SilenceAlsaMessages();
   }
@@ -33,14 +33,12 @@ struct DesktopPlatform {
   QtDisplay display;
   LinuxSystem system;
   ThreadBackground background;
-  AlsaSoundOutput sound{loop};
+  OutputVolume volume;
+  AlsaSoundOutput sound{loop, volume};
   Machine machine;
   SoundTools mmtools;
   ProcessorLoad load;
-  HeadlessMixer noMixer;  // the card's lines are not read yet
-  HeadlessSoundCard noCard{false, {}};
-  HeadlessMixerCard mixerCard{noMixer, noCard};
-  OutputVolume volume;
+  AlsaMixer mixerCard;
   MixerLines eqpro{mixerCard, volume};
 
   Plattform bundle{loop,

@@ -13,7 +13,7 @@ constexpr int kKasten = 270;       // the mute box
 constexpr int kAbstand = 90;       // between the parts
 constexpr int kKnopfBreite = 600;  // what the knob is drawn in
 constexpr int kStriche = 10;       // divisions of the scale
-constexpr int kStrichLang = 120, kStrichKurz = 75, kPixel = 15;
+constexpr int kStrichLang = 90, kStrichKurz = 60, kPixel = 15;
 constexpr Color kStrichFarbe = Rgb(154, 165, 200);
 
 }  // namespace
@@ -69,9 +69,11 @@ void FlagSetzen(Fader& f, const Text& wert) {
 // MaxValue stands before Value, so that the knob is placed by the scale that it belongs to.
 const std::vector<Fader::Eigenschaft>& Fader::Eigenschaften() {
   static const std::vector<Eigenschaft> kAlle = {
-      {L"BackColor", L"0", [](const Fader& f) { return ZahlText(static_cast<double>(f.BackColor())); },
+      {L"BackColor", L"0",
+       [](const Fader& f) { return ZahlText(static_cast<double>(f.BackColor())); },
        [](Fader& f, const Text& wert) { f.BackColor = static_cast<Color>(Val(wert)); }},
-      {L"ForeColor", L"0", [](const Fader& f) { return ZahlText(static_cast<double>(f.ForeColor())); },
+      {L"ForeColor", L"0",
+       [](const Fader& f) { return ZahlText(static_cast<double>(f.ForeColor())); },
        [](Fader& f, const Text& wert) { f.ForeColor = static_cast<Color>(Val(wert)); }},
       {L"Enabled", L"False", FlagLesen<&Fader::Enabled>, FlagSetzen<&Fader::Enabled>},
       {L"Font", L"9", ZahlLesen<&Fader::FontSize>, ZahlSetzen<&Fader::FontSize>},

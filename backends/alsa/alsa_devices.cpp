@@ -13,15 +13,6 @@ namespace {
 
 void SayNothing(const char*, int, const char*, int, const char*, ...) {}
 
-// The library's names are UTF-8.
-Text Widened(const char* name) {
-  Text text(name == nullptr ? 0 : std::string(name).size(), L'\0');
-  const std::size_t length = text.empty() ? 0 : std::mbstowcs(text.data(), name, text.size());
-  if (length == static_cast<std::size_t>(-1)) return Text(name, name + text.size());
-  text.resize(length);
-  return text;
-}
-
 struct Released {
   void operator()(snd_ctl_t* control) const { snd_ctl_close(control); }
   void operator()(snd_pcm_t* pcm) const { snd_pcm_close(pcm); }
@@ -41,7 +32,7 @@ void AddOutputs(int card, std::vector<Text>& names) {
     char* card_name = nullptr;
     if (snd_card_get_name(card, &card_name) < 0) continue;
     const std::unique_ptr<char, decltype(&std::free)> owned(card_name, &std::free);
-    names.push_back(Widened(card_name) + L", " + Widened(snd_pcm_info_get_name(info)));
+    names.push_back(AlsaName(card_name) + L", " + AlsaName(snd_pcm_info_get_name(info)));
   }
 }
 
@@ -54,6 +45,14 @@ bool DefaultAnswers() {
 }
 
 }  // namespace
+
+Text AlsaName(const char* name) {
+  Text text(name == nullptr ? 0 : std::string(name).size(), L'\0');
+  const std::size_t length = text.empty() ? 0 : std::mbstowcs(text.data(), name, text.size());
+  if (length == static_cast<std::size_t>(-1)) return Text(name, name + text.size());
+  text.resize(length);
+  return text;
+}
 
 void SilenceAlsaMessages() {
   snd_lib_error_set_handler(&SayNothing);

@@ -41,19 +41,22 @@ class AlsaPlayer::Voice {
  public:
   using Tell = std::function<void(std::function<void(AlsaPlayer&)>)>;
 
-  Voice(Dateien& dateien, const Text& file, Tell tell) : wave_(dateien), tell_(std::move(tell)) {
+  Voice(Dateien& dateien, const OutputVolume& volume, const Text& file, Tell tell)
+      : wave_(dateien), tell_(std::move(tell)) {
     wave_.Open(file);
     if (wave_.SampleRate() != kRate || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
     }
     wave_.SetPosition(0);
-    stream_ = std::make_unique<AlsaStream>(AlsaStream::Calls{
-        [this](std::int16_t* target, std::size_t frames) { return Give(target, frames); },
-        [this](std::int64_t frame) { ShowLevels(frame); },
-        [this] {
-          wave_.Close();
-          tell_([](AlsaPlayer& player) { player.Ended(); });
-        }});
+    stream_ = std::make_unique<AlsaStream>(
+        AlsaStream::Calls{
+            [this](std::int16_t* target, std::size_t frames) { return Give(target, frames); },
+            [this](std::int64_t frame) { ShowLevels(frame); },
+            [this] {
+              wave_.Close();
+              tell_([](AlsaPlayer& player) { player.Ended(); });
+            }},
+        volume);
   }
 
   void Stop() {
@@ -100,7 +103,8 @@ class AlsaPlayer::Voice {
   std::unique_ptr<AlsaStream> stream_;  // last: its thread uses all the others
 };
 
-AlsaPlayer::AlsaPlayer(Dateien& dateien, EventLoop& loop) : dateien_(dateien), loop_(loop) {}
+AlsaPlayer::AlsaPlayer(Dateien& dateien, EventLoop& loop, const OutputVolume& volume)
+    : dateien_(dateien), loop_(loop), volume_(volume) {}
 
 AlsaPlayer::~AlsaPlayer() = default;
 
@@ -110,7 +114,7 @@ void AlsaPlayer::Start() {
   token_ = std::make_shared<int>(0);
   voice_.reset();  // some cards play one sound at a time
   voice_ = std::make_unique<Voice>(
-      dateien_, file_,
+      dateien_, volume_, file_,
       [this, watch = std::weak_ptr<int>(token_)](std::function<void(AlsaPlayer&)> work) {
         loop_.Post([this, watch, work = std::move(work)] {
           if (!watch.expired()) work(*this);

@@ -1,6 +1,8 @@
 // Plays a wave file on the sound card "default" through libasound, in a thread of its own.
 #pragma once
 
+#include "backends/sound/output_volume.h"
+
 #include "platform/event_loop.h"
 #include "platform/files.h"
 #include "platform/mmtools.h"
@@ -11,7 +13,7 @@ namespace vantora {
 
 class AlsaPlayer final : public MMWavePlayerX {
  public:
-  AlsaPlayer(Dateien& dateien, EventLoop& loop);
+  AlsaPlayer(Dateien& dateien, EventLoop& loop, const OutputVolume& volume);
   ~AlsaPlayer() override;
 
   void SetFileName(const Text& file) override { file_ = file; }
@@ -30,6 +32,7 @@ class AlsaPlayer final : public MMWavePlayerX {
 
   Dateien& dateien_;
   EventLoop& loop_;
+  const OutputVolume& volume_;
   Text file_;
   bool playing_ = false;
   bool stopUntold_ = false;

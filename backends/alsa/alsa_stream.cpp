@@ -16,9 +16,10 @@ constexpr auto kDrainLimit = std::chrono::seconds(2);
 
 }  // namespace
 
-AlsaStream::AlsaStream(Calls calls, int aheadMs)
+AlsaStream::AlsaStream(Calls calls, const OutputVolume& volume, int aheadMs)
     : calls_(std::move(calls)),
       blockFrames_(std::int64_t{aheadMs} * kRate / 1000 / 4),
+      volume_(volume),
       output_(std::make_unique<AlsaOutput>(aheadMs)) {
   thread_ = std::thread([this] { Play(); });
 }
@@ -34,6 +35,7 @@ void AlsaStream::Play() {
     for (auto frames = blockFrames_; !stop_ && frames == blockFrames_;) {
       frames = static_cast<std::int64_t>(
           calls_.Source(sound.data(), static_cast<std::size_t>(blockFrames_)));
+      volume_.Apply(sound.data(), static_cast<std::size_t>(frames));
       HandOver(sound, frames);
     }
     Drain();
@@ -85,7 +87,8 @@ namespace {
 
 class Stream final : public SoundStream {
  public:
-  Stream(EventLoop& loop, SoundOutput::Source source, std::function<void()> ended, int aheadMs)
+  Stream(EventLoop& loop, const OutputVolume& volume, SoundOutput::Source source,
+         std::function<void()> ended, int aheadMs)
       : token_(std::make_shared<std::function<void()>>(std::move(ended))),
         stream_({std::move(source),
                  {},
@@ -95,7 +98,7 @@ class Stream final : public SoundStream {
                      if (call && *call) (*call)();
                    });
                  }},
-                aheadMs) {}
+                volume, aheadMs) {}
 
   std::int64_t Heard() const override { return stream_.Heard(); }
 
@@ -108,7 +111,7 @@ class Stream final : public SoundStream {
 
 std::unique_ptr<SoundStream> AlsaSoundOutput::Play(Source source, std::function<void()> ended,
                                                    int aheadMs) {
-  return std::make_unique<Stream>(loop_, std::move(source), std::move(ended), aheadMs);
+  return std::make_unique<Stream>(loop_, volume_, std::move(source), std::move(ended), aheadMs);
 }
 
 }  // namespace vantora

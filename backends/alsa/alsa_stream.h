@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backends/alsa/alsa_output.h"
+#include "backends/sound/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/sound_output.h"
@@ -21,7 +22,8 @@ class AlsaStream final {
     std::function<void(std::int64_t frames)> Heard;  // so far, each time that it grows
     std::function<void()> Ended;                     // at the end of the sound, not after Stop
   };
-  explicit AlsaStream(Calls calls, int aheadMs = kSoundAheadMs);  // raises 57 when the card refuses
+  // All sound goes through the program's own volume. Raises 57 when the card refuses.
+  AlsaStream(Calls calls, const OutputVolume& volume, int aheadMs = kSoundAheadMs);
   ~AlsaStream() { Stop(); }
   AlsaStream(const AlsaStream&) = delete;
   AlsaStream& operator=(const AlsaStream&) = delete;
@@ -39,6 +41,7 @@ class AlsaStream final {
 
   Calls calls_;
   const std::int64_t blockFrames_;  // a quarter of what the card holds
+  VolumeOnStream volume_;
   std::unique_ptr<AlsaOutput> output_;
   std::int64_t written_ = 0;
   std::atomic<std::int64_t> heard_{0};
@@ -48,12 +51,13 @@ class AlsaStream final {
 
 class AlsaSoundOutput final : public SoundOutput {
  public:
-  explicit AlsaSoundOutput(EventLoop& loop) : loop_(loop) {}
+  AlsaSoundOutput(EventLoop& loop, const OutputVolume& volume) : loop_(loop), volume_(volume) {}
   std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended,
                                     int aheadMs) override;
 
  private:
   EventLoop& loop_;
+  const OutputVolume& volume_;
 };
 
 }  // namespace vantora

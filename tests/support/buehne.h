@@ -52,6 +52,14 @@ inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& 
       p.eqpro};
 }
 
+// The bundle with another mixer.
+inline Plattform MitMixer(const Plattform& p, EQPro& eqpro) {
+  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
+          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
+          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,      p.mci,
+          p.sockets,       p.audiolib,   p.perfData, eqpro};
+}
+
 class Buehne {
  public:
   // A test that brings devices of its own puts them into the bundle before the program is made.

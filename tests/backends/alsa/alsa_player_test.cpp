@@ -139,7 +139,7 @@ TEST_F(Sounding, APlayerThatGoesAwayWhileItPlaysSaysNothingMore) {
   Wave(Steps(std::vector<int>(60, 3000)));
   const double start = Now();
   {
-    AlsaPlayer other(home.Files, loop);
+    AlsaPlayer other(home.Files, loop, volume);
     other.OnStart = other.OnStop = [] { ADD_FAILURE() << "an event of nobody"; };
     other.SetFileName(L"C:\\a.wav");
     other.Start();

@@ -21,7 +21,7 @@ class Streaming : public Listener {
       return given;
     };
   }
-  AlsaSoundOutput output{loop};
+  AlsaSoundOutput output{loop, volume};
 };
 
 }  // namespace

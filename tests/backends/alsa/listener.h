@@ -68,7 +68,8 @@ class Listener : public testing::Test {
   Home home;
   HeadlessClock clock;
   HeadlessLoop loop{clock};
-  AlsaPlayer player{home.Files, loop};
+  OutputVolume volume;
+  AlsaPlayer player{home.Files, loop, volume};
   std::string Log;
   std::vector<std::pair<int, int>> Levels;
   double StoppedAt = 0;

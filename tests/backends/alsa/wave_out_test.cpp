@@ -39,7 +39,7 @@ class Loud : public Listener {
   }
 
   const double began = Now();
-  AlsaSoundOutput card{loop};
+  AlsaSoundOutput card{loop, volume};
   WaveComponent source{home.Files};
   DspInterface dsp;
   WaveOut out{loop, card};

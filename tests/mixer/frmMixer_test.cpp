@@ -1,0 +1,100 @@
+#include "mixer/frmMixer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/buehne.h"
+
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+namespace {
+
+using Line = HeadlessMixer::Line;
+constexpr auto kAus = MixerCard::Role::Output, kEin = MixerCard::Role::Input;
+
+// The captions of the faders in sight; "-" for one that is hidden.
+std::string Zu(frmMixer& mixer) {
+  std::string alle;
+  for (int i = 0; i < frmMixer::kFader; ++i) {
+    const Text& name = mixer.Fader(i).CaptionFader();
+    alle += mixer.Fader(i).InSight() ? std::string(name.begin(), name.end()) : "-";
+    alle += i < frmMixer::kFader - 1 ? " " : "";
+  }
+  return alle;
+}
+
+}  // namespace
+
+TEST(Mixer, TheLineOfWavesStandsAtOneAndLinesThatAreNotThereAreHidden) {
+  struct Fall {
+    std::vector<Line> Linien;
+    bool Karte;
+    std::string Faders;
+  };
+  const Fall faelle[] = {{{{L"Line", kAus}, {L"CD", kAus}, {L"Wave", kAus}, {L"Mic", kEin}},
+                          true,
+                          "Line Wave CD - - Mic - - - -"},
+                         {{{L"Mic", kEin}}, true, "- Wave - - - Mic - - - -"},
+                         {{{L"A", kAus}, {L"B", kAus}}, true, "A Wave B - - - - - - -"},
+                         {{{L"A", kAus},
+                           {L"B", kAus},
+                           {L"C", kAus},
+                           {L"D", kAus},
+                           {L"E", kAus},
+                           {L"f", kEin},
+                           {L"g", kEin},
+                           {L"h", kEin},
+                           {L"i", kEin},
+                           {L"j", kEin},
+                           {L"k", kEin}},
+                          true,
+                          "A Wave B C D f g h i j"},
+                         {{}, false, "- - - - - - - - - -"}};
+  for (const Fall& fall : faelle) {
+    Buehne b;
+    for (const Line& linie : fall.Linien) b.platform.mixer.Put(linie);
+    b.platform.mixer.Present = fall.Karte;
+    frmMixer& mixer = b.prog.frmMixer();
+    EXPECT_EQ(Zu(mixer), fall.Faders);
+    EXPECT_EQ(mixer.faderMasterOut.Visible(), fall.Karte);
+  }
+}
+
+TEST(Mixer, AFaderMovesItsLineAndReadingMovesNothing) {
+  Buehne b;
+  b.platform.mixer.Put({L"Line", kAus, 20001});
+  b.platform.mixer.Put({L"Mic", kEin, 100, false});
+  frmMixer& mixer = b.prog.frmMixer();
+  mixer.Form_Activate();
+  EXPECT_EQ(mixer.Fader(0).Value(), 31);
+  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 20001) << "reading writes nothing back";
+  mixer.Fader(0).Value = 100;
+  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 65536);
+  mixer.Fader(5).Check1.Value = 1;
+  mixer.Fader(5).Check1_Click();
+  EXPECT_TRUE(b.platform.mixer.Find(L"Mic")->On);
+  EXPECT_EQ(mixer.Fader(5).CaptionMute(), L"Activado");
+  mixer.MixerLiest = true;
+  mixer.Fader(0).Value = 0;
+  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 65536);
+}
+
+TEST(Mixer, WithoutALineOfWavesThePreviewAsksForTheProgramsOwnVolume) {
+  Buehne b;
+  b.Katalog({L"a"});
+  b.platform.mixer.Put({L"Line", kAus, 20000});
+  b.Start();
+  b.platform.volume.SetVolume(4000);
+  b.platform.volume.SetOn(false);
+  b.Antwortet(kJa).Antwortet(kJa);
+  b.Waehle(1);
+  b.Tu([&] { b.Haupt().imgAbspielen_MouseUp(); });
+  ASSERT_EQ(b.Gesagt().size(), 2U);
+  EXPECT_TRUE(b.platform.volume.On());
+  EXPECT_EQ(b.platform.volume.Volume(), 32768);
+  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 20000);
+}
+
+}  // namespace vantora
