@@ -18,6 +18,12 @@ press frmStartAssistent.chkNichtMehrZeigen
 press frmStartAssistent.imgAbbrechen
 close
 sound on
+mixer out Line 39000
+mixer out CD 52000 mute
+mixer out Mic 20000 noswitch
+mixer out Wave 49152
+mixer in Mic 26000
+mixer in Line 49152 select
 setting Show3DAnalysis 1
 start
 press frmHauptForm.imgLiedImport
@@ -86,6 +92,9 @@ answer 7
 press frmHauptForm.imgDatenBank
 shot frmDatenbank_@SIZE@.png
 key frmDatenbank Escape
+press frmHauptForm.imgMixer
+shot frmMixer_@SIZE@.png
+key frmMixer Escape
 disc insert "C:\Vantora\Discos\Disco 001.cue"
 press frmHauptForm.imgCDAuslesen
 wait 1500
