@@ -9,7 +9,7 @@ namespace vantora {
 namespace {
 
 constexpr int kZeile = 270;        // twips; a line of words
-constexpr int kKasten = 270;       // the mute box
+constexpr int kKasten = 240;       // the mute box
 constexpr int kAbstand = 90;       // between the parts
 constexpr int kKnopfBreite = 600;  // what the knob is drawn in
 constexpr int kStriche = 10;       // divisions of the scale

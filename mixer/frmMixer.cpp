@@ -37,7 +37,7 @@ frmMixer::frmMixer(Programm& programm) : VtrFenster(programm, L"frmMixer") {
   faderMasterOut.Change = [this] { faderMasterOut_Change(); };
   Knopf(imgCloseMixer, [this] { imgCloseMixer_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
-  tmrWaste.Enabled = false;
+  tmrWaste.Enabled = tmrGetWinMixerData.Enabled = false;  // nothing hangs on them
   tmrWaste.Interval = kMuellMs;
   tmrGetWinMixerData.Interval = kLeseMs;
 }
@@ -77,12 +77,12 @@ void frmMixer::InitMixer() {
     prog.AppLog(L"Mixer:INITMixer", L"Count Mixer:" + ZahlText(M(0).MixerCount()));
     M(0).Init();
     prog.AppLog(L"Mixer:INITMixer", L"Set Mixer:" + M(0).MixerName(0));
-    M(0).SetMixerIndex(0);
+    M(0).MixerIndex(0);
     Fader(0).MuteEnabled = true;
     for (int i = 1; i < kFader; ++i) {
       M(i).Init();
-      M(i).SetPollInterval(kAbfrageMs);
-      M(i).SetMixerIndex(0);
+      M(i).PollInterval(kAbfrageMs);
+      M(i).MixerIndex(0);
       M(i).SetLineID(kNoLine);
       Fader(i).MuteEnabled = true;
     }
@@ -95,8 +95,8 @@ void frmMixer::InitMixer() {
     InputsSuchen();
     Mixer->Init();
     Mixer->SetLineID(kMasterLine);
-    Mixer->SetPollInterval(kAbfrageMs);
-    Mixer->SetMixerIndex(0);
+    Mixer->PollInterval(kAbfrageMs);
+    Mixer->MixerIndex(0);
     faderMasterOut.MuteEnabled = true;
     faderMasterOut.CaptionFader = LoadResString(14206);
     faderMasterOut.Hinweis(LoadResString(14401) + LoadResString(14206));

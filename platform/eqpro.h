@@ -23,8 +23,8 @@ class ucEQPro {
   virtual void Init() = 0;                // looks for the card and its lines
   virtual int MixerCount() = 0;           // 0 on a machine without sound
   virtual Text MixerName(int index) = 0;  // from 0; blank for one that is not there
-  virtual void SetMixerIndex(int index) = 0;
-  virtual void SetPollInterval(int ms) = 0;  // values that are read are at most so old
+  virtual void MixerIndex(int index) = 0;
+  virtual void PollInterval(int ms) = 0;  // values that are read are at most so old
 
   // Outputs but for the master, and inputs; from 0. An output may be a gap, whose ID is kNoLine:
   // the line of waves stands at 1 also where it is the only one.

@@ -46,8 +46,8 @@ class RobotStage {
   virtual void Bottle(const std::string& script) = 0;  // what befalls the emulated drive
   virtual void Load(std::optional<int> percent) = 0;   // of the processor; nothing: unknown
   virtual void LineIn(const Text& waveFile) = 0;  // what the sound card's input hears from now on
-  virtual HeadlessMixer& Mixer() = 0;       // the card's lines
-  virtual OutputVolume& OwnVolume() = 0;    // the line of waves where the card has none
+  virtual HeadlessMixer& Mixer() = 0;             // the card's lines
+  virtual OutputVolume& OwnVolume() = 0;          // the line of waves where the card has none
 };
 
 }  // namespace vantora

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/event_loop.h"
+#include "platform/fader_knob.h"
 
 #include <algorithm>
 #include <functional>
@@ -68,6 +69,7 @@ class FullForm final : public TestForm {
   ListView lvwTracks{*this, L"lvwTracks"};
   Slider sldPan{*this, L"sldPan"};
   Slider sldFader{*this, L"sldFader"};
+  FaderKnob knob{*this, L"knob"};
   PictureBox picWave{*this, L"picWave"};
   LevelMeter Level{*this, L"Level"};
   PictureBox picView{*this, L"picView"};  // shows a sixteenth of what lies in it
@@ -140,6 +142,8 @@ inline FullForm::FullForm(EventLoop& loop) : TestForm(loop) {
   Place(sldPan, 4200, 3900, 3000, 330);
   Place(sldFader, 8400, 3900, 330, 3000);
   sldFader.Vertical = true;
+  Place(knob, 7500, 3900, 600, 3000);
+  knob.AccessibleName = L"Volumen";
   Place(picWave, 4200, 4400, 3000, 1200);
   Place(Level, 4200, 5700, 3000, 360);
   Place(picView, 150, 5100, 3000, 600);

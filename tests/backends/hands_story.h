@@ -51,7 +51,21 @@ class HandsStory {
           EXPECT_EQ(form_.sldFader.Value, 84) << "75, a tenth more, one less";
           hands_->Drag(form_.sldPan, 0, 500);
         })
-        .Then([this] { EXPECT_EQ(form_.sldPan.Value, 100) << "the root of the greatest"; });
+        .Then([this] {
+          EXPECT_EQ(form_.sldPan.Value, 100) << "the root of the greatest";
+          form_.knob.Value = 100;
+          form_.knob.MouseUp = [this](int) { said_ += std::to_string(form_.knob.Value()) + " "; };
+          hands_->PressAt(form_.knob, 20);
+        })
+        .Then([this] { hands_->Drag(form_.knob, 50, 500); })
+        .Then([this] {
+          EXPECT_EQ(Said(), "100 49 ")
+              << "a click moves nothing, and what is gripped keeps its grip";
+          hands_->Drag(form_.knob, 100, 900);
+        })
+        .Then([this] {
+          EXPECT_EQ(Said(), "5 ") << "a press beside the knob brings its middle there";
+        });
   }
 
  private:

@@ -83,9 +83,9 @@ TEST(Mixer, AFaderMovesItsLineAndReadingMovesNothing) {
 
 TEST(Mixer, WithoutALineOfWavesThePreviewAsksForTheProgramsOwnVolume) {
   Buehne b;
-  b.Katalog({L"a"});
   b.platform.mixer.Put({L"Line", kAus, 20000});
   b.Start();
+  b.Katalog({L"a"});
   b.platform.volume.SetVolume(4000);
   b.platform.volume.SetOn(false);
   b.Antwortet(kJa).Antwortet(kJa);

@@ -1,6 +1,7 @@
 #include "tests/backends/hands_story.h"
 #include "tests/qt/stage.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -471,6 +472,22 @@ TEST_F(Stage, AMinimizedWindowIsNotInFront) {
       .Then([&] { EXPECT_EQ(person.Front, &front); });
   Play(back);
   EXPECT_EQ(back.Count("gotfocus"), 1);
+}
+
+TEST_F(Stage, AScreenReaderFindsAFaderAsASliderWithItsNameAndValue) {
+  FullForm form(loop);
+  form.knob.Value = 37;
+  QAccessibleInterface* read = nullptr;
+  person.Then([&] {
+    read = QAccessible::queryAccessibleInterface(loop.WidgetOf(form.knob));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(read->role(), QAccessible::Slider);
+    EXPECT_EQ(read->text(QAccessible::Name), "Volumen");
+    EXPECT_EQ(read->valueInterface()->currentValue().toInt(), 37);
+    read->valueInterface()->setCurrentValue(60);
+    EXPECT_EQ(form.knob.Value, 60) << "and moves it";
+  });
+  Play(form);
 }
 
 }  // namespace
