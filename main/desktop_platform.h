@@ -2,6 +2,7 @@
 #pragma once
 
 #include "backends/alsa/alsa_devices.h"
+#include "backends/alsa/alsa_input.h"
 #include "backends/alsa/alsa_mixer.h"
 #include "backends/alsa/alsa_player.h"
 #include "backends/alsa/alsa_stream.h"
@@ -11,6 +12,7 @@
 #include "backends/linux/thread_background.h"
 #include "backends/qt/qt_display.h"
 #include "backends/qt/qt_event_loop.h"
+#include "backends/qt/qt_inhibitor.h"
 #include "main/machine.h"
 
 namespace vantora {
@@ -23,7 +25,7 @@ struct DesktopPlatform {
         machine(places, resourceFolder, loop, background, sound),
         mmtools(loop, machine.files, machine.edits, machine.profiles,
                 {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop, volume); },
-                 AlsaPlaybackDevices, sound}) {
+                 AlsaPlaybackDevices, sound, input}) {
     SilenceAlsaMessages();
   }
 
@@ -35,9 +37,11 @@ struct DesktopPlatform {
   ThreadBackground background;
   OutputVolume volume;
   AlsaSoundOutput sound{loop, volume};
+  AlsaSoundInput input{loop, clock};
   Machine machine;
   SoundTools mmtools;
   ProcessorLoad load;
+  QtInhibitor inhibitor;
   AlsaMixer mixerCard;
   MixerLines eqpro{mixerCard, volume};
 
@@ -62,7 +66,8 @@ struct DesktopPlatform {
                    machine.sockets,
                    machine.audiolib,
                    load,
-                   eqpro};
+                   eqpro,
+                   inhibitor};
 };
 
 }  // namespace vantora

@@ -4,6 +4,8 @@
 #pragma once
 
 #include "backends/headless/headless_display.h"
+#include "backends/headless/headless_inhibitor.h"
+#include "backends/headless/headless_input.h"
 #include "backends/headless/headless_load.h"
 #include "backends/headless/headless_mixer.h"
 #include "backends/headless/headless_output.h"
@@ -39,15 +41,18 @@ struct StoryPlatform : World {
                  [this] {
                    return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
                  },
-                 sound}) {}
+                 sound, input}) {}
 
   HeadlessDisplay display;
   HeadlessSystem system;
   HeadlessSoundCard card;
   HeadlessOutput sound{World::loop, World::clock, card};
+  HeadlessInput input{World::loop, World::clock,
+                      [this] { return std::make_unique<WaveFile>(machine.files); }};
   Machine machine;
   SoundTools mmtools;
   HeadlessLoad load;
+  HeadlessInhibitor inhibitor;
   HeadlessMixer mixer;
   HeadlessMixerCard mixerCard{mixer, card};
   OutputVolume volume;
@@ -74,7 +79,8 @@ struct StoryPlatform : World {
                    machine.sockets,
                    machine.audiolib,
                    load,
-                   eqpro};
+                   eqpro,
+                   inhibitor};
 };
 
 }  // namespace vantora

@@ -79,9 +79,8 @@ class StoryStage final : public RobotStage {
     Now().load.Present = percent.has_value();
     Now().load.Percent = percent.value_or(0);
   }
-  void LineIn(const Text& /*waveFile*/) override {
-    throw std::runtime_error("this program does not record yet");
-  }
+  void LineIn(const Text& waveFile) override { Now().input.Play(waveFile); }
+  void LineInOverrun(int ms) override { Now().input.Lose(ms); }
   HeadlessMixer& Mixer() override { return Now().mixer; }
   OutputVolume& OwnVolume() override { return Now().volume; }
 

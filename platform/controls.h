@@ -380,6 +380,7 @@ class LevelMeter : public Control {
 
   Property<bool> Active{*this, false};
   Property<int> PeakLeft{*this, 0}, PeakRight{*this, 0};  // 0 to 32767
+  Property<int> Mark{*this, 0};                           // a peak that is marked, 0 for none
   Ears Shown = Ears::Both;
 };
 

@@ -24,6 +24,8 @@ class Drives {
   virtual int GetDriveType(const Text& root) = 0;  // of "C:\", one of DriveType
   // Free bytes for the user on the drive of a path; nothing when the drive does not answer.
   virtual std::optional<double> GetDiskFreeSpaceEx(const Text& path) = 0;
+  // Bytes of the whole drive of a path; nothing when the drive does not answer.
+  virtual std::optional<double> GetDiskTotalBytes(const Text& path) = 0;
   // "\\server\share" behind a letter ("N"); "Drive Letter Not Found" for none.
   virtual Text NetworkPath(wchar_t letter) = 0;
 };

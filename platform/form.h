@@ -289,6 +289,7 @@ inline std::optional<Text> LevelMeter::Read(const Text& property) const {
   if (property == L"Active") return detail::FlagText(Active);
   if (property == L"PeakLeft") return detail::NumberText(PeakLeft);
   if (property == L"PeakRight") return detail::NumberText(PeakRight);
+  if (property == L"Mark") return detail::NumberText(Mark);
   return Control::Read(property);
 }
 

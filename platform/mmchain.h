@@ -5,6 +5,7 @@
 // Who owns the components keeps them all for as long as one of them works.
 #pragma once
 
+#include "platform/laufzeitfehler.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -34,6 +35,9 @@ inline void FillWaveHeader(MMData& data, const std::int16_t* buffer, std::size_t
   std::copy_n(buffer, bytes / 2, data.Samples.begin());
   data.Bytes = bytes;
 }
+
+enum MMBitLength : int { b8Bit = 8, b16Bit = 16 };
+enum MMChannelMode : int { mMono = 0, mStereo = 1 };
 
 class MMComponentX {
  public:
@@ -109,13 +113,46 @@ class MMWaveObject {
   // The range as a new wave file, in place of one that is there. The position is lost.
   virtual void SaveRange(const Text& file) = 0;
   virtual void SetBufferBytes(std::int32_t bytes) = 0;  // how much is read ahead, at most 1 MiB
+  // Header and file agree afterwards, as far as a killed program is concerned; the file stays open.
+  virtual void SaveHeader() = 0;
 };
 
-// As a source it plays its range; behind a trigger it is written anew.
+// As a source it plays its range; behind a trigger or an input it is written anew. Without a file
+// name it lets pass what comes.
 class MMWaveFileX : public MMComponentX {
  public:
   explicit MMWaveFileX(MMWaveObject& wave) : Wave(wave) {}
   MMWaveObject& Wave;
+};
+
+// The sound card's input. The card is listened to in a thread of its own, which keeps at least 20
+// seconds; from there buffers come on the interface thread, in order and whole, however long that
+// was busy. `Close` gives the card back only when no `Open` follows before the next event, so
+// between two takes the card goes on, and no frame is lost.
+class MMWaveInX : public MMComponentX {
+ public:
+  std::size_t BufferSize = kBufferBytes;  // bytes; of each buffer
+  int Mode = mStereo;
+  int BitLength = b16Bit;
+  int SampleRate = 44100;  // Hz
+
+  // Error 57, with the reason, when there is no input or it refuses; no effect when it is open.
+  virtual void Open() = 0;
+  virtual void Close() = 0;
+  // What stands behind it hears that sound follows. From a handler of a buffer on its way the sound
+  // goes on with the next buffer, whatever was stopped and closed before; at any other time it
+  // begins with what is heard from now on.
+  virtual void Start() = 0;
+  virtual void Stop() = 0;
+  virtual bool IsOpen() const = 0;
+  // When the last frame of the buffer on its way was heard, in ms as Clock::Ticks counts.
+  virtual std::int64_t BufferTicks() const = 0;
+
+  // The card has lost so much sound, in ms, before the buffer that follows; the input goes on.
+  std::function<void(std::int64_t ms)> OnOverrun;
+  // What stands behind it has failed at a buffer, as a disk that is full does; the input goes on.
+  std::function<void(const Laufzeitfehler& error)> OnError;
+  std::function<void()> OnLost;  // the device has gone away; closed now
 };
 
 // Brings what its source holds to the chain's format.
@@ -216,6 +253,9 @@ class MMConnectorX : public MMComponentX {
   int Speed = 1;
   bool RealTime = false, EnterIdle = false;
   std::function<void(int left, int right)> OnLevel;  // peaks, 0 to 32767; about 20 a second
+  // For every buffer, before it goes on to what stands behind: what is opened there gets this very
+  // buffer, what is closed there does not.
+  std::function<void()> OnTrigger;
 };
 
 // Pumps a chain into what stands behind it, as fast as the machine allows and in slices, so that

@@ -65,6 +65,7 @@ class MMTools {
   virtual std::unique_ptr<MMFlangerX> NewFlanger() = 0;
   virtual std::unique_ptr<MMVolumeX> NewVolume() = 0;
   virtual std::unique_ptr<MMWaveOutX> NewWaveOut() = 0;
+  virtual std::unique_ptr<MMWaveInX> NewWaveIn() = 0;
   virtual std::unique_ptr<MMConnectorX> NewConnector() = 0;
   virtual std::unique_ptr<MMTriggerX> NewTrigger() = 0;
   virtual MMHelperX& Helper() = 0;

@@ -12,6 +12,7 @@
 #include "platform/eqpro.h"
 #include "platform/event_loop.h"
 #include "platform/files.h"
+#include "platform/inhibitor.h"
 #include "platform/mcd.h"
 #include "platform/mci.h"
 #include "platform/mmtools.h"
@@ -51,6 +52,7 @@ struct Plattform {
   Audiolib& audiolib;
   PerfData& perfData;
   EQPro& eqpro;
+  Inhibitor& wachhalter;
 };
 
 }  // namespace vantora

@@ -15,25 +15,43 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::optional<double> FreeBytes(fs::path path) {
+struct Space {
+  double Free, Total;  // bytes
+};
+
+std::optional<Space> SpaceAt(fs::path path) {
   struct statvfs info {};
   while (::statvfs(path.c_str(), &info) != 0) {
     // A folder that is still to be made lies on the disk of the folder above.
     if (errno != ENOENT || !path.has_relative_path()) return std::nullopt;
     path = path.parent_path();
   }
-  return static_cast<double>(info.f_bavail) * static_cast<double>(info.f_frsize);
+  const auto block = static_cast<double>(info.f_frsize);
+  return Space{static_cast<double>(info.f_bavail) * block,
+               static_cast<double>(info.f_blocks) * block};
 }
 
 // The call on a network folder whose server is gone never returns; its thread is left behind.
-std::optional<double> FreeBytesInTime(const fs::path& path) {
-  std::promise<std::optional<double>> promise;
-  std::future<std::optional<double>> answer = promise.get_future();
+std::optional<Space> SpaceInTime(const fs::path& path) {
+  std::promise<std::optional<Space>> promise;
+  std::future<std::optional<Space>> answer = promise.get_future();
   std::thread([path, said = std::move(promise)]() mutable {
-    said.set_value(FreeBytes(path));
+    said.set_value(SpaceAt(path));
   }).detach();
   if (answer.wait_for(std::chrono::seconds(2)) != std::future_status::ready) return std::nullopt;
   return answer.get();
+}
+
+std::optional<Space> SpaceOf(const DriveTable& table, const Text& path) {
+  const bool named = path.size() >= 2 && path[1] == L':';
+  const std::optional<DriveEntry> entry = named ? table.Entry(path[0]) : std::nullopt;
+  try {
+    // The root itself is asked: to look for a folder on a dead server would not return either.
+    if (entry && entry->Type == kDriveNetwork) return SpaceInTime(entry->Root);
+    return SpaceAt(table.SystemPath(path));
+  } catch (const Laufzeitfehler&) {
+    return std::nullopt;
+  }
 }
 
 }  // namespace
@@ -51,15 +69,13 @@ int LinuxDrives::GetDriveType(const Text& root) {
 }
 
 std::optional<double> LinuxDrives::GetDiskFreeSpaceEx(const Text& path) {
-  const bool named = path.size() >= 2 && path[1] == L':';
-  const std::optional<DriveEntry> entry = named ? table_.Entry(path[0]) : std::nullopt;
-  try {
-    // The root itself is asked: to look for a folder on a dead server would not return either.
-    if (entry && entry->Type == kDriveNetwork) return FreeBytesInTime(entry->Root);
-    return FreeBytes(table_.SystemPath(path));
-  } catch (const Laufzeitfehler&) {
-    return std::nullopt;
-  }
+  const std::optional<Space> space = SpaceOf(table_, path);
+  return space ? std::optional(space->Free) : std::nullopt;
+}
+
+std::optional<double> LinuxDrives::GetDiskTotalBytes(const Text& path) {
+  const std::optional<Space> space = SpaceOf(table_, path);
+  return space ? std::optional(space->Total) : std::nullopt;
 }
 
 Text LinuxDrives::NetworkPath(wchar_t letter) {

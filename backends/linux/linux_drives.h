@@ -15,6 +15,7 @@ class LinuxDrives final : public Drives {
   int GetDriveType(const Text& root) override;
   // A network folder that does not answer within two seconds counts as not answering.
   std::optional<double> GetDiskFreeSpaceEx(const Text& path) override;
+  std::optional<double> GetDiskTotalBytes(const Text& path) override;
   Text NetworkPath(wchar_t letter) override;
 
  private:

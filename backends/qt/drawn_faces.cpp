@@ -347,7 +347,7 @@ class MeterFace final : public Face {
   void Apply(Control& control) override {
     const auto& meter = static_cast<const LevelMeter&>(control);
     LetMouseThrough(*bars_, !HasMouseHandler(control));
-    bars_->Set(meter.Active, meter.PeakLeft, meter.PeakRight, meter.Shown);
+    bars_->Set(meter.Active, meter.PeakLeft, meter.PeakRight, meter.Shown, meter.Mark);
   }
 
   LevelBars* bars_;

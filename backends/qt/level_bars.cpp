@@ -28,8 +28,11 @@ int LevelBars::Lit(int peak, int lamps) {
   return static_cast<int>(std::lround(share * lamps));
 }
 
-void LevelBars::Set(bool active, int left, int right, Ears shown) {
-  if (active == active_ && left == left_ && right == right_ && shown == shown_) return;
+void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
+  if (active == active_ && left == left_ && right == right_ && shown == shown_ && mark == mark_) {
+    return;
+  }
+  mark_ = mark;
   shown_ = shown;
   active_ = active;
   left_ = left;
@@ -65,6 +68,10 @@ void LevelBars::PaintRow(QPainter& painter, const QRect& row, int peak) const {
     painter.fillRect(row.left() + i * row.width() / lamps, row.top(), kLampPixels - 2, row.height(),
                      colour);
   }
+  if (mark_ <= 0) return;
+  const int place = Lit(mark_, row.width());
+  painter.fillRect(row.left() + std::min(place, row.width() - 2), row.top() - 2, 2,
+                   row.height() + 4, QColor(255, 181, 69));
 }
 
 }  // namespace vantora

@@ -12,7 +12,7 @@ class LevelBars final : public QWidget {
  public:
   using QWidget::QWidget;
   // Peaks from 0 to 32767; nothing new costs nothing.
-  void Set(bool active, int left, int right, Ears shown);
+  void Set(bool active, int left, int right, Ears shown, int mark = 0);
 
   // How many of `lamps` are lit at a peak; 60 decibels lie between the first and the last.
   static int Lit(int peak, int lamps);
@@ -25,6 +25,7 @@ class LevelBars final : public QWidget {
 
   bool active_ = false;
   int left_ = 0, right_ = 0;
+  int mark_ = 0;  // a peak that is marked, 0 for none
   Ears shown_ = Ears::Both;
 };
 

@@ -5,6 +5,7 @@
 #include "backends/sound/chain/pcm_converter.h"
 #include "backends/sound/chain/peak_detect.h"
 #include "backends/sound/chain/trigger.h"
+#include "backends/sound/chain/wave_in.h"
 #include "backends/sound/chain/wave_out.h"
 #include "backends/sound/effects/equalizer.h"
 #include "backends/sound/effects/flanger.h"
@@ -82,6 +83,10 @@ std::unique_ptr<MMVolumeX> SoundTools::NewVolume() {
 
 std::unique_ptr<MMWaveOutX> SoundTools::NewWaveOut() {
   return std::make_unique<WaveOut>(loop_, card_.Output);
+}
+
+std::unique_ptr<MMWaveInX> SoundTools::NewWaveIn() {
+  return std::make_unique<WaveIn>(loop_, card_.Input);
 }
 
 std::unique_ptr<MMConnectorX> SoundTools::NewConnector() {

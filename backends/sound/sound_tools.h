@@ -1,5 +1,5 @@
 // The audio component set put together: own wave files, chains and filters, and players, devices
-// and a loudspeaker from whoever has a sound card to offer.
+// and a loudspeaker and an input from whoever has a sound card to offer.
 #pragma once
 
 #include "platform/edits.h"
@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/mmtools.h"
 #include "platform/profile.h"
+#include "platform/sound_input.h"
 #include "platform/sound_output.h"
 
 #include <functional>
@@ -21,6 +22,7 @@ class SoundTools final : public MMTools {
     std::function<std::unique_ptr<MMWavePlayerX>()> NewPlayer;
     std::function<std::vector<Text>()> Devices;  // names of the outputs
     SoundOutput& Output;
+    SoundInput& Input;
   };
   SoundTools(EventLoop& loop, Dateien& dateien, Edits& edits, Profile& profiles, Card card);
   ~SoundTools() override;
@@ -39,6 +41,7 @@ class SoundTools final : public MMTools {
   std::unique_ptr<MMFlangerX> NewFlanger() override;
   std::unique_ptr<MMVolumeX> NewVolume() override;
   std::unique_ptr<MMWaveOutX> NewWaveOut() override;
+  std::unique_ptr<MMWaveInX> NewWaveIn() override;
   std::unique_ptr<MMConnectorX> NewConnector() override;
   std::unique_ptr<MMTriggerX> NewTrigger() override;
   MMHelperX& Helper() override;

@@ -102,8 +102,14 @@ void WaveFile::Write(const void* source, std::size_t bytes) {
 void WaveFile::Save() {
   Datei& file = File();
   if (!changed_) return;
-  BringIntoLine(file);
+  SaveHeader();
   file.Flush();
+}
+
+void WaveFile::SaveHeader() {
+  Datei& file = File();
+  if (!changed_) return;
+  BringIntoLine(file);
   changed_ = false;
 }
 

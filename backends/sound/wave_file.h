@@ -1,7 +1,7 @@
 // One wave file, read, or written while it grows. While it is being written the header on the disk
-// keeps its old sizes; Save and Close make them true. Sound that has been finished is changed by
-// edits alone (platform/edits.h), so chunks behind the sound never move here: such a file takes no
-// more sound.
+// keeps its old sizes; Save, SaveHeader and Close make them true. Sound that has been finished is
+// changed by edits alone (platform/edits.h), so chunks behind the sound never move here: such a
+// file takes no more sound.
 #pragma once
 
 #include "backends/sound/wave_layout.h"
@@ -36,6 +36,7 @@ class WaveFile final : public MMWave {
   // From the position; fewer only at the end.
   std::size_t CopyTo(Datei& target, std::size_t bytes);
   void Save() override;
+  void SaveHeader();  // makes the sizes true, and leaves it to the system when that is written
 
  private:
   Datei& File();                        // error 52 when nothing is open

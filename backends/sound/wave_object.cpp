@@ -167,6 +167,10 @@ void WaveObject::SetBufferBytes(std::int32_t bytes) {
   ahead_ = {};
 }
 
+void WaveObject::SaveHeader() {
+  if (state_ == State::Open) wave_.SaveHeader();
+}
+
 void WaveObject::ReadRange(MMData& data) {
   data.Bytes = 0;
   const std::int64_t start = std::max(cursor_, PlayStart * UnitBytes());

@@ -29,6 +29,7 @@ class WaveObject final : public MMWaveObject {
   std::size_t WriteData(const void* buffer, std::size_t bytes) override;
   void SaveRange(const Text& file) override;
   void SetBufferBytes(std::int32_t bytes) override;
+  void SaveHeader() override;  // no effect on one that is closed
 
   // ---- for the component ----
   void ReadRange(MMData& data);  // whole frames of the range of playing, from the position
@@ -65,11 +66,11 @@ class WaveComponent final : public MMWaveFileX {
   void Pull(MMData& data) override { object_.ReadRange(data); }
   void Rewind() override { object_.SetPosition(object_.PlayStart); }
   void Receive() override {
-    object_.MakeAnew();
+    if (!object_.FileName().empty()) object_.MakeAnew();
     MMWaveFileX::Receive();
   }
   void Push(const MMData& data) override {
-    object_.Append(data);
+    if (!object_.FileName().empty()) object_.Append(data);
     MMWaveFileX::Push(data);
   }
 

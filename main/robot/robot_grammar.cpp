@@ -350,8 +350,13 @@ void ParseExpectMixer(ScriptLine& /*line*/, Words& words) {
 }
 
 void ParseLineIn(ScriptLine& line, Words& words) {
-  if (!words.Skip(L"play")) words.Refuse("the word play is missing");
-  line.Value = words.Take("a wave file");
+  if (words.Skip(L"overrun")) {
+    line.Numbers = {words.Number("a number of milliseconds", 1, 60'000)};
+  } else if (words.Skip(L"play")) {
+    line.Value = words.Take("a wave file");
+  } else {
+    words.Refuse("play or overrun is missing");
+  }
 }
 
 // Value: what befalls the drive from now on, one thing a line.

@@ -45,9 +45,10 @@ class RobotStage {
   virtual WriterFaults& Writer() = 0;                  // of the embedded writer
   virtual void Bottle(const std::string& script) = 0;  // what befalls the emulated drive
   virtual void Load(std::optional<int> percent) = 0;   // of the processor; nothing: unknown
-  virtual void LineIn(const Text& waveFile) = 0;  // what the sound card's input hears from now on
-  virtual HeadlessMixer& Mixer() = 0;             // the card's lines
-  virtual OutputVolume& OwnVolume() = 0;          // the line of waves where the card has none
+  virtual void LineIn(const Text& waveFile) = 0;       // the input hears it once, from now on
+  virtual void LineInOverrun(int ms) = 0;              // the input loses so much
+  virtual HeadlessMixer& Mixer() = 0;                  // the card's lines
+  virtual OutputVolume& OwnVolume() = 0;               // the line of waves where the card has none
 };
 
 }  // namespace vantora

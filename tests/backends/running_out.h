@@ -22,6 +22,7 @@ class RunningOut final : public Dateien {
   std::atomic<std::int64_t> Room = INT64_MAX;      // bytes that can still be written: then error 61
   std::atomic<std::int64_t> Readable = INT64_MAX;  // bytes that can still be read: then error 57
   std::atomic<int> ReadMs = 0;                     // that every read takes
+  std::atomic<bool> OldRoomIsFree = false;         // writing over what is there takes no room
 
   std::unique_ptr<Datei> Open(const Text& path, Zugriff access) override {
     return std::make_unique<File>(*this, files_.Open(path, access));
@@ -61,6 +62,8 @@ class RunningOut final : public Dateien {
       return file_->ReadSome(target, count);
     }
     void Write(const void* source, std::size_t count) override {
+      const auto end = file_->Position() + static_cast<std::int64_t>(count);
+      if (disk_.OldRoomIsFree && end <= file_->Length()) return file_->Write(source, count);
       const auto fits = static_cast<std::size_t>(
           std::clamp<std::int64_t>(disk_.Room, 0, static_cast<std::int64_t>(count)));
       file_->Write(source, fits);

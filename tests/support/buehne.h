@@ -7,11 +7,11 @@
 #include "app/programm.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
-#include "catalog/frmNeuerInterpret.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
+#include "dialogs/frmNeuerInterpret.h"
 #include "dialogs/frmStartAssistent.h"
 #include "main/headless_platform.h"
 #include "mixer/frmMixer.h"
@@ -49,15 +49,15 @@ inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& 
       p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien, p.laufwerke, p.einstellungen,
       p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,   p.edits,     p.mp3,
       mcd,        acd,          cd,           mci,       net,       p.audiolib,  p.perfData,
-      p.eqpro};
+      p.eqpro,    p.wachhalter};
 }
 
 // The bundle with another mixer.
 inline Plattform MitMixer(const Plattform& p, EQPro& eqpro) {
-  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien, p.laufwerke,
-          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools, p.tsCut,
-          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,      p.mci,
-          p.sockets,       p.audiolib,   p.perfData, eqpro};
+  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien,   p.laufwerke,
+          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools,   p.tsCut,
+          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,        p.mci,
+          p.sockets,       p.audiolib,   p.perfData, eqpro,        p.wachhalter};
 }
 
 class Buehne {

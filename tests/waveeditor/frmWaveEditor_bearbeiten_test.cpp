@@ -86,14 +86,15 @@ class Geraete : private Drives {
     werkzeug = std::make_unique<SoundTools>(
         p.loop, *platte, *edits, p.machine.profiles,
         SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
-                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound});
+                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input});
     cutter = std::make_unique<Cutter>(*platte, *edits);
     echt = &p.machine.letters;
     const Plattform& b = p.bundle;
     return {b.schleife,      b.bildschirm, b.uhr,      b.system,     *platte,   *this,
             b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug, *cutter,
             *edits,          b.mp3,        b.mcd,      b.acd,        b.cd,      b.mci,
-            b.sockets,       b.audiolib,   b.perfData, b.eqpro};
+            b.sockets,       b.audiolib,   b.perfData, b.eqpro,
+            b.wachhalter};
   }
 
   std::map<Text, double> frei;  // by the words that the program asks with
@@ -105,6 +106,9 @@ class Geraete : private Drives {
   std::optional<double> GetDiskFreeSpaceEx(const Text& path) override {
     const auto ort = frei.find(path);
     return ort == frei.end() ? 1e12 : ort->second;
+  }
+  std::optional<double> GetDiskTotalBytes(const Text& path) override {
+    return echt->GetDiskTotalBytes(path);
   }
   Text NetworkPath(wchar_t letter) override { return echt->NetworkPath(letter); }
 

@@ -20,6 +20,7 @@ class Connector final : public MMConnectorX {
     const Peaks peaks = PeaksOf(data);
     peaks_ = {std::max(peaks_.Left, peaks.Left), std::max(peaks_.Right, peaks.Right)};
     frames_ += data.Bytes / 4;
+    if (OnTrigger) OnTrigger();
     MMConnectorX::Push(data);
     if (frames_ < kFrames * static_cast<std::size_t>(std::max(Speed, 1))) return;
     const Peaks told = peaks_;

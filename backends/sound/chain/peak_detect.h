@@ -41,6 +41,10 @@ class PeakDetect final : public MMPeakDetectX {
     MMPeakDetectX::Pull(data);
     peaks_ = PeaksOf(data);
   }
+  void Push(const MMData& data) override {
+    peaks_ = PeaksOf(data);
+    MMPeakDetectX::Push(data);
+  }
   int PeakLeft() const override { return peaks_.Left; }
   int PeakRight() const override { return peaks_.Right; }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "backends/alsa/alsa_devices.h"
+#include "backends/alsa/alsa_input.h"
 #include "backends/alsa/alsa_mixer.h"
 #include "backends/alsa/alsa_stream.h"
 #include "backends/linux/profile_file.h"
@@ -29,9 +30,11 @@ class NoCard : public Listener {
 TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
   AlsaSoundOutput sound(loop, volume);
   ProfileFiles profiles(home.Table);
+  AlsaSoundInput input(loop, clock);
   WaveEdits edits(home.Files, {});
   SoundTools tools(loop, home.Files, edits, profiles,
-                   {[] { return nullptr; }, [] { return AlsaPlaybackDevices(); }, sound});
+                   {[] { return nullptr; }, [] { return AlsaPlaybackDevices(); }, sound, input});
+  EXPECT_EQ(ErrorOf([&] { tools.NewWaveIn()->Open(); }), kFehlerEinAusgabe);
   EXPECT_EQ(tools.waveOutGetNumDevs(), 0);
   EXPECT_EQ(tools.waveOutGetDevCaps(0), L"");
   Wave(Steps({1000}));

@@ -1,0 +1,152 @@
+#include "backends/alsa/alsa_input.h"
+
+#include "backends/alsa/alsa_devices.h"
+#include "backends/alsa/capture_ring.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <alsa/asoundlib.h>
+
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <string>
+#include <thread>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr unsigned kRate = 44100;
+constexpr snd_pcm_uframes_t kPeriod = kBufferBytes / 4;
+constexpr unsigned kCardMs = 500;  // what the card keeps while this machine is busy
+constexpr int kPatienceMs = 50;
+
+[[noreturn]] void Refused(int error) {
+  const std::string words = snd_strerror(error);
+  throw Laufzeitfehler(kFehlerEinAusgabe, L"La entrada de sonido no responde.",
+                       Text(words.begin(), words.end()));
+}
+
+struct CloseCard {
+  void operator()(snd_pcm_t* pcm) const { snd_pcm_close(pcm); }
+};
+using Card = std::unique_ptr<snd_pcm_t, CloseCard>;
+
+// Short periods, so that a level is seen when it is heard, and a long buffer behind them.
+void SetUp(snd_pcm_t* pcm) {
+  const auto check = [](int result) {
+    if (result < 0) Refused(result);
+  };
+  snd_pcm_hw_params_t* params = nullptr;
+  snd_pcm_hw_params_alloca(&params);
+  check(snd_pcm_hw_params_any(pcm, params));
+  check(snd_pcm_hw_params_set_rate_resample(pcm, params, 1));
+  check(snd_pcm_hw_params_set_access(pcm, params, SND_PCM_ACCESS_RW_INTERLEAVED));
+  check(snd_pcm_hw_params_set_format(pcm, params, SND_PCM_FORMAT_S16_LE));
+  check(snd_pcm_hw_params_set_channels(pcm, params, 2));
+  check(snd_pcm_hw_params_set_rate(pcm, params, kRate, 0));
+  snd_pcm_uframes_t buffer = kRate * kCardMs / 1000, period = kPeriod;
+  check(snd_pcm_hw_params_set_buffer_size_near(pcm, params, &buffer));
+  check(snd_pcm_hw_params_set_period_size_near(pcm, params, &period, nullptr));
+  check(snd_pcm_hw_params(pcm, params));
+}
+
+Card OpenCard() {
+  SilenceAlsaMessages();
+  snd_pcm_t* opened = nullptr;
+  // Never blocking: a card that has gone must not hold up its end.
+  const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_CAPTURE, SND_PCM_NONBLOCK);
+  if (error < 0) Refused(error);
+  Card card(opened);
+  SetUp(opened);
+  const int started = snd_pcm_start(opened);
+  if (started < 0) Refused(started);
+  return card;
+}
+
+class Capture final : public SoundCapture {
+ public:
+  Capture(EventLoop& loop, Clock& clock, std::function<void()> ready)
+      : clock_(clock),
+        card_(OpenCard()),
+        ready_(std::make_shared<std::function<void()>>(std::move(ready))) {
+    wake_ = [&loop, watch = std::weak_ptr(ready_)] {
+      loop.Post([watch] {
+        const auto call = watch.lock();
+        if (call) (*call)();
+      });
+    };
+    thread_ = std::thread([this] { Listen(); });
+  }
+  ~Capture() override {
+    stop_ = true;
+    thread_.join();
+  }
+  Capture(const Capture&) = delete;
+  Capture& operator=(const Capture&) = delete;
+
+  bool Next(CapturedSound& sound) override { return ring_.Next(sound); }
+  void Skip() override { ring_.Skip(); }
+  bool Gone() override { return ring_.Gone(); }
+
+ private:
+  void Listen() {
+    std::array<std::int16_t, kPeriod * 2> sound{};
+    while (!stop_) {
+      const snd_pcm_sframes_t frames = snd_pcm_readi(card_.get(), sound.data(), kPeriod);
+      if (frames > 0) {
+        Take(sound.data(), frames);
+      } else if (frames == 0 || frames == -EAGAIN) {
+        const int waited = snd_pcm_wait(card_.get(), kPatienceMs);
+        if (waited < 0 && !Mend(waited)) break;
+      } else if (!Mend(static_cast<int>(frames))) {
+        break;
+      }
+    }
+    if (stop_) return;
+    ring_.End();
+    wake_();
+  }
+
+  // What was lost in an overrun shows when the sound goes on: by how much it begins too late.
+  void Take(const std::int16_t* sound, snd_pcm_sframes_t frames) {
+    snd_pcm_sframes_t waiting = 0;
+    if (snd_pcm_delay(card_.get(), &waiting) < 0 || waiting < 0) waiting = 0;
+    const std::int64_t ticks = clock_.Ticks() - waiting * 1000 / kRate;
+    std::int64_t lost = 0;
+    if (std::exchange(interrupted_, false)) {
+      lost = std::max<std::int64_t>(ticks - frames * 1000 / kRate - lastTicks_, 1);
+    }
+    lastTicks_ = ticks;
+    if (ring_.Append(sound, static_cast<std::size_t>(frames), ticks, lost)) wake_();
+  }
+
+  // An overrun is mended on the way; false when the card has gone.
+  bool Mend(int error) {
+    if (error == -EPIPE || error == -ESTRPIPE) interrupted_ = true;
+    if (snd_pcm_recover(card_.get(), error, 1) < 0) return false;
+    if (snd_pcm_state(card_.get()) != SND_PCM_STATE_PREPARED) return true;
+    return snd_pcm_start(card_.get()) >= 0;
+  }
+
+  Clock& clock_;
+  Card card_;
+  CaptureRing ring_{kCaptureBuffers};
+  std::shared_ptr<std::function<void()>> ready_;  // with it goes what was posted
+  std::function<void()> wake_;
+  std::int64_t lastTicks_ = 0;
+  bool interrupted_ = false;
+  std::atomic<bool> stop_ = false;
+  std::thread thread_;  // last: it uses all the others
+};
+
+}  // namespace
+
+std::unique_ptr<SoundCapture> AlsaSoundInput::Listen(std::function<void()> ready) {
+  return std::make_unique<Capture>(loop_, clock_, std::move(ready));
+}
+
+}  // namespace vantora

@@ -1,0 +1,89 @@
+#include "backends/qt/qt_inhibitor.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QString>
+
+namespace vantora {
+
+namespace {
+
+// How a kind of desktop is asked. The answer is a number, which takes the wish back.
+struct Desk {
+  const char *Service, *Path, *Interface, *Release;
+  bool Session;  // a session manager's, which wants to know the window and what it is kept from
+};
+
+constexpr Desk kDesks[] = {
+    {"org.freedesktop.PowerManagement", "/org/freedesktop/PowerManagement/Inhibit",
+     "org.freedesktop.PowerManagement.Inhibit", "UnInhibit", false},
+    {"org.gnome.SessionManager", "/org/gnome/SessionManager", "org.gnome.SessionManager",
+     "Uninhibit", true},
+};
+constexpr uint kNoSleepNoIdle = 4 | 8;
+
+QDBusMessage Call(const Desk& desk, const char* method) {
+  QDBusMessage call =
+      QDBusMessage::createMethodCall(desk.Service, desk.Path, desk.Interface, method);
+  call.setAutoStartService(false);
+  return call;
+}
+
+// A wish that was granted after nobody wanted it any more is taken back at once.
+class Held final : public Inhibition {
+ public:
+  explicit Held(const QString& why) : bus_(QDBusConnection::sessionBus()) {
+    for (const Desk& desk : kDesks) Ask(desk, why);
+  }
+  ~Held() override {
+    *wanted_ = false;
+    for (const auto& [desk, cookie] : *cookies_) Release(bus_, *desk, cookie);
+  }
+  Held(const Held&) = delete;
+  Held& operator=(const Held&) = delete;
+
+ private:
+  using Cookies = QList<std::pair<const Desk*, uint>>;
+
+  void Ask(const Desk& desk, const QString& why) {
+    QDBusMessage call = Call(desk, "Inhibit");
+    call << QStringLiteral("Vantora");
+    if (desk.Session) call << uint{0};
+    call << why;
+    if (desk.Session) call << kNoSleepNoIdle;
+    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call));
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
+                     [bus = bus_, &desk, wanted = wanted_, cookies = cookies_, watcher] {
+                       const QDBusPendingReply<uint> reply = *watcher;
+                       watcher->deleteLater();
+                       if (reply.isError()) return;  // this desktop is not there
+                       if (*wanted) {
+                         cookies->append({&desk, reply.value()});
+                       } else {
+                         Release(bus, desk, reply.value());
+                       }
+                     });
+  }
+  static void Release(QDBusConnection bus, const Desk& desk, uint cookie) {
+    QDBusMessage call = Call(desk, desk.Release);
+    call << cookie;
+    bus.send(call);
+  }
+
+  QDBusConnection bus_;
+  std::shared_ptr<bool> wanted_ = std::make_shared<bool>(true);
+  std::shared_ptr<Cookies> cookies_ = std::make_shared<Cookies>();
+};
+
+class Nothing final : public Inhibition {};
+
+}  // namespace
+
+std::unique_ptr<Inhibition> QtInhibitor::Inhibit(const Text& why) {
+  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return std::make_unique<Nothing>();
+  return std::make_unique<Held>(QString::fromStdWString(why));
+}
+
+}  // namespace vantora

@@ -1,0 +1,91 @@
+#include "backends/sound/chain/wave_in.h"
+
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+// Three seconds of sound, a few milliseconds of work: after a long wait the windows live meanwhile.
+constexpr int kRate = 44100;
+constexpr int kBuffersATurn = 128;
+
+}  // namespace
+
+void WaveIn::Open() {
+  if (open_) return;
+  if (!capture_) {
+    if (BitLength != b16Bit || Mode != mStereo || SampleRate != kRate) {
+      throw Laufzeitfehler(kFehlerEinAusgabe, L"La entrada no conoce este formato.");
+    }
+    capture_ = input_.Listen([this] { Deliver(); });
+  }
+  open_ = true;
+}
+
+void WaveIn::Close() {
+  if (!open_) return;
+  open_ = running_ = false;
+  loop_.Post([this, watch = std::weak_ptr<int>(token_)] {
+    if (!watch.expired() && !open_) capture_.reset();
+  });
+}
+
+void WaveIn::Start() {
+  if (!open_) throw Laufzeitfehler(kFehlerEinAusgabe, L"La entrada de sonido está cerrada.");
+  if (!delivering_ && !running_) capture_->Skip();
+  Receive();
+  running_ = true;
+}
+
+// A handler may let events run, so this may be asked for in the middle of a buffer: the rest then
+// waits until that has arrived.
+void WaveIn::Deliver() {
+  if (delivering_ || !capture_) return;
+  const std::shared_ptr<SoundCapture> capture = capture_;
+  const std::weak_ptr<int> watch = token_;
+  int left = kBuffersATurn;
+  while (left > 0 && capture_ == capture && capture->Next(piece_)) {
+    --left;
+    if (!DeliverOne()) return;
+  }
+  if (capture_ != capture) return;
+  if (left == 0) {
+    loop_.Post([this, watch] {
+      if (!watch.expired()) Deliver();
+    });
+  } else if (capture->Gone()) {
+    Lose();
+  }
+}
+
+// False when the component has gone meanwhile.
+bool WaveIn::DeliverOne() {
+  if (!running_) return true;
+  const std::weak_ptr<int> watch = token_;
+  delivering_ = true;
+  try {
+    if (piece_.LostMs > 0 && OnOverrun) OnOverrun(piece_.LostMs);
+    if (!watch.expired()) Push(piece_.Data);
+  } catch (const Laufzeitfehler& error) {
+    if (watch.expired()) return false;
+    delivering_ = false;
+    if (!OnError) throw;
+    OnError(error);
+  } catch (...) {
+    if (!watch.expired()) delivering_ = false;
+    throw;
+  }
+  if (watch.expired()) return false;
+  delivering_ = false;
+  return true;
+}
+
+void WaveIn::Lose() {
+  open_ = running_ = false;
+  capture_.reset();
+  const std::function<void()> call = OnLost;
+  if (call) call();
+}
+
+}  // namespace vantora

@@ -1,0 +1,131 @@
+// The card's input against a sound server whose input hears what is played: what was recorded of
+// what was played must be equal bit for bit.
+
+#include "backends/alsa/alsa_input.h"
+
+#include <gtest/gtest.h>
+
+#include "backends/alsa/alsa_stream.h"
+#include "backends/alsa/capture_ring.h"
+#include "backends/linux/linux_clock.h"
+#include "backends/sound/chain/wave_in.h"
+#include "tests/backends/alsa/listener.h"
+
+#include <atomic>
+#include <cstring>
+
+namespace vantora::test {
+
+namespace {
+
+// The end of a chain that keeps what it gets.
+class Sink final : public MMComponentX {
+ public:
+  explicit Sink(MMWaveInX& in) : in_(in) {}
+  void Push(const MMData& data) override {
+    if (Each) Each();
+    Sound.append(reinterpret_cast<const char*>(data.Samples.data()), data.Bytes);
+    Times.push_back(in_.BufferTicks());
+  }
+  std::function<void()> Each;
+  std::string Sound;
+  std::vector<std::int64_t> Times;
+
+ private:
+  MMWaveInX& in_;
+};
+
+// Plays bytes on the card.
+SoundOutput::Source Player(const std::string& sound, std::size_t& at) {
+  return [&sound, &at](std::int16_t* target, std::size_t frames) {
+    const std::size_t bytes = std::min(frames * 4, sound.size() - at);
+    std::memcpy(target, sound.data() + at, bytes);
+    at += bytes;
+    return bytes / 4;
+  };
+}
+
+constexpr std::size_t kSecond = 176400;
+
+}  // namespace
+
+TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
+  HeadlessClock unused;
+  HeadlessLoop loop{unused};
+  LinuxClock clock;
+  AlsaSoundInput input(loop, clock);
+  OutputVolume volume;
+  AlsaSoundOutput output(loop, volume);
+  WaveIn in(loop, input);
+  Sink sink(in);
+  in.SetOutput(&sink);
+  std::int64_t lost = 0;
+  in.OnOverrun = [&](std::int64_t ms) { lost += ms; };
+  // Between two takes the component is stopped and closed; the card goes on.
+  int buffers = 0;
+  sink.Each = [&] {
+    if (++buffers % 20 != 0) return;
+    in.Stop();
+    in.Close();
+    in.Open();
+    in.Start();
+  };
+  in.Open();
+  in.Start();
+  // A null sink's monitor loses the first moments of a stream, which are silence here.
+  const std::string noise = Noise(6 * kSecond);
+  const std::string played = std::string(2 * kSecond, '\0') + noise + std::string(kSecond, '\0');
+  std::size_t at = 0;
+  const double start = Now();
+  const auto stream = output.Play(Player(played, at), {}, kSoundAheadMs);
+  bool slept = false;
+  while (Now() - start < 10.5) {
+    loop.DoEvents();
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    if (slept || Now() - start < 3) continue;
+    slept = true;
+    std::this_thread::sleep_for(std::chrono::seconds(3));
+  }
+  in.Stop();
+  in.Close();
+  loop.DoEvents();
+  EXPECT_EQ(lost, 0);
+  EXPECT_NE(sink.Sound.find(noise), std::string::npos);
+  // Times go with the sound, not with the moment when the window got it.
+  ASSERT_GT(sink.Times.size(), 300U);
+  for (std::size_t i = 43; i < sink.Times.size(); ++i) {
+    EXPECT_GE(sink.Times[i], sink.Times[i - 1]);
+    EXPECT_NEAR(static_cast<double>(sink.Times[i] - sink.Times[i - 43]), 43 * 1024 / 44.1, 150)
+        << i;
+  }
+}
+
+TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
+  CaptureRing ring(2);
+  std::vector<std::int16_t> sound(1024 * 2);
+  std::int64_t ticks = 0;
+  const auto hear = [&](std::int16_t value, std::size_t frames, std::int64_t lost) {
+    std::fill(sound.begin(), sound.end(), value);
+    ticks += static_cast<std::int64_t>(frames) * 1000 / 44100 + lost;
+    return ring.Append(sound.data(), frames, ticks, lost);
+  };
+  EXPECT_FALSE(hear(1, 1000, 0));
+  EXPECT_TRUE(hear(2, 1000, 0));
+  EXPECT_FALSE(hear(3, 1000, 70));  // in the buffer that is being filled
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(hear(4, 1024, 0));
+  CapturedSound got;
+  ASSERT_TRUE(ring.Next(got));
+  EXPECT_EQ(got.LostMs, 0);
+  EXPECT_EQ(got.Data.Samples[2 * 999], 1);
+  EXPECT_EQ(got.Data.Samples[2 * 1000], 2);
+  ASSERT_TRUE(ring.Next(got));
+  EXPECT_EQ(got.LostMs, 70);
+  EXPECT_FALSE(ring.Next(got));
+  EXPECT_TRUE(hear(5, 1024, 0));
+  ASSERT_TRUE(ring.Next(got));
+  EXPECT_NEAR(static_cast<double>(got.LostMs), 3 * 23, 2);
+  ring.End();
+  EXPECT_TRUE(ring.Gone());
+}
+
+}  // namespace vantora::test
