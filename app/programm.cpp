@@ -7,14 +7,15 @@
 #include "app/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
-#include "catalog/frmNeuerInterpret.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
+#include "dialogs/frmNeuerInterpret.h"
 #include "dialogs/frmStartAssistent.h"
 #include "mixer/frmMixer.h"
+#include "recorder/frmAufnehmen.h"
 #include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
 
@@ -153,6 +154,10 @@ void Programm::VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade) {
     }
   }
   if (erster) throw Laufzeitfehler(*erster);
+}
+
+KatalogDienst& Programm::Katalogfenster() {
+  return frmHauptForm();
 }
 
 void Programm::LoadLastDir() {

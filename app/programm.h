@@ -5,6 +5,7 @@
 #include "app/dienste.h"
 #include "app/einstellungen.h"
 #include "app/fenster.h"
+#include "app/zustand/aufnahme_zustand.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
 #include "waveeditor/editor_zustand.h"
@@ -32,6 +33,8 @@ class frmCDPlayer;
 class frmDatenbank;
 class frmWaveEditor;
 class frmSpektrum;
+class frmAufnehmen;
+class KatalogDienst;
 
 // Flags of a message box, as far as they are in use.
 enum MeldungsArt : int {
@@ -45,7 +48,7 @@ enum MeldungsArt : int {
 enum Antwort : int { kJa = 6, kNein = 7 };
 
 // What the file dialog is asked for.
-enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3 };
+enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3, kTypAufnahme = 4 };
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
 
 struct Programm : Dienste,
@@ -54,7 +57,8 @@ struct Programm : Dienste,
                   DialogFelder,
                   BrennZustand,
                   GrabZustand,
-                  EditorZustand {
+                  EditorZustand,
+                  AufnahmeZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -72,6 +76,9 @@ struct Programm : Dienste,
 
   // Runs the file dialog; the answer stands in the dialog fields.
   void DateiHolen(int typ, int modus, const vantora::Text& vorschlag = {});
+
+  // The main window, as the windows below it see it.
+  KatalogDienst& Katalogfenster();
 
   void LoadLastDir();
   void LastDirSave();
@@ -115,6 +122,7 @@ struct Programm : Dienste,
   Fenster<vantora::frmDatenbank> frmDatenbank{*this};
   Fenster<vantora::frmWaveEditor> frmWaveEditor{*this};
   Fenster<vantora::frmSpektrum> frmSpektrum{*this};
+  Fenster<vantora::frmAufnehmen> frmAufnehmen{*this};
 
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);

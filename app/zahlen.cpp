@@ -164,6 +164,11 @@ Text Format(double wert, const Text& muster) {
     return MitVorzeichen(wert, ziffern);
   }
   if (muster == L"0.00") return MitVorzeichen(wert, Dezimal(wert, 2));
+  if (muster == L"000.00") {
+    std::string ziffern = Dezimal(wert, 2);
+    MitNullen(ziffern, 6);
+    return MitVorzeichen(wert, ziffern);
+  }
   if (muster == L"0.00%") return MitVorzeichen(wert, Dezimal(wert * 100, 2)) + L"%";
   if (muster == L"#,##0.00") {
     std::string ziffern = Dezimal(wert, 2);

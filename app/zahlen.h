@@ -48,7 +48,7 @@ Text HexText(double wert);
 
 // The patterns in use: "0", "#0", "00", "0000", "##00" (digits with leading zeros), "#,##00" and
 // "##0,0" (two digits at least, thousands apart by commas), "00:00" (four digits with a colon
-// between), "0.00", "0.00%", "#,##0.00". Any other pattern raises error 5.
+// between), "0.00", "000.00", "0.00%", "#,##0.00". Any other pattern raises error 5.
 Text Format(double wert, const Text& muster);
 
 }  // namespace vantora

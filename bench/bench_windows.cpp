@@ -4,7 +4,6 @@
 #include "backends/qt/qt_app.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
-#include "catalog/frmNeuerInterpret.h"
 #include "catalog/katalog_datei.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmCDPlayer.h"
@@ -12,6 +11,7 @@
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
+#include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
 #include "tests/support/cddb_server.h"
 

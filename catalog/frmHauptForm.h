@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/fenster.h"
+#include "app/katalog_dienst.h"
 #include "catalog/katalog_eintrag.h"
 
 #include "platform/edits.h"
@@ -14,7 +15,7 @@ namespace vantora {
 
 struct WaveBefund;  // catalog/wave_pruefung.h
 
-class frmHauptForm final : public VtrFenster {
+class frmHauptForm final : public VtrFenster, public KatalogDienst {
  public:
   explicit frmHauptForm(Programm& programm);
 
@@ -74,7 +75,7 @@ class frmHauptForm final : public VtrFenster {
   bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
   std::int64_t KatalogLaengeBerechnen(Text& text) const;  // ms, and "hh:mm:ss"
   void ObInZeitGrenzen(std::int64_t ms);
-  void Katalog_AddWaveFile(const Text& datei, const Text& titel);
+  void Katalog_AddWaveFile(const Text& datei, const Text& titel) override;
   void KatRowDelete();
   void SetNewPos(std::int16_t von, std::int16_t nach);
   void KatalogLastStepSave();
@@ -88,14 +89,15 @@ class frmHauptForm final : public VtrFenster {
                    std::vector<std::int32_t>& laengen, Text& katalogTitel, Text& katalogInterpret);
   void GetFileNames(std::vector<Text>& dateien) const;
   // Rebuilds the list, rereads what changed on the disk, and drops tracks that are gone or invalid.
-  void KatalogShow();
+  void KatalogShow() override;
   void TrackDatenAendern(bool ohneUndo = false);
   void KatalogDatenAendern(bool ohneUndo = false);
   void LiedAusKatalogAnzeige();
   void LiedAusKatalogImport();
 
   // Plays a wave file as preview; an empty text stops.
-  void PlayWaveNormal(const Text& datei);
+  void PlayWaveNormal(const Text& datei) override;
+  void Freigeben() override { Window.Enabled = true; }
 
   std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
   bool Abspielen = false;
@@ -218,6 +220,9 @@ class frmHauptForm final : public VtrFenster {
   bool KopieVorbereiten();
   bool KopieLesen();
   void KopieBrennen();
+
+  // recording
+  void AufnahmeOeffnen(std::int16_t lpModus);
 
   // a batch in the wave editor
   void StapelLaufen(const std::vector<Text>& dateien);

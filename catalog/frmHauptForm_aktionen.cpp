@@ -7,10 +7,10 @@
 #include "app/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
-#include "catalog/frmNeuerInterpret.h"
 #include "catalog/katalog_datei.h"
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
+#include "dialogs/frmNeuerInterpret.h"
 #include "mixer/frmMixer.h"
 
 namespace vantora {
@@ -27,9 +27,6 @@ void frmHauptForm::NochNicht() {
   prog.MsgBoxen(LoadResString(8058), kHinweis);
 }
 
-void frmHauptForm::imgLPAufnehmen_MouseUp() {
-  NochNicht();
-}
 void frmHauptForm::imgExtras_MouseUp() {
   NochNicht();
 }
@@ -129,7 +126,8 @@ void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
   if (AktuellerTitel <= 0 || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
   const KatalogEintrag gemeint = Element(prog.Katalog, AktuellerTitel);
   const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
-  fenster->TrackZeigen(AktuellerTitel);
+  const ListItem& gezeigt = lvwKatalog.ListItems(AktuellerTitel);
+  fenster->TrackZeigen(AktuellerTitel, gezeigt.SubItems(2), gezeigt.SubItems(3));
   prog.NeuInterpret.clear();
   prog.NeuTitel.clear();
   prog.NeuPause.clear();

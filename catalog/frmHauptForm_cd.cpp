@@ -1,5 +1,5 @@
 // The buttons that begin with a disc or a record: copying a whole audio CD, saving its tracks, and
-// the place of the recorder.
+// opening the recorder.
 
 #include "app/programm.h"
 #include "app/weiter.h"
@@ -10,6 +10,7 @@
 #include "cdinput/grab_lauf.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+#include "recorder/frmAufnehmen.h"
 
 namespace vantora {
 
@@ -226,10 +227,29 @@ void frmHauptForm::imgCDAuslesen_MouseUp() {
 
 void frmHauptForm::imgLPKopieren_MouseUp() {
   prog.AppLog(L"imgLPKopieren_MouseUp", L"LP-Kopieren");
-  if (!Soundkarte) return;
+  if (Soundkarte) AufnahmeOeffnen(-1);
+}
+
+void frmHauptForm::imgLPAufnehmen_MouseUp() {
+  prog.AppLog(L"imgLPAufnehmen_MouseUp", L"LP-Aufnehmen");
+  if (Soundkarte) AufnahmeOeffnen(0);
+}
+
+void frmHauptForm::AufnahmeOeffnen(std::int16_t lpModus) {
+  EventLoop& schleife = prog.plattform.schleife;
   PlayWaveNormal(L"");
   Abspielen = false;
-  prog.MsgBoxen(LoadResString(8058), kHinweis);  // the recorder is not there yet
+  schleife.MousePointer(Pointer::Hourglass);
+  Window.Enabled = false;
+  prog.LPModus = lpModus;
+  Jedenfalls([&] { prog.frmAufnehmen.Laden()->Init_Aufnehmen(); },
+             [&] {
+               // A recorder that could not open must not leave a program without a window.
+               if (!prog.frmAufnehmen.Geladen() || !prog.frmAufnehmen().Visible()) {
+                 Window.Enabled = true;
+               }
+               schleife.MousePointer(Pointer::Normal);
+             });
 }
 
 }  // namespace vantora

@@ -230,6 +230,8 @@ void frmCDBrennen::AufEndeWarten() {
   Weiter([&] { prog.frmMixer().tmrGetWinMixerData.Enabled = false; });
   prog.BurnStartZeit = static_cast<float>(prog.plattform.uhr.Timer());
   prog.TrackStartZeit = prog.BurnStartZeit;
+  // A machine that goes to sleep would spoil the disc.
+  const std::unique_ptr<Inhibition> wach = prog.plattform.wachhalter.Inhibit(Caption);
   // Nothing comes between the end of the write and what follows it: a cancel that is pressed then
   // is too late, as the disc is done.
   while (komponenten.BrennLaeuft) {

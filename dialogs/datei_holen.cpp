@@ -16,11 +16,12 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
   EventLoop& schleife = plattform.schleife;
   schleife.MousePointer(Pointer::Hourglass);
   vantora::Text& katalogOrdner = modus == kModusSichern ? Catalogue_Save_Dir : Catalogue_Open_Dir;
-  vantora::Text& ordner = typ == kTypKatalog ? katalogOrdner
-                          : typ == kTypWave  ? Wave_Import_Dir
-                                             : Songs_Import_Dir;
+  vantora::Text& ordner = typ == kTypKatalog    ? katalogOrdner
+                          : typ == kTypWave     ? Wave_Import_Dir
+                          : typ == kTypAufnahme ? Wave_Export_Dir
+                                                : Songs_Import_Dir;
   DialogModus = static_cast<std::int16_t>(modus);
-  DialogName = typ == kTypKatalog ? L".vtr" : typ == kTypWave ? L".wav" : L".wav;*.mp3";
+  DialogName = typ == kTypKatalog ? L".vtr" : typ == kTypMusik ? L".wav;*.mp3" : L".wav";
   DialogMuster = L"*" + DialogName;
   DialogPfad = UNCAufLaufwerk(ordner);
   GewaehlteDatei.clear();

@@ -6,6 +6,7 @@ copy song.wav "C:\Música\Azul oscuro.wav"
 makewave "C:\Música\Bajo la lluvia.wav" 187 220
 makewave "C:\Música\El faro.wav" 243 440
 makewave "C:\Música\Última luz.wav" 168 262
+makewave C:\Música\silencio.wav 0.02 20
 makemp3 "C:\Música\Mar abierto.mp3" 480 294
 # the splash window stands behind a message that comes early
 sound off
@@ -74,9 +75,28 @@ press frmHauptForm.imgLiedImport
 after 2500 shot frmSchreibFortschritt_mp3_@SIZE@.png
 choose "C:\Música\Mar abierto.mp3"
 key frmNeuerInterpret Return
-press frmHauptForm.imgLPKopieren
+press frmHauptForm.imgExtras
 shot frmMBox_@SIZE@.png
 answer 7
+# the recorder: a take that has ended, and one that runs
+press frmHauptForm.imgLPKopieren
+choose C:\Vantora\Wavs\vinilo.wav
+press frmAufnehmen.imgAufnehmen
+linein play "C:\Música\El faro.wav"
+wait 20000
+linein play C:\Música\silencio.wav
+within 30000 expect frmAufnehmen.imgAbbrechen.Enabled == True
+select frmAufnehmen.lvwAufnehmen 1
+doubleclick frmAufnehmen.lvwAufnehmen
+type frmNeuerInterpret.txtTitel "Vals del puerto"
+type frmNeuerInterpret.txtInterpret "Las olas"
+key frmNeuerInterpret Return
+linein play "C:\Música\Azul oscuro.wav"
+within 30000 expect frmAufnehmen.lvwAufnehmen.Count == 2
+wait 20000
+shot frmAufnehmen_@SIZE@.png
+press frmAufnehmen.imgRecordStop
+press frmAufnehmen.imgAbbrechen
 press frmHauptForm.Logo
 shot frmAbout_@SIZE@.png
 key frmAbout Escape

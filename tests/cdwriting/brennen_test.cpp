@@ -45,6 +45,10 @@ constexpr std::size_t kSektor = 2352, kLuecke = 150 * kSektor;
 TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
   Oeffnen({L"a", L"b"});
   OhneHinweis();
+  int wach = 0;
+  for (int ms = 0; ms < 3000; ms += 10) {
+    b.platform.loop.PostAfter(ms, [&] { wach = std::max(wach, b.platform.inhibitor.Awake()); });
+  }
   // Insert a disc, written, no other one.
   EXPECT_EQ(Brennt({kNein, kNein, kNein}),
             (std::vector<Text>{Sagt(4006), Sagt(4012), Sagt(4018) + L"\r\n" + Sagt(4019)}));
@@ -57,6 +61,8 @@ TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
   EXPECT_EQ(b.prog.Number_Burned_CD, 1);
   EXPECT_FALSE(b.prog.frmCDBrennen.Geladen());
   EXPECT_TRUE(b.Haupt().Window.Enabled);
+  EXPECT_EQ(wach, 1) << "the machine may sleep in a burn";
+  EXPECT_EQ(b.platform.inhibitor.Awake(), 0);
   const std::string text = Protokoll();
   EXPECT_NE(text.find("\r\n\r\n\r\n01. C:\\Vantora\\Wavs\\a.wav\r\n02. C:\\Vantora\\Wavs\\b.wav\r\n"
                       "\r\n\r\nModo de grabado (DAO/TAO) TAO\r\nN\xFAmero de copias: 1\r\n"

@@ -1,9 +1,8 @@
-#include "catalog/frmNeuerInterpret.h"
+#include "dialogs/frmNeuerInterpret.h"
 
 #include "app/feld.h"
 #include "app/programm.h"
 #include "app/zahlen.h"
-#include "catalog/frmHauptForm.h"
 
 #include <algorithm>
 
@@ -50,16 +49,25 @@ void frmNeuerInterpret::SetTexte() {
   imgHelp.ToolTipText = LoadResString(1);
 }
 
-void frmNeuerInterpret::TrackZeigen(int nummer) {
+void frmNeuerInterpret::TrackZeigen(int nummer, const Text& titel, const Text& interpret) {
   const KatalogEintrag& e = Element(prog.Katalog, nummer);
-  const ListItem& zeile = prog.frmHauptForm().lvwKatalog.ListItems(nummer);
   Caption = LoadResString(8069);
   lblTitel.Caption = LoadResString(8069);
   cmbPause.Visible = true;
   cmbPause.Enabled = e.PauseSperre.Getrimmt().empty();
   cmbPause.ListIndex = cmbPause.Enabled ? std::clamp<int>(e.Pause, 0, kLaengstePause) : 0;
-  txtInterpret.Text = zeile.SubItems(3);
-  txtTitel.Text = zeile.SubItems(2);
+  txtInterpret.Text = interpret;
+  txtTitel.Text = titel;
+}
+
+void frmNeuerInterpret::AufnahmeZeigen(const Text& titel, const Text& interpret) {
+  Caption = LoadResString(8069);
+  lblTitel.Caption = LoadResString(8069);
+  txtInterpret.Text = interpret;
+  txtTitel.Text = titel;
+  cmbPause.Enabled = false;
+  cmbPause.Visible = false;
+  lblFeld(2).Visible = false;
 }
 
 void frmNeuerInterpret::KatalogZeigen(const Text& titel, const Text& interpret) {

@@ -14,7 +14,8 @@ class frmNeuerInterpret final : public VtrFenster {
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgControl_MouseUp(1); }
 
-  void TrackZeigen(int nummer);  // from 1
+  void TrackZeigen(int nummer, const Text& titel, const Text& interpret);  // from 1
+  void AufnahmeZeigen(const Text& titel, const Text& interpret);           // of the recorder
   void KatalogZeigen(const Text& titel, const Text& interpret);
   void imgControl_MouseUp(int index);  // 0 OK, 1 cancel
   bool cmbPause_KeyPress(int taste);

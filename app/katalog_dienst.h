@@ -1,0 +1,22 @@
+// The main window as the windows below it see it: the catalog's door, and the preview.
+#pragma once
+
+#include "platform/text.h"
+
+namespace vantora {
+
+class KatalogDienst {
+ public:
+  virtual ~KatalogDienst() = default;
+  // Appends a wave file as the last track, and shows the catalog. A file that is missing or cannot
+  // be written is not added.
+  virtual void Katalog_AddWaveFile(const Text& datei, const Text& titel) = 0;
+  // Rebuilds the list, and drops tracks that are gone or invalid.
+  virtual void KatalogShow() = 0;
+  // Plays a wave file as preview; an empty text stops.
+  virtual void PlayWaveNormal(const Text& datei) = 0;
+  // Gives the window back to the user when the one in front of it closes.
+  virtual void Freigeben() = 0;
+};
+
+}  // namespace vantora

@@ -1,0 +1,12 @@
+// What the recorder is opened for.
+#pragma once
+
+#include <cstdint>
+
+namespace vantora {
+
+struct AufnahmeZustand {
+  std::int16_t LPModus = 0;  // -1: to copy a whole record
+};
+
+}  // namespace vantora

@@ -1,0 +1,335 @@
+// The course of a recording: the record button, the cut by the level, the end of a take.
+
+#include "app/katalog_dienst.h"
+#include "app/programm.h"
+#include "app/weiter.h"
+#include "app/zahlen.h"
+#include "recorder/frmAufnehmen.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kOrt = L"Aufnahme:";
+constexpr double kKnapperPlatz = 20971520;  // bytes; a recording stops below
+constexpr double kBytesJeSekunde = 176400;
+constexpr double kBytesJeMs = 176.4;
+constexpr double kMB = 1048576;
+constexpr double kK = 1024;
+constexpr int kAufnahmeStatusMs = 2000;
+constexpr int kSicherungPuffer = 40;  // less than a second of sound
+constexpr Color kHellrot = Rgb(255, 0, 0), kRot = Rgb(128, 0, 0), kAus = Rgb(40, 16, 24);
+
+// Milliseconds of the system's counter, in 32 bits that wrap.
+std::uint32_t Zaehler(std::int64_t ticks) {
+  return static_cast<std::uint32_t>(ticks & 0xFFFFFFFF);
+}
+
+Text ZeitText(std::int64_t ms) {
+  int stunden = 0, minuten = 0, sekunden = 0, frames = 0;
+  MsNachHMSF(ms, stunden, minuten, sekunden, frames);
+  return HMSFText(stunden, minuten, sekunden, frames);
+}
+
+}  // namespace
+
+void frmAufnehmen::imgAufnehmen_MouseUp() {
+  if (NimmtAuf) return;
+  if (!MultiTrack) {
+    if (AktuelleDatei.empty()) return imgNeueAufnahme_MouseUp();
+    if (prog.DateiExistiert(AktuelleDatei)) return imgNeueAufnahme_MouseUp();
+  } else {
+    if (BasisName.empty()) GetMultiFileName();
+    if (BasisName.empty()) return;
+    Sitzung = true;
+    LetzterPegel = Zaehler(prog.plattform.uhr.Ticks());
+    AktuelleDatei = NaechsteMultiDatei();
+  }
+  tmrUmdrehen.Enabled = false;
+  RecordStart();
+}
+
+void frmAufnehmen::Bedienbar(bool frei) {
+  for (int i = 0; i < imgSliderKnopf.Count(); ++i) imgSliderKnopf(i).Enabled = frei;
+  imgSliderKnopf(0).Enabled = frei && Eingang > 0;
+  for (int i = 0; i < optInput.Count(); ++i) optInput(i).Enabled = frei;
+  optAuto.Enabled = frei && Eingang > 0;
+  for (Control* control :
+       std::initializer_list<Control*>{&optManuell, &txtMinPause, &txtMaxVolume, &cbxMultiTrack,
+                                       &imgAufnahmeWiedergeben, &imgOkay, &imgAbbrechen}) {
+    control->Enabled = frei;
+  }
+  cbxAutoTrennen.Enabled = frei && MultiTrack;
+  cbxPauseAus.Enabled = frei && MultiTrack;
+  imgNeueAufnahme.Enabled = frei || !MultiTrack;
+}
+
+// Begins a take in AktuelleDatei. Out of a buffer's handler the take begins with that very buffer.
+void frmAufnehmen::RecordStart() {
+  if (NimmtAuf) RecordStop();
+  prog.plattform.schleife.MousePointer(Pointer::ArrowHourglass);
+  lblPausenzeit.Caption = L"0";
+  lblPausenzeit.Visible = true;
+  Bedienbar(false);
+  AktuelleDatei = prog.UNCAufLaufwerk(AktuelleDatei);
+  if (AktuelleDatei.ends_with(L'\\')) AktuelleDatei.pop_back();
+  WaveOUt->Wave.SetFileName(AktuelleDatei);
+  ++AufnahmeZahl;
+  Aufnahmen.resize(static_cast<std::size_t>(AufnahmeZahl) + 1);
+  Aufnahmen.back() = {};
+  Aufnahmen.back().Datei = AktuelleDatei;
+  Aufnahmen.back().Interpret = LoadResString(2045);
+  Aufnahmen.back().Titel = LoadResString(2046);
+  RecKatalogShow();
+  try {
+    WaveIn->Stop();
+    WaveIn->Close();
+    WaveIn->Mode = mStereo;
+    WaveIn->BitLength = b16Bit;
+    WaveIn->SampleRate = 44100;
+    WaveIn->Open();
+    tmrStatus.Interval = kAufnahmeStatusMs;
+    tmrStatus.Enabled = true;
+    AufnahmeStart = Jetzt();
+    geschrieben_ = 0;
+    ungesichert_ = 0;
+    imgAufnahmeBild.Picture = L"AUF_AUFNAHME_ON";
+    Wartet = false;
+    NimmtAuf = true;
+    WachBleiben();
+    tmrStatus_Timer();
+    if (!NimmtAuf) return;  // the disk has no room
+    WaveIn->Start();
+  } catch (const Laufzeitfehler& fehler) {
+    TakeAbbrechen(FehlerText(fehler));
+  }
+}
+
+std::uint32_t frmAufnehmen::Jetzt() const {
+  return Zaehler(imPuffer_ ? WaveIn->BufferTicks() : prog.plattform.uhr.Ticks());
+}
+
+void frmAufnehmen::RecordStop() {
+  EventLoop& schleife = prog.plattform.schleife;
+  schleife.MousePointer(Pointer::Hourglass);
+  lblPausenzeit.Visible = false;
+  WaveIn->Stop();
+  WaveIn->Close();
+  try {
+    WaveOUt->Wave.Close();
+  } catch (const Laufzeitfehler& fehler) {
+    prog.AppLog(kOrt, ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
+    Melden(FehlerText(fehler));
+  }
+  if (AufnahmeZahl > 0 && prog.DateiExistiert(AktuelleDatei)) {
+    KatalogEintrag& take = Aufnahmen[static_cast<std::size_t>(AufnahmeZahl)];
+    Weiter([&] {
+      take.DateiBytes = Ganz32(static_cast<double>(prog.plattform.dateien.FileLen(AktuelleDatei)));
+    });
+  }
+  tmrStatus.Enabled = false;
+  imgAufnahmeBild.Picture = L"";
+  lblAufnahme.Visible = false;
+  NimmtAuf = false;
+  Wartet = false;
+  Bedienbar(true);
+  WachBleiben();
+  schleife.MousePointer(Pointer::Normal);
+}
+
+void frmAufnehmen::imgRecordStop_MouseUp(int taste) {
+  if (taste == kRightButton) {
+    AufnahmeZahl = 0;
+    Aufnahmen.resize(1);
+    Aufnahmewahl = 0;
+    lvwAufnehmen.ListItems.Clear();
+  }
+  Sitzung = false;
+  tmrUmdrehen.Enabled = false;
+  if (NimmtAuf) RecordStop();
+  Wartet = false;
+  WachBleiben();
+  prog.Katalogfenster().PlayWaveNormal(L"");
+  WaveOUt->Wave.SetFileName(L"");
+  LetzterPegel = 0;
+  LED.FillColor = kAus;
+  EingangHoeren();
+  VerlustMelden();
+}
+
+// An input that refuses is no reason to close: the window says so, and can be used.
+bool frmAufnehmen::EingangHoeren() {
+  try {
+    WaveIn->Open();
+    WaveIn->Start();
+    return true;
+  } catch (const Laufzeitfehler& fehler) {
+    prog.AppLog(kOrt, ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + L" " + fehler.Grund);
+    Melden(FehlerText(fehler));
+    return false;
+  }
+}
+
+std::int32_t frmAufnehmen::Summenpegel() const {
+  return std::abs(Peak->PeakLeft()) + std::abs(Peak->PeakRight());
+}
+
+void frmAufnehmen::MMConnectorX1_OnTrigger() {
+  imPuffer_ = true;
+  Jedenfalls([&] { PufferPruefen(); }, [&] { imPuffer_ = false; });
+}
+
+void frmAufnehmen::PufferPruefen() {
+  if (NimmtAuf && !Wartet) ZeitZeigen();
+  if (MultiTrack && Sitzung) PegelPruefen();
+  if (!NimmtAuf) return;
+  // The buffer that follows is written behind this handler.
+  constexpr auto kPuffer = static_cast<std::int64_t>(kBufferBytes);
+  if (geschrieben_ + kPuffer > GrenzeBytes) return TakeAbbrechen(LoadResString(30100));
+  geschrieben_ += kPuffer;
+  if (++ungesichert_ < kSicherungPuffer) return;
+  ungesichert_ = 0;
+  WaveOUt->Wave.SaveHeader();
+}
+
+void frmAufnehmen::ZeitZeigen() {
+  const std::uint32_t ms = Jetzt() - AufnahmeStart;
+  lblRecZeit.Caption = ZeitText(ms);
+  lblRecSize.Caption = Format(ms * kBytesJeMs / kMB, L"0.00");
+}
+
+void frmAufnehmen::PegelPruefen() {
+  const Ergebnis ergebnis = Puffer(Summenpegel(), Jetzt());
+  switch (ergebnis.Was) {
+    case Schritt::Ende:
+      LED.FillColor = kHellrot;
+      RecordStop();
+      Wartet = true;
+      LetzterPegel = 0;
+      WaveOUt->Wave.SetFileName(L"");
+      EingangHoeren();
+      tmrUmdrehen.Restart();
+      break;
+    case Schritt::Laeuft:
+      LED.FillColor = kRot;
+      lblPausenzeit.Caption = ZahlText(ergebnis.StilleMs);
+      Wartet = false;
+      break;
+    case Schritt::Beginn:
+      LED.FillColor = kRot;
+      AktuelleDatei = NaechsteMultiDatei();
+      Wartet = false;
+      tmrUmdrehen.Enabled = false;
+      RecordStart();
+      break;
+    case Schritt::Nichts:
+      break;
+  }
+}
+
+// What has come up to now is whole; the input goes on being heard where it can.
+void frmAufnehmen::TakeAbbrechen(const Text& grund) {
+  prog.AppLog(kOrt, AktuelleDatei + L" " + grund);
+  Sitzung = false;
+  tmrUmdrehen.Enabled = false;
+  if (NimmtAuf) {
+    RecordStop();
+  } else {
+    Bedienbar(true);
+  }
+  Wartet = false;
+  WachBleiben();
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+  Weiter([&] { WaveOUt->Wave.SetFileName(L""); });
+  // A take of which nothing came into being is none.
+  if (AufnahmeZahl > 0 && !prog.DateiExistiert(Aufnahmen.back().Datei.Getrimmt())) {
+    Aufnahmen.pop_back();
+    --AufnahmeZahl;
+    RecKatalogShow();
+  }
+  LED.FillColor = kAus;
+  Weiter([&] {
+    WaveIn->Open();
+    WaveIn->Start();
+  });
+  Melden(grund);
+  VerlustMelden();
+}
+
+// ---- what the card has lost ----
+
+void frmAufnehmen::Verlust(std::int64_t ms) {
+  const Text wo = NimmtAuf ? DateiNameOhnePfad(AktuelleDatei) + L" " +
+                                 ZeitText(GanzDiv(geschrieben_ * 10, 1764))
+                           : LoadResString(30112);
+  const Text zeile = wo + L": " + ZahlText(ms) + L" ms";
+  prog.AppLog(kOrt, L"Overrun " + zeile);
+  if (!NimmtAuf && !Sitzung) return;
+  verlustMs_ += ms;
+  verluste_.push_back(zeile);
+}
+
+void frmAufnehmen::VerlustMelden() {
+  if (verluste_.empty()) return;
+  const Text wieviel = ZahlText(static_cast<std::int64_t>(verluste_.size())) + L" / " +
+                       ZahlText(verlustMs_) + L" ms.";
+  Melden(LoadResString(30103) + wieviel + ZeilenListe(verluste_));
+  verluste_.clear();
+  verlustMs_ = 0;
+}
+
+// ---- timers ----
+
+// Asked at most once in the window's life. The recording stays armed meanwhile.
+void frmAufnehmen::tmrUmdrehen_Timer() {
+  tmrUmdrehen.Enabled = false;
+  if (prog.LPModus == 0 || Umgedreht) return;
+  Umgedreht = true;
+  Window.Enabled = false;
+  const std::weak_ptr<int> lebt = lebt_;
+  prog.MsgBoxen(LoadResString(2059), kOk);
+  if (!lebt.expired()) Window.Enabled = true;
+}
+
+void frmAufnehmen::tmrStatus_Timer() {
+  Text ordner = prog.Wave_Export_Dir;
+  if (ordner.find(L"\\\\") != Text::npos) ordner = prog.UNCAufLaufwerk(ordner);
+  if (prog.DateiExistiert(ordner)) laufwerk_ = Links(ordner, 3);
+  const double frei = prog.FreierPlatz(laufwerk_);
+  PlatzZeigen(frei);
+  if (NimmtAuf) {
+    lblAufnahme.Visible = !lblAufnahme.Visible();
+    if (frei < kKnapperPlatz) return TakeAbbrechen(LoadResString(2043));
+  }
+  lblStatusanzeige.Caption = LoadResString(2200) + L" " + AktuelleDatei;
+}
+
+void frmAufnehmen::PlatzZeigen(double frei) {
+  double wert = frei;
+  Text einheit;
+  for (const int nummer : {2600, 2601, 2602}) {
+    if (wert < kK) break;
+    wert /= kK;
+    einheit = LoadResString(nummer);
+  }
+  lblMB.Caption = LoadResString(2603) + Format(wert, L"000.00") + L" " + einheit;
+  const std::int64_t sekunden = Ganz64(frei / kBytesJeSekunde);
+  const auto zahl = [](std::int64_t n, const wchar_t* muster) {
+    return Format(static_cast<double>(n), muster);
+  };
+  lblMinuten.Caption = LoadResString(2604) + zahl(GanzDiv(sekunden, 3600), L"00") + L":" +
+                       zahl(GanzDiv(sekunden, 60) % 60, L"00") + L":" +
+                       zahl(sekunden % 60, L"##00");
+  const double gesamt = prog.plattform.laufwerke.GetDiskTotalBytes(laufwerk_).value_or(frei);
+  const std::int32_t prozent = gesamt > 0 ? Ganz32(frei / gesamt * 100) : 0;
+  if (prozent == freiProzent_) return;
+  freiProzent_ = prozent;
+  gauFreeHD.AccessibleName = LoadResString(2016) + L": " + ZahlText(prozent) + L" %";
+  gauFreeHD.ToolTipText = gauFreeHD.AccessibleName();
+  shpFreeHD.Width = gauFreeHD.Width * std::clamp(prozent, 0, 100) / 100;
+}
+
+}  // namespace vantora

@@ -1,0 +1,68 @@
+// The desktop is asked to stay awake over a bus of the test's own, on which a desktop answers.
+#include "backends/qt/qt_inhibitor.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QElapsedTimer>
+#include <QProcess>
+
+namespace vantora {
+
+namespace {
+
+// Notes what it is asked, and grants it under a number.
+class Desk final : public QDBusVirtualObject {
+ public:
+  QString introspect(const QString& /*path*/) const override { return {}; }
+  bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+    Asked << message.member() + QStringLiteral(" ") + message.arguments().value(0).toString();
+    bus.send(message.createReply(QVariant(uint{42})));
+    return true;
+  }
+  QStringList Asked;
+};
+
+void Turn(int ms) {
+  QElapsedTimer timer;
+  timer.start();
+  while (timer.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+}  // namespace
+
+TEST(QtInhibitor, TheDesktopIsAskedAndReleasedWhereThereIsABus) {
+  QtInhibitor inhibitor;
+  qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+  EXPECT_NE(inhibitor.Inhibit(L"Grabación"), nullptr);
+
+  QProcess bus;
+  bus.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
+  if (!bus.waitForReadyRead(5000)) GTEST_SKIP() << "there is no dbus-daemon here";
+  const QByteArray address = bus.readLine().trimmed();
+  qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+  QDBusConnection desktop = QDBusConnection::connectToBus(QString::fromUtf8(address), "desktop");
+  Desk desk;
+  ASSERT_TRUE(desktop.registerVirtualObject("/", &desk, QDBusConnection::SubPath));
+  ASSERT_TRUE(desktop.registerService("org.freedesktop.PowerManagement"));
+
+  std::unique_ptr<Inhibition> awake = inhibitor.Inhibit(L"Grabación");
+  Turn(300);
+  EXPECT_EQ(desk.Asked, QStringList{"Inhibit Vantora"});
+  awake.reset();
+  Turn(300);
+  EXPECT_EQ(desk.Asked, (QStringList{"Inhibit Vantora", "UnInhibit 42"}));
+  // Granted after nobody wants it any more: taken back at once.
+  desk.Asked.clear();
+  inhibitor.Inhibit(L"Grabación").reset();
+  Turn(300);
+  EXPECT_EQ(desk.Asked, (QStringList{"Inhibit Vantora", "UnInhibit 42"}));
+  QDBusConnection::disconnectFromBus("desktop");
+  bus.kill();
+  bus.waitForFinished();
+}
+
+}  // namespace vantora

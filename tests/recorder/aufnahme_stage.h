@@ -1,0 +1,96 @@
+// A program whose recorder stands open, and what it has written.
+#pragma once
+
+#include "recorder/frmAufnehmen.h"
+#include "tests/backends/running_out.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/support/buehne.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+// Files on a disk that can run out, and drives that have as much room as the test says.
+class AufnahmeGeraete : private Drives {
+ public:
+  Plattform Umbau(HeadlessPlatform& p) {
+    echt = &p.machine.letters;
+    platte = std::make_unique<test::RunningOut>(p.machine.files);
+    platte->OldRoomIsFree = true;
+    werkzeug = std::make_unique<SoundTools>(
+        p.loop, *platte, p.machine.edits, p.machine.profiles,
+        SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
+                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input});
+    const Plattform& b = p.bundle;
+    return {b.schleife,      b.bildschirm, b.uhr,      b.system,     b.dateien,   *this,
+            b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,   b.tsCut,
+            b.edits,         b.mp3,        b.mcd,      b.acd,        b.cd,        b.mci,
+            b.sockets,       b.audiolib,   b.perfData, b.eqpro,      b.wachhalter};
+  }
+
+  double frei = 1e12;
+  std::unique_ptr<test::RunningOut> platte;
+
+ private:
+  Text GetLogicalDrives() override { return echt->GetLogicalDrives(); }
+  int GetDriveType(const Text& root) override { return echt->GetDriveType(root); }
+  std::optional<double> GetDiskFreeSpaceEx(const Text& /*path*/) override { return frei; }
+  std::optional<double> GetDiskTotalBytes(const Text& /*path*/) override { return 2e12; }
+  Text NetworkPath(wchar_t letter) override { return echt->NetworkPath(letter); }
+
+  std::unique_ptr<SoundTools> werkzeug;
+  Drives* echt = nullptr;
+};
+
+class AufnahmeBuehne : private AufnahmeGeraete {
+ public:
+  AufnahmeBuehne() : b([this](HeadlessPlatform& p) { return Umbau(p); }) { b.Start(); }
+
+  static Text Ort(const Text& name) { return L"C:\\Vantora\\Wavs\\" + name; }
+
+  // Several takes whose names begin with "lp"; the copy of a whole record, or takes by level.
+  void OeffneLP() {
+    b.WaehltDatei({Ort(L"lp.wav")});
+    b.Tu([this] { b.Haupt().imgLPKopieren_MouseUp(); });
+  }
+  void OeffneEinzeln(int meldungen = 0) {
+    b.Antwortet(kNein);
+    for (int i = 0; i < meldungen; ++i) b.Antwortet(kNein);
+    b.Tu([this] { b.Haupt().imgLPAufnehmen_MouseUp(); });
+  }
+  frmAufnehmen& A() { return b.prog.frmAufnehmen(); }
+  void Druecke(Control& control) {
+    b.Tu([&] { b.platform.hands.Press(control); });
+  }
+  void Nimm(const Text& name) {  // a take by hand
+    b.WaehltDatei({Ort(name)});
+    Druecke(A().imgAufnehmen);
+  }
+  void Warte(int ms) { b.platform.loop.Pass(ms); }
+  // What the input hears from now on.
+  void Spiele(const std::string& daten) {
+    const Text datei = L"C:\\spiel" + std::to_wstring(++gespielt_) + L".wav";
+    b.Datei(datei, test::Wave(daten));
+    b.platform.input.Play(datei);
+  }
+  bool Gibt(const Text& name) { return b.prog.DateiExistiert(Ort(name)); }
+  // The sound of a take; nothing when the file is no whole wave.
+  std::string Klang(const Text& name) {
+    const std::string datei = b.Lies(Ort(name));
+    if (datei.size() < 44) return {};
+    const std::string daten = datei.substr(44);
+    return datei == test::Wave(daten) ? daten : std::string();
+  }
+
+  using AufnahmeGeraete::frei;
+  using AufnahmeGeraete::platte;
+  Buehne b;
+
+ private:
+  int gespielt_ = 0;
+};
+
+}  // namespace vantora

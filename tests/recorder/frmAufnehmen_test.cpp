@@ -1,0 +1,232 @@
+#include "recorder/frmAufnehmen.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/recorder/aufnahme_stage.h"
+
+namespace vantora {
+
+namespace {
+
+std::string Ton(int sekunden) {
+  return test::Noise(static_cast<std::size_t>(sekunden) * 176400);
+}
+
+}  // namespace
+
+TEST(Aufnahme, AGrowingTakeHasATrueHeaderEverySecond) {
+  AufnahmeBuehne t;
+  t.OeffneEinzeln();
+  t.Spiele(Ton(20));
+  t.Nimm(L"a.wav");
+  for (int ms = 1500; ms < 9000; ms += 500) {
+    t.Warte(500);
+    // What somebody finds who opens the file after a kill.
+    const auto wave = t.b.bundle.mmtools.NewWaveFile();
+    wave->Open(AufnahmeBuehne::Ort(L"a.wav"));
+    const std::int64_t fehlt =
+        static_cast<std::int64_t>(t.b.Lies(AufnahmeBuehne::Ort(L"a.wav")).size()) - 44 -
+        wave->DataBytes();
+    EXPECT_LT(fehlt, 176400) << ms;
+    EXPECT_GT(wave->DataBytes(), (ms - 2300) * 176) << ms;
+  }
+}
+
+TEST(Aufnahme, WhatEndsATakeLeavesItWholeAndSaysWhy) {
+  struct Fall {
+    const char* Name;
+    std::function<void(AufnahmeBuehne&)> Stoerung;
+    int Text;
+  };
+  const Fall faelle[] = {
+      {"disk full", [](AufnahmeBuehne& t) { t.platte->Room = 10'000; }, 2043},
+      {"under 20 MB", [](AufnahmeBuehne& t) { t.frei = 20971519; }, 2043},
+      {"device gone", [](AufnahmeBuehne& t) { t.b.platform.input.Present = false; }, 30101},
+      {"as long as a wave can be", [](AufnahmeBuehne& t) { t.A().GrenzeBytes = 176400 * 4; },
+       30100},
+  };
+  for (const Fall& fall : faelle) {
+    SCOPED_TRACE(fall.Name);
+    AufnahmeBuehne t;
+    t.OeffneEinzeln();
+    const std::string ton = Ton(20);
+    t.Spiele(ton);
+    t.Warte(100);
+    t.Nimm(L"a.wav");
+    t.Warte(3000);
+    EXPECT_EQ(t.b.platform.inhibitor.Awake(), 1);
+    fall.Stoerung(t);
+    t.b.Antwortet(kNein);
+    t.Warte(4000);
+    EXPECT_FALSE(t.A().NimmtAuf);
+    EXPECT_TRUE(t.A().imgOkay.Enabled);
+    EXPECT_EQ(t.b.platform.inhibitor.Awake(), 0);
+    ASSERT_EQ(t.b.Gesagt().size(), 2U);
+    EXPECT_EQ(t.b.Gesagt().back(), t.b.prog.Text(fall.Text));
+    const std::string klang = t.Klang(L"a.wav");
+    EXPECT_GT(klang.size(), 2U * 176400);
+    EXPECT_NE(ton.find(klang), std::string::npos);
+    // The window can be used again when the trouble is over.
+    t.platte->Room = INT64_MAX;
+    t.frei = 1e12;
+    t.b.platform.input.Present = true;
+    t.Nimm(L"b.wav");
+    t.Warte(2500);
+    t.Druecke(t.A().imgRecordStop);
+    EXPECT_GT(t.Klang(L"b.wav").size(), 176400U);
+    t.Druecke(t.A().imgOkay);
+    EXPECT_EQ(t.b.prog.Katalog.size(), 3U);
+    EXPECT_TRUE(t.b.Haupt().Window.Enabled);
+  }
+}
+
+TEST(Aufnahme, AnInputThatRefusesLeavesAWindowThatCanBeUsed) {
+  AufnahmeBuehne t;
+  t.b.platform.input.Kept = true;
+  t.OeffneEinzeln(1);
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"a.wav")}).Antwortet(kNein);
+  t.Druecke(t.A().imgAufnehmen);
+  t.Warte(10);
+  ASSERT_EQ(t.b.Gesagt().size(), 3U);
+  for (const std::size_t i : {1U, 2U})
+    EXPECT_TRUE(t.b.Gesagt()[i].starts_with(t.b.prog.Text(30102)));
+  EXPECT_EQ(t.A().AufnahmeZahl, 0);
+  EXPECT_FALSE(t.Gibt(L"a.wav"));
+  EXPECT_TRUE(t.A().imgOkay.Enabled);
+  t.b.platform.input.Kept = false;
+  t.Nimm(L"a.wav");
+  t.Warte(2500);
+  t.Druecke(t.A().imgRecordStop);
+  EXPECT_TRUE(t.Gibt(L"a.wav"));
+}
+
+TEST(Aufnahme, ATakeOfTwoSecondsEntersTheCatalogAndAShorterOneIsNamed) {
+  AufnahmeBuehne t;
+  t.OeffneEinzeln();
+  for (const Text name : {L"a.wav", L"b.wav", L"c.wav"}) {
+    t.Nimm(name);
+    t.Warte(300);
+    t.Druecke(t.A().imgRecordStop);
+  }
+  t.b.Wave(AufnahmeBuehne::Ort(L"a.wav"), 88155);  // 1999 ms
+  t.b.Wave(AufnahmeBuehne::Ort(L"b.wav"), 88200);
+  t.b.bundle.dateien.Kill(AufnahmeBuehne::Ort(L"c.wav"));
+  t.A().KatalogEintragÄndern(0);
+  t.b.Antwortet(kNein);
+  t.Druecke(t.A().imgOkay);
+  EXPECT_EQ(t.b.Gesagt().back(),
+            t.b.prog.Text(2056) + L" 1 " + t.b.prog.Text(2057) + L" a.wav " + t.b.prog.Text(2058));
+  ASSERT_EQ(t.b.prog.Katalog.size(), 2U);
+  EXPECT_EQ(t.b.prog.Katalog[1].Datei.Getrimmt(), AufnahmeBuehne::Ort(L"b.wav"));
+  EXPECT_EQ(t.b.prog.Katalog[1].Titel.Getrimmt(), t.b.prog.Text(2046));
+  EXPECT_TRUE(t.Gibt(L"a.wav"));
+}
+
+TEST(Aufnahme, NamesAreAskedUntilOneServesAndNoFileIsLost) {
+  AufnahmeBuehne t;
+  const Text lang = AufnahmeBuehne::Ort(Text(90, L'x'));
+  t.b.Datei(AufnahmeBuehne::Ort(L"alt.wav"), "old");
+  t.b.Datei(AufnahmeBuehne::Ort(L"lp01.wav"), "older");
+  t.OeffneEinzeln();
+  // Too long, there already and to be kept.
+  t.b.WaehltDatei({lang}).Antwortet(kNein).WaehltDatei({AufnahmeBuehne::Ort(L"alt")});
+  t.b.Antwortet(kNein);
+  t.Druecke(t.A().imgAufnehmen);
+  EXPECT_EQ(t.b.Gesagt()[1], t.b.prog.Text(8085));
+  EXPECT_EQ(t.b.Lies(AufnahmeBuehne::Ort(L"alt.wav")), "old");
+  EXPECT_FALSE(t.A().NimmtAuf);
+  t.Nimm(L"neu.wav");
+  t.Warte(500);
+  t.Druecke(t.A().imgRecordStop);
+  // In the list already, then another name.
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"NEU.wav")}).Antwortet(kNein).WaehltDatei({});
+  t.Druecke(t.A().imgNeueAufnahme);
+  EXPECT_TRUE(t.b.Gesagt().back().starts_with(t.b.prog.Text(2039)));
+  EXPECT_EQ(t.A().AufnahmeZahl, 1);
+  // Several takes pass over a file that nobody has agreed to replace.
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"lp.wav")});
+  t.Druecke(t.A().cbxMultiTrack);
+  EXPECT_EQ(t.A().AufnahmeZahl, 0);
+  for (int take = 0; take < 2; ++take) {
+    t.Druecke(t.A().imgAufnehmen);
+    t.Warte(700);
+    t.Druecke(t.A().imgRecordStop);
+  }
+  EXPECT_EQ(t.b.Lies(AufnahmeBuehne::Ort(L"lp01.wav")), "older");
+  EXPECT_TRUE(t.Gibt(L"lp00.wav"));
+  EXPECT_TRUE(t.Gibt(L"lp02.wav"));
+}
+
+TEST(Aufnahme, TheOtherSideIsAskedForOnceAndOnlyForARecord) {
+  for (const bool lp : {true, false}) {
+    AufnahmeBuehne t;
+    if (lp) {
+      t.OeffneLP();
+    } else {
+      t.b.Antwortet(kJa).WaehltDatei({AufnahmeBuehne::Ort(L"lp.wav")});
+      t.b.Tu([&] { t.b.Haupt().imgLPAufnehmen_MouseUp(); });
+    }
+    const std::size_t vorher = t.b.Gesagt().size();
+    if (lp) t.b.Antwortet(kNein);
+    t.Druecke(t.A().imgAufnehmen);
+    for (int seite = 0; seite < 2; ++seite) {
+      t.Spiele(Ton(3));
+      t.Warte(25'000);
+    }
+    EXPECT_EQ(t.b.Gesagt().size(), vorher + (lp ? 1U : 0U));
+    if (lp) {
+      EXPECT_EQ(t.b.Gesagt().back(), t.b.prog.Text(2059));
+    }
+    EXPECT_TRUE(t.A().Window.Enabled);
+    EXPECT_EQ(t.A().AufnahmeZahl, 2);
+    EXPECT_TRUE(t.A().Wartet);
+  }
+}
+
+TEST(Aufnahme, TheDesktopsCloseButtonEndsTheTakeWhole) {
+  AufnahmeBuehne t;
+  t.OeffneEinzeln();
+  t.Spiele(Ton(5));
+  t.Nimm(L"a.wav");
+  t.Warte(2000);
+  t.b.Tu([&] { t.A().Form_Close(); });
+  EXPECT_FALSE(t.b.prog.frmAufnehmen.Geladen());
+  EXPECT_TRUE(t.b.Haupt().Window.Enabled);
+  EXPECT_GT(t.Klang(L"a.wav").size(), 176400U);
+  EXPECT_EQ(t.b.prog.Katalog.size(), 1U);
+  EXPECT_EQ(t.b.platform.inhibitor.Awake(), 0);
+}
+
+TEST(Aufnahme, AnInputLineIsChosenAndItsLevelOnlyEverTurnedDown) {
+  AufnahmeBuehne t;
+  HeadlessMixer& mixer = t.b.platform.mixer;
+  t.OeffneEinzeln();
+  // The card listens to its line, not to the microphone.
+  EXPECT_TRUE(t.A().optInput(0).Value());
+  EXPECT_EQ(t.A().Eingang, 1);
+  EXPECT_FALSE(t.A().optInput(2).Visible);
+  EXPECT_EQ(t.A().imgSliderKnopf(0).Value(), 75);
+  t.Druecke(t.A().optInput(1));
+  EXPECT_TRUE(mixer.Find(L"Mic", true)->On);
+  EXPECT_FALSE(mixer.Find(L"Line", true)->On);
+  EXPECT_EQ(t.A().imgSliderKnopf(0).Value(), 50);
+  t.A().imgSliderKnopf(0).Value = 80;
+  t.A().imgSliderKnopf_Change(0);
+  EXPECT_NEAR(mixer.Find(L"Mic", true)->Volume, 65536 * 80 / 100, 1);
+  // Both sides at full scale: turned down after every eleventh look; in silence it stays.
+  t.Druecke(t.A().optAuto);
+  t.Warte(3000);
+  EXPECT_NEAR(mixer.Find(L"Mic", true)->Volume, 65536 * 80 / 100, 1);
+  std::string voll;
+  for (int i = 0; i < 6 * 44100; ++i) {
+    const std::uint16_t wert = i % 2 == 0 ? 32767 : 32769;
+    voll += test::Number(wert, 2) + test::Number(wert, 2);
+  }
+  t.Spiele(voll);
+  t.Warte(8000);
+  const int leiser = mixer.Find(L"Mic", true)->Volume;
+  EXPECT_LT(leiser, 52429);
+  EXPECT_EQ((52429 - leiser) % (134 * 90), 0) << leiser;
+}
+
+}  // namespace vantora

@@ -1,0 +1,150 @@
+// Takes against an independent model of the cut: bursts at known frames, and every take must be
+// what the rules keep of them, to the frame.
+
+#include <gtest/gtest.h>
+
+#include "app/zahlen.h"
+#include "tests/recorder/aufnahme_stage.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace vantora {
+
+namespace {
+
+constexpr std::int64_t kRate = 44100, kPuffer = 1024;
+
+struct Stoss {
+  std::int64_t Frame, Frames;
+  int Pegel;  // of each side; the sum is twice as much
+};
+
+std::string Klangbild(const std::vector<Stoss>& stoesse, std::int64_t frames) {
+  std::string daten(static_cast<std::size_t>(frames) * 4, '\0');
+  std::uint32_t saat = 7;
+  const auto setze = [&](std::int64_t frame, int wert) {
+    for (int seite = 0; seite < 2; ++seite) {
+      const auto ort = static_cast<std::size_t>(frame * 4 + seite * 2);
+      daten.replace(ort, 2, test::Number(static_cast<std::uint16_t>(wert), 2));
+    }
+  };
+  for (std::int64_t i = 0; i < frames; ++i) {
+    saat = saat * 1664525U + 1013904223U;
+    setze(i, static_cast<int>(saat >> 24U) - 128);  // far below the threshold
+  }
+  for (const Stoss& stoss : stoesse) {
+    for (std::int64_t i = 0; i < stoss.Frames; ++i) {
+      saat = saat * 1664525U + 1013904223U;
+      // Loud from the first sample on, and no two alike for long.
+      const int tiefe = static_cast<int>((saat >> 16U) % 100);
+      setze(stoss.Frame + i,
+            (i % 2 == 0 ? 1 : -1) * (i % 2 == 0 ? stoss.Pegel : std::max(stoss.Pegel - tiefe, 0)));
+    }
+  }
+  return daten;
+}
+
+int Summe(const std::string& daten, std::int64_t vonFrame) {
+  int links = 0, rechts = 0;
+  for (std::int64_t i = vonFrame; i < vonFrame + kPuffer; ++i) {
+    const auto ort = static_cast<std::size_t>(i * 4);
+    const auto wert = [&](std::size_t o) {
+      return static_cast<std::int16_t>(static_cast<unsigned char>(daten[o]) |
+                                       (static_cast<unsigned char>(daten[o + 1]) << 8));
+    };
+    links = std::max(links, std::abs(static_cast<int>(wert(ort))));
+    rechts = std::max(rechts, std::abs(static_cast<int>(wert(ort + 2))));
+  }
+  return links + rechts;
+}
+
+// What is heard from the moment when the card began to listen; the takes by the rules.
+std::vector<std::string> Soll(const std::string& gehoert, std::int64_t listenTicks,
+                              std::int64_t druckTicks, int schwelle, std::int64_t pauseMs) {
+  std::vector<std::string> takes(1);
+  bool nimmtAuf = true;
+  std::int64_t letzter = druckTicks;
+  const auto puffer = static_cast<std::int64_t>(gehoert.size()) / 4 / kPuffer;
+  for (std::int64_t k = 0; k < puffer; ++k) {
+    const std::int64_t jetzt = listenTicks + ((k + 1) * kPuffer * 1000 + kRate - 1) / kRate;
+    if (jetzt <= druckTicks) continue;
+    const int s = Summe(gehoert, k * kPuffer);
+    if (s > schwelle) letzter = jetzt;
+    if (nimmtAuf && jetzt - letzter >= pauseMs) {
+      nimmtAuf = false;
+      letzter = 0;
+      continue;
+    }
+    if (!nimmtAuf && s >= schwelle) {
+      nimmtAuf = true;
+      takes.emplace_back();
+    }
+    if (nimmtAuf) {
+      takes.back() += gehoert.substr(static_cast<std::size_t>(k * kPuffer * 4), kPuffer * 4);
+    }
+  }
+  return takes;
+}
+
+}  // namespace
+
+TEST(Schnitt, EveryTakeIsWhatTheRulesKeepAlsoWhenTheWindowIsBusy) {
+  for (const bool beschaeftigt : {false, true}) {
+    SCOPED_TRACE(beschaeftigt);
+    AufnahmeBuehne t;
+    HeadlessLoop& loop = t.b.platform.loop;
+    t.OeffneLP();
+    const std::int64_t listen =
+        t.b.platform.clock.Ticks() - (t.A().WaveIn->BufferTicks() == 0 ? 0 : -1);
+    while (t.A().WaveIn->BufferTicks() == 0) t.Warte(1);
+    const std::int64_t beginn = t.A().WaveIn->BufferTicks() - (kPuffer * 1000 + kRate - 1) / kRate;
+    EXPECT_LE(beginn, listen);
+    // Long and short, within a buffer, across one, as loud as the threshold to the very bit.
+    const std::vector<Stoss> stoesse = {{20'000, 150'001, 9000},     {300'000, 40'000, 1400},
+                                        {500'123, 1, 30'000},        {640'007, 200'000, 5000},
+                                        {1'000'000, 3, 1000},        {1'200'011, 130'000, 1000},
+                                        {1'500'000, 177'000, 12'000}};
+    const std::string bild = Klangbild(stoesse, 45 * kRate);
+    const std::int64_t spielTicks = t.b.platform.clock.Ticks();
+    t.Spiele(bild);
+    t.Warte(137);
+    const std::int64_t druck = t.b.platform.clock.Ticks();
+    t.Druecke(t.A().imgAufnehmen);
+    while (t.b.platform.clock.Ticks() < spielTicks + 46'000) {
+      t.Warte(1700);
+      if (beschaeftigt) t.b.Tu([&] { loop.Sleep(5000); });
+    }
+    t.Warte(100);
+    const std::int64_t ende = t.b.platform.clock.Ticks();
+    t.b.Tu([&] { t.A().imgRecordStop_MouseUp(); });
+
+    const std::int64_t vorher = (spielTicks - beginn) * kRate / 1000;
+    const std::int64_t gesamt = (ende - beginn) * kRate / 1000;
+    std::string gehoert(static_cast<std::size_t>(vorher) * 4, '\0');
+    gehoert += bild;
+    gehoert.resize(static_cast<std::size_t>(gesamt) * 4, '\0');
+    const std::vector<std::string> soll = Soll(gehoert, beginn, druck, 2000, 2000);
+    EXPECT_EQ(t.A().AufnahmeZahl, static_cast<int>(soll.size()));
+    EXPECT_GT(soll.size(), 4U);
+    for (std::size_t i = 0; i < soll.size(); ++i) {
+      const Text name = L"lp" + Format(static_cast<double>(i), L"00") + L".wav";
+      EXPECT_TRUE(t.Klang(name) == soll[i])
+          << i << ": " << t.Klang(name).size() << " bytes, not " << soll[i].size();
+    }
+    // Each burst that is louder than the threshold is whole in one take.
+    for (const Stoss& stoss : stoesse) {
+      if (stoss.Pegel * 2 <= 2000) continue;
+      const std::string klang = bild.substr(static_cast<std::size_t>(stoss.Frame) * 4,
+                                            static_cast<std::size_t>(stoss.Frames) * 4);
+      int gefunden = 0;
+      for (std::size_t i = 0; i < soll.size(); ++i) {
+        const Text name = L"lp" + Format(static_cast<double>(i), L"00") + L".wav";
+        gefunden += t.Klang(name).find(klang) != std::string::npos ? 1 : 0;
+      }
+      EXPECT_GE(gefunden, 1) << "burst at " << stoss.Frame;
+    }
+  }
+}
+
+}  // namespace vantora
