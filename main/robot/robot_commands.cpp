@@ -164,29 +164,4 @@ void Robot::Mixer(const ScriptLine& line, Form* /*front*/) {
   }
 }
 
-// The program looks for the card's lines when it starts.
-void Robot::Mixer(const ScriptLine& line, Form* /*front*/) {
-  HeadlessMixer& mixer = stage_.Mixer();
-  if (line.Value != L"set" && running_) {
-    throw Unreachable("the lines of the card are said before the start");
-  }
-  if (line.Value == L"none") {
-    mixer.Present = false;
-    return;
-  }
-  const Text& name = line.Words[1].Content;
-  const int volume = line.Numbers[0];
-  if (line.Value != L"set") {
-    const bool in = line.Value == L"in";
-    mixer.Put({name, in ? MixerCard::Role::Input : MixerCard::Role::Output, volume,
-               line.Numbers[1] != 0, line.Numbers[2] != 0});
-  } else if (HeadlessMixer::Line* found = mixer.Find(name)) {
-    found->Volume = volume;
-  } else if (name == L"Wave") {
-    stage_.OwnVolume().SetVolume(volume);
-  } else {
-    throw Unreachable("the card was to have a line " + ToUtf8(name) + ", it has none");
-  }
-}
-
 }  // namespace vantora
