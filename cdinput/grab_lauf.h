@@ -12,7 +12,7 @@ struct Programm;
 
 inline constexpr std::size_t kLaengsterPfad = 100;  // characters that the catalog can hold
 
-// False when the catalog could not hold the path of a target, which the user has then been told.
+// Reports a target whose path is too long for the catalog; false when there is one.
 bool ZielePassen(Programm& prog);
 
 // Reads `GrabTracks` into `GrabDateien` and tells the user how it ended. The drive must not be in

@@ -35,7 +35,7 @@ class DiscDrives {
   // False: the system keeps the drive from this program, or somebody holds it for himself.
   bool MayUse(const DiscDrive& drive) const;
   // The disc that lies in it now; nothing when there is none, or none that can be understood.
-  // `fault` is told of the first sheet that was not understood while there is no disc.
+  // `fault` then holds the first sheet that was not understood.
   std::unique_ptr<Disc> Open(const DiscDrive& drive, SheetFault* fault = nullptr) const;
 
  private:

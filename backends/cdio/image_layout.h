@@ -61,8 +61,7 @@ bool NamedAsWave(const Text& file);
 constexpr int kMostDiscSectors = 100 * 60 * kCdSectorsPerSecond;
 constexpr std::size_t kMostDiscTracks = 99;
 
-// `where` is told how far the reading has come: the line, and the file of that line while it is
-// looked at.
+// `where` holds how far the reading has come: the line, and the file of that line while it is read.
 ImageLayout LayoutOfCue(Dateien& files, const Text& sheet, const std::string& text,
                         SheetFault& where);
 ImageLayout LayoutOfToc(Dateien& files, const Text& sheet, const std::string& text,

@@ -1,5 +1,5 @@
 // What sheets of disc images are written in. They say nothing of their letters: UTF-8 and UTF-16
-// are told by their form, all else is Windows-1252. Lines end in any way.
+// are recognised by their form, all else is Windows-1252. Lines end in any way.
 #pragma once
 
 #include "platform/text.h"

@@ -10,8 +10,8 @@
 
 namespace vantora {
 
-// All these calls swallow what the file system reports: whoever asks gets an empty file, and
-// whoever writes could do nothing about it. The file is as it was then.
+// All these calls swallow what the file system reports: a caller that asks gets an empty file, and
+// one that writes could do nothing about it. The file is as it was then.
 
 std::vector<Text> ProfileFiles::GetPrivateProfileSectionNames(const Text& file, std::size_t limit) {
   try {

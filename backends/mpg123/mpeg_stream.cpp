@@ -29,7 +29,7 @@ bool RiseIn(void* sound, std::size_t bytes) {
   const std::size_t count = bytes / sizeof(Sample);
   if (std::all_of(samples, samples + count, [](Sample s) { return s == 0; })) return false;
   for (std::size_t i = 0; i < count; ++i) {
-    const float rise = static_cast<float>(i / 2) / static_cast<float>(count / 2);
+    const float rise = static_cast<float>(i) / static_cast<float>(count);
     samples[i] = static_cast<Sample>(static_cast<float>(samples[i]) * rise);
   }
   return true;
@@ -212,7 +212,7 @@ MpegLength MpegStream::MeasureRun() {
   if (length.frames == 0 || length.frames == promised) return length;
 
   // The file was cut or joined. What the encoder put in front is then left out all the same, but
-  // the scan does not count it: the decoder tells it with its first sound, when it begins anew.
+  // the scan does not count it: it shows in the first sound of a decoder that begins anew.
   const std::size_t run = handle.run;
   handle.OpenRun(run);
   while (handle.run == run) {
