@@ -11,7 +11,7 @@ expect frmHauptForm.lblKatalogTitel.Caption == "Nuevo título"
 expect frmHauptForm.lblRestzeitCD.Caption == "Quedan:80:00"
 expect frmHauptForm.lblKatalogLaenge.Caption == "00:00:00"
 # functions that are not there yet say so
-press frmHauptForm.imgLPKopieren
+press frmHauptForm.imgExtras
 expect-box == "¡No está disponible por el momento!"
 answer 7
 press frmHauptForm.imgBrennen
