@@ -41,7 +41,7 @@ TEST(QtInhibitor, TheDesktopIsAskedAndReleasedWhereThereIsABus) {
 
   QProcess bus;
   bus.start("dbus-daemon", {"--session", "--nofork", "--print-address=1"});
-  if (!bus.waitForReadyRead(5000)) GTEST_SKIP() << "there is no dbus-daemon here";
+  ASSERT_TRUE(bus.waitForReadyRead(5000)) << "dbus-daemon is needed";
   const QByteArray address = bus.readLine().trimmed();
   qputenv("DBUS_SESSION_BUS_ADDRESS", address);
   QDBusConnection desktop = QDBusConnection::connectToBus(QString::fromUtf8(address), "desktop");

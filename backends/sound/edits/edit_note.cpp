@@ -28,7 +28,7 @@ struct DoneEntry {
   std::uint64_t Checksum = 0;
 };
 
-// Tells bytes that were written to their end from those that were not.
+// By which bytes that were written to their end are known.
 std::uint64_t Checksum(const char* bytes, std::size_t count, std::uint64_t start) {
   constexpr std::uint64_t kPrime = 0x9E37'79B9'7F4A'7C15ULL;
   std::uint64_t sum = start + count;
