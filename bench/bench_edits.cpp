@@ -43,7 +43,11 @@ class PlainFile {
   explicit PlainFile(const fs::path& file) : file_(::open(file.c_str(), O_RDWR | O_CLOEXEC)) {
     if (file_ < 0) throw std::runtime_error("no " + file.string());
   }
-  ~PlainFile() { ::close(file_); }
+  // What an edit has changed is on the disk when it ends.
+  ~PlainFile() {
+    ::fsync(file_);
+    ::close(file_);
+  }
   PlainFile(const PlainFile&) = delete;
   PlainFile& operator=(const PlainFile&) = delete;
 

@@ -88,7 +88,7 @@ int Run(const fs::path& home, std::int64_t megabytes, int kills) {
   std::mt19937 random(1);
   int bad = 0;
   for (const Work& work : Works(bytes, clip)) {
-    const auto apply = [&] { platform.machine.edits.Apply({{work.Edit}, {}, {}}); };
+    const auto apply = [&] { platform.machine.edits.Apply({{work.Edit}, {}}); };
     fresh();
     KillSwitch::KillAt(INT_MAX, false);
     apply();

@@ -64,7 +64,6 @@ struct WaveEdit {
 // One edit of one or more files under one note.
 struct Edit {
   std::vector<WaveEdit> Waves;
-  std::vector<Text> Scratch;                  // files that go when all is done
   std::function<void(int percent)> Progress;  // of the bytes that are written; may let events run
 };
 

@@ -63,7 +63,6 @@ Bearbeitung::Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quel
 void Bearbeitung::Beginnen() {
   UndoDatei = FreierName(L"undo2.dat");
   CopyDatei_ = FreierName(L"copy.dat");
-  PasteDatei = FreierName(L"paste.dat");
   if (prog.DateiExistiert(CopyDatei_)) prog.plattform.dateien.Kill(CopyDatei_);
   UndoVorhanden_ = false;
 }
@@ -120,10 +119,8 @@ void Bearbeitung::Aendern(const std::function<void()>& arbeit) {
   }
 }
 
-void Bearbeitung::Ausfuehren(WaveEdit vorhaben, const Text& danachWeg) {
-  Edit edit;
-  edit.Waves.push_back(std::move(vorhaben));
-  if (!danachWeg.empty()) edit.Scratch.push_back(danachWeg);
+void Bearbeitung::Ausfuehren(WaveEdit vorhaben) {
+  const Edit edit{{std::move(vorhaben)}, {}};
   Aendern([&] { prog.plattform.edits.Apply(edit); });
   fenster_.NeuZeigen();
 }
@@ -238,18 +235,11 @@ void Bearbeitung::PasteWave() {
   const std::int64_t ab = InBytes(stelle), neu = InBytes(PasteLaenge);
   const std::int64_t rest = GanzeFrames(vorhaben.Before - ab);
   vorhaben.After = Ganz32(static_cast<double>(ab + neu + rest));
-  // The sound behind the place is put aside, as the clipboard is written over it.
-  MMWaveObject& wave = Wave1->Wave;
-  wave.Open();
-  wave.PlayStart = InBytes(stelle);
-  wave.PlayEnd = wave.DataSize();
-  wave.SaveRange(PasteDatei);
-  wave.Close();
-  wave.PlayStart = 0;
+  // The sound behind the place makes room for the clipboard, inside the file.
   Fuellen(vorhaben, ab);
+  vorhaben.Steps.push_back(MoveStep(ab, ab + neu, rest));
   vorhaben.Steps.push_back(CopyStep(CopyDatei_, 0, ab, neu));
-  vorhaben.Steps.push_back(CopyStep(PasteDatei, 0, ab + neu, rest));
-  Ausfuehren(std::move(vorhaben), PasteDatei);
+  Ausfuehren(std::move(vorhaben));
 }
 
 // ---- mute and fades ----

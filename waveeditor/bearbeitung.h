@@ -61,7 +61,7 @@ class Bearbeitung {
   Text FreierName(const wchar_t* name) const;  // in the temporary directory
   WaveEdit Vorhaben();                         // on the file as it stands now
   void Aendern(const std::function<void()>& arbeit);
-  void Ausfuehren(WaveEdit vorhaben, const Text& danachWeg = {});
+  void Ausfuehren(WaveEdit vorhaben);
   void Blenden(double start, double richtung);
   void UndoBlock();
 
@@ -71,7 +71,7 @@ class Bearbeitung {
   Fenster fenster_;
   std::unique_ptr<MMWaveFileX> Wave1, Wave2;  // the file itself, and one to copy from
 
-  Text WorkDatei, UndoDatei, CopyDatei_, PasteDatei;
+  Text WorkDatei, UndoDatei, CopyDatei_;
   bool UndoVorhanden_ = false;
   std::int32_t UndoStart = 0;
   std::int16_t iUndoStep = 0;    // 1 cut, 2 block process, 3 paste

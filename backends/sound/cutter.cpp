@@ -24,7 +24,7 @@ void Cutter::Cut(const Text& file, std::int64_t first, std::int64_t last) {
   WaveEdit cut{file, bytes, (total - (behind - start)) * kFrameBytes, {}};
   cut.Steps.push_back(
       MoveStep(behind * kFrameBytes, start * kFrameBytes, (total - behind) * kFrameBytes));
-  edits_.Apply({{cut}, {}, {}});
+  edits_.Apply({{cut}, {}});
 }
 
 }  // namespace vantora

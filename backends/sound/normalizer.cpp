@@ -81,7 +81,7 @@ void NormalizeWaveFile(Dateien& dateien, Edits& edits, const Text& file,
   const double factor = static_cast<float>(target) / static_cast<float>(peak);
   tell(1, 0);
   WaveEdit scale{file, bytes, bytes, {ScaleStep(0, bytes / kSampleBytes * kSampleBytes, factor)}};
-  edits.Apply({{scale}, {}, [&tell](int done) { tell(1, done); }});
+  edits.Apply({{scale}, [&tell](int done) { tell(1, done); }});
 }
 
 }  // namespace vantora

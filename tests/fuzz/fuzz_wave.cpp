@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   RunningOut disk(home.Files);  // which nobody brings to the disk
   WaveEdits edits(disk, {}, 4096);
   const auto before = static_cast<std::int64_t>(sound.size());
-  edits.Apply({{{kWave, before, before + 4, {MixStep(before, {'m', 'o', 'r', 'e'})}}}, {}, {}});
+  edits.Apply({{{kWave, before, before + 4, {MixStep(before, {'m', 'o', 'r', 'e'})}}}, {}});
   sound += "more";
   Require(SoundInTrueFile(home, home.Files) == sound, "what is added is where it belongs");
 

@@ -16,6 +16,7 @@ constexpr std::uint64_t kMark = 0x31'45544F'4E525456ULL;  // "VTRNOTE1", the las
 constexpr std::uint64_t kMarkWithoutVersion = 0x00FF'FFFF'FFFF'FFFFULL;
 constexpr int kMostNotes = 1000;
 constexpr std::int64_t kLargestBlock = 1 << 20;
+constexpr std::int64_t kPage = 4096;
 
 struct Head {
   std::uint64_t Mark = kMark;
@@ -81,12 +82,17 @@ std::unique_ptr<EditNote> EditNote::Open(Dateien& dateien, const Text& path) {
 
 void EditNote::Arrange(std::int64_t planBytes) {
   doneAt_ = static_cast<std::int64_t>(sizeof(Head)) + planBytes;
-  slotsAt_ = doneAt_ + static_cast<std::int64_t>(plan_.Files.size() * sizeof(DoneEntry));
+  recordsAt_ = doneAt_ + static_cast<std::int64_t>(plan_.Files.size() * sizeof(DoneEntry));
+  const std::int64_t end = recordsAt_ + static_cast<std::int64_t>(2 * sizeof(Record));
+  dataAt_ = (end + kPage - 1) / kPage * kPage;  // whole pages are written faster
 }
 
-std::int64_t EditNote::Slot(std::uint64_t number) const {
-  const auto slot = static_cast<std::int64_t>(number % 2);
-  return slotsAt_ + slot * (static_cast<std::int64_t>(sizeof(Record)) + block_);
+std::int64_t EditNote::RecordPlace(std::uint64_t number) const {
+  return recordsAt_ + static_cast<std::int64_t>(number % 2 * sizeof(Record));
+}
+
+std::int64_t EditNote::DataPlace(std::uint64_t number) const {
+  return dataAt_ + static_cast<std::int64_t>(number % 2) * block_;
 }
 
 // The room comes first and the head last: a note whose head is whole is whole.
@@ -97,7 +103,7 @@ void EditNote::WritePlan() {
   head.PlanBytes = static_cast<std::int64_t>(bytes.size());
   head.Checksum = ChecksumOf(head, bytes.data(), bytes.size());
   Arrange(head.PlanBytes);
-  file_->Reserve(Slot(2) + 2 * (static_cast<std::int64_t>(sizeof(Record)) + block_));
+  file_->Reserve(dataAt_ + 2 * block_);
   file_->Seek(sizeof head);
   file_->Write(bytes.data(), bytes.size());
   file_->Seek(0);
@@ -129,12 +135,11 @@ void EditNote::ReadPlan() {
 void EditNote::Write(Record& record, Block& block) {
   record.Number = number_ + 1;
   record.Checksum = ChecksumOf(record, nullptr, 0);
-  const std::int64_t slot = Slot(record.Number);
   if (record.DataBytes > 0) {
-    file_->Seek(slot + static_cast<std::int64_t>(sizeof record));
+    file_->Seek(DataPlace(record.Number));
     file_->Write(block.Data(), static_cast<std::size_t>(record.DataBytes));
   }
-  file_->Seek(slot);
+  file_->Seek(RecordPlace(record.Number));
   file_->Write(&record, sizeof record);
   number_ = record.Number;
 }
@@ -143,14 +148,14 @@ std::optional<EditNote::Record> EditNote::Last(Block& block) {
   std::optional<Record> last;
   for (const std::uint64_t slot : {0U, 1U}) {
     Record record;
-    file_->Seek(Slot(slot));
+    file_->Seek(RecordPlace(slot));
     file_->Read(&record, sizeof record);
     const bool whole = record.Number != 0 && record.Checksum == ChecksumOf(record, nullptr, 0);
     if (whole && (!last || last->Number < record.Number)) last = record;
   }
   number_ = last ? last->Number : 0;
   if (last && last->DataBytes > 0) {
-    file_->Seek(Slot(last->Number) + static_cast<std::int64_t>(sizeof(Record)));
+    file_->Seek(DataPlace(last->Number));
     file_->Read(block.Data(), std::min<std::size_t>(last->DataBytes, block.Room()));
   }
   return last;

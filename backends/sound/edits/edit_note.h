@@ -68,7 +68,8 @@ class EditNote {
   void WritePlan();
   void ReadPlan();
   void Arrange(std::int64_t planBytes);
-  std::int64_t Slot(std::uint64_t number) const;
+  std::int64_t RecordPlace(std::uint64_t number) const;
+  std::int64_t DataPlace(std::uint64_t number) const;
 
   Dateien& dateien_;
   Text path_;
@@ -76,8 +77,8 @@ class EditNote {
   EditPlan plan_;
   bool foreign_ = false;
   std::int64_t block_ = 0;
-  std::int64_t doneAt_ = 0, slotsAt_ = 0;  // places in the note
-  std::uint64_t number_ = 0;               // of the last record
+  std::int64_t doneAt_ = 0, recordsAt_ = 0, dataAt_ = 0;  // places in the note
+  std::uint64_t number_ = 0;                              // of the last record
 };
 
 }  // namespace vantora

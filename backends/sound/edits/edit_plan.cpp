@@ -263,8 +263,6 @@ std::string PlanBytes(const EditPlan& plan) {
     put(helper.Stand);
     put(helper.Medium);
   }
-  out.Count(plan.Scratch.size());
-  for (const Text& file : plan.Scratch) put(file);
   return out.Bytes + plan.Literal;
 }
 
@@ -288,8 +286,6 @@ EditPlan PlanFromBytes(std::string_view bytes) {
     get(helper.Stand);
     get(helper.Medium);
   }
-  plan.Scratch.resize(in.Count());
-  for (Text& file : plan.Scratch) get(file);
   plan.Literal = in.Rest();
   return plan;
 }

@@ -48,7 +48,6 @@ void WaveEdits::Apply(const Edit& edit) {
     plan.Files.back().Before = before;
     plan.Files.back().Medium = dateien_.Medium(wave.File);
   }
-  plan.Scratch = edit.Scratch;
   Note note = Begin(std::move(plan), blockBytes_);
   EditRun run(dateien_, ramp_, *note);
   try {
@@ -65,7 +64,7 @@ void WaveEdits::Apply(const Edit& edit) {
     if (begun && state != State::Changed) throw FinishedAfterError(fehler);
     throw;
   }
-  Drop(std::move(note), true);
+  Drop(std::move(note));
 }
 
 EditRun::State WaveEdits::Settle(Note note) {
@@ -79,7 +78,7 @@ EditRun::State WaveEdits::Settle(Note note) {
   if (state == State::MediumAway) {
     open_.push_back(std::move(note));
   } else {
-    Drop(std::move(note), state == State::Finished);
+    Drop(std::move(note));
   }
   return state;
 }
@@ -106,23 +105,12 @@ bool WaveEdits::Ready(const Text& file) {
 }
 
 // A note that cannot be removed says that all is done, so it harms nothing.
-void WaveEdits::Drop(Note note, bool scratchToo) {
-  const auto kill = [](const auto& work) {
-    try {
-      work();
-      return true;
-    } catch (const Laufzeitfehler&) {
-      return false;
-    }
-  };
-  const std::vector<Text> scratch = note->Plan().Scratch;
-  if (!kill([&] { note->Remove(); })) {
+void WaveEdits::Drop(Note note) {
+  try {
+    note->Remove();
+  } catch (const Laufzeitfehler&) {
     open_.push_back(std::move(note));
-    return;
   }
-  note.reset();
-  if (!scratchToo) return;
-  for (const Text& file : scratch) kill([&] { dateien_.Kill(file); });
 }
 
 bool WaveEdits::Needs(const Text& file) const {
@@ -194,7 +182,7 @@ std::vector<Text> WaveEdits::TakeBack() {
 void WaveEdits::Forget() {
   std::vector<Note> notes;
   std::swap(notes, loan_);
-  for (Note& note : notes) Drop(std::move(note), false);
+  for (Note& note : notes) Drop(std::move(note));
 }
 
 // ---- after a kill ----

@@ -38,7 +38,7 @@ class WaveEdits final : public Edits {
   }
   EditPlan LoanPlan(const Silence& silence);
   EditRun::State Settle(Note note);  // to its end or back to its start; an error keeps it
-  void Drop(Note note, bool scratchToo);
+  void Drop(Note note);
   void MendNote(Note note, MendedEdits& mended);
 
   Dateien& dateien_;

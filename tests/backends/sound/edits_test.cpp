@@ -46,7 +46,6 @@ struct Case {
   std::string A = Noise(9001, 1), B = Noise(7000, 3);
   std::vector<WaveEdit> Waves{};
   std::string AfterA{}, AfterB = Noise(7000, 3);
-  std::vector<Text> Scratch{};
 };
 
 const std::string kClip = Noise(3000, 7);
@@ -72,8 +71,6 @@ std::vector<Case> Cases() {
   add("mute", 9001, {ZeroStep(400, 5000)}, a.substr(0, 400) + Zeros(5000) + a.substr(5400));
   add("fade", 9001, {RampStep(400, 6000, 1, -1.0 / 1500)}, Ramped(a, 400, 6000, 1, -1.0 / 1500));
   add("scale", 9001, {ScaleStep(0, 9000, 0.5)}, Ramped(a, 0, 9000, 0.5, 0));
-  Case& scratch = cases[3];
-  scratch.Scratch = {kHelper};
 
   const std::vector<char> mixed(kClip.begin(), kClip.end());
   const auto half = mixed.begin() + 1500;
@@ -99,7 +96,7 @@ class Stage {
     Put(home / "copy.dat", Wave(kClip));
   }
   WaveEdits New() { return WaveEdits(disk, Rampe, kBlock); }
-  void Apply(WaveEdits& edits) { edits.Apply({case_.Waves, case_.Scratch, {}}); }
+  void Apply(WaveEdits& edits) { edits.Apply({case_.Waves, {}}); }
   bool Before() const { return Holds(case_.A, case_.B); }
   bool After() const { return Holds(case_.AfterA, case_.AfterB); }
   std::size_t Notes() const {
@@ -144,13 +141,10 @@ TEST(Edits, AKillInAnyCallLeavesTheFilesBeforeTheEditOrBehindIt) {
         EXPECT_TRUE(mended.Left.empty() && mended.Failed.empty() && mended.SilenceTaken.empty());
         finished += mended.Finished.empty() ? 0 : 1;
         ASSERT_EQ(stage.Notes(), 0U) << call;
-        const bool helperStays = one.Scratch.empty() || stage.Before();
-        ASSERT_TRUE(!helperStays || fs::exists(stage.home / "copy.dat"));
       }
     }
     EXPECT_GT(finished, 5);
     EXPECT_TRUE(stage.After());
-    EXPECT_EQ(fs::exists(stage.home / "copy.dat"), one.Scratch.empty());
   }
 }
 
@@ -317,7 +311,7 @@ TEST(Edits, TheByteThatFillsOddSoundUpStaysAsItIsWhereNothingMoves) {
     if (tail.starts_with("x")) back[44 + 901] = 'x';  // it has made room for silence
     EXPECT_EQ(back, wave);
     Put(loan / "a.wav", wave);
-    edits.Apply({{{kA, 901, 901, {ZeroStep(4, 100)}}}, {}, {}});
+    edits.Apply({{{kA, 901, 901, {ZeroStep(4, 100)}}}, {}});
     EXPECT_EQ(Get(loan / "a.wav"), Riff(format + "data" + Number(901, 4) +
                                         Noise(901).replace(4, 100, Zeros(100)) + tail));
   }
@@ -386,7 +380,7 @@ TEST(Edits, WhatAnEditCannotDoIsRefusedBeforeAnythingChanges) {
   Put(home / "b.txt", "no wave");
   WaveEdits edits(home.Files, Rampe, kBlock);
   const auto error = [&](WaveEdit edit) {
-    return ErrorOf([&] { edits.Apply({{std::move(edit)}, {}, {}}); });
+    return ErrorOf([&] { edits.Apply({{std::move(edit)}, {}}); });
   };
   EXPECT_EQ(error({kA, 404, 400, {}}), 62);
   EXPECT_EQ(error({kA, 400, 0xFFFFFFFF, {}}), 61);
