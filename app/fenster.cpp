@@ -92,8 +92,11 @@ void SkaliereForm(Programm& prog, Form& fenster) {
 }
 
 void MitteSetzen(Programm& prog, Form& fenster) {
-  fenster.Window.Left = prog.plattform.bildschirm.Width() / 2 - fenster.Window.Width / 2;
-  fenster.Window.Top = prog.plattform.bildschirm.Height() / 2 - fenster.Window.Height / 2;
+  Display& bildschirm = prog.plattform.bildschirm;
+  const int breite = Ganz32(bildschirm.Width() / bildschirm.Scale());
+  const int hoehe = Ganz32(bildschirm.Height() / bildschirm.Scale());
+  fenster.Window.Left = breite / 2 - fenster.Window.Width / 2;
+  fenster.Window.Top = hoehe / 2 - fenster.Window.Height / 2;
 }
 
 void KnopfBild(PictureButton& ziel) {

@@ -41,7 +41,9 @@ struct StoryPlatform : World {
                  [this] {
                    return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
                  },
-                 sound, input}) {}
+                 sound, input}) {
+    if constexpr (requires { World::loop.Stage; }) World::loop.Stage = &display;
+  }
 
   HeadlessDisplay display;
   HeadlessSystem system;

@@ -28,10 +28,13 @@ class Form {
     using Control::Control;
     ControlKind Kind() const override { return ControlKind::Shape; }
   };
-  Frame Window;  // Left, Top, Width, Height (of the inner area, twips), Enabled, BackColor
+  // Left, Top, Width, Height (of the inner area, twips), Enabled, BackColor. One that is shown over
+  // another window stands over the middle of that, wherever it was placed before.
+  Frame Window;
   Property<Text> Caption{Window, Text()};
   Property<Text> Picture{Window, Text()};  // ground, fills the inner area
   bool HasBorder = true;                   // title bar of the desktop
+  bool FillsScreen = false;                // without a border, over the desktop's own bars
   bool CloseWhileDisabled = false;         // Form_Close comes also while the window is disabled
   bool EscapeWhileDisabled = false;        // so does Escape, to Form_KeyDown alone
   bool FirstFocus = true;  // false: no control has the focus before the user has given it to one

@@ -2,6 +2,7 @@
 
 #include "app/programm.h"
 #include "app/weiter.h"
+#include "app/zahlen.h"
 #include "waveeditor/spektrum_bild.h"
 
 namespace vantora {
@@ -26,7 +27,10 @@ void frmSpektrum::Form_Load() {
 }
 
 void frmSpektrum::Anordnen() {
-  const int breite = prog.plattform.bildschirm.Width(), hoehe = prog.plattform.bildschirm.Height();
+  Display& bildschirm = prog.plattform.bildschirm;
+  const int breite = Ganz32(bildschirm.Width() / bildschirm.Scale());
+  const int hoehe = Ganz32(bildschirm.Height() / bildschirm.Scale());
+  FillsScreen = true;
   Window.Left = 0;
   Window.Top = 0;
   Window.Width = breite;

@@ -23,23 +23,20 @@ constexpr qsizetype kPiecePoints =
 
 constexpr double kTravel = 6;  // pixels up and down in a column, from which on a trace fills it
 
-QPointF At(const std::vector<int>& numbers, std::size_t point) {
-  return QPointF(numbers[2 * point], numbers[2 * point + 1]) / look::kTwipsPerPixel;
+QPointF At(const std::vector<int>& numbers, std::size_t point, double twips) {
+  return QPointF(numbers[2 * point], numbers[2 * point + 1]) / twips;
 }
 
-QPolygonF PointsOf(const DrawItem& item) {
+QPolygonF PointsOf(const DrawItem& item, double twips) {
   QPolygonF points;
-  for (std::size_t i = 0; i < item.Points.size() / 2; ++i) points << At(item.Points, i);
+  for (std::size_t i = 0; i < item.Points.size() / 2; ++i) points << At(item.Points, i, twips);
   return points;
 }
 
 // Of successive points in one column of pixels the first, the lowest, the highest and the last say
 // all that can be seen.
-QPolygonF Thinned(const std::vector<int>& numbers) {
-  const auto column = [&](std::size_t point) {
-    const int x = numbers[2 * point];
-    return (x < 0 ? x - look::kTwipsPerPixel + 1 : x) / look::kTwipsPerPixel;
-  };
+QPolygonF Thinned(const std::vector<int>& numbers, double twips) {
+  const auto column = [&](std::size_t point) { return std::floor(numbers[2 * point] / twips); };
   const auto y = [&](std::size_t point) { return numbers[2 * point + 1]; };
   const std::size_t count = numbers.size() / 2;
   QPolygonF thin;
@@ -51,7 +48,8 @@ QPolygonF Thinned(const std::vector<int>& numbers) {
     }
     std::array<std::size_t, 4> kept = {first, std::min(low, high), std::max(low, high), end - 1};
     const auto last = std::unique(kept.begin(), kept.end());
-    std::for_each(kept.begin(), last, [&](std::size_t point) { thin << At(numbers, point); });
+    std::for_each(kept.begin(), last,
+                  [&](std::size_t point) { thin << At(numbers, point, twips); });
   }
   return thin;
 }
@@ -106,7 +104,7 @@ QPolygonF ColumnBars(const QPolygonF& trace) {
 
 }  // namespace
 
-bool DrawingWidget::Set(const PictureBox& box) {
+bool DrawingWidget::Set(const PictureBox& box, double scale) {
   const QColor ground = look::Of(box.BackColor);
   if (box.Picture() != picture_ || ground != ground_) {
     picture_ = box.Picture;
@@ -114,8 +112,9 @@ bool DrawingWidget::Set(const PictureBox& box) {
     TellWhetherOpaque();
     update();
   }
-  if (box.Revision() == revision_) return false;
+  if (box.Revision() == revision_ && scale == scale_) return false;
   revision_ = box.Revision();
+  scale_ = scale;
   std::vector<Mark> marks = MarksOf(box.Drawing());
   if (marks == marks_) return false;
   marks_ = std::move(marks);
@@ -155,7 +154,11 @@ void DrawingWidget::moveEvent(QMoveEvent* event) {
 
 // ---- marks ----
 
-std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawItem>& items) {
+double DrawingWidget::Twips() const {
+  return look::kTwipsPerPixel / scale_;
+}
+
+std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawItem>& items) const {
   std::vector<Mark> marks;
   for (const DrawItem& item : items) {
     Mark mark;
@@ -168,7 +171,7 @@ std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawIt
       AddLine(item, mark, marks);
       continue;
     }
-    mark.Points = PointsOf(item);
+    mark.Points = PointsOf(item, Twips());
     mark.Reach = ReachOf(mark.Points);
     if (one) PlaceWords(item, mark);
     if (item.Kind == DrawItem::What::Picture) mark.Picture = item.Content;
@@ -179,8 +182,9 @@ std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawIt
 
 // Of straight lines and of traces that fill their columns nothing can be smoothed, and bars take a
 // fifth of the time.
-void DrawingWidget::AddLine(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks) {
-  const QPolygonF line = Thinned(item.Points);
+void DrawingWidget::AddLine(const DrawItem& item, const Mark& plain,
+                            std::vector<Mark>& marks) const {
+  const QPolygonF line = Thinned(item.Points, Twips());
   const bool straight = Straight(line), columns = FillsColumns(line);
   for (qsizetype first = 0; first == 0 || first < line.size() - 1; first += kPiecePoints) {
     Mark piece = plain;
@@ -196,10 +200,10 @@ void DrawingWidget::AddLine(const DrawItem& item, const Mark& plain, std::vector
   }
 }
 
-void DrawingWidget::PlaceWords(const DrawItem& item, Mark& mark) {
+void DrawingWidget::PlaceWords(const DrawItem& item, Mark& mark) const {
   mark.Words = look::FromText(item.Content);
   mark.FontSize = item.FontSize;
-  const QFontMetricsF metrics(look::FontOf(item.FontSize, false));
+  const QFontMetricsF metrics(look::FontOf(item.FontSize, false, scale_));
   const double width = metrics.horizontalAdvance(mark.Words);
   const double before = item.Align == Alignment::Left    ? 0
                         : item.Align == Alignment::Right ? width
@@ -244,7 +248,7 @@ void DrawingWidget::Draw(QPainter& painter, const Mark& mark) {
       painter.drawPolygon(mark.Points.translated(0.5, 0.5));
       return;
     case DrawItem::What::Words:
-      painter.setFont(look::FontOf(mark.FontSize, false));
+      painter.setFont(look::FontOf(mark.FontSize, false, scale_));
       painter.drawText(mark.Points.first(), mark.Words);
       return;
     case DrawItem::What::Picture: {

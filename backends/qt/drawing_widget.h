@@ -18,7 +18,8 @@ namespace vantora {
 class DrawingWidget final : public QWidget {
  public:
   DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
-  bool Set(const PictureBox& box);  // true: its drawing is another one
+  // True: its drawing is another one. Scaled down, the box has fewer pixels for as many twips.
+  bool Set(const PictureBox& box, double scale = 1);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -41,9 +42,10 @@ class DrawingWidget final : public QWidget {
 
     bool operator==(const Mark& other) const = default;
   };
-  static std::vector<Mark> MarksOf(const std::vector<DrawItem>& items);
-  static void AddLine(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks);
-  static void PlaceWords(const DrawItem& item, Mark& mark);
+  std::vector<Mark> MarksOf(const std::vector<DrawItem>& items) const;
+  void AddLine(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks) const;
+  void PlaceWords(const DrawItem& item, Mark& mark) const;
+  double Twips() const;  // of a pixel
   void Draw(QPainter& painter, const Mark& mark);
   static void DrawLine(QPainter& painter, const Mark& mark);
   void TellWhetherOpaque();
@@ -53,6 +55,7 @@ class DrawingWidget final : public QWidget {
   Text picture_;
   QColor ground_ = Qt::transparent;
   int revision_ = 0;
+  double scale_ = 1;
   bool ringed_ = false;  // has the focus, and got it by the keyboard
   std::vector<Mark> marks_;
 };

@@ -15,6 +15,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 namespace vantora {
@@ -34,6 +35,8 @@ class WordsWidget final : public QLabel {
   WordsWidget(Pictures& pictures, QWidget* parent) : QLabel(parent), pictures_(pictures) {}
 
   QString Words;
+  QFont Full;  // its font, not scaled
+  double Scale = 1;
   QColor Ink, Ground;
   bool Wrap = false;
 
@@ -44,7 +47,7 @@ class WordsWidget final : public QLabel {
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
     const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
-    DrawWords(painter, pictures_, {Words, font(), ink, rect(), across | Qt::AlignTop, Wrap},
+    DrawWords(painter, pictures_, {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale},
               devicePixelRatioF());
     if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
@@ -82,6 +85,8 @@ class LabelFace final : public Face {
     LetMouseThrough(*words_, !HasMouseHandler(control));
     words_->setFocusPolicy(label.TabStop ? Qt::TabFocus : Qt::NoFocus);
     Invite(HasMouseHandler(control));
+    words_->Full = look::FontOf(label.FontSize, label.FontBold);
+    words_->Scale = window().Scale();
     words_->Ink = look::Of(label.ForeColor);
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;
@@ -119,7 +124,8 @@ class PictureFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& picture = static_cast<const PictureButton&>(control);
-    picture_->Shown = {picture.Picture, picture.Icon, {picture.ClipTop, picture.ClipHeight}};
+    picture_->Shown = {
+        picture.Picture, picture.Icon, {picture.ClipTop, picture.ClipHeight}, window().Scale()};
     picture_->update();
   }
 
@@ -189,7 +195,8 @@ class ButtonFace final : public Face {
 
   void Apply(Control& control) override {
     const auto& button = static_cast<const PictureButton&>(control);
-    button_->Shown = {button.Picture, button.Icon, {button.ClipTop, button.ClipHeight}};
+    button_->Shown = {
+        button.Picture, button.Icon, {button.ClipTop, button.ClipHeight}, window().Scale()};
     const Text& words =
         button.AccessibleName().empty() ? button.ToolTipText() : button.AccessibleName();
     button_->Words = button.Picture().empty() && button.Icon().empty() ? look::Plain(words) : "";
@@ -317,8 +324,9 @@ class DrawingFace final : public Face {
     auto* box = As<PictureBox>();
     if (box == nullptr) return;
     const QPoint place = event.position().toPoint();
-    box->MouseX = place.x() * look::kTwipsPerPixel;
-    box->MouseY = place.y() * look::kTwipsPerPixel;
+    const double twips = look::kTwipsPerPixel / window().Scale();
+    box->MouseX = static_cast<int>(std::lround(place.x() * twips));
+    box->MouseY = static_cast<int>(std::lround(place.y() * twips));
   }
 
   DrawingFace(PictureBox& box, FormWindow& window, DrawingWidget* drawing)
@@ -329,7 +337,7 @@ class DrawingFace final : public Face {
     LetMouseThrough(*drawing_, !HasMouseHandler(control) && !window().Holds(control));
     drawing_->setMouseTracking(static_cast<bool>(control.MouseMove));
     drawing_->setFocusPolicy(control.KeyDown ? Qt::StrongFocus : Qt::NoFocus);
-    if (drawing_->Set(box)) window().PaintAtOnce();
+    if (drawing_->Set(box, window().Scale())) window().PaintAtOnce();
   }
 
   DrawingWidget* drawing_;

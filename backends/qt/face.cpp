@@ -66,9 +66,9 @@ void Face::Sync() {
   Control* shown = control();
   if (shown == nullptr) return;
   shown->Dirty = false;
-  const QRect place = look::Pixels(*shown);
+  const QRect place = look::Pixels(*shown, window_.Scale());
   if (widget_->geometry() != place) widget_->setGeometry(place);
-  const QFont font = look::FontOf(shown->FontSize, shown->FontBold);
+  const QFont font = look::FontOf(shown->FontSize, shown->FontBold, window_.Scale());
   if (widget_->font() != font) widget_->setFont(font);
   const QString tip = look::Tip(look::FromText(shown->ToolTipText));
   if (widget_->toolTip() != tip) widget_->setToolTip(tip);

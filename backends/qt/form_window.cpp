@@ -21,7 +21,6 @@ namespace vantora {
 namespace {
 
 constexpr int kPaintMs = 12;  // between two paints of a window whose controls change all the time
-constexpr int kTwipsPerPixel = 15;
 
 class Counted {
  public:
@@ -77,6 +76,10 @@ FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host)
     paintDue_ = true;
     QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
   });
+  connect(screen(), &QScreen::availableGeometryChanged, this, [this] {
+    if (form_ != nullptr) form_->Window.MarkDirty();
+  });
+  if (form.HasBorder) border_ = host.Border();
   form.Window.Dirty = true;
   Reconcile();
   for (Control* control : form.Controls) control->Dirty = true;
@@ -209,49 +212,6 @@ void FormWindow::Sync() {
     control->Dirty = false;
   }
   if (replaced) OrderFocus();
-}
-
-void FormWindow::ApplyFrame() {
-  Form::Frame& frame = form_->Window;
-  frame.Dirty = false;
-  const QString title = look::FromText(form_->Caption);
-  setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
-  const QRect place = look::Pixels(frame);
-  FillScreen(place);
-  if (size() != place.size() && !place.isEmpty()) setFixedSize(place.size());
-  if (place.topLeft() != place_) {
-    place_ = place.topLeft();
-    move(place_);
-  } else if (place_.isNull() && !isVisible()) {
-    move(screen()->geometry().center() - rect().center());  // it has named no place
-  }
-  ApplyGround(frame.BackColor == kTransparent ? look::kGround : frame.BackColor());
-}
-
-void FormWindow::ApplyGround(Color back) {
-  const QPixmap picture = form_->Picture().empty() ? QPixmap()
-                                                   : host_.ThePictures().Get(form_->Picture, size(),
-                                                                             devicePixelRatioF());
-  const QColor colour = look::Of(back);
-  if (picture.cacheKey() == ground_.cacheKey() && colour == palette().color(QPalette::Window)) {
-    return;
-  }
-  ground_ = picture;
-  QPalette colours = palette();
-  colours.setColor(QPalette::Window, colour);
-  setPalette(colours);
-  update();
-}
-
-// A window manager would keep a window as large as the screen clear of its bars.
-void FormWindow::FillScreen(const QRect& place) {
-  const bool fills = !form_->HasBorder && place == screen()->geometry();
-  if (fills != isFullScreen()) setWindowState(windowState() ^ Qt::WindowFullScreen);
-}
-
-void FormWindow::Restore() {
-  setWindowState(windowState() & ~Qt::WindowMinimized);
-  show();
 }
 
 // ---- focus ----
@@ -482,6 +442,7 @@ void FormWindow::mouseMoveEvent(QMouseEvent* event) {
 bool FormWindow::event(QEvent* event) {
   switch (event->type()) {
     case QEvent::UpdateRequest:
+      LearnBorder();
       if (HoldPaint()) return true;
       break;
     case QEvent::WindowActivate:
@@ -536,17 +497,6 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   const bool always = form_ != nullptr && form_->CloseWhileDisabled && !host_.Blocked(*form_);
   if (always || !Refused()) Handle([this] { form_->Form_Close(); });
-}
-
-void FormWindow::moveEvent(QMoveEvent* /*event*/) {
-  if (form_ == nullptr || syncing_ || !isVisible() || isMinimized()) return;
-  place_ = pos();
-  Form::Frame& frame = form_->Window;
-  const bool wasDirty = frame.Dirty, formWasDirty = form_->Dirty;
-  frame.Left = place_.x() * kTwipsPerPixel;
-  frame.Top = place_.y() * kTwipsPerPixel;
-  frame.Dirty = wasDirty;
-  form_->Dirty = formWasDirty;
 }
 
 }  // namespace vantora

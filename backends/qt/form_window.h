@@ -3,6 +3,7 @@
 #pragma once
 
 #include "backends/qt/face.h"
+#include "backends/qt/fit.h"
 #include "backends/qt/window_host.h"
 
 #include <QElapsedTimer>
@@ -38,6 +39,8 @@ class FormWindow final : public QWidget {
   void OrderFocus();                         // after TabIndex
   bool Holds(const Control& control) const;  // others lie in it
   bool Pressed(const Face& face) const { return pressed_ == &face; }
+  double Scale() const { return scale_; }   // of what is shown to the form's own pixels
+  void StandOver(const FormWindow& owner);  // its middle over the owner's
   void PaintAtOnce();    // what a person waits for, however short the last paint lies back
   void Restore();        // after it was minimized
   bool Refused() const;  // no input: disabled, behind a modal window or without a form
@@ -58,7 +61,11 @@ class FormWindow final : public QWidget {
  private:
   void ApplyFrame();
   void ApplyGround(Color back);
-  void FillScreen(const QRect& place);
+  bool FillScreen(const QRect& place);
+  void Stand(const QPoint& middle);
+  void Resize(const Fit& fit);
+  void TellPlace();
+  void LearnBorder();
   void Reconcile();
   void AddFace(Control& control);
   void DropFace(Control* control);
@@ -83,7 +90,13 @@ class FormWindow final : public QWidget {
   const Face* pressed_ = nullptr;  // took the press that has not been let go
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
-  QPoint place_;                    // where the form last said that it stands
+  QPoint place_;   // where the form last said, or was told, that it stands
+  QPoint middle_;  // of the place that was wanted last
+  double scale_ = 1;
+  QSize natural_;    // what was fitted last
+  QRect room_;       // into which; null before the first time
+  QMargins border_;  // the desktop's, a guess at first
+  bool borderKnown_ = false;
   const Control* focus_ = nullptr;  // was told that it has the focus; may be gone
   QPoint lastTouch_;
   QPoint dragStart_;  // of a window without a border that is moved by its ground

@@ -206,12 +206,13 @@ class OpenList final : public QListWidget {
 // belongs in sight, and its tooltip tells all of it.
 class LineDelegate final : public QStyledItemDelegate {
  public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  LineDelegate(const FormWindow& window, QObject* parent)
+      : QStyledItemDelegate(parent), window_(window) {}
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     const int needed = QStyledItemDelegate::sizeHint(option, index).height();
-    const bool small = option.fontMetrics.height() <= look::Pixels(kListLine);
-    return {1, small ? look::Pixels(kListLine) : needed};
+    const int line = look::Pixels(kListLine, window_.Scale());
+    return {1, option.fontMetrics.height() <= line ? line : needed};
   }
 
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
@@ -221,6 +222,9 @@ class LineDelegate final : public QStyledItemDelegate {
     QToolTip::showText(event->globalPos(), look::Tip(index.data().toString()), view);
     return true;
   }
+
+ private:
+  const FormWindow& window_;
 };
 
 class ListFace final : public Face {
@@ -251,7 +255,7 @@ class ListFace final : public Face {
     list_->setSelectionMode(box.MultiSelect ? QAbstractItemView::ExtendedSelection
                                             : QAbstractItemView::SingleSelection);
     list_->setUniformItemSizes(true);
-    list_->setItemDelegate(new LineDelegate(list_));
+    list_->setItemDelegate(new LineDelegate(window, list_));
     list_->setTextElideMode(Qt::ElideMiddle);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QObject::connect(list_->verticalScrollBar(), &QScrollBar::valueChanged, list_, [this](int top) {

@@ -43,20 +43,22 @@ void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
 void LevelBars::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), QColor(12, 14, 24));
-  const QRect inner = rect().adjusted(3, 3, -3, -3);
+  const int margin = std::min(3, std::min(width(), height()) * 3 / 10);  // narrow in a narrow one
+  const QRect inner = rect().adjusted(margin, margin, -margin, -margin);
   // A tall meter is a wide one on its side.
   const bool tall = height() > width();
   if (tall) {
     painter.translate(0, height());
     painter.rotate(-90);
   }
-  const QRect lying = tall ? QRect(3, 3, inner.height(), inner.width()) : inner;
+  const QRect lying = tall ? QRect(margin, margin, inner.height(), inner.width()) : inner;
   if (shown_ != Ears::Both) {
     return PaintRow(painter, lying, shown_ == Ears::Left ? left_ : right_);
   }
-  const int half = (lying.height() - 2) / 2;
+  const int gap = std::min(2, lying.height() / 4);
+  const int half = (lying.height() - gap) / 2;
   PaintRow(painter, QRect(lying.left(), lying.top(), lying.width(), half), left_);
-  PaintRow(painter, QRect(lying.left(), lying.top() + half + 2, lying.width(), half), right_);
+  PaintRow(painter, QRect(lying.left(), lying.top() + half + gap, lying.width(), half), right_);
 }
 
 void LevelBars::PaintRow(QPainter& painter, const QRect& row, int peak) const {

@@ -63,22 +63,32 @@ QColor Of(Color color) {
                 static_cast<int>(color & 255U));
 }
 
-QFont FontOf(int points, bool bold) {
+QFont FontOf(int points, bool bold, double scale) {
+  constexpr double kPixelsPerPoint = 96.0 / 72.0;
+  constexpr int kLeastPixels = 6, kLeastScaled = 4;
+  const double full =
+      std::max(kLeastPixels, static_cast<int>(std::lround(points * kPixelsPerPoint)));
+  const double wanted = full * scale;
+  const int pixels = std::max(kLeastScaled, static_cast<int>(std::lround(wanted)));
   QFont font;
   font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
-  font.setPixelSize(std::max(6, static_cast<int>(std::lround(points * 96.0 / 72.0))));
+  font.setPixelSize(pixels);
   font.setBold(bold);
+  if (pixels > wanted) font.setStretch(static_cast<int>(100 * wanted / pixels));
   return font;
 }
 
-int Pixels(int twips) {
-  return static_cast<int>(std::lround(static_cast<double>(twips) / kTwipsPerPixel));
+int Pixels(int twips, double scale) {
+  return static_cast<int>(std::lround(twips * scale / kTwipsPerPixel));
 }
 
-QRect Pixels(const Control& control) {
-  const int left = Pixels(control.Left), top = Pixels(control.Top);
-  return QRect(left, top, Pixels(control.Left + control.Width) - left,
-               Pixels(control.Top + control.Height) - top);
+QRect Pixels(const Control& control, double scale) {
+  const int left = Pixels(control.Left, scale), top = Pixels(control.Top, scale);
+  const auto length = [scale](int from, int twips) {
+    const int pixels = Pixels(from + twips, scale) - Pixels(from, scale);
+    return pixels == 0 && scale < 1 && Pixels(twips) > 0 ? 1 : pixels;
+  };
+  return QRect(left, top, length(control.Left, control.Width), length(control.Top, control.Height));
 }
 
 QString Tip(const QString& words) {

@@ -28,10 +28,14 @@ inline constexpr Color kEdge = Rgb(112, 118, 168);
 
 QString FromText(const Text& text);
 Text ToText(const QString& text);
-QColor Of(Color color);                // invisible for kTransparent
-QFont FontOf(int points, bool bold);   // at 96 dots an inch, whatever the screen says
-QRect Pixels(const Control& control);  // edges are rounded, so that neighbours meet
-int Pixels(int twips);
+QColor Of(Color color);  // invisible for kTransparent
+// At 96 dots an inch, whatever the screen says. Scaled down, words take no more of their place than
+// at full size, though letters come in whole pixels only.
+QFont FontOf(int points, bool bold, double scale = 1);
+// Edges are rounded, so that neighbours meet; what is seen at full size stays a pixel wide at
+// least.
+QRect Pixels(const Control& control, double scale = 1);
+int Pixels(int twips, double scale = 1);
 // A caption without the "&" that marks a letter, which no window uses.
 QString Tip(const QString& words);  // as a tooltip shows them, and not as rich text
 QString Plain(const Text& caption);

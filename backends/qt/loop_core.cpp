@@ -5,6 +5,7 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QIcon>
+#include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
@@ -61,6 +62,13 @@ FormWindow* QtEventLoop::Core::WindowOf(const Form& form) const {
   return found == windows_.end() ? nullptr : found->second;
 }
 
+QRect QtEventLoop::Core::Room(const QWidget& window) const {
+  Display* stage = loop_.Stage;
+  if (stage == nullptr) return window.screen()->availableGeometry();
+  return {0, 0, static_cast<int>(stage->Width() / stage->TwipsPerPixelX()),
+          static_cast<int>(stage->Height() / stage->TwipsPerPixelY())};
+}
+
 FormWindow& QtEventLoop::Core::Ensure(Form& form) {
   FormWindow*& window = windows_[&form];
   if (window == nullptr) window = new FormWindow(form, *this);
@@ -82,6 +90,8 @@ void QtEventLoop::Core::Present(Form& form, bool modal) {
   if (!window.isVisible() && window.windowHandle() != nullptr) {
     window.windowHandle()->setTransientParent(behind == nullptr ? nullptr : behind->windowHandle());
   }
+  if (!window.isVisible() && behind != nullptr) window.StandOver(*behind);
+  window.Sync();
   SetVisible(form, true);
   minimized_.erase(&form);
   std::erase(stack_, &form);

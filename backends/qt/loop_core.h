@@ -48,6 +48,8 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   void Activated() override { activation_.start(); }
   void Restored(Form& form) override;
   void Painted() override { ++paints; }
+  QRect Room(const QWidget& window) const override;
+  QMargins& Border() override { return border_; }
   Text PathOfFile(const QString& file) const override;
   Pictures& ThePictures() override { return pictures_; }
 
@@ -95,6 +97,7 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   const Form* told_ = nullptr;    // was told last that it is in front
   const Form* menuOwner_ = nullptr;
   QTimer wake_, activation_;
+  QMargins border_ = {0, 30, 0, 0};
   QElapsedTimer away_;  // another program is in front
   QElapsedTimer sinceAsked_;
   int depth_ = 0;  // handlers that are running

@@ -17,7 +17,7 @@ void Paint(QPainter& painter, Pictures& pictures, const ShownPicture& shown, con
     painter.drawPixmap(0, 0, pictures.Get(shown.Picture, all.size(), density, shown.Part));
   }
   if (shown.Icon.empty()) return;
-  QSize size = pictures.NaturalSize(shown.Icon);
+  QSize size = pictures.NaturalSize(shown.Icon) * shown.IconScale;
   if (size.isEmpty()) return;  // a missing icon leaves the button's own picture readable
   if (size.width() > all.width() || size.height() > all.height()) {
     size.scale(all.size(), Qt::KeepAspectRatio);

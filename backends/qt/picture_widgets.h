@@ -14,6 +14,7 @@ namespace vantora {
 struct ShownPicture {
   Text Picture, Icon;  // blank: none
   Pictures::Part Part;
+  double IconScale = 1;
 };
 
 class PictureWidget final : public QWidget {

@@ -1,5 +1,7 @@
 #include "backends/qt/qt_display.h"
 
+#include "backends/qt/fit.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -8,13 +10,18 @@ namespace vantora {
 int QtDisplay::Width() {
   if (pixelWidth_ > 0) return pixelWidth_ * kTwipsPerPixel;
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return (screen == nullptr ? 0 : screen->size().width()) * kTwipsPerPixel;
+  return screen == nullptr ? 0 : ScreenPixels(screen->size().width(), Scale()) * kTwipsPerPixel;
 }
 
 int QtDisplay::Height() {
   if (pixelHeight_ > 0) return pixelHeight_ * kTwipsPerPixel;
   const QScreen* screen = QGuiApplication::primaryScreen();
-  return (screen == nullptr ? 0 : screen->size().height()) * kTwipsPerPixel;
+  return screen == nullptr ? 0 : ScreenPixels(screen->size().height(), Scale()) * kTwipsPerPixel;
+}
+
+double QtDisplay::Scale() {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  return pixelWidth_ > 0 || screen == nullptr ? 1 : screen->devicePixelRatio();
 }
 
 int QtDisplay::BitsPerPixel() {

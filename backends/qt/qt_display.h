@@ -1,4 +1,4 @@
-// The screen that the windows stand on, 15 twips to a pixel of the desktop's own scale.
+// The screen that the windows stand on, 15 twips to one of its own pixels.
 #pragma once
 
 #include "platform/display.h"
@@ -14,6 +14,7 @@ class QtDisplay final : public Display {
 
   int Width() override;
   int Height() override;
+  double Scale() override;
   double TwipsPerPixelX() override { return kTwipsPerPixel; }
   double TwipsPerPixelY() override { return kTwipsPerPixel; }
   int BitsPerPixel() override;

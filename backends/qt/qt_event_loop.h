@@ -9,6 +9,7 @@
 // from another window or another program.
 #pragma once
 
+#include "platform/display.h"
 #include "platform/event_loop.h"
 
 #include <cstdint>
@@ -55,6 +56,9 @@ class QtEventLoop final : public EventLoop {
   // How the program writes the path of a file that is dragged over a window; when nothing is set,
   // as the system does.
   std::function<Text(const std::string& file)> PathOfFile;
+
+  // The screen whose size the windows fit into instead of the real one's.
+  Display* Stage = nullptr;
 
   // ---- for hands and tests ----
 

@@ -13,7 +13,8 @@ namespace vantora {
 
 namespace {
 
-constexpr int kKnobPixels = 12, kGroovePixels = 4;
+constexpr double kKnobPixels = 12, kKnobShare = 0.75;  // at most, and of the slider's breadth
+constexpr int kGroovePixels = 4;
 
 }  // namespace
 
@@ -25,6 +26,7 @@ void SliderWidget::Set(const Slider& slider) {
   const bool downwards = slider.Vertical && !slider.Upwards;
   scale_ = SliderScale::Of(slider);
   fader_ = dynamic_cast<const FaderKnob*>(&slider) != nullptr;
+  track_ = slider.Height;
   setOrientation(slider.Vertical ? Qt::Vertical : Qt::Horizontal);
   setInvertedAppearance(downwards);
   setInvertedControls(downwards);
@@ -42,7 +44,9 @@ int SliderWidget::ValueAt(const QPointF& place) const {
 }
 
 KnobTravel SliderWidget::Travel() const {
-  return {height(), look::Pixels(FaderKnob::kKnobHeight), maximum()};
+  // As large a share of the track as in the model, also in a window that is scaled down.
+  const int knob = track_ > 0 ? height() * FaderKnob::kKnobHeight / track_ : 0;
+  return {height(), knob, maximum()};
 }
 
 void SliderWidget::mousePressEvent(QMouseEvent* event) {
@@ -83,8 +87,12 @@ void SliderWidget::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+double SliderWidget::Knob() const {
+  return std::min(kKnobPixels, kKnobShare * std::min(width(), height()));
+}
+
 double SliderWidget::KnobAt(int value, double length) const {
-  return kKnobPixels / 2.0 + (length - kKnobPixels) * scale_.ShareOf(value);
+  return Knob() / 2 + (length - Knob()) * scale_.ShareOf(value);
 }
 
 void SliderWidget::PaintGroove(QPainter& painter, double length, double thick) const {
@@ -143,7 +151,7 @@ void SliderWidget::paintEvent(QPaintEvent* /*event*/) {
   PaintGroove(painter, length, thick);
   const double tall = std::min(thick - 2, 22.0);
   const QRect handle =
-      QRectF(KnobAt(value(), length) - kKnobPixels / 2.0, (thick - tall) / 2, kKnobPixels, tall)
+      QRectF(KnobAt(value(), length) - Knob() / 2, (thick - tall) / 2, Knob(), tall)
           .toAlignedRect();
   look::DrawPanel(painter, handle, isSliderDown());
   if (hasFocus()) look::DrawFocusRing(painter, handle.adjusted(-1, -1, 1, 1));

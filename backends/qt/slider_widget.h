@@ -28,11 +28,13 @@ class SliderWidget final : public QSlider {
   int ValueAt(const QPointF& place) const;
   KnobTravel Travel() const;
   void PaintFader(QPainter& painter) const;
+  double Knob() const;                            // its length
   double KnobAt(int value, double length) const;  // its middle
   void PaintGroove(QPainter& painter, double length, double thick) const;
 
   SliderScale scale_;
   bool fader_ = false;  // gripped at its knob
+  int track_ = 0;  // of a fader, in twips
   int grip_ = 0;        // of the knob, below its upper edge; pixels
 };
 

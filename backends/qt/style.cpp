@@ -30,6 +30,13 @@ constexpr Color kEdgeOff = Rgb(67, 72, 107);
 constexpr Color kSelectedBehind = Rgb(201, 165, 103);
 constexpr Color kBarGround = Rgb(27, 31, 48);
 
+// The letters of a window that is scaled down are smaller, and so is the room round them.
+int Beside(int pixels, const QWidget* widget) {
+  constexpr int kSmallest = 11;  // letters at full size, pixels
+  const int letters = widget == nullptr ? kSmallest : widget->font().pixelSize();
+  return letters <= 0 || letters >= kSmallest ? pixels : std::max(1, pixels * letters / kSmallest);
+}
+
 QPalette::ColorGroup GroupOf(const QStyleOption& option) {
   if (!option.state.testFlag(QStyle::State_Enabled)) return QPalette::Disabled;
   return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
@@ -270,8 +277,9 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
 
 void Style::DrawChoiceWords(const QStyleOptionComboBox& option, QPainter& painter,
                             const QWidget* widget) const {
-  const QRect room = subControlRect(CC_ComboBox, &option, SC_ComboBoxEditField, widget)
-                         .adjusted(kWordsMargin, 0, -kWordsMargin, 0);
+  const QRect room =
+      subControlRect(CC_ComboBox, &option, SC_ComboBoxEditField, widget)
+          .adjusted(Beside(kWordsMargin, widget), 0, -Beside(kWordsMargin, widget), 0);
   const QString words =
       option.fontMetrics.elidedText(option.currentText, Qt::ElideRight, room.width());
   drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, option.palette,
@@ -293,14 +301,16 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
 QRect Style::subElementRect(SubElement element, const QStyleOption* option,
                             const QWidget* widget) const {
   if (element == SE_LineEditContents) {
-    return option->rect.adjusted(kFieldMargin, 1, -kFieldMargin, -1);
+    const int margin = Beside(kFieldMargin, widget);
+    return option->rect.adjusted(margin, 1, -margin, -1);
   }
   const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
   if (element != SE_ItemViewItemText || item == nullptr) {
     return QProxyStyle::subElementRect(element, option, widget);
   }
   QStyleOptionViewItem inner(*item);
-  inner.rect.adjust(kItemMarginX, kItemMarginY, -kItemMarginX, -kItemMarginY);
+  const int margin = Beside(kItemMarginX, widget);
+  inner.rect.adjust(margin, kItemMarginY, -margin, -kItemMarginY);
   return QProxyStyle::subElementRect(element, &inner, widget);
 }
 
@@ -310,7 +320,8 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
     return BarPart(*qstyleoption_cast<const QStyleOptionSlider*>(option), part);
   }
   if (control == CC_ComboBox && part == SC_ComboBoxEditField) {
-    return option->rect.adjusted(kFieldMargin, 1, -kFieldMargin - kArrowWidth, -1);
+    const int margin = Beside(kFieldMargin, widget);
+    return option->rect.adjusted(margin, 1, -margin - kArrowWidth, -1);
   }
   return QProxyStyle::subControlRect(control, option, part, widget);
 }
@@ -319,16 +330,23 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
                               const QWidget* widget) const {
   const QSize needed = QProxyStyle::sizeFromContents(type, option, size, widget);
   if (type != CT_ItemViewItem) return needed;
-  return needed + QSize(2 * kItemMarginX, 2 * kItemMarginY);
+  return needed + QSize(2 * Beside(kItemMarginX, widget), 2 * kItemMarginY);
 }
 
 int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
                        const QWidget* widget) const {
   switch (metric) {
     case PM_ScrollBarExtent:
-      return kBarWidth;
+      return Beside(kBarWidth, widget);
+    case PM_FocusFrameHMargin:  // of the words of a list's line
+      return Beside(QProxyStyle::pixelMetric(metric, option, widget), widget);
     case PM_ScrollBarSliderMin:
       return kLeastHandle;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return Beside(QProxyStyle::pixelMetric(metric, option, widget), widget);
     default:
       return QProxyStyle::pixelMetric(metric, option, widget);
   }

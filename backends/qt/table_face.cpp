@@ -36,9 +36,12 @@ class HeadWidget final : public QHeaderView {
   }
 
   QSize sizeHint() const override {
-    const double line = font().pixelSize() * kLineShare;
-    return {0, static_cast<int>(std::lround(line)) + 2 * kHeadMargin};
+    const double line = Full.pixelSize() * kLineShare;
+    return {0, Scaled(std::lround(line) + 2 * kHeadMargin)};
   }
+
+  QFont Full;  // its font, not scaled
+  double Scale = 1;
 
  protected:
   void paintSection(QPainter* painter, const QRect& rect, int section) const override {
@@ -47,14 +50,16 @@ class HeadWidget final : public QHeaderView {
     option.rect = rect;
     style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
     const QString words = model()->headerData(section, Qt::Horizontal).toString();
-    DrawWords(
-        *painter, pictures_,
-        {words, font(), palette().color(QPalette::ButtonText),
-         rect.adjusted(kHeadMargin, 0, -kHeadMargin, 0), Qt::AlignLeft | Qt::AlignVCenter, false},
-        devicePixelRatioF());
+    DrawWords(*painter, pictures_,
+              {words, Full, palette().color(QPalette::ButtonText),
+               rect.adjusted(Scaled(kHeadMargin), 0, -Scaled(kHeadMargin), 0),
+               Qt::AlignLeft | Qt::AlignVCenter, false, Scale},
+              devicePixelRatioF());
   }
 
  private:
+  int Scaled(long pixels) const { return static_cast<int>(static_cast<double>(pixels) * Scale); }
+
   Pictures& pictures_;
 };
 
@@ -124,8 +129,11 @@ class TableFace final : public Face {
 
  private:
   TableFace(ListView& list, FormWindow& window, TableWidget* table)
-      : Face(list, window, table), table_(table), rows_(new RowsModel(table)) {
-    table_->setHeader(new HeadWidget(window.host().ThePictures(), table_));
+      : Face(list, window, table),
+        table_(table),
+        rows_(new RowsModel(table)),
+        head_(new HeadWidget(window.host().ThePictures(), table)) {
+    table_->setHeader(head_);
     table_->setModel(rows_);
     SetSurface(table_->viewport());
     table_->setRootIsDecorated(false);
@@ -194,6 +202,8 @@ class TableFace final : public Face {
   void Apply(Control& control) override {
     auto& list = static_cast<ListView&>(control);
     look::InkField(*table_, list);
+    head_->Full = look::FontOf(list.FontSize, list.FontBold);
+    head_->Scale = window().Scale();
     table_->setAcceptDrops(list.OLEDragOver || list.OLEDragDrop);
     ApplyColumns(list);
     if (rows_->SetRows(list.ListItems)) table_->viewport()->update();
@@ -205,7 +215,7 @@ class TableFace final : public Face {
     std::vector<int> widths;
     for (const ListView::Column& column : list.Columns()) {
       heads << look::FromText(column.Header);
-      widths.push_back(look::Pixels(column.Width));
+      widths.push_back(look::Pixels(column.Width, window().Scale()));
     }
     table_->setHeaderHidden(heads.isEmpty());
     rows_->SetHeads(heads);
@@ -238,6 +248,7 @@ class TableFace final : public Face {
 
   TableWidget* table_;
   RowsModel* rows_;
+  HeadWidget* head_;
   std::vector<int> widths_;
   int row_ = -1;  // where the mouse was pressed
   bool changed_ = false;

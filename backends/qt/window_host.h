@@ -5,6 +5,11 @@
 
 #include "platform/event_loop.h"
 
+#include <QMargins>
+#include <QRect>
+
+class QWidget;
+
 namespace vantora {
 
 class FormWindow;
@@ -18,6 +23,8 @@ class WindowHost {
   virtual void Activated() = 0;                                   // some window got the focus
   virtual void Restored(Form& form) = 0;                          // it was minimized
   virtual void Painted() = 0;
+  virtual QRect Room(const QWidget& window) const = 0;  // that windows have on its screen
+  virtual QMargins& Border() = 0;  // that the desktop puts round a window; a guess at first
   virtual Text PathOfFile(const QString& file) const = 0;  // as the program writes it
   virtual Pictures& ThePictures() = 0;
 };

@@ -12,19 +12,24 @@ namespace vantora {
 
 namespace {
 
-void Draw(QPainter& painter, const WordsLook& look, const QRect& place) {
+void Draw(QPainter& painter, const WordsLook& look, const QRect& shown) {
+  painter.save();
+  painter.scale(look.Scale, look.Scale);
+  const QRectF place(QPointF(shown.topLeft()) / look.Scale, QSizeF(shown.size()) / look.Scale);
   painter.setFont(look.Font);
   painter.setPen(look.Ink);
   if (look.Wrap) {
     QTextOption option(look.Align);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // paths have no blanks
-    painter.drawText(QRectF(place), look.Words, option);
-    return;
+    painter.drawText(place, look.Words, option);
+  } else {
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int width = static_cast<int>(place.width());
+    QStringList lines = look.Words.split(u'\n');
+    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, width);
+    painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
   }
-  const QFontMetrics metrics = painter.fontMetrics();
-  QStringList lines = look.Words.split(u'\n');
-  for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, place.width());
-  painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
+  painter.restore();
 }
 
 // All that the picture of the words depends on but the fonts' files.
@@ -36,7 +41,7 @@ QString KeyOf(const WordsLook& look, double density) {
         std::int64_t{look.Align.toInt()}, std::int64_t{look.Wrap}, std::int64_t{look.Ink.rgba()}}) {
     key += u'|' + QString::number(number);
   }
-  return key + u'|' + QString::number(density);
+  return key + u'|' + QString::number(density) + u'|' + QString::number(look.Scale);
 }
 
 }  // namespace

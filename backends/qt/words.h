@@ -14,11 +14,12 @@ namespace vantora {
 
 struct WordsLook {
   QString Words;  // a line that is too long loses its end
-  QFont Font;
+  QFont Font;     // of full size
   QColor Ink;
   QRect Place;  // pixels
   Qt::Alignment Align = Qt::AlignLeft | Qt::AlignTop;
   bool Wrap = false;
+  double Scale = 1;  // of the words; they break and end where they do at full size
 };
 
 void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density);

@@ -133,6 +133,17 @@ TEST_F(Stage, ACaptionGoesDimWithItsButtonAndNoStrayKeyPressesAButtonThatWaits) 
   Play(form);
 }
 
+TEST_F(Stage, TheTabKeyPassesAButtonThatTakesNoFocus) {
+  FullForm form(loop);
+  form.FirstFocus = false;
+  form.imgButton.TabStop = false;
+  person.Then([&] { hands.Key(form, L"Tab"); }).Then([&] { hands.Key(form, L"Return"); }).Then([&] {
+    hands.Press(form.imgButton);
+  });
+  Play(form);
+  EXPECT_EQ(form.Log, (Log{"activate", "plain", "button 1"}));
+}
+
 TEST_F(Stage, EscapeReachesADisabledWindowThatAsksForItAndNoOtherKeyDoes) {
   FullForm form(loop);
   std::vector<int> told;
@@ -409,11 +420,12 @@ TEST_F(Stage, OnlyWhatLooksDifferentIsPaintedAndADrawingAtOnce) {
   EXPECT_EQ(paint(), 1);
 }
 
-TEST_F(Stage, AFrameOfTheScreensSizeFillsItAndStillDoesWhenItComesBack) {
+TEST_F(Stage, AWindowThatFillsTheScreenStillDoesWhenItComesBack) {
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   TestForm form(loop);
   Place(form.Window, 0, 0, screen.width() * 15, screen.height() * 15);
   form.HasBorder = false;
+  form.FillsScreen = true;
   const auto look = [&] {
     const QWidget* window = Find("frmTest");
     ASSERT_NE(window, nullptr);

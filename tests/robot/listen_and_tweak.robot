@@ -1,6 +1,6 @@
 # A range is heard, in a loop, wound and zoomed, while effects come and go under the fingers.
 home home
-screen 1024 768
+screen 1024 600
 setting Show_Start_Assistant 0
 makewave C:\m\azul.wav 60 330
 start
