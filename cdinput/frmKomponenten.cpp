@@ -175,9 +175,8 @@ Text frmKomponenten::ImageFehler() const {
   const SheetFault fehler = CD.Fault();
   if (fehler.Sheet.empty()) return Text();
   const Text stelle = fehler.Sheet + LoadResString(30071) + ZahlText(fehler.Line);
-  const Text text = fehler.File.empty()
-                        ? LoadResString(30070) + stelle + L"."
-                        : LoadResString(30072) + fehler.File + L" (" + stelle + L").";
+  Text text = fehler.File.empty() ? LoadResString(30070) + stelle + L"."
+                                  : LoadResString(30072) + fehler.File + L" (" + stelle + L").";
   prog.AppLog(L"CD_Check", text);
   return text;
 }

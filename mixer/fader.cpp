@@ -112,8 +112,7 @@ void Fader::UserControl_WriteProperties(PropertyBag& bag) const {
 }
 
 std::optional<Text> Fader::Read(const Text& property) const {
-  if (property == L"Drawn" || property == L"Picture") return PictureBox::Read(property);
-  if (const auto known = Control::Read(property)) return known;
+  if (std::optional<Text> known = PictureBox::Read(property)) return known;
   for (const Eigenschaft& e : Eigenschaften()) {
     if (e.Name == property) return e.Lesen(*this);
   }

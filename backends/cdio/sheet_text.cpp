@@ -60,8 +60,8 @@ std::string FromUtf16(const std::string& bytes, bool bigEndian) {
   std::string text;
   std::uint32_t high = 0;  // first half of a pair
   for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-    const auto first = static_cast<unsigned char>(bytes[at]);
-    const auto second = static_cast<unsigned char>(bytes[at + 1]);
+    const std::uint32_t first = static_cast<unsigned char>(bytes[at]);
+    const std::uint32_t second = static_cast<unsigned char>(bytes[at + 1]);
     const std::uint32_t unit = bigEndian ? first << 8U | second : second << 8U | first;
     if (unit == 0xFEFF) continue;
     if (unit >= 0xD800 && unit < 0xDC00) {

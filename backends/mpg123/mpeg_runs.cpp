@@ -42,7 +42,8 @@ class Bytes {
   }
   std::uint32_t Number(std::int64_t place) {
     const unsigned char* b = At(place, 4);
-    return b == nullptr ? 0U : std::uint32_t{b[0]} << 24U | b[1] << 16U | b[2] << 8U | b[3];
+    if (b == nullptr) return 0;
+    return unsigned{b[0]} << 24U | unsigned{b[1]} << 16U | unsigned{b[2]} << 8U | unsigned{b[3]};
   }
 
  private:

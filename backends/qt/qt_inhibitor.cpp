@@ -66,7 +66,7 @@ class Held final : public Inhibition {
                        }
                      });
   }
-  static void Release(QDBusConnection bus, const Desk& desk, uint cookie) {
+  static void Release(const QDBusConnection& bus, const Desk& desk, uint cookie) {
     QDBusMessage call = Call(desk, desk.Release);
     call << cookie;
     bus.send(call);
