@@ -37,7 +37,7 @@ class HeadWidget final : public QHeaderView {
 
   QSize sizeHint() const override {
     const double line = Full.pixelSize() * kLineShare;
-    return {0, Scaled(std::lround(line) + 2 * kHeadMargin)};
+    return {0, Scaled(static_cast<int>(std::lround(line)) + 2 * kHeadMargin)};
   }
 
   QFont Full;  // its font, not scaled
