@@ -90,7 +90,7 @@ class FormWindow final : public QWidget {
   const Face* pressed_ = nullptr;  // took the press that has not been let go
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
-  QPoint place_;   // where the form last said, or was told, that it stands
+  QPoint place_;   // the form's place at the last exchange with it
   QPoint middle_;  // of the place that was wanted last
   double scale_ = 1;
   QSize natural_;    // what was fitted last

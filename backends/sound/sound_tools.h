@@ -1,5 +1,5 @@
 // The audio component set put together: own wave files, chains and filters, and players, devices
-// and a loudspeaker and an input from whoever has a sound card to offer.
+// and a loudspeaker and an input from the back end of the sound card.
 #pragma once
 
 #include "platform/edits.h"
