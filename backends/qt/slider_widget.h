@@ -34,7 +34,7 @@ class SliderWidget final : public QSlider {
 
   SliderScale scale_;
   bool fader_ = false;  // gripped at its knob
-  int track_ = 0;  // of a fader, in twips
+  int track_ = 0;       // of a fader, in twips
   int grip_ = 0;        // of the knob, below its upper edge; pixels
 };
 
