@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "app/zahlen.h"
 #include "tests/support/buehne.h"
+
+#include <cstring>
 
 namespace vantora {
 namespace {
@@ -21,9 +24,7 @@ class Extras : public ::testing::Test {
       dialog.pbButton_MouseUp(1);
     });
   }
-  Text Gespeichert(const Text& schluessel) {
-    return GetSetting(b.prog.plattform, schluessel, L"");
-  }
+  Text Gespeichert(const Text& schluessel) { return GetSetting(b.prog.plattform, schluessel, L""); }
   Buehne b;
 };
 
@@ -43,7 +44,9 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
       if (nummer != 0) b.Antwortet(kNein);
       f.cmdTempDirEdit_Click();
       ASSERT_EQ(b.Gesagt().size(), gesagt + (nummer == 0 ? 0 : 1));
-      if (nummer != 0) EXPECT_EQ(b.Gesagt().back(), b.prog.Text(nummer));
+      if (nummer != 0) {
+        EXPECT_EQ(b.Gesagt().back(), b.prog.Text(nummer));
+      }
       EXPECT_EQ(b.prog.Temporary_Directory.Getrimmt(), nummer == 0 ? L"C:\\Discoteca\\" : vorher);
     }
     // Typed folders go through the same tests at OK; what the settings cannot hold is not cut.
@@ -63,8 +66,16 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
 
 TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
   b.Start();
-  b.Katalog({L"a"});
-  b.prog.Katalog[1].Laenge = L"4560000";  // 76 minutes; the file keeps its stamp
+  // 76 minutes of silence that take no room on the disk.
+  constexpr std::uint32_t kBytes = 76 * 60 * 176400;
+  b.Wave(L"C:\\larga.wav", 132300);
+  std::string kopf = b.Lies(L"C:\\larga.wav").substr(0, 44);
+  const std::uint32_t groesse[] = {kBytes + 36, kBytes};
+  std::memcpy(&kopf[4], &groesse[0], sizeof groesse[0]);
+  std::memcpy(&kopf[40], &groesse[1], sizeof groesse[1]);
+  b.Datei(L"C:\\larga.wav", kopf);
+  std::filesystem::resize_file(b.prog.plattform.dateien.SystemPath(L"C:\\larga.wav"), kBytes + 44);
+  b.Haupt().Katalog_AddWaveFile(L"C:\\larga.wav", L"Larga");
   b.Haupt().KatalogShow();
   EXPECT_EQ(b.Haupt().lblKatalogLaenge.ForeColor(), Rgb(0, 255, 0));
   Offen([&](frmExtrasMenue& f) {
