@@ -15,6 +15,8 @@ class KatalogDienst {
   virtual void KatalogShow() = 0;
   // Plays a wave file as preview; an empty text stops.
   virtual void PlayWaveNormal(const Text& datei) = 0;
+  // The picture behind the window: the user's own where there is one, or none.
+  virtual void Hintergrund(bool zeigen) = 0;
   // Gives the window back to the user when the one in front of it closes.
   virtual void Freigeben() = 0;
 };

@@ -27,6 +27,7 @@ class frmLiedAusKatalog;
 class frmCDBrennen;
 class frmSchreibFortschritt;
 class frmLoadSave;
+class frmExtrasMenue;
 class frmStartAssistent;
 class frmMixer;
 class frmCDPlayer;
@@ -116,6 +117,7 @@ struct Programm : Dienste,
   Fenster<vantora::frmCDBrennen> frmCDBrennen{*this};
   Fenster<vantora::frmSchreibFortschritt> frmSchreibFortschritt{*this};
   Fenster<vantora::frmLoadSave> frmLoadSave{*this};
+  Fenster<vantora::frmExtrasMenue> frmExtrasMenue{*this};
   Fenster<vantora::frmStartAssistent> frmStartAssistent{*this};
   Fenster<vantora::frmMixer> frmMixer{*this};
   Fenster<vantora::frmCDPlayer> frmCDPlayer{*this};

@@ -165,7 +165,8 @@ void frmHauptForm::Form_Load() {
   ToolTipsSetzen(*this);
   Init_Prog();
   BildschirmPruefen();
-  if (!prog.BackgroundPic) Picture = L"";
+  grundbild_ = Picture;
+  Hintergrund(prog.BackgroundPic);
   for (const TabellenKnopf& eintrag : KnopfTabelle()) {
     eintrag.Knopf->PictureReleased = L"BUTTBLAUUNPRESSED";
     KnopfBild(*eintrag.Knopf);
@@ -209,6 +210,17 @@ void frmHauptForm::BildschirmPruefen() {
   if (prog.BildschirmBreite > 1024) {
     if (hoch || grosseSchrift) ablehnen(8083);
     GrossesLayout();
+  }
+}
+
+void frmHauptForm::Hintergrund(bool zeigen) {
+  const Text eigenes = AddBackslash(prog.AppPfad) + L"BackPic.jpg";
+  if (!zeigen) {
+    Picture = L"";
+  } else if (prog.DateiExistiert(eigenes)) {
+    Picture = prog.plattform.dateien.SystemPath(eigenes).wstring();
+  } else {
+    Picture = grundbild_;
   }
 }
 

@@ -97,6 +97,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
 
   // Plays a wave file as preview; an empty text stops.
   void PlayWaveNormal(const Text& datei) override;
+  void Hintergrund(bool zeigen) override;
   void Freigeben() override { Window.Enabled = true; }
 
   std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
@@ -151,6 +152,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   std::unique_ptr<MMWave> MMWaveFileX1;
 
  private:
+  Text grundbild_;  // the background without a picture of the user's own
   // start-up
   void BildschirmPruefen();
   void GrossesLayout();

@@ -10,6 +10,7 @@
 #include "catalog/katalog_datei.h"
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
+#include "dialogs/frmExtrasMenue.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "mixer/frmMixer.h"
 
@@ -28,7 +29,8 @@ void frmHauptForm::NochNicht() {
 }
 
 void frmHauptForm::imgExtras_MouseUp() {
-  NochNicht();
+  PlayWaveNormal(L"");
+  prog.ZeigeModal(prog.frmExtrasMenue.Laden());
 }
 void frmHauptForm::imgPrintCover_MouseUp() {
   NochNicht();

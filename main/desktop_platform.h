@@ -21,7 +21,7 @@ struct DesktopPlatform {
   explicit DesktopPlatform(const std::filesystem::path& resourceFolder)
       : places(PlacesOfUser()),
         loop(resourceFolder / "pictures", places.Cache / kDrawnPictures),
-        system(places, {ProgramVersion(), resourceFolder / "help"}),
+        system(places, {ProgramVersion(), resourceFolder / "help", "xdg-open", ComponentVersions()}),
         machine(places, resourceFolder, loop, background, sound),
         mmtools(loop, machine.files, machine.edits, machine.profiles,
                 {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop, volume); },

@@ -1,5 +1,7 @@
 #include "main/machine.h"
 
+#include "backends/burn/burn_library.h"
+#include "backends/cdio/drive_disc.h"
 #include "backends/linux/utf8.h"
 
 #include <algorithm>
@@ -66,6 +68,12 @@ std::filesystem::path ResourceFolder() {
 Text ProgramVersion() {
   constexpr std::string_view kVersion = VANTORA_VERSION;
   return {kVersion.begin(), kVersion.end()};
+}
+
+std::map<Text, Text> ComponentVersions() {
+  return {{L"wnaspi32.dll", BurnLibraryVersion()},
+          {L"winaspi.dll", DiscLibraryVersion()},
+          {L"iosubsys/apix.vxd", ProgramVersion()}};
 }
 
 }  // namespace vantora

@@ -28,6 +28,7 @@
 #include "platform/sound_output.h"
 
 #include <filesystem>
+#include <map>
 #include <vector>
 
 namespace vantora {
@@ -90,5 +91,9 @@ std::filesystem::path ResourceFolder();
 
 // "0.1.0", as the project states it.
 Text ProgramVersion();
+
+// What reaches discs, by the names of the drivers in whose place it stands: the library that writes
+// them, the one that reads them, and the embedded writer, which is as old as the program.
+std::map<Text, Text> ComponentVersions();
 
 }  // namespace vantora

@@ -42,6 +42,7 @@ struct StoryPlatform : World {
                    return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
                  },
                  sound, input}) {
+    system.FileVersions = ComponentVersions();
     if constexpr (requires { World::loop.Stage; }) World::loop.Stage = &display;
   }
 

@@ -3,6 +3,8 @@
 
 #include "platform/text.h"
 
+#include <filesystem>
+
 namespace vantora {
 
 class System {
@@ -20,6 +22,8 @@ class System {
   // Shows the help on a topic, the name of a window; its first page when the topic has none. False
   // when there is no help to show.
   virtual bool OpenHelp(const Text& file, const Text& topic) = 0;
+  // Shows a file in the viewer that the desktop has for it; false when there is none.
+  virtual bool OpenFile(const std::filesystem::path& file) = 0;
   virtual void OpenLink(const Text& address) = 0;
 };
 

@@ -41,6 +41,12 @@ std::vector<LibraryMessage> BurnLibrary::Messages() {
   return messages;
 }
 
+Text BurnLibraryVersion() {
+  int major = 0, minor = 0, micro = 0;
+  burn_version(&major, &minor, &micro);
+  return std::to_wstring(major) + L"." + std::to_wstring(minor) + L"." + std::to_wstring(micro);
+}
+
 Text FromLibrary(const std::string& words) {
   Text text;
   for (const char c : words) text += c < ' ' ? L' ' : static_cast<wchar_t>(c);

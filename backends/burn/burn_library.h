@@ -39,5 +39,6 @@ class BurnLibrary {
 };
 
 Text FromLibrary(const std::string& words);
+Text BurnLibraryVersion();  // "1.5.4"
 
 }  // namespace vantora

@@ -111,4 +111,10 @@ bool DriveDisc::ReadCarefully(int sector, int count, void* target) {
   return true;
 }
 
+Text DiscLibraryVersion() {
+  const std::string version = cdio_version_string;  // with the machine's kind behind a blank
+  const std::string number = version.substr(0, version.find(' '));
+  return {number.begin(), number.end()};
+}
+
 }  // namespace vantora

@@ -4,6 +4,8 @@
 
 #include "backends/cdio/disc.h"
 
+#include "platform/text.h"
+
 #include <cdio/cdio.h>
 #include <cdio/paranoia/cdda.h>
 #include <cdio/paranoia/paranoia.h>
@@ -12,6 +14,8 @@
 #include <string>
 
 namespace vantora {
+
+Text DiscLibraryVersion();  // of libcdio, "2.1.0"
 
 class DriveDisc final : public Disc {
  public:

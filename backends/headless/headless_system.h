@@ -20,6 +20,8 @@ class HeadlessSystem final : public System {
   std::map<Text, Text> FileVersions;              // by path
   std::vector<std::pair<Text, Text>> HelpOpened;  // file, topic
   std::vector<Text> LinksOpened;
+  bool Viewer = true;  // the desktop has one for files
+  std::vector<std::filesystem::path> FilesOpened;
 
   bool PrevInstance() override { return OtherInstance; }
   Text Path() override { return L"C:\\Vantora"; }
@@ -38,6 +40,11 @@ class HeadlessSystem final : public System {
   }
   bool OpenHelp(const Text& file, const Text& topic) override {
     HelpOpened.emplace_back(file, topic);
+    return true;
+  }
+  bool OpenFile(const std::filesystem::path& file) override {
+    if (!Viewer) return false;
+    FilesOpened.push_back(file);
     return true;
   }
   void OpenLink(const Text& address) override { LinksOpened.push_back(address); }

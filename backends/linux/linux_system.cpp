@@ -48,6 +48,15 @@ int LinuxSystem::VersionPart(int index) const {
   return rest ? static_cast<int>(std::wcstol(rest, nullptr, 10)) : 0;
 }
 
+Text LinuxSystem::FileVersion(const Text& path) {
+  const auto found = options_.Versions.find(LowerCase(path));
+  return found == options_.Versions.end() ? Text() : found->second;
+}
+
+bool LinuxSystem::OpenFile(const fs::path& file) {
+  return Show(file.string());
+}
+
 bool LinuxSystem::OpenHelp(const Text& /*file*/, const Text& topic) {
   std::error_code failed;
   fs::path page = options_.HelpFolder / "index.html";

@@ -9,6 +9,7 @@
 #include "platform/system.h"
 
 #include <filesystem>
+#include <map>
 #include <string>
 
 namespace vantora {
@@ -18,7 +19,10 @@ class LinuxSystem final : public System {
   struct Options {
     Text Version;                      // "0.1.0"
     std::filesystem::path HelpFolder;  // holds TOPIC.html, and index.html for no topic
-    std::string Opener = "xdg-open";   // shows a file or an address to the user
+    std::string Opener = "xdg-open";  // shows a file or an address to the user
+    // Of the components, by the names that the product knows them under, in small letters. Files of
+    // this system carry no version.
+    std::map<Text, Text> Versions{};
   };
   LinuxSystem(LinuxPlaces places, Options options);
 
@@ -28,9 +32,10 @@ class LinuxSystem final : public System {
   int Major() override { return VersionPart(0); }
   int Minor() override { return VersionPart(1); }
   int Revision() override { return VersionPart(2); }
-  bool CloseCdPlayer() override { return false; }                 // no such program on this system
-  Text FileVersion(const Text& /*path*/) override { return {}; }  // files here carry no version
+  bool CloseCdPlayer() override { return false; }  // no such program on this system
+  Text FileVersion(const Text& path) override;
   bool OpenHelp(const Text& file, const Text& topic) override;
+  bool OpenFile(const std::filesystem::path& file) override;
   void OpenLink(const Text& address) override;  // web and mail addresses; nothing else is opened
 
  private:

@@ -2,6 +2,7 @@
 
 #include "backends/qt/look.h"
 
+#include <QImageReader>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -19,6 +20,18 @@ constexpr const char* kWordsEnding = ".words";
 QPixmap Shown(QImage image, double density) {
   image.setDevicePixelRatio(density);
   return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion);
+}
+
+// At least as large as it is shown, as far as it has so many points: the reader leaves out what
+// nobody would see while it reads. Null for a file that is no picture.
+QImage Photo(const QString& file, QSize shown) {
+  QImageReader reader(file);
+  reader.setAutoTransform(true);
+  const QSize whole = reader.size();
+  if (whole.width() > shown.width() && whole.height() > shown.height()) {
+    reader.setScaledSize(whole.scaled(shown, Qt::KeepAspectRatioByExpanding));
+  }
+  return reader.read();
 }
 
 bool Opaque(const QImage& image) {
@@ -45,8 +58,9 @@ Pictures::Source& Pictures::Find(const Text& name) {
   const auto [entry, added] = sources_.try_emplace(name);
   Source& source = entry->second;
   if (!added) return source;
-  source.file = look::FromText(name) + QStringLiteral(".svg");
-  const std::string path = (folder_ / source.file.toStdString()).string();
+  source.photo = name.starts_with(L'/');
+  const std::string wanted = look::FromText(name).toStdString();
+  const std::string path = source.photo ? wanted : (folder_ / (wanted + ".svg")).string();
   source.file = QString::fromStdString(path);
   struct stat info {};
   if (::stat(path.c_str(), &info) != 0) return source;
@@ -56,7 +70,7 @@ Pictures::Source& Pictures::Find(const Text& name) {
 }
 
 QSvgRenderer* Pictures::Renderer(Source& source) {
-  if (source.read || source.stamp == 0) return source.renderer.get();
+  if (source.read || source.photo || source.stamp == 0) return source.renderer.get();
   source.read = true;
   auto renderer = std::make_unique<QSvgRenderer>(source.file);
   if (!renderer->isValid()) return nullptr;
@@ -82,7 +96,10 @@ QImage Pictures::Draw(Source& source, QSize size, double density, Part part) {
   image.setDevicePixelRatio(density);
   image.fill(Qt::transparent);
   QPainter painter(&image);
-  if (QSvgRenderer* renderer = Renderer(source)) {
+  if (const QImage photo = source.photo ? Photo(source.file, image.size()) : QImage();
+      !photo.isNull()) {
+    painter.drawImage(QRectF(QPointF(), size), photo);
+  } else if (QSvgRenderer* renderer = Renderer(source)) {
     const double whole = size.height() / part.Height;
     renderer->render(&painter, QRectF(0, -part.Top * whole, size.width(), whole));
   } else {

@@ -1,5 +1,6 @@
 // The pictures by resource name, drawn from SVG at the size and density that they are shown in, or
-// taken from those that an earlier run has drawn.
+// taken from those that an earlier run has drawn. A name that is a path of the system ("/home/...")
+// is a photograph of the user's, which fills its place.
 #pragma once
 
 #include "backends/qt/picture_store.h"
@@ -46,7 +47,8 @@ class Pictures {
  private:
   struct Source {
     QString file;
-    qint64 stamp = 0;  // changes with the file; 0 when it is missing
+    qint64 stamp = 0;    // changes with the file; 0 when it is missing
+    bool photo = false;  // a picture file of the user's, no drawing
     bool read = false;
     std::unique_ptr<QSvgRenderer> renderer;  // when it has been read and is none that is broken
   };

@@ -115,6 +115,9 @@ key frmDatenbank Escape
 press frmHauptForm.imgMixer
 shot frmMixer_@SIZE@.png
 key frmMixer Escape
+press frmHauptForm.imgExtras
+shot frmExtrasMenue_@SIZE@.png
+key frmExtrasMenue Escape
 disc insert "C:\Vantora\Discos\Disco 001.cue"
 press frmHauptForm.imgCDAuslesen
 wait 1500

@@ -1,0 +1,123 @@
+#include "dialogs/frmExtrasMenue.h"
+
+#include <gtest/gtest.h>
+
+#include "app/zahlen.h"
+#include "tests/support/buehne.h"
+
+#include <cstring>
+
+namespace vantora {
+namespace {
+
+class Extras : public ::testing::Test {
+ protected:
+  void Offen(const std::function<void(frmExtrasMenue&)>& was) {
+    b.Macht([was](Form& front) { was(dynamic_cast<frmExtrasMenue&>(front)); });
+    b.Tu([&] { b.Haupt().imgExtras_MouseUp(); });
+  }
+  // The file dialog takes what was typed into its name box.
+  void Getippt(const Text& name) {
+    b.Macht([name](Form& front) {
+      auto& dialog = dynamic_cast<frmLoadSave&>(front);
+      dialog.txtDateiName.Text = name;
+      dialog.pbButton_MouseUp(1);
+    });
+  }
+  Text Gespeichert(const Text& schluessel) { return GetSetting(b.prog.plattform, schluessel, L""); }
+  Buehne b;
+};
+
+TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
+  b.Start();
+  b.Datei(L"C:\\Discoteca\\a.txt", "x");
+  const Text vorher = b.prog.Temporary_Directory.Getrimmt();
+  const Text lang = L"C:\\" + Text(60, L'x') + L"\\" + Text(60, L'y');
+  b.prog.plattform.dateien.MkDir(lang);
+  Offen([&](frmExtrasMenue& f) {
+    for (const auto& [ordner, nummer] : {std::pair<Text, int>{L"D:\\Carpeta", 7004},
+                                         {L"C:\\No existe", 7006},
+                                         {lang + L"\\nuevo.txt", 7006},
+                                         {L"C:\\Discoteca\\a.txt", 0}}) {
+      const std::size_t gesagt = b.Gesagt().size();
+      Getippt(ordner);
+      if (nummer != 0) b.Antwortet(kNein);
+      f.cmdTempDirEdit_Click();
+      ASSERT_EQ(b.Gesagt().size(), gesagt + (nummer == 0 ? 0 : 1));
+      if (nummer != 0) {
+        EXPECT_EQ(b.Gesagt().back(), b.prog.Text(nummer));
+      }
+      EXPECT_EQ(b.prog.Temporary_Directory.Getrimmt(), nummer == 0 ? L"C:\\Discoteca\\" : vorher);
+    }
+    // Typed folders go through the same tests at OK; what the settings cannot hold is not cut.
+    f.txtWaveDir.Text = lang;
+    b.Antwortet(kNein);
+    f.imgOK_MouseUp();
+    EXPECT_EQ(b.Gesagt().back(), b.prog.Text(30171));
+    f.txtWaveDir.Text = L"Z:\\proc";
+    b.Antwortet(kNein);
+    f.imgOK_MouseUp();
+    EXPECT_NE(b.Gesagt().back(), b.prog.Text(30171));
+    EXPECT_TRUE(b.prog.frmExtrasMenue.Geladen());
+    f.imgAbbrechen_MouseUp();
+  });
+  EXPECT_EQ(Gespeichert(L"Temporary_Directory"), L"C:\\Discoteca\\");  // in spite of cancel
+}
+
+TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
+  b.Start();
+  // 76 minutes of silence that take no room on the disk.
+  constexpr std::uint32_t kBytes = 76 * 60 * 176400;
+  b.Wave(L"C:\\larga.wav", 132300);
+  std::string kopf = b.Lies(L"C:\\larga.wav").substr(0, 44);
+  const std::uint32_t groesse[] = {kBytes + 36, kBytes};
+  std::memcpy(&kopf[4], &groesse[0], sizeof groesse[0]);
+  std::memcpy(&kopf[40], &groesse[1], sizeof groesse[1]);
+  b.Datei(L"C:\\larga.wav", kopf);
+  std::filesystem::resize_file(b.prog.plattform.dateien.SystemPath(L"C:\\larga.wav"), kBytes + 44);
+  b.Haupt().Katalog_AddWaveFile(L"C:\\larga.wav", L"Larga");
+  b.Haupt().KatalogShow();
+  EXPECT_EQ(b.Haupt().lblKatalogLaenge.ForeColor(), Rgb(0, 255, 0));
+  Offen([&](frmExtrasMenue& f) {
+    f.optCDGroesse74.SetValue(true);
+    f.imgOK_MouseUp();
+  });
+  EXPECT_EQ(b.Haupt().lblKatalogLaenge.ForeColor(), Rgb(255, 0, 0));
+  EXPECT_EQ(Gespeichert(L"LängeCD"), L"74");
+}
+
+TEST_F(Extras, RoomIsSaidInTheLargestUnitAndAsTimeOfSound) {
+  b.Start();
+  Offen([&](frmExtrasMenue& f) {
+    const double frei = b.prog.FreierPlatz(b.prog.Wave_Export_Dir);
+    const double stunden = Val(f.lblDauer(1).Caption().substr(b.prog.Text(7605).size() + 3));
+    EXPECT_NEAR(stunden, frei / 176400 / 3600, 1);
+    EXPECT_NE(f.lblPlatzZahl(1).Caption().find(b.prog.Text(7604)), Text::npos);
+    f.imgAbbrechen_MouseUp();
+  });
+}
+
+TEST_F(Extras, TheProtocolOpensInTheViewerOrAMessageSaysWhyNot) {
+  b.Start();
+  b.Datei(L"C:\\Vantora\\VTRBurn.log", "x");
+  Offen([&](frmExtrasMenue& f) {
+    f.cmdShowOldLog_Click();
+    b.platform.system.Viewer = false;
+    b.Antwortet(kNein);
+    f.cmdShowOldLog_Click();
+    f.imgAbbrechen_MouseUp();
+  });
+  ASSERT_EQ(b.platform.system.FilesOpened.size(), 1U);
+  EXPECT_EQ(b.platform.system.FilesOpened[0].filename(), "VTRBurn.log");
+  EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8058));
+}
+
+TEST_F(Extras, ASpeedThatNoLineOfTheListHasStays) {
+  b.Start();
+  b.prog.BrennGeschwindigkeit = 16;
+  Offen([](frmExtrasMenue& f) { f.imgOK_MouseUp(); });
+  EXPECT_EQ(Gespeichert(L"Write_Speed"), L"16");
+}
+
+}  // namespace
+}  // namespace vantora

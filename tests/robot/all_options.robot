@@ -1,0 +1,88 @@
+# Every option is changed, kept over a restart, looked at and changed back; what is cancelled stays
+# as it was.
+home home
+screen 1024 768
+setting Show_Start_Assistant 0
+makewave "C:\Música\Azul oscuro.wav" 4 330
+start
+press frmHauptForm.imgExtras
+expect-window frmExtrasMenue
+expect frmExtrasMenue.optCDGroesse80.Value == True
+expect frmExtrasMenue.chkHintergrundBild.Value == 1
+expect frmExtrasMenue.chk3DAnalyse.Value == 0
+expect frmExtrasMenue.txtUndoMB.Text == 70
+expect frmExtrasMenue.lblBrennvorgaenge.Caption == "Operaciones: 0"
+expect frmExtrasMenue.lblPlatzZahl(0).Caption ~ "^[0-9]+(,[0-9]{3})*\.[0-9]{2} (bytes|Kb|Mb|Gb)$"
+expect frmExtrasMenue.lblDauer(1).Caption ~ "^Duración de la grabación:  = [0-9]{2,}:[0-5][0-9]:[0-5][0-9]$"
+expect frmExtrasMenue.lblAspiVersion(0).Caption ~ "^wnaspi32.dll: [0-9]+\.[0-9]+"
+press frmExtrasMenue.cmdShowOldLog
+expect-box ~ "ningún protocolo"
+answer 7
+press frmExtrasMenue.optCDGroesse74
+press frmExtrasMenue.chk3DAnalyse
+press frmExtrasMenue.chkHintergrundBild
+expect frmHauptForm.Picture == ""
+press frmExtrasMenue.chkStartAssistentZeigen
+press frmExtrasMenue.cbxLastCatLoad
+press frmExtrasMenue.cbxFertigCDinDB
+press frmExtrasMenue.cbxCopySaveDoc
+press frmExtrasMenue.chkUndo
+type frmExtrasMenue.txtUndoMB 120
+press frmExtrasMenue.cCDDBaktiv
+type frmExtrasMenue.tProxyServer proxy.ejemplo.es
+type frmExtrasMenue.tProxyPort 3128
+select frmExtrasMenue.cmbWriteSpeed 3
+# two ways to find a title exclude each other
+press frmExtrasMenue.cbxKatalogCheck
+press frmExtrasMenue.cbxAskTrackInfo
+expect-box == "Sólo puede seleccionar una opción. Para más información consulte el manual."
+answer 7
+expect frmExtrasMenue.cbxAskTrackInfo.Value == 0
+expect frmExtrasMenue.cbxKatalogCheck.Value == 1
+press frmExtrasMenue.imgOK
+expect-window frmHauptForm
+close
+start
+# the wizard, which was switched on, is not asked for again below
+key frmStartAssistent Escape
+press frmHauptForm.imgExtras
+expect frmExtrasMenue.optCDGroesse74.Value == True
+expect frmExtrasMenue.chk3DAnalyse.Value == 1
+expect frmExtrasMenue.chkHintergrundBild.Value == 0
+expect frmExtrasMenue.cbxLastCatLoad.Value == 1
+expect frmExtrasMenue.cbxFertigCDinDB.Value == 0
+expect frmExtrasMenue.cbxCopySaveDoc.Value == 0
+expect frmExtrasMenue.chkUndo.Value == 0
+expect frmExtrasMenue.txtUndoMB.Text == 120
+expect frmExtrasMenue.cCDDBaktiv.Value == 1
+expect frmExtrasMenue.tProxyServer.Text == proxy.ejemplo.es
+expect frmExtrasMenue.tProxyPort.Text == 3128
+expect frmExtrasMenue.cmbWriteSpeed.Text == 4
+expect frmExtrasMenue.cbxKatalogCheck.Value == 1
+# what is cancelled stays as it was
+press frmExtrasMenue.chkHintergrundBild
+expect frmHauptForm.Picture == PICBACK_1000
+press frmExtrasMenue.optCDGroesse80
+type frmExtrasMenue.txtUndoMB 9
+press frmExtrasMenue.imgAbbrechen
+expect frmHauptForm.Picture == ""
+press frmHauptForm.imgExtras
+expect frmExtrasMenue.optCDGroesse74.Value == True
+expect frmExtrasMenue.txtUndoMB.Text == 120
+# and back again; the other way to find a title, and a picture of the user's own behind the catalog
+press frmExtrasMenue.cbxKatalogCheck
+press frmExtrasMenue.cbxAskTrackInfo
+press frmExtrasMenue.optCDGroesse80
+press frmExtrasMenue.chkUndo
+press frmExtrasMenue.cbxCopySaveDoc
+writefile C:\Vantora\BackPic.jpg text "no picture"
+press frmExtrasMenue.chkHintergrundBild
+expect frmHauptForm.Picture ~ "/Vantora/BackPic.jpg$"
+press frmExtrasMenue.imgOK
+expect frmHauptForm.Picture ~ "/Vantora/BackPic.jpg$"
+press frmHauptForm.imgExtras
+expect frmExtrasMenue.cbxAskTrackInfo.Value == 1
+expect frmExtrasMenue.cbxKatalogCheck.Value == 0
+expect frmExtrasMenue.optCDGroesse80.Value == True
+key frmExtrasMenue Escape
+expect-window frmHauptForm
