@@ -19,9 +19,14 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
   vantora::Text& ordner = typ == kTypKatalog    ? katalogOrdner
                           : typ == kTypWave     ? Wave_Import_Dir
                           : typ == kTypAufnahme ? Wave_Export_Dir
+                          : typ == kTypPdf      ? PdfOrdner
                                                 : Songs_Import_Dir;
   DialogModus = static_cast<std::int16_t>(modus);
-  DialogName = typ == kTypKatalog ? L".vtr" : typ == kTypMusik ? L".wav;*.mp3" : L".wav";
+  if (typ == kTypPdf && PdfOrdner.empty()) PdfOrdner = AppPfad;
+  DialogName = typ == kTypKatalog ? L".vtr"
+               : typ == kTypMusik ? L".wav;*.mp3"
+               : typ == kTypPdf   ? L".pdf"
+                                  : L".wav";
   DialogMuster = L"*" + DialogName;
   DialogPfad = UNCAufLaufwerk(ordner);
   GewaehlteDatei.clear();
@@ -42,6 +47,7 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
   }
   ordner = DialogPfad;
   if (typ == kTypWave && modus == kModusSichern) ExtensionSicher(GewaehlteDatei, L".wav");
+  if (typ == kTypPdf) ExtensionSicher(GewaehlteDatei, L".pdf");
   if (typ != kTypKatalog) return;
   if (!MehrfachAuswahl) ExtensionSicher(GewaehlteDatei, L".vtr");
   LetzterKatalog = GewaehlteDatei;

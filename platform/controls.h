@@ -3,6 +3,7 @@
 // Geometry is in twips (1/1440 inch).
 #pragma once
 
+#include "platform/images.h"
 #include "platform/laufzeitfehler.h"
 #include "platform/text.h"
 
@@ -345,6 +346,13 @@ struct DrawItem {
   Color Fill = kTransparent;  // of a polygon, whose edge is the ink; either may be transparent
   // Where words stand: from their point to the right, around it, or up to it.
   Alignment Align = Alignment::Left;
+  // Of words in a font that is not the windows' own (FontName is not blank). They begin at their
+  // point, the corner of the first letter's cell, and are turned around it; Fill lies beneath them.
+  Text FontName = {};
+  double FontTwips = 0;  // the size of the letters
+  bool Bold = false, Italic = false, Underline = false, StrikeOut = false;
+  int Angle = 0;    // tenths of a degree, against the clock
+  Bild Photo = {};  // of a picture: this one instead of a resource
 };
 
 // Takes the focus when something hangs on its KeyDown.

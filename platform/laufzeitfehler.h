@@ -25,6 +25,9 @@ enum Fehlernummer : int {
   kFehlerPfadZugriff = 75,
   kFehlerPfadFehlt = 76,
   kFehlerRessource = 326,
+  kFehlerBild = 481,
+  kFehlerDrucker = 482,
+  kFehlerAbbruch = 32755,  // the user has cancelled a dialog whose caller takes that as an error
 };
 
 class Laufzeitfehler : public std::runtime_error {
