@@ -1,5 +1,7 @@
 #include "backends/mpg123/mpeg_runs.h"
 
+#include "backends/mpg123/mpeg_frame.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -11,11 +13,6 @@ namespace {
 
 constexpr std::int64_t kGarbage = 1 << 20;  // bytes that may lie in front of the first frame
 constexpr int kProof = 4;                   // frames in a row
-
-struct FrameHeader {
-  std::uint32_t kind = 0;  // version, layer and rate: the same in all frames of a stream
-  std::int64_t bytes = 0;  // 0 in a stream of free format, which has its own bitrate
-};
 
 // The bytes of a file, which are asked for a little forth and back.
 class Bytes {
@@ -56,36 +53,88 @@ class Bytes {
   std::int64_t start_ = 0, held_ = 0;
 };
 
-std::optional<FrameHeader> ParseHeader(const unsigned char* b) {
-  static constexpr std::array<std::array<int, 15>, 5> kBitrates{{
-      {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},  // 1, layer I
-      {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},     // 1, layer II
-      {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},      // 1, layer III
-      {0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256},     // 2, layer I
-      {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160},          // 2, II and III
-  }};
-  static constexpr std::array<int, 3> kRates{44100, 48000, 32000};
+// Frames that break a rule. What to make of them is known when the file has been seen.
+class Suspects {
+ public:
+  // The frames of one run after the other, in their order; `frame` has kHeadOfFrame bytes.
+  void BeginRun() { free_ = INT64_MIN; }
+  void Look(std::int64_t place, const FrameHeader& header, const unsigned char* frame) {
+    if (header.sideInfo == 0) return;
+    const auto head =
+        static_cast<std::int64_t>(kHeaderOfFrame + (header.checksum ? 2 : 0) + header.sideInfo);
+    const std::int64_t room = header.bytes - head;
+    const SideInfo info = ParseSideInfo(header, frame);
+    ++frames_;
+    unsigned broken = 0;
+    if (!ChecksumFits(header, frame)) broken |= kChecksum;
+    if (!info.possible) broken |= kNumbers;
+    if (info.used > info.back + room) broken |= kRoom;
+    const std::int64_t start = rooms_ - info.back;
+    // Either of the two frames may be the damaged one.
+    if (broken == 0 && start < free_) {
+      broken |= kRoom;
+      Add(last_, kRoom);
+    }
+    last_ = {place, header.bytes, 0};
+    Add(last_, broken);
+    if (broken == 0) free_ = start + info.used;
+    rooms_ += room;
+  }
 
-  if (b[0] != 0xFF || (b[1] & 0xE0) != 0xE0) return {};
-  const int version = (b[1] >> 3) & 3;  // 3: MPEG 1, 2: MPEG 2, 0: MPEG 2.5
-  const int layer = 4 - ((b[1] >> 1) & 3);
-  const std::size_t bitrate = b[2] >> 4;
-  const std::size_t rate = (b[2] >> 2) & 3;
-  if (version == 1 || layer == 4 || bitrate == 15 || rate == 3 || (b[3] & 3) == 2) return {};
+  // Enters the frames of a run whose content is damaged, and leaves out those at its broken ends:
+  // nothing proves that they were frames at all.
+  void Judge(MpegRun& run) const {
+    const std::int64_t end = run.Start + run.Bytes;
+    std::vector<Frame> damaged;
+    for (auto each = std::lower_bound(
+             all_.begin(), all_.end(), run.Start,
+             [](const Frame&frame, std::int64_t place) { return frame.place < place; });
+         each != all_.end() && each->place < end; ++each) {
+      if (Counts(each->broken)) damaged.push_back(*each);
+    }
+    while (!run.Whole && !damaged.empty() &&
+           damaged.back().place + damaged.back().bytes >= run.Start + run.Bytes) {
+      run.Bytes = damaged.back().place - run.Start;
+      damaged.pop_back();
+    }
+    auto first = damaged.begin();
+    for (; !run.Beginning && first != damaged.end() && first->place == run.Start; ++first) {
+      run.Start += first->bytes;
+      run.Bytes -= first->bytes;
+    }
+    for (; first != damaged.end(); ++first) run.Damaged.push_back(first->place - run.Start);
+  }
 
-  FrameHeader header;
-  header.kind = static_cast<std::uint32_t>(((b[1] & 0x1E) << 8) | (b[2] & 0x0C));
-  const bool first = version == 3;
-  const std::size_t table = static_cast<std::size_t>(first ? layer - 1 : layer == 1 ? 3 : 4);
-  const int kbit = kBitrates[table][bitrate];
-  const int hertz = kRates[rate] / (first ? 1 : version == 2 ? 2 : 4);
-  const int padding = (b[2] >> 1) & 1;
-  const int size = layer == 1             ? (12000 * kbit / hertz + padding) * 4
-                   : layer == 3 && !first ? 72000 * kbit / hertz + padding
-                                          : 144000 * kbit / hertz + padding;
-  header.bytes = kbit == 0 ? 0 : size;
-  return header;
-}
+ private:
+  enum Rule : unsigned { kChecksum = 1, kNumbers = 2, kRoom = 4 };
+  struct Frame {
+    std::int64_t place = 0, bytes = 0;
+    unsigned broken = 0;
+  };
+
+  void Add(Frame frame, unsigned broken) {
+    if (broken == 0) return;
+    if (all_.empty() || all_.back().place != frame.place) all_.push_back(frame);
+    const unsigned fresh = broken & ~all_.back().broken;
+    all_.back().broken |= fresh;
+    for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+      if ((fresh >> rule & 1U) != 0) ++counts_[rule];
+    }
+  }
+  bool Counts(unsigned broken) const {
+    for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+      if ((broken >> rule & 1U) != 0 && counts_[rule] * 8 < frames_) return true;
+    }
+    return false;
+  }
+
+  std::vector<Frame> all_;
+  std::array<std::int64_t, 3> counts_{};  // of frames that break each rule
+  std::int64_t frames_ = 0;
+  Frame last_;
+  std::int64_t rooms_ = 0;  // bytes for sound in all frames so far
+  std::int64_t free_ = 0;   // where the sound of the frame before ends in them
+};
 
 class Search {
  public:
@@ -97,9 +146,11 @@ class Search {
     // A stream of free format gives no sizes to follow, so it has to start right here; the decoder
     // finds out the rest.
     const auto first = Header(at);
-    if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true}};
+    if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true, true, {}}};
     at = NextStart(at, at + kGarbage);
     while (at >= 0) at = NextStart(Follow(at), bytes_.Length());
+    for (MpegRun& run : runs_) suspects_.Judge(run);
+    std::erase_if(runs_, [](const MpegRun& run) { return run.Bytes <= 0; });
     return std::move(runs_);
   }
 
@@ -163,30 +214,45 @@ class Search {
     return counts ? std::int64_t{bytes_.Number(place + 8)} + 1 : 0;
   }
 
+  // True where the sound of a run's first frame begins in frames that are not there.
+  bool LacksWhatWasBefore(std::int64_t start) {
+    const unsigned char* frame = bytes_.At(start, kHeadOfFrame);
+    const auto header = Header(start);
+    return frame != nullptr && header->sideInfo > 0 && ParseSideInfo(*header, frame).back > 0;
+  }
+
   // Adds the run that begins at a place; returns where the next may begin.
   std::int64_t Follow(std::int64_t start) {
     const std::uint32_t kind = Header(start)->kind;
     std::int64_t at = start, last = start, frames = 0;
+    suspects_.BeginRun();
     for (auto header = Header(at); header && header->kind == kind && header->bytes > 0;
          header = Header(at)) {
+      // The count lies in what would be side information in a frame with a checksum.
+      const bool sounds = Counted(at) == 0;
+      const unsigned char* frame = bytes_.At(at, kHeadOfFrame);
+      if (sounds && frame != nullptr) suspects_.Look(at, *header, frame);
       last = at;
       at += header->bytes;
       ++frames;
     }
     const std::int64_t counted = Counted(start);
     const bool toTheEnd = at + 4 > bytes_.Length();
-    const bool whole = toTheEnd || IsTag(at) || frames == counted || FramesFollow(at);
-    if (!whole) at = last;
+    const bool followed = toTheEnd || IsTag(at) || frames == counted || FramesFollow(at);
+    if (!followed) at = last;
     if (at > start) {
-      const bool beginning = start == start_ || counted > 0;
-      runs_.push_back({start, std::min(at, bytes_.Length()) - start, beginning});
+      const bool beginning = (start == start_ || counted > 0) && !LacksWhatWasBefore(start);
+      // Encoders do not agree whether the frame with the count counts.
+      const bool whole = followed && at <= bytes_.Length() && frames + 1 >= counted;
+      runs_.push_back({start, std::min(at, bytes_.Length()) - start, beginning, whole, {}});
     }
-    return whole ? at : last + 1;
+    return followed ? at : last + 1;
   }
 
   Bytes bytes_;
   std::int64_t start_ = 0;  // of what is no tag
   std::vector<MpegRun> runs_;
+  Suspects suspects_;
 };
 
 }  // namespace

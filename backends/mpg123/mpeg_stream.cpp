@@ -1,5 +1,6 @@
 #include "backends/mpg123/mpeg_stream.h"
 
+#include "backends/mpg123/gap_fade.h"
 #include "backends/mpg123/mpeg_runs.h"
 
 #include "platform/laufzeitfehler.h"
@@ -12,6 +13,8 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -22,17 +25,26 @@ namespace {
   throw Laufzeitfehler(kFehlerKeinMpeg, L"El archivo no contiene audio MPEG.");
 }
 
-// Lets the sound of a block rise from silence; false when it has none.
-template <typename Sample>
-bool RiseIn(void* sound, std::size_t bytes) {
-  auto* samples = static_cast<Sample*>(sound);
-  const std::size_t count = bytes / sizeof(Sample);
-  if (std::all_of(samples, samples + count, [](Sample s) { return s == 0; })) return false;
-  for (std::size_t i = 0; i < count; ++i) {
-    const float rise = static_cast<float>(i) / static_cast<float>(count);
-    samples[i] = static_cast<Sample>(static_cast<float>(samples[i]) * rise);
+// A block as it is passed on.
+struct Block {
+  std::vector<char> Sound;  // 16-bit integers at 44.1 kHz, else floats; interleaved stereo
+  long Rate = 0;
+  std::int64_t Frame = 0;
+  bool BehindGap = false;
+
+  std::size_t Frames() const { return Sound.size() / FrameBytes(); }
+  std::size_t FrameBytes() const { return Rate == 44100 ? 4 : 8; }
+  // Calls with the samples as what they are.
+  template <class Work>
+  auto As(const Work& work) {
+    return Rate == 44100 ? work(reinterpret_cast<std::int16_t*>(Sound.data()))
+                         : work(reinterpret_cast<float*>(Sound.data()));
   }
-  return true;
+};
+
+template <typename Sample>
+bool Silent(const Sample* from, const Sample* to) {
+  return std::all_of(from, to, [](Sample s) { return s == 0; });
 }
 
 }  // namespace
@@ -63,21 +75,18 @@ struct MpegStream::Handle {
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
 
-  // Behind a gap frames are silent until all is there that they refer to, and the first that sounds
-  // lacks its neighbour, which would take echoes of it away.
-  void SoftenStart(void* sound, std::size_t bytes) {
-    if (!behindGap || bytes == 0) return;
-    const bool risen =
-        rate == 44100 ? RiseIn<std::int16_t>(sound, bytes) : RiseIn<float>(sound, bytes);
-    behindGap = !risen;
-  }
+  // The next block as the library decodes it; none at the end.
+  std::optional<Block> Decode();
+  bool Broken(Block& block);
+  // The same with its beginning shaped.
+  std::optional<Block> Shaped();
 
   // Opens the run `number`, or the first behind it that the library takes; false when there is
   // none.
   bool OpenRun(std::size_t number) {
     for (; number < runs.size(); ++number) {
       run = number;
-      behindGap = !runs[number].Beginning;
+      behindGap = behindGap || !runs[number].Beginning;
       start = runs[number].Start;
       size = runs[number].Bytes;
       place = bufferStart = 0;
@@ -136,7 +145,7 @@ struct MpegStream::Handle {
   std::unique_ptr<Datei> file;
   std::vector<MpegRun> runs;
   std::size_t run = 0;                          // the open one
-  bool behindGap = false;                       // nothing of it has sounded yet
+  bool behindGap = false;                       // what lay in front of the next block is lost
   std::int64_t start = 0, size = 0, place = 0;  // the run in the file; the next byte of it
   std::array<char, 65536> buffer;
   std::int64_t bufferStart = 0;
@@ -145,6 +154,11 @@ struct MpegStream::Handle {
   mpg123_handle* decoder = nullptr;
   long rate = 0;
   std::int64_t framesBefore = 0, frame = 0;  // of the runs before this one; of all so far
+  GapFade fade;
+  float lastLevel = 0;  // at the end of the block before
+  // Passed on, and decoded ahead of it: what stands before a gap fades out.
+  std::optional<Block> passed, ahead;
+  bool begun = false;
 };
 
 MpegStream::MpegStream(Dateien& dateien, const Text& path)
@@ -154,30 +168,91 @@ MpegStream::MpegStream(Dateien& dateien, const Text& path)
 
 MpegStream::~MpegStream() = default;
 
-std::optional<MpegBlock> MpegStream::Next() {
-  Handle& handle = *handle_;
-  MpegBlock block;
+std::optional<Block> MpegStream::Handle::Decode() {
   off_t number = 0;
   unsigned char* sound = nullptr;
+  std::size_t bytes = 0;
   for (;;) {
-    int result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+    int result = mpg123_decode_frame(decoder, &number, &sound, &bytes);
     if (result == MPG123_NEW_FORMAT) {
       int channels = 0, encoding = 0;
-      mpg123_getformat(handle.decoder, &handle.rate, &channels, &encoding);
-      result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+      mpg123_getformat(decoder, &rate, &channels, &encoding);
+      result = mpg123_decode_frame(decoder, &number, &sound, &bytes);
     }
-    if (handle.failure) std::rethrow_exception(handle.failure);
+    if (failure) std::rethrow_exception(failure);
     if (result == MPG123_OK) break;
     // Any other answer is the end: of the run, or of what can be heard of it.
-    handle.framesBefore = handle.frame;
-    if (!handle.OpenRun(handle.run + 1)) return {};
+    framesBefore = frame;
+    behindGap = result != MPG123_DONE || !runs[run].Whole;
+    if (!OpenRun(run + 1)) return {};
   }
-  handle.frame = handle.framesBefore + number + 1;
-  handle.SoftenStart(sound, block.bytes);
-  block.sound = sound;
-  block.rate = handle.rate;
-  block.frame = handle.frame;
+  frame = framesBefore + number + 1;
+  Block block{std::vector<char>(sound, sound + bytes), rate, frame, behindGap};
+  behindGap = false;
   return block;
+}
+
+// True for a block whose sound is not what the encoder meant.
+//
+// The library decodes a granule from its start, and when it finds that more bits were asked for
+// than are there, it gives the frame up and fills it with zeros. Sound that ends of its own accord
+// never does so from one sample to the next.
+bool MpegStream::Handle::Broken(Block& block) {
+  constexpr std::size_t kGranule = 576, kEnd = 32;
+  constexpr float kHeard = 0.01F;
+  const std::vector<std::int64_t>& damaged = runs[run].Damaged;
+  const bool known = !damaged.empty() && std::binary_search(damaged.begin(), damaged.end(),
+                                                            std::int64_t{mpg123_framepos(decoder)});
+  const std::size_t frames = block.Frames();
+  return block.As([&](auto* samples) {
+    using Sample = std::remove_pointer_t<decltype(samples)>;
+    constexpr float kFull = std::is_same_v<Sample, float> ? 1.0F : 32768.0F;
+    const auto level = [&](std::size_t end) {
+      float most = 0;
+      for (std::size_t i = 2 * (end - std::min(end, kEnd)); i < 2 * end; ++i) {
+        most = std::max(most, std::abs(static_cast<float>(samples[i])) / kFull);
+      }
+      return most;
+    };
+    bool givenUp =
+        frames >= kGranule && lastLevel > kHeard && Silent(samples, samples + 2 * frames);
+    if (!givenUp && frames == 2 * kGranule && level(kGranule) > kHeard) {
+      givenUp = Silent(samples + 2 * kGranule, samples + 2 * frames);
+    }
+    if (frames > 0) lastLevel = level(frames);
+    return known || givenUp;
+  });
+}
+
+std::optional<Block> MpegStream::Handle::Shaped() {
+  std::optional<Block> block = Decode();
+  if (!block) return {};
+  if (block->BehindGap) {
+    fade.Behind();
+    lastLevel = 0;
+  }
+  if (Broken(*block)) {
+    block->BehindGap = true;
+    block->Sound.assign(block->Sound.size(), 0);
+    fade.Behind();
+  } else {
+    block->As([&](auto* samples) { fade.Rise(samples, block->Frames()); });
+  }
+  return block;
+}
+
+std::optional<MpegBlock> MpegStream::Next() {
+  Handle& handle = *handle_;
+  if (!handle.begun) handle.ahead = handle.Shaped();
+  handle.begun = true;
+  std::swap(handle.passed, handle.ahead);
+  if (!handle.passed) return {};
+  Block& block = *handle.passed;
+  handle.ahead = handle.Shaped();
+  if (handle.ahead ? handle.ahead->BehindGap : handle.behindGap) {
+    block.As([&](auto* samples) { GapFade::Fall(samples, block.Frames()); });
+  }
+  return MpegBlock{block.Sound.data(), block.Sound.size(), block.Rate, block.Frame};
 }
 
 MpegLength MpegStream::Measure(Dateien& dateien, const Text& path) {
@@ -216,12 +291,11 @@ MpegLength MpegStream::MeasureRun() {
   const std::size_t run = handle.run;
   handle.OpenRun(run);
   while (handle.run == run) {
-    const auto block = Next();
+    const auto block = handle.Decode();
     if (!block) break;
-    if (block->bytes == 0) continue;
-    const std::size_t frameBytes = block->rate == 44100 ? 4 : 8;
-    const auto heard = static_cast<std::int64_t>(block->bytes / frameBytes);
-    const std::int64_t frame = block->frame - handle.framesBefore;
+    if (block->Sound.empty()) continue;
+    const auto heard = static_cast<std::int64_t>(block->Frames());
+    const std::int64_t frame = block->Frame - handle.framesBefore;
     length.samples = length.frames * samplesPerFrame - (frame * samplesPerFrame - heard);
     break;
   }
