@@ -1,7 +1,10 @@
 #include "backends/mpg123/gap_fade.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
+#include <cstdlib>
+#include <type_traits>
 
 namespace vantora {
 
@@ -20,7 +23,10 @@ void Scale(Sample* frame, std::size_t part, std::size_t whole) {
 template <typename Sample>
 void GapFade::Rise(Sample* sound, std::size_t frames) {
   if (waiting_) {
-    if (std::all_of(sound, sound + 2 * frames, [](Sample s) { return s == 0; })) return;
+    // The decoder's silence in floats is not always 0 to the last bit.
+    constexpr Sample kSilence = std::is_same_v<Sample, float> ? Sample(1.0F / 65536) : Sample(0);
+    const auto silent = [](Sample s) { return std::abs(s) <= kSilence; };
+    if (std::all_of(sound, sound + 2 * frames, silent)) return;
     waiting_ = false;
     silent_ = kEcho;
     risen_ = 0;

@@ -1,5 +1,6 @@
 #include "backends/mpg123/mpeg_runs.h"
 
+#include "backends/mpg123/mpeg_damage.h"
 #include "backends/mpg123/mpeg_frame.h"
 
 #include <algorithm>
@@ -53,89 +54,6 @@ class Bytes {
   std::int64_t start_ = 0, held_ = 0;
 };
 
-// Frames that break a rule. What to make of them is known when the file has been seen.
-class Suspects {
- public:
-  // The frames of one run after the other, in their order; `frame` has kHeadOfFrame bytes.
-  void BeginRun() { free_ = INT64_MIN; }
-  void Look(std::int64_t place, const FrameHeader& header, const unsigned char* frame) {
-    if (header.sideInfo == 0) return;
-    const auto head =
-        static_cast<std::int64_t>(kHeaderOfFrame + (header.checksum ? 2 : 0) + header.sideInfo);
-    const std::int64_t room = header.bytes - head;
-    const SideInfo info = ParseSideInfo(header, frame);
-    ++frames_;
-    unsigned broken = 0;
-    if (!ChecksumFits(header, frame)) broken |= kChecksum;
-    if (!info.possible) broken |= kNumbers;
-    if (info.used > info.back + room) broken |= kRoom;
-    const std::int64_t start = rooms_ - info.back;
-    // Either of the two frames may be the damaged one.
-    if (broken == 0 && start < free_) {
-      broken |= kRoom;
-      Add(last_, kRoom);
-    }
-    last_ = {place, header.bytes, 0};
-    Add(last_, broken);
-    if (broken == 0) free_ = start + info.used;
-    rooms_ += room;
-  }
-
-  // Enters the frames of a run whose content is damaged, and leaves out those at its broken ends:
-  // nothing proves that they were frames at all.
-  void Judge(MpegRun& run) const {
-    const std::int64_t end = run.Start + run.Bytes;
-    std::vector<Frame> damaged;
-    for (auto each = std::lower_bound(
-             all_.begin(), all_.end(), run.Start,
-             [](const Frame&frame, std::int64_t place) { return frame.place < place; });
-         each != all_.end() && each->place < end; ++each) {
-      if (Counts(each->broken)) damaged.push_back(*each);
-    }
-    while (!run.Whole && !damaged.empty() &&
-           damaged.back().place + damaged.back().bytes >= run.Start + run.Bytes) {
-      run.Bytes = damaged.back().place - run.Start;
-      damaged.pop_back();
-    }
-    auto first = damaged.begin();
-    for (; !run.Beginning && first != damaged.end() && first->place == run.Start; ++first) {
-      run.Start += first->bytes;
-      run.Bytes -= first->bytes;
-    }
-    for (; first != damaged.end(); ++first) run.Damaged.push_back(first->place - run.Start);
-  }
-
- private:
-  enum Rule : unsigned { kChecksum = 1, kNumbers = 2, kRoom = 4 };
-  struct Frame {
-    std::int64_t place = 0, bytes = 0;
-    unsigned broken = 0;
-  };
-
-  void Add(Frame frame, unsigned broken) {
-    if (broken == 0) return;
-    if (all_.empty() || all_.back().place != frame.place) all_.push_back(frame);
-    const unsigned fresh = broken & ~all_.back().broken;
-    all_.back().broken |= fresh;
-    for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
-      if ((fresh >> rule & 1U) != 0) ++counts_[rule];
-    }
-  }
-  bool Counts(unsigned broken) const {
-    for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
-      if ((broken >> rule & 1U) != 0 && counts_[rule] * 8 < frames_) return true;
-    }
-    return false;
-  }
-
-  std::vector<Frame> all_;
-  std::array<std::int64_t, 3> counts_{};  // of frames that break each rule
-  std::int64_t frames_ = 0;
-  Frame last_;
-  std::int64_t rooms_ = 0;  // bytes for sound in all frames so far
-  std::int64_t free_ = 0;   // where the sound of the frame before ends in them
-};
-
 class Search {
  public:
   explicit Search(Datei& file) : bytes_(file) {}
@@ -149,7 +67,7 @@ class Search {
     if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true, true, {}}};
     at = NextStart(at, at + kGarbage);
     while (at >= 0) at = NextStart(Follow(at), bytes_.Length());
-    for (MpegRun& run : runs_) suspects_.Judge(run);
+    for (MpegRun& run : runs_) damage_.Judge(run);
     std::erase_if(runs_, [](const MpegRun& run) { return run.Bytes <= 0; });
     return std::move(runs_);
   }
@@ -225,13 +143,13 @@ class Search {
   std::int64_t Follow(std::int64_t start) {
     const std::uint32_t kind = Header(start)->kind;
     std::int64_t at = start, last = start, frames = 0;
-    suspects_.BeginRun();
+    damage_.BeginRun();
     for (auto header = Header(at); header && header->kind == kind && header->bytes > 0;
          header = Header(at)) {
       // The count lies in what would be side information in a frame with a checksum.
       const bool sounds = Counted(at) == 0;
       const unsigned char* frame = bytes_.At(at, kHeadOfFrame);
-      if (sounds && frame != nullptr) suspects_.Look(at, *header, frame);
+      if (sounds && frame != nullptr) damage_.Look(at, *header, frame);
       last = at;
       at += header->bytes;
       ++frames;
@@ -252,7 +170,7 @@ class Search {
   Bytes bytes_;
   std::int64_t start_ = 0;  // of what is no tag
   std::vector<MpegRun> runs_;
-  Suspects suspects_;
+  MpegDamage damage_;
 };
 
 }  // namespace

@@ -23,12 +23,8 @@ struct MpegRun {
 // first within 1 MiB behind the tags in front. A frame with something else than a frame or a tag
 // behind it is damaged, unless the stream's own count of its frames ends with it.
 //
-// Frames of Layer III are damaged too when their side information has a wrong checksum, holds
-// numbers that no encoder may write, or lets the sound of two frames overlap. A rule that every
-// eighth frame of a file breaks is a habit of its encoder, and counts no more.
-//
-// What cannot be found so: damage to the sound itself, behind intact side information, which no
-// checksum covers; and false frames that fit in everything, at a frame's boundary.
+// False frames that fit in everything, and begin and end where true ones could, are taken for
+// frames: if they are found damaged, they are silent, and at a run's broken end they are left out.
 std::vector<MpegRun> FindMpegRuns(Datei& file);
 
 }  // namespace vantora
