@@ -2,6 +2,7 @@
 
 #include "backends/mpg123/gap_fade.h"
 #include "backends/mpg123/mpeg_runs.h"
+#include "backends/mpg123/sound_check.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -13,7 +14,6 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -41,11 +41,6 @@ struct Block {
                          : work(reinterpret_cast<float*>(Sound.data()));
   }
 };
-
-template <typename Sample>
-bool Silent(const Sample* from, const Sample* to) {
-  return std::all_of(from, to, [](Sample s) { return s == 0; });
-}
 
 }  // namespace
 
@@ -77,7 +72,7 @@ struct MpegStream::Handle {
 
   // The next block as the library decodes it; none at the end.
   std::optional<Block> Decode();
-  bool Broken(Block& block);
+  bool Damaged() const;  // the frame of that block
   // The same with its beginning shaped.
   std::optional<Block> Shaped();
 
@@ -155,7 +150,7 @@ struct MpegStream::Handle {
   long rate = 0;
   std::int64_t framesBefore = 0, frame = 0;  // of the runs before this one; of all so far
   GapFade fade;
-  float lastLevel = 0;  // at the end of the block before
+  SoundCheck check;
   // Passed on, and decoded ahead of it: what stands before a gap fades out.
   std::optional<Block> passed, ahead;
   bool begun = false;
@@ -192,36 +187,10 @@ std::optional<Block> MpegStream::Handle::Decode() {
   return block;
 }
 
-// True for a block whose sound is not what the encoder meant.
-//
-// The library decodes a granule from its start, and when it finds that more bits were asked for
-// than are there, it gives the frame up and fills it with zeros. Sound that ends of its own accord
-// never does so from one sample to the next.
-bool MpegStream::Handle::Broken(Block& block) {
-  constexpr std::size_t kGranule = 576, kEnd = 32;
-  constexpr float kHeard = 0.01F;
+bool MpegStream::Handle::Damaged() const {
   const std::vector<std::int64_t>& damaged = runs[run].Damaged;
-  const bool known = !damaged.empty() && std::binary_search(damaged.begin(), damaged.end(),
-                                                            std::int64_t{mpg123_framepos(decoder)});
-  const std::size_t frames = block.Frames();
-  return block.As([&](auto* samples) {
-    using Sample = std::remove_pointer_t<decltype(samples)>;
-    constexpr float kFull = std::is_same_v<Sample, float> ? 1.0F : 32768.0F;
-    const auto level = [&](std::size_t end) {
-      float most = 0;
-      for (std::size_t i = 2 * (end - std::min(end, kEnd)); i < 2 * end; ++i) {
-        most = std::max(most, std::abs(static_cast<float>(samples[i])) / kFull);
-      }
-      return most;
-    };
-    bool givenUp =
-        frames >= kGranule && lastLevel > kHeard && Silent(samples, samples + 2 * frames);
-    if (!givenUp && frames == 2 * kGranule && level(kGranule) > kHeard) {
-      givenUp = Silent(samples + 2 * kGranule, samples + 2 * frames);
-    }
-    if (frames > 0) lastLevel = level(frames);
-    return known || givenUp;
-  });
+  return !damaged.empty() &&
+         std::binary_search(damaged.begin(), damaged.end(), std::int64_t{mpg123_framepos(decoder)});
 }
 
 std::optional<Block> MpegStream::Handle::Shaped() {
@@ -229,9 +198,10 @@ std::optional<Block> MpegStream::Handle::Shaped() {
   if (!block) return {};
   if (block->BehindGap) {
     fade.Behind();
-    lastLevel = 0;
+    check.Begin();
   }
-  if (Broken(*block)) {
+  const bool sound = block->As([&](auto* s) { return check.Sound(s, block->Frames()); });
+  if (!sound || Damaged()) {
     block->BehindGap = true;
     block->Sound.assign(block->Sound.size(), 0);
     fade.Behind();
