@@ -5,7 +5,7 @@
 namespace vantora {
 
 void MpegDamage::BeginRun() {
-  free_ = INT64_MIN;
+  free_ = lastStart_ = INT64_MIN;
   spoilt_ = rooms_;
   held_ = 0;
 }
@@ -22,6 +22,9 @@ void MpegDamage::Look(std::int64_t place, const FrameHeader& header, const unsig
   if (!ChecksumFits(header, frame)) broken |= kChecksum;
   if (!info.possible) broken |= kNumbers;
   if (info.used > info.back + room) broken |= kRoom;
+  // The decoder keeps no more of the frames before than the last one referred to.
+  if (start < lastStart_) broken |= kRoom;
+  lastStart_ = start;
   if (broken == 0 && start < free_) {
     // Either of the two frames may be the damaged one.
     Breaks(last_, kRoom);

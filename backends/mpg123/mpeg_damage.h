@@ -48,7 +48,8 @@ class MpegDamage {
   // Bytes for sound, counted through all frames: of the frames so far, up to the end of the last
   // frame's sound, and up to which a run's decoder has lost some.
   std::int64_t rooms_ = 0, free_ = 0, spoilt_ = 0;
-  std::int64_t held_ = 0;  // that the run's decoder takes for there
+  std::int64_t lastStart_ = 0;  // where the last frame's sound began
+  std::int64_t held_ = 0;       // that the run's decoder takes for there
 };
 
 }  // namespace vantora
