@@ -1,5 +1,8 @@
 #include "backends/mpg123/mpeg_runs.h"
 
+#include "backends/mpg123/mpeg_damage.h"
+#include "backends/mpg123/mpeg_frame.h"
+
 #include <algorithm>
 #include <array>
 #include <cstring>
@@ -11,11 +14,6 @@ namespace {
 
 constexpr std::int64_t kGarbage = 1 << 20;  // bytes that may lie in front of the first frame
 constexpr int kProof = 4;                   // frames in a row
-
-struct FrameHeader {
-  std::uint32_t kind = 0;  // version, layer and rate: the same in all frames of a stream
-  std::int64_t bytes = 0;  // 0 in a stream of free format, which has its own bitrate
-};
 
 // The bytes of a file, which are asked for a little forth and back.
 class Bytes {
@@ -56,37 +54,6 @@ class Bytes {
   std::int64_t start_ = 0, held_ = 0;
 };
 
-std::optional<FrameHeader> ParseHeader(const unsigned char* b) {
-  static constexpr std::array<std::array<int, 15>, 5> kBitrates{{
-      {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},  // 1, layer I
-      {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},     // 1, layer II
-      {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},      // 1, layer III
-      {0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256},     // 2, layer I
-      {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160},          // 2, II and III
-  }};
-  static constexpr std::array<int, 3> kRates{44100, 48000, 32000};
-
-  if (b[0] != 0xFF || (b[1] & 0xE0) != 0xE0) return {};
-  const int version = (b[1] >> 3) & 3;  // 3: MPEG 1, 2: MPEG 2, 0: MPEG 2.5
-  const int layer = 4 - ((b[1] >> 1) & 3);
-  const std::size_t bitrate = b[2] >> 4;
-  const std::size_t rate = (b[2] >> 2) & 3;
-  if (version == 1 || layer == 4 || bitrate == 15 || rate == 3 || (b[3] & 3) == 2) return {};
-
-  FrameHeader header;
-  header.kind = static_cast<std::uint32_t>(((b[1] & 0x1E) << 8) | (b[2] & 0x0C));
-  const bool first = version == 3;
-  const std::size_t table = static_cast<std::size_t>(first ? layer - 1 : layer == 1 ? 3 : 4);
-  const int kbit = kBitrates[table][bitrate];
-  const int hertz = kRates[rate] / (first ? 1 : version == 2 ? 2 : 4);
-  const int padding = (b[2] >> 1) & 1;
-  const int size = layer == 1             ? (12000 * kbit / hertz + padding) * 4
-                   : layer == 3 && !first ? 72000 * kbit / hertz + padding
-                                          : 144000 * kbit / hertz + padding;
-  header.bytes = kbit == 0 ? 0 : size;
-  return header;
-}
-
 class Search {
  public:
   explicit Search(Datei& file) : bytes_(file) {}
@@ -97,9 +64,11 @@ class Search {
     // A stream of free format gives no sizes to follow, so it has to start right here; the decoder
     // finds out the rest.
     const auto first = Header(at);
-    if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true}};
+    if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true, true, {}}};
     at = NextStart(at, at + kGarbage);
     while (at >= 0) at = NextStart(Follow(at), bytes_.Length());
+    for (MpegRun& run : runs_) damage_.Judge(run);
+    std::erase_if(runs_, [](const MpegRun& run) { return run.Bytes <= 0; });
     return std::move(runs_);
   }
 
@@ -163,30 +132,45 @@ class Search {
     return counts ? std::int64_t{bytes_.Number(place + 8)} + 1 : 0;
   }
 
+  // True where the sound of a run's first frame begins in frames that are not there.
+  bool LacksWhatWasBefore(std::int64_t start) {
+    const unsigned char* frame = bytes_.At(start, kHeadOfFrame);
+    const auto header = Header(start);
+    return frame != nullptr && header->sideInfo > 0 && ParseSideInfo(*header, frame).back > 0;
+  }
+
   // Adds the run that begins at a place; returns where the next may begin.
   std::int64_t Follow(std::int64_t start) {
     const std::uint32_t kind = Header(start)->kind;
     std::int64_t at = start, last = start, frames = 0;
+    damage_.BeginRun();
     for (auto header = Header(at); header && header->kind == kind && header->bytes > 0;
          header = Header(at)) {
+      // The count lies in what would be side information in a frame with a checksum.
+      const bool sounds = Counted(at) == 0;
+      const unsigned char* frame = bytes_.At(at, kHeadOfFrame);
+      if (sounds && frame != nullptr) damage_.Look(at, *header, frame);
       last = at;
       at += header->bytes;
       ++frames;
     }
     const std::int64_t counted = Counted(start);
     const bool toTheEnd = at + 4 > bytes_.Length();
-    const bool whole = toTheEnd || IsTag(at) || frames == counted || FramesFollow(at);
-    if (!whole) at = last;
+    const bool followed = toTheEnd || IsTag(at) || frames == counted || FramesFollow(at);
+    if (!followed) at = last;
     if (at > start) {
-      const bool beginning = start == start_ || counted > 0;
-      runs_.push_back({start, std::min(at, bytes_.Length()) - start, beginning});
+      const bool beginning = (start == start_ || counted > 0) && !LacksWhatWasBefore(start);
+      // Encoders do not agree whether the frame with the count counts.
+      const bool whole = followed && at <= bytes_.Length() && frames + 1 >= counted;
+      runs_.push_back({start, std::min(at, bytes_.Length()) - start, beginning, whole, {}});
     }
-    return whole ? at : last + 1;
+    return followed ? at : last + 1;
   }
 
   Bytes bytes_;
   std::int64_t start_ = 0;  // of what is no tag
   std::vector<MpegRun> runs_;
+  MpegDamage damage_;
 };
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "backends/mpg123/mpeg_stream.h"
 
+#include "backends/mpg123/gap_fade.h"
 #include "backends/mpg123/mpeg_runs.h"
+#include "backends/mpg123/sound_check.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -12,6 +14,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -22,18 +25,22 @@ namespace {
   throw Laufzeitfehler(kFehlerKeinMpeg, L"El archivo no contiene audio MPEG.");
 }
 
-// Lets the sound of a block rise from silence; false when it has none.
-template <typename Sample>
-bool RiseIn(void* sound, std::size_t bytes) {
-  auto* samples = static_cast<Sample*>(sound);
-  const std::size_t count = bytes / sizeof(Sample);
-  if (std::all_of(samples, samples + count, [](Sample s) { return s == 0; })) return false;
-  for (std::size_t i = 0; i < count; ++i) {
-    const float rise = static_cast<float>(i) / static_cast<float>(count);
-    samples[i] = static_cast<Sample>(static_cast<float>(samples[i]) * rise);
+// A block as it is passed on.
+struct Block {
+  std::vector<char> Sound;  // 16-bit integers at 44.1 kHz, else floats; interleaved stereo
+  long Rate = 0;
+  std::int64_t Frame = 0;
+  bool BehindGap = false;
+
+  std::size_t Frames() const { return Sound.size() / FrameBytes(); }
+  std::size_t FrameBytes() const { return Rate == 44100 ? 4 : 8; }
+  // Calls with the samples as what they are.
+  template <class Work>
+  auto As(const Work& work) {
+    return Rate == 44100 ? work(reinterpret_cast<std::int16_t*>(Sound.data()))
+                         : work(reinterpret_cast<float*>(Sound.data()));
   }
-  return true;
-}
+};
 
 }  // namespace
 
@@ -63,21 +70,18 @@ struct MpegStream::Handle {
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
 
-  // Behind a gap frames are silent until all is there that they refer to, and the first that sounds
-  // lacks its neighbour, which would take echoes of it away.
-  void SoftenStart(void* sound, std::size_t bytes) {
-    if (!behindGap || bytes == 0) return;
-    const bool risen =
-        rate == 44100 ? RiseIn<std::int16_t>(sound, bytes) : RiseIn<float>(sound, bytes);
-    behindGap = !risen;
-  }
+  // The next block as the library decodes it; none at the end.
+  std::optional<Block> Decode();
+  bool Damaged() const;  // the frame of that block
+  // The same with its beginning shaped.
+  std::optional<Block> Shaped();
 
   // Opens the run `number`, or the first behind it that the library takes; false when there is
   // none.
   bool OpenRun(std::size_t number) {
     for (; number < runs.size(); ++number) {
       run = number;
-      behindGap = !runs[number].Beginning;
+      behindGap = behindGap || !runs[number].Beginning;
       start = runs[number].Start;
       size = runs[number].Bytes;
       place = bufferStart = 0;
@@ -136,7 +140,7 @@ struct MpegStream::Handle {
   std::unique_ptr<Datei> file;
   std::vector<MpegRun> runs;
   std::size_t run = 0;                          // the open one
-  bool behindGap = false;                       // nothing of it has sounded yet
+  bool behindGap = false;                       // what lay in front of the next block is lost
   std::int64_t start = 0, size = 0, place = 0;  // the run in the file; the next byte of it
   std::array<char, 65536> buffer;
   std::int64_t bufferStart = 0;
@@ -145,6 +149,11 @@ struct MpegStream::Handle {
   mpg123_handle* decoder = nullptr;
   long rate = 0;
   std::int64_t framesBefore = 0, frame = 0;  // of the runs before this one; of all so far
+  GapFade fade;
+  SoundCheck check;
+  // Passed on, and decoded ahead of it: what stands before a gap fades out.
+  std::optional<Block> passed, ahead;
+  bool begun = false;
 };
 
 MpegStream::MpegStream(Dateien& dateien, const Text& path)
@@ -154,30 +163,66 @@ MpegStream::MpegStream(Dateien& dateien, const Text& path)
 
 MpegStream::~MpegStream() = default;
 
-std::optional<MpegBlock> MpegStream::Next() {
-  Handle& handle = *handle_;
-  MpegBlock block;
+std::optional<Block> MpegStream::Handle::Decode() {
   off_t number = 0;
   unsigned char* sound = nullptr;
+  std::size_t bytes = 0;
   for (;;) {
-    int result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+    int result = mpg123_decode_frame(decoder, &number, &sound, &bytes);
     if (result == MPG123_NEW_FORMAT) {
       int channels = 0, encoding = 0;
-      mpg123_getformat(handle.decoder, &handle.rate, &channels, &encoding);
-      result = mpg123_decode_frame(handle.decoder, &number, &sound, &block.bytes);
+      mpg123_getformat(decoder, &rate, &channels, &encoding);
+      result = mpg123_decode_frame(decoder, &number, &sound, &bytes);
     }
-    if (handle.failure) std::rethrow_exception(handle.failure);
+    if (failure) std::rethrow_exception(failure);
     if (result == MPG123_OK) break;
     // Any other answer is the end: of the run, or of what can be heard of it.
-    handle.framesBefore = handle.frame;
-    if (!handle.OpenRun(handle.run + 1)) return {};
+    framesBefore = frame;
+    behindGap = result != MPG123_DONE || !runs[run].Whole;
+    if (!OpenRun(run + 1)) return {};
   }
-  handle.frame = handle.framesBefore + number + 1;
-  handle.SoftenStart(sound, block.bytes);
-  block.sound = sound;
-  block.rate = handle.rate;
-  block.frame = handle.frame;
+  frame = framesBefore + number + 1;
+  Block block{std::vector<char>(sound, sound + bytes), rate, frame, behindGap};
+  behindGap = false;
   return block;
+}
+
+bool MpegStream::Handle::Damaged() const {
+  const std::vector<std::int64_t>& damaged = runs[run].Damaged;
+  return !damaged.empty() &&
+         std::binary_search(damaged.begin(), damaged.end(), std::int64_t{mpg123_framepos(decoder)});
+}
+
+std::optional<Block> MpegStream::Handle::Shaped() {
+  std::optional<Block> block = Decode();
+  if (!block) return {};
+  if (block->BehindGap) {
+    fade.Behind();
+    check.Begin();
+  }
+  const bool sound = block->As([&](auto* s) { return check.Sound(s, block->Frames()); });
+  if (!sound || Damaged()) {
+    block->BehindGap = true;
+    block->Sound.assign(block->Sound.size(), 0);
+    fade.Behind();
+  } else {
+    block->As([&](auto* samples) { fade.Rise(samples, block->Frames()); });
+  }
+  return block;
+}
+
+std::optional<MpegBlock> MpegStream::Next() {
+  Handle& handle = *handle_;
+  if (!handle.begun) handle.ahead = handle.Shaped();
+  handle.begun = true;
+  std::swap(handle.passed, handle.ahead);
+  if (!handle.passed) return {};
+  Block& block = *handle.passed;
+  handle.ahead = handle.Shaped();
+  if (handle.ahead ? handle.ahead->BehindGap : handle.behindGap) {
+    block.As([&](auto* samples) { GapFade::Fall(samples, block.Frames()); });
+  }
+  return MpegBlock{block.Sound.data(), block.Sound.size(), block.Rate, block.Frame};
 }
 
 MpegLength MpegStream::Measure(Dateien& dateien, const Text& path) {
@@ -216,12 +261,11 @@ MpegLength MpegStream::MeasureRun() {
   const std::size_t run = handle.run;
   handle.OpenRun(run);
   while (handle.run == run) {
-    const auto block = Next();
+    const auto block = handle.Decode();
     if (!block) break;
-    if (block->bytes == 0) continue;
-    const std::size_t frameBytes = block->rate == 44100 ? 4 : 8;
-    const auto heard = static_cast<std::int64_t>(block->bytes / frameBytes);
-    const std::int64_t frame = block->frame - handle.framesBefore;
+    if (block->Sound.empty()) continue;
+    const auto heard = static_cast<std::int64_t>(block->Frames());
+    const std::int64_t frame = block->Frame - handle.framesBefore;
     length.samples = length.frames * samplesPerFrame - (frame * samplesPerFrame - heard);
     break;
   }
