@@ -13,6 +13,7 @@
 #include "backends/qt/qt_display.h"
 #include "backends/qt/qt_event_loop.h"
 #include "backends/qt/qt_inhibitor.h"
+#include "main/kept_volume.h"
 #include "main/machine.h"
 
 namespace vantora {
@@ -44,6 +45,7 @@ struct DesktopPlatform {
   QtInhibitor inhibitor;
   AlsaMixer mixerCard;
   MixerLines eqpro{mixerCard, volume};
+  KeptVolume keptVolume{volume, machine.settings, loop};
 
   Plattform bundle{loop,
                    display,

@@ -12,6 +12,7 @@
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
 #include "backends/sound/wave_file.h"
+#include "main/kept_volume.h"
 #include "main/machine.h"
 
 #include <cstdlib>
@@ -59,6 +60,7 @@ struct StoryPlatform : World {
   HeadlessMixerCard mixerCard{mixer, card};
   OutputVolume volume;
   MixerLines eqpro{mixerCard, volume};
+  KeptVolume keptVolume{volume, machine.settings, World::loop};
 
   Plattform bundle{World::loop,
                    display,
