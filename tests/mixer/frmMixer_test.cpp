@@ -79,8 +79,8 @@ TEST(Mixer, ACardThatComesOrGoesIsFoundWhenTheMixerOrTheRecorderOpens) {
   EXPECT_EQ(mixer.Fader(0).Value(), 50);
   a.b.platform.mixer.Put({L"Gitarre", kEin, 1000});
   a.OeffneEinzeln();
-  EXPECT_EQ(a.A().lbInputCaption(0).Caption, L"Gitarre");
-  EXPECT_FALSE(a.A().optInput(1).Visible);
+  EXPECT_EQ(a.A().lbInputCaption(0).Caption(), L"Gitarre");
+  EXPECT_FALSE(a.A().optInput(1).Visible());
 }
 
 TEST(Mixer, AFaderMovesItsLineAndReadingMovesNothing) {
