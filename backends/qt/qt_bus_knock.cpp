@@ -32,7 +32,10 @@ QtBusKnock::QtBusKnock(const QByteArray& address, std::function<void()> answered
   const QByteArray first = address.split(';').value(0);
   const QByteArray path = ValueOf(first, "path"), abstract = ValueOf(first, "abstract");
   if (!first.startsWith("unix:") || (path.isEmpty() && abstract.isEmpty())) {
-    QTimer::singleShot(0, ear_.get(), [this] { answered_(); });
+    auto* soon = new QTimer(ear_.get());
+    soon->setSingleShot(true);
+    QObject::connect(soon, &QTimer::timeout, ear_.get(), [this] { answered_(); });
+    soon->start(0);
     return;
   }
   Knock(path.isEmpty() ? QByteArray(1, '\0') + abstract : path);
