@@ -174,8 +174,9 @@ void frmAufnehmen::SetTexte() {
     if (control.AccessibleName().empty()) control.AccessibleName = LoadResString(nummer);
   };
   hinweis(lvwAufnehmen, 2000);
-  hinweis(lblRecZeit, 2001);
-  hinweis(lblRecSize, 2002);
+  // A screen reader reads what they show.
+  lblRecZeit.ToolTipText = LoadResString(2001);
+  lblRecSize.ToolTipText = LoadResString(2002);
   hinweis(imgNeueAufnahme, 2003);
   hinweis(imgAufnahmeWiedergeben, 2004);
   hinweis(imgAufnehmen, 2005);
