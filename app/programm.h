@@ -6,6 +6,7 @@
 #include "app/einstellungen.h"
 #include "app/fenster.h"
 #include "app/zustand/aufnahme_zustand.h"
+#include "app/zustand/cover.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
 #include "waveeditor/editor_zustand.h"
@@ -34,6 +35,8 @@ class frmDatenbank;
 class frmWaveEditor;
 class frmSpektrum;
 class frmAufnehmen;
+class frmPrintStart;
+class frmPrint;
 class KatalogDienst;
 
 // Flags of a message box, as far as they are in use.
@@ -48,7 +51,7 @@ enum MeldungsArt : int {
 enum Antwort : int { kJa = 6, kNein = 7 };
 
 // What the file dialog is asked for.
-enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3, kTypAufnahme = 4 };
+enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3, kTypAufnahme = 4, kTypBild = 5 };
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
 
 struct Programm : Dienste,
@@ -58,7 +61,8 @@ struct Programm : Dienste,
                   BrennZustand,
                   GrabZustand,
                   EditorZustand,
-                  AufnahmeZustand {
+                  AufnahmeZustand,
+                  CoverZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -123,6 +127,8 @@ struct Programm : Dienste,
   Fenster<vantora::frmWaveEditor> frmWaveEditor{*this};
   Fenster<vantora::frmSpektrum> frmSpektrum{*this};
   Fenster<vantora::frmAufnehmen> frmAufnehmen{*this};
+  Fenster<vantora::frmPrintStart> frmPrintStart{*this};
+  Fenster<vantora::frmPrint> frmPrint{*this};
 
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);

@@ -19,9 +19,13 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
   vantora::Text& ordner = typ == kTypKatalog    ? katalogOrdner
                           : typ == kTypWave     ? Wave_Import_Dir
                           : typ == kTypAufnahme ? Wave_Export_Dir
+                          : typ == kTypBild     ? Picture_Save_Dir
                                                 : Songs_Import_Dir;
   DialogModus = static_cast<std::int16_t>(modus);
-  DialogName = typ == kTypKatalog ? L".vtr" : typ == kTypMusik ? L".wav;*.mp3" : L".wav";
+  DialogName = typ == kTypKatalog ? L".vtr"
+               : typ == kTypMusik ? L".wav;*.mp3"
+               : typ == kTypBild  ? L".jpg;*.bmp;*.gif"
+                                  : L".wav";
   DialogMuster = L"*" + DialogName;
   DialogPfad = UNCAufLaufwerk(ordner);
   GewaehlteDatei.clear();

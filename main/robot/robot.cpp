@@ -46,6 +46,7 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"doubleclick", &Robot::DoubleClick},
       {L"rightclick", &Robot::RightClick},
       {L"drag", &Robot::Drag},
+      {L"pull", &Robot::Pull},
       {L"hold", &Robot::Hold},
       {L"drop", &Robot::Drop},
       {L"type", &Robot::Type},

@@ -72,6 +72,7 @@ class Robot final : public User {
   void DoubleClick(const ScriptLine& line, Form* front);
   void RightClick(const ScriptLine& line, Form* front);
   void Drag(const ScriptLine& line, Form* front);
+  void Pull(const ScriptLine& line, Form* front);
   void Hold(const ScriptLine& line, Form* front);
   void Drop(const ScriptLine& line, Form* front);
   void Type(const ScriptLine& line, Form* front);
