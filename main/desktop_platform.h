@@ -10,6 +10,7 @@
 #include "backends/linux/linux_system.h"
 #include "backends/linux/processor_load.h"
 #include "backends/linux/thread_background.h"
+#include "backends/qt/print/qt_print_shop.h"
 #include "backends/qt/qt_display.h"
 #include "backends/qt/qt_event_loop.h"
 #include "backends/qt/qt_inhibitor.h"
@@ -44,6 +45,7 @@ struct DesktopPlatform {
   QtInhibitor inhibitor;
   AlsaMixer mixerCard;
   MixerLines eqpro{mixerCard, volume};
+  QtPrintShop<SystemQueues> shop{machine.files};
 
   Plattform bundle{loop,
                    display,
@@ -67,7 +69,10 @@ struct DesktopPlatform {
                    machine.audiolib,
                    load,
                    eqpro,
-                   inhibitor};
+                   inhibitor,
+                   shop.printers,
+                   shop.images,
+                   shop.fonts};
 };
 
 }  // namespace vantora

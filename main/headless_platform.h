@@ -5,11 +5,14 @@
 #include "backends/headless/headless_clock.h"
 #include "backends/headless/headless_hands.h"
 #include "backends/headless/headless_loop.h"
+#include "backends/headless/headless_print_shop.h"
 #include "main/story_platform.h"
 
 namespace vantora {
 
 struct HeadlessWorld {
+  using PrintShop = HeadlessPrintShop;
+
   HeadlessWorld(const std::filesystem::path& /*resourceFolder*/,
                 const std::filesystem::path& /*cache*/) {}
 

@@ -1,6 +1,7 @@
 // The program's platform for tests and stories: a home of its own, a screen of any size, a sound
 // card that only counts. A world gives it time, windows and hands: `clock`, `loop`, `background`
-// and `hands`, made from the folder of resources and the one for what may be lost.
+// and `hands`, made from the folder of resources and the one for what may be lost. Its `PrintShop`
+// has `printers`, `images` and `fonts`, made from the files.
 #pragma once
 
 #include "backends/headless/headless_display.h"
@@ -59,6 +60,7 @@ struct StoryPlatform : World {
   HeadlessMixerCard mixerCard{mixer, card};
   OutputVolume volume;
   MixerLines eqpro{mixerCard, volume};
+  typename World::PrintShop shop{machine.files};
 
   Plattform bundle{World::loop,
                    display,
@@ -82,7 +84,10 @@ struct StoryPlatform : World {
                    machine.audiolib,
                    load,
                    eqpro,
-                   inhibitor};
+                   inhibitor,
+                   shop.printers,
+                   shop.images,
+                   shop.fonts};
 };
 
 }  // namespace vantora

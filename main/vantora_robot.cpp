@@ -1,7 +1,6 @@
 // Plays a script in front of the program, without a screen or in real windows.
 
 #include "backends/qt/qt_app.h"
-#include "main/headless_platform.h"
 #include "main/resource_check.h"
 #include "main/robot/robot.h"
 #include "main/story_stage.h"
@@ -64,7 +63,7 @@ int main(int argc, char** argv) {
     return 1;
   }
   if (!options.Windows) {
-    vantora::StoryStage<vantora::HeadlessPlatform> stage(resources);
+    vantora::StoryStage<vantora::PrintingPlatform> stage(resources);
     return Play(options, stage);
   }
   if (!vantora::QtApp::HasScreen()) setenv("QT_QPA_PLATFORM", "offscreen", 0);

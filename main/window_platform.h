@@ -4,8 +4,10 @@
 
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/thread_background.h"
+#include "backends/qt/print/qt_print_shop.h"
 #include "backends/qt/qt_event_loop.h"
 #include "backends/qt/qt_hands.h"
+#include "main/headless_platform.h"
 #include "main/story_platform.h"
 
 namespace vantora {
@@ -31,6 +33,8 @@ class FastClock final : public Clock {
 inline constexpr double kStorySpeed = 20;
 
 struct WindowWorld {
+  using PrintShop = QtPrintShop<NoQueues>;
+
   WindowWorld(const std::filesystem::path& resourceFolder, const std::filesystem::path& cache)
       : loop(resourceFolder / "pictures", cache / kDrawnPictures, kStorySpeed) {}
 
@@ -40,6 +44,13 @@ struct WindowWorld {
   QtHands hands{loop};
 };
 
+// Without a screen, but it prints.
+struct PrintingWorld : HeadlessWorld {
+  using PrintShop = QtPrintShop<NoQueues>;
+  using HeadlessWorld::HeadlessWorld;
+};
+
+using PrintingPlatform = StoryPlatform<PrintingWorld>;
 using WindowPlatform = StoryPlatform<WindowWorld>;
 
 }  // namespace vantora

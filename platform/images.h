@@ -21,13 +21,15 @@ class Image {
 using Bild = std::shared_ptr<const Image>;
 
 // Pictures of more points are refused: they would not fit into the memory of a small machine.
-constexpr long long kMaxImagePoints = 100'000'000;
+constexpr long long kMaxImagePoints = 200'000'000;
+// The same of bmp and gif, which cannot be read at a smaller size.
+constexpr long long kMaxWholePoints = 60'000'000;
 
 class Images {
  public:
   virtual ~Images() = default;
   // Reads a file, never nothing. Raises the errors of Dateien where it cannot be read, 481 for a
-  // file that is no picture or a broken one, and 7 for one with more than kMaxImagePoints.
+  // file that is no picture or a broken one, and 7 for one with too many points.
   virtual Bild Load(const Text& file) = 0;
 };
 

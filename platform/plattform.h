@@ -29,6 +29,10 @@
 
 namespace vantora {
 
+class FontBook;  // platform/device_text.h
+class Images;    // platform/images.h
+class Printers;  // platform/printer.h
+
 struct Plattform {
   EventLoop& schleife;
   Display& bildschirm;
@@ -53,6 +57,9 @@ struct Plattform {
   PerfData& perfData;
   EQPro& eqpro;
   Inhibitor& wachhalter;
+  Printers& drucker;
+  Images& bilder;
+  FontBook& schriften;
 };
 
 }  // namespace vantora

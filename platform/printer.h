@@ -30,9 +30,13 @@ enum class DeviceCap {
 };
 
 struct PaperSize {
-  Text Name;                             // "A4", "Letter"
-  double Width = 11906, Height = 16838;  // twips, upright
+  Text Name;                     // "A4", "Letter"
+  double Width = 0, Height = 0;  // twips, upright
 };
+
+// Upright, twips.
+inline const PaperSize kPaperA4{L"A4", 210 / 25.4 * 1440, 297 / 25.4 * 1440};
+inline const PaperSize kPaperLetter{L"Letter", 8.5 * 1440, 11.0 * 1440};
 
 // A job begins with what is drawn or written first and ends with EndDoc; a Print of an empty text
 // begins it as well. Calls raise 482 when the printer fails or is there no more, and the errors of
@@ -43,7 +47,7 @@ class Printer : public Device {
   // Of the next job; what changes while one runs is heeded by the one after it.
   int Orientation = kPortrait;
   int Copies = 1;   // 1 to 99; a file has one
-  Text OutputFile;  // where the PDF printer writes to; blank: Printers::SuggestedFile
+  Text OutputFile;  // where the PDF printer writes to, in place of what is there
 
   int DrawStyle = kDrawSolid;  // of lines and circles
   int DrawWidth = 1;           // pixels of the device; of lines, circles and points
@@ -78,7 +82,7 @@ class Printers {
   virtual int Current() = 0;                // at first the machine's default one; -1 without any
   virtual void Select(int index) = 0;       // the one that is printed on from the next job on
   virtual vantora::Printer& Printer() = 0;  // of the current printer; 482 without any
-  // Where a PDF goes when nobody names a file: one that does not exist yet.
+  // Where a PDF goes when nobody names a file; blank on a machine whose user is to choose.
   virtual Text SuggestedFile() = 0;
 };
 

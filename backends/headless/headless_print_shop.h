@@ -1,0 +1,17 @@
+// Paper, fonts and pictures of a machine that has none of them.
+#pragma once
+
+#include "backends/headless/headless_images.h"
+#include "backends/headless/headless_printers.h"
+
+namespace vantora {
+
+struct HeadlessPrintShop {
+  explicit HeadlessPrintShop(Dateien& files) : images(files), printers(files, fonts) {}
+
+  HeadlessFontBook fonts;
+  HeadlessImages images;
+  HeadlessPrinters printers;
+};
+
+}  // namespace vantora

@@ -1,0 +1,105 @@
+#include "backends/qt/print/qt_images.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kPreviewPoints = 1600;  // of the longer side
+constexpr long long kMostPrinted = 30'000'000;
+constexpr int kMostMegabytes = 256;  // of points: all of the largest picture that is read whole
+constexpr qint64 kMostBytes = 512LL * 1024 * 1024;
+
+[[noreturn]] void NoPicture(const QString& why) {
+  throw Laufzeitfehler(kFehlerBild, L"La imagen no es válida", why.toStdWString());
+}
+
+// The measures of a bmp that the toolkit does not want to know of, so large are they.
+long long PointsOfBmp(const QByteArray& bytes) {
+  constexpr int kWidth = 18, kHeight = 22;
+  if (bytes.size() < kHeight + 4) return 0;
+  const auto side = [&](int at) {
+    return std::abs(1LL * qFromLittleEndian<qint32>(bytes.constData() + at));
+  };
+  return side(kWidth) * side(kHeight);
+}
+
+[[noreturn]] void TooLarge() {
+  throw Laufzeitfehler(kFehlerSpeicher, L"La imagen es demasiado grande");
+}
+
+}  // namespace
+
+QtImage::QtImage(QByteArray bytes) : bytes_(std::move(bytes)) {
+  QBuffer buffer(&bytes_);
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  const QByteArray format = reader.format();
+  lossy_ = format == "jpeg";
+  if (!lossy_ && format != "bmp" && format != "gif" && format != "png") {
+    NoPicture(QStringLiteral("format ") + QString::fromLatin1(format));
+  }
+  size_ = reader.size();
+  if (format == "bmp" && PointsOfBmp(bytes_) > kMaxWholePoints) TooLarge();
+  if (size_.isEmpty()) NoPicture(reader.errorString());
+  if (1LL * size_.width() * size_.height() > (lossy_ ? kMaxImagePoints : kMaxWholePoints)) {
+    TooLarge();
+  }
+  turned_ = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+  if (turned_) size_.transpose();
+  const int longer = std::max(size_.width(), size_.height());
+  preview_ = Decode(longer > kPreviewPoints
+                        ? size_.scaled(kPreviewPoints, kPreviewPoints, Qt::KeepAspectRatio)
+                              .expandedTo(QSize(1, 1))
+                        : size_);
+}
+
+// Readers scale before they turn.
+QImage QtImage::Decode(QSize size) const {
+  QBuffer buffer(const_cast<QByteArray*>(&bytes_));
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  QImageReader::setAllocationLimit(kMostMegabytes);
+  if (size != size_) reader.setScaledSize(turned_ ? size.transposed() : size);
+  QImage image = reader.read();
+  if (image.isNull()) NoPicture(reader.errorString());
+  return image;
+}
+
+QImage QtImage::Whole() const {
+  const long long points = 1LL * size_.width() * size_.height();
+  if (!lossy_ || points <= kMostPrinted) return Decode(size_);
+  const double share = std::sqrt(static_cast<double>(kMostPrinted) / static_cast<double>(points));
+  return Decode((QSizeF(size_) * share).toSize().expandedTo(QSize(1, 1)));
+}
+
+QImage QtImage::Scaled(QSize size) const {
+  if (scaled_.size() == size) return scaled_;
+  const bool enough = preview_.size() == size_ ||
+                      (preview_.width() >= size.width() && preview_.height() >= size.height());
+  const QImage& source = enough ? preview_ : (preview_ = Decode(size));
+  scaled_ = source.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  return scaled_;
+}
+
+Bild QtImages::Load(const Text& file) {
+  const std::unique_ptr<Datei> open = files_.Open(file, Zugriff::Lesen);
+  if (open->Length() > kMostBytes) TooLarge();
+  QByteArray bytes(static_cast<qsizetype>(open->Length()), Qt::Uninitialized);
+  bytes.truncate(
+      static_cast<qsizetype>(open->ReadSome(bytes.data(), static_cast<std::size_t>(bytes.size()))));
+  return std::make_shared<const QtImage>(std::move(bytes));
+}
+
+}  // namespace vantora

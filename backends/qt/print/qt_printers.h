@@ -1,0 +1,44 @@
+// The collection of printers: the system's queues, and a printer that writes a PDF.
+#pragma once
+
+#include "backends/printing/job_printer.h"
+#include "backends/qt/print/print_queues.h"
+
+#include "platform/files.h"
+
+#include <optional>
+
+namespace vantora {
+
+class QtPrinters final : public Printers, private PrintTarget {
+ public:
+  QtPrinters(Dateien& files, FontBook& fonts, PrintQueues& queues);
+
+  int Count() override;
+  Text Name(int index) override;
+  bool WritesFile(int index) override;
+  PaperSize Paper(int index) override;
+  int Current() override;
+  void Select(int index) override;
+  vantora::Printer& Printer() override;
+  Text SuggestedFile() override;
+
+  PrinterSetup Setup;
+
+ private:
+  const std::vector<std::string>& Queues();
+  PrintSheet SheetOf(int index);
+  PrintSheet Sheet() override { return SheetOf(Current()); }
+  void Begin() override;
+  void Deliver(const PrintJob& job) override;
+
+  Dateien& files_;
+  PrintQueues& system_;
+  // As they were when the collection was asked for the first time: places in it stay.
+  std::optional<std::vector<std::string>> queues_;
+  int current_ = -1;
+  std::optional<std::pair<int, PrintSheet>> sheet_;  // asked for last
+  JobPrinter printer_;
+};
+
+}  // namespace vantora

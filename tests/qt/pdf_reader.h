@@ -1,0 +1,119 @@
+// The first page of a PDF as an independent reader sees it: the tools of poppler.
+#pragma once
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+// Places are in twips from the paper's upper left corner.
+class PdfPage {
+ public:
+  struct Word {
+    std::string Text;
+    double Left = 0, Right = 0;
+  };
+  struct Ink {
+    bool Found = false;
+    double Left = 0, Top = 0, Right = 0, Bottom = 0;
+  };
+
+  explicit PdfPage(const std::string& file) : file_(QString::fromStdString(file)) {
+    const QString boxes = Run("pdftotext", {"-bbox", file_, "-"});
+    static const QRegularExpression page("<page width=\"([0-9.]+)\" height=\"([0-9.]+)\"");
+    width_ = page.match(boxes).captured(1).toDouble() * kTwipsPerPoint;
+    static const QRegularExpression word("xMin=\"([0-9.]+)\".*xMax=\"([0-9.]+)\".*>(.*)</word>");
+    for (auto found = word.globalMatch(boxes); found.hasNext();) {
+      const QRegularExpressionMatch one = found.next();
+      words_.push_back({one.captured(3).toStdString(), one.captured(1).toDouble() * kTwipsPerPoint,
+                        one.captured(2).toDouble() * kTwipsPerPoint});
+    }
+    // A pixel is two twips.
+    Run("pdftoppm", {"-r", "720", "-gray", "-aa", "no", "-aaVector", "no", "-singlefile", file_,
+                     folder_.filePath("page")});
+    QFile grey(folder_.filePath("page.pgm"));
+    if (!grey.open(QIODevice::ReadOnly) || grey.readLine() != "P5\n") return;
+    const QList<QByteArray> sides = grey.readLine().simplified().split(' ');
+    grey.readLine();  // the brightest value
+    bytes_ = grey.readAll();
+    points_ = QImage(reinterpret_cast<const uchar*>(bytes_.constData()), sides[0].toInt(),
+                     sides[1].toInt(), sides[0].toInt(), QImage::Format_Grayscale8);
+  }
+
+  double Width() const { return width_; }
+  const Word& Words(std::size_t index) const { return words_.at(index); }
+  std::string Text() const {
+    QString text = Run("pdftotext", {"-layout", file_, "-"});
+    static const QRegularExpression blanks(" +");
+    return text.replace(blanks, " ").remove(u'\f').toStdString();
+  }
+
+  // Everything that is not white in a rectangle.
+  Ink InkIn(int left, int top, int right, int bottom) const {
+    Ink ink;
+    for (int y = top / 2; y < bottom / 2 && y < points_.height(); ++y) {
+      const uchar* line = points_.constScanLine(y);
+      for (int x = left / 2; x < right / 2 && x < points_.width(); ++x) {
+        if (line[x] > 200) continue;
+        const Ink here{true, 2.0 * x, 2.0 * y, 2.0 * x + 2, 2.0 * y + 2};
+        ink = ink.Found ? Ink{true, std::min(ink.Left, here.Left), std::min(ink.Top, here.Top),
+                              std::max(ink.Right, here.Right), std::max(ink.Bottom, here.Bottom)}
+                        : here;
+      }
+    }
+    return ink;
+  }
+
+  // "WIDTHxHEIGHT CODING" each.
+  std::vector<std::string> Pictures() const {
+    std::vector<std::string> pictures;
+    for (const QStringList& cells : Table("pdfimages", {"-list", file_})) {
+      pictures.push_back((cells[3] + "x" + cells[4] + " " + cells[8]).toStdString());
+    }
+    return pictures;
+  }
+  int FontsOutside() const {
+    int outside = 0;
+    static const QRegularExpression embedded("\\s(yes|no)\\s+(yes|no)\\s+(yes|no)");
+    const QStringList lines = Run("pdffonts", {file_}).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString& line : lines.mid(2)) {
+      outside += embedded.match(line).captured(1) == u"yes" ? 0 : 1;
+    }
+    return lines.size() > 2 ? outside : -1;
+  }
+
+ private:
+  static constexpr double kTwipsPerPoint = 20;
+
+  static QString Run(const QString& program, const QStringList& words) {
+    QProcess process;
+    process.start(program, words);
+    process.waitForFinished(60'000);
+    return QString::fromUtf8(process.readAllStandardOutput());
+  }
+  // The rows below the head and its line.
+  static std::vector<QStringList> Table(const QString& program, const QStringList& words) {
+    std::vector<QStringList> rows;
+    for (const QString& line : Run(program, words).split(u'\n', Qt::SkipEmptyParts).mid(2)) {
+      rows.push_back(line.simplified().split(u' '));
+    }
+    return rows;
+  }
+
+  QString file_;
+  QTemporaryDir folder_;
+  double width_ = 0;
+  std::vector<Word> words_;
+  QByteArray bytes_;
+  QImage points_;  // over the bytes
+};
+
+}  // namespace vantora
