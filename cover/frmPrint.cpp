@@ -3,7 +3,6 @@
 #include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
 #include "app/zahlen.h"
 #include "cover/frmPrintStart.h"
 
@@ -271,13 +270,16 @@ void frmPrint::imgLoadPic_MouseUp() {
     Window.Enabled = true;
     schleife.MousePointer(Pointer::Normal);
   };
-  Jedenfalls(
-      [&] {
-        Hintergrundbild() = prog.plattform.bilder.Load(datei);
-        prog.Pausieren(kBildPauseMs);
-      },
-      frei);
-  ShowPic(Seite);
+  try {
+    const Bild bild = prog.plattform.bilder.Load(datei);
+    prog.Pausieren(kBildPauseMs);
+    Hintergrundbild() = bild;
+    frei();
+    ShowPic(Seite);
+  } catch (const Laufzeitfehler& fehler) {
+    frei();
+    prog.BildFehlerMelden(datei, fehler);
+  }
 }
 
 void frmPrint::imgClearPic_MouseUp() {

@@ -16,6 +16,7 @@ namespace {
 
 constexpr const wchar_t* kAbstand = L"   ";
 constexpr const wchar_t* kZeilenEnde = L"\r\n";
+constexpr std::int16_t kWahr = -1;
 constexpr int kGroessteImFeld = 14;  // points; larger letters would not fit into a line
 
 }  // namespace
@@ -120,10 +121,20 @@ void frmPrintStart::txtPrev_Click() {
 }
 
 void frmPrintStart::imgSchrift_MouseUp() {
+  Schriftart schrift{prog.CoverFont, prog.CoverFontSize, prog.CoverFontBold != 0,
+                     prog.CoverFontItalic != 0};
+  if (!prog.SchriftHolen(schrift, kSchriftFuerBeide)) return;
+  prog.CoverFont = schrift.Name;
+  prog.CoverFontSize = Ganz16(schrift.Groesse);
+  prog.CoverFontBold = schrift.Fett ? kWahr : 0;
+  prog.CoverFontItalic = schrift.Kursiv ? kWahr : 0;
+  SchriftZeigen();
 }
 
 void frmPrintStart::imgColor_MouseUp(int index) {
-  (void)index;
+  const Text titel = index == 0 ? Text(L"Textfarbe auswählen") : LoadResString(17602);
+  if (!prog.FarbeHolen(titel, index == 0 ? prog.CoverTextFarbe : prog.CoverHintergrund)) return;
+  FarbenZeigen();
 }
 
 // A line ends at its line feed, and the carriage return in front of it is no part of it.

@@ -215,7 +215,19 @@ void frmPrint::PrintQMPaper() {
   schleife.MousePointer(Pointer::Normal);
 }
 
+// A dialog that was cancelled ends it. A job that fails leaves nothing behind.
 void frmPrint::imgPrintMe_MouseUp() {
+  try {
+    prog.DruckerHolen(kDruckerWaehlen);
+    if (PapierArt == kZentriert) {
+      PrintCentered();
+    } else {
+      PrintQMPaper();
+    }
+  } catch (const Laufzeitfehler& fehler) {
+    prog.plattform.schleife.MousePointer(Pointer::Normal);
+    if (fehler.Nummer != kFehlerAbbruch) prog.DruckFehlerMelden(fehler);
+  }
 }
 
 }  // namespace vantora

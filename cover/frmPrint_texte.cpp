@@ -37,9 +37,13 @@ frmPrint::Beweglich frmPrint::Interpret() {
 }
 
 std::vector<frmPrint::Beweglich> frmPrint::Texte() {
-  std::vector<Beweglich> alle = {Titel(), Interpret()};
-  for (int i = 0; i < lblBeschriftung.Count(); ++i) alle.push_back(Zeile(i));
-  std::erase_if(alle, [](const Beweglich& text) { return !text.Schild.Visible; });
+  std::vector<Beweglich> alle;
+  const auto auch = [&alle](const Beweglich& text) {
+    if (text.Schild.Visible) alle.push_back(text);
+  };
+  for (int i = 0; i < lblBeschriftung.Count(); ++i) auch(Zeile(i));
+  auch(Titel());
+  auch(Interpret());
   return alle;
 }
 
@@ -185,8 +189,10 @@ Text frmPrint::Beschreibung(const Beweglich& text) const {
 
 // Says which text is selected, or how many are.
 void frmPrint::Sagen() {
-  std::vector<Beweglich> gewaehlt = Texte();
-  std::erase_if(gewaehlt, [](const Beweglich& text) { return text.Schild.Tag != L"1"; });
+  std::vector<Beweglich> gewaehlt;
+  for (const Beweglich& text : Texte()) {
+    if (text.Schild.Tag == L"1") gewaehlt.push_back(text);
+  }
   gesagt_ = gewaehlt.empty()       ? Text()
             : gewaehlt.size() == 1 ? Beschreibung(gewaehlt.front())
                                    : ZahlText(static_cast<std::int64_t>(gewaehlt.size())) +

@@ -38,6 +38,7 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"setting", &Robot::Setting},
       {L"copy", &Robot::Copy},
       {L"makewave", &Robot::MakeWave},
+      {L"makepicture", &Robot::MakePicture},
       {L"makemp3", &Robot::MakeMp3},
       {L"writefile", &Robot::WriteFile},
       {L"delete", &Robot::Delete},

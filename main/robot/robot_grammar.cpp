@@ -173,6 +173,13 @@ void ParseMakeWave(ScriptLine& line, Words& words) {
   line.Numbers = {ms, hertz, rate, bits, channels};
 }
 
+void ParseMakePicture(ScriptLine& line, Words& words) {
+  constexpr int kSide = 20'000;
+  line.Value = words.ProductPath();
+  const int width = words.Number("a number of points across", 1, kSide);
+  line.Numbers = {width, words.Number("a number of points down", 1, kSide)};
+}
+
 void ParseMakeMp3(ScriptLine& line, Words& words) {
   line.Value = words.ProductPath();
   const int ms = words.Milliseconds("a number of seconds");
@@ -411,6 +418,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"setting", {ParsePair, When::Before, Does::Prepare}},
       {L"copy", {ParsePair, When::Any, Does::Prepare, true}},
       {L"makewave", {ParseMakeWave, When::Any, Does::Prepare, true}},
+      {L"makepicture", {ParseMakePicture, When::Any, Does::Prepare, true}},
       {L"makemp3", {ParseMakeMp3, When::Any, Does::Prepare, true}},
       {L"writefile", {ParseWriteFile, When::Any, Does::Prepare, true}},
       {L"delete", {ParseProductPath, When::Any, Does::Prepare, true}},
