@@ -28,6 +28,9 @@ class frmLiedAusKatalog;
 class frmCDBrennen;
 class frmSchreibFortschritt;
 class frmLoadSave;
+class frmSchrift;
+class frmFarbe;
+class frmDrucken;
 class frmStartAssistent;
 class frmMixer;
 class frmCDPlayer;
@@ -51,8 +54,30 @@ enum MeldungsArt : int {
 enum Antwort : int { kJa = 6, kNein = 7 };
 
 // What the file dialog is asked for.
-enum DateiTyp : int { kTypKatalog = 1, kTypWave = 2, kTypMusik = 3, kTypAufnahme = 4, kTypBild = 5 };
+enum DateiTyp : int {
+  kTypKatalog = 1,
+  kTypWave = 2,
+  kTypMusik = 3,
+  kTypAufnahme = 4,
+  kTypBild = 5,
+  kTypPdf = 6,
+};
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
+
+// Flags of the dialogs for fonts, colours and printing, as far as they are in use.
+enum DialogFlags : int {
+  kSchriftFuerBeide = 3,  // fonts of the screen and of the printer
+  kFarbeAnzeigen = 4,
+  kDruckerWaehlen = 18,
+};
+
+// What the font dialog begins with, and what was chosen.
+struct Schriftart {
+  Text Name;
+  int Groesse = 10;  // points
+  bool Fett = false, Kursiv = false;
+  bool operator==(const Schriftart&) const = default;
+};
 
 struct Programm : Dienste,
                   Einstellungen,
@@ -80,6 +105,17 @@ struct Programm : Dienste,
 
   // Runs the file dialog; the answer stands in the dialog fields.
   void DateiHolen(int typ, int modus, const vantora::Text& vorschlag = {});
+
+  // The font dialog and the colour dialog; cancelled, they change nothing and return false. A blank
+  // title is the dialog's own.
+  bool SchriftHolen(Schriftart& schrift, int flags = kSchriftFuerBeide);
+  bool FarbeHolen(const vantora::Text& titel, Color& farbe, int flags = kFarbeAnzeigen);
+  // The print dialog: sets the printer that is printed on, its copies and its file. Cancelled, it
+  // raises kFehlerAbbruch. A file that is there is asked about.
+  void DruckerHolen(int flags = kDruckerWaehlen);
+  // Says in the program's words why a job came to nothing, or why a picture could not be read.
+  void DruckFehlerMelden(const Laufzeitfehler& fehler);
+  void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
 
   // The main window, as the windows below it see it.
   KatalogDienst& Katalogfenster();
@@ -109,6 +145,7 @@ struct Programm : Dienste,
   vantora::Text AppPfad;
   std::int32_t BildschirmHoehe = 0, BildschirmBreite = 0;  // pixels
   bool BrennerGeladen = false;
+  vantora::Text PdfOrdner;  // where a PDF was last printed to; blank: nowhere yet
 
   Fenster<vantora::frmStartUp> frmStartUp{*this};
   Fenster<vantora::frmHauptForm> frmHauptForm{*this};
@@ -120,6 +157,9 @@ struct Programm : Dienste,
   Fenster<vantora::frmCDBrennen> frmCDBrennen{*this};
   Fenster<vantora::frmSchreibFortschritt> frmSchreibFortschritt{*this};
   Fenster<vantora::frmLoadSave> frmLoadSave{*this};
+  Fenster<vantora::frmSchrift> frmSchrift{*this};
+  Fenster<vantora::frmFarbe> frmFarbe{*this};
+  Fenster<vantora::frmDrucken> frmDrucken{*this};
   Fenster<vantora::frmStartAssistent> frmStartAssistent{*this};
   Fenster<vantora::frmMixer> frmMixer{*this};
   Fenster<vantora::frmCDPlayer> frmCDPlayer{*this};

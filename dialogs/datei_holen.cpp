@@ -20,11 +20,14 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
                           : typ == kTypWave     ? Wave_Import_Dir
                           : typ == kTypAufnahme ? Wave_Export_Dir
                           : typ == kTypBild     ? Picture_Save_Dir
+                          : typ == kTypPdf      ? PdfOrdner
                                                 : Songs_Import_Dir;
   DialogModus = static_cast<std::int16_t>(modus);
+  if (typ == kTypPdf && PdfOrdner.empty()) PdfOrdner = AppPfad;
   DialogName = typ == kTypKatalog ? L".vtr"
                : typ == kTypMusik ? L".wav;*.mp3"
                : typ == kTypBild  ? L".jpg;*.bmp;*.gif"
+               : typ == kTypPdf   ? L".pdf"
                                   : L".wav";
   DialogMuster = L"*" + DialogName;
   DialogPfad = UNCAufLaufwerk(ordner);
@@ -46,6 +49,7 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
   }
   ordner = DialogPfad;
   if (typ == kTypWave && modus == kModusSichern) ExtensionSicher(GewaehlteDatei, L".wav");
+  if (typ == kTypPdf) ExtensionSicher(GewaehlteDatei, L".pdf");
   if (typ != kTypKatalog) return;
   if (!MehrfachAuswahl) ExtensionSicher(GewaehlteDatei, L".vtr");
   LetzterKatalog = GewaehlteDatei;

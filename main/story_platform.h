@@ -43,6 +43,7 @@ struct StoryPlatform : World {
                    return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
                  },
                  sound, input}) {
+    shop.printers.Setup.Paper = L"A4";
     if constexpr (requires { World::loop.Stage; }) World::loop.Stage = &display;
   }
 

@@ -82,6 +82,7 @@ class StoryStage final : public RobotStage {
   void LineIn(const Text& waveFile) override { Now().input.Play(waveFile); }
   void LineInOverrun(int ms) override { Now().input.Lose(ms); }
   HeadlessMixer& Mixer() override { return Now().mixer; }
+  PrinterSetup& Printing() override { return Now().shop.printers.Setup; }
   OutputVolume& OwnVolume() override { return Now().volume; }
 
  private:
@@ -100,6 +101,7 @@ class StoryStage final : public RobotStage {
     platform_->display = before->display;
     platform_->card.Present = before->card.Present;
     platform_->mixer = before->mixer;
+    platform_->shop.printers.Setup = before->shop.printers.Setup;
     platform_->load.Present = before->load.Present;
     platform_->load.Percent = before->load.Percent;
     platform_->machine.writer.Faults = before->machine.writer.Faults;

@@ -1,6 +1,8 @@
 #include "backends/qt/drawing_widget.h"
 
 #include "backends/qt/look.h"
+#include "backends/qt/print/print_font.h"
+#include "backends/qt/print/qt_images.h"
 
 #include <QEvent>
 #include <QFocusEvent>
@@ -52,6 +54,15 @@ QPolygonF Thinned(const std::vector<int>& numbers, double twips) {
                   [&](std::size_t point) { thin << At(numbers, point, twips); });
   }
   return thin;
+}
+
+// From the letters' own pixels to the widget's.
+QTransform Turned(const LogicalFont& font, const QPointF& place, double scale) {
+  constexpr double kTenths = 10;
+  return QTransform()
+      .translate(place.x(), place.y())
+      .rotate(-font.Escapement / kTenths)
+      .scale(scale, scale);
 }
 
 QRect ReachOf(const QPolygonF& points) {
@@ -173,8 +184,15 @@ std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawIt
     }
     mark.Points = PointsOf(item, Twips());
     mark.Reach = ReachOf(mark.Points);
-    if (one) PlaceWords(item, mark);
-    if (item.Kind == DrawItem::What::Picture) mark.Picture = item.Content;
+    if (one && item.FontName.empty()) {
+      PlaceWords(item, mark);
+    } else if (one) {
+      PlaceTurned(item, mark);
+    }
+    if (item.Kind == DrawItem::What::Picture) {
+      mark.Picture = item.Content;
+      mark.Photo = item.Photo;
+    }
     marks.push_back(std::move(mark));
   }
   return marks;
@@ -214,6 +232,26 @@ void DrawingWidget::PlaceWords(const DrawItem& item, Mark& mark) const {
       QRectF(corner, QSizeF(width, metrics.height())).toAlignedRect().adjusted(-3, 0, 3, 0);
 }
 
+void DrawingWidget::PlaceTurned(const DrawItem& item, Mark& mark) const {
+  const double wanted = item.FontTwips / Twips();
+  const double whole = std::max(1.0, std::round(wanted));
+  mark.Words = look::FromText(item.Content);
+  mark.FontScale = wanted / whole;
+  mark.Font.FaceName = item.FontName;
+  mark.Font.Height = -whole;
+  mark.Font.Weight = item.Bold ? kWeightBold : kWeightNormal;
+  mark.Font.Italic = item.Italic;
+  mark.Font.Underline = item.Underline;
+  mark.Font.StrikeOut = item.StrikeOut;
+  mark.Font.Escapement = item.Angle;
+  const QFontMetricsF metrics(PrintFont(mark.Font));
+  const QRectF cell(0, 0, metrics.horizontalAdvance(mark.Words), metrics.height());
+  mark.Reach = Turned(mark.Font, mark.Points.first(), mark.FontScale)
+                   .mapRect(cell)
+                   .toAlignedRect()
+                   .adjusted(-3, -3, 3, 3);
+}
+
 // ---- painting ----
 
 void DrawingWidget::paintEvent(QPaintEvent* event) {
@@ -248,15 +286,38 @@ void DrawingWidget::Draw(QPainter& painter, const Mark& mark) {
       painter.drawPolygon(mark.Points.translated(0.5, 0.5));
       return;
     case DrawItem::What::Words:
+      if (!mark.Font.FaceName.empty()) return DrawTurned(painter, mark);
       painter.setFont(look::FontOf(mark.FontSize, false, scale_));
       painter.drawText(mark.Points.first(), mark.Words);
       return;
-    case DrawItem::What::Picture: {
-      const QRect place = QRectF(mark.Points[0], mark.Points[1]).toAlignedRect();
-      painter.drawPixmap(place.topLeft(),
-                         pictures_.Get(mark.Picture, place.size(), devicePixelRatioF()));
-      return;
-    }
+    case DrawItem::What::Picture:
+      return DrawPicture(painter, mark);
+  }
+}
+
+void DrawingWidget::DrawTurned(QPainter& painter, const Mark& mark) {
+  const QFont font = PrintFont(mark.Font);
+  const QFontMetricsF metrics(font);
+  painter.save();
+  painter.setTransform(Turned(mark.Font, mark.Points.first(), mark.FontScale), true);
+  painter.setRenderHint(QPainter::TextAntialiasing);
+  if (mark.Fill.alpha() != 0) {
+    painter.fillRect(QRectF(0, 0, metrics.horizontalAdvance(mark.Words), metrics.height()),
+                     mark.Fill);
+  }
+  painter.setFont(font);
+  painter.setPen(mark.Ink);
+  painter.drawText(QPointF(0, metrics.ascent()), mark.Words);
+  painter.restore();
+}
+
+void DrawingWidget::DrawPicture(QPainter& painter, const Mark& mark) {
+  const QRect place = QRectF(mark.Points[0], mark.Points[1]).toAlignedRect();
+  const double density = devicePixelRatioF();
+  if (const auto* photo = dynamic_cast<const QtImage*>(mark.Photo.get())) {
+    painter.drawImage(place, photo->Scaled((QSizeF(place.size()) * density).toSize()));
+  } else {
+    painter.drawPixmap(place.topLeft(), pictures_.Get(mark.Picture, place.size(), density));
   }
 }
 

@@ -5,6 +5,7 @@
 #include "backends/qt/pictures.h"
 
 #include "platform/controls.h"
+#include "platform/device_text.h"
 
 #include <QColor>
 #include <QPolygonF>
@@ -39,15 +40,21 @@ class DrawingWidget final : public QWidget {
     QString Words;
     Text Picture;
     int FontSize = 0;
+    LogicalFont Font;      // of words in another font than the windows'; no name: in theirs
+    double FontScale = 1;  // its letters have whole pixels, and are then scaled
+    Bild Photo;
 
     bool operator==(const Mark& other) const = default;
   };
   std::vector<Mark> MarksOf(const std::vector<DrawItem>& items) const;
   void AddLine(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks) const;
   void PlaceWords(const DrawItem& item, Mark& mark) const;
+  void PlaceTurned(const DrawItem& item, Mark& mark) const;
   double Twips() const;  // of a pixel
   void Draw(QPainter& painter, const Mark& mark);
   static void DrawLine(QPainter& painter, const Mark& mark);
+  static void DrawTurned(QPainter& painter, const Mark& mark);
+  void DrawPicture(QPainter& painter, const Mark& mark);
   void TellWhetherOpaque();
   void ShowRing(bool ringed);
 

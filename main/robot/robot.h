@@ -97,6 +97,10 @@ class Robot final : public User {
   void Load(const ScriptLine& line, Form* front);
   void LineIn(const ScriptLine& line, Form* front);
   void Mixer(const ScriptLine& line, Form* front);
+  void Printer(const ScriptLine& line, Form* front);
+  void Print(const ScriptLine& line, Form* front);
+  void Font(const ScriptLine& line, Form* front);
+  void Colour(const ScriptLine& line, Form* front);
   void ExpectMixer(const ScriptLine& line, Form* front);
   void Shot(const ScriptLine& line, Form* front);
   void Echo(const ScriptLine& line, Form* front);

@@ -383,6 +383,50 @@ void ParseLineIn(ScriptLine& line, Words& words) {
   }
 }
 
+// Value: pdf, none, margins or paper; the folder and the paper are the second word.
+void ParsePrinter(ScriptLine& line, Words& words) {
+  line.Value = words.Take("pdf, none, margins or paper");
+  if (line.Value == L"pdf") {
+    words.Take("a folder");
+  } else if (line.Value == L"margins") {
+    constexpr int kWidest = 5000;
+    line.Numbers = {words.Number("a margin in twips", 0, kWidest),
+                    words.Number("a margin in twips", 0, kWidest)};
+  } else if (line.Value == L"paper") {
+    if (!words.Skip(L"A4") && !words.Skip(L"Letter")) words.Refuse("A4 or Letter is missing");
+  } else if (line.Value != L"none") {
+    words.RefuseLast("pdf, none, margins or paper");
+  }
+}
+
+// No number: cancel.
+void ParsePrint(ScriptLine& line, Words& words) {
+  if (words.Skip(L"cancel")) return;
+  if (!words.Skip(L"ok")) words.Refuse("ok or cancel is missing");
+  line.Numbers = {1};
+}
+
+// Value: the family; Numbers: the size, and whether it is bold and italic. No number: cancel.
+void ParseFont(ScriptLine& line, Words& words) {
+  if (words.Skip(L"cancel")) return;
+  line.Value = words.Take("a font, or cancel,");
+  line.Numbers = {words.Number("a size in points", 1, 99), 0, 0};
+  if (words.Skip(L"bold")) line.Numbers[1] = 1;
+  if (words.Skip(L"italic")) line.Numbers[2] = 1;
+}
+
+// Numbers: red, green and blue; none: cancel.
+void ParseColour(ScriptLine& line, Words& words) {
+  if (words.Skip(L"cancel")) return;
+  const std::string shares = ToUtf8(words.Take("R,G,B or cancel"));
+  int red = 0, green = 0, blue = 0, length = 0;
+  const int read = std::sscanf(shares.c_str(), "%3d,%3d,%3d%n", &red, &green, &blue, &length);
+  const bool valid = read == 3 && static_cast<std::size_t>(length) == shares.size() &&
+                     std::min({red, green, blue}) >= 0 && std::max({red, green, blue}) <= 255;
+  if (!valid) words.RefuseLast("R,G,B of 0 to 255 each");
+  line.Numbers = {red, green, blue};
+}
+
 // Value: what befalls the drive from now on, one thing a line.
 void ParseBottle(ScriptLine& line, Words& words) {
   for (const ScriptWord& word : line.Words) line.Value += word.Content + L"\n";
@@ -451,6 +495,10 @@ const std::map<Text, Grammar>& Commands() {
       {L"load", {ParseLoad, When::Any, Does::Prepare, true}},
       {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
       {L"mixer", {ParseMixer, When::Any, Does::Prepare, true}},
+      {L"printer", {ParsePrinter, When::Any, Does::Prepare, true}},
+      {L"print", {ParsePrint, When::Running, Does::Act}},
+      {L"font", {ParseFont, When::Running, Does::Act}},
+      {L"colour", {ParseColour, When::Running, Does::Act}},
       {L"expect-mixer", {ParseExpectMixer, When::Any, Does::Look, true}},
       {L"shot", {ParseShot, When::Running, Does::Look, true}},
       {L"echo", {ParseEcho, When::Any, Does::Look, true}},

@@ -15,6 +15,7 @@ namespace vantora {
 struct WriterFaults;  // backends/discimage/image_writer.h
 class HeadlessMixer;  // backends/headless/headless_mixer.h
 class OutputVolume;   // backends/sound/output_volume.h
+struct PrinterSetup;  // platform/printer.h
 
 // Whatever a stage cannot do it raises as std::exception; the message is the robot's.
 class RobotStage {
@@ -48,6 +49,7 @@ class RobotStage {
   virtual void LineIn(const Text& waveFile) = 0;       // the input hears it once, from now on
   virtual void LineInOverrun(int ms) = 0;              // the input loses so much
   virtual HeadlessMixer& Mixer() = 0;                  // the card's lines
+  virtual PrinterSetup& Printing() = 0;                // the printers
   virtual OutputVolume& OwnVolume() = 0;               // the line of waves where the card has none
 };
 
