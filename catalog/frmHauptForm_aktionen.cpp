@@ -14,6 +14,8 @@
 #include "dialogs/frmNeuerInterpret.h"
 #include "mixer/frmMixer.h"
 
+#include "platform/printer.h"
+
 namespace vantora {
 
 namespace {

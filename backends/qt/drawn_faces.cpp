@@ -6,6 +6,7 @@
 #include "backends/qt/level_bars.h"
 #include "backends/qt/look.h"
 #include "backends/qt/picture_widgets.h"
+#include "backends/qt/print/print_font.h"
 #include "backends/qt/words.h"
 
 #include <QKeyEvent>
@@ -117,6 +118,18 @@ class PointedFace : public Face {
   }
 };
 
+// Its letters are counted in twips of the paper: scaled down to the window's pixels they keep the
+// proportions of the printed ones.
+QFont FontOnPaper(const Label& label) {
+  constexpr int kTwipsPerPoint = 20;
+  LogicalFont font;
+  font.FaceName = label.FontName;
+  font.Height = -label.FontSize * kTwipsPerPoint;
+  font.Weight = label.FontBold ? kWeightBold : kWeightNormal;
+  font.Italic = label.FontItalic;
+  return PrintFont(font);
+}
+
 Qt::Alignment Across(Alignment align) {
   if (align == Alignment::Right) return Qt::AlignRight;
   return align == Alignment::Center ? Qt::AlignHCenter : Qt::AlignLeft;
@@ -149,9 +162,7 @@ class LabelFace final : public PointedFace {
     words_->setMouseTracking(static_cast<bool>(control.MouseMove));
     words_->OwnFont = !label.FontName().empty();
     words_->Framed = label.BorderStyle != 0;
-    words_->Full = words_->OwnFont ? look::PaperFont(label.FontName, label.FontSize, label.FontBold,
-                                                     label.FontItalic)
-                                   : look::FontOf(label.FontSize, label.FontBold);
+    words_->Full = words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
     if (words_->OwnFont) words_->Scale *= label.FontScale / look::kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);

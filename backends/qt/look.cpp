@@ -78,16 +78,6 @@ QFont FontOf(int points, bool bold, double scale) {
   return font;
 }
 
-QFont PaperFont(const Text& name, int points, bool bold, bool italic) {
-  constexpr int kTwipsPerPoint = 20;
-  QFont font(FromText(name));
-  font.setPixelSize(std::max(1, points) * kTwipsPerPoint);
-  font.setBold(bold);
-  font.setItalic(italic);
-  font.setHintingPreference(QFont::PreferNoHinting);
-  return font;
-}
-
 QFont FontOf(const Control& control, double scale) {
   QFont font = FontOf(control.FontSize, control.FontBold, scale);
   if (!control.FontName().empty()) font.setFamilies({FromText(control.FontName)});

@@ -32,9 +32,6 @@ QColor Of(Color color);  // invisible for kTransparent
 // At 96 dots an inch, whatever the screen says. Scaled down, words take no more of their place than
 // at full size, though letters come in whole pixels only.
 QFont FontOf(int points, bool bold, double scale = 1);
-// A font of the user's choice, in twips of the paper: words that are drawn in it and scaled down keep
-// the proportions of the printed ones, whatever the pixels of the screen.
-QFont PaperFont(const Text& name, int points, bool bold, bool italic);
 // Of a control that shows the user's font at the size of the screen's other letters.
 QFont FontOf(const Control& control, double scale);
 // Edges are rounded, so that neighbours meet; what is seen at full size stays a pixel wide at

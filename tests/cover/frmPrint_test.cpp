@@ -231,10 +231,6 @@ TEST_F(Cover, CenteredEachSideStandsInTheMiddleWithItsFoldsFrameAndMarks) {
   b.platform.shop.printers.Setup.Paper = L"A4";
   b.prog.CoverTitel = L"Lomo";
   Weitergehen([&](frmPrint& w) {
-    const std::map<int, std::vector<std::string>> soll = {
-        {0,
-         {"box@4137@2608@12702@9298", "Lomo/90", "Lomo/270", "1   uno   Voz", "Lomo", "Int"}},
-    };
     for (int knopf = 0; knopf < 3; ++knopf) {
       w.imgControl_MouseUp(knopf);
       w.PrintCentered();
