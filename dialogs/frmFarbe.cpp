@@ -12,6 +12,7 @@ namespace vantora {
 namespace {
 
 constexpr int kUebernehmen = 0;
+constexpr const wchar_t* kHilfe = L"frmDrucken";  // one page for the dialogs around printing
 constexpr int kSpalten = 8, kFelder = 48;
 constexpr int kHoechster = 255;
 
@@ -34,7 +35,7 @@ unsigned AnteilVon(Color farbe, int index) {
 
 frmFarbe::frmFarbe(Programm& programm) : VtrFenster(programm, L"frmFarbe") {
   for (int i = 0; i < pbButton.Count(); ++i) Knopf(pbButton(i), [this, i] { pbButton_MouseUp(i); });
-  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  Knopf(imgHelp, [this] { prog.Hilfe(kHilfe); });
   for (int i = 0; i < sldAnteil.Count(); ++i) {
     sldAnteil(i).Max = kHoechster;
     sldAnteil(i).Change = [this, i] { sldAnteil_Change(i); };
@@ -169,8 +170,13 @@ void frmFarbe::pbButton_MouseUp(int index) {
 }
 
 bool frmFarbe::Form_KeyDown(int taste, bool strg) {
-  if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
-  pbButton_MouseUp(1);
+  if (taste == kKeyF1) {
+    prog.Hilfe(kHilfe);
+  } else if (taste == kKeyEscape) {
+    pbButton_MouseUp(1);
+  } else {
+    return VtrFenster::Form_KeyDown(taste, strg);
+  }
   return true;
 }
 

@@ -13,7 +13,8 @@ namespace vantora {
 namespace {
 
 constexpr int kUebernehmen = 0;
-constexpr int kKleinste = 4, kGroesste = 96;  // points
+constexpr const wchar_t* kHilfe = L"frmDrucken";  // one page for the dialogs around printing
+constexpr int kKleinste = 4, kGroesste = 96;      // points
 constexpr std::array kGroessen = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72};
 
 int ZeileVon(const ListControl& liste, const Text& gesucht) {
@@ -27,7 +28,7 @@ int ZeileVon(const ListControl& liste, const Text& gesucht) {
 
 frmSchrift::frmSchrift(Programm& programm) : VtrFenster(programm, L"frmSchrift") {
   for (int i = 0; i < pbButton.Count(); ++i) Knopf(pbButton(i), [this, i] { pbButton_MouseUp(i); });
-  Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  Knopf(imgHelp, [this] { prog.Hilfe(kHilfe); });
   txtGroesse.MaxLength = 2;
   txtGroesse.KeyPress = [](int zeichen) {
     return zeichen < kKeySpace || (zeichen >= L'0' && zeichen <= L'9');
@@ -132,8 +133,13 @@ void frmSchrift::pbButton_MouseUp(int index) {
 }
 
 bool frmSchrift::Form_KeyDown(int taste, bool strg) {
-  if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
-  pbButton_MouseUp(1);
+  if (taste == kKeyF1) {
+    prog.Hilfe(kHilfe);
+  } else if (taste == kKeyEscape) {
+    pbButton_MouseUp(1);
+  } else {
+    return VtrFenster::Form_KeyDown(taste, strg);
+  }
   return true;
 }
 

@@ -1,9 +1,14 @@
 #include <gtest/gtest.h>
 
 #include "backends/qt/drawing_widget.h"
+#include "backends/qt/print/print_font.h"
+#include "backends/qt/print/qt_images.h"
 #include "backends/qt/qt_event_loop.h"
 #include "tests/backends/full_form.h"
 
+#include "platform/box_device.h"
+
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
 
@@ -92,6 +97,74 @@ TEST(Drawing, ALineBetweenTwoPointsIsStraight) {
       EXPECT_TRUE(away < 0.1 ? lit > 150 : away < 2 || lit == 0) << x << "," << y << ": " << lit;
     }
   }
+}
+
+// The rectangle of what is not the box's own ground.
+QRect Marked(const QImage& image) {
+  QRect marked;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (qRed(image.pixel(x, y)) > 100) marked = marked.united(QRect(x, y, 1, 1));
+    }
+  }
+  return marked;
+}
+
+// Written as on paper: the corner of the first letter's cell stands at the place.
+TEST(Drawing, WordsOfADeviceAreTurnedAroundTheirBeginningAndScaledWithTheBox) {
+  QtFontBook fonts;
+  for (const double scale : {1.0, 0.7}) {
+    for (const int angle : {0, 900, 2700}) {
+      SCOPED_TRACE(testing::Message() << angle << " at " << scale);
+      Drawn shown(400, 400, {});
+      BoxDevice device(shown.box, fonts);
+      device.FontName = L"Liberation Sans";
+      device.FontSize = 24;
+      device.ForeColor = Rgb(255, 255, 255);
+      LogicalFont font = FontInUse(device);
+      font.Escapement = angle;
+      const FontHandle before = SelectObject(device.hDC(), CreateFontIndirectA(font));
+      device.CurrentX = device.CurrentY = 200 * 15;
+      const double width = device.TextWidth(L"HHH") / 15 * scale;
+      const double ascent = fonts.Measure(font, L"H").Ascent * scale;
+      device.Print(L"HHH");
+      SelectObject(device.hDC(), before);
+      shown.widget.Set(shown.box, scale);
+      const QRect ink = Marked(Seen(shown.widget, shown.widget.rect()));
+      const int at = static_cast<int>(std::lround(200 * scale));
+      const double along = angle == 0 ? ink.width() : ink.height();
+      EXPECT_NEAR(along, width, 8);
+      if (angle == 0) {
+        EXPECT_NEAR(ink.left(), at, 5);
+        EXPECT_NEAR(ink.bottom() + 1, at + ascent, 2);
+      } else if (angle == 900) {
+        EXPECT_NEAR(ink.bottom(), at, 5);
+        EXPECT_NEAR(ink.right() + 1, at + ascent, 2);
+      } else {
+        EXPECT_NEAR(ink.top(), at, 5);
+        EXPECT_NEAR(ink.left(), at - ascent, 2);
+      }
+    }
+  }
+}
+
+TEST(Drawing, APhotographFillsItsRectangle) {
+  QImage half(40, 20, QImage::Format_RGB32);
+  half.fill(Qt::blue);
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 20; x < 40; ++x) half.setPixel(x, y, qRgb(255, 0, 0));
+  }
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  half.save(&buffer, "bmp");
+  DrawItem item = Item(DrawItem::What::Picture, {100 * 15, 50 * 15, 300 * 15, 150 * 15});
+  item.Photo = std::make_shared<QtImage>(bytes);
+  Drawn shown(400, 200, {std::move(item)});
+  const QRect red = Marked(Seen(shown.widget, shown.widget.rect()));
+  EXPECT_NEAR(red.left(), 200, 3);
+  EXPECT_EQ(red.right(), 299);
+  EXPECT_EQ(red.top(), 50);
+  EXPECT_EQ(red.bottom(), 149);
 }
 
 }  // namespace

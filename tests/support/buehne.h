@@ -46,18 +46,19 @@ class ScriptedUser final : public User {
 inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& cd, Mci& mci,
                              Sockets& net) {
   return {
-      p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien, p.laufwerke, p.einstellungen,
-      p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,   p.edits,     p.mp3,
-      mcd,        acd,          cd,           mci,       net,       p.audiolib,  p.perfData,
-      p.eqpro,    p.wachhalter};
+      p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien,  p.laufwerke, p.einstellungen,
+      p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,    p.edits,     p.mp3,
+      mcd,        acd,          cd,           mci,       net,        p.audiolib,  p.perfData,
+      p.eqpro,    p.wachhalter, p.drucker,    p.bilder,  p.schriften};
 }
 
 // The bundle with another mixer.
 inline Plattform MitMixer(const Plattform& p, EQPro& eqpro) {
-  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien,   p.laufwerke,
-          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools,   p.tsCut,
-          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,        p.mci,
-          p.sockets,       p.audiolib,   p.perfData, eqpro,        p.wachhalter};
+  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien,    p.laufwerke,
+          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools,    p.tsCut,
+          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,         p.mci,
+          p.sockets,       p.audiolib,   p.perfData, eqpro,        p.wachhalter, p.drucker,
+          p.bilder,        p.schriften};
 }
 
 class Buehne {

@@ -90,10 +90,11 @@ class Geraete : private Drives {
     cutter = std::make_unique<Cutter>(*platte, *edits);
     echt = &p.machine.letters;
     const Plattform& b = p.bundle;
-    return {b.schleife,      b.bildschirm, b.uhr,      b.system,     *platte,     *this,
-            b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,   *cutter,
-            *edits,          b.mp3,        b.mcd,      b.acd,        b.cd,        b.mci,
-            b.sockets,       b.audiolib,   b.perfData, b.eqpro,      b.wachhalter};
+    return {b.schleife,      b.bildschirm, b.uhr,      b.system,     *platte,      *this,
+            b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,    *cutter,
+            *edits,          b.mp3,        b.mcd,      b.acd,        b.cd,         b.mci,
+            b.sockets,       b.audiolib,   b.perfData, b.eqpro,      b.wachhalter, b.drucker,
+            b.bilder,        b.schriften};
   }
 
   std::map<Text, double> frei;  // by the words that the program asks with

@@ -57,7 +57,9 @@ TEST(RobotScript, ABadLineIsToldWithItsNumberBeforeAnythingRuns) {
       "expect frmX.a = 1|expect frmX.a == 1 2|expect frmX.a ~ \"(\"|expect frmX.a(1,2)(3) == 1|"
       "expect-file C:\\a size big|expect-file C:\\a sha256 12|wait -1|after 10 close|after 10 wait "
       "5|"
-      "within 10 press frmX.a|disc insert a.bin|writer fail at 100 %|writer pace slow");
+      "within 10 press frmX.a|disc insert a.bin|writer fail at 100 %|writer pace slow|"
+      "printer paper A5|printer margins 1|printer gone|print|font Arial|font Arial 12 thin|"
+      "colour 1,2|colour 1,2,256|colour 1,2,3x");
   for (std::string line; std::getline(bad, line, '|');) {
     EXPECT_EQ(BadLine("# a comment counts\n\nhome h\n" + line + "\nstart\n"), 4) << line;
   }
