@@ -261,7 +261,7 @@ void frmPrint::imgLoadPic_MouseUp() {
   }
   Text datei = prog.GewaehlteDatei;
   if (prog.MehrfachAuswahl) datei = datei.substr(0, datei.find(L'/'));
-  if (!prog.DateiExistiert(datei)) return;
+  if (datei.empty() || datei.find(L'*') != Text::npos) return;
   EventLoop& schleife = prog.plattform.schleife;
   // Nothing is pressed here while the picture is on its way.
   schleife.MousePointer(Pointer::Hourglass);

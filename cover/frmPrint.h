@@ -22,7 +22,7 @@ class frmPrint final : public VtrFenster {
   void SetTexte() override;
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgBack_MouseUp(); }
-  void InitLabelPrint();  // takes over what frmPrintStart has left
+  void InitLabelPrint();        // takes over what frmPrintStart has left
   void imgBack_MouseUp();       // to frmPrintStart; what was laid out here stays
   void imgAbbrechen_MouseUp();  // to the catalog
   bool Text1_KeyPress(int zeichen);
@@ -57,7 +57,7 @@ class frmPrint final : public VtrFenster {
 
   int Seite = kRueckseite;
   int PapierArt = kZentriert;
-  int LabelPos = 0;                        // 0 top, 1 bottom
+  int LabelPos = 0;                         // 0 top, 1 bottom
   std::array<Bild, kCoverTeile> picSource;  // the picture of each part, at its own resolution
 
   // ---- controls ----
@@ -123,9 +123,9 @@ class frmPrint final : public VtrFenster {
   void HilfslinienDrucken(int x, int y);
   void SchriftSetzen();
 
-  Rechteck platz_{};    // that the window has for a side
+  Rechteck platz_{};     // that the window has for a side
   double massstab_ = 1;  // twips of the window for one of the side
-  Text gesagt_;         // in Text1
+  Text gesagt_;          // in Text1
 };
 
 }  // namespace vantora

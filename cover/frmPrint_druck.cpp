@@ -11,7 +11,7 @@ namespace vantora {
 namespace {
 
 constexpr Color kSchwarz = Rgb(0, 0, 0);
-constexpr int kFalz = 385;                       // of the back, from its edge
+constexpr int kFalz = 385;                             // of the back, from its edge
 constexpr int kTextVomRand = 100, kTextVomEnde = 200;  // of the texts of the spines
 constexpr int kMarkeNah = 200, kMarkeFern = 900;       // of the cut marks, from the frame
 

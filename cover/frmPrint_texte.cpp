@@ -18,7 +18,8 @@ constexpr int kTwipsJePunkt = 20;
 
 // A tab or a line break inside a text is one blank on paper.
 Text Druckbar(Text text) {
-  std::replace_if(text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
+  std::replace_if(
+      text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
   return text;
 }
 
@@ -116,9 +117,9 @@ void frmPrint::Ziehen(const Beweglich& text, int taste) {
   if (taste != kLeftButton || text.Schild.ShiftHeld || text.Schild.ControlHeld) return;
   const int mausX = text.Schild.Left + text.Schild.MouseX;
   const int mausY = text.Schild.Top + text.Schild.MouseY;
-  text.Platz = OrtInDerSeite(Seite, (mausX - kGriffX) / massstab_, (mausY - kGriffY) / massstab_,
-                             TextMass(text.Schild),
-                             Raster(prog.plattform.bildschirm.TwipsPerPixelX()));
+  text.Platz =
+      OrtInDerSeite(Seite, (mausX - kGriffX) / massstab_, (mausY - kGriffY) / massstab_,
+                    TextMass(text.Schild), Raster(prog.plattform.bildschirm.TwipsPerPixelX()));
   Stellen(text);
 }
 
@@ -193,10 +194,10 @@ void frmPrint::Sagen() {
   for (const Beweglich& text : Texte()) {
     if (text.Schild.Tag == L"1") gewaehlt.push_back(text);
   }
-  gesagt_ = gewaehlt.empty()       ? Text()
-            : gewaehlt.size() == 1 ? Beschreibung(gewaehlt.front())
-                                   : ZahlText(static_cast<std::int64_t>(gewaehlt.size())) +
-                                         LoadResString(30167);
+  gesagt_ = gewaehlt.empty() ? Text()
+            : gewaehlt.size() == 1
+                ? Beschreibung(gewaehlt.front())
+                : ZahlText(static_cast<std::int64_t>(gewaehlt.size())) + LoadResString(30167);
   Text1.Text = gesagt_;
 }
 

@@ -73,8 +73,7 @@ void ZeilenPosFuellen(CoverZustand& cover, double twipsJePixel) {
     Element(cover.TitelPos, seite) = ort(x, kTitelY);
     Element(cover.InterpretPos, seite) = ort(x, kInterpretY);
     for (int n = 1; n <= kCoverZeilen; ++n) {
-      Element(Element(cover.ZeilenPos, seite), n) =
-          ort(x, kErsteZeileY + kZeilenAbstand * (n - 1));
+      Element(Element(cover.ZeilenPos, seite), n) = ort(x, kErsteZeileY + kZeilenAbstand * (n - 1));
     }
   }
 }

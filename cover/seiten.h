@@ -10,11 +10,11 @@
 namespace vantora {
 
 enum CoverSeite : int {
-  kRueckseite = 0,         // tray card, 151 x 118 mm
-  kCoverDoppelt = 1,       // booklet sheet, 240 x 120 mm, texts on the right half
-  kLabel = 2,              // disc label, 120 x 120 mm
-  kCoverPapier = 3,        // front alone, on the pre-cut sheet
-  kRueckseitePapier = 4,   // tray card, on the pre-cut sheet
+  kRueckseite = 0,        // tray card, 151 x 118 mm
+  kCoverDoppelt = 1,      // booklet sheet, 240 x 120 mm, texts on the right half
+  kLabel = 2,             // disc label, 120 x 120 mm
+  kCoverPapier = 3,       // front alone, on the pre-cut sheet
+  kRueckseitePapier = 4,  // tray card, on the pre-cut sheet
 };
 enum CoverPapier : int { kZentriert = 0, kPapierQM = 1 };
 enum CoverTeil : int { kTeilRueckseite, kTeilCover, kTeilLabel, kCoverTeile };
@@ -50,7 +50,8 @@ inline constexpr Mass kTastenRaster = {100, 50};
 // The nearest line of the grid.
 int Gerastet(double wert, int schritt);
 // A place for a text of that size: on the grid, and inside the side if there is room for it.
-CoverZustand::Ort OrtInDerSeite(int seite, double x, double y, const Mass& text, const Mass& raster);
+CoverZustand::Ort OrtInDerSeite(int seite, double x, double y, const Mass& text,
+                                const Mass& raster);
 // One step of an arrow key; false where the text would leave the side.
 bool TastenSchritt(int seite, int taste, const Mass& text, CoverZustand::Ort& ort);
 

@@ -119,8 +119,8 @@ class Control {
   Control* Container = nullptr;
   bool Dirty = true;  // cleared by the renderer
 
-  // Of labels and picture boxes: where the mouse is, in twips from the upper left corner; true while
-  // a mouse handler runs. It goes beyond the edges while a button is held.
+  // Of labels and picture boxes: where the mouse is, in twips from the upper left corner; true
+  // while a mouse handler runs. It goes beyond the edges while a button is held.
   int MouseX = 0, MouseY = 0;
   // Of labels and picture boxes: true while KeyDown or a mouse handler runs.
   bool ShiftHeld = false, ControlHeld = false;

@@ -13,8 +13,8 @@ inline constexpr int kCoverZeilen = 50;
 inline constexpr int kCoverSeiten = 5;
 
 struct CoverZustand {
-  vantora::Text CoverTitel;      // of the spines
-  vantora::Text CoverInterpret;  // performer
+  vantora::Text CoverTitel;                                 // of the spines
+  vantora::Text CoverInterpret;                             // performer
   std::array<vantora::Text, kCoverZeilen + 1> CoverZeilen;  // from 1; 0 is unused
   vantora::Text CoverFont = L"Arial";
   std::int16_t CoverFontSize = 10;  // points
@@ -22,9 +22,9 @@ struct CoverZustand {
   Color CoverTextFarbe = Rgb(0, 0, 0);
   Color CoverHintergrund = Rgb(255, 255, 255);
 
-  using Ort = std::array<std::int32_t, 2>;              // X, Y
+  using Ort = std::array<std::int32_t, 2>;               // X, Y
   using Zeilenorte = std::array<Ort, kCoverZeilen + 1>;  // by line from 1; 0 is unused
-  std::array<Zeilenorte, kCoverSeiten> ZeilenPos{};     // by side
+  std::array<Zeilenorte, kCoverSeiten> ZeilenPos{};      // by side
   std::array<Ort, kCoverSeiten> TitelPos{}, InterpretPos{};
 };
 

@@ -48,7 +48,8 @@ class WordsWidget final : public QLabel {
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
     const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
-    DrawWords(painter, pictures_, {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont},
+    DrawWords(painter, pictures_,
+              {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont},
               devicePixelRatioF());
     if (Framed) DrawFrame(painter);
     if (hasFocus()) look::DrawFocusRing(painter, rect());
@@ -162,7 +163,8 @@ class LabelFace final : public PointedFace {
     words_->setMouseTracking(static_cast<bool>(control.MouseMove));
     words_->OwnFont = !label.FontName().empty();
     words_->Framed = label.BorderStyle != 0;
-    words_->Full = words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
+    words_->Full =
+        words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
     if (words_->OwnFont) words_->Scale *= label.FontScale / look::kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);

@@ -108,8 +108,7 @@ class LinesWidget final : public QPlainTextEdit {
 
 class LinesFace final : public Face {
  public:
-  LinesFace(TextBox& box, FormWindow& window)
-      : LinesFace(box, window, new LinesWidget(&window)) {}
+  LinesFace(TextBox& box, FormWindow& window) : LinesFace(box, window, new LinesWidget(&window)) {}
 
  private:
   LinesFace(TextBox& box, FormWindow& window, LinesWidget* lines)
@@ -122,7 +121,8 @@ class LinesFace final : public Face {
       if (this->window().Syncing()) return;
       Take([&](Control& taken) {
         QString text = lines_->toPlainText();
-        static_cast<TextBox&>(taken).Text = look::ToText(text.replace(u'\n', QLatin1String("\r\n")));
+        static_cast<TextBox&>(taken).Text =
+            look::ToText(text.replace(u'\n', QLatin1String("\r\n")));
       });
       Fire([](Control& told) {
         if (const auto change = static_cast<TextBox&>(told).Change) change();

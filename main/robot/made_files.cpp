@@ -98,7 +98,8 @@ void WriteSineWave(const std::string& file, const SineWave& wave) {
 void WriteBmp(const std::string& file, int width, int height) {
   constexpr std::uint32_t kHead = 54;
   const int fill = (4 - width * 3 % 4) % 4;  // a row has whole words
-  const auto rows = static_cast<std::uint32_t>(width * 3 + fill) * static_cast<std::uint32_t>(height);
+  const auto rows =
+      static_cast<std::uint32_t>(width * 3 + fill) * static_cast<std::uint32_t>(height);
   std::string bytes = "BM";
   for (const std::uint32_t word : {kHead + rows, 0U, kHead, 40U, static_cast<std::uint32_t>(width),
                                    static_cast<std::uint32_t>(height)}) {

@@ -51,10 +51,11 @@ press frmPrint.imgLoadPic
 choose cancel
 press frmPrint.imgPrintMe
 print cancel
-expect-file Z:${PWD}/out/001.pdf missing
 press frmPrint.imgPrintMe
 print ok
-expect-file Z:${PWD}/out/001.pdf exists
+expect-window frmPrint
+copy out/001.pdf C:\dorso.pdf
+expect-file C:\dorso.pdf exists
 press frmPrint.imgControl(1)
 expect frmPrint.optLabelPos(0).Enabled == False
 press frmPrint.imgLoadPic
@@ -67,7 +68,8 @@ press frmPrint.imgControl(2)
 shot pictures/frmPrint_etiqueta.png
 press frmPrint.imgPrintMe
 print ok
-expect-file Z:${PWD}/out/003.pdf exists
+expect-window frmPrint
+copy out/003.pdf C:\etiqueta.pdf
 press frmPrint.imgControl(1)
 press frmPrint.imgClearPic
 expect-box ~ "suprimir la imagen"

@@ -18,9 +18,10 @@ press frmPrint.chkPaper(1)
 shot pictures/frmPrint_papel.png
 press frmPrint.imgPrintMe
 print ok
+expect-window frmPrint
 # the back is the side that is shown then
 expect frmPrint.picRotText(0).Visible == True
-expect-file Z:${PWD}/out/001.pdf exists
+copy out/001.pdf C:\dos.pdf
 press frmPrint.imgControl(2)
 expect frmPrint.optLabelPos(1).Enabled == True
 press frmPrint.imgPrintMe
@@ -28,7 +29,8 @@ print ok
 press frmPrint.optLabelPos(1)
 press frmPrint.imgPrintMe
 print ok
-expect-file Z:${PWD}/out/003.pdf exists
+expect-window frmPrint
+copy out/003.pdf C:\abajo.pdf
 press frmPrint.chkPaper(0)
 expect frmPrint.optLabelPos(1).Enabled == False
 window close

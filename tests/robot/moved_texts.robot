@@ -22,7 +22,7 @@ expect frmPrint.lblBeschriftung(1).Tag == 1
 expect frmPrint.Text1.Text ~ "seleccionado"
 key frmPrint Right
 key frmPrint Down
-expect frmPrint.lblBeschriftung(1).AccessibleName ~ "a 12 mm del borde izquierdo y a 16 mm"
+expect frmPrint.lblBeschriftung(1).AccessibleName ~ "a 12 mm del borde izquierdo y a 17 mm"
 press frmPrint.lblBeschriftung(1) shift
 expect frmPrint.lblBeschriftung(1).Tag == 0
 expect frmPrint.Text1.Text == ""
