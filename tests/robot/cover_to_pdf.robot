@@ -22,7 +22,7 @@ key frmNeuerInterpret Return
 within 5000 expect frmHauptForm.lvwKatalog.Count == 3
 press frmHauptForm.imgPrintCover
 expect-window frmPrintStart
-expect frmPrintStart.txtPrev.Text ~ "2   .*3   "
+expect frmPrintStart.txtPrev.Text ~ "^1   Nuevo título   Nuevo intérprete"
 # what is cancelled changes nothing
 press frmPrintStart.imgSchrift
 font cancel
