@@ -360,11 +360,11 @@ struct DrawItem {
   Alignment Align = Alignment::Left;
   // Of words in a font that is not the windows' own (FontName is not blank). They begin at their
   // point, the corner of the first letter's cell, and are turned around it; Fill lies beneath them.
-  Text FontName;
+  Text FontName = {};
   double FontTwips = 0;  // the size of the letters
   bool Bold = false, Italic = false, Underline = false, StrikeOut = false;
-  int Angle = 0;  // tenths of a degree, against the clock
-  Bild Photo;     // of a picture: this one instead of a resource
+  int Angle = 0;    // tenths of a degree, against the clock
+  Bild Photo = {};  // of a picture: this one instead of a resource
 };
 
 // Takes the focus when something hangs on its KeyDown.
