@@ -70,7 +70,8 @@ void frmPrint::TextZeigen(const Beweglich& text, const Text& inhalt) {
   schild.FontItalic = prog.CoverFontItalic != 0;
   schild.FontScale = massstab_;
   schild.ForeColor = prog.CoverTextFarbe;
-  schild.BackColor = Hintergrundbild() ? kTransparent : prog.CoverHintergrund;
+  // Lines stand closer than their letters are high: a ground would cut off those of the one above.
+  schild.BackColor = kTransparent;
   const Mass mass = TextMass(schild);
   schild.Width = Ganz32(std::ceil(mass.Breite * massstab_));
   schild.Height = Ganz32(std::ceil(mass.Hoehe * massstab_));

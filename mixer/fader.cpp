@@ -200,10 +200,7 @@ void Fader::UserControl_Paint() {
     const int lang = i % (kStriche / 2) == 0 ? kStrichLang : kStrichKurz;
     const int links = imgKnopf.Left - kPixel, rechts = imgKnopf.Left + imgKnopf.Width;
     for (const int x : {links - lang, rechts}) {
-      DrawItem strich;
-      strich.Points = {x, y, x + lang, y};
-      strich.Ink = kStrichFarbe;
-      Draw(std::move(strich));
+      Draw({DrawItem::What::Line, {x, y, x + lang, y}, kStrichFarbe, {}});
     }
   }
 }

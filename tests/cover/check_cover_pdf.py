@@ -142,7 +142,7 @@ def check_centred(check, where, back, cover, label):
     check.near(where + " right spine begins", right_spine and right_spine[1], y + 200, 30)
     x, y, right, bottom = centred(check, where + " cover", cover, DOUBLE, LINE["cubierta"])
     middle = x + DOUBLE[0] // 2
-    fold = cover.ink(middle - 200, bottom - 1500, middle + 1, bottom - 1400)
+    fold = cover.ink(middle - 200, bottom - 1500, middle + 200, bottom - 1400, 60)  # black
     check.near(where + " fold", fold and fold[0], middle)
     check.picture(where + " cover", cover, middle, y, right, bottom)
     x, y, right, bottom = centred(check, where + " label", label, LABEL, LINE["etiqueta"])
