@@ -3,6 +3,7 @@
 #include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "app/zahlen.h"
 #include "cover/frmPrintStart.h"
 
@@ -243,11 +244,14 @@ void frmPrint::PutRotText(const Text& text) {
     // Where the printed ones stand; the left one begins at the foot.
     constexpr int kVomRand = 100, kVomAnfang = 200;
     const double rand = kVomRand * massstab_, anfang = kVomAnfang * massstab_;
-    if (i == 0) {
-      DrawRotatedText(ziel, text, rand, ruecken.Height - anfang, 90);
-    } else {
-      DrawRotatedText(ziel, text, ruecken.Width - rand, anfang, 270);
-    }
+    const bool geschrieben = Weiter([&] {
+      if (i == 0) {
+        DrawRotatedText(ziel, text, rand, ruecken.Height - anfang, 90);
+      } else {
+        DrawRotatedText(ziel, text, ruecken.Width - rand, anfang, 270);
+      }
+    });
+    if (!geschrieben) prog.MsgBoxen(LoadResString(16001), kHinweis);
   }
 }
 
@@ -283,7 +287,6 @@ void frmPrint::imgLoadPic_MouseUp() {
 }
 
 void frmPrint::imgClearPic_MouseUp() {
-  if (!Hintergrundbild()) return;
   if (prog.MsgBoxen(LoadResString(16000), kFrage) != kJa) return;
   Hintergrundbild() = nullptr;
   ShowPic(Seite);
