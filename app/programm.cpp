@@ -11,6 +11,8 @@
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+#include "cover/frmPrint.h"
+#include "cover/frmPrintStart.h"
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmLoadSave.h"

@@ -10,6 +10,8 @@
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+#include "cover/frmPrint.h"
+#include "cover/frmPrintStart.h"
 #include "dialogs/frmLoadSave.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
@@ -297,26 +299,91 @@ class WideWave final : public Form {
   PictureBox picWide{*this, L"picWide"};
 };
 
+double PaintedAfter(WindowPlatform& platform, const std::function<void()>& change) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));  // or the paint would be put off
+  const std::int64_t before = platform.loop.Paints();
+  const auto start = BenchTime::now();
+  change();
+  platform.loop.DoEvents();
+  const double ms = Milliseconds(start, BenchTime::now());
+  if (platform.loop.Paints() == before) throw std::runtime_error("nothing was painted");
+  return ms;
+}
+
+// Covers of a catalog: in ms the window of the texts from the press to its picture, a step of a
+// text that is dragged, a photograph from its file to its picture, the same side to a PDF; and the
+// process's highest use of memory until then, in KiB. Several times.
+class CoverMaker {
+ public:
+  explicit CoverMaker(Windows& stage) : stage_(stage) {}
+
+  bool Act(Form* front) {
+    Hands& hands = stage_.platform.hands;
+    frmHauptForm& main = stage_.prog.frmHauptForm();
+    if (front == &main) {
+      if (round_++ == kRounds) return false;
+      CatalogOfWaves(stage_.prog, L"3000");
+      main.KatalogShow();
+      seen_ = false;
+      pressed_ = BenchTime::now();
+      hands.Press(main.imgPrintCover);
+    } else if (auto* texts = dynamic_cast<frmPrintStart*>(front)) {
+      Paint(stage_);
+      if (!seen_) std::printf("%.3f ", Milliseconds(pressed_, BenchTime::now()));
+      hands.Press(seen_ ? texts->imgDruckEnde : texts->imgReady);
+      seen_ = true;
+    } else {
+      auto& sides = dynamic_cast<frmPrint&>(*front);
+      Paint(stage_);
+      Measure(sides);
+      hands.Press(sides.imgBack);
+    }
+    return true;
+  }
+
+ private:
+  static constexpr int kRounds = 5;
+
+  void Measure(frmPrint& sides) {
+    Label& line = sides.lblBeschriftung(2);
+    line.MouseX = line.MouseY = 3000;
+    const double dragged =
+        PaintedAfter(stage_.platform, [&] { sides.lblBeschriftung_MouseMove(2, kLeftButton); });
+    const double loaded = PaintedAfter(stage_.platform, [&] {
+      sides.picSource[kTeilRueckseite] = stage_.prog.plattform.bilder.Load(L"C:\\foto.jpg");
+      sides.ShowPic(sides.Seite);
+    });
+    Printer& printer = stage_.prog.plattform.drucker.Printer();
+    printer.OutputFile = L"C:\\dorso.pdf";
+    const auto start = BenchTime::now();
+    sides.PrintCentered();
+    const double printed = Milliseconds(start, BenchTime::now());
+    std::printf("%.3f %.3f %.3f %ld\n", dragged, loaded, printed, PeakKiB());
+  }
+
+  Windows& stage_;
+  int round_ = 0;
+  bool seen_ = false;
+  BenchTime::time_point pressed_;
+};
+
+int Cover(const fs::path& home) {
+  Windows stage(home);
+  CoverMaker maker(stage);
+  stage.Play([&maker](Form* front) { return maker.Act(front); });
+  return 0;
+}
+
 // Pairs of ms: a drawing anew, and a step of the scroll bar, each until it is painted.
 int Wave(const fs::path& home) {
   constexpr int kRounds = 21;
   WindowPlatform platform(home);
   WideWave form(platform.loop);
-  const auto painted = [&](const std::function<void()>& change) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // or the paint would be put off
-    const std::int64_t before = platform.loop.Paints();
-    const auto start = BenchTime::now();
-    change();
-    platform.loop.DoEvents();
-    const double ms = Milliseconds(start, BenchTime::now());
-    if (platform.loop.Paints() == before) throw std::runtime_error("nothing was painted");
-    return ms;
-  };
   platform.loop.Show(form);
   platform.loop.DoEvents();
   for (int i = 1; i <= kRounds; ++i) {
-    const double drawn = painted([&] { form.Draw(static_cast<unsigned>(i)); });
-    const double scrolled = painted([&] { form.picWide.Left = -i * 7000; });
+    const double drawn = PaintedAfter(platform, [&] { form.Draw(static_cast<unsigned>(i)); });
+    const double scrolled = PaintedAfter(platform, [&] { form.picWide.Left = -i * 7000; });
     std::printf("%.3f %.3f\n", drawn, scrolled);
   }
   return 0;
@@ -334,7 +401,8 @@ int main(int argc, char** argv) {
   if (work == "toc") return vantora::RunWork(vantora::Contents, argv[2]);
   if (work == "cddb") return vantora::RunWork(vantora::LookUp, argv[2]);
   if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
+  if (work == "cover") return vantora::RunWork(vantora::Cover, argv[2]);
   if (work == "wave") return vantora::RunWork(vantora::Wave, argv[2]);
-  std::fputs("bench-windows start|open|memory|toc|cddb|database|wave HOME\n", stderr);
+  std::fputs("bench-windows start|open|memory|toc|cddb|database|cover|wave HOME\n", stderr);
   return 2;
 }

@@ -10,9 +10,12 @@
 #include "catalog/katalog_datei.h"
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
+#include "cover/frmPrintStart.h"
 #include "dialogs/frmExtrasMenue.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "mixer/frmMixer.h"
+
+#include "platform/printer.h"
 
 namespace vantora {
 
@@ -32,8 +35,29 @@ void frmHauptForm::imgExtras_MouseUp() {
   PlayWaveNormal(L"");
   prog.ZeigeModal(prog.frmExtrasMenue.Laden());
 }
+
+// The window closes by its own buttons, and then gives this one back to the user.
 void frmHauptForm::imgPrintCover_MouseUp() {
-  NochNicht();
+  if (lvwKatalog.ListItems.empty()) {
+    prog.MsgBoxen(LoadResString(8059), kHinweis);
+    return;
+  }
+  if (prog.plattform.drucker.Count() == 0) {
+    prog.MsgBoxen(LoadResString(8081), kHinweis);
+    return;
+  }
+  EventLoop& schleife = prog.plattform.schleife;
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  schleife.MousePointer(Pointer::Hourglass);
+  Window.Enabled = false;
+  Jedenfalls([&] { prog.Zeigen(*prog.frmPrintStart.Laden()); },
+             [&] {
+               if (!prog.frmPrintStart.Geladen() || !prog.frmPrintStart().Visible()) {
+                 Window.Enabled = true;
+               }
+               schleife.MousePointer(Pointer::Normal);
+             });
 }
 
 void frmHauptForm::imgDatenBank_MouseUp() {

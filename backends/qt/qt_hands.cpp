@@ -1,5 +1,6 @@
 #include "backends/qt/qt_hands.h"
 
+#include "backends/qt/form_window.h"
 #include "backends/qt/keys.h"
 #include "backends/qt/look.h"
 
@@ -224,9 +225,11 @@ void QtHands::DoubleClickAt(Control& control, int at) {
   Click(surface, fingers_->ChosenPlace(control, surface, at), true);
 }
 
-void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice) {
+void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice,
+                    bool shift) {
+  const Qt::KeyboardModifiers held = shift ? Qt::ShiftModifier : Qt::NoModifier;
   const auto send = [=](QEvent::Type type) {
-    return [=] { SendMouse(surface, type, place, Qt::LeftButton); };
+    return [=] { SendMouse(surface, type, place, Qt::LeftButton, held); };
   };
   fingers_->Do({send(QEvent::MouseButtonPress), send(QEvent::MouseButtonRelease)});
   if (twice) fingers_->Do({send(QEvent::MouseButtonDblClick), send(QEvent::MouseButtonRelease)});
@@ -279,6 +282,36 @@ void QtHands::Drag(Control& control, int from, int to) {
     fingers_->Do({send(QEvent::MouseMove, place.toPoint())});
   }
   fingers_->Do({send(QEvent::MouseButtonRelease, end)});
+}
+
+void QtHands::ShiftPress(Control& control) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  Click(SurfaceOf(widget), fingers_->FreePlace(control, widget), false, true);
+}
+
+// The label may follow the mouse, so the places are those of the screen.
+void QtHands::Pull(Control& control, int x, int y) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  const QPoint start = fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  const auto* window = dynamic_cast<const FormWindow*>(surface->window());
+  const double scale = window == nullptr ? 1 : window->Scale();
+  const QPoint onScreen = surface->mapToGlobal(start);
+  const QPoint way(look::Pixels(x, scale), look::Pixels(y, scale));
+  const auto send = [=](QEvent::Type type, QPoint place) {
+    return [=] {
+      if (surface == nullptr) return;
+      SendMouse(surface, type, surface->mapFromGlobal(place), Qt::LeftButton);
+    };
+  };
+  constexpr int kMoves = 4;
+  fingers_->Do({send(QEvent::MouseButtonPress, onScreen)});
+  for (int i = 1; i <= kMoves; ++i) {
+    fingers_->Do({send(QEvent::MouseMove, onScreen + way * i / kMoves)});
+  }
+  fingers_->Do({send(QEvent::MouseButtonRelease, onScreen + way)});
 }
 
 // The program may turn in the handler of the press until the release has come, so that is on its

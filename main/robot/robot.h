@@ -64,6 +64,7 @@ class Robot final : public User {
   void Setting(const ScriptLine& line, Form* front);
   void Copy(const ScriptLine& line, Form* front);
   void MakeWave(const ScriptLine& line, Form* front);
+  void MakePicture(const ScriptLine& line, Form* front);
   void MakeMp3(const ScriptLine& line, Form* front);
   void WriteFile(const ScriptLine& line, Form* front);
   void Delete(const ScriptLine& line, Form* front);
@@ -72,6 +73,7 @@ class Robot final : public User {
   void DoubleClick(const ScriptLine& line, Form* front);
   void RightClick(const ScriptLine& line, Form* front);
   void Drag(const ScriptLine& line, Form* front);
+  void Pull(const ScriptLine& line, Form* front);
   void Hold(const ScriptLine& line, Form* front);
   void Drop(const ScriptLine& line, Form* front);
   void Type(const ScriptLine& line, Form* front);
