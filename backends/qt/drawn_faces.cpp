@@ -323,7 +323,10 @@ class DrawingFace final : public Face {
   void Point(const QMouseEvent& event) {
     auto* box = As<PictureBox>();
     if (box == nullptr) return;
-    const QPoint place = event.position().toPoint();
+    // A box that follows the mouse may have been moved since its widget was last.
+    const QPoint lag =
+        look::Pixels(*box, window().Scale()).topLeft() - widget()->geometry().topLeft();
+    const QPoint place = event.position().toPoint() - lag;
     const double twips = look::kTwipsPerPixel / window().Scale();
     box->MouseX = static_cast<int>(std::lround(place.x() * twips));
     box->MouseY = static_cast<int>(std::lround(place.y() * twips));
