@@ -6,6 +6,7 @@
 #include "app/einstellungen.h"
 #include "app/fenster.h"
 #include "app/zustand/aufnahme_zustand.h"
+#include "app/zustand/medley.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
 #include "waveeditor/editor_zustand.h"
@@ -58,7 +59,8 @@ struct Programm : Dienste,
                   BrennZustand,
                   GrabZustand,
                   EditorZustand,
-                  AufnahmeZustand {
+                  AufnahmeZustand,
+                  MedleyZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
