@@ -14,6 +14,8 @@
 #include "dialogs/frmLoadSave.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "dialogs/frmStartAssistent.h"
+#include "medley/frmBeatCounter.h"
+#include "medley/frmMedley.h"
 #include "mixer/frmMixer.h"
 #include "recorder/frmAufnehmen.h"
 #include "waveeditor/frmSpektrum.h"

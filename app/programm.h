@@ -7,6 +7,7 @@
 #include "app/fenster.h"
 #include "app/zustand/aufnahme_zustand.h"
 #include "app/zustand/medley.h"
+#include "app/zustand/schlag_zustand.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
 #include "waveeditor/editor_zustand.h"
@@ -35,6 +36,8 @@ class frmDatenbank;
 class frmWaveEditor;
 class frmSpektrum;
 class frmAufnehmen;
+class frmMedley;
+class frmBeatCounter;
 class KatalogDienst;
 
 // Flags of a message box, as far as they are in use.
@@ -60,7 +63,8 @@ struct Programm : Dienste,
                   GrabZustand,
                   EditorZustand,
                   AufnahmeZustand,
-                  MedleyZustand {
+                  MedleyZustand,
+                  SchlagZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -125,6 +129,8 @@ struct Programm : Dienste,
   Fenster<vantora::frmWaveEditor> frmWaveEditor{*this};
   Fenster<vantora::frmSpektrum> frmSpektrum{*this};
   Fenster<vantora::frmAufnehmen> frmAufnehmen{*this};
+  Fenster<vantora::frmMedley> frmMedley{*this};
+  Fenster<vantora::frmBeatCounter> frmBeatCounter{*this};
 
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);

@@ -41,8 +41,8 @@ class AlsaPlayer::Voice {
  public:
   using Tell = std::function<void(std::function<void(AlsaPlayer&)>)>;
 
-  Voice(Dateien& dateien, const OutputVolume& volume, const Text& file,
-        std::int64_t from, Tell tell)
+  Voice(Dateien& dateien, const OutputVolume& volume, const Text& file, std::int64_t from,
+        Tell tell)
       : wave_(dateien), tell_(std::move(tell)) {
     wave_.Open(file);
     if (wave_.SampleRate() != kRate || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {

@@ -109,7 +109,7 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   std::uint64_t stamp_ = 0;             // of the event that is being handled, 0 for none
   std::uint64_t handStamp_ = 0;         // for the events of hands, which bear none
   std::optional<std::int64_t> behind_;  // how far the stamps' clock lies behind ours, at the least
-  int depth_ = 0;  // handlers that are running
+  int depth_ = 0;                       // handlers that are running
   int nextToken_ = 0;
 };
 

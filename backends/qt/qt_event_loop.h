@@ -73,8 +73,8 @@ class QtEventLoop final : public EventLoop {
   QMenu* OpenMenu() const;                 // popped up and not yet answered
   // Runs `work`, and gives this stamp to the events that it sends without one.
   void ActAt(std::int64_t ms, const std::function<void()>& work);
-  void Sync();                             // brings dirty controls into their widgets
-  std::int64_t Paints() const;             // how often windows were painted
+  void Sync();                  // brings dirty controls into their widgets
+  std::int64_t Paints() const;  // how often windows were painted
   // The modal window in front of which `TheUser` had nothing more to do; blank when there is none.
   const Text& LeftOpen() const;
 
