@@ -8,9 +8,9 @@ namespace vantora {
 
 namespace {
 
-class MedleyBuehne : public Buehne {
+class MedleyFenster : public Buehne {
  public:
-  explicit MedleyBuehne(const std::vector<Text>& titel = {L"a", L"b", L"c"}) {
+  explicit MedleyFenster(const std::vector<Text>& titel = {L"a", L"b", L"c"}) {
     Start();
     Katalog(titel);
   }
@@ -38,7 +38,7 @@ class MedleyBuehne : public Buehne {
 }  // namespace
 
 TEST(Medley, EveryValueReachesItsRowAtItsMoment) {
-  MedleyBuehne b;
+  MedleyFenster b;
   frmMedley& m = b.Oeffne();
   EXPECT_EQ(b.Spur(0), L"50/1/-");  // the checks of a typed value, at the opening
   EXPECT_EQ(b.Spur(1), L"/1/-");    // a row that was not visited
@@ -68,7 +68,7 @@ TEST(Medley, EveryValueReachesItsRowAtItsMoment) {
 }
 
 TEST(Medley, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
-  MedleyBuehne b;
+  MedleyFenster b;
   frmMedley& m = b.Oeffne(L"60000");
   b.Tippe(m.txtDauer, L"12", true);
   EXPECT_EQ(m.txtDauer.Text(), L"12");
@@ -87,7 +87,7 @@ TEST(Medley, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
       {L"", L"nada", L"9", L"9"},        {L"60000", L"60000", L"99999999", L"99999999"},
   };
   for (const auto& fall : faelle) {
-    MedleyBuehne b;
+    MedleyFenster b;
     b.prog.Katalog[1].Laenge = fall.Erste;
     b.prog.Katalog[2].Laenge = fall.Zweite;
     frmMedley& m = b.Oeffne();
@@ -98,7 +98,7 @@ TEST(Medley, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
 }
 
 TEST(Medley, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
-  MedleyBuehne b;
+  MedleyFenster b;
   frmMedley& m = b.Oeffne(L"60000");
   const auto ueberlappung = [&m] {
     return m.picWaveToFade(0).Left() + m.picWaveToFade(0).Width() - m.picWaveToFade(1).Left() -
@@ -139,7 +139,7 @@ TEST(Medley, TheKnobStandsWhereItsTempoSays) {
 TEST(Medley, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
   std::vector<Text> titel;
   for (int i = 0; i < 99; ++i) titel.push_back(L"t" + std::to_wstring(i));
-  MedleyBuehne b(titel);
+  MedleyFenster b(titel);
   frmMedley& m = b.Oeffne();
   EXPECT_EQ(m.lstMedleyTracks.ListCount(), 99);
   b.Zeile(98);
@@ -149,7 +149,7 @@ TEST(Medley, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
 }
 
 TEST(Medley, NothingReachesTheWindowWhileItJoinsTracks) {
-  MedleyBuehne b;
+  MedleyFenster b;
   frmMedley& m = b.Oeffne();
   bool gesperrt = false;
   b.platform.loop.PostAfter(0, [&] {
@@ -166,7 +166,7 @@ TEST(Medley, NothingReachesTheWindowWhileItJoinsTracks) {
 }
 
 TEST(Medley, ATrackWhoseFileIsGoneDoesNotPlay) {
-  MedleyBuehne b;
+  MedleyFenster b;
   frmMedley& m = b.Oeffne();
   b.platform.machine.files.Kill(L"C:\\Vantora\\Wavs\\a.wav");
   b.platform.hands.Press(m.imgStartStop);
