@@ -358,11 +358,11 @@ void frmMedley::imgPreview_MouseUp() {
   {
     const Sperre sperre(*this);
     WerteSpeichern();
-    Engine.MedleyFehler = false;
+    Motor.MedleyFehler = false;
     UeberblendungBerechnen(index, index + 1);
-    if (Engine.MedleyFehler) return;
-    const Text datei = Engine.VorschauSchreiben();
-    if (Engine.MedleyFehler) return;
+    if (Motor.MedleyFehler) return;
+    const Text datei = Motor.VorschauSchreiben();
+    if (Motor.MedleyFehler) return;
     prog.Katalogfenster().PlayWaveNormal(datei);
   }
   prog.plattform.schleife.DoEvents();
@@ -386,11 +386,11 @@ void frmMedley::imgSpeedMeasure_MouseUp() {
 // ---- the end ----
 
 void frmMedley::UeberblendungBerechnen(int Index1, int Index2) {
-  Engine.UeberblendungBerechnen(Index1, Index2);
+  Motor.UeberblendungBerechnen(Index1, Index2);
 }
 
 void frmMedley::UeberblendungAusfuehren(int Index1, int Index2) {
-  Engine.UeberblendungAusfuehren(Index1, Index2);
+  Motor.UeberblendungAusfuehren(Index1, Index2);
 }
 
 void frmMedley::imgOK_MouseUp() {
@@ -398,10 +398,10 @@ void frmMedley::imgOK_MouseUp() {
   {
     const Sperre sperre(*this);
     WerteSpeichern();
-    Engine.LaufBeginnen();
+    Motor.LaufBeginnen();
     const int zeilen = static_cast<int>(prog.Medley.size());
     for (int j = 0; j < zeilen - 1; ++j) UeberblendungAusfuehren(j, j + 1);
-    Engine.KatalogMarkieren();
+    Motor.KatalogMarkieren();
   }
   MedleyBeenden();
 }
@@ -426,7 +426,7 @@ void frmMedley::MedleyBeenden() {
       [&] {
         katalog.Freigeben();
         schleife.MousePointer(Pointer::Normal);
-        Weiter([&] { Engine.TempDateienLoeschen(); });
+        Weiter([&] { Motor.TempDateienLoeschen(); });
         prog.frmMedley.Entladen();
       });
 }

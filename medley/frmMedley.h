@@ -80,7 +80,7 @@ class frmMedley final : public VtrFenster {
   PictureButton imgHelp{*this, L"imgHelp"};
   Timer tmrSpieler{*this, L"tmrSpieler"};
 
-  Ueberblendung Engine{prog, chkPitch};
+  Ueberblendung Motor{prog, chkPitch};
 
  private:
   class Sperre;

@@ -73,7 +73,7 @@ TEST(BeatCounter, TwoTapsInOneMillisecondAreAnErrorAndTheWindowGoesOn) {
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_NE(b.Gesagt()[0].find(L"(11)"), Text::npos);
   EXPECT_FALSE(z.TasteUnten);
-  b.Tippe({500, 500, 500});
+  b.Tippe({500, 500, 500, 500});
   EXPECT_EQ(z.lblBeatDisplay.Caption(), L"120");
 }
 

@@ -84,7 +84,7 @@ TEST(Medley, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
   } const faelle[] = {
       {L"3500", L"3700", L"9", L"3.5"},  {L"3700", L"3500", L"9", L"3.5"},
       {L"60000", L"4200", L"9", L"4.2"}, {L"1e999", L"-5", L"9", L"9"},
-      {L"", L"nada", L"9", L"9"},        {L"60000", L"60000", L"99999999", L"99999999"},
+      {L"", L"nada", L"9", L"9"},        {L"60000", L"60000", L"99999999", L"60"},
   };
   for (const auto& fall : faelle) {
     MedleyFenster b;
@@ -123,7 +123,8 @@ TEST(Medley, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
   EXPECT_EQ(ueberlappung(), 10 * eine);
   ziehe(-2500);
   EXPECT_EQ(m.txtDauer.Text(), L"1");
-  EXPECT_EQ(m.picWaveToFade(0).Left(), 75);  // the end of its way
+  EXPECT_EQ(m.picWaveToFade(0).Left(), 255);
+  EXPECT_EQ(ueberlappung(), eine);
   EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
 }
 

@@ -51,14 +51,14 @@ expect frmMedley.txtBPM > 115
 expect frmMedley.imgMedleyKnopf > 115
 
 # the strip is dragged to the right and says how long the fade is; the keys do the same
-drag frmMedley.picWaveToFade(0) 500 670
+drag frmMedley.picWaveToFade(0) 500 660
 expect frmMedley.txtDauer == 5
 key frmMedley Right
 expect frmMedley.txtDauer == 6
 key frmMedley Left
 expect frmMedley.txtDauer == 5
 press frmMedley.imgPreview
-within 20000 expect frmHauptForm.Abspielen == True
+within 20000 expect frmMedley.lblButtCaption(3) == Detener
 
 # the second row keeps its own values, and so does the first
 select frmMedley.lstMedleyTracks 2
