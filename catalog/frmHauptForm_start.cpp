@@ -159,8 +159,11 @@ void frmHauptForm::StartBrenner() {
 // What the start has found of a program that was killed in the middle of an edit or a burn.
 void frmHauptForm::AusgebessertZeigen() {
   const MendedEdits fund = std::exchange(Ausgebessert, {});
-  const std::pair<int, const std::vector<Text>&> listen[] = {
-      {30092, fund.Finished}, {30093, fund.SilenceTaken}, {30094, fund.Left}, {30095, fund.Failed}};
+  const std::pair<int, const std::vector<Text>&> listen[] = {{30092, fund.Finished},
+                                                             {30126, fund.RunReport},
+                                                             {30093, fund.SilenceTaken},
+                                                             {30094, fund.Left},
+                                                             {30095, fund.Failed}};
   for (const auto& [text, dateien] : listen) {
     for (const Text& datei : dateien) prog.AppLog(kOrt, LoadResString(text) + L" " + datei);
     if (dateien.empty()) continue;

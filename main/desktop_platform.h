@@ -13,6 +13,7 @@
 #include "backends/qt/qt_display.h"
 #include "backends/qt/qt_event_loop.h"
 #include "backends/qt/qt_inhibitor.h"
+#include "backends/samplerate/pitcher.h"
 #include "main/machine.h"
 
 namespace vantora {
@@ -25,7 +26,8 @@ struct DesktopPlatform {
         machine(places, resourceFolder, loop, background, sound),
         mmtools(loop, machine.files, machine.edits, machine.profiles,
                 {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop, volume); },
-                 AlsaPlaybackDevices, sound, input}) {
+                 AlsaPlaybackDevices, sound, input},
+                [] { return std::make_unique<Pitcher>(); }) {
     SilenceAlsaMessages();
   }
 

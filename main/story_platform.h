@@ -11,6 +11,7 @@
 #include "backends/headless/headless_output.h"
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
+#include "backends/samplerate/pitcher.h"
 #include "backends/sound/wave_file.h"
 #include "main/machine.h"
 
@@ -41,7 +42,8 @@ struct StoryPlatform : World {
                  [this] {
                    return card.Present ? std::vector<Text>{L"Altavoces"} : std::vector<Text>{};
                  },
-                 sound, input}) {
+                 sound, input},
+                [] { return std::make_unique<Pitcher>(); }) {
     if constexpr (requires { World::loop.Stage; }) World::loop.Stage = &display;
   }
 

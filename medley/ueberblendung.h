@@ -10,11 +10,15 @@
 #include "app/zustand/medley.h"
 
 #include "platform/controls.h"
+#include "platform/edits.h"
+#include "platform/laufzeitfehler.h"
 #include "platform/mmchain.h"
 #include "platform/mmtools.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vantora {
@@ -58,8 +62,37 @@ class Ueberblendung {
   std::vector<std::int16_t> Ausschnitt1, Ausschnitt2;
 
  private:
+  // What a row says as text, as numbers.
+  struct Werte {
+    double Tempo1 = 0, Tempo2 = 0;  // beats a minute, 0 for none
+    std::int64_t U = 0;             // values that each file loses, as many as its bytes
+  };
+
+  Werte WerteLesen(const MedleyEintrag& a, const MedleyEintrag& b) const;
+  bool DateienGeeignet(const MedleyEintrag& a, const MedleyEintrag& b);
+  std::int64_t Groesse(const Text& datei, bool& format);
+  void Lesen(MMWave& quelle, const Text& datei, std::int64_t stelle,
+             std::vector<std::int16_t>& ziel);
+  void TempSchreiben(const wchar_t* name);
+  void Gleiten(double endwert);
+  void Trigger_OnFailure(const Laufzeitfehler& fehler);
+  Edit Vorhaben(const Text& datei1, const Text& datei2) const;
+  std::int64_t Bytes() const;  // of the whole crossfade
+
+  bool Gelingt(int text, const Text& was, const std::function<void()>& arbeit);
+  bool Ablehnen(const Text& meldung);  // false
+
   Programm& prog;
   const CheckBox& chkPitch;
+  std::unique_ptr<MMWave> SourceFile, SourceFile2;
+  std::unique_ptr<MMWaveFileX> DestFile, Rein, Raus;
+  std::unique_ptr<MMPitchX> Pitcher;
+  std::unique_ptr<MMTriggerX> Trigger;
+  MMWaveHelperX WaveHelper;
+  std::int64_t groesse1_ = 0, groesse2_ = 0;  // bytes of sound in the two files
+  bool geprueft_ = false;                     // both of them, in this transition
+  std::optional<Laufzeitfehler> kettenfehler_;
+  std::vector<Text> getan_;  // transitions of this run, the last one first
 };
 
 }  // namespace vantora

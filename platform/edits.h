@@ -65,6 +65,10 @@ struct WaveEdit {
 struct Edit {
   std::vector<WaveEdit> Waves;
   std::function<void(int percent)> Progress;  // of the bytes that are written; may let events run
+  // Of an edit that belongs to a longer run, which must not be done twice: in lines, all that the
+  // run will have done when this edit is done. Until the run ends, a kill lets the next start say
+  // them.
+  std::vector<Text> RunReport{};
 };
 
 // An error in the middle of an edit that has been finished all the same, or will be before its file
@@ -77,11 +81,13 @@ class FinishedAfterError final : public Laufzeitfehler {
 // What the next start has found of a program that was killed.
 struct MendedEdits {
   std::vector<Text> Finished;      // files whose edit has been brought to its end
+  std::vector<Text> RunReport;     // lines of what a run had done, with what was finished of it
   std::vector<Text> SilenceTaken;  // files that have given back the silence of a burn
   std::vector<Text> Left;          // changed or removed by others since: left as they are
   std::vector<Text> Failed;        // not yet; the next start tries again
   bool Empty() const {
-    return Finished.empty() && SilenceTaken.empty() && Left.empty() && Failed.empty();
+    return Finished.empty() && RunReport.empty() && SilenceTaken.empty() && Left.empty() &&
+           Failed.empty();
   }
 };
 
@@ -93,6 +99,8 @@ class Edits {
   // changed, unless it is a FinishedAfterError. Error 62 when the sound is not as long as the edit
   // says.
   virtual void Apply(const Edit& edit) = 0;
+  // The run of the edits with a report has come to its end; a kill says nothing of it any more.
+  virtual void EndRun() = 0;
   // Finishes an edit of the file that could not be finished at once; true when there was one.
   // Raises when it still cannot. Apply begins with it.
   virtual bool Ready(const Text& file) = 0;

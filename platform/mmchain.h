@@ -223,6 +223,17 @@ class MMVolumeX : public MMEffectX {
   virtual void SetVolume(int volume) = 0;  // 16384 leaves it as loud as it is
 };
 
+// Bends speed and pitch together, as a hand on a turning record does. A bent sound is longer or
+// shorter than it was.
+class MMPitchX : public MMComponentX {
+ public:
+  // The change of speed in steps of 0.16 %; from a quarter of the speed to four times it. What is
+  // set holds at the end of the next buffer, to which the speed goes in a straight line; what is
+  // set before the sound begins holds from its first frame. As long as it has been 0 since then,
+  // the sound passes as it is.
+  float Pitch = 0;
+};
+
 // ---- ends of a chain ----
 
 // The loudspeaker. Runs up to `NumBuffers` buffers ahead of what is heard.
@@ -267,8 +278,12 @@ class MMTriggerX : public MMComponentX {
 
   virtual void Start() = 0;
   virtual void Stop() = 0;
-  std::function<void()> OnStop;   // the sound has come to its end
-  std::function<void()> OnError;  // what has failed then reaches the loop, as out of a handler
+  void Close() { Stop(); }             // at the end of a piece of work
+  std::function<void()> OnBufferLoad;  // before a buffer comes out of the chain, for each of them
+  std::function<void()> OnStop;        // the sound has come to its end
+  std::function<void()> OnError;       // what has failed then reaches the loop, as out of a handler
+  // In place of OnError: the error goes nowhere else.
+  std::function<void(const Laufzeitfehler& error)> OnFailure;
 };
 
 // ---- helpers ----

@@ -66,6 +66,7 @@ class MMTools {
   virtual std::unique_ptr<MMReverbX> NewReverb() = 0;
   virtual std::unique_ptr<MMFlangerX> NewFlanger() = 0;
   virtual std::unique_ptr<MMVolumeX> NewVolume() = 0;
+  virtual std::unique_ptr<MMPitchX> NewPitch() = 0;
   virtual std::unique_ptr<MMWaveOutX> NewWaveOut() = 0;
   virtual std::unique_ptr<MMWaveInX> NewWaveIn() = 0;
   virtual std::unique_ptr<MMConnectorX> NewConnector() = 0;

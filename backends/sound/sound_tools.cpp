@@ -21,12 +21,13 @@
 namespace vantora {
 
 SoundTools::SoundTools(EventLoop& loop, Dateien& dateien, Edits& edits, Profile& profiles,
-                       Card card)
+                       Card card, PitchMaker newPitch)
     : loop_(loop),
       dateien_(dateien),
       edits_(edits),
       profiles_(profiles),
       card_(std::move(card)),
+      newPitch_(std::move(newPitch)),
       helper_(std::make_unique<SoundHelper>(profiles)) {}
 
 SoundTools::~SoundTools() = default;
@@ -79,6 +80,10 @@ std::unique_ptr<MMFlangerX> SoundTools::NewFlanger() {
 
 std::unique_ptr<MMVolumeX> SoundTools::NewVolume() {
   return std::make_unique<Volume>();
+}
+
+std::unique_ptr<MMPitchX> SoundTools::NewPitch() {
+  return newPitch_();
 }
 
 std::unique_ptr<MMWaveOutX> SoundTools::NewWaveOut() {

@@ -1,5 +1,5 @@
-// The audio component set put together: own wave files, chains and filters, and players, devices
-// and a loudspeaker and an input from the back end of the sound card.
+// The audio component set put together: own wave files, chains and filters, and from other back
+// ends players, devices, a loudspeaker and an input, and the bending of the pitch.
 #pragma once
 
 #include "platform/edits.h"
@@ -24,7 +24,9 @@ class SoundTools final : public MMTools {
     SoundOutput& Output;
     SoundInput& Input;
   };
-  SoundTools(EventLoop& loop, Dateien& dateien, Edits& edits, Profile& profiles, Card card);
+  using PitchMaker = std::function<std::unique_ptr<MMPitchX>()>;
+  SoundTools(EventLoop& loop, Dateien& dateien, Edits& edits, Profile& profiles, Card card,
+             PitchMaker newPitch);
   ~SoundTools() override;
 
   std::unique_ptr<MMWave> NewWaveFile() override;
@@ -40,6 +42,7 @@ class SoundTools final : public MMTools {
   std::unique_ptr<MMReverbX> NewReverb() override;
   std::unique_ptr<MMFlangerX> NewFlanger() override;
   std::unique_ptr<MMVolumeX> NewVolume() override;
+  std::unique_ptr<MMPitchX> NewPitch() override;
   std::unique_ptr<MMWaveOutX> NewWaveOut() override;
   std::unique_ptr<MMWaveInX> NewWaveIn() override;
   std::unique_ptr<MMConnectorX> NewConnector() override;
@@ -54,6 +57,7 @@ class SoundTools final : public MMTools {
   Edits& edits_;
   Profile& profiles_;
   Card card_;
+  PitchMaker newPitch_;
   std::unique_ptr<MMHelperX> helper_;
 };
 

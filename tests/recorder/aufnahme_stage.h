@@ -23,7 +23,8 @@ class AufnahmeGeraete : private Drives {
     werkzeug = std::make_unique<SoundTools>(
         p.loop, *platte, p.machine.edits, p.machine.profiles,
         SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
-                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input});
+                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input},
+        [&p] { return p.mmtools.NewPitch(); });
     const Plattform& b = p.bundle;
     return {b.schleife,      b.bildschirm, b.uhr,      b.system,     b.dateien,   *this,
             b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,   b.tsCut,

@@ -86,7 +86,8 @@ class Geraete : private Drives {
     werkzeug = std::make_unique<SoundTools>(
         p.loop, *platte, *edits, p.machine.profiles,
         SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
-                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input});
+                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input},
+        [&p] { return p.mmtools.NewPitch(); });
     cutter = std::make_unique<Cutter>(*platte, *edits);
     echt = &p.machine.letters;
     const Plattform& b = p.bundle;

@@ -33,8 +33,9 @@ void Trigger::Slice() {
   bool over = false;
   try {
     over = Pumped();
-  } catch (const Laufzeitfehler&) {
+  } catch (const Laufzeitfehler& error) {
     if (watch.expired()) return;
+    if (OnFailure) return Tell([error, call = OnFailure] { call(error); });
     Tell(OnError);
     throw;
   }
@@ -55,6 +56,8 @@ bool Trigger::Pumped() {
   const auto end = std::chrono::steady_clock::now() + kSlice;
   const int buffers = Interval > 0 ? 1 : kSliceBuffers;
   for (int i = 0; i < buffers; ++i) {
+    if (OnBufferLoad) OnBufferLoad();
+    if (watch.expired()) return false;
     MMData data;
     Pull(data);
     if (watch.expired()) return false;  // stopped by who looks on

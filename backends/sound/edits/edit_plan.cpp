@@ -169,6 +169,8 @@ namespace {
 
 constexpr std::uint32_t kMostNamed = 100'000;  // no edit has more files, steps or letters
 
+enum class PlanKind : std::uint8_t { Plain, Loan, OfRun };
+
 class Writer {
  public:
   template <typename Number>
@@ -256,7 +258,12 @@ std::string PlanBytes(const EditPlan& plan) {
     out.Count(file.Steps.size());
     for (PlanStep step : file.Steps) Fields(step, put);
   }
-  put(plan.Loan);
+  const bool ofRun = !plan.RunReport.empty();
+  put(plan.Loan ? PlanKind::Loan : (ofRun ? PlanKind::OfRun : PlanKind::Plain));
+  if (ofRun) {
+    out.Count(plan.RunReport.size());
+    for (const Text& line : plan.RunReport) put(line);
+  }
   out.Count(plan.Helpers.size());
   for (const PlanHelper& helper : plan.Helpers) {
     put(helper.Path);
@@ -279,7 +286,13 @@ EditPlan PlanFromBytes(std::string_view bytes) {
     file.Steps.resize(in.Count());
     for (PlanStep& step : file.Steps) Fields(step, get);
   }
-  get(plan.Loan);
+  PlanKind kind{};
+  get(kind);
+  plan.Loan = kind == PlanKind::Loan;
+  if (kind == PlanKind::OfRun) {
+    plan.RunReport.resize(in.Count());
+    for (Text& line : plan.RunReport) get(line);
+  }
   plan.Helpers.resize(in.Count());
   for (PlanHelper& helper : plan.Helpers) {
     get(helper.Path);

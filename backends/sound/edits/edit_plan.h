@@ -57,6 +57,7 @@ struct EditPlan {
   // asked for much later, takes it out.
   bool Loan = false;
   std::vector<PlanHelper> Helpers;
+  std::vector<Text> RunReport;
   std::string Literal;  // the bytes that Put writes: mixed samples, and the sizes in headers
 
   bool Names(Dateien& dateien, const Text& file) const;

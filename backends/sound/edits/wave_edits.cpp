@@ -14,12 +14,18 @@ using State = EditRun::State;
 // A disc has up to 99 notes of silence, and hardly a file anything behind its sound.
 constexpr std::int64_t kLoanBlockBytes = 1 << 14;
 
+void Add(std::vector<Text>& lines, const Text& line) {
+  if (std::find(lines.begin(), lines.end(), line) == lines.end()) lines.push_back(line);
+}
+
 void Add(std::vector<Text>& files, const EditPlan& plan) {
-  for (const PlanFile& file : plan.Files) {
-    if (std::find(files.begin(), files.end(), file.Path) == files.end()) {
-      files.push_back(file.Path);
-    }
-  }
+  for (const PlanFile& file : plan.Files) Add(files, file.Path);
+}
+
+// The note of a run's last edit but one may be there still; it says less.
+void AddReport(std::vector<Text>& lines, std::vector<Text> report) {
+  if (report.size() > lines.size()) std::swap(lines, report);
+  for (const Text& line : report) Add(lines, line);
 }
 
 // What a file that can be written holds.
@@ -34,14 +40,25 @@ WaveLayout LayoutOf(Dateien& dateien, const Text& path, DateiStand& stand) {
   return layout;
 }
 
+// Where a disk has no room for the holes of one file, none of the others is changed either.
+void FillHoles(Dateien& dateien, const Edit& edit) {
+  if (edit.Waves.size() < 2) return;
+  for (const WaveEdit& wave : edit.Waves) {
+    const std::unique_ptr<Datei> file = dateien.Open(wave.File, Zugriff::Binaer);
+    file->Reserve(file->Length());
+  }
+}
+
 }  // namespace
 
 // ---- one edit ----
 
 void WaveEdits::Apply(const Edit& edit) {
   EditPlan plan;
+  plan.RunReport = edit.RunReport;
+  for (const WaveEdit& wave : edit.Waves) Ready(wave.File);
+  FillHoles(dateien_, edit);
   for (const WaveEdit& wave : edit.Waves) {
-    Ready(wave.File);
     DateiStand before;
     WaveLayout layout = LayoutOf(dateien_, wave.File, before);
     plan.Files.push_back(PlanWave(layout, wave, plan, dateien_));
@@ -49,6 +66,7 @@ void WaveEdits::Apply(const Edit& edit) {
     plan.Files.back().Medium = dateien_.Medium(wave.File);
   }
   Note note = Begin(std::move(plan), blockBytes_);
+  running_ = running_ || !edit.RunReport.empty();
   EditRun run(dateien_, ramp_, *note);
   try {
     for (std::size_t i = 0; i < note->Plan().Files.size(); ++i) run.Start(i, edit.Progress);
@@ -64,7 +82,7 @@ void WaveEdits::Apply(const Edit& edit) {
     if (begun && state != State::Changed) throw FinishedAfterError(fehler);
     throw;
   }
-  Drop(std::move(note));
+  Conclude(std::move(note));
 }
 
 EditRun::State WaveEdits::Settle(Note note) {
@@ -77,6 +95,8 @@ EditRun::State WaveEdits::Settle(Note note) {
   }
   if (state == State::MediumAway) {
     open_.push_back(std::move(note));
+  } else if (state == State::Finished) {
+    Conclude(std::move(note));
   } else {
     Drop(std::move(note));
   }
@@ -102,6 +122,18 @@ bool WaveEdits::Ready(const Text& file) {
   }
   if (waits) throw Laufzeitfehler(kFehlerZugriff, L"Hay una modificación anterior sin terminar");
   return !mine.empty();
+}
+
+// A run's note stays until the next one of the run is done, so that there is no moment at which a
+// kill leaves nothing to say.
+void WaveEdits::Conclude(Note note) {
+  if (running_ && !note->Plan().RunReport.empty()) std::swap(note, run_);
+  if (note) Drop(std::move(note));
+}
+
+void WaveEdits::EndRun() {
+  running_ = false;
+  if (run_) Drop(std::move(run_));
 }
 
 // A note that cannot be removed says that all is done, so it harms nothing.
@@ -210,6 +242,7 @@ void WaveEdits::MendNote(Note note, MendedEdits& mended) {
   try {
     switch (Settle(std::move(note))) {
       case State::Finished:
+        if (!plan.RunReport.empty()) return AddReport(mended.RunReport, plan.RunReport);
         return Add(plan.Loan ? mended.SilenceTaken : mended.Finished, plan);
       case State::Changed:
         return Add(mended.Left, plan);

@@ -22,6 +22,7 @@ class WaveEdits final : public Edits {
       : dateien_(dateien), ramp_(std::move(ramp)), blockBytes_(blockBytes) {}
 
   void Apply(const Edit& edit) override;
+  void EndRun() override;
   bool Ready(const Text& file) override;
   void Lend(const std::vector<Silence>& silences) override;
   bool Lent() const override { return !loan_.empty(); }
@@ -39,6 +40,7 @@ class WaveEdits final : public Edits {
   EditPlan LoanPlan(const Silence& silence);
   EditRun::State Settle(Note note);  // to its end or back to its start; an error keeps it
   void Drop(Note note);
+  void Conclude(Note note);  // all of it is done
   void MendNote(Note note, MendedEdits& mended);
 
   Dateien& dateien_;
@@ -46,6 +48,8 @@ class WaveEdits final : public Edits {
   std::int64_t blockBytes_;
   std::vector<Note> loan_;  // one for each file
   std::vector<Note> open_;  // edits that could not be finished yet
+  bool running_ = false;    // a run with a report
+  Note run_;                // of its last edit that is done
 };
 
 }  // namespace vantora

@@ -33,7 +33,8 @@ TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
   AlsaSoundInput input(loop, clock);
   WaveEdits edits(home.Files, {});
   SoundTools tools(loop, home.Files, edits, profiles,
-                   {[] { return nullptr; }, [] { return AlsaPlaybackDevices(); }, sound, input});
+                   {[] { return nullptr; }, [] { return AlsaPlaybackDevices(); }, sound, input},
+                   [] { return nullptr; });
   EXPECT_EQ(ErrorOf([&] { tools.NewWaveIn()->Open(); }), kFehlerEinAusgabe);
   EXPECT_EQ(tools.waveOutGetNumDevs(), 0);
   EXPECT_EQ(tools.waveOutGetDevCaps(0), L"");

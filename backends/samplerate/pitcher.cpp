@@ -1,0 +1,118 @@
+#include "backends/samplerate/pitcher.h"
+
+#include "backends/sound/effects/switched_effect.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <samplerate.h>
+#include <string_view>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kChannels = 2;
+constexpr double kUnit = 0.0016;  // of the speed, for a pitch of 1
+constexpr double kSlowest = 0.25, kFastest = 4;
+// The library bends its ratio in a straight line, which is its inverse for the speed. Over so few
+// frames the two are the same.
+constexpr std::size_t kStretch = 64;
+
+double SpeedOf(float pitch) {
+  const double speed = 1 + kUnit * static_cast<double>(pitch);
+  if (!(speed > kSlowest)) return kSlowest;  // what is no number, too
+  return std::min(speed, kFastest);
+}
+
+void Check(int error) {
+  if (error == 0) return;
+  const std::string_view what = src_strerror(error);
+  throw Laufzeitfehler(kFehlerEinAusgabe, Text(what.begin(), what.end()));
+}
+
+}  // namespace
+
+void Pitcher::Delete::operator()(SRC_STATE_tag* state) const {
+  src_delete(state);
+}
+
+void Pitcher::Rewind() {
+  state_.reset();
+  start_ = Pitch;
+  inAt_ = inFrames_ = 0;
+  over_ = false;
+  last_.Bytes = 0;
+  MMPitchX::Rewind();
+}
+
+void Pitcher::Pull(MMData& data) {
+  if (!state_ && start_ == 0 && Pitch == 0) {
+    MMPitchX::Pull(data);
+    last_ = data;
+    return;
+  }
+  if (!state_) Begin();
+  const double speed = SpeedOf(Pitch);
+  const std::size_t frames = Bend(kFrames, speed);
+  speed_ = speed;
+  std::transform(out_.begin(), out_.begin() + static_cast<std::ptrdiff_t>(kChannels * frames),
+                 data.Samples.begin(), ToSample);
+  data.Bytes = frames * 4;
+}
+
+// The filter hears what has passed before, so that bending sets in without a click.
+void Pitcher::Begin() {
+  int error = 0;
+  state_.reset(src_new(SRC_SINC_MEDIUM_QUALITY, kChannels, &error));
+  Check(error);
+  speed_ = SpeedOf(start_);
+  if (last_.Bytes < 4) return;
+  Load(last_);
+  Bend(last_.Bytes / 4, speed_);
+}
+
+// Up to so many frames, fewer only at the end, while the speed goes to its new value. A frame and
+// the next one lie as far apart as the speed between them says.
+std::size_t Pitcher::Bend(std::size_t frames, double speed) {
+  const double slope = (speed - speed_) / static_cast<double>(frames);
+  const auto ratio = [&](std::size_t frame) {
+    return 1 / (speed_ + slope * (static_cast<double>(frame) + 0.5));
+  };
+  std::size_t done = 0;
+  while (done < frames) {
+    const std::size_t some = std::min(kStretch, frames - done);
+    SRC_DATA step{};
+    step.data_in = in_.data() + kChannels * inAt_;
+    step.input_frames = static_cast<long>(inFrames_);
+    step.data_out = out_.data() + kChannels * done;
+    step.output_frames = static_cast<long>(some);
+    step.end_of_input = over_ ? 1 : 0;
+    step.src_ratio = ratio(done + some);
+    Check(src_set_ratio(state_.get(), ratio(done)));
+    Check(src_process(state_.get(), &step));
+    inAt_ += static_cast<std::size_t>(step.input_frames_used);
+    inFrames_ -= static_cast<std::size_t>(step.input_frames_used);
+    if (inFrames_ == 0) inAt_ = 0;  // the library takes a place behind the input for the output
+    done += static_cast<std::size_t>(step.output_frames_gen);
+    if (step.output_frames_gen > 0) continue;
+    if (over_) break;
+    if (inFrames_ == 0) Fetch();
+  }
+  return done;
+}
+
+void Pitcher::Fetch() {
+  MMData data;
+  MMPitchX::Pull(data);
+  over_ = data.Bytes < 4;
+  Load(data);
+}
+
+void Pitcher::Load(const MMData& data) {
+  inAt_ = 0;
+  inFrames_ = data.Bytes / 4;
+  std::copy_n(data.Samples.begin(), kChannels * inFrames_, in_.begin());
+}
+
+}  // namespace vantora

@@ -1,0 +1,88 @@
+// A program and the engine of the crossfades without its window, and what it should make of sound.
+#pragma once
+
+#include "medley/ueberblendung.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/support/buehne.h"
+
+#include <cmath>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantora {
+
+// Values that both files lose in a crossfade of so many seconds.
+inline std::size_t WerteVon(double sekunden) {
+  const auto werte = static_cast<std::size_t>(std::nearbyint(sekunden * 88200));
+  return werte - werte % 4;
+}
+
+// The linear mix of two sounds of the same length.
+inline std::string Gemischt(const std::string& ende, const std::string& anfang) {
+  std::string mix = ende;
+  const std::size_t werte = ende.size() / 2;
+  for (std::size_t v = 0; v < werte; ++v) {
+    std::int16_t eins = 0, zwei = 0;
+    std::memcpy(&eins, &ende[2 * v], 2);
+    std::memcpy(&zwei, &anfang[2 * v], 2);
+    const double f = static_cast<double>(v - v % 2) / static_cast<double>(werte);
+    eins = static_cast<std::int16_t>(std::nearbyint((1 - f) * eins + f * zwei));
+    std::memcpy(&mix[2 * v], &eins, 2);
+  }
+  return mix;
+}
+
+// Two sounds as a crossfade leaves them, whose mix is given or made of them as they are.
+inline void Ueberblende(std::string& a, std::string& b, double sekunden, std::string mix = {}) {
+  const std::size_t u = WerteVon(sekunden);
+  if (mix.empty()) mix = Gemischt(a.substr(a.size() - 2 * u), b.substr(0, 2 * u));
+  a = a.substr(0, a.size() - 2 * u) + mix.substr(0, u);
+  b = mix.substr(u) + b.substr(2 * u);
+}
+
+class MedleyBuehne {
+ public:
+  void Starte() {
+    b.Start();
+    b.prog.Medley.clear();
+    b.prog.Temporary_Directory = L"C:\\Temp\\";
+    motor = std::make_unique<Ueberblendung>(b.prog, chkPitch);
+  }
+
+  static Text Ort(std::size_t n) { return L"C:\\Vantora\\Wavs\\" + std::to_wstring(n) + L".wav"; }
+
+  // A track of the medley with this sound in its own file.
+  MedleyEintrag& Reihe(const std::string& ton, const Text& dauer = L"1",
+                       const std::string& anhang = {}) {
+    const std::size_t n = b.prog.Medley.size();
+    b.Datei(Ort(n), test::Wave(ton, anhang));
+    MedleyEintrag& reihe = b.prog.Medley.emplace_back();
+    reihe.Titel = L"T" + std::to_wstring(n);
+    reihe.Datei = Ort(n);
+    reihe.Dauer = dauer;
+    return reihe;
+  }
+  std::string Datei(std::size_t n) { return b.Lies(Ort(n)); }
+
+  // All transitions, in order; true when the catalog was marked.
+  bool Lauf() {
+    bool markiert = false;
+    b.Tu([&] {
+      motor->LaufBeginnen();
+      for (int j = 0; j + 1 < static_cast<int>(b.prog.Medley.size()); ++j) {
+        motor->UeberblendungAusfuehren(j, j + 1);
+      }
+      markiert = motor->KatalogMarkieren();
+    });
+    return markiert;
+  }
+
+  Buehne b;
+  Form fenster{b.platform.loop, L"frm"};
+  CheckBox chkPitch{fenster, L"chkPitch"};
+  std::unique_ptr<Ueberblendung> motor;
+};
+
+}  // namespace vantora
