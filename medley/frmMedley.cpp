@@ -19,6 +19,7 @@ constexpr double kMsJeSekunde = 1000;
 constexpr int kSpielerMs = 200;
 constexpr int kMessSekunden = 20;
 constexpr int kZiffern = 8;  // of a number that is typed
+constexpr int kToenung = 26;  // percent
 constexpr Color kRampe = Rgb(255, 181, 69);
 
 }  // namespace
@@ -65,6 +66,7 @@ frmMedley::frmMedley(Programm& programm) : VtrFenster(programm, L"frmMedley") {
   Knopf(imgOK, [this] { imgOK_MouseUp(); });
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  shpUeberlappung.Opacity = kToenung;
   tmrSpieler.Interval = kSpielerMs;
   tmrSpieler.OnTimer = [this] { SpielerZeigen(); };
 }

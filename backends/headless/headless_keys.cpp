@@ -91,6 +91,7 @@ void HeadlessHands::Key(Form& form, const Text& key) {
 void HeadlessHands::Send(Form& form, const Stroke& stroke) {
   bool used = false;
   if (stroke.Code != 0) {
+    used = true;  // a handler that fails has used it
     loop_.Deliver([&] { used = form.Form_KeyDown(stroke.Code, stroke.Control); });
   }
   if (!used) SendToFocus(form, stroke);

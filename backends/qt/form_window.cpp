@@ -394,6 +394,7 @@ void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
   if (code != 0) {
     const bool control = event.modifiers().testFlag(Qt::ControlModifier);
     keysDown_.insert(code);
+    used = true;  // a handler that fails has used it
     Handle([&] { used = form_->Form_KeyDown(code, control); });
   }
   if (used || Refused() || !form_->Visible()) return;

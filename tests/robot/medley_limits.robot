@@ -2,15 +2,15 @@
 home home
 screen 800 600
 setting Show_Start_Assistant 0
-makewave C:\m\uno.wav 6 220
-makewave C:\m\dos.wav 5 330
-makewave C:\m\corto.wav 3 440
+makewave C:\m\1.wav 6 220
+makewave C:\m\2.wav 5 330
+makewave C:\m\3.wav 3 440
 start
 press frmHauptForm.imgTitel
 expect-box ~ "no contiene ninguna pista"
 answer 7
 press frmHauptForm.imgLiedImport
-choose C:\m\uno.wav C:\m\dos.wav C:\m\corto.wav
+choose C:\m\1.wav C:\m\2.wav C:\m\3.wav
 key frmNeuerInterpret Return
 key frmNeuerInterpret Return
 key frmNeuerInterpret Return
@@ -73,6 +73,9 @@ expect-box ~ "no tiene tempo"
 answer 7
 within 20000 expect frmMedley.imgOK.Enabled == True
 press frmMedley.chkPitch
+# what was heard was silence
+wait 500
+within 20000 expect frmMedley.lblButtCaption(3) == Reproducir
 
 # played, stopped by the choice of another row
 press frmMedley.imgStartStop
@@ -82,6 +85,7 @@ expect frmMedley.lblButtCaption(3) == Reproducir
 
 # two taps in one millisecond
 press frmMedley.imgSpeedMeasure
+wait 500
 key frmBeatCounter Space
 key frmBeatCounter Space
 key frmBeatCounter Space
@@ -99,6 +103,6 @@ expect frmMedley.txtBPM == ""
 
 window close
 expect-window frmHauptForm
-expect-file C:\m\uno.wav size 1058444
+expect-file C:\m\1.wav size 1058444
 expect frmHauptForm.lvwKatalog(1,0) == " "
 close

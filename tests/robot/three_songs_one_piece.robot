@@ -3,12 +3,13 @@
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
-makewave C:\m\uno.wav 30 220
-makewave C:\m\dos.wav 31 330
-makewave C:\m\tres.wav 29 440
+setting Temporary_Directory C:\WINDOWS\TEMP\
+makewave C:\m\1.wav 30 220
+makewave C:\m\2.wav 31 330
+makewave C:\m\3.wav 29 440
 start
 press frmHauptForm.imgLiedImport
-choose C:\m\uno.wav C:\m\dos.wav C:\m\tres.wav
+choose C:\m\1.wav C:\m\2.wav C:\m\3.wav
 type frmNeuerInterpret.txtTitel "Uno"
 type frmNeuerInterpret.txtInterpret "Las olas"
 key frmNeuerInterpret Return
@@ -75,18 +76,19 @@ expect frmHauptForm.lvwKatalog(3,0) == X
 expect-file C:\WINDOWS\TEMP\xfade.dat missing
 expect-file C:\WINDOWS\TEMP\temp00.dat missing
 # each file has lost its half of a fade of 5 and of one of 2 seconds
-expect-file C:\m\uno.wav size 4851044
-expect-file C:\m\dos.wav size 4851044
-expect-file C:\m\tres.wav size 4939244
+expect-file C:\m\1.wav size 4851044
+expect-file C:\m\2.wav size 4851044
+expect-file C:\m\3.wav size 4939244
 
 press frmHauptForm.imgBrennen
 expect frmCDBrennen.optDiscAtOnce.Value == True
 press frmCDBrennen.imgBrennen
-answer 6
+expect-box ~ "CD virgen"
 answer 7
 within 60000 expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
 expect-window frmHauptForm
-expect-file "C:\Vantora\Discos\Disco 001.bin" exists
+# the disc is the three files, end to end
+expect-file "C:\Vantora\Discos\Disco 001.bin" size 14641200
 close
