@@ -2,16 +2,14 @@
 // turns: ours, and the yardstick's plain reads and writes of 1 MiB. The file is
 // C:\Vantora\Wavs\larga.wav of the home, and does not stay as it is.
 
+#include "bench/plain_file.h"
 #include "bench/stage.h"
 #include "main/headless_platform.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include <cstdlib>
-#include <ctime>
-#include <fcntl.h>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace vantora {
@@ -20,75 +18,9 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const wchar_t* kFile = L"C:\\Vantora\\Wavs\\larga.wav";
-constexpr std::int64_t kHeader = 44, kFrameBytes = 4;
+constexpr std::int64_t kHeader = PlainFile::kHeader, kFrameBytes = 4;
 constexpr std::int32_t kTenSeconds = 441'000, kHalfSecond = 22'050;  // frames
 constexpr int kRounds = 9;
-
-double CpuTime() {
-  timespec now{};
-  ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-template <typename Work>
-double Spent(const Work& work) {
-  const double start = CpuTime();
-  work();
-  return CpuTime() - start;
-}
-
-// A file under plain system calls.
-class PlainFile {
- public:
-  explicit PlainFile(const fs::path& file) : file_(::open(file.c_str(), O_RDWR | O_CLOEXEC)) {
-    if (file_ < 0) throw std::runtime_error("no " + file.string());
-  }
-  // What an edit has changed is on the disk when it ends.
-  ~PlainFile() {
-    ::fsync(file_);
-    ::close(file_);
-  }
-  PlainFile(const PlainFile&) = delete;
-  PlainFile& operator=(const PlainFile&) = delete;
-
-  // Everything from a place on, to another place when it is to be written.
-  void Move(std::int64_t from, std::int64_t to) {
-    for (std::size_t bytes = 0; (bytes = Read(from)) > 0;) {
-      Write(bytes, to);
-      from += static_cast<std::int64_t>(bytes);
-      to += static_cast<std::int64_t>(bytes);
-    }
-  }
-  void ReadAll() {
-    std::int64_t place = kHeader;
-    for (std::size_t bytes = 0; (bytes = Read(place)) > 0;) {
-      place += static_cast<std::int64_t>(bytes);
-    }
-  }
-  void WriteAll() {
-    const std::int64_t end = ::lseek(file_, 0, SEEK_END);
-    for (std::int64_t place = kHeader; place < end;) {
-      const auto left = static_cast<std::size_t>(end - place);
-      const std::size_t bytes = std::min(left, block_.size());
-      Write(bytes, place);
-      place += static_cast<std::int64_t>(bytes);
-    }
-  }
-
- private:
-  std::size_t Read(std::int64_t place) {
-    const ssize_t bytes = ::pread(file_, block_.data(), block_.size(), place);
-    if (bytes < 0) throw std::runtime_error("cannot read");
-    return static_cast<std::size_t>(bytes);
-  }
-  void Write(std::size_t bytes, std::int64_t place) {
-    const ssize_t done = ::pwrite(file_, block_.data(), bytes, place);
-    if (done != static_cast<ssize_t>(bytes)) throw std::runtime_error("cannot write");
-  }
-
-  int file_;
-  std::vector<char> block_ = std::vector<char>(1U << 20U);
-};
 
 using Desk = Stage<HeadlessPlatform>;
 using Round = std::function<void(Desk& desk, const fs::path& file)>;

@@ -168,6 +168,7 @@ bool Ueberblendung::DateienGeeignet(const MedleyEintrag& a, const MedleyEintrag&
 }
 
 std::int64_t Ueberblendung::Groesse(const Text& datei, bool& format) {
+  prog.plattform.edits.Ready(datei);  // what a disk error has left half done
   const MMWaveFormat& soll = *WaveHelper.WaveFormatPtr();
   SourceFile->Open(datei);
   const std::int64_t bytes = SourceFile->DataBytes();
@@ -281,6 +282,7 @@ bool Ueberblendung::KatalogMarkieren() {
   if (MedleyFehler) return false;
   for (const MedleyEintrag& zeile : prog.Medley) {
     const Text datei = Ucase(zeile.Datei.Getrimmt());
+    if (datei.empty()) continue;
     for (KatalogEintrag& eintrag : prog.Katalog) {
       if (Ucase(eintrag.Datei.Getrimmt()) == datei) eintrag.Ueberblendet = -1;
     }

@@ -59,7 +59,7 @@ class Ueberblendung {
   double PitchSchritt = 0;  // is added to the pitch at every buffer
   // The end of the first track, then the crossfade; the start of the second track. One value more
   // than the crossfade has, which is never filled.
-  std::vector<std::int16_t> Ausschnitt1, Ausschnitt2;
+  std::vector<std::int16_t> Ausschnitt1 = std::vector<std::int16_t>(1), Ausschnitt2 = Ausschnitt1;
 
  private:
   // What a row says as text, as numbers.

@@ -50,8 +50,8 @@ TEST_F(Medley, RandomMedleysEqualTheModelToTheByte) {
       if (bis(4) == 0) bytes += bis(3);
       toene.push_back(test::Noise(bytes, seed * 100 + static_cast<unsigned>(n)));
       anhaenge.push_back(bis(1) == 0 ? "" : test::Chunk("LIST", test::Noise(bis(5000), seed)));
-      const double dauer =
-          bis(3) == 0 ? 1.0 + static_cast<double>(bis(2)) : 0.5 + bis(25'000) / 1e4;
+      const auto zehntel = static_cast<double>(5 + bis(25));
+      const double dauer = bis(3) == 0 ? 1 : zehntel / 10 + static_cast<double>(bis(99)) / 1e4;
       Reihe(toene.back(), std::to_wstring(dauer), anhaenge.back());
     }
     for (std::size_t n = 0; n + 1 < toene.size(); ++n) {

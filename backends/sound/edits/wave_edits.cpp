@@ -44,8 +44,8 @@ WaveLayout LayoutOf(Dateien& dateien, const Text& path, DateiStand& stand) {
 void FillHoles(Dateien& dateien, const Edit& edit) {
   if (edit.Waves.size() < 2) return;
   for (const WaveEdit& wave : edit.Waves) {
-    const std::unique_ptr<Datei> file = dateien.Open(wave.File, Zugriff::Binaer);
-    file->Reserve(file->Length());
+    const std::int64_t length = dateien.FileLen(wave.File);  // raises where there is none
+    dateien.Open(wave.File, Zugriff::Binaer)->Reserve(length);
   }
 }
 

@@ -66,7 +66,8 @@ TEST_F(Pumping, TheRangeArrivesWholeAgainAndAgainAndItsEndIsToldOnce) {
 
 TEST_F(Pumping, TheLoopTurnsMeanwhileAndNothingIsToldAfterAStop) {
   using Clock = std::chrono::steady_clock;
-  int buffers = 0;
+  int buffers = 0, due = 0;
+  trigger->OnBufferLoad = [&] { EXPECT_EQ(due++, buffers); };
   dsp.OnBufferFilled = [&](MMData&) {  // costly effects: a buffer takes 2 ms
     ++buffers;
     for (const auto end = Clock::now() + std::chrono::milliseconds(2); Clock::now() < end;) {
@@ -79,8 +80,10 @@ TEST_F(Pumping, TheLoopTurnsMeanwhileAndNothingIsToldAfterAStop) {
   EXPECT_GE(buffers, 2);
   EXPECT_LE(buffers, 3 * 14) << "a slice takes no longer than the hand that waits for it";
   trigger->Stop();
+  EXPECT_EQ(due, buffers) << "each buffer is announced";
   const int before = buffers;
   loop.Pass(1000);
+  trigger->OnBufferLoad = nullptr;
   dsp.OnBufferFilled = [&](MMData&) { trigger->Stop(); };
   trigger->Start();
   loop.Pass(1000);
@@ -110,6 +113,14 @@ TEST_F(Pumping, AnErrorOnEitherSideIsToldOnceAndLeavesTheSourceAsItWas) {
   }
   dsp.OnBufferFilled = [](MMData&) { throw Laufzeitfehler(kFehlerUeberlauf, L"x"); };
   EXPECT_EQ(run(), "E");
+  std::vector<int> loopHears;
+  loop.OnError = [&](const Laufzeitfehler& error) { loopHears.push_back(error.Nummer); };
+  EXPECT_EQ(run(), "E");
+  trigger->OnFailure = [this](const Laufzeitfehler& error) {
+    Log += error.Nummer == kFehlerUeberlauf ? 'F' : '?';
+  };
+  EXPECT_EQ(run(), "F");
+  EXPECT_EQ(loopHears, std::vector<int>{kFehlerUeberlauf}) << "one of the two has it";
   dsp.OnBufferFilled = nullptr;
   trigger->OnStop = [this] {  // the handler may do away with it
     Log += 'S';
