@@ -112,8 +112,6 @@ wait 484
 key frmBeatCounter Space
 wait 484
 key frmBeatCounter Space
-wait 484
-key frmBeatCounter Space
 wait 3000
 after 1000 shot frmBeatCounter_@SIZE@.png
 hold frmBeatCounter.imgBeat 3000
