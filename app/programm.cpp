@@ -19,6 +19,8 @@
 #include "dialogs/frmNeuerInterpret.h"
 #include "dialogs/frmSchrift.h"
 #include "dialogs/frmStartAssistent.h"
+#include "medley/frmBeatCounter.h"
+#include "medley/frmMedley.h"
 #include "mixer/frmMixer.h"
 #include "recorder/frmAufnehmen.h"
 #include "waveeditor/frmSpektrum.h"

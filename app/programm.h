@@ -8,6 +8,7 @@
 #include "app/zustand/aufnahme_zustand.h"
 #include "app/zustand/cover.h"
 #include "app/zustand/medley.h"
+#include "app/zustand/schlag_zustand.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
 #include "waveeditor/editor_zustand.h"
@@ -42,6 +43,8 @@ class frmSpektrum;
 class frmAufnehmen;
 class frmPrintStart;
 class frmPrint;
+class frmMedley;
+class frmBeatCounter;
 class KatalogDienst;
 
 // Flags of a message box, as far as they are in use.
@@ -90,7 +93,8 @@ struct Programm : Dienste,
                   EditorZustand,
                   AufnahmeZustand,
                   MedleyZustand,
-                  CoverZustand {
+                  CoverZustand,
+                  SchlagZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -173,6 +177,8 @@ struct Programm : Dienste,
   Fenster<vantora::frmAufnehmen> frmAufnehmen{*this};
   Fenster<vantora::frmPrintStart> frmPrintStart{*this};
   Fenster<vantora::frmPrint> frmPrint{*this};
+  Fenster<vantora::frmMedley> frmMedley{*this};
+  Fenster<vantora::frmBeatCounter> frmBeatCounter{*this};
 
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);

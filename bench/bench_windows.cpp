@@ -15,6 +15,7 @@
 #include "dialogs/frmLoadSave.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
+#include "medley/frmMedley.h"
 #include "tests/support/cddb_server.h"
 
 #include <fstream>
@@ -389,6 +390,38 @@ int Wave(const fs::path& home) {
   return 0;
 }
 
+// From the press on the medley's test of a crossfade of 10 s to its first sound, in ms.
+int Preview(const fs::path& home) {
+  constexpr int kRounds = 11;
+  constexpr double kRestsMs = 100;  // before a player starts; here that passes faster
+  Windows stage(home);
+  bool heard = true;
+  stage.Play([&](Form*) {
+    CatalogOfWaves(stage.prog, L"60000");
+    stage.prog.Medley.assign(2, MedleyEintrag());
+    for (std::size_t i = 0; i < 2; ++i) {
+      stage.prog.Medley[i].Datei = stage.prog.Katalog.at(i + 1).Datei.Getrimmt();
+      stage.prog.Medley[i].Laenge = Text(L"60000");
+    }
+    const std::shared_ptr<frmMedley> medley = stage.prog.frmMedley.Laden();
+    stage.prog.Zeigen(*medley);
+    Paint(stage);
+    medley->txtBPM.Text = Text(L"120");
+    medley->txtDauer.Text = Text(L"10");
+    for (int i = 0; i < kRounds; ++i) {
+      const std::size_t before = stage.platform.card.Played.size();
+      const auto pressed = BenchTime::now();
+      medley->imgPreview_MouseUp();
+      const double ms = Milliseconds(pressed, BenchTime::now());
+      heard = heard && stage.platform.card.Played.size() > before;
+      std::printf("%.3f\n", ms + kRestsMs * (1 - 1 / kStorySpeed));
+    }
+    medley->MedleyBeenden();
+    return false;
+  });
+  return heard ? 0 : 1;
+}
+
 }  // namespace
 }  // namespace vantora
 
@@ -403,6 +436,7 @@ int main(int argc, char** argv) {
   if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
   if (work == "cover") return vantora::RunWork(vantora::Cover, argv[2]);
   if (work == "wave") return vantora::RunWork(vantora::Wave, argv[2]);
-  std::fputs("bench-windows start|open|memory|toc|cddb|database|cover|wave HOME\n", stderr);
+  if (work == "preview") return vantora::RunWork(vantora::Preview, argv[2]);
+  std::fputs("bench-windows start|open|memory|toc|cddb|database|cover|wave|preview HOME\n", stderr);
   return 2;
 }

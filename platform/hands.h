@@ -5,6 +5,8 @@
 
 #include "platform/form.h"
 
+#include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,6 +20,10 @@ struct Unreachable : std::runtime_error {
 class Hands {
  public:
   virtual ~Hands() = default;
+  // When what is done next is done, by EventLoop::EventMs; nothing: at the call. For hands that
+  // keep time better than a busy machine does.
+  std::optional<std::int64_t> Moment;
+
   virtual void Press(Control& control) = 0;  // press and release, or click, as the control wants
   virtual void DoubleClick(Control& control) = 0;
   virtual void RightClick(Control& control) = 0;

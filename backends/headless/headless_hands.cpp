@@ -45,7 +45,7 @@ std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
   std::vector<int> values;
   if (dynamic_cast<const FaderKnob*>(&slider) != nullptr) {
     const int track = slider.Height / kPixelTwips;
-    const KnobTravel travel{track, FaderKnob::kKnobHeight / kPixelTwips, slider.Max};
+    const KnobTravel travel{track, FaderKnob::kKnobHeight / kPixelTwips, slider.Max, slider.Min};
     const int start = track * from / 1000, grip = travel.GripOf(slider.Value, start);
     if (!travel.On(slider.Value, start)) values.push_back(travel.ValueAt(start - grip));
     if (to != from) values.push_back(travel.ValueAt(track * to / 1000 - grip));
@@ -253,9 +253,10 @@ void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
   constexpr int kMoves = 4;
   Point(box, from);
   const int start = box.MouseX, end = OnPixel(box.Width * to / 1000);
+  const int left = box.Left;  // the box may follow the mouse
   Down(box, kLeftButton);
   for (int i = 1; i <= kMoves && Still(box); ++i) {
-    box.MouseX = OnPixel(start + (end - start) * i / kMoves);
+    box.MouseX = OnPixel(start + (end - start) * i / kMoves) + left - box.Left;
     if (const auto move = box.MouseMove) Call(box, [&] { move(kLeftButton); });
   }
   if (!Still(box)) return;

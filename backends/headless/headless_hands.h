@@ -54,6 +54,7 @@ class HeadlessHands final : public Hands {
   void SelectInView(ListView& list, const std::vector<int>& rows);
   void SelectInCombo(ComboBox& list, const std::vector<int>& rows);
   void Send(Form& form, const Stroke& stroke);
+  void SendToFocus(Form& form, const Stroke& stroke);
   void Effect(Control& control, const Stroke& stroke);
   void TypeInto(TextBox& box, const Stroke& stroke);
   void MoveInList(ListControl& list, int key);

@@ -91,10 +91,18 @@ void HeadlessHands::Key(Form& form, const Text& key) {
 void HeadlessHands::Send(Form& form, const Stroke& stroke) {
   bool used = false;
   if (stroke.Code != 0) {
+    used = true;  // a handler that fails has used it
     loop_.Deliver([&] { used = form.Form_KeyDown(stroke.Code, stroke.Control); });
   }
-  Control* control = used ? nullptr : loop_.Focus(form);
-  if (control == nullptr && !used && stroke.Code == kKeyTab && loop_.Reachable(form)) {
+  if (!used) SendToFocus(form, stroke);
+  const auto& forms = loop_.Forms();
+  const bool there = std::find(forms.begin(), forms.end(), &form) != forms.end();
+  if (stroke.Code != 0 && there) loop_.Deliver([&] { form.Form_KeyUp(stroke.Code); });
+}
+
+void HeadlessHands::SendToFocus(Form& form, const Stroke& stroke) {
+  Control* control = loop_.Focus(form);
+  if (control == nullptr && stroke.Code == kKeyTab && loop_.Reachable(form)) {
     return MoveFocus(form, stroke.Shift);
   }
   if (control == nullptr || !Still(*control)) return;

@@ -111,7 +111,10 @@ class PointedFace : public Face {
   void Point(const QMouseEvent& event) {
     Control* told = control();
     if (told == nullptr) return;
-    const QPoint place = event.position().toPoint();
+    // A box that follows the mouse may have been moved since its widget was last.
+    const QPoint lag =
+        look::Pixels(*told, window().Scale()).topLeft() - widget()->geometry().topLeft();
+    const QPoint place = event.position().toPoint() - lag;
     const double twips = look::kTwipsPerPixel / window().Scale();
     told->MouseX = static_cast<int>(std::lround(place.x() * twips));
     told->MouseY = static_cast<int>(std::lround(place.y() * twips));

@@ -110,10 +110,11 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
   // and does not come back, the next one runs inside it.
   void Do(std::vector<std::function<void()>> steps) {
     for (std::function<void()>& step : steps) {
-      loop_.Post([self = shared_from_this(), step = std::move(step)] {
+      const std::int64_t at = Moment.value_or(loop_.EventMs());
+      loop_.Post([self = shared_from_this(), at, step = std::move(step)] {
         try {
           self->loop_.Sync();
-          step();
+          self->loop_.ActAt(at, step);
         } catch (const Unreachable& refused) {
           self->found_ = refused.what();
         }
@@ -181,6 +182,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
   }
 
   bool Held = false;
+  std::optional<std::int64_t> Moment;  // of the hands
 
  private:
   static bool Meets(const QWidget* surface, QPoint place) {
@@ -203,6 +205,7 @@ QtHands::QtHands(QtEventLoop& loop) : fingers_(std::make_shared<Fingers>(loop)) 
 QtHands::~QtHands() = default;
 
 void QtHands::Settle() {
+  fingers_->Moment = Moment;
   fingers_->Settle();
 }
 
@@ -272,8 +275,13 @@ void QtHands::Drag(Control& control, int from, int to) {
   const QPointF end = PlaceAt(control, surface, to);
   const QPointF start =
       picture ? fingers_->ChosenPlace(control, surface, from) : PlaceAt(control, surface, from);
+  // The control may follow the mouse, whose way stays where it was.
+  const QPointF corner = surface->mapToGlobal(QPointF());
   const auto send = [=](QEvent::Type type, QPointF place) {
-    return [=] { SendMouse(surface, type, place, Qt::LeftButton); };
+    return [=] {
+      if (surface == nullptr) return;
+      SendMouse(surface, type, place + corner - surface->mapToGlobal(QPointF()), Qt::LeftButton);
+    };
   };
   fingers_->Do({send(QEvent::MouseButtonPress, start)});
   constexpr int kMoves = 4;

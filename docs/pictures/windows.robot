@@ -116,6 +116,26 @@ shot frmPrint_cubierta_@SIZE@.png
 press frmPrint.imgControl(2)
 shot frmPrint_etiqueta_@SIZE@.png
 press frmPrint.imgAbbrechen
+# the medley: a crossfade of six seconds, and the counter in the middle of a tap
+select frmHauptForm.lvwKatalog 1 4
+press frmHauptForm.imgTitel
+type frmMedley.txtBPM 124
+key frmMedley Return
+type frmMedley.txtDauer 6
+key frmMedley Return
+press frmMedley.chkPitch
+shot frmMedley_@SIZE@.png
+press frmMedley.imgSpeedMeasure
+key frmBeatCounter Space
+wait 484
+key frmBeatCounter Space
+wait 484
+key frmBeatCounter Space
+wait 3000
+after 1000 shot frmBeatCounter_@SIZE@.png
+hold frmBeatCounter.imgBeat 3000
+key frmBeatCounter Escape
+key frmMedley Escape
 press frmHauptForm.Logo
 shot frmAbout_@SIZE@.png
 key frmAbout Escape

@@ -119,6 +119,7 @@ void Robot::Execute(const ScriptLine& line, Form* front) {
   } else if (!running_ && NeedsProgram(line)) {
     Fail(line, "the program was to run, it has not been started or has ended");
   } else {
+    if (running_) Tapped(line);
     Guard(line, [&] { (this->*Find(line.Verb))(line, front); });
   }
 }
@@ -144,6 +145,13 @@ void Robot::Fail(const ScriptLine& line, const std::string& what) {
 void Robot::Rest(int ms) {
   resting_ = true;
   stage_.Loop().PostAfter(ms, [this] { resting_ = false; });
+}
+
+// Who taps a beat counts from tap to tap, and not from when the program has answered the last one.
+void Robot::Tapped(const ScriptLine& line) {
+  const bool goesOn = !ActsOnProgram(line) || line.Verb == L"key" || line.Verb == L"wait";
+  if (!goesOn) beat_.reset();
+  stage_.TheHands().Moment = beat_;
 }
 
 void Robot::Then(const ScriptLine& line, Step step) {

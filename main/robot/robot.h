@@ -10,6 +10,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -40,6 +41,7 @@ class Robot final : public User {
   bool AtEnd(Form* front);
   void AfterTheProgram(const ScriptLine& line);
   void Rest(int ms);
+  void Tapped(const ScriptLine& line);
   void Then(const ScriptLine& line, Step step);
 
   Form& FindForm(const Text& name) const;
@@ -116,6 +118,7 @@ class Robot final : public User {
   const ScriptLine* stepsOf_ = nullptr;
   std::vector<const ScriptLine*> afterPending_;  // `after` lines that have not run yet
   bool running_ = false;                         // the program is between its start and its end
+  std::optional<std::int64_t> beat_;  // when the last wait was to end, as long as keys alone follow
   bool resting_ = false;
   bool closing_ = false;      // `close` was pressed
   bool scriptEnded_ = false;  // the program asked when the script was at its end
