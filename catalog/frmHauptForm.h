@@ -237,7 +237,6 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
 
   // burning
   bool BrennDateienPruefen();
-  void NochNicht();  // a function that is not there yet
 };
 
 }  // namespace vantora

@@ -27,11 +27,6 @@ constexpr int kNachlaufMs = 250;  // until a preview that was stopped is silent
 
 }  // namespace
 
-void frmHauptForm::NochNicht() {
-  PlayWaveNormal(L"");
-  prog.MsgBoxen(LoadResString(8058), kHinweis);
-}
-
 void frmHauptForm::imgExtras_MouseUp() {
   PlayWaveNormal(L"");
   prog.ZeigeModal(prog.frmExtrasMenue.Laden());
