@@ -95,7 +95,7 @@ void frmAufnehmen::Verdrahten() {
   MMConnectorX1->OnTrigger = [this] { MMConnectorX1_OnTrigger(); };
   WaveIn->OnOverrun = [this](std::int64_t ms) { Verlust(ms); };
   WaveIn->OnError = [this](const Laufzeitfehler& fehler) { TakeAbbrechen(FehlerText(fehler)); };
-  WaveIn->OnLost = [this] { TakeAbbrechen(LoadResString(30101)); };
+  WaveIn->OnLost = [this] { EingangVerloren(); };
 }
 
 void frmAufnehmen::Form_Load() {
