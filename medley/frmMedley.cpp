@@ -18,7 +18,7 @@ constexpr const wchar_t* kUeblicheDauer = L"5";
 constexpr double kMsJeSekunde = 1000;
 constexpr int kSpielerMs = 200;
 constexpr int kMessSekunden = 20;
-constexpr int kZiffern = 8;  // of a number that is typed
+constexpr int kZiffern = 8;   // of a number that is typed
 constexpr int kToenung = 26;  // percent
 constexpr Color kRampe = Rgb(255, 181, 69);
 
