@@ -104,7 +104,7 @@ TEST(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
   frmBeatCounter& lang = b.Oeffne();
   EXPECT_EQ(b.platform.card.From, 10 * 176400);  // a whole frame
   b.platform.loop.Pass(5000);
-  EXPECT_NEAR(lang.shpZeitanzeige.Width(), lang.BalkenBreite / 4, lang.BalkenBreite / 100);
+  EXPECT_NEAR(lang.shpZeitanzeige.Width(), lang.BalkenBreite / 4.0, lang.BalkenBreite / 100.0);
   EXPECT_TRUE(b.Haupt().SpielerLaeuft());
   b.platform.loop.Pass(16000);
   EXPECT_FALSE(b.Haupt().SpielerLaeuft());

@@ -139,6 +139,7 @@ TEST(Medley, TheKnobStandsWhereItsTempoSays) {
 
 TEST(Medley, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
   std::vector<Text> titel;
+  titel.reserve(99);
   for (int i = 0; i < 99; ++i) titel.push_back(L"t" + std::to_wstring(i));
   MedleyFenster b(titel);
   frmMedley& m = b.Oeffne();

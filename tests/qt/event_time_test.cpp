@@ -85,7 +85,7 @@ TEST_F(Stage, APictureThatFollowsTheMouseIsNeverBehindIt) {
         QApplication::sendEvent(widget, &up);
       })
       .Then([&] { hands.Drag(box, 500, 600); })
-      .Then([&] { EXPECT_NEAR(box.Left, left + 20 * 15 + box.Width / 10, 30); });
+      .Then([&] { EXPECT_NEAR(box.Left, left + 20 * 15 + box.Width / 10.0, 30); });
   Play(form);
 }
 
