@@ -240,8 +240,11 @@ TEST_F(Cover, CenteredEachSideStandsInTheMiddleWithItsFoldsFrameAndMarks) {
       const PrintJob& job = Jobs().back();
       EXPECT_EQ(job.Orientation, kLandscape);
       const Mass mass = MassDerSeite(w.Seite);
-      const int x = static_cast<int>(std::lround((16838 - mass.Breite) / 2.0));
-      const int y = static_cast<int>(std::lround((11906 - mass.Hoehe) / 2.0));
+      const auto mitte = [](double papier, int seite) {
+        return static_cast<int>(std::lround((papier - seite) / 2));
+      };
+      const int x = mitte(job.Sheet.PaperWidth(kLandscape), mass.Breite);
+      const int y = mitte(job.Sheet.PaperHeight(kLandscape), mass.Hoehe);
       std::vector<std::string> bild = Seitenbild(job);
       const auto bei = [](const std::string& was, int dort, int hoch) {
         return was + "@" + std::to_string(dort) + "," + std::to_string(hoch);
