@@ -285,7 +285,9 @@ bool Ueberblendung::KatalogMarkieren() {
     const Text datei = Ucase(zeile.Datei.Getrimmt());
     if (datei.empty()) continue;
     for (KatalogEintrag& eintrag : prog.Katalog) {
-      if (Ucase(eintrag.Datei.Getrimmt()) == datei) eintrag.Ueberblendet = -1;
+      if (Ucase(eintrag.Datei.Getrimmt()) != datei) continue;
+      eintrag.Ueberblendet = -1;
+      prog.KatalogGeaendert = true;  // a saved catalog would put pauses into the crossfades
     }
   }
   return true;

@@ -18,6 +18,8 @@ constexpr double kSlowest = 0.25, kFastest = 4;
 // The library bends its ratio in a straight line, which is its inverse for the speed. Over so few
 // frames the two are the same.
 constexpr std::size_t kStretch = 64;
+// The filter looks not quite so many frames back.
+constexpr std::size_t kBack = 48;
 
 double SpeedOf(float pitch) {
   const double speed = 1 + kUnit * static_cast<double>(pitch);
@@ -37,6 +39,13 @@ void Pitcher::Delete::operator()(SRC_STATE_tag* state) const {
   src_delete(state);
 }
 
+Pitcher::Filter Pitcher::NewFilter() {
+  int error = 0;
+  Filter filter(src_new(SRC_SINC_MEDIUM_QUALITY, kChannels, &error));
+  Check(error);
+  return filter;
+}
+
 void Pitcher::Rewind() {
   state_.reset();
   start_ = Pitch;
@@ -52,10 +61,17 @@ void Pitcher::Pull(MMData& data) {
     last_ = data;
     return;
   }
+  const bool first = !state_ && start_ == 0 && last_.Bytes < 4;
   if (!state_) Begin();
+  std::vector<float> missing;
+  if (first) {
+    Fetch();
+    missing = Missing();
+  }
   const double speed = SpeedOf(Pitch);
   const std::size_t frames = Bend(kFrames, speed);
   speed_ = speed;
+  for (std::size_t n = 0; n < missing.size(); ++n) out_[n] += missing[n];
   std::transform(out_.begin(), out_.begin() + static_cast<std::ptrdiff_t>(kChannels * frames),
                  data.Samples.begin(), ToSample);
   data.Bytes = frames * 4;
@@ -63,9 +79,7 @@ void Pitcher::Pull(MMData& data) {
 
 // The filter hears what has passed before, so that bending sets in without a click.
 void Pitcher::Begin() {
-  int error = 0;
-  state_.reset(src_new(SRC_SINC_MEDIUM_QUALITY, kChannels, &error));
-  Check(error);
+  state_ = NewFilter();
   speed_ = SpeedOf(start_);
   if (last_.Bytes < 4) return;
   Load(last_);
@@ -100,6 +114,25 @@ std::size_t Pitcher::Bend(std::size_t frames, double speed) {
     if (inFrames_ == 0) Fetch();
   }
   return done;
+}
+
+// The filter takes what came before the first frame for silence, and a loud start would click. So
+// much it lacks in the first frames at the normal speed, and next to nothing else where a slide
+// begins.
+std::vector<float> Pitcher::Missing() const {
+  std::vector<float> missing(kChannels * kBack);
+  const Filter filter = NewFilter();
+  SRC_DATA step{};
+  step.data_in = in_.data();
+  step.input_frames = static_cast<long>(inFrames_);
+  step.data_out = missing.data();
+  step.output_frames = static_cast<long>(kBack);
+  step.src_ratio = 1;
+  Check(src_process(filter.get(), &step));
+  missing.resize(kChannels * static_cast<std::size_t>(step.output_frames_gen));
+  std::transform(missing.begin(), missing.end(), in_.begin(), missing.begin(),
+                 [](float heard, float sound) { return sound - heard; });
+  return missing;
 }
 
 void Pitcher::Fetch() {

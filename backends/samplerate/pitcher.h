@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 struct SRC_STATE_tag;
 
@@ -24,14 +25,18 @@ class Pitcher final : public MMPitchX {
     void operator()(SRC_STATE_tag* state) const;
   };
 
+  using Filter = std::unique_ptr<SRC_STATE_tag, Delete>;
+
+  static Filter NewFilter();
   void Begin();
   std::size_t Bend(std::size_t frames, double speed);  // into `out_`
+  std::vector<float> Missing() const;
   void Load(const MMData& data);
   void Fetch();
 
-  std::unique_ptr<SRC_STATE_tag, Delete> state_;  // from the first bent buffer on
-  float start_ = 0;                               // the pitch that the sound begins with
-  double speed_ = 1;                              // at the end of the last bent buffer
+  Filter state_;      // from the first bent buffer on
+  float start_ = 0;   // the pitch that the sound begins with
+  double speed_ = 1;  // at the end of the last bent buffer
   Floats in_{}, out_{};
   std::size_t inAt_ = 0, inFrames_ = 0;  // of what was read and not yet used
   bool over_ = false;                    // nothing more comes in

@@ -198,6 +198,7 @@ TEST_F(Medley, WithoutATempoAndTheBoxTickedTheCrossfadeIsSilence) {
   EXPECT_TRUE(Datei(0) == test::Wave(eins) && Datei(1) == test::Wave(zwei));
   EXPECT_EQ(b.prog.Katalog[0].Ueberblendet, -1);
   EXPECT_EQ(b.prog.Katalog[1].Ueberblendet, -1);
+  EXPECT_TRUE(b.prog.KatalogGeaendert);
 }
 
 TEST_F(Medley, TheTemporaryFolderMayBeMissingButNotUnusable) {

@@ -73,12 +73,14 @@ TEST(Pitcher, ASineSlidesByTheLawAndStaysClean) {
         return 2 * std::numbers::pi * hertz * slide.Place(frame) / kRate;
       };
       double worst = -200, turn = 0, before = 0;
-      for (std::size_t n = kBuffer; n + 2 * kBuffer < whole; n += kBuffer) {
+      // A sound that starts bent has nothing before it, so its first frames are none of a sine's.
+      const std::size_t start = slide.From == 0 ? 0 : kBuffer;
+      for (std::size_t n = start; n + 2 * kBuffer < whole; n += kBuffer) {
         const Heard heard = Listen(out, n, kBuffer, phase);
         worst = std::max(worst, heard.RestDb);
         ASSERT_NEAR(std::abs(heard.Arrow), 30'000, 300) << n;
         // A frequency that is wrong by a thousandth turns the arrow so far in a buffer.
-        if (n > kBuffer) {
+        if (n > start) {
           turn = std::max(
               turn, std::abs(std::remainder(std::arg(heard.Arrow) - before, 2 * std::numbers::pi)));
         }
