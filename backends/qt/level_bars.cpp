@@ -51,7 +51,8 @@ QAccessibleInterface* Speak(const QString& /*kind*/, QObject* object) {
 }  // namespace
 
 LevelBars::LevelBars(QWidget* parent) : QWidget(parent) {
-  QAccessible::installFactory(Speak);  // once is enough, and more do no harm
+  QAccessible::installFactory(Speak);     // once is enough, and more do no harm
+  setAttribute(Qt::WA_OpaquePaintEvent);  // nothing beneath has to be drawn with each level
 }
 
 int LevelBars::Percent() const {
