@@ -22,7 +22,7 @@ class Connector final : public MMConnectorX {
     frames_ += data.Bytes / 4;
     if (OnTrigger) OnTrigger();
     MMConnectorX::Push(data);
-    if (frames_ < kFrames * static_cast<std::size_t>(std::max(Speed, 1))) return;
+    if (frames_ < kFrames * static_cast<std::size_t>(std::max(Speed, 0))) return;
     const Peaks told = peaks_;
     frames_ = 0;
     peaks_ = {};
