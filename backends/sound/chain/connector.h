@@ -1,4 +1,5 @@
-// Tells level meters what is heard.
+// Reports to level meters what is heard: every two buffers times `Speed`, or with each when that is
+// 0.
 #pragma once
 
 #include "backends/sound/chain/peak_detect.h"
