@@ -20,8 +20,8 @@ namespace vantora {
 namespace {
 
 constexpr unsigned kRate = 44100;
-// Three buffers, 70 ms: each turn of the sound server, of this thread and of the loop costs more than
-// the sound that it brings, and a level is still seen when it is heard.
+// Three buffers, 70 ms: each turn of the sound server, of this thread and of the loop costs more
+// than the sound that it brings, and a level is still seen when it is heard.
 constexpr snd_pcm_uframes_t kPeriod = 3 * kBufferBytes / 4;
 constexpr unsigned kCardMs = 500;  // what the card keeps while this machine is busy
 constexpr int kPatienceMs = 100;   // longer than a period, so that a wait ends with sound
