@@ -88,10 +88,8 @@ void frmAufnehmen::Verdrahten() {
   Peak->SetInput(WaveIn.get());
   MMConnectorX1->SetInput(Peak.get());
   WaveOUt->SetInput(MMConnectorX1.get());
-  MMConnectorX1->OnLevel = [this](int links, int rechts) {
-    Level1.PeakLeft = links;
-    Level2.PeakRight = rechts;
-  };
+  MMConnectorX1->Speed = 0;
+  MMConnectorX1->OnLevel = [this](int links, int rechts) { BalkenZeigen(links, rechts); };
   MMConnectorX1->OnTrigger = [this] { MMConnectorX1_OnTrigger(); };
   WaveIn->OnOverrun = [this](std::int64_t ms) { Verlust(ms); };
   WaveIn->OnError = [this](const Laufzeitfehler& fehler) { TakeAbbrechen(FehlerText(fehler)); };

@@ -10,7 +10,9 @@
 #include "platform/inhibitor.h"
 #include "platform/mmtools.h"
 
+#include <array>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -149,6 +151,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void Melden(const Text& text);  // in a box, when what runs now has ended
   void WachBleiben();
   Text FehlerText(const Laufzeitfehler& fehler) const;
+  void BalkenZeigen(int links, int rechts);
   void SchwelleZeigen();
   void TippZeigen(int schritt);
   void PlatzZeigen(double frei);
@@ -168,7 +171,8 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void PegelZeigen();
 
   Pegelautomatik automatik_;
-  bool imPuffer_ = false;         // in the handler of a buffer
+  std::array<std::pair<int, int>, 3> gehoert_{};  // peaks of the last buffers
+  bool imPuffer_ = false;                         // in the handler of a buffer
   bool verloren_ = false;         // the device is gone, and has not been heard since
   Text ersetzen_;                 // a file that the user has agreed to replace
   Text laufwerk_ = L"C:\\";       // root of the drive that is recorded to

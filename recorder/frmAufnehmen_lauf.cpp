@@ -22,6 +22,7 @@ constexpr double kMB = 1048576;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
 constexpr int kSicherungPuffer = 40;  // less than a second of sound
+constexpr int kAnzeigePuffer = 6;     // time and size change seven times a second
 constexpr Color kHellrot = Rgb(255, 0, 0), kRot = Rgb(128, 0, 0), kAus = Rgb(40, 16, 24);
 
 // Milliseconds of the system's counter, in 32 bits that wrap.
@@ -202,11 +203,11 @@ void frmAufnehmen::MMConnectorX1_OnTrigger() {
 }
 
 void frmAufnehmen::PufferPruefen() {
-  if (NimmtAuf && !Wartet) ZeitZeigen();
+  constexpr auto kPuffer = static_cast<std::int64_t>(kBufferBytes);
+  if (NimmtAuf && !Wartet && geschrieben_ % (kAnzeigePuffer * kPuffer) == 0) ZeitZeigen();
   if (MultiTrack && Sitzung) PegelPruefen();
   if (!NimmtAuf) return;
   // The buffer that follows is written behind this handler.
-  constexpr auto kPuffer = static_cast<std::int64_t>(kBufferBytes);
   if (geschrieben_ + kPuffer > GrenzeBytes) return TakeAbbrechen(LoadResString(30100));
   geschrieben_ += kPuffer;
   if (++ungesichert_ < kSicherungPuffer) return;

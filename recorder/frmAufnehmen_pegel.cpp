@@ -17,6 +17,19 @@ constexpr double kMsJeSekunde = 1000;
 
 }  // namespace
 
+// Several buffers come in one turn of the loop, and only the last level of a turn is painted: so it
+// is the highest of all that came with it.
+void frmAufnehmen::BalkenZeigen(int links, int rechts) {
+  std::shift_left(gehoert_.begin(), gehoert_.end(), 1);
+  gehoert_.back() = {links, rechts};
+  for (const auto& [l, r] : gehoert_) {
+    links = std::max(links, l);
+    rechts = std::max(rechts, r);
+  }
+  Level1.PeakLeft = links;
+  Level2.PeakRight = rechts;
+}
+
 // The threshold is a sum of both sides, so a sound that is as loud on both passes at half of it.
 void frmAufnehmen::SchwelleZeigen() {
   const int marke = MultiTrack ? std::clamp(Pegelschwelle / 2, 1, 32767) : 0;

@@ -20,9 +20,11 @@ namespace vantora {
 namespace {
 
 constexpr unsigned kRate = 44100;
-constexpr snd_pcm_uframes_t kPeriod = kBufferBytes / 4;
+// Three buffers, 70 ms: each turn of the sound server, of this thread and of the loop costs more
+// than the sound that it brings, and a level is still seen when it is heard.
+constexpr snd_pcm_uframes_t kPeriod = 3 * kBufferBytes / 4;
 constexpr unsigned kCardMs = 500;  // what the card keeps while this machine is busy
-constexpr int kPatienceMs = 50;
+constexpr int kPatienceMs = 100;   // longer than a period, so that a wait ends with sound
 
 [[noreturn]] void Refused(int error) {
   const std::string words = snd_strerror(error);
@@ -35,7 +37,7 @@ struct CloseCard {
 };
 using Card = std::unique_ptr<snd_pcm_t, CloseCard>;
 
-// Short periods, so that a level is seen when it is heard, and a long buffer behind them.
+// Short periods and a long buffer behind them.
 void SetUp(snd_pcm_t* pcm) {
   const auto check = [](int result) {
     if (result < 0) Refused(result);
@@ -52,6 +54,11 @@ void SetUp(snd_pcm_t* pcm) {
   check(snd_pcm_hw_params_set_buffer_size_near(pcm, params, &buffer));
   check(snd_pcm_hw_params_set_period_size_near(pcm, params, &period, nullptr));
   check(snd_pcm_hw_params(pcm, params));
+  snd_pcm_sw_params_t* waking = nullptr;
+  snd_pcm_sw_params_alloca(&waking);
+  check(snd_pcm_sw_params_current(pcm, waking));
+  check(snd_pcm_sw_params_set_avail_min(pcm, waking, kPeriod));
+  check(snd_pcm_sw_params(pcm, waking));
 }
 
 Card OpenCard() {
@@ -97,13 +104,17 @@ class Capture final : public SoundCapture {
   void Listen() {
     std::array<std::int16_t, kPeriod * 2> sound{};
     while (!stop_) {
+      // A whole period at a time: a part of one would wake the loop as well. When none has come for
+      // so long, the reading shows whether the card has gone.
+      const int waited = snd_pcm_wait(card_.get(), kPatienceMs);
+      if (waited < 0) {
+        if (!Mend(waited)) break;
+        continue;
+      }
       const snd_pcm_sframes_t frames = snd_pcm_readi(card_.get(), sound.data(), kPeriod);
       if (frames > 0) {
         Take(sound.data(), frames);
-      } else if (frames == 0 || frames == -EAGAIN) {
-        const int waited = snd_pcm_wait(card_.get(), kPatienceMs);
-        if (waited < 0 && !Mend(waited)) break;
-      } else if (!Mend(static_cast<int>(frames))) {
+      } else if (frames != 0 && frames != -EAGAIN && !Mend(static_cast<int>(frames))) {
         break;
       }
     }

@@ -24,7 +24,10 @@ class LevelBars final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void PaintRow(QPainter& painter, const QRect& row, int peak) const;
+  bool Tall() const;
+  QRect Lying() const;
+  QRect Between(int left, int right) const;
+  void PaintRow(QPainter& painter, const QRect& row, const QRect& dirty, int peak) const;
 
   bool active_ = false;
   int left_ = 0, right_ = 0;

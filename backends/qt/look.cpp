@@ -70,8 +70,9 @@ QFont FontOf(int points, bool bold, double scale) {
       std::max(kLeastPixels, static_cast<int>(std::lround(points * kPixelsPerPoint)));
   const double wanted = full * scale;
   const int pixels = std::max(kLeastScaled, static_cast<int>(std::lround(wanted)));
+  static const QStringList kFamilies{QStringLiteral("Liberation Sans"), QStringLiteral("Arial")};
   QFont font;
-  font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Arial")});
+  font.setFamilies(kFamilies);
   font.setPixelSize(pixels);
   font.setBold(bold);
   if (pixels > wanted) font.setStretch(static_cast<int>(100 * wanted / pixels));
@@ -103,8 +104,9 @@ QString Tip(const QString& words) {
 }
 
 QString Plain(const Text& caption) {
-  QString plain;
   const QString all = FromText(caption);
+  if (!all.contains(u'&')) return all;
+  QString plain;
   for (qsizetype i = 0; i < all.size(); ++i) {
     const bool mark = all[i] == u'&' && i + 1 < all.size() && all[i + 1].isLetterOrNumber();
     if (!mark) plain += all[i];

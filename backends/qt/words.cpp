@@ -12,6 +12,19 @@ namespace vantora {
 
 namespace {
 
+constexpr char16_t kLastPlainLetter = 0xFF;
+
+// Surely so, by the letters one by one: what that can't decide is decided by setting the whole
+// line, which costs more than to draw it.
+bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
+  int letters = 0;
+  for (const QChar letter : line) {
+    if (letter.unicode() > kLastPlainLetter) return false;  // more of them may be one sign
+    letters += metrics.horizontalAdvance(letter) + 1;       // they may stand a little apart
+  }
+  return letters <= width;
+}
+
 void Draw(QPainter& painter, const WordsLook& look, const QRect& shown) {
   painter.save();
   painter.scale(look.Scale, look.Scale);
@@ -27,7 +40,8 @@ void Draw(QPainter& painter, const WordsLook& look, const QRect& shown) {
     const int width = static_cast<int>(place.width());
     QStringList lines = look.Words.split(u'\n');
     for (QString& line : lines) {
-      if (!look.OwnFont) line = metrics.elidedText(line, Qt::ElideRight, width);
+      if (look.OwnFont || Fits(line, metrics, width)) continue;
+      line = metrics.elidedText(line, Qt::ElideRight, width);
     }
     painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
   }

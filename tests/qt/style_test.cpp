@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
+#include "backends/qt/level_bars.h"
 #include "backends/qt/look.h"
 #include "backends/qt/qt_event_loop.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QMouseEvent>
+#include <QScreen>
 #include <QScrollBar>
 
 namespace vantora {
@@ -66,6 +68,26 @@ TEST(Style, AClickBesideTheHandleTurnsAPageAndTheEndsHaveNoArrows) {
 TEST(Style, WindowsInFrontAndBehindHaveTheSameColours) {
   const QtEventLoop loop{"", {}, 20};
   EXPECT_TRUE(QApplication::palette().isEqual(QPalette::Active, QPalette::Inactive));
+}
+
+// Only the lamps that go on or off are painted.
+TEST(Style, AMeterThatMovesLooksLikeOneThatIsPaintedWhole) {
+  for (const QSize& size : {QSize(196, 18), QSize(18, 196)}) {
+    for (const Ears shown : {Ears::Both, Ears::Left, Ears::Right}) {
+      LevelBars bars(nullptr);
+      bars.resize(size);
+      bars.show();
+      for (const int peak : {0, 20000, 300, 301, 32767, 0}) {
+        bars.Set(true, peak, 32767 - peak, shown, 3000);
+        QCoreApplication::processEvents();
+        const QImage seen = bars.screen()->grabWindow(bars.winId()).toImage();
+        ASSERT_FALSE(seen.isNull());
+        EXPECT_EQ(seen.convertToFormat(QImage::Format_RGB32),
+                  bars.grab().toImage().convertToFormat(QImage::Format_RGB32))
+            << size.width() << " " << peak;
+      }
+    }
+  }
 }
 
 }  // namespace

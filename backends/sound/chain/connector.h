@@ -1,4 +1,5 @@
-// Tells level meters what is heard.
+// Reports to level meters what is heard: every two buffers times `Speed`, or with each when that is
+// 0.
 #pragma once
 
 #include "backends/sound/chain/peak_detect.h"
@@ -22,7 +23,7 @@ class Connector final : public MMConnectorX {
     frames_ += data.Bytes / 4;
     if (OnTrigger) OnTrigger();
     MMConnectorX::Push(data);
-    if (frames_ < kFrames * static_cast<std::size_t>(std::max(Speed, 1))) return;
+    if (frames_ < kFrames * static_cast<std::size_t>(std::max(Speed, 0))) return;
     const Peaks told = peaks_;
     frames_ = 0;
     peaks_ = {};
