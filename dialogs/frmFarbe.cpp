@@ -44,7 +44,7 @@ frmFarbe::frmFarbe(Programm& programm) : VtrFenster(programm, L"frmFarbe") {
       return zeichen < kKeySpace || (zeichen >= L'0' && zeichen <= L'9');
     };
     txtAnteil(i).Change = [this, i] { txtAnteil_Change(i); };
-    txtAnteil(i).KeyDown = [this](int taste) {
+    sldAnteil(i).KeyDown = txtAnteil(i).KeyDown = [this](int taste) {
       if (taste == kKeyReturn) pbButton_MouseUp(kUebernehmen);
     };
   }

@@ -38,9 +38,11 @@ frmSchrift::frmSchrift(Programm& programm) : VtrFenster(programm, L"frmSchrift")
   lstGroesse.Click = [this] { lstGroesse_Click(); };
   chkFett.Click = chkKursiv.Click = [this] { MusterZeichnen(); };
   lstName.DblClick = lstGroesse.DblClick = [this] { pbButton_MouseUp(kUebernehmen); };
-  lstName.KeyDown = lstGroesse.KeyDown = txtGroesse.KeyDown = [this](int taste) {
+  const auto eingabe = [this](int taste) {
     if (taste == kKeyReturn) pbButton_MouseUp(kUebernehmen);
   };
+  lstName.KeyDown = lstGroesse.KeyDown = txtGroesse.KeyDown = eingabe;
+  chkFett.KeyDown = chkKursiv.KeyDown = eingabe;
 }
 
 void frmSchrift::Form_Load() {

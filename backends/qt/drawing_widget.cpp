@@ -2,7 +2,7 @@
 
 #include "backends/qt/look.h"
 #include "backends/qt/print/print_font.h"
-#include "backends/qt/print/qt_images.h"
+#include "backends/qt/print/qt_image.h"
 
 #include <QEvent>
 #include <QFocusEvent>

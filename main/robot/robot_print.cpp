@@ -14,7 +14,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kOk = 0, kCancel = 1;
+constexpr int kAccept = 0, kCancel = 1;
 
 template <typename Dialog>
 Dialog& In(Form* front, const char* what) {
@@ -60,7 +60,7 @@ void Robot::Printer(const ScriptLine& line, Form* /*front*/) {
 
 void Robot::Print(const ScriptLine& line, Form* front) {
   auto& dialog = In<frmDrucken>(front, "the print dialog");
-  stage_.TheHands().Press(dialog.pbButton(line.Numbers.empty() ? kCancel : kOk));
+  stage_.TheHands().Press(dialog.pbButton(line.Numbers.empty() ? kCancel : kAccept));
 }
 
 void Robot::Font(const ScriptLine& line, Form* front) {
@@ -78,7 +78,7 @@ void Robot::Font(const ScriptLine& line, Form* front) {
   });
   tick(&frmSchrift::chkFett, line.Numbers[1]);
   tick(&frmSchrift::chkKursiv, line.Numbers[2]);
-  Then(line, [this](Form* next) { stage_.TheHands().Press(FontDialog(next).pbButton(kOk)); });
+  Then(line, [this](Form* next) { stage_.TheHands().Press(FontDialog(next).pbButton(kAccept)); });
   hands.Select(dialog.lstName, {RowOf(dialog.lstName, line.Value)});
 }
 
@@ -91,7 +91,7 @@ void Robot::Colour(const ScriptLine& line, Form* front) {
                              std::to_wstring(line.Numbers[static_cast<std::size_t>(i)]));
     });
   }
-  Then(line, [this](Form* next) { stage_.TheHands().Press(ColourDialog(next).pbButton(kOk)); });
+  Then(line, [this](Form* next) { stage_.TheHands().Press(ColourDialog(next).pbButton(kAccept)); });
   stage_.TheHands().Type(dialog.txtAnteil(0), std::to_wstring(line.Numbers[0]));
 }
 

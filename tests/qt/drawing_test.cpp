@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "backends/qt/drawing_widget.h"
-#include "backends/qt/print/print_font.h"
-#include "backends/qt/print/qt_images.h"
+#include "backends/qt/print/qt_font_book.h"
+#include "backends/qt/print/qt_image.h"
 #include "backends/qt/qt_event_loop.h"
 #include "tests/backends/full_form.h"
 

@@ -2,6 +2,7 @@
 
 #include "backends/linux/drive_table.h"
 #include "backends/linux/linux_files.h"
+#include "backends/qt/print/qt_image.h"
 #include "backends/qt/print/qt_print_shop.h"
 #include "tests/qt/pdf_reader.h"
 

@@ -2,6 +2,7 @@
 
 #include "backends/qt/look.h"
 #include "backends/qt/print/offscreen_app.h"
+#include "backends/qt/print/qt_font_book.h"
 #include "backends/qt/qt_app.h"
 
 #include <QFontDatabase>

@@ -11,11 +11,4 @@ namespace vantora {
 // In pixels of the device, of which letters have whole ones.
 QFont PrintFont(const LogicalFont& font);
 
-class QtFontBook final : public FontBook {
- public:
-  std::vector<Text> Families() override;
-  Text Substitute(const Text& family) override;
-  TextExtent Measure(const LogicalFont& font, const Text& text) override;
-};
-
 }  // namespace vantora

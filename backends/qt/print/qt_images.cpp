@@ -1,5 +1,7 @@
 #include "backends/qt/print/qt_images.h"
 
+#include "backends/qt/print/qt_image.h"
+
 #include "platform/laufzeitfehler.h"
 
 #include <QBuffer>

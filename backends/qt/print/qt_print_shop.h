@@ -2,7 +2,7 @@
 // use.
 #pragma once
 
-#include "backends/qt/print/print_font.h"
+#include "backends/qt/print/qt_font_book.h"
 #include "backends/qt/print/qt_images.h"
 #include "backends/qt/print/qt_printers.h"
 
