@@ -6,7 +6,9 @@
 #include "app/einstellungen.h"
 #include "app/fenster.h"
 #include "app/zustand/aufnahme_zustand.h"
+#include "app/zustand/cover.h"
 #include "app/zustand/medley.h"
+#include "app/zustand/schlag_zustand.h"
 #include "catalog/katalog_zustand.h"
 #include "cdinput/grab_zustand.h"
 #include "waveeditor/editor_zustand.h"
@@ -39,6 +41,10 @@ class frmDatenbank;
 class frmWaveEditor;
 class frmSpektrum;
 class frmAufnehmen;
+class frmPrintStart;
+class frmPrint;
+class frmMedley;
+class frmBeatCounter;
 class KatalogDienst;
 
 // Flags of a message box, as far as they are in use.
@@ -58,6 +64,7 @@ enum DateiTyp : int {
   kTypWave = 2,
   kTypMusik = 3,
   kTypAufnahme = 4,
+  kTypBild = 5,
   kTypPdf = 6,
 };
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
@@ -85,7 +92,9 @@ struct Programm : Dienste,
                   GrabZustand,
                   EditorZustand,
                   AufnahmeZustand,
-                  MedleyZustand {
+                  MedleyZustand,
+                  CoverZustand,
+                  SchlagZustand {
   explicit Programm(Plattform& dienste);
   ~Programm();
   Programm(const Programm&) = delete;
@@ -166,6 +175,10 @@ struct Programm : Dienste,
   Fenster<vantora::frmWaveEditor> frmWaveEditor{*this};
   Fenster<vantora::frmSpektrum> frmSpektrum{*this};
   Fenster<vantora::frmAufnehmen> frmAufnehmen{*this};
+  Fenster<vantora::frmPrintStart> frmPrintStart{*this};
+  Fenster<vantora::frmPrint> frmPrint{*this};
+  Fenster<vantora::frmMedley> frmMedley{*this};
+  Fenster<vantora::frmBeatCounter> frmBeatCounter{*this};
 
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);

@@ -10,9 +10,12 @@
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+#include "cover/frmPrint.h"
+#include "cover/frmPrintStart.h"
 #include "dialogs/frmLoadSave.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
+#include "medley/frmMedley.h"
 #include "tests/support/cddb_server.h"
 
 #include <fstream>
@@ -297,29 +300,126 @@ class WideWave final : public Form {
   PictureBox picWide{*this, L"picWide"};
 };
 
+double PaintedAfter(WindowPlatform& platform, const std::function<void()>& change) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));  // or the paint would be put off
+  const std::int64_t before = platform.loop.Paints();
+  const auto start = BenchTime::now();
+  change();
+  platform.loop.DoEvents();
+  const double ms = Milliseconds(start, BenchTime::now());
+  if (platform.loop.Paints() == before) throw std::runtime_error("nothing was painted");
+  return ms;
+}
+
+// Covers of a catalog: in ms the window of the texts from the press to its picture, a step of a
+// text that is dragged, a photograph from its file to its picture, the same side to a PDF; and the
+// process's highest use of memory until then, in KiB. Several times.
+class CoverMaker {
+ public:
+  explicit CoverMaker(Windows& stage) : stage_(stage) {}
+
+  bool Act(Form* front) {
+    Hands& hands = stage_.platform.hands;
+    frmHauptForm& main = stage_.prog.frmHauptForm();
+    if (front == &main) {
+      if (round_++ == kRounds) return false;
+      CatalogOfWaves(stage_.prog, L"3000");
+      main.KatalogShow();
+      seen_ = false;
+      pressed_ = BenchTime::now();
+      hands.Press(main.imgPrintCover);
+    } else if (auto* texts = dynamic_cast<frmPrintStart*>(front)) {
+      Paint(stage_);
+      if (!seen_) std::printf("%.3f ", Milliseconds(pressed_, BenchTime::now()));
+      hands.Press(seen_ ? texts->imgDruckEnde : texts->imgReady);
+      seen_ = true;
+    } else {
+      auto& sides = dynamic_cast<frmPrint&>(*front);
+      Paint(stage_);
+      Measure(sides);
+      hands.Press(sides.imgBack);
+    }
+    return true;
+  }
+
+ private:
+  static constexpr int kRounds = 5;
+
+  void Measure(frmPrint& sides) {
+    Label& line = sides.lblBeschriftung(2);
+    line.MouseX = line.MouseY = 3000;
+    const double dragged =
+        PaintedAfter(stage_.platform, [&] { sides.lblBeschriftung_MouseMove(2, kLeftButton); });
+    const double loaded = PaintedAfter(stage_.platform, [&] {
+      sides.picSource[kTeilRueckseite] = stage_.prog.plattform.bilder.Load(L"C:\\foto.jpg");
+      sides.ShowPic(sides.Seite);
+    });
+    Printer& printer = stage_.prog.plattform.drucker.Printer();
+    printer.OutputFile = L"C:\\dorso.pdf";
+    const auto start = BenchTime::now();
+    sides.PrintCentered();
+    const double printed = Milliseconds(start, BenchTime::now());
+    std::printf("%.3f %.3f %.3f %ld\n", dragged, loaded, printed, PeakKiB());
+  }
+
+  Windows& stage_;
+  int round_ = 0;
+  bool seen_ = false;
+  BenchTime::time_point pressed_;
+};
+
+int Cover(const fs::path& home) {
+  Windows stage(home);
+  CoverMaker maker(stage);
+  stage.Play([&maker](Form* front) { return maker.Act(front); });
+  return 0;
+}
+
 // Pairs of ms: a drawing anew, and a step of the scroll bar, each until it is painted.
 int Wave(const fs::path& home) {
   constexpr int kRounds = 21;
   WindowPlatform platform(home);
   WideWave form(platform.loop);
-  const auto painted = [&](const std::function<void()>& change) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // or the paint would be put off
-    const std::int64_t before = platform.loop.Paints();
-    const auto start = BenchTime::now();
-    change();
-    platform.loop.DoEvents();
-    const double ms = Milliseconds(start, BenchTime::now());
-    if (platform.loop.Paints() == before) throw std::runtime_error("nothing was painted");
-    return ms;
-  };
   platform.loop.Show(form);
   platform.loop.DoEvents();
   for (int i = 1; i <= kRounds; ++i) {
-    const double drawn = painted([&] { form.Draw(static_cast<unsigned>(i)); });
-    const double scrolled = painted([&] { form.picWide.Left = -i * 7000; });
+    const double drawn = PaintedAfter(platform, [&] { form.Draw(static_cast<unsigned>(i)); });
+    const double scrolled = PaintedAfter(platform, [&] { form.picWide.Left = -i * 7000; });
     std::printf("%.3f %.3f\n", drawn, scrolled);
   }
   return 0;
+}
+
+// From the press on the medley's test of a crossfade of 10 s to its first sound, in ms.
+int Preview(const fs::path& home) {
+  constexpr int kRounds = 11;
+  constexpr double kRestsMs = 100;  // before a player starts; here that passes faster
+  Windows stage(home);
+  bool heard = true;
+  stage.Play([&](Form*) {
+    CatalogOfWaves(stage.prog, L"60000");
+    stage.prog.Medley.assign(2, MedleyEintrag());
+    for (std::size_t i = 0; i < 2; ++i) {
+      stage.prog.Medley[i].Datei = stage.prog.Katalog.at(i + 1).Datei.Getrimmt();
+      stage.prog.Medley[i].Laenge = Text(L"60000");
+    }
+    const std::shared_ptr<frmMedley> medley = stage.prog.frmMedley.Laden();
+    stage.prog.Zeigen(*medley);
+    Paint(stage);
+    medley->txtBPM.Text = Text(L"120");
+    medley->txtDauer.Text = Text(L"10");
+    for (int i = 0; i < kRounds; ++i) {
+      const std::size_t before = stage.platform.card.Played.size();
+      const auto pressed = BenchTime::now();
+      medley->imgPreview_MouseUp();
+      const double ms = Milliseconds(pressed, BenchTime::now());
+      heard = heard && stage.platform.card.Played.size() > before;
+      std::printf("%.3f\n", ms + kRestsMs * (1 - 1 / kStorySpeed));
+    }
+    medley->MedleyBeenden();
+    return false;
+  });
+  return heard ? 0 : 1;
 }
 
 }  // namespace
@@ -334,7 +434,9 @@ int main(int argc, char** argv) {
   if (work == "toc") return vantora::RunWork(vantora::Contents, argv[2]);
   if (work == "cddb") return vantora::RunWork(vantora::LookUp, argv[2]);
   if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
+  if (work == "cover") return vantora::RunWork(vantora::Cover, argv[2]);
   if (work == "wave") return vantora::RunWork(vantora::Wave, argv[2]);
-  std::fputs("bench-windows start|open|memory|toc|cddb|database|wave HOME\n", stderr);
+  if (work == "preview") return vantora::RunWork(vantora::Preview, argv[2]);
+  std::fputs("bench-windows start|open|memory|toc|cddb|database|cover|wave|preview HOME\n", stderr);
   return 2;
 }

@@ -35,12 +35,19 @@ struct Stage final : User {
     prog.Laufen();
   }
   bool Act(Form* front) override { return act_(front); }
+  bool Resting() const override { return resting_; }
+  // Lets so much of the program's time pass before `act` is asked again.
+  void Rest(int ms) {
+    resting_ = true;
+    platform.loop.PostAfter(ms, [this] { resting_ = false; });
+  }
 
   Platform platform;
   Programm prog;
 
  private:
   std::function<bool(Form*)> act_;
+  bool resting_ = false;
 };
 
 // All waves of the program's own folder as the catalog, without a look into them.

@@ -90,6 +90,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void GetFileNames(std::vector<Text>& dateien) const;
   // Rebuilds the list, rereads what changed on the disk, and drops tracks that are gone or invalid.
   void KatalogShow() override;
+  void MedleyFunktion();
   void TrackDatenAendern(bool ohneUndo = false);
   void KatalogDatenAendern(bool ohneUndo = false);
   void LiedAusKatalogAnzeige();
@@ -98,6 +99,10 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   // Plays a wave file as preview; an empty text stops.
   void PlayWaveNormal(const Text& datei) override;
   void Hintergrund(bool zeigen) override;
+  void PlayWaveMitte(const Text& datei, std::int32_t sekunden) override;
+  bool Spielt() const override { return Abspielen; }
+  void SpieltSetzen(bool spielt) override { Abspielen = spielt; }
+  bool SpielerLaeuft() const override { return WavePlayer->Playing(); }
   void Freigeben() override { Window.Enabled = true; }
 
   std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
@@ -232,7 +237,6 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
 
   // burning
   bool BrennDateienPruefen();
-  void NochNicht();  // a function that is not there yet
 };
 
 }  // namespace vantora

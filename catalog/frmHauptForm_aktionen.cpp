@@ -10,9 +10,13 @@
 #include "catalog/katalog_datei.h"
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
+#include "cover/frmPrintStart.h"
 #include "dialogs/frmExtrasMenue.h"
 #include "dialogs/frmNeuerInterpret.h"
+#include "medley/frmMedley.h"
 #include "mixer/frmMixer.h"
+
+#include "platform/printer.h"
 
 namespace vantora {
 
@@ -23,17 +27,33 @@ constexpr int kNachlaufMs = 250;  // until a preview that was stopped is silent
 
 }  // namespace
 
-void frmHauptForm::NochNicht() {
-  PlayWaveNormal(L"");
-  prog.MsgBoxen(LoadResString(8058), kHinweis);
-}
-
 void frmHauptForm::imgExtras_MouseUp() {
   PlayWaveNormal(L"");
   prog.ZeigeModal(prog.frmExtrasMenue.Laden());
 }
+
+// The window closes by its own buttons, and then gives this one back to the user.
 void frmHauptForm::imgPrintCover_MouseUp() {
-  NochNicht();
+  if (lvwKatalog.ListItems.empty()) {
+    prog.MsgBoxen(LoadResString(8059), kHinweis);
+    return;
+  }
+  if (prog.plattform.drucker.Count() == 0) {
+    prog.MsgBoxen(LoadResString(8081), kHinweis);
+    return;
+  }
+  EventLoop& schleife = prog.plattform.schleife;
+  PlayWaveNormal(L"");
+  Abspielen = false;
+  schleife.MousePointer(Pointer::Hourglass);
+  Window.Enabled = false;
+  Jedenfalls([&] { prog.Zeigen(*prog.frmPrintStart.Laden()); },
+             [&] {
+               if (!prog.frmPrintStart.Geladen() || !prog.frmPrintStart().Visible()) {
+                 Window.Enabled = true;
+               }
+               schleife.MousePointer(Pointer::Normal);
+             });
 }
 
 void frmHauptForm::imgDatenBank_MouseUp() {
@@ -44,7 +64,48 @@ void frmHauptForm::imgDatenBank_MouseUp() {
 
 void frmHauptForm::imgTitel_MouseUp() {
   prog.AppLog(L"imgTitel_MouseUp", L"MedleyFunktion");
-  NochNicht();
+  PlayWaveNormal(L"");
+  MedleyFunktion();
+}
+
+// The medley is the whole run of rows from the first selected one to the last.
+void frmHauptForm::MedleyFunktion() {
+  if (!prog.frmCDBrennen().optDiscAtOnce.Enabled &&
+      prog.MsgBoxen(LoadResString(8007) + LoadResString(8008), kJaNein) != kJa) {
+    return;
+  }
+  if (lvwKatalog.ListItems.empty()) {
+    prog.MsgBoxen(LoadResString(8009), kHinweis);
+    return;
+  }
+  int erste = 0, letzte = 0, gewaehlt = 0;
+  for (int i = 1; i <= lvwKatalog.ListItems.Count(); ++i) {
+    if (!lvwKatalog.ListItems(i).Selected()) continue;
+    ++gewaehlt;
+    if (erste == 0) erste = i;
+    letzte = i;
+  }
+  if (gewaehlt < 2) {
+    prog.MsgBoxen(LoadResString(8010), kHinweis);
+    return;
+  }
+  prog.Medley.clear();
+  for (int i = erste; i <= letzte; ++i) {
+    const ListItem& zeile = lvwKatalog.ListItems(i);
+    MedleyEintrag& e = prog.Medley.emplace_back();
+    e.Datei = zeile.SubItems(7);
+    e.Titel = zeile.SubItems(2);
+    e.Interpret = zeile.SubItems(3);
+    e.Laenge = Element(prog.Katalog, i).Laenge.Getrimmt();
+    if (e.Dauer.empty()) e.Dauer = L"1";
+  }
+  Window.Enabled = false;
+  Jedenfalls([&] { prog.Zeigen(*prog.frmMedley.Laden()); },
+             [&] {
+               // A window that could not open must not leave a program without one.
+               if (!prog.frmMedley.Geladen() || !prog.frmMedley().Visible()) Window.Enabled = true;
+               prog.plattform.schleife.MousePointer(Pointer::Normal);
+             });
 }
 
 void frmHauptForm::imgMixer_MouseUp() {

@@ -21,6 +21,8 @@ constexpr std::int64_t kMsJeMinute = 60000;
 constexpr int kLetzteMixerLinie = 4;
 constexpr int kLeiserPegel = 4001, kHoerbarerPegel = 50;
 constexpr int kAnlaufMs = 100;
+constexpr std::int64_t kWerteJeSekunde = 88200;  // of both sides together
+constexpr std::int64_t kFrameBytes = 4;
 
 }  // namespace
 
@@ -205,6 +207,18 @@ void frmHauptForm::PlayWaveNormal(const Text& datei) {
     }
   }
   prog.Log.AktuelleDatei = datei;
+}
+
+void frmHauptForm::PlayWaveMitte(const Text& datei, std::int32_t sekunden) {
+  WavePlayer->Stop();
+  if (!prog.DateiExistiert(datei) || !Soundkarte) return;
+  MMWaveFileX1->Open(datei);
+  const std::int64_t mitte = GanzDiv(MMWaveFileX1->DataBytes(), 2);
+  MMWaveFileX1->Close();
+  WavePlayer->SetFileName(datei);
+  if (mitte >= sekunden * kWerteJeSekunde) WavePlayer->SetPosition(mitte - mitte % kFrameBytes);
+  Level.Active = true;
+  WavePlayer->Start();
 }
 
 }  // namespace vantora

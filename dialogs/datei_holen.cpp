@@ -19,12 +19,14 @@ void Programm::DateiHolen(int typ, int modus, const vantora::Text& vorschlag) {
   vantora::Text& ordner = typ == kTypKatalog    ? katalogOrdner
                           : typ == kTypWave     ? Wave_Import_Dir
                           : typ == kTypAufnahme ? Wave_Export_Dir
+                          : typ == kTypBild     ? Picture_Save_Dir
                           : typ == kTypPdf      ? PdfOrdner
                                                 : Songs_Import_Dir;
   DialogModus = static_cast<std::int16_t>(modus);
   if (typ == kTypPdf && PdfOrdner.empty()) PdfOrdner = AppPfad;
   DialogName = typ == kTypKatalog ? L".vtr"
                : typ == kTypMusik ? L".wav;*.mp3"
+               : typ == kTypBild  ? L".jpg;*.bmp;*.gif"
                : typ == kTypPdf   ? L".pdf"
                                   : L".wav";
   DialogMuster = L"*" + DialogName;

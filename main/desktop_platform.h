@@ -15,6 +15,7 @@
 #include "backends/qt/qt_event_loop.h"
 #include "backends/qt/qt_inhibitor.h"
 #include "backends/samplerate/pitcher.h"
+#include "main/kept_volume.h"
 #include "main/machine.h"
 
 namespace vantora {
@@ -48,6 +49,7 @@ struct DesktopPlatform {
   AlsaMixer mixerCard;
   MixerLines eqpro{mixerCard, volume};
   QtPrintShop<SystemQueues> shop{machine.files};
+  KeptVolume keptVolume{volume, machine.settings, loop};
 
   Plattform bundle{loop,
                    display,

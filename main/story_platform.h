@@ -14,6 +14,7 @@
 #include "backends/headless/headless_system.h"
 #include "backends/samplerate/pitcher.h"
 #include "backends/sound/wave_file.h"
+#include "main/kept_volume.h"
 #include "main/machine.h"
 
 #include <cstdlib>
@@ -65,6 +66,7 @@ struct StoryPlatform : World {
   OutputVolume volume;
   MixerLines eqpro{mixerCard, volume};
   typename World::PrintShop shop{machine.files};
+  KeptVolume keptVolume{volume, machine.settings, World::loop};
 
   Plattform bundle{World::loop,
                    display,

@@ -95,6 +95,7 @@ class StoryStage final : public RobotStage {
   // A new process on the same machine: its devices and its screen are still what they were.
   void Renew() {
     const std::unique_ptr<Platform> before = std::move(platform_);
+    if (before) before->keptVolume.Save();
     platform_ = std::make_unique<Platform>(home_, resourceFolder_);
     if (clock_) platform_->clock.Set(*clock_);
     if (!before) return;

@@ -149,11 +149,12 @@ Ueberblendung::Werte Ueberblendung::WerteLesen(const MedleyEintrag& a,
 bool Ueberblendung::DateienGeeignet(const MedleyEintrag& a, const MedleyEintrag& b) {
   const Text datei1 = a.Datei.Getrimmt(), datei2 = b.Datei.Getrimmt();
   if (Ucase(datei1) == Ucase(datei2)) return Ablehnen(prog.Text(13000));
-  for (const auto& [datei, groesse] :
-       {std::pair{datei1, &groesse1_}, std::pair{datei2, &groesse2_}}) {
+  for (const bool erste : {true, false}) {
+    const Text& datei = erste ? datei1 : datei2;
+    std::int64_t& groesse = erste ? groesse1_ : groesse2_;
     bool format = false;
-    if (!Gelingt(30121, datei, [&] { *groesse = Groesse(datei, format); })) return false;
-    if (*groesse < Bytes() || *groesse < kMindestBytes) return Ablehnen(prog.Text(13003));
+    if (!Gelingt(30121, datei, [&] { groesse = Groesse(datei, format); })) return false;
+    if (groesse < Bytes() || groesse < kMindestBytes) return Ablehnen(prog.Text(13003));
     if (!format) return Ablehnen(prog.Text(30122) + ZeilenListe({datei}));
   }
   bool dieselbe = false;

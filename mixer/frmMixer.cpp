@@ -4,6 +4,8 @@
 #include "app/weiter.h"
 #include "app/zahlen.h"
 
+#include <utility>
+
 namespace vantora {
 
 namespace {
@@ -78,6 +80,7 @@ void frmMixer::InitMixer() {
     M(0).Init();
     prog.AppLog(L"Mixer:INITMixer", L"Set Mixer:" + M(0).MixerName(0));
     M(0).MixerIndex(0);
+    M(0).SetLineID(kNoLine);
     Fader(0).MuteEnabled = true;
     for (int i = 1; i < kFader; ++i) {
       M(i).Init();
@@ -103,11 +106,17 @@ void frmMixer::InitMixer() {
     faderMasterOut.Check1.AccessibleName = LoadResString(14204) + L": " + LoadResString(14206);
     faderMasterOut.Check1.Visible = Mixer->HasMute(kMasterLine);
     faderMasterOut.Visible = !Mixer->LineName().empty();
-    for (int i = 0; i < kFader; ++i) {
-      if (M(i).LineID() == kNoLine) Fader(i).Visible = false;
-    }
+    for (int i = 0; i < kFader; ++i) Fader(i).Visible = M(i).LineID() != kNoLine;
     GetMixerValueFormWindows();
   });
+}
+
+void frmMixer::Form_Activate() {
+  if (std::exchange(versteckt_, false)) {
+    InitMixer();
+  } else {
+    GetMixerValueFormWindows();
+  }
 }
 
 void frmMixer::OutputsSuchen() {
@@ -199,6 +208,7 @@ bool frmMixer::Form_KeyDown(int taste, bool strg) {
 
 void frmMixer::imgCloseMixer_MouseUp() {
   KnopfBild(imgCloseMixer);
+  versteckt_ = true;
   prog.plattform.schleife.Hide(*this);
 }
 

@@ -23,14 +23,14 @@ class frmMixer final : public VtrFenster {
 
   void Form_Load() override;
   void SetTexte() override;
-  void Form_Activate() override { GetMixerValueFormWindows(); }
+  void Form_Activate() override;
   void Form_Paint() override { GetMixerValueFormWindows(); }
   void Form_GotFocus() override { GetMixerValueFormWindows(); }
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgCloseMixer_MouseUp(); }
   void imgCloseMixer_MouseUp();
 
-  void InitMixer();
+  void InitMixer();  // looks for the card's lines, whenever they may be others than before
   void OutputsSuchen();
   void InputsSuchen();
   void GetMixerValueFormWindows();  // the card's values into the faders
@@ -58,6 +58,7 @@ class frmMixer final : public VtrFenster {
   void FaderSchreiben(vantora::Fader& fader, ucEQPro& linie, bool eingang);
 
   std::array<std::unique_ptr<ucEQPro>, kFader> linien_;
+  bool versteckt_ = true;  // a card may have been plugged in meanwhile
 };
 
 }  // namespace vantora

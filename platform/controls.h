@@ -110,7 +110,8 @@ class Control {
   Property<Text> AccessibleName{*this, Text()};  // blank: the caption or the tooltip serves
   Property<Color> ForeColor{*this, Rgb(235, 238, 245)}, BackColor{*this, kTransparent};
   Property<int> FontSize{*this, 9};  // points
-  Property<bool> FontBold{*this, false};
+  Property<bool> FontBold{*this, false}, FontItalic{*this, false};
+  Property<Text> FontName{*this, Text()};  // of labels and text boxes; blank: the program's own
   Text Tag;
   int TabIndex = 0;  // order of the focus; controls that take none ignore it
   // The control that it lies in, one that was made earlier: its place then counts from there, and
@@ -118,9 +119,15 @@ class Control {
   Control* Container = nullptr;
   bool Dirty = true;  // cleared by the renderer
 
+  // Of labels and picture boxes: where the mouse is, in twips from the upper left corner; true
+  // while a mouse handler runs. It goes beyond the edges while a button is held.
+  int MouseX = 0, MouseY = 0;
+  // Of labels and picture boxes: true while KeyDown or a mouse handler runs.
+  bool ShiftHeld = false, ControlHeld = false;
+
   std::function<void()> Click, DblClick, GotFocus, LostFocus;
   std::function<void(int button)> MouseDown, MouseUp;
-  std::function<void(int button)> MouseMove;  // picture boxes only; 0 for no button
+  std::function<void(int button)> MouseMove;  // labels and picture boxes; 0 for no button
   std::function<void(int key)> KeyDown, KeyUp;
   // Returns false to refuse a typed character (its code, or a control code such as 8).
   std::function<bool(int character)> KeyPress;
@@ -149,6 +156,10 @@ class Label : public Control {
   Property<Text> Caption{*this, Text()};  // "&" marks no shortcut, line ends break the line
   Property<Alignment> Align{*this, Alignment::Left};
   Property<bool> WordWrap{*this, false};
+  Property<int> BorderStyle{*this, 0};  // 1: a thin frame
+  // How large words in a font of their own (FontName) are shown. They keep the breadth that they
+  // have on paper, so what stands beside each other there does so here.
+  Property<double> FontScale{*this, 1.0};
   bool TabStop = false;         // takes the focus; Return and the space bar then act as its click
   const Control* Of = nullptr;  // the button that it is the caption of: with that it goes dim
 };
@@ -177,6 +188,7 @@ class TextBox : public Control {
   Property<vantora::Text> Text{*this, vantora::Text()};
   Property<int> MaxLength{*this, 0};  // characters, 0 for no limit
   bool SelectOnFocus = true;
+  bool MultiLine = false;  // Return begins a line; lines end in "\r\n". Fixed once it is shown.
   std::function<void()> Change;
 };
 
@@ -367,10 +379,6 @@ class PictureBox : public Control {
   const std::vector<DrawItem>& Drawing() const { return drawing_; }
   int Revision() const { return revision_; }  // another one when something else is drawn
   Property<Text> Picture{*this, Text()};      // resource name of the ground
-  // Where the mouse is, in twips from the upper left corner; true while a mouse handler runs. It
-  // goes beyond the edges while a button is held.
-  int MouseX = 0, MouseY = 0;
-  bool ShiftHeld = false, ControlHeld = false;  // true while KeyDown runs
 
  private:
   std::vector<DrawItem> drawing_;

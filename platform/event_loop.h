@@ -15,7 +15,7 @@
 
 namespace vantora {
 
-enum class Pointer { Normal = 0, Hourglass = 11, ArrowHourglass = 13 };
+enum class Pointer { Normal = 0, SizeWE = 9, Hourglass = 11, ArrowHourglass = 13 };
 
 // Who sits in front of the program when it is no person: asked whenever the loop would wait.
 class User {
@@ -49,6 +49,11 @@ class EventLoop {
   virtual void Post(std::function<void()> work) = 0;
   // The same after `ms` milliseconds of the program's clock; from the interface thread.
   virtual void PostAfter(int ms, std::function<void()> work) = 0;
+
+  // When the key or the mouse button that is being handled was pressed, however late the handling
+  // comes; outside of such a handler, now. In milliseconds of the program's clock, from some start
+  // of their own: only differences mean something.
+  virtual std::int64_t EventMs() const = 0;
 
   virtual void MousePointer(Pointer pointer) = 0;
   virtual Pointer MousePointer() const = 0;

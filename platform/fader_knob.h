@@ -24,17 +24,17 @@ class FaderKnob final : public Slider {
 // Where the knob stands for a value and back, in pixels from the top of the track. All is counted
 // from where the mouse is, so a knob that is slow to follow is never behind what it stands for.
 struct KnobTravel {
-  int Track, Knob, Max;
+  int Track, Knob, Max, Min = 0;
 
   int TopOf(int value) const {
-    if (Max <= 0) return Span();
-    const double share = static_cast<double>(Max - value) / Max;
+    if (Max <= Min) return Span();
+    const double share = static_cast<double>(Max - value) / (Max - Min);
     return std::clamp(static_cast<int>(std::lrint(share * Span())), 0, Span());
   }
   int ValueAt(int top) const {
     if (Span() == 0) return Max;
     const double there = std::clamp(top, 0, Span());
-    return static_cast<int>(std::lrint(Max - std::abs(there * Max / Span())));
+    return static_cast<int>(std::lrint(Max - std::abs(there * (Max - Min) / Span())));
   }
   // How far below the knob's upper edge a press grips it; nothing moves as long as it is on it.
   bool On(int value, int y) const { return y >= TopOf(value) && y < TopOf(value) + Knob; }

@@ -50,7 +50,9 @@ class Form {
   virtual void Form_Paint() {}
   virtual bool Form_KeyDown(int /*key*/, bool /*control*/) {
     return false;
-  }                             // true: key is used up
+  }  // true: key is used up
+  // The key is let go; once for each that was pressed, also when another window has it by then.
+  virtual void Form_KeyUp(int /*key*/) {}
   virtual void Form_Close() {}  // the desktop's close button; the window decides what it means
 
  private:

@@ -5,6 +5,8 @@
 
 #include "platform/form.h"
 
+#include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,6 +20,10 @@ struct Unreachable : std::runtime_error {
 class Hands {
  public:
   virtual ~Hands() = default;
+  // When what is done next is done, by EventLoop::EventMs; nothing: at the call. For hands that
+  // keep time better than a busy machine does.
+  std::optional<std::int64_t> Moment;
+
   virtual void Press(Control& control) = 0;  // press and release, or click, as the control wants
   virtual void DoubleClick(Control& control) = 0;
   virtual void RightClick(Control& control) = 0;
@@ -26,6 +32,14 @@ class Hands {
   virtual void DoubleClickAt(Control& control, int at) = 0;
   // Presses at one such place and releases at another, with a few moves between them.
   virtual void Drag(Control& control, int from, int to) = 0;
+  // Presses a label in its middle and lets it go so many twips further, with a few moves between.
+  virtual void Pull(Control& /*control*/, int /*x*/, int /*y*/) {
+    throw Unreachable("these hands cannot pull");
+  }
+  // A press with the Shift key held.
+  virtual void ShiftPress(Control& /*control*/) {
+    throw Unreachable("these hands cannot hold Shift");
+  }
   // Presses a control and lets it go after so many milliseconds of the program's clock. What the
   // program does meanwhile, it does.
   virtual void Hold(Control& control, int ms) = 0;

@@ -37,7 +37,9 @@ class MMWave {
 class MMWavePlayerX {
  public:
   virtual ~MMWavePlayerX() = default;
-  virtual void SetFileName(const Text& file) = 0;
+  virtual void SetFileName(const Text& file) = 0;  // from its first byte on
+  // Where the next Start begins, in bytes from the start of the audio data; a whole frame.
+  virtual void SetPosition(std::int64_t bytes) = 0;
   virtual void Start() = 0;  // error 57 when the card refuses
   virtual void Stop() = 0;   // no effect when nothing plays
   virtual bool Playing() const = 0;

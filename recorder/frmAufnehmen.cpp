@@ -95,7 +95,7 @@ void frmAufnehmen::Verdrahten() {
   MMConnectorX1->OnTrigger = [this] { MMConnectorX1_OnTrigger(); };
   WaveIn->OnOverrun = [this](std::int64_t ms) { Verlust(ms); };
   WaveIn->OnError = [this](const Laufzeitfehler& fehler) { TakeAbbrechen(FehlerText(fehler)); };
-  WaveIn->OnLost = [this] { TakeAbbrechen(LoadResString(30101)); };
+  WaveIn->OnLost = [this] { EingangVerloren(); };
 }
 
 void frmAufnehmen::Form_Load() {
@@ -174,8 +174,9 @@ void frmAufnehmen::SetTexte() {
     if (control.AccessibleName().empty()) control.AccessibleName = LoadResString(nummer);
   };
   hinweis(lvwAufnehmen, 2000);
-  hinweis(lblRecZeit, 2001);
-  hinweis(lblRecSize, 2002);
+  // A screen reader reads what they show.
+  lblRecZeit.ToolTipText = LoadResString(2001);
+  lblRecSize.ToolTipText = LoadResString(2002);
   hinweis(imgNeueAufnahme, 2003);
   hinweis(imgAufnahmeWiedergeben, 2004);
   hinweis(imgAufnehmen, 2005);

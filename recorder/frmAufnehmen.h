@@ -134,12 +134,16 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void Verdrahten();
   void EingaengeZeigen();
   void Bedienbar(bool frei);
-  bool EingangHoeren();         // opens and starts the input; false when it refuses
+  bool EingangHoeren();   // opens and starts the input; false when it refuses
+  void EingangOeffnen();  // anew, for a take
+  void TakeSchliessen();
+  void SitzungBeenden();
   std::uint32_t Jetzt() const;  // system milliseconds; of the buffer, in the handler of one
   void PufferPruefen();
   void PegelPruefen();
   void ZeitZeigen();
   void TakeAbbrechen(const Text& grund);
+  void EingangVerloren();
   void Verlust(std::int64_t ms);
   void VerlustMelden();
   void Melden(const Text& text);  // in a box, when what runs now has ended
@@ -152,7 +156,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
 
   enum class Wahl { Ende, Nochmal, Gut };
   Wahl DateiWaehlen(Text& datei, int zusatz);
-  Text MultiDatei(std::int32_t nummer) const;
+  Text MultiDatei(const Text& basis, std::int32_t nummer) const;
   Text NaechsteMultiDatei();
   bool SchonVergeben(const Text& datei) const;
   void TakeEinfuegen(int nummer);
@@ -165,6 +169,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
 
   Pegelautomatik automatik_;
   bool imPuffer_ = false;         // in the handler of a buffer
+  bool verloren_ = false;         // the device is gone, and has not been heard since
   Text ersetzen_;                 // a file that the user has agreed to replace
   Text laufwerk_ = L"C:\\";       // root of the drive that is recorded to
   std::int64_t geschrieben_ = 0;  // bytes of the present take

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace vantora {
 
@@ -37,7 +38,6 @@ Text ZeitText(std::int64_t ms) {
 }  // namespace
 
 void frmAufnehmen::imgAufnehmen_MouseUp() {
-  if (NimmtAuf) return;
   if (!MultiTrack) {
     if (AktuelleDatei.empty()) return imgNeueAufnahme_MouseUp();
     if (prog.DateiExistiert(AktuelleDatei)) return imgNeueAufnahme_MouseUp();
@@ -67,9 +67,11 @@ void frmAufnehmen::Bedienbar(bool frei) {
   imgNeueAufnahme.Enabled = frei || !MultiTrack;
 }
 
-// Begins a take in AktuelleDatei. Out of a buffer's handler the take begins with that very buffer.
+// Begins a take in AktuelleDatei. Out of a buffer's handler the take begins with that very buffer;
+// in the middle of a take it goes on without a gap in the next one.
 void frmAufnehmen::RecordStart() {
-  if (NimmtAuf) RecordStop();
+  const bool hoertSchon = NimmtAuf;
+  if (NimmtAuf) TakeSchliessen();
   prog.plattform.schleife.MousePointer(Pointer::ArrowHourglass);
   lblPausenzeit.Caption = L"0";
   lblPausenzeit.Visible = true;
@@ -85,12 +87,7 @@ void frmAufnehmen::RecordStart() {
   Aufnahmen.back().Titel = LoadResString(2046);
   RecKatalogShow();
   try {
-    WaveIn->Stop();
-    WaveIn->Close();
-    WaveIn->Mode = mStereo;
-    WaveIn->BitLength = b16Bit;
-    WaveIn->SampleRate = 44100;
-    WaveIn->Open();
+    if (!hoertSchon) EingangOeffnen();
     tmrStatus.Interval = kAufnahmeStatusMs;
     tmrStatus.Enabled = true;
     AufnahmeStart = Jetzt();
@@ -108,6 +105,15 @@ void frmAufnehmen::RecordStart() {
   }
 }
 
+void frmAufnehmen::EingangOeffnen() {
+  WaveIn->Stop();
+  WaveIn->Close();
+  WaveIn->Mode = mStereo;
+  WaveIn->BitLength = b16Bit;
+  WaveIn->SampleRate = 44100;
+  WaveIn->Open();
+}
+
 std::uint32_t frmAufnehmen::Jetzt() const {
   return Zaehler(imPuffer_ ? WaveIn->BufferTicks() : prog.plattform.uhr.Ticks());
 }
@@ -118,18 +124,7 @@ void frmAufnehmen::RecordStop() {
   lblPausenzeit.Visible = false;
   WaveIn->Stop();
   WaveIn->Close();
-  try {
-    WaveOUt->Wave.Close();
-  } catch (const Laufzeitfehler& fehler) {
-    prog.AppLog(kOrt, ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
-    Melden(FehlerText(fehler));
-  }
-  if (AufnahmeZahl > 0 && prog.DateiExistiert(AktuelleDatei)) {
-    KatalogEintrag& take = Aufnahmen[static_cast<std::size_t>(AufnahmeZahl)];
-    Weiter([&] {
-      take.DateiBytes = Ganz32(static_cast<double>(prog.plattform.dateien.FileLen(AktuelleDatei)));
-    });
-  }
+  TakeSchliessen();
   tmrStatus.Enabled = false;
   imgAufnahmeBild.Picture = L"";
   lblAufnahme.Visible = false;
@@ -140,6 +135,31 @@ void frmAufnehmen::RecordStop() {
   schleife.MousePointer(Pointer::Normal);
 }
 
+// What was written becomes a whole file.
+void frmAufnehmen::TakeSchliessen() {
+  try {
+    WaveOUt->Wave.Close();
+  } catch (const Laufzeitfehler& fehler) {
+    prog.AppLog(kOrt, ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
+    Melden(FehlerText(fehler));
+  }
+  if (AufnahmeZahl == 0) return;
+  KatalogEintrag& take = Aufnahmen.back();
+  const Text datei = take.Datei.Getrimmt();
+  if (!prog.DateiExistiert(datei)) return;
+  Weiter([&] {
+    take.DateiBytes = Ganz32(static_cast<double>(prog.plattform.dateien.FileLen(datei)));
+  });
+}
+
+// No sound is awaited any more.
+void frmAufnehmen::SitzungBeenden() {
+  Sitzung = false;
+  Wartet = false;
+  tmrUmdrehen.Enabled = false;
+  WachBleiben();
+}
+
 void frmAufnehmen::imgRecordStop_MouseUp(int taste) {
   if (taste == kRightButton) {
     AufnahmeZahl = 0;
@@ -148,10 +168,8 @@ void frmAufnehmen::imgRecordStop_MouseUp(int taste) {
     lvwAufnehmen.ListItems.Clear();
   }
   Sitzung = false;
-  tmrUmdrehen.Enabled = false;
   if (NimmtAuf) RecordStop();
-  Wartet = false;
-  WachBleiben();
+  SitzungBeenden();
   prog.Katalogfenster().PlayWaveNormal(L"");
   WaveOUt->Wave.SetFileName(L"");
   LetzterPegel = 0;
@@ -179,6 +197,7 @@ std::int32_t frmAufnehmen::Summenpegel() const {
 
 void frmAufnehmen::MMConnectorX1_OnTrigger() {
   imPuffer_ = true;
+  verloren_ = false;
   Jedenfalls([&] { PufferPruefen(); }, [&] { imPuffer_ = false; });
 }
 
@@ -234,14 +253,12 @@ void frmAufnehmen::PegelPruefen() {
 void frmAufnehmen::TakeAbbrechen(const Text& grund) {
   prog.AppLog(kOrt, AktuelleDatei + L" " + grund);
   Sitzung = false;
-  tmrUmdrehen.Enabled = false;
   if (NimmtAuf) {
     RecordStop();
   } else {
     Bedienbar(true);
   }
-  Wartet = false;
-  WachBleiben();
+  SitzungBeenden();
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   Weiter([&] { WaveOUt->Wave.SetFileName(L""); });
   // A take of which nothing came into being is none.
@@ -257,6 +274,12 @@ void frmAufnehmen::TakeAbbrechen(const Text& grund) {
   });
   Melden(grund);
   VerlustMelden();
+}
+
+// A device that opens and is gone again before it was heard is reported once, not for ever.
+void frmAufnehmen::EingangVerloren() {
+  const bool bekannt = std::exchange(verloren_, true);
+  if (!bekannt || NimmtAuf || Sitzung) TakeAbbrechen(LoadResString(30101));
 }
 
 // ---- what the card has lost ----

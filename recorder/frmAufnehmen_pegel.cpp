@@ -85,6 +85,7 @@ class frmAufnehmen::MixerRuhe {
 // The lines that the mixer has; the one that is selected there is chosen here.
 void frmAufnehmen::EingaengeZeigen() {
   vantora::frmMixer& mixer = prog.frmMixer();
+  mixer.InitMixer();  // a card may have been plugged in since the start
   Eingang = 0;
   int gewaehlt = -1;
   for (int i = 0; i < optInput.Count(); ++i) {

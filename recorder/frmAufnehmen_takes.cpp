@@ -27,7 +27,7 @@ void frmAufnehmen::cbxMultiTrack_Click() {
   cbxAutoTrennen.Enabled = MultiTrack;
   cbxPauseAus.Enabled = MultiTrack;
   SchwelleZeigen();
-  if (!MultiTrack) return;
+  if (!MultiTrack) return SitzungBeenden();
   AufnahmeZahl = 0;
   Aufnahmen.resize(1);
   RecKatalogShow();
@@ -40,7 +40,7 @@ frmAufnehmen::Wahl frmAufnehmen::DateiWaehlen(Text& datei, int zusatz) {
   const bool abbruch = prog.DialogAbbruch;
   prog.DialogAbbruch = false;
   datei = Trim(prog.GewaehlteDatei);
-  if (abbruch || datei.empty() || datei.starts_with(L".") || Enthaelt(datei, L"*")) {
+  if (abbruch || datei.empty() || prog.DialogName.starts_with(L".") || Enthaelt(datei, L"*")) {
     return Wahl::Ende;
   }
   if (!Endet(Ucase(datei), kEndung)) datei += kEndung;
@@ -81,39 +81,47 @@ void frmAufnehmen::imgNeueAufnahme_MouseUp() {
     }
     prog.plattform.dateien.Kill(datei);
   }
-  if (NimmtAuf) RecordStop();  // the new take follows the one that ran meanwhile
   AktuelleDatei = datei;
   imgAufnehmen_MouseUp();
 }
 
-Text frmAufnehmen::MultiDatei(std::int32_t nummer) const {
-  return AddBackslash(Trim(prog.Wave_Export_Dir)) + BasisName + Format(nummer, L"00") + L".wav";
+Text frmAufnehmen::MultiDatei(const Text& basis, std::int32_t nummer) const {
+  return AddBackslash(Trim(prog.Wave_Export_Dir)) + basis + Format(nummer, L"00") + L".wav";
 }
 
 // A file that is there already is passed over, unless the user has agreed to replace it: nobody can
 // be asked in the middle of a record.
 Text frmAufnehmen::NaechsteMultiDatei() {
   std::int32_t nummer = AufnahmeZahl;
-  while (prog.DateiExistiert(MultiDatei(nummer)) && MultiDatei(nummer) != ersetzen_) ++nummer;
+  const auto datei = [&] { return MultiDatei(BasisName, nummer); };
+  const auto frei = [&] { return !prog.DateiExistiert(datei()) && !SchonVergeben(datei()); };
+  while (!frei() && datei() != ersetzen_) ++nummer;
   ersetzen_.clear();
-  return MultiDatei(nummer);
+  return datei();
 }
 
+// Takes may begin while this asks: until a name has been chosen they go on under the one before.
 void frmAufnehmen::GetMultiFileName() {
-  BasisName.clear();
+  if (!Sitzung) BasisName.clear();
   for (;;) {
     Text datei;
     const Wahl wahl = DateiWaehlen(datei, kNummernZeichen);
-    if (wahl == Wahl::Ende) return BasisName.clear();
+    if (wahl == Wahl::Ende) return;
     if (wahl == Wahl::Nochmal) continue;
     const Text name = DateiNameOhnePfad(datei);
-    BasisName = name.substr(0, name.size() - Text(kEndung).size());
-    const Text erste = MultiDatei(AufnahmeZahl);
-    if (!prog.DateiExistiert(erste)) return;
-    if (prog.MsgBoxen(LoadResString(2041) + kZeilenEnde + LoadResString(2042), kJaNein) == kJa) {
+    const Text basis = name.substr(0, name.size() - Text(kEndung).size());
+    // Where numbers were passed over, the next one may be that of a take in the list.
+    std::int32_t nummer = AufnahmeZahl;
+    while (SchonVergeben(MultiDatei(basis, nummer))) ++nummer;
+    const Text erste = MultiDatei(basis, nummer);
+    if (prog.DateiExistiert(erste)) {
+      if (prog.MsgBoxen(LoadResString(2041) + kZeilenEnde + LoadResString(2042), kJaNein) != kJa) {
+        continue;
+      }
       ersetzen_ = erste;
-      return;
     }
+    BasisName = basis;
+    return;
   }
 }
 
@@ -228,12 +236,11 @@ void frmAufnehmen::imgAbbrechen_MouseUp() {
 // The last take ends whole, and nothing begins any more.
 void frmAufnehmen::Beenden() {
   Sitzung = false;
-  for (Timer* uhr : {&tmrUmdrehen, &tmrStatus, &tmrAutoRecord}) uhr->Enabled = false;
+  for (Timer* uhr : {&tmrStatus, &tmrAutoRecord}) uhr->Enabled = false;
   if (NimmtAuf) RecordStop();
-  Wartet = false;
+  SitzungBeenden();
   WaveIn->Stop();
   WaveIn->Close();
-  WachBleiben();
   Window.Enabled = false;
   VerlustMelden();
 }

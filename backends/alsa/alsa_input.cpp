@@ -72,7 +72,8 @@ class Capture final : public SoundCapture {
   Capture(EventLoop& loop, Clock& clock, std::function<void()> ready)
       : clock_(clock),
         card_(OpenCard()),
-        ready_(std::make_shared<std::function<void()>>(std::move(ready))) {
+        ready_(std::make_shared<std::function<void()>>(std::move(ready))),
+        lastTicks_(clock.Ticks()) {
     wake_ = [&loop, watch = std::weak_ptr(ready_)] {
       loop.Post([watch] {
         const auto call = watch.lock();
@@ -89,7 +90,7 @@ class Capture final : public SoundCapture {
   Capture& operator=(const Capture&) = delete;
 
   bool Next(CapturedSound& sound) override { return ring_.Next(sound); }
-  void Skip() override { ring_.Skip(); }
+  void Skip() override { ring_.Skip(clock_.Ticks()); }
   bool Gone() override { return ring_.Gone(); }
 
  private:
@@ -137,7 +138,7 @@ class Capture final : public SoundCapture {
   CaptureRing ring_{kCaptureBuffers};
   std::shared_ptr<std::function<void()>> ready_;  // with it goes what was posted
   std::function<void()> wake_;
-  std::int64_t lastTicks_ = 0;
+  std::int64_t lastTicks_;  // up to when sound has come
   bool interrupted_ = false;
   std::atomic<bool> stop_ = false;
   std::thread thread_;  // last: it uses all the others

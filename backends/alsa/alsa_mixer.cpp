@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <poll.h>
+#include <utility>
 
 namespace vantora {
 
@@ -179,19 +180,31 @@ AlsaMixer::Handle AlsaMixer::Opened(const std::string& control) {
   return ready ? std::move(mixer) : nullptr;
 }
 
-// A card without volumes is no help where another one, or a server, has some.
 void AlsaMixer::Look() {
+  if (!mixer_) Search();
+}
+
+void AlsaMixer::Search() {
   const auto now = std::chrono::steady_clock::now();
-  if (mixer_ || (looked_ && now - *looked_ < kPatience)) return;
+  if (looked_ && now - *looked_ < kPatience) return;
   looked_ = now;
+  TakeIn();
+  Choose();
+}
+
+// A card without volumes is no help where another one, or a server, has some.
+void AlsaMixer::Choose() {
   SilenceAlsaMessages();
   const std::vector<std::string> names =
       control_.empty() ? Controls() : std::vector<std::string>{control_};
   for (const std::string& name : names) {
+    if (mixer_ && name == open_) break;
     Handle mixer = Opened(name);
     if (!mixer || (!HasOutput(mixer.get()) && name != names.back())) continue;
     mixer_ = std::move(mixer);
-    open_ = name;
+    if (name != std::exchange(open_, name)) {
+      for (Known& line : known_) line.Set = -1;  // another card has steps of its own
+    }
     break;
   }
   sound_ = mixer_ != nullptr || !AlsaPlaybackDevices().empty();
@@ -199,6 +212,10 @@ void AlsaMixer::Look() {
 
 void AlsaMixer::Follow() {
   Look();
+  TakeIn();
+}
+
+void AlsaMixer::TakeIn() {
   if (!mixer_) return;
   const int count = snd_mixer_poll_descriptors_count(mixer_.get());
   std::vector<pollfd> waits(static_cast<std::size_t>(std::max(count, 0)));

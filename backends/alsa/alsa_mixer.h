@@ -22,6 +22,7 @@ class AlsaMixer final : public MixerCard {
   // The name of one control, "hw:0" or "default"; blank: the one that sound goes to.
   explicit AlsaMixer(std::string control = {}) : control_(std::move(control)) {}
 
+  void Search() override;
   bool Present() override;
   Text Name() override;
   std::vector<Line> Lines() override;
@@ -48,7 +49,9 @@ class AlsaMixer final : public MixerCard {
 
   static Handle Opened(const std::string& control);
   void Look();    // opens the mixer if it is not open, at most twice a second
-  void Follow();  // takes in what others have changed
+  void Choose();  // the first control that helps
+  void Follow();  // the same, and takes in what others have changed
+  void TakeIn();  // the latter; lets a card go that is not there any more
   snd_mixer_elem_t* ElementOf(const Known& line) const;
   Known* Find(int id);
   int IDOf(const std::string& name, unsigned index, bool input);

@@ -41,13 +41,14 @@ class AlsaPlayer::Voice {
  public:
   using Tell = std::function<void(std::function<void(AlsaPlayer&)>)>;
 
-  Voice(Dateien& dateien, const OutputVolume& volume, const Text& file, Tell tell)
+  Voice(Dateien& dateien, const OutputVolume& volume, const Text& file, std::int64_t from,
+        Tell tell)
       : wave_(dateien), tell_(std::move(tell)) {
     wave_.Open(file);
     if (wave_.SampleRate() != kRate || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
     }
-    wave_.SetPosition(0);
+    wave_.SetPosition(std::clamp<std::int64_t>(from, 0, wave_.DataBytes()));
     stream_ = std::make_unique<AlsaStream>(
         AlsaStream::Calls{
             [this](std::int16_t* target, std::size_t frames) { return Give(target, frames); },
@@ -114,7 +115,7 @@ void AlsaPlayer::Start() {
   token_ = std::make_shared<int>(0);
   voice_.reset();  // some cards play one sound at a time
   voice_ = std::make_unique<Voice>(
-      dateien_, volume_, file_,
+      dateien_, volume_, file_, from_,
       [this, watch = std::weak_ptr<int>(token_)](std::function<void(AlsaPlayer&)> work) {
         loop_.Post([this, watch, work = std::move(work)] {
           if (!watch.expired()) work(*this);

@@ -16,8 +16,12 @@ class AlsaPlayer final : public MMWavePlayerX {
   AlsaPlayer(Dateien& dateien, EventLoop& loop, const OutputVolume& volume);
   ~AlsaPlayer() override;
 
-  void SetFileName(const Text& file) override { file_ = file; }
-  // Starts again from the beginning when it plays already. Besides the refusal of the card, a file
+  void SetFileName(const Text& file) override {
+    file_ = file;
+    from_ = 0;
+  }
+  void SetPosition(std::int64_t bytes) override { from_ = bytes; }
+  // Starts again from its place when it plays already. Besides the refusal of the card, a file
   // that is missing or no wave of 44.1 kHz, 16 bit, stereo raises the errors of MMWave::Open.
   void Start() override;
   void Stop() override;
@@ -34,6 +38,7 @@ class AlsaPlayer final : public MMWavePlayerX {
   EventLoop& loop_;
   const OutputVolume& volume_;
   Text file_;
+  std::int64_t from_ = 0;
   bool playing_ = false;
   bool stopUntold_ = false;
   std::shared_ptr<int> token_;    // of the sound that plays; its events carry it

@@ -26,6 +26,10 @@ bool CaptureRing::Append(const std::int16_t* sound, std::size_t frames, std::int
 
 void CaptureRing::Store() {
   constexpr auto kBufferFrames = static_cast<std::int64_t>(kFrames);
+  if (part_.Ticks <= skipped_) {
+    part_ = {};
+    return;
+  }
   if (count_ == ring_.size()) {
     const std::int64_t lost = part_.LostMs + kBufferFrames * 1000 / kRate;
     part_ = {};
@@ -51,8 +55,9 @@ bool CaptureRing::Next(CapturedSound& sound) {
   return true;
 }
 
-void CaptureRing::Skip() {
+void CaptureRing::Skip(std::int64_t ticks) {
   const std::lock_guard<std::mutex> lock(guard_);
+  skipped_ = ticks;
   count_ = 0;
   part_ = {};
 }

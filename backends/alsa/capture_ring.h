@@ -27,8 +27,8 @@ class CaptureRing {
   // ---- the interface thread ----
 
   bool Next(CapturedSound& sound);
-  void Skip();
-  bool Gone() const;  // ended, and all has been taken
+  void Skip(std::int64_t ticks);  // drops what was heard up to then, also what the card still holds
+  bool Gone() const;              // ended, and all has been taken
 
  private:
   static constexpr std::size_t kFrames = kBufferBytes / 4;
@@ -41,6 +41,7 @@ class CaptureRing {
   std::size_t first_ = 0, count_ = 0;
   CapturedSound part_;          // grows to a buffer
   std::int64_t lastTicks_ = 0;  // of the buffer before
+  std::int64_t skipped_ = 0;    // ticks; nothing that was heard up to then is kept
   bool ended_ = false;
 };
 

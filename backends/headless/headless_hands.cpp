@@ -45,7 +45,7 @@ std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
   std::vector<int> values;
   if (dynamic_cast<const FaderKnob*>(&slider) != nullptr) {
     const int track = slider.Height / kPixelTwips;
-    const KnobTravel travel{track, FaderKnob::kKnobHeight / kPixelTwips, slider.Max};
+    const KnobTravel travel{track, FaderKnob::kKnobHeight / kPixelTwips, slider.Max, slider.Min};
     const int start = track * from / 1000, grip = travel.GripOf(slider.Value, start);
     if (!travel.On(slider.Value, start)) values.push_back(travel.ValueAt(start - grip));
     if (to != from) values.push_back(travel.ValueAt(track * to / 1000 - grip));
@@ -189,6 +189,8 @@ void HeadlessHands::MouseButton(Control& control, int button) {
 
 // Buttons drawn from pictures take the focus by the keyboard alone: a click ends no typing.
 void HeadlessHands::Down(Control& control, int button) {
+  control.ShiftHeld = shift_;
+  control.ControlHeld = false;
   if (control.Kind() != ControlKind::PictureButton) loop_.SetFocus(control);
   if (auto* picture = dynamic_cast<PictureButton*>(&control)) {
     Call(control, [picture, button] { vantora::Press(*picture, button); });
@@ -251,14 +253,39 @@ void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
   constexpr int kMoves = 4;
   Point(box, from);
   const int start = box.MouseX, end = OnPixel(box.Width * to / 1000);
+  const int left = box.Left;  // the box may follow the mouse
   Down(box, kLeftButton);
   for (int i = 1; i <= kMoves && Still(box); ++i) {
-    box.MouseX = OnPixel(start + (end - start) * i / kMoves);
+    box.MouseX = OnPixel(start + (end - start) * i / kMoves) + left - box.Left;
     if (const auto move = box.MouseMove) Call(box, [&] { move(kLeftButton); });
   }
   if (!Still(box)) return;
   Up(box, kLeftButton);
   if (Still(box)) Call(box, box.Click);
+}
+
+// The label may follow the mouse, so the places are those of what it lies in.
+void HeadlessHands::Pull(Control& control, int x, int y) {
+  constexpr int kMoves = 4;
+  Reach(control);
+  control.MouseX = OnPixel(control.Width / 2);
+  control.MouseY = OnPixel(control.Height / 2);
+  const int startX = control.Left + control.MouseX, startY = control.Top + control.MouseY;
+  Down(control, kLeftButton);
+  for (int i = 1; i <= kMoves && Still(control); ++i) {
+    control.MouseX = OnPixel(startX + x * i / kMoves) - control.Left;
+    control.MouseY = OnPixel(startY + y * i / kMoves) - control.Top;
+    if (const auto move = control.MouseMove) Call(control, [&] { move(kLeftButton); });
+  }
+  if (Still(control)) Up(control, kLeftButton);
+}
+
+void HeadlessHands::ShiftPress(Control& control) {
+  Reach(control);
+  PointAtMiddle(control);
+  shift_ = true;
+  MouseButton(control, kLeftButton);
+  shift_ = false;
 }
 
 void HeadlessHands::SetSlider(Slider& slider, int value) {

@@ -20,6 +20,8 @@ class HeadlessHands final : public Hands {
   void DoubleClickAt(Control& control, int at) override;
   // A slider takes the value of the place; a vertical one is dragged along its height.
   void Drag(Control& control, int from, int to) override;
+  void Pull(Control& control, int x, int y) override;
+  void ShiftPress(Control& control) override;
   void Hold(Control& control, int ms) override;
   bool Holding() const override { return held_ > 0; }
   void Type(Control& control, const Text& text) override;
@@ -52,6 +54,7 @@ class HeadlessHands final : public Hands {
   void SelectInView(ListView& list, const std::vector<int>& rows);
   void SelectInCombo(ComboBox& list, const std::vector<int>& rows);
   void Send(Form& form, const Stroke& stroke);
+  void SendToFocus(Form& form, const Stroke& stroke);
   void Effect(Control& control, const Stroke& stroke);
   void TypeInto(TextBox& box, const Stroke& stroke);
   void MoveInList(ListControl& list, int key);
@@ -64,6 +67,7 @@ class HeadlessHands final : public Hands {
   bool Still(const Control& control) const;
 
   HeadlessLoop& loop_;
+  bool shift_ = false;               // held while the mouse presses
   int held_ = 0;                     // controls that are still to be let go
   const Control* marked_ = nullptr;  // the text box whose whole text is marked
 };

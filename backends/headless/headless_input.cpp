@@ -23,6 +23,7 @@ struct HeadlessInput::Ear {
   EventLoop& Loop;
   Clock& Time;
   const bool& Present;
+  const bool& Fleeting;
   std::shared_ptr<std::vector<Sound>> Sounds;
   std::function<void()> Ready;
   std::int64_t Start = 0;
@@ -34,7 +35,8 @@ struct HeadlessInput::Ear {
     return Start + (frame * 1000 + kRate - 1) / kRate;
   }
   std::int64_t Due() const { return TicksAt(Frame + kFrames); }
-  bool Waits() const { return Present && Due() <= Time.Ticks(); }
+  bool Gone() const { return !Present || Fleeting; }
+  bool Waits() const { return !Gone() && Due() <= Time.Ticks(); }
 
   // A sound is heard until the next one begins.
   void Hear(MMData& data) const {
@@ -75,7 +77,7 @@ class Capture final : public SoundCapture {
     while (ear_->Waits()) ear_->Frame += kFrames;
     ear_->LostMs = 0;
   }
-  bool Gone() override { return !ear_->Present; }
+  bool Gone() override { return ear_->Gone(); }
 
  private:
   std::shared_ptr<HeadlessInput::Ear> ear_;
@@ -97,8 +99,8 @@ void Schedule(const std::shared_ptr<HeadlessInput::Ear>& ear) {
 std::unique_ptr<SoundCapture> HeadlessInput::Listen(std::function<void()> ready) {
   if (!Present) throw Laufzeitfehler(kFehlerEinAusgabe, L"No se encuentra ninguna entrada.");
   if (Kept) throw Laufzeitfehler(kFehlerEinAusgabe, L"Otro programa usa la entrada.");
-  const auto ear =
-      std::make_shared<Ear>(Ear{loop_, clock_, Present, sounds_, std::move(ready), clock_.Ticks()});
+  const auto ear = std::make_shared<Ear>(
+      Ear{loop_, clock_, Present, Fleeting, sounds_, std::move(ready), clock_.Ticks()});
   ear_ = ear;
   Schedule(ear);
   return std::make_unique<Capture>(ear);

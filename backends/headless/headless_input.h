@@ -26,8 +26,9 @@ class HeadlessInput final : public SoundInput {
   void Play(const Text& file);
   void Lose(int ms);  // the card loses so much from now on
 
-  bool Present = true;  // false: a start is refused, and who listens loses the device
-  bool Kept = false;    // the same for a start alone: somebody else has the device
+  bool Present = true;    // false: a start is refused, and who listens loses the device
+  bool Kept = false;      // the same for a start alone: somebody else has the device
+  bool Fleeting = false;  // a start succeeds, but nothing is heard and the device is gone at once
 
   struct Sound {
     std::shared_ptr<MMWave> File;

@@ -91,20 +91,26 @@ void HeadlessHands::Key(Form& form, const Text& key) {
 void HeadlessHands::Send(Form& form, const Stroke& stroke) {
   bool used = false;
   if (stroke.Code != 0) {
+    used = true;  // a handler that fails has used it
     loop_.Deliver([&] { used = form.Form_KeyDown(stroke.Code, stroke.Control); });
   }
-  Control* control = used ? nullptr : loop_.Focus(form);
-  if (control == nullptr && !used && stroke.Code == kKeyTab && loop_.Reachable(form)) {
+  if (!used) SendToFocus(form, stroke);
+  const auto& forms = loop_.Forms();
+  const bool there = std::find(forms.begin(), forms.end(), &form) != forms.end();
+  if (stroke.Code != 0 && there) loop_.Deliver([&] { form.Form_KeyUp(stroke.Code); });
+}
+
+void HeadlessHands::SendToFocus(Form& form, const Stroke& stroke) {
+  Control* control = loop_.Focus(form);
+  if (control == nullptr && stroke.Code == kKeyTab && loop_.Reachable(form)) {
     return MoveFocus(form, stroke.Shift);
   }
   if (control == nullptr || !Still(*control)) return;
   const auto through = [&](const std::function<void(int)>& handler) {
     return handler ? [handler, code = stroke.Code] { handler(code); } : std::function<void()>();
   };
-  if (auto* box = dynamic_cast<PictureBox*>(control)) {
-    box->ShiftHeld = stroke.Shift;
-    box->ControlHeld = stroke.Control;
-  }
+  control->ShiftHeld = stroke.Shift;
+  control->ControlHeld = stroke.Control;
   if (stroke.Code != 0) Call(*control, through(control->KeyDown));
   if (!Still(*control)) return;
   bool wanted = true;
@@ -183,11 +189,13 @@ void HeadlessHands::Type(Control& control, const Text& text) {
     // What a handler does to the focus takes the rest of the text with it, as on a screen.
     if (loop_.Ended() || !loop_.Reachable(form)) return;
     Stroke stroke;
-    stroke.Code = CodeOf(c);
+    stroke.Code = c == L'\n' ? kKeyReturn : CodeOf(c);
     stroke.Character = static_cast<int>(std::char_traits<wchar_t>::to_int_type(c));
     Send(form, stroke);
   }
 }
+
+constexpr const wchar_t* kLineEnd = L"\r\n";
 
 // The cursor stands behind the last character; Home and Left are not needed by anyone here.
 void HeadlessHands::TypeInto(TextBox& box, const Stroke& stroke) {
@@ -201,7 +209,11 @@ void HeadlessHands::TypeInto(TextBox& box, const Stroke& stroke) {
     if (marked) text.clear();
   } else if (stroke.Code == kKeyBackspace) {
     if (marked) text.clear();
+    if (text.ends_with(kLineEnd)) text.pop_back();
     if (!text.empty()) text.pop_back();
+  } else if (stroke.Code == kKeyReturn && box.MultiLine) {
+    if (marked) text.clear();
+    text += kLineEnd;
   } else if (stroke.Character >= 32) {
     if (marked) text.clear();
     const auto limit = static_cast<std::size_t>(std::max(box.MaxLength(), 0));

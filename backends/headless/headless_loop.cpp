@@ -14,6 +14,22 @@ std::string Narrow(const Text& name) {
   return narrow;
 }
 
+// Sets a value for as long as this lives.
+template <typename T>
+class Restored {
+ public:
+  Restored(T& value, T meanwhile) : value_(value), before_(std::move(value)) {
+    value_ = std::move(meanwhile);
+  }
+  ~Restored() { value_ = std::move(before_); }
+  Restored(const Restored&) = delete;
+  Restored& operator=(const Restored&) = delete;
+
+ private:
+  T& value_;
+  T before_;
+};
+
 // The line that a list stands on is in sight, and no room is left below the last one.
 void KeepInSight(ListBox& list) {
   const int lines = std::max(list.Height / kListLine, 1);
@@ -35,6 +51,7 @@ void HeadlessLoop::Show(Form& form) {
 void HeadlessLoop::ShowModal(Form& form) {
   LeaveIfEnded();
   if (form.Visible()) Hide(form);
+  const Restored<std::optional<std::int64_t>> outer(eventMs_, std::nullopt);
   const int token = ++nextToken_;
   modals_.push_back({&form, token});
   const auto closed = [this, token] {
@@ -288,6 +305,7 @@ void HeadlessLoop::Deliver(const std::function<void()>& handler) {
 
 // Runs the one event that comes first of all that are due; false when none is.
 bool HeadlessLoop::RunOne() {
+  const Restored<std::optional<std::int64_t>> outer(eventMs_, std::nullopt);
   std::function<void()> work;
   {
     const std::lock_guard<std::mutex> lock(postedMutex_);
@@ -306,6 +324,7 @@ bool HeadlessLoop::RunOne() {
   if (!delayed_.empty() && delayed_.begin()->first == *due) {
     work = std::move(delayed_.begin()->second);
     delayed_.erase(delayed_.begin());
+    eventMs_ = *due;
     Deliver(work);
     return true;
   }

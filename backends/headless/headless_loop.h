@@ -44,6 +44,9 @@ class HeadlessLoop final : public EventLoop {
   void Post(std::function<void()> work) override;
   void PostAfter(int ms, std::function<void()> work) override;
 
+  // Work that was to come at its time carries that time, also when the program was busy then.
+  std::int64_t EventMs() const override { return eventMs_ ? *eventMs_ : clock_.Ticks(); }
+
   void MousePointer(Pointer pointer) override { pointer_ = pointer; }
   Pointer MousePointer() const override { return pointer_; }
   void Beep() override { ++beeps_; }
@@ -114,6 +117,7 @@ class HeadlessLoop final : public EventLoop {
   const Form* told_ = nullptr;  // was told last that it is in front
   const Form* menuOwner_ = nullptr;
   Menu* menu_ = nullptr;
+  std::optional<std::int64_t> eventMs_;  // when the delayed work that runs now was due
   std::optional<std::string> stopped_;
   Text leftOpen_;
   Pointer pointer_ = Pointer::Normal;

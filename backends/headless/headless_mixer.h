@@ -41,6 +41,7 @@ class HeadlessMixerCard final : public MixerCard {
   HeadlessMixerCard(HeadlessMixer& mixer, const HeadlessSoundCard& card)
       : mixer_(mixer), card_(card) {}
 
+  void Search() override {}  // its lines are always those of this moment
   bool Present() override { return mixer_.Present && card_.Present; }
   Text Name() override { return Present() ? L"Tarjeta de prueba" : L""; }
   std::vector<Line> Lines() override;

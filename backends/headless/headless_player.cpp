@@ -23,7 +23,8 @@ int Loudness(const unsigned char* at, int bits) {
 struct HeadlessPlayer::Voice {
   std::unique_ptr<MMWave> File;
   std::int64_t StartTicks = 0;
-  std::int64_t LengthMs = 0;
+  std::int64_t LengthMs = 0;  // from where it begins
+  std::int64_t From = 0;      // frames
 
   int Channels() const { return File->StereoMode() + 1; }
   int FrameBytes() const { return Channels() * File->BitsPerSample() / 8; }
@@ -31,7 +32,7 @@ struct HeadlessPlayer::Voice {
   // Loudest samples of the frames that are heard from `ms` on until the next level.
   std::pair<int, int> Peaks(std::int64_t ms) const {
     if (File->BitsPerSample() < 8) return {0, 0};
-    const std::int64_t from = ms * File->SampleRate() / 1000;
+    const std::int64_t from = From + ms * File->SampleRate() / 1000;
     const std::int64_t frames = std::int64_t{kTickMs} * File->SampleRate() / 1000;
     std::vector<unsigned char> bytes(static_cast<std::size_t>(frames * FrameBytes()));
     File->SetPosition(from * FrameBytes());
@@ -69,10 +70,12 @@ void HeadlessPlayer::Start() {
   voice->File = newWaveFile_();
   voice->File->Open(file_);
   const int rate = std::max(voice->File->SampleRate(), 1);
-  voice->LengthMs = (voice->File->Samples() * 1000 + rate - 1) / rate;
+  voice->From = std::min(from_ / std::max(voice->FrameBytes(), 1), voice->File->Samples());
+  voice->LengthMs = ((voice->File->Samples() - voice->From) * 1000 + rate - 1) / rate;
   voice->StartTicks = clock_.Ticks();
   voice_ = voice;
   card_.Played.push_back(file_);
+  card_.From = from_;
   loop_.Post([this, alive = alive_, voice] {
     if (!*alive || voice_ != voice) return;
     if (OnStart) OnStart();
@@ -114,7 +117,7 @@ std::int64_t HeadlessPlayer::Position() const {
   if (!voice_) return lastPosition_;
   const std::int64_t heard =
       (clock_.Ticks() - voice_->StartTicks) * voice_->File->SampleRate() / 1000;
-  return std::min(heard, voice_->File->Samples());
+  return std::min(heard, voice_->File->Samples() - voice_->From);
 }
 
 std::function<std::unique_ptr<MMWavePlayerX>()> HeadlessPlayers(

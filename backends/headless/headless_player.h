@@ -16,6 +16,7 @@ namespace vantora {
 struct HeadlessSoundCard {
   bool Present = true;       // false: every start is refused, a stream ends
   std::vector<Text> Played;  // files that were started, in order
+  std::int64_t From = 0;     // where the last of them began, in bytes of its sound
 };
 
 class HeadlessPlayer final : public MMWavePlayerX {
@@ -25,7 +26,11 @@ class HeadlessPlayer final : public MMWavePlayerX {
   HeadlessPlayer(EventLoop& loop, Clock& clock, HeadlessSoundCard& card, NewWaveFile newWaveFile);
   ~HeadlessPlayer() override;
 
-  void SetFileName(const Text& file) override { file_ = file; }
+  void SetFileName(const Text& file) override {
+    file_ = file;
+    from_ = 0;
+  }
+  void SetPosition(std::int64_t bytes) override { from_ = bytes; }
   void Start() override;
   void Stop() override;
   bool Playing() const override { return voice_ != nullptr; }
@@ -42,6 +47,7 @@ class HeadlessPlayer final : public MMWavePlayerX {
   HeadlessSoundCard& card_;
   NewWaveFile newWaveFile_;
   Text file_;
+  std::int64_t from_ = 0;          // bytes
   std::shared_ptr<Voice> voice_;   // what plays now
   std::int64_t lastPosition_ = 0;  // where the last voice ended
   std::shared_ptr<bool> alive_;    // false when the player is gone

@@ -6,6 +6,7 @@
 #include "backends/qt/level_bars.h"
 #include "backends/qt/look.h"
 #include "backends/qt/picture_widgets.h"
+#include "backends/qt/print/print_font.h"
 #include "backends/qt/words.h"
 
 #include <QKeyEvent>
@@ -38,7 +39,7 @@ class WordsWidget final : public QLabel {
   QFont Full;  // its font, not scaled
   double Scale = 1;
   QColor Ink, Ground;
-  bool Wrap = false;
+  bool Wrap = false, OwnFont = false, Framed = false;
 
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
@@ -47,21 +48,98 @@ class WordsWidget final : public QLabel {
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
     const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
-    DrawWords(painter, pictures_, {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale},
+    DrawWords(painter, pictures_,
+              {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont},
               devicePixelRatioF());
+    if (Framed) DrawFrame(painter);
     if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
 
  private:
+  // Seen on any ground: dark dashes between light ones.
+  void DrawFrame(QPainter& painter) const {
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(look::Of(look::kAmber));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setPen(QPen(look::Of(look::kField), 1, Qt::DashLine));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+
   Pictures& pictures_;
 };
+
+// A control that learns where the mouse is on it, and which keys are held.
+class PointedFace : public Face {
+ public:
+  using Face::Face;
+
+  void MousePress(QMouseEvent& event) override {
+    Point(event);
+    Face::MousePress(event);
+  }
+  void MouseRelease(QMouseEvent& event) override {
+    Point(event);
+    Face::MouseRelease(event);
+  }
+  void MouseDouble(QMouseEvent& event) override {
+    Point(event);
+    Face::MouseDouble(event);
+  }
+  // A button that was pressed elsewhere, or when nothing was to be pressed here, is none.
+  void MouseMove(QMouseEvent& event) override {
+    Point(event);
+    const bool held = window().Pressed(*this);
+    const int button = !held                                       ? 0
+                       : event.buttons().testFlag(Qt::LeftButton)  ? kLeftButton
+                       : event.buttons().testFlag(Qt::RightButton) ? kRightButton
+                                                                   : 0;
+    Fire([button](Control& told) {
+      if (const auto move = told.MouseMove) move(button);
+    });
+  }
+  void KeyComes(const QKeyEvent& event) override {
+    if (control() != nullptr) Hold(*control(), event.modifiers());
+  }
+
+ private:
+  static void Hold(Control& told, Qt::KeyboardModifiers modifiers) {
+    told.ShiftHeld = modifiers.testFlag(Qt::ShiftModifier);
+    told.ControlHeld = modifiers.testFlag(Qt::ControlModifier);
+  }
+
+  void Point(const QMouseEvent& event) {
+    Control* told = control();
+    if (told == nullptr) return;
+    // A box that follows the mouse may have been moved since its widget was last.
+    const QPoint lag =
+        look::Pixels(*told, window().Scale()).topLeft() - widget()->geometry().topLeft();
+    const QPoint place = event.position().toPoint() - lag;
+    const double twips = look::kTwipsPerPixel / window().Scale();
+    told->MouseX = static_cast<int>(std::lround(place.x() * twips));
+    told->MouseY = static_cast<int>(std::lround(place.y() * twips));
+    Hold(*told, event.modifiers());
+  }
+};
+
+// Its letters are counted in twips of the paper: scaled down to the window's pixels they keep the
+// proportions of the printed ones.
+QFont FontOnPaper(const Label& label) {
+  constexpr int kTwipsPerPoint = 20;
+  LogicalFont font;
+  font.FaceName = label.FontName;
+  font.Height = -label.FontSize * kTwipsPerPoint;
+  font.Weight = label.FontBold ? kWeightBold : kWeightNormal;
+  font.Italic = label.FontItalic;
+  return PrintFont(font);
+}
 
 Qt::Alignment Across(Alignment align) {
   if (align == Alignment::Right) return Qt::AlignRight;
   return align == Alignment::Center ? Qt::AlignHCenter : Qt::AlignLeft;
 }
 
-class LabelFace final : public Face {
+class LabelFace final : public PointedFace {
  public:
   LabelFace(Label& label, FormWindow& window)
       : LabelFace(label, window, new WordsWidget(window.host().ThePictures(), &window)) {}
@@ -78,15 +156,20 @@ class LabelFace final : public Face {
 
  private:
   LabelFace(Label& label, FormWindow& window, WordsWidget* words)
-      : Face(label, window, words), words_(words) {}
+      : PointedFace(label, window, words), words_(words) {}
 
   void Apply(Control& control) override {
     const auto& label = static_cast<const Label&>(control);
     LetMouseThrough(*words_, !HasMouseHandler(control));
     words_->setFocusPolicy(label.TabStop ? Qt::TabFocus : Qt::NoFocus);
     Invite(HasMouseHandler(control));
-    words_->Full = look::FontOf(label.FontSize, label.FontBold);
+    words_->setMouseTracking(static_cast<bool>(control.MouseMove));
+    words_->OwnFont = !label.FontName().empty();
+    words_->Framed = label.BorderStyle != 0;
+    words_->Full =
+        words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
+    if (words_->OwnFont) words_->Scale *= label.FontScale / look::kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;
@@ -284,53 +367,14 @@ class ShapeFace final : public Face {
   PanelWidget* panel_;
 };
 
-class DrawingFace final : public Face {
+class DrawingFace final : public PointedFace {
  public:
   DrawingFace(PictureBox& box, FormWindow& window)
       : DrawingFace(box, window, new DrawingWidget(window.host().ThePictures(), &window)) {}
 
-  void MousePress(QMouseEvent& event) override {
-    Point(event);
-    Face::MousePress(event);
-  }
-  void MouseRelease(QMouseEvent& event) override {
-    Point(event);
-    Face::MouseRelease(event);
-  }
-  void MouseDouble(QMouseEvent& event) override {
-    Point(event);
-    Face::MouseDouble(event);
-  }
-  // A button that was pressed elsewhere, or when nothing was to be pressed here, is none.
-  void MouseMove(QMouseEvent& event) override {
-    Point(event);
-    const bool held = window().Pressed(*this);
-    const int button = !held                                       ? 0
-                       : event.buttons().testFlag(Qt::LeftButton)  ? kLeftButton
-                       : event.buttons().testFlag(Qt::RightButton) ? kRightButton
-                                                                   : 0;
-    Fire([button](Control& told) {
-      if (const auto move = told.MouseMove) move(button);
-    });
-  }
-  void KeyComes(const QKeyEvent& event) override {
-    auto* box = As<PictureBox>();
-    box->ShiftHeld = event.modifiers().testFlag(Qt::ShiftModifier);
-    box->ControlHeld = event.modifiers().testFlag(Qt::ControlModifier);
-  }
-
  private:
-  void Point(const QMouseEvent& event) {
-    auto* box = As<PictureBox>();
-    if (box == nullptr) return;
-    const QPoint place = event.position().toPoint();
-    const double twips = look::kTwipsPerPixel / window().Scale();
-    box->MouseX = static_cast<int>(std::lround(place.x() * twips));
-    box->MouseY = static_cast<int>(std::lround(place.y() * twips));
-  }
-
   DrawingFace(PictureBox& box, FormWindow& window, DrawingWidget* drawing)
-      : Face(box, window, drawing), drawing_(drawing) {}
+      : PointedFace(box, window, drawing), drawing_(drawing) {}
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const PictureBox&>(control);

@@ -68,7 +68,7 @@ void Face::Sync() {
   shown->Dirty = false;
   const QRect place = look::Pixels(*shown, window_.Scale());
   if (widget_->geometry() != place) widget_->setGeometry(place);
-  const QFont font = look::FontOf(shown->FontSize, shown->FontBold, window_.Scale());
+  const QFont font = look::FontOf(*shown, window_.Scale());
   if (widget_->font() != font) widget_->setFont(font);
   const QString tip = look::Tip(look::FromText(shown->ToolTipText));
   if (widget_->toolTip() != tip) widget_->setToolTip(tip);

@@ -33,6 +33,20 @@ class Counted {
   int& count_;
 };
 
+// The stamp of an event counts for as long as that is handled.
+class Stamped {
+ public:
+  Stamped(WindowHost& host, const QInputEvent& event)
+      : host_(host), before_(host.Stamp(event.timestamp())) {}
+  ~Stamped() { host_.Stamp(before_); }
+  Stamped(const Stamped&) = delete;
+  Stamped& operator=(const Stamped&) = delete;
+
+ private:
+  WindowHost& host_;
+  std::uint64_t before_;
+};
+
 // What lies lower is drawn first. Within a layer the order is that of the form. A container lies as
 // high as what can lie in it; its own controls have no layers.
 int Layer(const Control& control, bool holdsOthers) {
@@ -326,6 +340,7 @@ bool FormWindow::Input(Face& face, QEvent& event) {
     return true;
   }
   const Counted touching(touching_);
+  const Stamped stamped(host_, static_cast<const QInputEvent&>(event));
   lastTouch_ = TouchedPlace(face, event);
   switch (event.type()) {
     case QEvent::MouseButtonPress:
@@ -378,6 +393,8 @@ void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
   bool used = false;
   if (code != 0) {
     const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    keysDown_.insert(code);
+    used = true;  // a handler that fails has used it
     Handle([&] { used = form_->Form_KeyDown(code, control); });
   }
   if (used || Refused() || !form_->Visible()) return;
@@ -399,8 +416,23 @@ void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
   if (accepted && face->control() != nullptr) face->KeyPress(event);
 }
 
+// A key that is held comes and goes again and again; it is let go once.
+void FormWindow::KeyIsUp(const QKeyEvent& event) {
+  const int code = keys::Code(event);
+  if (event.isAutoRepeat() || keysDown_.erase(code) == 0) return;
+  Handle([&] { form_->Form_KeyUp(code); });
+}
+
+// What is let go in another window is not told here any more.
+void FormWindow::AllKeysAreUp() {
+  for (const int code : std::exchange(keysDown_, {})) {
+    Handle([this, code] { form_->Form_KeyUp(code); });
+  }
+}
+
 void FormWindow::KeyRelease(Face& face, QKeyEvent& event) {
   const int code = keys::Code(event);
+  KeyIsUp(event);
   if (code != 0 && !Refused()) {
     Handle([&] {
       if (const auto up = face.control()->KeyUp) up(code);
@@ -411,11 +443,18 @@ void FormWindow::KeyRelease(Face& face, QKeyEvent& event) {
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   event->accept();
+  const Stamped stamped(host_, *event);
   if (Refused()) {
     TellEscape(*event);
   } else {
     KeyPress(nullptr, *event);
   }
+}
+
+void FormWindow::keyReleaseEvent(QKeyEvent* event) {
+  event->accept();
+  const Stamped stamped(host_, *event);
+  KeyIsUp(*event);
 }
 
 // The way to end a long piece of work that has disabled its window.
@@ -447,6 +486,9 @@ bool FormWindow::event(QEvent* event) {
       break;
     case QEvent::WindowActivate:
       host_.Activated();
+      break;
+    case QEvent::WindowDeactivate:
+      AllKeysAreUp();
       break;
     case QEvent::WindowStateChange: {
       const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();

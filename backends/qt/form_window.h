@@ -57,6 +57,7 @@ class FormWindow final : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
 
  private:
   void ApplyFrame();
@@ -75,6 +76,8 @@ class FormWindow final : public QWidget {
   static QPoint TouchedPlace(const Face& face, const QEvent& event);
   void KeyPress(Face* face, QKeyEvent& event);
   void KeyRelease(Face& face, QKeyEvent& event);
+  void KeyIsUp(const QKeyEvent& event);
+  void AllKeysAreUp();
   void TellEscape(const QKeyEvent& event);
   void FocusChange(Face& face, QObject* object, QEvent& event);
   void TellFocus(const Control* changed, bool in);
@@ -87,6 +90,7 @@ class FormWindow final : public QWidget {
   std::set<const Control*> containers_;         // those of `known_`
   std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
   QHash<QObject*, Face*> byObject_;
+  std::set<int> keysDown_;         // codes that the form was told of
   const Face* pressed_ = nullptr;  // took the press that has not been let go
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;

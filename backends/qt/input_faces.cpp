@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
@@ -94,6 +95,54 @@ class TextFace final : public Face {
 
   LineWidget* line_;
   bool fresh_ = false;  // it got the focus and was not clicked into since
+};
+
+// ---- text of several lines ----
+
+// What the mouse does to the viewport is the field's business, and only the field knows how.
+class LinesWidget final : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+  using QPlainTextEdit::viewportEvent;
+};
+
+class LinesFace final : public Face {
+ public:
+  LinesFace(TextBox& box, FormWindow& window) : LinesFace(box, window, new LinesWidget(&window)) {}
+
+ private:
+  LinesFace(TextBox& box, FormWindow& window, LinesWidget* lines)
+      : Face(box, window, lines), lines_(lines) {
+    SetSurface(lines_->viewport());
+    lines_->setTabChangesFocus(true);
+    lines_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    lines_->setFrameShape(QFrame::StyledPanel);
+    QObject::connect(lines_, &QPlainTextEdit::textChanged, lines_, [this] {
+      if (this->window().Syncing()) return;
+      Take([&](Control& taken) {
+        QString text = lines_->toPlainText();
+        static_cast<TextBox&>(taken).Text =
+            look::ToText(text.replace(u'\n', QLatin1String("\r\n")));
+      });
+      Fire([](Control& told) {
+        if (const auto change = static_cast<TextBox&>(told).Change) change();
+      });
+    });
+  }
+
+  void Pass(QMouseEvent& event) override {
+    if (control() != nullptr) lines_->viewportEvent(&event);
+  }
+
+  void Apply(Control& control) override {
+    const auto& box = static_cast<const TextBox&>(control);
+    look::InkField(*lines_, box);
+    QString text = look::FromText(box.Text);
+    text.remove(u'\r');
+    if (lines_->toPlainText() != text) lines_->setPlainText(text);
+  }
+
+  LinesWidget* lines_;
 };
 
 // ---- check boxes and option buttons ----
@@ -353,7 +402,11 @@ class SliderFace final : public Face {
 std::unique_ptr<Face> MakeInputFace(Control& control, FormWindow& window) {
   switch (control.Kind()) {
     case ControlKind::TextBox:
-      return std::make_unique<TextFace>(static_cast<TextBox&>(control), window);
+      if (auto& box = static_cast<TextBox&>(control); box.MultiLine) {
+        return std::make_unique<LinesFace>(box, window);
+      } else {
+        return std::make_unique<TextFace>(box, window);
+      }
     case ControlKind::CheckBox:
       return std::make_unique<CheckFace>(static_cast<CheckBox&>(control), window);
     case ControlKind::OptionButton:

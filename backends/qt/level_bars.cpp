@@ -2,6 +2,7 @@
 
 #include "backends/qt/look.h"
 
+#include <QAccessibleWidget>
 #include <QPainter>
 
 #include <algorithm>
@@ -19,7 +20,44 @@ QColor LampColour(double share) {
   return share > 0.75 ? look::Of(look::kAmber) : QColor(70, 214, 96);
 }
 
+// Levels change too often to be announced; they are read when the reader asks.
+class SpokenLevel final : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit SpokenLevel(LevelBars* bars) : QAccessibleWidget(bars, QAccessible::ProgressBar) {}
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type != QAccessible::ValueInterface) return QAccessibleWidget::interface_cast(type);
+    return static_cast<QAccessibleValueInterface*>(this);
+  }
+  QString text(QAccessible::Text wanted) const override {
+    if (wanted != QAccessible::Value) return QAccessibleWidget::text(wanted);
+    return QString::number(Percent()) + QStringLiteral(" %");
+  }
+  QVariant currentValue() const override { return Percent(); }
+  void setCurrentValue(const QVariant& /*value*/) override {}
+  QVariant minimumValue() const override { return 0; }
+  QVariant maximumValue() const override { return 100; }
+  QVariant minimumStepSize() const override { return 1; }
+
+ private:
+  int Percent() const { return static_cast<const LevelBars*>(widget())->Percent(); }
+};
+
+QAccessibleInterface* Speak(const QString& /*kind*/, QObject* object) {
+  auto* bars = dynamic_cast<LevelBars*>(object);
+  return bars == nullptr ? nullptr : new SpokenLevel(bars);
+}
+
 }  // namespace
+
+LevelBars::LevelBars(QWidget* parent) : QWidget(parent) {
+  QAccessible::installFactory(Speak);  // once is enough, and more do no harm
+}
+
+int LevelBars::Percent() const {
+  const int left = shown_ == Ears::Right ? 0 : left_, right = shown_ == Ears::Left ? 0 : right_;
+  return active_ ? Lit(std::max(left, right), 100) : 0;
+}
 
 int LevelBars::Lit(int peak, int lamps) {
   if (peak <= 0) return 0;

@@ -1,5 +1,6 @@
 // Rows of small lamps, green, amber and red: what is heard on the left and on the right, or one of
-// them alone. They stand upright where there is more height than width.
+// them alone. They stand upright where there is more height than width. A screen reader finds a bar
+// whose value is the loudest side, in percent of the row.
 #pragma once
 
 #include "platform/controls.h"
@@ -10,9 +11,11 @@ namespace vantora {
 
 class LevelBars final : public QWidget {
  public:
-  using QWidget::QWidget;
+  explicit LevelBars(QWidget* parent);
   // Peaks from 0 to 32767; nothing new costs nothing.
   void Set(bool active, int left, int right, Ears shown, int mark = 0);
+
+  int Percent() const;  // of the row, on the louder of the sides that are shown
 
   // How many of `lamps` are lit at a peak; 60 decibels lie between the first and the last.
   static int Lit(int peak, int lamps);

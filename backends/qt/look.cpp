@@ -78,6 +78,13 @@ QFont FontOf(int points, bool bold, double scale) {
   return font;
 }
 
+QFont FontOf(const Control& control, double scale) {
+  QFont font = FontOf(control.FontSize, control.FontBold, scale);
+  if (!control.FontName().empty()) font.setFamilies({FromText(control.FontName)});
+  font.setItalic(control.FontItalic);
+  return font;
+}
+
 int Pixels(int twips, double scale) {
   return static_cast<int>(std::lround(twips * scale / kTwipsPerPixel));
 }

@@ -32,6 +32,8 @@ QColor Of(Color color);  // invisible for kTransparent
 // At 96 dots an inch, whatever the screen says. Scaled down, words take no more of their place than
 // at full size, though letters come in whole pixels only.
 QFont FontOf(int points, bool bold, double scale = 1);
+// Of a control that shows the user's font at the size of the screen's other letters.
+QFont FontOf(const Control& control, double scale);
 // Edges are rounded, so that neighbours meet; what is seen at full size stays a pixel wide at
 // least.
 QRect Pixels(const Control& control, double scale = 1);

@@ -5,10 +5,13 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QIcon>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace vantora {
 
@@ -337,7 +340,35 @@ bool QtEventLoop::Core::ProcessEvents() {
   return QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents);
 }
 
+std::int64_t QtEventLoop::Core::NowMs() const {
+  const std::chrono::duration<double, std::milli> now =
+      std::chrono::steady_clock::now().time_since_epoch();
+  return static_cast<std::int64_t>(now.count() * agenda.Speed());
+}
+
+// No event is handled before it comes about, so the shortest delay seen shows best how the window
+// system's clock stands to ours.
+std::uint64_t QtEventLoop::Core::Stamp(std::uint64_t stamp) {
+  if (stamp != 0) {
+    const std::int64_t behind = NowMs() - static_cast<std::int64_t>(stamp);
+    behind_ = behind_ ? std::min(*behind_, behind) : behind;
+  }
+  return std::exchange(stamp_, stamp != 0 ? stamp : handStamp_);
+}
+
+void QtEventLoop::Core::ActAt(std::int64_t ms, const std::function<void()>& work) {
+  const QScopedValueRollback<std::uint64_t> acting(handStamp_, static_cast<std::uint64_t>(ms));
+  work();
+}
+
+// Some events bear no stamp, such as the press of a screen reader.
+std::int64_t QtEventLoop::Core::EventMs() const {
+  return stamp_ != 0 ? static_cast<std::int64_t>(stamp_) : NowMs() - behind_.value_or(0);
+}
+
 bool QtEventLoop::Core::Turn() {
+  // What is handled inside of an event's handler is no part of it.
+  const QScopedValueRollback<std::uint64_t> outer(stamp_, 0), hands(handStamp_, 0);
   Sync();
   bool busy = agenda.RunDue([this](const std::function<void()>& work) { Handle(work); },
                             [this] { return loop_.Ended(); });
@@ -410,7 +441,9 @@ void QtEventLoop::Core::Point(Pointer shown) {
   if (pointer != Pointer::Normal) QApplication::restoreOverrideCursor();
   pointer = shown;
   if (shown == Pointer::Normal) return;
-  QApplication::setOverrideCursor(shown == Pointer::Hourglass ? Qt::WaitCursor : Qt::BusyCursor);
+  QApplication::setOverrideCursor(shown == Pointer::Hourglass ? Qt::WaitCursor
+                                  : shown == Pointer::SizeWE  ? Qt::SizeHorCursor
+                                                              : Qt::BusyCursor);
 }
 
 Text QtEventLoop::Core::PathOfFile(const QString& file) const {

@@ -16,6 +16,7 @@
 #include <QTimer>
 
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -48,10 +49,15 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   void Activated() override { activation_.start(); }
   void Restored(Form& form) override;
   void Painted() override { ++paints; }
+  std::uint64_t Stamp(std::uint64_t stamp) override;
   QRect Room(const QWidget& window) const override;
   QMargins& Border() override { return border_; }
   Text PathOfFile(const QString& file) const override;
   Pictures& ThePictures() override { return pictures_; }
+
+  std::int64_t EventMs() const;
+  std::int64_t NowMs() const;  // of the program's clock
+  void ActAt(std::int64_t ms, const std::function<void()>& work);
 
   FormWindow* WindowOf(const Form& form) const;
   bool Alive(const Control& control) const;
@@ -100,7 +106,10 @@ class QtEventLoop::Core final : public QObject, public WindowHost {
   QMargins border_ = {0, 30, 0, 0};
   QElapsedTimer away_;  // another program is in front
   QElapsedTimer sinceAsked_;
-  int depth_ = 0;  // handlers that are running
+  std::uint64_t stamp_ = 0;             // of the event that is being handled, 0 for none
+  std::uint64_t handStamp_ = 0;         // for the events of hands, which bear none
+  std::optional<std::int64_t> behind_;  // how far the stamps' clock lies behind ours, at the least
+  int depth_ = 0;                       // handlers that are running
   int nextToken_ = 0;
 };
 

@@ -78,6 +78,10 @@ void QtEventLoop::PostAfter(int ms, std::function<void()> work) {
   core_->agenda.PostAfter(ms, std::move(work));
 }
 
+std::int64_t QtEventLoop::EventMs() const {
+  return core_->EventMs();
+}
+
 void QtEventLoop::MousePointer(Pointer pointer) {
   core_->Point(pointer);
 }
@@ -119,6 +123,10 @@ Control* QtEventLoop::Focus(const Form& form) const {
 
 QMenu* QtEventLoop::OpenMenu() const {
   return core_->menu;
+}
+
+void QtEventLoop::ActAt(std::int64_t ms, const std::function<void()>& work) {
+  core_->ActAt(ms, work);
 }
 
 void QtEventLoop::Sync() {

@@ -49,6 +49,8 @@ class QtEventLoop final : public EventLoop {
   void Post(std::function<void()> work) override;
   void PostAfter(int ms, std::function<void()> work) override;
 
+  std::int64_t EventMs() const override;
+
   void MousePointer(Pointer pointer) override;
   Pointer MousePointer() const override;
   void Beep() override;
@@ -69,8 +71,10 @@ class QtEventLoop final : public EventLoop {
   QWidget* WidgetOf(const Control& control) const;
   Control* Focus(const Form& form) const;  // the control with the focus, or nothing
   QMenu* OpenMenu() const;                 // popped up and not yet answered
-  void Sync();                             // brings dirty controls into their widgets
-  std::int64_t Paints() const;             // how often windows were painted
+  // Runs `work`, and gives this stamp to the events that it sends without one.
+  void ActAt(std::int64_t ms, const std::function<void()>& work);
+  void Sync();                  // brings dirty controls into their widgets
+  std::int64_t Paints() const;  // how often windows were painted
   // The modal window in front of which `TheUser` had nothing more to do; blank when there is none.
   const Text& LeftOpen() const;
 

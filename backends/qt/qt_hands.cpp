@@ -1,5 +1,6 @@
 #include "backends/qt/qt_hands.h"
 
+#include "backends/qt/form_window.h"
 #include "backends/qt/keys.h"
 #include "backends/qt/look.h"
 
@@ -109,10 +110,11 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
   // and does not come back, the next one runs inside it.
   void Do(std::vector<std::function<void()>> steps) {
     for (std::function<void()>& step : steps) {
-      loop_.Post([self = shared_from_this(), step = std::move(step)] {
+      const std::int64_t at = Moment.value_or(loop_.EventMs());
+      loop_.Post([self = shared_from_this(), at, step = std::move(step)] {
         try {
           self->loop_.Sync();
-          step();
+          self->loop_.ActAt(at, step);
         } catch (const Unreachable& refused) {
           self->found_ = refused.what();
         }
@@ -180,6 +182,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
   }
 
   bool Held = false;
+  std::optional<std::int64_t> Moment;  // of the hands
 
  private:
   static bool Meets(const QWidget* surface, QPoint place) {
@@ -202,6 +205,7 @@ QtHands::QtHands(QtEventLoop& loop) : fingers_(std::make_shared<Fingers>(loop)) 
 QtHands::~QtHands() = default;
 
 void QtHands::Settle() {
+  fingers_->Moment = Moment;
   fingers_->Settle();
 }
 
@@ -224,9 +228,11 @@ void QtHands::DoubleClickAt(Control& control, int at) {
   Click(surface, fingers_->ChosenPlace(control, surface, at), true);
 }
 
-void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice) {
+void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice,
+                    bool shift) {
+  const Qt::KeyboardModifiers held = shift ? Qt::ShiftModifier : Qt::NoModifier;
   const auto send = [=](QEvent::Type type) {
-    return [=] { SendMouse(surface, type, place, Qt::LeftButton); };
+    return [=] { SendMouse(surface, type, place, Qt::LeftButton, held); };
   };
   fingers_->Do({send(QEvent::MouseButtonPress), send(QEvent::MouseButtonRelease)});
   if (twice) fingers_->Do({send(QEvent::MouseButtonDblClick), send(QEvent::MouseButtonRelease)});
@@ -269,8 +275,13 @@ void QtHands::Drag(Control& control, int from, int to) {
   const QPointF end = PlaceAt(control, surface, to);
   const QPointF start =
       picture ? fingers_->ChosenPlace(control, surface, from) : PlaceAt(control, surface, from);
+  // The control may follow the mouse, whose way stays where it was.
+  const QPointF corner = surface->mapToGlobal(QPointF());
   const auto send = [=](QEvent::Type type, QPointF place) {
-    return [=] { SendMouse(surface, type, place, Qt::LeftButton); };
+    return [=] {
+      if (surface == nullptr) return;
+      SendMouse(surface, type, place + corner - surface->mapToGlobal(QPointF()), Qt::LeftButton);
+    };
   };
   fingers_->Do({send(QEvent::MouseButtonPress, start)});
   constexpr int kMoves = 4;
@@ -279,6 +290,36 @@ void QtHands::Drag(Control& control, int from, int to) {
     fingers_->Do({send(QEvent::MouseMove, place.toPoint())});
   }
   fingers_->Do({send(QEvent::MouseButtonRelease, end)});
+}
+
+void QtHands::ShiftPress(Control& control) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  Click(SurfaceOf(widget), fingers_->FreePlace(control, widget), false, true);
+}
+
+// The label may follow the mouse, so the places are those of the screen.
+void QtHands::Pull(Control& control, int x, int y) {
+  Settle();
+  const QPointer<QWidget> widget = fingers_->CheckControl(control);
+  const QPoint start = fingers_->FreePlace(control, widget);
+  const QPointer<QWidget> surface = SurfaceOf(widget);
+  const auto* window = dynamic_cast<const FormWindow*>(surface->window());
+  const double scale = window == nullptr ? 1 : window->Scale();
+  const QPoint onScreen = surface->mapToGlobal(start);
+  const QPoint way(look::Pixels(x, scale), look::Pixels(y, scale));
+  const auto send = [=](QEvent::Type type, QPoint place) {
+    return [=] {
+      if (surface == nullptr) return;
+      SendMouse(surface, type, surface->mapFromGlobal(place), Qt::LeftButton);
+    };
+  };
+  constexpr int kMoves = 4;
+  fingers_->Do({send(QEvent::MouseButtonPress, onScreen)});
+  for (int i = 1; i <= kMoves; ++i) {
+    fingers_->Do({send(QEvent::MouseMove, onScreen + way * i / kMoves)});
+  }
+  fingers_->Do({send(QEvent::MouseButtonRelease, onScreen + way)});
 }
 
 // The program may turn in the handler of the press until the release has come, so that is on its

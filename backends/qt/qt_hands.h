@@ -28,6 +28,8 @@ class QtHands final : public Hands {
   void PressAt(Control& control, int at) override;
   void DoubleClickAt(Control& control, int at) override;
   void Drag(Control& control, int from, int to) override;
+  void Pull(Control& control, int x, int y) override;
+  void ShiftPress(Control& control) override;
   void Hold(Control& control, int ms) override;
   bool Holding() const override;
   void Type(Control& control, const Text& text) override;
@@ -44,7 +46,8 @@ class QtHands final : public Hands {
 
  private:
   class Fingers;
-  void Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice);
+  void Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice,
+             bool shift = false);
   void SelectInCombo(const QPointer<QWidget>& widget, int row);
   void SelectInView(const QPointer<QWidget>& widget, const std::vector<int>& rows);
 

@@ -1,5 +1,7 @@
 #include "backends/qt/qt_inhibitor.h"
 
+#include "backends/qt/qt_bus_knock.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -31,15 +33,19 @@ QDBusMessage Call(const Desk& desk, const char* method) {
   return call;
 }
 
-// A wish that was granted after nobody wanted it any more is taken back at once.
+// A wish that was granted after nobody wanted it any more is taken back at once. Nothing is asked
+// of a bus that is silent.
 class Held final : public Inhibition {
  public:
-  explicit Held(const QString& why) : bus_(QDBusConnection::sessionBus()) {
-    for (const Desk& desk : kDesks) Ask(desk, why);
-  }
+  Held(const QByteArray& address, const QString& why)
+      : knock_(address, [this, why] {
+          for (const Desk& desk : kDesks) Ask(desk, why);
+        }) {}
   ~Held() override {
     *wanted_ = false;
-    for (const auto& [desk, cookie] : *cookies_) Release(bus_, *desk, cookie);
+    for (const auto& [desk, cookie] : *cookies_) {
+      Release(QDBusConnection::sessionBus(), *desk, cookie);
+    }
   }
   Held(const Held&) = delete;
   Held& operator=(const Held&) = delete;
@@ -53,9 +59,10 @@ class Held final : public Inhibition {
     if (desk.Session) call << uint{0};
     call << why;
     if (desk.Session) call << kNoSleepNoIdle;
-    auto* watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call));
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call));
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
-                     [bus = bus_, &desk, wanted = wanted_, cookies = cookies_, watcher] {
+                     [bus, &desk, wanted = wanted_, cookies = cookies_, watcher] {
                        const QDBusPendingReply<uint> reply = *watcher;
                        watcher->deleteLater();
                        if (reply.isError()) return;  // this desktop is not there
@@ -72,9 +79,9 @@ class Held final : public Inhibition {
     bus.send(call);
   }
 
-  QDBusConnection bus_;
   std::shared_ptr<bool> wanted_ = std::make_shared<bool>(true);
   std::shared_ptr<Cookies> cookies_ = std::make_shared<Cookies>();
+  QtBusKnock knock_;
 };
 
 class Nothing final : public Inhibition {};
@@ -82,8 +89,9 @@ class Nothing final : public Inhibition {};
 }  // namespace
 
 std::unique_ptr<Inhibition> QtInhibitor::Inhibit(const Text& why) {
-  if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return std::make_unique<Nothing>();
-  return std::make_unique<Held>(QString::fromStdWString(why));
+  const QByteArray address = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+  if (address.isEmpty()) return std::make_unique<Nothing>();
+  return std::make_unique<Held>(address, QString::fromStdWString(why));
 }
 
 }  // namespace vantora

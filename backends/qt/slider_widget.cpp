@@ -46,7 +46,7 @@ int SliderWidget::ValueAt(const QPointF& place) const {
 KnobTravel SliderWidget::Travel() const {
   // As large a share of the track as in the model, also in a window that is scaled down.
   const int knob = track_ > 0 ? height() * FaderKnob::kKnobHeight / track_ : 0;
-  return {height(), knob, maximum()};
+  return {height(), knob, maximum(), minimum()};
 }
 
 void SliderWidget::mousePressEvent(QMouseEvent* event) {

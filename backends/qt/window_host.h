@@ -8,6 +8,8 @@
 #include <QMargins>
 #include <QRect>
 
+#include <cstdint>
+
 class QWidget;
 
 namespace vantora {
@@ -23,6 +25,8 @@ class WindowHost {
   virtual void Activated() = 0;                                   // some window got the focus
   virtual void Restored(Form& form) = 0;                          // it was minimized
   virtual void Painted() = 0;
+  // The stamp of the key or mouse event that is being handled, 0 for none; returns the one before.
+  virtual std::uint64_t Stamp(std::uint64_t stamp) = 0;
   virtual QRect Room(const QWidget& window) const = 0;  // that windows have on its screen
   virtual QMargins& Border() = 0;  // that the desktop puts round a window; a guess at first
   virtual Text PathOfFile(const QString& file) const = 0;  // as the program writes it

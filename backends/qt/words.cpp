@@ -26,7 +26,9 @@ void Draw(QPainter& painter, const WordsLook& look, const QRect& shown) {
     const QFontMetrics metrics = painter.fontMetrics();
     const int width = static_cast<int>(place.width());
     QStringList lines = look.Words.split(u'\n');
-    for (QString& line : lines) line = metrics.elidedText(line, Qt::ElideRight, width);
+    for (QString& line : lines) {
+      if (!look.OwnFont) line = metrics.elidedText(line, Qt::ElideRight, width);
+    }
     painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
   }
   painter.restore();
@@ -48,7 +50,7 @@ QString KeyOf(const WordsLook& look, double density) {
 
 void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density) {
   if (look.Words.isEmpty() || look.Place.isEmpty()) return;
-  const std::int64_t fonts = QtApp::StampOfStartFonts();
+  const std::int64_t fonts = look.OwnFont ? 0 : QtApp::StampOfStartFonts();
   if (fonts == 0) return Draw(painter, look, look.Place);
   const QPixmap drawn = pictures.Words(
       KeyOf(look, density), fonts, look.Place.size(), density,

@@ -19,7 +19,8 @@ struct WordsLook {
   QRect Place;  // pixels
   Qt::Alignment Align = Qt::AlignLeft | Qt::AlignTop;
   bool Wrap = false;
-  double Scale = 1;  // of the words; they break and end where they do at full size
+  double Scale = 1;      // of the words; they break and end where they do at full size
+  bool OwnFont = false;  // one of the user's: no line loses its end, and none is kept as a picture
 };
 
 void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density);

@@ -21,6 +21,7 @@ class MixerLine final : public ucEQPro {
     outs_.clear();
     ins_.clear();
     master_ = {};
+    card_.Search();
     if (!card_.Present()) return;
     Line wave{kOwnLine, L"Wave", Role::Wave, true};
     for (const Line& line : card_.Lines()) {

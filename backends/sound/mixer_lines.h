@@ -23,6 +23,8 @@ class MixerCard {
   };
 
   virtual ~MixerCard() = default;
+  // The card that sound goes to may have come or gone: looks for it anew, at most twice a second.
+  virtual void Search() = 0;
   virtual bool Present() = 0;             // the machine has sound
   virtual Text Name() = 0;                // blank when it is not present
   virtual std::vector<Line> Lines() = 0;  // in the card's order

@@ -8,19 +8,27 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 
 namespace vantora {
 
 class OutputVolume {
  public:
   int Volume() const { return volume_; }
-  void SetVolume(int volume) { volume_ = std::clamp(volume, 0, kFullVolume); }
+  void SetVolume(int volume) { Set(volume_, std::clamp(volume, 0, kFullVolume)); }
   bool On() const { return on_; }
-  void SetOn(bool on) { on_ = on; }
+  void SetOn(bool on) { Set(on_, on); }
   // What samples are multiplied with: the cube of the volume, which is how the ear hears it.
   double Gain() const;
 
+  std::function<void()> OnChange;  // on the interface thread
+
  private:
+  template <typename T>
+  void Set(std::atomic<T>& value, T wanted) {
+    if (value.exchange(wanted) != wanted && OnChange) OnChange();
+  }
+
   std::atomic<int> volume_{kFullVolume};
   std::atomic<bool> on_{true};
 };

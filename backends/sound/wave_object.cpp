@@ -189,7 +189,15 @@ void WaveObject::MakeAnew() {
   if (slash != Text::npos && !dateien_.IsDirectory(file_.substr(0, slash + 1))) {
     dateien_.MkDir(file_.substr(0, slash));
   }
-  WriteWaveHeader(*dateien_.Open(file_, Zugriff::Neu), 0);
+  std::unique_ptr<Datei> made = dateien_.Open(file_, Zugriff::Neu);
+  try {
+    WriteWaveHeader(*made, 0);
+  } catch (const Laufzeitfehler&) {
+    made.reset();
+    dateien_.Kill(file_);  // a piece of a header is no wave file
+    throw;
+  }
+  made.reset();
   wave_.Open(file_);
   state_ = State::Open;
 }

@@ -97,6 +97,45 @@ wait 20000
 shot frmAufnehmen_@SIZE@.png
 press frmAufnehmen.imgRecordStop
 press frmAufnehmen.imgAbbrechen
+# a cover, with a picture on its front
+makepicture C:\Vantora\Pictures\mar.bmp 1200 900
+press frmHauptForm.imgPrintCover
+type frmPrintStart.txtTitel(0) "Verano"
+type frmPrintStart.txtTitel(1) "Varios"
+shot frmPrintStart_@SIZE@.png
+press frmPrintStart.imgReady
+press frmPrint.lblBeschriftung(1) shift
+shot frmPrint_dorso_@SIZE@.png
+press frmPrint.lblBeschriftung(1) shift
+press frmPrint.imgControl(1)
+press frmPrint.imgLoadPic
+choose C:\Vantora\Pictures\mar.bmp
+expect-window frmPrint
+pull frmPrint.lblCDTitel 3000 1200
+shot frmPrint_cubierta_@SIZE@.png
+press frmPrint.imgControl(2)
+shot frmPrint_etiqueta_@SIZE@.png
+press frmPrint.imgAbbrechen
+# the medley: a crossfade of six seconds, and the counter in the middle of a tap
+select frmHauptForm.lvwKatalog 1 4
+press frmHauptForm.imgTitel
+type frmMedley.txtBPM 124
+key frmMedley Return
+type frmMedley.txtDauer 6
+key frmMedley Return
+press frmMedley.chkPitch
+shot frmMedley_@SIZE@.png
+press frmMedley.imgSpeedMeasure
+key frmBeatCounter Space
+wait 484
+key frmBeatCounter Space
+wait 484
+key frmBeatCounter Space
+wait 3000
+after 1000 shot frmBeatCounter_@SIZE@.png
+hold frmBeatCounter.imgBeat 3000
+key frmBeatCounter Escape
+key frmMedley Escape
 press frmHauptForm.Logo
 shot frmAbout_@SIZE@.png
 key frmAbout Escape

@@ -95,6 +95,33 @@ void WriteSineWave(const std::string& file, const SineWave& wave) {
   if (!out) throw std::runtime_error(file + " was to be written, that failed");
 }
 
+void WriteBmp(const std::string& file, int width, int height) {
+  constexpr std::uint32_t kHead = 54;
+  const int fill = (4 - width * 3 % 4) % 4;  // a row has whole words
+  const auto rows =
+      static_cast<std::uint32_t>(width * 3 + fill) * static_cast<std::uint32_t>(height);
+  std::string bytes = "BM";
+  for (const std::uint32_t word : {kHead + rows, 0U, kHead, 40U, static_cast<std::uint32_t>(width),
+                                   static_cast<std::uint32_t>(height)}) {
+    Append(bytes, word, 4);
+  }
+  Append(bytes, 1, 2);   // plane
+  Append(bytes, 24, 2);  // bits
+  for (const std::uint32_t word : {0U, rows, 2835U, 2835U, 0U, 0U}) Append(bytes, word, 4);
+  for (int y = height - 1; y >= 0; --y) {
+    for (int x = 0; x < width; ++x) {
+      Append(bytes, 150, 1);
+      Append(bytes, static_cast<std::uint32_t>(255 * y / height), 1);
+      Append(bytes, static_cast<std::uint32_t>(255 * x / width), 1);
+    }
+    Append(bytes, 0, fill);
+  }
+  std::ofstream out(file, std::ios::binary);
+  out << bytes;
+  out.close();
+  if (!out) throw std::runtime_error("cannot write " + file);
+}
+
 void WriteSineMp3(const std::string& file, const SineWave& wave) {
   const std::string source = file + ".wav-for-lame";
   WriteSineWave(source, wave);

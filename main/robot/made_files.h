@@ -1,4 +1,4 @@
-// Sound files that a script asks for.
+// Sound files and pictures that a script asks for.
 #pragma once
 
 #include <string>
@@ -18,5 +18,8 @@ struct SineWave {
 void WriteSineWave(const std::string& file, const SineWave& wave);
 // The same sound as an MP3 file of 128 kbit/s, made by the program `lame`.
 void WriteSineMp3(const std::string& file, const SineWave& wave);
+
+// A picture without compression: red grows to the right, green downwards, over a blue ground.
+void WriteBmp(const std::string& file, int width, int height);
 
 }  // namespace vantora

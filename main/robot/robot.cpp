@@ -38,6 +38,7 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"setting", &Robot::Setting},
       {L"copy", &Robot::Copy},
       {L"makewave", &Robot::MakeWave},
+      {L"makepicture", &Robot::MakePicture},
       {L"makemp3", &Robot::MakeMp3},
       {L"writefile", &Robot::WriteFile},
       {L"delete", &Robot::Delete},
@@ -46,6 +47,7 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"doubleclick", &Robot::DoubleClick},
       {L"rightclick", &Robot::RightClick},
       {L"drag", &Robot::Drag},
+      {L"pull", &Robot::Pull},
       {L"hold", &Robot::Hold},
       {L"drop", &Robot::Drop},
       {L"type", &Robot::Type},
@@ -117,6 +119,7 @@ void Robot::Execute(const ScriptLine& line, Form* front) {
   } else if (!running_ && NeedsProgram(line)) {
     Fail(line, "the program was to run, it has not been started or has ended");
   } else {
+    if (running_) Tapped(line);
     Guard(line, [&] { (this->*Find(line.Verb))(line, front); });
   }
 }
@@ -142,6 +145,13 @@ void Robot::Fail(const ScriptLine& line, const std::string& what) {
 void Robot::Rest(int ms) {
   resting_ = true;
   stage_.Loop().PostAfter(ms, [this] { resting_ = false; });
+}
+
+// Who taps a beat counts from tap to tap, and not from when the program has answered the last one.
+void Robot::Tapped(const ScriptLine& line) {
+  const bool goesOn = !ActsOnProgram(line) || line.Verb == L"key" || line.Verb == L"wait";
+  if (!goesOn) beat_.reset();
+  stage_.TheHands().Moment = beat_;
 }
 
 void Robot::Then(const ScriptLine& line, Step step) {

@@ -10,6 +10,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -40,6 +41,7 @@ class Robot final : public User {
   bool AtEnd(Form* front);
   void AfterTheProgram(const ScriptLine& line);
   void Rest(int ms);
+  void Tapped(const ScriptLine& line);
   void Then(const ScriptLine& line, Step step);
 
   Form& FindForm(const Text& name) const;
@@ -64,6 +66,7 @@ class Robot final : public User {
   void Setting(const ScriptLine& line, Form* front);
   void Copy(const ScriptLine& line, Form* front);
   void MakeWave(const ScriptLine& line, Form* front);
+  void MakePicture(const ScriptLine& line, Form* front);
   void MakeMp3(const ScriptLine& line, Form* front);
   void WriteFile(const ScriptLine& line, Form* front);
   void Delete(const ScriptLine& line, Form* front);
@@ -72,6 +75,7 @@ class Robot final : public User {
   void DoubleClick(const ScriptLine& line, Form* front);
   void RightClick(const ScriptLine& line, Form* front);
   void Drag(const ScriptLine& line, Form* front);
+  void Pull(const ScriptLine& line, Form* front);
   void Hold(const ScriptLine& line, Form* front);
   void Drop(const ScriptLine& line, Form* front);
   void Type(const ScriptLine& line, Form* front);
@@ -114,6 +118,7 @@ class Robot final : public User {
   const ScriptLine* stepsOf_ = nullptr;
   std::vector<const ScriptLine*> afterPending_;  // `after` lines that have not run yet
   bool running_ = false;                         // the program is between its start and its end
+  std::optional<std::int64_t> beat_;  // when the last wait was to end, as long as keys alone follow
   bool resting_ = false;
   bool closing_ = false;      // `close` was pressed
   bool scriptEnded_ = false;  // the program asked when the script was at its end

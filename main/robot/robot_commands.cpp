@@ -75,6 +75,11 @@ void Robot::MakeWave(const ScriptLine& line, Form* /*front*/) {
   WriteSineWave(HostPath(line.Value), {n[0], n[1], n[2], n[3], n[4]});
 }
 
+void Robot::MakePicture(const ScriptLine& line, Form* /*front*/) {
+  MakeFolderOf(stage_.Files(), line.Value);
+  WriteBmp(HostPath(line.Value), line.Numbers[0], line.Numbers[1]);
+}
+
 void Robot::MakeMp3(const ScriptLine& line, Form* /*front*/) {
   SineWave wave;
   wave.Ms = line.Numbers[0];

@@ -15,6 +15,7 @@ namespace vantora {
 
 namespace {
 
+constexpr int kBehindMs = 1000;  // what a busy machine may lose between two taps
 constexpr int kPollMs = 20;
 constexpr std::size_t kBlockBytes = 1U << 16U;
 
@@ -171,7 +172,15 @@ void Robot::ExpectMixer(const ScriptLine& line, Form* /*front*/) {
 }
 
 void Robot::Wait(const ScriptLine& line, Form* /*front*/) {
-  Rest(line.Numbers.front());
+  EventLoop& loop = stage_.Loop();
+  const std::int64_t now = loop.EventMs();
+  const bool late = !beat_ || now - *beat_ > kBehindMs;
+  const std::int64_t due = (late ? now : *beat_) + line.Numbers.front();
+  resting_ = true;
+  loop.PostAfter(static_cast<int>(std::max<std::int64_t>(due - now, 0)), [this, due] {
+    resting_ = false;
+    beat_ = due;
+  });
 }
 
 // What fails outside of a turn ends the program from inside, as nobody may ask for long.
@@ -179,6 +188,7 @@ void Robot::After(const ScriptLine& line, Form* /*front*/) {
   afterPending_.push_back(&line);
   stage_.Loop().PostAfter(line.Numbers.front(), [this, &line] {
     std::erase(afterPending_, &line);
+    beat_.reset();
     if (!failed_) Execute(*line.Inner, stage_.Loop().Front());
     if (failed_) throw ProgrammEnde{};
   });

@@ -173,6 +173,13 @@ void ParseMakeWave(ScriptLine& line, Words& words) {
   line.Numbers = {ms, hertz, rate, bits, channels};
 }
 
+void ParseMakePicture(ScriptLine& line, Words& words) {
+  constexpr int kSide = 20'000;
+  line.Value = words.ProductPath();
+  const int width = words.Number("a number of points across", 1, kSide);
+  line.Numbers = {width, words.Number("a number of points down", 1, kSide)};
+}
+
 void ParseMakeMp3(ScriptLine& line, Words& words) {
   line.Value = words.ProductPath();
   const int ms = words.Milliseconds("a number of seconds");
@@ -198,6 +205,16 @@ void ParsePress(ScriptLine& line, Words& words) {
   if (words.More()) line.Numbers = {words.Number("a place to press at", 0, 1000)};
 }
 
+// Value: "shift" when that key is held.
+void ParsePressOrShift(ScriptLine& line, Words& words) {
+  line.Subject = words.ControlName();
+  if (words.Skip(L"shift")) {
+    line.Value = L"shift";
+  } else if (words.More()) {
+    line.Numbers = {words.Number("shift or a place to press at", 0, 1000)};
+  }
+}
+
 void ParseHold(ScriptLine& line, Words& words) {
   line.Subject = words.ControlName();
   line.Numbers = {words.Number("a number of milliseconds", 0, kAny)};
@@ -211,6 +228,13 @@ void ParseDrag(ScriptLine& line, Words& words) {
   line.Subject = words.ControlName();
   line.Numbers = {words.Number("a place to press at", 0, 1000),
                   words.Number("a place to let go at", 0, 1000)};
+}
+
+void ParsePull(ScriptLine& line, Words& words) {
+  constexpr int kFar = 32'000;  // twips
+  line.Subject = words.ControlName();
+  line.Numbers = {words.Number("a way to the right", -kFar, kFar),
+                  words.Number("a way down", -kFar, kFar)};
 }
 
 void ParseDrop(ScriptLine& line, Words& words) {
@@ -438,14 +462,16 @@ const std::map<Text, Grammar>& Commands() {
       {L"setting", {ParsePair, When::Before, Does::Prepare}},
       {L"copy", {ParsePair, When::Any, Does::Prepare, true}},
       {L"makewave", {ParseMakeWave, When::Any, Does::Prepare, true}},
+      {L"makepicture", {ParseMakePicture, When::Any, Does::Prepare, true}},
       {L"makemp3", {ParseMakeMp3, When::Any, Does::Prepare, true}},
       {L"writefile", {ParseWriteFile, When::Any, Does::Prepare, true}},
       {L"delete", {ParseProductPath, When::Any, Does::Prepare, true}},
       {L"start", {ParseNothing, When::Before, Does::Prepare}},
-      {L"press", {ParsePress, When::Running, Does::Act, true}},
+      {L"press", {ParsePressOrShift, When::Running, Does::Act, true}},
       {L"doubleclick", {ParsePress, When::Running, Does::Act, true}},
       {L"rightclick", {ParseControl, When::Running, Does::Act, true}},
       {L"drag", {ParseDrag, When::Running, Does::Act, true}},
+      {L"pull", {ParsePull, When::Running, Does::Act, true}},
       {L"hold", {ParseHold, When::Running, Does::Act}},
       {L"drop", {ParseDrop, When::Running, Does::Act, true}},
       {L"type", {ParseType, When::Running, Does::Act, true}},

@@ -26,6 +26,7 @@ std::vector<Text> FilesOf(const ScriptLine& line) {
 
 void Robot::Press(const ScriptLine& line, Form* /*front*/) {
   Control& control = FindControl(*line.Subject);
+  if (line.Value == L"shift") return stage_.TheHands().ShiftPress(control);
   if (line.Numbers.empty()) return stage_.TheHands().Press(control);
   stage_.TheHands().PressAt(control, line.Numbers[0]);
 }
@@ -42,6 +43,10 @@ void Robot::RightClick(const ScriptLine& line, Form* /*front*/) {
 
 void Robot::Drag(const ScriptLine& line, Form* /*front*/) {
   stage_.TheHands().Drag(FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
+}
+
+void Robot::Pull(const ScriptLine& line, Form* /*front*/) {
+  stage_.TheHands().Pull(FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
 }
 
 // What comes next is noted before the press: the program may ask its user while it is held.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/recorder/aufnahme_stage.h"
 #include "tests/support/buehne.h"
 
 #include <string>
@@ -60,6 +61,26 @@ TEST(Mixer, TheLineOfWavesStandsAtOneAndLinesThatAreNotThereAreHidden) {
     EXPECT_EQ(Zu(mixer), fall.Faders);
     EXPECT_EQ(mixer.faderMasterOut.Visible(), fall.Karte);
   }
+}
+
+TEST(Mixer, ACardThatComesOrGoesIsFoundWhenTheMixerOrTheRecorderOpens) {
+  AufnahmeBuehne a;
+  frmMixer& mixer = a.b.prog.frmMixer();
+  const auto oeffnen = [&](bool karte) {
+    mixer.imgCloseMixer_MouseUp();
+    a.b.platform.mixer.Present = karte;
+    mixer.Form_Activate();
+    return Zu(mixer);
+  };
+  EXPECT_EQ(oeffnen(false), "- - - - - - - - - -");
+  EXPECT_FALSE(mixer.faderMasterOut.Visible());
+  EXPECT_EQ(oeffnen(true), "Line Wave CD - - Line Mic - - -");
+  EXPECT_TRUE(mixer.faderMasterOut.Visible());
+  EXPECT_EQ(mixer.Fader(0).Value(), 50);
+  a.b.platform.mixer.Put({L"Gitarre", kEin, 1000});
+  a.OeffneEinzeln();
+  EXPECT_EQ(a.A().lbInputCaption(0).Caption(), L"Gitarre");
+  EXPECT_FALSE(a.A().optInput(1).Visible());
 }
 
 TEST(Mixer, AFaderMovesItsLineAndReadingMovesNothing) {

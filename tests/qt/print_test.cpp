@@ -259,7 +259,9 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
     const auto& read = dynamic_cast<const QtImage&>(*picture);
     EXPECT_EQ(read.Whole().size(), QSize(c.Width, c.Height));
     EXPECT_EQ(read.Scaled({30, 20}).size(), QSize(30, 20));
-    if (c.First != 0) EXPECT_EQ(read.Whole().pixel(0, 0) & 0xFFFFFF, c.First & 0xFFFFFF);
+    if (c.First != 0) {
+      EXPECT_EQ(read.Whole().pixel(0, 0) & 0xFFFFFF, c.First & 0xFFFFFF);
+    }
   }
   EXPECT_EQ(ErrorOf([&] { shop.images.Load(File("missing.jpg")); }), kFehlerDateiFehlt);
 }

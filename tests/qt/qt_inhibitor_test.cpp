@@ -9,6 +9,15 @@
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <functional>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace vantora {
 
@@ -19,11 +28,13 @@ class Desk final : public QDBusVirtualObject {
  public:
   QString introspect(const QString& /*path*/) const override { return {}; }
   bool handleMessage(const QDBusMessage& message, const QDBusConnection& bus) override {
+    if (const auto call = std::exchange(Before, {})) call();
     Asked << message.member() + QStringLiteral(" ") + message.arguments().value(0).toString();
     bus.send(message.createReply(QVariant(uint{42})));
     return true;
   }
   QStringList Asked;
+  std::function<void()> Before;  // runs in front of the next answer
 };
 
 // Lets events run until the desktop has been asked so often; a busy machine takes its time.
@@ -36,6 +47,29 @@ void TurnUntil(const Desk& desk, qsizetype calls) {
 }
 
 }  // namespace
+
+TEST(QtInhibitor, ABusThatTakesCallsAndNeverAnswersHoldsNothingUp) {
+  const QTemporaryDir folder;
+  const QByteArray path = (folder.path() + "/bus").toUtf8();
+  const int deaf = socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un at{};
+  at.sun_family = AF_UNIX;
+  std::copy(path.begin(), path.end(), at.sun_path);
+  ASSERT_EQ(bind(deaf, reinterpret_cast<const sockaddr*>(&at), sizeof at), 0);
+  ASSERT_EQ(listen(deaf, 1), 0);
+  qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
+  QtInhibitor inhibitor;
+  QElapsedTimer timer;
+  timer.start();
+  // More than the bus has room for.
+  std::vector<std::unique_ptr<Inhibition>> awake(4);
+  for (auto& one : awake) one = inhibitor.Inhibit(L"Grabación");
+  QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+  awake.clear();
+  EXPECT_LT(timer.elapsed(), 5000);
+  close(deaf);
+  qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
 
 TEST(QtInhibitor, TheDesktopIsAskedAndReleasedWhereThereIsABus) {
   QtInhibitor inhibitor;
@@ -60,7 +94,8 @@ TEST(QtInhibitor, TheDesktopIsAskedAndReleasedWhereThereIsABus) {
   EXPECT_EQ(desk.Asked, (QStringList{"Inhibit Vantora", "UnInhibit 42"}));
   // Granted after nobody wants it any more: taken back at once.
   desk.Asked.clear();
-  inhibitor.Inhibit(L"Grabación").reset();
+  awake = inhibitor.Inhibit(L"Grabación");
+  desk.Before = [&] { awake.reset(); };
   TurnUntil(desk, 2);
   EXPECT_EQ(desk.Asked, (QStringList{"Inhibit Vantora", "UnInhibit 42"}));
   QDBusConnection::disconnectFromBus("desktop");

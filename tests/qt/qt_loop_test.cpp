@@ -502,5 +502,22 @@ TEST_F(Stage, AScreenReaderFindsAFaderAsASliderWithItsNameAndValue) {
   Play(form);
 }
 
+TEST_F(Stage, AScreenReaderFindsALevelAsABarWithItsNameAndValue) {
+  FullForm form(loop);
+  form.Level.AccessibleName = Text(L"Nivel izquierdo");
+  form.Level.Active = true;
+  form.Level.PeakLeft = 1037;  // 30 of the 60 decibels
+  form.Level.PeakRight = 32767;
+  form.Level.Shown = Ears::Left;
+  person.Then([&] {
+    const auto* read = QAccessible::queryAccessibleInterface(loop.WidgetOf(form.Level));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(read->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(read->text(QAccessible::Name), "Nivel izquierdo");
+    EXPECT_EQ(read->text(QAccessible::Value), "50 %");
+  });
+  Play(form);
+}
+
 }  // namespace
 }  // namespace vantora

@@ -80,6 +80,50 @@ TEST(Aufnahme, WhatEndsATakeLeavesItWholeAndSaysWhy) {
   }
 }
 
+TEST(Aufnahme, ADeviceThatIsGoneWheneverItIsOpenedIsReportedOnce) {
+  AufnahmeBuehne t;
+  t.OeffneEinzeln();
+  t.Nimm(L"a.wav");
+  t.Warte(1000);
+  t.b.platform.input.Fleeting = true;
+  for (int i = 0; i < 3; ++i) t.b.Antwortet(kNein);
+  t.Warte(2000);
+  EXPECT_EQ(t.b.Gesagt().size(), 2U);  // the first asked for several takes
+  EXPECT_TRUE(t.A().imgOkay.Enabled);
+}
+
+TEST(Aufnahme, AFileThatHasNoRoomForItsHeaderIsTakenAway) {
+  AufnahmeBuehne t;
+  t.OeffneEinzeln();
+  t.platte->Room = 10;
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"a.wav")}).Antwortet(kNein);
+  t.Druecke(t.A().imgAufnehmen);
+  t.Warte(10);
+  EXPECT_EQ(t.b.Gesagt().back(), t.b.prog.Text(2043));
+  EXPECT_FALSE(t.Gibt(L"a.wav"));
+  EXPECT_EQ(t.A().AufnahmeZahl, 0);
+}
+
+TEST(Aufnahme, TheRecordButtonInATakeBeginsTheNextWithoutAGap) {
+  AufnahmeBuehne t;
+  t.OeffneLP();
+  t.Druecke(t.A().imgAufnehmen);
+  const std::string ton = Ton(12);
+  t.Spiele(ton);
+  t.Warte(3000);
+  // The window was busy before the press: what waits then is not lost.
+  t.b.Tu([&] { t.b.platform.loop.Sleep(1000); });
+  t.b.platform.clock.Advance(400);
+  t.Druecke(t.A().imgAufnehmen);
+  EXPECT_TRUE(t.A().NimmtAuf);
+  t.Warte(3000);
+  t.Druecke(t.A().imgRecordStop);
+  EXPECT_EQ(t.A().AufnahmeZahl, 2);
+  const std::string erste = t.Klang(L"lp00.wav"), zweite = t.Klang(L"lp01.wav");
+  EXPECT_GT(zweite.size(), 2U * 176400);
+  EXPECT_NE(ton.find((erste + zweite).substr(erste.size() - 176400)), std::string::npos);
+}
+
 TEST(Aufnahme, AnInputThatRefusesLeavesAWindowThatCanBeUsed) {
   AufnahmeBuehne t;
   t.b.platform.input.Kept = true;
@@ -154,7 +198,53 @@ TEST(Aufnahme, NamesAreAskedUntilOneServesAndNoFileIsLost) {
   }
   EXPECT_EQ(t.b.Lies(AufnahmeBuehne::Ort(L"lp01.wav")), "older");
   EXPECT_TRUE(t.Gibt(L"lp00.wav"));
-  EXPECT_TRUE(t.Gibt(L"lp02.wav"));
+  const std::string zweite = t.Klang(L"lp02.wav");
+  EXPECT_FALSE(zweite.empty());
+  // A take of the list is no file to replace, although the next number is its own.
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"lp.wav")}).Antwortet(kJa);
+  t.Druecke(t.A().imgNeueAufnahme);
+  t.Druecke(t.A().imgAufnehmen);
+  t.Warte(1500);
+  t.Druecke(t.A().imgRecordStop);
+  EXPECT_TRUE(t.Klang(L"lp02.wav") == zweite);
+  EXPECT_TRUE(t.Gibt(L"lp03.wav"));
+}
+
+TEST(Aufnahme, TakesThatBeginWhileANameIsAskedForKeepTheOneBefore) {
+  AufnahmeBuehne t;
+  t.b.Datei(AufnahmeBuehne::Ort(L"lp00.wav"), "old");
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"lp.wav")}).Antwortet(kNein);
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"cd.wav")});
+  t.b.Tu([&] { t.b.Haupt().imgLPKopieren_MouseUp(); });
+  t.b.WaehltDatei({AufnahmeBuehne::Ort(L"lp.wav")}).Antwortet(kJa);
+  t.Druecke(t.A().imgNeueAufnahme);
+  t.b.Datei(AufnahmeBuehne::Ort(L"lp00.wav"), "old");
+  t.Druecke(t.A().imgAufnehmen);
+  const auto pause = [&] {
+    t.Warte(7000);
+    EXPECT_TRUE(t.A().Wartet);
+  };
+  pause();
+  for (const bool gewaehlt : {false, true}) {
+    t.b.Macht([&](Form& dialog) {
+      t.Spiele(Ton(3));
+      t.b.platform.loop.Sleep(7000);
+      auto& fenster = dynamic_cast<frmLoadSave&>(dialog);
+      if (gewaehlt) t.b.platform.hands.Type(fenster.txtDateiName, L"lp");
+      t.b.platform.hands.Press(fenster.pbButton(gewaehlt ? 1 : 2));
+    });
+    t.Druecke(t.A().imgNeueAufnahme);
+  }
+  t.Spiele(Ton(3));
+  pause();
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_GT(t.Klang(L"lp0" + std::to_wstring(i) + L".wav").size(), 176400U) << i;
+  }
+  EXPECT_EQ(t.A().AufnahmeZahl, 4);
+  // Without several takes nothing is awaited, and the machine may sleep.
+  t.Druecke(t.A().cbxMultiTrack);
+  EXPECT_FALSE(t.A().Sitzung);
+  EXPECT_EQ(t.b.platform.inhibitor.Awake(), 0);
 }
 
 TEST(Aufnahme, TheOtherSideIsAskedForOnceAndOnlyForARecord) {

@@ -23,6 +23,10 @@ press frmAufnehmen.optInput(1)
 linein play C:\m\disco.wav
 within 5000 expect frmAufnehmen.Level1.PeakLeft > 10000
 expect frmAufnehmen.lvwAufnehmen.Count == 0
+# a name that has not been typed is none
+press frmAufnehmen.imgAufnehmen
+press frmLoadSave.pbButton(1)
+expect-window frmAufnehmen
 press frmAufnehmen.imgAufnehmen
 choose C:\Vantora\Wavs\vals.wav
 within 10000 expect frmAufnehmen.imgOkay.Enabled == False

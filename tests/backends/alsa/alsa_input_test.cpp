@@ -128,4 +128,18 @@ TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
   EXPECT_TRUE(ring.Gone());
 }
 
+TEST(AlsaInput, WhatTheCardHeldBeforeASkipIsNotDeliveredAfterIt) {
+  CaptureRing ring(4);
+  const std::vector<std::int16_t> sound(1024 * 2);
+  constexpr std::int64_t kPressed = 1000;
+  ring.Skip(kPressed);
+  ring.Append(sound.data(), 1024, kPressed, 5);  // read late, but heard before
+  CapturedSound got;
+  EXPECT_FALSE(ring.Next(got));
+  ring.Append(sound.data(), 1024, kPressed + 1, 0);  // heard across that moment
+  ASSERT_TRUE(ring.Next(got));
+  EXPECT_EQ(got.Ticks, kPressed + 1);
+  EXPECT_EQ(got.LostMs, 0);
+}
+
 }  // namespace vantora::test

@@ -1,0 +1,92 @@
+#include "cover/seiten.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace vantora {
+
+namespace {
+
+using Ort = CoverZustand::Ort;
+
+}  // namespace
+
+TEST(Seiten, AButtonShowsTheSideOfItsPaperAndAPartKeepsItsPicture) {
+  struct Fall {
+    int Knopf, Papier, Seite;
+    Mass Groesse;
+    Rechteck Bild;
+  };
+  const Fall faelle[] = {
+      {0, kZentriert, 0, {8565, 6690}, {345, 0, 7875, 6690}},
+      {0, kPapierQM, 4, {8565, 6690}, {345, 0, 7875, 6690}},
+      {4, kZentriert, 0, {8565, 6690}, {345, 0, 7875, 6690}},
+      {1, kZentriert, 1, {13605, 6810}, {6802, 0, 6803, 6810}},
+      {1, kPapierQM, 3, {6802, 6810}, {0, 0, 6802, 6810}},
+      {3, kZentriert, 1, {13605, 6810}, {6802, 0, 6803, 6810}},
+      {2, kZentriert, 2, {6810, 6810}, {0, 0, 6810, 6810}},
+      {2, kPapierQM, 2, {6810, 6810}, {0, 0, 6810, 6810}},
+  };
+  for (const Fall& fall : faelle) {
+    SCOPED_TRACE(testing::Message() << fall.Knopf << " on " << fall.Papier);
+    const int seite = SeiteFuer(fall.Knopf, fall.Papier);
+    EXPECT_EQ(seite, fall.Seite);
+    EXPECT_EQ(MassDerSeite(seite), fall.Groesse);
+    EXPECT_EQ(BildPlatz(seite), fall.Bild);
+    EXPECT_EQ(TeilDerSeite(seite), TeilDerSeite(SeiteFuer(fall.Knopf, 1 - fall.Papier)));
+  }
+}
+
+TEST(Seiten, LinesBeginWhereTheSideHasItsTextsAndNearerWithLargeFonts) {
+  CoverZustand cover;
+  ZeilenPosFuellen(cover, 15);
+  EXPECT_EQ(cover.ZeilenPos[0][1], (Ort{600, 650}));
+  EXPECT_EQ(cover.ZeilenPos[1][2], (Ort{5600, 830}));
+  EXPECT_EQ(cover.ZeilenPos[4][50], (Ort{600, 650 + 180 * 49}));
+  ZeilenPosFuellen(cover, 12);
+  EXPECT_EQ(cover.ZeilenPos[0][1], (Ort{480, 520}));
+  EXPECT_EQ(cover.ZeilenPos[1][2], (Ort{4480, 664}));
+}
+
+TEST(Seiten, AMovedTextStandsOnTheGridAndInsideTheSide) {
+  const Mass text = {1000, 230};
+  EXPECT_EQ(OrtInDerSeite(kLabel, 649, 674, text, Raster(15)), (Ort{600, 650}));
+  EXPECT_EQ(OrtInDerSeite(kLabel, 651, 676, text, Raster(15)), (Ort{700, 700}));
+  EXPECT_EQ(OrtInDerSeite(kLabel, 651, 676, text, Raster(12)), (Ort{600, 660}));
+  EXPECT_EQ(OrtInDerSeite(kLabel, -300, -20, text, Raster(15)), (Ort{0, 0}));
+  EXPECT_EQ(OrtInDerSeite(kLabel, 9000, 9000, text, Raster(15)), (Ort{5800, 6550}));
+  EXPECT_EQ(OrtInDerSeite(kLabel, 500, 500, {7000, 7000}, Raster(15)), (Ort{0, 0})) << "no room";
+}
+
+TEST(Seiten, AnArrowMovesByAHundredUnlessTheTextWouldLeaveTheSide) {
+  struct Fall {
+    int Taste;
+    Ort Von, Nach;
+    bool Geht;
+  };
+  const Fall faelle[] = {
+      {kKeyRight, {600, 650}, {700, 650}, true}, {kKeyDown, {600, 650}, {600, 750}, true},
+      {kKeyLeft, {480, 520}, {400, 500}, true},  {kKeyLeft, {40, 650}, {40, 650}, false},
+      {kKeyUp, {600, 50}, {600, 50}, false},     {kKeyRight, {5800, 650}, {5800, 650}, false},
+      {kKeyDown, {0, 6500}, {0, 6500}, false},   {kKeyUp, {0, 100}, {0, 0}, true},
+  };
+  for (const Fall& fall : faelle) {
+    Ort ort = fall.Von;
+    EXPECT_EQ(TastenSchritt(kLabel, fall.Taste, {1000, 230}, ort), fall.Geht) << fall.Taste;
+    EXPECT_EQ(ort, fall.Nach);
+  }
+}
+
+TEST(Seiten, ADottedLineJumpsAtEveryMultipleOfTwenty) {
+  std::vector<int> punkte;
+  Punktreihe(-21, 41, [&](int i) { punkte.push_back(i); });
+  std::vector<int> soll = {-21};
+  for (int takt : {-20, 0, 20}) {
+    for (int i = takt + 10; i < takt + 20; ++i) soll.push_back(i);
+  }
+  soll.push_back(50);  // the jump at 40
+  EXPECT_EQ(punkte, soll);
+}
+
+}  // namespace vantora

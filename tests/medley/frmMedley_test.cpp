@@ -1,0 +1,185 @@
+#include "medley/frmMedley.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/buehne.h"
+
+namespace vantora {
+
+namespace {
+
+class MedleyFenster : public Buehne {
+ public:
+  explicit MedleyFenster(const std::vector<Text>& titel = {L"a", L"b", L"c"}) {
+    Start();
+    Katalog(titel);
+  }
+  // The window stands for all rows of the catalog; `laenge` is what the catalog says of each track.
+  frmMedley& Oeffne(const Text& laenge = L"") {
+    for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
+      if (!laenge.empty()) prog.Katalog[i].Laenge = laenge;
+    }
+    ListItems& zeilen = Haupt().lvwKatalog.ListItems;
+    for (int i = 1; i <= zeilen.Count(); ++i) zeilen(i).SetSelected(true);
+    Tu([this] { Haupt().imgTitel_MouseUp(); });
+    return prog.frmMedley();
+  }
+  void Zeile(int zeile) { platform.hands.Select(prog.frmMedley().lstMedleyTracks, {zeile + 1}); }
+  void Tippe(TextBox& feld, const Text& text, bool intro) {
+    platform.hands.Type(feld, text);
+    if (intro) platform.hands.Key(prog.frmMedley(), L"Return");
+  }
+  Text Spur(int zeile) {
+    const MedleyEintrag& e = prog.Medley.at(static_cast<std::size_t>(zeile));
+    return e.BPM + L"/" + e.Dauer + L"/" + (e.PitchKorrektur != 0 ? L"x" : L"-");
+  }
+};
+
+}  // namespace
+
+TEST(Medley, EveryValueReachesItsRowAtItsMoment) {
+  MedleyFenster b;
+  frmMedley& m = b.Oeffne();
+  EXPECT_EQ(b.Spur(0), L"50/1/-");  // the checks of a typed value, at the opening
+  EXPECT_EQ(b.Spur(1), L"/1/-");    // a row that was not visited
+  b.Tippe(m.txtBPM, L"120", false);
+  EXPECT_EQ(b.Spur(0), L"50/1/-");
+  b.platform.hands.Press(m.chkPitch);
+  EXPECT_EQ(b.Spur(0), L"50/1/x");  // at once
+  b.Zeile(1);
+  EXPECT_EQ(b.Spur(0), L"120/1/x");
+  EXPECT_EQ(m.txtBPM.Text(), L"");
+  EXPECT_EQ(m.chkPitch.Value(), 0);
+  b.platform.hands.Drag(m.imgMedleyKnopf, 500, 0);
+  EXPECT_EQ(m.txtBPM.Text(), L"280");
+  EXPECT_EQ(b.Spur(1), L"/1/-");  // the text alone
+  b.Tippe(m.txtDauer, L"12", true);
+  EXPECT_EQ(m.txtDauer.Text(), L"3");  // no longer than the track
+  EXPECT_EQ(b.Spur(1), L"/12/-");      // stored before it is cut
+  b.Zeile(2);
+  EXPECT_EQ(b.Spur(1), L"280/3/-");
+  EXPECT_FALSE(m.txtDauer.Enabled());
+  EXPECT_FALSE(m.chkPitch.Enabled());
+  EXPECT_FALSE(m.picWaveToFade(1).Visible());
+  b.platform.hands.Key(m, L"Escape");
+  EXPECT_FALSE(b.prog.frmMedley.Geladen());
+  EXPECT_EQ(b.prog.Medley.size(), 1U);
+  EXPECT_TRUE(b.Haupt().Window.Enabled());
+}
+
+TEST(Medley, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
+  MedleyFenster b;
+  frmMedley& m = b.Oeffne(L"60000");
+  b.Tippe(m.txtDauer, L"12", true);
+  EXPECT_EQ(m.txtDauer.Text(), L"12");
+  EXPECT_EQ(m.picWaveToFade(0).Left(), 1875);  // the picture ends at ten
+  b.platform.hands.Key(m, L"Tab");
+  EXPECT_EQ(m.txtDauer.Text(), L"10");
+  EXPECT_EQ(b.Spur(0), L"50/10/-");
+}
+
+TEST(Medley, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
+  struct {
+    Text Erste, Zweite, Getippt, Erwartet;
+  } const faelle[] = {
+      {L"3500", L"3700", L"9", L"3.5"},  {L"3700", L"3500", L"9", L"3.5"},
+      {L"60000", L"4200", L"9", L"4.2"}, {L"1e999", L"-5", L"9", L"9"},
+      {L"", L"nada", L"9", L"9"},        {L"60000", L"60000", L"99999999", L"60"},
+  };
+  for (const auto& fall : faelle) {
+    MedleyFenster b;
+    b.prog.Katalog[1].Laenge = fall.Erste;
+    b.prog.Katalog[2].Laenge = fall.Zweite;
+    frmMedley& m = b.Oeffne();
+    b.Tippe(m.txtDauer, fall.Getippt, true);
+    EXPECT_EQ(m.txtDauer.Text(), fall.Erwartet);
+    EXPECT_TRUE(b.Gesagt().empty());
+  }
+}
+
+TEST(Medley, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
+  MedleyFenster b;
+  frmMedley& m = b.Oeffne(L"60000");
+  const auto ueberlappung = [&m] {
+    return m.picWaveToFade(0).Left() + m.picWaveToFade(0).Width() - m.picWaveToFade(1).Left() -
+           2 * Streifen::kRahmen;
+  };
+  const int eine = ueberlappung();
+  EXPECT_EQ(eine, 360);
+  const int breite = m.picWaveToFade(0).Width;
+  const auto ziehe = [&](int twips) {
+    const int promille = twips * 1000 / breite;
+    b.platform.hands.Drag(m.picWaveToFade(0), 500, 500 + promille);
+  };
+  ziehe(180 * 4 + 60);
+  EXPECT_EQ(m.txtDauer.Text(), L"5");
+  EXPECT_EQ(ueberlappung(), 5 * eine);
+  EXPECT_EQ(b.Spur(0), L"50/1/-");  // the text alone
+  b.platform.hands.Key(m, L"Right");
+  EXPECT_EQ(m.txtDauer.Text(), L"6");
+  b.platform.hands.Key(m, L"End");
+  b.platform.hands.Key(m, L"Right");
+  EXPECT_EQ(m.txtDauer.Text(), L"10");
+  EXPECT_EQ(ueberlappung(), 10 * eine);
+  ziehe(-2500);
+  EXPECT_EQ(m.txtDauer.Text(), L"1");
+  EXPECT_EQ(m.picWaveToFade(0).Left(), 255);
+  EXPECT_EQ(ueberlappung(), eine);
+  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+}
+
+TEST(Medley, TheKnobStandsWhereItsTempoSays) {
+  const KnobTravel weg{150, 22, 280, 50};
+  for (const int bpm : {50, 51, 120, 165, 279, 280}) {
+    const double oben = (150.0 - 22) / 230 * (230 - (bpm - 50));
+    EXPECT_NEAR(weg.TopOf(bpm), oben, 0.5);
+    EXPECT_NEAR(weg.ValueAt(weg.TopOf(bpm)), bpm, 1);
+  }
+}
+
+TEST(Medley, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
+  std::vector<Text> titel;
+  titel.reserve(99);
+  for (int i = 0; i < 99; ++i) titel.push_back(L"t" + std::to_wstring(i));
+  MedleyFenster b(titel);
+  frmMedley& m = b.Oeffne();
+  EXPECT_EQ(m.lstMedleyTracks.ListCount(), 99);
+  b.Zeile(98);
+  EXPECT_FALSE(m.imgPreview.Enabled());
+  b.Zeile(97);
+  EXPECT_EQ(m.lblSongName(1).Caption(), L"Voz: t98");
+}
+
+TEST(Medley, NothingReachesTheWindowWhileItJoinsTracks) {
+  MedleyFenster b;
+  frmMedley& m = b.Oeffne();
+  bool gesperrt = false;
+  b.platform.loop.PostAfter(0, [&] {
+    gesperrt = !m.Window.Enabled() && b.platform.loop.MousePointer() == Pointer::Hourglass;
+    m.imgAbbrechen_MouseUp();
+    m.imgOK_MouseUp();
+  });
+  b.Antwortet(kNein).Antwortet(kNein);  // tracks of three seconds are too short
+  b.Tu([&m] { m.imgOK_MouseUp(); });
+  EXPECT_TRUE(gesperrt);
+  EXPECT_EQ(b.Gesagt().size(), 2U);
+  EXPECT_FALSE(b.prog.frmMedley.Geladen());
+  EXPECT_EQ(b.Haupt().lvwKatalog.ListItems.Count(), 3);
+}
+
+TEST(Medley, ATrackWhoseFileIsGoneDoesNotPlay) {
+  MedleyFenster b;
+  frmMedley& m = b.Oeffne();
+  b.platform.machine.files.Kill(L"C:\\Vantora\\Wavs\\a.wav");
+  b.platform.hands.Press(m.imgStartStop);
+  EXPECT_FALSE(b.Haupt().Abspielen);
+  EXPECT_EQ(m.lblButtCaption(3).Caption(), b.prog.Text(13200));
+  b.Zeile(1);
+  b.platform.hands.Press(m.imgStartStop);
+  EXPECT_TRUE(b.Haupt().Abspielen);
+  EXPECT_EQ(b.prog.SpielIndex, 1);
+  b.platform.loop.Pass(4000);  // the track ends
+  EXPECT_EQ(m.lblButtCaption(3).Caption(), b.prog.Text(13200));
+}
+
+}  // namespace vantora

@@ -1,0 +1,93 @@
+#include "tests/qt/stage.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWidget>
+
+#include <chrono>
+#include <thread>
+
+namespace vantora {
+namespace {
+
+struct TapForm final : TestForm {
+  explicit TapForm(EventLoop& loop) : TestForm(loop, L"frmTap"), Loop(loop) {}
+  bool Form_KeyDown(int /*key*/, bool /*control*/) override {
+    Times.push_back(Loop.EventMs());
+    return true;
+  }
+  void Form_KeyUp(int /*key*/) override { ++Ups; }
+
+  EventLoop& Loop;
+  std::vector<std::int64_t> Times;
+  int Ups = 0;
+};
+
+void Send(QWidget* window, QEvent::Type type, std::uint64_t stamp, bool repeats = false) {
+  QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, " ", repeats);
+  event.setTimestamp(stamp);
+  QApplication::sendEvent(window, &event);
+}
+
+TEST_F(Stage, AKeyBearsItsOwnTimeAndIsLetGoOnceWhereverThatHappens) {
+  TapForm form(loop);
+  person.Then([&] {
+    QWidget* window = loop.WindowOf(form);
+    Send(window, QEvent::KeyPress, 70000);
+    EXPECT_GT(loop.EventMs(), 0);                                // outside of a handler: now
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the window is busy
+    Send(window, QEvent::KeyRelease, 70100, true);
+    Send(window, QEvent::KeyPress, 70100, true);
+    EXPECT_EQ(form.Ups, 0);
+    Send(window, QEvent::KeyRelease, 70200);
+    EXPECT_EQ(form.Ups, 1);
+    Send(window, QEvent::KeyPress, 70480);
+    ASSERT_EQ(form.Times.size(), 3U);
+    EXPECT_EQ(form.Times[2] - form.Times[0], 480);
+    QEvent leaves(QEvent::WindowDeactivate);
+    QApplication::sendEvent(window, &leaves);
+    EXPECT_EQ(form.Ups, 2);
+    Send(window, QEvent::KeyRelease, 70500);
+    EXPECT_EQ(form.Ups, 2);
+    // hands tell when they act, and an event without a stamp is near those that have one
+    Send(window, QEvent::KeyPress, 0);
+    EXPECT_LT(std::abs(form.Times.back() - 70480), 20000);
+  });
+  Play(form);
+}
+
+TEST_F(Stage, APictureThatFollowsTheMouseIsNeverBehindIt) {
+  FullForm form(loop);
+  PictureBox& box = form.picWave;
+  const int left = box.Left;
+  int grip = 0;
+  box.MouseDown = [&](int) { grip = box.MouseX; };
+  box.MouseMove = [&](int button) {
+    if (button == kLeftButton) box.Left = box.Left + box.MouseX - grip;
+  };
+  person
+      .Then([&] {
+        QWidget* widget = loop.WidgetOf(box);
+        // Two moves before the window has followed the first.
+        for (const auto& [type, x] :
+             {std::pair(QEvent::MouseButtonPress, 10), std::pair(QEvent::MouseMove, 20),
+              std::pair(QEvent::MouseMove, 30)}) {
+          QMouseEvent event(type, QPointF(x, 5), widget->mapToGlobal(QPointF(x, 5)),
+                            type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                            Qt::LeftButton, Qt::NoModifier);
+          QApplication::sendEvent(widget, &event);
+        }
+        EXPECT_EQ(box.Left, left + 20 * 15);
+        QMouseEvent up(QEvent::MouseButtonRelease, QPointF(10, 5),
+                       widget->mapToGlobal(QPointF(10, 5)), Qt::LeftButton, Qt::NoButton,
+                       Qt::NoModifier);
+        QApplication::sendEvent(widget, &up);
+      })
+      .Then([&] { hands.Drag(box, 500, 600); })
+      .Then([&] { EXPECT_NEAR(box.Left, left + 20 * 15 + box.Width / 10.0, 30); });
+  Play(form);
+}
+
+}  // namespace
+}  // namespace vantora

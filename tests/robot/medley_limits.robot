@@ -1,0 +1,108 @@
+# What the medley refuses, and where its values end.
+home home
+screen 800 600
+setting Show_Start_Assistant 0
+makewave C:\m\1.wav 6 220
+makewave C:\m\2.wav 5 330
+makewave C:\m\3.wav 3 440
+start
+press frmHauptForm.imgTitel
+expect-box ~ "no contiene ninguna pista"
+answer 7
+press frmHauptForm.imgLiedImport
+choose C:\m\1.wav C:\m\2.wav C:\m\3.wav
+key frmNeuerInterpret Return
+key frmNeuerInterpret Return
+key frmNeuerInterpret Return
+select frmHauptForm.lvwKatalog 1
+press frmHauptForm.imgTitel
+expect-box ~ "por lo menos dos pistas"
+answer 7
+
+# by the menu of the list
+select frmHauptForm.lvwKatalog 1 2 3
+rightclick frmHauptForm.lvwKatalog
+menu mnuUeberblenden
+expect-window frmMedley
+shot pictures/frmMedley_800.png
+type frmMedley.txtBPM 300
+key frmMedley Return
+expect frmMedley.txtBPM == 280
+expect frmMedley.imgMedleyKnopf == 280
+type frmMedley.txtBPM 20
+key frmMedley Return
+expect frmMedley.txtBPM == 50
+type frmMedley.txtBPM abc
+key frmMedley Return
+expect frmMedley.txtBPM == 50
+drag frmMedley.imgMedleyKnopf 990 0
+expect frmMedley.txtBPM == 280
+# no longer than the shorter of the two tracks
+type frmMedley.txtDauer 9
+key frmMedley Return
+expect frmMedley.txtDauer == 5
+type frmMedley.txtDauer 0
+key frmMedley Return
+expect frmMedley.txtDauer == 1
+
+# the last row has no transition
+select frmMedley.lstMedleyTracks 3
+expect frmMedley.txtDauer.Enabled == False
+expect frmMedley.chkPitch.Enabled == False
+expect frmMedley.imgPreview.Enabled == False
+expect frmMedley.picWaveToFade(0).Visible == False
+expect frmMedley.lblSongName(1).Visible == False
+
+# the knob moved the text of the first row alone, and leaving the row has stored it
+select frmMedley.lstMedleyTracks 2
+expect frmMedley.txtBPM == ""
+select frmMedley.lstMedleyTracks 1
+expect frmMedley.txtBPM == 280
+
+# the second and the third track are refused: one of them is too short
+select frmMedley.lstMedleyTracks 2
+press frmMedley.imgPreview
+expect-box ~ "demasiado corto"
+answer 7
+expect-window frmMedley
+# with the tempo ticked both tracks need one
+select frmMedley.lstMedleyTracks 1
+press frmMedley.chkPitch
+press frmMedley.imgPreview
+expect-box ~ "no tiene tempo"
+answer 7
+within 20000 expect frmMedley.imgOK.Enabled == True
+press frmMedley.chkPitch
+# what was heard was silence
+wait 500
+within 20000 expect frmMedley.lblButtCaption(3) == Reproducir
+
+# played, stopped by the choice of another row
+press frmMedley.imgStartStop
+expect frmMedley.lblButtCaption(3) == Detener
+select frmMedley.lstMedleyTracks 2
+expect frmMedley.lblButtCaption(3) == Reproducir
+
+# two taps in one millisecond
+press frmMedley.imgSpeedMeasure
+wait 500
+key frmBeatCounter Space
+key frmBeatCounter Space
+key frmBeatCounter Space
+expect-box ~ "\(11\)"
+answer 7
+expect-window frmBeatCounter
+key frmBeatCounter Space
+wait 400
+key frmBeatCounter Space
+wait 400
+key frmBeatCounter Space
+key frmBeatCounter Escape
+expect-window frmMedley
+expect frmMedley.txtBPM == ""
+
+window close
+expect-window frmHauptForm
+expect-file C:\m\1.wav size 1058444
+expect frmHauptForm.lvwKatalog(1,0) == " "
+close

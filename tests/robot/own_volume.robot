@@ -1,0 +1,30 @@
+# A card without a line of waves: the program's own volume stands in for it, and stays as it was set
+# from one start to the next.
+home home
+screen 1024 768
+setting Show_Start_Assistant 0
+mixer out Line 20000
+start
+press frmHauptForm.imgMixer
+expect frmMixer.Fader(1).CaptionFader == Wave
+expect frmMixer.Fader(1).Value == 100
+press frmMixer.imgKnopf(1) 20
+key frmMixer Home
+key frmMixer PageUp
+key frmMixer Up
+press frmMixer.Check1(1)
+key frmMixer Escape
+close
+start
+press frmHauptForm.imgMixer
+expect frmMixer.Fader(1).CaptionFader == Wave
+expect frmMixer.Fader(1).Value == 11
+expect frmMixer.Fader(1).Mute == 1
+press frmMixer.Check1(1)
+key frmMixer Escape
+close
+start
+press frmHauptForm.imgMixer
+expect frmMixer.Fader(1).Mute == 0
+key frmMixer Escape
+close
