@@ -144,7 +144,7 @@ struct Mp3Decoder::Run {
       try {
         owner.dateien_.Kill(owner.target_);
       } catch (const std::exception&) {
-        // The first failure is the one to tell.
+        // The first failure is the one that is reported.
       }
     }
     ended = true;

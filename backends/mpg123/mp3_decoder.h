@@ -21,15 +21,15 @@ class Mp3Decoder final : public Qm3Play {
   ~Mp3Decoder() override;
 
   void Init() override;
-  // Answers a number of platform/files.h for a source that cannot be read, and 321 for one that
+  // Returns a number of platform/files.h for a source that cannot be read, and 321 for one that
   // holds no MPEG audio; both leave the state 4.
   int Open(const Text& source, const Text& target) override;
   int State() const override { return state_; }
   double LengthMs() const override { return lengthMs_; }
   int FrameCount() const override { return frames_; }
   void Decode() override;
-  // Changes on the interface thread only, after the failure of a run has been told; so whoever
-  // waits for it sees the whole outcome.
+  // Changes on the interface thread only, after the failure of a run has been reported, so that a
+  // caller that waits for it sees the whole outcome.
   bool Busy() const override { return state_ == kMp3Busy; }
   void Stop() override;
   void Close() override;
@@ -49,7 +49,7 @@ class Mp3Decoder final : public Qm3Play {
   int frames_ = 0;
   double lengthMs_ = 0;
   bool endUntold_ = false;
-  // What is posted carries the token of its run: events of a run that was stopped are not told.
+  // Posted work carries the token of its run: events of a run that was stopped are not raised.
   std::shared_ptr<int> token_;
   std::shared_ptr<Run> run_;
   std::unique_ptr<BackgroundJob> job_;  // behind `run_`: ends first

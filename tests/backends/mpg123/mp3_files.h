@@ -27,8 +27,9 @@ inline std::string Encoded(const std::string& data, Format format, const std::st
   return Get(folder() / "a.mp3");
 }
 
-// What the encoder's own decoder, which is no kin of ours, makes of a file: samples at the file's
-// rate, interleaved when it is stereo.
+// A file as the encoder's program decodes it: samples at the file's rate, interleaved when it is
+// stereo. Distributions build that program with the same library that we use, so a comparison shows
+// whether something was added, lost or moved, not whether the library decodes well.
 inline std::vector<std::int16_t> DecodedByOthers(const std::string& mp3) {
   const TempFolder folder;
   Put(folder() / "a.mp3", mp3);
