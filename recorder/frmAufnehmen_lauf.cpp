@@ -22,7 +22,6 @@ constexpr double kMB = 1048576;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
 constexpr int kSicherungPuffer = 40;  // less than a second of sound
-constexpr int kAnzeigePuffer = 6;     // time and size change seven times a second
 constexpr Color kHellrot = Rgb(255, 0, 0), kRot = Rgb(128, 0, 0), kAus = Rgb(40, 16, 24);
 
 // Milliseconds of the system's counter, in 32 bits that wrap.
@@ -204,7 +203,7 @@ void frmAufnehmen::MMConnectorX1_OnTrigger() {
 
 void frmAufnehmen::PufferPruefen() {
   constexpr auto kPuffer = static_cast<std::int64_t>(kBufferBytes);
-  if (NimmtAuf && !Wartet && geschrieben_ % (kAnzeigePuffer * kPuffer) == 0) ZeitZeigen();
+  if (NimmtAuf && !Wartet) ZeitZeigen();
   if (MultiTrack && Sitzung) PegelPruefen();
   if (!NimmtAuf) return;
   // The buffer that follows is written behind this handler.
