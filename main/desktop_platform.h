@@ -24,7 +24,8 @@ struct DesktopPlatform {
   explicit DesktopPlatform(const std::filesystem::path& resourceFolder)
       : places(PlacesOfUser()),
         loop(resourceFolder / "pictures", places.Cache / kDrawnPictures),
-        system(places, {ProgramVersion(), resourceFolder / "help", "xdg-open", ComponentVersions()}),
+        system(places,
+               {ProgramVersion(), resourceFolder / "help", "xdg-open", ComponentVersions()}),
         machine(places, resourceFolder, loop, background, sound),
         mmtools(loop, machine.files, machine.edits, machine.profiles,
                 {[this] { return std::make_unique<AlsaPlayer>(machine.files, loop, volume); },

@@ -19,7 +19,7 @@ class LinuxSystem final : public System {
   struct Options {
     Text Version;                      // "0.1.0"
     std::filesystem::path HelpFolder;  // holds TOPIC.html, and index.html for no topic
-    std::string Opener = "xdg-open";  // shows a file or an address to the user
+    std::string Opener = "xdg-open";   // shows a file or an address to the user
     // Of the components, by the names that the product knows them under, in small letters. Files of
     // this system carry no version.
     std::map<Text, Text> Versions{};

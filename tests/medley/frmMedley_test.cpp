@@ -37,7 +37,7 @@ class MedleyFenster : public Buehne {
 
 }  // namespace
 
-TEST(Medley, EveryValueReachesItsRowAtItsMoment) {
+TEST(MedleyWindow, EveryValueReachesItsRowAtItsMoment) {
   MedleyFenster b;
   frmMedley& m = b.Oeffne();
   EXPECT_EQ(b.Spur(0), L"50/1/-");  // the checks of a typed value, at the opening
@@ -67,7 +67,7 @@ TEST(Medley, EveryValueReachesItsRowAtItsMoment) {
   EXPECT_TRUE(b.Haupt().Window.Enabled());
 }
 
-TEST(Medley, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
+TEST(MedleyWindow, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
   MedleyFenster b;
   frmMedley& m = b.Oeffne(L"60000");
   b.Tippe(m.txtDauer, L"12", true);
@@ -78,7 +78,7 @@ TEST(Medley, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
   EXPECT_EQ(b.Spur(0), L"50/10/-");
 }
 
-TEST(Medley, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
+TEST(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
   struct {
     Text Erste, Zweite, Getippt, Erwartet;
   } const faelle[] = {
@@ -97,7 +97,7 @@ TEST(Medley, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
   }
 }
 
-TEST(Medley, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
+TEST(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
   MedleyFenster b;
   frmMedley& m = b.Oeffne(L"60000");
   const auto ueberlappung = [&m] {
@@ -128,7 +128,7 @@ TEST(Medley, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
   EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
 }
 
-TEST(Medley, TheKnobStandsWhereItsTempoSays) {
+TEST(MedleyWindow, TheKnobStandsWhereItsTempoSays) {
   const KnobTravel weg{150, 22, 280, 50};
   for (const int bpm : {50, 51, 120, 165, 279, 280}) {
     const double oben = (150.0 - 22) / 230 * (230 - (bpm - 50));
@@ -137,7 +137,7 @@ TEST(Medley, TheKnobStandsWhereItsTempoSays) {
   }
 }
 
-TEST(Medley, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
+TEST(MedleyWindow, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
   std::vector<Text> titel;
   titel.reserve(99);
   for (int i = 0; i < 99; ++i) titel.push_back(L"t" + std::to_wstring(i));
@@ -150,7 +150,7 @@ TEST(Medley, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
   EXPECT_EQ(m.lblSongName(1).Caption(), L"Voz: t98");
 }
 
-TEST(Medley, NothingReachesTheWindowWhileItJoinsTracks) {
+TEST(MedleyWindow, NothingReachesTheWindowWhileItJoinsTracks) {
   MedleyFenster b;
   frmMedley& m = b.Oeffne();
   bool gesperrt = false;
@@ -167,7 +167,7 @@ TEST(Medley, NothingReachesTheWindowWhileItJoinsTracks) {
   EXPECT_EQ(b.Haupt().lvwKatalog.ListItems.Count(), 3);
 }
 
-TEST(Medley, ATrackWhoseFileIsGoneDoesNotPlay) {
+TEST(MedleyWindow, ATrackWhoseFileIsGoneDoesNotPlay) {
   MedleyFenster b;
   frmMedley& m = b.Oeffne();
   b.platform.machine.files.Kill(L"C:\\Vantora\\Wavs\\a.wav");

@@ -10,9 +10,12 @@ expect-window frmHauptForm
 expect frmHauptForm.lblKatalogTitel.Caption == "Nuevo título"
 expect frmHauptForm.lblRestzeitCD.Caption == "Quedan:80:00"
 expect frmHauptForm.lblKatalogLaenge.Caption == "00:00:00"
-# functions that are not there yet say so
-press frmHauptForm.imgExtras
-expect-box == "¡No está disponible por el momento!"
+# what needs tracks says so
+press frmHauptForm.imgPrintCover
+expect-box == "Para imprimir una cubierta, primero debe abrir o crear un catálogo."
+answer 7
+press frmHauptForm.imgTitel
+expect-box == "¡El catálogo no contiene ninguna pista audio (archivo .WAV)!"
 answer 7
 press frmHauptForm.imgBrennen
 expect-box ~ "El catálogo no contiene pistas audio"
