@@ -100,6 +100,10 @@ CoverZustand::Ort OrtInDerSeite(int seite, double x, double y, const Mass& text,
 
 bool TastenSchritt(int seite, int taste, const Mass& text, CoverZustand::Ort& ort) {
   const Mass mass = MassDerSeite(seite);
+  const auto verlaesst = [](int vorher, int nachher, int laenge, int seitenlaenge) {
+    const int letzter = seitenlaenge - laenge;
+    return nachher < std::min(0, vorher) || nachher > std::max(letzter, vorher);
+  };
   auto [x, y] = ort;
   if (taste == kKeyLeft) x -= kTastenWeg;
   if (taste == kKeyRight) x += kTastenWeg;
@@ -107,7 +111,8 @@ bool TastenSchritt(int seite, int taste, const Mass& text, CoverZustand::Ort& or
   if (taste == kKeyDown) y += kTastenWeg;
   x = Gerastet(x, kTastenRaster.Breite);
   y = Gerastet(y, kTastenRaster.Hoehe);
-  if (x < 0 || y < 0 || x + text.Breite > mass.Breite || y + text.Hoehe > mass.Hoehe) return false;
+  if (verlaesst(ort[0], x, text.Breite, mass.Breite)) return false;
+  if (verlaesst(ort[1], y, text.Hoehe, mass.Hoehe)) return false;
   ort = {x, y};
   return true;
 }

@@ -52,7 +52,8 @@ int Gerastet(double wert, int schritt);
 // A place for a text of that size: on the grid, and inside the side if there is room for it.
 CoverZustand::Ort OrtInDerSeite(int seite, double x, double y, const Mass& text,
                                 const Mass& raster);
-// One step of an arrow key; false where the text would leave the side.
+// One step of an arrow key; false where the text would leave the side. A text that reaches beyond
+// an edge, as the last lines of a long list do, can be brought back, and moved along that edge.
 bool TastenSchritt(int seite, int taste, const Mass& text, CoverZustand::Ort& ort);
 
 // The largest scale at which a side fits.

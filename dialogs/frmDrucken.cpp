@@ -98,7 +98,7 @@ void frmDrucken::AndereDatei() {
 bool frmDrucken::DateiBestaetigt() {
   Text datei = Trim(txtDatei.Text);
   const Text name = DateiNameOhnePfad(datei);
-  if (name.empty() || datei.find(L":\\") != 1) {
+  if (!DateiNameGueltig(name) || datei.find(L":\\") != 1) {
     prog.MsgBoxen(LoadResString(8038), kHinweis);
     prog.plattform.schleife.SetFocus(txtDatei);
     return false;
@@ -122,10 +122,13 @@ void frmDrucken::Uebernehmen() {
   const bool datei = InDatei();
   if (datei ? !DateiBestaetigt() : !KopienGueltig()) return;
   Printers& drucker = prog.plattform.drucker;
-  drucker.Select(cbxDrucker.ListIndex);
-  Printer& blatt = drucker.Printer();
-  blatt.Copies = datei ? 1 : Ganz32(Val(txtKopien.Text));
-  blatt.OutputFile = datei ? txtDatei.Text() : Text();
+  // A printer that went while the dialog stood open is reported by the job.
+  if (drucker.Count() > 0) {
+    drucker.Select(cbxDrucker.ListIndex);
+    Printer& blatt = drucker.Printer();
+    blatt.Copies = datei ? 1 : Ganz32(Val(txtKopien.Text));
+    blatt.OutputFile = datei ? txtDatei.Text() : Text();
+  }
   if (datei) {
     prog.PdfOrdner = Links(txtDatei.Text, txtDatei.Text().rfind(L'\\') + 1);
   }

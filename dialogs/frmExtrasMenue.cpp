@@ -6,6 +6,8 @@
 #include "app/zahlen.h"
 #include "dialogs/frmLoadSave.h"
 
+#include <algorithm>
+
 namespace vantora {
 
 namespace {
@@ -23,6 +25,13 @@ constexpr AspiZeile kAspi[] = {
     {L"winaspi.dll:  ", L"winaspi.dll"},
     {L"apix.vxd:     ", L"iosubsys/apix.vxd"},
 };
+
+// Both kinds of separators can be typed; files are named with one.
+Text GetippterOrdner(const TextBox& feld) {
+  Text ordner = Trim(feld.Text);
+  std::replace(ordner.begin(), ordner.end(), L'/', L'\\');
+  return ordner;
+}
 
 }  // namespace
 
@@ -200,13 +209,20 @@ Text frmExtrasMenue::OrdnerFragen(const Text& bisher) {
   return AddBackslash(getippt ? gewaehlt : prog.DialogPfad);
 }
 
+// A folder that is named from its drive or share on: nothing, or a part of a path, would lead to
+// another place than the user means.
+bool frmExtrasMenue::IstOrdner(const Text& ordner) const {
+  const bool ganz = ordner.find(L':') == 1 || ordner.starts_with(L"\\\\");
+  return ganz && prog.plattform.dateien.IsDirectory(ordner);
+}
+
 Text frmExtrasMenue::OrdnerEinwand(Ordner welcher, const Text& ordner) const {
   constexpr double kMindestens = 10240.0 * 1024;
   const std::size_t laengster = welcher == kTemp ? decltype(prog.Temporary_Directory)::kBreite
                                                  : decltype(prog.Standard_Wave_Name)::kBreite;
   if (prog.plattform.laufwerke.GetDriveType(Links(ordner, 3)) == kDriveCdRom)
     return LoadResString(7004);
-  if (!prog.plattform.dateien.IsDirectory(ordner)) return LoadResString(7006);
+  if (!IstOrdner(ordner)) return LoadResString(7006);
   if (prog.FreierPlatz(ordner) < kMindestens) return LoadResString(7005);
   if (ordner.size() > laengster) return LoadResString(30171);
   if (!Beschreibbar(ordner)) return LoadResString(30172);
@@ -299,8 +315,8 @@ bool frmExtrasMenue::GetippteOrdnerGut() {
     prog.plattform.schleife.SetFocus(feld);
     return false;
   };
-  const Text temp = Trim(txtTempDir.Text), waves = Trim(txtWaveDir.Text);
-  if (!prog.plattform.dateien.IsDirectory(temp)) return ablehnen(txtTempDir, LoadResString(7001));
+  const Text temp = GetippterOrdner(txtTempDir), waves = GetippterOrdner(txtWaveDir);
+  if (!IstOrdner(temp)) return ablehnen(txtTempDir, LoadResString(7001));
   if (temp != prog.Temporary_Directory.Getrimmt()) {
     const Text einwand = OrdnerEinwand(kTemp, temp);
     if (!einwand.empty()) return ablehnen(txtTempDir, einwand);
@@ -330,8 +346,8 @@ void frmExtrasMenue::Uebernehmen() {
     prog.BrennGeschwindigkeit = Ganz16(Val(cmbWriteSpeed.List(cmbWriteSpeed.ListIndex)));
   }
   prog.LängeCD = kCDGroesse[optCDGroesse74.Value() ? 0 : 1];
-  OrdnerMerken(kTemp, Trim(txtTempDir.Text));
-  OrdnerMerken(kWaves, AddBackslash(Trim(txtWaveDir.Text)));
+  OrdnerMerken(kTemp, GetippterOrdner(txtTempDir));
+  OrdnerMerken(kWaves, AddBackslash(GetippterOrdner(txtWaveDir)));
 }
 
 void frmExtrasMenue::imgOK_MouseUp() {

@@ -84,6 +84,7 @@ class frmExtrasMenue final : public VtrFenster {
   void OrdnerWaehlen(Ordner welcher);
   void OrdnerMerken(Ordner welcher, const Text& ordner);
   // What keeps a folder from being used, as a text; blank for none.
+  bool IstOrdner(const Text& ordner) const;
   Text OrdnerEinwand(Ordner welcher, const Text& ordner) const;
   bool Beschreibbar(const Text& ordner) const;
   bool GetippteOrdnerGut();

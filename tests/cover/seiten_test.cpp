@@ -66,10 +66,21 @@ TEST(Seiten, AnArrowMovesByAHundredUnlessTheTextWouldLeaveTheSide) {
     bool Geht;
   };
   const Fall faelle[] = {
-      {kKeyRight, {600, 650}, {700, 650}, true}, {kKeyDown, {600, 650}, {600, 750}, true},
-      {kKeyLeft, {480, 520}, {400, 500}, true},  {kKeyLeft, {40, 650}, {40, 650}, false},
-      {kKeyUp, {600, 50}, {600, 50}, false},     {kKeyRight, {5800, 650}, {5800, 650}, false},
-      {kKeyDown, {0, 6500}, {0, 6500}, false},   {kKeyUp, {0, 100}, {0, 0}, true},
+      {kKeyRight, {600, 650}, {700, 650}, true},
+      {kKeyDown, {600, 650}, {600, 750}, true},
+      {kKeyLeft, {480, 520}, {400, 500}, true},
+      {kKeyLeft, {40, 650}, {40, 650}, false},
+      {kKeyUp, {600, 50}, {600, 50}, false},
+      {kKeyRight, {5800, 650}, {5800, 650}, false},
+      {kKeyDown, {0, 6500}, {0, 6500}, false},
+      {kKeyUp, {0, 100}, {0, 0}, true},
+      // beyond an edge from the beginning
+      {kKeyUp, {600, 9470}, {600, 9350}, true},
+      {kKeyRight, {600, 9450}, {700, 9450}, true},
+      {kKeyDown, {600, 9450}, {600, 9450}, false},
+      {kKeyDown, {6000, 650}, {6000, 750}, true},
+      {kKeyLeft, {6000, 650}, {5900, 650}, true},
+      {kKeyRight, {6000, 650}, {6000, 650}, false},
   };
   for (const Fall& fall : faelle) {
     Ort ort = fall.Von;

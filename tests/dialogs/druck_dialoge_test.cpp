@@ -155,6 +155,19 @@ TEST_F(Druckdialoge, AFileThatIsThereIsAskedAboutAndANameIsNeeded) {
   EXPECT_EQ(b.prog.PdfOrdner, L"C:\\Vantora\\");
 }
 
+TEST_F(Druckdialoge, APrinterThatGoesWhileTheDialogStandsOpenIsLeftToTheJob) {
+  Macht<frmDrucken>([&](frmDrucken& d) {
+    hand().Type(d.txtDatei, L"C:\\Vantora\\a:b");
+    hand().Press(d.pbButton(0));  // no name of a file
+    hand().Type(d.txtDatei, L"C:\\Vantora\\a");
+    drucker().Setup.Present = false;
+    hand().Press(d.pbButton(0));
+  });
+  b.Antwortet(7);
+  EXPECT_TRUE(Druckt());
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{b.prog.Text(8038)}));
+}
+
 TEST_F(Druckdialoge, AnotherFileIsChosenInTheFileDialog) {
   Macht<frmDrucken>([&](frmDrucken& d) {
     hand().Press(d.pbButton(2));

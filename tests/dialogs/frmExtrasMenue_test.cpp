@@ -59,6 +59,18 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
     f.imgOK_MouseUp();
     EXPECT_NE(b.Gesagt().back(), b.prog.Text(30171));
     EXPECT_TRUE(b.prog.frmExtrasMenue.Geladen());
+    for (const wchar_t* nirgends : {L"", L".", L"\\Discoteca"}) {
+      f.txtWaveDir.Text = nirgends;
+      b.Antwortet(kNein);
+      f.imgOK_MouseUp();
+      EXPECT_EQ(b.Gesagt().back(), b.prog.Text(7006));
+      f.txtTempDir.Text = nirgends;
+      b.Antwortet(kNein);
+      f.imgOK_MouseUp();
+      EXPECT_EQ(b.Gesagt().back(), b.prog.Text(7001));
+      ASSERT_TRUE(b.prog.frmExtrasMenue.Geladen());
+      f.txtTempDir.Text = b.prog.Temporary_Directory.Getrimmt();
+    }
     f.imgAbbrechen_MouseUp();
   });
   EXPECT_EQ(Gespeichert(L"Temporary_Directory"), L"C:\\Discoteca\\");  // in spite of cancel

@@ -245,7 +245,10 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
         Case{"a page", "<svg xmlns='http://www.w3.org/2000/svg'/>", kFehlerBild, 0, 0, 0},
         Case{"a head alone", cut.left(100), kFehlerBild, 0, 0, 0},
         Case{"20,000 by 20,000 points in a jpg", huge, kFehlerSpeicher, 0, 0, 0},
-        Case{"20,000 by 20,000 in a bmp", BmpHead(20'000, 20'000), kFehlerSpeicher, 0, 0, 0}}) {
+        Case{"20,000 by 20,000 in a bmp", BmpHead(20'000, 20'000), kFehlerSpeicher, 0, 0, 0},
+        Case{"a bmp from the top", BmpHead(1, -2) + QByteArray("\1\2\3\0\4\5\6\0", 8), 0, 1, 2,
+             qRgb(3, 2, 1)},
+        Case{"a bmp that is cut off", BmpHead(1, 2) + QByteArray(4, '\0'), kFehlerBild, 0, 0, 0}}) {
     SCOPED_TRACE(c.What);
     QFile file(QString::fromStdString(Host("picture")));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -257,7 +260,8 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
     EXPECT_EQ(picture->Width(), c.Width);
     EXPECT_EQ(picture->Height(), c.Height);
     const auto& read = dynamic_cast<const QtImage&>(*picture);
-    EXPECT_EQ(read.Whole().size(), QSize(c.Width, c.Height));
+    EXPECT_EQ(read.Upright().mapRect(QRectF({}, read.Whole().size())).size(),
+              QSizeF(c.Width, c.Height));
     EXPECT_EQ(read.Scaled({30, 20}).size(), QSize(30, 20));
     if (c.First != 0) {
       EXPECT_EQ(read.Whole().pixel(0, 0) & 0xFFFFFF, c.First & 0xFFFFFF);
@@ -275,6 +279,21 @@ TEST_F(Printing, APhotographKeepsAllItsPoints) {
   const PdfPage::Ink ink = page.InkIn(500, 500, 7500, 5500);
   EXPECT_NEAR(ink.Left, 1000, kTolerance);
   EXPECT_NEAR(ink.Bottom, 5000, kTolerance);
+}
+
+// A copy of it that is turned would take as much memory again.
+TEST_F(Printing, APhotographOnItsSideIsTurnedByThePage) {
+  Printer& printer = Page(L"A4", 0);
+  const auto photo = std::make_shared<QtImage>(Turned(Jpeg({1200, 800}), 6));
+  printer.PaintPicture(photo, 1000, 1000, 4000, 6000);
+  printer.EndDoc();
+  const PdfPage page(Host("page.pdf"));
+  EXPECT_EQ(page.Pictures(), (std::vector<std::string>{"1200x800 jpeg"}));
+  const PdfPage::Ink ink = page.InkIn(500, 500, 5500, 7500);
+  EXPECT_NEAR(ink.Left, 1000, kTolerance);
+  EXPECT_NEAR(ink.Right, 5000, kTolerance);
+  EXPECT_NEAR(ink.Top, 1000, kTolerance);
+  EXPECT_NEAR(ink.Bottom, 7000, kTolerance);
 }
 
 // ---- what goes wrong ----

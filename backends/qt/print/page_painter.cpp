@@ -125,7 +125,13 @@ void DrawPicture(QPainter& painter, const PrintItem& item) {
   const QImage whole = picture->Whole();
   const bool lossless = !picture->Lossy() && 1LL * whole.width() * whole.height() <= kMostLossless;
   painter.setRenderHint(QPainter::LosslessImageRendering, lossless);
-  painter.drawImage(Between(item), whole);
+  const QRectF place = Between(item);
+  painter.save();
+  painter.translate(place.topLeft());
+  painter.scale(place.width(), place.height());
+  painter.setTransform(picture->Upright(), true);
+  painter.drawImage(QRectF(0, 0, 1, 1), whole);
+  painter.restore();
 }
 
 void Draw(QPainter& painter, const PrintItem& item) {

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
+#include <QTransform>
 
 namespace vantora {
 
@@ -18,17 +19,20 @@ class QtImage final : public Image {
   int Width() const override { return size_.width(); }
   int Height() const override { return size_.height(); }
 
-  // As many points as the picture has, but for very large ones; for paper.
+  // As many points as the picture has, but for very large ones; for paper. It lies as in its file,
+  // since a turned copy takes as much room again, and Upright() turns the square from 0 to 1.
   QImage Whole() const;
+  const QTransform& Upright() const { return upright_; }
   // In so many points, whatever its own proportions; for the screen.
   QImage Scaled(QSize size) const;
   bool Lossy() const { return lossy_; }  // was a jpg
 
  private:
-  QImage Decode(QSize size) const;
+  QImage Decode(QSize size, bool upright = true) const;
 
   QByteArray bytes_;
-  QSize size_;           // upright
+  QSize size_;  // upright
+  QTransform upright_;
   bool turned_ = false;  // its file has it on its side
   bool lossy_ = false;
   mutable QImage preview_, scaled_;  // what was wanted last

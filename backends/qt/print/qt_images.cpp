@@ -35,6 +35,20 @@ long long PointsOfBmp(const QByteArray& bytes) {
   return side(kWidth) * side(kHeight);
 }
 
+// A bmp with fewer bytes than points would show what the memory held before.
+bool CutOff(const QByteArray& bytes) {
+  constexpr int kStart = 10, kHeader = 14, kWidth = 18, kHeight = 22, kBits = 28, kPacking = 30;
+  constexpr quint32 kPlain = 0, kMasks = 3, kUsualHeader = 40;
+  if (bytes.size() < kPacking + 4) return true;
+  const auto number = [&](int at) { return qFromLittleEndian<quint32>(bytes.constData() + at); };
+  const bool counts = number(kPacking) == kPlain || number(kPacking) == kMasks;
+  if (number(kHeader) < kUsualHeader || !counts) return false;
+  const auto bits = qFromLittleEndian<quint16>(bytes.constData() + kBits);
+  const long long row = (1LL * number(kWidth) * bits + 31) / 32 * 4;
+  const auto rows = std::abs(1LL * static_cast<qint32>(number(kHeight)));
+  return number(kStart) + row * rows > bytes.size();
+}
+
 [[noreturn]] void TooLarge() {
   throw Laufzeitfehler(kFehlerSpeicher, L"La imagen es demasiado grande");
 }
@@ -51,13 +65,24 @@ QtImage::QtImage(QByteArray bytes) : bytes_(std::move(bytes)) {
     NoPicture(QStringLiteral("format ") + QString::fromLatin1(format));
   }
   size_ = reader.size();
-  if (format == "bmp" && PointsOfBmp(bytes_) > kMaxWholePoints) TooLarge();
+  if (format == "bmp") {
+    if (PointsOfBmp(bytes_) > kMaxWholePoints) TooLarge();
+    if (CutOff(bytes_)) NoPicture(QStringLiteral("it is cut off"));
+    size_.setHeight(std::abs(size_.height()));  // below zero where the first row is the top
+  }
   if (size_.isEmpty()) NoPicture(reader.errorString());
   if (1LL * size_.width() * size_.height() > (lossy_ ? kMaxImagePoints : kMaxWholePoints)) {
     TooLarge();
   }
-  turned_ = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-  if (turned_) size_.transpose();
+  const QImageIOHandler::Transformations turns = reader.transformation();
+  const bool mirror = turns.testFlag(QImageIOHandler::TransformationMirror);
+  const bool flip = turns.testFlag(QImageIOHandler::TransformationFlip);
+  upright_ = {mirror ? -1.0 : 1.0, 0, 0, flip ? -1.0 : 1.0, mirror ? 1.0 : 0, flip ? 1.0 : 0};
+  turned_ = turns.testFlag(QImageIOHandler::TransformationRotate90);
+  if (turned_) {
+    upright_ *= QTransform(0, 1, -1, 0, 1, 0);
+    size_.transpose();
+  }
   const int longer = std::max(size_.width(), size_.height());
   preview_ = Decode(longer > kPreviewPoints
                         ? size_.scaled(kPreviewPoints, kPreviewPoints, Qt::KeepAspectRatio)
@@ -66,12 +91,12 @@ QtImage::QtImage(QByteArray bytes) : bytes_(std::move(bytes)) {
 }
 
 // Readers scale before they turn.
-QImage QtImage::Decode(QSize size) const {
+QImage QtImage::Decode(QSize size, bool upright) const {
   QBuffer buffer(const_cast<QByteArray*>(&bytes_));
   buffer.open(QIODevice::ReadOnly);
   QImageReader reader(&buffer);
   reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
+  reader.setAutoTransform(upright);
   QImageReader::setAllocationLimit(kMostMegabytes);
   if (size != size_) reader.setScaledSize(turned_ ? size.transposed() : size);
   QImage image = reader.read();
@@ -81,9 +106,9 @@ QImage QtImage::Decode(QSize size) const {
 
 QImage QtImage::Whole() const {
   const long long points = 1LL * size_.width() * size_.height();
-  if (!lossy_ || points <= kMostPrinted) return Decode(size_);
+  if (!lossy_ || points <= kMostPrinted) return Decode(size_, false);
   const double share = std::sqrt(static_cast<double>(kMostPrinted) / static_cast<double>(points));
-  return Decode((QSizeF(size_) * share).toSize().expandedTo(QSize(1, 1)));
+  return Decode((QSizeF(size_) * share).toSize().expandedTo(QSize(1, 1)), false);
 }
 
 QImage QtImage::Scaled(QSize size) const {
