@@ -78,7 +78,7 @@ void frmDrucken::cbxDrucker_Click() {
 
 // A name that no file has yet.
 Text frmDrucken::Vorschlag() const {
-  const Text vorgegeben = prog.plattform.drucker.SuggestedFile();
+  Text vorgegeben = prog.plattform.drucker.SuggestedFile();
   if (!vorgegeben.empty()) return vorgegeben;
   const Text ordner = AddBackslash(prog.PdfOrdner.empty() ? prog.AppPfad : prog.PdfOrdner);
   const Text name = ordner + LoadResString(16207);

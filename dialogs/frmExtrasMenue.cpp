@@ -179,13 +179,13 @@ void frmExtrasMenue::PlatzZeigen(Ordner welcher, const Text& ordner) {
   for (; zahl >= kSchritt && einheit < kGigabytes; ++einheit) zahl /= kSchritt;
   lblPlatzZahl(welcher).Caption = Format(zahl, L"#,##0.00") + L" " + LoadResString(einheit);
   constexpr double kBytesJeSekunde = 176400;
-  const std::int64_t sekunden = Abgeschnitten(frei / kBytesJeSekunde);
-  const auto zweistellig = [](std::int64_t wert) {
-    return Format(static_cast<double>(wert), L"00");
+  const std::int64_t gesamt = Abgeschnitten(frei / kBytesJeSekunde);
+  const auto stellen = [](std::int64_t wert, const wchar_t* muster) {
+    return Format(static_cast<double>(wert), muster);
   };
-  lblDauer(welcher).Caption = LoadResString(7605) + L" = " +
-                              Format(static_cast<double>(sekunden / 3600), L"##00") + L":" +
-                              zweistellig(sekunden / 60 % 60) + L":" + zweistellig(sekunden % 60);
+  const std::int64_t stunden = gesamt / 3600, minuten = gesamt / 60 % 60, sekunden = gesamt % 60;
+  lblDauer(welcher).Caption = LoadResString(7605) + L" = " + stellen(stunden, L"##00") + L":" +
+                              stellen(minuten, L"00") + L":" + stellen(sekunden, L"00");
 }
 
 // ---- folders ----

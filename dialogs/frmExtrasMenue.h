@@ -83,8 +83,8 @@ class frmExtrasMenue final : public VtrFenster {
   Text OrdnerFragen(const Text& bisher);
   void OrdnerWaehlen(Ordner welcher);
   void OrdnerMerken(Ordner welcher, const Text& ordner);
-  // What keeps a folder from being used, as a text; blank for none.
   bool IstOrdner(const Text& ordner) const;
+  // What keeps a folder from being used, as a text; blank for none.
   Text OrdnerEinwand(Ordner welcher, const Text& ordner) const;
   bool Beschreibbar(const Text& ordner) const;
   bool GetippteOrdnerGut();
