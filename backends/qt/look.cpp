@@ -104,7 +104,7 @@ QString Tip(const QString& words) {
 }
 
 QString Plain(const Text& caption) {
-  const QString all = FromText(caption);
+  QString all = FromText(caption);
   if (!all.contains(u'&')) return all;
   QString plain;
   for (qsizetype i = 0; i < all.size(); ++i) {
