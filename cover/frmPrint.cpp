@@ -276,8 +276,9 @@ void frmPrint::imgLoadPic_MouseUp() {
   };
   try {
     const Bild bild = prog.plattform.bilder.Load(datei);
-    prog.Pausieren(kBildPauseMs);
     Hintergrundbild() = bild;
+    prog.Pausieren(kBildPauseMs);
+    deckend_ = false;
     frei();
     ShowPic(Seite);
   } catch (const Laufzeitfehler& fehler) {
@@ -289,6 +290,7 @@ void frmPrint::imgLoadPic_MouseUp() {
 void frmPrint::imgClearPic_MouseUp() {
   if (prog.MsgBoxen(LoadResString(16000), kFrage) != kJa) return;
   Hintergrundbild() = nullptr;
+  deckend_ = true;
   ShowPic(Seite);
 }
 

@@ -110,6 +110,7 @@ class frmPrint final : public VtrFenster {
   bool Verschieben(int taste);
   Text Beschreibung(const Beweglich& text) const;
   void Sagen();
+  bool deckend_ = false;  // the texts hide what lies behind them: a picture was taken away
   Bild& Hintergrundbild() { return picSource.at(static_cast<std::size_t>(TeilDerSeite(Seite))); }
 
   struct Faktoren {

@@ -8,8 +8,6 @@
 #include "cover/frmPrint.h"
 #include "cover/seiten.h"
 
-#include <algorithm>
-
 namespace vantora {
 
 namespace {
@@ -17,7 +15,6 @@ namespace {
 constexpr const wchar_t* kAbstand = L"   ";
 constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::int16_t kWahr = -1;
-constexpr int kGroessteImFeld = 14;  // points; larger letters would not fit into a line
 
 }  // namespace
 
@@ -87,9 +84,8 @@ void frmPrintStart::SetTexte() {
 
 void frmPrintStart::SchriftZeigen() {
   for (TextBox* feld : {&txtTitel(0), &txtTitel(1), &txtPrev}) {
-    const int groesste = feld->MultiLine ? prog.CoverFontSize : kGroessteImFeld;
     feld->FontName = prog.CoverFont;
-    feld->FontSize = std::min<int>(prog.CoverFontSize, groesste);
+    feld->FontSize = prog.CoverFontSize;
     feld->FontBold = prog.CoverFontBold != 0;
     feld->FontItalic = prog.CoverFontItalic != 0;
   }

@@ -3,6 +3,7 @@
 // area.
 
 #include "app/programm.h"
+#include "app/weiter.h"
 #include "app/zahlen.h"
 #include "cover/frmPrint.h"
 
@@ -225,6 +226,8 @@ void frmPrint::imgPrintMe_MouseUp() {
       PrintQMPaper();
     }
   } catch (const Laufzeitfehler& fehler) {
+    Printers& alle = prog.plattform.drucker;
+    if (alle.Count() > 0) Weiter([&] { alle.Printer().KillDoc(); });
     prog.plattform.schleife.MousePointer(Pointer::Normal);
     if (fehler.Nummer != kFehlerAbbruch) prog.DruckFehlerMelden(fehler);
   }

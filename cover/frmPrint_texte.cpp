@@ -70,8 +70,7 @@ void frmPrint::TextZeigen(const Beweglich& text, const Text& inhalt) {
   schild.FontItalic = prog.CoverFontItalic != 0;
   schild.FontScale = massstab_;
   schild.ForeColor = prog.CoverTextFarbe;
-  // Lines stand closer than their letters are high: a ground would cut off those of the one above.
-  schild.BackColor = kTransparent;
+  schild.BackColor = deckend_ ? prog.CoverHintergrund : kTransparent;
   const Mass mass = TextMass(schild);
   schild.Width = Ganz32(std::ceil(mass.Breite * massstab_));
   schild.Height = Ganz32(std::ceil(mass.Hoehe * massstab_));

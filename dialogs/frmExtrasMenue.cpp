@@ -14,7 +14,8 @@ namespace {
 
 constexpr const wchar_t* kTempi[] = {L"1", L"2", L"4", L"6", L"8"};
 constexpr std::int32_t kCDGroesse[] = {74, 80};  // minutes
-constexpr int kMegabyteStellen = 4;              // of the limit of the undo store
+constexpr double kMeisteMegabyte = 32767;        // of the limit of the undo store
+constexpr int kMegabyteStellen = 5;
 
 struct AspiZeile {
   const wchar_t* Schild;
@@ -338,7 +339,7 @@ void frmExtrasMenue::Uebernehmen() {
   prog.Auto_Database = static_cast<std::int16_t>(cbxFertigCDinDB.Value);
   prog.Auto_Save_Log = static_cast<std::int16_t>(cbxCopySaveDoc.Value);
   prog.Undo = chkUndo.Value == 1;
-  prog.UndoMB = Ganz16(Val(txtUndoMB.Text));
+  prog.UndoMB = Ganz16(std::clamp(Val(txtUndoMB.Text), 0.0, kMeisteMegabyte));
   prog.CDDBactive = cCDDBaktiv.Value == 1;
   prog.Proxy_Server = Trim(tProxyServer.Text);
   prog.Proxy_Port = Trim(tProxyPort.Text);

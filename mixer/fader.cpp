@@ -121,7 +121,7 @@ std::optional<Text> Fader::Read(const Text& property) const {
 
 void Fader::KnopfStellen() {
   imgKnopf.Max = MaxValue();
-  imgKnopf.Value = std::clamp(Value(), 0, MaxValue());
+  imgKnopf.Value = std::clamp(Value(), 0, std::max(MaxValue(), 0));
 }
 
 void Fader::WertGesetzt() {

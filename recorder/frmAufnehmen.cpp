@@ -221,12 +221,13 @@ void frmAufnehmen::Init_Aufnehmen() {
     Pegelschwelle = kMultiSchwelle;
     Wartet = false;
   }
+  schwelleAus_ = txtMaxVolume.Text;
   SchwelleZeigen();
-  lblStatusanzeige.Caption = L"";
   Level1.Active = true;
   Level2.Active = true;
   imgRecordStop_MouseUp(kLeftButton);
   tmrStatus_Timer();
+  lblStatusanzeige.Caption = L"";
   prog.plattform.schleife.SetFocus(imgAufnehmen);
 }
 

@@ -170,6 +170,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void LinienPegelSetzen(std::int32_t pegel);
   void PegelZeigen();
 
+  Text schwelleAus_;  // what stood in the box when the threshold was last made from it
   Pegelautomatik automatik_;
   std::array<std::pair<int, int>, 3> gehoert_{};  // peaks of the last buffers
   bool imPuffer_ = false;                         // in the handler of a buffer

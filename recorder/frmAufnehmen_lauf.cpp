@@ -45,7 +45,7 @@ void frmAufnehmen::imgAufnehmen_MouseUp() {
     if (BasisName.empty()) GetMultiFileName();
     if (BasisName.empty()) return;
     Sitzung = true;
-    LetzterPegel = Zaehler(prog.plattform.uhr.Ticks());
+    LetzterPegel = Jetzt();
     AktuelleDatei = NaechsteMultiDatei();
   }
   tmrUmdrehen.Enabled = false;
@@ -115,7 +115,9 @@ void frmAufnehmen::EingangOeffnen() {
 }
 
 std::uint32_t frmAufnehmen::Jetzt() const {
-  return Zaehler(imPuffer_ ? WaveIn->BufferTicks() : prog.plattform.uhr.Ticks());
+  // In a take the sound's own time counts, which lies behind the clock's by what still waits.
+  const bool imTake = imPuffer_ || NimmtAuf;
+  return Zaehler(imTake ? WaveIn->BufferTicks() : prog.plattform.uhr.Ticks());
 }
 
 void frmAufnehmen::RecordStop() {
@@ -327,7 +329,7 @@ void frmAufnehmen::tmrStatus_Timer() {
     lblAufnahme.Visible = !lblAufnahme.Visible();
     if (frei < kKnapperPlatz) return TakeAbbrechen(LoadResString(2043));
   }
-  lblStatusanzeige.Caption = LoadResString(2200) + L" " + AktuelleDatei;
+  lblStatusanzeige.Caption = LoadResString(2200) + AktuelleDatei;
 }
 
 void frmAufnehmen::PlatzZeigen(double frei) {

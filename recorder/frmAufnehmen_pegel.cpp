@@ -53,7 +53,10 @@ void frmAufnehmen::imgSliderKnopf_Change(int index) {
     if (!NimmtAuf) Pausenlaenge = Ganz32(wert * kMsJeSekunde);
     return;
   }
-  if (!NimmtAuf) Pegelschwelle = Ganz32(Runden(wert / 100.0 * kVoll));
+  if (!NimmtAuf) {
+    schwelleAus_ = feld.Text;
+    Pegelschwelle = Ganz32(Runden(wert / 100.0 * kVoll));
+  }
   SchwelleZeigen();
 }
 
@@ -73,7 +76,9 @@ void frmAufnehmen::txtMaxVolume_LostFocus() {
   if (wert != Val(txtMaxVolume.Text)) txtMaxVolume.Text = ZahlText(wert);
   if (Trim(txtMaxVolume.Text).empty()) txtMaxVolume.Text = ZahlText(wert);
   SchieberSetzen(wert / kStufenSchwelle, 2);
-  if (NimmtAuf) return;
+  // A box that was only passed through changes nothing.
+  if (NimmtAuf || txtMaxVolume.Text() == schwelleAus_) return;
+  schwelleAus_ = txtMaxVolume.Text;
   Pegelschwelle = Ganz32(Runden(wert / 100 * kVoll));
   SchwelleZeigen();
 }

@@ -287,6 +287,17 @@ TEST(Aufnahme, TheDesktopsCloseButtonEndsTheTakeWhole) {
   EXPECT_EQ(t.b.platform.inhibitor.Awake(), 0);
 }
 
+TEST(Aufnahme, AThresholdBoxThatIsPassedThroughChangesNothing) {
+  AufnahmeBuehne t;
+  t.OeffneLP();
+  const std::int32_t anfangs = t.A().Pegelschwelle;
+  t.A().txtMaxVolume_LostFocus();
+  EXPECT_EQ(t.A().Pegelschwelle, anfangs);
+  t.A().txtMaxVolume.Text = L"50";
+  t.A().txtMaxVolume_LostFocus();
+  EXPECT_EQ(t.A().Pegelschwelle, 16384);
+}
+
 TEST(Aufnahme, AnInputLineIsChosenAndItsLevelOnlyEverTurnedDown) {
   AufnahmeBuehne t;
   HeadlessMixer& mixer = t.b.platform.mixer;
