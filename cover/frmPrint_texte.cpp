@@ -1,4 +1,4 @@
-// The texts of a side: how they are shown, selected and moved, and how their places are told.
+// The texts of a side: how they are shown, selected and moved, and how screen readers name their places.
 
 #include "app/feld.h"
 #include "app/programm.h"

@@ -90,7 +90,7 @@ class FormWindow final : public QWidget {
   std::set<const Control*> containers_;         // those of `known_`
   std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
   QHash<QObject*, Face*> byObject_;
-  std::set<int> keysDown_;         // codes that the form was told of
+  std::set<int> keysDown_;         // codes whose press the form has had
   const Face* pressed_ = nullptr;  // took the press that has not been let go
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
