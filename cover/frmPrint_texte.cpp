@@ -1,4 +1,5 @@
-// The texts of a side: how they are shown, selected and moved, and how screen readers name their places.
+// The texts of a side: how they are shown, selected and moved, and how screen readers name their
+// places.
 
 #include "app/feld.h"
 #include "app/programm.h"
