@@ -5,6 +5,7 @@
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
+#include "app/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
 #include "catalog/katalog_datei.h"
@@ -22,7 +23,6 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr int kNachlaufMs = 250;  // until a preview that was stopped is silent
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include "app/dienste.h"
 #include "app/weiter.h"
 
+#include "platform/cd_sound.h"
+
 #include <cstring>
 
 namespace vantora {
@@ -54,8 +56,8 @@ WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei) {
   WaveBefund befund;
   Weiter([&] {
     wave.Open(datei);  // must be there
-    const bool tauglich =
-        wave.BitsPerSample() == 16 && wave.SampleRate() == 44100 && wave.StereoMode() == 1;
+    const bool tauglich = wave.BitsPerSample() == kSampleBits && wave.SampleRate() == kSampleRate &&
+                          wave.StereoMode() == 1;
     befund.LaengeMs = static_cast<double>(wave.Samples()) / kFramesJeMs;
     wave.Close();
     if (!tauglich) return;

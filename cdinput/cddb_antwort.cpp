@@ -11,7 +11,6 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr const wchar_t* kTrenner = L" / ";  // between performer and title
 
 Text OhneSteuerzeichen(Text text) {

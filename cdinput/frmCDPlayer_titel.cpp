@@ -13,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kModusGrab = 1;
 constexpr int kAnlaufMs = 500;
 constexpr wchar_t kApostroph = L'\'', kAkut = L'´';
 

@@ -3,6 +3,7 @@
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
+#include "app/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdwriting/pausen.h"
 
@@ -16,7 +17,6 @@ constexpr int kErsterTyp = 1, kLetzterTyp = 99, kTypMitDAO = 10;
 constexpr Color kTafel = Rgb(53, 55, 99);
 constexpr const wchar_t* kTempo[] = {L"1", L"2", L"4", L"6", L"8"};
 constexpr int kAbschiedMs = 1500;
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 Text FlaggeText(bool flagge) {
   return flagge ? L"True" : L"False";

@@ -5,6 +5,7 @@
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
+#include "app/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
@@ -19,10 +20,8 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kOrt = L"BurnCD";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr int kEinlegeMs = 2500;  // in which the drive notices its disc
 constexpr int kWarteMs = 750;
-constexpr int kModusBrennen = 2;
 constexpr int kMethodeVerweigert = -1;
 constexpr int kKeinText = 400;  // a number that the string table leaves out
 

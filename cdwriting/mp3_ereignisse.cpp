@@ -3,6 +3,7 @@
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
+#include "app/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
@@ -56,7 +57,7 @@ void frmKomponenten::Mp3Play1_ActFrame(int frame) {
 void frmKomponenten::Mp3Play1_Failure(int /*code*/, const Text& text) {
   Mp3Play1.Stop();
   prog.AppLog(L"Mp3Play1_Failure", L"!!!!");
-  prog.MsgBoxen(LoadResString(9007) + L"\r\n" + LoadResString(9008) + text, kStopp,
+  prog.MsgBoxen(LoadResString(9007) + kZeilenEnde + LoadResString(9008) + text, kStopp,
                 LoadResString(0));
   Abgebrochen = true;
   KonvertierungAktiv = false;

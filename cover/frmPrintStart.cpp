@@ -13,7 +13,6 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kAbstand = L"   ";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::int16_t kWahr = -1;
 
 }  // namespace

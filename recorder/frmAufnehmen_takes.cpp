@@ -5,6 +5,7 @@
 #include "app/programm.h"
 #include "app/weiter.h"
 #include "app/zahlen.h"
+#include "app/zeichen.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "recorder/frmAufnehmen.h"
 
@@ -13,7 +14,6 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kEndung = L".WAV";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::size_t kLaengsterPfad = 100;
 constexpr int kNummernZeichen = 3;  // of a hundred takes and more
 constexpr double kMindestMs = 2000;

@@ -4,13 +4,14 @@
 #include "app/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 
 namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
 constexpr double kFramesJeMs = 44.1;
 constexpr std::int32_t kMaxZaehler = 1 << 30;
 constexpr std::int16_t kStereo = 2;

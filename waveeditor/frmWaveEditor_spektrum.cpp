@@ -7,6 +7,8 @@
 #include "waveeditor/frmWaveEditor.h"
 #include "waveeditor/spektrum_bild.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 
 namespace vantora {
@@ -14,7 +16,6 @@ namespace vantora {
 namespace {
 
 constexpr std::int32_t kMindestFrames = 0x1000, kHoechstFrames = 0x11800;
-constexpr std::int32_t kFrameBytes = 4;
 
 }  // namespace
 
