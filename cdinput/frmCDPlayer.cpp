@@ -1,7 +1,7 @@
 #include "cdinput/frmCDPlayer.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmKomponenten.h"

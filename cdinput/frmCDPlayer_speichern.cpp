@@ -1,7 +1,7 @@
 // Saving the selected tracks: under which names, whether there is room, and what may be replaced.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"

@@ -1,8 +1,8 @@
 #include "cdwriting/frmCDBrennen.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdwriting/pausen.h"
 

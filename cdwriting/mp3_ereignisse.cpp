@@ -1,8 +1,8 @@
 // Progress and end of an MP3 conversion, as frmKomponenten receives them.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
