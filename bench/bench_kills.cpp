@@ -2,7 +2,7 @@
 // as it was before the edit or behind it. `bench-kills HOME [MEGABYTES [KILLS]]`, 200 MB and 10
 // kills of each edit without more words; exit status 1 when a file was neither.
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 #include "main/headless_platform.h"
 #include "tests/support/kill_switch.h"
 

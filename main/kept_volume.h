@@ -1,7 +1,7 @@
 // Keeps the program's own volume from one run to the next, as a card keeps its own.
 #pragma once
 
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/settings_store.h"

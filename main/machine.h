@@ -17,7 +17,7 @@
 #include "backends/linux/settings_file.h"
 #include "backends/mpg123/mp3_decoder.h"
 #include "backends/sound/audio_library.h"
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 #include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/sound_tools.h"
 #include "klang/rampe.h"

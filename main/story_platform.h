@@ -13,7 +13,7 @@
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
 #include "backends/samplerate/pitcher.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 #include "main/kept_volume.h"
 #include "main/machine.h"
 

@@ -14,7 +14,7 @@ namespace vantora {
 
 struct WriterFaults;  // backends/discimage/image_writer.h
 class HeadlessMixer;  // backends/headless/headless_mixer.h
-class OutputVolume;   // backends/sound/output_volume.h
+class OutputVolume;   // backends/sound/mixer/output_volume.h
 struct PrinterSetup;  // platform/printer.h
 
 // Whatever a stage cannot do it raises as std::exception; the message is the robot's.

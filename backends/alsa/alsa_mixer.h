@@ -5,7 +5,7 @@
 // half as loud; a control without decibels counts so already, as a sound server's does.
 #pragma once
 
-#include "backends/sound/mixer_lines.h"
+#include "backends/sound/mixer/mixer_lines.h"
 
 #include <alsa/asoundlib.h>
 

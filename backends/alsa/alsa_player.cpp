@@ -1,7 +1,7 @@
 #include "backends/alsa/alsa_player.h"
 
 #include "backends/alsa/alsa_stream.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 
 #include "platform/laufzeitfehler.h"
 

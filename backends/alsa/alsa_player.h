@@ -1,7 +1,7 @@
 // Plays a wave file on the sound card "default" through libasound, in a thread of its own.
 #pragma once
 
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/files.h"

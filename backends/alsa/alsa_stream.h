@@ -2,7 +2,7 @@
 #pragma once
 
 #include "backends/alsa/alsa_output.h"
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/sound_output.h"

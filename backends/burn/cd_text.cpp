@@ -1,6 +1,6 @@
 #include "backends/burn/cd_text.h"
 
-#include "backends/sound/disc_text.h"
+#include "backends/sound/disc/disc_text.h"
 
 #include <algorithm>
 #include <array>

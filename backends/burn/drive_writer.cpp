@@ -3,7 +3,7 @@
 #include "backends/burn/burn_drive.h"
 #include "backends/burn/complaints.h"
 #include "backends/burn/disc_burn.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "backends/burn/burn_library.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/files.h"
 

@@ -1,7 +1,7 @@
 #include "backends/cdio/image_layout.h"
 
 #include "backends/cdio/sheet_text.h"
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
 
 #include <algorithm>
 

@@ -4,7 +4,7 @@
 
 #include "backends/discimage/cue_sheet.h"
 #include "backends/discimage/writer_faults.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/files.h"
 #include "platform/mcd.h"

@@ -1,7 +1,7 @@
 #include "backends/discimage/image_writer.h"
 
 #include "backends/discimage/image_burn.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
 

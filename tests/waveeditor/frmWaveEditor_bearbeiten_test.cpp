@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 #include "backends/sound/edits/wave_edits.h"
+#include "backends/sound/files/wave_file.h"
 #include "backends/sound/sound_tools.h"
-#include "backends/sound/wave_file.h"
 #include "klang/rampe.h"
 #include "tests/backends/running_out.h"
 #include "tests/waveeditor/editor_stage.h"

@@ -1,6 +1,6 @@
 #include "backends/sound/edits/edit_plan.h"
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -2,7 +2,7 @@
 // in the edit's note. Nothing of it is read again from a file that may be half written.
 #pragma once
 
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
 
 #include "platform/edits.h"
 #include "platform/files.h"

@@ -1,6 +1,6 @@
 #include "backends/sound/edits/scale.h"
 
-#include "backends/sound/vector_unit.h"
+#include "backends/sound/edits/vector_unit.h"
 
 #include <bit>
 

@@ -1,6 +1,6 @@
 #include "backends/sound/spectrum/spectrum.h"
 
-#include "backends/sound/fft.h"
+#include "backends/sound/spectrum/fft.h"
 
 #include <algorithm>
 #include <bit>

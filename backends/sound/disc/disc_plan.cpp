@@ -1,6 +1,6 @@
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -1,7 +1,7 @@
-#include "backends/sound/normalizer.h"
+#include "backends/sound/edits/normalizer.h"
 
-#include "backends/sound/vector_unit.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/edits/vector_unit.h"
+#include "backends/sound/files/wave_file.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -3,7 +3,7 @@
 // has no such line, or there is only a sound server, it is the program's own volume.
 #pragma once
 
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/eqpro.h"
 

@@ -1,4 +1,4 @@
-#include "backends/sound/normalizer.h"
+#include "backends/sound/edits/normalizer.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 
 #include "backends/headless/headless_loop.h"
 #include "backends/sound/chain/dsp_interface.h"
-#include "backends/sound/wave_object.h"
+#include "backends/sound/files/wave_object.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 

@@ -4,7 +4,7 @@
 // file takes no more sound.
 #pragma once
 
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
 
 #include "platform/files.h"
 #include "platform/mmtools.h"

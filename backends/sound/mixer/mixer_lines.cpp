@@ -1,4 +1,4 @@
-#include "backends/sound/mixer_lines.h"
+#include "backends/sound/mixer/mixer_lines.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,7 +2,7 @@
 // its odd ones as imaginary parts (Cooley, Lewis, Welch 1970). The complex transform is Stockham's:
 // stages of radix 4, in the end perhaps one of radix 2, go from one array to the other and leave
 // everything in order, so that there is no shuffling and every inner loop runs through memory.
-#include "backends/sound/fft.h"
+#include "backends/sound/spectrum/fft.h"
 
 #include <cmath>
 #include <numbers>

@@ -2,7 +2,7 @@
 // frame has 4 bytes; so a file of another format is counted wrongly, but never read past its end.
 #pragma once
 
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 
 #include "platform/files.h"
 #include "platform/mmchain.h"

@@ -1,8 +1,8 @@
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 
 #include <gtest/gtest.h>
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 

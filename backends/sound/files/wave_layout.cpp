@@ -1,4 +1,4 @@
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -1,4 +1,4 @@
-#include "backends/sound/disc_text.h"
+#include "backends/sound/disc/disc_text.h"
 
 #include <map>
 

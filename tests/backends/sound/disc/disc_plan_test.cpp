@@ -1,4 +1,4 @@
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "backends/sound/sound_helper.h"
+#include "backends/sound/effects/sound_helper.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -1,4 +1,4 @@
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 
 #include <gtest/gtest.h>
 

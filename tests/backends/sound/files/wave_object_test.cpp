@@ -1,4 +1,4 @@
-#include "backends/sound/wave_object.h"
+#include "backends/sound/files/wave_object.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "backends/sound/audio_library.h"
-#include "backends/sound/fft.h"
+#include "backends/sound/spectrum/fft.h"
 
 #include <cmath>
 #include <functional>

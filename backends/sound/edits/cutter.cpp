@@ -1,6 +1,6 @@
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 
 #include <algorithm>
 

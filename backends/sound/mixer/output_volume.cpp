@@ -1,4 +1,4 @@
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
-#include "backends/sound/wave_object.h"
+#include "backends/sound/files/wave_object.h"
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -6,7 +6,7 @@
 #include "backends/headless/headless_output.h"
 #include "backends/sound/chain/connector.h"
 #include "backends/sound/chain/dsp_interface.h"
-#include "backends/sound/wave_object.h"
+#include "backends/sound/files/wave_object.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 

@@ -1,4 +1,4 @@
-#include "backends/sound/fft.h"
+#include "backends/sound/spectrum/fft.h"
 
 #include <gtest/gtest.h>
 
