@@ -1,8 +1,8 @@
 #include "app/dienste.h"
 
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/plattform.h"
 

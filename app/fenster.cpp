@@ -1,8 +1,8 @@
 #include "app/fenster.h"
 
-#include "app/layout.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/layout.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/twips.h"
 

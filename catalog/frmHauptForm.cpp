@@ -1,9 +1,9 @@
 #include "catalog/frmHauptForm.h"
 
-#include "app/feld.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/twips.h"
 

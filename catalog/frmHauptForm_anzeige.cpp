@@ -1,9 +1,9 @@
 // The list of the catalog: how it is rebuilt and repaired, and the preview.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
 #include "mixer/frmMixer.h"

@@ -2,9 +2,9 @@
 // opening the recorder.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"

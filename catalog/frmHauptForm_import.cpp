@@ -1,9 +1,9 @@
 // Audio files from the disk on their way into the catalog.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
 #include "cdinput/frmKomponenten.h"

@@ -1,10 +1,10 @@
 // The operations on the catalog: new, open, append, save, add, delete, move, undo.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"
 #include "catalog/wave_pruefung.h"

@@ -1,7 +1,7 @@
 #include "catalog/wave_pruefung.h"
 
 #include "app/dienste.h"
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
 
 #include "platform/cd_sound.h"
 

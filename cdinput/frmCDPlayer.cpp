@@ -1,8 +1,8 @@
 #include "cdinput/frmCDPlayer.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmKomponenten.h"

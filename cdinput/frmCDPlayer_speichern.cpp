@@ -1,8 +1,8 @@
 // Saving the selected tracks: under which names, whether there is room, and what may be replaced.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"

@@ -1,12 +1,12 @@
 // What the writer reports while a disc is made, and what of it the progress window shows. The work
 // of frmKomponenten, which receives all events of the devices.
 
-#include "app/feld.h"
 #include "app/frmMBox.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmCDBrennen.h"

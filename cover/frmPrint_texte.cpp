@@ -1,9 +1,9 @@
 // The texts of a side: how they are shown, selected and moved, and how screen readers name their
 // places.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
 
 #include "platform/twips.h"

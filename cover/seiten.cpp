@@ -1,7 +1,7 @@
 #include "cover/seiten.h"
 
-#include "app/feld.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/twips.h"
 

@@ -2,7 +2,7 @@
 // them.
 
 #include "app/programm.h"
-#include "app/zeichen.h"
+#include "app/werte/zeichen.h"
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"

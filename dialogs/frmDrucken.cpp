@@ -1,8 +1,8 @@
 #include "dialogs/frmDrucken.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/printer.h"
 #include "platform/twips.h"

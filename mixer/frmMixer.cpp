@@ -1,8 +1,8 @@
 #include "mixer/frmMixer.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/twips.h"
 

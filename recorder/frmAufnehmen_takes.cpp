@@ -1,11 +1,11 @@
 // The takes: how each gets its file, their list, and their way into the catalog.
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "recorder/frmAufnehmen.h"
 

@@ -1,7 +1,7 @@
 // The effects: their sliders, boxes and buttons, and how the chain is wired by them.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include "platform/cd_sound.h"

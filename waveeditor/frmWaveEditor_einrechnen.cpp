@@ -3,8 +3,8 @@
 // the source's place.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "waveeditor/frmWaveEditor.h"
 

@@ -1,7 +1,7 @@
 // What is done to each buffer on its way, the machine's load, and the captions of the effects.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include "platform/cd_sound.h"

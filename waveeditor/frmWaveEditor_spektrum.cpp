@@ -1,8 +1,8 @@
 // The small picture of the spectrum of what is selected.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
 #include "waveeditor/spektrum_bild.h"

@@ -1,8 +1,8 @@
 // Playing, pausing, looping and winding.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include "platform/cd_sound.h"

@@ -1,7 +1,7 @@
 // What the windows know of the open catalog, beside its records.
 #pragma once
 
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 
 namespace vantora {
 

@@ -1,4 +1,4 @@
-#include "app/zeichen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 #include <array>
