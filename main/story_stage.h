@@ -4,8 +4,8 @@
 
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "main/robot/robot_stage.h"
 #include "main/story_platform.h"
+#include "robot/robot_stage.h"
 
 #include <cstdlib>
 #include <filesystem>

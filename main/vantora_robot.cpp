@@ -2,9 +2,9 @@
 
 #include "backends/qt/qt_app.h"
 #include "main/resource_check.h"
-#include "main/robot/robot.h"
 #include "main/story_stage.h"
 #include "main/window_platform.h"
+#include "robot/robot.h"
 
 #include <cstdio>
 #include <fstream>

@@ -5,8 +5,8 @@
 // error reads "SCRIPT:LINE: what was to be, what was found".
 #pragma once
 
-#include "main/robot/robot_script.h"
-#include "main/robot/robot_stage.h"
+#include "robot/robot_script.h"
+#include "robot/robot_stage.h"
 
 #include <deque>
 #include <functional>

@@ -1,7 +1,7 @@
 // The commands that act: what mouse and keyboard do, and what a person answers.
 
 #include "backends/linux/utf8.h"
-#include "main/robot/robot.h"
+#include "robot/robot.h"
 
 namespace vantora {
 

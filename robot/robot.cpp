@@ -1,4 +1,4 @@
-#include "main/robot/robot.h"
+#include "robot/robot.h"
 
 #include "backends/linux/utf8.h"
 

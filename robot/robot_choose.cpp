@@ -3,7 +3,7 @@
 
 #include "backends/linux/utf8.h"
 #include "dialogs/frmLoadSave.h"
-#include "main/robot/robot.h"
+#include "robot/robot.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // What words every command takes, and when it may run.
 
 #include "backends/linux/utf8.h"
-#include "main/robot/robot_script.h"
+#include "robot/robot_script.h"
 
 #include <algorithm>
 #include <charconv>

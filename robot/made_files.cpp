@@ -1,4 +1,4 @@
-#include "main/robot/made_files.h"
+#include "robot/made_files.h"
 
 #include <cmath>
 #include <cstdint>

@@ -1,14 +1,14 @@
 // The robot in front of the real program, without a screen: what a failing story says, and that it
 // does not pass.
 
-#include "main/robot/robot.h"
+#include "robot/robot.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "main/headless_platform.h"
-#include "main/robot/sha256.h"
 #include "main/story_stage.h"
+#include "robot/sha256.h"
 #include "tests/support/buehne.h"
 
 #include <algorithm>

@@ -3,8 +3,8 @@
 #include "backends/discimage/writer_faults.h"
 #include "backends/headless/headless_mixer.h"
 #include "backends/linux/utf8.h"
-#include "main/robot/made_files.h"
-#include "main/robot/robot.h"
+#include "robot/made_files.h"
+#include "robot/robot.h"
 
 #include <filesystem>
 

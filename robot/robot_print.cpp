@@ -4,7 +4,7 @@
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"
-#include "main/robot/robot.h"
+#include "robot/robot.h"
 
 #include "platform/printer.h"
 

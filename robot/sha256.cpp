@@ -1,4 +1,4 @@
-#include "main/robot/sha256.h"
+#include "robot/sha256.h"
 
 #include <bit>
 

@@ -2,8 +2,8 @@
 
 #include "backends/headless/headless_mixer.h"
 #include "backends/linux/utf8.h"
-#include "main/robot/robot.h"
-#include "main/robot/sha256.h"
+#include "robot/robot.h"
+#include "robot/sha256.h"
 
 #include "platform/laufzeitfehler.h"
 

@@ -1,4 +1,4 @@
-#include "main/robot/robot_script.h"
+#include "robot/robot_script.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
