@@ -1,7 +1,7 @@
 // The program's work in real windows. `bench-windows WORK HOME` prints what was measured.
 
 #include "app/frmMBox.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"

@@ -1,6 +1,6 @@
 #include "backends/qt/print/page_painter.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/print/qt_image.h"

@@ -1,6 +1,6 @@
 #include "backends/qt/print/print_queues.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 
 #include "platform/laufzeitfehler.h"
