@@ -1,20 +1,13 @@
 #include "app/werte/zeichen.h"
 
+#include "platform/windows1252.h"
+
 #include <algorithm>
-#include <array>
 #include <cwctype>
 
 namespace vantora {
 
 namespace {
-
-// Bytes 128 to 159; the five without a character stand for the control characters of their number.
-constexpr std::array<wchar_t, 32> kOben = {
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
-
-constexpr wchar_t kErstes = 0x80, kLetztes = 0x9F;
 
 constexpr bool Blank(wchar_t zeichen) {
   return zeichen == L' ' || zeichen == L'\0';
@@ -41,20 +34,15 @@ wchar_t Klein(wchar_t z) {
 }  // namespace
 
 wchar_t ZeichenAus1252(unsigned char byte) {
-  return byte >= kErstes && byte <= kLetztes ? kOben[static_cast<std::size_t>(byte - kErstes)]
-                                             : static_cast<wchar_t>(byte);
+  return Letter1252(byte);
 }
 
 bool Hat1252(wchar_t zeichen) {
-  const bool direkt = zeichen >= 0 && zeichen <= 0xFF && (zeichen < kErstes || zeichen > kLetztes);
-  return direkt || std::find(kOben.begin(), kOben.end(), zeichen) != kOben.end();
+  return Byte1252(zeichen).has_value();
 }
 
 unsigned char ByteIn1252(wchar_t zeichen) {
-  if (!Hat1252(zeichen)) return '?';
-  const auto platz = std::find(kOben.begin(), kOben.end(), zeichen);
-  return static_cast<unsigned char>(platz == kOben.end() ? zeichen
-                                                         : kErstes + (platz - kOben.begin()));
+  return Byte1252(zeichen).value_or('?');
 }
 
 Text Trim(const Text& text) {

@@ -1,7 +1,7 @@
 #include "backends/mpg123/mp3_decoder.h"
 
 #include "backends/mpg123/mpeg_stream.h"
-#include "backends/mpg123/polyphase.h"
+#include "backends/mpg123/resampler.h"
 
 #include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
@@ -20,7 +20,7 @@ using Time = std::chrono::steady_clock;
 
 constexpr std::size_t kHeaderBytes = 44;
 constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
-constexpr int kFramesPerSlice = 64;  // some 2 ms of work for less than 2 s of sound
+constexpr int kFramesPerSlice = 64;  // of MPEG; 2 ms of work, up to 30 ms with resampling
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
 // The size fields of a wave file are read as signed numbers by much of the world.
 constexpr std::int64_t kMostBytes = 0x7FFFFFFF - static_cast<std::int64_t>(kHeaderBytes);
@@ -171,7 +171,7 @@ struct Mp3Decoder::Run {
   int frames;  // of the whole source
   std::unique_ptr<MpegStream> stream;
   std::unique_ptr<Datei> target;  // open from the first slice to the end
-  std::optional<Polyphase> resampler;
+  std::optional<Resampler> resampler;
   std::vector<std::int16_t> converted;
   std::vector<char> pending;
   std::int64_t written = 0, frame = 0;
