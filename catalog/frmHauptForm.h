@@ -163,7 +163,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void BildschirmPruefen();
   void GrossesLayout();
   void StartAssistentZeigen();
-  MendedEdits Ausgebessert;  // edits that the start has finished or undone
+  MendedEdits Ausgebessert;  // what the start has repaired after a program was killed
   void AusgebessertZeigen();
   void Schritt(const std::function<void()>& anweisung);
   bool NochmalNachFehler(int nummer, const Text& beschreibung);
