@@ -1,6 +1,6 @@
-// The least that a program of this toolkit can do: one empty window of the size of the program's
-// own; with an argument, one window with a single word in it, which brings the fonts in. Prints the
-// time of the machine's monotonic clock, in ms, when it has been painted.
+// The smallest program of this toolkit: one empty window of the size of the program's main window.
+// With an argument, the window shows a single word, which loads the fonts. Prints the time of the
+// machine's monotonic clock, in ms, when the window has been painted.
 
 #include <QApplication>
 #include <QPainter>
