@@ -58,7 +58,7 @@ class Dienste {
 
 inline constexpr double kPlatzUnbekannt = 2147483648.0;  // free bytes of a drive that fails
 
-// Class of a drive in the words of the drive scan.
+// The class of a drive in words, as the drive scan writes it.
 Text LaufwerkText(int klasse);
 
 Text AddBackslash(const Text& pfad);

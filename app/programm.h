@@ -124,7 +124,7 @@ struct Programm : Dienste,
   void DruckFehlerMelden(const Laufzeitfehler& fehler);
   void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
 
-  // The main window, as the windows below it see it.
+  // The main window, through the interface for lower windows.
   KatalogDienst& Katalogfenster();
 
   void LoadLastDir();

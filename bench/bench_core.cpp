@@ -80,7 +80,7 @@ int GrabFromTray(const fs::path& home) {
   return Grab(platform, reader);
 }
 
-// Reads the same image as a disc in an optical drive; the library reads its sheet.
+// Reads an image as a disc in an optical drive; the library reads its sheet.
 int GrabFromDrive(const fs::path& home) {
   HeadlessPlatform platform(home);
   DiscDrive drive;

@@ -16,7 +16,7 @@ struct SineWave {
 
 // Writes a header of 44 bytes and the samples. Raises std::runtime_error.
 void WriteSineWave(const std::string& file, const SineWave& wave);
-// Writes the same sound as an MP3 file of 128 kbit/s, encoded by the program `lame`.
+// Writes a sine wave as an MP3 file of 128 kbit/s, encoded by the program `lame`.
 void WriteSineMp3(const std::string& file, const SineWave& wave);
 
 // Writes an uncompressed picture: red grows to the right, green grows downwards, blue is constant.

@@ -59,7 +59,7 @@ bool NeedsProgram(const ScriptLine& line);
 // True for lines that are allowed only while no program runs.
 bool PreparesStart(const ScriptLine& line);
 
-// Raises ScriptError.
+// These functions raise ScriptError.
 std::vector<ScriptLine> ParseScript(std::string_view script);
 std::vector<ScriptWord> ParseWords(const Text& source, int line);
 Target ParseTarget(const Text& word, int line);

@@ -12,7 +12,7 @@
 
 namespace vantora {
 
-struct WriterFaults;  // backends/discimage/image_writer.h
+struct WriterFaults;  // backends/discimage/writer_faults.h
 class HeadlessMixer;  // backends/headless/headless_mixer.h
 class OutputVolume;   // backends/sound/mixer/output_volume.h
 struct PrinterSetup;  // platform/printer.h

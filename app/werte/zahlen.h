@@ -22,9 +22,10 @@ std::int16_t Ganz16(double wert);
 std::int32_t Ganz32(double wert);
 std::int64_t Ganz64(double wert);
 
-// The same without a check, for loops over sound; |wert| must be below 2 to the 51st. Adding the
-// constant makes the sum so large that no bits remain for a fraction: the whole number stands in
-// the lowest bits. This is faster than every conversion instruction of the processor.
+// Rounds to a whole number without a check, for loops over sound; |wert| must be below 2 to the
+// 51st. Adding the constant makes the sum so large that no bits remain for a fraction: the whole
+// number stands in the lowest bits. This is faster than every conversion instruction of the
+// processor.
 inline std::int64_t GanzSchnell(double wert) {
   constexpr double kOhneStellen = 6755399441055744.0;
   return std::bit_cast<std::int64_t>(wert + kOhneStellen) -
