@@ -21,7 +21,6 @@ struct LaufwerkEintrag {
 struct LogStatus {
   std::int16_t LogZaehler = 0;
   Text AktuelleDatei;  // of the preview
-  Text PegelDatei;     // in the level meter
 };
 
 class Dienste {
