@@ -205,7 +205,6 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   KatalogNamen KatalogDialog(int modus);
   // Number of a record that was at `nummer` and may have moved up since; 0 when it is gone.
   int Wiederfinden(const KatalogEintrag& eintrag, int nummer) const;
-  Text NeuerKatalogTitel() const;
   void TitelUndInterpret(const Text& datei, const Text& datum, const Text& vorschlag, Text& titel,
                          Text& interpret);
 
