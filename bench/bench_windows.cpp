@@ -16,7 +16,7 @@
 #include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
 #include "medley/frmMedley.h"
-#include "tests/support/cddb_server.h"
+#include "tests/emulators/cddb_server.h"
 
 #include <fstream>
 #include <stdexcept>

@@ -1,9 +1,11 @@
 #include "waveeditor/bearbeitung.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,10 +14,8 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kMB = 0x100000;
 constexpr std::size_t kWurzel = 3;  // "C:\"
 constexpr int kVollePegel = 100;    // percent
-constexpr std::int64_t kFrameBytes = 4;
 
 enum UndoSchritt : std::int16_t { kUndoCut = 1, kUndoBlock = 2, kUndoPaste = 3 };
 

@@ -3,8 +3,10 @@
 #include "waveeditor/frmWaveEditor.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 #include <algorithm>
 
@@ -19,7 +21,6 @@ constexpr int kSpektrumMs = 2000;
 constexpr int kLastMs = 500;
 constexpr int kNormalizeMs = 10;
 constexpr int kBibliothekBytes = 8192;
-constexpr double kGrosseSchriftTwips = 12.0;
 constexpr double kGrosseSchrift = 1.25;
 constexpr int kMarkerDeckung = 35;  // percent
 
@@ -174,7 +175,7 @@ void frmWaveEditor::Form_Load() {
   bearbeitung_.Beginnen();
   imgPaste.Enabled = false;
   lblPasteDisabled.Visible = true;
-  if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+  if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
     picPresets.Left = Ganz32(picPresets.Left / kGrosseSchrift);
     picPresets.Top = Ganz32(picPresets.Top / kGrosseSchrift);
   }

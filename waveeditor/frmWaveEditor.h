@@ -6,10 +6,10 @@
 #pragma once
 
 #include "app/fenster.h"
+#include "app/zustand/editor_zustand.h"
 #include "klang/klang_frame.h"
 #include "waveeditor/auswahl.h"
 #include "waveeditor/bearbeitung.h"
-#include "waveeditor/editor_zustand.h"
 #include "waveeditor/pegel.h"
 
 #include "platform/mmtools.h"

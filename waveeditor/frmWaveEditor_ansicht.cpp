@@ -1,8 +1,8 @@
 // The picture of the sound, the time above it, and what is selected on it.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // What is selected on the picture: a cursor or a range, by the mouse or by the keyboard.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // The buttons of the edits: the window is shut while one of them works.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 namespace vantora {

@@ -1,8 +1,10 @@
 // The effects: their sliders, boxes and buttons, and how the chain is wired by them.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
 constexpr int kFeldZeichen = 6;
 constexpr int kStumm = 0, kUnverändert = 16384;
 

@@ -3,10 +3,12 @@
 // the source's place.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "waveeditor/frmWaveEditor.h"
+
+#include "platform/cd_sound.h"
 
 namespace vantora {
 
@@ -19,8 +21,6 @@ constexpr const wchar_t* kStatStop = L"PerfStats\\StopStat";
 constexpr const wchar_t* kOrtEinrechnen2 = L"frmWaveEditor.Einrechen2";
 constexpr int kLoslassenMs = 500;  // until the file that was written can be copied
 constexpr int kWartenMs = 50;
-constexpr std::int64_t kFrameBytes = 4;
-constexpr int kBits = 16, kKanaele = 2, kRate = 44100;
 
 Text ImTempOrdner(const Programm& prog, const wchar_t* name) {
   return AddBackslash(prog.Temporary_Directory.Getrimmt()) + name;
@@ -169,7 +169,7 @@ void frmWaveEditor::Einrechnen2(const Text& datei) {
   quelle.Open();
   quelle.PlayStart = 0;
   quelle.PlayEnd = quelle.DataSize();
-  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kBits, kKanaele, kRate);
+  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kSampleBits, kChannels, kSampleRate);
   DestFile->Wave.SetFileName(ImTempOrdner(prog, kBatchDatei));
   prog.AppLog(kOrtEinrechnen2, L"starting trigger");
   Trigger->Start();

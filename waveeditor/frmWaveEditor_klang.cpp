@@ -1,8 +1,10 @@
 // What is done to each buffer on its way, the machine's load, and the captions of the effects.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -10,7 +12,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
 constexpr double kFramesJeMs = 44.1;
 constexpr std::int32_t kMaxZaehler = 1 << 30;
 constexpr std::int16_t kStereo = 2;

@@ -2,11 +2,11 @@
 // settings store, a line of text each: the name and then the values, between semicolons. The rooms
 // of the hall lie in a file beside the program.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include <algorithm>

@@ -1,11 +1,13 @@
 // The small picture of the spectrum of what is selected.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
 #include "waveeditor/spektrum_bild.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -14,7 +16,6 @@ namespace vantora {
 namespace {
 
 constexpr std::int32_t kMindestFrames = 0x1000, kHoechstFrames = 0x11800;
-constexpr std::int32_t kFrameBytes = 4;
 
 }  // namespace
 

@@ -1,9 +1,11 @@
 // Playing, pausing, looping and winding.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,7 +19,6 @@ constexpr int kRunden = 10000;               // of a loop
 constexpr std::int32_t kSpulFrames = 22050;  // half a second
 constexpr int kSpulErstMs = 500, kSpulWenigerMs = 40, kSpulSchnellMs = 100, kSpulLetztMs = 50;
 constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding tells nothing about the load
-constexpr int kFrameBytes = 4;
 constexpr int kEinrechnen = 5;
 
 // Sets a flag for as long as it lives.

@@ -1,6 +1,6 @@
 #include "waveeditor/spektrum_bild.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 

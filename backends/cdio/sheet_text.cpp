@@ -101,10 +101,10 @@ int SheetTime(const std::string& text) {
   const int found = std::sscanf(text.c_str(), "%3d:%2d:%2d%n", &minutes, &seconds, &frames, &end);
   const bool whole = found == 3 && static_cast<std::size_t>(end) == text.size();
   if (!whole || minutes < 0 || seconds < 0 || seconds > 59 || frames < 0 ||
-      frames >= kCdSectorsPerSecond) {
+      frames >= kSectorsPerSecond) {
     return -1;
   }
-  return (minutes * 60 + seconds) * kCdSectorsPerSecond + frames;
+  return (minutes * 60 + seconds) * kSectorsPerSecond + frames;
 }
 
 std::string InCapitals(std::string text) {

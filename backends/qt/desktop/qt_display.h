@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/display.h"
+#include "platform/twips.h"
 
 namespace vantora {
 
@@ -22,8 +23,6 @@ class QtDisplay final : public Display {
   void SetSystemCursor(const Text& file) override { systemCursor_ = file; }
 
  private:
-  static constexpr int kTwipsPerPixel = 15;
-
   int pixelWidth_ = 0, pixelHeight_ = 0, bits_ = 0;  // 0: ask the screen
   Text systemCursor_;
 };

@@ -166,7 +166,7 @@ void DrawingWidget::moveEvent(QMoveEvent* event) {
 // ---- marks ----
 
 double DrawingWidget::Twips() const {
-  return look::kTwipsPerPixel / scale_;
+  return kTwipsPerPixel / scale_;
 }
 
 std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawItem>& items) const {

@@ -111,7 +111,7 @@ class PointedFace : public Face {
     const QPoint lag =
         look::Pixels(*told, window().Scale()).topLeft() - widget()->geometry().topLeft();
     const QPoint place = event.position().toPoint() - lag;
-    const double twips = look::kTwipsPerPixel / window().Scale();
+    const double twips = kTwipsPerPixel / window().Scale();
     told->MouseX = static_cast<int>(std::lround(place.x() * twips));
     told->MouseY = static_cast<int>(std::lround(place.y() * twips));
     Hold(*told, event.modifiers());
@@ -121,7 +121,6 @@ class PointedFace : public Face {
 // Its letters are counted in twips of the paper: scaled down to the window's pixels they keep the
 // proportions of the printed ones.
 QFont FontOnPaper(const Label& label) {
-  constexpr int kTwipsPerPoint = 20;
   LogicalFont font;
   font.FaceName = label.FontName;
   font.Height = -label.FontSize * kTwipsPerPoint;
@@ -165,7 +164,7 @@ class LabelFace final : public PointedFace {
     words_->Full =
         words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
-    if (words_->OwnFont) words_->Scale *= label.FontScale / look::kTwipsPerPixel;
+    if (words_->OwnFont) words_->Scale *= label.FontScale / kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/twips.h"
 
 #include <QColor>
 #include <QFont>
@@ -14,8 +15,6 @@ class QPainter;
 class QWidget;
 
 namespace vantora::look {
-
-inline constexpr int kTwipsPerPixel = 15;
 
 inline constexpr Color kGround = Rgb(31, 34, 51);
 inline constexpr Color kPanel = Rgb(53, 55, 99);

@@ -1,4 +1,4 @@
-#include "app/zeichen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/windows1252.h"
 

@@ -1,7 +1,7 @@
 // What the windows know of the open catalog, beside its records.
 #pragma once
 
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 
 namespace vantora {
 
@@ -33,11 +33,14 @@ struct DialogFelder {
   bool MehrfachAuswahl = false;
 };
 
+// What the progress window shows the course of.
+enum FortschrittModi : std::int32_t { kModusMp3 = 0, kModusGrab = 1, kModusBrennen = 2 };
+
 // What the burn run and its neighbours share.
 struct BrennZustand {
-  std::vector<Text> BrennDateien;     // wave files in catalog order, from index 1; 0 is unused
-  std::int32_t FortschrittModus = 0;  // 0 MP3, 1 grab, 2 burn
-  float BurnStartZeit = 0;            // seconds of the system timer
+  std::vector<Text> BrennDateien;  // wave files in catalog order, from index 1; 0 is unused
+  std::int32_t FortschrittModus = kModusMp3;
+  float BurnStartZeit = 0;  // seconds of the system timer
   float TrackStartZeit = 0;
   bool CDKopieAktiv = false;  // from the end of the read of a CD copy until its waves are removed
 

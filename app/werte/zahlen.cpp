@@ -1,4 +1,4 @@
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/laufzeitfehler.h"
 

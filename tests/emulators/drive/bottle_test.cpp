@@ -1,5 +1,5 @@
 // Discs in the bottle's drive, read with libcdio, its paranoia reader and the back end over them.
-#include "tests/bottle/bottle.h"
+#include "tests/emulators/drive/bottle.h"
 
 #include "backends/cdio/de_emphasis.h"
 #include "backends/cdio/drive_disc.h"

@@ -6,7 +6,7 @@
 // Only the calls are here by which those libraries and the standard library reach a drive. An
 // open device is an open file of the folder, so that locks, duplicates and the closing at the end
 // of a program are the system's own; what is asked of it by ioctl goes to the drive.
-#include "tests/bottle/requests.h"
+#include "tests/emulators/drive/requests.h"
 
 #include <array>
 #include <atomic>

@@ -1,6 +1,6 @@
 // How the drive writes: Track At Once, and a session at once after a cue sheet.
-#include "tests/bottle/drive.h"
-#include "tests/bottle/wire.h"
+#include "tests/emulators/drive/drive.h"
+#include "tests/emulators/drive/wire.h"
 
 #include <algorithm>
 #include <fstream>

@@ -15,6 +15,8 @@ bool Hat1252(wchar_t zeichen);
 
 // ---- small tools for texts ----
 
+inline constexpr const wchar_t* kZeilenEnde = L"\r\n";  // of lines in files and in messages
+
 Text Trim(const Text& text);  // without blanks and NULs at both ends
 Text Ucase(Text text);
 Text Lcase(Text text);

@@ -11,7 +11,7 @@
 
 #include "backends/linux/utf8.h"
 #include "backends/linux/windows1252.h"
-#include "tests/support/cddb_server.h"
+#include "tests/emulators/cddb_server.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "tests/support/cddb_server.h"
+#include "tests/emulators/cddb_server.h"
 
 #include <algorithm>
 #include <arpa/inet.h>

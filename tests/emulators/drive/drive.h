@@ -9,8 +9,8 @@
 // SUB-CHANNEL) are refused as unknown. Nor does it show what a particular maker's drive does wrong.
 #pragma once
 
-#include "tests/bottle/disc.h"
-#include "tests/bottle/script.h"
+#include "tests/emulators/drive/disc.h"
+#include "tests/emulators/drive/script.h"
 
 #include <array>
 #include <filesystem>

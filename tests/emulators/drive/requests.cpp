@@ -1,6 +1,6 @@
-#include "tests/bottle/requests.h"
+#include "tests/emulators/drive/requests.h"
 
-#include "tests/bottle/wire.h"
+#include "tests/emulators/drive/wire.h"
 
 #include <algorithm>
 #include <cerrno>

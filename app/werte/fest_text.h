@@ -2,7 +2,7 @@
 // padded with blanks by assignment, and cut at N without a word.
 #pragma once
 
-#include "app/zeichen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 #include <array>

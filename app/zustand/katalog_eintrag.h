@@ -2,7 +2,9 @@
 // performer of the whole list, the tracks follow from 1.
 #pragma once
 
-#include "app/fest_text.h"
+#include "app/werte/fest_text.h"
+
+#include "platform/laufzeitfehler.h"
 
 #include <cstdint>
 #include <vector>
@@ -30,6 +32,9 @@ struct KatalogEintrag {
 using KatalogFeld = std::vector<KatalogEintrag>;
 
 // Highest index, which is the number of tracks. Error 9 for a field that was never dimensioned.
-int UBound(const KatalogFeld& feld);
+inline int UBound(const KatalogFeld& feld) {
+  if (feld.empty()) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
+  return static_cast<int>(feld.size()) - 1;
+}
 
 }  // namespace vantora

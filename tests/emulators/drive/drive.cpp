@@ -1,6 +1,6 @@
-#include "tests/bottle/drive.h"
+#include "tests/emulators/drive/drive.h"
 
-#include "tests/bottle/wire.h"
+#include "tests/emulators/drive/wire.h"
 
 #include <algorithm>
 #include <chrono>

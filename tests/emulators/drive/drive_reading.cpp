@@ -1,6 +1,6 @@
 // What the drive tells of its disc, and what it reads from it.
-#include "tests/bottle/drive.h"
-#include "tests/bottle/wire.h"
+#include "tests/emulators/drive/drive.h"
+#include "tests/emulators/drive/wire.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <gtest/gtest.h>
 
-#include "app/fest_text.h"
+#include "app/werte/fest_text.h"
 #include "tests/backends/linux/home.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "tests/bottle/script.h"
+#include "tests/emulators/drive/script.h"
 
 #include <fstream>
 #include <sstream>

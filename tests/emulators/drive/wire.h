@@ -1,7 +1,7 @@
 // Numbers as they stand in commands and answers: the high byte first, times without BCD.
 #pragma once
 
-#include "tests/bottle/disc.h"
+#include "tests/emulators/drive/disc.h"
 
 namespace vantora::bottle {
 

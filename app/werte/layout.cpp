@@ -1,7 +1,7 @@
-#include "app/layout.h"
+#include "app/werte/layout.h"
 
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 #include <map>

@@ -10,7 +10,7 @@
 #include "main/machine.h"
 #include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
-#include "tests/bottle/bottle.h"
+#include "tests/emulators/drive/bottle.h"
 #include "tests/support/mcd_log.h"
 
 #include <cdio/cdtext.h>

@@ -1,4 +1,4 @@
-#include "tests/bottle/disc.h"
+#include "tests/emulators/drive/disc.h"
 
 #include <algorithm>
 #include <array>

@@ -10,6 +10,8 @@
 
 namespace vantora {
 
+inline constexpr std::int64_t kMB = 1024 * 1024;
+
 // The number that a text begins with; blanks count for nothing, and no number gives 0.
 double Val(const Text& text);
 

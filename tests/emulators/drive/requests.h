@@ -2,7 +2,7 @@
 // generic ones hand a command to the drive, the others turn into commands.
 #pragma once
 
-#include "tests/bottle/drive.h"
+#include "tests/emulators/drive/drive.h"
 
 namespace vantora::bottle {
 

@@ -1,4 +1,4 @@
-#include "app/layout.h"
+#include "app/werte/layout.h"
 
 #include <gtest/gtest.h>
 
