@@ -10,8 +10,8 @@ namespace {
 
 constexpr char16_t kLastPlainLetter = 0xFF;
 
-// Surely so, by the letters one by one: what that can't decide is decided by setting the whole
-// line, which costs more than to draw it.
+// True for a line that certainly fits, by the widths of its letters. Setting the whole line would
+// decide all cases, but takes longer than drawing it.
 bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
   int letters = 0;
   for (const QChar letter : line) {

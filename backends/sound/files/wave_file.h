@@ -16,7 +16,7 @@ namespace vantora {
 class WaveFile final : public MMWave {
  public:
   explicit WaveFile(Dateien& dateien) : dateien_(dateien) {}
-  ~WaveFile() override;  // closes; what fails then is lost
+  ~WaveFile() override;  // closes; a failure is not reported then
   WaveFile(const WaveFile&) = delete;
   WaveFile& operator=(const WaveFile&) = delete;
 
