@@ -2,7 +2,6 @@
 // new file with CR and LF. Of two sections or keys of one name only the first is seen.
 #pragma once
 
-#include "backends/linux/descriptor.h"
 #include "backends/linux/drive_table.h"
 #include "backends/linux/profile_text.h"
 
@@ -31,20 +30,17 @@ class ProfileFiles final : public Profile {
   Text GetWindowsDirectory() override { return L"C:\\WINDOWS"; }
 
  private:
-  using Stamp = std::array<std::int64_t, 6>;  // tells whether a file is still what was read
+  using Stamp = std::array<std::int64_t, 6>;  // shows whether a file is still what was read
 
-  static Stamp StampOf(const Descriptor& file);
+  Stamp StampOfFile() const;  // all zero for a file that is missing
   ProfileText& Read(const Text& file);
   ProfileText& ReadAnew(const Text& file);  // for a change, which must not undo another program's
-  void Watch();
   void Save();
 
   const DriveTable& table_;
-  // The file asked for last: a search through a database asks for thousands of its values. Asking
-  // the open file whether it has changed takes a third of the time of asking at its place.
+  // The file asked for last: a search through a database asks for thousands of its values.
   Text name_;  // as it was asked for
   std::filesystem::path place_;
-  Descriptor file_;
   Stamp stamp_{};  // all zero: `text_` is not what the file holds
   ProfileText text_;
 };

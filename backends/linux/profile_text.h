@@ -1,6 +1,7 @@
 // The bytes of one profile file and what they mean. Lines that are not touched keep every byte.
 //
-// A file is looked through once for its sections; the keys of a section are when it is asked for.
+// A file is looked through once for its sections, and a section for a key whenever one is asked
+// for.
 #pragma once
 
 #include "platform/profile.h"
@@ -10,7 +11,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -23,7 +23,7 @@ class ProfileText final {
   // The names of the sections as they are spelled, up to so many characters, each with a NUL.
   std::vector<Text> Sections(std::size_t limit) const;
   std::vector<ProfileEntry> Entries(const Text& section, std::size_t limit) const;
-  std::optional<Text> Value(const Text& section, const Text& key);
+  std::optional<Text> Value(const Text& section, const Text& key) const;
   // Both tell whether there was something to change.
   bool SetValue(const Text& section, const Text& key, const Text& value);
   bool RemoveSection(const Text& section);
@@ -34,7 +34,7 @@ class ProfileText final {
   };
   void BuildIndex();
   const Range* Find(const Text& section) const;
-  std::optional<std::size_t> Find(const Text& section, const Text& key);
+  std::optional<std::size_t> Find(const Text& section, const Text& key) const;
   void Insert(std::size_t place, const std::string& line);
   std::size_t NextLine(std::size_t place) const;
   std::string_view Line(std::size_t place, std::size_t next) const;  // without its end
@@ -44,9 +44,6 @@ class ProfileText final {
   std::string end_ = "\r\n";
   std::vector<std::size_t> heads_;                   // where the "[" of each section stands
   std::unordered_map<std::string, Range> sections_;  // by name in lower case
-  // Of the section asked for last: its keys in lower case, in order, and where their lines begin.
-  std::optional<Text> open_;
-  std::vector<std::pair<std::string, std::size_t>> keys_;
 };
 
 }  // namespace vantora

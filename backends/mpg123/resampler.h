@@ -17,7 +17,8 @@ class Resampler {
   explicit Resampler(long rate);  // Hz of what comes in
 
   long Rate() const { return rate_; }
-  // Appends to `out` (left, right, left …) what `frames` more of interleaved stereo make sure.
+  // Takes `frames` of interleaved stereo, and appends the frames that are finished to `out` (left,
+  // right, left …).
   void Push(const float* stereo, std::size_t frames, std::vector<std::int16_t>& out);
   // Appends the rest. In all, n frames in give n x 44100 / rate frames out, rounded up.
   void Flush(std::vector<std::int16_t>& out);

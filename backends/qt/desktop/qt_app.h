@@ -1,7 +1,6 @@
 // The one QApplication of a process, with what it must be told before the first window.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,9 +23,6 @@ class QtApp {
 
   // Returns when all fonts of the machine are known, as they are soon after the start.
   static void AwaitFonts();
-
-  // Changes with the fonts in which a start draws its words; 0 when it is over.
-  static std::int64_t StampOfStartFonts();
 
   // True when this process would find a screen, or was told to do without one (offscreen). To be
   // asked before a QtApp is made: without a screen its constructor ends the process.

@@ -5,17 +5,15 @@
 #include <QWidget>
 
 #include <fontconfig/fontconfig.h>
-#include <initializer_list>
-#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vantora {
 
 namespace {
 
-// The family's files that the windows are written in, in the folder of their package.
+// One of the family's files, in the folder of its package.
 constexpr const char* kFamilyFile =
     "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf";
-constexpr const char* kBoldFile = "/usr/share/fonts/truetype/liberation/LiberationSans-Bold.ttf";
 
 // The hinting is the machine's own, as long as nobody has changed it.
 constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
@@ -30,18 +28,8 @@ constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
 </fontconfig>
 )";
 
-// Changes with the files; 0 when one is missing.
-std::int64_t StampOf(std::initializer_list<const char*> files) {
-  std::int64_t stamp = 0;
-  for (const char* file : files) {
-    struct stat info {};
-    if (::stat(file, &info) != 0) return 0;
-    stamp += info.st_mtim.tv_sec + info.st_size;
-  }
-  return stamp;
-}
-
 bool KnowFamilyOnly() {
+  if (access(kFamilyFile, R_OK) != 0) return false;
   FcConfig* settings = FcConfigCreate();
   const auto* words = reinterpret_cast<const FcChar8*>(kFamilyOnly);
   const bool known = FcConfigParseAndLoadFromMemory(settings, words, FcTrue) == FcTrue &&
@@ -53,9 +41,7 @@ bool KnowFamilyOnly() {
 
 }  // namespace
 
-Fonts::Fonts() : stamp_(StampOf({kFamilyFile, kBoldFile})), rest_(stamp_ != 0 && KnowFamilyOnly()) {
-  if (!rest_) stamp_ = 0;
-}
+Fonts::Fonts() : rest_(KnowFamilyOnly()) {}
 
 Fonts::~Fonts() {
   if (auto* settings = static_cast<FcConfig*>(read_.load())) FcConfigDestroy(settings);
@@ -64,7 +50,6 @@ Fonts::~Fonts() {
 void Fonts::ReadAll() {
   if (!rest_) return;
   rest_ = false;
-  stamp_ = 0;
   reader_ = std::thread([this] {
     read_ = FcInitLoadConfigAndFonts();
     QMetaObject::invokeMethod(

@@ -7,7 +7,6 @@
 #pragma once
 
 #include <atomic>
-#include <cstdint>
 #include <thread>
 
 namespace vantora {
@@ -30,13 +29,9 @@ class Fonts {
   // To be called before the QApplication goes.
   void Finish();
 
-  // Of the one family's files; 0 as soon as the machine's own settings are being read.
-  std::int64_t StampOfFamily() const { return stamp_; }
-
  private:
   void TakeOver();
 
-  std::int64_t stamp_;
   bool rest_;                          // is still to be read
   std::atomic<void*> read_ = nullptr;  // the library's settings, until they are taken over
   std::thread reader_;

@@ -13,19 +13,16 @@
 #include <QString>
 
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <memory>
 
-class QPainter;
 class QSvgRenderer;
 
 namespace vantora {
 
 class Pictures {
  public:
-  // Drawn pictures are kept in the file `store`, and words in another one beside it; blank: they
-  // are not.
+  // Drawn pictures are kept in the file `store`; blank: they are not.
   Pictures(const std::filesystem::path& folder, const std::filesystem::path& store);
   ~Pictures();
 
@@ -38,10 +35,6 @@ class Pictures {
   QPixmap Get(const Text& name, QSize size, double density) {
     return Get(name, size, density, Part{});
   }
-  // Words as the start before has drawn them. `key` tells all that they depend on but the fonts,
-  // with which `fonts` changes; `paint` paints them, in the window's pixels.
-  QPixmap Words(const QString& key, qint64 fonts, QSize size, double density,
-                const std::function<void(QPainter&)>& paint);
   QSize NaturalSize(const Text& name);  // empty for a missing picture
 
  private:
@@ -58,7 +51,7 @@ class Pictures {
   QImage Draw(Source& source, QSize size, double density, Part part);
 
   std::filesystem::path folder_;
-  PictureStore store_, words_;
+  PictureStore store_;
   std::map<Text, Source> sources_;
   QCache<QString, QPixmap> drawn_;  // cost in kilobytes
 };

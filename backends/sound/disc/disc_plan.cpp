@@ -48,7 +48,7 @@ std::vector<PlannedTrack> PlanDisc(const std::vector<DiscPart>& waves, const Dis
     track.Sectors = std::max(full / kSectorBytes, rules.Least);
     const std::int64_t over = bytes - track.Sectors * kSectorBytes;
     if (over > 0) {
-      // All of it comes from this track's own wave, as what was there before is less than a sector.
+      // All of it comes from this track's own wave, because less than a sector was left before.
       DiscPart& own = track.Parts.back();
       own.Bytes -= over;
       rest.push_back({own.File, own.Offset + own.Bytes, over});

@@ -33,7 +33,7 @@ struct PlannedTrack {
   std::vector<DiscPart> Parts;                   // `Sectors` sectors together, without the gap
 };
 
-// The whole frames of a wave's sound. Raises 57 for what is no sound of 44.1 kHz, 16 bit, stereo.
+// The whole frames of a wave's sound. Raises 57 for other sound than 44.1 kHz, 16 bit, stereo.
 DiscPart SoundForDisc(Dateien& files, const Text& wave);
 
 std::vector<PlannedTrack> PlanDisc(const std::vector<DiscPart>& waves, const DiscRules& rules);
@@ -46,12 +46,12 @@ class PartReader {
       : files_(files), parts_(std::move(parts)) {}
 
   std::int64_t Left() const;  // bytes
-  // Raises 62 for a file that has become too short, and what opening it raises.
-  void Read(char* target, std::int64_t bytes);  // at most what is left
+  // Raises 62 for a file that has become too short, and the errors of opening it.
+  void Read(char* target, std::int64_t bytes);  // at most the bytes that are left
 
  private:
   Dateien& files_;
-  std::vector<DiscPart> parts_;  // what has been read is taken off them
+  std::vector<DiscPart> parts_;  // without the bytes that have been read
   std::size_t next_ = 0;
   std::unique_ptr<Datei> file_;
 };

@@ -1,6 +1,6 @@
 // Titles and performers as they may stand on a disc, in its sheet and in its CD-TEXT alike:
 // Latin-1, with plain letters in place of the typographic ones that the catalog's Windows-1252 has
-// beyond it. Players cannot show those, and readers of sheets drop them.
+// beyond it. Players cannot show the typographic letters, and readers of sheets drop them.
 #pragma once
 
 #include "platform/text.h"

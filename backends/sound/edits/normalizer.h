@@ -10,7 +10,7 @@
 
 namespace vantora {
 
-// What `callback` hears, and how often, stands with MMTools::NormalizeFile. A file whose peak is
+// MMTools::NormalizeFile describes the calls of `callback`. A file whose peak is
 // where it should be is not written. Error 57 for other than 16 bits.
 void NormalizeWaveFile(Dateien& dateien, Edits& edits, const Text& file,
                        const std::function<void(int phase, int percent)>& callback, int percent);

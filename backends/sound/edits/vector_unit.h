@@ -1,6 +1,6 @@
 // Marks a procedure whose loops the compiler shall make once for every generation of the vector
 // unit; the fitting one is chosen when the program starts. The results are the same to the bit. The
-// choice is made too early for the sanitizers, whose own work has not begun by then.
+// choice is made before the sanitizers are ready, so they get one version alone.
 #pragma once
 
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \

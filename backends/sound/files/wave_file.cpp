@@ -121,7 +121,8 @@ Datei& WaveFile::File() {
 void WaveFile::MakeWritable() {
   File();
   if (!writable_) {
-    // The file must be the one whose header was read: nothing is made anew, nothing was changed.
+    // The file must be the one whose header was read, so it is neither made anew nor has it
+    // changed.
     if (dateien_.FileLen(path_) != layout_.TailOffset + layout_.TailBytes) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo ha cambiado");
     }
@@ -131,7 +132,7 @@ void WaveFile::MakeWritable() {
   changed_ = true;
 }
 
-// Makes the sizes in the header true. What a failed write has left behind the sound goes.
+// Makes the sizes in the header true. Bytes that a failed write left behind the sound are cut off.
 void WaveFile::BringIntoLine(Datei& file) {
   const std::int64_t dataEnd = layout_.DataOffset + layout_.DataBytes;
   const std::int64_t end = layout_.DataOffset + Even(layout_.DataBytes);

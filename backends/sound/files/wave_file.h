@@ -16,7 +16,7 @@ namespace vantora {
 class WaveFile final : public MMWave {
  public:
   explicit WaveFile(Dateien& dateien) : dateien_(dateien) {}
-  ~WaveFile() override;  // closes; what fails then is lost
+  ~WaveFile() override;  // closes; a failure is not reported then
   WaveFile(const WaveFile&) = delete;
   WaveFile& operator=(const WaveFile&) = delete;
 
@@ -26,7 +26,7 @@ class WaveFile final : public MMWave {
   int SampleRate() const override { return layout_.SampleRate; }
   int StereoMode() const override { return layout_.Channels - 1; }  // more than 1 for surround
   std::int64_t Samples() const override;
-  std::int64_t DataOffset() const override { return layout_.DataOffset; }
+  std::int64_t DataOffset() const { return layout_.DataOffset; }
   std::int64_t DataBytes() const override { return layout_.DataBytes; }
   int FrameBytes() const { return layout_.FrameBytes; }
   void SetPosition(

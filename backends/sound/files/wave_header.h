@@ -9,7 +9,7 @@
 namespace vantora {
 
 constexpr std::int64_t kWaveHeaderBytes = 44;
-// What the 32-bit sizes of a wave file can tell; longer sound raises error 61.
+// The largest value of the 32-bit sizes of a wave file; longer sound raises error 61.
 constexpr std::int64_t kMaxWaveFileBytes = 0xFFFFFFFFLL;
 
 using WaveHeader = std::array<unsigned char, kWaveHeaderBytes>;

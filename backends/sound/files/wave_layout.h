@@ -17,7 +17,7 @@ struct WaveLayout {
   std::int64_t TailBytes = 0;
 };
 
-// Raises error 57 for what is no PCM wave file, RF64 included.
+// Raises error 57 for a file that is no PCM wave file. RF64 counts as such a file.
 WaveLayout ReadWaveLayout(Datei& file);
 
 }  // namespace vantora

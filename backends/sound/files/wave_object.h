@@ -29,7 +29,7 @@ class WaveObject final : public MMWaveObject {
   std::size_t WriteData(const void* buffer, std::size_t bytes) override;
   void SaveRange(const Text& file) override;
   void SetBufferBytes(std::int32_t bytes) override;
-  void SaveHeader() override;  // no effect on one that is closed
+  void SaveHeader() override;  // no effect on a closed file
 
   // ---- for the component ----
   void ReadRange(MMData& data);  // whole frames of the range of playing, from the position

@@ -1,5 +1,5 @@
-// The volume of all that the program itself plays, for machines whose card has none for it. Set on
-// the interface thread, heard in the threads that play.
+// The volume of all sound that the program itself plays, for machines whose card has no volume for
+// it. It is set on the interface thread and applied in the threads that play.
 #pragma once
 
 #include "platform/eqpro.h"
@@ -18,7 +18,7 @@ class OutputVolume {
   void SetVolume(int volume) { Set(volume_, std::clamp(volume, 0, kFullVolume)); }
   bool On() const { return on_; }
   void SetOn(bool on) { Set(on_, on); }
-  // What samples are multiplied with: the cube of the volume, which is how the ear hears it.
+  // The factor of the samples: the cube of the volume, because the ear hears it so.
   double Gain() const;
 
   std::function<void()> OnChange;  // on the interface thread

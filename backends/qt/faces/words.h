@@ -1,14 +1,12 @@
 // The words of labels and of the heads of tables.
-//
-// To read the letters of a start from their files takes a tenth of it. What the start before has
-// drawn is shown instead, as long as the fonts are known to be the same.
 #pragma once
-
-#include "backends/qt/pictures/pictures.h"
 
 #include <QColor>
 #include <QFont>
+#include <QRect>
 #include <QString>
+
+class QPainter;
 
 namespace vantora {
 
@@ -20,9 +18,9 @@ struct WordsLook {
   Qt::Alignment Align = Qt::AlignLeft | Qt::AlignTop;
   bool Wrap = false;
   double Scale = 1;      // of the words; they break and end where they do at full size
-  bool OwnFont = false;  // one of the user's: no line loses its end, and none is kept as a picture
+  bool OwnFont = false;  // one of the user's: no line loses its end
 };
 
-void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density);
+void DrawWords(QPainter& painter, const WordsLook& look);
 
 }  // namespace vantora
