@@ -1,5 +1,5 @@
-// The wave editor in real windows. `bench-editor WORK HOME` prints what was measured, on the wave
-// file C:\Vantora\Wavs\larga.wav of the home.
+// The wave editor in real windows. `bench-editor WORK HOME` prints measurements with the wave file
+// C:\Vantora\Wavs\larga.wav of the home.
 
 #include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
@@ -33,7 +33,7 @@ void Paint(Windows& stage) {
   }
 }
 
-// Waits for a paint that is due, and may be put off behind the one before.
+// Waits for a pending paint, which may be delayed after the previous paint.
 void PaintAgain(Windows& stage) {
   const std::int64_t before = stage.platform.loop.Paints();
   while (before == stage.platform.loop.Paints()) stage.platform.loop.DoEvents();
@@ -49,7 +49,7 @@ frmWaveEditor& Load(Windows& stage) {
   return editor;
 }
 
-// The file once, in blocks of 1 MiB, in ms.
+// Reads the file once in blocks of 1 MiB; returns ms.
 double ReadPlainly(const fs::path& file) {
   static std::vector<char> block(1U << 20U);
   const auto start = BenchTime::now();
@@ -70,7 +70,7 @@ int InFrontOfTheMainWindow(const fs::path& home, const std::function<void(Window
   return 0;
 }
 
-// From the choice of the track until its picture is painted, beside the plain reading.
+// Measures from the choice of the track until its picture is painted, and reading the file plainly.
 int Open(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     const fs::path file = stage.platform.machine.files.SystemPath(kFile);
@@ -86,12 +86,13 @@ int Open(const fs::path& home) {
   });
 }
 
-// No hand is so quick that a paint would be put off behind the one before.
+// Pauses as a user would, so that no paint is delayed after the previous paint.
 void Rest() {
   std::this_thread::sleep_for(std::chrono::milliseconds(30));
 }
 
-// A step of the zoom, and of the scroll bar at the greatest zoom, until they are painted.
+// Measures a step of the zoom, and a step of the scroll bar at the greatest zoom, until it is
+// painted.
 int Repaint(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     frmWaveEditor& editor = Load(stage);
@@ -115,8 +116,8 @@ int Repaint(const fs::path& home) {
   });
 }
 
-// From a step of a slider until the first sound that knows of it leaves the sound card; in real
-// time and on the machine's sound card, or what the test gave it for one. The home is the user's.
+// Measures from a step of a slider until the sound card plays the first changed sound. Runs in real
+// time, on the machine's sound card or the test's substitute, with the user's own home.
 int ToTheEar(const fs::path& home) {
   struct Desktop : DesktopPlatform {
     explicit Desktop(const fs::path& /*home*/) : DesktopPlatform(ResourceFolder()) {}
@@ -150,7 +151,7 @@ int ToTheEar(const fs::path& home) {
   return 0;
 }
 
-// The peak of the process with the file open, played for a while and wound, in KiB.
+// Prints the peak memory of the process in KiB, after opening, playing and winding the file.
 int Memory(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     frmWaveEditor& editor = Load(stage);

@@ -1,4 +1,4 @@
-// One frame of sound: a sample of 16 bits for each ear.
+// One frame of sound: one 16-bit sample per channel.
 #pragma once
 
 #include <cstdint>

@@ -17,7 +17,8 @@ constexpr int kStatusMs = 500;
 constexpr int kLeerlaufStatusMs = 1000;
 constexpr int kPegelMs = 150;
 constexpr std::int32_t kMultiSchwelle = 2000;
-constexpr const wchar_t* kUeblicheSchwelle = L"6";  // percent; nearly that of several takes
+// Percent; close to the default for several takes.
+constexpr const wchar_t* kUeblicheSchwelle = L"6";
 constexpr int kErsterTipp = 2605, kLetzterTipp = 2609;
 
 }  // namespace
@@ -77,7 +78,7 @@ frmAufnehmen::frmAufnehmen(Programm& programm) : VtrFenster(programm, L"frmAufne
   Verdrahten();
 }
 
-// The input pushes each buffer through the peaks and the connector into the file of the take.
+// Each buffer passes from the input through the level meter and the connector into the take's file.
 void frmAufnehmen::Verdrahten() {
   MMTools& tools = prog.plattform.mmtools;
   WaveIn = tools.NewWaveIn();
@@ -117,7 +118,7 @@ void frmAufnehmen::Form_Load() {
   TippZeigen(0);
 }
 
-// The player and the input end with the window, whatever closes it.
+// Player and input stop with the window, in whichever way it is closed.
 void frmAufnehmen::Form_Unload() {
   for (Timer* uhr : {&tmrAutoRecord, &tmrStatus, &tmrUmdrehen}) uhr->Enabled = false;
   WaveIn->Stop();
@@ -203,8 +204,8 @@ void frmAufnehmen::HinweiseSetzen() {
   for (int i = 0; i < optInput.Count(); ++i) optInput(i).ToolTipText = LoadResString(2007);
 }
 
-// Asks what is to be recorded, shows the window and listens, so that the meters move before any
-// recording.
+// Asks for the kind of recording, shows the window and opens the input, so that the meters move
+// before any recording.
 void frmAufnehmen::Init_Aufnehmen() {
   MultiTrack = prog.LPModus != 0;
   MaxPegel = GetZahl(prog.plattform, L"MaxPegel", L"4");
@@ -261,7 +262,7 @@ Text frmAufnehmen::FehlerText(const Laufzeitfehler& fehler) const {
   return LoadResString(30102) + kZeilenEnde + fehler.Beschreibung + grund;
 }
 
-// The machine sleeps neither in a take nor while the next one is awaited.
+// The computer must not sleep during a take or while the next one is awaited.
 void frmAufnehmen::WachBleiben() {
   const bool noetig = NimmtAuf || Sitzung;
   if (!noetig) wach_.reset();
