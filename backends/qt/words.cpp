@@ -14,13 +14,16 @@ namespace {
 
 constexpr char16_t kLastPlainLetter = 0xFF;
 
-// Surely so, by the letters one by one: what that can't decide is decided by setting the whole
-// line, which costs more than to draw it.
+// True when the line certainly fits by the widths of its letters. Otherwise the caller must lay out
+// the whole line, which takes longer than drawing it.
 bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
   int letters = 0;
   for (const QChar letter : line) {
-    if (letter.unicode() > kLastPlainLetter) return false;  // more of them may be one sign
-    letters += metrics.horizontalAdvance(letter) + 1;       // they may stand a little apart
+    if (letter.unicode() > kLastPlainLetter)
+      return false;                                    // several such characters may form one
+                                                       // glyph
+    letters += metrics.horizontalAdvance(letter) + 1;  // one pixel more for the gap between
+                                                       // letters
   }
   return letters <= width;
 }
@@ -48,7 +51,7 @@ void Draw(QPainter& painter, const WordsLook& look, const QRect& shown) {
   painter.restore();
 }
 
-// All that the picture of the words depends on but the fonts' files.
+// Everything that the drawn words depend on, except the font files.
 QString KeyOf(const WordsLook& look, double density) {
   QString key = look.Words;
   for (const auto number :

@@ -12,12 +12,12 @@ namespace vantora {
 
 namespace {
 
-// The family's files that the windows are written in, in the folder of their package.
+// Files of the windows' font family, in the folder of its distribution package.
 constexpr const char* kFamilyFile =
     "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf";
 constexpr const char* kBoldFile = "/usr/share/fonts/truetype/liberation/LiberationSans-Bold.ttf";
 
-// The hinting is the machine's own, as long as nobody has changed it.
+// The hinting is the system's default.
 constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
@@ -30,7 +30,7 @@ constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
 </fontconfig>
 )";
 
-// Changes with the files; 0 when one is missing.
+// Changes when a file changes; 0 when one is missing.
 std::int64_t StampOf(std::initializer_list<const char*> files) {
   std::int64_t stamp = 0;
   for (const char* file : files) {
@@ -47,7 +47,7 @@ bool KnowFamilyOnly() {
   const bool known = FcConfigParseAndLoadFromMemory(settings, words, FcTrue) == FcTrue &&
                      FcConfigBuildFonts(settings) == FcTrue &&
                      FcConfigSetCurrent(settings) == FcTrue;
-  FcConfigDestroy(settings);  // the library holds it when it is the current one
+  FcConfigDestroy(settings);  // fontconfig keeps its own reference to the current configuration
   return known;
 }
 
@@ -87,7 +87,7 @@ void Fonts::TakeOver() {
   if (settings == nullptr) return;
   FcConfigSetCurrent(settings);
   FcConfigDestroy(settings);
-  // The toolkit forgets what it knows of fonts when one of the application's own goes.
+  // Removing an application font makes the toolkit drop its cached font data.
   const int own = QFontDatabase::addApplicationFont(QString::fromLatin1(kFamilyFile));
   QFontDatabase::removeApplicationFont(own);
   for (QWidget* window : QApplication::topLevelWidgets()) window->update();
