@@ -18,8 +18,7 @@ using Channel = snd_mixer_selem_channel_id_t;
 constexpr int kFirstID = 3000;
 constexpr auto kPatience = std::chrono::milliseconds(500);
 constexpr long kFewDecibels = 2400;  // hundredths; a scale this short is treated as linear
-constexpr double kCubic = 6000;      // hundredths of a decibel for a factor of ten in perceived
-                                     // loudness
+constexpr double kCubic = 6000;      // hundredths of a decibel per factor of ten in loudness
 
 // The first name that a card has wins. Cards without "Master" or "PCM" may have another element
 // that stands for all outputs, or for the sound of programs.

@@ -58,9 +58,8 @@ void AlsaOutput::Begin() {
 }
 
 std::optional<std::int64_t> AlsaOutput::Ahead() {
-  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED)
-    return std::nullopt;  // playing has not
-                          // begun
+  // Playing has not begun yet.
+  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) return std::nullopt;
   snd_pcm_sframes_t frames = 0;
   if (snd_pcm_delay(pcm_.get(), &frames) < 0) return std::nullopt;
   return std::max<std::int64_t>(frames, 0);

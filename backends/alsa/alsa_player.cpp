@@ -110,9 +110,8 @@ AlsaPlayer::~AlsaPlayer() = default;
 
 void AlsaPlayer::Start() {
   Stop();
-  if (stopUntold_)
-    Ended();  // reports the end of the sound before, so that it is not taken for the
-              // end of this one
+  // Reports the end of the sound before, so that it is not taken for the end of this one.
+  if (stopUntold_) Ended();
   token_ = std::make_shared<int>(0);
   voice_.reset();  // closes the card first: some cards play only one sound at a time
   voice_ = std::make_unique<Voice>(

@@ -104,8 +104,8 @@ class Stream final : public SoundStream {
   std::int64_t Heard() const override { return stream_.Heard(); }
 
  private:
-  std::shared_ptr<std::function<void()>> token_;  // a call posted before the end of this object is
-                                                  // dropped after it
+  // A call that is posted before the end of this object is dropped after it.
+  std::shared_ptr<std::function<void()>> token_;
   AlsaStream stream_;
 };
 

@@ -20,8 +20,7 @@ class AlsaStream final {
  public:
   struct Calls {  // all made from the stream's thread
     SoundOutput::Source Source;
-    std::function<void(std::int64_t frames)> Heard;  // frames heard so far, each time the number
-                                                     // grows
+    std::function<void(std::int64_t frames)> Heard;  // frames so far, as it grows
     std::function<void()> Ended;                     // at the end of the sound, but not after Stop
   };
   // All sound is scaled by the program's own volume. Raises 57 when the card refuses.

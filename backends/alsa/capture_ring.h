@@ -27,8 +27,7 @@ class CaptureRing {
   // Called from the interface thread.
 
   bool Next(CapturedSound& sound);
-  void Skip(std::int64_t ticks);  // drops sound recorded up to `ticks`, also what the card delivers
-                                  // later
+  void Skip(std::int64_t ticks);  // drops sound up to `ticks`, also what comes in later
   bool Gone() const;              // ended, and all buffers have been taken
 
  private:

@@ -23,8 +23,7 @@ struct DriveAbilities {
   std::vector<int> Speeds;  // for writing, in kB (1000 bytes) a second, ascending
 };
 
-using CdTexts = std::map<int, std::pair<Text, Text>>;  // title and performer by track; 0 is the
-                                                       // disc
+using CdTexts = std::map<int, std::pair<Text, Text>>;  // title, performer; 0 is the disc
 
 struct DiscOrder {
   std::string Device;

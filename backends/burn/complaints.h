@@ -25,11 +25,8 @@ class Complaints {
   void Forget() { *this = {}; }
 
   bool DriveLost() const { return lost_; }
-  bool WriterEnded() const { return ended_; }  // the library's writing thread has ended
-  bool PlanRefused() const {
-    return planRefused_;
-  }  // the drive refused the cue sheet of a Disc At
-     // Once write
+  bool WriterEnded() const { return ended_; }        // the library's writing thread has ended
+  bool PlanRefused() const { return planRefused_; }  // the drive refused the cue sheet
   // MCD_ASPIEvent for a drive that is gone. MCD_ScsiEvents for a failure with a reason: it carries
   // the three bytes of the sense and the code that they form together. Otherwise MCD_Failure with
   // `code`.

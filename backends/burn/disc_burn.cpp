@@ -210,8 +210,8 @@ void DiscBurn::Watch(BurnLibrary& library, burn_drive* drive) {
       cancelled = true;
     }
   }
-  std::this_thread::sleep_for(kLastTouch);  // the library does not report the last steps of its
-                                            // thread
+  // The library does not report the last steps of its thread.
+  std::this_thread::sleep_for(kLastTouch);
 }
 
 void DiscBurn::Listen(BurnLibrary& library) {

@@ -33,8 +33,8 @@ bool ImageDisc::Read(int sector, int count, void* target) {
          static_cast<std::size_t>(count) * kSectorBytes);
     return true;
   } catch (const Laufzeitfehler&) {
-    return false;  // the file is too short or its disk fails: a drive would report an unreadable
-                   // sector
+    // The file is too short or its disk fails. A drive would report an unreadable sector.
+    return false;
   }
 }
 

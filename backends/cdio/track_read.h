@@ -22,8 +22,7 @@ class TrackRead {
   using Event = std::function<void(AcdEvents&)>;
   struct Calls {
     std::function<void(const Event&)> Tell;  // from the background thread
-    std::function<void(int code)> Ended;     // 0: complete; else the code of the failure at which
-                                             // it stopped
+    std::function<void(int code)> Ended;     // 0: complete; else the error that stopped it
   };
   // Creates the file; raises when that fails. `pace` is the speed as a multiple of playing speed; 0
   // for no limit.

@@ -17,11 +17,9 @@ using Time = std::chrono::steady_clock;
 
 constexpr std::int64_t kGapSectors = 150;                 // 2 seconds
 constexpr std::int64_t kMostSectors = 100 * 60 * 75 - 1;  // the highest time "mm:ss:ff" can hold
-constexpr std::int64_t kBlockBytes = 1 << 17;  // read and written in one step; fits the processor's
-                                               // cache
+constexpr std::int64_t kBlockBytes = 1 << 17;  // read and written at once; fits the cache
 constexpr std::int64_t kSliceBytes = 32 * kBlockBytes;
-constexpr auto kSliceTime = std::chrono::milliseconds(25);  // a slice ends at kSliceBytes or
-                                                            // kSliceTime
+constexpr auto kSliceTime = std::chrono::milliseconds(25);  // limit of a slice, besides kSliceBytes
 constexpr double kTellMs = 50;
 constexpr std::wstring_view kTempEnding = L".tmp";
 

@@ -35,8 +35,7 @@ class ProfileFiles final : public Profile {
 
   static Stamp StampOf(const Descriptor& file);
   ProfileText& Read(const Text& file);
-  ProfileText& ReadAnew(const Text& file);  // before a change, so as not to undo changes of other
-                                            // programs
+  ProfileText& ReadAnew(const Text& file);  // before a change, to keep other programs' changes
   void Watch();
   void Save();
 

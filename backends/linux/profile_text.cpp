@@ -177,8 +177,8 @@ bool ProfileText::SetValue(const Text& section, const Text& key, const Text& val
     if (Line(*place) == line) return false;
     bytes_.replace(*place, NextLine(*place) - *place, line + end_);
   } else if (range) {
-    std::size_t end = range->First;  // blank lines stay, as they separate this section from the
-                                     // next
+    // Blank lines stay, as they separate this section from the next.
+    std::size_t end = range->First;
     for (std::size_t at = range->First; at < range->End; at = NextLine(at)) {
       if (!Trim(Line(at)).empty()) end = NextLine(at);
     }

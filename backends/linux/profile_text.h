@@ -31,8 +31,7 @@ class ProfileText final {
 
  private:
   struct Range {
-    std::size_t Head, First, End;  // offset of the head, of the first line below, and of the next
-                                   // head
+    std::size_t Head, First, End;  // offsets: head, line below, next head
   };
   void BuildIndex();
   const Range* Find(const Text& section) const;

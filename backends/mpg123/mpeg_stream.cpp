@@ -141,8 +141,7 @@ struct MpegStream::Handle {
   std::vector<MpegRun> runs;
   std::size_t run = 0;                          // the open one
   bool behindGap = false;                       // frames in front of the next block are lost
-  std::int64_t start = 0, size = 0, place = 0;  // of the open run in the file; offset of the next
-                                                // byte in it
+  std::int64_t start = 0, size = 0, place = 0;  // open run in the file; next byte in the run
   std::array<char, 65536> buffer;
   std::int64_t bufferStart = 0;
   std::size_t held = 0;

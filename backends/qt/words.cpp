@@ -19,11 +19,9 @@ constexpr char16_t kLastPlainLetter = 0xFF;
 bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
   int letters = 0;
   for (const QChar letter : line) {
-    if (letter.unicode() > kLastPlainLetter)
-      return false;                                    // several such characters may form one
-                                                       // glyph
-    letters += metrics.horizontalAdvance(letter) + 1;  // one pixel more for the gap between
-                                                       // letters
+    // Several such characters may form one glyph.
+    if (letter.unicode() > kLastPlainLetter) return false;
+    letters += metrics.horizontalAdvance(letter) + 1;  // plus a gap
   }
   return letters <= width;
 }

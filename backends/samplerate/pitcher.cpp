@@ -108,9 +108,8 @@ std::size_t Pitcher::Bend(std::size_t frames, double speed) {
     Check(src_process(state_.get(), &step));
     inAt_ += static_cast<std::size_t>(step.input_frames_used);
     inFrames_ -= static_cast<std::size_t>(step.input_frames_used);
-    if (inFrames_ == 0)
-      inAt_ = 0;  // with no input, the library would place the output behind the
-                  // end of `in_`
+    // With no input, the library would place the output behind the end of `in_`.
+    if (inFrames_ == 0) inAt_ = 0;
     done += static_cast<std::size_t>(step.output_frames_gen);
     if (step.output_frames_gen > 0) continue;
     if (over_) break;

@@ -22,8 +22,8 @@ namespace {
 constexpr double kDimmed = 0.38;
 constexpr qsizetype kPiecePoints = 128;  // of a polyline, so that pieces out of sight are skipped
 
-constexpr double kTravel = 6;  // average pixels up and down per column above which a trace is drawn
-                               // as bars
+// A trace that moves up and down by more pixels than this per column is drawn as bars.
+constexpr double kTravel = 6;
 
 QPointF At(const std::vector<int>& numbers, std::size_t point, double twips) {
   return QPointF(numbers[2 * point], numbers[2 * point + 1]) / twips;

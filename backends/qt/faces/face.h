@@ -35,10 +35,8 @@ class Face {
   void Retire();                                 // called when the control is gone
 
   void Sync();  // updates the widget from the control
-  virtual bool Fits() const {
-    return true;
-  }  // false: the control needs another face, since it
-     // gained or lost handlers
+  // Returns false when the control needs another face, since it gained or lost handlers.
+  virtual bool Fits() const { return true; }
 
   // User input on the surface. Each function raises the control's handlers for its event.
   virtual void MousePress(QMouseEvent& event);

@@ -109,8 +109,8 @@ bool LevelBars::Tall() const {
 
 // The meter's area as if it were horizontal. A vertical meter is drawn rotated.
 QRect LevelBars::Lying() const {
-  const int margin = std::min(3, std::min(width(), height()) * 3 / 10);  // narrower in a narrow
-                                                                         // meter
+  // A narrow meter has a narrower margin.
+  const int margin = std::min(3, std::min(width(), height()) * 3 / 10);
   const QSize size = Tall() ? this->size().transposed() : this->size();
   return QRect(QPoint(), size).adjusted(margin, margin, -margin, -margin);
 }

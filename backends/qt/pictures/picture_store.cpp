@@ -15,8 +15,7 @@ namespace {
 
 constexpr std::uint64_t kMagic = 0x31534349'50525456;  // "VTRPICS1"
 constexpr qint64 kHeadBytes = 16;
-constexpr qint64 kMostBytes = 48LL * 1024 * 1024;  // enough for several times both layouts of every
-                                                   // window
+constexpr qint64 kMostBytes = 48LL * 1024 * 1024;  // several times both layouts of every window
 constexpr int kMostPixels = 16384;                 // per side
 
 QImage::Format FormatOf(bool opaque) {

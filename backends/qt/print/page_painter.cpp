@@ -21,8 +21,7 @@ namespace vantora {
 
 namespace {
 
-constexpr long long kMostLossless = 8'000'000;  // pixels; compressing more without loss takes
-                                                // seconds
+constexpr long long kMostLossless = 8'000'000;  // pixels; compressing more takes seconds
 
 double Pixels(double twips) {
   return twips / kPrintTwipsPerPixel;

@@ -64,8 +64,7 @@ PrintSheet SystemQueues::Sheet(const std::string& name) {
   const QPrinter printer(info, QPrinter::HighResolution);
   const QPageLayout layout = printer.pageLayout();
   const QPageSize size = layout.pageSize();
-  const QMarginsF margins = layout.minimumMargins();  // in portrait orientation, in the layout's
-                                                      // unit
+  const QMarginsF margins = layout.minimumMargins();  // in portrait, in the layout's unit
   PrintSheet sheet;
   sheet.Paper =
       size.id() == QPageSize::A4 ? kPaperA4

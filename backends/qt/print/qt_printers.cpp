@@ -63,8 +63,8 @@ int QtPrinters::Current() {
   if (current_ < 0) {
     const auto& names = Queues();
     const auto standard = std::find(names.begin(), names.end(), system_.Default());
-    current_ = static_cast<int>(standard - names.begin());  // without a default printer: the PDF
-                                                            // printer
+    // Without a default printer, this is the PDF printer.
+    current_ = static_cast<int>(standard - names.begin());
   }
   return current_;
 }
