@@ -45,7 +45,7 @@ std::string Unescape(std::string_view escaped) {
   return text;
 }
 
-// A resource is named, not reached by a path.
+// Resources have plain names; a path is not a name.
 bool IsName(const Text& name) {
   return !name.empty() && name.front() != L'.' && name.find_first_of(L"/\\") == Text::npos;
 }

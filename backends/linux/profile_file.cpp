@@ -8,8 +8,8 @@
 
 namespace vantora {
 
-// All these calls swallow what the file system reports: a caller that asks gets an empty file, and
-// one that writes could do nothing about it. The file is as it was then.
+// None of these calls reports file system errors: a read then sees an empty file, and a write
+// leaves the file as it is. Callers of this interface cannot handle such errors.
 
 std::vector<Text> ProfileFiles::GetPrivateProfileSectionNames(const Text& file, std::size_t limit) {
   try {
@@ -77,7 +77,7 @@ ProfileText& ProfileFiles::ReadAnew(const Text& file) {
   stamp_ = {};
   const bool bare = file.find_first_of(L"\\/:") == Text::npos;
   place_ = table_.SystemPath(bare ? GetWindowsDirectory() + L"\\" + file : file);
-  // Before the reading, so that a change meanwhile is one that shows.
+  // The stamp is taken before the file is read, so that a change in between is noticed.
   const Stamp stamp = StampOfFile();
   text_ = ProfileText(ReadSmallFile(place_).value_or(std::string()));
   name_ = file;
@@ -86,7 +86,7 @@ ProfileText& ProfileFiles::ReadAnew(const Text& file) {
 }
 
 void ProfileFiles::Save() {
-  stamp_ = {};  // what cannot be written is read again
+  stamp_ = {};  // if the write fails, the file is read again
   WriteSmallFile(place_, text_.Bytes());
   stamp_ = StampOfFile();
 }

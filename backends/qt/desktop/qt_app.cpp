@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFontsMs = 200;  // after this the first windows stand
+constexpr int kFontsMs = 200;  // by then the first windows are shown
 
 }  // namespace
 

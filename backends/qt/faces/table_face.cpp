@@ -1,4 +1,5 @@
-// The face of a list view: a table with a head, several selected rows, and files let go over it.
+// The face of a list view: a table with a header and multiple selection, onto which files can be
+// dropped.
 
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/rows_model.h"
@@ -22,10 +23,10 @@ namespace vantora {
 
 namespace {
 
-constexpr int kHeadMargin = 4;       // pixels round the words
-constexpr double kLineShare = 1.15;  // height of a line to that of the letters
+constexpr int kHeadMargin = 4;       // pixels around the words
+constexpr double kLineShare = 1.15;  // height of a line relative to the letters
 
-// Its height follows from the size of its letters, and its words are drawn as those of labels are.
+// Its height and words do not need font metrics, which would be slow at a start.
 class HeadWidget final : public QHeaderView {
  public:
   explicit HeadWidget(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
@@ -39,7 +40,7 @@ class HeadWidget final : public QHeaderView {
     return {0, Scaled(static_cast<int>(std::lround(line)) + 2 * kHeadMargin)};
   }
 
-  QFont Full;  // its font, not scaled
+  QFont Full;  // its font without scaling
   double Scale = 1;
 
  protected:
@@ -61,7 +62,7 @@ class HeadWidget final : public QHeaderView {
 class TableWidget final : public QTreeView {
  public:
   using QTreeView::QTreeView;
-  using QTreeView::viewportEvent;  // what the mouse does to the viewport is the table's business
+  using QTreeView::viewportEvent;  // made public for mouse events
   std::function<bool(const QStringList& files)> Over;
   std::function<void(const QStringList& files)> Dropped;
 

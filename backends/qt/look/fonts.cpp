@@ -11,11 +11,11 @@ namespace vantora {
 
 namespace {
 
-// One of the family's files, in the folder of its package.
+// Files of the windows' font family, in the folder of its distribution package.
 constexpr const char* kFamilyFile =
     "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf";
 
-// The hinting is the machine's own, as long as nobody has changed it.
+// The hinting is the system's default.
 constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
@@ -35,7 +35,7 @@ bool KnowFamilyOnly() {
   const bool known = FcConfigParseAndLoadFromMemory(settings, words, FcTrue) == FcTrue &&
                      FcConfigBuildFonts(settings) == FcTrue &&
                      FcConfigSetCurrent(settings) == FcTrue;
-  FcConfigDestroy(settings);  // the library holds it when it is the current one
+  FcConfigDestroy(settings);  // fontconfig keeps its own reference to the current configuration
   return known;
 }
 
@@ -72,7 +72,7 @@ void Fonts::TakeOver() {
   if (settings == nullptr) return;
   FcConfigSetCurrent(settings);
   FcConfigDestroy(settings);
-  // The toolkit forgets what it knows of fonts when one of the application's own goes.
+  // Removing an application font makes the toolkit drop its cached font data.
   const int own = QFontDatabase::addApplicationFont(QString::fromLatin1(kFamilyFile));
   QFontDatabase::removeApplicationFont(own);
   for (QWidget* window : QApplication::topLevelWidgets()) window->update();

@@ -15,14 +15,14 @@ namespace {
 
 constexpr int kCacheKilobytes = 96 * 1024;
 
-// To look for pixels that shine through would touch them all.
+// The flags avoid a search through all pixels for transparent ones.
 QPixmap Shown(QImage image, double density) {
   image.setDevicePixelRatio(density);
   return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion);
 }
 
-// At least as large as it is shown, as far as it has so many points: the reader leaves out what
-// nobody would see while it reads. Null for a file that is no picture.
+// Reads a photograph at no less than the size shown, unless it has fewer pixels; the reader scales
+// while it reads. Returns a null image when the file is not a picture.
 QImage Photo(const QString& file, QSize shown) {
   QImageReader reader(file);
   reader.setAutoTransform(true);
@@ -101,7 +101,7 @@ QImage Pictures::Draw(Source& source, QSize size, double density, Part part) {
     look::DrawPanel(painter, QRect(QPoint(), size), false);
   }
   painter.end();
-  // Pixels that hide what lies beneath are copied, not mixed with it.
+  // Opaque pictures are marked so that they are copied and not blended.
   if (Opaque(image)) image.reinterpretAsFormat(QImage::Format_RGB32);
   return image;
 }
