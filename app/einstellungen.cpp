@@ -1,7 +1,7 @@
 #include "app/einstellungen.h"
 
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/plattform.h"
 

@@ -1,16 +1,17 @@
 #include "app/fenster.h"
 
-#include "app/layout.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/layout.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 namespace vantora {
 
 namespace {
 
-constexpr double kGrosseSchriftTwips = 12.0;
 // With large fonts a pixel has fewer twips, and windows stand on pictures that count in pixels.
-constexpr double kSchriftVerhaeltnis = 12.0 / 15.0;
+constexpr double kSchriftVerhaeltnis = double{kLargeFontTwipsPerPixel} / kTwipsPerPixel;
 
 void Skalieren(Control& control) {
   const auto mal = [](int wert) { return Ganz32(wert * kSchriftVerhaeltnis); };
@@ -82,7 +83,7 @@ void ToolTipsSetzen(Form& fenster) {
 }
 
 void SkaliereForm(Programm& prog, Form& fenster) {
-  if (prog.plattform.bildschirm.TwipsPerPixelX() != kGrosseSchriftTwips) return;
+  if (prog.plattform.bildschirm.TwipsPerPixelX() != kLargeFontTwipsPerPixel) return;
   EventLoop& schleife = prog.plattform.schleife;
   const Pointer vorher = schleife.MousePointer();
   schleife.MousePointer(Pointer::Hourglass);

@@ -1,7 +1,7 @@
 #include "app/frmAbout.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 namespace vantora {
 

@@ -7,11 +7,11 @@
 #include "app/fenster.h"
 #include "app/zustand/aufnahme_zustand.h"
 #include "app/zustand/cover.h"
+#include "app/zustand/editor_zustand.h"
+#include "app/zustand/grab_zustand.h"
+#include "app/zustand/katalog_zustand.h"
 #include "app/zustand/medley.h"
 #include "app/zustand/schlag_zustand.h"
-#include "catalog/katalog_zustand.h"
-#include "cdinput/grab_zustand.h"
-#include "waveeditor/editor_zustand.h"
 
 #include "platform/plattform.h"
 

@@ -1,7 +1,7 @@
 // The wave editor in real windows. `bench-editor WORK HOME` prints what was measured, on the wave
 // file C:\Vantora\Wavs\larga.wav of the home.
 
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "main/desktop_platform.h"
 #include "main/window_platform.h"

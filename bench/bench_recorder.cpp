@@ -1,7 +1,7 @@
 // The recorder. `bench-recorder WORK HOME [NUMBER ...]` prints what was measured.
 
 #include "app/frmMBox.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
 #include "main/desktop_platform.h"

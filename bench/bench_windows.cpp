@@ -1,7 +1,7 @@
 // The program's work in real windows. `bench-windows WORK HOME` prints what was measured.
 
 #include "app/frmMBox.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"
@@ -16,7 +16,7 @@
 #include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
 #include "medley/frmMedley.h"
-#include "tests/support/cddb_server.h"
+#include "tests/emulators/cddb_server.h"
 
 #include <fstream>
 #include <stdexcept>

@@ -1,9 +1,11 @@
 #include "catalog/frmHauptForm.h"
 
-#include "app/feld.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 namespace vantora {
 
@@ -12,7 +14,6 @@ namespace {
 constexpr const wchar_t* kKleinesLayout = L"frmHauptForm";
 constexpr const wchar_t* kGrossesLayout = L"frmHauptForm_1000";
 constexpr int kKleinesteFarbtiefe = 16;  // bits per pixel
-constexpr double kGrosseSchriftTwips = 12.0;
 constexpr int kListenSchriftGross = 11;
 
 // Texts of the table's head and of the buttons follow one another by number.
@@ -173,7 +174,7 @@ void frmHauptForm::Form_Load() {
   }
   Logo.Picture = L"LOGO_QM_KLEIN";
   SkaliereForm(prog, *this);
-  if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+  if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
     lvwKatalog.FontSize = kListenSchriftGross;
     std::vector<ListView::Column> spalten = lvwKatalog.Columns();
     for (ListView::Column& spalte : spalten) spalte.Width = Ganz32(spalte.Width / 1.25);
@@ -200,7 +201,7 @@ void frmHauptForm::BildschirmPruefen() {
     throw ProgrammEnde{};
   };
   const bool hoch = prog.BildschirmHoehe == 1024;
-  const bool grosseSchrift = bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips;
+  const bool grosseSchrift = bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel;
   if (prog.BildschirmBreite == 640) ablehnen(8012);
   if (prog.BildschirmBreite == 800) Picture = L"PICBACK_800";
   if (prog.BildschirmBreite == 1024) {

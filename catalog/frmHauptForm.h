@@ -4,7 +4,7 @@
 
 #include "app/fenster.h"
 #include "app/katalog_dienst.h"
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 
 #include "platform/edits.h"
 #include "platform/mmtools.h"

@@ -1,10 +1,11 @@
 // What the buttons, the list and the menu of the main window do, as far as it is short.
 
-#include "app/feld.h"
 #include "app/frmAbout.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
 #include "catalog/katalog_datei.h"
@@ -22,7 +23,6 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr int kNachlaufMs = 250;  // until a preview that was stopped is silent
 
 }  // namespace

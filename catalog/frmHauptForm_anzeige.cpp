@@ -1,19 +1,20 @@
 // The list of the catalog: how it is rebuilt and repaired, and the preview.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
 #include "mixer/frmMixer.h"
+
+#include "platform/cd_sound.h"
 
 namespace vantora {
 
 namespace {
 
 constexpr Color kGruen = Rgb(0, 255, 0), kRot = Rgb(255, 0, 0);
-constexpr double kMB = 1024.0 * 1024.0;
 constexpr double kKuerzesteLaengeMs = 2000.0;
 constexpr std::int64_t kUeberLaengeMs = 4440001;  // a little over 74 minutes
 constexpr std::int64_t kKnapperRestMs = 960000;   // 16 minutes, the limit right after opening
@@ -22,7 +23,6 @@ constexpr int kLetzteMixerLinie = 4;
 constexpr int kLeiserPegel = 4001, kHoerbarerPegel = 50;
 constexpr int kAnlaufMs = 100;
 constexpr std::int64_t kWerteJeSekunde = 88200;  // of both sides together
-constexpr std::int64_t kFrameBytes = 4;
 
 }  // namespace
 

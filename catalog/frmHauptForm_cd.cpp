@@ -2,8 +2,9 @@
 // opening the recorder.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
@@ -16,11 +17,9 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr int kEinlegeMs = 1500;  // in which the drive notices its disc
 constexpr int kAnlaufMs = 500;
 constexpr int kBrauchbar = 500;  // from this mode on the device can be used
-constexpr double kMB = 1048576;
 
 }  // namespace
 

@@ -1,8 +1,8 @@
 // The way into the wave editor, and the batch that applies its effects to many tracks.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "waveeditor/frmWaveEditor.h"
 

@@ -1,8 +1,9 @@
 // Audio files from the disk on their way into the catalog.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
 #include "cdinput/frmKomponenten.h"
@@ -17,10 +18,7 @@ constexpr std::size_t kLaengsterPfad = 100;
 constexpr std::size_t kMeisteTitel = 100;
 constexpr double kMindestLaengeMs = 2000.0;
 constexpr double kMindestLaengeMp3Ms = 2001.0;
-constexpr double kMB = 1024.0 * 1024.0;
 constexpr int kAbfrageMs = 500;
-constexpr int kModusMp3 = 0;
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 }  // namespace
 

@@ -1,9 +1,10 @@
 // The operations on the catalog: new, open, append, save, add, delete, move, undo.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"
 #include "catalog/wave_pruefung.h"
@@ -14,7 +15,6 @@ namespace {
 
 constexpr const wchar_t* kKatalogEndung = L".vtr";
 constexpr const wchar_t* kGeloescht = L"DEL";  // title of a record that is to go
-constexpr double kMB = 1024.0 * 1024.0;
 constexpr int kKnappeMinuten = 74;
 constexpr std::int16_t kUeblichePause = 2;  // seconds
 
@@ -286,7 +286,7 @@ void frmHauptForm::KatRowDelete() {
     const Text nummer = ZahlText(zeilen.front());
     const Text titel = gemeint.front().Titel.Getrimmt();
     const Text frage = zeilen.size() > 1 ? LoadResString(8061)
-                                         : LoadResString(8062) + nummer + L"\r\n" +
+                                         : LoadResString(8062) + nummer + kZeilenEnde +
                                                LoadResString(8020) + titel + LoadResString(8063);
     if (prog.MsgBoxen(frage, kJaNein) != kJa) return;
     // The box may have cost rows: what has lost its file leaves the list when the window gets the

@@ -2,8 +2,8 @@
 
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"

@@ -1,7 +1,7 @@
 #include "catalog/frmLiedAusKatalog.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 
 namespace vantora {

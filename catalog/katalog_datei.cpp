@@ -1,6 +1,6 @@
 #include "catalog/katalog_datei.h"
 
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
 
 #include <algorithm>
 #include <string>
@@ -85,11 +85,6 @@ class Schreiber {
 };
 
 }  // namespace
-
-int UBound(const KatalogFeld& feld) {
-  if (feld.empty()) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
-  return static_cast<int>(feld.size()) - 1;
-}
 
 void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
   const auto offen = dateien.Open(datei, Zugriff::Lesen);

@@ -3,7 +3,7 @@
 // foreign file shows only when it ends too early: that raises Laufzeitfehler 62.
 #pragma once
 
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 
 #include "platform/files.h"
 

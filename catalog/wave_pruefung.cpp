@@ -1,7 +1,10 @@
 #include "catalog/wave_pruefung.h"
 
 #include "app/dienste.h"
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
+#include "klang/klang_frame.h"
+
+#include "platform/cd_sound.h"
 
 #include <cstring>
 
@@ -54,8 +57,8 @@ WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei) {
   WaveBefund befund;
   Weiter([&] {
     wave.Open(datei);  // must be there
-    const bool tauglich =
-        wave.BitsPerSample() == 16 && wave.SampleRate() == 44100 && wave.StereoMode() == 1;
+    const bool tauglich = wave.BitsPerSample() == kSampleBits && wave.SampleRate() == kSampleRate &&
+                          wave.StereoMode() == 1;
     befund.LaengeMs = static_cast<double>(wave.Samples()) / kFramesJeMs;
     wave.Close();
     if (!tauglich) return;

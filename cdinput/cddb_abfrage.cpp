@@ -1,7 +1,7 @@
 // What is sent to a CDDB server, to whom, and in which order.
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/cddb_verbindung.h"
 #include "cdinput/clsCCd.h"
 

@@ -1,8 +1,8 @@
 // What a CDDB server tells about a disc: lines of a name and a text, each ended by CR LF.
 #include "app/dienste.h"
-#include "app/feld.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/clsCCd.h"
 
 #include <algorithm>
@@ -11,7 +11,6 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr const wchar_t* kTrenner = L" / ";  // between performer and title
 
 Text OhneSteuerzeichen(Text text) {

@@ -1,7 +1,7 @@
 #include "cdinput/cddb_verbindung.h"
 
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/clsCCd.h"
 
 #include <array>

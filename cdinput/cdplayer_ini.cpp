@@ -1,7 +1,7 @@
 // cdplayer.ini, the file in which the system's own CD player keeps the discs that it knows. It is
 // written for that player's sake and read back by nobody here.
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/clsCCd.h"
 
 #include <algorithm>

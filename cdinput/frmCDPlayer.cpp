@@ -1,7 +1,8 @@
 #include "cdinput/frmCDPlayer.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmKomponenten.h"
@@ -12,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr const wchar_t* kLuecke = L"     ";
 constexpr const wchar_t* kAnfang = L"(00:00)";
 constexpr int kBrauchbar = 500;  // from this mode on the device can be used

@@ -1,7 +1,8 @@
 // Saving the selected tracks: under which names, whether there is room, and what may be replaced.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"
@@ -14,10 +15,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kModusGrab = 1;
-constexpr double kMB = 1048576;
 constexpr const wchar_t* kEndung = L".wav";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 // A title as the name of a file: what no name may hold becomes "_".
 Text AlsDateiName(Text name) {

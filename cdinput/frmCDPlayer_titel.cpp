@@ -1,7 +1,7 @@
 // The names of the tracks: asked from a CDDB server, or typed over a line of the list.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
@@ -13,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kModusGrab = 1;
 constexpr int kAnlaufMs = 500;
 constexpr wchar_t kApostroph = L'\'', kAkut = L'´';
 

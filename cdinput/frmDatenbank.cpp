@@ -1,9 +1,9 @@
 #include "cdinput/frmDatenbank.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 

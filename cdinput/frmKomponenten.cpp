@@ -1,7 +1,7 @@
 #include "cdinput/frmKomponenten.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 namespace vantora {
 
@@ -14,7 +14,6 @@ constexpr int kStatusMs = 3000;
 constexpr int kAutoInsertSchluessel = 20;
 constexpr std::size_t kPositionsText = 30;
 constexpr std::size_t kProduktLaenge = 16;  // of the description of a drive
-constexpr std::int64_t kMB = 1048576;
 
 }  // namespace
 

@@ -2,8 +2,8 @@
 // of frmKomponenten, which receives all events of the devices.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmSchreibFortschritt.h"

@@ -1,13 +1,16 @@
 #include "cdinput/grab_lauf.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -16,13 +19,9 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kOrt = L"SaveWave";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
-constexpr int kModusGrab = 1;
 constexpr int kAnlaufMs = 500;
 constexpr int kWarteMs = 500;
 constexpr int kAbbruchMs = 1000;  // until the drive has noticed that its read has ended
-constexpr double kBytesJeSekunde = 176400;
-constexpr double kMB = 1048576;
 
 enum class Ausgang { Fertig, KeinAudio, Lesefehler, Abbruch };
 
@@ -223,7 +222,7 @@ Text OhneLeerzeichen(const Text& pfad) {
 }
 
 std::int32_t MBVonMs(std::int32_t ms) {
-  return Ganz32(ms / 1000.0 * kBytesJeSekunde / kMB);
+  return Ganz32(ms / 1000.0 * kBytesPerSecond / kMB);
 }
 
 void KatalogAusGrab(Programm& prog, const Text& datei, std::size_t nummer) {

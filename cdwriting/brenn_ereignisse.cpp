@@ -1,11 +1,12 @@
 // What the writer reports while a disc is made, and what of it the progress window shows. The work
 // of frmKomponenten, which receives all events of the devices.
 
-#include "app/feld.h"
 #include "app/frmMBox.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmCDBrennen.h"
@@ -218,8 +219,8 @@ void frmKomponenten::MCD_Failure(int code, const Text& /*text*/) {
 void frmKomponenten::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int /*fourth*/,
                                     const Text& text) {
   prog.AppLog(L"MCD_ScsiEvents", L"");
-  prog.MsgBoxen(LoadResString(9005) + L"\r\n" + LoadResString(9002) + ZahlText(code) + L"\r\n" +
-                    LoadResString(9003) + text,
+  prog.MsgBoxen(LoadResString(9005) + kZeilenEnde + LoadResString(9002) + ZahlText(code) +
+                    kZeilenEnde + LoadResString(9003) + text,
                 kOk);
   Abgebrochen = true;
   MCD_BurningProcessComplete(0);
@@ -227,7 +228,7 @@ void frmKomponenten::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int
 
 void frmKomponenten::MCD_ASPIEvent(int code, const Text& text) {
   prog.AppLog(L"MCD_ASPIEvent", L"Error:" + ZahlText(code));
-  prog.MsgBoxen(LoadResString(9006) + ZahlText(code) + L"\r\n" + LoadResString(9002) +
+  prog.MsgBoxen(LoadResString(9006) + ZahlText(code) + kZeilenEnde + LoadResString(9002) +
                     ZahlText(code) + LoadResString(9003) + text,
                 kOk);
   if (prog.frmSchreibFortschritt.Geladen()) {

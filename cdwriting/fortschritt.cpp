@@ -1,7 +1,7 @@
 #include "cdwriting/fortschritt.h"
 
 #include "app/dienste.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
 #include <algorithm>

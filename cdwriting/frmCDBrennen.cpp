@@ -1,8 +1,9 @@
 #include "cdwriting/frmCDBrennen.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdwriting/pausen.h"
 
@@ -16,7 +17,6 @@ constexpr int kErsterTyp = 1, kLetzterTyp = 99, kTypMitDAO = 10;
 constexpr Color kTafel = Rgb(53, 55, 99);
 constexpr const wchar_t* kTempo[] = {L"1", L"2", L"4", L"6", L"8"};
 constexpr int kAbschiedMs = 1500;
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 Text FlaggeText(bool flagge) {
   return flagge ? L"True" : L"False";

@@ -3,8 +3,9 @@
 // has to be brought to an end, whatever else goes wrong.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
@@ -19,10 +20,8 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kOrt = L"BurnCD";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr int kEinlegeMs = 2500;  // in which the drive notices its disc
 constexpr int kWarteMs = 750;
-constexpr int kModusBrennen = 2;
 constexpr int kMethodeVerweigert = -1;
 constexpr int kKeinText = 400;  // a number that the string table leaves out
 

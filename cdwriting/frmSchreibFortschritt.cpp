@@ -13,8 +13,6 @@ constexpr double kBildTeil = 1.0 / 8;  // of the strip's height is shown at a ti
 constexpr int kBildMs = 100;
 constexpr int kAuslaufMs = 4500;  // until a drive that was stopped is quiet
 
-enum : int { kModusMp3 = 0, kModusGrab = 1, kModusBrennen = 2 };
-
 }  // namespace
 
 frmSchreibFortschritt::frmSchreibFortschritt(Programm& programm)

@@ -1,10 +1,10 @@
 #include "cover/frmPrint.h"
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrintStart.h"
 
 #include <cmath>

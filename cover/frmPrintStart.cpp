@@ -1,10 +1,10 @@
 #include "cover/frmPrintStart.h"
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cover/frmPrint.h"
 #include "cover/seiten.h"
 
@@ -13,7 +13,6 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kAbstand = L"   ";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::int16_t kWahr = -1;
 
 }  // namespace

@@ -3,8 +3,8 @@
 // area.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
 
 namespace vantora {

@@ -1,10 +1,12 @@
 // The texts of a side: how they are shown, selected and moved, and how screen readers name their
 // places.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
+
+#include "platform/twips.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,8 +16,6 @@ namespace vantora {
 namespace {
 
 constexpr int kGriffX = 500, kGriffY = 200;  // from a text's corner to the mouse that moves it
-constexpr double kTwipsJeMm = 1440 / 25.4;
-constexpr int kTwipsJePunkt = 20;
 
 // A tab or a line break inside a text is one blank on paper.
 Text Druckbar(Text text) {
@@ -53,7 +53,7 @@ std::vector<frmPrint::Beweglich> frmPrint::Texte() {
 Mass frmPrint::TextMass(const Label& schild) const {
   LogicalFont schrift;
   schrift.FaceName = prog.CoverFont;
-  schrift.Height = -prog.CoverFontSize * kTwipsJePunkt;
+  schrift.Height = -prog.CoverFontSize * kTwipsPerPoint;
   schrift.Weight = prog.CoverFontBold != 0 ? kWeightBold : kWeightNormal;
   schrift.Italic = prog.CoverFontItalic != 0;
   const TextExtent reichweite = prog.plattform.schriften.Measure(schrift, schild.Caption);
@@ -183,7 +183,7 @@ bool frmPrint::Text1_KeyPress(int /*zeichen*/) {
 // ---- words about a text ----
 
 Text frmPrint::Beschreibung(const Beweglich& text) const {
-  const auto mm = [](std::int32_t twips) { return Format(twips / kTwipsJeMm, L"#0"); };
+  const auto mm = [](std::int32_t twips) { return Format(twips / kTwipsPerMm, L"#0"); };
   const Text gewaehlt = text.Schild.Tag == L"1" ? LoadResString(30165) : Text();
   return text.Schild.Caption() + gewaehlt + LoadResString(30162) + mm(text.Platz[0]) +
          LoadResString(30163) + mm(text.Platz[1]) + LoadResString(30164);

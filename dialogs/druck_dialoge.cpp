@@ -2,6 +2,7 @@
 // them.
 
 #include "app/programm.h"
+#include "app/werte/zeichen.h"
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"
@@ -42,7 +43,7 @@ void Programm::DruckFehlerMelden(const Laufzeitfehler& fehler) {
 }
 
 void Programm::BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler) {
-  MsgBoxen(datei + L"\r\n" + fehler.Beschreibung + L".", kHinweis);
+  MsgBoxen(datei + kZeilenEnde + fehler.Beschreibung + L".", kHinweis);
 }
 
 }  // namespace vantora

@@ -1,10 +1,11 @@
 #include "dialogs/frmDrucken.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/printer.h"
+#include "platform/twips.h"
 
 namespace vantora {
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int kUebernehmen = 0, kAndereDatei = 2;
 constexpr int kMeisteKopien = 99;
-constexpr double kTwipsJeMm = 1440 / 25.4;
 
 }  // namespace
 
@@ -70,8 +70,8 @@ void frmDrucken::cbxDrucker_Click() {
   pbButton(kUebernehmen).Enabled = einer;
   if (!einer) return;
   const PaperSize papier = prog.plattform.drucker.Paper(cbxDrucker.ListIndex);
-  lblPapierName.Caption = papier.Name + L" (" + ZahlText(Ganz32(papier.Width / kTwipsJeMm)) +
-                          L" × " + ZahlText(Ganz32(papier.Height / kTwipsJeMm)) + L" mm)";
+  lblPapierName.Caption = papier.Name + L" (" + ZahlText(Ganz32(papier.Width / kTwipsPerMm)) +
+                          L" × " + ZahlText(Ganz32(papier.Height / kTwipsPerMm)) + L" mm)";
 }
 
 // ---- the file ----

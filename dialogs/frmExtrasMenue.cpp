@@ -2,9 +2,11 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "dialogs/frmLoadSave.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -179,8 +181,7 @@ void frmExtrasMenue::PlatzZeigen(Ordner welcher, const Text& ordner) {
   int einheit = kBytes;
   for (; zahl >= kSchritt && einheit < kGigabytes; ++einheit) zahl /= kSchritt;
   lblPlatzZahl(welcher).Caption = Format(zahl, L"#,##0.00") + L" " + LoadResString(einheit);
-  constexpr double kBytesJeSekunde = 176400;
-  const std::int64_t gesamt = Abgeschnitten(frei / kBytesJeSekunde);
+  const std::int64_t gesamt = Abgeschnitten(frei / kBytesPerSecond);
   const auto stellen = [](std::int64_t wert, const wchar_t* muster) {
     return Format(static_cast<double>(wert), muster);
   };

@@ -1,8 +1,8 @@
 #include "dialogs/frmFarbe.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 #include <array>

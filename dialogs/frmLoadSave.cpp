@@ -1,7 +1,7 @@
 #include "dialogs/frmLoadSave.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
 #include "catalog/frmHauptForm.h"
 
 #include <algorithm>

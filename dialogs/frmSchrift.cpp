@@ -1,7 +1,7 @@
 #include "dialogs/frmSchrift.h"
 
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/box_device.h"
 

@@ -1,6 +1,6 @@
 #include "klang/rampe.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 // The loop is made once for every generation of the vector unit; the fitting one is chosen when the
 // program starts.

@@ -2,7 +2,7 @@
 
 #include "app/programm.h"
 #include "backends/linux/utf8.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "main/desktop_platform.h"
 #include "main/resource_check.h"
 

@@ -4,9 +4,9 @@
 
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/thread_background.h"
+#include "backends/qt/loop/qt_event_loop.h"
+#include "backends/qt/loop/qt_hands.h"
 #include "backends/qt/print/qt_print_shop.h"
-#include "backends/qt/qt_event_loop.h"
-#include "backends/qt/qt_hands.h"
 #include "main/headless_platform.h"
 #include "main/story_platform.h"
 

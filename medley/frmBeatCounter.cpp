@@ -2,7 +2,7 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "medley/frmMedley.h"
 
 #include <algorithm>

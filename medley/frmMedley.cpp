@@ -2,8 +2,8 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "medley/frmBeatCounter.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // start of the next one to the left, so that they overlap in proportion to the crossfade. In twips.
 #pragma once
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 #include <cstdint>

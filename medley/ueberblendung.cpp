@@ -1,10 +1,13 @@
 #include "medley/ueberblendung.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "klang/mischung.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <limits>
@@ -18,9 +21,9 @@ constexpr double kWerteJeSekunde = 88200;  // samples of both channels
 constexpr double kLaengsteSekunden = 600;  // a longer crossfade would only cost memory
 constexpr std::int64_t kMindestBytes = 617400;
 constexpr std::int64_t kBlockBytes = 524288;
-constexpr std::int64_t kWertBytes = 2, kFrameBytes = 4;
+constexpr std::int64_t kWertBytes = 2;
 constexpr double kPitchJeVerhaeltnis = 25;
-constexpr int kBits = 16, kKanaele = 2, kRate = 44100, kStereo = 1;
+constexpr int kStereo = 1;
 
 constexpr const wchar_t* kEndeDatei = L"xfade.dat";
 constexpr const wchar_t* kGleitDatei = L"xfade2.dat";
@@ -64,7 +67,7 @@ Ueberblendung::Ueberblendung(Programm& programm, const CheckBox& haken)
   Trigger->OnBufferLoad = [this] { Trigger_OnBufferLoad(); };
   Trigger->OnStop = [this] { Trigger_OnStop(); };
   Trigger->OnFailure = [this](const Laufzeitfehler& fehler) { Trigger_OnFailure(fehler); };
-  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kBits, kKanaele, kRate);
+  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kSampleBits, kChannels, kSampleRate);
 }
 
 Ueberblendung::~Ueberblendung() = default;
@@ -116,7 +119,7 @@ void Ueberblendung::UeberblendungAusfuehren(int Index1, int Index2) {
   const Text datei1 = a.Datei.Getrimmt(), datei2 = b.Datei.Getrimmt();
   std::vector<Text> getan = getan_;
   getan.insert(getan.begin(), Zeile(a, Index1 + 1) + L" > " + Zeile(b, Index2 + 1));
-  const bool geschrieben = Gelingt(30124, datei1 + L"\r\n" + datei2, [&] {
+  const bool geschrieben = Gelingt(30124, datei1 + kZeilenEnde + datei2, [&] {
     for (const Text& datei : {datei1, datei2}) prog.plattform.dateien.SetAttrNormal(datei);
     Edit vorhaben = Vorhaben(datei1, datei2);
     vorhaben.RunReport = getan;

@@ -1,6 +1,6 @@
 #include "mixer/fader.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 

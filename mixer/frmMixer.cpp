@@ -1,8 +1,10 @@
 #include "mixer/frmMixer.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 #include <utility>
 
@@ -13,7 +15,6 @@ namespace {
 constexpr int kAbfrageMs = 500;
 constexpr int kMuellMs = 200, kLeseMs = 1500;
 constexpr std::size_t kKurzerName = 7;  // characters that a fader has room for
-constexpr double kGrosseSchriftTwips = 12.0;
 
 class Sanduhr {
  public:
@@ -90,7 +91,7 @@ void frmMixer::InitMixer() {
       Fader(i).MuteEnabled = true;
     }
     // With large fonts the faders have become smaller; their parts are placed anew.
-    if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+    if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
       for (int i = 0; i < kFader; ++i) Fader(i).Refresh();
       faderMasterOut.Refresh();
     }

@@ -13,7 +13,7 @@ dpkg-deb -x "$1" "$scratch/root"
 dpkg-deb -f "$1"
 
 depends=$(dpkg-deb -f "$1" Depends)
-for library in libc6 libasound2 libmpg123-0 libsamplerate0 libqt6widgets6 libqt6svg6; do
+for library in libc6 libasound2 libfftw3-single3 libmpg123-0 libsamplerate0 libqt6widgets6 libqt6svg6; do
   case $depends in
     *$library*) ;;
     *) echo "the package does not depend on $library" >&2; exit 1 ;;

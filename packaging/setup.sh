@@ -73,6 +73,7 @@ configure() {
   if [ -e "$cache" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$(pwd -P)" "$cache"; then
     fresh=(--fresh)
   fi
-  cmake -S . -B "$folder" -G Ninja -Wno-dev --log-level=WARNING "${fresh[@]}" "$@" ||
+  cmake -S . -B "$folder" -G Ninja -Wno-dev --log-level=WARNING -DVANTORA_WERROR=ON \
+    "${fresh[@]}" "$@" ||
     fail "la configuración de $folder/ ha fallado."
 }

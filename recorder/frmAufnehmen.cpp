@@ -2,8 +2,9 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 
@@ -254,8 +255,8 @@ void frmAufnehmen::Melden(const Text& text) {
 
 Text frmAufnehmen::FehlerText(const Laufzeitfehler& fehler) const {
   if (fehler.Nummer == kFehlerPlattenVoll) return LoadResString(2043);
-  const Text grund = fehler.Grund.empty() ? L"" : L"\r\n" + fehler.Grund;
-  return LoadResString(30102) + L"\r\n" + fehler.Beschreibung + grund;
+  const Text grund = fehler.Grund.empty() ? L"" : kZeilenEnde + fehler.Grund;
+  return LoadResString(30102) + kZeilenEnde + fehler.Beschreibung + grund;
 }
 
 // The machine sleeps neither in a take nor while the next one is awaited.

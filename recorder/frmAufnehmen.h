@@ -4,7 +4,7 @@
 #pragma once
 
 #include "app/fenster.h"
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 #include "klang/pegelausloeser.h"
 
 #include "platform/inhibitor.h"

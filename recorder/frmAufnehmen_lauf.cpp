@@ -2,9 +2,11 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "recorder/frmAufnehmen.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -16,9 +18,7 @@ namespace {
 
 constexpr const wchar_t* kOrt = L"Aufnahme:";
 constexpr double kKnapperPlatz = 20971520;  // bytes; a recording stops below
-constexpr double kBytesJeSekunde = 176400;
 constexpr double kBytesJeMs = 176.4;
-constexpr double kMB = 1048576;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
 constexpr int kSicherungPuffer = 40;  // less than a second of sound
@@ -110,7 +110,7 @@ void frmAufnehmen::EingangOeffnen() {
   WaveIn->Close();
   WaveIn->Mode = mStereo;
   WaveIn->BitLength = b16Bit;
-  WaveIn->SampleRate = 44100;
+  WaveIn->SampleRate = kSampleRate;
   WaveIn->Open();
 }
 
@@ -341,7 +341,7 @@ void frmAufnehmen::PlatzZeigen(double frei) {
     einheit = LoadResString(nummer);
   }
   lblMB.Caption = LoadResString(2603) + Format(wert, L"000.00") + L" " + einheit;
-  const std::int64_t sekunden = Ganz64(frei / kBytesJeSekunde);
+  const std::int64_t sekunden = Ganz64(frei / kBytesPerSecond);
   const auto zahl = [](std::int64_t n, const wchar_t* muster) {
     return Format(static_cast<double>(n), muster);
   };

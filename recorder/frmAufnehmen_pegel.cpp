@@ -1,7 +1,7 @@
 // What is heard and how loud: the input line, the sliders, the automatic level.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "mixer/frmMixer.h"
 #include "recorder/frmAufnehmen.h"
 

@@ -1,11 +1,13 @@
 // The takes: how each gets its file, their list, and their way into the catalog.
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "dialogs/frmNeuerInterpret.h"
+#include "klang/klang_frame.h"
 #include "recorder/frmAufnehmen.h"
 
 namespace vantora {
@@ -13,11 +15,9 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kEndung = L".WAV";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::size_t kLaengsterPfad = 100;
 constexpr int kNummernZeichen = 3;  // of a hundred takes and more
 constexpr double kMindestMs = 2000;
-constexpr double kFramesJeMs = 44.1;
 
 }  // namespace
 

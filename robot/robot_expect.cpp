@@ -1,9 +1,9 @@
 // The commands that look, and those that let time pass.
 
+#include "backends/checksum/sha256.h"
 #include "backends/headless/headless_mixer.h"
 #include "backends/linux/utf8.h"
 #include "robot/robot.h"
-#include "robot/sha256.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kBehindMs = 1000;  // what a busy machine may lose between two taps
 constexpr int kPollMs = 20;
-constexpr std::size_t kBlockBytes = 1U << 16U;
 
 std::string Quoted(const Text& text) {
   return "\"" + ToUtf8(text) + "\"";
@@ -81,17 +80,6 @@ std::optional<Text> ReadCell(const Control& control, const std::vector<int>& cel
   return item.SubItems(cell.size() == 2 ? cell.back() : 0);
 }
 
-std::string Sha256Of(Dateien& files, const Text& path) {
-  const std::unique_ptr<Datei> file = files.Open(path, Zugriff::Lesen);
-  Sha256 sum;
-  std::vector<unsigned char> block(kBlockBytes);
-  for (std::size_t read = file->ReadSome(block.data(), block.size()); read > 0;
-       read = file->ReadSome(block.data(), block.size())) {
-    sum.Add(block.data(), read);
-  }
-  return sum.Hex();
-}
-
 std::optional<std::int64_t> LengthOf(Dateien& files, const Text& path) {
   try {
     return files.FileLen(path);
@@ -148,7 +136,8 @@ void Robot::ExpectFile(const ScriptLine& line, Form* /*front*/) {
   if (!there) throw Unreachable(ToUtf8(path) + " was to be there, it is missing");
   if (what == L"exists") return;
   if (!length) throw Unreachable(ToUtf8(path) + " was to be a file, it is a folder");
-  const std::string found = what == L"size" ? std::to_string(*length) : Sha256Of(files, path);
+  const std::string found =
+      what == L"size" ? std::to_string(*length) : Sha256Of(*files.Open(path, Zugriff::Lesen));
   if (found == ToUtf8(line.Value)) return;
   throw Unreachable(ToUtf8(path) + " was to have the " + ToUtf8(what) + " " + ToUtf8(line.Value) +
                     ", it has " + found);

@@ -1,6 +1,6 @@
 #include "waveeditor/ansicht.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 #include "waveeditor/bearbeitung.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "klang/klang_frame.h"
 
 #include <algorithm>
@@ -13,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kMB = 0x100000;
 constexpr std::size_t kWurzel = 3;  // "C:\"
 constexpr int kVollePegel = 100;    // percent
 

@@ -1,8 +1,8 @@
 #include "waveeditor/effekt_tafeln.h"
 
 #include "app/fenster.h"
-#include "app/zahlen.h"
-#include "waveeditor/editor_zustand.h"
+#include "app/werte/zahlen.h"
+#include "app/zustand/editor_zustand.h"
 
 #include <algorithm>
 #include <cstddef>

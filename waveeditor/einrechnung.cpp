@@ -1,8 +1,8 @@
 #include "waveeditor/einrechnung.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zeichen.h"
 #include "klang/klang_frame.h"
 
 #include <cstdint>
@@ -126,7 +126,7 @@ void Einrechnung::StapelDatei() {
   quelle.Open();
   quelle.PlayStart = 0;
   quelle.PlayEnd = quelle.DataSize();
-  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kBits, kKanaele, kRate);
+  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kSampleBits, kChannels, kSampleRate);
   kette_.DestFile().Wave.SetFileName(ImTempOrdner(prog, kBatchDatei));
   prog.AppLog(L"frmWaveEditor.Einrechen2", L"starting trigger");
   kette_.Trigger().Start();

@@ -1,7 +1,7 @@
 #include "waveeditor/frmSpektrum.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/spektrum_bild.h"
 
 namespace vantora {

@@ -3,9 +3,11 @@
 #include "waveeditor/frmWaveEditor.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
+
+#include "platform/twips.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,7 +22,6 @@ constexpr int kAnzeigeMs = 100;
 constexpr int kSpektrumMs = 2000;
 constexpr int kLastMs = 500;
 constexpr int kNormalizeMs = 10;
-constexpr double kGrosseSchriftTwips = 12.0;
 constexpr double kGrosseSchrift = 1.25;
 constexpr int kMarkerDeckung = 35;  // percent
 
@@ -136,7 +137,7 @@ void frmWaveEditor::Form_Load() {
   bearbeitung_.Beginnen();
   imgPaste.Enabled = false;
   lblPasteDisabled.Visible = true;
-  if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+  if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
     picPresets.Left = Ganz32(picPresets.Left / kGrosseSchrift);
     picPresets.Top = Ganz32(picPresets.Top / kGrosseSchrift);
   }

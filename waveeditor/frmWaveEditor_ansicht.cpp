@@ -2,8 +2,8 @@
 // the edits and the small picture of the spectrum.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
 #include "waveeditor/spektrum_bild.h"

@@ -1,9 +1,9 @@
 // The lower part of the window: the effects with their sliders, boxes and buttons, their presets,
 // and the machine's load.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "waveeditor/hallraeume.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zeichen.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 
 #include "app/dienste.h"
 #include "app/einstellungen.h"
-#include "app/feld.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include <cstddef>
 #include <utility>

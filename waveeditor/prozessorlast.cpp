@@ -1,6 +1,6 @@
 #include "waveeditor/prozessorlast.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 namespace vantora {
 

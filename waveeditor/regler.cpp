@@ -1,7 +1,7 @@
 #include "waveeditor/regler.h"
 
 #include "app/dienste.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 #include <utility>

@@ -49,7 +49,7 @@ void Restauration::Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_
   const int frames = static_cast<int>(bytes) / kFrameBytes;
   for (const Filter filter : kAlle) {
     if (!an_[filter]) continue;
-    (bibliothek_.*kFunktionen[filter].Puffer)(Level(filter), std::int16_t{kKanaele}, klang, hilfe,
+    (bibliothek_.*kFunktionen[filter].Puffer)(Level(filter), std::int16_t{kChannels}, klang, hilfe,
                                               frames);
     std::copy_n(hilfe, bytes / sizeof *klang, klang);
   }

@@ -1,8 +1,8 @@
 #include "waveeditor/spektrum_bild.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "klang/klang_frame.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "waveeditor/transport.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "klang/klang_frame.h"
 
 #include <algorithm>
@@ -13,8 +13,8 @@ namespace vantora {
 namespace {
 
 constexpr int kOeffnenMs = 50;
-constexpr int kRunden = 10000;                   // of a loop
-constexpr std::int32_t kSpulFrames = kRate / 2;  // half a second
+constexpr int kRunden = 10000;                         // of a loop
+constexpr std::int32_t kSpulFrames = kSampleRate / 2;  // half a second
 constexpr int kSpulErstMs = 500, kSpulWenigerMs = 40, kSpulSchnellMs = 100, kSpulLetztMs = 50;
 constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding distorts what is measured
 

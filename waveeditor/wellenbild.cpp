@@ -1,7 +1,7 @@
 #include "waveeditor/wellenbild.h"
 
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/ansicht.h"
 #include "waveeditor/zeit.h"
 

@@ -1,6 +1,6 @@
 #include "waveeditor/zeit.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "klang/klang_frame.h"
 
 #include <cstdint>

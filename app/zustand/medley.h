@@ -2,7 +2,7 @@
 // two uses of the window.
 #pragma once
 
-#include "app/fest_text.h"
+#include "app/werte/fest_text.h"
 
 #include "platform/text.h"
 

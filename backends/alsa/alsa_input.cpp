@@ -3,6 +3,7 @@
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/capture_ring.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <alsa/asoundlib.h>
@@ -19,7 +20,6 @@ namespace vantora {
 
 namespace {
 
-constexpr unsigned kRate = 44100;
 // Three buffers, 70 ms: each turn of the sound server, of this thread and of the loop costs more
 // than the sound that it brings, and a level is still seen when it is heard.
 constexpr snd_pcm_uframes_t kPeriod = 3 * kBufferBytes / 4;
@@ -49,8 +49,8 @@ void SetUp(snd_pcm_t* pcm) {
   check(snd_pcm_hw_params_set_access(pcm, params, SND_PCM_ACCESS_RW_INTERLEAVED));
   check(snd_pcm_hw_params_set_format(pcm, params, SND_PCM_FORMAT_S16_LE));
   check(snd_pcm_hw_params_set_channels(pcm, params, 2));
-  check(snd_pcm_hw_params_set_rate(pcm, params, kRate, 0));
-  snd_pcm_uframes_t buffer = kRate * kCardMs / 1000, period = kPeriod;
+  check(snd_pcm_hw_params_set_rate(pcm, params, kSampleRate, 0));
+  snd_pcm_uframes_t buffer = kSampleRate * kCardMs / 1000, period = kPeriod;
   check(snd_pcm_hw_params_set_buffer_size_near(pcm, params, &buffer));
   check(snd_pcm_hw_params_set_period_size_near(pcm, params, &period, nullptr));
   check(snd_pcm_hw_params(pcm, params));
@@ -127,10 +127,10 @@ class Capture final : public SoundCapture {
   void Take(const std::int16_t* sound, snd_pcm_sframes_t frames) {
     snd_pcm_sframes_t waiting = 0;
     if (snd_pcm_delay(card_.get(), &waiting) < 0 || waiting < 0) waiting = 0;
-    const std::int64_t ticks = clock_.Ticks() - waiting * 1000 / kRate;
+    const std::int64_t ticks = clock_.Ticks() - waiting * 1000 / kSampleRate;
     std::int64_t lost = 0;
     if (std::exchange(interrupted_, false)) {
-      lost = std::max<std::int64_t>(ticks - frames * 1000 / kRate - lastTicks_, 1);
+      lost = std::max<std::int64_t>(ticks - frames * 1000 / kSampleRate - lastTicks_, 1);
     }
     lastTicks_ = ticks;
     if (ring_.Append(sound, static_cast<std::size_t>(frames), ticks, lost)) wake_();

@@ -2,6 +2,7 @@
 
 #include "backends/alsa/alsa_devices.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@
 namespace vantora {
 
 namespace {
-
-constexpr unsigned kRate = 44100;
 
 [[noreturn]] void Refused(long error) {
   const std::string words = snd_strerror(static_cast<int>(error));
@@ -30,7 +29,7 @@ AlsaOutput::AlsaOutput(int aheadMs) {
   if (error < 0) Refused(error);
   pcm_.reset(opened);
   const int set = snd_pcm_set_params(opened, SND_PCM_FORMAT_S16_LE, SND_PCM_ACCESS_RW_INTERLEAVED,
-                                     2, kRate, 1, static_cast<unsigned>(aheadMs) * 1000);
+                                     2, kSampleRate, 1, static_cast<unsigned>(aheadMs) * 1000);
   if (set < 0) Refused(set);
   snd_pcm_uframes_t period = 0;
   const int asked = snd_pcm_get_params(opened, &buffer_, &period);

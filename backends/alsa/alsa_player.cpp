@@ -3,6 +3,7 @@
 #include "backends/alsa/alsa_stream.h"
 #include "backends/sound/files/wave_file.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -14,9 +15,6 @@
 namespace vantora {
 
 namespace {
-
-constexpr int kRate = 44100;
-constexpr std::size_t kFrameBytes = 4;
 
 struct Level {
   std::int64_t frame;  // at which it has been heard
@@ -45,7 +43,8 @@ class AlsaPlayer::Voice {
         Tell tell)
       : wave_(dateien), tell_(std::move(tell)) {
     wave_.Open(file);
-    if (wave_.SampleRate() != kRate || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {
+    if (wave_.SampleRate() != kSampleRate || wave_.BitsPerSample() != kSampleBits ||
+        wave_.StereoMode() != 1) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
     }
     wave_.SetPosition(std::clamp<std::int64_t>(from, 0, wave_.DataBytes()));

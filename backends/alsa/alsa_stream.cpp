@@ -1,5 +1,6 @@
 #include "backends/alsa/alsa_stream.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kRate = 44100;
 constexpr int kPatienceMs = 20;
 constexpr auto kDrainLimit = std::chrono::seconds(2);
 
@@ -18,7 +18,7 @@ constexpr auto kDrainLimit = std::chrono::seconds(2);
 
 AlsaStream::AlsaStream(Calls calls, const OutputVolume& volume, int aheadMs)
     : calls_(std::move(calls)),
-      blockFrames_(std::int64_t{aheadMs} * kRate / 1000 / 4),
+      blockFrames_(std::int64_t{aheadMs} * kSampleRate / 1000 / 4),
       volume_(volume),
       output_(std::make_unique<AlsaOutput>(aheadMs)) {
   thread_ = std::thread([this] { Play(); });
@@ -62,7 +62,7 @@ void AlsaStream::Drain() {
   const auto limit = Clock::now() + kDrainLimit;
   while (!stop_ && !output_->Empty() && Clock::now() < limit) Linger();
   // The rest is heard after the delay that there is now; when nothing follows it stays as it is.
-  const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kRate);
+  const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kSampleRate);
   const auto last = Clock::now() + std::min<std::chrono::milliseconds>(delay, kDrainLimit);
   while (!stop_ && Clock::now() < last) Linger();
   if (!stop_) Hear(written_);

@@ -32,7 +32,6 @@ class CaptureRing {
 
  private:
   static constexpr std::size_t kFrames = kBufferBytes / 4;
-  static constexpr std::int64_t kRate = 44100;
 
   void Store();
 

@@ -1,5 +1,6 @@
 #include "backends/burn/wave_source.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ struct Reader {
   Reader(Dateien& files, const PlannedTrack& track, std::function<void(int, const Text&)> failed)
       : Sound(files, track.Parts),
         Failed(std::move(failed)),
-        Size(static_cast<off_t>(track.Sectors * kDiscSectorBytes)) {}
+        Size(static_cast<off_t>(track.Sectors * kSectorBytes)) {}
 
   PartReader Sound;
   std::function<void(int, const Text&)> Failed;

@@ -5,14 +5,13 @@
 // little-endian. Track numbers count from 1.
 #pragma once
 
+#include "platform/cd_sound.h"
+
 #include <cstdint>
 #include <vector>
 
 namespace vantora {
 
-constexpr int kCdSectorsPerSecond = 75;
-constexpr int kCdSectorBytes = 2352;
-constexpr int kCdSectorFrames = 588;
 constexpr int kCdSubchannelBytes = 96;  // that some images hold behind each sector
 constexpr int kCdLeadInSectors = 150;   // from the disc's own zero to sector 0
 

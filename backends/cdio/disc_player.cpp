@@ -36,7 +36,7 @@ class DiscSound {
   bool Fetch() {
     const int count = std::min(kBlockSectors, to_ - next_);
     if (count <= 0) return false;
-    block_.resize(static_cast<std::size_t>(count) * kCdSectorFrames * 2);
+    block_.resize(static_cast<std::size_t>(count) * kSectorFrames * 2);
     if (!disc_->Read(next_, count, block_.data())) return false;
     next_ += count;
     left_ = block_.size() / 2;
@@ -149,17 +149,17 @@ void DiscPlayer::Seek() {
   int sector = 0;
   if (format_ == kMciTmsf) {
     if (!toc.Has(byte(0))) return;
-    sector = toc.Track(byte(0)).Start + (byte(1) * 60 + byte(2)) * kCdSectorsPerSecond + byte(3);
+    sector = toc.Track(byte(0)).Start + (byte(1) * 60 + byte(2)) * kSectorsPerSecond + byte(3);
   } else if (format_ == kMciMsf) {
-    sector = (byte(0) * 60 + byte(1)) * kCdSectorsPerSecond + byte(2) - kCdLeadInSectors;
+    sector = (byte(0) * 60 + byte(1)) * kSectorsPerSecond + byte(2) - kCdLeadInSectors;
   } else {
-    sector = static_cast<int>(std::int64_t{to_} * kCdSectorsPerSecond / 1000) - kCdLeadInSectors;
+    sector = static_cast<int>(std::int64_t{to_} * kSectorsPerSecond / 1000) - kCdLeadInSectors;
   }
   if (sector >= 0 && sector < toc.LeadOut) sector_ = sector;
 }
 
 int DiscPlayer::Sector() const {
-  return sector_ + (stream_ ? static_cast<int>(stream_->Heard() / kCdSectorFrames) : 0);
+  return sector_ + (stream_ ? static_cast<int>(stream_->Heard() / kSectorFrames) : 0);
 }
 
 DiscPlayer::Place DiscPlayer::Here() const {
@@ -200,8 +200,8 @@ Text DiscPlayer::PositionText() {
   const Place here = Here();
   std::array<wchar_t, 32> text{};
   std::swprintf(text.data(), text.size(), L"%02d:%02d:%02d:%02d", here.Track,
-                here.Sectors / kCdSectorsPerSecond / 60, here.Sectors / kCdSectorsPerSecond % 60,
-                here.Sectors % kCdSectorsPerSecond);
+                here.Sectors / kSectorsPerSecond / 60, here.Sectors / kSectorsPerSecond % 60,
+                here.Sectors % kSectorsPerSecond);
   return text.data();
 }
 

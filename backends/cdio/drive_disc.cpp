@@ -101,11 +101,11 @@ bool DriveDisc::ReadCarefully(int sector, int count, void* target) {
   if (next_ != sector) cdio_paranoia_seek(reader_.get(), sector, SEEK_SET);
   next_ = -1;
   auto* to = static_cast<char*>(target);
-  for (int i = 0; i < count; ++i, to += kCdSectorBytes) {
+  for (int i = 0; i < count; ++i, to += kSectorBytes) {
     SectorLost() = false;
     const std::int16_t* sound = cdio_paranoia_read_limited(reader_.get(), &Listen, kRetries);
     if (sound == nullptr || SectorLost()) return false;
-    std::memcpy(to, sound, kCdSectorBytes);
+    std::memcpy(to, sound, kSectorBytes);
   }
   next_ = sector + count;
   return true;

@@ -24,7 +24,7 @@ struct CueFile {
 struct CueEntry {
   int Line = 0;          // of the sheet
   std::size_t File = 0;  // of the files of the sheet: where its sound begins
-  int SectorBytes = kCdSectorBytes;
+  int SectorBytes = kSectorBytes;
   bool Audio = true, Preemphasis = false;
   std::optional<int> Index0, Index1;  // sectors from the start of the file
   int Pregap = 0, Postgap = 0;        // sectors of silence that no file holds
@@ -66,8 +66,8 @@ NameAndKind NameAndKindOf(const std::string& rest) {
 }
 
 int SectorBytesOf(const std::string& mode) {
-  if (mode == "AUDIO") return kCdSectorBytes;
-  if (mode == "CDG") return kCdSectorBytes + kCdSubchannelBytes;
+  if (mode == "AUDIO") return kSectorBytes;
+  if (mode == "CDG") return kSectorBytes + kCdSubchannelBytes;
   const std::size_t slash = mode.find('/');
   const std::string bytes = slash == std::string::npos ? "" : mode.substr(slash + 1);
   for (const int possible : {2048, 2324, 2336, 2352, 2448}) {
@@ -206,8 +206,8 @@ class CueReader {
   void AddPiece(const CueEntry& track, const CueFile& file, int sectors) {
     if (!track.Audio) return;
     ImagePiece piece;
-    piece.Start = std::int64_t{sector_} * kCdSectorBytes;
-    piece.Bytes = std::int64_t{sectors} * kCdSectorBytes;
+    piece.Start = std::int64_t{sector_} * kSectorBytes;
+    piece.Bytes = std::int64_t{sectors} * kSectorBytes;
     if (file.Wave) {  // silence to the end of the sector
       const std::int64_t left = std::max<std::int64_t>(file.Place.Bytes - offset_, 0);
       piece.Bytes = std::min(piece.Bytes, left);

@@ -3,6 +3,8 @@
 #include "backends/cdio/sheet_text.h"
 #include "backends/sound/files/wave_layout.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 
 namespace vantora {
@@ -79,7 +81,8 @@ Text FileOfSheet(Dateien& files, const Text& sheet, const Text& name) {
 SoundPlace PlaceOfWave(Dateien& files, const Text& file) {
   const auto wave = files.Open(file, Zugriff::Lesen);
   const WaveLayout layout = ReadWaveLayout(*wave);
-  if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2) {
+  if (layout.SampleRate != kSampleRate || layout.BitsPerSample != kSampleBits ||
+      layout.Channels != kChannels) {
     SheetMakesNoSense();
   }
   return {layout.DataOffset, layout.DataBytes};

@@ -25,7 +25,7 @@ struct ImagePiece {
   Text File;
   std::int64_t Offset = 0;  // bytes into the file
   bool BigEndian = false;
-  int SectorBytes = kCdSectorBytes;  // in the file; what is more than a sector is subchannel data
+  int SectorBytes = kSectorBytes;  // in the file; what is more than a sector is subchannel data
 };
 
 struct ImageLayout {
@@ -58,7 +58,7 @@ struct SoundPlace {
 SoundPlace PlaceOfWave(Dateien& files, const Text& file);
 bool NamedAsWave(const Text& file);
 
-constexpr int kMostDiscSectors = 100 * 60 * kCdSectorsPerSecond;
+constexpr int kMostDiscSectors = 100 * 60 * kSectorsPerSecond;
 constexpr std::size_t kMostDiscTracks = 99;
 
 // `where` holds how far the reading has come: the line, and the file of that line while it is read.

@@ -11,8 +11,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
-constexpr std::int64_t kMostBytes = std::int64_t{kMostDiscSectors} * kCdSectorBytes;
+constexpr std::int64_t kMostBytes = std::int64_t{kMostDiscSectors} * kSectorBytes;
 
 struct Word {
   std::string Text;
@@ -85,7 +84,7 @@ class TocReader {
 
  private:
   static int Sectors(std::int64_t bytes) {
-    return static_cast<int>((bytes + kCdSectorBytes - 1) / kCdSectorBytes);
+    return static_cast<int>((bytes + kSectorBytes - 1) / kSectorBytes);
   }
 
   void Statement(const Word& word) {
@@ -149,10 +148,10 @@ class TocReader {
     if (word.Text.find(':') != std::string::npos) {
       const int sectors = SheetTime(word.Text);
       if (sectors < 0) SheetMakesNoSense();
-      return std::int64_t{sectors} * kCdSectorBytes;
+      return std::int64_t{sectors} * kSectorBytes;
     }
     const std::int64_t value = Number(word.Text);
-    return audio_ ? value * kFrameBytes : value / blockBytes_ * kCdSectorBytes;
+    return audio_ ? value * kFrameBytes : value / blockBytes_ * kSectorBytes;
   }
 
   void BeginTrack() {
@@ -162,7 +161,7 @@ class TocReader {
     audio_ = mode == "AUDIO";
     blockBytes_ = mode == "MODE1" || mode == "MODE2_FORM1" ? 2048
                   : mode == "MODE2_FORM2"                  ? 2324
-                  : audio_ || mode.ends_with("_RAW")       ? kCdSectorBytes
+                  : audio_ || mode.ends_with("_RAW")       ? kSectorBytes
                                                            : 2336;
     if (NextIs("RW") || NextIs("RW_RAW")) blockBytes_ += kCdSubchannelBytes;
     inTrack_ = true;
@@ -173,7 +172,7 @@ class TocReader {
   // A track ends with its sector.
   void EndTrack() {
     if (!inTrack_) return;
-    position_ = std::int64_t{Sectors(position_)} * kCdSectorBytes;
+    position_ = std::int64_t{Sectors(position_)} * kSectorBytes;
     const int start = Sectors(start_);
     if (start >= Sectors(position_) || layout_.Toc.Tracks.size() == kMostDiscTracks) {
       where_.Line = trackLine_;
@@ -222,7 +221,7 @@ class TocReader {
     if (NextIsLength()) {
       piece.Bytes = Length(Take());
     } else {
-      piece.Bytes = std::max<std::int64_t>(length - piece.Offset, 0) / blockBytes_ * kCdSectorBytes;
+      piece.Bytes = std::max<std::int64_t>(length - piece.Offset, 0) / blockBytes_ * kSectorBytes;
     }
     Lay(piece);
   }
@@ -241,7 +240,7 @@ class TocReader {
   ImageLayout layout_;
   bool inTrack_ = false, audio_ = true, preemphasis_ = false;
   int trackLine_ = 0;
-  int blockBytes_ = kCdSectorBytes;     // of a sector in a file of the track
+  int blockBytes_ = kSectorBytes;       // of a sector in a file of the track
   std::int64_t position_ = 0;           // bytes from sector 0
   std::int64_t begin_ = 0, start_ = 0;  // of the track: where it is laid down, where it begins
 };

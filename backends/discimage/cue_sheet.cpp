@@ -2,6 +2,8 @@
 
 #include "backends/sound/disc/disc_text.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdio>

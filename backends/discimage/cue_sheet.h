@@ -10,8 +10,6 @@
 
 namespace vantora {
 
-constexpr std::int64_t kSectorsPerSecond = 75;
-
 struct CueTrack {
   std::optional<std::int64_t> gap;  // sector where its gap begins (INDEX 00)
   std::int64_t start = 0;           // sector of its first sound (INDEX 01)

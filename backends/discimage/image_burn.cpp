@@ -1,5 +1,6 @@
 #include "backends/discimage/image_burn.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -19,7 +20,6 @@ constexpr std::int64_t kMostSectors = 100 * 60 * 75 - 1;  // what "mm:ss:ff" can
 constexpr std::int64_t kBlockBytes = 1 << 17;  // read and written at once; stays in the cache
 constexpr std::int64_t kSliceBytes = 32 * kBlockBytes;
 constexpr auto kSliceTime = std::chrono::milliseconds(25);  // whatever comes first
-constexpr double kSingleSpeed = 176400;                     // bytes a second
 constexpr double kTellMs = 50;
 constexpr std::wstring_view kTempEnding = L".tmp";
 
@@ -125,7 +125,7 @@ void ImageBurn::Plan() {
     std::tie(entry.title, entry.performer) = text(static_cast<int>(sheet_.tracks.size()) + 1);
     if (track.Gap > 0) {
       entry.gap = track.Start - track.Gap;
-      track.Parts.insert(track.Parts.begin(), {{}, 0, track.Gap * kDiscSectorBytes});
+      track.Parts.insert(track.Parts.begin(), {{}, 0, track.Gap * kSectorBytes});
     }
     sheet_.tracks.push_back(entry);
   }
@@ -133,7 +133,7 @@ void ImageBurn::Plan() {
   if (sectors > kMostSectors) {
     throw Laufzeitfehler(kFehlerPlattenVoll, L"Las pistas no caben en un disco.");
   }
-  total_ = sectors * kDiscSectorBytes;
+  total_ = sectors * kSectorBytes;
   tracks_ = std::move(tracks);
 }
 
@@ -154,7 +154,7 @@ bool ImageBurn::Move(std::int64_t budget) {
     done_ += most;
     budget -= most;
     nominalMs_ += order_.faults.Pace > 0
-                      ? static_cast<double>(most) * 1000 / (order_.faults.Pace * kSingleSpeed)
+                      ? static_cast<double>(most) * 1000 / (order_.faults.Pace * kBytesPerSecond)
                       : 0;
     TellPercent(false);
     if (sound_->Left() == 0) EndTrack();
@@ -195,10 +195,10 @@ void ImageBurn::End() {
 
 void ImageBurn::TellPercent(bool always) {
   const PlannedTrack& track = tracks_[track_];
-  const std::int64_t gap = track.Gap * kDiscSectorBytes;
-  const std::int64_t now = order_.dao ? done_ * 100 / total_
-                                      : std::max<std::int64_t>(inTrack_ - gap, 0) * 100 /
-                                            (track.Sectors * kDiscSectorBytes);
+  const std::int64_t gap = track.Gap * kSectorBytes;
+  const std::int64_t now =
+      order_.dao ? done_ * 100 / total_
+                 : std::max<std::int64_t>(inTrack_ - gap, 0) * 100 / (track.Sectors * kSectorBytes);
   if (now == percent_) return;
   const double passed =
       order_.faults.Pace > 0
@@ -213,8 +213,9 @@ void ImageBurn::TellPercent(bool always) {
 
 std::int64_t ImageBurn::Budget() const {
   if (order_.faults.Pace <= 0) return kSliceBytes;
-  const auto bytes = static_cast<std::int64_t>(order_.faults.Pace * kSingleSpeed * kTellMs / 1000);
-  return std::clamp(bytes / kDiscSectorBytes * kDiscSectorBytes, kDiscSectorBytes, kSliceBytes);
+  const auto bytes =
+      static_cast<std::int64_t>(order_.faults.Pace * kBytesPerSecond * kTellMs / 1000);
+  return std::clamp<std::int64_t>(bytes / kSectorBytes * kSectorBytes, kSectorBytes, kSliceBytes);
 }
 
 int ImageBurn::Delay() {

@@ -1,8 +1,9 @@
 #include "backends/mpg123/mp3_decoder.h"
 
 #include "backends/mpg123/mpeg_stream.h"
-#include "backends/mpg123/polyphase.h"
+#include "backends/mpg123/resampler.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <array>
@@ -17,11 +18,9 @@ namespace {
 
 using Time = std::chrono::steady_clock;
 
-constexpr long kRate = 44100;
-constexpr std::size_t kFrameBytes = 4;
 constexpr std::size_t kHeaderBytes = 44;
 constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
-constexpr int kFramesPerSlice = 64;  // some 2 ms of work for less than 2 s of sound
+constexpr int kFramesPerSlice = 64;  // of MPEG; 2 ms of work, up to 30 ms with resampling
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
 // The size fields of a wave file are read as signed numbers by much of the world.
 constexpr std::int64_t kMostBytes = 0x7FFFFFFF - static_cast<std::int64_t>(kHeaderBytes);
@@ -38,9 +37,9 @@ std::array<unsigned char, kHeaderBytes> WaveHeader(std::int64_t dataBytes) {
   std::memcpy(&header[8], "WAVEfmt ", 8);
   word(16, 16);
   word(20, 2 << 16 | 1);  // two channels, integers
-  word(24, kRate);
-  word(28, kRate * static_cast<long>(kFrameBytes));
-  word(32, 16 << 16 | static_cast<int>(kFrameBytes));  // bits, bytes of a frame
+  word(24, kSampleRate);
+  word(28, kBytesPerSecond);
+  word(32, kSampleBits << 16 | kFrameBytes);  // bits, bytes of a frame
   std::memcpy(&header[36], "data", 4);
   word(40, dataBytes);
   return header;
@@ -92,7 +91,7 @@ struct Mp3Decoder::Run {
 
   void Take(const MpegBlock& block) {
     if (resampler && resampler->Rate() != block.rate) EndResampling();
-    if (block.rate == kRate) {
+    if (block.rate == kSampleRate) {
       Store(block.sound, block.bytes);
       return;
     }
@@ -172,7 +171,7 @@ struct Mp3Decoder::Run {
   int frames;  // of the whole source
   std::unique_ptr<MpegStream> stream;
   std::unique_ptr<Datei> target;  // open from the first slice to the end
-  std::optional<Polyphase> resampler;
+  std::optional<Resampler> resampler;
   std::vector<std::int16_t> converted;
   std::vector<char> pending;
   std::int64_t written = 0, frame = 0;

@@ -1,6 +1,6 @@
 #include "backends/qt/words.h"
 
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 
 #include <QFontMetrics>
 #include <QPainter>

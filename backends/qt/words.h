@@ -4,7 +4,7 @@
 // drawn is shown instead, as long as the fonts are known to be the same.
 #pragma once
 
-#include "backends/qt/pictures.h"
+#include "backends/qt/pictures/pictures.h"
 
 #include <QColor>
 #include <QFont>

@@ -2,6 +2,7 @@
 
 #include "backends/sound/effects/switched_effect.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kChannels = 2;
 constexpr double kUnit = 0.0016;  // of the speed, for a pitch of 1
 constexpr double kSlowest = 0.25, kFastest = 4;
 // The library bends its ratio in a straight line, which is its inverse for the speed. Over so few

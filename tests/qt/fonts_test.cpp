@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "backends/qt/look.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/words.h"
 
 #include <QImage>

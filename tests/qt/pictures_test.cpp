@@ -1,4 +1,4 @@
-#include "backends/qt/pictures.h"
+#include "backends/qt/pictures/pictures.h"
 
 #include <gtest/gtest.h>
 

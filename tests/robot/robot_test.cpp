@@ -8,10 +8,11 @@
 
 #include "main/headless_platform.h"
 #include "main/story_stage.h"
-#include "robot/sha256.h"
 #include "tests/support/buehne.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -110,16 +111,13 @@ TEST_F(RobotPlays, TheFileDialogIsWalkedUpAndDownAndTakesSeveralFiles) {
             "");
 }
 
-TEST(Sha256, KnownTextsHaveTheirKnownSums) {
-  const auto sum = [](const std::string& text) {
-    Sha256 sha;
-    sha.Add(reinterpret_cast<const unsigned char*>(text.data()), text.size());
-    return sha.Hex();
-  };
-  EXPECT_EQ(sum(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
-  EXPECT_EQ(sum("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
-  EXPECT_EQ(sum(std::string(1'000'000, 'a')),
-            "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
+TEST_F(RobotPlays, TheSumOfAFileIsThatOfAllItsBytes) {
+  const std::string sum = "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0";
+  std::filesystem::create_directory(folder.Path() / "h");
+  std::ofstream(folder.Path() / "h" / "a") << std::string(1'000'000, 'a');
+  std::ofstream(folder.Path() / "h" / "b") << std::string(1'000'001, 'a');
+  EXPECT_EQ(Play("expect-file C:\\a sha256 " + sum + "\n"), "");
+  EXPECT_THAT(Play("expect-file C:\\b sha256 " + sum + "\n"), HasSubstr(sum + ", it has"));
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include "backends/qt/print/page_painter.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/print/qt_image.h"
+
+#include "platform/twips.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -19,7 +21,6 @@ namespace vantora {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
 constexpr long long kMostLossless = 8'000'000;  // points; squeezing more takes seconds
 
 double Pixels(double twips) {

@@ -1,9 +1,9 @@
 #include "backends/qt/print/print_font.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/desktop/qt_app.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 #include "backends/qt/print/qt_font_book.h"
-#include "backends/qt/qt_app.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>

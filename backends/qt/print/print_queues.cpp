@@ -1,9 +1,10 @@
 #include "backends/qt/print/print_queues.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 
 #include "platform/laufzeitfehler.h"
+#include "platform/twips.h"
 
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -17,7 +18,6 @@ namespace vantora {
 namespace {
 
 constexpr int kSendMs = 60'000;
-constexpr int kTwipsPerPoint = 20;
 constexpr int kLetterMillimetres = 216;
 
 [[noreturn]] void Gone(const QString& why) {
@@ -70,8 +70,8 @@ PrintSheet SystemQueues::Sheet(const std::string& name) {
       size.id() == QPageSize::A4 ? kPaperA4
       : size.id() == QPageSize::Letter
           ? kPaperLetter
-          : PaperSize{look::ToText(size.name()), size.size(QPageSize::Inch).width() * 1440,
-                      size.size(QPageSize::Inch).height() * 1440};
+          : PaperSize{look::ToText(size.name()), size.size(QPageSize::Inch).width() * kTwipsPerInch,
+                      size.size(QPageSize::Inch).height() * kTwipsPerInch};
   // One margin for both sides: the wider one, so that the middle of the area is the sheet's.
   sheet.MarginX = std::max(margins.left(), margins.right()) * kTwipsPerPoint;
   sheet.MarginY = std::max(margins.top(), margins.bottom()) * kTwipsPerPoint;

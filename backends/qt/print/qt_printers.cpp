@@ -1,6 +1,6 @@
 #include "backends/qt/print/qt_printers.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/page_painter.h"
 #include "backends/qt/print/whole_file.h"
 

@@ -1,5 +1,7 @@
 #include "backends/sound/chain/wave_in.h"
 
+#include "platform/cd_sound.h"
+
 #include <utility>
 
 namespace vantora {
@@ -7,7 +9,6 @@ namespace vantora {
 namespace {
 
 // Three seconds of sound, a few milliseconds of work: after a long wait the windows live meanwhile.
-constexpr int kRate = 44100;
 constexpr int kBuffersATurn = 128;
 
 }  // namespace
@@ -15,7 +16,7 @@ constexpr int kBuffersATurn = 128;
 void WaveIn::Open() {
   if (open_) return;
   if (!capture_) {
-    if (BitLength != b16Bit || Mode != mStereo || SampleRate != kRate) {
+    if (BitLength != b16Bit || Mode != mStereo || SampleRate != kSampleRate) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"La entrada no conoce este formato.");
     }
     capture_ = input_.Listen([this] { Deliver(); });

@@ -1,5 +1,6 @@
 #include "backends/sound/chain/wave_out.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -8,7 +9,6 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kBufferFrames = kBufferBytes / kFrameBytes;
 constexpr int kTurnMs = 15;
 constexpr int kDeviceMs = 80;  // ahead in the device

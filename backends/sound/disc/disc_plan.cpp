@@ -2,6 +2,7 @@
 
 #include "backends/sound/files/wave_layout.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -9,8 +10,6 @@
 namespace vantora {
 
 namespace {
-
-constexpr std::int64_t kFrameBytes = 4;
 
 std::int64_t Bytes(const std::vector<DiscPart>& parts, std::size_t from = 0) {
   std::int64_t bytes = 0;
@@ -23,8 +22,8 @@ std::int64_t Bytes(const std::vector<DiscPart>& parts, std::size_t from = 0) {
 DiscPart SoundForDisc(Dateien& files, const Text& wave) {
   const WaveLayout layout = ReadWaveLayout(*files.Open(wave, Zugriff::Lesen));
   DiscPart sound{wave, layout.DataOffset, layout.DataBytes / kFrameBytes * kFrameBytes};
-  if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2 ||
-      sound.Bytes == 0) {
+  if (layout.SampleRate != kSampleRate || layout.BitsPerSample != kSampleBits ||
+      layout.Channels != kChannels || sound.Bytes == 0) {
     throw Laufzeitfehler(kFehlerEinAusgabe,
                          wave.substr(wave.find_last_of(L'\\') + 1) + L" no es una pista de audio.");
   }
@@ -45,9 +44,9 @@ std::vector<PlannedTrack> PlanDisc(const std::vector<DiscPart>& waves, const Dis
     rest.clear();
     const std::int64_t bytes = Bytes(track.Parts);
     const bool goesOn = rules.OneStream && i + 1 < waves.size();
-    const std::int64_t full = goesOn ? bytes : bytes + kDiscSectorBytes - 1;
-    track.Sectors = std::max(full / kDiscSectorBytes, rules.Least);
-    const std::int64_t over = bytes - track.Sectors * kDiscSectorBytes;
+    const std::int64_t full = goesOn ? bytes : bytes + kSectorBytes - 1;
+    track.Sectors = std::max(full / kSectorBytes, rules.Least);
+    const std::int64_t over = bytes - track.Sectors * kSectorBytes;
     if (over > 0) {
       // All of it comes from this track's own wave, as what was there before is less than a sector.
       DiscPart& own = track.Parts.back();

@@ -15,8 +15,6 @@
 
 namespace vantora {
 
-constexpr std::int64_t kDiscSectorBytes = 2352;
-
 // A run of bytes in a file; silence when it names no file.
 struct DiscPart {
   Text File;

@@ -2,15 +2,13 @@
 
 #include "backends/sound/files/wave_file.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 
 namespace vantora {
 
-namespace {
-
-constexpr std::int64_t kFrameBytes = 4;
-
-}  // namespace
+namespace {}  // namespace
 
 void Cutter::Cut(const Text& file, std::int64_t first, std::int64_t last) {
   if (file.empty()) return;

@@ -2,6 +2,7 @@
 
 #include "backends/sound/edits/scale.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace {
 
 using Kind = PlanStep::Kind;
 
-constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kSecond = 1'000'000'000;  // ns
 // A block that was being written at a kill changed its file soon after the block before it. Both
 // times are of the wave's own file system, whose clock may be another than ours. Some keep times in

@@ -11,6 +11,8 @@
 // would grow. Lows, for which all these delays are nothing, are kept out of the feedback.
 #include "backends/sound/effects/flanger.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -20,7 +22,7 @@ namespace vantora {
 namespace {
 
 constexpr double kFullTurn = 2 * std::numbers::pi;
-constexpr double kFrameSeconds = 1.0 / 44100;
+constexpr double kFrameSeconds = 1.0 / kSampleRate;
 constexpr float kWidth = 0.35F;
 constexpr float kHoldBack = 0.02F;  // a high-pass at 140 Hz
 // Frames: the cubic looks one frame ahead, and a way in small steps ends only nearly where it

@@ -1,5 +1,6 @@
 #include "backends/sound/files/wave_header.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -8,9 +9,6 @@
 namespace vantora {
 
 namespace {
-
-constexpr std::uint32_t kChannels = 2, kSampleRate = 44100, kBits = 16;
-constexpr std::uint32_t kFrameBytes = kChannels * kBits / 8;
 
 void Put(WaveHeader& header, std::size_t place, std::string_view tag) {
   std::copy(tag.begin(), tag.end(), header.begin() + static_cast<std::ptrdiff_t>(place));
@@ -40,7 +38,7 @@ WaveHeader MakeWaveHeader(std::int64_t dataBytes) {
   Put(header, 24, kSampleRate, 4);
   Put(header, 28, kSampleRate * kFrameBytes, 4);
   Put(header, 32, kFrameBytes, 2);
-  Put(header, 34, kBits, 2);
+  Put(header, 34, kSampleBits, 2);
   Put(header, 36, "data");
   Put(header, 40, size, 4);
   return header;

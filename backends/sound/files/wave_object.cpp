@@ -2,6 +2,7 @@
 
 #include "backends/sound/files/wave_header.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -12,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kMostAhead = 1 << 20;
 constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 

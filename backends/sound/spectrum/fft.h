@@ -1,15 +1,16 @@
-// The discrete Fourier transform of real signals whose length is a power of two, at least 4. All
-// tables are made once with the object; a transform takes no memory.
+// The discrete Fourier transform of real signals whose length is a power of two, at least 4, by
+// FFTW. Its plans are made once with the object.
 #pragma once
 
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 namespace vantora {
 
 class RealFft {
  public:
   explicit RealFft(std::size_t size);
+  ~RealFft();
 
   std::size_t Size() const { return size_; }
   std::size_t Bins() const { return size_ / 2 + 1; }  // from 0 Hz to half the sample rate
@@ -22,16 +23,10 @@ class RealFft {
   void Inverse(const float* real, const float* imaginary, float* samples);
 
  private:
-  struct Complex {  // real and imaginary parts apart, for the vector unit
-    std::vector<float> Re, Im;
-    explicit Complex(std::size_t n) : Re(n), Im(n) {}
-  };
-  void Transform();  // a_ to its transform, through b_
+  struct Plans;
 
-  std::size_t size_, half_;
-  Complex a_, b_;
-  Complex turns_;  // e^(-2 pi i k / half), for the stages
-  Complex split_;  // e^(-2 pi i k / size), between the half transform and the real one
+  std::size_t size_;
+  std::unique_ptr<Plans> plans_;
 };
 
 }  // namespace vantora

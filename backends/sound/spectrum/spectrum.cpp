@@ -2,6 +2,8 @@
 
 #include "backends/sound/spectrum/fft.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -11,7 +13,6 @@ namespace vantora {
 
 namespace {
 
-constexpr double kSampleRate = 44100;  // Hz
 constexpr double kFullScale = 32768;
 constexpr double kSilence = 1e-10;         // share of full scale, far under what 16 bits can hold
 constexpr double kMeanOfWindow = 0.35875;  // of the weights of Blackman and Harris
