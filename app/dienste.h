@@ -21,7 +21,6 @@ struct LaufwerkEintrag {
 struct LogStatus {
   std::int16_t LogZaehler = 0;
   Text AktuelleDatei;  // the file that the preview plays
-  Text PegelDatei;     // the file that the level meter shows
 };
 
 class Dienste {

@@ -45,7 +45,7 @@ frmWaveEditor& Load(Windows& stage) {
   frmWaveEditor& editor = *stage.prog.frmWaveEditor.Laden();
   stage.prog.Zeigen(editor);
   PaintAgain(stage);
-  if (editor.WellenPunkte.empty()) throw std::runtime_error("nothing was drawn");
+  if (editor.WellenPunkte().empty()) throw std::runtime_error("nothing was drawn");
   return editor;
 }
 
@@ -129,7 +129,7 @@ int ToTheEar(const fs::path& home) {
     stage.prog.Zeigen(editor);
     stage.prog.Pausieren(500);
     std::int64_t fetched = 0;
-    editor.DSP->OnBufferFilled = [&](MMData& data) {
+    editor.Kette().OnPuffer = [&](MMData& data) {
       editor.DSP_OnBufferFilled(data);
       fetched += static_cast<std::int64_t>(data.Bytes);
     };
@@ -141,7 +141,7 @@ int ToTheEar(const fs::path& home) {
       editor.slVolume.Value = editor.slVolume.Value == 8000 ? 16000 : 8000;
       editor.slVolume.Change();
       const std::int64_t before = fetched;
-      while (editor.Out->Position() < before) stage.prog.Pausieren(1);
+      while (editor.Kette().Out().Position() < before) stage.prog.Pausieren(1);
       std::printf("%.3f\n", Milliseconds(start, BenchTime::now()));
     }
     editor.imgSteuerung_MouseUp(1);

@@ -97,10 +97,10 @@ int Edit(const fs::path& home, const std::function<void(frmWaveEditor& editor)>&
       std::_Exit(1);
     }
     desk.prog.WaveEditorDatei = kFile;
+    desk.prog.EditorBatch = true;
     frmWaveEditor& editor = *desk.prog.frmWaveEditor.Laden();
     desk.prog.Zeigen(editor);
     desk.platform.loop.DoEvents();
-    editor.BatchLaeuft = true;
     prepare(editor);
     ByTurns(
         desk, [&](Desk&, const fs::path&) { edit(editor); },
@@ -112,13 +112,11 @@ int Edit(const fs::path& home, const std::function<void(frmWaveEditor& editor)>&
 }
 
 void Select(frmWaveEditor& editor, std::int32_t from, std::int32_t to) {
-  editor.NurCursor = false;
-  editor.MarkerAnfang = from;
-  editor.MarkerEnde = to;
+  editor.Waehlen({.MarkerAnfang = from, .MarkerEnde = to});
 }
 
 void SelectAll(frmWaveEditor& editor) {
-  Select(editor, 0, editor.SourceFile->Wave.DataSize());
+  Select(editor, 0, editor.Kette().SourceFile().Wave.DataSize());
 }
 
 int Paste(const fs::path& home) {
@@ -129,7 +127,7 @@ int Paste(const fs::path& home) {
         editor.imgCopy_MouseUp();
       },
       [](frmWaveEditor& editor) {
-        const std::int32_t middle = editor.SourceFile->Wave.DataSize() / 2;
+        const std::int32_t middle = editor.Kette().SourceFile().Wave.DataSize() / 2;
         Select(editor, middle, middle);
         editor.imgPaste_MouseUp();
       },

@@ -207,7 +207,6 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   // Returns the present number of a record that was at `nummer`. Removed records above it may have
   // moved it up; 0 when the record itself was removed.
   int Wiederfinden(const KatalogEintrag& eintrag, int nummer) const;
-  Text NeuerKatalogTitel() const;
   void TitelUndInterpret(const Text& datei, const Text& datum, const Text& vorschlag, Text& titel,
                          Text& interpret);
 

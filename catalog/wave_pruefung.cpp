@@ -2,6 +2,7 @@
 
 #include "app/dienste.h"
 #include "app/werte/weiter.h"
+#include "klang/klang_frame.h"
 
 #include "platform/cd_sound.h"
 

@@ -24,6 +24,4 @@ bool CheckWaveValid(Plattform& plattform, MMWave& wave, const Text& datei);
 // Length in ms, not rounded. Raises the errors of opening.
 double WaveLaenge(MMWave& wave, const Text& datei);
 
-inline constexpr double kFramesJeMs = 44.1;
-
 }  // namespace vantora

@@ -117,6 +117,11 @@ void frmExtrasMenue::SetTexte() {
        }) {
     eintrag.Schild->Caption = LoadResString(eintrag.Text);
   }
+  WahlBeschriften();
+  KnoepfeBeschriften();
+}
+
+void frmExtrasMenue::WahlBeschriften() {
   const auto wahl = [this](auto& feld, int text, int hinweis) {
     feld.Caption = LoadResString(text);
     feld.ToolTipText = LoadResString(hinweis);
@@ -144,7 +149,9 @@ void frmExtrasMenue::SetTexte() {
   eingabe(txtTempDir, LoadResString(7236), 7420);
   eingabe(txtWaveDir, LoadResString(7237), 7422);
   lblCDGroesse.ToolTipText = LoadResString(7426);
-  lblBrennvorgaenge.ToolTipText = LoadResString(7415);
+}
+
+void frmExtrasMenue::KnoepfeBeschriften() {
   const auto knopf = [this](int schild, PictureButton& taste, const Text& text, int hinweis) {
     Beschriften(lblButtCaption(schild), taste, text);
     taste.ToolTipText = LoadResString(hinweis);
@@ -155,6 +162,7 @@ void frmExtrasMenue::SetTexte() {
   knopf(3, cmdTempDirEdit, LoadResString(7208), 7410);
   knopf(4, cmdWaveDirEdit, LoadResString(7209), 7411);
   imgHelp.ToolTipText = LoadResString(7413);
+  lblBrennvorgaenge.ToolTipText = LoadResString(7415);
 }
 
 // Shows the speeds of the burn window that the writer has; the writer replaces the other speeds.

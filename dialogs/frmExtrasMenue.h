@@ -12,6 +12,8 @@ class frmExtrasMenue final : public VtrFenster {
 
   void Form_Load() override;
   void SetTexte() override;
+  void WahlBeschriften();
+  void KnoepfeBeschriften();
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgAbbrechen_MouseUp(); }
   void imgOK_MouseUp();

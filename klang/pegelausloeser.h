@@ -49,7 +49,6 @@ class Pegelautomatik {
     summe_ = anzahl_ = 0;
     return true;
   }
-  std::int32_t Mittel() const { return mittel_; }
   // Returns the new level of an input line (0 to 65536) for the last mean.
   std::int32_t Neu(std::int32_t pegel) const {
     if (mittel_ <= kGrenze) return pegel;

@@ -128,31 +128,23 @@ void frmAufnehmen::Form_Unload() {
 }
 
 void frmAufnehmen::SetTexte() {
+  const struct {
+    Label& Schild;
+    int Text;
+  } schilder[] = {
+      {lblTitel, 2020},     {lblEingang, 2024},    {lblSlider(0), 2023}, {lblSlider(1), 2034},
+      {lblSlider(2), 2015}, {lblEinheit(0), 2022}, {lblSeite(0), 30105}, {lblSeite(1), 30106},
+      {lblLED, 30107},      {lblFeld(0), 30108},   {lblFeld(1), 30109},  {lblAufnahmeArt, 2029},
+      {lblPlatz, 2030},     {lblStatus, 2031},     {lblAufnahme, 2029},  {lblTippTitel, 2620},
+  };
   Caption = LoadResString(2020);
-  lblTitel.Caption = LoadResString(2020);
-  lblEingang.Caption = LoadResString(2024);
+  for (const auto& s : schilder) s.Schild.Caption = LoadResString(s.Text);
+  lblEinheit(1).Caption = L"%";
   optAuto.Caption = LoadResString(2025);
   optManuell.Caption = LoadResString(2026);
-  lblSlider(0).Caption = LoadResString(2023);
-  lblSlider(1).Caption = LoadResString(2034);
-  lblSlider(2).Caption = LoadResString(2015);
-  lblEinheit(0).Caption = LoadResString(2022);
-  lblEinheit(1).Caption = L"%";
-  lblAufnahmeArt.Caption = LoadResString(2029);
   cbxMultiTrack.Caption = LoadResString(2048);
   cbxAutoTrennen.Caption = LoadResString(2027);
   cbxPauseAus.Caption = LoadResString(2028);
-  lblSeite(0).Caption = LoadResString(30105);
-  lblSeite(1).Caption = LoadResString(30106);
-  lblLED.Caption = LoadResString(30107);
-  lblFeld(0).Caption = LoadResString(30108);
-  lblFeld(1).Caption = LoadResString(30109);
-  lblAufnahme.Caption = LoadResString(2029);
-  lblPlatz.Caption = LoadResString(2030);
-  lblStatus.Caption = LoadResString(2031);
-  lblTippTitel.Caption = LoadResString(2620);
-  lblTippKnopf(0).Caption = L"<<";
-  lblTippKnopf(1).Caption = L">>";
   lblRecZeit.Caption = HMSFText(0, 0, 0, 0);
   lblRecSize.Caption = Format(0, L"0.00");
   for (Label* leer : {&lblPausenzeit, &lbldb, &lblMB, &lblMinuten, &lblStatusanzeige}) {
@@ -165,41 +157,51 @@ void frmAufnehmen::SetTexte() {
   Beschriften(lblButtCaption(0), imgOkay, LoadResString(2033));
   Beschriften(lblButtCaption(1), imgAbbrechen, LoadResString(2032));
   Beschriften(lblButtCaption(2), imgAufnehmen, LoadResString(2047));
-  Beschriften(lblTippKnopf(0), imgTipp(0), L"<<");
-  Beschriften(lblTippKnopf(1), imgTipp(1), L">>");
   imgTipp(0).AccessibleName = LoadResString(30110);
   imgTipp(1).AccessibleName = LoadResString(30111);
-  const auto hinweis = [this](Control& control, int nummer) {
-    control.ToolTipText = LoadResString(nummer);
-    if (control.AccessibleName().empty()) control.AccessibleName = LoadResString(nummer);
+  Beschriften(lblTippKnopf(0), imgTipp(0), L"<<");
+  Beschriften(lblTippKnopf(1), imgTipp(1), L">>");
+  HinweiseSetzen();
+}
+
+// A control without a caption is called by its hint. The labels of time and size keep their
+// captions as names, because a screen reader is to read the value that they show.
+void frmAufnehmen::HinweiseSetzen() {
+  const struct {
+    Control& Feld;
+    int Text;
+  } hinweise[] = {
+      {lvwAufnehmen, 2000},
+      {imgNeueAufnahme, 2003},
+      {imgAufnahmeWiedergeben, 2004},
+      {imgAufnehmen, 2005},
+      {imgRecordStop, 2006},
+      {optAuto, 2008},
+      {optManuell, 2009},
+      {imgSliderKnopf(0), 2010},
+      {imgSliderKnopf(1), 2011},
+      {imgSliderKnopf(2), 2012},
+      {txtMinPause, 2014},
+      {txtMaxVolume, 2015},
+      {cbxMultiTrack, 2049},
+      {cbxAutoTrennen, 2021},
+      {cbxPauseAus, 2028},
+      {Level1, 2050},
+      {Level2, 2051},
+      {gauFreeHD, 2016},
+      {imgAbbrechen, 2017},
+      {imgOkay, 2018},
+      {imgHelp, 2019},
+      {imgTipp(0), 30110},
+      {imgTipp(1), 30111},
   };
-  hinweis(lvwAufnehmen, 2000);
-  // These tooltips are for screen readers.
+  for (const auto& h : hinweise) {
+    h.Feld.ToolTipText = LoadResString(h.Text);
+    if (h.Feld.AccessibleName().empty()) h.Feld.AccessibleName = LoadResString(h.Text);
+  }
   lblRecZeit.ToolTipText = LoadResString(2001);
   lblRecSize.ToolTipText = LoadResString(2002);
-  hinweis(imgNeueAufnahme, 2003);
-  hinweis(imgAufnahmeWiedergeben, 2004);
-  hinweis(imgAufnehmen, 2005);
-  hinweis(imgRecordStop, 2006);
   for (int i = 0; i < optInput.Count(); ++i) optInput(i).ToolTipText = LoadResString(2007);
-  hinweis(optAuto, 2008);
-  hinweis(optManuell, 2009);
-  hinweis(imgSliderKnopf(0), 2010);
-  hinweis(imgSliderKnopf(1), 2011);
-  hinweis(imgSliderKnopf(2), 2012);
-  hinweis(txtMinPause, 2014);
-  hinweis(txtMaxVolume, 2015);
-  hinweis(cbxMultiTrack, 2049);
-  hinweis(cbxAutoTrennen, 2021);
-  hinweis(cbxPauseAus, 2028);
-  hinweis(Level1, 2050);
-  hinweis(Level2, 2051);
-  hinweis(gauFreeHD, 2016);
-  hinweis(imgAbbrechen, 2017);
-  hinweis(imgOkay, 2018);
-  hinweis(imgHelp, 2019);
-  imgTipp(0).ToolTipText = LoadResString(30110);
-  imgTipp(1).ToolTipText = LoadResString(30111);
 }
 
 // Asks for the kind of recording, shows the window and opens the input, so that the meters move

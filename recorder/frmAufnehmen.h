@@ -24,6 +24,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void Form_Load() override;
   void Form_Unload() override;
   void SetTexte() override;
+  void HinweiseSetzen();
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgAbbrechen_MouseUp(); }
 

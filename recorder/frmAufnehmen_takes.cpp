@@ -7,6 +7,7 @@
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
 #include "dialogs/frmNeuerInterpret.h"
+#include "klang/klang_frame.h"
 #include "recorder/frmAufnehmen.h"
 
 namespace vantora {
@@ -17,7 +18,6 @@ constexpr const wchar_t* kEndung = L".WAV";
 constexpr std::size_t kLaengsterPfad = 100;
 constexpr int kNummernZeichen = 3;  // room for the number of a take above 99
 constexpr double kMindestMs = 2000;
-constexpr double kFramesJeMs = 44.1;
 
 }  // namespace
 

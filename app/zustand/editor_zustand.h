@@ -2,14 +2,14 @@
 // spectrum shows, and the settings of the effects when the window was last closed.
 #pragma once
 
+#include "klang/baender.h"
+
 #include "platform/text.h"
 
 #include <array>
 #include <cstdint>
 
 namespace vantora {
-
-inline constexpr int kEqBaender = 10;
 
 // The settings of all effects, as a batch applies them. Values are those of the sliders.
 struct EffektWerte {
