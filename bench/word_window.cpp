@@ -1,6 +1,6 @@
-// The least that a program of this toolkit can do: one window of the size of the program's own,
-// with a single word in it. Prints the time of the machine's monotonic clock, in ms, when it has
-// been painted.
+// The smallest program of this toolkit that shows text: one window of the size of the program's
+// main window, with a single word in it. Prints the time of the machine's monotonic clock, in ms,
+// when the window has been painted.
 
 #include <QApplication>
 #include <QPainter>

@@ -164,8 +164,8 @@ void frmAufnehmen::SetTexte() {
   HinweiseSetzen();
 }
 
-// A control without a caption is called by its hint. The labels of time and size keep their
-// captions as names, because a screen reader is to read the value that they show.
+// A control without a caption gets its hint as its name for screen readers. The labels of time and
+// size keep their captions as names, because a screen reader must read the values.
 void frmAufnehmen::HinweiseSetzen() {
   const struct {
     Control& Feld;
