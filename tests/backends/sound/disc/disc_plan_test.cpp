@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/cd_sound.h"
+
 namespace vantora::test {
 
 // Sector where each track starts, and the bytes of silence that it is filled with.
