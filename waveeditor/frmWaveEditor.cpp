@@ -1,4 +1,4 @@
-// How the wave editor is made, opened, captioned and left.
+// Making, opening, captioning and leaving the wave editor.
 
 #include "waveeditor/frmWaveEditor.h"
 
@@ -245,7 +245,7 @@ void frmWaveEditor::Form_Close() {
 
 void frmWaveEditor::CloseMe() {
   Beschaeftigt = true;
-  transport_.SpulenAbbrechen();  // the button will not be let go in this window any more
+  transport_.SpulenAbbrechen();  // no release of the button reaches a window that is closed
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   tmrCPU.Enabled = false;
   last_.Beenden();

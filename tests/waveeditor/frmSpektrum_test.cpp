@@ -120,11 +120,9 @@ TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
     b.platform.loop.Post([&] { nichts(E().ScanLaeuft()); });
     E().ScanWave(E().picWave);
   });
-  b.Tu([&] {
-    E().PlayWave(true);
-    Waehle(0, 50000);
-  });
-  Vergeht(kVerzug);
+  b.Tu([this] { E().PlayWave(true); });
+  Waehle(0, 50000);
+  Vergeht(2100);  // the sound lasts a little longer
   nichts(E().Spielt());
   EXPECT_FALSE(E().tmr3D.Enabled);
   b.Tu([this] { E().PlayWave(false); });
