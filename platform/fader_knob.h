@@ -1,6 +1,6 @@
-// The knob of a fader: an upright slider that is gripped at its knob and whose greatest value is at
-// the top. A press beside the knob brings its middle there. Who is to know of presses and releases
-// that move nothing hangs on MouseDown and MouseUp.
+// A mixer fader: a vertical slider that is moved by its knob and has its maximum at the top. A
+// press beside the knob moves the middle of the knob there. MouseDown and MouseUp are raised also
+// for presses that move nothing.
 #pragma once
 
 #include "platform/controls.h"
@@ -21,8 +21,9 @@ class FaderKnob final : public Slider {
   }
 };
 
-// Where the knob stands for a value and back, in pixels from the top of the track. All is counted
-// from where the mouse is, so a knob that is slow to follow is never behind what it stands for.
+// Converts between values and positions of the knob, in pixels from the top of the track. Positions
+// are computed from the mouse and not from the drawn knob, so that a knob that is drawn late does
+// not matter.
 struct KnobTravel {
   int Track, Knob, Max, Min = 0;
 
@@ -36,7 +37,8 @@ struct KnobTravel {
     const double there = std::clamp(top, 0, Span());
     return static_cast<int>(std::lrint(Max - std::abs(there * (Max - Min) / Span())));
   }
-  // How far below the knob's upper edge a press grips it; nothing moves as long as it is on it.
+  // GripOf returns the distance from the knob's upper edge to the mouse at a press. A press on the
+  // knob does not move it.
   bool On(int value, int y) const { return y >= TopOf(value) && y < TopOf(value) + Knob; }
   int GripOf(int value, int y) const { return On(value, y) ? y - TopOf(value) : Knob / 2; }
 

@@ -1,4 +1,4 @@
-// How the length of a slider and the steps of its keys stand for its values.
+// Converts between a slider's value and its position, and computes the steps of its keys.
 #pragma once
 
 #include "platform/controls.h"
@@ -16,7 +16,8 @@ struct SliderScale {
     return {slider.Min, slider.Max, slider.Logarithmic};
   }
 
-  // From 0 at the minimum to 1 at the maximum, and back.
+  // The position of a value, from 0 at the minimum to 1 at the maximum, and the value at a
+  // position.
   double ShareOf(int value) const {
     if (Max == Min) return 0;
     if (Logarithmic) return value <= 1 ? 0 : std::log(value) / std::log(Max);
@@ -29,7 +30,7 @@ struct SliderScale {
     return Min + static_cast<int>(std::lround(share * (static_cast<double>(Max) - Min)));
   }
 
-  // What one stroke of an arrow, or of a page key, makes of a value.
+  // The value after one press of an arrow key or a page key.
   int Stepped(int value, bool more, bool page) const {
     const auto [low, high] = std::minmax(Min, Max);
     int step = page ? std::max((high - low) / 10, 1) : 1;

@@ -1,5 +1,5 @@
-// The plain box for messages that can come before the program's own windows stand: a form without
-// pictures, so that it needs nothing but the event loop. Its words are the desktop's.
+// The plain message box for the time before the program's windows exist: a form without pictures
+// that needs only the event loop. Its captions are the desktop's usual ones.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -35,7 +35,7 @@ class SystemBox final : public Form {
     return answer_;
   }
 
-  // Return is left to the button with the focus, the first one at the beginning.
+  // Return presses the focused button, initially the first one.
   bool Form_KeyDown(int key, bool /*control*/) override {
     if (key != kKeyEscape) return false;
     Leave(last_);
