@@ -65,18 +65,6 @@ TEST(BeatCounter, AHeldKeyIsOneTapAndThePictureAnswers) {
   EXPECT_FALSE(z.TasteUnten);
 }
 
-TEST(BeatCounter, TwoTapsInOneMillisecondAreAnErrorAndTheWindowGoesOn) {
-  Zaehler b;
-  frmBeatCounter& z = b.Oeffne();
-  b.Antwortet(kNein);
-  b.Tippe({0, 0, 500});
-  ASSERT_EQ(b.Gesagt().size(), 1U);
-  EXPECT_NE(b.Gesagt()[0].find(L"(11)"), Text::npos);
-  EXPECT_FALSE(z.TasteUnten);
-  b.Tippe({500, 500, 500, 500});
-  EXPECT_EQ(z.lblBeatDisplay.Caption(), L"120");
-}
-
 TEST(BeatCounter, TheTempoIsHandedOverWithinItsLimitsOrNotAtAll) {
   for (const auto& [gezeigt, erwartet] :
        std::vector<std::pair<Text, Text>>{{L"0", L"50"}, {L"300", L"280"}, {L"124", L"124"}}) {

@@ -44,6 +44,8 @@ press frmHauptForm.imgMixer
 expect-window frmMixer
 expect frmMixer.Fader(0).CaptionFader == Line
 expect frmMixer.Fader(0).Value == 31
+# reading writes nothing back
+expect-mixer Line volume == 20000
 expect frmMixer.Check1(0).Visible == False
 expect frmMixer.Fader(1).CaptionFader == Wave
 expect frmMixer.Fader(1).Value == 50
