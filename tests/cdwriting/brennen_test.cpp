@@ -156,7 +156,7 @@ TEST_F(Brennen, ACancelledDiscAtOnceRunLeavesTheSilenceInTheFiles) {
   EXPECT_EQ(b.prog.Number_Burned_CD, 0);
 }
 
-TEST_F(Brennen, FailuresBeforeAndDuringTheWriteEndInTheOpenWindow) {
+TEST_F(Brennen, FailuresBeforeTheWriteEndInTheOpenWindow) {
   WriterFaults& fehler = b.platform.machine.writer.Faults;
   Oeffnen({L"a", L"b", L"c"});
   OhneHinweis();
@@ -173,12 +173,6 @@ TEST_F(Brennen, FailuresBeforeAndDuringTheWriteEndInTheOpenWindow) {
   EXPECT_EQ(Brennt({kNein, kNein, kNein, kNein, kNein, kNein, kNein}),
             (std::vector<Text>{Sagt(4006), nichtBereit, Sagt(4006), nichtBereit, Sagt(4006),
                                Sagt(4006), misslungen}));
-
-  fehler = WriterFaults{};
-  fehler.FailAtPercent = 40;
-  EXPECT_EQ(Brennt({kNein, kNein, kNein}),
-            (std::vector<Text>{Sagt(4006), Sagt(9004) + L"803\r" + Sagt(9010), misslungen}));
-  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\Discos\\Disco 001.cue"));
 
   fehler = WriterFaults{};
   fehler.WriteDao = -1;
