@@ -28,19 +28,6 @@ TEST_F(Katalog, ABlockOfCrossfadedTracksIsJumpedAsAWhole) {
   EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c", L"d"}));
 }
 
-TEST_F(Katalog, TheMeterOfAStoppedPreviewStaysDarkWhenTheWindowIsBack) {
-  b.Katalog({L"a"});
-  b.Waehle(1);
-  b.platform.hands.Press(b.Haupt().imgAbspielen);
-  b.platform.loop.Pass(500);
-  EXPECT_GT(b.Haupt().Level.PeakLeft, 0);
-  b.platform.hands.Press(b.Haupt().imgStop);
-  b.platform.loop.Pass(100);
-  b.Tu([&] { b.Haupt().Form_GotFocus(); });
-  EXPECT_TRUE(b.Haupt().Level.Active());
-  EXPECT_EQ(b.Haupt().Level.PeakLeft + b.Haupt().Level.PeakRight, 0);
-}
-
 TEST_F(Katalog, LostAndInvalidFilesLeaveTheListWithoutAWord) {
   b.Katalog({L"a", L"b", L"c", L"d"});
   std::filesystem::remove(b.home.Path() / "Vantora/Wavs/a.wav");

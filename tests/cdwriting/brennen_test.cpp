@@ -2,7 +2,6 @@
 
 #include "app/zahlen.h"
 #include "cdwriting/fortschritt.h"
-#include "main/disc_writers.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -244,68 +243,11 @@ TEST_F(Brennen, ACrossfadeChoosesDiscAtOnceWhereTheDriveCan) {
   Oeffnen({L"a", L"b*", L"c*"});
   EXPECT_TRUE(Fenster().optDiscAtOnce.Value());
   b.Tu([&] { Fenster().imgAbbrechen_MouseUp(); });
-  EXPECT_FALSE(Fenster().Visible());
-  EXPECT_TRUE(b.Haupt().Window.Enabled);
   b.platform.machine.writer.Faults.CanDao = false;
   Fenster().Init_Brenner();
   EXPECT_FALSE(Fenster().optDiscAtOnce.Enabled());
   b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
   EXPECT_TRUE(Fenster().optTrackAtOnce.Value());
-}
-
-// A writer of several devices, each known by its type, that burns nothing.
-struct FalscherBrenner final : Mcd {
-  explicit FalscherBrenner(std::vector<int> typen) : Typen(std::move(typen)) {}
-  int Typ(int index) const { return Typen.at(static_cast<std::size_t>(index)); }
-
-  void BufferSize(int) override {}
-  int Init_Prog() override { return 0; }
-  void TimeOut(int) override {}
-  int BurnerCount() override { return static_cast<int>(Typen.size()); }
-  void SelectBurner(int index) override { Gewaehlt = index; }
-  int DetermineDrive() override { return Typ(Gewaehlt); }
-  void SetDriveType(int) override {}
-  Text GetDescription(int index) override {
-    return L"F\tTIPO " + std::to_wstring(Typ(index)) + L"\t1\t0";
-  }
-  bool CanDAO() override { return true; }
-  void Speed(int) override {}
-  int Speed() override { return Typ(Gewaehlt); }
-  void TestMode(bool) override {}
-  void Eject(bool) override {}
-  void Fixate(bool) override {}
-  int AddTrack(const Text&, int) override { return 1; }
-  void CdText(int, const Text&, const Text&) override {}
-  bool CheckIfBurnerOK() override { return true; }
-  void SetBurnMode(int) override {}
-  int WriteTAO() override { return 1; }
-  int WriteDAO() override { return -1; }
-  void StopBurn() override {}
-  void ResetBurner() override {}
-
-  std::vector<int> Typen;
-  int Gewaehlt = 0;
-};
-
-TEST(BrennerListe, TheSelectedLinesDeviceIsTheCurrentOneAmongAllWriters) {
-  FalscherBrenner laufwerke({0, 2}), bilder({10});  // the first drive only reads, and gets no line
-  DiscWriters alle({&laufwerke, &bilder});
-  Buehne b([&](HeadlessPlatform& p) {
-    const Plattform& m = p.bundle;
-    return MitLaufwerk(m, alle, m.acd, m.cd, m.mci, m.sockets);
-  });
-  b.Start();
-  b.Katalog({L"a"});
-  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
-  frmCDBrennen& fenster = b.prog.frmCDBrennen();
-  EXPECT_EQ(fenster.lstCDRecorder.Items(),
-            (std::vector<Text>{L"F\tTIPO 2\t1\t0", L"F\tTIPO 10\t1\t0"}));
-  EXPECT_EQ(alle.DetermineDrive(), 2) << "the first line, not the device looked at last";
-  EXPECT_EQ(b.prog.BrennGeschwindigkeit, 2) << "as the first line's device made it";
-  b.platform.hands.Select(fenster.lstCDRecorder, {2});
-  EXPECT_EQ(alle.DetermineDrive(), 10);
-  b.platform.hands.Select(fenster.lstCDRecorder, {1});
-  EXPECT_EQ(alle.DetermineDrive(), 2);
 }
 
 TEST(Fortschritt, TimeUsedIsNeverNegativeAndPassesMidnight) {

@@ -101,4 +101,6 @@ drag frmMixer.imgKnopf 500 0
 expect-mixer Master volume == 65536
 press frmMixer.imgCloseMixer
 expect-window frmHauptForm
+# the meter of the preview that was stopped stays dark
+expect frmHauptForm.Level.PeakLeft == 0
 close
