@@ -120,7 +120,7 @@ TEST_F(Brennen, AStrayKeySpoilsNoDiscAndOnlyARunOfTracksShowsThem) {
     bool gesehen = false;
     Fenster().optDiscAtOnce.SetValue(dao);
     Fenster().optTrackAtOnce.SetValue(!dao);
-    b.platform.loop.PostAfter(4000, [&] {
+    b.platform.loop.PostAfter(10000, [&] {
       frmSchreibFortschritt& f = b.prog.frmSchreibFortschritt();
       for (const wchar_t* taste : {L"Return", L"Space"}) b.platform.hands.Key(f, taste);
       EXPECT_TRUE(f.imgAbbrechen.Enabled());
@@ -128,6 +128,9 @@ TEST_F(Brennen, AStrayKeySpoilsNoDiscAndOnlyARunOfTracksShowsThem) {
                &f.shpAktRahmen, &f.shpAktKopie, &f.lblAktKopie, &f.lblKopieTrackNr,
                &f.lblAktKopiePro, &f.lblKopieInsgAnz}) {
         EXPECT_EQ(teil->Visible(), !dao);
+      }
+      if (!dao) {
+        EXPECT_EQ(f.lblInsgKopiePro.Caption(), L"62%") << "3 s and a pause of 2, of 8 s";
       }
       b.platform.hands.Key(f, L"Tab");
       b.platform.hands.Key(f, L"Return");
