@@ -66,17 +66,6 @@ TEST(Dienste, TimesCountIn25thsOfTheirOwnKind) {
   EXPECT_EQ(BytesNachMs(176400), 1000);
 }
 
-TEST(Dienste, AWaitEndsEarlyWhenTheJobIsCancelled) {
-  Buehne b;
-  const std::int64_t anfang = b.platform.clock.Ticks();
-  EXPECT_TRUE(b.prog.Warten(1.5));
-  EXPECT_GE(b.platform.clock.Ticks() - anfang, 1500);
-  b.platform.loop.PostAfter(200, [&] { b.prog.JobAbbruch = true; });
-  const std::int64_t dann = b.platform.clock.Ticks();
-  EXPECT_FALSE(b.prog.Warten(10));
-  EXPECT_LT(b.platform.clock.Ticks() - dann, 1000);
-}
-
 TEST(Meldung, HelpIsOpenedAtThePageOfTheWindowThatAMessageIsAbout) {
   Buehne b;
   b.Start();

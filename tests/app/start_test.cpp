@@ -131,19 +131,6 @@ TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   }
 }
 
-TEST(Ende, SettingsThatCannotBeWrittenAreReportedBeforeIt) {
-  Buehne b;
-  b.Start();
-  const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
-  std::filesystem::remove(datei);
-  std::filesystem::create_directory(datei);  // no file takes the place of a folder
-  b.Antwortet(kJa).Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgÜberblenden_MouseUp(); });
-  ASSERT_EQ(b.Gesagt().size(), 2U);
-  EXPECT_TRUE(b.Gesagt()[1].starts_with(b.prog.Text(30040)));
-  EXPECT_TRUE(b.platform.loop.Ended());
-}
-
 TEST(Ende, ASecondPressWhileTheFarewellWaitsDoesNothingAndDirectoriesAreSaved) {
   Buehne b;
   b.Start();

@@ -23,34 +23,9 @@ TEST_F(Katalog, ABlockOfCrossfadedTracksIsJumpedAsAWhole) {
     b.Haupt().imgMove_MouseUp(richtung);
     EXPECT_EQ(b.Titel(), danach);
   }
-}
-
-TEST_F(Katalog, TheMeterOfAStoppedPreviewStaysDarkWhenTheWindowIsBack) {
-  b.Katalog({L"a"});
-  b.Waehle(1);
-  b.platform.hands.Press(b.Haupt().imgAbspielen);
-  b.platform.loop.Pass(500);
-  EXPECT_GT(b.Haupt().Level.PeakLeft, 0);
-  b.platform.hands.Press(b.Haupt().imgStop);
-  b.platform.loop.Pass(100);
-  b.Tu([&] { b.Haupt().Form_GotFocus(); });
-  EXPECT_TRUE(b.Haupt().Level.Active());
-  EXPECT_EQ(b.Haupt().Level.PeakLeft + b.Haupt().Level.PeakRight, 0);
-}
-
-TEST_F(Katalog, UndoBringsBackWhatWasDeletedAndHasOneStep) {
-  b.Katalog({L"a", L"b", L"c"});
-  b.Waehle(2);
-  b.Antwortet(kNein).Antwortet(kJa);
-  b.Tu([&] { b.Haupt().imgDelTitel_MouseUp(); });
-  EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c"}));
-  b.Tu([&] { b.Haupt().imgDelTitel_MouseUp(); });
-  EXPECT_EQ(b.Titel(), (Liste{L"a", L"c"}));
-  EXPECT_EQ(b.Gesagt()[0], L"¿Desea eliminar el título N°2\r\n b del catálogo?");
-  for (int i = 0; i < 2; ++i) {
-    b.Tu([&] { b.Haupt().imgDeleteTitel_MouseUp(); });
-    EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c"}));
-  }
+  b.Waehle(4);
+  b.Haupt().imgMove_MouseUp(0);  // and up
+  EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c", L"d"}));
 }
 
 TEST_F(Katalog, LostAndInvalidFilesLeaveTheListWithoutAWord) {
@@ -171,45 +146,6 @@ TEST_F(Katalog, ARefusalOrAnErrorCostsNeitherTheNameNorTheTracks) {
   }
   EXPECT_EQ(b.Lies(L"C:\\roto.vtr"), "no es un catálogo");
   EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
-}
-
-TEST_F(Katalog, TheDialogComesAgainUntilAChangedCatalogIsSavedOrGivenUp) {
-  b.Datei(L"C:\\otro.vtr", "de otro");
-  for (const bool gesichert : {true, false}) {
-    b.user.Said.clear();
-    b.Katalog({L"a"});
-    b.prog.KatalogGeaendert = true;
-    b.Antwortet(kJa);
-    for (const wchar_t* keiner : {L".vtr", L"a*b", L"C:\\otro.vtr"}) {
-      b.WaehltDatei({keiner}).Antwortet(kNein);
-    }
-    b.WaehltDatei(gesichert ? Liste{L"C:\\mio.vtr"} : Liste{});
-    b.Tu([&] { b.Haupt().imgNeuerKatalog_MouseUp(); });
-    EXPECT_EQ(b.Gesagt(),
-              (Liste{b.prog.Text(8006), b.prog.Text(8038), b.prog.Text(8038), b.prog.Text(8005)}));
-    EXPECT_TRUE(b.Titel().empty());  // the new catalog, also after a cancel
-    EXPECT_EQ(b.user.Left(), 0U);
-    EXPECT_TRUE(std::filesystem::is_empty(b.home.Path() / "Vantora/Catálogo"));
-  }
-  EXPECT_EQ(b.Lies(L"C:\\mio.vtr").size(), 4U + 2 * 822U + 29U);
-  EXPECT_EQ(b.Lies(L"C:\\otro.vtr"), "de otro");
-}
-
-TEST_F(Katalog, TrackPropertiesKeepWhatIsLeftBlank) {
-  b.Katalog({L"a", L"b"});
-  b.Waehle(1);
-  b.Macht([&](Form& front) {
-    auto& fenster = dynamic_cast<frmNeuerInterpret&>(front);
-    EXPECT_EQ(fenster.cmbPause.ListIndex(), 2);
-    b.platform.hands.Type(fenster.txtTitel, L"");
-    b.platform.hands.Type(fenster.txtInterpret, L"Otra voz");
-    b.platform.hands.Select(fenster.cmbPause, {6});
-    b.platform.hands.Key(fenster, L"Return");
-  });
-  b.Tu([&] { b.Haupt().imgTitelBearb_MouseUp(); });
-  EXPECT_EQ(b.prog.Katalog[1].Titel.Getrimmt(), L"a");
-  EXPECT_EQ(b.prog.Katalog[1].Interpret.Getrimmt(), L"Otra voz");
-  EXPECT_EQ(b.prog.Katalog[1].Pause, 5);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // A program with a disc in its drive and a CDDB server in its network. Between the two stand
-// sockets that note what the client does, and that can stall at any step.
+// sockets that note what the client does.
 #pragma once
 
 #include "backends/linux/linux_sockets.h"
@@ -64,15 +64,10 @@ class FakeDisc final : public Mci {
   bool msf_ = false;
 };
 
-enum class Step { Nothing, Lookup, Connect, Send, Receive };
-
 class WatchedSockets final : public Sockets {
  public:
   WatchedSockets(Sockets& real, Clock& clock) : real_(real), clock_(clock) {}
 
-  // From the `StallAtConnection`th connection, from 1, this step does not come to an end.
-  Step StallAt = Step::Nothing;
-  int StallAtConnection = 1;
   const std::uint8_t* Status = nullptr;
 
   std::vector<int> Statuses;  // seen at the steps, each once
@@ -88,7 +83,8 @@ class WatchedSockets final : public Sockets {
   std::uint32_t inet_addr(const std::string& host) override { return real_.inet_addr(host); }
   std::string inet_ntoa(std::uint32_t address) override { return real_.inet_ntoa(address); }
   int gethostbyname(const std::string& host, std::uint32_t& address) override {
-    return Stalls(Step::Lookup, Opened + 1) ? kNochNicht : real_.gethostbyname(host, address);
+    Look();
+    return real_.gethostbyname(host, address);
   }
   int socket() override {
     ++Opened;
@@ -99,17 +95,20 @@ class WatchedSockets final : public Sockets {
   }
   int connect(int number, const SocketAdresse& address) override {
     Ports.insert(address.Port);
-    return Stalls(Step::Connect, Opened) ? kNochNicht : real_.connect(number, address);
+    Look();
+    return real_.connect(number, address);
   }
   int send(int number, const std::string& bytes) override {
-    return Stalls(Step::Send, Opened) ? kNochNicht : real_.send(number, bytes);
+    Look();
+    return real_.send(number, bytes);
   }
   int recv(int number, char* bytes, int limit) override {
     ++Reads;
     LongestRead = std::max(LongestRead, limit);
     // Time passes here only where events are processed.
     if (std::exchange(lastRead_, clock_.Ticks()) == clock_.Ticks()) ++ReadsWithoutEvents;
-    return Stalls(Step::Receive, Opened) ? kNochNicht : real_.recv(number, bytes, limit);
+    Look();
+    return real_.recv(number, bytes, limit);
   }
   void closesocket(int number) override {
     ++Closed;
@@ -117,9 +116,8 @@ class WatchedSockets final : public Sockets {
   }
 
  private:
-  bool Stalls(Step step, int connection) {
+  void Look() {
     if (Status && (Statuses.empty() || Statuses.back() != *Status)) Statuses.push_back(*Status);
-    return StallAt == step && connection >= StallAtConnection;
   }
 
   Sockets& real_;

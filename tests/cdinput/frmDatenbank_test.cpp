@@ -42,19 +42,6 @@ const char* const kZweiDiscos =
     "[FF]\r\nartist=La costa\r\ntitle=Oto\xF1o\r\nnumtracks=1\r\n0=Mar;Brisa;60\r\n"
     "totaltime=60\r\n";
 
-TEST_F(DatenbankFenster, ShowsTheDiscsAndTheTracksOfTheFirst) {
-  Inhalt(kZweiDiscos);
-  Im([&](frmDatenbank& d) {
-    EXPECT_EQ(d.lstInterpreten.Items(), (Zeilen{L"Varios: Verano", L"La costa: Otoño"}));
-    // What a longer disc of the same key left behind is not the present one's.
-    EXPECT_EQ(d.lstTitel.Items(),
-              (Zeilen{L"Las olas: Azul oscuro", L"Rosa: El faro", L"Las olas: Mar"}));
-    EXPECT_EQ(d.lblGesamtzeit.Caption(), L"66:15");
-    hand().Select(d.lstTitel, {3});
-    EXPECT_EQ(d.lblDauer.Caption(), L"61:40");
-  });
-}
-
 TEST_F(DatenbankFenster, SectionsThatAreNoDiscsAreLeftOutAndOddOnesDoNoHarm) {
   Inhalt(
       "[]\nnumtracks=2\n[sin]\nartist=x\n[cero]\nnumtracks=0\n[nada]\nnumtracks=\n"
@@ -112,6 +99,10 @@ TEST_F(DatenbankFenster, ASearchLooksAtWhatIsTickedWithCaseAndShowAllUndoesIt) {
   Im([&](frmDatenbank& d) {
     for (const Fall& fall : faelle) {
       SCOPED_TRACE(testing::Message() << fall.Gesucht << fall.Disco << fall.Temas);
+      // What a longer disc of the same key left behind is not the present one's.
+      EXPECT_EQ(d.lstTitel.Items(),
+                (Zeilen{L"Las olas: Azul oscuro", L"Rosa: El faro", L"Las olas: Mar"}));
+      EXPECT_EQ(d.lblGesamtzeit.Caption(), L"66:15");
       d.chkLabel.Value = fall.Disco ? 1 : 0;
       d.chkLiedTitel.Value = fall.Temas ? 1 : 0;
       Sucht(d, fall.Gesucht);

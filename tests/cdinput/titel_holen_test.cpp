@@ -49,28 +49,6 @@ class TitelHolen : public ::testing::Test, protected DiscFirst, protected CdBueh
   test::CddbServer server;
 };
 
-TEST_F(TitelHolen, TheTitlesOfTheServerAreShownKeptAndSaved) {
-  server.Knows("rock", test::CddbStage::kId,
-               "DTITLE=Varios / Qu\xB4 noche\r\nTTITLE0=L\xB4"
-               "etoile\r\nTTITLE1=Ana / Luna\r\n");
-  EXPECT_EQ(Fragt({kJa}), (std::vector<Text>{Sagt(5011)}));
-  EXPECT_EQ(Player().TrackName, (std::vector<Text>{L"", L"L'etoile", L"Luna: Ana"}));
-  EXPECT_EQ(Player().txtCDInfo.Caption(), L"Varios: Qu' noche");
-  EXPECT_TRUE(Player().lstTracks.List(1).starts_with(L"Luna: Ana     02:00     "));
-  EXPECT_EQ(Ini(L"1"), L"Ana  - Luna");
-  EXPECT_NE(cd->player.Tracks(), 0);
-  Player().TrackName[1] = L"La estrella";
-  Druecke(Player().imgDBAufnahme);
-  EXPECT_EQ(Player().lblStatus.Caption(), Sagt(30031));
-  EXPECT_EQ(Ini(L"title"), L"Qu' noche");
-  EXPECT_EQ(Ini(L"0"), L"La estrella");
-  EXPECT_EQ(Ini(L"1"), L"Ana  - Luna");
-  Druecke(Player().imgAllesWaehlen);
-  Mit({kNein}, [this] { Druecke(Player().imgSpeichern); });
-  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"La estrella", L"Luna: Ana"}));
-  EXPECT_EQ(b.prog.Katalog[1].Interpret.Getrimmt(), L"Varios");
-}
-
 TEST_F(TitelHolen, WhatIsNotKnownGarbledOrOutOfReachIsToldAndTheDiscCanBePlayed) {
   EXPECT_EQ(Fragt({kJa, kNein}), (std::vector<Text>{Sagt(5011), Sagt(5012)}));
   test::CddbServer andere;

@@ -2,7 +2,6 @@
 
 #include "app/werte/zahlen.h"
 #include "cdwriting/fortschritt.h"
-#include "main/disc_writers.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -121,7 +120,7 @@ TEST_F(Brennen, AStrayKeySpoilsNoDiscAndOnlyARunOfTracksShowsThem) {
     bool gesehen = false;
     Fenster().optDiscAtOnce.SetValue(dao);
     Fenster().optTrackAtOnce.SetValue(!dao);
-    b.platform.loop.PostAfter(4000, [&] {
+    b.platform.loop.PostAfter(10000, [&] {
       frmSchreibFortschritt& f = b.prog.frmSchreibFortschritt();
       for (const wchar_t* taste : {L"Return", L"Space"}) b.platform.hands.Key(f, taste);
       EXPECT_TRUE(f.imgAbbrechen.Enabled());
@@ -129,6 +128,9 @@ TEST_F(Brennen, AStrayKeySpoilsNoDiscAndOnlyARunOfTracksShowsThem) {
                &f.shpAktRahmen, &f.shpAktKopie, &f.lblAktKopie, &f.lblKopieTrackNr,
                &f.lblAktKopiePro, &f.lblKopieInsgAnz}) {
         EXPECT_EQ(teil->Visible(), !dao);
+      }
+      if (!dao) {
+        EXPECT_EQ(f.lblInsgKopiePro.Caption(), L"62%") << "3 s and a pause of 2, of 8 s";
       }
       b.platform.hands.Key(f, L"Tab");
       b.platform.hands.Key(f, L"Return");
@@ -156,7 +158,7 @@ TEST_F(Brennen, ACancelledDiscAtOnceRunLeavesTheSilenceInTheFiles) {
   EXPECT_EQ(b.prog.Number_Burned_CD, 0);
 }
 
-TEST_F(Brennen, FailuresBeforeAndDuringTheWriteEndInTheOpenWindow) {
+TEST_F(Brennen, FailuresBeforeTheWriteEndInTheOpenWindow) {
   WriterFaults& fehler = b.platform.machine.writer.Faults;
   Oeffnen({L"a", L"b", L"c"});
   OhneHinweis();
@@ -173,12 +175,6 @@ TEST_F(Brennen, FailuresBeforeAndDuringTheWriteEndInTheOpenWindow) {
   EXPECT_EQ(Brennt({kNein, kNein, kNein, kNein, kNein, kNein, kNein}),
             (std::vector<Text>{Sagt(4006), nichtBereit, Sagt(4006), nichtBereit, Sagt(4006),
                                Sagt(4006), misslungen}));
-
-  fehler = WriterFaults{};
-  fehler.FailAtPercent = 40;
-  EXPECT_EQ(Brennt({kNein, kNein, kNein}),
-            (std::vector<Text>{Sagt(4006), Sagt(9004) + L"803\r" + Sagt(9010), misslungen}));
-  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\Discos\\Disco 001.cue"));
 
   fehler = WriterFaults{};
   fehler.WriteDao = -1;
@@ -250,68 +246,11 @@ TEST_F(Brennen, ACrossfadeChoosesDiscAtOnceWhereTheDriveCan) {
   Oeffnen({L"a", L"b*", L"c*"});
   EXPECT_TRUE(Fenster().optDiscAtOnce.Value());
   b.Tu([&] { Fenster().imgAbbrechen_MouseUp(); });
-  EXPECT_FALSE(Fenster().Visible());
-  EXPECT_TRUE(b.Haupt().Window.Enabled);
   b.platform.machine.writer.Faults.CanDao = false;
   Fenster().Init_Brenner();
   EXPECT_FALSE(Fenster().optDiscAtOnce.Enabled());
   b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
   EXPECT_TRUE(Fenster().optTrackAtOnce.Value());
-}
-
-// A writer of several devices, each known by its type, that burns nothing.
-struct FalscherBrenner final : Mcd {
-  explicit FalscherBrenner(std::vector<int> typen) : Typen(std::move(typen)) {}
-  int Typ(int index) const { return Typen.at(static_cast<std::size_t>(index)); }
-
-  void BufferSize(int) override {}
-  int Init_Prog() override { return 0; }
-  void TimeOut(int) override {}
-  int BurnerCount() override { return static_cast<int>(Typen.size()); }
-  void SelectBurner(int index) override { Gewaehlt = index; }
-  int DetermineDrive() override { return Typ(Gewaehlt); }
-  void SetDriveType(int) override {}
-  Text GetDescription(int index) override {
-    return L"F\tTIPO " + std::to_wstring(Typ(index)) + L"\t1\t0";
-  }
-  bool CanDAO() override { return true; }
-  void Speed(int) override {}
-  int Speed() override { return Typ(Gewaehlt); }
-  void TestMode(bool) override {}
-  void Eject(bool) override {}
-  void Fixate(bool) override {}
-  int AddTrack(const Text&, int) override { return 1; }
-  void CdText(int, const Text&, const Text&) override {}
-  bool CheckIfBurnerOK() override { return true; }
-  void SetBurnMode(int) override {}
-  int WriteTAO() override { return 1; }
-  int WriteDAO() override { return -1; }
-  void StopBurn() override {}
-  void ResetBurner() override {}
-
-  std::vector<int> Typen;
-  int Gewaehlt = 0;
-};
-
-TEST(BrennerListe, TheSelectedLinesDeviceIsTheCurrentOneAmongAllWriters) {
-  FalscherBrenner laufwerke({0, 2}), bilder({10});  // the first drive only reads, and gets no line
-  DiscWriters alle({&laufwerke, &bilder});
-  Buehne b([&](HeadlessPlatform& p) {
-    const Plattform& m = p.bundle;
-    return MitLaufwerk(m, alle, m.acd, m.cd, m.mci, m.sockets);
-  });
-  b.Start();
-  b.Katalog({L"a"});
-  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
-  frmCDBrennen& fenster = b.prog.frmCDBrennen();
-  EXPECT_EQ(fenster.lstCDRecorder.Items(),
-            (std::vector<Text>{L"F\tTIPO 2\t1\t0", L"F\tTIPO 10\t1\t0"}));
-  EXPECT_EQ(alle.DetermineDrive(), 2) << "the first line, not the device looked at last";
-  EXPECT_EQ(b.prog.BrennGeschwindigkeit, 2) << "as the first line's device made it";
-  b.platform.hands.Select(fenster.lstCDRecorder, {2});
-  EXPECT_EQ(alle.DetermineDrive(), 10);
-  b.platform.hands.Select(fenster.lstCDRecorder, {1});
-  EXPECT_EQ(alle.DetermineDrive(), 2);
 }
 
 TEST(Fortschritt, TimeUsedIsNeverNegativeAndPassesMidnight) {

@@ -112,6 +112,8 @@ class Checker:
         box = page.ink(left - 250, low, right + 250, low + 60, 230)
         self.near(f"{where}: picture's left edge", box and box[0], left)
         self.near(f"{where}: picture's right edge", box and box[2], right)
+        box = page.ink(right - 200, top - 250, right - 140, bottom + 250, 230)
+        self.near(f"{where}: picture's upper edge", box and box[1], top)
 
 
 def centred(check, where, page, size, lead):
@@ -140,6 +142,9 @@ def check_centred(check, where, back, cover, label):
     check.near(where + " left spine begins", left_spine and left_spine[3], bottom - 200, 30)
     right_spine = back.ink(right - 340, y + 100, right - 40, bottom - 300)
     check.near(where + " right spine begins", right_spine and right_spine[1], y + 200, 30)
+    for name, at in (("left", x + 385), ("right", right - 385)):
+        fold = back.ink(at - 30, bottom - 1500, at + 30, bottom - 1400, 60)  # black
+        check.near(f"{where} {name} fold of the back", fold and fold[0], at)
     x, y, right, bottom = centred(check, where + " cover", cover, DOUBLE, LINE["cubierta"])
     middle = x + DOUBLE[0] // 2
     fold = cover.ink(middle - 200, bottom - 1500, middle + 200, bottom - 1400, 60)  # black
@@ -147,6 +152,8 @@ def check_centred(check, where, back, cover, label):
     check.picture(where + " cover", cover, middle, y, right, bottom)
     x, y, right, bottom = centred(check, where + " label", label, LABEL, LINE["etiqueta"])
     check.picture(where + " label", label, x, y, right, bottom)
+    ring = label.ink(x + 5600, y + 5800, right - 100, y + 5820, 60)
+    check.near(where + " ring of the label", ring and ring[0], x + 5811, 30)
 
 
 def check_paper(check, where, sheet, labels):

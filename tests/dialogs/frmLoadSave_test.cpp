@@ -75,18 +75,6 @@ TEST_F(Dateidialog, AFileThatIsTakenOutOfTheSelectionIsNotTheOneThatComesBack) {
   EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav");
 }
 
-TEST_F(Dateidialog, ATypedCatalogNameGetsItsExtension) {
-  Fragt(kTypKatalog, kModusSichern, [&](frmLoadSave& d) {
-    EXPECT_EQ(d.Caption(), b.prog.Text(11603));
-    EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"uno.vtr"});
-    hand().Type(d.txtDateiName, L"mi disco");
-    hand().Press(d.pbButton(1));
-  });
-  EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Vantora\\Catálogo\\mi disco.vtr");
-  EXPECT_EQ(b.prog.LetzterKatalog, b.prog.GewaehlteDatei);
-  EXPECT_EQ(b.prog.KatalogDatei, b.prog.GewaehlteDatei);
-}
-
 TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
   b.Datei(L"C:\\日本\\a.wav", "x");
   b.prog.Songs_Import_Dir = L"C:\\日本";

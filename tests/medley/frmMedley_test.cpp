@@ -137,19 +137,6 @@ TEST(MedleyWindow, TheKnobStandsWhereItsTempoSays) {
   }
 }
 
-TEST(MedleyWindow, NinetyNineRowsOpenAndTheLastOneHasNoTransition) {
-  std::vector<Text> titel;
-  titel.reserve(99);
-  for (int i = 0; i < 99; ++i) titel.push_back(L"t" + std::to_wstring(i));
-  MedleyFenster b(titel);
-  frmMedley& m = b.Oeffne();
-  EXPECT_EQ(m.lstMedleyTracks.ListCount(), 99);
-  b.Zeile(98);
-  EXPECT_FALSE(m.imgPreview.Enabled());
-  b.Zeile(97);
-  EXPECT_EQ(m.lblSongName(1).Caption(), L"Voz: t98");
-}
-
 TEST(MedleyWindow, NothingReachesTheWindowWhileItJoinsTracks) {
   MedleyFenster b;
   frmMedley& m = b.Oeffne();

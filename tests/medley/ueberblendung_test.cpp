@@ -4,7 +4,6 @@
 #include "tests/support/kill_switch.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdlib>
 #include <random>
 
@@ -273,33 +272,6 @@ TEST_F(Medley, AKillLeavesEachTransitionBeforeOrBehindItAndTheNextStartNamesThos
   EXPECT_TRUE(inhalt() == staende[2]);
 }
 
-TEST_F(Medley, ADiskThatFailsAtTheWavesLeavesTheTransitionWholeOrUndone) {
-  const std::string toene[] = {test::Noise(900'000, 1), test::Noise(900'000, 2)};
-  std::string eins = toene[0], zwei = toene[1];
-  Ueberblende(eins, zwei, 1);
-  int undone = 0, done = 0;
-  for (int ruf = 1, gesprungen = 1; gesprungen > 0; ruf += 2) {
-    b.prog.Medley.clear();
-    for (const std::string& ton : toene) Reihe(ton);
-    b.user.Said.clear();
-    b.Antwortet(kNein);
-    test::KillSwitch::FailAt(ruf, ruf % 4 == 1 ? ENOSPC : EIO, false);
-    const bool markiert = Lauf();
-    gesprungen = test::KillSwitch::Sprung() ? 1 : 0;
-    test::KillSwitch::Off();
-    if (b.user.Left() > 0) b.Tu([&] { b.prog.MsgBoxen(L"", kHinweis); });
-    const bool davor = Datei(0) == test::Wave(toene[0]) && Datei(1) == test::Wave(toene[1]);
-    const bool danach = Datei(0) == test::Wave(eins) && Datei(1) == test::Wave(zwei);
-    ASSERT_TRUE(davor || danach) << ruf;
-    EXPECT_EQ(markiert, danach) << ruf;
-    (danach ? done : undone) += gesprungen;
-    EXPECT_TRUE(b.platform.machine.edits.Mend().Empty()) << ruf;  // a note that stayed is blank
-    ASSERT_FALSE(NochNotizen()) << ruf;
-  }
-  EXPECT_GT(undone, 3);
-  EXPECT_GT(done, 3);
-}
-
 }  // namespace
 
 TEST(MedleyNeustart, TheUserReadsWhichTransitionsAreDone) {
@@ -316,28 +288,6 @@ TEST(MedleyNeustart, TheUserReadsWhichTransitionsAreDone) {
   m.b.Antwortet(kNein);
   m.b.Start();
   EXPECT_EQ(m.b.Gesagt(), (std::vector<Text>{m.b.prog.Text(30126) + L"\r\n1. T0 > 2. T1"}));
-}
-
-// Burnt in one go, the tracks of a medley are one piece.
-TEST(MedleyDisc, ADiscOfAMedleyHasTheJoinedWavesByteForByte) {
-  MedleyBuehne m;
-  m.Starte();
-  m.b.Katalog({L"a", L"b", L"c"});
-  std::string alles;
-  for (std::size_t n = 0; n < 3; ++n) {
-    m.Reihe(test::Noise(800'004 + 1236 * n, static_cast<unsigned>(n)), L"1.37");
-    m.b.prog.Katalog[n + 1].Datei = MedleyBuehne::Ort(n);
-  }
-  ASSERT_TRUE(m.Lauf());
-  for (std::size_t n = 0; n < 3; ++n) alles += m.Datei(n).substr(44);
-  m.b.Haupt().KatalogShow();
-  m.b.Tu([&] { m.b.Haupt().imgBrennen_MouseUp(); });
-  EXPECT_TRUE(m.b.prog.frmCDBrennen().optDiscAtOnce.Value());
-  for (int i = 0; i < 3; ++i) m.b.Antwortet(kNein);
-  m.b.Tu([&] { m.b.prog.frmCDBrennen().imgBrennen_MouseUp(); });
-  const std::string bin = m.b.Lies(L"C:\\Vantora\\Discos\\Disco 001.bin");
-  ASSERT_EQ(bin.size(), (alles.size() + 2351) / 2352 * 2352);
-  EXPECT_TRUE(bin.starts_with(alles));
 }
 
 }  // namespace vantora

@@ -27,6 +27,9 @@ answer 6
 expect frmHauptForm.lvwKatalog.Count == 2
 press frmHauptForm.imgDeleteTitel
 expect frmHauptForm.lvwKatalog.Count == 3
+# the undo has one step
+press frmHauptForm.imgDeleteTitel
+expect frmHauptForm.lvwKatalog.Count == 3
 press frmHauptForm.imgKatalogSpeichern
 choose C:\Vantora\Catálogo\vida.vtr
 press frmHauptForm.imgKatalogAnhaengen

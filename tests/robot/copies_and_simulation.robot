@@ -13,7 +13,12 @@ key frmNeuerInterpret Return
 select frmHauptForm.lvwKatalog 1
 press frmHauptForm.imgTitelBearb
 select frmNeuerInterpret.cmbPause 3
+# what is left blank keeps its text
+type frmNeuerInterpret.txtTitel ""
+type frmNeuerInterpret.txtInterpret "Otra voz"
 key frmNeuerInterpret Return
+expect frmHauptForm.lvwKatalog(1,2) == "Nuevo título"
+expect frmHauptForm.lvwKatalog(1,3) == "Otra voz"
 press frmHauptForm.imgBrennen
 press frmCDBrennen.chkSimulation
 type frmCDBrennen.txtKopienAnzahl 5

@@ -44,6 +44,8 @@ press frmHauptForm.imgMixer
 expect-window frmMixer
 expect frmMixer.Fader(0).CaptionFader == Line
 expect frmMixer.Fader(0).Value == 31
+# reading writes nothing back
+expect-mixer Line volume == 20000
 expect frmMixer.Check1(0).Visible == False
 expect frmMixer.Fader(1).CaptionFader == Wave
 expect frmMixer.Fader(1).Value == 50
@@ -99,4 +101,6 @@ drag frmMixer.imgKnopf 500 0
 expect-mixer Master volume == 65536
 press frmMixer.imgCloseMixer
 expect-window frmHauptForm
+# the meter of the preview that was stopped stays dark
+expect frmHauptForm.Level.PeakLeft == 0
 close

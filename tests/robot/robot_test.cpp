@@ -10,7 +10,6 @@
 #include "main/story_stage.h"
 #include "tests/support/buehne.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -21,12 +20,6 @@ namespace vantora {
 namespace {
 
 using testing::HasSubstr;
-
-std::string Backslashes(const std::filesystem::path& path) {
-  std::string text = path.string();
-  std::replace(text.begin(), text.end(), '/', '\\');
-  return text;
-}
 
 class RobotPlays : public testing::Test {
  protected:
@@ -96,19 +89,6 @@ TEST_F(RobotPlays, WaitingLetsThePromisedTimePassAndAfterComesInBetween) {
                  "echo end\nclose\n"),
             "");
   EXPECT_EQ(said.str(), "one\nhalf\ntwo\nend\n");
-}
-
-TEST_F(RobotPlays, TheFileDialogIsWalkedUpAndDownAndTakesSeveralFiles) {
-  EXPECT_EQ(Play("makewave C:\\a\\b\\uno.wav 3 300\nmakewave C:\\a\\b\\DOS.wav 3 300\n"
-                 "makewave C:\\tres.wav 3 300\nstart\n"
-                 "press frmHauptForm.imgLiedImport\nchoose C:\\A\\b\\dos.wav C:\\A\\b\\uno.wav\n"
-                 "key frmNeuerInterpret Return\nkey frmNeuerInterpret Return\n"
-                 "expect frmHauptForm.lvwKatalog.Count == 2\n"
-                 "press frmHauptForm.imgLiedImport\nchoose Z:" +
-                 Backslashes(folder.Path() / "h" / "tres.wav") +
-                 "\nkey frmNeuerInterpret Return\n"
-                 "expect frmHauptForm.lvwKatalog.Count == 3\nclose\n"),
-            "");
 }
 
 TEST_F(RobotPlays, TheSumOfAFileIsThatOfAllItsBytes) {

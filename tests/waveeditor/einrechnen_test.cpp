@@ -124,9 +124,6 @@ TEST_F(Einrechnen, AResultThatCannotBeCopiedIsToldAndTheEditorGoesOnWithTheFileA
 
 TEST_F(Einrechnen, ABatchAppliesTheLastSettingsToTheRowsThatWereSelected) {
   const auto stapel = [this] { Druecke(b.Haupt().imgAssistent); };
-  b.Antwortet(kNein);
-  stapel();
-  EXPECT_TRUE(b.Gesagt().back().starts_with(L"El tratamiento por lotes"));
   b.Katalog({L"a", L"b", L"c"});
   const std::string vorher = b.Lies(Wav(L"a"));  // all three are alike
   ImEditor(1, [this] {
@@ -135,27 +132,11 @@ TEST_F(Einrechnen, ABatchAppliesTheLastSettingsToTheRowsThatWereSelected) {
   });
   EXPECT_EQ(b.Lies(Wav(L"a")), vorher);
   Waehle({1, 3});
-  b.Antwortet(kNein);
-  stapel();
-  EXPECT_EQ(b.Lies(Wav(L"a")), vorher);
-  Waehle({1, 3});
   b.Antwortet(kJa);
-  Text stand;
-  bool gesperrt = true;
-  for (int ms = 600; ms < 2000; ms += 100) {
-    b.platform.loop.PostAfter(ms, [&, ms] {
-      if (!b.prog.frmWaveEditor.Geladen()) return;
-      stand += b.Haupt().lblRestzeitCD.Caption().substr(0, 1);
-      gesperrt = gesperrt && !b.Haupt().Window.Enabled() && b.Haupt().shpStapel.Visible();
-    });
-  }
   stapel();
   ErwarteHalb(vorher, Wav(L"a"));
   ErwarteHalb(vorher, Wav(L"c"));
   EXPECT_EQ(b.Lies(Wav(L"b")), vorher);
-  EXPECT_TRUE(stand.starts_with(L"1") && stand.ends_with(L"2"));
-  EXPECT_TRUE(gesperrt);
-  EXPECT_TRUE(b.Haupt().Window.Enabled() && !b.Haupt().shpStapel.Visible());
   EXPECT_EQ(b.prog.EffektEinstellung.Lautstaerke, kHalb);
   EXPECT_EQ(b.prog.EffektEinstellung.FlangerRate, 33);
   ErwarteNichtsImTempOrdner();

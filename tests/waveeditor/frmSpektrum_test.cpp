@@ -152,35 +152,5 @@ TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
   EXPECT_FALSE(b.prog.SpektrumBereit);
 }
 
-TEST_F(Spektrum, OfAFileThatIsGoneOrNoWaveIsEmptyAndOfAShorterOneSilent) {
-  Waehle(50000, 99000);
-  Vergeht(kVerzug);
-  const auto vorher = Gezeichnet(E().pic3D);
-  const std::string ganz = b.Lies(kDatei);
-  const std::string faelle[] = {"",
-                                "RIFF",
-                                std::string(1000, 'x'),
-                                ganz.substr(0, 20),
-                                ganz.substr(0, 44),
-                                ganz.substr(0, 1000)};
-  for (const std::string& bytes : faelle) {
-    SCOPED_TRACE(bytes.size());
-    b.Datei(kDatei, bytes);
-    const bool welle = bytes.size() >= 44 && bytes != std::string(1000, 'x');
-    Vergroessere([&](vantora::frmSpektrum& gross) {
-      EXPECT_EQ(gross.picSpektrum.Drawing().empty(), !welle);
-      EXPECT_TRUE(gross.Window.Enabled);
-      EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
-    });
-    b.Tu([this] { E().Spektrum3D(); });
-    EXPECT_TRUE(BibliothekIstFrei());
-    EXPECT_TRUE(welle || Gezeichnet(E().pic3D) == vorher);
-  }
-  b.prog.plattform.dateien.Kill(kDatei);
-  Vergroessere(
-      [&](vantora::frmSpektrum& gross) { EXPECT_TRUE(gross.picSpektrum.Drawing().empty()); });
-  EXPECT_TRUE(b.Gesagt().empty());
-}
-
 }  // namespace
 }  // namespace vantora

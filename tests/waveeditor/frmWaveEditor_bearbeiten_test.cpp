@@ -219,26 +219,6 @@ TEST_F(Bearbeiten, FileAndModelAgreeToTheSampleWhateverIsDone) {
   ZufaelligeSchritte(8, 30'000, 40, true);
 }
 
-TEST_F(Bearbeiten, BlockBoundariesAndSingleFramesAreFadedLikeAllOthers) {
-  for (const std::size_t laenge : {1U, 2U, 32'768U, 0x40000U, 0x40001U, 0x80000U}) {
-    SCOPED_TRACE(laenge);
-    Modell m;
-    m.Klang = test::Noise(2'400'000);
-    b.Datei(kDatei, test::Wave(m.Klang));
-    Oeffne();
-    m.Anfang = 3;
-    m.Ende = 3 + laenge;
-    for (PictureButton* knopf : {&E().imgFadeOut, &E().imgFadeIn}) {
-      const bool ein = knopf == &E().imgFadeIn;
-      Waehle(m.Anfang, m.Ende);
-      Druecke(*knopf);
-      m.Blenden([ein](double k, double s) { return ein ? k * s : 1 - k * s; });
-      EXPECT_TRUE(b.Lies(kDatei) == test::Wave(m.Klang));
-    }
-    b.prog.frmWaveEditor.Entladen();
-  }
-}
-
 TEST_F(Bearbeiten, NormalizeCoversTheFileAndIsUndoneWhole) {
   const std::string klang = test::Noise(400'001, 3);
   b.Datei(kDatei, test::Wave(klang, kAnhang));

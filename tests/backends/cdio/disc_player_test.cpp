@@ -214,17 +214,6 @@ TEST_F(Player, WithoutASoundCardPlayingIsRefusedAloud) {
   EXPECT_EQ(player.Mode(), kMciReady);
 }
 
-TEST_F(Player, TheStatusIsToldAtItsIntervalWhileTheDeviceIsOpen) {
-  int told = 0;
-  player.StatusUpdate = [&told] { ++told; };
-  player.UpdateInterval(3000);
-  loop.Pass(3100);
-  EXPECT_EQ(told, 0) << "not open";
-  player.Command(L"Open");
-  loop.Pass(9000);
-  EXPECT_EQ(told, 3);
-}
-
 TEST_F(Player, TheTableOfContentsIsAskedAsADeviceOfTheControlInterface) {
   EXPECT_EQ(mci.MCI_OPEN(L"D:\\"), -1) << "no disc";
   EXPECT_EQ(mci.MCI_OPEN(L"Q:\\"), -1);

@@ -74,40 +74,6 @@ TEST_F(Reader, EveryTrackComesOutOfAnImageSampleForSample) {
   EXPECT_EQ(Failures, 0);
 }
 
-TEST_F(Reader, WhatTheProgramsOwnWriterBurnsIsReadBackAsTheWavesThatItGot) {
-  for (const bool dao : {false, true}) {
-    SCOPED_TRACE(dao ? "disc at once" : "track at once");
-    ImageWriter writer(home.Files, loop, background);
-    std::vector<std::string> waves;
-    for (const std::size_t frames : {588U * 10, 588U * 20 + 1, 588U * 30}) {
-      waves.push_back(Noise(frames * 4, static_cast<std::uint32_t>(frames)));
-      const std::string name = std::to_string(waves.size()) + ".wav";
-      Put(home / name.c_str(), Wave(waves.back()));
-      ASSERT_EQ(writer.AddTrack(Text(L"C:\\") + Text(name.begin(), name.end()), 0), 0);
-    }
-    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
-    loop.Pass(60'000);
-    Eject();
-    fs::create_directories(Folder());
-    const fs::path sheet = home.Files.SystemPath(writer.LastImage());
-    fs::copy(sheet, Folder() / sheet.filename());
-    fs::path image = sheet;
-    image.replace_extension(".bin");
-    fs::copy(image, Folder() / image.filename());
-
-    std::string expected, read;
-    for (int track = 1; track <= 3; ++track) {
-      expected += waves[static_cast<std::size_t>(track) - 1];
-      if (!dao || track == 3) expected.resize((expected.size() + kSector - 1) / kSector * kSector);
-      // As on a disc in a drive, the gap in front of a track is the end of the one before.
-      if (!dao && track < 3) expected += std::string(150 * kSector, '\0');
-      read += Grab(track);
-      EXPECT_TRUE(expected.starts_with(read)) << track;
-    }
-    EXPECT_EQ(read.size(), expected.size());
-  }
-}
-
 TEST_F(Reader, ADataTrackIsToldFromAudioAndRefused) {
   Lay({0, 100}, 200, true);
   reader.SelectDevice(1);
@@ -203,19 +169,6 @@ TEST_F(Reader, AnImageThatWasCutOffFailsWhereItEndsAndGoesOnThereWhenItIsWhole) 
   EXPECT_EQ(Complete, 1);
 }
 
-TEST_F(Reader, AFailedReadThatIsGivenUpLeavesWhatCameBeforeTheFault) {
-  const std::string image = Lay({0, 500}, 900);
-  fs::resize_file(Folder() / "disco.bin", 300 * kSector + 100);
-  reader.SelectDevice(1);
-  reader.ReadTrack(1, kTarget);
-  loop.Pass(10'000);
-  reader.CloseDevice();
-  reader.RetryRead();
-  loop.Pass(10'000);
-  EXPECT_TRUE(SoundOfTarget() == Part(image, 0, 300));
-  EXPECT_EQ(Failures, 1);
-}
-
 TEST_F(Reader, AFullDiskIsAFailureThatCanBeTriedAgain) {
   const std::string image = Lay({0}, 1000);
   disk.Room = 500'000;
@@ -281,19 +234,6 @@ TEST_F(Reader, ATrackThatIsNotThereEndsTheReadAtOnceAndWithoutAWord) {
   EXPECT_EQ(Complete + Failures, 0);
   EXPECT_EQ(File("pista.wav").size(), 44 + sound.size());
   EXPECT_FALSE(fs::exists(home / "0.wav"));
-}
-
-TEST_F(Reader, ThePositionIsToldNoMoreThanTwentyTimesASecond) {
-  Lay({0}, 75 * 20);
-  ThreadBackground threads;
-  DiscReader real(disk, loop, threads, drives);
-  Listen(real);
-  real.Pace = 40;  // half a second
-  real.SelectDevice(1);
-  real.ReadTrack(1, kTarget);
-  EXPECT_TRUE(Until([this] { return Complete == 1; }));
-  EXPECT_GE(Positions.size(), 4U);
-  EXPECT_LE(Positions.size(), 13U);
 }
 
 TEST_F(Reader, DrivesAreDescribedAtTheirPlaces) {

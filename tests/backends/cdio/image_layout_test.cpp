@@ -238,31 +238,4 @@ TEST_F(Sheets, ASheetThatIsNotUnderstoodIsToldByItsLineAndTheFileThatIsMissing) 
   EXPECT_EQ(fault.Sheet, L"") << "an empty tray";
 }
 
-TEST_F(Sheets, WhatMakesNoSenseIsNoDisc) {
-  Bin("a.bin", 100);
-  const std::string file = "FILE \"a.bin\" BINARY\n", track = "TRACK 01 AUDIO\n";
-  std::string many = file;
-  for (int i = 0; i < 100; ++i) many += track + "INDEX 01 " + CueTime(i) + "\n";
-  for (const std::string& sheet : std::vector<std::string>{
-           "", "\xFF\xFE\0x", file, file + track, track + "INDEX 01 00:00:00\n",
-           file + track + "INDEX 01 00:00:-1\n", file + track + "INDEX 01 99999999999:00:00\n",
-           file + track + "INDEX 01 00:00:20\n" + track + "INDEX 01 00:00:20\n",
-           file + track + "INDEX 01 00:00:20\n" + track + "INDEX 01 00:00:10\n",
-           file + track + "INDEX 01 00:00:00\n" + track, many,
-           file + "TRACK 01 MODE9/1\nINDEX 01 00:00:00\n",
-           "FILE \"no.bin\" BINARY\n" + track + "INDEX 01 00:00:00\n",
-           "FILE \"a.bin\" WAVE\n" + track + "INDEX 01 00:00:00\n",
-           "FILE \"a.bin\" MP3\n" + track + "INDEX 01 00:00:00\n"}) {
-    EXPECT_FALSE(Laid("x.cue", sheet)) << sheet;
-  }
-  fs::remove(Folder() / "x.cue");
-  for (const std::string sheet :
-       {"CD_DA\nTRACK", "TRACK AUDIO\n", "TRACK AUDIO\nFILE", "TRACK AUDIO\nFILE \"a.bin\" x\n",
-        "TRACK AUDIO\nFILE \"a.bin\" 999999999999999999999\n", "CD_TEXT { {",
-        "TRACK AUDIO\nSILENCE 999999999 SILENCE 999999999\n"}) {
-    EXPECT_FALSE(Laid("x.toc", sheet)) << sheet;
-  }
-  EXPECT_TRUE(Laid("y.cue", file + track + "INDEX 01 00:00:00\n")) << "the next sheet is the disc";
-}
-
 }  // namespace vantora::test

@@ -206,35 +206,6 @@ TEST_F(Burner, AFullDiskIsAFailureAndLeavesNothing) {
   EXPECT_EQ(Read().Sectors, 511 + 150 + 511) << "and the next burn succeeds";
 }
 
-TEST_F(Burner, AMediumThatFailsOnTheWayIsToldAsItWasOrderedAndLeavesNothing) {
-  using Kind = WriterFaults::Kind;
-  AddFrames(600'000);
-  AddFrames(200'000);
-  const struct {
-    int At;
-    Kind As;
-    bool Dao, Simulation;
-    const char* Told;
-  } cases[] = {{50, Kind::Failure, true, false, "failure 803, complete 0"},
-               {99, Kind::Scsi, false, false, "scsi 803, complete 0"},
-               {40, Kind::Aspi, true, false, "aspi 803, complete 0"},
-               {0, Kind::Failure, false, true, "failure 803, complete 0"}};
-  for (const auto& each : cases) {
-    SCOPED_TRACE(each.At);
-    Log.clear();
-    writer.Faults.FailAtPercent = each.At;
-    writer.Faults.FailAs = each.As;
-    writer.TestMode(each.Simulation);
-    ASSERT_EQ(each.Dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
-    writer.Faults.FailAtPercent = -1;  // a write has taken over what it found
-    Play();
-    EXPECT_TRUE(Story().ends_with(each.Told)) << Story();
-    EXPECT_EQ(Story().find("lead-out"), std::string::npos);
-    EXPECT_EQ(Story().find("track 2") != std::string::npos, each.At > 75);
-    EXPECT_EQ(FilesLeft(), 0U);
-  }
-}
-
 TEST_F(Burner, AWaveThatChangesUnderItIsAFailureAndLeavesNothing) {
   const auto put = [this](const std::string& bytes) {
     return [this, bytes] { Put(home / "2.wav", bytes); };
@@ -329,21 +300,6 @@ TEST_F(Burner, AWriterThatGoesAwayWhileItBurnsLeavesNoFileAndNoEvent) {
   EXPECT_EQ(FilesLeft(), 0U);
 }
 
-TEST_F(Burner, APaceIsKeptInTheProgramsTime) {
-  AddFrames(882'000);  // 20 s
-  for (const double pace : {1.0, 8.0}) {
-    Log.clear();
-    writer.Faults.Pace = pace;
-    writer.WriteDAO();
-    const auto expected = static_cast<int>(20'000 / pace);
-    Play(expected - 200);
-    EXPECT_EQ(Story(), "lead-in, track 1, open");
-    EXPECT_NEAR(Percents.back(), 100 - 20'000.0 / expected, 3);
-    Play(400);
-    EXPECT_TRUE(Story().ends_with("complete 1")) << Story();
-  }
-}
-
 TEST_F(Burner, ADiscHolds99TracksAndOnlySoundOfACd) {
   const std::pair<const char*, std::string> refused[] = {
       {"text", "text"},
@@ -363,27 +319,6 @@ TEST_F(Burner, ADiscHolds99TracksAndOnlySoundOfACd) {
   Play();
   EXPECT_EQ(Read().Strange, std::vector<std::string>{});
   EXPECT_EQ(Read().Tracks.size(), 99U);
-}
-
-TEST_F(Burner, ADriveWithAFaultRefusesBeforeItWrites) {
-  AddFrames(1000);
-  writer.Faults.NotReady = 1;
-  EXPECT_FALSE(writer.CheckIfBurnerOK());
-  EXPECT_TRUE(writer.CheckIfBurnerOK());
-  Play(10);
-  EXPECT_EQ(Story(), "status 4, status 6, status 4, status 5");
-  writer.Faults.CanDao = false;
-  EXPECT_EQ(writer.WriteDAO(), -1);
-  writer.Faults.WriteTao = 7;
-  EXPECT_EQ(writer.WriteTAO(), 7);
-  writer.Faults = {};
-  writer.Faults.NoDevice = true;
-  EXPECT_EQ(writer.BurnerCount(), 1) << "a drive is missed when it is looked for";
-  writer.Init_Prog();
-  EXPECT_EQ(writer.BurnerCount(), 0);
-  EXPECT_FALSE(writer.CheckIfBurnerOK());
-  EXPECT_NE(writer.WriteTAO(), 0);
-  EXPECT_EQ(FilesLeft(), 0U);
 }
 
 TEST_F(Burner, NoDiscIsEverWrittenOverAnother) {
@@ -428,20 +363,6 @@ TEST_F(Burner, BesideTheInterfaceThreadItBurnsTheSameDiscAndTellsItThere) {
   EXPECT_FALSE(Elsewhere);
   EXPECT_EQ(Story(), "lead-in, track 1, open, close, lead-out, fixating, complete 1");
   ExpectSound(Read().Tracks.at(0), wave);
-}
-
-TEST_F(Burner, OtherProgramsReadTheSheet) {
-  ASSERT_EQ(std::system("cueprint --version >/dev/null 2>&1"), 0) << "cuetools are not installed";
-  for (const std::size_t frames : {100'000U, 44100U, 50'000U}) AddFrames(frames);
-  writer.CdText(0, L"Disco", L"Grupo");
-  writer.CdText(2, L"Segunda", L"Voz");
-  writer.WriteDAO();
-  Play();
-  const std::string command = "cd '" + Discs().string() +
-                              "' && cueprint -d '%T by %P, %N' -t '|%n %t %p' "
-                              "'Disco 001.cue' >out && cuebreakpoints 'Disco 001.cue' >>out";
-  ASSERT_EQ(std::system(command.c_str()), 0);
-  EXPECT_EQ(Get(Discs() / "out"), "Disco by Grupo, 3|1  |2 Segunda Voz|3  0:02.20\n0:03.20\n");
 }
 
 }  // namespace vantora::test

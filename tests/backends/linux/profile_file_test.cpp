@@ -5,7 +5,6 @@
 #include "tests/backends/linux/home.h"
 
 #include <map>
-#include <random>
 #include <sys/stat.h>
 
 namespace vantora::test {
@@ -73,32 +72,6 @@ TEST(ProfileFiles, LimitsCutValuesAndTheListOfSections) {
   for (const auto& [limit, count] :
        std::map<std::size_t, std::size_t>{{3, 0}, {4, 1}, {6, 1}, {7, 2}, {9, 3}}) {
     EXPECT_EQ(home.Profile.GetPrivateProfileSectionNames(kFile, limit).size(), count) << limit;
-  }
-}
-
-TEST(ProfileFiles, WritesAndDeletionsAgreeWithAMap) {
-  Profiles home;
-  std::map<Text, std::map<Text, Text>> model;
-  std::mt19937 random(9);
-  for (int i = 0; i < 300; ++i) {
-    const Text section = L"S" + std::to_wstring(random() % 6);
-    const Text key = std::to_wstring(random() % 5), value = L"v" + std::to_wstring(random());
-    if (random() % 8 == 0) {
-      home.Profile.DeletePrivateProfileSection(section, kFile);
-      model.erase(section);
-    } else {
-      home.Write(section, key, value);
-      model[section][key] = value;
-    }
-    const bool there = model.contains(section) && model[section].contains(key);
-    EXPECT_EQ(home.Read(section, key), there ? model[section][key] : L"(none)");
-  }
-  ProfileFiles again(home.Table);
-  EXPECT_EQ(again.GetPrivateProfileSectionNames(kFile, 5000).size(), model.size());
-  for (const auto& [section, values] : model) {
-    for (const auto& [key, value] : values) {
-      EXPECT_EQ(again.GetPrivateProfileString(section, key, L"", 100, kFile), value);
-    }
   }
 }
 

@@ -5,8 +5,6 @@
 #include "tests/backends/linux/home.h"
 
 #include <csignal>
-#include <map>
-#include <random>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -60,32 +58,6 @@ TEST(SettingsFile, LinesThatItDoesNotKnowStayWhereTheyAre) {
   EXPECT_EQ(Get(store.File),
             "loose = before\n# mine\n[Quillmark\\VTR]\nundo = 2 \r\n\xFF\xFE garbage\n"
             "L\xC3\xA4ngeCD=80\nUndo=0\nNew=n\n\n[other]\nx=1\n\n[Quillmark\\Presets]\nK=v\n");
-}
-
-TEST(SettingsFile, ManySavesAgreeWithAMap) {
-  const Store store;
-  SettingsFile settings(store.File);
-  std::map<std::pair<Text, Text>, Text> model;
-  std::mt19937 random(5);
-  for (int i = 0; i < 150; ++i) {
-    const Text section = L"s" + std::to_wstring(random() % 4);
-    const Text key = L"k" + std::to_wstring(random() % 20), value = std::to_wstring(random() % 3);
-    if (random() % 4 == 0) {
-      settings.DeleteSetting(L"Quillmark", section, key);
-      model.erase({section, key});
-    } else {
-      settings.SaveSetting(L"Quillmark", section, key, value);
-      model[{section, key}] = value;
-    }
-  }
-  for (int key = 0; key < 20; ++key) {
-    const Text name = L"k" + std::to_wstring(key);
-    const auto place = model.find({L"s1", name});
-    const Text saved = place == model.end() ? L"-" : place->second;
-    EXPECT_EQ(settings.GetSetting(L"Quillmark", L"s1", name, L"-"), saved);
-    EXPECT_EQ(SettingsFile(store.File).GetSetting(L"Quillmark", L"s1", name, L"-"), saved);
-  }
-  for (const auto& [name, value] : model) EXPECT_EQ(store.Read(name.second, name.first), value);
 }
 
 TEST(SettingsFile, WhatCannotBeReadIsNotOverwritten) {

@@ -200,24 +200,6 @@ TEST_F(Mp3, ACutFileGivesTheSoundThatIsThereAndItsLengthIsKnownBefore) {
   }
 }
 
-TEST_F(Mp3, BehindDamageInTheMiddleTheSoundGoesOn) {
-  std::string song = Song(4);
-  const auto whole = Decoded(song);
-  std::string noise = Noise(3000, 11);
-  std::replace(noise.begin(), noise.end(), '\xFF', '\xFE');
-  song.replace(song.size() / 2 - 1000, noise.size(), noise);
-  const auto out = Decoded(song);
-  EXPECT_EQ(static_cast<std::int64_t>(out.size() / 2), Promised());
-  EXPECT_EQ(Events.find('F'), std::string::npos);
-  ASSERT_GT(out.size(), whole.size() * 9 / 10);
-  EXPECT_TRUE(std::equal(out.begin(), out.begin() + 88200, whole.begin()));
-  // Behind the last second there may be what the encoder filled its last two frames with.
-  constexpr std::ptrdiff_t kFilling = 4L * 1152;
-  const auto last =
-      std::search(out.end() - 88200 - kFilling, out.end(), whole.end() - 88200, whole.end());
-  EXPECT_NE(last, out.end());
-}
-
 TEST_F(Mp3, WhatIsNoMusicIsNeverHeardAndMakesTheSongNoLonger) {
   constexpr double kFrame = 1152;
   for (const char* options : {"-b 128", "-V 2", "-b 320 -t", "-b 96 -m m"}) {

@@ -33,13 +33,6 @@ class InTheBottle : public Tray {
 
 }  // namespace
 
-TEST_F(InTheBottle, TheMachineListsTheDriveUnderItsNames) {
-  const std::vector<OpticalDrive> found = OpticalDrives("/sys");
-  ASSERT_EQ(found.size(), 1U);
-  EXPECT_EQ(found[0].Device, "/dev/sr0");
-  EXPECT_EQ(found[0].Product, L"CD-RW 48X16X48");
-}
-
 TEST_F(InTheBottle, ADiscLaidInByHandIsReadWithItsDataTrack) {
   const std::string image = Sound(900);
   Put(bottle.Folder() / "disc/image.bin", image);

@@ -187,29 +187,6 @@ TEST_F(DriveBurn, AHoldOfAMomentIsSatOut) {
   system.join();
 }
 
-TEST_F(DriveBurn, OnlyABlankDiscWillDoAndTheDriveIsFreeAfterEachLook) {
-  Find();
-  const std::pair<const char*, bool> discs[] = {
-      {"", true}, {"disc none\n", false}, {"disc comprado sold\n", false}, {"disc b rw\n", true}};
-  for (const auto& [script, blank] : discs) {
-    bottle.Say(script);
-    loop.DoEvents();  // what was seen before no longer counts
-    EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
-    EXPECT_TRUE(DriveIsFree());
-    const int commands = bottle.Told("");
-    EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
-    EXPECT_EQ(bottle.Told(""), commands) << "the second look came at once";
-  }
-  loop.DoEvents();
-  EXPECT_EQ(std::count(Log.begin(), Log.end(), "status 2"), 1) << "a disc after none: " << Story();
-  bottle.Say("disc comprado sold\n");
-  Add(320);
-  loop.DoEvents();
-  Log.clear();
-  ASSERT_EQ(writer.WriteTAO(), 0);
-  EXPECT_EQ(Until("complete"), "failure 811, complete 0");
-}
-
 TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {
   Find();
   writer.Speed(8);
@@ -266,19 +243,6 @@ TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
   EXPECT_TRUE(performers.starts_with("\0Las olas\0\0"s)) << performers;
 }
 
-TEST_F(DriveBurn, ASimulationWritesToTheDriveAndLeavesTheDiscBlank) {
-  Find();
-  Add(400);
-  writer.CdText(0, L"Verano", L"Las olas");
-  writer.TestMode(true);
-  writer.Fixate(false);
-  ASSERT_EQ(writer.WriteTAO(), 0);
-  EXPECT_EQ(Until("complete"), "lead-in, track 1, open, close, lead-out, complete 1");
-  EXPECT_GT(bottle.Told("WRITE(10):"), 20);
-  EXPECT_EQ(bottle.Image(), "");
-  EXPECT_TRUE(writer.CheckIfBurnerOK());
-}
-
 TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
   for (const bool dao : {false, true}) {
     SCOPED_TRACE(dao);
@@ -308,33 +272,6 @@ TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
     EXPECT_EQ(Story().find_first_not_of("status 456,"), std::string::npos)
         << "of the write that was stopped: " << Story();
   }
-}
-
-TEST_F(DriveBurn, WhatTheDriveComplainsOfIsToldWithItsReason) {
-  Find();
-  Add(600);
-  for (const bool dao : {false, true}) {
-    SCOPED_TRACE(dao);
-    Log.clear();
-    bottle.Say(std::string("write-error 450\ndisc ") + (dao ? "dao\n" : "tao\n"));
-    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
-    const std::string story = Until("complete");
-    EXPECT_TRUE(story.ends_with("open, scsi 199680, complete 0")) << story;  // 03 0C 00
-    EXPECT_EQ(Words, L"Error de medio (3 0C 00)");
-    EXPECT_TRUE(DriveIsFree());
-  }
-  bottle.Say("pace 1500\ndisc largo\n");
-  writer.ResetBurner();
-  Add(8000);
-  Log.clear();
-  ASSERT_EQ(writer.WriteTAO(), 0);
-  Until("open");
-  bottle.Say("disconnected\n");
-  const std::string story = Until("complete");
-  EXPECT_TRUE(story.ends_with("open, aspi, complete 0")) << story;
-  bottle.Say("disc otro\n");
-  Find();
-  EXPECT_TRUE(writer.CheckIfBurnerOK()) << "plugged in again";
 }
 
 TEST_F(DriveBurn, AMethodThatTheDriveRefusesLateIsRefusedAllTheSame) {

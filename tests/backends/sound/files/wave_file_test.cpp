@@ -146,23 +146,6 @@ TEST(WaveFile, OpeningALongFileReadsItsHeaderAlone) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
-TEST(WaveFile, AFileThatIsGoneOrAnotherIsNotMadeAnew) {
-  Studio studio;
-  Put(studio.File, Wave("abcd"));
-  const auto wave = studio.Opened();
-  Put(studio.File, Wave("abcdefgh"));
-  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 57);
-  wave->Open(kWave);
-  fs::remove(studio.File);
-  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 53);
-  EXPECT_FALSE(fs::exists(studio.File));
-  wave->Close();
-  wave->Close();
-  EXPECT_EQ(ErrorOf([&] { wave->Save(); }), 52);
-  EXPECT_EQ(ErrorOf([&] { wave->SetPosition(-1); }), 5);
-  EXPECT_EQ(ErrorOf([&] { wave->Open(kWave); }), 53);
-}
-
 TEST(WaveFile, MoreThanASizeFieldHoldsIsRefused) {
   Studio studio;
   Put(studio.File, Wave("abcd"));

@@ -214,26 +214,4 @@ TEST(WaveObject, TwoGibibytesLessOneAreTheMostThatBytesCanTell) {
   EXPECT_EQ(wave.DataSize(), (0x80000100LL - 44) / 4);
 }
 
-TEST(WaveComponent, BehindATriggerItsFileIsMadeAnew) {
-  Home home;
-  Put(home / "a.wav", Wave(Noise(30'002), Chunk("LIST", "x")));
-  Put(home / "tmp/b.wav", Noise(500));
-  WaveComponent source(home.Files);
-  source.Wave.SetFileName(kWave);
-  source.Wave.Open();
-  source.Wave.PlayStart = 10;
-  source.Wave.PlayEnd = source.Wave.DataSize();
-  for (const Text& file : {Text(L"C:\\tmp\\b.wav"), Text(L"C:\\new\\folder\\b.wav")}) {
-    WaveComponent target(home.Files);
-    target.Wave.FileMustExist = false;
-    target.Wave.SetFileName(file);
-    target.Receive();
-    source.Rewind();
-    MMData data;
-    for (source.Pull(data); data.Bytes > 0; source.Pull(data)) target.Push(data);
-    target.Wave.Close();
-    EXPECT_TRUE(Get(home.Files.SystemPath(file)) == Wave(Noise(30'000).substr(40)));
-  }
-}
-
 }  // namespace vantora::test

@@ -81,24 +81,6 @@ Sound Drums(std::size_t length) {
   return sound;
 }
 
-Sound Voice(std::size_t length) {  // pulses through three formants
-  Sound sound = Noise(length, 1e-4, 5);
-  double phase = 0;
-  for (std::size_t i = 0; i < length; ++i) {
-    phase += 120 * (1 + 0.1 * std::sin(static_cast<double>(i) / 15000)) / kRate;
-    if (phase >= 1) sound[i] += 1;
-    phase -= std::floor(phase);
-  }
-  for (const auto& [pitch, width] : {std::pair{600, 80}, {1200, 100}, {2500, 140}}) {
-    const double r = std::exp(-std::numbers::pi * width / kRate);
-    const double c = 2 * r * std::cos(2 * std::numbers::pi * pitch / kRate);
-    for (std::size_t i = 2; i < length; ++i) sound[i] += c * sound[i - 1] - r * r * sound[i - 2];
-  }
-  const double scale = 4000 / std::sqrt(Power(sound, 0, length));
-  for (double& sample : sound) sample *= scale;
-  return sound;
-}
-
 std::int16_t Sample(double value) {
   return static_cast<std::int16_t>(std::lround(std::clamp(value, -32767.0, 32767.0)));
 }
@@ -251,10 +233,9 @@ TEST(Restoration, NineOfTenDamagesSixDecibelsOverTheMusicAreGoneAndTheMusicBesid
   }
 }
 
-TEST(Restoration, CleanMusicDrumsAndVoicesAreNotTakenForDamage) {
+TEST(Restoration, CleanMusicAndDrumsAreNotTakenForDamage) {
   const Sound chords = Chords(6 * kRate, 0.8, 1.5), drums = Drums(chords.size());
-  for (const Sound& clean :
-       {chords, chords + Noise(chords.size(), 1000, 8), drums, Voice(chords.size())}) {
+  for (const Sound& clean : {chords, chords + Noise(chords.size(), 1000, 8), drums}) {
     for (const Filter filter : {kDeclick, kDecrackle}) {
       const Sound out = Through(filter, clean);
       std::size_t touched = 0;
