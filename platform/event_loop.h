@@ -1,7 +1,7 @@
 // The window system: shows forms, waits, and runs handlers, all on the one interface thread.
 //
 // A handler that fails does not bring the program down: the loop catches what leaves a handler,
-// tells it to `OnError` and goes on. `ProgrammEnde` is the exception: after it every wait of the
+// reports it to `OnError` and goes on. `ProgrammEnde` is the exception: after it every wait of the
 // loop (`Run`, `ShowModal`, `DoEvents`, `Sleep`) throws `ProgrammEnde` again, so that all
 // procedures that wait are left, and `Run` returns to the entry by throwing it.
 #pragma once
@@ -9,7 +9,7 @@
 #include "platform/form.h"
 #include "platform/laufzeitfehler.h"
 
-#include <exception>
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -61,7 +61,7 @@ class EventLoop {
 
   // The plain box of the desktop, for messages that can come before the windows stand. `flags` as
   // for the program's own box; 2 in its lowest digit asks abort (3), retry (4), ignore (5).
-  int SystemBox(const Text& text, int flags, const Text& title);  // platform/system_box.h
+  int SystemBox(const Text& text, int flags, const Text& title);
 
   std::function<void(const Laufzeitfehler&)> OnError;  // what a handler threw
   User* TheUser = nullptr;
@@ -69,63 +69,26 @@ class EventLoop {
   const std::vector<Form*>& Forms() const { return forms_; }  // all that are loaded
 
   // Runs a handler of a window as the loop runs all of them (see above).
-  void Dispatch(const std::function<void()>& handler) {
-    try {
-      handler();
-    } catch (const ProgrammEnde&) {
-      ended_ = true;
-    } catch (const Laufzeitfehler& fehler) {
-      TellError(fehler);
-    } catch (const std::exception& error) {
-      const std::string what = error.what();
-      TellError(Laufzeitfehler(kFehlerUngueltigerAufruf, Text(what.begin(), what.end())));
-    }
-  }
+  void Dispatch(const std::function<void()>& handler);
   bool Ended() const { return ended_; }
 
  protected:
   friend class Form;
-  virtual void Attach(Form& form) { forms_.push_back(&form); }
-  virtual void Detach(Form& form) { std::erase(forms_, &form); }
-  static void SetVisible(Form& form, bool visible) { form.visible_ = visible; }
-  void LeaveIfEnded() const {
-    if (ended_) throw ProgrammEnde{};
-  }
+  virtual void Attach(Form& form);  // it is loaded
+  virtual void Detach(Form& form);  // it goes
+  static void SetVisible(Form& form, bool visible);
+  void LeaveIfEnded() const;  // throws ProgrammEnde after the end
 
   bool ended_ = false;
 
  private:
-  void TellError(const Laufzeitfehler& fehler) {
-    if (!OnError) return;
-    try {
-      OnError(fehler);
-    } catch (const ProgrammEnde&) {
-      ended_ = true;
-    }
-  }
+  void ReportError(const Laufzeitfehler& fehler);
 
   std::vector<Form*> forms_;
 };
 
-inline Form::Form(EventLoop& loop, Text name)
-    : Name(std::move(name)), Window(*this, L"Window"), loop_(loop) {
-  Controls.clear();  // the frame is no control of the window
-  loop_.Attach(*this);
-}
-
-inline Form::~Form() {
-  loop_.Detach(*this);
-}
-
-// Passes the press and the release of a button on as a user's hand would, picture and all.
-inline void Press(PictureButton& button, int mouseButton = kLeftButton) {
-  if (!button.PicturePressed.empty()) button.Picture = button.PicturePressed;
-  if (button.MouseDown) button.MouseDown(mouseButton);
-}
-
-inline void Release(PictureButton& button, int mouseButton = kLeftButton) {
-  if (!button.PictureReleased.empty()) button.Picture = button.PictureReleased;
-  if (button.MouseUp) button.MouseUp(mouseButton);
-}
+// Pass the press and the release of a button on as a user's hand would, picture and all.
+void Press(PictureButton& button, int mouseButton = kLeftButton);
+void Release(PictureButton& button, int mouseButton = kLeftButton);
 
 }  // namespace vantora
