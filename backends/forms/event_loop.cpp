@@ -71,14 +71,15 @@ Menu* Form::FindMenu(const Text& name) {
 
 // ---- buttons ----
 
+// Handlers are copied before they run: one that destroys its own form must not destroy itself.
 void Press(PictureButton& button, int mouseButton) {
   if (!button.PicturePressed.empty()) button.Picture = button.PicturePressed;
-  if (button.MouseDown) button.MouseDown(mouseButton);
+  if (const auto down = button.MouseDown) down(mouseButton);
 }
 
 void Release(PictureButton& button, int mouseButton) {
   if (!button.PictureReleased.empty()) button.Picture = button.PictureReleased;
-  if (button.MouseUp) button.MouseUp(mouseButton);
+  if (const auto up = button.MouseUp) up(mouseButton);
 }
 
 }  // namespace vantora

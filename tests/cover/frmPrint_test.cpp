@@ -6,6 +6,7 @@
 #include "tests/support/buehne.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <string>
 #include <vector>
