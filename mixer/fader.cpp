@@ -57,7 +57,7 @@ void TextSetzen(Fader& f, const Text& wert) {
 }
 template <auto Mitglied>
 Text FlagLesen(const Fader& f) {
-  return detail::FlagText(f.*Mitglied);
+  return f.*Mitglied ? L"True" : L"False";
 }
 template <auto Mitglied>
 void FlagSetzen(Fader& f, const Text& wert) {

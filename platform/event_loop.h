@@ -10,7 +10,7 @@
 #include "platform/form.h"
 #include "platform/laufzeitfehler.h"
 
-#include <exception>
+#include <cstdint>
 #include <functional>
 #include <vector>
 
@@ -72,63 +72,26 @@ class EventLoop {
   const std::vector<Form*>& Forms() const { return forms_; }  // all loaded forms
 
   // Runs a handler of a window by the rules above.
-  void Dispatch(const std::function<void()>& handler) {
-    try {
-      handler();
-    } catch (const ProgrammEnde&) {
-      ended_ = true;
-    } catch (const Laufzeitfehler& fehler) {
-      TellError(fehler);
-    } catch (const std::exception& error) {
-      const std::string what = error.what();
-      TellError(Laufzeitfehler(kFehlerUngueltigerAufruf, Text(what.begin(), what.end())));
-    }
-  }
+  void Dispatch(const std::function<void()>& handler);
   bool Ended() const { return ended_; }
 
  protected:
   friend class Form;
-  virtual void Attach(Form& form) { forms_.push_back(&form); }
-  virtual void Detach(Form& form) { std::erase(forms_, &form); }
-  static void SetVisible(Form& form, bool visible) { form.visible_ = visible; }
-  void LeaveIfEnded() const {
-    if (ended_) throw ProgrammEnde{};
-  }
+  virtual void Attach(Form& form);  // it is loaded
+  virtual void Detach(Form& form);  // it goes
+  static void SetVisible(Form& form, bool visible);
+  void LeaveIfEnded() const;  // throws ProgrammEnde after the end
 
   bool ended_ = false;
 
  private:
-  void TellError(const Laufzeitfehler& fehler) {
-    if (!OnError) return;
-    try {
-      OnError(fehler);
-    } catch (const ProgrammEnde&) {
-      ended_ = true;
-    }
-  }
+  void ReportError(const Laufzeitfehler& fehler);
 
   std::vector<Form*> forms_;
 };
 
-inline Form::Form(EventLoop& loop, Text name)
-    : Name(std::move(name)), Window(*this, L"Window"), loop_(loop) {
-  Controls.clear();  // the constructor of `Window` has added it, but it is no control of the form
-  loop_.Attach(*this);
-}
-
-inline Form::~Form() {
-  loop_.Detach(*this);
-}
-
 // Presses and releases a button as a user does, including its pictures.
-inline void Press(PictureButton& button, int mouseButton = kLeftButton) {
-  if (!button.PicturePressed.empty()) button.Picture = button.PicturePressed;
-  if (button.MouseDown) button.MouseDown(mouseButton);
-}
-
-inline void Release(PictureButton& button, int mouseButton = kLeftButton) {
-  if (!button.PictureReleased.empty()) button.Picture = button.PictureReleased;
-  if (button.MouseUp) button.MouseUp(mouseButton);
-}
+void Press(PictureButton& button, int mouseButton = kLeftButton);
+void Release(PictureButton& button, int mouseButton = kLeftButton);
 
 }  // namespace vantora

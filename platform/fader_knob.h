@@ -3,11 +3,7 @@
 // for presses that move nothing.
 #pragma once
 
-#include "platform/controls.h"
-
-#include <algorithm>
-#include <cmath>
-#include <cstdlib>
+#include "platform/controls/slider.h"
 
 namespace vantora {
 
@@ -15,10 +11,7 @@ class FaderKnob final : public Slider {
  public:
   static constexpr int kKnobHeight = 330;  // twips
 
-  explicit FaderKnob(Form& form, Text name, int index = -1) : Slider(form, std::move(name), index) {
-    Vertical = true;
-    Upwards = true;
-  }
+  explicit FaderKnob(Form& form, Text name, int index = -1);
 };
 
 // Converts between values and positions of the knob, in pixels from the top of the track. Positions
@@ -27,23 +20,14 @@ class FaderKnob final : public Slider {
 struct KnobTravel {
   int Track, Knob, Max, Min = 0;
 
-  int TopOf(int value) const {
-    if (Max <= Min) return Span();
-    const double share = static_cast<double>(Max - value) / (Max - Min);
-    return std::clamp(static_cast<int>(std::lrint(share * Span())), 0, Span());
-  }
-  int ValueAt(int top) const {
-    if (Span() == 0) return Max;
-    const double there = std::clamp(top, 0, Span());
-    return static_cast<int>(std::lrint(Max - std::abs(there * (Max - Min) / Span())));
-  }
-  // GripOf returns the distance from the knob's upper edge to the mouse at a press. A press on the
-  // knob does not move it.
-  bool On(int value, int y) const { return y >= TopOf(value) && y < TopOf(value) + Knob; }
-  int GripOf(int value, int y) const { return On(value, y) ? y - TopOf(value) : Knob / 2; }
+  int TopOf(int value) const;
+  int ValueAt(int top) const;
+  bool On(int value, int y) const;  // a press on the knob does not move it
+  // How far below the knob's upper edge a press grips it; beside the knob, at its middle.
+  int GripOf(int value, int y) const;
 
  private:
-  int Span() const { return std::max(Track - Knob, 0); }
+  int Span() const;
 };
 
 }  // namespace vantora

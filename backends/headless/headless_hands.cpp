@@ -2,37 +2,20 @@
 
 #include "backends/headless/headless_hands.h"
 
-#include "backends/headless/refusal.h"
+#include "backends/forms/focus.h"
+#include "backends/forms/reach.h"
 
 #include "platform/fader_knob.h"
 #include "platform/slider_scale.h"
 #include "platform/twips.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace vantora {
 
 namespace {
 
-// The part of a control that lies between the edges of all that it lies in; twips from its corner.
-struct Area {
-  int Left, Top, Right, Bottom;
-
-  bool Has(int x, int y) const { return x >= Left && x < Right && y >= Top && y < Bottom; }
-};
-
-Area SeenOf(const Control& control) {
-  Area seen{0, 0, control.Width, control.Height};
-  int x = 0, y = 0;
-  for (const Control* inner = &control; inner->Container != nullptr; inner = inner->Container) {
-    const Control& outer = *inner->Container;
-    x += inner->Left;
-    y += inner->Top;
-    seen = {std::max(seen.Left, -x), std::max(seen.Top, -y), std::min(seen.Right, outer.Width - x),
-            std::min(seen.Bottom, outer.Height - y)};
-  }
-  return seen;
-}
 
 int OnPixel(int twips) {
   return twips - twips % kTwipsPerPixel;
@@ -58,94 +41,155 @@ std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
   return values;
 }
 
-void CheckRows(const Control& control, const std::vector<int>& rows, int count) {
-  for (const int row : rows) {
-    if (row >= 1 && row <= count) continue;
-    Refuse(NameOf(control) + " has no row " + std::to_string(row) + ", it has " +
-           std::to_string(count));
-  }
-}
-
 }  // namespace
 
 // ---- what can be reached ----
 
 void HeadlessHands::Reach(Form& form, bool evenDisabled) {
-  const std::string name = Narrow(form.Name);
-  if (!form.Visible()) Refuse(name + " is not shown");
-  if (!loop_.Reachable(form)) {
-    const Form* front = loop_.Front();
-    Refuse(name + " cannot be reached behind " + (front ? Narrow(front->Name) : "another window"));
-  }
-  if (!form.Window.Enabled && !evenDisabled) Refuse(name + " is disabled");
-  loop_.BringForward(form);
+  vantora::Reach(loop_, form, evenDisabled);
+  loop_.Touch(form);
 }
 
 void HeadlessHands::Reach(Control& control) {
-  if (!loop_.Alive(control)) Refuse("the control is gone");
-  Reach(control.Owner());
-  if (control.Kind() == ControlKind::Timer) Refuse(NameOf(control) + " cannot be seen");
-  if (!control.InSight()) Refuse(NameOf(control) + " is hidden");
-  if (!control.InUse()) Refuse(NameOf(control) + " is disabled");
-  const Area seen = SeenOf(control);
-  if (control.Container != nullptr && !seen.Has(seen.Left, seen.Top)) {
-    Refuse(NameOf(control) + " lies out of sight");
-  }
+  vantora::Reach(loop_, control);
+  loop_.Touch(control.Owner());
   if (loop_.OpenMenu(control.Owner()) != nullptr) loop_.CloseMenu();  // a click beside it
 }
 
-// A handler may have closed the window, or covered or disabled the control.
-bool HeadlessHands::Still(const Control& control) const {
-  return loop_.Alive(control) && loop_.Reachable(control.Owner()) && control.InSight() &&
-         control.InUse() && !loop_.Ended();
-}
-
+// A copy runs: a handler that destroys its own form must not destroy itself.
 void HeadlessHands::Call(Control& control, const std::function<void()>& handler) {
-  // A copy runs: a handler that destroys its own form must not destroy itself.
-  if (handler && Still(control)) loop_.Deliver(std::function<void()>(handler));
+  if (handler && loop_.TakesInput(control)) loop_.Deliver(std::function<void()>(handler));
 }
 
-// ---- the mouse ----
+void HeadlessHands::CallMouse(Control& control, std::function<void(int)> Control::*handler,
+                              int button) {
+  if (!loop_.Alive(control)) return;
+  if (const auto called = control.*handler) loop_.Deliver([&] { called(button); });
+}
+
+// ---- pressing ----
 
 void HeadlessHands::Press(Control& control) {
   Reach(control);
   PointAtMiddle(control);
-  MouseButton(control, kLeftButton);
+  Click(control, kLeftButton);
+}
+
+void HeadlessHands::ShiftPress(Control& control) {
+  Reach(control);
+  PointAtMiddle(control);
+  shift_ = true;
+  Click(control, kLeftButton);
+  shift_ = false;
 }
 
 void HeadlessHands::RightClick(Control& control) {
   Reach(control);
   PointAtMiddle(control);
-  MouseButton(control, kRightButton);
+  Click(control, kRightButton);
 }
 
 void HeadlessHands::DoubleClick(Control& control) {
   Press(control);
-  SecondPress(control);
+  Twice(control);
 }
 
 void HeadlessHands::PressAt(Control& control, int at) {
   if (control.Kind() == ControlKind::Slider) return Drag(control, at, at);
   Reach(control);
   Point(control, at);
-  MouseButton(control, kLeftButton);
+  Click(control, kLeftButton);
 }
 
 void HeadlessHands::DoubleClickAt(Control& control, int at) {
   PressAt(control, at);
-  SecondPress(control);
+  Twice(control);
 }
 
-// A double click stands in the place of the second press, and has a release as every press has.
-void HeadlessHands::SecondPress(Control& control) {
-  if (!Still(control)) return;
-  Call(control, control.DblClick);
-  const bool drawn =
-      control.Kind() == ControlKind::PictureBox || control.Kind() == ControlKind::PictureButton;
-  if (drawn && control.DblClick && Still(control)) Up(control, kLeftButton);
+// A double click stands in the place of the second press, and has a release as every press has. A
+// button that knows none is pressed a second time.
+void HeadlessHands::Twice(Control& control) {
+  if (!loop_.TakesInput(control)) return;
+  if (control.Kind() == ControlKind::PictureButton && !control.DblClick) {
+    return Click(control, kLeftButton);
+  }
+  if (control.DblClick) Call(control, control.DblClick);
+  Up(control, kLeftButton, true);
 }
+
+// The program may turn in the handler of the press until the button is let go, so the release is on
+// its way before.
+void HeadlessHands::Click(Control& control, int button) {
+  if (button == kLeftButton && control.MouseDown) return KeepDown(control, 0);
+  Down(control, button);
+  Up(control, button, true);
+}
+
+void HeadlessHands::Hold(Control& control, int ms) {
+  Reach(control);
+  PointAtMiddle(control);
+  KeepDown(control, ms);
+}
+
+void HeadlessHands::KeepDown(Control& control, int ms) {
+  ++held_;
+  const int others = held_ - 1;
+  loop_.PostAfter(ms, [this, &control] {
+    --held_;
+    Up(control, kLeftButton, true);
+  });
+  Down(control, kLeftButton);
+  while (held_ > others && !loop_.Ended()) loop_.Pass(ms == 0 ? 0 : 1);
+}
+
+void HeadlessHands::Down(Control& control, int button) {
+  control.ShiftHeld = shift_;
+  control.ControlHeld = false;
+  if (TakesFocusByClick(control)) loop_.SetFocus(control);
+  if (!loop_.TakesInput(control)) return;
+  if (auto* picture = dynamic_cast<PictureButton*>(&control)) {
+    Call(control, [picture, button] { vantora::Press(*picture, button); });
+  } else {
+    CallMouse(control, &Control::MouseDown, button);
+  }
+  if (button == kLeftButton && row_ > 0 && loop_.TakesInput(control))
+    SelectRow(control, row_, false);
+}
+
+// The release belongs to the press, whatever has become of the control meanwhile. Check boxes and
+// option buttons change and click before it is reported, all others click after it.
+void HeadlessHands::Up(Control& control, int button, bool inside) {
+  if (!loop_.Alive(control)) return;
+  const ControlKind kind = control.Kind();
+  const bool changes = kind == ControlKind::CheckBox || kind == ControlKind::OptionButton;
+  const bool clicks = button == kLeftButton && inside;
+  if (clicks && changes) Own(control);
+  if (auto* view = dynamic_cast<ListView*>(&control); view != nullptr && clicks && row_ > 0) {
+    if (const auto click = view->ItemClick) Call(control, [click, row = row_] { click(row); });
+  }
+  if (!loop_.Alive(control)) return;
+  if (kind == ControlKind::PictureButton) {
+    loop_.Deliver([&] { vantora::Release(static_cast<PictureButton&>(control), button); });
+  } else {
+    CallMouse(control, &Control::MouseUp, button);
+  }
+  const bool besideLines = kind == ControlKind::ListBox && row_ == 0;
+  if (!clicks || changes || besideLines || kind == ControlKind::ComboBox) return;
+  if (loop_.TakesInput(control)) Call(control, control.Click);
+}
+
+// What check boxes and option buttons do by themselves.
+void HeadlessHands::Own(Control& control) {
+  if (!loop_.TakesInput(control)) return;
+  if (auto* check = dynamic_cast<CheckBox*>(&control)) check->Value = check->Value() == 0 ? 1 : 0;
+  if (auto* option = dynamic_cast<OptionButton*>(&control)) option->SetValue(true);
+  Call(control, control.Click);
+}
+
+// ---- places ----
 
 void HeadlessHands::Point(Control& control, int at) {
+  row_ = PresentRow(control);
   auto* box = dynamic_cast<PictureBox*>(&control);
   if (box == nullptr) return;
   const int x = OnPixel(std::min(box->Width * at / 1000, box->Width - 1));
@@ -159,9 +203,10 @@ void HeadlessHands::Point(Control& control, int at) {
 
 // At the middle of what is seen of it, when its own is not.
 void HeadlessHands::PointAtMiddle(Control& control) {
+  row_ = PresentRow(control);
   auto* box = dynamic_cast<PictureBox*>(&control);
   if (box == nullptr) return;
-  const Area seen = SeenOf(*box);
+  const SeenArea seen = SeenOf(*box);
   box->MouseX = OnPixel(box->Width / 2);
   box->MouseY = OnPixel(box->Height / 2);
   if (box->Container == nullptr || seen.Has(box->MouseX, box->MouseY)) return;
@@ -169,122 +214,61 @@ void HeadlessHands::PointAtMiddle(Control& control) {
   box->MouseY = OnPixel((seen.Top + seen.Bottom) / 2);
 }
 
-void HeadlessHands::MouseButton(Control& control, int button) {
-  if (button == kLeftButton && control.Kind() == ControlKind::PictureButton && control.MouseDown) {
-    return KeepDown(control, 0);  // its handler may turn until the button is let go
-  }
-  Down(control, button);
-  if (button == kLeftButton && Still(control)) {
-    if (auto* check = dynamic_cast<CheckBox*>(&control)) {
-      check->Value = check->Value() == 0 ? 1 : 0;
-    } else if (auto* option = dynamic_cast<OptionButton*>(&control)) {
-      option->SetValue(true);
-    }
-  }
-  if (!Still(control)) return;
-  Up(control, button);
-  if (button == kLeftButton && Still(control)) Call(control, control.Click);
+void HeadlessHands::MoveTo(Control& control, int x, int y) {
+  control.MouseX = x;
+  control.MouseY = y;
+  if (loop_.TakesInput(control)) CallMouse(control, &Control::MouseMove, kLeftButton);
 }
 
-// Buttons drawn from pictures take the focus by the keyboard alone: a click ends no typing.
-void HeadlessHands::Down(Control& control, int button) {
-  control.ShiftHeld = shift_;
-  control.ControlHeld = false;
-  if (control.Kind() != ControlKind::PictureButton) loop_.SetFocus(control);
-  if (auto* picture = dynamic_cast<PictureButton*>(&control)) {
-    Call(control, [picture, button] { vantora::Press(*picture, button); });
-  } else if (const auto down = control.MouseDown) {
-    Call(control, [&] { down(button); });
-  }
+namespace {
+
+bool UnderMouse(const Control& control) {
+  return SeenArea{0, 0, control.Width, control.Height}.Has(control.MouseX, control.MouseY);
 }
 
-void HeadlessHands::Up(Control& control, int button) {
-  if (auto* picture = dynamic_cast<PictureButton*>(&control)) {
-    Call(control, [picture, button] { vantora::Release(*picture, button); });
-  } else if (const auto up = control.MouseUp) {
-    Call(control, [&] { up(button); });
-  }
-}
+constexpr int kMoves = 4;
 
-// The program may turn in the handler of the press until the release has come, so that is on its
-// way before.
-void HeadlessHands::Hold(Control& control, int ms) {
-  Reach(control);
-  PointAtMiddle(control);
-  KeepDown(control, ms);
-}
-
-// The release is on its way before the press.
-void HeadlessHands::KeepDown(Control& control, int ms) {
-  ++held_;
-  const int others = held_ - 1;
-  loop_.PostAfter(ms, [this, &control] {
-    --held_;
-    if (!Still(control)) return;
-    Up(control, kLeftButton);
-    if (Still(control)) Call(control, control.Click);
-  });
-  Down(control, kLeftButton);
-  while (held_ > others && !loop_.Ended()) loop_.Pass(1);
-}
+}  // namespace
 
 void HeadlessHands::Drag(Control& control, int from, int to) {
   Reach(control);
   if (auto* box = dynamic_cast<PictureBox*>(&control)) return DragOnPicture(*box, from, to);
   auto* slider = dynamic_cast<Slider*>(&control);
-  if (slider == nullptr) {
-    MouseButton(control, kLeftButton);
-    return;
-  }
-  loop_.SetFocus(control);
-  if (slider->MouseDown) Call(control, [slider] { slider->MouseDown(kLeftButton); });
+  if (slider == nullptr) return Click(control, kLeftButton);
+  row_ = 0;
+  Down(control, kLeftButton);
   for (const int value : ValuesOfDrag(*slider, from, to)) {
-    if (!Still(control)) return;
+    if (!loop_.TakesInput(control)) break;
     SetSlider(*slider, value);
   }
-  if (Still(control) && slider->MouseUp) {
-    Call(control, [slider] { slider->MouseUp(kLeftButton); });
-  }
+  Up(control, kLeftButton, to < 1000);  // a thousand is the edge
 }
 
 // Beyond the edges too, as a mouse that is held goes there.
 void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
-  constexpr int kMoves = 4;
   Point(box, from);
   const int start = box.MouseX, end = OnPixel(box.Width * to / 1000);
   const int left = box.Left;  // the box may follow the mouse
   Down(box, kLeftButton);
-  for (int i = 1; i <= kMoves && Still(box); ++i) {
-    box.MouseX = OnPixel(start + (end - start) * i / kMoves) + left - box.Left;
-    if (const auto move = box.MouseMove) Call(box, [&] { move(kLeftButton); });
+  for (int i = 1; i <= kMoves && loop_.TakesInput(box); ++i) {
+    MoveTo(box, OnPixel(start + (end - start) * i / kMoves) + left - box.Left, box.MouseY);
   }
-  if (!Still(box)) return;
-  Up(box, kLeftButton);
-  if (Still(box)) Call(box, box.Click);
+  if (loop_.Alive(box)) Up(box, kLeftButton, UnderMouse(box));
 }
 
 // The label may follow the mouse, so the places are those of what it lies in.
 void HeadlessHands::Pull(Control& control, int x, int y) {
-  constexpr int kMoves = 4;
   Reach(control);
+  row_ = 0;
   control.MouseX = OnPixel(control.Width / 2);
   control.MouseY = OnPixel(control.Height / 2);
   const int startX = control.Left + control.MouseX, startY = control.Top + control.MouseY;
   Down(control, kLeftButton);
-  for (int i = 1; i <= kMoves && Still(control); ++i) {
-    control.MouseX = OnPixel(startX + x * i / kMoves) - control.Left;
-    control.MouseY = OnPixel(startY + y * i / kMoves) - control.Top;
-    if (const auto move = control.MouseMove) Call(control, [&] { move(kLeftButton); });
+  for (int i = 1; i <= kMoves && loop_.TakesInput(control); ++i) {
+    MoveTo(control, OnPixel(startX + x * i / kMoves) - control.Left,
+           OnPixel(startY + y * i / kMoves) - control.Top);
   }
-  if (Still(control)) Up(control, kLeftButton);
-}
-
-void HeadlessHands::ShiftPress(Control& control) {
-  Reach(control);
-  PointAtMiddle(control);
-  shift_ = true;
-  MouseButton(control, kLeftButton);
-  shift_ = false;
+  if (loop_.Alive(control)) Up(control, kLeftButton, UnderMouse(control));
 }
 
 void HeadlessHands::SetSlider(Slider& slider, int value) {
@@ -298,59 +282,13 @@ void HeadlessHands::SetSlider(Slider& slider, int value) {
 void HeadlessHands::Drop(Control& control, const std::vector<Text>& files) {
   Reach(control);
   auto* list = dynamic_cast<ListView*>(&control);
-  if (list == nullptr || !list->OLEDragDrop) Refuse(NameOf(control) + " takes no files");
+  if (list == nullptr || !(list->OLEDragDrop || list->OLEDragOver)) {
+    Refuse(NameOf(control) + " takes no files");
+  }
   bool taken = true;
-  if (list->OLEDragOver) Call(control, [&] { taken = list->OLEDragOver(files); });
-  if (taken && Still(control)) Call(control, [drop = list->OLEDragDrop, files] { drop(files); });
-}
-
-// ---- lists ----
-
-void HeadlessHands::Select(Control& control, const std::vector<int>& rows) {
-  Reach(control);
-  loop_.SetFocus(control);
-  if (auto* view = dynamic_cast<ListView*>(&control)) return SelectInView(*view, rows);
-  if (auto* combo = dynamic_cast<ComboBox*>(&control)) return SelectInCombo(*combo, rows);
-  if (auto* box = dynamic_cast<ListBox*>(&control)) return SelectInBox(*box, rows);
-  Refuse(NameOf(control) + " has no rows");
-}
-
-// A click on the first row leaves it alone selected; the others are clicked with Ctrl held.
-void HeadlessHands::SelectInBox(ListBox& list, const std::vector<int>& rows) {
-  CheckRows(list, rows, list.ListCount());
-  if (rows.size() > 1 && !list.MultiSelect) Refuse(NameOf(list) + " takes one row only");
-  if (rows.empty()) {
-    for (int i = 0; i < list.ListCount(); ++i) list.Select(i, false);
-    if (!list.MultiSelect) list.ListIndex = -1;
-    return;
-  }
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (!Still(list)) return;
-    if (rows[i] > list.ListCount()) return;  // the handler of an earlier row made the list shorter
-    if (list.MultiSelect && i == 0) {
-      for (int other = 0; other < list.ListCount(); ++other) list.Select(other, false);
-    }
-    list.Select(rows[i] - 1, true);
-    Call(list, list.Click);
-  }
-}
-
-void HeadlessHands::SelectInCombo(ComboBox& list, const std::vector<int>& rows) {
-  CheckRows(list, rows, list.ListCount());
-  if (rows.size() != 1) Refuse(NameOf(list) + " takes exactly one row");
-  list.ListIndex = rows.front() - 1;
-  Call(list, list.Click);
-}
-
-void HeadlessHands::SelectInView(ListView& list, const std::vector<int>& rows) {
-  CheckRows(list, rows, list.ListItems.Count());
-  for (int row = 1; row <= list.ListItems.Count(); ++row) {
-    list.ListItems(row).SetSelected(std::find(rows.begin(), rows.end(), row) != rows.end());
-  }
-  if (!rows.empty() && list.ItemClick) {
-    Call(list, [click = list.ItemClick, row = rows.back()] { click(row); });
-  }
-  if (Still(list)) Call(list, list.Click);
+  if (const auto over = list->OLEDragOver) Call(control, [&] { taken = over(files); });
+  if (!taken || !loop_.Alive(control)) return;
+  if (const auto drop = list->OLEDragDrop) Call(control, [&] { drop(files); });
 }
 
 // ---- menus and windows ----
@@ -358,16 +296,16 @@ void HeadlessHands::SelectInView(ListView& list, const std::vector<int>& rows) {
 void HeadlessHands::ChooseMenu(Form& form, const Text& item) {
   Reach(form);
   Menu* menu = loop_.OpenMenu(form);
-  if (menu == nullptr) Refuse(Narrow(form.Name) + " has no menu open");
-  for (const MenuItem& entry : menu->Items) {
-    if (entry.Name != item && entry.Caption != item) continue;
-    if (!entry.Enabled) Refuse("the menu's " + Narrow(item) + " is disabled");
-    const std::function<void()> click = entry.Click;
-    loop_.CloseMenu();
-    if (click) loop_.Deliver(click);
-    return;
-  }
-  Refuse("the open menu has no " + Narrow(item));
+  if (menu == nullptr) Refuse(NameOf(form) + " has no menu open");
+  const auto wanted = [&item](const MenuItem& entry) {
+    return entry.Name == item || entry.Caption == item;
+  };
+  const auto found = std::find_if(menu->Items.begin(), menu->Items.end(), wanted);
+  if (found == menu->Items.end()) Refuse("the open menu has no such item");
+  if (!found->Enabled) Refuse("the menu's item is disabled");
+  const std::function<void()> click = found->Click;
+  loop_.CloseMenu();
+  if (click) loop_.Deliver(click);
 }
 
 void HeadlessHands::Close(Form& form) {

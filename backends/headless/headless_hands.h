@@ -1,8 +1,9 @@
 // Hands without a screen: they change the model and call the handlers in the order in which real
-// widgets would. Everything happens before the call returns; a handler that opens a modal window
-// keeps the call until the window has gone.
+// widgets do. Everything happens before the call returns; a handler that opens a modal window keeps
+// the call until the window has gone.
 #pragma once
 
+#include "backends/forms/keys.h"
 #include "backends/headless/headless_loop.h"
 
 #include "platform/hands.h"
@@ -33,43 +34,47 @@ class HeadlessHands final : public Hands {
   bool Shot(Form& /*form*/, const std::string& /*file*/) override { return false; }
 
  private:
-  struct Stroke {
-    int Code = 0;       // for KeyDown and KeyUp; 0 for keys that have none
-    int Character = 0;  // for KeyPress; 0 for keys that write nothing
-    bool Control = false, Shift = false;
-  };
-  static Stroke ParseKey(const Text& key);
-
   void Reach(Form& form, bool evenDisabled = false);
   void Reach(Control& control);
-  void MouseButton(Control& control, int button);
+  void Call(Control& control, const std::function<void()>& handler);
+  void CallMouse(Control& control, std::function<void(int)> Control::*handler, int button);
+
+  // The mouse.
+  void Click(Control& control, int button);
+  void Twice(Control& control);
   void KeepDown(Control& control, int ms);
   void Down(Control& control, int button);
-  void Up(Control& control, int button);
-  void SecondPress(Control& control);
+  void Up(Control& control, int button, bool inside);
+  void Own(Control& control);
   void Point(Control& control, int at);
   void PointAtMiddle(Control& control);
+  void MoveTo(Control& control, int x, int y);
   void DragOnPicture(PictureBox& box, int from, int to);
-  void SelectInBox(ListBox& list, const std::vector<int>& rows);
-  void SelectInView(ListView& list, const std::vector<int>& rows);
-  void SelectInCombo(ComboBox& list, const std::vector<int>& rows);
-  void Send(Form& form, const Stroke& stroke);
-  void SendToFocus(Form& form, const Stroke& stroke);
-  void Effect(Control& control, const Stroke& stroke);
-  void TypeInto(TextBox& box, const Stroke& stroke);
+  void SetSlider(Slider& slider, int value);
+
+  // Lists.
+  void ClickRow(Control& control, int row, bool toggles);
+  void SelectRow(Control& control, int row, bool toggles);
+  int PresentRow(const Control& control) const;
+
+  // The keyboard.
+  void Strike(Form& form, const KeyStroke& stroke);
+  void Effect(Control& control, const KeyStroke& stroke);
+  void LetGo(Control& control, int key);
+  void TypeInto(TextBox& box, const KeyStroke& stroke);
   void MoveInList(ListControl& list, int key);
-  void MoveInView(ListView& list, const Stroke& stroke);
+  void MoveInView(ListView& list, const KeyStroke& stroke);
   void MoveSlider(Slider& slider, int key);
   void MoveOption(OptionButton& option, int key);
+  void WalkOn(Form& form, int key);
   void MoveFocus(Form& form, bool back);
-  void SetSlider(Slider& slider, int value);
-  void Call(Control& control, const std::function<void()>& handler);
-  bool Still(const Control& control) const;
 
   HeadlessLoop& loop_;
-  bool shift_ = false;               // held while the mouse presses
-  int held_ = 0;                     // controls that are still to be let go
-  const Control* marked_ = nullptr;  // the text box whose whole text is marked
+  bool shift_ = false;                // held while the mouse presses
+  int held_ = 0;                      // controls that are still to be let go
+  int row_ = 0;                       // of a list, where the mouse is; 0 for none
+  const Control* marked_ = nullptr;   // the text box whose whole text is marked
+  const Control* keyHeld_ = nullptr;  // the button that the space bar holds down
 };
 
 }  // namespace vantora

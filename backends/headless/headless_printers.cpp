@@ -1,5 +1,7 @@
 #include "backends/headless/headless_printers.h"
 
+#include "platform/laufzeitfehler.h"
+
 #include <cmath>
 
 namespace vantora {

@@ -95,9 +95,6 @@ class PointedFace : public Face {
       if (const auto move = told.MouseMove) move(button);
     });
   }
-  void KeyComes(const QKeyEvent& event) override {
-    if (control() != nullptr) Hold(*control(), event.modifiers());
-  }
 
  private:
   static void Hold(Control& told, Qt::KeyboardModifiers modifiers) {
@@ -301,7 +298,7 @@ class ButtonFace final : public Face {
       Up(kLeftButton, true);
       return;
     }
-    window().host().Later([this, life = std::weak_ptr<int>(life_)] {
+    window().host().Model().Post([this, life = std::weak_ptr<int>(life_)] {
       if (!life.expired()) Up(kLeftButton, true);
     });
     Down(kLeftButton);

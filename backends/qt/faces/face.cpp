@@ -1,5 +1,6 @@
 #include "backends/qt/faces/face.h"
 
+#include "backends/forms/focus.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/windows/form_window.h"
 
@@ -35,11 +36,6 @@ bool Bright(const Control& control) {
 }
 
 }  // namespace
-
-bool HasMouseHandler(const Control& control) {
-  return control.Click || control.DblClick || control.MouseDown || control.MouseUp ||
-         control.MouseMove;
-}
 
 Face::Face(Control& control, FormWindow& window, QWidget* widget)
     : window_(window), control_(&control), widget_(widget), surface_(widget) {

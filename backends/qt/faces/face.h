@@ -43,7 +43,6 @@ class Face {
   virtual void MouseRelease(QMouseEvent& event);
   virtual void MouseDouble(QMouseEvent& event);
   virtual void MouseMove(QMouseEvent& event) { Pass(event); }
-  virtual void KeyComes(const QKeyEvent& /*event*/) {}  // runs before KeyDown is raised
   virtual void KeyPress(QKeyEvent& event) { PassKey(event); }
   virtual void KeyRelease(QKeyEvent& event) { PassKey(event); }
   virtual void FocusChanged(bool /*in*/) {}
@@ -85,7 +84,5 @@ std::unique_ptr<Face> MakeFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeDrawnFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeInputFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeTableFace(ListView& list, FormWindow& window);
-
-bool HasMouseHandler(const Control& control);
 
 }  // namespace vantora

@@ -1,115 +1,67 @@
 #include "backends/qt/loop/keys.h"
 
-#include "backends/qt/look/look.h"
-
-#include <QHash>
-
 namespace vantora::keys {
 
 namespace {
 
-struct Named {
-  const char* Name;
-  int Key;
+struct Pair {
+  int Key;  // Qt::Key
   int Code;
 };
 
-constexpr Named kNamed[] = {
-    {"Backspace", Qt::Key_Backspace, kKeyBackspace},
-    {"Tab", Qt::Key_Tab, kKeyTab},
-    {"Return", Qt::Key_Return, kKeyReturn},
-    {"Escape", Qt::Key_Escape, kKeyEscape},
-    {"Space", Qt::Key_Space, kKeySpace},
-    {"PageUp", Qt::Key_PageUp, kKeyPageUp},
-    {"PageDown", Qt::Key_PageDown, kKeyPageDown},
-    {"End", Qt::Key_End, kKeyEnd},
-    {"Home", Qt::Key_Home, kKeyHome},
-    {"Left", Qt::Key_Left, kKeyLeft},
-    {"Up", Qt::Key_Up, kKeyUp},
-    {"Right", Qt::Key_Right, kKeyRight},
-    {"Down", Qt::Key_Down, kKeyDown},
-    {"Delete", Qt::Key_Delete, kKeyDelete},
+constexpr Pair kKeys[] = {
+    {Qt::Key_Backspace, kKeyBackspace}, {Qt::Key_Tab, kKeyTab},       {Qt::Key_Return, kKeyReturn},
+    {Qt::Key_Escape, kKeyEscape},       {Qt::Key_Space, kKeySpace},   {Qt::Key_PageUp, kKeyPageUp},
+    {Qt::Key_PageDown, kKeyPageDown},   {Qt::Key_End, kKeyEnd},       {Qt::Key_Home, kKeyHome},
+    {Qt::Key_Left, kKeyLeft},           {Qt::Key_Up, kKeyUp},         {Qt::Key_Right, kKeyRight},
+    {Qt::Key_Down, kKeyDown},           {Qt::Key_Delete, kKeyDelete}, {Qt::Key_Enter, kKeyReturn},
+    {Qt::Key_Backtab, kKeyTab},
 };
 
-bool TakeOff(QString& name, const char* prefix) {
-  const QLatin1String start(prefix);
-  if (!name.startsWith(start, Qt::CaseInsensitive) || name.size() == start.size()) return false;
-  name.remove(0, start.size());
-  return true;
+int KeyOf(const KeyStroke& stroke) {
+  if (stroke.Code == kKeyTab && stroke.Shift) return Qt::Key_Backtab;
+  for (const Pair& pair : kKeys) {
+    if (pair.Code == stroke.Code) return pair.Key;
+  }
+  if (stroke.Code >= kKeyF1 && stroke.Code <= kKeyF12) return Qt::Key_F1 + stroke.Code - kKeyF1;
+  if (stroke.Code != 0) return stroke.Code;
+  const QChar upper = QChar(static_cast<char16_t>(stroke.Character)).toUpper();
+  return upper.unicode() < 256 ? upper.unicode() : static_cast<int>(Qt::Key_unknown);
 }
 
 }  // namespace
 
 int Code(const QKeyEvent& event) {
   const int key = event.key();
-  for (const Named& named : kNamed) {
-    if (named.Key == key) return named.Code;
+  for (const Pair& pair : kKeys) {
+    if (pair.Key == key) return pair.Code;
   }
-  if (key == Qt::Key_Enter) return kKeyReturn;
-  if (key == Qt::Key_Backtab) return kKeyTab;
   if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return kKeyF1 + key - Qt::Key_F1;
   const bool letter = key >= Qt::Key_A && key <= Qt::Key_Z;
   const bool digit = key >= Qt::Key_0 && key <= Qt::Key_9;
   return letter || digit ? key : 0;
 }
 
-int Character(const QKeyEvent& event) {
-  const int code = Code(event);
-  if (code == kKeyBackspace || code == kKeyReturn || code == kKeyEscape) return code;
-  if ((event.modifiers() & (Qt::ControlModifier | Qt::MetaModifier)) != 0) return 0;
+KeyStroke StrokeOf(const QKeyEvent& event) {
+  KeyStroke stroke;
+  stroke.Code = Code(event);
+  stroke.Control = event.modifiers().testFlag(Qt::ControlModifier);
+  stroke.Shift = event.modifiers().testFlag(Qt::ShiftModifier);
   const QString words = event.text();
-  return words.isEmpty() || !words[0].isPrint() ? 0 : words[0].unicode();
-}
-
-std::optional<Stroke> Parse(const Text& name) {
-  QString rest = look::FromText(name);
-  Stroke stroke;
-  for (bool more = true; more;) {
-    more = false;
-    if (TakeOff(rest, "Ctrl+")) {
-      stroke.Modifiers |= Qt::ControlModifier;
-      more = true;
-    } else if (TakeOff(rest, "Shift+")) {
-      stroke.Modifiers |= Qt::ShiftModifier;
-      more = true;
-    }
-  }
-  if (rest.size() == 1) {
-    // The key is meant, not the letter: only Shift makes a capital of it.
-    const bool shift = stroke.Modifiers.testFlag(Qt::ShiftModifier);
-    const Stroke written = Writing(shift ? rest[0].toUpper() : rest[0].toLower());
-    stroke.Key = written.Key;
-    if ((stroke.Modifiers & Qt::ControlModifier) == 0) stroke.Words = written.Words;
-    return stroke;
-  }
-  for (const Named& named : kNamed) {
-    if (rest.compare(QLatin1String(named.Name), Qt::CaseInsensitive) != 0) continue;
-    stroke.Key = named.Key;
-    if (named.Key == Qt::Key_Space) stroke.Words = QStringLiteral(" ");
-    if (named.Key == Qt::Key_Tab && stroke.Modifiers.testFlag(Qt::ShiftModifier)) {
-      stroke.Key = Qt::Key_Backtab;
-    }
-    return stroke;
-  }
-  bool number = false;
-  const int f = rest.startsWith(u'F', Qt::CaseInsensitive) ? rest.mid(1).toInt(&number) : 0;
-  if (!number || f < 1 || f > 12) return std::nullopt;
-  stroke.Key = Qt::Key_F1 + f - 1;
+  const int written = words.isEmpty() || !words[0].isPrint() ? 0 : words[0].unicode();
+  const bool silent = stroke.Control || event.modifiers().testFlag(Qt::MetaModifier);
+  stroke.Character = CharacterOf(stroke.Code, written, silent);
   return stroke;
 }
 
-Stroke Writing(QChar character) {
-  Stroke stroke;
-  if (character == u'\r' || character == u'\n') {
-    stroke.Key = Qt::Key_Return;
-    stroke.Words = QStringLiteral("\r");
-    return stroke;
-  }
-  stroke.Words = QString(character);
-  const QChar upper = character.toUpper();
-  stroke.Key = upper.unicode() < 256 ? upper.unicode() : static_cast<int>(Qt::Key_unknown);
-  if (character.isUpper()) stroke.Modifiers = Qt::ShiftModifier;
-  return stroke;
+QKeyEvent EventOf(const KeyStroke& stroke, QEvent::Type type) {
+  Qt::KeyboardModifiers held;
+  held.setFlag(Qt::ControlModifier, stroke.Control);
+  held.setFlag(Qt::ShiftModifier, stroke.Shift);
+  QString words;
+  if (stroke.Character == kKeyReturn) words = QStringLiteral("\r");
+  if (stroke.Character >= kKeySpace) words = QChar(static_cast<char16_t>(stroke.Character));
+  return {type, KeyOf(stroke), held, words};
 }
 
 bool Walks(const QKeyEvent& event) {

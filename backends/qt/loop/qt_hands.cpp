@@ -1,5 +1,7 @@
 #include "backends/qt/loop/qt_hands.h"
 
+#include "backends/forms/focus.h"
+#include "backends/forms/reach.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/loop/keys.h"
 #include "backends/qt/windows/form_window.h"
@@ -23,20 +25,6 @@ namespace vantora {
 
 namespace {
 
-std::string Spoken(const Control& control) {
-  std::string name = look::FromText(control.Owner().Name + L"." + control.Name).toStdString();
-  if (control.Index >= 0) name += "(" + std::to_string(control.Index) + ")";
-  return name;
-}
-
-std::string Spoken(const Form& form) {
-  return look::FromText(form.Name).toStdString();
-}
-
-[[noreturn]] void Refuse(const std::string& why) {
-  throw Unreachable(why);
-}
-
 // The part of a control's widget that the mouse meets.
 QWidget* SurfaceOf(QWidget* widget) {
   auto* view = qobject_cast<QAbstractScrollArea*>(widget);
@@ -44,7 +32,7 @@ QWidget* SurfaceOf(QWidget* widget) {
 }
 
 // What is seen of it between the edges of all that it lies in.
-QRect SeenOf(const QWidget* surface) {
+QRect ShownOf(const QWidget* surface) {
   QRect seen = surface->rect();
   for (const QWidget* widget = surface; !widget->isWindow();) {
     widget = widget->parentWidget();
@@ -86,10 +74,14 @@ void SendMouse(const QPointer<QWidget>& on, QEvent::Type type, QPointF place,
   QApplication::sendEvent(on, &event);
 }
 
-void SendKey(const QPointer<QWidget>& on, QEvent::Type type, const keys::Stroke& stroke) {
+void SendKey(const QPointer<QWidget>& on, QEvent::Type type, const KeyStroke& stroke) {
   if (on == nullptr) return;
-  QKeyEvent event(type, stroke.Key, stroke.Modifiers, stroke.Words);
+  QKeyEvent event = keys::EventOf(stroke, type);
   QApplication::sendEvent(on, &event);
+}
+
+void SendKey(const QPointer<QWidget>& on, const Text& name) {
+  if (const auto stroke = KeyByName(name)) SendKey(on, QEvent::KeyPress, *stroke);
 }
 
 }  // namespace
@@ -124,34 +116,45 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
 
   QtEventLoop& loop() { return loop_; }
 
-  void CheckForm(const Form& form, bool evenDisabled = false) {
+  void CheckForm(Form& form, bool evenDisabled = false) {
     loop_.Sync();
-    if (!form.Visible()) Refuse(Spoken(form) + " is not shown");
-    if (!loop_.Reachable(form)) {
-      const Form* front = loop_.Front();
-      Refuse(Spoken(form) + " is behind " + (front == nullptr ? "nothing" : Spoken(*front)) +
-             " or minimized");
-    }
-    if (!form.Window.Enabled && !evenDisabled) {
-      Refuse(Spoken(form) + " takes no input: its window is disabled");
-    }
+    Reach(loop_, form, evenDisabled);
   }
 
-  QWidget* CheckControl(const Control& control) {
-    CheckForm(control.Owner());
+  QWidget* CheckControl(Control& control) {
+    loop_.Sync();
+    Reach(loop_, control);
     CloseMenuLeftOpen();
     QWidget* widget = loop_.WidgetOf(control);
-    if (widget == nullptr) Refuse(Spoken(control) + " has no place in its window");
-    if (!control.InSight() || !widget->isVisible()) Refuse(Spoken(control) + " is hidden");
-    if (!control.InUse()) Refuse(Spoken(control) + " is disabled");
-    if (SeenOf(widget).isEmpty()) Refuse(Spoken(control) + " lies out of sight");
+    if (widget == nullptr) Refuse(NameOf(control) + " has no place in its window");
+    if (!widget->isVisible()) Refuse(NameOf(control) + " is hidden");
+    if (ShownOf(widget).isEmpty()) Refuse(NameOf(control) + " lies out of sight");
     return widget;
+  }
+
+  // What gets the keys: an open menu, else what has the focus in a window. Nothing when the window
+  // has gone or a person could not type into it.
+  QPointer<QWidget> KeysGoTo(const Form* form) const {
+    if (QMenu* menu = loop_.OpenMenu()) return menu;
+    if (form == nullptr || !loop_.Reachable(*form)) return nullptr;
+    QWidget* window = loop_.WindowOf(*form);
+    if (window == nullptr) return nullptr;
+    return window->focusWidget() == nullptr ? window : window->focusWidget();
+  }
+
+  // A key goes down in a window and is let go in the one that is in front by then.
+  void Strike(std::vector<std::function<void()>>& steps, const Form& form,
+              const KeyStroke& stroke) {
+    const auto self = shared_from_this();
+    steps.emplace_back([=, &form] { SendKey(self->KeysGoTo(&form), QEvent::KeyPress, stroke); });
+    steps.emplace_back(
+        [=] { SendKey(self->KeysGoTo(self->loop_.Front()), QEvent::KeyRelease, stroke); });
   }
 
   // A place where the mouse meets this control and no other one that lies over it.
   QPoint FreePlace(const Control& control, QWidget* widget) {
     QWidget* surface = SurfaceOf(widget);
-    const QRect all = SeenOf(surface);
+    const QRect all = ShownOf(surface);
     const bool marked =
         control.Kind() == ControlKind::CheckBox || control.Kind() == ControlKind::OptionButton;
     if (marked && Meets(surface, QPoint(8, all.center().y()))) return {8, all.center().y()};
@@ -166,7 +169,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
         if (Meets(surface, place)) return place;
       }
     }
-    Refuse(Spoken(control) + " is covered by other controls, or nothing there takes the mouse");
+    Refuse(NameOf(control) + " is covered by other controls, or nothing there takes the mouse");
   }
 
   // A place that the caller has chosen, and none beside it. The edge belongs to the last pixel.
@@ -175,7 +178,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     const QPoint place = PlaceAt(control, surface, at).toPoint();
     const QPoint inside(std::min(place.x(), all.right()), std::min(place.y(), all.bottom()));
     if (!Meets(surface, inside)) {
-      Refuse(Spoken(control) + " cannot be reached at " + std::to_string(at) +
+      Refuse(NameOf(control) + " cannot be reached at " + std::to_string(at) +
              ": it is covered there, or out of sight");
     }
     return inside;
@@ -345,43 +348,25 @@ bool QtHands::Holding() const {
 
 void QtHands::Type(Control& control, const Text& text) {
   Settle();
-  if (control.Kind() != ControlKind::TextBox) Refuse(Spoken(control) + " takes no text");
+  if (control.Kind() != ControlKind::TextBox) Refuse(NameOf(control) + " takes no text");
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
   fingers_->FreePlace(control, widget);
   std::vector<std::function<void()>> steps;
-  const auto stroke = [&](const keys::Stroke& key) {
-    steps.emplace_back([=] { SendKey(widget, QEvent::KeyPress, key); });
-    steps.emplace_back([=] { SendKey(widget, QEvent::KeyRelease, key); });
-  };
   steps.emplace_back([=] {
     if (widget != nullptr) widget->setFocus(Qt::MouseFocusReason);
   });
-  stroke(*keys::Parse(L"Ctrl+A"));
-  stroke(*keys::Parse(L"Delete"));
-  for (const QChar character : look::FromText(text)) stroke(keys::Writing(character));
+  const Form& form = control.Owner();
+  fingers_->Strike(steps, form, *KeyByName(L"Ctrl+A"));
+  fingers_->Strike(steps, form, *KeyByName(L"Delete"));
+  for (const wchar_t character : text) fingers_->Strike(steps, form, KeyFor(character));
   fingers_->Do(std::move(steps));
 }
 
 void QtHands::Select(Control& control, const std::vector<int>& rows) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
-  auto* combo = qobject_cast<QComboBox*>(widget.data());
-  auto* view = qobject_cast<QAbstractItemView*>(widget.data());
-  if (combo == nullptr && view == nullptr) Refuse(Spoken(control) + " has no rows");
-  const QAbstractItemModel* model = combo != nullptr ? combo->model() : view->model();
-  for (const int row : rows) {
-    if (row < 1 || row > model->rowCount()) {
-      Refuse(Spoken(control) + " has no row " + std::to_string(row));
-    }
-  }
-  if (combo != nullptr) {
-    if (rows.size() != 1) Refuse(Spoken(control) + " takes exactly one row");
-    SelectInCombo(widget, rows.front());
-    return;
-  }
-  if (rows.size() > 1 && view->selectionMode() == QAbstractItemView::SingleSelection) {
-    Refuse(Spoken(control) + " takes one row only");
-  }
+  CheckRows(control, rows);
+  if (control.Kind() == ControlKind::ComboBox) return SelectInCombo(widget, rows.front());
   SelectInView(widget, rows);
 }
 
@@ -396,11 +381,11 @@ void QtHands::SelectInCombo(const QPointer<QWidget>& widget, int row) {
                 [=] {
                   if (combo == nullptr) return;
                   const QPointer<QWidget> list = combo->view();
-                  SendKey(list, QEvent::KeyPress, *keys::Parse(L"Home"));
+                  SendKey(list, L"Home");
                   for (int i = 1; i < row; ++i) {
-                    SendKey(list, QEvent::KeyPress, *keys::Parse(L"Down"));
+                    SendKey(list, L"Down");
                   }
-                  SendKey(list, QEvent::KeyPress, *keys::Parse(L"Return"));
+                  SendKey(list, L"Return");
                 }});
 }
 
@@ -434,31 +419,19 @@ void QtHands::SelectInView(const QPointer<QWidget>& widget, const std::vector<in
 
 void QtHands::Key(Form& form, const Text& key) {
   Settle();
-  const std::optional<keys::Stroke> stroke = keys::Parse(key);
-  if (!stroke) Refuse("there is no key " + look::FromText(key).toStdString());
-  fingers_->CheckForm(form, form.EscapeWhileDisabled && stroke->Key == Qt::Key_Escape);
-  const auto target = [fingers = fingers_, &form]() -> QPointer<QWidget> {
-    QtEventLoop& loop = fingers->loop();
-    const auto& forms = loop.Forms();
-    if (std::find(forms.begin(), forms.end(), &form) == forms.end()) return nullptr;
-    if (QMenu* menu = loop.OpenMenu()) return menu;
-    QWidget* window = loop.WindowOf(form);
-    if (window == nullptr) return nullptr;
-    return window->focusWidget() == nullptr ? window : window->focusWidget();
-  };
-  const auto pressed = std::make_shared<QPointer<QWidget>>();
-  fingers_->Do({[=] {
-                  *pressed = target();
-                  SendKey(*pressed, QEvent::KeyPress, *stroke);
-                },
-                [=] { SendKey(*pressed, QEvent::KeyRelease, *stroke); }});
+  const std::optional<KeyStroke> stroke = KeyByName(key);
+  if (!stroke) Refuse("there is no key " + Utf8(key));
+  fingers_->CheckForm(form, form.EscapeWhileDisabled && stroke->Code == kKeyEscape);
+  std::vector<std::function<void()>> steps;
+  fingers_->Strike(steps, form, *stroke);
+  fingers_->Do(std::move(steps));
 }
 
 void QtHands::ChooseMenu(Form& form, const Text& item) {
   Settle();
   fingers_->CheckForm(form);
   const QPointer<QMenu> menu = fingers_->loop().OpenMenu();
-  if (menu == nullptr) Refuse(Spoken(form) + " has no menu open");
+  if (menu == nullptr) Refuse(NameOf(form) + " has no menu open");
   const QString wanted = look::Plain(item);
   const QList<QAction*> actions = menu->actions();
   for (QAction* action : actions) {
@@ -468,7 +441,7 @@ void QtHands::ChooseMenu(Form& form, const Text& item) {
     fingers_->Do({[menu, chosen = QPointer<QAction>(action)] {
       if (menu == nullptr || chosen == nullptr) return;
       menu->setActiveAction(chosen);
-      SendKey(QPointer<QWidget>(menu), QEvent::KeyPress, *keys::Parse(L"Return"));
+      SendKey(QPointer<QWidget>(menu), L"Return");
     }});
     return;
   }
@@ -477,7 +450,7 @@ void QtHands::ChooseMenu(Form& form, const Text& item) {
 
 void QtHands::Close(Form& form) {
   Settle();
-  fingers_->CheckForm(form);
+  fingers_->CheckForm(form, form.CloseWhileDisabled);
   const QPointer<QWidget> window = fingers_->loop().WindowOf(form);
   fingers_->Do({[=] {
     if (window != nullptr) window->close();
@@ -488,7 +461,7 @@ void QtHands::Drop(Control& control, const std::vector<Text>& files) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
   const QPoint place = fingers_->FreePlace(control, widget);
-  if (!widget->acceptDrops()) Refuse(Spoken(control) + " takes no files");
+  if (!widget->acceptDrops()) Refuse(NameOf(control) + " takes no files");
   const QPointer<QWidget> surface = SurfaceOf(widget);
   const auto data = std::make_shared<QMimeData>();
   QList<QUrl> urls;
@@ -509,7 +482,7 @@ bool QtHands::Shot(Form& form, const std::string& file) {
   QtEventLoop& loop = fingers_->loop();
   loop.Sync();
   QWidget* window = loop.WindowOf(form);
-  if (window == nullptr || !form.Visible()) Refuse(Spoken(form) + " is not shown");
+  if (window == nullptr || !form.Visible()) Refuse(NameOf(form) + " is not shown");
   QPixmap picture = window->grab();
   QMenu* menu = loop.OpenMenu();
   QWidget* popup = menu != nullptr ? menu : QApplication::activePopupWidget();

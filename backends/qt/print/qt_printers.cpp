@@ -4,6 +4,8 @@
 #include "backends/qt/print/page_painter.h"
 #include "backends/qt/print/whole_file.h"
 
+#include "platform/laufzeitfehler.h"
+
 #include <QString>
 
 #include <algorithm>

@@ -38,13 +38,13 @@ class Stamped {
  public:
   Stamped(WindowHost& host, const QInputEvent& event)
       : host_(host), before_(host.Stamp(event.timestamp())) {}
-  ~Stamped() { host_.Stamp(before_); }
+  ~Stamped() { host_.Model().EventBegins(before_); }
   Stamped(const Stamped&) = delete;
   Stamped& operator=(const Stamped&) = delete;
 
  private:
   WindowHost& host_;
-  std::uint64_t before_;
+  std::optional<std::int64_t> before_;
 };
 
 // What lies lower is drawn first. Within a layer the order is that of the form. A container lies as
@@ -120,7 +120,7 @@ void FormWindow::Orphan() {
 void FormWindow::Handle(const std::function<void()>& handler) {
   if (form_ == nullptr) return;
   const Counted busy(busy_);
-  host_.Handle(handler);
+  host_.Model().Handle(handler);
 }
 
 // ---- faces ----
@@ -256,42 +256,36 @@ void FormWindow::OrderFocus() {
   }
 }
 
-// A window that comes to the front or leaves it keeps its focus: its control is told only when
-// another one has it.
+// A window that comes to the front or leaves it keeps its focus. While the window is brought up to
+// date its controls are half done, so the report waits.
 void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
   object->event(&event);
   const auto reason = static_cast<QFocusEvent&>(event).reason();
   const bool in = event.type() == QEvent::FocusIn;
-  const Control* changed = face.control();
+  Control* changed = face.control();
   if (changed == nullptr || reason == Qt::PopupFocusReason) return;
   if (!in && reason == Qt::ActiveWindowFocusReason) return;
-  if (in && changed == focus_) return;
-  if (in && focus_ != nullptr) TellFocus(focus_, false);
-  if (!in && changed != focus_) return;
-  focus_ = in ? changed : nullptr;
-  TellFocus(changed, in);
-}
-
-void FormWindow::TellFocus(const Control* changed, bool in) {
-  Face* face = FaceOf(*changed);
-  if (face == nullptr || face->control() == nullptr) return;
-  face->FocusChanged(in);
-  const auto tell = [in, changed, self = QPointer<FormWindow>(this)] {
-    Face* told = self == nullptr ? nullptr : self->FaceOf(*changed);
-    if (told == nullptr || told->control() == nullptr) return;
-    if (const auto handler = in ? changed->GotFocus : changed->LostFocus) self->Handle(handler);
+  const auto report = [in, changed, self = QPointer<FormWindow>(this)] {
+    if (self == nullptr || self->FaceOf(*changed) == nullptr) return;
+    const Counted busy(self->busy_);
+    FormLoop& model = self->host_.Model();
+    if (in) {
+      model.FocusCame(*changed);
+    } else {
+      model.FocusWent(*changed);
+    }
   };
   if (syncing_) {
-    host_.Later(tell);
+    host_.Model().Post(report);
   } else {
-    tell();
+    report();
   }
 }
 
 // ---- input ----
 
 bool FormWindow::Refused() const {
-  return form_ == nullptr || !form_->Window.Enabled || host_.Blocked(*form_);
+  return form_ == nullptr || !host_.Model().TakesInput(*form_);
 }
 
 bool FormWindow::eventFilter(QObject* object, QEvent* event) {
@@ -328,13 +322,11 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
 bool FormWindow::Input(Face& face, QEvent& event) {
   event.accept();
   const Control* control = face.control();
-  const bool letGo =
-      event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyRelease;
   if (control == nullptr) return true;
-  if (!letGo && (Refused() || !control->InUse() || !control->InSight())) {
-    if (event.type() == QEvent::KeyPress) TellEscape(static_cast<const QKeyEvent&>(event));
-    return true;
-  }
+  const bool pressed =
+      event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
+  const bool moved = event.type() == QEvent::MouseMove;
+  if ((pressed || moved) && !host_.Model().TakesInput(*control)) return true;
   // A release belongs to the press before it: where that was refused, so is the release.
   if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
     return true;
@@ -361,7 +353,7 @@ bool FormWindow::Input(Face& face, QEvent& event) {
       KeyPress(&face, static_cast<QKeyEvent&>(event));
       break;
     default:
-      KeyRelease(face, static_cast<QKeyEvent&>(event));
+      KeyRelease(&face, static_cast<QKeyEvent&>(event));
       break;
   }
   event.accept();
@@ -387,81 +379,31 @@ QPoint FormWindow::TouchedPlace(const Face& face, const QEvent& event) {
   return static_cast<const QMouseEvent&>(event).globalPosition().toPoint();
 }
 
-// The window sees every key first; what it leaves goes to the control and then to the widget.
 void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
-  const int code = keys::Code(event);
-  bool used = false;
-  if (code != 0) {
-    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
-    keysDown_.insert(code);
-    used = true;  // a handler that fails has used it
-    Handle([&] { used = form_->Form_KeyDown(code, control); });
-  }
-  if (used || Refused() || !form_->Visible()) return;
-  if (face == nullptr || face->control() == nullptr) return;
-  if (code != 0) {
-    face->KeyComes(event);
-    Handle([&] {
-      if (const auto down = face->control()->KeyDown) down(code);
-    });
-  }
-  if (form_ == nullptr || face->control() == nullptr) return;
-  const int character = keys::Character(event);
-  bool accepted = true;
-  if (character != 0) {
-    Handle([&] {
-      if (const auto press = face->control()->KeyPress) accepted = press(character);
-    });
-  }
-  if (accepted && face->control() != nullptr) face->KeyPress(event);
+  if (form_ == nullptr) return;
+  const Counted busy(busy_);
+  Control* focus = face == nullptr ? nullptr : face->control();
+  host_.Model().Keys().Down(*form_, focus, keys::StrokeOf(event), [&] { face->KeyPress(event); });
 }
 
-// A key that is held comes and goes again and again; it is let go once.
-void FormWindow::KeyIsUp(const QKeyEvent& event) {
-  const int code = keys::Code(event);
-  if (event.isAutoRepeat() || keysDown_.erase(code) == 0) return;
-  Handle([&] { form_->Form_KeyUp(code); });
-}
-
-// What is let go in another window is not told here any more.
-void FormWindow::AllKeysAreUp() {
-  for (const int code : std::exchange(keysDown_, {})) {
-    Handle([this, code] { form_->Form_KeyUp(code); });
-  }
-}
-
-void FormWindow::KeyRelease(Face& face, QKeyEvent& event) {
-  const int code = keys::Code(event);
-  KeyIsUp(event);
-  if (code != 0 && !Refused()) {
-    Handle([&] {
-      if (const auto up = face.control()->KeyUp) up(code);
-    });
-  }
-  if (face.control() != nullptr) face.KeyRelease(event);
+void FormWindow::KeyRelease(Face* face, QKeyEvent& event) {
+  if (form_ == nullptr) return;
+  const Counted busy(busy_);
+  Control* focus = face == nullptr ? nullptr : face->control();
+  host_.Model().Keys().Up(*form_, focus, keys::Code(event), event.isAutoRepeat(),
+                          [&] { face->KeyRelease(event); });
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   event->accept();
   const Stamped stamped(host_, *event);
-  if (Refused()) {
-    TellEscape(*event);
-  } else {
-    KeyPress(nullptr, *event);
-  }
+  KeyPress(nullptr, *event);
 }
 
 void FormWindow::keyReleaseEvent(QKeyEvent* event) {
   event->accept();
   const Stamped stamped(host_, *event);
-  KeyIsUp(*event);
-}
-
-// The way to end a long piece of work that has disabled its window.
-void FormWindow::TellEscape(const QKeyEvent& event) {
-  if (form_ == nullptr || form_->Window.Enabled || host_.Blocked(*form_)) return;
-  if (!form_->EscapeWhileDisabled || keys::Code(event) != kKeyEscape) return;
-  Handle([this] { form_->Form_KeyDown(kKeyEscape, false); });
+  KeyRelease(nullptr, *event);
 }
 
 void FormWindow::mousePressEvent(QMouseEvent* event) {
@@ -488,18 +430,24 @@ bool FormWindow::event(QEvent* event) {
       host_.Activated();
       break;
     case QEvent::WindowDeactivate:
-      AllKeysAreUp();
+      if (form_ != nullptr) LeaveKeys();
       break;
     case QEvent::WindowStateChange: {
       const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
       const bool restored = before.testFlag(Qt::WindowMinimized) && !isMinimized();
-      if (restored && form_ != nullptr) host_.Restored(*form_);
+      if (restored && form_ != nullptr) host_.Model().Restored(*form_);
       break;
     }
     default:
       break;
   }
   return QWidget::event(event);
+}
+
+// What is let go in another window is not reported here any more.
+void FormWindow::LeaveKeys() {
+  const Counted busy(busy_);
+  host_.Model().Keys().Leave(*form_);
 }
 
 bool FormWindow::HoldPaint() {
@@ -537,7 +485,8 @@ void FormWindow::paintEvent(QPaintEvent* event) {
 
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  const bool always = form_ != nullptr && form_->CloseWhileDisabled && !host_.Blocked(*form_);
+  const bool always =
+      form_ != nullptr && form_->CloseWhileDisabled && host_.Model().Reachable(*form_);
   if (always || !Refused()) Handle([this] { form_->Form_Close(); });
 }
 

@@ -75,12 +75,9 @@ class FormWindow final : public QWidget {
   bool MenuKey(Face& face, const QContextMenuEvent& event);
   static QPoint TouchedPlace(const Face& face, const QEvent& event);
   void KeyPress(Face* face, QKeyEvent& event);
-  void KeyRelease(Face& face, QKeyEvent& event);
-  void KeyIsUp(const QKeyEvent& event);
-  void AllKeysAreUp();
-  void TellEscape(const QKeyEvent& event);
+  void KeyRelease(Face* face, QKeyEvent& event);
+  void LeaveKeys();
   void FocusChange(Face& face, QObject* object, QEvent& event);
-  void TellFocus(const Control* changed, bool in);
   bool HoldPaint();  // true: not yet, the window was painted just now
 
   Form* form_;
@@ -90,7 +87,6 @@ class FormWindow final : public QWidget {
   std::set<const Control*> containers_;         // those of `known_`
   std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
   QHash<QObject*, Face*> byObject_;
-  std::set<int> keysDown_;         // codes whose press the form has had
   const Face* pressed_ = nullptr;  // took the press that has not been let go
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
@@ -101,7 +97,6 @@ class FormWindow final : public QWidget {
   QRect room_;       // into which; null before the first time
   QMargins border_;  // the desktop's, a guess at first
   bool borderKnown_ = false;
-  const Control* focus_ = nullptr;  // was told that it has the focus; may be gone
   QPoint lastTouch_;
   QPoint dragStart_;  // of a window without a border that is moved by its ground
   bool dragging_ = false, syncing_ = false;

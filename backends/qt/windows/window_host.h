@@ -1,37 +1,29 @@
 // The services that a window needs from the loop that shows it.
 #pragma once
 
+#include "backends/forms/form_loop.h"
 #include "backends/qt/pictures/pictures.h"
-
-#include "platform/event_loop.h"
 
 #include <QMargins>
 #include <QRect>
 
 #include <cstdint>
+#include <optional>
 
 class QWidget;
 
 namespace vantora {
 
-class FormWindow;
-
 class WindowHost {
  public:
   virtual ~WindowHost() = default;
-  // Runs a handler under the loop's rules.
-  virtual void Handle(const std::function<void()>& handler) = 0;
-  // Runs `work` in a later turn of the loop.
-  virtual void Later(std::function<void()> work) = 0;
-  // True for a form behind a modal window, or after the loop's end.
-  virtual bool Blocked(const Form& form) const = 0;
+  virtual FormLoop& Model() = 0;  // who is in front, and what is reported to whom
   // Must be called when a window of the program gets the focus.
   virtual void Activated() = 0;
-  virtual void Restored(Form& form) = 0;  // it was minimised
   virtual void Painted() = 0;
-  // Sets the stamp of the key or mouse event being handled, 0 for none, and returns the previous
-  // one.
-  virtual std::uint64_t Stamp(std::uint64_t stamp) = 0;
+  // The stamp of the key or mouse event that is going to be handled, 0 for none. Returns what
+  // counted before, for FormLoop::EventBegins afterwards.
+  virtual std::optional<std::int64_t> Stamp(std::uint64_t stamp) = 0;
   virtual QRect Room(const QWidget& window) const = 0;  // area for windows on its screen
   // Frame that the desktop adds to windows; a guess until the first window is shown.
   virtual QMargins& Border() = 0;

@@ -1,0 +1,15 @@
+// Values of properties as the text that a script or a screen reader asks for.
+#pragma once
+
+#include "platform/text.h"
+
+namespace vantora {
+
+inline Text FlagText(bool flag) {
+  return flag ? L"True" : L"False";
+}
+inline Text NumberText(int number) {
+  return std::to_wstring(number);
+}
+
+}  // namespace vantora

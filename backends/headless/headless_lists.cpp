@@ -1,0 +1,155 @@
+// Lists under the hands without a screen.
+
+#include "backends/forms/reach.h"
+#include "backends/headless/headless_hands.h"
+
+#include <algorithm>
+
+namespace vantora {
+
+// The row that the list stands on, from 1; of a list box without one, the line at its middle.
+int HeadlessHands::PresentRow(const Control& control) const {
+  if (const auto* view = dynamic_cast<const ListView*>(&control)) {
+    for (int row = 1; row <= view->ListItems.Count(); ++row) {
+      if (view->ListItems(row).Selected()) return row;
+    }
+    return 0;
+  }
+  const auto* list = dynamic_cast<const ListBox*>(&control);
+  if (list == nullptr) return 0;
+  if (list->ListIndex >= 0) return list->ListIndex + 1;
+  const int middle = list->TopIndex + list->Height / 2 / kListLine;
+  return middle < list->ListCount() ? middle + 1 : 0;
+}
+
+// A click selects a row alone; with Ctrl held it puts that row on or off.
+void HeadlessHands::SelectRow(Control& control, int row, bool toggles) {
+  if (auto* view = dynamic_cast<ListView*>(&control)) {
+    ListItems& items = view->ListItems;
+    if (row > items.Count()) return;
+    for (int other = 1; other <= items.Count() && !toggles; ++other) {
+      items(other).SetSelected(other == row);
+    }
+    if (toggles) items(row).SetSelected(!items(row).Selected());
+  } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
+    if (row > list->ListCount()) return;
+    const bool on = !toggles || !list->Selected(row - 1);
+    for (int other = 0; other < list->ListCount() && !toggles && list->MultiSelect; ++other) {
+      if (other != row - 1 && list->Selected(other)) list->Select(other, false);
+    }
+    list->Select(row - 1, on);
+    if (list->MultiSelect) list->ListIndex = row - 1;
+  }
+}
+
+void HeadlessHands::ClickRow(Control& control, int row, bool toggles) {
+  if (!loop_.TakesInput(control)) return;
+  const auto* view = dynamic_cast<const ListView*>(&control);
+  const auto* list = dynamic_cast<const ListBox*>(&control);
+  const int count = view != nullptr ? view->ListItems.Count() : list->ListCount();
+  if (row > count) return;  // the handler of an earlier row has made the list shorter
+  row_ = 0;
+  Down(control, kLeftButton);
+  if (!loop_.TakesInput(control)) return;
+  SelectRow(control, row, toggles);
+  row_ = row;
+  Up(control, kLeftButton, true);
+}
+
+// A click on the first row and a click with Ctrl held on every other one. No row: a click with Ctrl
+// held on every selected one.
+void HeadlessHands::Select(Control& control, const std::vector<int>& rows) {
+  Reach(control);
+  CheckRows(control, rows);
+  loop_.SetFocus(control);
+  if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+    combo->ListIndex = rows.front() - 1;
+    return Call(control, control.Click);
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) ClickRow(control, rows[i], i > 0);
+  if (!rows.empty()) return;
+  std::vector<int> selected;
+  if (const auto* view = dynamic_cast<const ListView*>(&control)) {
+    for (int row = 1; row <= view->ListItems.Count(); ++row) {
+      if (view->ListItems(row).Selected()) selected.push_back(row);
+    }
+  } else if (const auto* list = dynamic_cast<const ListBox*>(&control)) {
+    for (int row = 1; row <= list->ListCount(); ++row) {
+      if (list->Selected(row - 1)) selected.push_back(row);
+    }
+  }
+  for (const int row : selected) ClickRow(control, row, true);
+}
+
+namespace {
+
+constexpr int kPageRows = 10;
+
+// Where a key moves a place between `first` and `last`.
+int Moved(int place, int key, int first, int last) {
+  switch (key) {
+    case kKeyUp:
+      place -= 1;
+      break;
+    case kKeyDown:
+      place += 1;
+      break;
+    case kKeyPageUp:
+      place -= kPageRows;
+      break;
+    case kKeyPageDown:
+      place += kPageRows;
+      break;
+    case kKeyHome:
+      place = first;
+      break;
+    case kKeyEnd:
+      place = last;
+      break;
+    default:
+      return place;
+  }
+  return std::clamp(place, first, last);
+}
+
+bool Walks(int key) {
+  return key == kKeyUp || key == kKeyDown || key == kKeyHome || key == kKeyEnd;
+}
+
+}  // namespace
+
+// The first arrow in a list without a selection selects the row that it stands on.
+void HeadlessHands::MoveInList(ListControl& list, int key) {
+  if (list.ListCount() == 0) return;
+  auto* box = dynamic_cast<ListBox*>(&list);
+  const int present = list.ListIndex;
+  const bool nothing = box != nullptr && box->SelCount() == 0;
+  const int row =
+      nothing && Walks(key) ? std::max(present, 0) : Moved(present, key, 0, list.ListCount() - 1);
+  if (row < 0 || (row == present && !nothing)) return;
+  if (nothing && !Walks(key) && row == present) return;
+  if (box != nullptr) {
+    SelectRow(*box, row + 1, false);
+  } else {
+    list.ListIndex = row;
+  }
+  Call(list, list.Click);
+}
+
+// Keys raise ItemClick alone.
+void HeadlessHands::MoveInView(ListView& list, const KeyStroke& stroke) {
+  const int count = list.ListItems.Count();
+  if (count == 0) return;
+  const int present = PresentRow(list);
+  int row = present;
+  if (stroke.Control && stroke.Code == 'A') {
+    for (int i = 1; i <= count; ++i) list.ListItems(i).SetSelected(true);
+  } else {
+    row = present == 0 && Walks(stroke.Code) ? 1 : Moved(present, stroke.Code, 1, count);
+    if (row == present || row == 0) return;
+    SelectRow(list, row, false);
+  }
+  if (const auto click = list.ItemClick; click && row > 0) Call(list, [click, row] { click(row); });
+}
+
+}  // namespace vantora

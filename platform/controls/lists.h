@@ -1,0 +1,110 @@
+// Lines and rows that a person chooses from.
+#pragma once
+
+#include "platform/controls/control.h"
+
+#include <deque>
+
+namespace vantora {
+
+// What combo box and list box share: lines of text and a line that is chosen, from 0, -1 for none.
+class ListControl : public Control {
+ public:
+  using Control::Control;
+  std::optional<Text> Read(const Text& property) const override;
+
+  virtual void Clear();
+  void AddItem(const Text& item);
+  int ListCount() const { return static_cast<int>(items_.size()); }
+  const Text& List(int index) const { return items_.at(static_cast<std::size_t>(index)); }
+  const std::vector<Text>& Items() const { return items_; }
+  Property<int> ListIndex{*this, -1};
+
+ protected:
+  std::vector<Text> items_;
+};
+
+class ComboBox : public ListControl {
+ public:
+  using ListControl::ListControl;
+  ControlKind Kind() const override { return ControlKind::ComboBox; }
+  std::optional<Text> Read(const Text& property) const override;
+};
+
+constexpr int kListLine = 240;  // twips; the height of a line of a list box
+
+class ListBox : public ListControl {
+ public:
+  using ListControl::ListControl;
+  ControlKind Kind() const override { return ControlKind::ListBox; }
+  std::optional<Text> Read(const Text& property) const override;
+
+  bool MultiSelect = false;
+  void Clear() override;  // and nothing is selected
+  bool Selected(int index) const;
+  void Select(int index, bool selected);  // in a single list the others are cleared
+  int SelCount() const;
+  Property<int> TopIndex{*this, 0};  // the first line in sight; who shows the list keeps it so
+  std::function<void()> Scroll;      // the user has moved the lines
+
+ private:
+  std::vector<bool> selected_;
+};
+
+class ListView;
+
+class ListItem {
+ public:
+  explicit ListItem(ListView& list) : list_(list) {}
+  const Text& SubItems(int column) const;  // column 0 is the row's first text
+  void SetSubItems(int column, const Text& content);
+  bool Selected() const { return selected_; }
+  void SetSelected(bool selected);
+
+ private:
+  ListView& list_;
+  std::vector<Text> texts_;
+  bool selected_ = false;
+};
+
+class ListItems {
+ public:
+  explicit ListItems(ListView& list) : list_(list) {}
+  ListItem& Add();
+  void Clear();
+  int Count() const { return static_cast<int>(items_.size()); }
+  bool empty() const { return items_.empty(); }
+  ListItem& operator()(int index) { return items_[Place(index)]; }  // error 9 for no such row
+  const ListItem& operator()(int index) const { return items_[Place(index)]; }
+
+ private:
+  std::size_t Place(int index) const;
+
+  ListView& list_;
+  std::deque<ListItem> items_;
+};
+
+// A table with a head; rows count from 1, several can be selected.
+class ListView : public Control {
+ public:
+  using Control::Control;
+  ControlKind Kind() const override { return ControlKind::ListView; }
+  std::optional<Text> Read(const Text& property) const override;
+
+  struct Column {
+    Text Header;
+    int Width;  // twips
+  };
+  void SetColumns(std::vector<Column> columns);
+  const std::vector<Column>& Columns() const { return columns_; }
+
+  vantora::ListItems ListItems{*this};
+  std::function<void(int row)> ItemClick;
+  std::function<bool(const std::vector<Text>& files)> OLEDragOver;  // false: no drop here
+  std::function<void(const std::vector<Text>& files)> OLEDragDrop;
+
+ private:
+  std::vector<Column> columns_;
+};
+
+}  // namespace vantora

@@ -1,0 +1,105 @@
+#include "backends/forms/keys.h"
+#include "tests/backends/forms/worlds.h"
+
+namespace vantora {
+namespace {
+
+TEST_P(Worlds, HandsRefuseWhatAPersonCouldNotDo) {
+  FullForm form(loop), other(loop);
+  form.chkOn.Visible = false;
+  form.sldPan.Enabled = false;
+  const std::vector<int> two = {1, 2};
+  const std::pair<const char*, std::function<void()>> cases[] = {
+      {"is not shown", [&] { hands.Press(other.imgButton); }},
+      {"is hidden", [&] { hands.Press(form.chkOn); }},
+      {"is disabled", [&] { hands.Drag(form.sldPan, 0, 500); }},
+      {"cannot be seen", [&] { hands.Press(form.tmrTick); }},
+      {"takes no text", [&] { hands.Type(form.lblTitle, L"x"); }},
+      {"has no rows", [&] { hands.Select(form.imgButton, {1}); }},
+      {"has no row 6", [&] { hands.Select(form.lstOne, {6}); }},
+      {"has no row 0", [&] { hands.Select(form.lvwTracks, {0}); }},
+      {"takes one row only", [&] { hands.Select(form.lstOne, two); }},
+      {"takes exactly one row", [&] { hands.Select(form.cboGenre, {}); }},
+      {"there is no key Any", [&] { hands.Key(form, L"Any"); }},
+      {"has no menu open", [&] { hands.ChooseMenu(form, L"mnuOpen"); }},
+      {"takes no files", [&] { hands.Drop(form.lvwTracks, {L"C:\\a.wav"}); }},
+  };
+  person.Then([&] {
+    for (const auto& [why, act] : cases) {
+      EXPECT_NE(Refusal(act).find(why), std::string::npos) << why << ": " << Refusal(act);
+    }
+    form.Window.Enabled = false;
+    form.OnKey = [&form](int, bool) { return form.Log.emplace_back("key"), true; };
+    for (const wchar_t* key : {L"F1", L"Escape"}) {
+      EXPECT_NE(Refusal([&] { hands.Key(form, key); }), "");
+    }
+    EXPECT_NE(Refusal([&] { hands.Close(form); }), "");
+    form.EscapeWhileDisabled = form.CloseWhileDisabled = true;
+    EXPECT_NE(Refusal([&] { hands.Key(form, L"F1"); }), "");
+    hands.Key(form, L"Escape");
+    hands.Close(form);
+  });
+  person.Then([&] { form.Window.Enabled = true; });
+  Play(form);
+  EXPECT_EQ(form.Log, (std::vector<std::string>{"activate", "key", "close"}));
+}
+
+TEST_P(Worlds, AListKeepsTheLineItStandsOnInSight) {
+  FullForm form(loop);
+  while (form.lstMany.ListCount() < 40) form.lstMany.AddItem(L"muchos");
+  const int lines = form.lstMany.Height / kListLine;
+  const std::pair<int, int> tops[] = {{40, 40 - lines}, {38, 40 - lines}, {20, 19}, {22, 19}};
+  for (const auto& [row, top] : tops) {
+    person.Then([&, row = row] { hands.Select(form.lstMany, {row}); });
+    person.Then([&, row = row, top = top] { EXPECT_EQ(form.lstMany.TopIndex(), top) << row; });
+  }
+  person.Then([&] { form.lstMany.Clear(); });
+  person.Then([&] { EXPECT_EQ(form.lstMany.TopIndex(), 0); });
+  Play(form);
+}
+
+TEST_P(Worlds, AMenuIsAnsweredOnceAndClosedByEscape) {
+  FullForm form(loop);
+  form.Menus = {{L"mnuList",
+                 {{L"mnuPlay", L"&Tocar", form.Note("play")},
+                  {L"-", L"-", nullptr},
+                  {L"mnuCut", L"Cortar", form.Note("cut"), false}}}};
+  const auto open = [&] { loop.PopupMenu(form, form.Menus[0]); };
+  person.Then(open)
+      .Then([&] {
+        EXPECT_NE(Refusal([&] { hands.ChooseMenu(form, L"mnuCut"); }).find("disabled"),
+                  std::string::npos);
+        EXPECT_NE(Refusal([&] { hands.ChooseMenu(form, L"mnuNone"); }), "");
+        hands.ChooseMenu(form, L"mnuPlay");
+      })
+      .Then(open)
+      .Then([&] { hands.Key(form, L"Escape"); })
+      .Then([&] { EXPECT_NE(Refusal([&] { hands.ChooseMenu(form, L"mnuPlay"); }), ""); });
+  Play(form);
+  EXPECT_EQ(form.Log, (std::vector<std::string>{"activate", "play"}));
+}
+
+}  // namespace
+
+TEST(KeyNames, SayWhatAKeyReportsAndWrites) {
+  const std::pair<const wchar_t*, std::optional<KeyStroke>> names[] = {
+      {L"down", KeyStroke{kKeyDown, 0, false, false}},
+      {L"F12", KeyStroke{kKeyF12, 0, false, false}},
+      {L"CTRL+a", KeyStroke{'A', 0, true, false}},
+      {L"Shift+Ctrl+End", KeyStroke{kKeyEnd, 0, true, true}},
+      {L"X", KeyStroke{'X', 'x', false, false}},
+      {L"Shift+x", KeyStroke{'X', 'X', false, true}},
+      {L"7", KeyStroke{'7', '7', false, false}},
+      {L"+", KeyStroke{0, '+', false, false}},
+      {L"Space", KeyStroke{kKeySpace, ' ', false, false}},
+      {L"Ctrl+Return", KeyStroke{kKeyReturn, kKeyReturn, true, false}},
+      {L"F13", std::nullopt},
+      {L"Ctrl+", std::nullopt},
+      {L"Intro", std::nullopt},
+  };
+  for (const auto& [name, stroke] : names) {
+    EXPECT_EQ(KeyByName(name), stroke) << std::string(name, name + wcslen(name));
+  }
+}
+
+}  // namespace vantora
