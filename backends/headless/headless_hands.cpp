@@ -16,7 +16,6 @@ namespace vantora {
 
 namespace {
 
-
 int OnPixel(int twips) {
   return twips - twips % kTwipsPerPixel;
 }
