@@ -208,8 +208,7 @@ struct CddbStage {
   FakeDisc disc;
   LinuxSockets real{SocketPatience{20, 800, 8000}};
   WatchedSockets sockets;
-  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
-                               platform.bundle.cd, disc, sockets)};
+  Plattform bundle{With(platform.bundle, disc, sockets)};
   Programm prog{bundle};
   CddbServer server;
   CDDBAnfrage request;

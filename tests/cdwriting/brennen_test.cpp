@@ -296,10 +296,7 @@ struct FalscherBrenner final : Mcd {
 TEST(BrennerListe, TheSelectedLinesDeviceIsTheCurrentOneAmongAllWriters) {
   FalscherBrenner laufwerke({0, 2}), bilder({10});  // the first drive only reads, and gets no line
   DiscWriters alle({&laufwerke, &bilder});
-  Buehne b([&](HeadlessPlatform& p) {
-    const Plattform& m = p.bundle;
-    return MitLaufwerk(m, alle, m.acd, m.cd, m.mci, m.sockets);
-  });
+  Buehne b([&](HeadlessPlatform& p) { return With(p.bundle, alle); });
   b.Start();
   b.Katalog({L"a"});
   b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
