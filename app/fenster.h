@@ -43,29 +43,34 @@ void MitteSetzen(Programm& prog, Form& fenster);
 // The released picture of a button.
 void KnopfBild(PictureButton& ziel);
 
-// Holds a window that is loaded when it is first asked for, and loaded anew after it was unloaded.
-template <typename W>
-class Fenster {
+// The place of one window: it is loaded when it is first asked for, and loaded anew after it was
+// unloaded. The window itself may stand on a higher level, so the place knows it only by its maker.
+class FensterPlatz {
  public:
-  explicit Fenster(Programm& programm) : prog_(programm) {}
+  using Macher = std::shared_ptr<VtrFenster> (*)(Programm&);
 
-  W& operator()() { return *Laden(); }
+  explicit FensterPlatz(Programm& programm) : prog_(programm) {}
+
+  void MacherSetzen(Macher macher) { macher_ = macher; }
   bool Geladen() const { return fenster_ != nullptr; }
-  std::shared_ptr<W> Laden() {
-    if (!fenster_) {
-      fenster_ = std::make_shared<W>(prog_);
-      // Kept here as well: a window may unload itself while it loads.
-      std::shared_ptr<W> bleibt = fenster_;
-      bleibt->Form_Load();
-      return bleibt;
-    }
-    return fenster_;
-  }
+  std::shared_ptr<VtrFenster> Holen();  // loads it if need be
   void Entladen();
 
  private:
   Programm& prog_;
-  std::shared_ptr<W> fenster_;
+  Macher macher_ = nullptr;
+  std::shared_ptr<VtrFenster> fenster_;
+};
+
+// The same under the window's own type, for callers that see its header. The maker of a
+// `Fenster<W>` makes a W.
+template <typename W>
+class Fenster : public FensterPlatz {
+ public:
+  using FensterPlatz::FensterPlatz;
+
+  W& operator()() { return *Laden(); }
+  std::shared_ptr<W> Laden() { return std::static_pointer_cast<W>(Holen()); }
 };
 
 }  // namespace vantora

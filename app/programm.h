@@ -58,32 +58,6 @@ enum MeldungsArt : int {
 };
 enum Antwort : int { kJa = 6, kNein = 7 };
 
-// What the file dialog is asked for.
-enum DateiTyp : int {
-  kTypKatalog = 1,
-  kTypWave = 2,
-  kTypMusik = 3,
-  kTypAufnahme = 4,
-  kTypBild = 5,
-  kTypPdf = 6,
-};
-enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
-
-// Flags of the dialogs for fonts, colours and printing, as far as they are in use.
-enum DialogFlags : int {
-  kSchriftFuerBeide = 3,  // fonts of the screen and of the printer
-  kFarbeAnzeigen = 4,
-  kDruckerWaehlen = 18,
-};
-
-// What the font dialog begins with, and what was chosen.
-struct Schriftart {
-  Text Name;
-  int Groesse = 10;  // points
-  bool Fett = false, Kursiv = false;
-  bool operator==(const Schriftart&) const = default;
-};
-
 struct Programm : Dienste,
                   Einstellungen,
                   KatalogZustand,
@@ -95,7 +69,10 @@ struct Programm : Dienste,
                   MedleyZustand,
                   CoverZustand,
                   SchlagZustand {
-  explicit Programm(Plattform& dienste);
+  // Gives every window's place its maker.
+  using Fenstermacher = void (*)(Programm&);
+
+  Programm(Plattform& dienste, Fenstermacher fenster);
   ~Programm();
   Programm(const Programm&) = delete;
   Programm& operator=(const Programm&) = delete;
@@ -110,21 +87,11 @@ struct Programm : Dienste,
   int MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
                bool nichtMehrZeigen = false);
 
-  // Runs the file dialog; the answer stands in the dialog fields.
-  void DateiHolen(int typ, int modus, const vantora::Text& vorschlag = {});
-
-  // The font dialog and the colour dialog; cancelled, they change nothing and return false. A blank
-  // title is the dialog's own.
-  bool SchriftHolen(Schriftart& schrift, int flags = kSchriftFuerBeide);
-  bool FarbeHolen(const vantora::Text& titel, Color& farbe, int flags = kFarbeAnzeigen);
-  // The print dialog: sets the printer that is printed on, its copies and its file. Cancelled, it
-  // raises kFehlerAbbruch. A file that is there is asked about.
-  void DruckerHolen(int flags = kDruckerWaehlen);
   // Says in the program's words why a job came to nothing, or why a picture could not be read.
   void DruckFehlerMelden(const Laufzeitfehler& fehler);
   void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
 
-  // The main window, as the windows below it see it.
+  // The main window, as the folders below its own see it; loaded if need be.
   KatalogDienst& Katalogfenster();
 
   void LoadLastDir();
@@ -188,15 +155,5 @@ struct Programm : Dienste,
 
   std::deque<std::shared_ptr<VtrFenster>> entladene_;
 };
-
-template <typename W>
-void Fenster<W>::Entladen() {
-  if (!fenster_) return;
-  const std::shared_ptr<W> fenster = std::move(fenster_);
-  fenster_.reset();
-  fenster->Form_Unload();
-  prog_.plattform.schleife.Hide(*fenster);
-  prog_.Beisetzen(fenster);
-}
 
 }  // namespace vantora

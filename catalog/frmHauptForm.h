@@ -69,8 +69,8 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void lvwKatalog_DragDrop() {}
 
   // ---- catalog operations ----
-  void KatalogNeu();                         // the view only
-  void KatalogInitialisieren();              // a new catalog
+  void KatalogNeu() override;                // the view only
+  void KatalogInitialisieren() override;     // a new catalog
   void KatalogGeaendertFragen();             // offers to save a changed catalog
   bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
   std::int64_t KatalogLaengeBerechnen(Text& text) const;  // ms, and "hh:mm:ss"
@@ -86,12 +86,16 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
                           Text& pause);
   // Lists of texts and seconds, from index 1 (0 is unused).
   void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
-                   std::vector<std::int32_t>& laengen, Text& katalogTitel, Text& katalogInterpret);
-  void GetFileNames(std::vector<Text>& dateien) const;
+                   std::vector<std::int32_t>& laengen, Text& katalogTitel,
+                   Text& katalogInterpret) override;
+  void GetFileNames(std::vector<Text>& dateien) const override;
+  Text KatalogTitel() const override { return lblKatalogTitel.Caption; }
+  Text KatalogInterpret() const override { return lblKatalogInterpret.Caption; }
   // Rebuilds the list, rereads what changed on the disk, and drops tracks that are gone or invalid.
   void KatalogShow() override;
   void MedleyFunktion();
   void TrackDatenAendern(bool ohneUndo = false);
+  void NeuenTrackBearbeiten(int nummer) override;
   void KatalogDatenAendern(bool ohneUndo = false);
   void LiedAusKatalogAnzeige();
   void LiedAusKatalogImport();
@@ -103,7 +107,11 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   bool Spielt() const override { return Abspielen; }
   void SpieltSetzen(bool spielt) override { Abspielen = spielt; }
   bool SpielerLaeuft() const override { return WavePlayer->Playing(); }
-  void Freigeben() override { Window.Enabled = true; }
+  bool Sichtbar() const override { return Visible(); }
+  bool Frei() const override { return Window.Enabled; }
+  void FreiSetzen(bool frei) override { Window.Enabled = frei; }
+  void FokusAufListe() override;
+  void Beenden() override { imgÜberblenden_MouseUp(); }
 
   std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
   bool Abspielen = false;

@@ -6,6 +6,7 @@
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
+#include "dialogs/druck_dialoge.h"
 
 namespace vantora {
 
@@ -219,7 +220,7 @@ void frmPrint::PrintQMPaper() {
 // A dialog that was cancelled ends it. A job that fails leaves nothing behind.
 void frmPrint::imgPrintMe_MouseUp() {
   try {
-    prog.DruckerHolen(kDruckerWaehlen);
+    DruckerHolen(prog, kDruckerWaehlen);
     if (PapierArt == kZentriert) {
       PrintCentered();
     } else {

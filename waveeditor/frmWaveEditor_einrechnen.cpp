@@ -2,10 +2,10 @@
 // left. The sound goes through the chain into a temporary file, and only the whole of that takes
 // the source's place.
 
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
-#include "catalog/frmHauptForm.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include "platform/cd_sound.h"
@@ -66,7 +66,7 @@ void frmWaveEditor::Sperren(bool gesperrt) {
 
 void frmWaveEditor::Form_Close() {
   if (Window.Enabled) return imgZurück_MouseUp();
-  prog.frmHauptForm().imgÜberblenden_MouseUp();
+  prog.Katalogfenster().Beenden();
 }
 
 // What was heard before must not ring on into the beginning of the file.
@@ -210,8 +210,8 @@ void frmWaveEditor::CloseMe() {
     if (prog.DateiExistiert(datei)) Weiter([&] { prog.plattform.dateien.Kill(datei); });
   };
   if (WorkDatei != prog.WaveEditorDatei) entfernen(WorkDatei);
-  vantora::frmHauptForm& haupt = prog.frmHauptForm();
-  haupt.Window.Enabled = !prog.EditorBatch;  // between two files of a batch nobody begins a thing
+  KatalogDienst& haupt = prog.Katalogfenster();
+  haupt.FreiSetzen(!prog.EditorBatch);  // between two files of a batch nobody begins a thing
   EffektWerteMerken();
   bearbeitung_.Beenden();
   entfernen(ImTempOrdner(prog, kApplyDatei));

@@ -4,6 +4,7 @@
 
 #include "backends/linux/linux_sockets.h"
 #include "cdinput/clsCCd.h"
+#include "main/windows.h"
 #include "tests/emulators/cddb_server.h"
 #include "tests/support/buehne.h"
 
@@ -209,7 +210,7 @@ struct CddbStage {
   LinuxSockets real{SocketPatience{20, 800, 8000}};
   WatchedSockets sockets;
   Plattform bundle{With(platform.bundle, disc, sockets)};
-  Programm prog{bundle};
+  Programm prog{bundle, AllWindows};
   CddbServer server;
   CDDBAnfrage request;
   clsCCd client{bundle};

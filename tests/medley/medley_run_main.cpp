@@ -7,6 +7,7 @@
 #include "app/programm.h"
 #include "backends/linux/utf8.h"
 #include "main/headless_platform.h"
+#include "main/windows.h"
 #include "medley/ueberblendung.h"
 
 #include <cstdio>
@@ -37,7 +38,7 @@ class Reader final : public User {
 
 int Run(const char* home, const char* plan) {
   HeadlessPlatform platform(home);
-  Programm prog(platform.bundle);
+  Programm prog(platform.bundle, AllWindows);
   Reader reader(platform);
   platform.loop.TheUser = &reader;
   Form form(platform.loop, L"frm");

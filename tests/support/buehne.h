@@ -2,12 +2,12 @@
 // builder, and a user who answers what the program asks.
 #pragma once
 
+#include "app/frmKomponenten.h"
 #include "app/frmMBox.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
