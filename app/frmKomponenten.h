@@ -1,6 +1,6 @@
-// The hidden window that owns the device and codec controls and receives all their events for the
-// whole run. It hands them on to the receivers of app/ereignisse.h; its flags carry the state
-// between those events and the jobs that wait for them.
+// The hidden window that owns the device and codec controls and receives all their events during
+// the whole run. It passes them on to the receivers of app/ereignisse.h. Its flags hold the state
+// between these events and the jobs that wait for them.
 #pragma once
 
 #include "app/ereignisse.h"
@@ -24,8 +24,9 @@ class frmKomponenten final : public VtrFenster {
   void CheckAudioCDRomDevices();
   void LaufwerkeLesen(std::vector<Text>& liste) const;    // root and class of every drive
   void CDLaufwerkeLesen(std::vector<Text>& liste) const;  // roots of the CD drives, from index 1
-  void LaufwerkeMelden();                                 // traces the devices and their letters
-  // Letter of a SCSI device; `Produkt` in upper case. Blank when the registry does not know it.
+  void LaufwerkeMelden();  // writes the devices and their letters to the trace log
+  // Returns the letter of a SCSI device; `Produkt` is in upper case. Blank when the registry does
+  // not know the device.
   Text SCSILaufwerkSuchen(const Text& Produkt, const Text& Ziel, const Text& LUN) const;
   bool AutoInsertAktiv() const;
   void ACD_INIT();
@@ -33,7 +34,8 @@ class frmKomponenten final : public VtrFenster {
   void ACD_Close();
 
   bool CD_Check();
-  // Traces and returns why an image that lies in the open drive is no disc; blank when none does.
+  // Returns, and writes to the trace log, why the image in the open drive is no disc; blank without
+  // such an image.
   Text ImageFehler() const;
   int GetNumTracks();
   int GetCDLength();
@@ -57,7 +59,7 @@ class frmKomponenten final : public VtrFenster {
   Text AktCDDrive;               // root of the drive, "D:\"
   std::int32_t CDModus = 0;      // last mode of the CD control
   bool CDGeschlossen = false;
-  int LeseFehler = 0;  // failed tries at the track that is being read
+  int LeseFehler = 0;  // failed tries at the track being read
 
   bool BrennLaeuft = false;  // from the start of a write to MCD_BurningProcessComplete
   bool Abgebrochen = false;  // the run has failed or was cancelled

@@ -1,5 +1,5 @@
-// The main window as the windows below it see it: the catalog with its list, the preview, and the
-// window itself. All calls load it if need be (see Programm::Katalogfenster).
+// The operations of the main window that lower windows call: those on the catalog, the preview, and
+// the window itself. Programm::Katalogfenster() loads the window if needed.
 #pragma once
 
 #include "platform/text.h"
@@ -14,10 +14,10 @@ class KatalogDienst {
   virtual ~KatalogDienst() = default;
 
   // ---- the catalog ----
-  // Appends a wave file as the last track, and shows the catalog. A file that is missing or cannot
-  // be written is not added.
+  // Appends a wave file as the last track, and shows the catalog. A file that does not exist or
+  // cannot be written is not added.
   virtual void Katalog_AddWaveFile(const Text& datei, const Text& titel) = 0;
-  // Rebuilds the list, and drops tracks that are gone or invalid.
+  // Rebuilds the list, and removes tracks whose files are missing or invalid.
   virtual void KatalogShow() = 0;
   virtual void KatalogNeu() = 0;             // empties the list and the times; the tracks stay
   virtual void KatalogInitialisieren() = 0;  // an empty catalog under the usual title
@@ -35,19 +35,19 @@ class KatalogDienst {
   // ---- the preview ----
   // Plays a wave file; an empty text stops.
   virtual void PlayWaveNormal(const Text& datei) = 0;
-  // Plays it from its middle on, when it is long enough to be heard for so many seconds from there.
+  // Plays a wave file; from its middle on, if the whole file lasts at least `sekunden`.
   virtual void PlayWaveMitte(const Text& datei, std::int32_t sekunden) = 0;
-  // Whether the preview counts as playing, as the windows above see it too.
+  // The flag that the main window and the medley window share: a preview has been started.
   virtual bool Spielt() const = 0;
   virtual void SpieltSetzen(bool spielt) = 0;
-  virtual bool SpielerLaeuft() const = 0;  // the player itself
+  virtual bool SpielerLaeuft() const = 0;  // asks the player itself, not the flag
 
   // ---- the window ----
   virtual bool Sichtbar() const = 0;
-  virtual bool Frei() const = 0;  // takes keys and the mouse
+  virtual bool Frei() const = 0;  // the user may operate it
   virtual void FreiSetzen(bool frei) = 0;
   virtual void FokusAufListe() = 0;
-  // The picture behind the window: the user's own where there is one, or none.
+  // Shows or hides the picture behind the window. The picture is the user's own, if there is one.
   virtual void Hintergrund(bool zeigen) = 0;
   virtual void Beenden() = 0;  // the exit button: asks, and ends the program
 };

@@ -80,8 +80,8 @@ void BrennEreignisse::NeuenTrackZeigen() {
   f.lblKopieNr.Caption = ZahlText(track);
 }
 
-// One statement after the other, and none of them holds up the next: at 0 percent and for a track
-// without length there is no speed and no remaining time, and the labels keep what they show.
+// Each statement may fail without stopping the next. At 0 percent, and for a track without length,
+// speed and remaining time cannot be computed, and their labels stay unchanged.
 void BrennEreignisse::ProzentTAO(int percent) {
   const int track = Komponenten().AktTrack;
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
@@ -167,7 +167,8 @@ void BrennEreignisse::MCD_StatusChange(int state) {
   brennen.lblStatusBurner.Caption = prog.Text(meldung);
 }
 
-// Lead-in, lead-out and fixating can't be stopped: the window is disabled until data flows again.
+// Lead-in, lead-out and fixating can't be stopped, so the window is disabled until data is written
+// again.
 void BrennEreignisse::MCD_WriteLeadIn(int mode) {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.AppLog(L"MCD_WriteLeadIn", L"Mode:" + ZahlText(mode));

@@ -20,11 +20,12 @@ namespace vantora {
 
 namespace {
 
-// Three buffers, 70 ms: each turn of the sound server, of this thread and of the loop costs more
-// than the sound that it brings, and a level is still seen when it is heard.
+// Three buffers, 70 ms. Each wake-up of the sound server, of this thread and of the event loop
+// costs more than handling the sound itself. At 70 ms a level is still shown at the moment at which
+// it is heard.
 constexpr snd_pcm_uframes_t kPeriod = 3 * kBufferBytes / 4;
-constexpr unsigned kCardMs = 500;  // what the card keeps while this machine is busy
-constexpr int kPatienceMs = 100;   // longer than a period, so that a wait ends with sound
+constexpr unsigned kCardMs = 500;  // sound that the card buffers while this machine is busy
+constexpr int kPatienceMs = 100;   // longer than a period, so that a wait normally ends with sound
 
 [[noreturn]] void Refused(int error) {
   const std::string words = snd_strerror(error);
@@ -37,7 +38,7 @@ struct CloseCard {
 };
 using Card = std::unique_ptr<snd_pcm_t, CloseCard>;
 
-// Short periods and a long buffer behind them.
+// Asks for short periods and a long buffer.
 void SetUp(snd_pcm_t* pcm) {
   const auto check = [](int result) {
     if (result < 0) Refused(result);
@@ -64,7 +65,8 @@ void SetUp(snd_pcm_t* pcm) {
 Card OpenCard() {
   SilenceAlsaMessages();
   snd_pcm_t* opened = nullptr;
-  // Never blocking: a card that has gone must not hold up its end.
+  // The device is opened without blocking, so that a card that has been unplugged cannot keep the
+  // thread from ending.
   const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_CAPTURE, SND_PCM_NONBLOCK);
   if (error < 0) Refused(error);
   Card card(opened);
@@ -104,8 +106,8 @@ class Capture final : public SoundCapture {
   void Listen() {
     std::array<std::int16_t, kPeriod * 2> sound{};
     while (!stop_) {
-      // A whole period at a time: a part of one would wake the loop as well. When none has come for
-      // so long, the reading shows whether the card has gone.
+      // Reads a whole period at a time, since a part of one would wake the event loop too. When no
+      // period has come within the wait, the read fails if the card is gone.
       const int waited = snd_pcm_wait(card_.get(), kPatienceMs);
       if (waited < 0) {
         if (!Mend(waited)) break;
@@ -123,7 +125,8 @@ class Capture final : public SoundCapture {
     wake_();
   }
 
-  // What was lost in an overrun shows when the sound goes on: by how much it begins too late.
+  // After an overrun, the time lost is the gap between the end of the sound before and the start of
+  // this sound.
   void Take(const std::int16_t* sound, snd_pcm_sframes_t frames) {
     snd_pcm_sframes_t waiting = 0;
     if (snd_pcm_delay(card_.get(), &waiting) < 0 || waiting < 0) waiting = 0;
@@ -136,7 +139,7 @@ class Capture final : public SoundCapture {
     if (ring_.Append(sound, static_cast<std::size_t>(frames), ticks, lost)) wake_();
   }
 
-  // An overrun is mended on the way; false when the card has gone.
+  // Restarts the card after an overrun. Returns false when the card is gone.
   bool Mend(int error) {
     if (error == -EPIPE || error == -ESTRPIPE) interrupted_ = true;
     if (snd_pcm_recover(card_.get(), error, 1) < 0) return false;
@@ -147,12 +150,12 @@ class Capture final : public SoundCapture {
   Clock& clock_;
   Card card_;
   CaptureRing ring_{kCaptureBuffers};
-  std::shared_ptr<std::function<void()>> ready_;  // with it goes what was posted
+  std::shared_ptr<std::function<void()>> ready_;  // posted calls die with it
   std::function<void()> wake_;
-  std::int64_t lastTicks_;  // up to when sound has come
+  std::int64_t lastTicks_;  // time up to which sound has arrived
   bool interrupted_ = false;
   std::atomic<bool> stop_ = false;
-  std::thread thread_;  // last: it uses all the others
+  std::thread thread_;  // last, since the thread uses all other members
 };
 
 }  // namespace

@@ -24,7 +24,8 @@ namespace {
 AlsaOutput::AlsaOutput(int aheadMs) {
   SilenceAlsaMessages();
   snd_pcm_t* opened = nullptr;
-  // Never blocking: a card that has gone must not hold up whoever wants to stop it.
+  // The device is opened without blocking, so that a card that has been unplugged cannot delay a
+  // stop.
   const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK);
   if (error < 0) Refused(error);
   pcm_.reset(opened);
@@ -57,7 +58,8 @@ void AlsaOutput::Begin() {
 }
 
 std::optional<std::int64_t> AlsaOutput::Ahead() {
-  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) return std::nullopt;  // not begun
+  // Playing has not begun yet.
+  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) return std::nullopt;
   snd_pcm_sframes_t frames = 0;
   if (snd_pcm_delay(pcm_.get(), &frames) < 0) return std::nullopt;
   return std::max<std::int64_t>(frames, 0);

@@ -10,9 +10,9 @@ namespace vantora {
 
 namespace {
 
-constexpr int kMciNoAccess = 0;  // no mode of a device that answers
+constexpr int kMciNoAccess = 0;  // below 500: the device does not answer
 
-// Sound of a disc from one sector to another. One thread at a time.
+// Sound of a disc from one sector to another. Only one thread may use it at a time.
 class DiscSound {
  public:
   DiscSound(std::shared_ptr<Disc> disc, int from, int to)
@@ -32,7 +32,8 @@ class DiscSound {
  private:
   static constexpr int kBlockSectors = 8;
 
-  // A sector that cannot be read is the end: what lies behind it takes a drive many seconds.
+  // A sector that cannot be read ends the sound: the sectors behind it would take a drive many
+  // seconds.
   bool Fetch() {
     const int count = std::min(kBlockSectors, to_ - next_);
     if (count <= 0) return false;
@@ -46,15 +47,15 @@ class DiscSound {
   std::shared_ptr<Disc> disc_;
   int next_, to_;
   std::vector<std::int16_t> block_;
-  std::size_t left_ = 0;  // frames at the end of the block that have not been given
+  std::size_t left_ = 0;  // frames at the end of the block that have not been played
 };
 
-// Where playing from `sector` ends; `sector` itself when no sound lies there.
+// The sector at which playing from `sector` ends. It is `sector` itself when no sound is there.
 int EndOfSound(const CdToc& toc, int sector) {
   int end = sector;
   for (int track = toc.TrackAt(sector); track <= toc.Count() && toc.Track(track).Audio; ++track) {
     end = toc.Track(track).Start + toc.Track(track).Sectors;
-    if (end < toc.End(track)) break;  // the session ends here
+    if (end < toc.End(track)) break;  // a session ends here
   }
   return std::max(end, sector);
 }
@@ -107,9 +108,9 @@ void DiscPlayer::Close() {
   mode_ = kMciNotOpen;
 }
 
-// Notices a disc that was taken out or laid in.
+// Notices when a disc is taken out or inserted.
 void DiscPlayer::LookAtMedium() {
-  if (stream_) return;  // its thread has the disc; one that is gone ends the sound
+  if (stream_) return;  // the stream's thread uses the disc; a disc that is gone ends the sound
   if (disc_ && disc_->StillThere()) return;
   if (disc_ && mode_ != kMciReady) mode_ = kMciStop;
   disc_ = drives_.Open(drive_, &fault_);

@@ -33,7 +33,8 @@ bool ImageDisc::Read(int sector, int count, void* target) {
          static_cast<std::size_t>(count) * kSectorBytes);
     return true;
   } catch (const Laufzeitfehler&) {
-    return false;  // cut off, or on a disk that fails: what a drive calls a sector it cannot read
+    // The file is too short or its disk fails. A drive would report an unreadable sector.
+    return false;
   }
 }
 

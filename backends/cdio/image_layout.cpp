@@ -65,12 +65,13 @@ Text FileOfSheet(Dateien& files, const Text& sheet, const Text& name) {
   std::replace(path.begin(), path.end(), L'/', L'\\');
   const Text plain = path.substr(path.rfind(L'\\') + 1);
   if (plain.empty()) SheetMakesNoSense();
-  // Not a path of the machine on which the sheet was written, nor one that leads out of the folder.
+  // Refuses absolute paths of the machine on which the sheet was written, and paths that lead out
+  // of the folder.
   const bool below = path[0] != L'\\' && path.find(L':') == Text::npos &&
                      (L'\\' + path).find(L"\\..\\") == Text::npos;
   if (below && Exists(files, folder + path)) return folder + path;
   if (Exists(files, folder + plain)) return folder + plain;
-  // A pair that was given another name together.
+  // The sheet and its file may have been renamed together.
   const std::size_t dot = plain.rfind(L'.');
   Text renamed =
       sheet.substr(0, sheet.rfind(L'.')) + (dot == Text::npos ? Text() : plain.substr(dot));

@@ -1,4 +1,4 @@
-// The notation TOC of cdrdao. Sound in files without a header is big-endian in it.
+// The TOC format of cdrdao. It defines sound in files without a header as big-endian.
 
 #include "backends/cdio/image_layout.h"
 #include "backends/cdio/sheet_text.h"
@@ -47,7 +47,7 @@ class Splitter {
     return place < text_.size() && text_[place] >= '0' && text_[place] <= '7';
   }
 
-  // "\" stands before a quote or itself, or before the three digits of a letter.
+  // Within quotes, "\" escapes a quote or itself, or begins three octal digits of a character.
   void Quoted() {
     Word word{{}, line_, true};
     for (++at_; at_ < text_.size() && text_[at_] != '"'; ++at_) {
@@ -99,7 +99,7 @@ class TocReader {
     if (what == "NO") Take();
     if (what == "PRE_EMPHASIS") preemphasis_ = audio_;
     if (what == "SILENCE" || what == "ZERO") {
-      while (NextIsWord() && !NextIsLength()) Take();  // the mode of the sectors
+      while (NextIsWord() && !NextIsLength()) Take();  // skips the mode of the sectors
       Advance(Length(Take()));
     }
     if (what == "PREGAP") {
@@ -143,7 +143,7 @@ class TocReader {
     return std::stoll(text);
   }
 
-  // Bytes of sound: a time, or a number of frames (of bytes in a data track).
+  // Bytes of sound: the word is a time or a number of frames (of bytes in a data track).
   std::int64_t Length(const Word& word) const {
     if (word.Text.find(':') != std::string::npos) {
       const int sectors = SheetTime(word.Text);
@@ -169,7 +169,7 @@ class TocReader {
     begin_ = start_ = position_;
   }
 
-  // A track ends with its sector.
+  // A track ends at a sector's end.
   void EndTrack() {
     if (!inTrack_) return;
     position_ = std::int64_t{Sectors(position_)} * kSectorBytes;
@@ -208,7 +208,7 @@ class TocReader {
     Lay(piece);
   }
 
-  // Whole blocks of a file, which in a track of sound are sound too.
+  // Whole blocks of a file. In an audio track they count as sound.
   void AddData() {
     const Text file = TakeFile();
     const std::int64_t length = files_.FileLen(file);
@@ -240,9 +240,9 @@ class TocReader {
   ImageLayout layout_;
   bool inTrack_ = false, audio_ = true, preemphasis_ = false;
   int trackLine_ = 0;
-  int blockBytes_ = kSectorBytes;       // of a sector in a file of the track
+  int blockBytes_ = kSectorBytes;       // bytes of a sector in the file of the track
   std::int64_t position_ = 0;           // bytes from sector 0
-  std::int64_t begin_ = 0, start_ = 0;  // of the track: where it is laid down, where it begins
+  std::int64_t begin_ = 0, start_ = 0;  // of the track: the first byte placed; where index 1 is
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-// The wide characters of UTF-8; blank for what is none.
+// Decodes UTF-8; returns a blank text for bytes that are not UTF-8.
 Text FromUtf8(const std::string& bytes) {
   Text text;
   for (std::size_t at = 0; at < bytes.size();) {
@@ -53,7 +53,7 @@ void AppendUtf8(std::string& text, std::uint32_t letter) {
 
 std::string FromUtf16(const std::string& bytes, bool bigEndian) {
   std::string text;
-  std::uint32_t high = 0;  // first half of a pair
+  std::uint32_t high = 0;  // first half of a surrogate pair
   for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
     const std::uint32_t first = static_cast<unsigned char>(bytes[at]);
     const std::uint32_t second = static_cast<unsigned char>(bytes[at + 1]);
@@ -75,7 +75,7 @@ std::string FromUtf16(const std::string& bytes, bool bigEndian) {
 
 std::string SheetText(const std::string& bytes) {
   std::string text = bytes;
-  // A sheet begins with a mark, or with a letter of ASCII.
+  // A UTF-16 sheet begins with a byte order mark or with an ASCII character.
   const bool little = bytes.starts_with("\xFF\xFE") || (bytes.size() > 1 && bytes[1] == '\0');
   const bool big = bytes.starts_with("\xFE\xFF") || (bytes.size() > 1 && bytes[0] == '\0');
   if (little || big) text = FromUtf16(bytes, !little);

@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kBlockSectors = 64;  // written at once
+constexpr int kBlockSectors = 64;  // sectors written in one step
 constexpr auto kSliceTime = std::chrono::milliseconds(25);
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
 constexpr int kThousandths = 1000;
@@ -40,7 +40,8 @@ void TrackRead::GiveUp() {
 int TrackRead::Slice() noexcept {
   int code = kFehlerEinAusgabe;
   try {
-    // A slow drive takes seconds for what a careful read begins with.
+    // A careful read begins with steps that take a slow drive seconds, so the position is reported
+    // first.
     if (done_ == 0) TellPosition(true);
     if (Move()) return Delay();
     Header();
@@ -72,7 +73,7 @@ bool TrackRead::Move() {
     const int wanted = std::min({kBlockSectors, sectors_ - done_, budget});
     bool failed = false;
     const int count = ReadBlock(wanted, until, failed);
-    // Where it belongs, even when a write before has gone wrong half way.
+    // Seeks explicitly, since an earlier write may have failed half way.
     file_->Seek(kWaveHeaderBytes + std::int64_t{done_} * kSectorBytes);
     file_->Write(buffer_.data(), static_cast<std::size_t>(count) * kSectorBytes);
     done_ += count;
@@ -84,8 +85,8 @@ bool TrackRead::Move() {
   return true;
 }
 
-// Reads into the buffer: what comes before a sector that fails, and before the time is over, though
-// never nothing.
+// Reads into the buffer, up to a sector that fails or until the time is over, but at least one
+// sector.
 int TrackRead::ReadBlock(int wanted, Time::time_point until, bool& failed) {
   int read = 0;
   while (read < wanted && (read == 0 || Time::now() < until) && !givenUp_) {
@@ -131,7 +132,7 @@ void TrackRead::Close() noexcept {
     file_->Truncate(kWaveHeaderBytes + std::int64_t{done_} * kSectorBytes);
     Header();
   } catch (const std::exception&) {
-    // The disk takes nothing more; whoever opens the file cuts its size to what it holds.
+    // The disk refuses further writes. Readers of the file use only the size that it really has.
   }
   file_.reset();
 }

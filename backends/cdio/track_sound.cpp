@@ -42,7 +42,7 @@ TrackSound::TrackSound(std::shared_ptr<Disc> disc, int track, int offset)
 
 bool TrackSound::Read(int sector, int count, char* target) {
   if (emphasis_ && sector != next_) {
-    // What came before is still heard where the filter begins.
+    // The sector before is filtered first, so that the filter has the right state.
     std::vector<char> before(kSectorBytes);
     deEmphasis_.Reset();
     if (Moved(sector - 1, 1, before.data())) deEmphasis_.Apply(before.data(), kSectorFrames);

@@ -1,4 +1,4 @@
-// The SHA-256 sum of a file, so that a script can compare what was burned with what was to be.
+// The SHA-256 sum of a file, with which a script compares a burned disc to its source.
 #pragma once
 
 #include "platform/files.h"
@@ -7,7 +7,7 @@
 
 namespace vantora {
 
-// In small hexadecimal digits, from where the file stands to its end.
+// In lower-case hexadecimal digits, from the current position of the file to its end.
 std::string Sha256Of(Datei& file);
 
 }  // namespace vantora

@@ -36,7 +36,7 @@ void Resampler::Push(const float* stereo, std::size_t frames, std::vector<std::i
   Run(stereo, frames, false, out);
 }
 
-// The library rounds the length to the nearest frame. A frame that is missing then is silence.
+// The library rounds the length to the nearest frame. A missing frame is filled with silence.
 void Resampler::Flush(std::vector<std::int16_t>& out) {
   const std::size_t before = out.size();
   const std::int64_t due = (in_ * kTarget + rate_ - 1) / rate_ - made_;

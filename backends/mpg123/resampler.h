@@ -1,6 +1,6 @@
-// Brings sound of any MPEG rate to 44.1 kHz, 16 bit, stereo through libsamplerate at its medium
-// quality: flat to 18 kHz, or as far in proportion where the source's half rate is lower. Images
-// and aliases below that are more than 110 dB down.
+// Converts sound of any MPEG rate to 44.1 kHz, 16 bit, stereo with libsamplerate at its medium
+// quality. The response is flat to 18 kHz, or proportionally lower for sources below 44.1 kHz.
+// Images and aliases are more than 110 dB down in this band.
 #pragma once
 
 #include <cstddef>
@@ -14,12 +14,13 @@ namespace vantora {
 
 class Resampler {
  public:
-  explicit Resampler(long rate);  // Hz of what comes in
+  explicit Resampler(long rate);  // rate of the source in Hz
 
   long Rate() const { return rate_; }
-  // Appends to `out` (left, right, left …) what `frames` more of interleaved stereo make sure.
+  // Takes `frames` frames of interleaved stereo. Appends to `out` (left, right, left …) the frames
+  // that are complete.
   void Push(const float* stereo, std::size_t frames, std::vector<std::int16_t>& out);
-  // Appends the rest. In all, n frames in give n x 44100 / rate frames out, rounded up.
+  // Appends the rest. For n frames in, n x 44100 / rate frames come out in all, rounded up.
   void Flush(std::vector<std::int16_t>& out);
 
  private:
@@ -30,8 +31,8 @@ class Resampler {
 
   long rate_;
   std::unique_ptr<SRC_STATE_tag, Delete> state_;
-  std::vector<float> part_;         // of the sound that comes out
-  std::int64_t in_ = 0, made_ = 0;  // frames
+  std::vector<float> part_;         // part of the output
+  std::int64_t in_ = 0, made_ = 0;  // frames taken and made
 };
 
 }  // namespace vantora

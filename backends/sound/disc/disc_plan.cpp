@@ -33,7 +33,7 @@ DiscPart SoundForDisc(Dateien& files, const Text& wave) {
 std::vector<PlannedTrack> PlanDisc(const std::vector<DiscPart>& waves, const DiscRules& rules) {
   std::vector<PlannedTrack> tracks;
   std::int64_t sector = 0;
-  std::vector<DiscPart> rest;  // of the wave before, less than a sector
+  std::vector<DiscPart> rest;  // of the previous wave, less than a sector
   for (std::size_t i = 0; i < waves.size(); ++i) {
     PlannedTrack track;
     track.File = waves[i].File;
@@ -48,7 +48,8 @@ std::vector<PlannedTrack> PlanDisc(const std::vector<DiscPart>& waves, const Dis
     track.Sectors = std::max(full / kSectorBytes, rules.Least);
     const std::int64_t over = bytes - track.Sectors * kSectorBytes;
     if (over > 0) {
-      // All of it comes from this track's own wave, as what was there before is less than a sector.
+      // The bytes over all come from this track's own wave: the rest in front of it is less than a
+      // sector.
       DiscPart& own = track.Parts.back();
       own.Bytes -= over;
       rest.push_back({own.File, own.Offset + own.Bytes, over});

@@ -1,6 +1,6 @@
-// Titles and performers as they may stand on a disc, in its sheet and in its CD-TEXT alike:
-// Latin-1, with plain letters in place of the typographic ones that the catalog's Windows-1252 has
-// beyond it. Players cannot show those, and readers of sheets drop them.
+// Titles and performers for a disc's sheet and CD-TEXT: Latin-1, where the typographic characters
+// of Windows-1252 become plain ones. Players cannot show the typographic ones, and readers of
+// sheets drop them.
 #pragma once
 
 #include "platform/text.h"
@@ -9,8 +9,8 @@
 
 namespace vantora {
 
-// Control characters become blanks: in CD-TEXT they are commands, and they break a sheet's lines. A
-// letter that has no plain one becomes "?".
+// Control characters become blanks: in CD-TEXT they are commands, and in a sheet they break lines.
+// A character without a plain form becomes "?".
 std::string DiscText(const Text& text);
 
 }  // namespace vantora

@@ -1,5 +1,5 @@
-// Removes a range of frames of 4 bytes from a wave file in place. The part of the range that lies
-// outside the file is not looked at.
+// Removes a range of frames of 4 bytes from a wave file in place. A part of the range outside the
+// file is ignored.
 #pragma once
 
 #include "platform/edits.h"

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kFullScale = 32767;
 constexpr std::int64_t kSampleBytes = 2;
-// Small enough to stay in the processor's own memory between reading and writing.
+// Fits the processor's cache between reading and writing.
 constexpr std::size_t kBlockSamples = 1U << 16U;
 
 VANTORA_VECTOR_UNIT int Peak(const std::int16_t* samples, std::size_t count) {

@@ -1,6 +1,6 @@
-// Brings the highest peak of a wave file of 16 bits to a share of full scale, 32767. Every other
-// sample is multiplied by the same factor in single precision and rounded, ties to even: within
-// half a step and 1/256 of the exact product.
+// Scales a 16-bit wave file so that its peak reaches a share of full scale, 32767. All samples are
+// multiplied by the same factor in single precision and rounded, ties to even; the result is within
+// 1/2 + 1/256 of the exact product.
 #pragma once
 
 #include "platform/edits.h"
@@ -10,8 +10,8 @@
 
 namespace vantora {
 
-// What `callback` hears, and how often, stands with MMTools::NormalizeFile. A file whose peak is
-// where it should be is not written. Error 57 for other than 16 bits.
+// MMTools::NormalizeFile describes the calls of `callback`. A file whose peak already has the right
+// level is not written. Raises 57 for other than 16 bits.
 void NormalizeWaveFile(Dateien& dateien, Edits& edits, const Text& file,
                        const std::function<void(int phase, int percent)>& callback, int percent);
 

@@ -1,6 +1,6 @@
-// Marks a procedure whose loops the compiler shall make once for every generation of the vector
-// unit; the fitting one is chosen when the program starts. The results are the same to the bit. The
-// choice is made too early for the sanitizers, whose own work has not begun by then.
+// Marks a function that the compiler generates once for each generation of vector units. The
+// program chooses the version for its processor when it starts. All versions give identical
+// results. Not used with sanitizers: the choice happens before they are initialised.
 #pragma once
 
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \

@@ -1,4 +1,4 @@
-// Levels in dB, and sections of ini files.
+// Converts levels to dB, and reads sections of ini files.
 #pragma once
 
 #include "platform/mmchain.h"

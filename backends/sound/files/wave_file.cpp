@@ -11,7 +11,7 @@ namespace vantora {
 
 namespace {
 
-// Sound is followed by a byte that makes its length even.
+// Chunks are padded to an even length.
 std::int64_t Even(std::int64_t bytes) {
   return bytes + bytes % 2;
 }
@@ -58,7 +58,7 @@ std::int64_t WaveFile::Samples() const {
 
 void WaveFile::SetPosition(std::int64_t bytes) {
   if (bytes < 0) throw Laufzeitfehler(kFehlerUngueltigerAufruf, L"Posición no válida");
-  position_ = std::min(bytes, kMaxWaveFileBytes);  // no file reaches further
+  position_ = std::min(bytes, kMaxWaveFileBytes);  // the maximum length of a wave file
 }
 
 std::size_t WaveFile::Read(void* target, std::size_t bytes) {
@@ -121,7 +121,7 @@ Datei& WaveFile::File() {
 void WaveFile::MakeWritable() {
   File();
   if (!writable_) {
-    // The file must be the one whose header was read: nothing is made anew, nothing was changed.
+    // A file with another length is not the one whose header was read, so it is not changed.
     if (dateien_.FileLen(path_) != layout_.TailOffset + layout_.TailBytes) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo ha cambiado");
     }
@@ -131,7 +131,8 @@ void WaveFile::MakeWritable() {
   changed_ = true;
 }
 
-// Makes the sizes in the header true. What a failed write has left behind the sound goes.
+// Writes the correct sizes to the header. Removes bytes that a failed write has left after the
+// sound.
 void WaveFile::BringIntoLine(Datei& file) {
   const std::int64_t dataEnd = layout_.DataOffset + layout_.DataBytes;
   const std::int64_t end = layout_.DataOffset + Even(layout_.DataBytes);

@@ -32,7 +32,7 @@ WaveHeader MakeWaveHeader(std::int64_t dataBytes) {
   Put(header, 0, "RIFF");
   Put(header, 4, size + (size & 1U) + static_cast<std::uint32_t>(kWaveHeaderBytes) - 8, 4);
   Put(header, 8, "WAVEfmt ");
-  Put(header, 16, 16, 4);  // bytes of the format that follows
+  Put(header, 16, 16, 4);  // size of the format fields that follow
   Put(header, 20, 1, 2);   // PCM
   Put(header, 22, kChannels, 2);
   Put(header, 24, kSampleRate, 4);

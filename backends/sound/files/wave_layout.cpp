@@ -11,7 +11,7 @@ namespace vantora {
 
 namespace {
 
-// A file of nothing but tiny chunks is no wave file that anybody wrote.
+// A file with more chunks than this is not a real wave file.
 constexpr int kMaxChunks = 1000;
 constexpr std::int64_t kChunkHead = 8;
 constexpr unsigned kPcm = 1, kExtensible = 0xFFFE;
@@ -33,7 +33,7 @@ bool Has(const std::array<unsigned char, N>& bytes, std::size_t place, std::stri
 }
 
 void ReadFormat(Datei& file, std::int64_t size, WaveLayout& layout) {
-  std::array<unsigned char, 26> format{};  // as far as the sub-format of an extensible format
+  std::array<unsigned char, 26> format{};  // up to the sub-format of an extensible format
   const std::size_t wanted = static_cast<std::size_t>(std::min<std::int64_t>(size, 26));
   if (wanted < 16 || file.ReadSome(format.data(), wanted) != wanted) RaiseNoWave();
   unsigned tag = Number(format, 0, 2);
@@ -55,7 +55,7 @@ bool NeededChunkAt(Datei& file, std::int64_t place) {
   return Has(name, 0, "data") || Has(name, 0, "fmt ");
 }
 
-// A name of letters, with a size that the file has room for.
+// True when `place` has a name of letters and a size that fits into the file.
 bool LikelyChunkAt(Datei& file, std::int64_t place) {
   std::array<unsigned char, kChunkHead> head{};
   file.Seek(place);
@@ -65,7 +65,8 @@ bool LikelyChunkAt(Datei& file, std::int64_t place) {
   return letters && Number(head, 4, 4) <= file.Length() - place - kChunkHead;
 }
 
-// A chunk of odd length is followed by a byte that fills it up, but not every program writes one.
+// The end of a chunk. Chunks of odd length should be padded by one byte, but not every program does
+// so.
 std::int64_t BehindChunk(Datei& file, std::int64_t place, std::int64_t size) {
   const std::int64_t end = place + size;
   const bool unfilled = size % 2 == 0 || NeededChunkAt(file, end) ||

@@ -97,7 +97,7 @@ std::size_t WaveObject::ReadData(void* buffer, std::size_t bytes) {
       if (some == 0) break;
     } else {
       ahead_.resize(aheadLimit_);
-      aheadBytes_ = 0;  // also when the reading fails
+      aheadBytes_ = 0;  // before reading, in case it fails
       aheadStart_ = cursor_;
       aheadBytes_ = ReadAt(cursor_, ahead_.data(), ahead_.size());
       if (aheadBytes_ == 0) break;
@@ -131,7 +131,7 @@ void WaveObject::BeginWriting(std::size_t bytes) {
   wave_.SetPosition(cursor_);
 }
 
-// A file that cannot be written to its end would pass for the whole range, so it goes.
+// An incomplete file would look like the whole range, so it is deleted.
 void WaveObject::SaveRange(const Text& file) {
   if (state_ == State::Closed) RaiseClosed();
   if (dateien_.SystemPath(file) == dateien_.SystemPath(file_)) {
@@ -155,7 +155,7 @@ void WaveObject::CopyRange(Datei& copy, std::int64_t from, std::int64_t to) {
   const auto bytes = static_cast<std::size_t>(to - from);
   if (bytes > 0) wave_.SetPosition(from);
   if (bytes > 0 && wave_.CopyTo(copy, bytes) < bytes) {
-    // Somebody else has shortened the file since it was opened.
+    // Another program has shortened the file since it was opened.
     throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
   }
   if ((to - from) % 2 != 0) copy.Write("", 1);
@@ -194,7 +194,7 @@ void WaveObject::MakeAnew() {
     WriteWaveHeader(*made, 0);
   } catch (const Laufzeitfehler&) {
     made.reset();
-    dateien_.Kill(file_);  // a piece of a header is no wave file
+    dateien_.Kill(file_);  // a file with part of a header is not a wave file
     throw;
   }
   made.reset();

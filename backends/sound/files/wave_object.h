@@ -1,5 +1,6 @@
-// A wave file as the wave editor and its chain use it, over WaveFile. Whatever the header says, a
-// frame has 4 bytes; so a file of another format is counted wrongly, but never read past its end.
+// A wave file for the wave editor and its chain, based on WaveFile. Whatever the header says, a
+// frame is taken as 4 bytes. Lengths of other formats are therefore wrong, but reading never passes
+// the end.
 #pragma once
 
 #include "backends/sound/files/wave_file.h"
@@ -17,29 +18,29 @@ class WaveObject final : public MMWaveObject {
 
   const Text& FileName() const override { return file_; }
   void SetFileName(const Text& file) override;
-  // A file without a single byte counts as missing. The range of playing stays as it was set.
+  // An empty file counts as missing. The playing range stays as set.
   void Open() override;
   void Close() override;
   bool IsOpen() const override { return state_ != State::Closed; }
   std::int32_t DataSize() const override;
   bool Empty() const override { return DataBytes() == 0; }
   std::int32_t Position() const override;
-  void SetPosition(std::int32_t position) override;                // error 5 for a negative one
-  std::size_t ReadData(void* buffer, std::size_t bytes) override;  // none when closed
+  void SetPosition(std::int32_t position) override;                // raises 5 for a negative one
+  std::size_t ReadData(void* buffer, std::size_t bytes) override;  // reads nothing when closed
   std::size_t WriteData(const void* buffer, std::size_t bytes) override;
   void SaveRange(const Text& file) override;
   void SetBufferBytes(std::int32_t bytes) override;
-  void SaveHeader() override;  // no effect on one that is closed
+  void SaveHeader() override;  // without effect when closed
 
-  // ---- for the component ----
-  void ReadRange(MMData& data);  // whole frames of the range of playing, from the position
-  void MakeAnew();               // empty and open, its folder too
+  // Used by the component.
+  void ReadRange(MMData& data);  // whole frames of the playing range from the position
+  void MakeAnew();               // creates an empty file and its folder, and opens it
   void Append(const MMData& data);
 
  private:
   enum class State { Closed, Missing, Open };
   std::int64_t UnitBytes() const { return TimeFormat == vantora::TimeFormat::tfSample ? 4 : 1; }
-  std::int32_t InUnits(std::int64_t bytes) const;  // error 6
+  std::int32_t InUnits(std::int64_t bytes) const;  // raises 6
   std::int64_t DataBytes() const { return state_ == State::Open ? wave_.DataBytes() : 0; }
   bool IsMissing();
   std::size_t ReadAt(std::int64_t place, char* target, std::size_t bytes);
@@ -50,15 +51,15 @@ class WaveObject final : public MMWaveObject {
   Text file_;
   WaveFile wave_;
   State state_ = State::Closed;
-  std::int64_t position_ = 0;  // bytes; what is read back
-  std::int64_t cursor_ = 0;    // bytes; where the file stands
-  std::vector<char> ahead_;    // what was read ahead, and how much that may be
+  std::int64_t position_ = 0;  // in bytes; as reported
+  std::int64_t cursor_ = 0;    // in bytes; position of the file
+  std::vector<char> ahead_;    // bytes read ahead; their maximum number
   std::int64_t aheadStart_ = 0;
   std::size_t aheadBytes_ = 0;
   std::size_t aheadLimit_ = 1U << 16U;
 };
 
-// The component around it.
+// The component with the object.
 class WaveComponent final : public MMWaveFileX {
  public:
   explicit WaveComponent(Dateien& dateien) : MMWaveFileX(object_), object_(dateien) {}

@@ -45,8 +45,8 @@ class MixerLine final : public ucEQPro {
   }
   int MixerCount() override { return card_.Present() ? 1 : 0; }
   Text MixerName(int index) override { return index == 0 ? card_.Name() : Text(); }
-  void MixerIndex(int /*index*/) override {}  // there is one, the card that sound goes to
-  void PollInterval(int /*ms*/) override {}   // every reading is of this moment
+  void MixerIndex(int /*index*/) override {}  // there is only one mixer, that of the card in use
+  void PollInterval(int /*ms*/) override {}   // every reading is current
 
   int LineOutCount() override { return static_cast<int>(outs_.size()); }
   int LineOutID(int index) override { return IdAt(outs_, index); }

@@ -1,6 +1,6 @@
-// The mixer as the program sees it, over whatever a card has to offer: the line of waves is found
-// and named "Wave" and stands at index 1 of the outputs, where previews look for it. Where the card
-// has no such line, or there is only a sound server, it is the program's own volume.
+// The program's mixer, made from the lines of any card. The card's line for waves is named "Wave"
+// and has index 1 among the outputs, where previews look for it. Without such a line, or with only
+// a sound server, the program's own volume takes its place.
 #pragma once
 
 #include "backends/sound/mixer/output_volume.h"
@@ -11,26 +11,26 @@
 
 namespace vantora {
 
-// The lines of the card that sound goes to.
+// The lines of the card that plays the sound.
 class MixerCard {
  public:
-  enum class Role { Output, Input, Wave, Master };  // at most one is the wave's, one the master
+  enum class Role { Output, Input, Wave, Master };  // at most one line is Wave and one Master
   struct Line {
-    int ID = kNoLine;  // not kMasterLine, not below 1000
+    int ID = kNoLine;  // neither kMasterLine nor below 1000
     Text Name;
     Role Is = Role::Output;
     bool HasSwitch = false;
   };
 
   virtual ~MixerCard() = default;
-  // The card that sound goes to may have come or gone: looks for it anew, at most twice a second.
+  // Looks for a card that was plugged in or out, at most twice a second.
   virtual void Search() = 0;
-  virtual bool Present() = 0;             // the machine has sound
-  virtual Text Name() = 0;                // blank when it is not present
+  virtual bool Present() = 0;             // the machine can play sound
+  virtual Text Name() = 0;                // blank when not present
   virtual std::vector<Line> Lines() = 0;  // in the card's order
-  virtual int Volume(int id) = 0;         // 0 to kFullVolume, as it is now
+  virtual int Volume(int id) = 0;         // current value, 0 to kFullVolume
   virtual void SetVolume(int id, int volume) = 0;
-  virtual bool On(int id) = 0;  // its switch; a line without one is on
+  virtual bool On(int id) = 0;  // the line's switch; true without a switch
   virtual void SetOn(int id, bool on) = 0;
 };
 

@@ -1,5 +1,5 @@
-// The volume of all that the program itself plays, for machines whose card has none for it. Set on
-// the interface thread, heard in the threads that play.
+// The volume of all sound that the program plays, for machines whose card has no such control. It
+// is set on the interface thread and read on the threads that play.
 #pragma once
 
 #include "platform/eqpro.h"
@@ -18,10 +18,10 @@ class OutputVolume {
   void SetVolume(int volume) { Set(volume_, std::clamp(volume, 0, kFullVolume)); }
   bool On() const { return on_; }
   void SetOn(bool on) { Set(on_, on); }
-  // What samples are multiplied with: the cube of the volume, which is how the ear hears it.
+  // The factor for samples: the cube of the volume, which matches perceived loudness.
   double Gain() const;
 
-  std::function<void()> OnChange;  // on the interface thread
+  std::function<void()> OnChange;  // called on the interface thread
 
  private:
   template <typename T>
@@ -33,8 +33,8 @@ class OutputVolume {
   std::atomic<bool> on_{true};
 };
 
-// Puts the volume on one stream of sound. A change comes as a ramp over a block, so that it does
-// not click; at full volume the sound stays the same to the bit.
+// Applies the volume to one stream. Changes are ramped over a block to avoid clicks. At full volume
+// the samples stay unchanged.
 class VolumeOnStream {
  public:
   explicit VolumeOnStream(const OutputVolume& volume) : volume_(volume), gain_(volume.Gain()) {}

@@ -1,6 +1,7 @@
+#include "backends/sound/effects/equalizer.h"
+
 #include <gtest/gtest.h>
 
-#include "backends/sound/effects/equalizer.h"
 #include "tests/backends/sound/chain_sounds.h"
 
 #include "platform/laufzeitfehler.h"

@@ -1,9 +1,10 @@
+#include "backends/sound/effects/reverb.h"
+
 #include <gtest/gtest.h>
 
 #include "backends/linux/profile_file.h"
 #include "backends/linux/utf8.h"
 #include "backends/linux/windows1252.h"
-#include "backends/sound/effects/reverb.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/chain_sounds.h"
 

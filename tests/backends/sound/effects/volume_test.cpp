@@ -1,6 +1,7 @@
+#include "backends/sound/effects/volume.h"
+
 #include <gtest/gtest.h>
 
-#include "backends/sound/effects/volume.h"
 #include "tests/backends/sound/chain_sounds.h"
 
 namespace vantora::test {
