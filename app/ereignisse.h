@@ -1,6 +1,6 @@
-// The receivers of what the devices report. frmKomponenten hears every event and hands it on to the
-// receiver of its kind, which lives in the folder of the work that waits for it. All calls come on
-// the interface thread; platform/mcd.h, acd.h and mp3.h say what the numbers mean.
+// The receivers of the devices' events. frmKomponenten receives every event and passes it on to one
+// of these. Each receiver is in the folder of the job that waits for the events. All calls come on
+// the interface thread. platform/mcd.h, acd.h and mp3.h describe the arguments.
 #pragma once
 
 #include "platform/text.h"
@@ -9,7 +9,7 @@
 
 namespace vantora {
 
-// What the writer reports while a disc is made.
+// Receives the writer's events while a disc is burnt.
 class BrennEmpfaenger {
  public:
   virtual ~BrennEmpfaenger() = default;
@@ -27,7 +27,7 @@ class BrennEmpfaenger {
   virtual void MCD_ASPIEvent(int code, const Text& text) = 0;
 };
 
-// What the reader reports while a track is read.
+// Receives the reader's events while a track is read.
 class GrabEmpfaenger {
  public:
   virtual ~GrabEmpfaenger() = default;
@@ -36,7 +36,7 @@ class GrabEmpfaenger {
   virtual void ACD_Failure(int code, const Text& text) = 0;
 };
 
-// What the decoder reports while a file is converted.
+// Receives the decoder's events while a file is converted.
 class Mp3Empfaenger {
  public:
   virtual ~Mp3Empfaenger() = default;

@@ -57,7 +57,7 @@ class FensterPlatz {
 
   void MacherSetzen(Macher macher) { macher_ = macher; }
   bool Geladen() const { return fenster_ != nullptr; }
-  std::shared_ptr<VtrFenster> Holen();  // loads it if need be
+  std::shared_ptr<VtrFenster> Holen();  // loads the window if needed
   void Entladen();
 
  private:
@@ -66,7 +66,7 @@ class FensterPlatz {
   std::shared_ptr<VtrFenster> fenster_;
 };
 
-// The same under the window's own type, for callers that see its header. The maker of a
+// Holds a window of a known type, for callers that may include the window's header. The maker of a
 // `Fenster<W>` makes a W.
 template <typename W>
 class Fenster : public FensterPlatz {

@@ -21,15 +21,16 @@ class KatalogDienst {
   virtual void KatalogShow() = 0;
   virtual void KatalogNeu() = 0;             // empties the list and the times; the tracks stay
   virtual void KatalogInitialisieren() = 0;  // an empty catalog under the usual title
-  // The shown tracks, from index 1; 0 is unused. Lengths are seconds and include the pause behind
-  // all tracks but the last. An empty list leaves the arguments of GetKatInfos as they are.
+  // Fill the lists with the shown tracks, from index 1; index 0 is unused. Lengths are in seconds
+  // and include the pause after the track, except for the last track. While the list is empty,
+  // GetKatInfos does not change its arguments.
   virtual void GetFileNames(std::vector<Text>& dateien) const = 0;
   virtual void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
                            std::vector<std::int32_t>& laengen, Text& katalogTitel,
                            Text& katalogInterpret) = 0;
-  virtual Text KatalogTitel() const = 0;  // as the window shows them
+  virtual Text KatalogTitel() const = 0;  // the titles that the window shows
   virtual Text KatalogInterpret() const = 0;
-  // Takes the selection from the tracks before this one, and asks the user for its properties.
+  // Deselects all tracks before this one, and asks the user for its properties.
   virtual void NeuenTrackBearbeiten(int nummer) = 0;
 
   // ---- the preview ----

@@ -69,7 +69,7 @@ struct Programm : Dienste,
                   MedleyZustand,
                   CoverZustand,
                   SchlagZustand {
-  // Gives every window's place its maker.
+  // Sets the makers of all windows.
   using Fenstermacher = void (*)(Programm&);
 
   Programm(Plattform& dienste, Fenstermacher fenster);

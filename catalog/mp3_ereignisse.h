@@ -1,4 +1,5 @@
-// Progress and end of the conversion of an MP3 file that is imported.
+// Handles the decoder's events while an MP3 file is imported: shows the progress and reports
+// errors.
 #pragma once
 
 #include "app/ereignisse.h"

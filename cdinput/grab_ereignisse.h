@@ -1,5 +1,5 @@
-// What the reader reports while a track is read, and what of it the progress window shows. The
-// values that last from one event to the next are those of frmKomponenten and of the grab.
+// Handles the reader's events while a track is read: shows the progress and reports errors. The
+// values that it keeps from one event to the next are members of frmKomponenten and GrabZustand.
 #pragma once
 
 #include "app/ereignisse.h"

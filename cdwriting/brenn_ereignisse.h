@@ -1,5 +1,5 @@
-// What the writer reports while a disc is made, and what of it the progress window shows. The
-// values that last from one event to the next are those of frmKomponenten.
+// Handles the writer's events while a disc is burnt: shows the progress and reports errors. The
+// values that it keeps from one event to the next are members of frmKomponenten.
 #pragma once
 
 #include "app/ereignisse.h"

@@ -1,12 +1,11 @@
-// The makers of all windows. The composition alone sees every window, so a program gets them from
-// here.
+// The makers of all windows. Only the composition may include the header of every window.
 #pragma once
 
 namespace vantora {
 
 struct Programm;
 
-// Gives every window's place in the program its maker.
+// Sets the makers of all windows of the program.
 void AllWindows(Programm& program);
 
 }  // namespace vantora
