@@ -69,8 +69,8 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void lvwKatalog_DragDrop() {}
 
   // ---- catalog operations ----
-  void KatalogNeu();                         // empties the view only
-  void KatalogInitialisieren();              // begins a new catalog
+  void KatalogNeu() override;                // empties the view only
+  void KatalogInitialisieren() override;     // begins a new catalog
   void KatalogGeaendertFragen();             // offers to save a changed catalog
   bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
   std::int64_t KatalogLaengeBerechnen(Text& text) const;  // returns ms; `text` becomes "hh:mm:ss"
@@ -86,13 +86,17 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
                           Text& pause);
   // Fills the lists from index 1; index 0 is unused. Lengths are in seconds.
   void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
-                   std::vector<std::int32_t>& laengen, Text& katalogTitel, Text& katalogInterpret);
-  void GetFileNames(std::vector<Text>& dateien) const;
+                   std::vector<std::int32_t>& laengen, Text& katalogTitel,
+                   Text& katalogInterpret) override;
+  void GetFileNames(std::vector<Text>& dateien) const override;
+  Text KatalogTitel() const override { return lblKatalogTitel.Caption; }
+  Text KatalogInterpret() const override { return lblKatalogInterpret.Caption; }
   // Rebuilds the list, rereads changed files, and removes tracks whose files are missing or
   // invalid.
   void KatalogShow() override;
   void MedleyFunktion();
   void TrackDatenAendern(bool ohneUndo = false);
+  void NeuenTrackBearbeiten(int nummer) override;
   void KatalogDatenAendern(bool ohneUndo = false);
   void LiedAusKatalogAnzeige();
   void LiedAusKatalogImport();
@@ -104,7 +108,11 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   bool Spielt() const override { return Abspielen; }
   void SpieltSetzen(bool spielt) override { Abspielen = spielt; }
   bool SpielerLaeuft() const override { return WavePlayer->Playing(); }
-  void Freigeben() override { Window.Enabled = true; }
+  bool Sichtbar() const override { return Visible(); }
+  bool Frei() const override { return Window.Enabled; }
+  void FreiSetzen(bool frei) override { Window.Enabled = frei; }
+  void FokusAufListe() override;
+  void Beenden() override { imgÜberblenden_MouseUp(); }
 
   std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
   bool Abspielen = false;

@@ -186,6 +186,17 @@ void frmHauptForm::lvwKatalog_MouseUp(int taste) {
   prog.plattform.schleife.PopupMenu(*this, *FindMenu(L"mnuKatalog"));
 }
 
+void frmHauptForm::NeuenTrackBearbeiten(int nummer) {
+  for (int i = 1; i < nummer; ++i) lvwKatalog.ListItems(i).SetSelected(false);
+  AktuellerTitel = Ganz16(nummer);
+  prog.DialogBestaetigt = true;
+  TrackDatenAendern(true);
+}
+
+void frmHauptForm::FokusAufListe() {
+  prog.plattform.schleife.SetFocus(lvwKatalog);
+}
+
 void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
   if (AktuellerTitel <= 0 || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
   const KatalogEintrag gemeint = Element(prog.Katalog, AktuellerTitel);

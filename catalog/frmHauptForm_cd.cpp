@@ -1,13 +1,13 @@
 // The buttons for discs and records: copying an audio CD, saving its tracks, and opening the
 // recorder.
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"

@@ -1,13 +1,14 @@
 // Import of audio files into the catalog.
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+#include "dialogs/datei_holen.h"
 
 namespace vantora {
 
@@ -27,7 +28,7 @@ void frmHauptForm::imgLiedImport_MouseUp() {
   prog.AppLog(ort, L"");
   prog.AppLog(ort, L"DateiHolen:");
   PlayWaveNormal(L"");
-  prog.DateiHolen(kTypMusik, kModusOeffnen);
+  DateiHolen(prog, kTypMusik, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;
@@ -116,7 +117,7 @@ bool frmHauptForm::VonCDKopieren(Text& datei) {
     return false;
   }
   const bool mehrere = prog.MehrfachAuswahl;
-  prog.DateiHolen(kTypWave, kModusSichern, DateiNameOhnePfad(quelle));
+  DateiHolen(prog, kTypWave, kModusSichern, DateiNameOhnePfad(quelle));
   prog.MehrfachAuswahl = mehrere;  // the import that goes on still has several files
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
@@ -254,11 +255,8 @@ void frmHauptForm::Aufnehmen(const Text& datei) {
   const bool dabei =
       letzte > 0 && Ucase(prog.Katalog.back().Datei.Getrimmt()) == Ucase(Trim(datei));
   if (dabei) {
-    for (int i = 1; i < letzte; ++i) lvwKatalog.ListItems(i).SetSelected(false);
     lvwKatalog.ListItems(letzte).SetSelected(true);
-    AktuellerTitel = Ganz16(letzte);
-    prog.DialogBestaetigt = true;
-    TrackDatenAendern(true);
+    NeuenTrackBearbeiten(letzte);
     if (letzte <= lvwKatalog.ListItems.Count()) lvwKatalog.ListItems(letzte).SetSelected(false);
   }
   --DateienOffen;

@@ -8,6 +8,7 @@
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"
 #include "catalog/wave_pruefung.h"
+#include "dialogs/datei_holen.h"
 
 namespace vantora {
 
@@ -73,7 +74,7 @@ void frmHauptForm::NamenSetzen(const KatalogNamen& namen) {
 // or writing has succeeded, so that a refusal or an error leaves the catalog its name.
 frmHauptForm::KatalogNamen frmHauptForm::KatalogDialog(int modus) {
   const KatalogNamen vorher = Namen();
-  prog.DateiHolen(kTypKatalog, modus);
+  DateiHolen(prog, kTypKatalog, modus);
   KatalogNamen gewaehlt = Namen();
   NamenSetzen(vorher);
   return gewaehlt;

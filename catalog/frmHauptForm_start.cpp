@@ -1,11 +1,11 @@
 // The start from the splash window to the user's first action.
 
+#include "app/frmKomponenten.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "dialogs/frmStartAssistent.h"
 #include "mixer/frmMixer.h"

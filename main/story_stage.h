@@ -5,6 +5,7 @@
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "main/story_platform.h"
+#include "main/windows.h"
 #include "robot/robot_stage.h"
 
 #include <cstdlib>
@@ -46,7 +47,7 @@ class StoryStage final : public RobotStage {
     if (started_) Renew();
     started_ = true;
     Now().loop.TheUser = &user;
-    programm_ = std::make_unique<Programm>(Now().bundle);
+    programm_ = std::make_unique<Programm>(Now().bundle, AllWindows);
     programm_->Laufen();
     programm_.reset();
     Now().loop.TheUser = nullptr;

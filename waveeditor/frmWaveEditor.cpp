@@ -2,10 +2,10 @@
 
 #include "waveeditor/frmWaveEditor.h"
 
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
-#include "catalog/frmHauptForm.h"
 
 #include "platform/twips.h"
 
@@ -240,7 +240,7 @@ void frmWaveEditor::Einrechnen2(const Text& datei) {
 
 void frmWaveEditor::Form_Close() {
   if (Window.Enabled) return imgZurück_MouseUp();
-  prog.frmHauptForm().imgÜberblenden_MouseUp();
+  prog.Katalogfenster().Beenden();
 }
 
 void frmWaveEditor::CloseMe() {
@@ -264,8 +264,8 @@ void frmWaveEditor::CloseMe() {
   if (WorkDatei_ != prog.WaveEditorDatei && prog.DateiExistiert(WorkDatei_)) {
     Weiter([&] { prog.plattform.dateien.Kill(WorkDatei_); });
   }
-  vantora::frmHauptForm& haupt = prog.frmHauptForm();
-  haupt.Window.Enabled = !prog.EditorBatch;  // between two files of a batch the user must not act
+  KatalogDienst& haupt = prog.Katalogfenster();
+  haupt.FreiSetzen(!prog.EditorBatch);  // between two files of a batch the user must not act
   EffektWerteMerken();
   bearbeitung_.Beenden();
   einrechnung_.Aufraeumen();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "main/windows.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -107,7 +108,7 @@ TEST(Start, ATextThatIsMissingEndsItWithAMessageThatNamesTheFile) {
   ScriptedUser user;
   platform.loop.TheUser = &user;
   user.Then([&](Form& front) { platform.hands.Key(front, L"Return"); });
-  Programm prog(platform.bundle);
+  Programm prog(platform.bundle, AllWindows);
   EXPECT_FALSE(prog.Laufen());
   ASSERT_EQ(user.Said.size(), 1U);
   EXPECT_TRUE(Enthaelt(user.Said[0], L"strings.tsv"));

@@ -45,9 +45,7 @@ class CdBuehne {
   std::unique_ptr<CdMachine> cd;
   Buehne b{[this](HeadlessPlatform& p) {
     cd = std::make_unique<CdMachine>(p);
-    const Plattform& m = p.bundle;
-    return MitLaufwerk(m, m.mcd, cd->reader, cd->player, questions_ ? *questions_ : m.mci,
-                       m.sockets);
+    return With(p.bundle, cd->reader, cd->player, questions_ ? *questions_ : p.bundle.mci);
   }};
 };
 

@@ -4,6 +4,7 @@
 
 #include "backends/linux/linux_sockets.h"
 #include "cdinput/clsCCd.h"
+#include "main/windows.h"
 #include "tests/emulators/cddb_server.h"
 #include "tests/support/buehne.h"
 
@@ -206,9 +207,8 @@ struct CddbStage {
   FakeDisc disc;
   LinuxSockets real{SocketPatience{20, 800, 8000}};
   WatchedSockets sockets;
-  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
-                               platform.bundle.cd, disc, sockets)};
-  Programm prog{bundle};
+  Plattform bundle{With(platform.bundle, disc, sockets)};
+  Programm prog{bundle, AllWindows};
   CddbServer server;
   CDDBAnfrage request;
   clsCCd client{bundle};

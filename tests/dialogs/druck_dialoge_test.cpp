@@ -1,3 +1,5 @@
+#include "dialogs/druck_dialoge.h"
+
 #include <gtest/gtest.h>
 
 #include "dialogs/frmDrucken.h"
@@ -24,7 +26,7 @@ class Druckdialoge : public ::testing::Test {
     bool gewaehlt = true;
     b.Tu([&] {
       try {
-        b.prog.DruckerHolen();
+        DruckerHolen(b.prog);
       } catch (const Laufzeitfehler& fehler) {
         EXPECT_EQ(fehler.Nummer, kFehlerAbbruch);
         gewaehlt = false;
@@ -50,7 +52,7 @@ TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsI
     EXPECT_EQ(muster.FontTwips, 16 * 20);
     hand().Press(d.pbButton(0));
   });
-  b.Tu([&] { EXPECT_TRUE(b.prog.SchriftHolen(schrift)); });
+  b.Tu([&] { EXPECT_TRUE(SchriftHolen(b.prog, schrift)); });
   EXPECT_EQ(schrift, (Schriftart{L"Arial", 16, true, false}));
 
   Macht<frmSchrift>([&](frmSchrift& d) {
@@ -60,7 +62,7 @@ TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsI
     hand().Press(d.chkKursiv);
     hand().Key(d, L"Return");
   });
-  b.Tu([&] { EXPECT_TRUE(b.prog.SchriftHolen(schrift)); });
+  b.Tu([&] { EXPECT_TRUE(SchriftHolen(b.prog, schrift)); });
   EXPECT_EQ(schrift, (Schriftart{L"DejaVu Sans", 13, true, true}));
 }
 
@@ -73,7 +75,7 @@ TEST_F(Druckdialoge, ASizeBeyondTheRangeIsRefusedAndEscapeChangesNothing) {
     hand().Key(d, L"Escape");
   });
   b.Antwortet(7);
-  b.Tu([&] { EXPECT_FALSE(b.prog.SchriftHolen(schrift)); });
+  b.Tu([&] { EXPECT_FALSE(SchriftHolen(b.prog, schrift)); });
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_NE(b.Gesagt()[0].find(L"4 – 96"), Text::npos);
   EXPECT_EQ(schrift, (Schriftart{L"Liberation Mono", 12, false, true}));
@@ -95,7 +97,7 @@ TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
     hand().Type(d.txtAnteil(0), L"999");
     hand().Press(d.pbButton(0));
   });
-  b.Tu([&] { EXPECT_TRUE(b.prog.FarbeHolen(L"Fondo", farbe)); });
+  b.Tu([&] { EXPECT_TRUE(FarbeHolen(b.prog, L"Fondo", farbe)); });
   EXPECT_EQ(farbe, Rgb(255, 232, 7));
   Macht<frmFarbe>([&](frmFarbe& d) {
     EXPECT_EQ(d.Caption(), b.prog.Text(17206));
@@ -103,7 +105,7 @@ TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
     EXPECT_NE(d.Wahl(), Rgb(255, 232, 7));
     hand().Close(d);
   });
-  b.Tu([&] { EXPECT_FALSE(b.prog.FarbeHolen({}, farbe)); });
+  b.Tu([&] { EXPECT_FALSE(FarbeHolen(b.prog, {}, farbe)); });
   EXPECT_EQ(farbe, Rgb(255, 232, 7));
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "dialogs/datei_holen.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -21,7 +22,7 @@ class Dateidialog : public ::testing::Test {
   void Fragt(int typ, int modus, std::function<void(frmLoadSave&)> was,
              const Text& vorschlag = {}) {
     b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<frmLoadSave&>(front)); });
-    b.Tu([&] { b.prog.DateiHolen(typ, modus, vorschlag); });
+    b.Tu([&] { DateiHolen(b.prog, typ, modus, vorschlag); });
   }
   static std::vector<Text> Zeilen(const ListControl& liste) { return liste.Items(); }
   Hands& hand() { return b.platform.hands; }
@@ -85,7 +86,7 @@ TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
      })
         .Antwortet(kNein)
         .Macht([&](Form& front) { hand().Key(front, L"Escape"); });
-    b.Tu([&] { b.prog.DateiHolen(typ, modus); });
+    b.Tu([&] { DateiHolen(b.prog, typ, modus); });
     EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
     EXPECT_EQ(b.user.Left(), 0U);
   };

@@ -16,8 +16,7 @@ struct Client {
   HeadlessPlatform platform{home.Path(), std::filesystem::path(VANTORA_SOURCE_DIR) / "resources"};
   FakeDisc disc;
   AnsweringSockets network;
-  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
-                               platform.bundle.cd, disc, network)};
+  Plattform bundle{With(platform.bundle, disc, network)};
 };
 
 }  // namespace

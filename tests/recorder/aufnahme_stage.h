@@ -25,12 +25,7 @@ class AufnahmeGeraete : private Drives {
         SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
                          [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input},
         [&p] { return p.mmtools.NewPitch(); });
-    const Plattform& b = p.bundle;
-    return {b.schleife,      b.bildschirm, b.uhr,      b.system,     b.dateien,    *this,
-            b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,    b.tsCut,
-            b.edits,         b.mp3,        b.mcd,      b.acd,        b.cd,         b.mci,
-            b.sockets,       b.audiolib,   b.perfData, b.eqpro,      b.wachhalter, b.drucker,
-            b.bilder,        b.schriften};
+    return With(p.bundle, static_cast<Drives&>(*this), *werkzeug);
   }
 
   double frei = 1e12;

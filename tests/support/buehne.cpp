@@ -1,5 +1,6 @@
 #include "tests/support/buehne.h"
 
+#include "main/windows.h"
 #include "tests/backends/sound/wave_bytes.h"
 
 namespace vantora {
@@ -21,7 +22,7 @@ bool ScriptedUser::Act(Form* front) {
 }
 
 Buehne::Buehne(const Umbau& umbau)
-    : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle) {
+    : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle, AllWindows) {
   platform.loop.TheUser = &user;
   SaveSetting(platform.bundle, L"Show_Start_Assistant", L"0");
 }

@@ -2,12 +2,12 @@
 // builder, and a user who answers what the program asks.
 #pragma once
 
+#include "app/frmKomponenten.h"
 #include "app/frmMBox.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
@@ -16,6 +16,7 @@
 #include "main/headless_platform.h"
 #include "mixer/frmMixer.h"
 #include "tests/backends/linux/home.h"
+#include "tests/support/exchange.h"
 
 #include <filesystem>
 #include <functional>
@@ -26,6 +27,7 @@
 namespace vantora {
 
 using TemporaryHome = test::TempFolder;
+using test::With;
 
 // Answers modal windows in turn from a list of actions; what a message box said is kept.
 class ScriptedUser final : public User {
@@ -41,25 +43,6 @@ class ScriptedUser final : public User {
   std::vector<Action> actions_;
   std::size_t next_ = 0;
 };
-
-// The bundle with CD drives and a network of the test's own.
-inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& cd, Mci& mci,
-                             Sockets& net) {
-  return {
-      p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien,  p.laufwerke, p.einstellungen,
-      p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,    p.edits,     p.mp3,
-      mcd,        acd,          cd,           mci,       net,        p.audiolib,  p.perfData,
-      p.eqpro,    p.wachhalter, p.drucker,    p.bilder,  p.schriften};
-}
-
-// The bundle with another mixer.
-inline Plattform MitMixer(const Plattform& p, EQPro& eqpro) {
-  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien,    p.laufwerke,
-          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools,    p.tsCut,
-          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,         p.mci,
-          p.sockets,       p.audiolib,   p.perfData, eqpro,        p.wachhalter, p.drucker,
-          p.bilder,        p.schriften};
-}
 
 class Buehne {
  public:

@@ -90,12 +90,7 @@ class Geraete : private Drives {
         [&p] { return p.mmtools.NewPitch(); });
     cutter = std::make_unique<Cutter>(*platte, *edits);
     echt = &p.machine.letters;
-    const Plattform& b = p.bundle;
-    return {b.schleife,      b.bildschirm, b.uhr,      b.system,     *platte,      *this,
-            b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,    *cutter,
-            *edits,          b.mp3,        b.mcd,      b.acd,        b.cd,         b.mci,
-            b.sockets,       b.audiolib,   b.perfData, b.eqpro,      b.wachhalter, b.drucker,
-            b.bilder,        b.schriften};
+    return With(p.bundle, *platte, static_cast<Drives&>(*this), *werkzeug, *cutter, *edits);
   }
 
   std::map<Text, double> frei;  // by the words that the program asks with

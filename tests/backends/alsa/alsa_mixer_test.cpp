@@ -71,7 +71,7 @@ TEST_F(Server, ItsControlGivesAMasterAnInputAndThePlaceOfWavesToTheProgramItself
 }
 
 TEST_F(Server, WhatOthersTurnShowsInTheWindowAndTheWindowTurnsTheServer) {
-  Buehne b([&](HeadlessPlatform& p) { return MitMixer(p.bundle, lines); });
+  Buehne b([&](HeadlessPlatform& p) { return With(p.bundle, lines); });
   frmMixer& mixer = b.prog.frmMixer();
   const auto shows = [&](Fader& fader, int value, int mute) {
     return Soon([&] {
@@ -159,7 +159,7 @@ class GoneServer : public Server {};
 }  // namespace
 
 TEST_F(GoneServer, AServerThatGoesLeavesAWindowThatWorks) {
-  Buehne b([&](HeadlessPlatform& p) { return MitMixer(p.bundle, lines); });
+  Buehne b([&](HeadlessPlatform& p) { return With(p.bundle, lines); });
   frmMixer& mixer = b.prog.frmMixer();
   EXPECT_EQ(mixer.faderMasterOut.Value(), 100);
   Says("pactl exit");

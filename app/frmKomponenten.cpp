@@ -1,7 +1,9 @@
-#include "cdinput/frmKomponenten.h"
+#include "app/frmKomponenten.h"
 
 #include "app/programm.h"
 #include "app/werte/zahlen.h"
+
+#include <utility>
 
 namespace vantora {
 
@@ -12,17 +14,17 @@ constexpr int kVersuche = 5;
 constexpr int kVersuchsPauseMs = 200;
 constexpr int kStatusMs = 3000;
 constexpr int kAutoInsertSchluessel = 20;
-constexpr std::size_t kPositionsText = 30;
 constexpr std::size_t kProduktLaenge = 16;  // characters in the description of a drive
 
 }  // namespace
 
-frmKomponenten::frmKomponenten(Programm& programm)
+frmKomponenten::frmKomponenten(Programm& programm, EreignisEmpfaenger empfaenger)
     : VtrFenster(programm, L"frmKomponenten"),
       MCD(programm.plattform.mcd),
       ACD(programm.plattform.acd),
       CD(programm.plattform.cd),
-      Mp3Play1(programm.plattform.mp3) {
+      Mp3Play1(programm.plattform.mp3),
+      empfaenger_(std::move(empfaenger)) {
   EreignisseVerbinden();
 }
 
@@ -36,28 +38,35 @@ frmKomponenten::~frmKomponenten() {
 }
 
 void frmKomponenten::EreignisseVerbinden() {
+  BrennEmpfaenger& brennen = *empfaenger_.Brennen;
   McdEvents& e = MCD.Events;
-  e.MCD_ActTrack = [this](int track) { MCD_ActTrack(track); };
-  e.MCD_TrackPercent = [this](int percent) { MCD_TrackPercent(percent); };
-  e.MCD_InfoMessage = [this](int code, const Text& text) { MCD_InfoMessage(code, text); };
-  e.MCD_StatusChange = [this](int state) { MCD_StatusChange(state); };
-  e.MCD_WriteLeadIn = [this](int mode) { MCD_WriteLeadIn(mode); };
-  e.MCD_WriteLeadOut = [this](int mode) { MCD_WriteLeadOut(mode); };
-  e.MCD_Fixating = [this] { MCD_Fixating(); };
-  e.MCD_BurningProcessComplete = [this](int success) { MCD_BurningProcessComplete(success); };
-  e.MCD_UserStop = [this] { MCD_UserStop(); };
-  e.MCD_Failure = [this](int code, const Text& text) { MCD_Failure(code, text); };
-  e.MCD_ScsiEvents = [this](int first, int second, int code, int fourth, const Text& text) {
-    MCD_ScsiEvents(first, second, code, fourth, text);
+  e.MCD_ActTrack = [&brennen](int track) { brennen.MCD_ActTrack(track); };
+  e.MCD_TrackPercent = [&brennen](int percent) { brennen.MCD_TrackPercent(percent); };
+  e.MCD_InfoMessage = [&brennen](int code, const Text& t) { brennen.MCD_InfoMessage(code, t); };
+  e.MCD_StatusChange = [&brennen](int state) { brennen.MCD_StatusChange(state); };
+  e.MCD_WriteLeadIn = [&brennen](int mode) { brennen.MCD_WriteLeadIn(mode); };
+  e.MCD_WriteLeadOut = [&brennen](int mode) { brennen.MCD_WriteLeadOut(mode); };
+  e.MCD_Fixating = [&brennen] { brennen.MCD_Fixating(); };
+  e.MCD_BurningProcessComplete = [&brennen](int success) {
+    brennen.MCD_BurningProcessComplete(success);
   };
-  e.MCD_ASPIEvent = [this](int code, const Text& text) { MCD_ASPIEvent(code, text); };
-  ACD.Events.ACD_ActPosition = [this](int position) { ACD_ActPosition(position); };
-  ACD.Events.ACD_ReadComplete = [this] { ACD_ReadComplete(); };
-  ACD.Events.ACD_Failure = [this](int code, const Text& text) { ACD_Failure(code, text); };
+  e.MCD_UserStop = [&brennen] { brennen.MCD_UserStop(); };
+  e.MCD_Failure = [&brennen](int code, const Text& text) { brennen.MCD_Failure(code, text); };
+  e.MCD_ScsiEvents = [&brennen](int first, int second, int code, int fourth, const Text& text) {
+    brennen.MCD_ScsiEvents(first, second, code, fourth, text);
+  };
+  e.MCD_ASPIEvent = [&brennen](int code, const Text& text) { brennen.MCD_ASPIEvent(code, text); };
+
+  GrabEmpfaenger& grab = *empfaenger_.Grab;
+  ACD.Events.ACD_ActPosition = [&grab](int position) { grab.ACD_ActPosition(position); };
+  ACD.Events.ACD_ReadComplete = [&grab] { grab.ACD_ReadComplete(); };
+  ACD.Events.ACD_Failure = [&grab](int code, const Text& text) { grab.ACD_Failure(code, text); };
   CD.StatusUpdate = [this] { CD_StatusUpdate(); };
-  Mp3Play1.Mp3Play1_ActFrame = [this](int frame) { Mp3Play1_ActFrame(frame); };
-  Mp3Play1.Mp3Play1_Failure = [this](int code, const Text& t) { Mp3Play1_Failure(code, t); };
-  Mp3Play1.Mp3Play1_ThreadEnded = [this] { Mp3Play1_ThreadEnded(); };
+
+  Mp3Empfaenger& mp3 = *empfaenger_.Mp3;
+  Mp3Play1.Mp3Play1_ActFrame = [&mp3](int frame) { mp3.Mp3Play1_ActFrame(frame); };
+  Mp3Play1.Mp3Play1_Failure = [&mp3](int code, const Text& t) { mp3.Mp3Play1_Failure(code, t); };
+  Mp3Play1.Mp3Play1_ThreadEnded = [&mp3] { mp3.Mp3Play1_ThreadEnded(); };
 }
 
 // ---- finding the drives ----
@@ -264,11 +273,6 @@ void frmKomponenten::MP3_Init() {
 std::int32_t frmKomponenten::MP3_GetMBSize(const Text& datei) {
   Mp3Play1.Open(datei, L"");
   return Ganz32(static_cast<double>(GanzDiv(Abgeschnitten(Mp3Play1.LengthMs() * 176.4), kMB)));
-}
-
-int clsCDAudio::Teil(std::size_t stelle) {
-  const Text antwort = Links(mci_.mciSendString(L"status cd position"), kPositionsText);
-  return antwort.size() > stelle ? Ganz32(Val(antwort.substr(stelle, 2))) : 0;
 }
 
 }  // namespace vantora

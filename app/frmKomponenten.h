@@ -1,7 +1,9 @@
 // The hidden window that owns the device and codec controls and receives all their events during
-// the whole run. Its flags hold the state between these events and the jobs that wait for them.
+// the whole run. It passes them on to the receivers of app/ereignisse.h. Its flags hold the state
+// between these events and the jobs that wait for them.
 #pragma once
 
+#include "app/ereignisse.h"
 #include "app/fenster.h"
 
 #include "platform/acd.h"
@@ -15,7 +17,7 @@ namespace vantora {
 
 class frmKomponenten final : public VtrFenster {
  public:
-  explicit frmKomponenten(Programm& programm);
+  frmKomponenten(Programm& programm, EreignisEmpfaenger empfaenger);
   ~frmKomponenten() override;
 
   // ---- CD drives ----
@@ -49,31 +51,9 @@ class frmKomponenten final : public VtrFenster {
   void CD_Close();
   void CD_StatusUpdate();
 
-  // ---- reader events ----
-  void ACD_ActPosition(int position);
-  void ACD_ReadComplete();
-  void ACD_Failure(int code, const Text& text);
-
   // ---- MP3 ----
   void MP3_Init();
   std::int32_t MP3_GetMBSize(const Text& datei);  // decoded size in whole MB
-  void Mp3Play1_ActFrame(int frame);
-  void Mp3Play1_Failure(int code, const Text& text);
-  void Mp3Play1_ThreadEnded();
-
-  // ---- burner events ----
-  void MCD_ActTrack(int track);
-  void MCD_TrackPercent(int percent);
-  void MCD_InfoMessage(int code, const Text& text);
-  void MCD_StatusChange(int state);
-  void MCD_WriteLeadIn(int mode);
-  void MCD_WriteLeadOut(int mode);
-  void MCD_Fixating();
-  void MCD_BurningProcessComplete(int success);
-  void MCD_UserStop();
-  void MCD_Failure(int code, const Text& text);
-  void MCD_ScsiEvents(int first, int second, int code, int fourth, const Text& text);
-  void MCD_ASPIEvent(int code, const Text& text);
 
   std::int16_t AktCDDevice = 0;  // number of the device in ACD's count, from 1
   Text AktCDDrive;               // root of the drive, "D:\"
@@ -97,25 +77,7 @@ class frmKomponenten final : public VtrFenster {
 
  private:
   void EreignisseVerbinden();
-  void ProzentTAO(int percent);
-  void ProzentDAO(int percent);
-  void NeuenTrackZeigen();
-  double GesamtMs() const;             // audio of the whole disc, pauses included
-  double FertigMs(int percent) const;  // audio written so far
-  void Ende(int success) { MCD_BurningProcessComplete(success); }
-};
-
-// The playing position of the disc with the alias "cd", from the media control interface.
-class clsCDAudio {
- public:
-  explicit clsCDAudio(Mci& mci) : mci_(mci) {}
-  int GetCDPosition() { return Teil(0); }
-  int GetCDAktMinPosition() { return Teil(3); }
-  int GetCDAktSekPosition() { return Teil(6); }
-
- private:
-  int Teil(std::size_t stelle);
-  Mci& mci_;
+  EreignisEmpfaenger empfaenger_;
 };
 
 }  // namespace vantora

@@ -1,11 +1,11 @@
-// The events of an MP3 conversion: progress and end. They are members of frmKomponenten.
+#include "catalog/mp3_ereignisse.h"
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
@@ -21,13 +21,14 @@ Text KurzeDauer(double ms) {
 
 }  // namespace
 
-void frmKomponenten::Mp3Play1_ActFrame(int frame) {
-  if (!prog.frmSchreibFortschritt.Geladen() || Mp3Play1.FrameCount() <= 0) return;
+void Mp3Ereignisse::Mp3Play1_ActFrame(int frame) {
+  const Qm3Play& mp3 = prog.plattform.mp3;
+  if (!prog.frmSchreibFortschritt.Geladen() || mp3.FrameCount() <= 0) return;
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const vantora::frmHauptForm& haupt = prog.frmHauptForm();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
   const double anteil =
-      std::min(static_cast<float>(frame) / static_cast<float>(Mp3Play1.FrameCount()), 1.0F);
+      std::min(static_cast<float>(frame) / static_cast<float>(mp3.FrameCount()), 1.0F);
   f.lblAktKopiePro.Caption = Format(anteil, L"0.00%");
   int nummer = 1, gesamt = 1;
   double insgesamt = anteil;
@@ -43,10 +44,11 @@ void frmKomponenten::Mp3Play1_ActFrame(int frame) {
   BalkenVerlaengern(f.shpInsgKopie, insgesamt, twips);
   f.lblInsgKopiePro.Caption = Format(insgesamt, L"0.00%");
 
-  const auto vergangenMs = static_cast<double>(prog.plattform.uhr.Ticks() - KonvertierungsStart);
+  const auto vergangenMs =
+      static_cast<double>(prog.plattform.uhr.Ticks() - prog.frmKomponenten().KonvertierungsStart);
   f.lblAktKopieZeit.Caption = KurzeDauer(vergangenMs);
   Weiter([&] {
-    const double tempo = Quotient(anteil * Mp3Play1.LengthMs(), vergangenMs);
+    const double tempo = Quotient(anteil * mp3.LengthMs(), vergangenMs);
     f.lblAktKopieSpeed.Caption = L"X" + Format(TempoGrenze(tempo), L"0.00");
   });
   if (anteil > 0) {
@@ -54,17 +56,16 @@ void frmKomponenten::Mp3Play1_ActFrame(int frame) {
   }
 }
 
-void frmKomponenten::Mp3Play1_Failure(int /*code*/, const Text& text) {
-  Mp3Play1.Stop();
+void Mp3Ereignisse::Mp3Play1_Failure(int /*code*/, const Text& text) {
+  prog.plattform.mp3.Stop();
   prog.AppLog(L"Mp3Play1_Failure", L"!!!!");
-  prog.MsgBoxen(LoadResString(9007) + kZeilenEnde + LoadResString(9008) + text, kStopp,
-                LoadResString(0));
-  Abgebrochen = true;
-  KonvertierungAktiv = false;
+  prog.MsgBoxen(prog.Text(9007) + kZeilenEnde + prog.Text(9008) + text, kStopp, prog.Text(0));
+  prog.frmKomponenten().Abgebrochen = true;
+  prog.frmKomponenten().KonvertierungAktiv = false;
 }
 
-void frmKomponenten::Mp3Play1_ThreadEnded() {
-  KonvertierungAktiv = false;
+void Mp3Ereignisse::Mp3Play1_ThreadEnded() {
+  prog.frmKomponenten().KonvertierungAktiv = false;
 }
 
 }  // namespace vantora
