@@ -1,6 +1,6 @@
 // Any bytes as a layout of a window with every kind of control: what it says is done, or is an
 // overflow, and no two controls lie in each other.
-#include "app/layout.h"
+#include "app/werte/layout.h"
 #include "backends/headless/headless_loop.h"
 #include "tests/backends/full_form.h"
 #include "tests/fuzz/fuzz_body.h"

@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFontsMs = 200;  // after this the first windows stand
+constexpr int kFontsMs = 200;  // by then the first windows are shown
 
 }  // namespace
 
@@ -42,11 +42,6 @@ QtApp::~QtApp() = default;
 
 void QtApp::AwaitFonts() {
   if (auto* app = dynamic_cast<Application*>(qApp)) app->AwaitAll();
-}
-
-std::int64_t QtApp::StampOfStartFonts() {
-  const auto* app = dynamic_cast<Application*>(qApp);
-  return app == nullptr ? 0 : app->StampOfFamily();
 }
 
 std::vector<std::string> QtApp::Arguments() const {

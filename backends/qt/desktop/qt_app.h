@@ -1,35 +1,31 @@
-// The one QApplication of a process, with what it must be told before the first window.
+// The one QApplication of a process, with everything that must be set before the first window.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace vantora {
 
-// Lives in main(), longer than every loop and window.
+// Created in main(), and lives longer than every loop and window.
 class QtApp {
  public:
-  // The arguments are the process's own; what the toolkit understands of them (-platform …) is
-  // taken out of Arguments().
+  // Takes the arguments of the process. Arguments that the toolkit uses itself (-platform …) are
+  // missing from Arguments().
   QtApp(int argc, char** argv);
   ~QtApp();
   QtApp(const QtApp&) = delete;
   QtApp& operator=(const QtApp&) = delete;
 
-  std::vector<std::string> Arguments() const;  // without the process's name
+  std::vector<std::string> Arguments() const;  // without the name of the process
 
-  static bool IsSeen();  // false: windows are drawn where nobody sees them (offscreen)
+  static bool IsSeen();  // false: windows are drawn off screen
 
-  // Returns when all fonts of the machine are known, as they are soon after the start.
+  // Returns when all fonts of the machine are loaded, which normally happens soon after the start.
   static void AwaitFonts();
 
-  // Changes with the fonts in which a start draws its words; 0 when it is over.
-  static std::int64_t StampOfStartFonts();
-
-  // True when this process would find a screen, or was told to do without one (offscreen). To be
-  // asked before a QtApp is made: without a screen its constructor ends the process.
+  // True when this process has a screen, or was started to work off screen. Must be asked before a
+  // QtApp is created: without a screen its constructor ends the process.
   static bool HasScreen();
 
  private:

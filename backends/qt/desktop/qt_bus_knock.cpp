@@ -15,7 +15,7 @@ namespace vantora {
 
 namespace {
 
-// The value of a key in "unix:path=/run/bus,guid=…"; blank when it is not there.
+// The value of a key in "unix:path=/run/bus,guid=…"; blank when the key is missing.
 QByteArray ValueOf(const QByteArray& address, const QByteArray& key) {
   const qsizetype colon = address.indexOf(':');
   for (const QByteArray& pair : address.mid(colon + 1).split(',')) {
@@ -46,7 +46,7 @@ QtBusKnock::~QtBusKnock() {
   if (socket_ >= 0) close(socket_);
 }
 
-// A bus that is dead, or has no room for one more caller, is one that does not answer.
+// A bus that is dead or has no room for another connection is treated as one that does not answer.
 void QtBusKnock::Knock(const QByteArray& place) {
   sockaddr_un to{};
   to.sun_family = AF_UNIX;

@@ -1,5 +1,5 @@
-// Asks whether somebody answers at the address of a message bus, without waiting: the toolkit's own
-// connection waits for a silent bus for ever, and the interface thread with it.
+// Checks without waiting whether a message bus answers at an address. The toolkit's own connection
+// would wait for a silent bus for ever and block the interface thread.
 #pragma once
 
 #include <QByteArray>
@@ -12,8 +12,8 @@ namespace vantora {
 
 class QtBusKnock {
  public:
-  // `answered` comes once, out of an event, when the bus answers, and not after the destruction. A
-  // bus whose address is no socket of this machine counts as one that answers.
+  // `answered` is called once, from an event, when the bus answers; never after the destruction. A
+  // bus whose address is not a Unix socket is assumed to answer.
   QtBusKnock(const QByteArray& address, std::function<void()> answered);
   ~QtBusKnock();
   QtBusKnock(const QtBusKnock&) = delete;
@@ -23,7 +23,7 @@ class QtBusKnock {
   void Knock(const QByteArray& place);
 
   std::function<void()> answered_;
-  std::unique_ptr<QObject> ear_;  // with it goes what was connected
+  std::unique_ptr<QObject> ear_;  // its connections end with it
   int socket_ = -1;
 };
 

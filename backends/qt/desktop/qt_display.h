@@ -1,14 +1,16 @@
-// The screen that the windows stand on, 15 twips to one of its own pixels.
+// The screen of the windows, with 15 twips per pixel.
 #pragma once
 
 #include "platform/display.h"
+#include "platform/twips.h"
 
 namespace vantora {
 
 class QtDisplay final : public Display {
  public:
   QtDisplay() = default;
-  // A screen of a given size in pixels, whatever the real one is: stories do not depend on it.
+  // A screen of a given size in pixels, whatever the real screen is, so that stories do not depend
+  // on it.
   QtDisplay(int pixelWidth, int pixelHeight, int bitsPerPixel = 24)
       : pixelWidth_(pixelWidth), pixelHeight_(pixelHeight), bits_(bitsPerPixel) {}
 
@@ -18,13 +20,11 @@ class QtDisplay final : public Display {
   double TwipsPerPixelX() override { return kTwipsPerPixel; }
   double TwipsPerPixelY() override { return kTwipsPerPixel; }
   int BitsPerPixel() override;
-  // The busy pointer belongs to the person's desktop theme and stays; the name is only kept.
+  // The busy pointer comes from the user's desktop theme and stays; this call only stores the name.
   void SetSystemCursor(const Text& file) override { systemCursor_ = file; }
 
  private:
-  static constexpr int kTwipsPerPixel = 15;
-
-  int pixelWidth_ = 0, pixelHeight_ = 0, bits_ = 0;  // 0: ask the screen
+  int pixelWidth_ = 0, pixelHeight_ = 0, bits_ = 0;  // 0: use the real screen's
   Text systemCursor_;
 };
 

@@ -12,10 +12,10 @@ namespace vantora {
 
 namespace {
 
-// How a kind of desktop is asked. The answer is a number, which takes the wish back.
+// The D-Bus interface of one kind of desktop. Its reply is a cookie that ends the inhibition.
 struct Desk {
   const char *Service, *Path, *Interface, *Release;
-  bool Session;  // a session manager's, which wants to know the window and what it is kept from
+  bool Session;  // a session manager, which also wants a window and flags
 };
 
 constexpr Desk kDesks[] = {
@@ -33,8 +33,8 @@ QDBusMessage Call(const Desk& desk, const char* method) {
   return call;
 }
 
-// A wish that was granted after nobody wanted it any more is taken back at once. Nothing is asked
-// of a bus that is silent.
+// An inhibition that is granted after this object has been destroyed is released at once. Nothing
+// is sent to a bus that does not answer.
 class Held final : public Inhibition {
  public:
   Held(const QByteArray& address, const QString& why)
@@ -65,7 +65,7 @@ class Held final : public Inhibition {
                      [bus, &desk, wanted = wanted_, cookies = cookies_, watcher] {
                        const QDBusPendingReply<uint> reply = *watcher;
                        watcher->deleteLater();
-                       if (reply.isError()) return;  // this desktop is not there
+                       if (reply.isError()) return;  // this kind of desktop is not running
                        if (*wanted) {
                          cookies->append({&desk, reply.value()});
                        } else {

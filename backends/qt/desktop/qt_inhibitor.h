@@ -1,5 +1,5 @@
-// Asks the desktop over its session bus to stay awake. Nothing is asked where no bus is named, and
-// nothing is started to answer; no call waits for its answer.
+// Asks the desktop over its session bus to stay awake. Does nothing without a session bus, starts
+// no service, and no call waits for a reply.
 #pragma once
 
 #include "platform/inhibitor.h"

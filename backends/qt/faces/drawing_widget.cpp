@@ -20,10 +20,10 @@ namespace vantora {
 namespace {
 
 constexpr double kDimmed = 0.38;
-constexpr qsizetype kPiecePoints =
-    128;  // of a polyline, so that what is out of sight is passed over
+constexpr qsizetype kPiecePoints = 128;  // of a polyline, so that pieces out of sight are skipped
 
-constexpr double kTravel = 6;  // pixels up and down in a column, from which on a trace fills it
+// A trace that moves up and down by more pixels than this per column is drawn as bars.
+constexpr double kTravel = 6;
 
 QPointF At(const std::vector<int>& numbers, std::size_t point, double twips) {
   return QPointF(numbers[2 * point], numbers[2 * point + 1]) / twips;
@@ -35,8 +35,8 @@ QPolygonF PointsOf(const DrawItem& item, double twips) {
   return points;
 }
 
-// Of successive points in one column of pixels the first, the lowest, the highest and the last say
-// all that can be seen.
+// Of consecutive points in one pixel column, only the first, the lowest, the highest and the last
+// are visible.
 QPolygonF Thinned(const std::vector<int>& numbers, double twips) {
   const auto column = [&](std::size_t point) { return std::floor(numbers[2 * point] / twips); };
   const auto y = [&](std::size_t point) { return numbers[2 * point + 1]; };
@@ -56,7 +56,7 @@ QPolygonF Thinned(const std::vector<int>& numbers, double twips) {
   return thin;
 }
 
-// From the letters' own pixels to the widget's.
+// Converts from the font's pixels to the widget's.
 QTransform Turned(const LogicalFont& font, const QPointF& place, double scale) {
   constexpr double kTenths = 10;
   return QTransform()
@@ -69,13 +69,13 @@ QRect ReachOf(const QPolygonF& points) {
   return points.boundingRect().toAlignedRect().adjusted(-1, -1, 2, 2);
 }
 
-// A line along the edges of pixels.
+// True for a horizontal or vertical line.
 bool Straight(const QPolygonF& line) {
   return line.size() == 2 && (line[0].x() == line[1].x() || line[0].y() == line[1].y());
 }
 
-// A trace with points in every column of pixels, from left to right, that goes far up and down in
-// it.
+// True for a trace from left to right that has points in every pixel column and moves far up and
+// down in them.
 bool FillsColumns(const QPolygonF& line) {
   double travel = 0, columns = 1;
   for (qsizetype i = 1; i < line.size(); ++i) {
@@ -96,7 +96,7 @@ QPolygonF StraightBar(const QPolygonF& line) {
   return {touched.topLeft(), touched.bottomRight() + QPointF(1, 1)};
 }
 
-// Column by column: each reaches from the end of the one before it over all its own points.
+// One bar per pixel column, from the end of the column before over all points of the column.
 QPolygonF ColumnBars(const QPolygonF& trace) {
   QPolygonF bars;
   double last = trace.first().y();
@@ -133,7 +133,7 @@ bool DrawingWidget::Set(const PictureBox& box, double scale) {
   return true;
 }
 
-// A ground without holes is painted over whatever was there, and moves without being painted anew.
+// An opaque background covers everything below, and the toolkit can scroll it without repainting.
 void DrawingWidget::TellWhetherOpaque() {
   setAttribute(Qt::WA_OpaquePaintEvent, isEnabled() && ground_.alpha() == 255);
 }
@@ -142,8 +142,6 @@ void DrawingWidget::changeEvent(QEvent* event) {
   if (event->type() == QEvent::EnabledChange) TellWhetherOpaque();
   QWidget::changeEvent(event);
 }
-
-// ---- focus ----
 
 void DrawingWidget::focusInEvent(QFocusEvent* event) {
   ShowRing(event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason);
@@ -157,16 +155,15 @@ void DrawingWidget::ShowRing(bool ringed) {
   if (std::exchange(ringed_, ringed) != ringed) update();
 }
 
-// The ring is around what is seen of the picture, so it does not move with it.
+// The focus ring surrounds the visible part of the picture, so it must be redrawn when the picture
+// moves.
 void DrawingWidget::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
   if (ringed_) update();
 }
 
-// ---- marks ----
-
 double DrawingWidget::Twips() const {
-  return look::kTwipsPerPixel / scale_;
+  return kTwipsPerPixel / scale_;
 }
 
 std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawItem>& items) const {
@@ -198,7 +195,7 @@ std::vector<DrawingWidget::Mark> DrawingWidget::MarksOf(const std::vector<DrawIt
   return marks;
 }
 
-// Of straight lines and of traces that fill their columns nothing can be smoothed, and bars take a
+// Smoothing does not change straight lines and traces that fill their columns, and bars take a
 // fifth of the time.
 void DrawingWidget::AddLine(const DrawItem& item, const Mark& plain,
                             std::vector<Mark>& marks) const {
@@ -207,7 +204,7 @@ void DrawingWidget::AddLine(const DrawItem& item, const Mark& plain,
   for (qsizetype first = 0; first == 0 || first < line.size() - 1; first += kPiecePoints) {
     Mark piece = plain;
     piece.Bars = straight || columns;
-    piece.Points = line.mid(first, kPiecePoints + 1);  // ends where the next one begins
+    piece.Points = line.mid(first, kPiecePoints + 1);  // includes the first point of the next piece
     if (straight) {
       piece.Points = StraightBar(piece.Points);
     } else if (columns) {
@@ -251,8 +248,6 @@ void DrawingWidget::PlaceTurned(const DrawItem& item, Mark& mark) const {
                    .toAlignedRect()
                    .adjusted(-3, -3, 3, 3);
 }
-
-// ---- painting ----
 
 void DrawingWidget::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
@@ -321,7 +316,7 @@ void DrawingWidget::DrawPicture(QPainter& painter, const Mark& mark) {
   }
 }
 
-// What is smoothed is drawn about the middle of its pixels.
+// Smoothed lines are drawn through the centres of the pixels.
 void DrawingWidget::DrawLine(QPainter& painter, const Mark& mark) {
   if (!mark.Bars) {
     painter.drawPolyline(mark.Points.translated(0.5, 0.5));

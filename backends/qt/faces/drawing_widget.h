@@ -1,5 +1,5 @@
-// A drawing list. It can be far wider than what is seen of it, with hundreds of thousands of
-// points, so nothing but the part that is to be seen anew is painted.
+// Shows a drawing list. The drawing can be far wider than its visible part and have hundreds of
+// thousands of points, so only the part that needs repainting is painted.
 #pragma once
 
 #include "backends/qt/pictures/pictures.h"
@@ -19,7 +19,8 @@ namespace vantora {
 class DrawingWidget final : public QWidget {
  public:
   DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
-  // True: its drawing is another one. Scaled down, the box has fewer pixels for as many twips.
+  // Returns true when the drawing has changed. `scale` is that of the window: below 1, the box has
+  // fewer pixels for the same twips.
   bool Set(const PictureBox& box, double scale = 1);
 
  protected:
@@ -34,14 +35,14 @@ class DrawingWidget final : public QWidget {
   struct Mark {
     DrawItem::What Kind = DrawItem::What::Line;
     QPolygonF Points;
-    bool Bars = false;  // a line as the bars that it is made of, each by two of its corners
-    QRect Reach;        // no pixel beyond it is touched
+    bool Bars = false;  // `Points` holds two corners for each bar
+    QRect Reach;        // contains all pixels that the mark touches
     QColor Ink, Fill;
     QString Words;
     Text Picture;
     int FontSize = 0;
-    LogicalFont Font;      // of words in another font than the windows'; no name: in theirs
-    double FontScale = 1;  // its letters have whole pixels, and are then scaled
+    LogicalFont Font;      // for words in a font of their own; without a name: the windows' font
+    double FontScale = 1;  // applied to its whole-pixel letters
     Bild Photo;
 
     bool operator==(const Mark& other) const = default;
@@ -50,7 +51,7 @@ class DrawingWidget final : public QWidget {
   void AddLine(const DrawItem& item, const Mark& plain, std::vector<Mark>& marks) const;
   void PlaceWords(const DrawItem& item, Mark& mark) const;
   void PlaceTurned(const DrawItem& item, Mark& mark) const;
-  double Twips() const;  // of a pixel
+  double Twips() const;  // per pixel
   void Draw(QPainter& painter, const Mark& mark);
   static void DrawLine(QPainter& painter, const Mark& mark);
   static void DrawTurned(QPainter& painter, const Mark& mark);
@@ -63,7 +64,7 @@ class DrawingWidget final : public QWidget {
   QColor ground_ = Qt::transparent;
   int revision_ = 0;
   double scale_ = 1;
-  bool ringed_ = false;  // has the focus, and got it by the keyboard
+  bool ringed_ = false;  // has the focus, gained by the keyboard
   std::vector<Mark> marks_;
 };
 

@@ -1,13 +1,14 @@
-// The faces that are only drawn: words, pictures, panels, drawings and bars of light.
+// Faces of controls that are drawn and not edited: labels, pictures, panels, drawings and level
+// meters.
 
 #include "backends/qt/faces/drawing_widget.h"
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/level_bars.h"
 #include "backends/qt/faces/picture_widgets.h"
+#include "backends/qt/faces/words.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/windows/form_window.h"
-#include "backends/qt/words.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -23,20 +24,20 @@ namespace vantora {
 
 namespace {
 
-// Controls without a handler let the mouse through to what lies beneath. One that holds others
-// cannot: they would not get the mouse either.
+// A control without a mouse handler passes the mouse to the controls below. A container must not:
+// its children would not get the mouse either.
 void LetMouseThrough(QWidget& widget, bool through) {
   widget.setAttribute(Qt::WA_TransparentForMouseEvents, through);
 }
 
-// A label by its kind alone, for screen readers, which are told its words as its name: what the
-// toolkit does with the words of one that can have the focus is not wanted.
+// A QLabel that draws its words itself. Screen readers get the words as its accessible name, since
+// the toolkit's own treatment of the text of focusable labels is not wanted.
 class WordsWidget final : public QLabel {
  public:
-  WordsWidget(Pictures& pictures, QWidget* parent) : QLabel(parent), pictures_(pictures) {}
+  using QLabel::QLabel;
 
   QString Words;
-  QFont Full;  // its font, not scaled
+  QFont Full;  // its font without scaling
   double Scale = 1;
   QColor Ink, Ground;
   bool Wrap = false, OwnFont = false, Framed = false;
@@ -48,15 +49,13 @@ class WordsWidget final : public QLabel {
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
     const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
-    DrawWords(painter, pictures_,
-              {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont},
-              devicePixelRatioF());
+    DrawWords(painter, {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont});
     if (Framed) DrawFrame(painter);
     if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
 
  private:
-  // Seen on any ground: dark dashes between light ones.
+  // Light and dark dashes in turn, visible on any background.
   void DrawFrame(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
@@ -65,11 +64,9 @@ class WordsWidget final : public QLabel {
     painter.setPen(QPen(look::Of(look::kField), 1, Qt::DashLine));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
-
-  Pictures& pictures_;
 };
 
-// A control that learns where the mouse is on it, and which keys are held.
+// A control that records the position of the mouse and the modifier keys.
 class PointedFace : public Face {
  public:
   using Face::Face;
@@ -86,7 +83,7 @@ class PointedFace : public Face {
     Point(event);
     Face::MouseDouble(event);
   }
-  // A button that was pressed elsewhere, or when nothing was to be pressed here, is none.
+  // The button is 0 unless it was pressed on this control.
   void MouseMove(QMouseEvent& event) override {
     Point(event);
     const bool held = window().Pressed(*this);
@@ -108,21 +105,20 @@ class PointedFace : public Face {
   void Point(const QMouseEvent& event) {
     Control* told = control();
     if (told == nullptr) return;
-    // A box that follows the mouse may have been moved since its widget was last.
+    // The control may have been moved since its widget was updated, when it follows the mouse.
     const QPoint lag =
         look::Pixels(*told, window().Scale()).topLeft() - widget()->geometry().topLeft();
     const QPoint place = event.position().toPoint() - lag;
-    const double twips = look::kTwipsPerPixel / window().Scale();
+    const double twips = kTwipsPerPixel / window().Scale();
     told->MouseX = static_cast<int>(std::lround(place.x() * twips));
     told->MouseY = static_cast<int>(std::lround(place.y() * twips));
     Hold(*told, event.modifiers());
   }
 };
 
-// Its letters are counted in twips of the paper: scaled down to the window's pixels they keep the
+// The font size is in twips of the paper. Scaled to the window's pixels, letters keep the
 // proportions of the printed ones.
 QFont FontOnPaper(const Label& label) {
-  constexpr int kTwipsPerPoint = 20;
   LogicalFont font;
   font.FaceName = label.FontName;
   font.Height = -label.FontSize * kTwipsPerPoint;
@@ -139,7 +135,7 @@ Qt::Alignment Across(Alignment align) {
 class LabelFace final : public PointedFace {
  public:
   LabelFace(Label& label, FormWindow& window)
-      : LabelFace(label, window, new WordsWidget(window.host().ThePictures(), &window)) {}
+      : LabelFace(label, window, new WordsWidget(&window)) {}
 
   void KeyPress(QKeyEvent& event) override {
     const bool press = event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||
@@ -166,7 +162,7 @@ class LabelFace final : public PointedFace {
     words_->Full =
         words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
-    if (words_->OwnFont) words_->Scale *= label.FontScale / look::kTwipsPerPixel;
+    if (words_->OwnFont) words_->Scale *= label.FontScale / kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;
@@ -188,7 +184,7 @@ class LabelFace final : public PointedFace {
   WordsWidget* words_;
 };
 
-// A picture that nobody presses.
+// A picture without a mouse handler.
 class PictureFace final : public Face {
  public:
   PictureFace(PictureButton& picture, FormWindow& window)
@@ -219,7 +215,7 @@ class ButtonFace final : public Face {
 
   bool Fits() const override { return control() == nullptr || HasMouseHandler(*control()); }
 
-  // Buttons take the focus by the keyboard only: a click must not end the typing in a text box.
+  // A click does not move the focus to a button, so that it does not end typing in a text box.
   void MousePress(QMouseEvent& event) override {
     if (event.button() == Qt::MiddleButton) return;
     Down(event.button() == Qt::RightButton ? kRightButton : kLeftButton);
@@ -234,7 +230,8 @@ class ButtonFace final : public Face {
     const bool twice =
         event.button() == Qt::LeftButton && control() != nullptr && control()->DblClick;
     if (!twice) return MousePress(event);
-    // The second press is told in the place of a press; its release is one like all.
+    // The second press of a double click raises DblClick instead of MouseDown. Its release is
+    // handled like any other.
     held_ = true;
     Fire([](Control& told) {
       if (const auto act = told.DblClick) act();
@@ -258,7 +255,8 @@ class ButtonFace final : public Face {
     keyHeld_ = false;
     Up(kLeftButton, !window().Refused());
   }
-  // A space bar that is let go in another window never comes back here.
+  // When the focus moves while the space bar is held, the release of the key goes to another
+  // window.
   void FocusChanged(bool in) override {
     if (in || !keyHeld_) return;
     keyHeld_ = false;
@@ -268,8 +266,7 @@ class ButtonFace final : public Face {
  private:
   ButtonFace(PictureButton& button, FormWindow& window, ButtonWidget* widget)
       : Face(button, window, widget), button_(widget) {
-    // Only a screen reader's "press" comes this way; mouse and keys never reach the widget's own
-    // behaviour.
+    // Only a screen reader's "press" action raises this signal: mouse and keys are handled above.
     QObject::connect(button_, &QPushButton::clicked, button_, [this] { DownAndUp(); });
   }
 
@@ -292,7 +289,8 @@ class ButtonFace final : public Face {
     button_->update();
     Fire([&](Control& told) { Press(static_cast<PictureButton&>(told), button); });
   }
-  // One that acts while it is held works until it is let go, so that has to come as an event.
+  // A button with MouseDown works while it is held, and its handler turns the event loop. The
+  // release is therefore posted as an event.
   void DownAndUp() {
     if (control() == nullptr) return;
     if (!control()->MouseDown) {
@@ -305,8 +303,8 @@ class ButtonFace final : public Face {
     });
     Down(kLeftButton);
   }
-  // A button that acts on its release alone can be left by letting go beside it; one that acts
-  // while it is held must learn of its end.
+  // Releasing the mouse outside cancels a button that acts on release. A button that acts while it
+  // is held still needs its MouseUp.
   void Up(int button, bool inside) {
     held_ = false;
     button_->Held = false;

@@ -91,7 +91,7 @@ void Face::Fire(const std::function<void(Control&)>& handler) {
   });
 }
 
-// Handlers are copied before they run: one that destroys its own form must not destroy itself.
+// The handler is copied before it runs: it may destroy its own form.
 void Face::FireClick() {
   Fire([](Control& told) {
     if (const auto click = told.Click) click();

@@ -1,7 +1,8 @@
-// What a control looks like: one widget, kept like the control by Sync, and the way back from the
-// user's hand into the control and to its handlers.
+// The widget that shows a control: Sync updates the widget from the control, and user input goes
+// back to the control and its handlers.
 //
-// Widgets never look at the control while they paint: a form can go while its widgets still stand.
+// Widgets never read the control while they paint: the form may be gone while its widgets still
+// exist.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -28,15 +29,16 @@ class Face {
   Face(const Face&) = delete;
   Face& operator=(const Face&) = delete;
 
-  Control* control() const;  // nothing when the control or its form has gone
+  Control* control() const;  // null when the control or its form is gone
   QWidget* widget() const { return widget_; }
-  QWidget* surface() const { return surface_; }  // the part of the widget that gets the mouse
-  void Retire();                                 // the control has gone
+  QWidget* surface() const { return surface_; }  // the part of the widget that receives the mouse
+  void Retire();                                 // called when the control is gone
 
-  void Sync();                                // control to widget
-  virtual bool Fits() const { return true; }  // false: handlers came or went, make another face
+  void Sync();  // updates the widget from the control
+  // Returns false when the control needs another face, since it gained or lost handlers.
+  virtual bool Fits() const { return true; }
 
-  // Input on the surface, in the order in which handlers are told.
+  // User input on the surface. Each function raises the control's handlers for its event.
   virtual void MousePress(QMouseEvent& event);
   virtual void MouseRelease(QMouseEvent& event);
   virtual void MouseDouble(QMouseEvent& event);
@@ -44,13 +46,13 @@ class Face {
   virtual void KeyPress(QKeyEvent& event) { PassKey(event); }
   virtual void KeyRelease(QKeyEvent& event) { PassKey(event); }
   virtual void FocusChanged(bool /*in*/) {}
-  // Where a menu that a key asks for belongs; on the screen.
+  // Position on the screen of a menu opened by a key.
   virtual QPoint MenuPlace() const { return widget_->mapToGlobal(widget_->rect().center()); }
 
  protected:
   virtual void Apply(Control& control) = 0;
-  // True: a click of the left button raises Click. Controls whose Click means a change of their
-  // value raise it themselves.
+  // True: a click with the left button raises Click. Controls that raise Click on a change of their
+  // value do so themselves.
   virtual bool ClicksByMouse() const { return true; }
 
   template <typename C>
@@ -61,9 +63,10 @@ class Face {
   FormWindow& window() const { return window_; }
   Pictures& pictures() const;
 
-  virtual void Pass(QMouseEvent& event);  // to the widget's own behaviour
+  virtual void Pass(QMouseEvent& event);  // passes the event to the widget
   void PassKey(QKeyEvent& event);
-  // Changes the control after the user's hand, without a way back to the widget.
+  // Changes the control after user input and keeps it clean, so that the widget is not updated
+  // again.
   void Take(const std::function<void(Control&)>& change);
   void Fire(const std::function<void(Control&)>& handler);
   void FireClick();
@@ -77,7 +80,7 @@ class Face {
 };
 
 std::unique_ptr<Face> MakeFace(Control& control, FormWindow& window);
-// Faces of one kind, made by MakeFace.
+// Faces of one kind, called by MakeFace.
 std::unique_ptr<Face> MakeDrawnFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeInputFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeTableFace(ListView& list, FormWindow& window);

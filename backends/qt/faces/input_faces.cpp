@@ -1,4 +1,4 @@
-// The faces that take what a person enters: text, choices, lists and sliders.
+// Faces of controls for user input: texts, choices, lists and sliders.
 
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/slider_widget.h"
@@ -26,15 +26,13 @@ namespace {
 
 constexpr int kNoLimit = 32767;
 
-// ---- text ----
-
 class LineWidget final : public QLineEdit {
  public:
   using QLineEdit::QLineEdit;
   std::function<bool(int character)> Accepts;
 
  protected:
-  // Letters with an accent can come composed, without a key of their own.
+  // Input methods commit composed letters, such as letters with an accent, without a key event.
   void inputMethodEvent(QInputMethodEvent* event) override {
     for (const QChar character : event->commitString()) {
       if (!Accepts(character.unicode())) return event->accept();
@@ -94,12 +92,11 @@ class TextFace final : public Face {
   }
 
   LineWidget* line_;
-  bool fresh_ = false;  // it got the focus and was not clicked into since
+  bool fresh_ = false;  // got the focus and has not been clicked since
 };
 
-// ---- text of several lines ----
-
-// What the mouse does to the viewport is the field's business, and only the field knows how.
+// The widget's handler for mouse events of the viewport is protected, so this class makes it
+// public.
 class LinesWidget final : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
@@ -144,8 +141,6 @@ class LinesFace final : public Face {
 
   LinesWidget* lines_;
 };
-
-// ---- check boxes and option buttons ----
 
 void Word(QAbstractButton& button, const Text& caption) {
   const QString words = look::Plain(caption).replace(u'&', QLatin1String("&&"));
@@ -199,7 +194,7 @@ class OptionFace final : public Face {
     look::Ink(*radio_, QPalette::WindowText, look::Of(option.ForeColor));
     Word(*radio_, option.Caption);
     if (radio_->isChecked() == option.Value()) return;
-    // An exclusive group would keep its last button set, and a form may want none.
+    // An exclusive button group always keeps one button set, but a form may want none.
     QButtonGroup* group = window().Group(option.Group());
     group->setExclusive(false);
     radio_->setChecked(option.Value());
@@ -208,8 +203,6 @@ class OptionFace final : public Face {
 
   QRadioButton* radio_;
 };
-
-// ---- lists ----
 
 class ComboFace final : public Face {
  public:
@@ -244,15 +237,16 @@ class ComboFace final : public Face {
   QStringList lines_;
 };
 
-// What the mouse does to the viewport is the list's business, and only the list knows how.
+// The widget's handler for mouse events of the viewport is protected, so this class makes it
+// public.
 class OpenList final : public QListWidget {
  public:
   using QListWidget::QListWidget;
   using QListWidget::viewportEvent;
 };
 
-// No line is wider than its list: one that is too long loses its middle, as what stands at its end
-// belongs in sight, and its tooltip tells all of it.
+// Keeps lines from being wider than their list. A line that is too long is elided in the middle,
+// since its end matters, and its tooltip shows the whole line.
 class LineDelegate final : public QStyledItemDelegate {
  public:
   LineDelegate(const FormWindow& window, QObject* parent)
@@ -280,7 +274,7 @@ class ListFace final : public Face {
  public:
   ListFace(ListBox& box, FormWindow& window) : ListFace(box, window, new OpenList(&window)) {}
 
-  // The choice itself has been taken over while the widget handled the mouse or the key.
+  // The widget has already changed the selection during the mouse or key event.
   void MouseRelease(QMouseEvent& event) override {
     Face::MouseRelease(event);
     if (event.button() == Qt::LeftButton && list_->indexAt(event.position().toPoint()).isValid()) {
@@ -366,11 +360,9 @@ class ListFace final : public Face {
   }
 
   OpenList* list_;
-  int top_ = 0;  // the first line in sight, as both the widget and the list know it
+  int top_ = 0;  // first visible line, equal in widget and list
   bool changed_ = false;
 };
-
-// ---- slider ----
 
 class SliderFace final : public Face {
  public:

@@ -28,7 +28,7 @@ int LampPlace(const QRect& row, int lamp) {
   return row.left() + lamp * row.width() / Lamps(row);
 }
 
-// Levels change too often to be announced; they are read when the reader asks.
+// Levels change too often to be announced. A screen reader gets the level when it asks.
 class SpokenLevel final : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
   explicit SpokenLevel(LevelBars* bars) : QAccessibleWidget(bars, QAccessible::ProgressBar) {}
@@ -59,8 +59,8 @@ QAccessibleInterface* Speak(const QString& /*kind*/, QObject* object) {
 }  // namespace
 
 LevelBars::LevelBars(QWidget* parent) : QWidget(parent) {
-  QAccessible::installFactory(Speak);     // once is enough, and more do no harm
-  setAttribute(Qt::WA_OpaquePaintEvent);  // nothing beneath has to be drawn with each level
+  QAccessible::installFactory(Speak);     // repeated calls do no harm
+  setAttribute(Qt::WA_OpaquePaintEvent);  // avoids repainting the widgets below with each level
 }
 
 int LevelBars::Percent() const {
@@ -89,7 +89,7 @@ void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
   if (!lamps.isEmpty()) update(lamps);
 }
 
-// Where lamps go on or off when these peaks follow the present ones.
+// The area in which lamps change when these peaks replace the current ones.
 QRect LevelBars::Between(int left, int right) const {
   const QRect row = Lying();
   const int lamps = Lamps(row);
@@ -107,9 +107,10 @@ bool LevelBars::Tall() const {
   return height() > width();
 }
 
-// The rows' place in a wide meter; a tall one is a wide one on its side.
+// The meter's area as if it were horizontal. A vertical meter is drawn rotated.
 QRect LevelBars::Lying() const {
-  const int margin = std::min(3, std::min(width(), height()) * 3 / 10);  // narrow in a narrow one
+  // A narrow meter has a narrower margin.
+  const int margin = std::min(3, std::min(width(), height()) * 3 / 10);
   const QSize size = Tall() ? this->size().transposed() : this->size();
   return QRect(QPoint(), size).adjusted(margin, margin, -margin, -margin);
 }

@@ -1,6 +1,6 @@
-// Rows of small lamps, green, amber and red: what is heard on the left and on the right, or one of
-// them alone. They stand upright where there is more height than width. A screen reader finds a bar
-// whose value is the loudest side, in percent of the row.
+// Rows of small lamps, green, amber and red, that show the level of the left channel, the right
+// channel or both. They are vertical when the widget is higher than wide. A screen reader finds a
+// bar whose value is the louder channel, in percent of the row.
 #pragma once
 
 #include "platform/controls.h"
@@ -12,12 +12,12 @@ namespace vantora {
 class LevelBars final : public QWidget {
  public:
   explicit LevelBars(QWidget* parent);
-  // Peaks from 0 to 32767; nothing new costs nothing.
+  // Peaks from 0 to 32767. Repaints only lamps that change.
   void Set(bool active, int left, int right, Ears shown, int mark = 0);
 
-  int Percent() const;  // of the row, on the louder of the sides that are shown
+  int Percent() const;  // of the row, for the louder of the channels shown
 
-  // How many of `lamps` are lit at a peak; 60 decibels lie between the first and the last.
+  // How many of `lamps` are lit at a peak. The range from the first to the last is 60 decibels.
   static int Lit(int peak, int lamps);
 
  protected:
@@ -31,7 +31,7 @@ class LevelBars final : public QWidget {
 
   bool active_ = false;
   int left_ = 0, right_ = 0;
-  int mark_ = 0;  // a peak that is marked, 0 for none
+  int mark_ = 0;  // a marked peak; 0: none
   Ears shown_ = Ears::Both;
 };
 

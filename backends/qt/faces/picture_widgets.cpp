@@ -18,7 +18,7 @@ void Paint(QPainter& painter, Pictures& pictures, const ShownPicture& shown, con
   }
   if (shown.Icon.empty()) return;
   QSize size = pictures.NaturalSize(shown.Icon) * shown.IconScale;
-  if (size.isEmpty()) return;  // a missing icon leaves the button's own picture readable
+  if (size.isEmpty()) return;  // without an icon, the button's own picture stays readable
   if (size.width() > all.width() || size.height() > all.height()) {
     size.scale(all.size(), Qt::KeepAspectRatio);
   }

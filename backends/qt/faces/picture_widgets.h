@@ -29,7 +29,7 @@ class PictureWidget final : public QWidget {
   Pictures& pictures_;
 };
 
-// A push button to the eye and to a screen reader. Without pictures it is a plain one with words.
+// A push button for the eye and for a screen reader. Without pictures it shows words.
 class ButtonWidget final : public QPushButton {
  public:
   ButtonWidget(Pictures& pictures, QWidget* parent);
@@ -37,7 +37,7 @@ class ButtonWidget final : public QPushButton {
   ShownPicture Shown;
   QString Words;
   QColor Ink;
-  bool Held = false;  // drawn as pressed; a button with a picture for that shows the picture
+  bool Held = false;  // drawn as pressed, unless the button has a picture for that state
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -1,5 +1,5 @@
-// The rows of a list view as its table shows them: a copy, since the table paints by itself and the
-// list may have gone by then.
+// The rows of a list view, copied for its table: the table paints by itself, possibly when the list
+// is already gone.
 #pragma once
 
 #include "platform/form.h"
@@ -16,7 +16,7 @@ class RowsModel final : public QAbstractTableModel {
   using QAbstractTableModel::QAbstractTableModel;
 
   void SetHeads(const QStringList& heads);
-  bool SetRows(const ListItems& items);  // true when something is different
+  bool SetRows(const ListItems& items);  // returns true when they have changed
 
   int rowCount(const QModelIndex& parent = QModelIndex()) const override;
   int columnCount(const QModelIndex& parent = QModelIndex()) const override;

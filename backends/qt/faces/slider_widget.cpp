@@ -13,7 +13,7 @@ namespace vantora {
 
 namespace {
 
-constexpr double kKnobPixels = 12, kKnobShare = 0.75;  // at most, and of the slider's breadth
+constexpr double kKnobPixels = 12, kKnobShare = 0.75;  // at most; share of the slider's breadth
 constexpr int kGroovePixels = 4;
 
 }  // namespace
@@ -31,7 +31,7 @@ void SliderWidget::Set(const Slider& slider) {
   setInvertedAppearance(downwards);
   setInvertedControls(downwards);
   setRange(slider.Min, slider.Max);
-  setPageStep(std::max(1, (slider.Max - slider.Min) / 10));  // of the wheel
+  setPageStep(std::max(1, (slider.Max - slider.Min) / 10));  // step of the mouse wheel
   setValue(slider.Value);
   update();
 }
@@ -44,7 +44,7 @@ int SliderWidget::ValueAt(const QPointF& place) const {
 }
 
 KnobTravel SliderWidget::Travel() const {
-  // As large a share of the track as in the model, also in a window that is scaled down.
+  // The knob takes the same share of the track as in the model, also in a scaled window.
   const int knob = track_ > 0 ? height() * FaderKnob::kKnobHeight / track_ : 0;
   return {height(), knob, maximum(), minimum()};
 }
@@ -115,7 +115,7 @@ void SliderWidget::PaintGroove(QPainter& painter, double length, double thick) c
   }
 }
 
-// A cap with a line across it, on a groove that shines up to where it stands.
+// A knob with a line across, on a groove that is lit up to the knob.
 void SliderWidget::PaintFader(QPainter& painter) const {
   const KnobTravel travel = Travel();
   const int top = travel.TopOf(value());
@@ -142,7 +142,7 @@ void SliderWidget::paintEvent(QPaintEvent* /*event*/) {
   if (fader_) return PaintFader(painter);
   const bool upright = orientation() == Qt::Vertical;
   if (upright) {
-    // Painted lying, from left to right, and set upright with its left end where the minimum is.
+    // Painted horizontally and then rotated, with the left end at the minimum.
     const bool down = invertedAppearance();
     painter.translate(down ? width() : 0, down ? 0 : height());
     painter.rotate(down ? 90 : -90);

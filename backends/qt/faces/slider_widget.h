@@ -1,6 +1,6 @@
-// A slider whose whole length is its range: the mouse sets the value of the place where it is.
-// The minimum is on the left, at the top or at the bottom. Where zero lies within the range, what
-// shines begins there. The knob of a fader moves with the mouse that grips it.
+// A slider that takes the value at the position of the mouse; its whole length is its range. The
+// minimum is at the left, at the top or at the bottom. When zero lies within the range, the lit
+// part begins there. A fader's knob moves with the mouse from where it was gripped.
 #pragma once
 
 #include "platform/fader_knob.h"
@@ -29,13 +29,13 @@ class SliderWidget final : public QSlider {
   KnobTravel Travel() const;
   void PaintFader(QPainter& painter) const;
   double Knob() const;                            // its length
-  double KnobAt(int value, double length) const;  // its middle
+  double KnobAt(int value, double length) const;  // its centre
   void PaintGroove(QPainter& painter, double length, double thick) const;
 
   SliderScale scale_;
-  bool fader_ = false;  // gripped at its knob
+  bool fader_ = false;  // a mixer fader, moved by its knob
   int track_ = 0;       // of a fader, in twips
-  int grip_ = 0;        // of the knob, below its upper edge; pixels
+  int grip_ = 0;        // pixels between the knob's upper edge and the mouse
 };
 
 }  // namespace vantora

@@ -1,11 +1,12 @@
-// The face of a list view: a table with a head, several selected rows, and files let go over it.
+// The face of a list view: a table with a header and multiple selection, onto which files can be
+// dropped.
 
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/rows_model.h"
+#include "backends/qt/faces/words.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/loop/keys.h"
 #include "backends/qt/windows/form_window.h"
-#include "backends/qt/words.h"
 
 #include <QDropEvent>
 #include <QHeaderView>
@@ -22,14 +23,13 @@ namespace vantora {
 
 namespace {
 
-constexpr int kHeadMargin = 4;       // pixels round the words
-constexpr double kLineShare = 1.15;  // height of a line to that of the letters
+constexpr int kHeadMargin = 4;       // pixels around the words
+constexpr double kLineShare = 1.15;  // height of a line relative to the letters
 
-// Its height and its words come without a look into the fonts.
+// Its height and words do not need font metrics, which would be slow at a start.
 class HeadWidget final : public QHeaderView {
  public:
-  HeadWidget(Pictures& pictures, QWidget* parent)
-      : QHeaderView(Qt::Horizontal, parent), pictures_(pictures) {
+  explicit HeadWidget(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     setStretchLastSection(true);
     setSectionsMovable(false);
     setMinimumSectionSize(8);
@@ -40,7 +40,7 @@ class HeadWidget final : public QHeaderView {
     return {0, Scaled(static_cast<int>(std::lround(line)) + 2 * kHeadMargin)};
   }
 
-  QFont Full;  // its font, not scaled
+  QFont Full;  // its font without scaling
   double Scale = 1;
 
  protected:
@@ -50,23 +50,19 @@ class HeadWidget final : public QHeaderView {
     option.rect = rect;
     style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
     const QString words = model()->headerData(section, Qt::Horizontal).toString();
-    DrawWords(*painter, pictures_,
-              {words, Full, palette().color(QPalette::ButtonText),
-               rect.adjusted(Scaled(kHeadMargin), 0, -Scaled(kHeadMargin), 0),
-               Qt::AlignLeft | Qt::AlignVCenter, false, Scale},
-              devicePixelRatioF());
+    DrawWords(*painter, {words, Full, palette().color(QPalette::ButtonText),
+                         rect.adjusted(Scaled(kHeadMargin), 0, -Scaled(kHeadMargin), 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, false, Scale});
   }
 
  private:
   int Scaled(long pixels) const { return static_cast<int>(static_cast<double>(pixels) * Scale); }
-
-  Pictures& pictures_;
 };
 
 class TableWidget final : public QTreeView {
  public:
   using QTreeView::QTreeView;
-  using QTreeView::viewportEvent;  // what the mouse does to the viewport is the table's business
+  using QTreeView::viewportEvent;  // made public for mouse events
   std::function<bool(const QStringList& files)> Over;
   std::function<void(const QStringList& files)> Dropped;
 
@@ -132,7 +128,7 @@ class TableFace final : public Face {
       : Face(list, window, table),
         table_(table),
         rows_(new RowsModel(table)),
-        head_(new HeadWidget(window.host().ThePictures(), table)) {
+        head_(new HeadWidget(table)) {
     table_->setHeader(head_);
     table_->setModel(rows_);
     SetSurface(table_->viewport());

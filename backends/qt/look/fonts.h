@@ -1,44 +1,39 @@
-// The fonts of a process: at once the family that the windows are written in, and a little later
-// all others of the machine, with its own settings for them.
+// The fonts of a process: at first only the windows' own family, and soon afterwards all fonts of
+// the machine with the system's settings.
 //
-// To read those settings takes longer than to make all windows of a start. Names in other scripts
-// need them, the program's own words do not, so they are read in a thread when the first windows
-// stand, and what is on the screen is then painted once more.
+// Reading these settings takes longer than creating all windows of a start. The program's own words
+// do not need them, but names in other scripts do. They are therefore read on a thread after the
+// first windows are shown, and the windows are then painted again.
 #pragma once
 
 #include <atomic>
-#include <cstdint>
 #include <thread>
 
 namespace vantora {
 
-// Made before the QApplication, which asks for fonts.
+// Created before the QApplication, which uses fonts.
 class Fonts {
  public:
-  // Where the family is not in its folder, the toolkit reads everything with its first word.
+  // Without the family in its folder, the toolkit reads all fonts with its first word.
   Fonts();
   ~Fonts();
   Fonts(const Fonts&) = delete;
   Fonts& operator=(const Fonts&) = delete;
 
-  // Begins to read the rest, which an event of the QApplication's takes over.
+  // Starts reading all fonts. An event of the QApplication completes it.
   void ReadAll();
 
-  // Reads the rest and takes it over.
+  // Reads all fonts and completes at once.
   void AwaitAll();
 
-  // To be called before the QApplication goes.
+  // Must be called before the QApplication is destroyed.
   void Finish();
-
-  // Of the one family's files; 0 as soon as the machine's own settings are being read.
-  std::int64_t StampOfFamily() const { return stamp_; }
 
  private:
   void TakeOver();
 
-  std::int64_t stamp_;
-  bool rest_;                          // is still to be read
-  std::atomic<void*> read_ = nullptr;  // the library's settings, until they are taken over
+  bool rest_;                          // all fonts are still to be read
+  std::atomic<void*> read_ = nullptr;  // fontconfig's new configuration, until TakeOver uses it
   std::thread reader_;
 };
 

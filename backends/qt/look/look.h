@@ -1,8 +1,9 @@
-// The colours, the type and the style that all windows share, and the small conversions
-// between the form model's units and the toolkit's.
+// Colours, fonts and the style shared by all windows, and conversions between the form model's
+// units and the toolkit's.
 #pragma once
 
 #include "platform/controls.h"
+#include "platform/twips.h"
 
 #include <QColor>
 #include <QFont>
@@ -15,8 +16,6 @@ class QWidget;
 
 namespace vantora::look {
 
-inline constexpr int kTwipsPerPixel = 15;
-
 inline constexpr Color kGround = Rgb(31, 34, 51);
 inline constexpr Color kPanel = Rgb(53, 55, 99);
 inline constexpr Color kField = Rgb(16, 19, 31);
@@ -28,29 +27,30 @@ inline constexpr Color kEdge = Rgb(112, 118, 168);
 
 QString FromText(const Text& text);
 Text ToText(const QString& text);
-QColor Of(Color color);  // invisible for kTransparent
-// At 96 dots an inch, whatever the screen says. Scaled down, words take no more of their place than
-// at full size, though letters come in whole pixels only.
+QColor Of(Color color);  // transparent for kTransparent
+// For 96 dots per inch, whatever the screen reports. When scaled down, words take no more space
+// relative to the window than at full size, although letters have whole pixels.
 QFont FontOf(int points, bool bold, double scale = 1);
-// Of a control that shows the user's font at the size of the screen's other letters.
+// The font of a control that shows a font of the user's choice at the size of the other words on
+// the screen.
 QFont FontOf(const Control& control, double scale);
-// Edges are rounded, so that neighbours meet; what is seen at full size stays a pixel wide at
-// least.
+// Edges are rounded so that neighbours meet. A control that is visible at full size stays at least
+// one pixel wide.
 QRect Pixels(const Control& control, double scale = 1);
 int Pixels(int twips, double scale = 1);
-// A caption without the "&" that marks a letter, which no window uses.
-QString Tip(const QString& words);  // as a tooltip shows them, and not as rich text
+// Plain removes the "&" that marks an access key, since no window uses access keys.
+QString Tip(const QString& words);  // for a tooltip, never read as rich text
 QString Plain(const Text& caption);
 
-// The rounded panel that stands for buttons without a picture and for pictures that are missing.
+// The rounded panel for buttons without a picture and for missing pictures.
 void DrawPanel(QPainter& painter, const QRect& rect, bool pressed);
 void DrawFocusRing(QPainter& painter, const QRect& rect);
 
-// Gives the application its style and palette; doing it again changes nothing.
+// Sets the application's style and palette. Repeated calls change nothing.
 void Dress();
-// Gives a widget a colour of its own, but for the times when it is disabled.
+// Sets a colour of a widget for all states except disabled.
 void Ink(QWidget& widget, QPalette::ColorRole role, const QColor& colour);
-// The colours of a text box, list, table or choice.
+// Sets the colours of a text box, list, table or combo box.
 void InkField(QWidget& field, const Control& control);
 QString MenuSheet();
 

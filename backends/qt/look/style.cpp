@@ -16,10 +16,10 @@ namespace vantora::look {
 
 namespace {
 
-// Everything in pixels.
-constexpr int kFieldMargin = 4;  // beside the words of a field, its edge included
-constexpr int kWordsMargin = 2;  // more of it, as the toolkit leaves in text boxes
-constexpr int kArrowWidth = 18;  // of a choice
+// All sizes are in pixels.
+constexpr int kFieldMargin = 4;  // beside the words of a field, edge included
+constexpr int kWordsMargin = 2;  // added to kFieldMargin; the toolkit's own margin in text boxes
+constexpr int kArrowWidth = 18;  // of a combo box
 constexpr int kItemMarginX = 2, kItemMarginY = 1;
 constexpr int kBarWidth = 13;
 constexpr int kLeastHandle = 24;
@@ -30,9 +30,9 @@ constexpr Color kEdgeOff = Rgb(67, 72, 107);
 constexpr Color kSelectedBehind = Rgb(201, 165, 103);
 constexpr Color kBarGround = Rgb(27, 31, 48);
 
-// The letters of a window that is scaled down are smaller, and so is the room round them.
+// Margins shrink with the letters of a scaled window.
 int Beside(int pixels, const QWidget* widget) {
-  constexpr int kSmallest = 11;  // letters at full size, pixels
+  constexpr int kSmallest = 11;  // pixels of the letters at full size
   const int letters = widget == nullptr ? kSmallest : widget->font().pixelSize();
   return letters <= 0 || letters >= kSmallest ? pixels : std::max(1, pixels * letters / kSmallest);
 }
@@ -41,8 +41,6 @@ QPalette::ColorGroup GroupOf(const QStyleOption& option) {
   if (!option.state.testFlag(QStyle::State_Enabled)) return QPalette::Disabled;
   return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
 }
-
-// ---- fields ----
 
 QColor EdgeOf(const QStyleOption& option) {
   if (!option.state.testFlag(QStyle::State_Enabled)) return Of(kEdgeOff);
@@ -76,14 +74,12 @@ void DrawArrow(const QStyleOption& option, QPainter& painter) {
   painter.restore();
 }
 
-// ---- lists and tables ----
-
 bool IsSelected(const QStyleOption& option) {
   return option.state.testFlag(QStyle::State_Selected);
 }
 
-// Colours that differ between the window in front and the others would have the toolkit paint every
-// widget once more when a window comes to the front, so this one is no part of the palette.
+// Not part of the palette: when colours differ between active and inactive windows, the toolkit
+// repaints every widget each time a window becomes active.
 void DrawSelection(const QStyleOption& option, QPainter& painter) {
   const QPalette::ColorGroup group = GroupOf(option);
   painter.fillRect(option.rect, group == QPalette::Inactive
@@ -116,9 +112,7 @@ void DrawFocusLine(const QRect& rect, QPainter& painter) {
   painter.restore();
 }
 
-// ---- bars ----
-
-// A bar has no arrows: from end to end it is the way of its handle.
+// A scroll bar has no arrows; its handle uses the whole length.
 QRect BarPart(const QStyleOptionSlider& bar, QStyle::SubControl part) {
   const bool flat = bar.orientation == Qt::Horizontal;
   const int length = flat ? bar.rect.width() : bar.rect.height();
@@ -158,8 +152,6 @@ void DrawBar(const QStyleOptionSlider& bar, QPainter& painter) {
                           kHandleRadius, kHandleRadius);
   painter.restore();
 }
-
-// ---- marks: what is set shines ----
 
 QRectF BeginMark(const QStyleOption& option, QPainter& painter) {
   const bool enabled = option.state.testFlag(QStyle::State_Enabled);
@@ -244,7 +236,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
     case PE_PanelLineEdit:
       return DrawField(*option, *painter);
     case PE_Frame: {
-      // What it surrounds has its own ground.
+      // The widget inside the frame fills its own background.
       const bool choices = widget != nullptr && widget->inherits("QComboBoxPrivateContainer");
       return DrawEdge(*option, *painter, choices ? Of(kAmber) : EdgeOf(*option), Qt::NoBrush);
     }
@@ -254,7 +246,7 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       if (IsSelected(*option)) DrawSelection(*option, *painter);
       return;
     case PE_FrameFocusRect:
-      // The selected rows of a table are sign enough.
+      // In a table the selected rows already show where the focus is.
       if (qobject_cast<const QTreeView*>(widget) == nullptr) DrawFocusLine(option->rect, *painter);
       return;
     default:
@@ -338,7 +330,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
   switch (metric) {
     case PM_ScrollBarExtent:
       return Beside(kBarWidth, widget);
-    case PM_FocusFrameHMargin:  // of the words of a list's line
+    case PM_FocusFrameHMargin:  // beside the words of a list's line
       return Beside(QProxyStyle::pixelMetric(metric, option, widget), widget);
     case PM_ScrollBarSliderMin:
       return kLeastHandle;
@@ -352,7 +344,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
   }
 }
 
-// The list of a choice opens under it, not over it.
+// A combo box opens its list below itself, not over itself.
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                      QStyleHintReturn* answer) const {
   return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, answer);
@@ -362,7 +354,7 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
 
 void UseStyle() {
   if (dynamic_cast<Style*>(QApplication::style()) != nullptr) return;
-  QApplication::setStyle(new Style);  // the application owns it
+  QApplication::setStyle(new Style);  // owned by the application
 }
 
 }  // namespace vantora::look

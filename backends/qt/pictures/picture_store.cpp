@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::uint64_t kMagic = 0x31534349'50525456;  // "VTRPICS1"
 constexpr qint64 kHeadBytes = 16;
-constexpr qint64 kMostBytes = 48LL * 1024 * 1024;  // both layouts of every window, several times
-constexpr int kMostPixels = 16384;                 // of a side
+constexpr qint64 kMostBytes = 48LL * 1024 * 1024;  // several times both layouts of every window
+constexpr int kMostPixels = 16384;                 // per side
 
 QImage::Format FormatOf(bool opaque) {
   return opaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
@@ -24,7 +24,7 @@ QImage::Format FormatOf(bool opaque) {
 
 }  // namespace
 
-PictureStore::PictureStore(const QString& file, Rest rest) : file_(file), rest_(rest) {
+PictureStore::PictureStore(const QString& file) : file_(file) {
   if (!file.isEmpty()) Map();
 }
 
@@ -102,11 +102,11 @@ void PictureStore::KeepSize(const QString& key, qint64 stamp, QSize size) {
   changed_ = true;
 }
 
-// What this run has shown goes first; of the rest, which other windows need, as much as has room.
+// Writes the pictures used in this run first, then others as long as there is room.
 void PictureStore::Write() {
   std::vector<std::pair<QString, Entry*>> order;
   for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
-    if (entry->used || rest_ == Rest::Kept) order.emplace_back(entry.key(), &*entry);
+    order.emplace_back(entry.key(), &*entry);
   }
   std::stable_sort(order.begin(), order.end(),
                    [](const auto& a, const auto& b) { return a.second->used && !b.second->used; });
@@ -132,7 +132,7 @@ void PictureStore::Write() {
   const std::uint64_t head[2] = {kMagic, static_cast<std::uint64_t>(list.size())};
   QDir().mkpath(QFileInfo(file_).absolutePath());
   QSaveFile file(file_.fileName());
-  if (!file.open(QIODevice::WriteOnly)) return;  // without it the next start draws once more
+  if (!file.open(QIODevice::WriteOnly)) return;  // the next start draws the pictures again
   file.write(reinterpret_cast<const char*>(head), kHeadBytes);
   file.write(list);
   for (const auto& [key, entry] : order) {

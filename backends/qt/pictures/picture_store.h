@@ -1,10 +1,10 @@
-// Pictures that were drawn once, kept in one file from run to run: to draw the pictures of a window
-// takes longer than all the rest of showing it. The file is mapped, not read, so that only what is
-// shown comes into memory. It may be deleted at any time, and is written whole or not at all.
+// Keeps drawn pictures in a file between runs, since drawing the pictures of a window takes longer
+// than everything else of showing it. The file is mapped into memory, so only the pictures shown
+// are read. The file may be deleted at any time. It is written either completely or not at all.
 //
-// The file holds, in the byte order of the machine, kMagic, the length of the list of pictures, the
-// list as the toolkit streams it, and the pixels, premultiplied ARGB or RGB, four bytes each, line
-// by line.
+// The file holds, in the byte order of the machine: kMagic, the length of the list of pictures, the
+// list as a QDataStream, and the pixels, line by line, as premultiplied ARGB or RGB of four bytes
+// each.
 #pragma once
 
 #include <QByteArray>
@@ -17,31 +17,28 @@ namespace vantora {
 
 class PictureStore {
  public:
-  // What becomes of pictures that a run has not shown.
-  enum class Rest { Kept, Dropped };
-
-  // Blank: nothing is kept.
-  PictureStore(const QString& file, Rest rest);
-  // Writes the file when this run has drawn what was not in it.
+  // With a blank `file`, nothing is kept.
+  explicit PictureStore(const QString& file);
+  // Writes the file if this run has drawn new pictures.
   ~PictureStore();
   PictureStore(const PictureStore&) = delete;
   PictureStore& operator=(const PictureStore&) = delete;
 
-  // What was kept under the key, as long as it was drawn from a source of the same stamp; a null
-  // image when there is no such picture. Its pixels live as long as the store.
+  // Returns the picture kept under `key`, if its source has the same stamp as then; otherwise a
+  // null image. The pixels are valid as long as the store.
   QImage Find(const QString& key, qint64 stamp);
-  // An image in either of the two formats.
+  // `image` must have one of the two formats of the file.
   void Keep(const QString& key, qint64 stamp, const QImage& image);
-  // Sizes are kept like pictures; an invalid one when there is none.
+  // Sizes are kept like pictures. FindSize returns an invalid size when there is none.
   QSize FindSize(const QString& key, qint64 stamp);
   void KeepSize(const QString& key, qint64 stamp, QSize size);
 
  private:
   struct Entry {
     qint64 stamp = 0;
-    QSize size;          // pixels of the picture, or the size itself
-    qint64 offset = -1;  // of the pixels in the file; below 0: none there
-    QImage drawn;        // in this run
+    QSize size;          // of the picture, or the kept size
+    qint64 offset = -1;  // of the pixels in the file; -1: not in the file
+    QImage drawn;        // drawn in this run
     bool used = false;   // in this run
     bool opaque = false;
     bool Picture() const { return offset >= 0 || !drawn.isNull(); }
@@ -55,7 +52,6 @@ class PictureStore {
   Entry* Fresh(const QString& key, qint64 stamp);
 
   QFile file_;
-  Rest rest_;
   const uchar* mapped_ = nullptr;
   QHash<QString, Entry> entries_;
   bool changed_ = false;

@@ -14,16 +14,15 @@ namespace vantora {
 namespace {
 
 constexpr int kCacheKilobytes = 96 * 1024;
-constexpr const char* kWordsEnding = ".words";
 
-// To look for pixels that shine through would touch them all.
+// The flags avoid a search through all pixels for transparent ones.
 QPixmap Shown(QImage image, double density) {
   image.setDevicePixelRatio(density);
   return QPixmap::fromImage(std::move(image), Qt::NoOpaqueDetection | Qt::NoFormatConversion);
 }
 
-// At least as large as it is shown, as far as it has so many points: the reader leaves out what
-// nobody would see while it reads. Null for a file that is no picture.
+// Reads a photograph at no less than the size shown, unless it has fewer pixels; the reader scales
+// while it reads. Returns a null image when the file is not a picture.
 QImage Photo(const QString& file, QSize shown) {
   QImageReader reader(file);
   reader.setAutoTransform(true);
@@ -46,11 +45,7 @@ bool Opaque(const QImage& image) {
 }  // namespace
 
 Pictures::Pictures(const std::filesystem::path& folder, const std::filesystem::path& store)
-    : folder_(folder),
-      store_(QString::fromStdString(store.string()), PictureStore::Rest::Kept),
-      words_(store.empty() ? QString() : QString::fromStdString(store.string() + kWordsEnding),
-             PictureStore::Rest::Dropped),
-      drawn_(kCacheKilobytes) {}
+    : folder_(folder), store_(QString::fromStdString(store.string())), drawn_(kCacheKilobytes) {}
 
 Pictures::~Pictures() = default;
 
@@ -106,7 +101,7 @@ QImage Pictures::Draw(Source& source, QSize size, double density, Part part) {
     look::DrawPanel(painter, QRect(QPoint(), size), false);
   }
   painter.end();
-  // Pixels that hide what lies beneath are copied, not mixed with it.
+  // Opaque pictures are marked so that they are copied and not blended.
   if (Opaque(image)) image.reinterpretAsFormat(QImage::Format_RGB32);
   return image;
 }
@@ -131,21 +126,6 @@ QPixmap Pictures::Get(const Text& name, QSize size, double density, Part part) {
   QPixmap shown = Shown(std::move(image), density);
   drawn_.insert(key, new QPixmap(shown), std::max(1, static_cast<int>(kilobytes)));
   return shown;
-}
-
-QPixmap Pictures::Words(const QString& key, qint64 fonts, QSize size, double density,
-                        const std::function<void(QPainter&)>& paint) {
-  QImage image = words_.Find(key, fonts);
-  if (image.isNull() && !size.isEmpty()) {
-    image = QImage(size * density, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(density);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paint(painter);
-    painter.end();
-    words_.Keep(key, fonts, image);
-  }
-  return Shown(std::move(image), density);
 }
 
 }  // namespace vantora

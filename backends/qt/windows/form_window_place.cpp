@@ -88,8 +88,8 @@ void FormWindow::TellPlace() {
   place_ = pos();
   Form::Frame& frame = form_->Window;
   const bool wasDirty = frame.Dirty, formWasDirty = form_->Dirty;
-  frame.Left = place_.x() * look::kTwipsPerPixel;
-  frame.Top = place_.y() * look::kTwipsPerPixel;
+  frame.Left = place_.x() * kTwipsPerPixel;
+  frame.Top = place_.y() * kTwipsPerPixel;
   frame.Dirty = wasDirty;
   form_->Dirty = formWasDirty;
 }

@@ -1,4 +1,4 @@
-// What a window asks of the desktop's loop that shows it.
+// The services that a window needs from the loop that shows it.
 #pragma once
 
 #include "backends/forms/form_loop.h"
@@ -17,14 +17,17 @@ namespace vantora {
 class WindowHost {
  public:
   virtual ~WindowHost() = default;
-  virtual FormLoop& Model() = 0;  // who is in front, and what is reported to whom
-  virtual void Activated() = 0;   // some window got the focus
+  // The model of windows and time; runs the handlers.
+  virtual FormLoop& Model() = 0;
+  // Must be called when a window of the program gets the focus.
+  virtual void Activated() = 0;
   virtual void Painted() = 0;
-  // The stamp of the key or mouse event that is going to be handled, 0 for none. Returns what
-  // counted before, for FormLoop::EventBegins afterwards.
+  // Begins a key or mouse event with this stamp, 0 for none. Returns the time of the event before,
+  // which FormLoop::EventBegins gets back afterwards.
   virtual std::optional<std::int64_t> Stamp(std::uint64_t stamp) = 0;
-  virtual QRect Room(const QWidget& window) const = 0;  // that windows have on its screen
-  virtual QMargins& Border() = 0;  // that the desktop puts round a window; a guess at first
+  virtual QRect Room(const QWidget& window) const = 0;  // area for windows on its screen
+  // Frame that the desktop adds to windows; a guess until the first window is shown.
+  virtual QMargins& Border() = 0;
   virtual Text PathOfFile(const QString& file) const = 0;  // as the program writes it
   virtual Pictures& ThePictures() = 0;
 };
