@@ -20,6 +20,11 @@ int OnPixel(int twips) {
   return twips - twips % kTwipsPerPixel;
 }
 
+// The pixel in the middle between two edges.
+int Middle(int from, int to) {
+  return OnPixel((from + to - kTwipsPerPixel) / 2);
+}
+
 // What the press and the release at two places, in thousandths, make of a slider's value. Where the
 // knob is gripped off its middle, it keeps its distance from the mouse.
 std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
@@ -187,30 +192,37 @@ void HeadlessHands::Own(Control& control) {
 
 // ---- places ----
 
+namespace {
+
+// The controls that learn where the mouse is.
+bool IsPointed(const Control& control) {
+  return control.Kind() == ControlKind::PictureBox || control.Kind() == ControlKind::Label;
+}
+
+}  // namespace
+
 void HeadlessHands::Point(Control& control, int at) {
   row_ = PresentRow(control);
-  auto* box = dynamic_cast<PictureBox*>(&control);
-  if (box == nullptr) return;
-  const int x = OnPixel(std::min(box->Width * at / 1000, box->Width - 1));
-  const int y = OnPixel(box->Height / 2);
-  if (box->Container != nullptr && !SeenOf(*box).Has(x, y)) {
+  if (!IsPointed(control)) return;
+  const int x = OnPixel(std::min(control.Width * at / 1000, control.Width - 1));
+  const int y = Middle(0, control.Height);
+  if (control.Container != nullptr && !SeenOf(control).Has(x, y)) {
     Refuse(NameOf(control) + " cannot be reached at " + std::to_string(at) + ": out of sight");
   }
-  box->MouseX = x;
-  box->MouseY = y;
+  control.MouseX = x;
+  control.MouseY = y;
 }
 
 // At the middle of what is seen of it, when its own is not.
 void HeadlessHands::PointAtMiddle(Control& control) {
   row_ = PresentRow(control);
-  auto* box = dynamic_cast<PictureBox*>(&control);
-  if (box == nullptr) return;
-  const SeenArea seen = SeenOf(*box);
-  box->MouseX = OnPixel(box->Width / 2);
-  box->MouseY = OnPixel(box->Height / 2);
-  if (box->Container == nullptr || seen.Has(box->MouseX, box->MouseY)) return;
-  box->MouseX = OnPixel((seen.Left + seen.Right) / 2);
-  box->MouseY = OnPixel((seen.Top + seen.Bottom) / 2);
+  if (!IsPointed(control)) return;
+  const SeenArea seen = SeenOf(control);
+  control.MouseX = Middle(0, control.Width);
+  control.MouseY = Middle(0, control.Height);
+  if (control.Container == nullptr || seen.Has(control.MouseX, control.MouseY)) return;
+  control.MouseX = Middle(seen.Left, seen.Right);
+  control.MouseY = Middle(seen.Top, seen.Bottom);
 }
 
 void HeadlessHands::MoveTo(Control& control, int x, int y) {
@@ -259,8 +271,8 @@ void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
 void HeadlessHands::Pull(Control& control, int x, int y) {
   Reach(control);
   row_ = 0;
-  control.MouseX = OnPixel(control.Width / 2);
-  control.MouseY = OnPixel(control.Height / 2);
+  control.MouseX = Middle(0, control.Width);
+  control.MouseY = Middle(0, control.Height);
   const int startX = control.Left + control.MouseX, startY = control.Top + control.MouseY;
   Down(control, kLeftButton);
   for (int i = 1; i <= kMoves && loop_.TakesInput(control); ++i) {

@@ -21,8 +21,8 @@ class WindowHost {
   // Must be called when a window of the program gets the focus.
   virtual void Activated() = 0;
   virtual void Painted() = 0;
-  // The stamp of the key or mouse event that is going to be handled, 0 for none. Returns what
-  // counted before, for FormLoop::EventBegins afterwards.
+  // Begins a key or mouse event with this stamp, 0 for none. Returns the time of the event before,
+  // which FormLoop::EventBegins gets back afterwards.
   virtual std::optional<std::int64_t> Stamp(std::uint64_t stamp) = 0;
   virtual QRect Room(const QWidget& window) const = 0;  // area for windows on its screen
   // Frame that the desktop adds to windows; a guess until the first window is shown.
