@@ -1,4 +1,4 @@
-# A whole audio CD is copied, twice in a row; the copy of the copy is the disc again.
+# Copies a whole audio CD twice in a row; the copy of the copy equals the disc.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -20,7 +20,7 @@ answer 7
 answer 7
 answer 7
 expect-file "C:\Vantora\Discos\Disco 001.cue" exists
-# nobody has laid a disc in
+# the drive is empty
 press frmHauptForm.imgCDKopieren
 expect-box ~ "desea guardar|guardar"
 answer 7
@@ -48,7 +48,7 @@ expect-window frmHauptForm
 # the database has the disc, so the temporary waves are gone
 expect-file C:\WINDOWS\TEMP\Pista01.wav missing
 expect-file "C:\Vantora\Discos\Disco 002.bin" size 2646000
-# the second copy is left before its burn, and the third is told so
+# the second copy is left before its burn, and the third start asks about it
 disc eject
 disc insert "C:\Vantora\Discos\Disco 002.cue"
 press frmHauptForm.imgCDKopieren
