@@ -95,7 +95,7 @@ def changed_last_first(names):
 def flags_of(command):
     """What a source is compiled with, without the compiler and the names of files."""
     words = shlex.split(command)
-    del words[words.index("-o"):]  # the object and the source stand last
+    del words[words.index("-o"):]  # the object and the source are last
     return tuple(words[1:])
 
 
@@ -112,7 +112,7 @@ def batches(names, found):
     return groups
 
 
-# What stands at the start of a line in an unnamed namespace is declared there.
+# Names at the start of a line in an unnamed namespace are declared there.
 UNNAMED = re.compile(r"^namespace \{$(.*?)^\}  // namespace$", re.M | re.S)
 DECLARED = re.compile(r"^(?!using .*::\w+;)\w[^\n(={;]*?(?<!::)\b([A-Za-z]\w*)\s*(?:final\s*)?"
                       r"(?:[(={;\[]|:(?!:)|$)", re.M)
