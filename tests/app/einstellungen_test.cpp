@@ -81,8 +81,7 @@ TEST_F(Optionen, AFolderWithAPointInItsPathIsKept) {
 TEST_F(Optionen, AllOfThemAreWrittenByReplacingTheFileOnce) {
   b.Start();
   const int blick = ::inotify_init1(IN_NONBLOCK);
-  // The kernel counts the same message twice in a row as one, so the files that are made in between
-  // are watched as well.
+  // The kernel merges equal consecutive events, so the creation of files is watched too.
   ::inotify_add_watch(blick, (b.home.Path() / ".config/vantora").c_str(), IN_CREATE | IN_MOVED_TO);
   const auto ersetzungen = [&] {
     alignas(inotify_event) char meldungen[4096];
@@ -105,7 +104,7 @@ TEST_F(Optionen, AllOfThemAreWrittenByReplacingTheFileOnce) {
 }
 
 TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
-  const auto sperren = [&] {  // no file takes the place of a folder
+  const auto sperren = [&] {  // a file cannot replace a folder
     const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
     std::filesystem::remove(datei);
     std::filesystem::create_directory(datei);

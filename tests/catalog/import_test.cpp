@@ -27,7 +27,7 @@ class Import : public ::testing::Test {
   void Importiere() {
     b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
   }
-  // Gives the track that is imported its title.
+  // Enters the title of the imported track.
   ScriptedUser::Action Nennt(const Text& titel) {
     return [this, titel](Form& front) {
       b.platform.hands.Type(dynamic_cast<frmNeuerInterpret&>(front).txtTitel, titel);
@@ -158,7 +158,7 @@ TEST_F(Mp3Import, IsDecodedIntoTheWaveDirectory) {
   });
   Importiere();
   EXPECT_EQ(b.prog.Katalog.at(1).Datei.Getrimmt(), kZiel);
-  // Once more: the file is there, and a no leaves it alone.
+  // At a second import the file exists, and the answer "no" keeps it.
   b.Datei(kZiel, "x");
   b.WaehltDatei({kMp3}).Antwortet(kNein);
   Importiere();

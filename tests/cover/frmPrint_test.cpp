@@ -27,7 +27,7 @@ class Cover : public testing::Test {
     b.Katalog(titel);
     b.Tu([&] { b.Haupt().imgPrintCover_MouseUp(); });
   }
-  // Goes on to the sides and lets `was` act there.
+  // Continues to the sides and runs `was` there.
   void Weitergehen(const std::function<void(frmPrint&)>& was) {
     b.Macht([was](Form& front) {
       auto& sides = dynamic_cast<frmPrint&>(front);
@@ -42,7 +42,7 @@ class Cover : public testing::Test {
   Buehne b;
 };
 
-// What stands on a page: "text@x,y", boxes, pictures and circles with their rectangles.
+// The items of a page: "text@x,y", and the rectangles of boxes, pictures and circles.
 std::vector<std::string> Seitenbild(const PrintJob& job) {
   std::vector<std::string> alle;
   const auto zahl = [](double wert) { return std::to_string(std::lround(wert)); };
@@ -64,8 +64,6 @@ std::vector<std::string> Seitenbild(const PrintJob& job) {
 
 }  // namespace
 
-// ---- the texts ----
-
 TEST_F(Cover, TextsCrossOverToTheirGlobalsWhenTheirBoxIsLeft) {
   Oeffnen({L"uno", L"dos"});
   EXPECT_FALSE(b.Haupt().Window.Enabled());
@@ -75,7 +73,7 @@ TEST_F(Cover, TextsCrossOverToTheirGlobalsWhenTheirBoxIsLeft) {
   Weitergehen([](frmPrint&) {});
   EXPECT_EQ(b.prog.CoverTitel, L"Título del CD") << "no box was left yet";
   EXPECT_EQ(b.prog.CoverInterpret, L"Intérprete");
-  // a box that is passed by the keyboard was left, one that was typed into is left by the button
+  // The Tab key leaves a box without a change; the button leaves a box after typing.
   hand().Press(start().txtTitel(1));
   hand().Key(start(), L"Tab");
   EXPECT_EQ(b.prog.CoverTitel, L"Grupo");
@@ -118,8 +116,6 @@ TEST_F(Cover, WithoutTracksOrWithoutAPrinterThereIsNoCover) {
   EXPECT_TRUE(b.Haupt().Window.Enabled());
 }
 
-// ---- the sides ----
-
 TEST_F(Cover, ALabelStandsAtItsPlaceTimesThePreviewsScale) {
   Oeffnen({L"uno", L"dos"});
   Weitergehen([&](frmPrint& w) {
@@ -156,7 +152,7 @@ TEST_F(Cover, TextsAreMovedByMouseAndByArrowsOnTheGridOfTheSide) {
     EXPECT_NEAR(zwei.Left, ort[0] * mal, 1);
     hand().Pull(zwei, -9000, 0);
     EXPECT_EQ(ort[0], 0);
-    // nothing is selected: the arrows leave the texts alone
+    // Without a selection, the arrow keys do not move texts.
     const Ort vorher = ort;
     hand().Key(w, L"Right");
     EXPECT_EQ(ort, vorher);
@@ -194,8 +190,6 @@ TEST_F(Cover, ByKeyboardATextIsFoundSelectedMovedAndHeard) {
   });
 }
 
-// ---- pictures ----
-
 TEST_F(Cover, APictureIsKeptUntilTheUserAgreesAndABadFileChangesNothing) {
   Oeffnen({L"uno"});
   const std::string bmp(
@@ -222,11 +216,9 @@ TEST_F(Cover, APictureIsKeptUntilTheUserAgreesAndABadFileChangesNothing) {
     w.imgClearPic_MouseUp();
     EXPECT_EQ(w.picSource[kTeilRueckseite], nullptr);
   });
-  // (the loop of the dialogs ran inside the window, so what was said came after the picture)
+  // The loop of the dialogs ran inside the window, so its messages come after the picture's.
   EXPECT_EQ(b.Gesagt().back(), b.prog.Text(16000));
 }
-
-// ---- printing ----
 
 TEST_F(Cover, CenteredEachSideStandsInTheMiddleWithItsFoldsFrameAndMarks) {
   Oeffnen({L"uno"});
@@ -256,7 +248,7 @@ TEST_F(Cover, CenteredEachSideStandsInTheMiddleWithItsFoldsFrameAndMarks) {
       if (knopf == 2) {
         EXPECT_EQ(bild.at(1), bei("circle 3405", x + 3405, y + 3405));
       }
-      // points: what is left, right, above and below of the side are the marks
+      // Fold marks are the points to the left, right, above and below the side.
       double links = 1e9, rechts = 0, oben = 1e9, unten = 0;
       std::size_t falz = 0;
       for (const PrintItem& item : job.Items) {

@@ -16,12 +16,12 @@ import subprocess
 import sys
 import tempfile
 
-SECOND = 88200  # values of 16 bits, both channels
+SECOND = 88200  # 16-bit values, both channels
 LEAST = 617400
-UNIT = 0.0016  # of the speed, for a pitch of one
+UNIT = 0.0016  # change of speed per unit of pitch
 TAPS, BETA = 40, 11.0
-BUFFER = 1024  # frames
-NEAR = 4  # steps of 16 bits between two interpolations
+BUFFER = 1024  # in frames
+NEAR = 4  # 16-bit steps between two interpolations
 
 
 def chunk(name, content):
@@ -44,7 +44,7 @@ class Track:
         self.duration = dice.choice([
             f"{dice.randint(1, 10)}", f"{dice.uniform(1, 4):.3f}", f"{dice.uniform(3.5, 10)!r}", "1"])
         self.slide = dice.random() < 0.4
-        self.untouched = 0  # bytes before the tones as they were
+        self.untouched = 0  # bytes before the tones
 
     @staticmethod
     def tones(dice):
@@ -136,7 +136,7 @@ def check_slide(source, slid, goal, dice):
     for _ in range(60):
         n, ear = dice.randrange(frames), dice.randrange(2)
         if n < 64 or place(n) > frames - 64:
-            continue  # the ends of the sound are the filter's own
+            continue  # near its ends the sound depends on the filter
         there = slid[2 * n + ear] if 2 * n + ear < len(slid) else None
         wanted = heard(source, place(n), ear)
         assert there is not None and abs(there - wanted) <= NEAR, (goal, n, there, wanted)
@@ -163,7 +163,7 @@ def transition(a, b, box, slid_file, dice):
         if goal == 0:
             assert slid == end, "a copy"
         elif len(a.sound) % 2 == 0 and len(a.sound) - 2 * u >= a.untouched:
-            # Anything but tones has what two interpolations may differ in.
+            # Only tones are checked: for other sounds two interpolations may differ more.
             check_slide(end, slid, goal, dice)
         end = (slid + array.array("h", bytes(2 * u)))[:u]
         mix = mixed(end, values(b.sound[:2 * u]))

@@ -1,7 +1,7 @@
-// Runs a medley that a text file describes, for a model that is written in another language.
-// `medley-run HOME PLAN`: the first line of the plan is 1 when the box of the tempo is ticked, else
-// 0; each further line is a track: name of its wave below C:\, tempo, duration, 1 for a slide, with
-// tabs between. Prints what the messages say. The slid sound of transition n stays as
+// Runs a medley that a text file describes, for a model in another language: `medley-run HOME
+// PLAN`. The first line of the plan is 1 when the tempo box is ticked, else 0. Each further line is
+// a track with fields separated by tabs: name of its wave below C:\, tempo, duration, 1 for a
+// slide. Prints the texts of the message boxes. The slid sound of transition n stays in
 // C:\Temp\slid-n.dat.
 
 #include "app/programm.h"

@@ -52,7 +52,7 @@ TEST_F(Pult, TheKnobStopsAtBothEndsAndEveryWayOfMovingItIsReported) {
   hands.Key(tisch, L"End");
   EXPECT_EQ(sagt, "10 11 100 ");
   sagt.clear();
-  fader.Value = 40;  // from outside: the same echo
+  fader.Value = 40;  // a change from outside raises the same event
   EXPECT_EQ(sagt, "40 ");
   EXPECT_EQ(fader.imgKnopf.Value(), 40);
 }

@@ -9,8 +9,8 @@ namespace vantora::test {
 
 namespace fs = std::filesystem;
 
-// What a storey may include of the program itself the compiler sees to; that it does without the
-// system's and other people's headers is told by their names: the language's own have no ending.
+// The build prevents includes of higher levels. This test finds headers of the system and of
+// libraries by their names: only the standard library's names have no extension.
 TEST(Includes, TheProductThePlatformAndTheSoundComponentsKnowTheLanguagesLibraryAlone) {
   const std::regex foreign("\\s*#\\s*include\\s*<(?![a-z_0-9]+>).*");
   std::size_t seen = 0;

@@ -6,7 +6,8 @@ namespace vantora::test {
 
 namespace {
 
-// The library's own image reader is the drive here: everything above it is what a real one gets.
+// The library's own image reader stands in for a drive. Everything above it works as with a real
+// drive.
 class Drive : public Tray {
  protected:
   Drive() {

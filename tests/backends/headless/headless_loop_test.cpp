@@ -17,13 +17,13 @@ class Room : public testing::Test {
     loop.TheUser = &person;
     loop.OnError = [this](const Laufzeitfehler& error) { Errors.push_back(error.Nummer); };
   }
-  // Shows the form and lets the person act until his story ends.
+  // Shows the form and runs the loop until the person's steps are done.
   void Play(Form& form) {
     loop.Show(form);
     loop.Run();
     EXPECT_TRUE(person.Done());
   }
-  // What the program or the hands say when they can't go on; blank when they can.
+  // The message of the error that `act` throws; blank when it succeeds.
   static std::string Refusal(const std::function<void()>& act) {
     try {
       act();
@@ -86,7 +86,7 @@ TEST_F(Room, ATimerTicksAtItsTimesWhileItIsOnAndNotForWhatItMissed) {
   form.tmrTick.Enabled = false;
   loop.Pass(1000);
   EXPECT_EQ(ticks.size(), 5U);
-  form.tmrTick.Enabled = true;  // at 1950: it counts from here
+  form.tmrTick.Enabled = true;  // at 1950, when its interval starts again
   loop.Pass(120);
   EXPECT_EQ(ticks.back(), 2050);
 }
@@ -99,7 +99,7 @@ TEST_F(Room, WhatCanNeverEndIsStoppedWithAWordThatSaysWhy) {
   round.Post(again);
   EXPECT_NE(Refusal([&] { round.Run(); }).find("round and round"), std::string::npos);
   loop.MaxVirtualMs = 10'000;
-  // A program that swallows whatever its own statements throw cannot go on either.
+  // A program that catches the errors of its own statements cannot go on either.
   loop.Post([&] {
     for (int i = 0; i < 3; ++i) EXPECT_ANY_THROW(loop.Sleep(20'000));
   });
@@ -210,7 +210,7 @@ TEST_F(Room, HandsDoWhatAPersonDoesAndHandlersHearOfIt) {
     hands.Press(form.optPaper(1));
     hands.Press(form.optColour(0));
     EXPECT_TRUE(form.optPaper(1).Value()) << "groups are apart";
-    hands.Key(form, L"Down");  // from the colour 0 to the colour 1
+    hands.Key(form, L"Down");  // from colour 0 to colour 1
     EXPECT_TRUE(form.optColour(1).Value());
     EXPECT_FALSE(form.optColour(0).Value());
     hands.RightClick(form.imgButton);
