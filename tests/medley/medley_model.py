@@ -21,7 +21,7 @@ LEAST = 617400
 UNIT = 0.0016  # change of speed per unit of pitch
 TAPS, BETA = 40, 11.0
 BUFFER = 1024  # in frames
-NEAR = 4  # 16-bit steps between two interpolations
+NEAR = 4  # allowed difference of two interpolations, in 16-bit steps
 
 
 def chunk(name, content):

@@ -36,7 +36,7 @@ std::string Klangbild(const std::vector<Stoss>& stoesse, std::int64_t frames) {
   for (const Stoss& stoss : stoesse) {
     for (std::int64_t i = 0; i < stoss.Frames; ++i) {
       saat = saat * 1664525U + 1013904223U;
-      // Loud from its first sample on, and different from all other bursts.
+      // Loud from its first sample on, with random values, so that no part equals another.
       const int tiefe = static_cast<int>((saat >> 16U) % 100);
       setze(stoss.Frame + i,
             (i % 2 == 0 ? 1 : -1) * (i % 2 == 0 ? stoss.Pegel : std::max(stoss.Pegel - tiefe, 0)));

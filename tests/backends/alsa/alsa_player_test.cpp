@@ -21,7 +21,7 @@ TEST_F(Sounding, AWaveLastsAsLongAsItIsAndItsPositionTellsWhatHasBeenHeard) {
   EXPECT_TRUE(player.Playing());
   EXPECT_EQ(Log, "") << "events come through the loop";
   std::int64_t before = 0;
-  double ahead = 0, behind = 0;  // largest lead and lag of the levels, in seconds
+  double ahead = 0, behind = 0;  // lead and lag of the position, in seconds
   while (Now() - start < 1.4) {
     Run(0.02);
     const std::int64_t now = player.Position();
