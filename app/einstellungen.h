@@ -14,14 +14,14 @@ struct Plattform;
 inline constexpr const wchar_t* kAnwendung = L"Quillmark";
 inline constexpr const wchar_t* kAbschnitt = L"VTR";
 
-// One value of the store, for windows that keep keys of their own.
+// Reads and writes one value of the store, for windows that have keys of their own.
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst);
 void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert);
-// Several at once, which writes the store only once.
+// Writes several values with one write of the store.
 void SaveSettings(Plattform& plattform, const std::vector<std::pair<Text, Text>>& werte);
 void SettingLoeschen(Plattform& plattform, const Text& anwendung, const Text& abschnitt,
                      const Text& schluessel);
-// A number; one that its width cannot hold counts as not there.
+// Reads a number. A number that does not fit into the type counts as missing.
 std::int32_t GetZahl(Plattform& plattform, const Text& schluessel, const Text& sonst);
 std::int16_t GetZahl16(Plattform& plattform, const Text& schluessel, const Text& sonst);
 

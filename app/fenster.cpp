@@ -10,7 +10,7 @@ namespace vantora {
 
 namespace {
 
-// With large fonts a pixel has fewer twips, and windows stand on pictures that count in pixels.
+// With large fonts a pixel has fewer twips, and the pictures of the windows are measured in pixels.
 constexpr double kSchriftVerhaeltnis = double{kLargeFontTwipsPerPixel} / kTwipsPerPixel;
 
 void Skalieren(Control& control) {
@@ -58,7 +58,8 @@ void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& te
     if (taste != kLeftButton || !knopf.Enabled || knopf.PicturePressed.empty()) return;
     knopf.Picture = knopf.PicturePressed;
   };
-  schild.MouseUp = [&knopf](int) { KnopfBild(knopf); };  // also when it is let go beside it
+  // Runs also when the mouse is released outside the label.
+  schild.MouseUp = [&knopf](int) { KnopfBild(knopf); };
   schild.Click = [this, &knopf] {
     if (!knopf.Enabled || !Window.Enabled) return;
     Press(knopf);

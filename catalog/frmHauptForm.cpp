@@ -16,7 +16,7 @@ constexpr const wchar_t* kGrossesLayout = L"frmHauptForm_1000";
 constexpr int kKleinesteFarbtiefe = 16;  // bits per pixel
 constexpr int kListenSchriftGross = 11;
 
-// Texts of the table's head and of the buttons follow one another by number.
+// The texts of the table's head and of the buttons have consecutive numbers.
 constexpr int kErsteSpalte = 8073, kErsteBeschriftung = 8200, kErsterHinweis = 8400;
 
 const std::vector<ListView::Column>& Spalten() {
@@ -104,7 +104,8 @@ void frmHauptForm::MenueEinrichten() {
 void frmHauptForm::MMConnectorX1() {
   WavePlayer->OnStart = [this] { Abspielen = true; };
   WavePlayer->OnStop = [this] {
-    if (WavePlayer->Playing()) return;  // the end of an earlier preview, told late
+    // An earlier preview has ended, and its notification came late.
+    if (WavePlayer->Playing()) return;
     PlayWaveNormal(L"");
     Abspielen = false;
   };
@@ -192,8 +193,8 @@ void frmHauptForm::Form_Load() {
 
 void frmHauptForm::BildschirmPruefen() {
   Display& bildschirm = prog.plattform.bildschirm;
-  // Height by the horizontal and width by the vertical size of a pixel: the same on square pixels,
-  // and what the limits below were set for.
+  // Divides the height by the horizontal and the width by the vertical size of a pixel. Both sizes
+  // are equal on square pixels, and the limits below were set for this division.
   prog.BildschirmHoehe = Ganz32(bildschirm.Height() / bildschirm.TwipsPerPixelX());
   prog.BildschirmBreite = Ganz32(bildschirm.Width() / bildschirm.TwipsPerPixelY());
   const auto ablehnen = [this](int text) {

@@ -12,10 +12,10 @@ namespace vantora {
 
 namespace {
 
-constexpr int kBalkenBreite = 2370;  // twips, of the bar when it is full
+constexpr int kBalkenBreite = 2370;  // twips of the full bar
 constexpr int kBalkenSchritte = 6;
 
-// A time as the media control interface packs it: one byte each.
+// Unpacks a time of the media control interface: one byte each for minute, second and frame.
 TocEintrag AusMsf(std::int32_t wert) {
   const auto teil = [wert](unsigned stelle) {
     return static_cast<std::int32_t>((static_cast<std::uint32_t>(wert) >> (8 * stelle)) & 0xFFU);
@@ -69,7 +69,7 @@ bool clsCCd::TocLesen() {
   }
   const std::int32_t laenge = mci.MCI_STATUS(mDevice, kMciLength, anzahl);
   if (laenge == -1) return false;
-  // The interface tells the last track one frame short.
+  // The interface returns the length of the last track one frame short.
   const std::int32_t ende = mToc[mToc.size() - 2].Offset + Frames(AusMsf(laenge)) + 1;
   mToc.back() = {ende / kSectorsPerSecond / 60, ende / kSectorsPerSecond % 60,
                  ende % kSectorsPerSecond, 0};

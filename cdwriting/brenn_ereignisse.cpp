@@ -1,5 +1,5 @@
-// What the writer reports while a disc is made, and what of it the progress window shows. The work
-// of frmKomponenten, which receives all events of the devices.
+// The writer's events while a disc is burnt, and what the progress window shows of them. They are
+// members of frmKomponenten, which receives all events of the devices.
 
 #include "app/frmMBox.h"
 #include "app/programm.h"
@@ -78,8 +78,8 @@ void frmKomponenten::NeuenTrackZeigen() {
   f.lblKopieNr.Caption = ZahlText(AktTrack);
 }
 
-// One statement after the other, and none of them holds up the next: at 0 percent and for a track
-// without length there is no speed and no remaining time, and the labels keep what they show.
+// Each statement may fail without stopping the next. At 0 percent, and for a track without length,
+// speed and remaining time cannot be computed, and their labels stay unchanged.
 void frmKomponenten::ProzentTAO(int percent) {
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
@@ -164,7 +164,8 @@ void frmKomponenten::MCD_StatusChange(int state) {
   brennen.lblStatusBurner.Caption = LoadResString(meldung);
 }
 
-// Lead-in, lead-out and fixating can't be stopped: the window is disabled until data flows again.
+// Lead-in, lead-out and fixating can't be stopped, so the window is disabled until data is written
+// again.
 void frmKomponenten::MCD_WriteLeadIn(int mode) {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.AppLog(L"MCD_WriteLeadIn", L"Mode:" + ZahlText(mode));

@@ -1,4 +1,4 @@
-// Progress and end of an MP3 conversion, as frmKomponenten receives them.
+// The events of an MP3 conversion: progress and end. They are members of frmKomponenten.
 
 #include "app/programm.h"
 #include "app/werte/weiter.h"

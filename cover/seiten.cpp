@@ -19,7 +19,7 @@ constexpr Mass kLabelMass = {6810, 6810};
 
 constexpr int kErsteZeileY = 650, kZeilenAbstand = 180;
 constexpr int kZeilenX = 600, kZeilenXDoppelt = 5600;
-constexpr int kTitelY = 150, kInterpretY = 400;  // above the lines
+constexpr int kTitelY = 150, kInterpretY = 400;  // title and performer stand above the lines
 
 constexpr double kGrosseSchriftTeiler = 1.25;
 

@@ -1,5 +1,4 @@
-// The dialogs for fonts, colours and printing as one call each, and the messages for what comes of
-// them.
+// One call each for the dialogs for fonts, colours and printing, and the messages for their errors.
 
 #include "app/programm.h"
 #include "app/werte/zeichen.h"
@@ -33,8 +32,8 @@ void Programm::DruckerHolen(int /*flags*/) {
   if (!fenster->Gewaehlt) throw Laufzeitfehler(kFehlerAbbruch, Text(30158));
 }
 
-// The printer's failure has a sentence of its own; what went wrong with a file comes in the words
-// of the error.
+// An error of the printer has its own message; the message for a file contains the words of the
+// error.
 void Programm::DruckFehlerMelden(const Laufzeitfehler& fehler) {
   if (fehler.Nummer == kFehlerAbbruch) return;
   FehlerVermerken(fehler.Grund.empty() ? fehler.Beschreibung : fehler.Grund);

@@ -1,4 +1,4 @@
-// The program's platform on the desktop: real windows, the sound card, the user's own home.
+// The program's platform on the desktop: real windows, the sound card, and the user's home folder.
 #pragma once
 
 #include "backends/alsa/alsa_devices.h"

@@ -1,4 +1,4 @@
-// Plays a script in front of the program, without a screen or in real windows.
+// The program that plays a script, without a screen or in real windows.
 
 #include "backends/qt/desktop/qt_app.h"
 #include "main/resource_check.h"

@@ -9,7 +9,6 @@ class Resources {
  public:
   virtual ~Resources() = default;
   virtual Text LoadResString(int id) = 0;         // raises 326 for a number without a text
-  virtual bool HasPicture(const Text& name) = 0;  // the picture exists
   virtual Text Layout(const Text& name) = 0;      // contents of NAME.layout; blank when missing
   virtual Text Supplement(const Text& name) = 0;  // another text file; blank when missing
 };

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kHeaderBytes = 44;
 constexpr double kVolume = 0.5;
-constexpr double kRightOfLeft = 1.5;  // frequencies
+constexpr double kRightOfLeft = 1.5;  // ratio of the frequencies
 
 void Append(std::string& bytes, std::uint32_t value, int count) {
   for (int i = 0; i < count; ++i, value >>= 8U) bytes += static_cast<char>(value & 0xFFU);
@@ -54,7 +54,7 @@ void AppendSample(std::string& bytes, const SineWave& wave, std::int64_t frame, 
   }
 }
 
-// Runs a program that is found on the path, with nothing to read; its exit code.
+// Runs a program from the search path without input; returns its exit code.
 int RunProgram(std::vector<std::string> words) {
   std::vector<char*> arguments;
   arguments.reserve(words.size() + 1);
@@ -97,7 +97,7 @@ void WriteSineWave(const std::string& file, const SineWave& wave) {
 
 void WriteBmp(const std::string& file, int width, int height) {
   constexpr std::uint32_t kHead = 54;
-  const int fill = (4 - width * 3 % 4) % 4;  // a row has whole words
+  const int fill = (4 - width * 3 % 4) % 4;  // a row has a multiple of 4 bytes
   const auto rows =
       static_cast<std::uint32_t>(width * 3 + fill) * static_cast<std::uint32_t>(height);
   std::string bytes = "BM";

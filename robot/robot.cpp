@@ -10,7 +10,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kAfterPauseMs = 50;  // between two looks whether the last `after` has run
+constexpr int kAfterPauseMs = 50;  // between two checks whether the last `after` has run
 
 }  // namespace
 
@@ -84,8 +84,8 @@ Robot::Command Robot::Find(const Text& verb) {
 
 // ---- turns ----
 
-// A line that acts may open a window and come back only when that has gone; the lines behind it
-// then run inside. So a line or a step is taken off the list before it is done.
+// A line may open a window and return only when the window is closed; the next lines then run
+// inside this call. So a line or a step is removed from the list before it runs.
 bool Robot::Act(Form* front) {
   while (!failed_) {
     if (!steps_.empty()) {
@@ -147,7 +147,8 @@ void Robot::Rest(int ms) {
   stage_.Loop().PostAfter(ms, [this] { resting_ = false; });
 }
 
-// Who taps a beat counts from tap to tap, and not from when the program has answered the last one.
+// While a script taps a beat, time counts from tap to tap, not from the program's answer to the
+// last tap.
 void Robot::Tapped(const ScriptLine& line) {
   const bool goesOn = !ActsOnProgram(line) || line.Verb == L"key" || line.Verb == L"wait";
   if (!goesOn) beat_.reset();
@@ -171,7 +172,7 @@ void Robot::Start(const ScriptLine& line, Form* /*front*/) {
   afterPending_.clear();
 }
 
-// Whether the program has ended where it may.
+// Checks that the program has ended where the script allows it.
 void Robot::AfterTheProgram(const ScriptLine& line) {
   if (!steps_.empty() && !closing_) Fail(*stepsOf_, "was not done when the program ended");
   for (const ScriptLine* after : afterPending_) {
@@ -185,7 +186,7 @@ void Robot::AfterTheProgram(const ScriptLine& line) {
 
 // ---- windows and controls ----
 
-// A window can have been unloaded and loaded anew, so the one that is shown counts.
+// A window may have been unloaded and loaded again, so only the visible form is used.
 Form& Robot::FindForm(const Text& name) const {
   for (Form* form : stage_.Loop().Forms()) {
     if (form->Name == name && form->Visible()) return *form;

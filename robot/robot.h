@@ -1,8 +1,9 @@
 // Plays a script in front of the program. A line that acts runs when the program waits for its
-// user, one a turn, so that the program can answer in between; lines that only look run at once.
+// user, one line a turn, so that the program can respond in between. A line that only looks runs at
+// once.
 //
-// The first line that cannot be done ends everything: the program is left where it stands, and the
-// error reads "SCRIPT:LINE: what was to be, what was found".
+// The first line that cannot be done ends the script: the program is left as it is, and the error
+// reads "SCRIPT:LINE: what was expected, what was found".
 #pragma once
 
 #include "robot/robot_script.h"
@@ -19,11 +20,11 @@ namespace vantora {
 
 class Robot final : public User {
  public:
-  // `name` is the script's name in messages; `folder` is where its relative file names start.
-  // What `echo` says, and every line with `trace`, goes to `out`.
+  // `name` is the script's name in messages; `folder` is the folder of its relative file names.
+  // `out` receives the text of `echo` and, with `trace`, every line.
   Robot(std::string name, std::string folder, RobotStage& stage, std::ostream& out, bool trace);
 
-  // Plays the script to its end; false when it failed, and `Error` says why.
+  // Plays the script to its end; returns false when it failed, and `Error` gives the reason.
   bool Run(std::string_view script);
   const std::string& Error() const { return error_; }
 
@@ -57,7 +58,7 @@ class Robot final : public User {
   void SayGoodbye(const ScriptLine& line, Form* front, int patience);
   void Poll(const ScriptLine& line, Form* front, int leftMs);
 
-  // One procedure a command, in the order of docs/robot.md.
+  // One procedure for each command, in the order of docs/robot.md.
   void Home(const ScriptLine& line, Form* front);
   void Screen(const ScriptLine& line, Form* front);
   void Colours(const ScriptLine& line, Form* front);
@@ -114,22 +115,22 @@ class Robot final : public User {
 
   std::vector<ScriptLine> lines_;
   std::size_t next_ = 0;    // the line that runs next
-  std::deque<Step> steps_;  // what is left of the line that runs, one a turn
+  std::deque<Step> steps_;  // remaining steps of the running line, one a turn
   const ScriptLine* stepsOf_ = nullptr;
   std::vector<const ScriptLine*> afterPending_;  // `after` lines that have not run yet
   bool running_ = false;                         // the program is between its start and its end
-  std::optional<std::int64_t> beat_;  // when the last wait was to end, as long as keys alone follow
+  std::optional<std::int64_t> beat_;  // end of the last wait, while only `key` and `wait` follow
   bool resting_ = false;
-  bool closing_ = false;      // `close` was pressed
-  bool scriptEnded_ = false;  // the program asked when the script was at its end
-  Text lastFront_;            // the window that was in front then
+  bool closing_ = false;      // `close` has pressed the exit button
+  bool scriptEnded_ = false;  // the program asked for input after the last line
+  Text lastFront_;            // the window that was in front after the last line
   bool failed_ = false;
   std::string error_;
 };
 
-// What stands in front, for messages: "frmMBox, which says "..."", or "no window".
+// Describes the front window for messages: "frmMBox, which says "..."", or "no window".
 std::string Describe(const Form* front);
-// The text of a message box; nothing for another window.
+// Returns the text of a message box, or nothing for another window.
 std::optional<Text> TextOfBox(const Form* front);
 
 }  // namespace vantora

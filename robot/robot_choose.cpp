@@ -1,5 +1,5 @@
-// `choose`: a person in front of the program's file dialog, who picks the drive, opens one folder
-// after the other, marks files or types a name, and presses OK.
+// `choose`: operates the program's file dialog: picks the drive, opens one folder after the other,
+// marks files or types a name, and presses OK.
 
 #include "backends/linux/utf8.h"
 #include "dialogs/frmLoadSave.h"
@@ -25,8 +25,8 @@ frmLoadSave& DialogIn(Form* front) {
   return *dialog;
 }
 
-// The row, from 1, of the line that reads `wanted`; 0 for none. Behind `indent` characters, from
-// line `first` on.
+// Returns the row, from 1, of the line that reads `wanted` behind its first `indent` characters; 0
+// for none. Searches from line `first` on.
 int RowOf(const ListControl& list, const Text& wanted, int first = 0, std::size_t indent = 0) {
   const auto find = [&](const auto& matches) {
     for (int i = first; i < list.ListCount(); ++i) {
@@ -38,7 +38,7 @@ int RowOf(const ListControl& list, const Text& wanted, int first = 0, std::size_
   return exact > 0 ? exact : find([&](const Text& line) { return SameName(line, wanted); });
 }
 
-// Files with a folder: a bare name stays in the folder that the dialog shows.
+// The wanted files with their folder. A bare name stays in the folder that the dialog shows.
 ScriptPath WantedPath(const ScriptLine& line) {
   return ParsePath(line.Words.front().Content);
 }
@@ -70,8 +70,8 @@ void Robot::Choose(const ScriptLine& line, Form* front) {
   stage_.TheHands().Select(dialog.cbxLaufwerk, {row});
 }
 
-// The list of folders shows the way from the root down to the open folder, and below it what that
-// one holds, two blanks deeper each.
+// The list of folders shows the path from the root to the open folder, and below it the subfolders
+// of the open folder. Each level is indented by two more blanks.
 void Robot::WalkTo(const ScriptLine& line, Form* front) {
   frmLoadSave& dialog = DialogIn(front);
   const ScriptPath shown = ParsePath(dialog.lblPfad.Caption), wanted = WantedPath(line);
@@ -108,7 +108,7 @@ void Robot::WalkTo(const ScriptLine& line, Form* front) {
   stage_.TheHands().Select(dialog.lstVerzeichnis, {row});
 }
 
-// A file that is not in the list is one that is to be made: its name is typed.
+// If a file is not in the list, it is a new one, so its name is typed.
 void Robot::ChooseFiles(const ScriptLine& line, Form* front) {
   frmLoadSave& dialog = DialogIn(front);
   std::vector<int> rows;

@@ -1,4 +1,4 @@
-// The commands that prepare: the machine, its files and its devices.
+// The commands that prepare the machine, its files and its devices.
 
 #include "backends/discimage/writer_faults.h"
 #include "backends/headless/headless_mixer.h"
@@ -20,13 +20,13 @@ void MakeFolderOf(Dateien& files, const Text& path) {
 
 }  // namespace
 
-// A path of the machine, from a product path or from a name beside the script's folder.
+// Converts a product path, or a path relative to the script's folder, to a path of the machine.
 std::string Robot::HostPath(const Text& name) const {
   if (!ParsePath(name).Drive.empty()) return stage_.Files().SystemPath(name).string();
   return (std::filesystem::path(folder_) / ToUtf8(name)).lexically_normal().string();
 }
 
-// Z: is the whole machine.
+// Converts a name to a product path. Drive Z: holds all files of the machine.
 Text Robot::ProductPath(const Text& name) const {
   if (!ParsePath(name).Drive.empty()) return name;
   Text path = FromUtf8(HostPath(name));
@@ -109,7 +109,7 @@ void Robot::Disc(const ScriptLine& line, Form* /*front*/) {
   }
 }
 
-// A new fault takes the place of the one before; not being ready and the pace stay as they are.
+// A new fault replaces the previous one; `not-ready` and the pace stay unchanged.
 void Robot::Writer(const ScriptLine& line, Form* /*front*/) {
   WriterFaults& faults = stage_.Writer();
   if (line.Value == L"not-ready") {
@@ -127,7 +127,7 @@ void Robot::Writer(const ScriptLine& line, Form* /*front*/) {
   faults.WriteDao = line.Value == L"WriteDAO" ? -1 : none.WriteDao;
 }
 
-// No number: a system that tells nothing of its load.
+// Without a number, the load of the system is unknown.
 void Robot::Load(const ScriptLine& line, Form* /*front*/) {
   stage_.Load(line.Numbers.empty() ? std::nullopt : std::optional<int>(line.Numbers[0]));
 }
@@ -144,7 +144,7 @@ void Robot::LineIn(const ScriptLine& line, Form* /*front*/) {
   }
 }
 
-// The program looks for the card's lines when it starts.
+// The lines must be set before the start, because the program reads them when it starts.
 void Robot::Mixer(const ScriptLine& line, Form* /*front*/) {
   HeadlessMixer& mixer = stage_.Mixer();
   if (line.Value != L"set" && running_) {

@@ -1,4 +1,4 @@
-// The commands that look, and those that let time pass.
+// The commands that check, and those that let time pass.
 
 #include "backends/checksum/sha256.h"
 #include "backends/headless/headless_mixer.h"
@@ -15,7 +15,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kBehindMs = 1000;  // what a busy machine may lose between two taps
+constexpr int kBehindMs = 1000;  // delay between two taps that a busy machine may cause
 constexpr int kPollMs = 20;
 
 std::string Quoted(const Text& text) {
@@ -28,7 +28,7 @@ void Check(const std::string& what, const Text& found, const ScriptLine& line) {
                     Quoted(line.Value) + ", it is " + Quoted(found));
 }
 
-// The property that a person sees of a control.
+// The property of a control that a user sees.
 const wchar_t* SeenOf(ControlKind kind) {
   switch (kind) {
     case ControlKind::Label:
@@ -60,7 +60,7 @@ std::optional<Text> ReadWindow(const Form& form, const Text& property) {
   return form.Window.Read(property);
 }
 
-// A line of a list, or a row and column of a list view; lines and rows from 1.
+// Reads a line of a list, or a row and column of a list view; lines and rows count from 1.
 std::optional<Text> ReadCell(const Control& control, const std::vector<int>& cell,
                              const Text& property) {
   const int row = cell.front();
@@ -84,7 +84,7 @@ std::optional<std::int64_t> LengthOf(Dateien& files, const Text& path) {
   try {
     return files.FileLen(path);
   } catch (const Laufzeitfehler&) {
-    return std::nullopt;  // that there is none is an answer here
+    return std::nullopt;  // the cell does not exist, which the script may expect
   }
 }
 
@@ -143,7 +143,8 @@ void Robot::ExpectFile(const ScriptLine& line, Form* /*front*/) {
                     ", it has " + found);
 }
 
-// A line that is an output and an input is meant as an output, but for what only inputs have.
+// A name may be that of an output and of an input. The output is meant, except for `select`, which
+// only inputs have.
 void Robot::ExpectMixer(const ScriptLine& line, Form* /*front*/) {
   const Text& name = line.Words[0].Content;
   const Text& what = line.Words[1].Content;
@@ -172,7 +173,8 @@ void Robot::Wait(const ScriptLine& line, Form* /*front*/) {
   });
 }
 
-// What fails outside of a turn ends the program from inside, as nobody may ask for long.
+// The inner line runs outside of a turn, so nothing would notice a failure soon; it ends the
+// program.
 void Robot::After(const ScriptLine& line, Form* /*front*/) {
   afterPending_.push_back(&line);
   stage_.Loop().PostAfter(line.Numbers.front(), [this, &line] {
@@ -201,7 +203,8 @@ void Robot::Poll(const ScriptLine& line, Form* front, int leftMs) {
 void Robot::Shot(const ScriptLine& line, Form* front) {
   if (line.Subject) front = &FindForm(line.Subject->Form);
   if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
-  stage_.TheHands().Shot(*front, HostPath(line.Value));  // false: there is no screen, so no picture
+  // Returns false without a screen; then there is no picture.
+  stage_.TheHands().Shot(*front, HostPath(line.Value));
 }
 
 void Robot::Echo(const ScriptLine& line, Form* /*front*/) {

@@ -1,4 +1,4 @@
-// What words every command takes, and when it may run.
+// The words of each command, and when a command may run.
 
 #include "backends/linux/utf8.h"
 #include "robot/robot_script.h"
@@ -20,7 +20,7 @@ constexpr int kAny = 1'000'000'000;
 constexpr wchar_t kFirstBrokenByte = 0xDC80, kLastBrokenByte = 0xDCFF;
 constexpr wchar_t kByteOrderMark = 0xFEFF;
 
-// The words of a line, taken one after another; a word that is missing or wrong is an error.
+// Takes the words of a line one after another; raises an error for a missing or wrong word.
 class Words {
  public:
   explicit Words(ScriptLine& line) : line_(line) {}
@@ -60,7 +60,7 @@ class Words {
     double number = 0;
     const char* end = digits.data() + digits.size();
     const auto read = std::from_chars(digits.data(), end, number, std::chars_format::fixed);
-    constexpr double kMaxSeconds = 20'000;  // more is no wave file any more
+    constexpr double kMaxSeconds = 20'000;  // a longer wave file is not possible
     if (read.ec != std::errc() || read.ptr != end || number < 0 || number > kMaxSeconds) {
       RefuseLast(seconds);
     }
@@ -84,7 +84,7 @@ class Words {
     if (ParsePath(path).Drive.empty()) RefuseLast("a path with its drive");
     return path;
   }
-  // The operator and what stands behind it.
+  // Takes a comparison operator and the value behind it.
   void Comparison() {
     static const std::map<Text, Compare> kOperators = {{L"==", Compare::Equal},
                                                        {L"!=", Compare::NotEqual},
@@ -205,7 +205,7 @@ void ParsePress(ScriptLine& line, Words& words) {
   if (words.More()) line.Numbers = {words.Number("a place to press at", 0, 1000)};
 }
 
-// Value: "shift" when that key is held.
+// Value: "shift" when the Shift key is held.
 void ParsePressOrShift(ScriptLine& line, Words& words) {
   line.Subject = words.ControlName();
   if (words.Skip(L"shift")) {
@@ -295,7 +295,7 @@ void ParseWindow(ScriptLine& line, Words& words) {
   line.Subject = words.WindowName();
 }
 
-// Value: a size is kept as text, as files can be longer than a number of a line.
+// Value: the size, kept as text because a file may be larger than the numbers of a line.
 void ParseExpectFile(ScriptLine& line, Words& words) {
   words.ProductPath();
   if (words.Skip(L"exists") || words.Skip(L"missing")) return;
@@ -319,7 +319,7 @@ void ParseWait(ScriptLine& line, Words& words) {
 
 void ParseInner(ScriptLine& line, Words& words);
 
-// Value: "insert" or "eject"; the sheet is the second word.
+// Value: "insert" or "eject"; the second word is the sheet.
 void ParseDisc(ScriptLine& line, Words& words) {
   line.Value = words.Take("insert or eject");
   if (line.Value == L"eject") return;
@@ -328,7 +328,7 @@ void ParseDisc(ScriptLine& line, Words& words) {
   if (!LowerCase(sheet).ends_with(L".cue")) words.RefuseLast("a .cue file");
 }
 
-// Value: what is to happen, Numbers: when.
+// Value: the event; Numbers: its time.
 void ParseWriter(ScriptLine& line, Words& words) {
   if (words.Skip(L"fail")) {
     line.Value = words.Take("what is to fail");
@@ -351,8 +351,8 @@ void ParseWriter(ScriptLine& line, Words& words) {
   }
 }
 
-// Value: out, in, none or set; Numbers: the volume and, of an output, whether it is on and whether
-// it has a switch, of an input, whether it is selected.
+// Value: out, in, none or set; Numbers: the volume; for an output, whether it is on and whether it
+// has a switch; for an input, whether it is selected.
 void ParseMixer(ScriptLine& line, Words& words) {
   line.Value = words.Take("out, in, none or set");
   if (line.Value == L"none") return;
@@ -383,7 +383,7 @@ void ParseLineIn(ScriptLine& line, Words& words) {
   }
 }
 
-// Value: pdf, none, margins or paper; the folder and the paper are the second word.
+// Value: pdf, none, margins or paper; the second word is the folder or the paper.
 void ParsePrinter(ScriptLine& line, Words& words) {
   line.Value = words.Take("pdf, none, margins or paper");
   if (line.Value == L"pdf") {
@@ -399,14 +399,14 @@ void ParsePrinter(ScriptLine& line, Words& words) {
   }
 }
 
-// No number: cancel.
+// Numbers: none for cancel.
 void ParsePrint(ScriptLine& line, Words& words) {
   if (words.Skip(L"cancel")) return;
   if (!words.Skip(L"ok")) words.Refuse("ok or cancel is missing");
   line.Numbers = {1};
 }
 
-// Value: the family; Numbers: the size, and whether it is bold and italic. No number: cancel.
+// Value: the family; Numbers: the size, bold and italic; none for cancel.
 void ParseFont(ScriptLine& line, Words& words) {
   if (words.Skip(L"cancel")) return;
   line.Value = words.Take("a font, or cancel,");
@@ -415,7 +415,7 @@ void ParseFont(ScriptLine& line, Words& words) {
   if (words.Skip(L"italic")) line.Numbers[2] = 1;
 }
 
-// Numbers: red, green and blue; none: cancel.
+// Numbers: red, green and blue; none for cancel.
 void ParseColour(ScriptLine& line, Words& words) {
   if (words.Skip(L"cancel")) return;
   const std::string shares = ToUtf8(words.Take("R,G,B or cancel"));
@@ -427,7 +427,7 @@ void ParseColour(ScriptLine& line, Words& words) {
   line.Numbers = {red, green, blue};
 }
 
-// Value: what befalls the drive from now on, one thing a line.
+// Value: the faults of the emulated drive from now on, one a line.
 void ParseBottle(ScriptLine& line, Words& words) {
   for (const ScriptWord& word : line.Words) line.Value += word.Content + L"\n";
   words.SkipAll();
@@ -449,7 +449,7 @@ struct Grammar {
   void (*Parse)(ScriptLine&, Words&);
   When Allowed;
   Does What;
-  bool Later = false;  // may stand behind `after`
+  bool Later = false;  // may follow `after`
 };
 
 const std::map<Text, Grammar>& Commands() {
@@ -514,7 +514,7 @@ const Grammar& GrammarOf(const ScriptLine& line) {
   return found->second;
 }
 
-// Takes the verb off the words and reads the rest by its rules.
+// Takes the verb, and reads the other words by the verb's rules.
 ScriptLine ParseLine(int number, const Text& source, std::vector<ScriptWord> parts) {
   ScriptLine line;
   line.Number = number;
@@ -544,8 +544,7 @@ void ParseInner(ScriptLine& line, Words& words) {
   line.Inner = std::make_unique<ScriptLine>(std::move(inner));
 }
 
-// Puts the environment's variables in the place of their names, ${NAME}. What a variable holds
-// stays within its word.
+// Replaces ${NAME} by the value of an environment variable. The value stays within its word.
 Text WithVariables(Text word, int line) {
   for (std::size_t place = word.find(L"${"); place != Text::npos; place = word.find(L"${", place)) {
     const std::size_t end = word.find(L'}', place);

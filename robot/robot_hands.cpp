@@ -1,4 +1,4 @@
-// The commands that act: what mouse and keyboard do, and what a person answers.
+// The commands that act: mouse, keyboard and answers.
 
 #include "backends/linux/utf8.h"
 #include "robot/robot.h"
@@ -8,14 +8,14 @@ namespace vantora {
 namespace {
 
 constexpr int kYes = 6, kNo = 7, kSingle = 1;
-constexpr int kAbort = 3, kIgnore = 5;  // and retry between them, on a box with three buttons
+constexpr int kAbort = 3, kIgnore = 5;  // retry is between them, on a box with three buttons
 constexpr int kBoxButtons = 3;
 
 constexpr int kHeldPauseMs = 20;
 constexpr int kGoodbyePauseMs = 100;
 constexpr int kGoodbyePatience = 600;  // pauses
 
-// Where files are wanted, all words behind the control are some.
+// For commands that take files, all words after the control are files.
 std::vector<Text> FilesOf(const ScriptLine& line) {
   std::vector<Text> files;
   for (std::size_t i = 1; i < line.Words.size(); ++i) files.push_back(line.Words[i].Content);
@@ -49,7 +49,7 @@ void Robot::Pull(const ScriptLine& line, Form* /*front*/) {
   stage_.TheHands().Pull(FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
 }
 
-// What comes next is noted before the press: the program may ask its user while it is held.
+// The next step is registered before the press, because the program may ask its user during it.
 void Robot::Hold(const ScriptLine& line, Form* /*front*/) {
   Control& control = FindControl(*line.Subject);
   AwaitRelease(line);
@@ -118,8 +118,8 @@ void Robot::PressAnswer(Form* front, int answer) {
   stage_.TheHands().Press(*chosen);
 }
 
-// The way out is a question or two, and then the program needs a moment. What comes next is noted
-// before the press, since the questions may be asked inside it.
+// Closing the program asks one or two questions, and then takes a moment. The next step is
+// registered before the press, because the questions may be asked during it.
 void Robot::Close(const ScriptLine& line, Form* /*front*/) {
   closing_ = true;
   Then(line, [this, &line](Form* front) { SayGoodbye(line, front, kGoodbyePatience); });

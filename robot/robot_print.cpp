@@ -1,4 +1,4 @@
-// Printing: what the printer is, and the dialogs for fonts, colours and printing in front.
+// Printing: the properties of the printer, and the dialogs for fonts, colours and printing.
 
 #include "backends/linux/utf8.h"
 #include "dialogs/frmDrucken.h"

@@ -24,14 +24,14 @@ std::optional<double> AsNumber(const Text& text) {
   return number;
 }
 
-// What a window has besides its controls; no control is called so.
+// The properties of a window itself; no control has such a name.
 bool IsWindowProperty(const Text& name) {
   static const std::array<const wchar_t*, 8> kNames = {
       L"Caption", L"Picture", L"Visible", L"Enabled", L"Left", L"Top", L"Width", L"Height"};
   return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
 }
 
-// Takes a target apart from left to right.
+// Parses a target from left to right.
 class TargetReader {
  public:
   TargetReader(const Text& word, int line) : word_(word), line_(line) {}
@@ -71,7 +71,7 @@ class TargetReader {
     place_ = end;
     return name;
   }
-  // One or two numbers between brackets.
+  // Reads one or two numbers in brackets.
   std::vector<int> Brackets() {
     std::vector<int> numbers;
     Expect(L'(');

@@ -1,9 +1,9 @@
-// A robot script: text in UTF-8, one command a line, words between blanks. A word in quotes keeps
-// its blanks, and "" in it is a quote; `#` at the start of a word begins a comment. docs/robot.md
-// lists the commands.
+// A robot script: text in UTF-8, one command a line, words separated by blanks. A word in quotes
+// may have blanks, and "" in it is one quote; `#` at the start of a word begins a comment.
+// docs/robot.md lists the commands.
 //
-// A script is read as a whole before anything runs: an unknown command, a missing word or a target
-// that cannot be one is an error with its line. Whether a window has the control shows only later.
+// A script is parsed as a whole before it runs: an unknown command, a missing word or an impossible
+// target is reported with its line. Only the run shows whether a window has the control.
 #pragma once
 
 #include "platform/text.h"
@@ -22,14 +22,15 @@ struct ScriptError : std::runtime_error {
   int Line;
 };
 
-// What a line speaks of: `frmX`, `frmX.Caption`, `frmX.list`, `frmX.button(0)`, `frmX.list(1,2)`,
-// `frmX.list(0)(1,2)`, each but the first two with `.Property` behind it when wanted.
+// The window, control or cell that a line is about: `frmX`, `frmX.Caption`, `frmX.list`,
+// `frmX.button(0)`, `frmX.list(1,2)`, `frmX.list(0)(1,2)`. All but the first two may end with
+// `.Property`.
 struct Target {
   Text Form;
   Text Control;            // blank: the window itself
-  std::vector<int> Index;  // numbers of the first brackets: an element, a line, or row and column
-  std::vector<int> Cell;   // numbers of the second brackets
-  Text Property;           // blank: the one that a person sees
+  std::vector<int> Index;  // numbers in the first brackets: an element, a line, or row and column
+  std::vector<int> Cell;   // numbers in the second brackets
+  Text Property;           // blank: the property that a user sees
 };
 
 enum class Compare { Equal, NotEqual, Less, Greater, Matches };
@@ -41,34 +42,34 @@ struct ScriptWord {
 
 struct ScriptLine {
   int Number = 0;  // from 1
-  Text Source;     // as it stands in the script, for messages
+  Text Source;     // the line as written, for messages
   Text Verb;
-  std::vector<ScriptWord> Words;      // behind the verb
-  std::optional<Target> Subject;      // of lines that name a window or a control first
+  std::vector<ScriptWord> Words;      // words after the verb
+  std::optional<Target> Subject;      // of lines that begin with a window or a control
   std::vector<int> Numbers;           // rows, milliseconds, sizes
-  Compare Operator = Compare::Equal;  // of expectations
-  Text Value;                         // what is compared with, typed, or said
-  std::unique_ptr<ScriptLine> Inner;  // of `after` and `within`
+  Compare Operator = Compare::Equal;  // for expectations
+  Text Value;                         // the value to compare with, to type or to set
+  std::unique_ptr<ScriptLine> Inner;  // for `after` and `within`
 };
 
-// False for a line that only looks or prepares; such lines do not wait for the program to turn.
+// False for lines that only check or prepare; such lines do not wait for the program's next turn.
 bool ActsOnProgram(const ScriptLine& line);
-// True for lines that a running program must be there for.
+// True for lines that need a running program.
 bool NeedsProgram(const ScriptLine& line);
-// True for lines that a running program must not be there for.
+// True for lines that are allowed only while no program runs.
 bool PreparesStart(const ScriptLine& line);
 
-// Raises ScriptError.
+// These functions raise ScriptError.
 std::vector<ScriptLine> ParseScript(std::string_view script);
 std::vector<ScriptWord> ParseWords(const Text& source, int line);
 Target ParseTarget(const Text& word, int line);
 
-// Numbers are compared as numbers when both sides are numbers, else as text; `Matches` searches for
-// a regular expression.
+// Compares numbers as numbers when both sides are numbers, otherwise as text; `Matches` searches
+// for a regular expression.
 bool Compares(const Text& found, Compare how, const Text& wanted);
 const wchar_t* OperatorName(Compare how);
 
-// "C:\Música\a.wav" cut into its drive, its folders and its name.
+// "C:\Música\a.wav", split into drive, folders and name.
 struct ScriptPath {
   Text Drive;  // "C"; blank for a bare name
   std::vector<Text> Folders;

@@ -1,5 +1,5 @@
-// Elements of fields by number. A number outside the field is a run-time error like any other, so
-// that the regimes of the program take it as one.
+// Access to elements by number. A number out of range raises a run-time error, so that `Weiter` can
+// skip the statement.
 #pragma once
 
 #include "platform/laufzeitfehler.h"
@@ -8,7 +8,7 @@
 
 namespace vantora {
 
-// Error 9 outside the field.
+// Raises error 9 when the number is out of range.
 template <typename Feld>
 auto& Element(Feld& feld, std::int64_t nummer) {
   if (nummer < 0 || nummer >= static_cast<std::int64_t>(feld.size())) {

@@ -1,5 +1,5 @@
-// A text field of fixed width, as the catalog's records hold it: N wide characters, NUL at birth,
-// padded with blanks by assignment, and cut at N without a word.
+// A text field of fixed width, as the catalog's records hold it: N wide characters, all NUL at
+// first. Assignment pads with blanks, and cuts a longer text at N without an error.
 #pragma once
 
 #include "app/werte/zeichen.h"
@@ -20,7 +20,7 @@ class FixedText {
     return *this;
   }
 
-  Text Ganz() const { return {zeichen_.begin(), zeichen_.end()}; }  // padding and all
+  Text Ganz() const { return {zeichen_.begin(), zeichen_.end()}; }  // with the padding
   Text Getrimmt() const { return Trim(Ganz()); }
   bool operator==(const FixedText&) const = default;
 

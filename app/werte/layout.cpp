@@ -14,7 +14,7 @@ namespace {
 
 constexpr const wchar_t* kTrenner = L" \t\r";
 
-using Sicht = std::wstring_view;  // into the layout
+using Sicht = std::wstring_view;  // a part of the layout
 
 std::vector<Sicht> Worte(Sicht zeile) {
   zeile = zeile.substr(0, zeile.find(L'#'));
@@ -68,7 +68,7 @@ void Bild(Control& control, Sicht wert) {
   if (auto* bild = dynamic_cast<PictureBox*>(&control)) bild->Picture = Text(wert);
 }
 
-// Only what was made before a control can hold it, so that no two lie in each other.
+// Only a control that was made earlier can hold this one, so that no two controls hold each other.
 void Hineinlegen(Control& control, Sicht wert) {
   Control* behaelter = Gemeint(control.Owner(), wert);
   const std::vector<Control*>& alle = control.Owner().Controls;

@@ -1,14 +1,14 @@
-// Layouts: where the controls of a window stand, as data. A line a control:
+// Layouts describe as data where the controls of a window stand. Each control has one line:
 //
 //   form WIDTH HEIGHT [picture=NAME] [back=RRGGBB] [border=0|1]
 //   name[(index)] LEFT TOP WIDTH HEIGHT [picture= pressed= icon= font= bold= fore= back= align=
 //                                        wrap= fill= line= tab= in=]
 //   columns name W0 W1 ...
 //
-// A label with a place in the order of the focus (tab=) takes it. The place of a control that lies
-// in a picture box or a shape (in=, name or name(index)) counts from there; one that the window
-// makes later holds nothing. Geometry in twips; "#" begins a comment; a name that the window lacks
-// is passed over.
+// A label gets the focus only if it has a place in the focus order (tab=). The place of a control
+// inside a picture box or a shape (in=, name or name(index)) is relative to that container; the
+// container must have been made before the control. All measures are in twips; "#" begins a
+// comment; a line whose name does not exist in the window is skipped.
 #pragma once
 
 #include "platform/form.h"

@@ -1,12 +1,13 @@
-// The regime in which a failing statement is skipped and the next one runs. Whoever works under it
-// wraps each statement, so that it shows where it rules.
+// Error handling in which a failing statement is skipped and the next one runs. Each such statement
+// is wrapped in `Weiter`, so that the code shows which statements may fail.
 #pragma once
 
 #include "platform/laufzeitfehler.h"
 
 namespace vantora {
 
-// Runs one statement; false when it failed. The end of the program is no failure and passes.
+// Runs one statement; returns false when it failed. `ProgrammEnde` is no failure and passes
+// through.
 template <typename Anweisung>
 bool Weiter(Anweisung&& anweisung) {
   try {
@@ -17,7 +18,7 @@ bool Weiter(Anweisung&& anweisung) {
   }
 }
 
-// Runs what has to follow a piece of work also when the work fails; the error goes on from there.
+// Runs `danach` after `arbeit` even when `arbeit` fails; the error is raised again afterwards.
 template <typename Arbeit, typename Danach>
 void Jedenfalls(Arbeit&& arbeit, Danach&& danach) {
   try {

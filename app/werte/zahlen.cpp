@@ -23,7 +23,8 @@ Text Breit(const std::string& text) {
 template <typename T>
 T Ganz(double wert) {
   const double rund = Runden(wert);
-  // The bounds of 64 bit are no doubles of their own, so the upper one is taken as 2 to the 63rd.
+  // The largest 64-bit integer is no double, so the upper bound is 2 to the 63rd, which is
+  // excluded.
   const auto oben = std::ldexp(1.0, std::numeric_limits<T>::digits);
   if (!(rund >= -oben && rund < oben)) throw Laufzeitfehler(kFehlerUeberlauf, L"Desbordamiento");
   return static_cast<T>(rund);

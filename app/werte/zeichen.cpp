@@ -13,8 +13,7 @@ constexpr bool Blank(wchar_t zeichen) {
   return zeichen == L' ' || zeichen == L'\0';
 }
 
-// Upper and lower case of the letters that the code page holds, whatever locale the program runs
-// in.
+// Upper and lower case of the letters of Windows-1252, independent of the locale.
 wchar_t Gross(wchar_t z) {
   if ((z >= 0xE0 && z <= 0xFE && z != 0xF7) || (z >= L'a' && z <= L'z')) {
     return static_cast<wchar_t>(z - 32);

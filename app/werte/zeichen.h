@@ -1,5 +1,5 @@
-// Text at the edge of a file: Windows-1252, one byte a character. Every byte has a character, so
-// what was read is written back the same; a character without a byte becomes "?".
+// Conversion of texts from and to files: Windows-1252, one byte a character. Every byte has a
+// character, so reading and writing keeps all bytes; a character without a byte becomes "?".
 #pragma once
 
 #include "platform/text.h"
@@ -13,9 +13,9 @@ wchar_t ZeichenAus1252(unsigned char byte);
 unsigned char ByteIn1252(wchar_t zeichen);
 bool Hat1252(wchar_t zeichen);
 
-// ---- small tools for texts ----
+// ---- text functions ----
 
-inline constexpr const wchar_t* kZeilenEnde = L"\r\n";  // of lines in files and in messages
+inline constexpr const wchar_t* kZeilenEnde = L"\r\n";  // ends lines in files and in messages
 
 Text Trim(const Text& text);  // without blanks and NULs at both ends
 Text Ucase(Text text);

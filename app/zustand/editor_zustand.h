@@ -1,6 +1,8 @@
-// What outlives the wave editor's window: the file that it is to open, the range that the spectrum
-// shows, and the effects as they were set when it was last closed.
+// The state of the wave editor that outlives its window: the file to open next, the range that the
+// spectrum shows, and the settings of the effects when the window was last closed.
 #pragma once
+
+#include "klang/baender.h"
 
 #include "platform/text.h"
 
@@ -8,8 +10,6 @@
 #include <cstdint>
 
 namespace vantora {
-
-inline constexpr int kEqBaender = 10;
 
 // The settings of all effects, as a batch applies them. Values are those of the sliders.
 struct EffektWerte {
@@ -19,7 +19,7 @@ struct EffektWerte {
   bool FlangerAktiv = false, HallAktiv = false;
   std::int16_t DenoiserWert = 0, DecrackleWert = 0, DeclickWert = 0;
   std::array<std::int16_t, kEqBaender> EQBand{};  // dB
-  std::int16_t Lautstaerke = 0;                   // 16384 leaves the sound as loud as it is
+  std::int16_t Lautstaerke = 0;                   // 16384 leaves the volume unchanged
   std::int32_t GaterSchwelle = 0;                 // sample units
   std::int16_t GaterZeit = 0;                     // ms
   std::int16_t FlangerMix = 0, FlangerFeedback = 0, FlangerTiefe = 0, FlangerRate = 0;

@@ -1,5 +1,5 @@
-// What the grab of tracks shares with its neighbours: the windows that ask for it fill in the
-// tracks and their targets, the events of the reader keep the rest.
+// The state of reading tracks from a disc. The windows that start a read fill in the tracks and
+// their target files; the reader's events keep the rest.
 #pragma once
 
 #include "platform/text.h"
@@ -10,19 +10,19 @@
 namespace vantora {
 
 struct GrabZustand {
-  // Parallel, from 0: track numbers, and their target paths.
+  // GrabTracks, GrabDateien and GrabNamen are parallel, from index 0: track number and target path.
   std::vector<std::int16_t> GrabTracks;
   std::vector<Text> GrabDateien;
   std::vector<Text> KopieDateien;  // the waves of a CD copy, until its burn removes them
-  // Parallel to them: the name of the track; blank when none was typed or found.
+  // The names of the tracks; blank when none was typed or found.
   std::vector<Text> GrabNamen;
   Text GrabInterpret;                     // performer of the disc, for tracks with a name
   std::vector<std::int32_t> GrabTrackMB;  // MB of each track of a CD copy
   std::int32_t GrabGesamtSektoren = 0;    // of all tracks to read
   std::int32_t GrabTrackSektoren = 0;     // of the track being read
-  std::int32_t GrabTrackMs = 0;           // the same in ms
+  std::int32_t GrabTrackMs = 0;           // length of the track being read, in ms
   std::int32_t GrabAktuell = 0;           // sectors of the tracks that are finished
-  std::int32_t GrabFertigMs = 0;          // the same in ms
+  std::int32_t GrabFertigMs = 0;          // length of the tracks that are finished, in ms
   bool GrabLaeuft = false;                // a track is being read
   bool GrabFertig = false;                // the track has been read whole
   bool GrabAbbruch = false;               // set by the cancel of the progress window

@@ -15,7 +15,7 @@ struct KatalogEintrag {
   std::int16_t Ueberblendet = 0;  // -1: belongs to a crossfade
   FixedText<50> Titel;
   FixedText<50> Interpret;
-  FixedText<10> Laenge;        // milliseconds as text; may end in a part of a fraction
+  FixedText<10> Laenge;        // milliseconds as text; may have decimals
   std::int16_t GroesseMB = 0;  // whole MB of the wave file
   std::int16_t Pause = 0;      // seconds after the track, 0 to 9
   FixedText<100> Datei;        // full path of the wave file
@@ -28,10 +28,10 @@ struct KatalogEintrag {
   bool operator==(const KatalogEintrag&) const = default;
 };
 
-// Never empty once the program has started: record 0 is always there.
+// Has at least record 0 once the program has started.
 using KatalogFeld = std::vector<KatalogEintrag>;
 
-// Highest index, which is the number of tracks. Error 9 for a field that was never dimensioned.
+// Highest index, which is the number of tracks. Raises error 9 when the field is empty.
 inline int UBound(const KatalogFeld& feld) {
   if (feld.empty()) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
   return static_cast<int>(feld.size()) - 1;

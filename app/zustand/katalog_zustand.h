@@ -1,4 +1,4 @@
-// What the windows know of the open catalog, beside its records.
+// The state of the open catalog that several windows use.
 #pragma once
 
 #include "app/zustand/katalog_eintrag.h"
@@ -14,17 +14,17 @@ struct KatalogZustand {
   bool KatalogUeberLaenge = false;  // longer than 74 minutes
 
   KatalogFeld QuellKatalog;                // another catalog, from which tracks are taken
-  std::vector<std::int16_t> QuellAuswahl;  // their record numbers
+  std::vector<std::int16_t> QuellAuswahl;  // record numbers of the tracks to take from QuellKatalog
 
-  // What the track properties window hands back; blank when nothing is pending.
+  // Results of the track properties window; blank when there are none to take over.
   Text NeuInterpret, NeuTitel, NeuPause;
   bool DialogBestaetigt = false;
 };
 
-// Result and request of the file dialog.
+// Request to the file dialog, and its result.
 struct DialogFelder {
   std::int16_t DialogModus = 1;  // 1 open, 2 save
-  Text DialogPfad;               // start directory; on return the directory chosen
+  Text DialogPfad;               // start directory; afterwards the chosen directory
   Text DialogMuster;             // "*.vtr"
   Text DialogName;               // name in the text box
   Text GewaehlteDatei;           // full path, or several with "/" behind each
@@ -33,10 +33,10 @@ struct DialogFelder {
   bool MehrfachAuswahl = false;
 };
 
-// What the progress window shows the course of.
+// The job whose progress the progress window shows.
 enum FortschrittModi : std::int32_t { kModusMp3 = 0, kModusGrab = 1, kModusBrennen = 2 };
 
-// What the burn run and its neighbours share.
+// The state of a burn that several windows use.
 struct BrennZustand {
   std::vector<Text> BrennDateien;  // wave files in catalog order, from index 1; 0 is unused
   std::int32_t FortschrittModus = kModusMp3;

@@ -81,12 +81,6 @@ void FileResources::ReadTexts() {
   }
 }
 
-bool FileResources::HasPicture(const Text& name) {
-  std::error_code failed;
-  return IsName(name) &&
-         fs::is_regular_file(folder_ / "pictures" / (ToUtf8(name) + ".svg"), failed);
-}
-
 Text FileResources::Layout(const Text& name) {
   if (!IsName(name)) return {};
   return FromUtf8(FileText(folder_ / "layouts" / (ToUtf8(name) + ".layout")));

@@ -17,7 +17,6 @@ class FileResources final : public Resources {
   explicit FileResources(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   Text LoadResString(int id) override;
-  bool HasPicture(const Text& name) override;
   Text Layout(const Text& name) override;
   Text Supplement(const Text& name) override;
 

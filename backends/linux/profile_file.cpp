@@ -4,9 +4,7 @@
 
 #include "platform/laufzeitfehler.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <utility>
 
 namespace vantora {
 
@@ -59,11 +57,10 @@ void ProfileFiles::DeletePrivateProfileSection(const Text& section, const Text& 
   }
 }
 
-// The number of links is part of the stamp: it falls to 0 when the file is replaced or deleted.
-ProfileFiles::Stamp ProfileFiles::StampOf(const Descriptor& file) {
+ProfileFiles::Stamp ProfileFiles::StampOfFile() const {
   struct stat info {};
-  if (!file.IsOpen() || ::fstat(file(), &info) != 0) return {};
-  return {static_cast<std::int64_t>(info.st_nlink),
+  if (::stat(place_.c_str(), &info) != 0) return {};
+  return {static_cast<std::int64_t>(info.st_ino),
           info.st_size,
           info.st_mtim.tv_sec,
           info.st_mtim.tv_nsec,
@@ -72,7 +69,7 @@ ProfileFiles::Stamp ProfileFiles::StampOf(const Descriptor& file) {
 }
 
 ProfileText& ProfileFiles::Read(const Text& file) {
-  const bool known = stamp_ != Stamp{} && file == name_ && StampOf(file_) == stamp_;
+  const bool known = stamp_ != Stamp{} && file == name_ && StampOfFile() == stamp_;
   return known ? text_ : ReadAnew(file);
 }
 
@@ -81,23 +78,17 @@ ProfileText& ProfileFiles::ReadAnew(const Text& file) {
   const bool bare = file.find_first_of(L"\\/:") == Text::npos;
   place_ = table_.SystemPath(bare ? GetWindowsDirectory() + L"\\" + file : file);
   // The stamp is taken before the file is read, so that a change in between is noticed.
-  Watch();
-  const Stamp stamp = std::exchange(stamp_, {});
+  const Stamp stamp = StampOfFile();
   text_ = ProfileText(ReadSmallFile(place_).value_or(std::string()));
   name_ = file;
   stamp_ = stamp;
   return text_;
 }
 
-void ProfileFiles::Watch() {
-  file_ = Descriptor(::open(place_.c_str(), O_PATH | O_CLOEXEC));
-  stamp_ = StampOf(file_);
-}
-
 void ProfileFiles::Save() {
   stamp_ = {};  // if the write fails, the file is read again
   WriteSmallFile(place_, text_.Bytes());
-  Watch();
+  stamp_ = StampOfFile();
 }
 
 }  // namespace vantora

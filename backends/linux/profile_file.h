@@ -2,7 +2,6 @@
 // new file they end in CR LF. Of two sections or keys with the same name only the first is seen.
 #pragma once
 
-#include "backends/linux/descriptor.h"
 #include "backends/linux/drive_table.h"
 #include "backends/linux/profile_text.h"
 
@@ -33,18 +32,15 @@ class ProfileFiles final : public Profile {
  private:
   using Stamp = std::array<std::int64_t, 6>;  // changes whenever the file changes
 
-  static Stamp StampOf(const Descriptor& file);
+  Stamp StampOfFile() const;  // all zero for a file that is missing
   ProfileText& Read(const Text& file);
   ProfileText& ReadAnew(const Text& file);  // before a change, to keep other programs' changes
-  void Watch();
   void Save();
 
   const DriveTable& table_;
   // The last file is kept, since a search through a database asks for thousands of its values.
-  // Checking an open descriptor for changes takes a third of the time of checking a path.
   Text name_;  // as the caller spelled it
   std::filesystem::path place_;
-  Descriptor file_;
   Stamp stamp_{};  // all zero: `text_` does not match the file
   ProfileText text_;
 };

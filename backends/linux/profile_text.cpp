@@ -93,7 +93,6 @@ std::string_view ProfileText::Line(std::size_t place, std::size_t next) const {
 void ProfileText::BuildIndex() {
   heads_.clear();
   sections_.clear();
-  open_.reset();
   Range* open = nullptr;
   for (std::size_t at = bytes_.find('['); at != std::string::npos; at = bytes_.find('[', at)) {
     std::size_t place = at;
@@ -130,23 +129,16 @@ const ProfileText::Range* ProfileText::Find(const Text& section) const {
 }
 
 // The offset of the line of a key. Of two keys with the same name the first one counts.
-std::optional<std::size_t> ProfileText::Find(const Text& section, const Text& key) {
-  if (open_ != section) {
-    keys_.clear();
-    open_ = section;
-    const Range* range = Find(section);
-    for (std::size_t place = range ? range->First : 0; range && place < range->End;) {
-      const std::size_t next = NextLine(place);
-      const auto setting = SettingOf(Line(place, next));
-      if (setting) keys_.emplace_back(Compared(setting->Key), place);
-      place = next;
-    }
-    std::sort(keys_.begin(), keys_.end());
-  }
+std::optional<std::size_t> ProfileText::Find(const Text& section, const Text& key) const {
+  const Range* range = Find(section);
   const std::string wanted = Compared(key);
-  const auto found = std::lower_bound(keys_.begin(), keys_.end(), std::pair(wanted, std::size_t{}));
-  if (found == keys_.end() || found->first != wanted) return std::nullopt;
-  return found->second;
+  for (std::size_t place = range ? range->First : 0; range && place < range->End;) {
+    const std::size_t next = NextLine(place);
+    const auto setting = SettingOf(Line(place, next));
+    if (setting && Compared(setting->Key) == wanted) return place;
+    place = next;
+  }
+  return std::nullopt;
 }
 
 std::vector<ProfileEntry> ProfileText::Entries(const Text& section, std::size_t limit) const {
@@ -163,7 +155,7 @@ std::vector<ProfileEntry> ProfileText::Entries(const Text& section, std::size_t 
   return entries;
 }
 
-std::optional<Text> ProfileText::Value(const Text& section, const Text& key) {
+std::optional<Text> ProfileText::Value(const Text& section, const Text& key) const {
   const auto place = Find(section, key);
   if (!place) return std::nullopt;
   return FromWindows1252(WithoutQuotes(SettingOf(Line(*place))->Value));

@@ -1,6 +1,6 @@
 // The bytes of one profile file and their meaning. Unchanged lines keep every byte.
 //
-// The file is searched for sections once, and a section for its keys when it is first used.
+// The file is searched for sections once, and a section for a key each time that one is asked for.
 #pragma once
 
 #include "platform/profile.h"
@@ -10,7 +10,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -24,7 +23,7 @@ class ProfileText final {
   // counts one more for its NUL.
   std::vector<Text> Sections(std::size_t limit) const;
   std::vector<ProfileEntry> Entries(const Text& section, std::size_t limit) const;
-  std::optional<Text> Value(const Text& section, const Text& key);
+  std::optional<Text> Value(const Text& section, const Text& key) const;
   // Both return whether they changed anything.
   bool SetValue(const Text& section, const Text& key, const Text& value);
   bool RemoveSection(const Text& section);
@@ -35,7 +34,7 @@ class ProfileText final {
   };
   void BuildIndex();
   const Range* Find(const Text& section) const;
-  std::optional<std::size_t> Find(const Text& section, const Text& key);
+  std::optional<std::size_t> Find(const Text& section, const Text& key) const;
   void Insert(std::size_t place, const std::string& line);
   std::size_t NextLine(std::size_t place) const;
   std::string_view Line(std::size_t place, std::size_t next) const;  // without its line end
@@ -45,9 +44,6 @@ class ProfileText final {
   std::string end_ = "\r\n";
   std::vector<std::size_t> heads_;                   // offsets of the "[" of each section
   std::unordered_map<std::string, Range> sections_;  // by name in lower case
-  // For the section used last: its keys in lower case, sorted, with the offsets of their lines.
-  std::optional<Text> open_;
-  std::vector<std::pair<std::string, std::size_t>> keys_;
 };
 
 }  // namespace vantora

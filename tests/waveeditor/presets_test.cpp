@@ -119,10 +119,10 @@ TEST_F(Presets, AChosenPresetLightsItsPanelAndCanBeApplied) {
     Waehle(1);
     EXPECT_EQ(fall.Knopf.Picture(), fall.Bild);
     EXPECT_EQ(E().imgEffekt(fall.Panel).Picture(), fall.Licht);
-    EXPECT_TRUE(E().EffekteAktiv);
-    EXPECT_EQ(E().Out->Input() == E().mmVolume.get(), fall.Panel == kLautstaerke);
+    EXPECT_TRUE(E().EffekteAktiv());
+    EXPECT_EQ(E().Kette().Out().Input() == &E().Kette().mmVolume(), fall.Panel == kLautstaerke);
     Druecke(E().imgEffekt(5));
-    EXPECT_FALSE(E().EffekteAktiv);
+    EXPECT_FALSE(E().EffekteAktiv());
   }
 }
 
@@ -180,7 +180,7 @@ TEST_F(Presets, AdditionsAndDeletionsAgreeWithAStoreOfTenPlaces) {
       if (geschlossen[k].empty()) std::swap(geschlossen[k], geschlossen[k + 1]);
     }
     for (std::size_t k = 0; k < 10; ++k) {
-      const Text text = E().PresetsVol[k];
+      const Text text = (*E().Presets().Inhalt())[k];
       ASSERT_EQ(text.substr(0, text.find(L';')), geschlossen[k]) << i;
     }
   }

@@ -44,11 +44,6 @@ void QtApp::AwaitFonts() {
   if (auto* app = dynamic_cast<Application*>(qApp)) app->AwaitAll();
 }
 
-std::int64_t QtApp::StampOfStartFonts() {
-  const auto* app = dynamic_cast<Application*>(qApp);
-  return app == nullptr ? 0 : app->StampOfFamily();
-}
-
 std::vector<std::string> QtApp::Arguments() const {
   std::vector<std::string> arguments;
   for (int i = 1; i < argc_; ++i) {

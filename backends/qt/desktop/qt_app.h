@@ -1,7 +1,6 @@
 // The one QApplication of a process, with everything that must be set before the first window.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,10 +23,6 @@ class QtApp {
 
   // Returns when all fonts of the machine are loaded, which normally happens soon after the start.
   static void AwaitFonts();
-
-  // Changes with the files of the fonts that the windows use during a start; 0 when the start is
-  // over.
-  static std::int64_t StampOfStartFonts();
 
   // True when this process has a screen, or was started to work off screen. Must be asked before a
   // QtApp is created: without a screen its constructor ends the process.

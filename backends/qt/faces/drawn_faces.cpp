@@ -5,10 +5,10 @@
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/level_bars.h"
 #include "backends/qt/faces/picture_widgets.h"
+#include "backends/qt/faces/words.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/windows/form_window.h"
-#include "backends/qt/words.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -34,7 +34,7 @@ void LetMouseThrough(QWidget& widget, bool through) {
 // the toolkit's own treatment of the text of focusable labels is not wanted.
 class WordsWidget final : public QLabel {
  public:
-  WordsWidget(Pictures& pictures, QWidget* parent) : QLabel(parent), pictures_(pictures) {}
+  using QLabel::QLabel;
 
   QString Words;
   QFont Full;  // its font without scaling
@@ -49,9 +49,7 @@ class WordsWidget final : public QLabel {
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
     const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
-    DrawWords(painter, pictures_,
-              {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont},
-              devicePixelRatioF());
+    DrawWords(painter, {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont});
     if (Framed) DrawFrame(painter);
     if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
@@ -66,8 +64,6 @@ class WordsWidget final : public QLabel {
     painter.setPen(QPen(look::Of(look::kField), 1, Qt::DashLine));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
-
-  Pictures& pictures_;
 };
 
 // A control that records the position of the mouse and the modifier keys.
@@ -142,7 +138,7 @@ Qt::Alignment Across(Alignment align) {
 class LabelFace final : public PointedFace {
  public:
   LabelFace(Label& label, FormWindow& window)
-      : LabelFace(label, window, new WordsWidget(window.host().ThePictures(), &window)) {}
+      : LabelFace(label, window, new WordsWidget(&window)) {}
 
   void KeyPress(QKeyEvent& event) override {
     const bool press = event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||

@@ -3,10 +3,10 @@
 
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/rows_model.h"
+#include "backends/qt/faces/words.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/loop/keys.h"
 #include "backends/qt/windows/form_window.h"
-#include "backends/qt/words.h"
 
 #include <QDropEvent>
 #include <QHeaderView>
@@ -29,8 +29,7 @@ constexpr double kLineShare = 1.15;  // height of a line relative to the letters
 // Its height and words do not need font metrics, which would be slow at a start.
 class HeadWidget final : public QHeaderView {
  public:
-  HeadWidget(Pictures& pictures, QWidget* parent)
-      : QHeaderView(Qt::Horizontal, parent), pictures_(pictures) {
+  explicit HeadWidget(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
     setStretchLastSection(true);
     setSectionsMovable(false);
     setMinimumSectionSize(8);
@@ -51,17 +50,13 @@ class HeadWidget final : public QHeaderView {
     option.rect = rect;
     style()->drawControl(QStyle::CE_HeaderSection, &option, painter, this);
     const QString words = model()->headerData(section, Qt::Horizontal).toString();
-    DrawWords(*painter, pictures_,
-              {words, Full, palette().color(QPalette::ButtonText),
-               rect.adjusted(Scaled(kHeadMargin), 0, -Scaled(kHeadMargin), 0),
-               Qt::AlignLeft | Qt::AlignVCenter, false, Scale},
-              devicePixelRatioF());
+    DrawWords(*painter, {words, Full, palette().color(QPalette::ButtonText),
+                         rect.adjusted(Scaled(kHeadMargin), 0, -Scaled(kHeadMargin), 0),
+                         Qt::AlignLeft | Qt::AlignVCenter, false, Scale});
   }
 
  private:
   int Scaled(long pixels) const { return static_cast<int>(static_cast<double>(pixels) * Scale); }
-
-  Pictures& pictures_;
 };
 
 class TableWidget final : public QTreeView {
@@ -133,7 +128,7 @@ class TableFace final : public Face {
       : Face(list, window, table),
         table_(table),
         rows_(new RowsModel(table)),
-        head_(new HeadWidget(window.host().ThePictures(), table)) {
+        head_(new HeadWidget(table)) {
     table_->setHeader(head_);
     table_->setModel(rows_);
     SetSurface(table_->viewport());

@@ -5,8 +5,7 @@
 #include <QWidget>
 
 #include <fontconfig/fontconfig.h>
-#include <initializer_list>
-#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vantora {
 
@@ -15,7 +14,6 @@ namespace {
 // Files of the windows' font family, in the folder of its distribution package.
 constexpr const char* kFamilyFile =
     "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf";
-constexpr const char* kBoldFile = "/usr/share/fonts/truetype/liberation/LiberationSans-Bold.ttf";
 
 // The hinting is the system's default.
 constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
@@ -30,18 +28,8 @@ constexpr const char* kFamilyOnly = R"(<?xml version="1.0"?>
 </fontconfig>
 )";
 
-// Changes when a file changes; 0 when one is missing.
-std::int64_t StampOf(std::initializer_list<const char*> files) {
-  std::int64_t stamp = 0;
-  for (const char* file : files) {
-    struct stat info {};
-    if (::stat(file, &info) != 0) return 0;
-    stamp += info.st_mtim.tv_sec + info.st_size;
-  }
-  return stamp;
-}
-
 bool KnowFamilyOnly() {
+  if (access(kFamilyFile, R_OK) != 0) return false;
   FcConfig* settings = FcConfigCreate();
   const auto* words = reinterpret_cast<const FcChar8*>(kFamilyOnly);
   const bool known = FcConfigParseAndLoadFromMemory(settings, words, FcTrue) == FcTrue &&
@@ -53,9 +41,7 @@ bool KnowFamilyOnly() {
 
 }  // namespace
 
-Fonts::Fonts() : stamp_(StampOf({kFamilyFile, kBoldFile})), rest_(stamp_ != 0 && KnowFamilyOnly()) {
-  if (!rest_) stamp_ = 0;
-}
+Fonts::Fonts() : rest_(KnowFamilyOnly()) {}
 
 Fonts::~Fonts() {
   if (auto* settings = static_cast<FcConfig*>(read_.load())) FcConfigDestroy(settings);
@@ -64,7 +50,6 @@ Fonts::~Fonts() {
 void Fonts::ReadAll() {
   if (!rest_) return;
   rest_ = false;
-  stamp_ = 0;
   reader_ = std::thread([this] {
     read_ = FcInitLoadConfigAndFonts();
     QMetaObject::invokeMethod(

@@ -7,7 +7,6 @@
 #pragma once
 
 #include <atomic>
-#include <cstdint>
 #include <thread>
 
 namespace vantora {
@@ -30,13 +29,9 @@ class Fonts {
   // Must be called before the QApplication is destroyed.
   void Finish();
 
-  // Stamp of the one family's files; 0 once all fonts are being read.
-  std::int64_t StampOfFamily() const { return stamp_; }
-
  private:
   void TakeOver();
 
-  std::int64_t stamp_;
   bool rest_;                          // all fonts are still to be read
   std::atomic<void*> read_ = nullptr;  // fontconfig's new configuration, until TakeOver uses it
   std::thread reader_;

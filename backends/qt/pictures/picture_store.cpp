@@ -24,7 +24,7 @@ QImage::Format FormatOf(bool opaque) {
 
 }  // namespace
 
-PictureStore::PictureStore(const QString& file, Rest rest) : file_(file), rest_(rest) {
+PictureStore::PictureStore(const QString& file) : file_(file) {
   if (!file.isEmpty()) Map();
 }
 
@@ -106,7 +106,7 @@ void PictureStore::KeepSize(const QString& key, qint64 stamp, QSize size) {
 void PictureStore::Write() {
   std::vector<std::pair<QString, Entry*>> order;
   for (auto entry = entries_.begin(); entry != entries_.end(); ++entry) {
-    if (entry->used || rest_ == Rest::Kept) order.emplace_back(entry.key(), &*entry);
+    order.emplace_back(entry.key(), &*entry);
   }
   std::stable_sort(order.begin(), order.end(),
                    [](const auto& a, const auto& b) { return a.second->used && !b.second->used; });

@@ -17,11 +17,8 @@ namespace vantora {
 
 class PictureStore {
  public:
-  // Whether pictures that a run has not used stay in the file.
-  enum class Rest { Kept, Dropped };
-
   // With a blank `file`, nothing is kept.
-  PictureStore(const QString& file, Rest rest);
+  explicit PictureStore(const QString& file);
   // Writes the file if this run has drawn new pictures.
   ~PictureStore();
   PictureStore(const PictureStore&) = delete;
@@ -55,7 +52,6 @@ class PictureStore {
   Entry* Fresh(const QString& key, qint64 stamp);
 
   QFile file_;
-  Rest rest_;
   const uchar* mapped_ = nullptr;
   QHash<QString, Entry> entries_;
   bool changed_ = false;

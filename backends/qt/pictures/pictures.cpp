@@ -14,7 +14,6 @@ namespace vantora {
 namespace {
 
 constexpr int kCacheKilobytes = 96 * 1024;
-constexpr const char* kWordsEnding = ".words";
 
 // The flags avoid a search through all pixels for transparent ones.
 QPixmap Shown(QImage image, double density) {
@@ -46,11 +45,7 @@ bool Opaque(const QImage& image) {
 }  // namespace
 
 Pictures::Pictures(const std::filesystem::path& folder, const std::filesystem::path& store)
-    : folder_(folder),
-      store_(QString::fromStdString(store.string()), PictureStore::Rest::Kept),
-      words_(store.empty() ? QString() : QString::fromStdString(store.string() + kWordsEnding),
-             PictureStore::Rest::Dropped),
-      drawn_(kCacheKilobytes) {}
+    : folder_(folder), store_(QString::fromStdString(store.string())), drawn_(kCacheKilobytes) {}
 
 Pictures::~Pictures() = default;
 
@@ -131,21 +126,6 @@ QPixmap Pictures::Get(const Text& name, QSize size, double density, Part part) {
   QPixmap shown = Shown(std::move(image), density);
   drawn_.insert(key, new QPixmap(shown), std::max(1, static_cast<int>(kilobytes)));
   return shown;
-}
-
-QPixmap Pictures::Words(const QString& key, qint64 fonts, QSize size, double density,
-                        const std::function<void(QPainter&)>& paint) {
-  QImage image = words_.Find(key, fonts);
-  if (image.isNull() && !size.isEmpty()) {
-    image = QImage(size * density, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(density);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    paint(painter);
-    painter.end();
-    words_.Keep(key, fonts, image);
-  }
-  return Shown(std::move(image), density);
 }
 
 }  // namespace vantora

@@ -13,11 +13,9 @@
 #include <QString>
 
 #include <filesystem>
-#include <functional>
 #include <map>
 #include <memory>
 
-class QPainter;
 class QSvgRenderer;
 
 namespace vantora {
@@ -39,10 +37,6 @@ class Pictures {
   QPixmap Get(const Text& name, QSize size, double density) {
     return Get(name, size, density, Part{});
   }
-  // Words as the last start has drawn them. `key` stands for everything that they depend on except
-  // the font files; `fonts` changes with those. `paint` draws them, in window pixels.
-  QPixmap Words(const QString& key, qint64 fonts, QSize size, double density,
-                const std::function<void(QPainter&)>& paint);
   QSize NaturalSize(const Text& name);  // empty for a missing picture
 
  private:
@@ -59,7 +53,7 @@ class Pictures {
   QImage Draw(Source& source, QSize size, double density, Part part);
 
   std::filesystem::path folder_;
-  PictureStore store_, words_;
+  PictureStore store_;
   std::map<Text, Source> sources_;
   QCache<QString, QPixmap> drawn_;  // cost in kilobytes
 };

@@ -26,7 +26,7 @@ class WaveFile final : public MMWave {
   int SampleRate() const override { return layout_.SampleRate; }
   int StereoMode() const override { return layout_.Channels - 1; }  // 2 or more for surround
   std::int64_t Samples() const override;
-  std::int64_t DataOffset() const override { return layout_.DataOffset; }
+  std::int64_t DataOffset() const { return layout_.DataOffset; }
   std::int64_t DataBytes() const override { return layout_.DataBytes; }
   int FrameBytes() const { return layout_.FrameBytes; }
   void SetPosition(std::int64_t bytes) override;  // beyond the end: fills up with silence

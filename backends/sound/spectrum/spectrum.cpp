@@ -61,7 +61,7 @@ void Spectrum::Transform(const std::int16_t* samples, int blocks, int blockSize,
   blocks_ = blocks;
   bins_ = static_cast<int>(fft.Bins());
   blockMs_ = blockSize * 1000.0 / kSampleRate;
-  binHertz_ = kSampleRate / blockSize;
+  binHertz_ = double{kSampleRate} / blockSize;
 }
 
 float Spectrum::Highest() const {

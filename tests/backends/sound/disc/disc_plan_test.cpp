@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/cd_sound.h"
+
 namespace vantora::test {
 
 // Checks the start sector of each track, and the bytes of silence that fill it up.
 TEST(DiscPlan, OneStreamIsFilledOnlyBehindATrackThatIsTooShortAndAtTheEnd) {
-  constexpr std::int64_t kSector = kDiscSectorBytes;
+  constexpr std::int64_t kSector = kSectorBytes;
   const std::vector<DiscPart> waves = {
       {L"a", 44, 9 * kSector + 8}, {L"b", 44, 2 * kSector}, {L"c", 44, 5 * kSector + 4}};
   const struct {

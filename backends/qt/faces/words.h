@@ -4,11 +4,12 @@
 // start are shown instead, as long as the fonts are unchanged.
 #pragma once
 
-#include "backends/qt/pictures/pictures.h"
-
 #include <QColor>
 #include <QFont>
+#include <QRect>
 #include <QString>
+
+class QPainter;
 
 namespace vantora {
 
@@ -24,6 +25,6 @@ struct WordsLook {
   bool OwnFont = false;
 };
 
-void DrawWords(QPainter& painter, Pictures& pictures, const WordsLook& look, double density);
+void DrawWords(QPainter& painter, const WordsLook& look);
 
 }  // namespace vantora
