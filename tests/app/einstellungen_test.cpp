@@ -62,7 +62,7 @@ TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
 }
 
 TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
-  const auto sperren = [&] {  // no file takes the place of a folder
+  const auto sperren = [&] {  // a file cannot replace a folder
     const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
     std::filesystem::remove(datei);
     std::filesystem::create_directory(datei);

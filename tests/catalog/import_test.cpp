@@ -27,7 +27,7 @@ class Import : public ::testing::Test {
   void Importiere() {
     b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
   }
-  // Gives the track that is imported its title.
+  // Enters the title of the imported track.
   ScriptedUser::Action Nennt(const Text& titel) {
     return [this, titel](Form& front) {
       b.platform.hands.Type(dynamic_cast<frmNeuerInterpret&>(front).txtTitel, titel);

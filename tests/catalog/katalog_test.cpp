@@ -17,7 +17,7 @@ class Katalog : public ::testing::Test {
 TEST_F(Katalog, ABlockOfCrossfadedTracksIsJumpedAsAWhole) {
   b.Katalog({L"a", L"b*", L"c*", L"d"});
   const Liste danach = {L"d", L"b", L"c", L"a"};
-  // Down; the last one stays; a crossfaded one can't be moved.
+  // Moves down; the last track stays; a crossfaded track cannot be moved.
   for (const auto& [zeile, richtung] : {std::pair{1, 1}, std::pair{4, 1}, std::pair{2, 0}}) {
     b.Waehle(zeile);
     b.Haupt().imgMove_MouseUp(richtung);
@@ -32,7 +32,7 @@ TEST_F(Katalog, LostAndInvalidFilesLeaveTheListWithoutAWord) {
   b.Katalog({L"a", L"b", L"c", L"d"});
   std::filesystem::remove(b.home.Path() / "Vantora/Wavs/a.wav");
   b.Datei(L"C:\\Vantora\\Wavs\\b.wav", "RIFF");
-  b.Wave(L"C:\\Vantora\\Wavs\\c.wav", 80000);  // under two seconds
+  b.Wave(L"C:\\Vantora\\Wavs\\c.wav", 80000);  // shorter than two seconds
   b.Tu([&] { b.Haupt().Form_GotFocus(); });
   EXPECT_EQ(b.Titel(), (Liste{L"d"}));
   EXPECT_TRUE(b.Gesagt().empty());
@@ -57,10 +57,10 @@ TEST_F(Katalog, PausesOfACrossfadeAreFixedButForItsLastTrack) {
 
 TEST_F(Katalog, TheTotalCountsTheLastDigitsOfAFullLengthOnceMore) {
   b.prog.Katalog.resize(3);
-  b.prog.Katalog[1].Laenge = L"215873.0158";  // cut at ten characters: "15" counts again
-  b.prog.Katalog[1].DateiBytes = 2;           // seconds here
+  b.prog.Katalog[1].Laenge = L"215873.0158";  // cut off at ten characters: "15" counts once more
+  b.prog.Katalog[1].DateiBytes = 2;           // in seconds
   b.prog.Katalog[2].Laenge = L"60000";
-  b.prog.Katalog[2].DateiBytes = 9;  // the last one's does not count
+  b.prog.Katalog[2].DateiBytes = 9;  // the last track's pause does not count
   Text text;
   EXPECT_EQ(b.Haupt().KatalogLaengeBerechnen(text), 215873 + 15 + 2000 + 60000);
   EXPECT_EQ(text, L"00:04:37");
@@ -125,7 +125,7 @@ TEST_F(Katalog, ARefusalOrAnErrorCostsNeitherTheNameNorTheTracks) {
   b.Datei(L"C:\\roto.vtr", "no es un catálogo");
   struct Fall {
     void (frmHauptForm::*Knopf)();
-    Text Datei, Meldung;  // how it ends
+    Text Datei, Meldung;  // the file and the message at the end
   };
   for (const Fall& fall :
        {Fall{&frmHauptForm::imgKatalogÖffnen_MouseUp, L"C:\\falta.vtr", b.prog.Text(8035)},

@@ -10,7 +10,7 @@ namespace {
 
 using Requests = std::vector<std::string>;
 
-constexpr int kUnset = 1;  // what `Ergebnis` is from the start until all is well
+constexpr int kUnset = 1;  // initial value of `Ergebnis`, until all steps have succeeded
 const Outcome kAllWell{11, 0, 0}, kNotFound{202, kUnset, 0};
 
 TEST(CddbAbfrage, ADirectRequestIsThisToTheByte) {
@@ -71,7 +71,7 @@ TEST(CddbAbfrage, AnAnswerIsTakenApartLineByLine) {
   EXPECT_EQ(info.TrackTitel[100], L"El último");
   EXPECT_EQ(info.ExtD, L"Primera\r\nSegunda\r\nTercera");
   EXPECT_EQ(info.TrackExt[1], L"a\r\nbc");
-  // A second disc leaves nothing of the first.
+  // The data of an earlier disc must not remain.
   s.server.Knows("data", CddbStage::kId, "DTITLE=x / y\r\nTTITLE0=z\r\n");
   EXPECT_EQ(s.Ask(), kAllWell);
   EXPECT_EQ(s.client.Kategorie(), L"data");
@@ -135,7 +135,7 @@ TEST(CddbAbfrage, ACancelIsSeenWhereverEventsAreProcessed) {
   };
   std::int64_t whole = 0, took = 0;
   ASSERT_EQ(ask(10000, whole), kAllWell);
-  ASSERT_GT(whole, 10);  // turns of the loop, each of which takes 1 ms
+  ASSERT_GT(whole, 10);  // turns of the loop, 1 ms each
   for (int turn = 1; turn < whole; ++turn) {
     EXPECT_EQ(ask(turn, took), (Outcome{77, kUnset, 0})) << turn;
     EXPECT_LE(took, turn + 1);
@@ -151,7 +151,7 @@ TEST(CddbAbfrage, AServerThatSaysNothingForTooLongHasNotFoundTheDisc) {
   EXPECT_EQ(s.Ask().Status, 202);
 }
 
-// Each line: what happens to which answer, and what the look-up comes to.
+// Each row: a fault, the answer to which it happens, and the expected outcome.
 TEST(CddbAbfrage, ABadServerIsAnsweredWithAStatusOrARunTimeErrorAndNothingWorse) {
   struct Case {
     const char* Name;
@@ -199,7 +199,7 @@ TEST(CddbAbfrage, ABadServerIsAnsweredWithAStatusOrARunTimeErrorAndNothingWorse)
     EXPECT_EQ(outcome.Error, c.Expected.Error);
     EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
     EXPECT_LE(s.sockets.Reads, 2 * 1024 * 1024 / 20);
-    // The same client is well again when the server is.
+    // The same client works again when the server does.
     s.server.Faults = {};
     EXPECT_EQ(s.Ask(), kAllWell);
   }
@@ -248,7 +248,7 @@ TEST(CdPlayerIni, ADiscIsFiledUnderItsIdentityUpToTheFirstTrackWithoutAName) {
   AkuteErsetzen(info);
   CDPlayerIniSchreiben(s.prog, L"D:\\", info);
   s.disc.Identity.clear();
-  CDPlayerIniSchreiben(s.prog, L"D:\\", info);  // a disc without an identity is filed nowhere
+  CDPlayerIniSchreiben(s.prog, L"D:\\", info);  // a disc without an identity is not stored
   EXPECT_EQ(Get(s.platform.machine.files.SystemPath(L"C:\\WINDOWS\\cdplayer.ini")),
             "[A98AC7]\r\nEntryType=1\r\nnumtracks=3\r\nartist=Alguien\r\ntitle=Algo's\r\n0=uno\r\n"
             "1=Ana  - dos\r\n2=Luz  - \r\n");

@@ -1,5 +1,5 @@
-// A program with a disc in its drive and a CDDB server in its network. Between the two stand
-// sockets that note what the client does.
+// A program with a disc in its drive and a CDDB server. The sockets between them record the
+// client's calls, and can stall at any step.
 #pragma once
 
 #include "backends/linux/linux_sockets.h"
@@ -16,16 +16,16 @@
 
 namespace vantora::test {
 
-// A drive with one disc: answers as a drive does, only while it is open and set to MSF.
+// A drive with one disc. Like a real drive, it answers only while it is open and set to MSF.
 class FakeDisc final : public Mci {
  public:
-  std::vector<int> Starts;  // of the tracks, in frames from the beginning of the disc
+  std::vector<int> Starts;  // starts of the tracks, in frames from the start of the disc
   int LeadOut = 0;
-  int FailingCall = -1;  // from 0; -1 for none
+  int FailingCall = -1;  // number of the call that fails, from 0; -1: none
   Text Identity = L"11111111";
   int OpenDevices = 0;
 
-  // Tracks of 13 seconds and some frames each.
+  // Sets up tracks of about 13 seconds each.
   void Has(int tracks) {
     Starts.clear();
     for (int i = 0; i < tracks; ++i) Starts.push_back(150 + i * 1000);
@@ -71,12 +71,12 @@ class WatchedSockets final : public Sockets {
 
   const std::uint8_t* Status = nullptr;
 
-  std::vector<int> Statuses;  // seen at the steps, each once
+  std::vector<int> Statuses;  // statuses seen at the steps, without repeats
   int Reads = 0;
-  int LongestRead = 0;         // bytes asked for
-  int ReadsWithoutEvents = 0;  // with no events processed since the read before
+  int LongestRead = 0;         // most bytes asked for in one call
+  int ReadsWithoutEvents = 0;  // reads without any event processed since the read before
   int Opened = 0, Closed = 0;
-  std::set<std::uint16_t> Ports;  // as they were sent
+  std::set<std::uint16_t> Ports;  // in network byte order
 
   int WSAStartup(int version) override { return real_.WSAStartup(version); }
   int WSAGetLastError() override { return real_.WSAGetLastError(); }
@@ -106,7 +106,7 @@ class WatchedSockets final : public Sockets {
   int recv(int number, char* bytes, int limit) override {
     ++Reads;
     LongestRead = std::max(LongestRead, limit);
-    // Time passes here only where events are processed.
+    // On this clock, time passes only while events are processed.
     if (std::exchange(lastRead_, clock_.Ticks()) == clock_.Ticks()) ++ReadsWithoutEvents;
     Look();
     return real_.recv(number, bytes, limit);
@@ -126,7 +126,7 @@ class WatchedSockets final : public Sockets {
   std::int64_t lastRead_ = -1;
 };
 
-// Sockets without a network: every connection gives the next of the answers.
+// Sockets without a network: each connection receives the next of the answers.
 class AnsweringSockets final : public Sockets {
  public:
   std::deque<std::string> Answers;
@@ -160,10 +160,10 @@ class AnsweringSockets final : public Sockets {
   std::string rest_;
 };
 
-// What a look-up came to.
+// The outcome of a look-up.
 struct Outcome {
   int Status = -1, Ergebnis = -1;
-  int Error = 0;  // number of the run-time error that left the client, or 0
+  int Error = 0;  // number of the run-time error of the client, or 0
   bool operator==(const Outcome&) const = default;
 };
 

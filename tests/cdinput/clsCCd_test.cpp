@@ -8,7 +8,7 @@ namespace {
 struct Disc {
   const char* Name;
   int Tracks, First, Step, Wobble, LastTrack;  // in frames; see StartOf
-  const wchar_t* Id;                           // worked out by other means
+  const wchar_t* Id;                           // computed independently
 };
 
 int StartOf(const Disc& disc, int track) {
@@ -60,7 +60,7 @@ TEST(ClsCCd, TheQueryNamesEveryTrackByItsFrameAndTheDiscByItsEnd) {
 TEST(ClsCCd, ADriveThatFailsAtAnyQuestionIsClosedAndGivesNoId) {
   CddbStage s;
   s.disc.Has(3);
-  const int questions = 2 + 1 + 3 + 1;  // open, format; number, positions, length
+  const int questions = 2 + 1 + 3 + 1;  // open, set format; number of tracks, positions, length
   for (int call = 0; call < questions; ++call) {
     s.disc.FailingCall = call;
     EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)") << call;

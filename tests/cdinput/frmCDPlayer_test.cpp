@@ -14,17 +14,17 @@ class CDPlayer : public ::testing::Test, protected CdBuehne {
     b.platform.hands.Select(Player().lstTracks, zeilen);
   }
   std::vector<Text> Zeilen() { return Player().lstTracks.Items(); }
-  // Saves the selected tracks with these answers; what the program has said.
+  // Saves the selected tracks with these answers. Returns the messages.
   std::vector<Text> Sichert(std::initializer_list<int> antworten) {
     Mit(antworten, [this] { Druecke(Player().imgSpeichern); });
     return b.Gesagt();
   }
-  // Chooses the drive again, in which things may have changed.
+  // Selects the drive again, after changes to it.
   std::vector<Text> WaehltLaufwerk(std::initializer_list<int> antworten) {
     Mit(antworten, [this] { b.platform.hands.Select(Player().lstDriveLetter, {1}); });
     return b.Gesagt();
   }
-  // A name over the line that is selected, as a person types it.
+  // Types a name for a line as a user does.
   void Nennt(int zeile, const Text& name) {
     Waehlt({zeile});
     b.platform.hands.DoubleClick(Player().lstTracks);
@@ -49,7 +49,7 @@ TEST_F(CDPlayer, ADiscShowsItsTracksWithTimesAndSizes) {
   EXPECT_EQ(Player().txtPosition.Caption(), L"(01:23)");
   b.platform.hands.Key(Player(), L"Escape");
   EXPECT_TRUE(b.Haupt().Window.Enabled);
-  EXPECT_EQ(cd->player.Tracks(), 0);  // the drive is free for others
+  EXPECT_EQ(cd->player.Tracks(), 0);  // the drive is closed
 }
 
 TEST_F(CDPlayer, AnEmptyDriveIsTriedAgainUntilTheUserHasEnough) {
@@ -59,7 +59,7 @@ TEST_F(CDPlayer, AnEmptyDriveIsTriedAgainUntilTheUserHasEnough) {
   EXPECT_EQ(b.Gesagt(), (std::vector<Text>{leer, leer}));
   EXPECT_FALSE(Player().lstTracks.Enabled);
   EXPECT_TRUE(Player().Window.Enabled);
-  // A disc that is laid in meanwhile is found by choosing the drive again; so is a broken drive.
+  // Selecting the drive again shows a disc inserted meanwhile, and also a broken drive.
   Laufwerk().Disc = {{75 * 3}};
   WaehltLaufwerk({});
   EXPECT_EQ(Zeilen().size(), 1U);
@@ -67,7 +67,7 @@ TEST_F(CDPlayer, AnEmptyDriveIsTriedAgainUntilTheUserHasEnough) {
   Laufwerk().Shut = true;
   cd->player.Opened = 0;
   EXPECT_EQ(WaehltLaufwerk({kNein}), (std::vector<Text>{leer}));
-  EXPECT_EQ(cd->player.Opened, 5);  // it may still be spinning up
+  EXPECT_EQ(cd->player.Opened, 5);  // a drive may need time to spin up, so Open is repeated
   Laufwerk().Dead = true;
   EXPECT_EQ(WaehltLaufwerk({kNein}), (std::vector<Text>{Sagt(5005) + L"D" + Sagt(5006) + L"\r\n" +
                                                         Sagt(5007) + L"\r\n" + Sagt(5009)}));
@@ -226,9 +226,9 @@ TEST_F(CDPlayer, OneTrackIsAskedForItsFile) {
   Oeffnen();
   b.Datei(L"C:\\Otros\\hay.wav", "x");
   Waehlt({3});
-  b.WaehltDatei({L"C:\\Otros\\a?b.wav"}).Antwortet(kNein);      // a bad name
-  b.WaehltDatei({L"C:\\Otros\\hay.wav"}).Antwortet(kNein);      // not to be replaced
-  b.WaehltDatei({L"C:\\Otros\\otro nombre"}).Antwortet(kNein);  // done
+  b.WaehltDatei({L"C:\\Otros\\a?b.wav"}).Antwortet(kNein);      // invalid name
+  b.WaehltDatei({L"C:\\Otros\\hay.wav"}).Antwortet(kNein);      // not replaced
+  b.WaehltDatei({L"C:\\Otros\\otro nombre"}).Antwortet(kNein);  // saved
   EXPECT_EQ(Sichert({}),
             (std::vector<Text>{Sagt(5229) + Sagt(5230), Sagt(5003) + L"hay.wav\r\n" + Sagt(5004),
                                Sagt(23008)}));
@@ -249,7 +249,7 @@ TEST_F(CDPlayer, NothingIsReadWhereThereIsNoRoom) {
 }
 
 TEST_F(CDPlayer, PathsThatTheCatalogCannotHoldAreRefusedBeforeAnythingIsRead) {
-  const Text ordner = L"C:\\" + Text(85, L'w');  // "\Pista01.wav" is 12 characters more
+  const Text ordner = L"C:\\" + Text(85, L'w');  // "\Pista01.wav" adds 12 characters
   for (const Text& pfad : {ordner, ordner + L"w"}) b.platform.machine.files.MkDir(pfad);
   b.prog.Wave_Export_Dir = ordner;
   Oeffnen();
@@ -317,7 +317,7 @@ TEST_F(CDPlayer, AScratchIsReadOnALaterTryAndABadTrackEndsTheGrab) {
   EXPECT_EQ(Sichert({kNein}), (std::vector<Text>{Sagt(23008)}));
   EXPECT_EQ(cd->reader.Retries, 10);
   EXPECT_EQ(Ton(kWavs + L"Pista01.wav"), Soll(1));
-  Laufwerk().ReadErrors = 1000;  // replace both; the track cannot be read
+  Laufwerk().ReadErrors = 1000;  // replace both files; the track cannot be read
   EXPECT_EQ(Sichert({kJa, kJa, kNein}).back(), Sagt(9000) + L"1" + Sagt(9001));
   EXPECT_EQ(cd->reader.Retries, 20);
   EXPECT_TRUE(Player().Window.Enabled);

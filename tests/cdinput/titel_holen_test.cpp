@@ -10,10 +10,10 @@ namespace vantora {
 namespace {
 
 struct DiscFirst {
-  test::FakeDisc disc;  // made before the program that asks it
+  test::FakeDisc disc;  // constructed before the program that uses it
 };
 
-// The player in front of a server that can know its disc of two tracks.
+// The player with a server that may know its disc of two tracks.
 class TitelHolen : public ::testing::Test, protected DiscFirst, protected CdBuehne {
  protected:
   TitelHolen() : CdBuehne(&disc) {
@@ -23,7 +23,7 @@ class TitelHolen : public ::testing::Test, protected DiscFirst, protected CdBueh
     b.prog.CDDBactive = true;
     SaveSetting(b.bundle, L"CDDB_Server", test::CddbStage::Wide(server.Address()));
   }
-  // Looks the disc up with these answers; what the program has said.
+  // Looks the disc up with these answers. Returns the messages.
   std::vector<Text> Fragt(std::initializer_list<int> antworten) {
     Mit(antworten, [this] {
       if (b.prog.frmCDPlayer.Geladen()) {
@@ -34,7 +34,7 @@ class TitelHolen : public ::testing::Test, protected DiscFirst, protected CdBueh
     });
     return b.Gesagt();
   }
-  // Presses the progress window's cancel as soon as it is there.
+  // Cancels in the progress window as soon as it is open.
   void BrichtAb() {
     b.platform.loop.PostAfter(20, [this] {
       if (!b.prog.frmSchreibFortschritt.Geladen()) return BrichtAb();

@@ -10,14 +10,14 @@ namespace {
 class Brennen : public ::testing::Test {
  protected:
   void SetUp() override { b.Start(); }
-  // Opens the burner window over a catalog.
+  // Opens the burner window for a catalog.
   void Oeffnen(const std::vector<Text>& titel) {
     b.Katalog(titel);
     b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
     ASSERT_TRUE(Fenster().Visible());
   }
   frmCDBrennen& Fenster() { return b.prog.frmCDBrennen(); }
-  // Burns with these answers; what the program has said.
+  // Burns with these answers. Returns the messages.
   std::vector<Text> Brennt(std::initializer_list<int> antworten) {
     b.user.Said.clear();
     for (const int antwort : antworten) b.Antwortet(antwort);
@@ -34,7 +34,7 @@ class Brennen : public ::testing::Test {
   Buehne b;
 };
 
-// Raw audio of a wave file written by the stage: everything behind the 44 bytes of its header.
+// The sound of a wave file of the stage, without the 44 bytes of its header.
 std::string Ton(Buehne& b, const Text& name) {
   return b.Lies(L"C:\\Vantora\\Wavs\\" + name + L".wav").substr(44);
 }
@@ -48,7 +48,7 @@ TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
   for (int ms = 0; ms < 3000; ms += 10) {
     b.platform.loop.PostAfter(ms, [&] { wach = std::max(wach, b.platform.inhibitor.Awake()); });
   }
-  // Insert a disc, written, no other one.
+  // Messages: insert a disc; written; another copy?
   EXPECT_EQ(Brennt({kNein, kNein, kNein}),
             (std::vector<Text>{Sagt(4006), Sagt(4012), Sagt(4018) + L"\r\n" + Sagt(4019)}));
   const std::string a = Ton(b, L"a"), bin = Bin(1);
@@ -67,7 +67,7 @@ TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
                       "\r\n\r\nModo de grabado (DAO/TAO) TAO\r\nN\xFAmero de copias: 1\r\n"
                       "Resultado: Operaci\xF3n realizada con \xE9xito\r\n"),
             std::string::npos);
-  // The disc is in the database, under a key of its own.
+  // The database has the disc under its own key.
   const std::vector<Text> discos =
       b.platform.machine.profiles.GetPrivateProfileSectionNames(L"qmaudio.ini", 5000);
   ASSERT_EQ(discos.size(), 1U);
@@ -169,7 +169,7 @@ TEST_F(Brennen, FailuresBeforeTheWriteEndInTheOpenWindow) {
   EXPECT_NE(Protokoll().find("03. C:\\Vantora\\Wavs\\c.wav"), std::string::npos);
 
   fehler = WriterFaults{};
-  fehler.NotReady = 4;  // two rounds, as each asks twice
+  fehler.NotReady = 4;  // two attempts with two calls each
   fehler.WriteTao = 5;
   const Text nichtBereit = Sagt(4007) + L"\r\n" + Sagt(4008);
   EXPECT_EQ(Brennt({kNein, kNein, kNein, kNein, kNein, kNein, kNein}),
@@ -192,7 +192,7 @@ TEST_F(Brennen, PausesThatCannotBeAppendedEverywhereAreAppendedNowhere) {
   EXPECT_TRUE(Brennt({kNein}).at(0).ends_with(L"(53)"));
   EXPECT_EQ(b.Lies(L"C:\\Vantora\\Wavs\\a.wav"), vorher);
   EXPECT_TRUE(Fenster().Visible());
-  EXPECT_FALSE(b.Haupt().Window.Enabled);  // behind the burner window nothing can be done
+  EXPECT_FALSE(b.Haupt().Window.Enabled);  // the main window is disabled behind the burner window
 }
 
 TEST_F(Brennen, PausesAreTakenBackFromEveryFileThatCanGiveThem) {
@@ -201,7 +201,7 @@ TEST_F(Brennen, PausesAreTakenBackFromEveryFileThatCanGiveThem) {
   Fenster().optDiscAtOnce.SetValue(true);
   b.user.Said.clear();
   b.Antwortet(kNein).Antwortet(kNein);
-  b.Macht([this](Form&) {  // in front of the last question: a file goes, and rows leave the list
+  b.Macht([this](Form&) {  // at the last question, a file disappears and rows leave the list
     std::filesystem::remove(b.platform.machine.files.SystemPath(L"C:\\Vantora\\Wavs\\a.wav"));
     b.prog.Katalog.resize(2);
   });
@@ -255,7 +255,7 @@ TEST_F(Brennen, ACrossfadeChoosesDiscAtOnceWhereTheDriveCan) {
 
 TEST(Fortschritt, TimeUsedIsNeverNegativeAndPassesMidnight) {
   EXPECT_DOUBLE_EQ(Verstrichen(86390, 10), 20);
-  EXPECT_DOUBLE_EQ(Verstrichen(75600.0078125, 75600.005), 0);  // the start was rounded up
+  EXPECT_DOUBLE_EQ(Verstrichen(75600.0078125, 75600.005), 0);  // the start time was rounded up
   EXPECT_DOUBLE_EQ(Verstrichen(100, 160.5), 60.5);
 }
 
@@ -263,7 +263,7 @@ TEST(Fortschritt, BarsMoveInStepsThatShowAndSpeedsHaveALimit) {
   Buehne b;
   b.Start();
   Shape& balken = b.prog.frmSchreibFortschritt().shpAktKopie;
-  BalkenVerlaengern(balken, 0.008, 15);  // 18 twips: too little to paint
+  BalkenVerlaengern(balken, 0.008, 15);  // 18 twips: less than is worth painting
   EXPECT_EQ(balken.Width(), 1);
   BalkenVerlaengern(balken, 0.5, 15);
   EXPECT_EQ(balken.Width(), 1185);

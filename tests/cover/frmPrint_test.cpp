@@ -24,7 +24,7 @@ class Cover : public testing::Test {
     b.Katalog(titel);
     b.Tu([&] { b.Haupt().imgPrintCover_MouseUp(); });
   }
-  // Goes on to the sides and lets `was` act there.
+  // Continues to the sides and runs `was` there.
   void Weitergehen(const std::function<void(frmPrint&)>& was) {
     b.Macht([was](Form& front) {
       auto& sides = dynamic_cast<frmPrint&>(front);
@@ -41,8 +41,6 @@ class Cover : public testing::Test {
 
 }  // namespace
 
-// ---- the texts ----
-
 TEST_F(Cover, TextsCrossOverToTheirGlobalsWhenTheirBoxIsLeft) {
   Oeffnen({L"uno", L"dos"});
   EXPECT_FALSE(b.Haupt().Window.Enabled());
@@ -52,7 +50,7 @@ TEST_F(Cover, TextsCrossOverToTheirGlobalsWhenTheirBoxIsLeft) {
   Weitergehen([](frmPrint&) {});
   EXPECT_EQ(b.prog.CoverTitel, L"Título del CD") << "no box was left yet";
   EXPECT_EQ(b.prog.CoverInterpret, L"Intérprete");
-  // a box that is passed by the keyboard was left, one that was typed into is left by the button
+  // The Tab key leaves a box without a change; the button leaves a box after typing.
   hand().Press(start().txtTitel(1));
   hand().Key(start(), L"Tab");
   EXPECT_EQ(b.prog.CoverTitel, L"Grupo");
@@ -95,8 +93,6 @@ TEST_F(Cover, WithoutTracksOrWithoutAPrinterThereIsNoCover) {
   EXPECT_TRUE(b.Haupt().Window.Enabled());
 }
 
-// ---- the sides ----
-
 TEST_F(Cover, ALabelStandsAtItsPlaceTimesThePreviewsScale) {
   Oeffnen({L"uno", L"dos"});
   Weitergehen([&](frmPrint& w) {
@@ -134,8 +130,6 @@ TEST_F(Cover, ByKeyboardATextIsFoundSelectedMovedAndHeard) {
   });
 }
 
-// ---- pictures ----
-
 TEST_F(Cover, APictureIsKeptUntilTheUserAgreesAndABadFileChangesNothing) {
   Oeffnen({L"uno"});
   const std::string bmp(
@@ -162,7 +156,7 @@ TEST_F(Cover, APictureIsKeptUntilTheUserAgreesAndABadFileChangesNothing) {
     w.imgClearPic_MouseUp();
     EXPECT_EQ(w.picSource[kTeilRueckseite], nullptr);
   });
-  // (the loop of the dialogs ran inside the window, so what was said came after the picture)
+  // The loop of the dialogs ran inside the window, so its messages come after the picture's.
   EXPECT_EQ(b.Gesagt().back(), b.prog.Text(16000));
 }
 

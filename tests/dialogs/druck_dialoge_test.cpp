@@ -21,7 +21,7 @@ class Druckdialoge : public ::testing::Test {
   }
   Hands& hand() { return b.platform.hands; }
   HeadlessPrinters& drucker() { return b.platform.shop.printers; }
-  // The print dialog from its call to its end; false when it was cancelled.
+  // Runs the print dialog. Returns false when it was cancelled.
   bool Druckt() {
     bool gewaehlt = true;
     b.Tu([&] {
@@ -36,8 +36,6 @@ class Druckdialoge : public ::testing::Test {
   }
   Buehne b;
 };
-
-// ---- font ----
 
 TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsItsName) {
   Schriftart schrift{L"Arial", 10, false, false};
@@ -81,8 +79,6 @@ TEST_F(Druckdialoge, ASizeBeyondTheRangeIsRefusedAndEscapeChangesNothing) {
   EXPECT_EQ(schrift, (Schriftart{L"Liberation Mono", 12, false, true}));
 }
 
-// ---- colour ----
-
 TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
   Color farbe = 0;
   Macht<frmFarbe>([&](frmFarbe& d) {
@@ -108,8 +104,6 @@ TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
   b.Tu([&] { EXPECT_FALSE(FarbeHolen(b.prog, {}, farbe)); });
   EXPECT_EQ(farbe, Rgb(255, 232, 7));
 }
-
-// ---- print ----
 
 TEST_F(Druckdialoge, TheChosenPrinterIsTheOneThatIsPrintedOn) {
   drucker().Queues = {L"Láser"};
@@ -143,11 +137,11 @@ TEST_F(Druckdialoge, AFileThatIsThereIsAskedAboutAndANameIsNeeded) {
   Macht<frmDrucken>([&](frmDrucken& d) {
     EXPECT_FALSE(d.txtKopien.Enabled());
     hand().Type(d.txtDatei, L"mía");
-    hand().Press(d.pbButton(0));  // no folder: refused
+    hand().Press(d.pbButton(0));  // the folder does not exist: refused
     hand().Type(d.txtDatei, L"C:\\Vantora\\mía");
-    hand().Press(d.pbButton(0));  // is there: no
+    hand().Press(d.pbButton(0));  // the file exists: do not replace it
     EXPECT_TRUE(d.Visible());
-    hand().Press(d.pbButton(0));  // yes
+    hand().Press(d.pbButton(0));  // replace it
   });
   b.Antwortet(7).Antwortet(7).Antwortet(6);
   EXPECT_TRUE(Druckt());
@@ -160,7 +154,7 @@ TEST_F(Druckdialoge, AFileThatIsThereIsAskedAboutAndANameIsNeeded) {
 TEST_F(Druckdialoge, APrinterThatGoesWhileTheDialogStandsOpenIsLeftToTheJob) {
   Macht<frmDrucken>([&](frmDrucken& d) {
     hand().Type(d.txtDatei, L"C:\\Vantora\\a:b");
-    hand().Press(d.pbButton(0));  // no name of a file
+    hand().Press(d.pbButton(0));  // not a valid file name
     hand().Type(d.txtDatei, L"C:\\Vantora\\a");
     drucker().Setup.Present = false;
     hand().Press(d.pbButton(0));

@@ -18,7 +18,7 @@ class Dateidialog : public ::testing::Test {
     b.Start();
     b.prog.Songs_Import_Dir = L"C:\\Música";
   }
-  // Runs the dialog and lets `was` act in it.
+  // Runs the dialog and calls `was` in it.
   void Fragt(int typ, int modus, std::function<void(frmLoadSave&)> was,
              const Text& vorschlag = {}) {
     b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<frmLoadSave&>(front)); });
@@ -40,10 +40,10 @@ TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
     hand().Select(d.lstDatei, {1});
     EXPECT_TRUE(d.pbButton(0).Enabled());
     hand().Select(d.lstVerzeichnis, {3});
-    hand().Key(d, L"Return");  // into the folder
+    hand().Key(d, L"Return");  // enters the folder
     EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"d.wav"});
     hand().Select(d.lstVerzeichnis, {1});
-    hand().Key(d, L"Return");  // and to the root
+    hand().Key(d, L"Return");  // returns to the root
     EXPECT_EQ(d.lblPfad.Caption(), L"C:\\");
     hand().Key(d, L"Escape");
   });
@@ -60,14 +60,14 @@ TEST_F(Dateidialog, SeveralFilesComeBackWithASlashBehindEach) {
   EXPECT_TRUE(b.prog.MehrfachAuswahl);
   EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav/C:\\Música\\b.MP3/");
   EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Música\\");
-  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern speaks of waves
+  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern is that of waves
 }
 
 TEST_F(Dateidialog, AFileThatIsTakenOutOfTheSelectionIsNotTheOneThatComesBack) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     hand().Select(d.lstDatei, {1});
     d.lstDatei.Select(1, true);
-    d.lstDatei.Select(1, false);  // a click with Ctrl leaves the line current, but not selected
+    d.lstDatei.Select(1, false);  // after a click with Ctrl the line is current but not selected
     d.lstDatei.ListIndex = 1;
     d.lstDatei_Click();
     EXPECT_EQ(d.txtDateiName.Text(), L"a.wav");

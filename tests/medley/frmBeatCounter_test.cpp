@@ -77,11 +77,11 @@ TEST(BeatCounter, TheTempoIsHandedOverWithinItsLimitsOrNotAtAll) {
 TEST(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
   Zaehler b;
   frmBeatCounter& z = b.Oeffne();
-  EXPECT_EQ(b.platform.card.From, 0);  // three seconds
+  EXPECT_EQ(b.platform.card.From, 0);  // starts at 0: the track has three seconds
   b.platform.hands.Close(z);
   b.Wave(L"C:\\Vantora\\Wavs\\a.wav", 20 * 44100 + 1);
   frmBeatCounter& lang = b.Oeffne();
-  EXPECT_EQ(b.platform.card.From, 10 * 176400);  // a whole frame
+  EXPECT_EQ(b.platform.card.From, 10 * 176400);  // starts at a whole frame
   b.platform.loop.Pass(5000);
   EXPECT_NEAR(lang.shpZeitanzeige.Width(), lang.BalkenBreite / 4.0, lang.BalkenBreite / 100.0);
   EXPECT_TRUE(b.Haupt().SpielerLaeuft());
@@ -89,7 +89,7 @@ TEST(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
   EXPECT_FALSE(b.Haupt().SpielerLaeuft());
   std::int32_t breite = 0;
   frmBeatCounter::BalkenAktualisieren(5, 20, 1000, 0, 0, breite);
-  EXPECT_EQ(breite, 0);  // below nothing
+  EXPECT_EQ(breite, 0);  // never negative
   frmBeatCounter::BalkenAktualisieren(5, 20, 1000, 1000, 0, breite);
   EXPECT_EQ(breite, 750);
 }

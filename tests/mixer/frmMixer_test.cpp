@@ -15,7 +15,7 @@ namespace {
 using Line = HeadlessMixer::Line;
 constexpr auto kAus = MixerCard::Role::Output, kEin = MixerCard::Role::Input;
 
-// The captions of the faders in sight; "-" for one that is hidden.
+// The captions of the visible faders; "-" for a hidden one.
 std::string Zu(frmMixer& mixer) {
   std::string alle;
   for (int i = 0; i < frmMixer::kFader; ++i) {

@@ -1,4 +1,4 @@
-# A whole audio CD is copied, twice in a row; the copy is the disc again, to the byte.
+# Copies a whole audio CD twice in a row; the copy of the copy equals the disc.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0

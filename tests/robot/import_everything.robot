@@ -1,4 +1,4 @@
-# Good and bad files, several at once, and the question before a file is overwritten.
+# Valid and invalid files, several at once, and the question before a file is replaced.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0

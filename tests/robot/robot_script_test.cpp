@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The line that the parser complains of; 0 when it takes the script.
+// The number of the line that the parser refuses; 0 when it accepts the script.
 int BadLine(const std::string& script) {
   try {
     ParseScript(script);

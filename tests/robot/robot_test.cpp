@@ -1,5 +1,4 @@
-// The robot in front of the real program, without a screen: what a failing story says, and that it
-// does not pass.
+// The robot with the real program, without a screen: the messages of failing stories.
 
 #include "robot/robot.h"
 
@@ -23,7 +22,8 @@ using testing::HasSubstr;
 
 class RobotPlays : public testing::Test {
  protected:
-  // Plays the lines in an empty home without the wizard; what the robot complains of, or nothing.
+  // Runs the lines in an empty home without the wizard. Returns the robot's message, blank for
+  // success.
   std::string Play(const std::string& lines) {
     return PlayAll("home h\nsetting Show_Start_Assistant 0\n" + lines);
   }

@@ -98,7 +98,7 @@ Buehne& Buehne::Antwortet(int code) {
       platform.hands.Press(box->picMboxButton(code == kJa ? 0 : einzeln ? 2 : 1));
       return;
     }
-    for (int i = 2; i >= 0; --i) {  // the desktop's own box: its last button
+    for (int i = 2; i >= 0; --i) {  // the desktop's message box: presses its last button
       Control* knopf = front.Find(L"picMboxButton", i);
       if (knopf == nullptr || !knopf->Visible) continue;
       platform.hands.Press(*knopf);

@@ -113,7 +113,7 @@ def batches(names, found):
     return groups
 
 
-# What stands at the start of a line in an unnamed namespace is declared there.
+# Names at the start of a line in an unnamed namespace are declared there.
 UNNAMED = re.compile(r"^namespace \{$(.*?)^\}  // namespace$", re.M | re.S)
 DECLARED = re.compile(r"^(?!using .*::\w+;)\w[^\n(={;]*?(?<!::)\b([A-Za-z]\w*)\s*(?:final\s*)?"
                       r"(?:[(={;\[]|:(?!:)|$)", re.M)

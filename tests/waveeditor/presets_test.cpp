@@ -60,7 +60,7 @@ TEST_F(Presets, EachKindKeepsItsControlsInOrderSetsThemAgainAndLightsItsPanel) {
   const struct {
     int Panel;
     const wchar_t *Schluessel, *Text;
-    Control& Probe;  // a value that another preset would leave otherwise
+    Control& Probe;  // a value that differs in other presets
     const wchar_t* Wert;
   } faelle[] = {
       {kEqualizer, L"ZFXEQU3", L"n;-5;-4;-3;-2;-1;0;1;2;3;4;1", E().MMSliderX1(9), L"4"},
@@ -113,8 +113,8 @@ TEST_F(Presets, ANameIsTakenOnceAndThereAreTenPlaces) {
   EXPECT_EQ(Gespeichert(L"ZFXFLA10"), L"-");
 }
 
-// The store keeps its gaps, the list closes one of each: what is added goes to the key of the
-// list's end, whoever has it.
+// The store keeps gaps in its numbering, the list does not. A new preset gets the number after the
+// list's length, even if another preset has that number.
 TEST_F(Presets, AdditionsAndDeletionsAgreeWithAStoreOfTenPlaces) {
   constexpr int kSchritte = 250;
   Oeffne(1000);
@@ -130,7 +130,7 @@ TEST_F(Presets, AdditionsAndDeletionsAgreeWithAStoreOfTenPlaces) {
         E().imgEddPres_MouseUp(0);
       });
       platz[static_cast<std::size_t>(anzahl)] = E().txtPresName.Text;
-      // Where it has taken the place of another the list still shows both.
+      // When it has replaced another preset, the list still shows both until it is read again.
       b.Tu([&] { E().InitPresets(); });
     } else {
       const int zeile = static_cast<int>(zufall() % static_cast<unsigned>(anzahl));

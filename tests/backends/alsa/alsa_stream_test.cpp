@@ -12,7 +12,7 @@ namespace {
 
 class Streaming : public Listener {
  protected:
-  // A sound of so many frames.
+  // A source with this many frames.
   SoundOutput::Source Of(std::size_t frames) {
     return [left = frames](std::int16_t* target, std::size_t wanted) mutable {
       const std::size_t given = std::min(left, wanted);

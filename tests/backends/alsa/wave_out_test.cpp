@@ -26,7 +26,7 @@ class Loud : public Listener {
     out.Open();
   }
 
-  // Real time may pass on the loop's clock too: the turns of the output are due by it.
+  // Advances the loop's clock with real time, since the turns of the output depend on it.
   void Play(double seconds) {
     const double end = Now() + seconds;
     while (Now() < end) Step();
@@ -41,7 +41,7 @@ class Loud : public Listener {
   WaveComponent source{home.Files};
   DspInterface dsp;
   WaveOut out{loop, card};
-  std::int64_t fetched = 0;  // bytes
+  std::int64_t fetched = 0;  // in bytes
 };
 
 }  // namespace
@@ -49,7 +49,7 @@ class Loud : public Listener {
 TEST_F(Loud, AChainIsHeardAtTheRealPaceHalfASecondAheadAtTheMost) {
   const double start = Now();
   out.Start();
-  double longest = 0;  // from the chain to the ear
+  double longest = 0;  // longest time from the chain to the ear
   std::int64_t before = 0;
   for (const bool busy : {false, true, false, true}) {
     Play(0.4);

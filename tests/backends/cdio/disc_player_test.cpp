@@ -6,7 +6,7 @@ namespace vantora::test {
 
 namespace {
 
-// A loudspeaker that keeps what comes out of it, and plays when told.
+// A sound output that stores its sound, and plays only when the test calls it.
 class Tape final : public SoundOutput {
  public:
   std::string Sound;  // of the last stream

@@ -25,7 +25,7 @@ class Reader : public Tray {
       ++Failures;
     };
   }
-  // Waits for what a thread does.
+  // Waits for a condition that another thread makes true.
   bool Until(const std::function<bool()>& done) {
     for (int i = 0; i < 1000 && !done(); ++i) {
       std::this_thread::sleep_for(std::chrono::milliseconds(5));
@@ -33,7 +33,7 @@ class Reader : public Tray {
     }
     return done();
   }
-  // Reads a track of the disc in the tray to the end; the sound of the wave that it has become.
+  // Reads a track of the disc in the tray to its end and returns the sound of its wave.
   std::string Grab(int track) {
     reader.SelectDevice(1);
     reader.ReadOffset(Offset);
@@ -43,7 +43,7 @@ class Reader : public Tray {
     EXPECT_EQ(Complete, 1) << "track " << track;
     return SoundOfTarget();
   }
-  // The sound in the target, whose header must be true to it.
+  // Returns the sound of the target file and checks its header.
   std::string SoundOfTarget() {
     const std::string file = File("pista.wav");
     EXPECT_GE(file.size(), 44U);
@@ -133,7 +133,7 @@ TEST_F(Reader, AReadOffsetMovesTheSoundToTheSampleAndLeavesSilenceAtTheEnds) {
     EXPECT_TRUE(Grab(1) == moved(10, 80)) << offset;
     EXPECT_TRUE(Grab(2) == moved(80, 200)) << offset << ": a data track is no sound";
   }
-  // A read that fails goes on where it was, at the same offset.
+  // A failed read continues at the same place, with the same offset.
   const std::string audio = Lay({0, 200}, 300);
   fs::resize_file(Folder() / "disco.bin", 100 * kSector + 5);
   reader.SelectDevice(1);
@@ -164,7 +164,7 @@ TEST_F(Reader, AnImageThatWasCutOffFailsWhereItEndsAndGoesOnThereWhenItIsWhole) 
   loop.Pass(10'000);
   EXPECT_EQ(Complete, 1);
   EXPECT_TRUE(SoundOfTarget() == Part(image, 0, 500));
-  reader.RetryRead();  // there is nothing to try again
+  reader.RetryRead();  // without effect: no read has failed
   loop.Pass(10'000);
   EXPECT_EQ(Complete, 1);
 }
@@ -241,7 +241,7 @@ TEST_F(Reader, DrivesAreDescribedAtTheirPlaces) {
   EXPECT_EQ(reader.DriveDescription(1), L"CD-RW CRX140E LO    12  3");
   EXPECT_EQ(reader.DriveDescription(2), L"VANTORA IMAGE        7  0");
   EXPECT_EQ(reader.DriveDescription(3), L"");
-  reader.SelectDevice(1);  // a drive that has gone
+  reader.SelectDevice(1);  // a drive that does not exist any more
   EXPECT_NE(reader.ReadTrack(1, kTarget), 0);
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 class Sheets : public Tray {
  protected:
-  // The disc that a sheet of this name and text makes; nothing when it makes none.
+  // Opens the disc of a sheet with this name and text; null when the sheet is refused.
   std::unique_ptr<Disc> Laid(const std::string& name, const std::string& sheet) {
     Put(Folder() / name, sheet);
     return drives.Open(Machine[0]);
@@ -153,7 +153,7 @@ TEST_F(Sheets, SheetsAreReadAsProgramsWriteThemAndNotAsManualsHaveThem) {
     EXPECT_EQ(Starts(*disc), each.Starts) << each.What;
   }
   fs::remove(Folder() / "x.cue");
-  // A data track in front and behind, as they are written by cdrdao, and its escapes.
+  // Data tracks before and after an audio track, and escapes, as cdrdao writes them.
   const auto mixed =
       Laid("x.toc",
            "CD_ROM\ntrack MODE1_RAW\nNO COPY\nDATAFILE \"a.bin\" 00:00:30 // bytes\n"
@@ -218,7 +218,7 @@ TEST_F(Sheets, ASheetThatIsNotUnderstoodIsToldByItsLineAndTheFileThatIsMissing) 
        "a.flac\" WAVE\nTRACK 01 AUDIO\n",
        1, L"D:\\m\\caña.flac"},
       {"x.cue", "REM\rFILE \"a.bin\" WAVE\r", 2, L"a.bin"},
-      {"x.cue", gaps(600), 299, L""},  // the hundredth track
+      {"x.cue", gaps(600), 299, L""},  // the hundredth track is refused
       {"x.cue", gaps(90), 5, L""},
       {"x.toc", "CD_DA\n// one\nTRACK AUDIO\nFILE \"a.bin\" once\n", 4, L""},
       {"x.toc", "CD_DA\nTRACK AUDIO\nFIEL \"a.bin\" 0\n\nTRACK AUDIO\nFILE \"a.bin\" 0\n", 2, L""},

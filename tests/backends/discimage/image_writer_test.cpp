@@ -39,7 +39,7 @@ class Burner : public testing::Test {
     };
   }
 
-  // A wave with so much data, on the list of the next write.
+  // Creates a wave with this data and adds it to the next write.
   std::string Add(const std::string& data, const std::string& front = "") {
     const std::string name = std::to_string(++waves_) + ".wav";
     Put(home / "" / name, Riff(front + Chunk("fmt ", Format{}.Bytes()) + Chunk("data", data)));
@@ -50,7 +50,7 @@ class Burner : public testing::Test {
     return Add(Noise(frames * kFrame, static_cast<std::uint32_t>(frames)));
   }
   void Play(int ms = 100'000) { loop.Pass(ms); }
-  // The log without what comes as often as the machine likes.
+  // The log without the events whose number depends on the speed of the machine.
   std::string Story() const {
     std::string story;
     for (const std::string& what : Log) {
@@ -77,7 +77,7 @@ class Burner : public testing::Test {
   int waves_ = 0;
 };
 
-// The sound of a track: the wave's frames, then silence to the end of the sector and no further.
+// Checks a track's sound: the wave's whole frames, then silence up to the end of the sector.
 void ExpectSound(const DiscTrack& track, const std::string& wave) {
   const std::size_t bytes = wave.size() / kFrame * kFrame;
   EXPECT_EQ(track.Sound.size(), (bytes + kSector - 1) / kSector * kSector);
@@ -95,7 +95,7 @@ TEST_F(Burner, EverySampleOfTheWavesLiesWhereTheSheetSays) {
     for (const std::size_t frames : {1U, 587U, 588U, 589U, 700'001U, 44'100U}) {
       waves.push_back(AddFrames(frames));
     }
-    waves.push_back(Add(Noise(4003, 4)));  // ends inside a frame
+    waves.push_back(Add(Noise(4003, 4)));  // ends within a frame
     waves.push_back(Add(Noise(8000, 5), Chunk("LIST", Noise(1001, 6))));
     waves.push_back(AddFrames(1));
     waves.push_back(AddFrames(600));
@@ -115,7 +115,7 @@ TEST_F(Burner, EverySampleOfTheWavesLiesWhereTheSheetSays) {
       if (dao) {
         EXPECT_EQ(track.Index.at(1), static_cast<std::int64_t>(stream.size() / kSector));
         stream += waves[i].substr(0, waves[i].size() / kFrame * kFrame);
-        // A track has a sector of its own, whatever it is made of.
+        // Every track has a sector of its own, even a very short one.
         const std::size_t least = static_cast<std::size_t>(track.Index.at(1) + 1) * kSector;
         stream.resize(std::max(stream.size(), least), '\0');
       } else {
@@ -217,7 +217,7 @@ TEST_F(Burner, AWaveThatChangesUnderItIsAFailureAndLeavesNothing) {
   const struct {
     const char* What;
     std::function<void()> Fault;
-    bool Running;  // while the first track is written; else before the write
+    bool Running;  // true: during the first track; false: before the write
     int Code;
   } cases[] = {
       {"deleted before", remove, false, 53},

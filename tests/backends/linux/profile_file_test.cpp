@@ -81,7 +81,8 @@ TEST(ProfileFiles, WhatAnotherProgramChangedIsSeen) {
   EXPECT_EQ(home.Read(L"a", L"k"), L"1");
   Put(home.File, "[a]\nk=22\n");
   EXPECT_EQ(home.Read(L"a", L"k"), L"22");
-  // Replaced, with its old self still there under another name, then moved away and back.
+  // The file is replaced while the old one stays under another name; then it is moved away and
+  // back.
   const fs::path other = home / "other.ini";
   fs::create_hard_link(home.File, home / "kept.ini");
   Put(other, "[a]\nk=33\n");

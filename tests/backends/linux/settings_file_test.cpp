@@ -49,7 +49,7 @@ TEST(SettingsFile, LinesThatItDoesNotKnowStayWhereTheyAre) {
   Put(store.File,
       "loose = before\n# mine\n[Quillmark\\VTR]\nundo = 2 \r\n\xFF\xFE garbage\nL\xC3\xA4ngeCD=80\n"
       "UNDO=1\n\n[other]\nx=1\n");
-  EXPECT_EQ(store.Read(L"Undo"), L"1");  // of two the last
+  EXPECT_EQ(store.Read(L"Undo"), L"1");  // of two equal keys the last one counts
   EXPECT_EQ(store.Read(L"LÄNGECD"), L"80");
   EXPECT_EQ(store.Read(L"x"), L"(none)");
   store.Save(L"Undo", L"0");
@@ -68,7 +68,7 @@ TEST(SettingsFile, WhatCannotBeReadIsNotOverwritten) {
   int reports = 0;
   settings.OnUnwritable = [&](const Text&, const Laufzeitfehler&) { ++reports; };
   settings.SaveSetting(L"Quillmark", L"VTR", L"Copies", L"3");
-  EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");  // for the run
+  EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");  // during this run
   EXPECT_TRUE(fs::is_fifo(store.File));
   EXPECT_EQ(reports, 1);
 }
@@ -91,7 +91,7 @@ TEST(SettingsFile, WhatCannotBeWrittenServesForTheRunAndIsReportedOnce) {
     EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");
     EXPECT_EQ(store.Read(L"Copies"), L"1");
     fs::permissions(store.File.parent_path(), fs::perms::owner_all);
-    settings.SaveSetting(L"Quillmark", L"VTR", L"Undo", L"1");  // and is not lost for good
+    settings.SaveSetting(L"Quillmark", L"VTR", L"Undo", L"1");  // the next save succeeds
   }
   EXPECT_EQ(store.Read(L"Copies"), L"3");
   EXPECT_EQ(reports, 1);
@@ -135,7 +135,8 @@ TEST(SettingsFile, ALinkedFileStaysALink) {
   EXPECT_EQ(Get(store.Folder() / "real.conf"), "[Quillmark\\VTR]\nCopies=2\n");
 }
 
-// Both values always change to the same number; a file with two numbers would be a torn one.
+// The child always sets both values to the same number. Two different numbers would mean a torn
+// file.
 TEST(SettingsFile, AProcessKilledWhileSavingLeavesTheOldOrTheNewFile) {
   const Store store;
   store.Save(L"a", L"0");
@@ -154,7 +155,7 @@ TEST(SettingsFile, AProcessKilledWhileSavingLeavesTheOldOrTheNewFile) {
     ::waitpid(child, nullptr, 0);
     const Text value = store.Read(L"a");
     const auto start = value.find(L'x'), end = value.rfind(L'x');
-    if (start == Text::npos) continue;  // killed before the first save
+    if (start == Text::npos) continue;  // it was killed before the first save
     EXPECT_EQ(value.substr(0, start), value.substr(end + 1));
     EXPECT_EQ(end - start + 1, tail.size());
   }

@@ -1,5 +1,5 @@
-// A bottle of one test's own: its folder, what befalls the drive in it, and what lies there.
-// The program has to run with the library of the bottle loaded before all others.
+// A test's bottle: the folder with the emulated drive's script, discs and log. The test program
+// must run with the bottle's library preloaded.
 #pragma once
 
 #include "tests/backends/linux/home.h"
@@ -19,7 +19,7 @@ class Bottle {
     Say("");
   }
 
-  // The library remembers the folder, which therefore is one for the whole process.
+  // The library reads the folder once, so a process has only one.
   static const fs::path& Folder() {
     static const TempFolder folder;
     static const int set = ::setenv("VANTORA_BOTTLE", folder().c_str(), 1);
@@ -27,7 +27,7 @@ class Bottle {
     return folder();
   }
 
-  // From here on these lines befall the drive, and no others.
+  // Replaces the drive's script by these lines.
   static void Say(const std::string& script) {
     Put(Folder() / "script.new", "log\n" + script);
     fs::rename(Folder() / "script.new", Folder() / "script");
@@ -35,7 +35,7 @@ class Bottle {
 
   static std::string Toc(const char* disc = "disc") { return Get(Folder() / disc / "toc"); }
   static std::string Image(const char* disc = "disc") { return Get(Folder() / disc / "image.bin"); }
-  // How often a command that begins so was given (see the library's log).
+  // How often a command that begins with `start` was given (see the library's log).
   static int Told(const std::string& start) {
     const std::string log = "\n" + Get(Folder() / "log");
     int count = 0;

@@ -1,4 +1,4 @@
-// Discs in the bottle's drive, read with libcdio, its paranoia reader and the back end over them.
+// Reads discs in the emulated drive with libcdio, its paranoia reader and the back end above them.
 #include "tests/emulators/drive/bottle.h"
 
 #include "backends/cdio/de_emphasis.h"

@@ -1,5 +1,5 @@
-// The program's writer on the drive in the bottle. What lies on the disc is compared with the waves
-// to the byte, and read back by the reading back end.
+// Tests the program's writer with the emulated drive. The disc is compared to the waves byte by
+// byte, and read again by the reading back end.
 #include "backends/burn/cd_text.h"
 #include "backends/burn/drive_writer.h"
 #include "backends/cdio/drive_disc.h"
@@ -79,7 +79,7 @@ class DriveBurn : public testing::Test {
     ASSERT_EQ(writer.BurnerCount(), 1);
     writer.SelectBurner(0);
   }
-  // Until the last of what has been told begins so; the answer is all of it.
+  // Waits until the last event begins with `last`, and returns all events.
   std::string Until(const std::string& last) {
     const auto limit = Time::now() + 20s;
     while ((Log.empty() || !Log.back().starts_with(last)) && Time::now() < limit) {
@@ -130,7 +130,8 @@ TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
   Find();
   EXPECT_EQ(writer.DetermineDrive(), 1);
   EXPECT_EQ(writer.WriteDAO(), -1);
-  // Seen before, a drive keeps its place while another program holds it, and when it is gone.
+  // A drive that was seen stays in the list while another program uses it, and after it was
+  // unplugged.
   for (const char* script : {"busy\n", "disconnected\n", "busy\n"}) {
     bottle.Say(script);
     const auto start = Time::now();
@@ -163,7 +164,7 @@ TEST_F(DriveBurn, ADriveThatTakesItsDiscInForAgesHoldsUpNobody) {
   EXPECT_LT(took(), 4s);
   ASSERT_EQ(other->AddTrack(L"C:\\1.wav", 0), 0);
   ASSERT_EQ(other->WriteTAO(), 0);
-  std::this_thread::sleep_for(300ms);  // so that the write waits
+  std::this_thread::sleep_for(300ms);  // lets the write begin to wait
   took();
   other.reset();
   EXPECT_LT(took(), 1s);
@@ -222,7 +223,7 @@ TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
             "fixating, complete 1");
   EXPECT_TRUE(std::is_sorted(Percents.begin(), Percents.end())) << "of the disc";
   EXPECT_EQ(Percents.back(), 100);
-  // The last track is filled up to the four seconds that a disc asks of a track.
+  // The last track is filled up to four seconds, the minimum on a disc.
   EXPECT_TRUE(bottle.Image() == Padded(first + second + brief, 1011));
   EXPECT_NE(bottle.Toc().find("track 0 audio\ntrack 400 audio\ntrack 711 audio\nleadout 1011\n"),
             std::string::npos)

@@ -1,11 +1,11 @@
-// The drive in a bottle: a library to be loaded before all others (LD_PRELOAD), which shows the
-// libraries that read and write discs one emulated optical drive, /dev/sr0 (also /dev/cdrom). With
-// VANTORA_BOTTLE=FOLDER in the environment the drive, its discs and its faults lie in that folder
-// (see script.h and disc.h); without it every call goes through as it is.
+// A library to be preloaded (LD_PRELOAD), which shows the libraries that read and write discs one
+// emulated optical drive, /dev/sr0 (also /dev/cdrom). With VANTORA_BOTTLE=FOLDER in the
+// environment, that folder holds the drive, its discs and its faults (see script.h and disc.h).
+// Without it, every call is passed on unchanged.
 //
-// Only the calls are here by which those libraries and the standard library reach a drive. An
-// open device is an open file of the folder, so that locks, duplicates and the closing at the end
-// of a program are the system's own; what is asked of it by ioctl goes to the drive.
+// Only the calls that those libraries and the standard library use for drives are replaced. An open
+// device is an open file in the folder, so the system itself handles locks, duplicates and closing
+// at the end of a program. Requests by ioctl go to the emulated drive.
 #include "tests/emulators/drive/requests.h"
 
 #include <array>
@@ -53,13 +53,13 @@ struct Bottle {
   }
 };
 
-// Files of the process that are the drive.
+// File descriptors of this process that stand for the drive.
 std::array<std::atomic<Use>, 4096> uses{};
 
 Bottle* TheBottle() {
   static const char* const folder = std::getenv("VANTORA_BOTTLE");
   if (folder == nullptr || *folder == 0) return nullptr;
-  static auto* const bottle = new Bottle(folder);  // outlives what runs at the end of the program
+  static auto* const bottle = new Bottle(folder);  // never destroyed, as code may still run at exit
   return bottle;
 }
 
@@ -77,7 +77,7 @@ bool IsDrive(int file) {
          uses[static_cast<std::size_t>(file)] != kNone;
 }
 
-// The file of the bottle that stands for `path`; blank for all others.
+// The file in the bottle that replaces `path`; blank for other paths.
 std::string Instead(std::string_view path) {
   const bool listed = path == kBlockFolder || path == "/sys/class/block/" ||
                       path.starts_with("/sys/class/block/sr0");
@@ -122,7 +122,7 @@ int OpenInstead(const char* path, int flags, const Open& open) {
   return file;
 }
 
-// What the system says of the placeholder, turned into what it says of a drive.
+// Changes the system's description of the placeholder file to that of a drive.
 int Device(struct stat* info, int result) {
   if (result != 0) return result;
   info->st_mode = S_IFBLK | 0660;
@@ -159,7 +159,7 @@ using namespace vantora::bottle;
 
 extern "C" {
 
-// The names by which programs ask that were built against an older C library, or with more care.
+// Names used by programs that were built against an older C library or with fortified functions.
 int OpenWithoutMode(const char* path, int flags) asm("__open_2");
 int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xstat");
 int OldLinkStat(int version, const char* path, struct stat* info) noexcept asm("__lxstat");

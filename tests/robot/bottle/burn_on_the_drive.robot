@@ -1,6 +1,5 @@
-# A person makes an audio CD on a real drive, here an emulated one, and then listens to the disc and
-# takes a track of it back: the file is the one that was burnt, to the byte. The
-# drive's discs lie in C:\bottle.
+# A user makes an audio CD on an emulated drive, listens to the disc and saves a track of it: the
+# file equals the original byte by byte. The discs of the drive are in C:\bottle.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -15,7 +14,7 @@ key frmNeuerInterpret Return
 type frmNeuerInterpret.txtTitel "Canción del faro"
 key frmNeuerInterpret Return
 press frmHauptForm.imgBrennen
-# the drive stands before the embedded writer, and is the one selected
+# the drive is listed before the embedded writer, and selected
 expect frmCDBrennen.lstCDRecorder.Count == 2
 expect frmCDBrennen.lstCDRecorder(1) ~ "CD-RW 48X16X48"
 expect frmCDBrennen.lstCDRecorder(1).Selected == True
@@ -30,7 +29,7 @@ expect-box ~ "otro CD del catálogo"
 answer 7
 expect-window frmHauptForm
 expect-file "C:\Vantora\Discos\Disco 001.cue" missing
-# the disc lies in the drive
+# the drive contains the disc
 press frmHauptForm.imgCDAuslesen
 expect-window frmCDPlayer
 expect frmCDPlayer.lblStatus.Caption == "¡CD audio correcto!"
@@ -43,12 +42,12 @@ expect-box == "Reproducción correcta de los títulos audio"
 answer 7
 key frmCDPlayer Escape
 expect-file C:\Vantora\Wavs\vuelta.wav sha256 cdb3d5dfe16c738df4e860244da20dd5a18746697b96806de7f9158379d3c89e
-# and stands in the database under its titles
+# the database has the disc with its titles
 press frmHauptForm.imgDatenBank
 expect frmDatenbank.lblVorhandeneCDNum.Caption == 1
 expect frmDatenbank.lblVorhandeneTitelNum.Caption == 2
 key frmDatenbank Escape
-# a second disc, one track after the other, in a simulation: the blank disc stays blank
+# a second disc, Track At Once, as a simulation: the blank disc stays blank
 bottle "disc otro"
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optTrackAtOnce

@@ -1,11 +1,10 @@
-# Everything that can be wrong with a drive, one after the other: each is told, and the program goes
-# on to a good disc at the end.
+# All faults of a drive in turn: each is reported, and in the end the program writes a good disc.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
 setting Show_TAO_Message 0
 makewave C:\m\uno.wav 60 300
-# a drive that another program holds is not there
+# a drive that another program uses is not listed
 bottle busy
 start
 press frmHauptForm.imgLiedImport
@@ -14,7 +13,7 @@ key frmNeuerInterpret Return
 press frmHauptForm.imgBrennen
 expect frmCDBrennen.lstCDRecorder.Count == 1
 expect frmCDBrennen.lstCDRecorder(1) ~ "VANTORA IMAGE"
-# when it is free again it comes before the embedded writer; no disc lies in it, one that is not
+# when it is free it is listed before the embedded writer; it has no disc, then one that is not
 # blank, and the user gives up
 bottle "disc none"
 press frmCDBrennen.optTrackAtOnce
@@ -41,7 +40,7 @@ answer 7
 expect-box ~ "Operación cancelada"
 answer 7
 expect-window frmCDBrennen
-# Disc At Once is refused when the drive hears the plan
+# the drive refuses Disc At Once when it receives the cue sheet
 bottle "disc nuevo"
 press frmCDBrennen.optDiscAtOnce
 press frmCDBrennen.imgBrennen
@@ -51,14 +50,14 @@ expect-box ~ "DAO"
 answer 7
 expect-box ~ "Operación cancelada"
 answer 7
-# now the program knows, and takes the other method by itself
+# now the program uses the other method by itself
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
 expect-file C:\bottle\nuevo\image.bin exists
-# the user changes his mind
+# the user cancels
 bottle "disc largo" "pace 300"
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optTrackAtOnce
@@ -67,7 +66,7 @@ press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Operación cancelada"
 answer 7
-# the cable is pulled
+# the cable is unplugged
 bottle "disc otro" "disconnect-at 2500"
 press frmCDBrennen.imgBrennen
 answer 7
@@ -76,14 +75,14 @@ answer 7
 expect-box ~ "Operación cancelada"
 answer 7
 expect-window frmCDBrennen
-# nothing else steps into its place unasked
+# no other device replaces the drive without a question
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "La grabadora no está lista"
 answer 6
 answer 7
 expect-file "C:\Vantora\Discos\Disco 001.cue" missing
-# the user chooses the embedded writer, which stays chosen
+# the user selects the embedded writer, which stays selected
 select frmCDBrennen.lstCDRecorder 2
 press frmCDBrennen.imgBrennen
 expect frmCDBrennen.lstCDRecorder(1) ~ "VANTORA IMAGE"
@@ -92,7 +91,7 @@ expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
 expect-file "C:\Vantora\Discos\Disco 001.cue" exists
-# and then the drive again, plugged in, with a good disc
+# then the user selects the drive again, which is plugged in and has a good disc
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optTrackAtOnce
 bottle "disc bueno"

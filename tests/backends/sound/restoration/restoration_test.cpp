@@ -107,7 +107,7 @@ struct Studio {
   }
 };
 
-using Buffers = std::function<int()>;  // the frames of the next one
+using Buffers = std::function<int()>;  // returns the number of frames of the next buffer
 using Levels = std::function<float()>;
 Buffers Of(int frames) {
   return [frames] { return frames; };
@@ -116,7 +116,8 @@ Levels At(float level) {
   return [level] { return level; };
 }
 
-// What comes out of the left channel; the right one plays the same upside down, and must stay so.
+// The output of the left channel. The right channel gets the inverted sound, and its output must be
+// inverted too.
 Sound Through(Filter filter, const Sound& sound, const Levels& level = At(0.5F),
               const Buffers& buffer = Of(1024)) {
   Studio studio(filter);
@@ -139,7 +140,7 @@ Sound Through(Filter filter, const Sound& sound, const Levels& level = At(0.5F),
   return out;
 }
 
-// Powers of bands of about 100 Hz.
+// Energies in bands of about 100 Hz.
 Sound Bands(const Sound& sound) {
   constexpr std::size_t kSize = 4096, kWidth = 9;
   RealFft fft(kSize);
@@ -161,7 +162,7 @@ Sound Bands(const Sound& sound) {
 }  // namespace
 
 TEST(Restoration, OffOrAtLevelZeroOrNotStartedAFilterLeavesEverySample) {
-  Sound sound = Noise(20000, 1e9, 1);  // clipped, and crackling all over
+  Sound sound = Noise(20000, 1e9, 1);  // clipped, with crackle everywhere
   Rounded(sound);
   for (const Filter filter : {kDeclick, kDecrackle, kDenoise}) {
     EXPECT_TRUE(Through(filter, sound, At(0)) == sound) << filter;
@@ -301,7 +302,8 @@ TEST(Restoration, WhereBuffersMeetIsNotHeardEvenWhenTheLevelMoves) {
   }
 }
 
-// Any sound, buffer and level: as much comes out as goes in, and no louder.
+// For any sound, buffer size and level, the number of frames stays the same and the sound gets no
+// louder.
 TEST(Restoration, HostileSoundNeverExplodes) {
   std::mt19937 random(11);
   const std::size_t length = 60000;
@@ -310,7 +312,7 @@ TEST(Restoration, HostileSoundNeverExplodes) {
   for (std::size_t i = 0; i < length; ++i) {
     square[i] = i / 100 % 2 ? 32767 : -32767;
     edge[i] = i % 2 ? 32767 : -32767;
-    if (i > length / 2) wild[i] = 0;  // and then nothing at all
+    if (i > length / 2) wild[i] = 0;  // silence in the second half
   }
   single[30000] = 32767;
   for (const Sound& sound : {square, wild, silence, single, edge, Sound(length, 32767)}) {
@@ -320,7 +322,7 @@ TEST(Restoration, HostileSoundNeverExplodes) {
       const Sound out = Through(filter, sound, level, buffer);
       EXPECT_LE(Power(out, 0, length), 1.05 * Power(sound, 0, length)) << filter;
       const double distance = Power(out - sound, 0, length);
-      if (filter == kDenoise) continue;  // to which such noise is hiss
+      if (filter == kDenoise) continue;  // the denoiser takes such noise for hiss
       EXPECT_LE(distance, 0.2 * Power(sound, 0, length) + 32768.0 * 32768 / length) << filter;
     }
   }
