@@ -1,6 +1,6 @@
 #include "waveeditor/effekt_kette.h"
 
-#include "klang/baender.h"
+#include "app/zustand/eq_baender.h"
 #include "klang/klang_frame.h"
 
 #include <cstddef>

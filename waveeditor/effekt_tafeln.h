@@ -3,7 +3,7 @@
 // by hidden check boxes and shown by buttons.
 #pragma once
 
-#include "klang/baender.h"
+#include "app/zustand/eq_baender.h"
 #include "waveeditor/regler.h"
 
 #include "platform/form.h"
