@@ -127,7 +127,7 @@ TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
   EXPECT_FALSE(E().tmr3D.Enabled);
   b.Tu([this] { E().PlayWave(false); });
   b.prog.frmWaveEditor.Entladen();
-  b.Tu([&] { nichts(E().imgZurück.Enabled == false); });  // it is being opened
+  b.Tu([&] { nichts(E().imgZurück.Enabled == false); });  // the editor is being opened
   b.prog.frmWaveEditor.Entladen();
   b.prog.EditorBatch = true;
   b.Tu([&] { nichts(E().BatchLaeuft()); });
