@@ -95,7 +95,9 @@ TEST(Includes, TheProductThePlatformAndTheSoundComponentsKnowTheLanguagesLibrary
 }
 
 TEST(Includes, ThePlatformHasNoBehaviour) {
-  for (const auto& entry : fs::directory_iterator(fs::path(VANTORA_SOURCE_DIR) / "platform")) {
+  for (const auto& entry :
+       fs::recursive_directory_iterator(fs::path(VANTORA_SOURCE_DIR) / "platform")) {
+    if (entry.is_directory()) continue;
     EXPECT_EQ(entry.path().extension(), ".h");
   }
 }
