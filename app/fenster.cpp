@@ -87,7 +87,7 @@ void FensterPlatz::Entladen() {
   fenster_.reset();
   fenster->Form_Unload();
   prog_.plattform.schleife.Hide(*fenster);
-  prog_.Beisetzen(fenster);
+  prog_.Zuruecklegen(fenster);
 }
 
 void ToolTipsSetzen(Form& fenster) {

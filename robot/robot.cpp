@@ -67,7 +67,7 @@ Robot::Command Robot::Find(const Text& verb) {
       {L"within", &Robot::Within},
       {L"disc", &Robot::Disc},
       {L"writer", &Robot::Writer},
-      {L"bottle", &Robot::Bottle},
+      {L"drive", &Robot::DriveFaults},
       {L"load", &Robot::Load},
       {L"linein", &Robot::LineIn},
       {L"mixer", &Robot::Mixer},

@@ -96,7 +96,7 @@ class Robot final : public User {
   void Within(const ScriptLine& line, Form* front);
   void Disc(const ScriptLine& line, Form* front);
   void Writer(const ScriptLine& line, Form* front);
-  void Bottle(const ScriptLine& line, Form* front);
+  void DriveFaults(const ScriptLine& line, Form* front);
   void Load(const ScriptLine& line, Form* front);
   void LineIn(const ScriptLine& line, Form* front);
   void Mixer(const ScriptLine& line, Form* front);

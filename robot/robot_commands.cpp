@@ -132,8 +132,8 @@ void Robot::Load(const ScriptLine& line, Form* /*front*/) {
   stage_.Load(line.Numbers.empty() ? std::nullopt : std::optional<int>(line.Numbers[0]));
 }
 
-void Robot::Bottle(const ScriptLine& line, Form* /*front*/) {
-  stage_.Bottle(ToUtf8(line.Value));
+void Robot::DriveFaults(const ScriptLine& line, Form* /*front*/) {
+  stage_.DriveFaults(ToUtf8(line.Value));
 }
 
 void Robot::LineIn(const ScriptLine& line, Form* /*front*/) {
