@@ -1,8 +1,8 @@
 #include "app/dienste.h"
 
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/plattform.h"
 
@@ -37,7 +37,7 @@ void Dienste::AppLog(vantora::Text wo, const vantora::Text& was, int modus) {
     Log.LogZaehler = Ganz16(Log.LogZaehler + 1.0);
     zeile = Format(Log.LogZaehler, L"0000") + L" : " + wo + L" > " + was;
   }
-  zeile += L"\r\n";
+  zeile += kZeilenEnde;
   std::string bytes;
   for (const wchar_t zeichen : zeile) bytes += static_cast<char>(ByteIn1252(zeichen));
   plattform.dateien.Open(pfad, Zugriff::Anhaengen)->Write(bytes.data(), bytes.size());
@@ -168,7 +168,8 @@ Text Split(const Text& text, const Text& trenner, std::vector<Text>& teile) {
 Text ZeilenListe(const std::vector<Text>& zeilen) {
   constexpr std::size_t kPlatz = 8;
   Text liste;
-  for (std::size_t i = 0; i < std::min(zeilen.size(), kPlatz); ++i) liste += L"\r\n" + zeilen[i];
+  for (std::size_t i = 0; i < std::min(zeilen.size(), kPlatz); ++i)
+    liste += kZeilenEnde + zeilen[i];
   return zeilen.size() > kPlatz ? liste + L"\r\n\u2026" : liste;
 }
 

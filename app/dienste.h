@@ -1,5 +1,5 @@
-// Small services that every window calls: the trace log, the string table, and paths, disks and
-// times handled in one way for the whole program.
+// Small services that every window calls: the trace log, the table of texts, and the handling of
+// paths, disks and times.
 #pragma once
 
 #include "platform/text.h"
@@ -17,11 +17,10 @@ struct LaufwerkEintrag {
   Text Zeile;   // root and class in words, as the drive scan builds it
 };
 
-// Running number of the log, and what the preview is busy with.
+// State of the trace log, and the file of the preview.
 struct LogStatus {
   std::int16_t LogZaehler = 0;
-  Text AktuelleDatei;  // of the preview
-  Text PegelDatei;     // in the level meter
+  Text AktuelleDatei;  // the file that the preview plays
 };
 
 class Dienste {
@@ -31,13 +30,14 @@ class Dienste {
   Plattform& plattform;
 
   // ---- texts ----
-  vantora::Text Text(int nummer) const;  // string table; error 326 for a number without text
+  // From the table of texts; raises error 326 when the number has no text.
+  vantora::Text Text(int nummer) const;
 
   // ---- log ----
   bool LogAktiv = false;
   LogStatus Log;
-  // One line of the trace: -1 with the time, 0 with the running number, any other mode an empty
-  // line. The place "HEADER" starts the log anew.
+  // Writes one line of the trace: with the time (mode -1), with the running number (mode 0), or an
+  // empty line (any other mode). The place "HEADER" starts the log anew.
   void AppLog(vantora::Text wo, const vantora::Text& was, int modus = 0);
 
   // ---- files and disks ----
@@ -51,13 +51,13 @@ class Dienste {
 
   // ---- time ----
   bool JobAbbruch = false;  // ends `Warten` early
-  // Lets time pass while events are processed; true when the time is over, false when cancelled.
+  // Processes events until the time is over (true) or `JobAbbruch` is set (false).
   bool Warten(double sekunden);
 };
 
 inline constexpr double kPlatzUnbekannt = 2147483648.0;  // free bytes of a drive that fails
 
-// Class of a drive in the words of the drive scan.
+// The class of a drive in words, as the drive scan writes it.
 Text LaufwerkText(int klasse);
 
 Text AddBackslash(const Text& pfad);
@@ -65,20 +65,20 @@ Text DateiNameOhnePfad(const Text& pfad);
 void ExtensionSicher(Text& name, Text endung);
 void ZeichenErsetzen(Text& text, wchar_t alt, wchar_t neu);
 Text TextErsetzen(const Text& text, const Text& was, const Text& mit);
-// Parts of a text, with one empty part behind a final separator. Returns the last part.
+// Cuts a text into its parts; a separator at its end leaves one empty part. Returns the last part.
 Text Split(const Text& text, const Text& trenner, std::vector<Text>& teile);
-// Each on a line of its own below what stands before, as many as a message has room for.
+// Puts each line of a list on a line of its own; behind the eighth, "…" stands for the rest.
 Text ZeilenListe(const std::vector<Text>& zeilen);
 bool DateiNameGueltig(const Text& name);
 bool NurZiffern(int taste);
 std::int32_t BytesNachMs(double bytes);
 
-// Hours, minutes, seconds and 25ths out of milliseconds; the 25ths count in steps of 25 ms.
+// Splits milliseconds into hours, minutes, seconds and 25ths; a 25th counts as 25 ms.
 void MsNachHMSF(std::int64_t ms, int& stunden, int& minuten, int& sekunden, int& frames);
 Text HMSFText(int stunden, int minuten, int sekunden, int frames);
 // Minutes and seconds of a length, "05:23"; hours are left out.
 Text MinutenText(std::int64_t ms);
-// Minutes, without a limit of 59, and seconds, each "##00"; what is over the limit has a minus.
+// Minutes, which may exceed 59, and seconds, each as "##00". Negative lengths have a minus sign.
 Text RestText(std::int64_t ms);
 
 }  // namespace vantora

@@ -1,7 +1,7 @@
 #include "app/einstellungen.h"
 
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 
 #include "platform/plattform.h"
 
@@ -9,8 +9,8 @@ namespace vantora {
 
 namespace {
 
-// Reads and writes one key after the other, so that the list of keys stands only once. A number
-// that its width cannot hold is repaired: it counts as not there.
+// Reads one key after the other. `AlleOptionen` gives the list of keys to reader and writer, so the
+// list stands only once. A number that does not fit into its type counts as missing.
 class Leser {
  public:
   explicit Leser(Plattform& plattform) : plattform_(plattform) {}
@@ -18,7 +18,7 @@ class Leser {
   void Schalter(const wchar_t* schluessel, bool& wert, const wchar_t* sonst) {
     wert = GetZahl(plattform_, schluessel, sonst) == 1;
   }
-  // Two values count as on here, of which the second never returns: saving knows 1 and 0 only.
+  // The store may hold 0, 1 or 2 for this switch: 1 and 2 mean on. The program writes only 0 and 1.
   void UndoSchalter(const wchar_t* schluessel, bool& wert, const wchar_t* sonst) {
     const std::int32_t zahl = GetZahl(plattform_, schluessel, sonst);
     wert = zahl == 1 || zahl == 2;
@@ -40,7 +40,7 @@ class Leser {
 
 class Schreiber {
  public:
-  std::vector<std::pair<Text, Text>> Werte;  // each behind its key
+  std::vector<std::pair<Text, Text>> Werte;  // each with its key
 
   void Schalter(const wchar_t* schluessel, bool wert, const wchar_t* /*sonst*/) {
     Werte.emplace_back(schluessel, wert ? L"1" : L"0");

@@ -1,7 +1,7 @@
-// The options of the program, each under its key in the settings store, read once at start-up.
+// Reads and writes the options of the program in the settings store, each under its key.
 #pragma once
 
-#include "app/fest_text.h"
+#include "app/zustand/einstellungen.h"
 
 #include <cstdint>
 #include <utility>
@@ -14,47 +14,14 @@ struct Plattform;
 inline constexpr const wchar_t* kAnwendung = L"Quillmark";
 inline constexpr const wchar_t* kAbschnitt = L"VTR";
 
-struct Einstellungen {
-  // Options; LoadExtrasSet reads them, SaveExtrasSet writes all of them.
-  bool Show3DAnalysis = false;
-  bool BackgroundPic = true;
-  bool Show_Start_Assistant = true;
-  bool CDDBactive = false;
-  bool Undo = true;
-  std::int16_t UndoMB = 70;
-  std::int16_t BrennGeschwindigkeit = 1;  // Write_Speed, multiple of single speed
-  std::int16_t Read_Speed = 1;
-  FixedText<100> Standard_Wave_Name;
-  FixedText<100> Standard_Catalog_Name;
-  FixedText<100> Temporary_Directory;
-  FixedText<128> Proxy_Server;
-  FixedText<10> Proxy_Port;
-  std::int16_t Auto_Database = 1;
-  std::int16_t Auto_Save_Log = 1;
-  FixedText<100> Last_Catalogue_Name;
-  std::int16_t Last_Catalog_Load = 0;
-  std::int16_t Ask_Track_Info = 0;
-  std::int32_t Number_Burned_CD = 0;
-  std::int16_t Catalog_Check = 0;
-  std::int32_t LängeCD = 80;  // minutes
-
-  // Directories; LoadLastDir reads and repairs them, LastDirSave writes them.
-  Text Wave_Import_Dir;
-  Text Wave_Export_Dir;
-  Text Songs_Import_Dir;
-  Text Catalogue_Open_Dir;
-  Text Catalogue_Save_Dir;
-  Text Picture_Save_Dir;
-};
-
-// One value of the store, for windows that keep keys of their own.
+// Reads and writes one value of the store, for windows that have keys of their own.
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst);
 void SaveSetting(Plattform& plattform, const Text& schluessel, const Text& wert);
-// Several at once, which writes the store only once.
+// Writes several values with one write of the store.
 void SaveSettings(Plattform& plattform, const std::vector<std::pair<Text, Text>>& werte);
 void SettingLoeschen(Plattform& plattform, const Text& anwendung, const Text& abschnitt,
                      const Text& schluessel);
-// A number; one that its width cannot hold counts as not there.
+// Reads a number. A number that does not fit into the type counts as missing.
 std::int32_t GetZahl(Plattform& plattform, const Text& schluessel, const Text& sonst);
 std::int16_t GetZahl16(Plattform& plattform, const Text& schluessel, const Text& sonst);
 

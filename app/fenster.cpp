@@ -1,16 +1,17 @@
 #include "app/fenster.h"
 
-#include "app/layout.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/layout.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 namespace vantora {
 
 namespace {
 
-constexpr double kGrosseSchriftTwips = 12.0;
-// With large fonts a pixel has fewer twips, and windows stand on pictures that count in pixels.
-constexpr double kSchriftVerhaeltnis = 12.0 / 15.0;
+// With large fonts a pixel has fewer twips, and the pictures of the windows are measured in pixels.
+constexpr double kSchriftVerhaeltnis = double{kLargeFontTwipsPerPixel} / kTwipsPerPixel;
 
 void Skalieren(Control& control) {
   const auto mal = [](int wert) { return Ganz32(wert * kSchriftVerhaeltnis); };
@@ -57,7 +58,8 @@ void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& te
     if (taste != kLeftButton || !knopf.Enabled || knopf.PicturePressed.empty()) return;
     knopf.Picture = knopf.PicturePressed;
   };
-  schild.MouseUp = [&knopf](int) { KnopfBild(knopf); };  // also when it is let go beside it
+  // Runs also when the mouse is released outside the label.
+  schild.MouseUp = [&knopf](int) { KnopfBild(knopf); };
   schild.Click = [this, &knopf] {
     if (!knopf.Enabled || !Window.Enabled) return;
     Press(knopf);
@@ -82,7 +84,7 @@ void ToolTipsSetzen(Form& fenster) {
 }
 
 void SkaliereForm(Programm& prog, Form& fenster) {
-  if (prog.plattform.bildschirm.TwipsPerPixelX() != kGrosseSchriftTwips) return;
+  if (prog.plattform.bildschirm.TwipsPerPixelX() != kLargeFontTwipsPerPixel) return;
   EventLoop& schleife = prog.plattform.schleife;
   const Pointer vorher = schleife.MousePointer();
   schleife.MousePointer(Pointer::Hourglass);

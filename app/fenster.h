@@ -1,5 +1,5 @@
-// What all windows of the program have in common: their layout and texts are brought in when they
-// are loaded, F1 opens the help, and caption labels act as the buttons that they lie on.
+// The parts that all windows of the program share: loading sets their layout and texts, F1 opens
+// the help, and a caption label acts as the button below it.
 #pragma once
 
 #include "platform/form.h"
@@ -22,28 +22,32 @@ class VtrFenster : public Form {
   bool Form_KeyDown(int taste, bool strg) override;
 
  protected:
-  // Places every control by the layout of that name; a control without a line stays where it is.
+  // Places every control as the layout of that name says; a control without a line stays where it
+  // is.
   void LayoutAnwenden(const Text& name);
-  // Layout of the window's own name, tooltips, scaling, centre: the start of every Form_Load.
+  // Sets the layout of the window's own name, the tooltips, the scale and the centre. Every
+  // Form_Load begins with it.
   void FensterEinrichten();
-  // A picture button with its released and pressed pictures, acting on the left button's release.
+  // Makes a picture button from its released and pressed pictures; releasing the left button runs
+  // `aktion`.
   void Knopf(PictureButton& knopf, std::function<void()> aktion);
-  // A caption label on a button runs the button's action, with the pressed picture first.
+  // Puts a caption label on a button. A click on the label shows the pressed picture and runs the
+  // button's action.
   void Beschriften(Label& schild, PictureButton& knopf, const Text& text);
   Text LoadResString(int nummer) const;
 
   Programm& prog;
 };
 
-// Sets captions and tooltips of all controls to "--", so that only what SetTexte knows has words.
+// Sets captions and tooltips of all controls to "--", so that only texts set by SetTexte show.
 void ToolTipsSetzen(Form& fenster);
 // Enlarges a window and its controls for large fonts.
 void SkaliereForm(Programm& prog, Form& fenster);
 void MitteSetzen(Programm& prog, Form& fenster);
-// The released picture of a button.
+// Shows the released picture of a button.
 void KnopfBild(PictureButton& ziel);
 
-// Holds a window that is loaded when it is first asked for, and loaded anew after it was unloaded.
+// Holds a window. The window is loaded at its first use, and loaded anew after it was unloaded.
 template <typename W>
 class Fenster {
  public:
@@ -54,7 +58,8 @@ class Fenster {
   std::shared_ptr<W> Laden() {
     if (!fenster_) {
       fenster_ = std::make_shared<W>(prog_);
-      // Kept here as well: a window may unload itself while it loads.
+      // The local pointer keeps the window alive, because a window may unload itself while it
+      // loads.
       std::shared_ptr<W> bleibt = fenster_;
       bleibt->Form_Load();
       return bleibt;

@@ -1,7 +1,7 @@
 #include "app/frmAbout.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 namespace vantora {
 
@@ -11,7 +11,7 @@ enum : int {
   kTextVersion = 30000,
   kTextMitwirkende = 30001,
   kTextLizenz = 30002,
-  kTextErsterLink = 30003,  // two of them
+  kTextErsterLink = 30003,  // of two
 };
 
 }  // namespace

@@ -15,7 +15,7 @@ frmMBox::frmMBox(Programm& programm) : VtrFenster(programm, L"frmMBox") {
     Knopf(picMboxButton(i), [this, i] { picMboxButton_MouseUp(i); });
   }
   Knopf(imgHelp, [this] { HilfeZeigen(); });
-  // Return gives the first answer wherever the focus is, so the ring must not stand round another.
+  // Return always presses the first button, so no other control may get the focus.
   picMboxButton(1).TabStop = imgHelp.TabStop = false;
 }
 

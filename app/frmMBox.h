@@ -1,4 +1,5 @@
-// The message box: one text, one or two buttons, and on request a box to leave it out in future.
+// The message box: one text, one or two buttons, and on request a check box that switches the
+// message off.
 #pragma once
 
 #include "app/fenster.h"
@@ -14,7 +15,7 @@ class frmMBox final : public VtrFenster {
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { picMboxButton_MouseUp(1); }
 
-  // `flags` decides on buttons and icon; any value that is not known leaves them as they stand.
+  // `flags` chooses buttons and icon; an unknown value leaves them unchanged.
   void Vorbereiten(const Text& text, int flags, const Text& titel, bool nichtMehrZeigen);
   void picMboxButton_MouseUp(int index);
 
@@ -29,9 +30,10 @@ class frmMBox final : public VtrFenster {
 
  private:
   void KnopfZeigen(int index, bool sichtbar);
-  void HilfeZeigen();  // of the window behind: what the message is about
+  // Opens the help page of the window behind, because the message is about that window.
+  void HilfeZeigen();
 
-  Text dahinter_;  // name of that window; blank when there is none
+  Text dahinter_;  // name of the window behind; blank when there is none
 };
 
 }  // namespace vantora

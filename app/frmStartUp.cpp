@@ -3,12 +3,13 @@
 #include "app/programm.h"
 #include "catalog/frmHauptForm.h"
 
+#include "platform/twips.h"
+
 namespace vantora {
 
 namespace {
 
-constexpr int kRand = 50;  // twips around the picture
-constexpr int kTwipsJePunkt = 20;
+constexpr int kRand = 50;             // twips around the picture
 constexpr double kZeilenHoehe = 1.5;  // of the height of the text
 
 }  // namespace
@@ -30,7 +31,7 @@ void frmStartUp::Form_Load() {
   Window.Width = picBack.Width + kRand;
   Window.Height = picBack.Height + kRand;
   lblStatus.Caption = prog.Text(28000);
-  lblStatus.Height = static_cast<int>(lblStatus.FontSize * kTwipsJePunkt * kZeilenHoehe);
+  lblStatus.Height = static_cast<int>(lblStatus.FontSize * kTwipsPerPoint * kZeilenHoehe);
   lblStatus.Align = Alignment::Right;
   lblStatus.Left = picBack.Left + picBack.Width - lblStatus.Width - kRand;
   lblStatus.Top = picBack.Top + picBack.Height - lblStatus.Height - kRand;

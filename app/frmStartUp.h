@@ -1,5 +1,6 @@
-// The splash window and the entry of the process: it shows itself, brings up the main window, and
-// is gone when that stands. F12 pressed while it is shown turns the trace log on.
+// The splash window, with which the process begins. It shows itself, loads the main window, and
+// unloads itself when the main window is ready. F12 pressed while it is shown turns the trace log
+// on.
 #pragma once
 
 #include "app/fenster.h"

@@ -3,8 +3,8 @@
 #include "app/frmAbout.h"
 #include "app/frmMBox.h"
 #include "app/frmStartUp.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
 #include "cdinput/frmCDPlayer.h"
@@ -32,8 +32,8 @@ namespace vantora {
 
 namespace {
 
-// A window may be unloaded by a handler of its own, or below a box that is still open; the depth of
-// such nests is small, so the windows unloaded last are enough to keep.
+// A window may be unloaded by one of its own handlers, or while a message box above it is still
+// open. Few such calls are nested at a time, so keeping the windows unloaded last is enough.
 constexpr std::size_t kEntladeneFenster = 16;
 constexpr double kAbschiedSekunden = 1.5;
 constexpr int kBoxPauseMs = 150;
@@ -68,12 +68,12 @@ bool Programm::Laufen() {
   EventLoop& schleife = plattform.schleife;
   schleife.Dispatch([this] { frmStartUp(); });
   if (schleife.Ended()) return true;
-  // Without its main window the program has no way to be ended, so it does not begin to wait.
+  // Without the main window the user could not end the program, so the loop is not started.
   if (!frmHauptForm.Geladen() || !frmHauptForm().Visible()) return false;
   try {
     schleife.Run();
   } catch (const ProgrammEnde&) {
-    // the way out of every program
+    // ProgrammEnde is how the program always ends.
   }
   return true;
 }
@@ -120,7 +120,7 @@ void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
 
 void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   plattform.schleife.MousePointer(Pointer::Normal);
-  // A job that has failed may have left the window in front disabled, and nobody else frees it.
+  // A failed job may have left the front window disabled, and no other code would enable it again.
   Form* vorn = plattform.schleife.Front();
   const bool brennt = frmKomponenten.Geladen() && frmKomponenten().BrennLaeuft;
   if (vorn != nullptr && !brennt && !vorn->CloseWhileDisabled) vorn->Window.Enabled = true;
@@ -130,7 +130,7 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
   try {
     MsgBoxen(Text(4009) + was, kStopp);
   } catch (const Laufzeitfehler&) {
-    // Without texts there is no message box of the program's own.
+    // The program's message box needs the texts, so the system's box reports that they are missing.
     plattform.schleife.SystemBox(was, kStopp, L"Vantora");
   }
 }
@@ -150,7 +150,7 @@ void Programm::EinstellungenMelden(const vantora::Text& datei, const Laufzeitfeh
   plattform.schleife.Post([this, was] { MsgBoxen(was, kHinweis); });
 }
 
-// A folder that can't be made does not keep the others from being made; its error comes at the end.
+// If a folder can't be made, the others are still made, and the first error is raised at the end.
 void Programm::VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade) {
   std::optional<Laufzeitfehler> erster;
   for (const vantora::Text& pfad : pfade) {
@@ -187,8 +187,8 @@ void Programm::LoadLastDir() {
                               &Catalogue_Open_Dir, &Catalogue_Save_Dir, &Picture_Save_Dir}) {
     *pfad = Trim(UNCAufLaufwerk(*pfad));
   }
-  // Last, so that every key has its value when the start goes on behind a folder that can't be
-  // made: the end of the program writes all of them.
+  // The folders come last: when one can't be made and the start goes on, every key has its value
+  // already. The end of the program writes all keys.
   VerzeichnisseAnlegen(anzulegen);
 }
 
@@ -222,7 +222,7 @@ void Programm::ProgrammBeenden(bool ohneFrage) {
       return;
     }
   }
-  frmHauptForm().Window.Enabled = false;  // nothing begins any more while the farewell waits
+  frmHauptForm().Window.Enabled = false;  // nothing new may begin during the farewell
   AppLog(kOrt, L"1");
   schleife.DoEvents();
   Warten(kAbschiedSekunden);
@@ -235,11 +235,11 @@ void Programm::ProgrammBeenden(bool ohneFrage) {
   AppLog(kOrt, L"3");
   LastDirSave();
   LastCatSave();
-  schleife.DoEvents();  // shows the message that settings could not be written
+  schleife.DoEvents();  // shows the message about settings that could not be written
   komponenten.CD_Close();
   AppLog(kOrt, L"Save RegistryParameter ...");
   frmHauptForm().PlayWaveNormal(L"");
-  // The display keeps the mode in which the program found it, so there is none to restore.
+  // The display mode was never changed, so none is restored.
   AppLog(kOrt, L"ChangeResolution");
   AppLog(kOrt, L"AniCursorAus");
   plattform.bildschirm.SetSystemCursor(L"");

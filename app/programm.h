@@ -1,5 +1,5 @@
 // The running program: its services, its settings, the state that its windows work on, and the
-// windows themselves. There is no other state; a test makes as many programs as it likes.
+// windows themselves. There is no other state, so a test can make several programs.
 #pragma once
 
 #include "app/dienste.h"
@@ -7,11 +7,11 @@
 #include "app/fenster.h"
 #include "app/zustand/aufnahme_zustand.h"
 #include "app/zustand/cover.h"
+#include "app/zustand/editor_zustand.h"
+#include "app/zustand/grab_zustand.h"
+#include "app/zustand/katalog_zustand.h"
 #include "app/zustand/medley.h"
 #include "app/zustand/schlag_zustand.h"
-#include "catalog/katalog_zustand.h"
-#include "cdinput/grab_zustand.h"
-#include "waveeditor/editor_zustand.h"
 
 #include "platform/plattform.h"
 
@@ -47,7 +47,7 @@ class frmMedley;
 class frmBeatCounter;
 class KatalogDienst;
 
-// Flags of a message box, as far as they are in use.
+// Flags of a message box; only those in use.
 enum MeldungsArt : int {
   kOk = 0,
   kJaNein = 4,
@@ -58,7 +58,7 @@ enum MeldungsArt : int {
 };
 enum Antwort : int { kJa = 6, kNein = 7 };
 
-// What the file dialog is asked for.
+// The kinds of files that the file dialog asks for.
 enum DateiTyp : int {
   kTypKatalog = 1,
   kTypWave = 2,
@@ -69,14 +69,14 @@ enum DateiTyp : int {
 };
 enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
 
-// Flags of the dialogs for fonts, colours and printing, as far as they are in use.
+// Flags of the dialogs for fonts, colours and printing; only those in use.
 enum DialogFlags : int {
   kSchriftFuerBeide = 3,  // fonts of the screen and of the printer
   kFarbeAnzeigen = 4,
   kDruckerWaehlen = 18,
 };
 
-// What the font dialog begins with, and what was chosen.
+// The font that the font dialog starts with, and the font that was chosen.
 struct Schriftart {
   Text Name;
   int Groesse = 10;  // points
@@ -100,8 +100,8 @@ struct Programm : Dienste,
   Programm(const Programm&) = delete;
   Programm& operator=(const Programm&) = delete;
 
-  // Process entry: start-up, then the event loop, until the process ends. False when an error kept
-  // the main window from opening.
+  // Starts the program and runs the event loop until the process ends. Returns false when an error
+  // kept the main window from opening.
   bool Laufen();
 
   // Shows a message in the program's own window and returns 6 (yes) or 7. A blank title is the
@@ -110,21 +110,21 @@ struct Programm : Dienste,
   int MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
                bool nichtMehrZeigen = false);
 
-  // Runs the file dialog; the answer stands in the dialog fields.
+  // Runs the file dialog; its result stands in the fields of `DialogFelder`.
   void DateiHolen(int typ, int modus, const vantora::Text& vorschlag = {});
 
-  // The font dialog and the colour dialog; cancelled, they change nothing and return false. A blank
-  // title is the dialog's own.
+  // The font dialog and the colour dialog. When they are cancelled, they change nothing and return
+  // false. A blank title stands for the dialog's own title.
   bool SchriftHolen(Schriftart& schrift, int flags = kSchriftFuerBeide);
   bool FarbeHolen(const vantora::Text& titel, Color& farbe, int flags = kFarbeAnzeigen);
-  // The print dialog: sets the printer that is printed on, its copies and its file. Cancelled, it
-  // raises kFehlerAbbruch. A file that is there is asked about.
+  // The print dialog sets the printer, the number of copies and the file. When it is cancelled, it
+  // raises kFehlerAbbruch. The user is asked before an existing file is replaced.
   void DruckerHolen(int flags = kDruckerWaehlen);
-  // Says in the program's words why a job came to nothing, or why a picture could not be read.
+  // Report in the program's words why a print job failed, or why a picture could not be read.
   void DruckFehlerMelden(const Laufzeitfehler& fehler);
   void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
 
-  // The main window, as the windows below it see it.
+  // The main window, through the interface for lower windows.
   KatalogDienst& Katalogfenster();
 
   void LoadLastDir();
@@ -133,18 +133,18 @@ struct Programm : Dienste,
   void LoadExtrasSet() { vantora::LoadExtrasSet(plattform, *this); }
   void SaveExtrasSet() { vantora::SaveExtrasSet(plattform, *this); }
 
-  // Ends the program; without `ohneFrage` the user is asked first and may stay.
+  // Ends the program; without `ohneFrage` the user is asked first and may cancel.
   void ProgrammBeenden(bool ohneFrage = false);
-  // Compares the versions of the components with those that the program was made for; a difference
-  // ends the program. Not on the path of start-up.
+  // Compares the versions of the components with the expected ones; a difference ends the program.
+  // The start does not call it.
   void KomponentenPruefen();
-  void Hilfe(const vantora::Text& fenster);  // the help, at the page of a window
+  void Hilfe(const vantora::Text& fenster);  // opens the help at the page of a window
 
   void Zeigen(VtrFenster& fenster);
   void ZeigeModal(const std::shared_ptr<VtrFenster>& fenster);
-  // Lets time pass inside a long job, with events processed often enough for the windows to live.
+  // Processes events for so long inside a long job, so that the windows stay alive.
   void Pausieren(int ms);
-  void Pausieren(int ms, const bool& solange);  // ends early when the flag falls
+  void Pausieren(int ms, const bool& solange);  // ends early when `solange` becomes false
   // Keeps an unloaded window alive until no handler of it can be running any more.
   void Beisetzen(std::shared_ptr<VtrFenster> fenster);
 
@@ -152,7 +152,7 @@ struct Programm : Dienste,
   vantora::Text AppPfad;
   std::int32_t BildschirmHoehe = 0, BildschirmBreite = 0;  // pixels
   bool BrennerGeladen = false;
-  vantora::Text PdfOrdner;  // where a PDF was last printed to; blank: nowhere yet
+  vantora::Text PdfOrdner;  // the folder of the last printed PDF; blank before the first
 
   Fenster<vantora::frmStartUp> frmStartUp{*this};
   Fenster<vantora::frmHauptForm> frmHauptForm{*this};

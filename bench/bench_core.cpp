@@ -1,5 +1,5 @@
-// The program's work without a screen. `bench-core WORK HOME`: what is measured inside is printed,
-// what is measured as a process (time, memory) is the caller's.
+// The program's work without a screen. `bench-core WORK HOME` prints its own measurements; the
+// caller measures time and memory of the process.
 
 #include "backends/sound/audio_library.h"
 #include "bench/stage.h"
@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The decoder as an import uses it: a look at the length first, then the decoding.
+// Decodes as an import does: reads the length first, then decodes.
 int Decode(const fs::path& home) {
   HeadlessPlatform platform(home);
   Mp3Decoder& mp3 = platform.machine.mp3;
@@ -36,7 +36,7 @@ int Decode(const fs::path& home) {
   return failure;
 }
 
-// One disc of all the waves, in the order of their names, at full speed.
+// Burns all waves to one disc, in the order of their names, at full speed.
 int Burn(const fs::path& home) {
   HeadlessPlatform platform(home);
   ImageWriter& writer = platform.machine.writer;
@@ -54,7 +54,7 @@ int Burn(const fs::path& home) {
   return success == 1 ? 0 : 1;
 }
 
-// All tracks of a disc, one after the other, as the product saves them.
+// Reads all tracks of a disc, one after the other, as the product saves them.
 int Grab(HeadlessPlatform& platform, DiscReader& reader) {
   bool complete = false, failed = false;
   reader.Events.ACD_ReadComplete = [&complete] { complete = true; };
@@ -71,7 +71,7 @@ int Grab(HeadlessPlatform& platform, DiscReader& reader) {
   return track > 1 ? 0 : 1;
 }
 
-// The disc in the embedded drive, which comes behind those of the machine.
+// Reads the disc in the embedded drive, which comes after the drives of the machine.
 int GrabFromTray(const fs::path& home) {
   HeadlessPlatform platform(home);
   DiscReader& reader = platform.machine.acd;
@@ -80,7 +80,7 @@ int GrabFromTray(const fs::path& home) {
   return Grab(platform, reader);
 }
 
-// The same image as a disc in an optical drive, for which the library takes its sheet.
+// Reads an image as a disc in an optical drive; the library reads its sheet.
 int GrabFromDrive(const fs::path& home) {
   HeadlessPlatform platform(home);
   DiscDrive drive;
@@ -106,7 +106,8 @@ void ReadHeaders(const std::vector<std::string>& files) {
   }
 }
 
-// Pairs of times in ms, by turns: the catalog shown, and the headers read by plain system calls.
+// Prints alternating times in ms: showing the catalog, and reading the headers by plain system
+// calls.
 int Show(const fs::path& home) {
   constexpr int kRounds = 101;
   Stage<HeadlessPlatform> stage(home);
@@ -134,19 +135,7 @@ int Show(const fs::path& home) {
   return shown == 99 ? 0 : 1;
 }
 
-std::size_t ReadWhole(const std::string& file) {
-  struct stat info {};
-  const int descriptor = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0 || ::fstat(descriptor, &info) != 0) throw std::runtime_error("no " + file);
-  std::vector<char> bytes(static_cast<std::size_t>(info.st_size));
-  const ssize_t count = ::read(descriptor, bytes.data(), bytes.size());
-  ::close(descriptor);
-  if (count != info.st_size) throw std::runtime_error("cannot read " + file);
-  return bytes.size();
-}
-
-// Pairs of times in ms, by turns: the window's list built anew from a file that has changed, and
-// the file read by plain system calls.
+// Prints times in ms: rebuilding the window's list from a changed file.
 int Database(const fs::path& home) {
   constexpr int kRounds = 31;
   Stage<HeadlessPlatform> stage(home);
@@ -162,10 +151,7 @@ int Database(const fs::path& home) {
       if (::utimensat(AT_FDCWD, file.c_str(), nullptr, 0) != 0) throw std::runtime_error("no file");
       const auto start = BenchTime::now();
       window->DatenbankLaden();
-      const auto between = BenchTime::now();
-      ReadWhole(file.string());
-      const auto end = BenchTime::now();
-      std::printf("%.4f %.4f\n", Milliseconds(start, between), Milliseconds(between, end));
+      std::printf("%.4f\n", Milliseconds(start, BenchTime::now()));
     }
     shown = window->lstInterpreten.ListCount();
     stage.platform.hands.Press(window->imgSchliessen);
@@ -174,7 +160,7 @@ int Database(const fs::path& home) {
   return shown == kShownDiscs ? 0 : 1;
 }
 
-// The three filters over a song, in the buffers in which a chain brings it.
+// Runs the three filters over a song, in buffers of the size that the chain uses.
 int Restore(const fs::path& home) {
   constexpr std::size_t kHeader = 44, kFrames = 1024;
   const float level = 0.5F;

@@ -1,7 +1,7 @@
-// The wave editor in real windows. `bench-editor WORK HOME` prints what was measured, on the wave
-// file C:\Vantora\Wavs\larga.wav of the home.
+// The wave editor in real windows. `bench-editor WORK HOME` prints measurements with the wave file
+// C:\Vantora\Wavs\larga.wav of the home.
 
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "main/desktop_platform.h"
 #include "main/window_platform.h"
@@ -33,7 +33,7 @@ void Paint(Windows& stage) {
   }
 }
 
-// Waits for a paint that is due, and may be put off behind the one before.
+// Waits for a pending paint, which may be delayed after the previous paint.
 void PaintAgain(Windows& stage) {
   const std::int64_t before = stage.platform.loop.Paints();
   while (before == stage.platform.loop.Paints()) stage.platform.loop.DoEvents();
@@ -45,11 +45,11 @@ frmWaveEditor& Load(Windows& stage) {
   frmWaveEditor& editor = *stage.prog.frmWaveEditor.Laden();
   stage.prog.Zeigen(editor);
   PaintAgain(stage);
-  if (editor.WellenPunkte.empty()) throw std::runtime_error("nothing was drawn");
+  if (editor.WellenPunkte().empty()) throw std::runtime_error("nothing was drawn");
   return editor;
 }
 
-// The file once, in blocks of 1 MiB, in ms.
+// Reads the file once in blocks of 1 MiB; returns ms.
 double ReadPlainly(const fs::path& file) {
   static std::vector<char> block(1U << 20U);
   const auto start = BenchTime::now();
@@ -70,7 +70,7 @@ int InFrontOfTheMainWindow(const fs::path& home, const std::function<void(Window
   return 0;
 }
 
-// From the choice of the track until its picture is painted, beside the plain reading.
+// Measures from the choice of the track until its picture is painted, and reading the file plainly.
 int Open(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     const fs::path file = stage.platform.machine.files.SystemPath(kFile);
@@ -86,12 +86,13 @@ int Open(const fs::path& home) {
   });
 }
 
-// No hand is so quick that a paint would be put off behind the one before.
+// Pauses as a user would, so that no paint is delayed after the previous paint.
 void Rest() {
   std::this_thread::sleep_for(std::chrono::milliseconds(30));
 }
 
-// A step of the zoom, and of the scroll bar at the greatest zoom, until they are painted.
+// Measures a step of the zoom, and a step of the scroll bar at the greatest zoom, until it is
+// painted.
 int Repaint(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     frmWaveEditor& editor = Load(stage);
@@ -115,8 +116,8 @@ int Repaint(const fs::path& home) {
   });
 }
 
-// From a step of a slider until the first sound that knows of it leaves the sound card; in real
-// time and on the machine's sound card, or what the test gave it for one. The home is the user's.
+// Measures from a step of a slider until the sound card plays the first changed sound. Runs in real
+// time, on the machine's sound card or the test's substitute, with the user's own home.
 int ToTheEar(const fs::path& home) {
   struct Desktop : DesktopPlatform {
     explicit Desktop(const fs::path& /*home*/) : DesktopPlatform(ResourceFolder()) {}
@@ -128,7 +129,7 @@ int ToTheEar(const fs::path& home) {
     stage.prog.Zeigen(editor);
     stage.prog.Pausieren(500);
     std::int64_t fetched = 0;
-    editor.DSP->OnBufferFilled = [&](MMData& data) {
+    editor.Kette().OnPuffer = [&](MMData& data) {
       editor.DSP_OnBufferFilled(data);
       fetched += static_cast<std::int64_t>(data.Bytes);
     };
@@ -140,7 +141,7 @@ int ToTheEar(const fs::path& home) {
       editor.slVolume.Value = editor.slVolume.Value == 8000 ? 16000 : 8000;
       editor.slVolume.Change();
       const std::int64_t before = fetched;
-      while (editor.Out->Position() < before) stage.prog.Pausieren(1);
+      while (editor.Kette().Out().Position() < before) stage.prog.Pausieren(1);
       std::printf("%.3f\n", Milliseconds(start, BenchTime::now()));
     }
     editor.imgSteuerung_MouseUp(1);
@@ -150,7 +151,7 @@ int ToTheEar(const fs::path& home) {
   return 0;
 }
 
-// The peak of the process with the file open, played for a while and wound, in KiB.
+// Prints the peak memory of the process in KiB, after opening, playing and winding the file.
 int Memory(const fs::path& home) {
   return InFrontOfTheMainWindow(home, [](Windows& stage) {
     frmWaveEditor& editor = Load(stage);

@@ -1,6 +1,6 @@
-// The wave editor's work on a long file. `bench-edits WORK HOME` prints pairs of CPU times in s, by
-// turns: ours, and the yardstick's plain reads and writes of 1 MiB. The file is
-// C:\Vantora\Wavs\larga.wav of the home, and does not stay as it is.
+// The wave editor's work on a long file. `bench-edits WORK HOME` prints alternating CPU times in s:
+// the editor's, and the yardstick's plain reads and writes of 1 MiB. The work changes the file
+// C:\Vantora\Wavs\larga.wav of the home.
 
 #include "bench/plain_file.h"
 #include "bench/stage.h"
@@ -43,7 +43,7 @@ std::int64_t Place(std::int32_t frame) {
   return kHeader + frame * kFrameBytes;
 }
 
-// The tail behind the middle, moved in place.
+// Moves everything after the middle in place.
 void MoveTail(const fs::path& file, std::int32_t by = kTenSeconds) {
   const std::int32_t middle = Frames(file) / 2;
   PlainFile(file).Move(Place(middle + by), Place(middle));
@@ -67,7 +67,7 @@ int Normalize(const fs::path& home) {
   ByTurns(
       desk,
       [&percent](Desk& d, const fs::path&) {
-        percent = percent == 100 ? 90 : 100;  // so that there is always something to do
+        percent = percent == 100 ? 90 : 100;  // alternates, so that each run has to change samples
         d.platform.mmtools.NormalizeFile(kFile, {}, percent);
       },
       [](Desk&, const fs::path& path) {
@@ -78,15 +78,15 @@ int Normalize(const fs::path& home) {
   return 0;
 }
 
-// The whole of a process, for a peer that is one.
+// Runs once as a process of its own, because the program that it is compared with is a process too.
 int NormalizeOnce(const fs::path& home) {
   HeadlessPlatform platform(home);
   platform.mmtools.NormalizeFile(kFile, {}, 100);
   return 0;
 }
 
-// An edit of the editor's own. The picture that is drawn anew after each has a row of its own, so
-// it is left out, as in a batch.
+// Runs an edit of the wave editor. Painting the new picture has its own row in the results, so it
+// is left out here, as in a batch.
 int Edit(const fs::path& home, const std::function<void(frmWaveEditor& editor)>& prepare,
          const std::function<void(frmWaveEditor& editor)>& edit,
          const std::function<void(const fs::path& file)>& plain) {
@@ -97,10 +97,10 @@ int Edit(const fs::path& home, const std::function<void(frmWaveEditor& editor)>&
       std::_Exit(1);
     }
     desk.prog.WaveEditorDatei = kFile;
+    desk.prog.EditorBatch = true;
     frmWaveEditor& editor = *desk.prog.frmWaveEditor.Laden();
     desk.prog.Zeigen(editor);
     desk.platform.loop.DoEvents();
-    editor.BatchLaeuft = true;
     prepare(editor);
     ByTurns(
         desk, [&](Desk&, const fs::path&) { edit(editor); },
@@ -112,13 +112,11 @@ int Edit(const fs::path& home, const std::function<void(frmWaveEditor& editor)>&
 }
 
 void Select(frmWaveEditor& editor, std::int32_t from, std::int32_t to) {
-  editor.NurCursor = false;
-  editor.MarkerAnfang = from;
-  editor.MarkerEnde = to;
+  editor.Waehlen({.MarkerAnfang = from, .MarkerEnde = to});
 }
 
 void SelectAll(frmWaveEditor& editor) {
-  Select(editor, 0, editor.SourceFile->Wave.DataSize());
+  Select(editor, 0, editor.Kette().SourceFile().Wave.DataSize());
 }
 
 int Paste(const fs::path& home) {
@@ -129,7 +127,7 @@ int Paste(const fs::path& home) {
         editor.imgCopy_MouseUp();
       },
       [](frmWaveEditor& editor) {
-        const std::int32_t middle = editor.SourceFile->Wave.DataSize() / 2;
+        const std::int32_t middle = editor.Kette().SourceFile().Wave.DataSize() / 2;
         Select(editor, middle, middle);
         editor.imgPaste_MouseUp();
       },

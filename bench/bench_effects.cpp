@@ -1,5 +1,5 @@
-// The effects of the wave editor. `bench-effects NAMES HOME` runs HOME/in.wav through the effects
-// of a list like "eq,reverb" into HOME/out.wav; time and memory of the process are the caller's.
+// The effects of the wave editor. `bench-effects NAMES HOME` runs HOME/in.wav through a list of
+// effects like "eq,reverb" into HOME/out.wav; the caller measures time and memory of the process.
 
 #include "bench/stage.h"
 #include "main/headless_platform.h"
@@ -72,7 +72,7 @@ void Chain::AddVolume() {
   AddEffect(std::move(volume));
 }
 
-// As the product's own gate works on each buffer.
+// Adds a gate that processes each buffer as the product's gate does.
 void Chain::AddGate() {
   auto gate = tools_.NewDSPInterface();
   gate->OnBufferFilled = [waiting = 0](MMData& data) mutable {

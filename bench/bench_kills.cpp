@@ -1,8 +1,8 @@
-// Kills edits of a large wave at random moments, and looks whether the next start leaves the file
-// as it was before the edit or behind it. `bench-kills HOME [MEGABYTES [KILLS]]`, 200 MB and 10
-// kills of each edit without more words; exit status 1 when a file was neither.
+// Kills edits of a large wave at random moments, and checks that the next start leaves the file as
+// it was before the edit or after it. `bench-kills HOME [MEGABYTES [KILLS]]` uses 200 MB and 10
+// kills of each edit by default; exit status 1 if a file was in another state.
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 #include "main/headless_platform.h"
 #include "tests/support/kill_switch.h"
 

@@ -1,7 +1,7 @@
-// The crossfades. `bench-medley transition HOME` prints pairs of CPU times in s, by turns: a
-// transition of 10 s between C:\\a.wav and C:\\b.wav, and the tail of the second file moved in
-// place by plain reads and writes of 512 KiB; both files get shorter. `memory` prints the bytes by
-// which the process grows at its highest in such a transition. `slide` bends C:\\in.wav into
+// The crossfades. `bench-medley transition HOME` prints alternating CPU times in s: a transition of
+// 10 s between C:\\a.wav and C:\\b.wav, and moving the tail of the second file in place by plain
+// reads and writes of 512 KiB; both files get shorter. `memory` prints by how many bytes the
+// process grows at its peak in such a transition. `slide` slides the tempo from C:\\in.wav to
 // C:\\out.wav.
 
 #include "bench/plain_file.h"
@@ -22,7 +22,7 @@ constexpr std::size_t kBlock = 524'288;
 constexpr int kRounds = 9;
 constexpr double kSlideEnd = 125.0 / 120 * 25;
 
-// Two rows of a medley in a program that has not shown a window.
+// Two rows of a medley in a program that shows no window.
 struct Desk {
   explicit Desk(const fs::path& home) : platform(home), prog(platform.bundle) {
     prog.Temporary_Directory = L"C:\\Temp\\";
@@ -56,7 +56,7 @@ int Transition(const fs::path& home) {
   return 0;
 }
 
-// A figure of the process in bytes.
+// Reads a value of the process's status, in bytes.
 std::int64_t Status(const std::string& name) {
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {

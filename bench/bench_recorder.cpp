@@ -1,7 +1,7 @@
-// The recorder. `bench-recorder WORK HOME [NUMBER ...]` prints what was measured.
+// The recorder. `bench-recorder WORK HOME [NUMBER ...]` prints measurements.
 
 #include "app/frmMBox.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
 #include "main/desktop_platform.h"
@@ -26,14 +26,13 @@ using namespace std::chrono_literals;
 
 constexpr const wchar_t* kTake = L"C:\\Vantora\\Wavs\\toma.wav";
 
-// The real windows and the machine's sound card, or what the test gave it for one. The home is the
-// user's.
+// Real windows, the machine's sound card or the test's substitute, and the user's own home.
 struct Desktop : DesktopPlatform {
   explicit Desktop(const fs::path& /*home*/) : DesktopPlatform(ResourceFolder()) {}
 };
 
-// Opens the recorder for a take by hand and closes it when `step` has answered false. Messages are
-// answered with no.
+// Opens the recorder for a single take, and closes it when `step` returns false. Answers messages
+// with no.
 template <class Platform>
 void Record(Stage<Platform>& stage, const std::function<bool(frmAufnehmen&)>& step) {
   bool opened = false;
@@ -69,8 +68,8 @@ double ProcessorSeconds() {
   return seconds(used.ru_utime) + seconds(used.ru_stime);
 }
 
-// One take of so many seconds, in real time; the interface thread is held for ten of them, so many
-// times. Prints the processor's seconds and the milliseconds that were reported as lost.
+// Records a take of `seconds` in real time; `holds` times, the interface thread is blocked for ten
+// seconds. Prints the CPU seconds, and the milliseconds that were reported as lost.
 int Take(const fs::path& home, int seconds, int holds) {
   constexpr int kHeldSeconds = 10;
   Stage<Desktop> stage(home);
@@ -103,12 +102,12 @@ int Take(const fs::path& home, int seconds, int holds) {
   return 0;
 }
 
-// ---- how far the meter is behind the sound ----
+// ---- delay of the meter behind the sound ----
 
 constexpr int kLoud = 12000;
 constexpr int kBurstFrames = 4410;
 
-// Bursts of a tenth of a second, each a little over half a second behind the one before.
+// Plays bursts of a tenth of a second, whose starts are a little over half a second apart.
 SoundOutput::Source Bursts() {
   return [frame = 0, next = 44100](std::int16_t* target, std::size_t frames) mutable {
     for (std::size_t i = 0; i < frames; ++i, ++frame) {
@@ -121,7 +120,8 @@ SoundOutput::Source Bursts() {
   };
 }
 
-// The moments when another program hears a burst begin, which hears as soon as the server allows.
+// Another program that listens with the least delay of the sound server, and the time when it last
+// heard a burst begin.
 class OtherEar {
  public:
   OtherEar()
@@ -161,13 +161,13 @@ class OtherEar {
   std::thread thread_;
 };
 
-// From a burst's beginning until its level is painted, in ms, several times.
+// Prints times in ms from the start of a burst until its level is painted.
 int Meter(const fs::path& home) {
   constexpr int kRounds = 30;
   Stage<Desktop> stage(home);
   Record<Desktop>(stage, [&](frmAufnehmen& window) {
     const auto& loop = stage.platform.loop;
-    std::int64_t paintsBefore = -1;  // when the burst's level came; -1 while there is silence
+    std::int64_t paintsBefore = -1;  // count at the burst's level; -1 during silence
     const auto show = window.MMConnectorX1->OnLevel;
     window.MMConnectorX1->OnLevel = [&](int left, int right) {
       show(left, right);
@@ -186,7 +186,7 @@ int Meter(const fs::path& home) {
     for (int round = 0; round <= kRounds && BenchTime::now() < end; ++round) {
       until([&] { return paintsBefore < 0; });
       until([&] { return paintsBefore >= 0 && loop.Paints() > paintsBefore; });
-      // The first burst comes while the streams are still settling.
+      // The first burst is skipped, because the streams are not stable yet.
       if (round > 0) std::printf("%.3f\n", Milliseconds(ear.LastBurst(), BenchTime::now()));
     }
     return false;
@@ -196,7 +196,7 @@ int Meter(const fs::path& home) {
 
 // ---- memory ----
 
-// The peak of the process that records a take of so many minutes, in KiB.
+// Prints the peak memory of a process that records a take of `minutes`, in KiB.
 int Memory(const fs::path& home, int minutes) {
   Stage<HeadlessPlatform> stage(home);
   bool recorded = false;

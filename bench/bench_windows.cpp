@@ -1,7 +1,7 @@
-// The program's work in real windows. `bench-windows WORK HOME` prints what was measured.
+// The program's work in real windows. `bench-windows WORK HOME` prints measurements.
 
 #include "app/frmMBox.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "bench/stage.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"
@@ -16,7 +16,7 @@
 #include "dialogs/frmNeuerInterpret.h"
 #include "main/window_platform.h"
 #include "medley/frmMedley.h"
-#include "tests/support/cddb_server.h"
+#include "tests/emulators/cddb_server.h"
 
 #include <fstream>
 #include <stdexcept>
@@ -31,7 +31,7 @@ namespace fs = std::filesystem;
 
 using Windows = Stage<WindowPlatform>;
 
-// Until all that is to be seen has been painted.
+// Processes events until nothing remains to be painted.
 void Paint(Windows& stage) {
   std::int64_t before = -1;
   while (before != stage.platform.loop.Paints()) {
@@ -40,14 +40,14 @@ void Paint(Windows& stage) {
   }
 }
 
-// Chooses a file in the dialog; the returned time is that of the press on OK.
+// Chooses a file in the dialog; returns the time when OK was pressed.
 BenchTime::time_point Choose(Windows& stage, frmLoadSave& dialog, const Text& file) {
   stage.platform.hands.Type(dialog.txtDateiName, file);
   stage.platform.hands.Press(dialog.pbButton(1));
   return BenchTime::now();
 }
 
-// The time of the machine's monotonic clock, in ms, when the main window stands.
+// Prints the time of the machine's monotonic clock, in ms, when the main window is painted.
 int Start(const fs::path& home) {
   Windows stage(home);
   stage.Play([&stage](Form*) {
@@ -59,7 +59,7 @@ int Start(const fs::path& home) {
   return 0;
 }
 
-// From the choice of a catalog to the picture of its rows, in ms, several times.
+// Prints times in ms from the choice of a catalog until its rows are painted.
 int Open(const fs::path& home) {
   constexpr int kRounds = 11;
   const Text file = L"C:\\Vantora\\lista.vtr";
@@ -96,7 +96,7 @@ long PeakKiB() {
   throw std::runtime_error("the system does not tell the peak of memory");
 }
 
-// A person who imports every file of a folder, burns the catalog and says no to every question.
+// A user who imports every file of a folder, burns the catalog and answers every question with no.
 class Customer {
  public:
   explicit Customer(Windows& stage)
@@ -144,7 +144,7 @@ class Customer {
   bool burned_ = false;
 };
 
-// The process's highest use of memory, in KiB, when files have been imported, shown and burned.
+// Prints the peak memory of the process in KiB, after files were imported, shown and burnt.
 int Memory(const fs::path& home) {
   Windows stage(home);
   Customer customer(stage);
@@ -158,14 +158,14 @@ int Memory(const fs::path& home) {
   return burned && rows == customer.Tracks() ? 0 : 1;
 }
 
-// From the press on a button of the main window to the picture of the window that it opens, in ms,
-// several times. `seen` looks at the window and closes it; false: something is missing.
+// Prints times in ms from the press on a button of the main window until the opened window is
+// painted. `seen` checks the window and closes it; it returns false if something is missing.
 template <typename Window>
 int OpenFromMain(const fs::path& home, PictureButton& (*button)(frmHauptForm&),
                  const std::function<bool(Windows&, Window&)>& seen, double extraMs) {
   constexpr int kRounds = 11;
   Windows stage(home);
-  // The embedded drive comes behind those of the machine.
+  // The embedded drive comes after the drives of the machine.
   const auto drives = stage.platform.machine.discDrives.All().size();
   SaveSetting(stage.platform.bundle, L"LastAudioCDSelected", std::to_wstring(drives - 1));
   int round = 0;
@@ -189,7 +189,7 @@ int OpenFromMain(const fs::path& home, PictureButton& (*button)(frmHauptForm&),
 }
 
 int Contents(const fs::path& home) {
-  // The player rests for so long while it looks; here that passes faster.
+  // The player waits for so long while it opens. The loop passes this time faster, so it is added.
   constexpr double kRestsMs = 200;
   return OpenFromMain<frmCDPlayer>(
       home, [](frmHauptForm& main) -> PictureButton& { return main.imgCDAuslesen; },
@@ -206,7 +206,7 @@ int Database(const fs::path& home) {
       home, [](frmHauptForm& main) -> PictureButton& { return main.imgDatenBank; },
       [](Windows& stage, frmDatenbank& window) {
         const int discs = window.lstInterpreten.ListCount();
-        // Read anew the next time too.
+        // Makes the program read the file again the next time.
         fs::last_write_time(stage.platform.machine.files.SystemPath(L"C:\\WINDOWS\\qmaudio.ini"),
                             fs::file_time_type::clock::now());
         stage.platform.hands.Press(window.imgSchliessen);
@@ -215,7 +215,7 @@ int Database(const fs::path& home) {
       0);
 }
 
-// An entry as servers have them for a disc of 20 tracks.
+// An entry with the lines that servers usually send for a disc of 20 tracks.
 std::string EntryLines() {
   std::string lines =
       "# xmcd\r\nDTITLE=Las olas / Mar de invierno\r\nDYEAR=1998\r\nDGENRE=Rock\r\n";
@@ -227,8 +227,8 @@ std::string EntryLines() {
   return lines + "EXTD=Edici\xF3n de aniversario\r\nPLAYORDER=\r\n";
 }
 
-// A look-up with its progress on the screen: pairs of the time that was ours and the server's, in
-// ms.
+// Looks up a disc with the progress window on the screen; prints pairs of the program's time and
+// the server's time in ms.
 int LookUp(const fs::path& home) {
   constexpr int kRounds = 21;
   Windows stage(home);
@@ -265,8 +265,8 @@ int LookUp(const fs::path& home) {
   return found == kRounds ? 0 : 1;
 }
 
-// A picture of sound sixteen times as wide as what is seen of it, as the wave editor draws it at
-// the greatest zoom: two traces of 16 pieces with 10,000 points each.
+// A picture of sound sixteen times as wide as its visible part, as the wave editor draws it at the
+// greatest zoom: two traces of 16 pieces with 10,000 points each.
 class WideWave final : public Form {
  public:
   explicit WideWave(EventLoop& loop) : Form(loop, L"frmWide") {
@@ -301,7 +301,7 @@ class WideWave final : public Form {
 };
 
 double PaintedAfter(WindowPlatform& platform, const std::function<void()>& change) {
-  std::this_thread::sleep_for(std::chrono::milliseconds(30));  // or the paint would be put off
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));  // otherwise the paint is delayed
   const std::int64_t before = platform.loop.Paints();
   const auto start = BenchTime::now();
   change();
@@ -311,9 +311,9 @@ double PaintedAfter(WindowPlatform& platform, const std::function<void()>& chang
   return ms;
 }
 
-// Covers of a catalog: in ms the window of the texts from the press to its picture, a step of a
-// text that is dragged, a photograph from its file to its picture, the same side to a PDF; and the
-// process's highest use of memory until then, in KiB. Several times.
+// Makes covers of a catalog and prints several times: in ms, opening the window of the texts, one
+// step of dragging a text, loading a photograph, and printing the side to a PDF; in KiB, the peak
+// memory of the process up to then.
 class CoverMaker {
  public:
   explicit CoverMaker(Windows& stage) : stage_(stage) {}
@@ -375,7 +375,7 @@ int Cover(const fs::path& home) {
   return 0;
 }
 
-// Pairs of ms: a drawing anew, and a step of the scroll bar, each until it is painted.
+// Prints pairs in ms until the paint: a full redraw, and a step of the scroll bar.
 int Wave(const fs::path& home) {
   constexpr int kRounds = 21;
   WindowPlatform platform(home);
@@ -390,10 +390,11 @@ int Wave(const fs::path& home) {
   return 0;
 }
 
-// From the press on the medley's test of a crossfade of 10 s to its first sound, in ms.
+// Prints times in ms from the press that tests a crossfade of 10 s until its first sound.
 int Preview(const fs::path& home) {
   constexpr int kRounds = 11;
-  constexpr double kRestsMs = 100;  // before a player starts; here that passes faster
+  // Before a player starts; the loop passes it faster, so it is added.
+  constexpr double kRestsMs = 100;
   Windows stage(home);
   bool heard = true;
   stage.Play([&](Form*) {

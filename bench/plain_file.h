@@ -1,4 +1,4 @@
-// A wave file under plain system calls, the yardstick of the edits, and the processor's time.
+// A wave file accessed by plain system calls, as the yardstick of the edits, and the CPU time.
 #pragma once
 
 #include <algorithm>
@@ -26,7 +26,6 @@ double Spent(const Work& work) {
   return CpuTime() - start;
 }
 
-// A file under plain system calls.
 class PlainFile {
  public:
   static constexpr std::int64_t kHeader = 44;
@@ -35,7 +34,7 @@ class PlainFile {
       : file_(::open(file.c_str(), O_RDWR | O_CLOEXEC)), block_(block) {
     if (file_ < 0) throw std::runtime_error("no " + file.string());
   }
-  // What an edit has changed is on the disk when it ends.
+  // The changed data are on the disk when an edit ends.
   ~PlainFile() {
     ::fsync(file_);
     ::close(file_);
@@ -43,7 +42,7 @@ class PlainFile {
   PlainFile(const PlainFile&) = delete;
   PlainFile& operator=(const PlainFile&) = delete;
 
-  // Everything from a place on, to another place when it is to be written.
+  // Moves everything from `from` to the end of the file to `to`.
   void Move(std::int64_t from, std::int64_t to) {
     for (std::size_t bytes = 0; (bytes = Read(from)) > 0;) {
       Write(bytes, to);

@@ -1,4 +1,5 @@
-"""The recorder's benchmarks: a sound server of their own, and what was recorded of what was played."""
+"""The recorder's benchmarks: their own sound server, and comparing the recorded sound with the
+played sound."""
 
 import contextlib
 import mmap
@@ -13,7 +14,7 @@ WITH_SOUND = HERE.parent / "tests" / "support" / "with_sound.sh"
 FRAME, SECOND = 4, 44100 * 4
 HEADER = 44
 BLOCK = 1 << 20
-MARK = 64  # bytes of noise that stand nowhere else
+MARK = 64  # bytes of noise; such a sequence occurs only once
 
 
 def wave_header(size):
@@ -22,7 +23,7 @@ def wave_header(size):
 
 
 def noise(path, parts):
-    """A wave of parts, each so many seconds of noise or of silence."""
+    """Makes a wave of parts; each is a number of seconds of noise or of silence."""
     with open(path, "wb") as file:
         file.write(wave_header(sum(seconds for seconds, _ in parts) * SECOND))
         for seconds, loud in parts:
@@ -31,7 +32,7 @@ def noise(path, parts):
 
 
 class Sound:
-    """A machine with a sound card, as long as the `with` lasts; `command` runs a command on it."""
+    """A machine with a sound card inside a `with` statement; `command` runs a command on it."""
 
     def __enter__(self):
         self.server = subprocess.Popen(
@@ -60,7 +61,7 @@ class Sound:
 
 
 class Busy:
-    """Two processes that take all they can get, behind the others of this machine."""
+    """Two processes that load the processors fully, with a lower priority than all others."""
 
     def __enter__(self):
         self.processes = [subprocess.Popen(["nice", "-n", "10", "sh", "-c", "while :; do :; done"])
@@ -92,8 +93,8 @@ def record(sound, tool, home, seconds, holds, played):
 
 
 def lost_frames(played, take, lead):
-    """How many frames of a noise are missing in the take; `lead` is the silence before it, in
-    bytes. What the take has too much, silence where the player came late, counts as missing too."""
+    """Counts the frames of a noise that are missing in the take; `lead` is the silence before the
+    noise, in bytes. Extra silence in the take, where the player was late, counts as missing too."""
     with open(played, "rb") as one, open(take, "rb") as other:
         a = mmap.mmap(one.fileno(), 0, access=mmap.ACCESS_READ)
         b = mmap.mmap(other.fileno(), 0, access=mmap.ACCESS_READ)
@@ -109,7 +110,7 @@ def lost_frames(played, take, lead):
             good = next(i for i in range(0, size, FRAME)
                         if a[at + i:at + i + FRAME] != b[there + i:there + i + FRAME])
             at, there = at + good, there + good
-            # On behind the fault, where the two can be brought together again.
+            # Continues after the fault, where both files agree again.
             for skip in range(0, len(a) - at - MARK, FRAME * 16):
                 again = b.find(a[at + skip:at + skip + MARK], there, there + 30 * SECOND)
                 if again >= 0:
@@ -144,8 +145,8 @@ close
 
 
 def whole_record(robot, folder, sides, minutes, takes):
-    """Records both sides of a record of so many minutes, cut into takes, in virtual time. Returns
-    the seconds that it took."""
+    """Records both sides of a record of `minutes`, cut into takes, in virtual time. Returns the
+    seconds that the recording took."""
     script = folder / "disco.robot"
     half = minutes * 60 * 1000 // 2
     script.write_text(RECORD.format(half=half, takes=takes, both=2 * takes), encoding="utf-8")

@@ -1,4 +1,4 @@
-// A whole program on a platform, with a user who does what one function says.
+// A whole program on a platform, with a user whose actions come from one function.
 #pragma once
 
 #include "app/einstellungen.h"
@@ -29,14 +29,14 @@ struct Stage final : User {
   Stage(const Stage&) = delete;
   Stage& operator=(const Stage&) = delete;
 
-  // Starts the program and returns when `act` has answered false, in front of the main window.
+  // Starts the program and returns after `act` has returned false in front of the main window.
   void Play(std::function<bool(Form*)> act) {
     act_ = std::move(act);
     prog.Laufen();
   }
   bool Act(Form* front) override { return act_(front); }
   bool Resting() const override { return resting_; }
-  // Lets so much of the program's time pass before `act` is asked again.
+  // Lets so much of the program's time pass before `act` is called again.
   void Rest(int ms) {
     resting_ = true;
     platform.loop.PostAfter(ms, [this] { resting_ = false; });
@@ -50,7 +50,7 @@ struct Stage final : User {
   bool resting_ = false;
 };
 
-// All waves of the program's own folder as the catalog, without a look into them.
+// Fills the catalog with all waves of the program's own folder without opening them.
 inline void CatalogOfWaves(Programm& prog, const Text& length) {
   const Text folder = L"C:\\Vantora\\Wavs\\";
   prog.Katalog.assign(1, KatalogEintrag{});
@@ -65,10 +65,11 @@ inline void CatalogOfWaves(Programm& prog, const Text& length) {
   }
 }
 
-// Lines of the database's window: as many discs with keys of eight digits as it asks names for.
+// Lines in the database window: it reads 5000 characters of keys, which have eight digits and a
+// separator.
 inline constexpr int kShownDiscs = 5000 / 9;
 
-// What a benchmark's main does: one work, chosen by its name, in the home that is given.
+// The main of a benchmark: runs the work with the given name in the given home.
 using Work = std::function<int(const std::filesystem::path& home)>;
 
 inline int RunWork(const Work& work, const char* home) {

@@ -1,9 +1,11 @@
 #include "catalog/frmHauptForm.h"
 
-#include "app/feld.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 namespace vantora {
 
@@ -12,10 +14,9 @@ namespace {
 constexpr const wchar_t* kKleinesLayout = L"frmHauptForm";
 constexpr const wchar_t* kGrossesLayout = L"frmHauptForm_1000";
 constexpr int kKleinesteFarbtiefe = 16;  // bits per pixel
-constexpr double kGrosseSchriftTwips = 12.0;
 constexpr int kListenSchriftGross = 11;
 
-// Texts of the table's head and of the buttons follow one another by number.
+// The texts of the table's head and of the buttons have consecutive numbers.
 constexpr int kErsteSpalte = 8073, kErsteBeschriftung = 8200, kErsterHinweis = 8400;
 
 const std::vector<ListView::Column>& Spalten() {
@@ -103,7 +104,8 @@ void frmHauptForm::MenueEinrichten() {
 void frmHauptForm::MMConnectorX1() {
   WavePlayer->OnStart = [this] { Abspielen = true; };
   WavePlayer->OnStop = [this] {
-    if (WavePlayer->Playing()) return;  // the end of an earlier preview, told late
+    // An earlier preview has ended, and its notification came late.
+    if (WavePlayer->Playing()) return;
     PlayWaveNormal(L"");
     Abspielen = false;
   };
@@ -173,7 +175,7 @@ void frmHauptForm::Form_Load() {
   }
   Logo.Picture = L"LOGO_QM_KLEIN";
   SkaliereForm(prog, *this);
-  if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+  if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
     lvwKatalog.FontSize = kListenSchriftGross;
     std::vector<ListView::Column> spalten = lvwKatalog.Columns();
     for (ListView::Column& spalte : spalten) spalte.Width = Ganz32(spalte.Width / 1.25);
@@ -191,8 +193,8 @@ void frmHauptForm::Form_Load() {
 
 void frmHauptForm::BildschirmPruefen() {
   Display& bildschirm = prog.plattform.bildschirm;
-  // Height by the horizontal and width by the vertical size of a pixel: the same on square pixels,
-  // and what the limits below were set for.
+  // Divides the height by the horizontal and the width by the vertical size of a pixel. Both sizes
+  // are equal on square pixels, and the limits below were set for this division.
   prog.BildschirmHoehe = Ganz32(bildschirm.Height() / bildschirm.TwipsPerPixelX());
   prog.BildschirmBreite = Ganz32(bildschirm.Width() / bildschirm.TwipsPerPixelY());
   const auto ablehnen = [this](int text) {
@@ -200,7 +202,7 @@ void frmHauptForm::BildschirmPruefen() {
     throw ProgrammEnde{};
   };
   const bool hoch = prog.BildschirmHoehe == 1024;
-  const bool grosseSchrift = bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips;
+  const bool grosseSchrift = bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel;
   if (prog.BildschirmBreite == 640) ablehnen(8012);
   if (prog.BildschirmBreite == 800) Picture = L"PICBACK_800";
   if (prog.BildschirmBreite == 1024) {

@@ -1,10 +1,10 @@
-// The main window: the catalog as a list, its operations, and the twenty buttons from which all
-// other functions are reached. The catalog changes nowhere but here.
+// The main window: the catalog as a list, its operations, and the twenty buttons that open all
+// other functions. Only this window changes the catalog.
 #pragma once
 
 #include "app/fenster.h"
 #include "app/katalog_dienst.h"
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 
 #include "platform/edits.h"
 #include "platform/mmtools.h"
@@ -52,7 +52,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void imgAssistent_MouseUp();
   void imgWaveEdit_MouseUp();
   void mnuWAVEditor_Click();
-  void mnuWaveAssistent_Click();  // the batch
+  void mnuWaveAssistent_Click();  // starts the batch
   void imgAbspielen_MouseUp();
   void imgStop_MouseUp();
   void imgMove_MouseUp(int index);  // 0 up, 1 down
@@ -63,17 +63,17 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void lvwKatalog_ItemClick(int zeile);
   void lvwKatalog_KeyUp(int taste);
   void lvwKatalog_MouseUp(int taste);
-  // A drop brings nothing into the catalog: files come in by the import button alone.
+  // Dropped files do not enter the catalog: only the import button adds files.
   bool lvwKatalog_OLEDragOver(const std::vector<Text>& dateien) const;
   void lvwKatalog_OLEDragDrop(const std::vector<Text>& dateien);
   void lvwKatalog_DragDrop() {}
 
   // ---- catalog operations ----
-  void KatalogNeu();                         // the view only
-  void KatalogInitialisieren();              // a new catalog
+  void KatalogNeu();                         // empties the view only
+  void KatalogInitialisieren();              // begins a new catalog
   void KatalogGeaendertFragen();             // offers to save a changed catalog
   bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
-  std::int64_t KatalogLaengeBerechnen(Text& text) const;  // ms, and "hh:mm:ss"
+  std::int64_t KatalogLaengeBerechnen(Text& text) const;  // returns ms; `text` becomes "hh:mm:ss"
   void ObInZeitGrenzen(std::int64_t ms);
   void Katalog_AddWaveFile(const Text& datei, const Text& titel) override;
   void KatRowDelete();
@@ -84,11 +84,12 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void LoadLastCat();
   void KatalogTitelSuchen(const Text& datei, const Text& datum, Text& titel, Text& interpret,
                           Text& pause);
-  // Lists of texts and seconds, from index 1 (0 is unused).
+  // Fills the lists from index 1; index 0 is unused. Lengths are in seconds.
   void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
                    std::vector<std::int32_t>& laengen, Text& katalogTitel, Text& katalogInterpret);
   void GetFileNames(std::vector<Text>& dateien) const;
-  // Rebuilds the list, rereads what changed on the disk, and drops tracks that are gone or invalid.
+  // Rebuilds the list, rereads changed files, and removes tracks whose files are missing or
+  // invalid.
   void KatalogShow() override;
   void MedleyFunktion();
   void TrackDatenAendern(bool ohneUndo = false);
@@ -108,7 +109,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
   bool Abspielen = false;
   bool KatalogAnzeigenInteraktiv = true;
-  bool KatalogGeladen = false;  // keeps lblKatalogDatei as it is, once
+  bool KatalogGeladen = false;  // the next display leaves lblKatalogDatei unchanged
   std::int16_t DateienGesamt = 0, DateienOffen = 0, DateiNummer = 0;  // of one import
 
   // ---- controls ----
@@ -119,7 +120,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   Label lblKatalogTitel{*this, L"lblKatalogTitel"};
   Label lblKatalogInterpret{*this, L"lblKatalogInterpret"};
   Label lblKatalogDatei{*this, L"lblKatalogDatei"};
-  Shape shpStapel{*this, L"shpStapel"};  // over the file's name: how far a batch has come
+  Shape shpStapel{*this, L"shpStapel"};  // over the file's name: the progress of a batch
   Label lblKatalogLaenge{*this, L"lblKatalogLaenge"};
   Label lblRestzeitCD{*this, L"lblRestzeitCD"};
   Label lblTimeOver{*this, L"lblTimeOver"};
@@ -157,12 +158,12 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   std::unique_ptr<MMWave> MMWaveFileX1;
 
  private:
-  Text grundbild_;  // the background without a picture of the user's own
+  Text grundbild_;  // the background when the user has chosen no picture
   // start-up
   void BildschirmPruefen();
   void GrossesLayout();
   void StartAssistentZeigen();
-  MendedEdits Ausgebessert;  // by the start
+  MendedEdits Ausgebessert;  // what the start has repaired after a program was killed
   void AusgebessertZeigen();
   void Schritt(const std::function<void()>& anweisung);
   bool NochmalNachFehler(int nummer, const Text& beschreibung);
@@ -173,7 +174,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void Status(int text);
   void KnoepfeEinrichten();
   void MenueEinrichten();
-  void MMConnectorX1();  // joins player and level meter
+  void MMConnectorX1();  // connects the player with the level meter
 
   // texts
   struct TabellenKnopf {
@@ -199,13 +200,13 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   enum class Sicherung { Fertig, Abgelehnt, Abgebrochen };
   Sicherung KatalogSichern();  // asks once for a name
   bool KatalogWaehlen(int mehrere, KatalogNamen& gewaehlt);
-  void NeuerKatalog();  // an empty one, without a file yet
+  void NeuerKatalog();  // begins an empty catalog without a file
   KatalogNamen Namen() const;
   void NamenSetzen(const KatalogNamen& namen);
   KatalogNamen KatalogDialog(int modus);
-  // Number of a record that was at `nummer` and may have moved up since; 0 when it is gone.
+  // Returns the present number of a record that was at `nummer`. Removed records above it may have
+  // moved it up; 0 when the record itself was removed.
   int Wiederfinden(const KatalogEintrag& eintrag, int nummer) const;
-  Text NeuerKatalogTitel() const;
   void TitelUndInterpret(const Text& datei, const Text& datum, const Text& vorschlag, Text& titel,
                          Text& interpret);
 

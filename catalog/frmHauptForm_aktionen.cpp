@@ -1,10 +1,11 @@
-// What the buttons, the list and the menu of the main window do, as far as it is short.
+// The short handlers of the main window's buttons, list and menu.
 
-#include "app/feld.h"
 #include "app/frmAbout.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
 #include "catalog/katalog_datei.h"
@@ -22,8 +23,7 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
-constexpr int kNachlaufMs = 250;  // until a preview that was stopped is silent
+constexpr int kNachlaufMs = 250;  // until a stopped preview is silent
 
 }  // namespace
 
@@ -32,7 +32,7 @@ void frmHauptForm::imgExtras_MouseUp() {
   prog.ZeigeModal(prog.frmExtrasMenue.Laden());
 }
 
-// The window closes by its own buttons, and then gives this one back to the user.
+// The cover window has its own buttons to close; closing it enables this window again.
 void frmHauptForm::imgPrintCover_MouseUp() {
   if (lvwKatalog.ListItems.empty()) {
     prog.MsgBoxen(LoadResString(8059), kHinweis);
@@ -68,7 +68,7 @@ void frmHauptForm::imgTitel_MouseUp() {
   MedleyFunktion();
 }
 
-// The medley is the whole run of rows from the first selected one to the last.
+// The medley consists of all rows from the first selected one to the last selected one.
 void frmHauptForm::MedleyFunktion() {
   if (!prog.frmCDBrennen().optDiscAtOnce.Enabled &&
       prog.MsgBoxen(LoadResString(8007) + LoadResString(8008), kJaNein) != kJa) {
@@ -102,7 +102,8 @@ void frmHauptForm::MedleyFunktion() {
   Window.Enabled = false;
   Jedenfalls([&] { prog.Zeigen(*prog.frmMedley.Laden()); },
              [&] {
-               // A window that could not open must not leave a program without one.
+               // If the medley window could not open, the main window is enabled again, so that the
+               // user can go on.
                if (!prog.frmMedley.Geladen() || !prog.frmMedley().Visible()) Window.Enabled = true;
                prog.plattform.schleife.MousePointer(Pointer::Normal);
              });
@@ -196,7 +197,7 @@ void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
   prog.NeuPause.clear();
   prog.DialogBestaetigt = false;
   prog.ZeigeModal(fenster);
-  // Rows that lost their file meanwhile are gone, and the others have moved up.
+  // Rows may have lost their files and been removed meanwhile, so the other rows may have moved up.
   const int nummer = Wiederfinden(gemeint, AktuellerTitel);
   if (fenster->Abbruch || nummer == 0) return;
   AktuellerTitel = Ganz16(nummer);
@@ -244,7 +245,7 @@ void frmHauptForm::KatalogDatenAendern(bool ohneUndo) {
 
 void frmHauptForm::imgLiedKatalog_MouseUp() {
   PlayWaveNormal(L"");
-  KatalogNamen quelle;  // not the catalog that is open, so its names are not taken
+  KatalogNamen quelle;  // of another catalog, so the open catalog keeps its own names
   if (!KatalogWaehlen(8035, quelle)) return;
   prog.KatalogGeaendert = true;
   KatalogGeladen = true;
@@ -277,7 +278,7 @@ void frmHauptForm::LiedAusKatalogImport() {
   KatalogShow();
 }
 
-// The first wave file of the list that is not there ends the burning before it starts.
+// If a wave file of the list does not exist, the first such file is reported and nothing is burnt.
 bool frmHauptForm::BrennDateienPruefen() {
   for (std::size_t i = 1; i < prog.BrennDateien.size(); ++i) {
     if (prog.DateiExistiert(prog.BrennDateien[i])) continue;
@@ -320,7 +321,7 @@ void frmHauptForm::imgBrennen_MouseUp() {
   }
   brennen->optTrackAtOnce.SetValue(true);
   for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
-    // A crossfade has no gap, so a catalog with one goes out as one piece where the drive can.
+    // A crossfade has no gap, so a catalog with a crossfade is burnt disc-at-once if the drive can.
     if (!brennen->optDiscAtOnce.Enabled || prog.Katalog[i].Ueberblendet == 0) continue;
     brennen->optDiscAtOnce.SetValue(true);
     break;

@@ -1,28 +1,28 @@
-// The list of the catalog: how it is rebuilt and repaired, and the preview.
+// The list of the catalog, how it is rebuilt and repaired, and the preview.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
 #include "mixer/frmMixer.h"
+
+#include "platform/cd_sound.h"
 
 namespace vantora {
 
 namespace {
 
 constexpr Color kGruen = Rgb(0, 255, 0), kRot = Rgb(255, 0, 0);
-constexpr double kMB = 1024.0 * 1024.0;
 constexpr double kKuerzesteLaengeMs = 2000.0;
 constexpr std::int64_t kUeberLaengeMs = 4440001;  // a little over 74 minutes
-constexpr std::int64_t kKnapperRestMs = 960000;   // 16 minutes, the limit right after opening
+constexpr std::int64_t kKnapperRestMs = 960000;   // 16 minutes, right after opening
 constexpr std::int64_t kMsJeMinute = 60000;
 constexpr int kLetzteMixerLinie = 4;
 constexpr int kLeiserPegel = 4001, kHoerbarerPegel = 50;
 constexpr int kAnlaufMs = 100;
-constexpr std::int64_t kWerteJeSekunde = 88200;  // of both sides together
-constexpr std::int64_t kFrameBytes = 4;
+constexpr std::int64_t kWerteJeSekunde = 88200;  // samples of both channels
 
 }  // namespace
 
@@ -56,8 +56,8 @@ void frmHauptForm::PauseBestimmen(int i) {
   if (i == letzter) e.PauseSperre = L"0";
 }
 
-// Takes over what changed in the wave file since the record was written. The length is compared
-// with one computed from whole MB, so it is taken anew nearly always.
+// Takes over changes of the wave file since the record was written. The old length is compared with
+// one computed from whole MB, so nearly every call reads the length again.
 void frmHauptForm::DateiNachlesen(KatalogEintrag& e, const Text& datei, const WaveBefund& befund) {
   Weiter([&] {
     const std::int64_t bytes =
@@ -66,7 +66,7 @@ void frmHauptForm::DateiNachlesen(KatalogEintrag& e, const Text& datei, const Wa
     if (mb != e.GroesseMB) e.GroesseMB = mb;
   });
   Weiter([&] {
-    bool gleich = false;  // a text that is no number differs, too
+    bool gleich = false;  // stays false for a text that is no number
     Weiter([&] { gleich = Abgeschnitten(Val(e.Laenge.Ganz())) == BytesNachMs(e.GroesseMB * kMB); });
     if (!gleich) {
       e.Laenge = ZahlText(befund.Gueltig ? befund.LaengeMs : WaveLaenge(*MMWaveFileX1, datei));
@@ -86,7 +86,8 @@ void frmHauptForm::ZeileFuellen(int i, const Text& datei, const WaveBefund& befu
   const bool existiert = befund.Gueltig || prog.DateiExistiert(datei);
   if (existiert) DateiNachlesen(e, datei, befund);
   const bool letzte = i == UBound(prog.Katalog);
-  zeile.SetSubItems(8, LoadResString(existiert ? 2 : 3));  // the last column first: one allocation
+  // The last column first, so that memory is allocated once.
+  zeile.SetSubItems(8, LoadResString(existiert ? 2 : 3));
   zeile.SetSubItems(0, e.Ueberblendet == -1 ? L"X" : L" ");
   zeile.SetSubItems(1, Format(i, L"00"));
   zeile.SetSubItems(2, e.Titel.Getrimmt());
@@ -97,13 +98,13 @@ void frmHauptForm::ZeileFuellen(int i, const Text& datei, const WaveBefund& befu
   zeile.SetSubItems(7, datei);
 }
 
-// Selects and removes the rows whose file can't go onto a disc; false when all of them can.
+// Selects and removes the rows whose file can't be burnt; returns true when it removed any.
 bool frmHauptForm::UngueltigeEntfernen(const std::vector<WaveBefund>& befunde) {
   bool gefunden = false;
   for (int i = 1; i <= UBound(prog.Katalog); ++i) {
     const KatalogEintrag& e = Element(prog.Katalog, i);
     bool brauchbar = befunde[static_cast<std::size_t>(i)].Gueltig;
-    // A file whose edit waits for its disk is not what it seems.
+    // A file whose edit is not finished looks damaged, but its row stays.
     if (!brauchbar && prog.plattform.edits.Needs(e.Datei.Getrimmt())) continue;
     brauchbar = brauchbar &&
                 Weiter([&] { brauchbar = Val(e.Laenge.Ganz()) >= kKuerzesteLaengeMs; }) &&
@@ -121,7 +122,7 @@ bool frmHauptForm::UngueltigeEntfernen(const std::vector<WaveBefund>& befunde) {
 void frmHauptForm::KatalogShow() {
   EventLoop& schleife = prog.plattform.schleife;
   schleife.MousePointer(Pointer::Hourglass);
-  std::vector<WaveBefund> befunde;  // one look at a file serves its row and its right to stay
+  std::vector<WaveBefund> befunde;  // each file is examined once, for its row and for the removal
   do {
     Weiter([&] { KatalogNeu(); });
     Text titel, interpret;
@@ -134,7 +135,8 @@ void frmHauptForm::KatalogShow() {
       befunde.push_back(WavePruefen(prog.plattform, *MMWaveFileX1, datei));
       Weiter([&] { ZeileFuellen(i, datei, befunde.back()); });
     }
-    const KatalogEintrag& quelle = prog.Katalog.back();  // the last track, or the head alone
+    // The last track, or record 0 of an empty catalog.
+    const KatalogEintrag& quelle = prog.Katalog.back();
     titel = quelle.KatalogTitel.Getrimmt();
     interpret = quelle.KatalogInterpret.Getrimmt();
     if (anzahl == 0 || !titel.empty()) lblKatalogTitel.Caption = titel;
@@ -163,7 +165,8 @@ void frmHauptForm::RestzeitZeigen(std::int64_t restMs, bool gruen) {
   lblRestzeitCD.Caption = LoadResString(8071) + RestText(restMs);
 }
 
-// Right after opening, time counts as short already when little of it is left.
+// Right after opening, the remaining time is already shown as short when less than 16 minutes
+// remain.
 void frmHauptForm::ZeigeLaengeNachOeffnen() {
   Text text;
   const std::int64_t gesamt = KatalogLaengeBerechnen(text);
@@ -173,7 +176,7 @@ void frmHauptForm::ZeigeLaengeNachOeffnen() {
   ObInZeitGrenzen(gesamt);
 }
 
-// A preview that nobody could hear is worth a question.
+// The user is asked when the mixer would make the preview inaudible.
 void frmHauptForm::MixerFragen() {
   vantora::frmMixer& mixer = prog.frmMixer();
   for (int i = 1; i <= kLetzteMixerLinie; ++i) {
@@ -182,7 +185,7 @@ void frmHauptForm::MixerFragen() {
     if (linie.Mute() && prog.MsgBoxen(LoadResString(27000), kJaNein) == kJa) linie.SetMute(false);
     const bool leise =
         linie.Volume() < kLeiserPegel && prog.MsgBoxen(LoadResString(27001), kJaNein) == kJa;
-    // A fader brings its box to the card with its value, so the box has to be true first.
+    // Setting a fader's value also sends its mute box to the sound card, so the box is set first.
     mixer.Fader(i).Mute = linie.Mute() ? 1 : 0;
     if (leise) mixer.Fader(i).Value = kHoerbarerPegel;
     return;
@@ -195,7 +198,8 @@ void frmHauptForm::PlayWaveNormal(const Text& datei) {
   const Text endung = Ucase(Rechts(datei, 4));
   if (!existiert) {
     Level.Active = false;
-    Level.PeakLeft = Level.PeakRight = 0;  // it is switched on again with the window's next focus
+    // The meter is switched on again when the window gets the focus next.
+    Level.PeakLeft = Level.PeakRight = 0;
     WavePlayer->Stop();
   } else {
     Level.Active = true;

@@ -1,9 +1,10 @@
-// The buttons that begin with a disc or a record: copying a whole audio CD, saving its tracks, and
-// opening the recorder.
+// The buttons for discs and records: copying an audio CD, saving its tracks, and opening the
+// recorder.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
@@ -16,15 +17,13 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
-constexpr int kEinlegeMs = 1500;  // in which the drive notices its disc
+constexpr int kEinlegeMs = 1500;  // until the drive has noticed its disc
 constexpr int kAnlaufMs = 500;
-constexpr int kBrauchbar = 500;  // from this mode on the device can be used
-constexpr double kMB = 1048576;
+constexpr int kBrauchbar = 500;  // lowest mode of a usable device
 
 }  // namespace
 
-// Sets the device that reads: the one behind the drive of the settings. Its root.
+// Chooses the reading device: the drive of the settings. Returns its root.
 Text frmHauptForm::QuellLaufwerk() {
   vantora::frmKomponenten& k = prog.frmKomponenten();
   k.ACD_INIT();
@@ -42,7 +41,7 @@ Text frmHauptForm::QuellLaufwerk() {
   return k.AktCDDrive;
 }
 
-// Asks for the disc until one with tracks lies in the drive; false when the user gave up.
+// Asks for a disc until one with tracks lies in the drive; returns false when the user gives up.
 bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
   EventLoop& schleife = prog.plattform.schleife;
   vantora::frmKomponenten& k = prog.frmKomponenten();
@@ -74,7 +73,7 @@ bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
       const Text grund = fehler.empty() ? LoadResString(8026) : fehler;
       if (!frage(grund + kZeilenEnde + LoadResString(8025))) return false;
     } else if (ohneDisc()) {
-      // It was there a moment ago: the drive cannot read it.
+      // A disc was there a moment ago, so the drive cannot read it.
       if (frage(LoadResString(8026) + kZeilenEnde + LoadResString(8027))) return false;
     } else if (k.CD_Check()) {
       return true;
@@ -82,8 +81,8 @@ bool frmHauptForm::QuellDiscOeffnen(const Text& laufwerk) {
   }
 }
 
-// All tracks of the disc become targets in the temporary folder; false when they do not fit there,
-// or their paths are too long for the catalog.
+// Chooses target files for all tracks in the temporary folder. Returns false when they do not fit
+// there, or when their paths are too long for the catalog.
 bool frmHauptForm::KopieVorbereiten() {
   const Text ort = L"imgCDKopieren";
   vantora::frmKomponenten& k = prog.frmKomponenten();
@@ -116,7 +115,7 @@ bool frmHauptForm::KopieVorbereiten() {
   return ZielePassen(prog);
 }
 
-// Reads the disc into the catalog, without a question; false when not all of it came.
+// Reads the disc into the catalog without questions; returns false when a part of it is missing.
 bool frmHauptForm::KopieLesen() {
   const std::shared_ptr<vantora::frmSchreibFortschritt> fortschritt =
       prog.frmSchreibFortschritt.Laden();
@@ -134,7 +133,7 @@ bool frmHauptForm::KopieLesen() {
   return ergebnis == 0;
 }
 
-// The copy goes on as an ordinary burn of the catalog that was read.
+// Burns the catalog that was read, as the burn button does.
 void frmHauptForm::KopieBrennen() {
   lvwKatalog.ListItems.Clear();
   KatalogShow();
@@ -148,14 +147,15 @@ void frmHauptForm::KopieBrennen() {
     prog.frmCDBrennen().optDiscAtOnce.SetValue(true);
   }
   imgBrennen_MouseUp();
-  // Opening the window has chosen the method by the catalog; the user has chosen before.
+  // Opening the window chooses the method by the catalog, so the user's earlier choice is set
+  // again.
   const bool offen = prog.frmCDBrennen.Geladen() && prog.frmCDBrennen().Visible();
   if (dao && offen) prog.frmCDBrennen().optDiscAtOnce.SetValue(true);
 }
 
 void frmHauptForm::CDKopieren() {
   Weiter([&] { prog.AppLog(L"imgCDKopieren_MouseUp", L"CD-Kopieren"); });
-  std::vector<Text> alte;  // of an earlier copy that was not burnt
+  std::vector<Text> alte;  // files of an earlier copy that was not burnt
   Weiter(
       [&] { alte = prog.plattform.dateien.List(prog.Temporary_Directory.Getrimmt(), L"*.wav"); });
   if (!alte.empty() && prog.MsgBoxen(LoadResString(8084), kJaNein) != kJa) return;
@@ -173,7 +173,7 @@ void frmHauptForm::CDKopieren() {
   vantora::frmKomponenten& k = prog.frmKomponenten();
   const Text laufwerk = QuellLaufwerk();
   k.CD_Close();
-  Window.Enabled = false;  // while the drive is awaited, nothing else begins here
+  Window.Enabled = false;  // no other job may begin while the drive is awaited
   const bool bereit = QuellDiscOeffnen(laufwerk) && KopieVorbereiten();
   k.CD_Close();
   const bool gelesen = bereit && KopieLesen();
@@ -191,7 +191,7 @@ void frmHauptForm::CDKopieren() {
   KatalogNeu();
 }
 
-// A failure of any statement ends the copy, and the main window can be used again.
+// An error ends the copy, and the main window can be used again.
 void frmHauptForm::imgCDKopieren_MouseUp() {
   if (KopieLaeuft) return;
   KopieLaeuft = true;
@@ -244,7 +244,8 @@ void frmHauptForm::AufnahmeOeffnen(std::int16_t lpModus) {
   prog.LPModus = lpModus;
   Jedenfalls([&] { prog.frmAufnehmen.Laden()->Init_Aufnehmen(); },
              [&] {
-               // A recorder that could not open must not leave a program without a window.
+               // If the recorder could not open, the main window is enabled again, so that the user
+               // can go on.
                if (!prog.frmAufnehmen.Geladen() || !prog.frmAufnehmen().Visible()) {
                  Window.Enabled = true;
                }

@@ -1,8 +1,8 @@
-// The way into the wave editor, and the batch that applies its effects to many tracks.
+// Opening the wave editor, and the batch that applies its effects to many tracks.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "waveeditor/frmWaveEditor.h"
 
@@ -31,7 +31,8 @@ void frmHauptForm::imgWaveEdit_MouseUp() {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.WaveEditorDatei = datei;
   Window.Enabled = false;
-  // One that was only half made is of no use to the next press.
+  // If opening fails, the half-built editor is unloaded, so that the next press starts with a new
+  // one.
   Jedenfalls([this] { prog.ZeigeModal(prog.frmWaveEditor.Laden()); },
              [this] { prog.frmWaveEditor.Entladen(); });
   Window.Enabled = true;
@@ -55,7 +56,8 @@ void frmHauptForm::mnuWaveAssistent_Click() {
     prog.MsgBoxen(LoadResString(8060), kHinweis);
     return;
   }
-  // Before the question: when its box has gone the list is made anew, and one row is selected.
+  // The files are collected before the question: when the message box closes, the list is rebuilt
+  // and only one row is selected.
   std::vector<Text> dateien;
   for (int i = 1; i <= lvwKatalog.ListItems.Count(); ++i) {
     const ListItem& zeile = lvwKatalog.ListItems(i);
@@ -66,7 +68,7 @@ void frmHauptForm::mnuWaveAssistent_Click() {
 }
 
 void frmHauptForm::StapelLaufen(const std::vector<Text>& dateien) {
-  // A file that cannot be written holds the batch for ever; the program can be ended even then.
+  // A file that cannot be written blocks the batch for ever, so the window can be closed even then.
   Window.Enabled = false;
   CloseWhileDisabled = true;
   prog.EditorBatch = true;
@@ -85,9 +87,9 @@ void frmHauptForm::StapelLaufen(const std::vector<Text>& dateien) {
   }
 }
 
-// What fails here must not keep the catalog locked.
+// An error here must not keep the catalog disabled.
 void frmHauptForm::StapelBeenden() {
-  if (prog.frmWaveEditor.Geladen()) {  // a file has failed
+  if (prog.frmWaveEditor.Geladen()) {  // an error left the editor open
     Weiter([&] { prog.frmWaveEditor().CloseMe(); });
     prog.frmWaveEditor.Entladen();
   }

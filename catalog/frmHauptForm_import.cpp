@@ -1,8 +1,9 @@
-// Audio files from the disk on their way into the catalog.
+// Import of audio files into the catalog.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/wave_pruefung.h"
 #include "cdinput/frmKomponenten.h"
@@ -17,10 +18,7 @@ constexpr std::size_t kLaengsterPfad = 100;
 constexpr std::size_t kMeisteTitel = 100;
 constexpr double kMindestLaengeMs = 2000.0;
 constexpr double kMindestLaengeMp3Ms = 2001.0;
-constexpr double kMB = 1024.0 * 1024.0;
 constexpr int kAbfrageMs = 500;
-constexpr int kModusMp3 = 0;
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 }  // namespace
 
@@ -87,11 +85,11 @@ frmHauptForm::Einfuhr frmHauptForm::EineDatei(const Text& datei, bool mehrere) {
 }
 
 frmHauptForm::Einfuhr frmHauptForm::WaveDatei(const Text& datei, bool mehrere, Text& fertig) {
-  // With several files the user decides whether the rest is worth going on with.
+  // If one of several files fails, the user decides whether to go on with the rest.
   const auto frage = [this](int text) {
     return prog.MsgBoxen(LoadResString(text), kJaNein) == kJa ? Einfuhr::Weiter : Einfuhr::Ende;
   };
-  // An edit that could not be finished leaves a file that looks damaged.
+  // A file whose edit could not be finished looks damaged.
   Weiter([&] { prog.plattform.edits.Ready(datei); });
   if (!CheckWaveValid(prog.plattform, *MMWaveFileX1, datei)) {
     if (mehrere) return frage(8049);
@@ -109,7 +107,7 @@ frmHauptForm::Einfuhr frmHauptForm::WaveDatei(const Text& datei, bool mehrere, T
   return Einfuhr::Fertig;
 }
 
-// A track can't stay on a CD-ROM: asks for a place on the disk and copies it there.
+// A track's file must not stay on a CD-ROM, so the user chooses a place on the disk for a copy.
 bool frmHauptForm::VonCDKopieren(Text& datei) {
   const Text quelle = datei;
   if (prog.MsgBoxen(
@@ -119,7 +117,7 @@ bool frmHauptForm::VonCDKopieren(Text& datei) {
   }
   const bool mehrere = prog.MehrfachAuswahl;
   prog.DateiHolen(kTypWave, kModusSichern, DateiNameOhnePfad(quelle));
-  prog.MehrfachAuswahl = mehrere;  // of the import, which goes on
+  prog.MehrfachAuswahl = mehrere;  // the import that goes on still has several files
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return false;
@@ -162,7 +160,7 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Datei(const Text& datei, Text& fertig) {
   Qm3Play& mp3 = prog.plattform.mp3;
   komponenten.MP3_Init();
   mp3.Open(datei, L"");
-  // What is no MP3 file has no length, so only the second test can speak of it.
+  // A file that is no MP3 file has no length, so it is reported by the second test.
   const bool lesbar = mp3.State() != kMp3Unusable;
   if (lesbar && mp3.LengthMs() < kMindestLaengeMp3Ms) {
     prog.MsgBoxen(LoadResString(8040), kHinweis);
@@ -205,7 +203,7 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Ziel(const Text& datei, Text& ziel) {
   return Einfuhr::Fertig;
 }
 
-// No target file is left when the user cancelled or the decoder failed.
+// When the user cancels or the decoder fails, the target file is deleted.
 frmHauptForm::Einfuhr frmHauptForm::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
   vantora::frmKomponenten& komponenten = prog.frmKomponenten();
   Qm3Play& mp3 = prog.plattform.mp3;
@@ -219,7 +217,7 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Konvertieren(const Text& quelle, const Te
   prog.Zeigen(*fortschritt);
   komponenten.KonvertierungsStart = prog.plattform.uhr.Ticks();
   prog.AppLog(ort, L"Open the MP3 File");
-  if (mp3.Open(quelle, ziel) != 0) {  // it has gone since it was looked at
+  if (mp3.Open(quelle, ziel) != 0) {  // the file was removed since it was examined
     mp3.Close();
     prog.frmSchreibFortschritt.Entladen();
     prog.MsgBoxen(LoadResString(8067), kHinweis, LoadResString(8057));
@@ -275,7 +273,7 @@ bool frmHauptForm::lvwKatalog_OLEDragOver(const std::vector<Text>& dateien) cons
 
 void frmHauptForm::lvwKatalog_OLEDragDrop(const std::vector<Text>& dateien) {
   for (std::size_t i = 0; i < dateien.size(); ++i) {
-    // Counted and left alone: files come in by the import button, where they are asked about.
+    // Nothing is added here: files enter by the import button, where the user is asked about them.
   }
 }
 

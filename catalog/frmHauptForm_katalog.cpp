@@ -1,9 +1,10 @@
 // The operations on the catalog: new, open, append, save, add, delete, move, undo.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/katalog_datei.h"
 #include "catalog/wave_pruefung.h"
@@ -13,8 +14,7 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kKatalogEndung = L".vtr";
-constexpr const wchar_t* kGeloescht = L"DEL";  // title of a record that is to go
-constexpr double kMB = 1024.0 * 1024.0;
+constexpr const wchar_t* kGeloescht = L"DEL";  // title of a record to be deleted
 constexpr int kKnappeMinuten = 74;
 constexpr std::int16_t kUeblichePause = 2;  // seconds
 
@@ -43,8 +43,8 @@ void frmHauptForm::NeuerKatalog() {
   prog.Last_Catalogue_Name = L"";
 }
 
-// A user who wants his work saved must not lose it to a slip in the dialog, so the dialog comes
-// again until the catalog is saved or the dialog is cancelled.
+// A mistake in the dialog must not lose the user's changes, so the dialog comes again until the
+// catalog is saved or the dialog is cancelled.
 void frmHauptForm::KatalogGeaendertFragen() {
   if (!prog.KatalogGeaendert) return;
   if (prog.MsgBoxen(LoadResString(8006), kFrage, LoadResString(0)) != kJa) return;
@@ -69,8 +69,8 @@ void frmHauptForm::NamenSetzen(const KatalogNamen& namen) {
   lblKatalogDatei.Caption = namen.Datei;
 }
 
-// The file dialog takes the name that was chosen for the catalog's own. That waits until the work
-// on the file is done, so that neither a refusal nor an error leaves the catalog a wrong name.
+// The file dialog makes the chosen name the catalog's own. Here the old name is kept until reading
+// or writing has succeeded, so that a refusal or an error leaves the catalog its name.
 frmHauptForm::KatalogNamen frmHauptForm::KatalogDialog(int modus) {
   const KatalogNamen vorher = Namen();
   prog.DateiHolen(kTypKatalog, modus);
@@ -103,8 +103,8 @@ void frmHauptForm::imgKatalogSpeichern_MouseUp() {
   KatalogSichern();
 }
 
-// Asks for a catalog that can be read; false when none was chosen. What is missing is reported, by
-// `mehrere` when several were chosen at once.
+// Asks for a catalog that can be read; returns false when none was chosen. A missing file is
+// reported, with text number `mehrere` when several files were chosen.
 bool frmHauptForm::KatalogWaehlen(int mehrere, KatalogNamen& gewaehlt) {
   gewaehlt = KatalogDialog(kModusOeffnen);
   if (prog.DialogAbbruch) {
@@ -127,9 +127,9 @@ void frmHauptForm::imgKatalogÖffnen_MouseUp() {
   KatalogNamen gewaehlt;
   if (!KatalogWaehlen(8036, gewaehlt)) return;
   const Text datei = prog.GewaehlteDatei;
-  KatalogGeaendertFragen();  // may run the file dialog for the catalog that is left
+  KatalogGeaendertFragen();  // may change GewaehlteDatei by the file dialog
   prog.GewaehlteDatei = datei;
-  // Read before the present catalog goes: a file that can't be read costs nothing.
+  // The file is read before the present catalog is dropped, so an unreadable file loses nothing.
   KatalogFeld katalog;
   KatalogLesen(prog.plattform.dateien, datei, katalog);
   KatalogInitialisieren();
@@ -175,7 +175,7 @@ std::int64_t frmHauptForm::KatalogLaengeBerechnen(Text& text) const {
     const Text laenge = e.Laenge.Ganz();
     gesamt += Abgeschnitten(Val(laenge));
     // The last two digits of a full ten-character length are added once more: the catalog's total
-    // is defined so, and the shown times of saved catalogs rest on it.
+    // is defined so, and the times shown for saved catalogs depend on it.
     gesamt += Abgeschnitten(Val(Rechts(laenge, 2)));
     if (i < letzter) gesamt += e.DateiBytes * std::int64_t{1000};
   }
@@ -258,7 +258,7 @@ void frmHauptForm::KatalogTitelSuchen(const Text& datei, const Text& datum, Text
   }
   for (const Text& name : namen) {
     KatalogFeld katalog;
-    // A file that is no catalog can't know the track; the others still may.
+    // A file that is no catalog is skipped, because another file may still hold the track.
     Weiter([&] { KatalogLesen(dateien, AddBackslash(ordner) + name, katalog); });
     for (std::size_t i = 1; i < katalog.size(); ++i) {
       const KatalogEintrag& e = katalog[i];
@@ -286,11 +286,11 @@ void frmHauptForm::KatRowDelete() {
     const Text nummer = ZahlText(zeilen.front());
     const Text titel = gemeint.front().Titel.Getrimmt();
     const Text frage = zeilen.size() > 1 ? LoadResString(8061)
-                                         : LoadResString(8062) + nummer + L"\r\n" +
+                                         : LoadResString(8062) + nummer + kZeilenEnde +
                                                LoadResString(8020) + titel + LoadResString(8063);
     if (prog.MsgBoxen(frage, kJaNein) != kJa) return;
-    // The box may have cost rows: what has lost its file leaves the list when the window gets the
-    // focus back.
+    // Rows may have been removed while the message box was open: when the window gets the focus
+    // back, tracks without a file leave the list. So the rows are looked up again.
     for (std::size_t i = 0; i < zeilen.size(); ++i) zeilen[i] = Wiederfinden(gemeint[i], zeilen[i]);
     std::erase(zeilen, 0);
     if (zeilen.empty()) return;
@@ -340,7 +340,7 @@ void frmHauptForm::imgMove_MouseUp(int index) {
   KatalogLastStepSave();
   const int schritt = index == 0 ? -1 : 1;
   int ziel = AktuellerTitel + schritt;
-  // A block of crossfaded tracks is jumped as a whole.
+  // A block of crossfaded tracks is skipped as a whole.
   while (ziel >= 1 && ziel <= letzter && ueberblendet(ziel)) ziel += schritt;
   if (ziel < 1 || ziel > letzter) return;
   const std::int16_t alt = AktuellerTitel;
@@ -348,7 +348,7 @@ void frmHauptForm::imgMove_MouseUp(int index) {
   SetNewPos(alt, neu);
   AktuellerTitel = neu;
   for (const std::int16_t zeile : {std::int16_t{1}, alt, neu}) {
-    // Rows that have lost their file are gone by now.
+    // A row may have lost its file and be gone by now.
     Weiter([&] { lvwKatalog.ListItems(zeile).SetSelected(zeile == neu); });
   }
 }

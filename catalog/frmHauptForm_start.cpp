@@ -1,9 +1,9 @@
-// The way from the splash window to the first action of the user.
+// The start from the splash window to the user's first action.
 
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
@@ -22,8 +22,8 @@ constexpr int kFehlerBox = 50;
 
 }  // namespace
 
-// Runs one statement under the one error handler of the start: the user may end the program, try
-// the statement again, or go on behind it.
+// Runs one statement of the start. On an error the user may end the program, repeat the statement,
+// or go on with the next one.
 void frmHauptForm::Schritt(const std::function<void()>& anweisung) {
   for (;;) {
     try {
@@ -31,7 +31,7 @@ void frmHauptForm::Schritt(const std::function<void()>& anweisung) {
       return;
     } catch (const Laufzeitfehler& fehler) {
       if (!NochmalNachFehler(fehler.Nummer, fehler.Beschreibung)) return;
-    } catch (const std::exception& fehler) {  // a library's own, which nobody has translated
+    } catch (const std::exception& fehler) {  // a library error, not translated
       const std::string was = fehler.what();
       if (!NochmalNachFehler(kFehlerUngueltigerAufruf, Text(was.begin(), was.end()))) return;
     }
@@ -117,7 +117,7 @@ void frmHauptForm::StartOptionen() {
   Schritt([&] { Status(1103); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastDir"); });
   Schritt([&] { prog.LoadLastDir(); });
-  // Before anything looks at the user's waves.
+  // Unfinished edits are mended before any file of the user's is examined.
   Schritt([&] { Ausgebessert = prog.plattform.edits.Mend(); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastCatalog"); });
   Schritt([&] { LoadLastCat(); });
@@ -156,7 +156,7 @@ void frmHauptForm::StartBrenner() {
   });
 }
 
-// What the start has found of a program that was killed in the middle of an edit or a burn.
+// Reports edits and burns that a killed program had left unfinished.
 void frmHauptForm::AusgebessertZeigen() {
   const MendedEdits fund = std::exchange(Ausgebessert, {});
   const std::pair<int, const std::vector<Text>&> listen[] = {{30092, fund.Finished},

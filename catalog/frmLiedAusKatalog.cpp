@@ -1,7 +1,7 @@
 #include "catalog/frmLiedAusKatalog.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "catalog/frmHauptForm.h"
 
 namespace vantora {
@@ -36,7 +36,7 @@ void frmLiedAusKatalog::SetTexte() {
   imgHelp.ToolTipText = LoadResString(1);
 }
 
-// Long lines are cut off in the list; the tooltip has the whole one.
+// The list cuts off long lines, so the tooltip shows the whole line.
 void frmLiedAusKatalog::lstLiedAusKatalog_Click() {
   const int zeile = lstLiedAusKatalog.ListIndex;
   if (zeile >= 0) lstLiedAusKatalog.ToolTipText = lstLiedAusKatalog.List(zeile);

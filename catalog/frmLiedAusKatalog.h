@@ -1,4 +1,4 @@
-// The tracks of another catalog, from which some are taken into the present one.
+// The tracks of another catalog, of which the user takes some into the present one.
 #pragma once
 
 #include "app/fenster.h"

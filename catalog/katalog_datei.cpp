@@ -1,6 +1,6 @@
 #include "catalog/katalog_datei.h"
 
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
 
 #include <algorithm>
 #include <string>
@@ -12,7 +12,7 @@ namespace {
 constexpr std::int32_t kMeisteTracks = 32767;
 constexpr std::int64_t kKopf = 4, kKuerzesterEintrag = 822;  // bytes
 
-// Walks one record: the same list of fields serves both directions.
+// Passes all fields of one record to `weg`; reading and writing share this list.
 template <typename Weg, typename Eintrag>
 void AlleFelder(Weg& weg, Eintrag& e) {
   weg.Zahl(e.Ueberblendet);
@@ -86,27 +86,22 @@ class Schreiber {
 
 }  // namespace
 
-int UBound(const KatalogFeld& feld) {
-  if (feld.empty()) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
-  return static_cast<int>(feld.size()) - 1;
-}
-
 void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
   const auto offen = dateien.Open(datei, Zugriff::Lesen);
   Leser leser(*offen);
   std::int32_t anzahl = 0;
   leser.Zahl(anzahl);
   if (anzahl < 0) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
-  // More tracks than the program can number, and more than the file has room for: no catalog, and
-  // nothing of it is read.
+  // The count is higher than the program can number and than the file has room for, so this is no
+  // catalog, and nothing of it is read.
   if (anzahl > kMeisteTracks &&
       kKopf + (std::int64_t{anzahl} + 1) * kKuerzesterEintrag > offen->Length()) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
   }
   ziel.assign(1, KatalogEintrag{});
   AlleFelder(leser, ziel.front());
-  // The field grows as whole records come in, so that what was read before a failure is a catalog
-  // that one can go on with.
+  // The field grows with each whole record, so that after an error the records read so far are a
+  // usable catalog.
   for (std::int32_t i = 0; i < anzahl; ++i) {
     KatalogEintrag eintrag;
     AlleFelder(leser, eintrag);
@@ -119,7 +114,8 @@ void KatalogSchreiben(Dateien& dateien, const Text& datei, const KatalogFeld& ka
   schreiber.Zahl(static_cast<std::int32_t>(UBound(katalog)));
   for (const KatalogEintrag& eintrag : katalog) AlleFelder(schreiber, eintrag);
   Text entwurf = datei + L".tmp";
-  while (Weiter([&] { dateien.FileLen(entwurf); })) entwurf += L"~";  // somebody's file
+  // A file of that name exists already.
+  while (Weiter([&] { dateien.FileLen(entwurf); })) entwurf += L"~";
   try {
     dateien.Open(entwurf, Zugriff::Neu)->Write(schreiber.Bytes().data(), schreiber.Bytes().size());
     dateien.FileCopy(entwurf, datei);

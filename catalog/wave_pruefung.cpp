@@ -1,7 +1,10 @@
 #include "catalog/wave_pruefung.h"
 
 #include "app/dienste.h"
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
+#include "klang/klang_frame.h"
+
+#include "platform/cd_sound.h"
 
 #include <cstring>
 
@@ -9,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kRiffKopf = 8;             // the RIFF size leaves out itself and the mark
+constexpr std::int64_t kRiffKopf = 8;  // the size in the header does not count these bytes
 constexpr std::uint32_t kLaengsterFremder = 200;  // bytes of a foreign chunk before the data
 
 bool Marke(Datei& datei, const char* soll) {
@@ -53,13 +56,13 @@ bool DatenGefunden(Datei& datei, std::int64_t bytes) {
 WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei) {
   WaveBefund befund;
   Weiter([&] {
-    wave.Open(datei);  // must be there
-    const bool tauglich =
-        wave.BitsPerSample() == 16 && wave.SampleRate() == 44100 && wave.StereoMode() == 1;
+    wave.Open(datei);  // raises an error if the file does not exist
+    const bool tauglich = wave.BitsPerSample() == kSampleBits && wave.SampleRate() == kSampleRate &&
+                          wave.StereoMode() == 1;
     befund.LaengeMs = static_cast<double>(wave.Samples()) / kFramesJeMs;
     wave.Close();
     if (!tauglich) return;
-    // For writing too: a read-only or locked file is not usable.
+    // The file is opened for writing too, because a read-only or locked file is not usable.
     const auto offen = plattform.dateien.Open(datei, Zugriff::Binaer);
     befund.Bytes = offen->Length();
     befund.Datum = offen->DateTime();

@@ -1,4 +1,4 @@
-// Is a file on the disk a wave file that an audio CD can take?
+// Checks whether a file is a wave file that an audio CD can take.
 #pragma once
 
 #include "platform/mmtools.h"
@@ -8,22 +8,20 @@
 
 namespace vantora {
 
-// What one look at a file found.
+// The result of examining a file once.
 struct WaveBefund {
   bool Gueltig = false;
   double LaengeMs = 0;     // of a valid file; not rounded
   std::int64_t Bytes = 0;  // of a valid file
-  Text Datum;              // of its last change
+  Text Datum;              // time stamp of the file
 };
 
-// Valid is a file of 44.1 kHz, 16 bit, stereo, writable, with a header that agrees with the file.
-// Every error on the way counts as an unusable file.
+// A valid file has 44.1 kHz, 16 bit, stereo, is writable, and has a header that agrees with the
+// file. Every error while checking counts as an unusable file.
 WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei);
 bool CheckWaveValid(Plattform& plattform, MMWave& wave, const Text& datei);
 
-// Length in ms, not rounded. Raises what opening raises.
+// Length in ms, not rounded. Raises the errors of opening.
 double WaveLaenge(MMWave& wave, const Text& datei);
-
-inline constexpr double kFramesJeMs = 44.1;
 
 }  // namespace vantora

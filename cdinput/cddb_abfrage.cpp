@@ -1,7 +1,7 @@
-// What is sent to a CDDB server, to whom, and in which order.
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+// The requests to a CDDB server: their texts, their addressee, and their order.
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/cddb_verbindung.h"
 #include "cdinput/clsCCd.h"
 
@@ -13,19 +13,19 @@ namespace {
 
 constexpr double kPortHTTP = 80;
 constexpr double kCodeGefunden = 200, kCodeMehrere = 211;
-constexpr std::size_t kSuchbereich = 255;  // characters of the first answer that are looked through
+constexpr std::size_t kSuchbereich = 255;  // most characters taken from the first answer
 
 struct Ziel {
   Text Host;
   std::int16_t Port;
 };
 
-// The port's number fits the signed field of an address: what lies above 32767 turns negative.
+// An address has a signed port field, so port numbers above 32767 become negative.
 std::int16_t PortFeld(double port) {
   return Ganz16(port > 32767 ? port - 65536 : port);
 }
 
-// Where the connection goes. Raises error 6 for a port that no machine has.
+// Returns host and port of the connection. Raises error 6 when the port number is too large.
 Ziel ZielVon(const CDDBAnfrage& anfrage) {
   if (!anfrage.Proxy.empty()) return {anfrage.Proxy, PortFeld(Val(anfrage.ProxyPort))};
   const auto trenner = anfrage.Server.rfind(L':');
@@ -39,13 +39,13 @@ Text Anforderung(const CDDBAnfrage& anfrage, const Text& befehl) {
       anfrage.Benutzer + L"+" + anfrage.Rechner + L"+" + anfrage.Programm + L"+" + anfrage.Version;
   const Text zeile = (proxy ? L"http://" + anfrage.Server : Text()) + L"/~cddb/cddb.cgi?cmd=" +
                      befehl + L"&hello=" + hello + L"&proto=4 HTTP/1.1\r\n";
-  // Servers of this protocol answer a direct request without the name of the host.
+  // For direct requests, servers of this protocol do not need the name of the host.
   const Text kopf = proxy ? L"Host: " + anfrage.Server + L"\r\nProxy-Connection: Keep-Alive\r\n"
                           : Text(L"Connection: Keep-Alive\r\n");
   return L"GET " + zeile + kopf + L"\r\n";
 }
 
-// Takes the header off an answer; false when the answer has none, and stays as it was.
+// Removes the header of an answer. Returns false and changes nothing when there is no header.
 bool KopfAbschneiden(Text& antwort) {
   const Text grenze = L"\r\n\r\n";
   const auto ende = antwort.find(grenze);
@@ -56,12 +56,12 @@ bool KopfAbschneiden(Text& antwort) {
 
 double CodeVon(const Text& antwort) {
   double code = 0;
-  Weiter([&] { code = Val(antwort); });  // a number too large for any field is no code
+  Weiter([&] { code = Val(antwort); });  // a number that is too large is no code
   return code;
 }
 
-// "200 rock 0b012a02 Title" gives "rock+0b012a02". What is no printable character ends it too: the
-// text becomes part of a request, where a line's end would begin a line of the server's own.
+// "200 rock 0b012a02 Title" gives "rock+0b012a02". A control character ends the result too: the
+// result becomes part of a request, where a line end would let the server add a line of its own.
 Text TitelBefehl(const Text& antwort) {
   Text wahl;
   int leer = 0;
@@ -95,8 +95,8 @@ void clsCCd::CDDBAbfrage(const CDDBAnfrage& anfrage, std::uint8_t& Status, std::
   Ergebnis = 0;
 }
 
-// One request and its answer: connecting, sending and reading have three statuses in a row. A
-// cancel is looked for before each of them, so that the next status does not cover it.
+// Sends one request and reads its answer. Connecting, sending and reading have three consecutive
+// statuses. Each step checks for a cancel first, so that setting the next status does not hide it.
 bool clsCCd::Fragen(const CDDBAnfrage& anfrage, const Text& befehl, std::uint8_t ersterStatus,
                     std::uint8_t& Status, Text& antwort) {
   const auto ereignisse = [&] {
@@ -110,7 +110,7 @@ bool clsCCd::Fragen(const CDDBAnfrage& anfrage, const Text& befehl, std::uint8_t
     return false;
   }
   CDDBVerbindung verbindung(plattform_, Status);
-  bool verbunden = false;  // stays so for a port that no machine has
+  bool verbunden = false;  // also for an impossible port number
   Weiter([&] {
     const Ziel ziel = ZielVon(anfrage);
     verbunden = verbindung.SocketOeffnen(ziel.Host, ziel.Port);

@@ -1,8 +1,8 @@
-// What a CDDB server tells about a disc: lines of a name and a text, each ended by CR LF.
+// The answer of a CDDB server about a disc: lines of a name and a text, each ended by CR LF.
 #include "app/dienste.h"
-#include "app/feld.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/clsCCd.h"
 
 #include <algorithm>
@@ -11,7 +11,6 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr const wchar_t* kTrenner = L" / ";  // between performer and title
 
 Text OhneSteuerzeichen(Text text) {
@@ -25,8 +24,8 @@ Text HinterGleich(const Text& zeile) {
   return gleich == Text::npos ? Text() : zeile.substr(gleich + 1);
 }
 
-// The text that a line like "TTITLE4=..." adds to, by the number behind its name. The numbers of
-// the protocol begin at 0; one that is no number counts as 0, as everywhere.
+// Returns the text that a line like "TTITLE4=..." adds to; the number behind the name selects it.
+// The protocol counts from 0; a name without a number counts as 0.
 Text& VonTrack(CDDBTexte& texte, const Text& zeile, std::size_t name) {
   const auto gleich = std::min(zeile.find(L'='), zeile.size());
   const double track = Runden(Val(zeile.substr(name, gleich - name))) + 1;
@@ -35,7 +34,7 @@ Text& VonTrack(CDDBTexte& texte, const Text& zeile, std::size_t name) {
 
 }  // namespace
 
-// False when it was cancelled.
+// Returns false when the user cancelled.
 bool clsCCd::AntwortLesen(const Text& antwort, const std::uint8_t& Status) {
   mTrackTitel = mTrackExt = mTrackInterpret = {};
   mExtD.clear();
@@ -46,7 +45,7 @@ bool clsCCd::AntwortLesen(const Text& antwort, const std::uint8_t& Status) {
     anfang = std::min(ende + 2, antwort.size());
     return zeile;
   };
-  // "210 rock 0b012a02 ...": its code is not looked at.
+  // "210 rock 0b012a02 ...": the code is ignored.
   const Text erste = naechsteZeile();
   mKategorie = erste.size() > 4 ? erste.substr(4, erste.find(L' ', 4) - 4) : Text();
   while (anfang < antwort.size()) {

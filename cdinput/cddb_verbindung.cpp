@@ -1,7 +1,7 @@
 #include "cdinput/cddb_verbindung.h"
 
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/clsCCd.h"
 
 #include <array>
@@ -10,9 +10,9 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int16_t kInternet = 2;  // the family of IPv4
+constexpr std::int16_t kInternet = 2;  // address family of IPv4
 constexpr std::uint16_t kKeinPort = 0xFFFF;
-constexpr int kStueck = 20;  // bytes a read: small, so that windows live through a slow transfer
+constexpr int kStueck = 20;  // bytes a read; few, so that windows react during a slow transfer
 
 std::string Bytes(const Text& text) {
   std::string bytes;
@@ -67,7 +67,7 @@ bool CDDBVerbindung::AdresseSuchen(const std::string& host, std::uint32_t& adres
   return Warten([&] { return plattform_.sockets.gethostbyname(host, adresse); }) == 0;
 }
 
-// A request that does not get through shows in the answer, which is then short or missing.
+// A failed send is not reported: the answer is then short or missing.
 void CDDBVerbindung::Senden(const Text& text) {
   const std::string bytes = Bytes(text);
   Warten([&] { return plattform_.sockets.send(socket_, bytes); });

@@ -1,5 +1,5 @@
-// One connection to a server: opened, one request sent, one answer read, closed. Events are
-// processed while it waits; a status of 77 ends every wait at once.
+// One connection to a server: it is opened, sends one request, reads one answer, and is closed.
+// While it waits, it processes events; the status 77 ends every wait at once.
 #pragma once
 
 #include "platform/plattform.h"
@@ -20,12 +20,12 @@ class CDDBVerbindung {
   CDDBVerbindung(const CDDBVerbindung&) = delete;
   CDDBVerbindung& operator=(const CDDBVerbindung&) = delete;
 
-  // `Port` as a signed field: 40000 is -25536. True when connected.
+  // `Port` is the signed field of an address: 40000 is -25536. Returns true when connected.
   bool SocketOeffnen(const Text& Host, std::int16_t Port);
   const Text& Gegenstelle() const { return gegenstelle_; }  // "80:127.0.0.1"
   void Senden(const Text& text);                            // in Windows-1252
-  // Everything up to the end of the connection. False for an answer longer than kMaxAntwort, of
-  // which the rest is not read.
+  // Reads everything up to the end of the connection. Returns false for an answer longer than
+  // kMaxAntwort, whose rest is not read.
   bool Lesen(Text& antwort);
   void Schliessen();
 

@@ -1,7 +1,7 @@
-// cdplayer.ini, the file in which the system's own CD player keeps the discs that it knows. It is
-// written for that player's sake and read back by nobody here.
-#include "app/weiter.h"
-#include "app/zahlen.h"
+// cdplayer.ini, the file in which the system's CD player keeps the discs that it knows. The program
+// writes it for that player and never reads it.
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/clsCCd.h"
 
 #include <algorithm>
@@ -10,9 +10,9 @@ namespace vantora {
 
 namespace {
 
-constexpr std::size_t kWertLaenge = 1000;  // characters; readers of such files cut there
+constexpr std::size_t kWertLaenge = 1000;  // characters; readers of such files cut longer values
 
-// What came from a server must stay a value, and not begin a second line.
+// A text from a server must not begin a new line of the file.
 Text AlsWert(Text text) {
   text.resize(std::min(text.size(), kWertLaenge));
   for (wchar_t& zeichen : text) {
@@ -26,7 +26,7 @@ Text AlsWert(Text text) {
 void CDPlayerIniSchreiben(Programm& prog, const Text& laufwerk, const CDDBInfo& info) {
   Text kennung;
   Weiter([&] { kennung = prog.plattform.mci.MediaIdentity(laufwerk); });
-  if (kennung.empty()) return;  // without a disc there is no section to write to
+  if (kennung.empty()) return;  // without a disc there is no section to write
   const Text abschnitt = HexText(Val(kennung));
   const Text ordner = prog.plattform.profile.GetWindowsDirectory();
   const Text datei = ordner.substr(0, ordner.find(L'\0')) + L"\\cdplayer.ini";

@@ -1,8 +1,10 @@
 #include "cdinput/clsCCd.h"
 
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmKomponenten.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -10,11 +12,10 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int32_t kFramesProSekunde = 75;
-constexpr int kBalkenBreite = 2370;  // twips, of the bar when it is full
+constexpr int kBalkenBreite = 2370;  // twips of the full bar
 constexpr int kBalkenSchritte = 6;
 
-// A time as the media control interface packs it: one byte each.
+// Unpacks a time of the media control interface: one byte each for minute, second and frame.
 TocEintrag AusMsf(std::int32_t wert) {
   const auto teil = [wert](unsigned stelle) {
     return static_cast<std::int32_t>((static_cast<std::uint32_t>(wert) >> (8 * stelle)) & 0xFFU);
@@ -27,7 +28,7 @@ std::int32_t Sekunden(const TocEintrag& eintrag) {
 }
 
 std::int32_t Frames(const TocEintrag& eintrag) {
-  return Sekunden(eintrag) * kFramesProSekunde + eintrag.Frame;
+  return Sekunden(eintrag) * kSectorsPerSecond + eintrag.Frame;
 }
 
 std::int32_t Quersumme(std::int32_t zahl) {
@@ -68,10 +69,10 @@ bool clsCCd::TocLesen() {
   }
   const std::int32_t laenge = mci.MCI_STATUS(mDevice, kMciLength, anzahl);
   if (laenge == -1) return false;
-  // The interface tells the last track one frame short.
+  // The interface returns the length of the last track one frame short.
   const std::int32_t ende = mToc[mToc.size() - 2].Offset + Frames(AusMsf(laenge)) + 1;
-  mToc.back() = {ende / kFramesProSekunde / 60, ende / kFramesProSekunde % 60,
-                 ende % kFramesProSekunde, 0};
+  mToc.back() = {ende / kSectorsPerSecond / 60, ende / kSectorsPerSecond % 60,
+                 ende % kSectorsPerSecond, 0};
   return true;
 }
 

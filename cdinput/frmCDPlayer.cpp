@@ -1,7 +1,8 @@
 #include "cdinput/frmCDPlayer.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmKomponenten.h"
@@ -12,10 +13,9 @@ namespace vantora {
 
 namespace {
 
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr const wchar_t* kLuecke = L"     ";
 constexpr const wchar_t* kAnfang = L"(00:00)";
-constexpr int kBrauchbar = 500;  // from this mode on the device can be used
+constexpr int kBrauchbar = 500;  // lowest mode of a usable device
 constexpr int kAnzeigeMs = 100;
 constexpr int kPositionMs = 500;
 
@@ -30,7 +30,8 @@ frmCDPlayer::frmCDPlayer(Programm& programm) : VtrFenster(programm, L"frmCDPlaye
   lstDriveLetter.Click = [this] { lstDriveLetter_Click(); };
   lstTracks.Click = [this] { lstTracks_Click(); };
   lstTracks.DblClick = [this] { lstTracks_DblClick(); };
-  lstTracks.Scroll = [this] { NameBeenden(); };  // it stands over its line
+  // The text field lies over a line of the list, so scrolling closes it.
+  lstTracks.Scroll = [this] { NameBeenden(); };
   lstTracks.KeyDown = [this](int taste) {
     if (taste == kKeyReturn) lstTracks_DblClick();
   };
@@ -138,7 +139,7 @@ void frmCDPlayer::LaufwerkListeFuellen() {
     Text buchstabe =
         Links(k.SCSILaufwerkSuchen(name.substr(0, 16), name.substr(20, 2), name.substr(23, 2)), 1);
     const auto platz = static_cast<std::size_t>(i);
-    // A drive that the registry does not know has its place among the CD drives.
+    // A drive that the registry does not know gets the letter of the CD drive at its position.
     if (buchstabe.empty() && platz < wurzeln.size()) buchstabe = Links(wurzeln[platz], 1);
     lstDriveLetter.AddItem(Trim(Trim(buchstabe) + L":\\ " + Trim(name)));
   }
@@ -177,7 +178,7 @@ void frmCDPlayer::lstDriveLetter_Click() {
   Window.Enabled = true;
 }
 
-// Tries the drive until a disc is open or the user has had enough.
+// Tries the drive until a disc is open or the user gives up.
 void frmCDPlayer::DiscOeffnen() {
   vantora::frmKomponenten& k = Komponenten();
   EventLoop& schleife = prog.plattform.schleife;
@@ -293,7 +294,7 @@ Text frmCDPlayer::Zeile(int track) const {
          ZahlText(CDDaten.TrackMB[i]) + LoadResString(5019) + L"  ";
 }
 
-// The lines anew; what was selected stays selected.
+// Writes all lines again and keeps the selection.
 void frmCDPlayer::ZeilenSchreiben() {
   const std::vector<int> vorher = Auswahl();
   const int zeile = lstTracks.ListIndex;
@@ -401,7 +402,7 @@ void frmCDPlayer::AuswahlZaehlen() {
 }
 
 void frmCDPlayer::lstTracks_Click() {
-  // The second click of a double click comes when the name is open already.
+  // A double click has opened the name field already when its second click arrives.
   if (Gewaehlt() != namenZeile_ + 1) NameBeenden();
   if (!Komponenten().CD_Check()) {
     prog.MsgBoxen(LoadResString(5001), kOk);
@@ -435,7 +436,7 @@ void frmCDPlayer::imgAllesWaehlen_MouseUp() {
 void frmCDPlayer::tmrCDAudio_Timer() {
   vantora::frmKomponenten& k = Komponenten();
   if (!Window.Enabled || !k.CD_Check()) return;
-  if (k.CD.Mode() == kMciStop) Spielt = Pausiert = false;  // the disc has played to its end
+  if (k.CD.Mode() == kMciStop) Spielt = Pausiert = false;  // the disc was played to its end
   int track = 0, minute = 0, sekunde = 0;
   k.CD_GetPositionTMS(track, minute, sekunde);
   txtPosition.Caption = L"(" + Format(minute, L"00") + L":" + Format(sekunde, L"00") + L")";

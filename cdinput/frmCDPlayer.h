@@ -1,6 +1,6 @@
-// The player window: the audio CD in a chosen drive, its tracks, which are played here and saved as
-// wave files, and the titles that a CDDB server knows for them. No database of this machine is
-// asked: a disc that was named before comes with default names again.
+// The player window: the audio CD in a chosen drive, with its tracks, which are played here and
+// saved as wave files, and their titles, which come from a CDDB server. The local database is not
+// used: a disc whose tracks were named before has default names when it is inserted again.
 #pragma once
 
 #include "app/fenster.h"
@@ -15,12 +15,12 @@ namespace vantora {
 
 class frmKomponenten;
 
-// One disc; tracks from index 1, 0 is unused.
+// The disc in the drive; tracks from index 1, index 0 is unused.
 struct CDDatenSatz {
   std::int32_t Laenge = 0;     // ms
   std::int32_t GroesseMB = 0;  // as wave files
   Text DiscID;
-  Text Interpret;  // of the disc, when a server told it
+  Text Interpret;  // of the disc, if a server returned it
   std::int16_t TrackAnzahl = 0;
   std::vector<std::int32_t> TrackLaenge;  // ms
   std::vector<std::int32_t> TrackMB;
@@ -35,7 +35,7 @@ class frmCDPlayer final : public VtrFenster {
   void SetTexte() override;
   bool Form_KeyDown(int taste, bool strg) override;
 
-  void Init_CDPlayer();  // after the window is shown
+  void Init_CDPlayer();  // called after the window is shown
   void GetCDInfo();
   void ShowData();
   void ListBoxAllesClicken();
@@ -43,7 +43,7 @@ class frmCDPlayer final : public VtrFenster {
   void lstDriveLetter_Click();
   void lstTracks_Click();
   void lstTracks_DblClick();
-  bool txtSongname_KeyPress(int taste);  // false: the character is refused
+  bool txtSongname_KeyPress(int taste);  // returns false when the character is refused
   void imgPlay_MouseUp();
   void imgPause_MouseUp();
   void imgStop_MouseUp();
@@ -103,7 +103,7 @@ class frmCDPlayer final : public VtrFenster {
   void AnzeigeLeeren();
   void Freigeben(bool mitDisc);
   void DatenLesen();
-  bool AndereDisc();  // another one lies in the drive than the one that is shown
+  bool AndereDisc();  // the drive now holds another disc than the one shown
   void TracksZeigen();
   Text StandardName(int track) const;
   bool HatNamen(int track) const;
@@ -113,14 +113,14 @@ class frmCDPlayer final : public VtrFenster {
   void TitelHolen();
   void TitelUebernehmen(const CDDBInfo& info);
   // playing
-  bool DiscDa();         // tells when there is none
+  bool DiscDa();         // reports a missing disc
   int Gewaehlt() const;  // the selected track that has the focus, else the first one; 0 for none
   void TrackSpielen(int track);
   void Bewegen(int schritt);
   void AuswahlZaehlen();
-  void NameUebernehmen();  // what is typed becomes the track's name
-  void NameBeenden();      // the same when something was typed
-  void NameFertig();       // without it
+  void NameUebernehmen();  // takes the typed text as the track's name
+  void NameBeenden();      // takes it only if it was changed
+  void NameFertig();       // closes the name field without taking its text
   // saving
   std::vector<int> Auswahl() const;
   Text ZielName(int track) const;
@@ -134,9 +134,9 @@ class frmCDPlayer final : public VtrFenster {
   void NachGrab();
 
   vantora::frmKomponenten& Komponenten() const;
-  int namenZeile_ = -1;               // whose name is being typed
-  std::uint8_t cddbStatus_ = 0;       // of a look-up that runs
-  std::optional<CDDBInfo> gefunden_;  // what a server told of this disc
+  int namenZeile_ = -1;               // line whose name is being typed; -1 for none
+  std::uint8_t cddbStatus_ = 0;       // of the running look-up
+  std::optional<CDDBInfo> gefunden_;  // answer of a server about this disc
 };
 
 }  // namespace vantora

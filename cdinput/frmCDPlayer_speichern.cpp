@@ -1,7 +1,8 @@
-// Saving the selected tracks: under which names, whether there is room, and what may be replaced.
+// Saving the selected tracks: their file names, the free space, and the files to replace.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"
@@ -14,12 +15,9 @@ namespace vantora {
 
 namespace {
 
-constexpr int kModusGrab = 1;
-constexpr double kMB = 1048576;
 constexpr const wchar_t* kEndung = L".wav";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
-// A title as the name of a file: what no name may hold becomes "_".
+// Makes a file name of a title; characters that no file name may have become "_".
 Text AlsDateiName(Text name) {
   for (wchar_t& zeichen : name) {
     const bool verboten = zeichen < L' ' || Text(L"\"*\\/:?<>|").find(zeichen) != Text::npos;
@@ -29,7 +27,7 @@ Text AlsDateiName(Text name) {
   return Trim(name);
 }
 
-// What tells two targets apart: neither a blank nor the case of a letter does.
+// Two targets are the same file when only blanks or the case of letters differ.
 Text AlsDatei(Text name) {
   ZeichenErsetzen(name, L' ', L'_');
   return Ucase(name);
@@ -56,8 +54,8 @@ Text frmCDPlayer::ZielName(int track) const {
   return Trim(Links(AlsDateiName(TrackName[static_cast<std::size_t>(track)]), platz)) + kEndung;
 }
 
-// The target of a track, entered among those that are taken. One whose own name is taken gets the
-// default name, with a number behind it when that is taken too.
+// Returns the file name of a track and enters it in `vergeben`. If the track's own name is taken,
+// the track gets the default name, with a number when that is taken too.
 Text frmCDPlayer::FreierName(int track, std::set<Text>& vergeben) const {
   Text name = ZielName(track);
   if (!HatNamen(track)) return name;
@@ -71,7 +69,8 @@ void frmCDPlayer::imgSpeichern_MouseUp() {
   KnopfBild(imgSpeichern);
   NameBeenden();
   if (!Komponenten().CD_Check() || lstTracks.SelCount() == 0) return;
-  // Under the names of the disc that was here before, nothing of another one is saved.
+  // The names belong to the disc that was here before, so the tracks of another disc are not saved
+  // under them.
   if (AndereDisc()) {
     lstDriveLetter_Click();
     return;
@@ -99,8 +98,8 @@ void frmCDPlayer::Grabben() {
   SaveWave(prog);
 }
 
-// The disc can be played again, unless the window was closed while the reader ended its cancelled
-// read: then nobody would close the drive.
+// Opens the disc for playing again. If the window was closed while a cancelled read was ending, the
+// drive stays closed, because nothing would close it later.
 void frmCDPlayer::NachGrab() {
   if (!Visible()) return;
   Komponenten().CD_Open(Laufwerk());
@@ -108,7 +107,7 @@ void frmCDPlayer::NachGrab() {
   tmrCDAudio.Enabled = true;
 }
 
-// False when there is no room or the user has changed his mind.
+// Returns false when there is no room or the user declines.
 bool frmCDPlayer::ZieleBestimmen() {
   AuswahlZaehlen();
   prog.GrabTracks.clear();
@@ -131,7 +130,7 @@ bool frmCDPlayer::ZieleBestimmen() {
   return prog.GrabTracks.size() == 1 ? EinZiel() : MehrereZiele();
 }
 
-// The file gets "_" for the blanks of its name in the end, so one of that name counts as well.
+// In the end the file gets "_" for each blank of its name, so a file of that name counts as well.
 bool frmCDPlayer::ErsetzenFragen(const Text& pfad) {
   if (!prog.DateiExistiert(pfad) && !prog.DateiExistiert(OhneLeerzeichen(pfad))) return true;
   return prog.MsgBoxen(
@@ -147,7 +146,7 @@ bool frmCDPlayer::MehrereZiele() {
                      [this](const Text& datei) { return ErsetzenFragen(datei); });
 }
 
-// Runs the file dialog; false when it was cancelled.
+// Runs the file dialog; returns false when it was cancelled.
 bool frmCDPlayer::DateiFragen(const Text& vorschlag) {
   prog.DialogModus = kModusSichern;
   prog.DialogMuster = Text(L"*") + kEndung;

@@ -1,7 +1,7 @@
-// The names of the tracks: asked from a CDDB server, or typed over a line of the list.
+// The names of the tracks: fetched from a CDDB server, or typed over a line of the list.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
@@ -13,11 +13,10 @@ namespace vantora {
 
 namespace {
 
-constexpr int kModusGrab = 1;
 constexpr int kAnlaufMs = 500;
 constexpr wchar_t kApostroph = L'\'', kAkut = L'´';
 
-// What the user is told of a look-up that failed; 0 for nothing.
+// The number of the message for a failed look-up; 0 for no message.
 int Meldung(std::uint8_t status) {
   switch (status) {
     case kCDDBMehrere:
@@ -32,7 +31,7 @@ int Meldung(std::uint8_t status) {
   }
 }
 
-// The name under which a track that a server knows is shown; blank for one without a title.
+// The shown name of a track that a server knows; blank for a track without a title.
 Text NameAus(const CDDBInfo& info, std::size_t track) {
   const Text titel = Trim(info.TrackTitel[track]), interpret = Trim(info.TrackInterpret[track]);
   return titel.empty() || interpret.empty() ? titel : titel + L": " + interpret;
@@ -60,20 +59,20 @@ void frmCDPlayer::TitelHolen() {
   std::int16_t ergebnis = 1;
   try {
     prog.Pausieren(kAnlaufMs);
-    // Whoever cancels in this pause must not get titles from a server that is quick to answer.
+    // A cancel during this pause must prevent the look-up, even if the server answers fast.
     cddbStatus_ = kCDDBAbbruch;
     if (!prog.GrabAbbruch) {
       ccd.CDDBAbfrage(CDDBAnfrageAusEinstellungen(prog), cddbStatus_, ergebnis);
     }
     while (ergebnis == 0 && cddbStatus_ != kCDDBFertig) prog.plattform.schleife.DoEvents();
   } catch (const Laufzeitfehler& fehler) {
-    // The answer breaks the rules of the protocol, so it tells nothing about the disc.
+    // An answer that breaks the protocol is treated as one that does not know the disc.
     prog.AppLog(L"CDDB", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
     ergebnis = 1;
     cddbStatus_ = kCDDBNichtGefunden;
   }
   tmrCDDB.Enabled = false;
-  if (prog.GrabAbbruch) {  // the timer may not have seen it yet
+  if (prog.GrabAbbruch) {  // the timer may not have noticed the cancel yet
     ergebnis = 1;
     cddbStatus_ = kCDDBAbbruch;
   }
@@ -102,7 +101,7 @@ void frmCDPlayer::TitelUebernehmen(const CDDBInfo& info) {
   }
 }
 
-// The cancel button of the progress window reaches the client through its status.
+// Passes a cancel in the progress window on to the client, by the client's status.
 void frmCDPlayer::tmrCDDB_Timer() {
   if (prog.GrabAbbruch) {
     cddbStatus_ = kCDDBAbbruch;
@@ -114,9 +113,9 @@ void frmCDPlayer::tmrCDDB_Timer() {
   prog.frmSchreibFortschritt().shpInsgKopie.Width = stand->Breite;
 }
 
-// Files the disc that a server knows with the names that are shown. One that nobody has typed over
-// keeps its performer apart from its title. Of a disc whose titles were not fetched now, the file
-// may hold those that were fetched before: they stay.
+// Writes the disc to cdplayer.ini with the shown names. A name that was not typed keeps performer
+// and title apart. If no titles were fetched this time, an earlier entry of the file stays
+// unchanged.
 void frmCDPlayer::imgDBAufnahme_MouseUp() {
   NameBeenden();
   if (!DiscDa()) return;
@@ -174,8 +173,7 @@ void frmCDPlayer::NameUebernehmen() {
   NameFertig();
 }
 
-// Whoever goes on without Return has typed his name all the same; one that he has only looked at
-// stays as it is.
+// Leaving the field without Return takes the text as well, if it was changed.
 void frmCDPlayer::NameBeenden() {
   if (namenZeile_ < 0) return;
   const auto track = static_cast<std::size_t>(namenZeile_) + 1;
@@ -187,7 +185,8 @@ void frmCDPlayer::NameBeenden() {
 }
 
 void frmCDPlayer::NameFertig() {
-  // Before the field goes, which would leave the focus to the next control, a button.
+  // The list gets the focus before the field is hidden; otherwise the next control, a button, would
+  // get it.
   if (namenZeile_ >= 0) prog.plattform.schleife.SetFocus(lstTracks);
   namenZeile_ = -1;
   txtSongname.Visible = false;

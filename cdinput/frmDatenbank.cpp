@@ -1,9 +1,9 @@
 #include "cdinput/frmDatenbank.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 
@@ -14,12 +14,12 @@ namespace {
 constexpr const wchar_t* kDatei = L"qmaudio.ini";
 constexpr std::size_t kNamenGrenze = 5000;  // characters of all section names
 constexpr std::size_t kWertGrenze = 100, kTrackGrenze = 1000;
-constexpr double kMeisteTracks = 32767;  // a count beyond it is no count
-constexpr double kLaengsteZeit = 1e9;    // seconds; likewise
+constexpr double kMeisteTracks = 32767;  // a higher count is not valid
+constexpr double kLaengsteZeit = 1e9;    // seconds; a longer time is not valid
 
 constexpr int kSuchen = 0, kAlle = 1, kLoeschen = 2, kSchliessen = 3;
 
-// What is no number that a machine can hold counts as none: the file may be anybody's work.
+// A number too large for a double counts as 0, because other programs may have written the file.
 double Zahl(const Text& text) {
   double wert = 0;
   Weiter([&] { wert = Val(text); });
@@ -30,7 +30,7 @@ int AnzahlTracks(const DatenbankEintrag& eintrag) {
   return Ganz32(std::clamp(Zahl(eintrag.AnzahlTitel), 0.0, kMeisteTracks));
 }
 
-// The number of a track whose key this is, spelled as the burn run does; -1 for another key.
+// Reads the key of a track, as the burn run writes it; returns -1 for another key.
 int TrackNummer(const Text& schluessel) {
   constexpr std::size_t kMeisteZiffern = 5;
   if (schluessel.empty() || schluessel.size() > kMeisteZiffern ||
@@ -58,7 +58,7 @@ frmDatenbank::frmDatenbank(Programm& programm) : VtrFenster(programm, L"frmDaten
   Knopf(imgSchliessen, [this] { imgSchliessen_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
   lstInterpreten.Click = [this] { lstInterpreten_Click(); };
-  // On the release: a key that is held down must not empty the database.
+  // Deleting happens at the release, so that a key held down does not empty the database.
   lstInterpreten.KeyUp = [this](int taste) {
     if (taste == kKeyDelete) imgLöschen_MouseUp();
   };
@@ -115,8 +115,8 @@ Text frmDatenbank::Lesen(const Text& schluessel, const Text& name, const Text& e
   return wert;
 }
 
-// The section is read as a whole: a count of tracks in it may promise far more than the file holds.
-// A ";" in a title is not told from one between fields: the field behind it moves up.
+// The section is read as a whole, because its count of tracks may be far higher than its lines. A
+// ";" inside a title is taken for a separator, so the next field then holds the rest of the title.
 frmDatenbank::Tracks frmDatenbank::TracksLesen(const DatenbankEintrag& eintrag) const {
   Tracks tracks;
   const int anzahl = AnzahlTracks(eintrag);
@@ -138,7 +138,7 @@ void frmDatenbank::ListenLeeren() {
   for (Label* wert : {&lblAnzahlTitelAktuelleCD, &lblGesamtzeit, &lblDauer}) wert->Caption = L"";
 }
 
-// The lines of the discs, and the first of them selected.
+// Writes the lines of the discs and selects the first.
 void frmDatenbank::ListeZeigen() {
   for (std::size_t i = 1; i < Datenbank.size(); ++i) {
     lstInterpreten.AddItem(Datenbank[i].Interpret + L": " + Datenbank[i].Titel);
@@ -175,7 +175,7 @@ void frmDatenbank::lstInterpreten_Click() {
   trackZeiten_.clear();
   lblAnzahlTitelAktuelleCD.Caption = eintrag.AnzahlTitel;
   lblGesamtzeit.Caption = ZeitText(eintrag.Gesamtzeit);
-  lblDauer.Caption = eintrag.Gesamtzeit;  // until a track gives way to its own
+  lblDauer.Caption = eintrag.Gesamtzeit;  // until a track is selected, whose own length replaces it
   for (const auto& [nummer, felder] : TracksLesen(eintrag)) {
     if (felder[0].empty()) continue;
     const bool zweites = felder.size() > 1 && felder[1] != L";";
@@ -206,7 +206,7 @@ bool frmDatenbank::Treffer(const DatenbankEintrag& eintrag, const Text& gesucht)
   return false;
 }
 
-// Looks at the discs of the list alone, so that a second search narrows the first.
+// Searches only the discs in the list, so that a second search narrows the first.
 void frmDatenbank::imgSuchen_MouseUp() {
   const Text gesucht = txtSuchtext.Text;
   if (gesucht.empty()) return;

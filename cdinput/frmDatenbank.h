@@ -1,6 +1,6 @@
-// The database of the discs that were burnt: all of them or those that a search finds, and the
-// tracks of the one that is selected. It lies in a private profile file, a section a disc, which
-// the burn run writes and this window reads; here entries are only deleted.
+// The database of burnt discs: all of them or the result of a search, and the tracks of the
+// selected disc. The database is a private profile file with a section for each disc. The burn run
+// writes the file; this window reads it and deletes entries.
 #pragma once
 
 #include "app/fenster.h"
@@ -10,9 +10,9 @@
 
 namespace vantora {
 
-// One disc, as the file has it.
+// One disc of the file.
 struct DatenbankEintrag {
-  Text Schluessel;   // section: the disc's media identity in hexadecimal
+  Text Schluessel;   // section name: the disc's media identity in hexadecimal
   Text Interpret;    // of the catalog that was burnt
   Text Titel;        // of the catalog that was burnt
   Text AnzahlTitel;  // number of tracks
@@ -29,7 +29,7 @@ class frmDatenbank final : public VtrFenster {
   void Form_Close() override { imgSchliessen_MouseUp(); }
   void init_Datenbank();
 
-  void DatenbankLaden();  // the complete list
+  void DatenbankLaden();  // shows the complete list
   void imgSuchen_MouseUp();
   void imgGesammteListe_MouseUp() { DatenbankLaden(); }
   void imgLöschen_MouseUp();
@@ -49,7 +49,7 @@ class frmDatenbank final : public VtrFenster {
   PictureButton imgGesammteListe{*this, L"imgGesammteListe"};
   Label lblInterpreten{*this, L"lblInterpreten"};
   ListBox lstInterpreten{*this, L"lstInterpreten"};
-  ControlArray<Label, 5> lblFeld{*this, L"lblFeld"};  // what the values below stand for
+  ControlArray<Label, 5> lblFeld{*this, L"lblFeld"};  // names of the values below
   Label lblVorhandeneCDNum{*this, L"lblVorhandeneCDNum"};
   Label lblVorhandeneTitelNum{*this, L"lblVorhandeneTitelNum"};
   Label lblTracks{*this, L"lblTracks"};
@@ -63,17 +63,17 @@ class frmDatenbank final : public VtrFenster {
   PictureButton imgHelp{*this, L"imgHelp"};
 
  private:
-  // A value of a disc, up to a number of characters and to its first NUL.
+  // Reads a value of a disc, cut after `grenze` characters and at its first NUL.
   Text Lesen(const Text& schluessel, const Text& name, const Text& ersatz,
              std::size_t grenze) const;
-  // The fields of those of its tracks that the file has, by their numbers.
+  // The fields of the tracks that the file holds, by track number.
   using Tracks = std::map<int, std::vector<Text>>;
   Tracks TracksLesen(const DatenbankEintrag& eintrag) const;
   bool Treffer(const DatenbankEintrag& eintrag, const Text& gesucht) const;
   void ListenLeeren();
   void ListeZeigen();
 
-  std::vector<Text> trackZeiten_;  // seconds, of the lines of lstTitel
+  std::vector<Text> trackZeiten_;  // seconds, for each line of lstTitel
 };
 
 }  // namespace vantora

@@ -1,7 +1,7 @@
 #include "cdinput/frmKomponenten.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 namespace vantora {
 
@@ -13,8 +13,7 @@ constexpr int kVersuchsPauseMs = 200;
 constexpr int kStatusMs = 3000;
 constexpr int kAutoInsertSchluessel = 20;
 constexpr std::size_t kPositionsText = 30;
-constexpr std::size_t kProduktLaenge = 16;  // of the description of a drive
-constexpr std::int64_t kMB = 1048576;
+constexpr std::size_t kProduktLaenge = 16;  // characters in the description of a drive
 
 }  // namespace
 
@@ -61,7 +60,7 @@ void frmKomponenten::EreignisseVerbinden() {
   Mp3Play1.Mp3Play1_ThreadEnded = [this] { Mp3Play1_ThreadEnded(); };
 }
 
-// ---- which drives there are ----
+// ---- finding the drives ----
 
 void frmKomponenten::LaufwerkeLesen(std::vector<Text>& liste) const {
   std::vector<LaufwerkEintrag> laufwerke;
@@ -101,7 +100,7 @@ void frmKomponenten::LaufwerkeMelden() {
   const int anzahl = ACD.DriveCount();
   prog.AppLog(ort, L"ACD say drives:" + ZahlText(anzahl));
   for (int i = 1; i <= anzahl; ++i) {
-    // Product, target and LUN stand at fixed places.
+    // Product, target and LUN stand at fixed positions of the description.
     const Text name = ACD.DriveDescription(i) + Text(32, L' ');
     prog.AppLog(ort, L"ACD say drive:" + ZahlText(i) + L" called:" + Trim(name));
     const Text laufwerk =
@@ -208,9 +207,9 @@ void frmKomponenten::CD_SetFormatTMSF() {
   CD.TimeFormat(kMciTmsf);
 }
 
-// The drive gets several tries, as it may still be spinning up.
+// The drive gets several tries, because it may still be spinning up.
 void frmKomponenten::CD_Open(const Text& laufwerk) {
-  constexpr bool Win98Art = true;  // the control knows a drive by its root, not by its letter
+  constexpr bool Win98Art = true;  // the drive is given by its root, not by its letter
   int versuche = kVersuche;
   do {
     CD_Close();

@@ -1,5 +1,5 @@
-// The hidden window that owns the device and codec controls and receives all their events for the
-// whole run. Its flags carry the state between those events and the jobs that wait for them.
+// The hidden window that owns the device and codec controls and receives all their events during
+// the whole run. Its flags hold the state between these events and the jobs that wait for them.
 #pragma once
 
 #include "app/fenster.h"
@@ -22,8 +22,9 @@ class frmKomponenten final : public VtrFenster {
   void CheckAudioCDRomDevices();
   void LaufwerkeLesen(std::vector<Text>& liste) const;    // root and class of every drive
   void CDLaufwerkeLesen(std::vector<Text>& liste) const;  // roots of the CD drives, from index 1
-  void LaufwerkeMelden();                                 // traces the devices and their letters
-  // Letter of a SCSI device; `Produkt` in upper case. Blank when the registry does not know it.
+  void LaufwerkeMelden();  // writes the devices and their letters to the trace log
+  // Returns the letter of a SCSI device; `Produkt` is in upper case. Blank when the registry does
+  // not know the device.
   Text SCSILaufwerkSuchen(const Text& Produkt, const Text& Ziel, const Text& LUN) const;
   bool AutoInsertAktiv() const;
   void ACD_INIT();
@@ -31,7 +32,8 @@ class frmKomponenten final : public VtrFenster {
   void ACD_Close();
 
   bool CD_Check();
-  // Traces and returns why an image that lies in the open drive is no disc; blank when none does.
+  // Returns, and writes to the trace log, why the image in the open drive is no disc; blank without
+  // such an image.
   Text ImageFehler() const;
   int GetNumTracks();
   int GetCDLength();
@@ -77,7 +79,7 @@ class frmKomponenten final : public VtrFenster {
   Text AktCDDrive;               // root of the drive, "D:\"
   std::int32_t CDModus = 0;      // last mode of the CD control
   bool CDGeschlossen = false;
-  int LeseFehler = 0;  // failed tries at the track that is being read
+  int LeseFehler = 0;  // failed tries at the track being read
 
   bool BrennLaeuft = false;  // from the start of a write to MCD_BurningProcessComplete
   bool Abgebrochen = false;  // the run has failed or was cancelled
@@ -103,7 +105,7 @@ class frmKomponenten final : public VtrFenster {
   void Ende(int success) { MCD_BurningProcessComplete(success); }
 };
 
-// Where the disc in the alias "cd" plays, as the media control interface tells it.
+// The playing position of the disc with the alias "cd", from the media control interface.
 class clsCDAudio {
  public:
   explicit clsCDAudio(Mci& mci) : mci_(mci) {}

@@ -1,9 +1,9 @@
-// What the reader reports while a track is read, and what of it the progress window shows. The work
-// of frmKomponenten, which receives all events of the devices.
+// The reader's events while a track is read, and what the progress window shows of them. They are
+// members of frmKomponenten, which receives all events of the devices.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmSchreibFortschritt.h"
@@ -20,8 +20,8 @@ struct Strecke {
   Label &Prozent, &Zeit, &Rest, &Tempo;
 };
 
-// Percent, times and speed of a way of which `anteil` and `ms` of audio are done. At the start
-// there is no speed and no remaining time.
+// Shows percent, times and speed when `anteil` of the audio, `ms` long, is done. At the start there
+// is no speed and no remaining time.
 void StreckeZeigen(const Strecke& s, double anteil, double ms, double sekunden) {
   s.Prozent.Caption = ZahlText(Abgeschnitten(anteil * 100)) + L"%";
   s.Zeit.Caption = DauerText(sekunden * 1000);
@@ -62,7 +62,7 @@ void frmKomponenten::ACD_ActPosition(int position) {
       insgesamt, prog.GrabFertigMs + trackMs, Verstrichen(prog.BurnStartZeit, jetzt));
 }
 
-// A disc with a scratch is read on a second or a later try; a disk that is full stays so.
+// A scratched disc may be readable at the second or third try; a full disk stays full.
 void frmKomponenten::ACD_Failure(int code, const Text& text) {
   if (prog.GrabAbbruch || text != kLesefehler) return;
   const bool voll = code == kFehlerPlattenVoll;

@@ -1,13 +1,16 @@
 #include "cdinput/grab_lauf.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmSchreibFortschritt.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -16,13 +19,9 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kOrt = L"SaveWave";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
-constexpr int kModusGrab = 1;
 constexpr int kAnlaufMs = 500;
 constexpr int kWarteMs = 500;
-constexpr int kAbbruchMs = 1000;  // until the drive has noticed that its read has ended
-constexpr double kBytesJeSekunde = 176400;
-constexpr double kMB = 1048576;
+constexpr int kAbbruchMs = 1000;  // until the drive has noticed the end of its read
 
 enum class Ausgang { Fertig, KeinAudio, Lesefehler, Abbruch };
 
@@ -46,10 +45,10 @@ class GrabLauf {
   Programm& prog;
   vantora::frmKomponenten& komponenten;
   bool hauptWarFrei = true;
-  int track_ = 0;  // that is being read
+  int track_ = 0;  // number of the track being read
 };
 
-// Nobody presses anything but cancel while tracks are read.
+// While tracks are read, only the cancel button can be pressed.
 void GrabLauf::FensterSperren(bool gesperrt) {
   if (gesperrt) hauptWarFrei = prog.frmHauptForm().Window.Enabled;
   if (hauptWarFrei) prog.frmHauptForm().Window.Enabled = !gesperrt;
@@ -121,7 +120,7 @@ Ausgang GrabLauf::Lesen(int track, const Text& datei) {
 }
 
 Ausgang GrabLauf::EinTrack(std::size_t nummer) {
-  if (prog.GrabAbbruch) return Ausgang::Abbruch;  // what is there already stays
+  if (prog.GrabAbbruch) return Ausgang::Abbruch;  // finished tracks stay
   const int track = prog.GrabTracks[nummer];
   track_ = track;
   Text& datei = prog.GrabDateien.at(nummer);
@@ -152,11 +151,11 @@ Ausgang GrabLauf::EinTrack(std::size_t nummer) {
 
 void GrabLauf::NachAbbruch() {
   Spur(L"After_Save->Error");
-  komponenten.ACD.ReadTrack(0, L"c:\\0.wav");  // ends the read that runs
+  komponenten.ACD.ReadTrack(0, L"c:\\0.wav");  // ends the running read
   komponenten.ACD.CloseDevice();
   prog.Pausieren(kAbbruchMs);
   komponenten.ACD.ResetDevice();
-  FensterSperren(false);  // not before: the drive was not to be had
+  FensterSperren(false);  // only now, because the drive could not be used before
   prog.MsgBoxen(prog.Text(23007) + kZeilenEnde, kOk);
   prog.GrabAbbruch = false;
 }
@@ -188,7 +187,7 @@ int GrabLauf::Laufen() {
     NachAbbruch();
     return 1;
   }
-  komponenten.ACD_Close();  // the drive is wanted for playing or writing next
+  komponenten.ACD_Close();  // playing or writing needs the drive next
   if (ausgang == Ausgang::KeinAudio) {
     prog.MsgBoxen(prog.Text(23004) + kZeilenEnde + prog.Text(23005) + ZahlText(track_) +
                       kZeilenEnde + prog.Text(23006),
@@ -223,7 +222,7 @@ Text OhneLeerzeichen(const Text& pfad) {
 }
 
 std::int32_t MBVonMs(std::int32_t ms) {
-  return Ganz32(ms / 1000.0 * kBytesJeSekunde / kMB);
+  return Ganz32(ms / 1000.0 * kBytesPerSecond / kMB);
 }
 
 void KatalogAusGrab(Programm& prog, const Text& datei, std::size_t nummer) {
@@ -235,14 +234,14 @@ void KatalogAusGrab(Programm& prog, const Text& datei, std::size_t nummer) {
   const int vorher = UBound(prog.Katalog);
   haupt.Katalog_AddWaveFile(datei, titel);
   const int neu = UBound(prog.Katalog);
-  if (neu <= vorher) return;  // too short for a track, or it can't be read
+  if (neu <= vorher) return;  // the file is too short for a track, or can't be read
   KatalogEintrag& eintrag = Element(prog.Katalog, neu);
   const Text name = nummer < prog.GrabNamen.size() ? Trim(prog.GrabNamen[nummer]) : Text();
   if (!name.empty()) {
     eintrag.Titel = name;
     if (!Trim(prog.GrabInterpret).empty()) eintrag.Interpret = Trim(prog.GrabInterpret);
   } else if (eintrag.Titel.Getrimmt() == prog.Text(8440)) {
-    eintrag.Titel = titel;  // no other catalog knew better
+    eintrag.Titel = titel;  // no other catalog had a title for the file
   }
   haupt.KatalogShow();
   if (prog.GrabOhneNachfrage || prog.Ask_Track_Info != 1) return;

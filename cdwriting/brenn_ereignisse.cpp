@@ -1,11 +1,12 @@
-// What the writer reports while a disc is made, and what of it the progress window shows. The work
-// of frmKomponenten, which receives all events of the devices.
+// The writer's events while a disc is burnt, and what the progress window shows of them. They are
+// members of frmKomponenten, which receives all events of the devices.
 
-#include "app/feld.h"
 #include "app/frmMBox.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmCDBrennen.h"
@@ -77,8 +78,8 @@ void frmKomponenten::NeuenTrackZeigen() {
   f.lblKopieNr.Caption = ZahlText(AktTrack);
 }
 
-// One statement after the other, and none of them holds up the next: at 0 percent and for a track
-// without length there is no speed and no remaining time, and the labels keep what they show.
+// Each statement may fail without stopping the next. At 0 percent, and for a track without length,
+// speed and remaining time cannot be computed, and their labels stay unchanged.
 void frmKomponenten::ProzentTAO(int percent) {
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
@@ -163,7 +164,8 @@ void frmKomponenten::MCD_StatusChange(int state) {
   brennen.lblStatusBurner.Caption = LoadResString(meldung);
 }
 
-// Lead-in, lead-out and fixating can't be stopped: the window is disabled until data flows again.
+// Lead-in, lead-out and fixating can't be stopped, so the window is disabled until data is written
+// again.
 void frmKomponenten::MCD_WriteLeadIn(int mode) {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.AppLog(L"MCD_WriteLeadIn", L"Mode:" + ZahlText(mode));
@@ -218,8 +220,8 @@ void frmKomponenten::MCD_Failure(int code, const Text& /*text*/) {
 void frmKomponenten::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int /*fourth*/,
                                     const Text& text) {
   prog.AppLog(L"MCD_ScsiEvents", L"");
-  prog.MsgBoxen(LoadResString(9005) + L"\r\n" + LoadResString(9002) + ZahlText(code) + L"\r\n" +
-                    LoadResString(9003) + text,
+  prog.MsgBoxen(LoadResString(9005) + kZeilenEnde + LoadResString(9002) + ZahlText(code) +
+                    kZeilenEnde + LoadResString(9003) + text,
                 kOk);
   Abgebrochen = true;
   MCD_BurningProcessComplete(0);
@@ -227,7 +229,7 @@ void frmKomponenten::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int
 
 void frmKomponenten::MCD_ASPIEvent(int code, const Text& text) {
   prog.AppLog(L"MCD_ASPIEvent", L"Error:" + ZahlText(code));
-  prog.MsgBoxen(LoadResString(9006) + ZahlText(code) + L"\r\n" + LoadResString(9002) +
+  prog.MsgBoxen(LoadResString(9006) + ZahlText(code) + kZeilenEnde + LoadResString(9002) +
                     ZahlText(code) + LoadResString(9003) + text,
                 kOk);
   if (prog.frmSchreibFortschritt.Geladen()) {

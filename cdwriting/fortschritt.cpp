@@ -1,7 +1,7 @@
 #include "cdwriting/fortschritt.h"
 
 #include "app/dienste.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ constexpr double kUeblich = 15.0, kGrosseSchrift = 12.0;
 double Verstrichen(double start, double jetzt) {
   const double vergangen = jetzt - start;
   if (vergangen < -kHalberTag) return vergangen + kSekundenJeTag;
-  return std::max(vergangen, 0.0);  // a start is kept with fewer digits, and may lie ahead by them
+  return std::max(vergangen, 0.0);  // the start has fewer digits, so it may exceed `jetzt`
 }
 
 Text DauerText(double ms) {

@@ -1,4 +1,4 @@
-// Small pieces of every progress display: bars, durations, speeds.
+// Functions for all progress displays: bars, durations, speeds.
 #pragma once
 
 #include "platform/controls.h"
@@ -11,14 +11,14 @@ double Verstrichen(double start, double jetzt);
 // "hh:mm:ss".
 Text DauerText(double ms);
 
-// "X" and a multiple of single speed, never above 8, in at most four characters.
+// "X" and a multiple of single speed, at most 8, in at most four characters.
 Text TempoText(double tempo);
 double TempoGrenze(double tempo);
 
-// Width in twips of a bar for a share of 0 to 1. The picture of a bar is smaller with large fonts.
+// Width in twips of a bar for a share of 0 to 1. With large fonts the picture of a bar is smaller.
 int BalkenLaenge(double anteil, double twipsJePunkt);
 
-// Widens a bar when that shows: by 20 twips or more, and only on displays of 15 or 12 twips.
+// Widens a bar by at least 20 twips, and only on displays with 15 or 12 twips a pixel.
 void BalkenVerlaengern(Shape& balken, double anteil, double twipsJePunkt);
 
 }  // namespace vantora

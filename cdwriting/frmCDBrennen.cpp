@@ -1,8 +1,9 @@
 #include "cdwriting/frmCDBrennen.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdwriting/pausen.h"
 
@@ -16,7 +17,6 @@ constexpr int kErsterTyp = 1, kLetzterTyp = 99, kTypMitDAO = 10;
 constexpr Color kTafel = Rgb(53, 55, 99);
 constexpr const wchar_t* kTempo[] = {L"1", L"2", L"4", L"6", L"8"};
 constexpr int kAbschiedMs = 1500;
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 
 Text FlaggeText(bool flagge) {
   return flagge ? L"True" : L"False";
@@ -96,8 +96,8 @@ void frmCDBrennen::SetTexte() {
   hinweis(imgHelp, 4410);
 }
 
-// The methods are saved as the words of a flag, which read as 0: after a first burn neither is set
-// here, and the catalog decides.
+// The methods are saved as words, and the words read as the number 0. So after a first burn neither
+// method is chosen here, and the catalog decides.
 void frmCDBrennen::LadeBrennOptionen() {
   Plattform& p = prog.plattform;
   for (int i = 0; i < optBurnSpeed.Count(); ++i) {
@@ -160,8 +160,8 @@ void frmCDBrennen::BrennerAufnehmen(int index) {
   if (!dao) optTrackAtOnce.SetValue(true);
 }
 
-// Every pass of a burn looks for the devices anew and takes the first: so the one that the person
-// has chosen becomes that.
+// Every pass of a burn looks for the devices again and takes the first, so the chosen device is
+// made the first.
 void frmCDBrennen::lstCDRecorder_Click() {
   BrennerWaehlen();
   const int index = Geraet(lstCDRecorder.ListIndex);
@@ -206,7 +206,7 @@ bool frmCDBrennen::NumCDWriter() const {
 void frmCDBrennen::CloseMe() {
   EventLoop& schleife = prog.plattform.schleife;
   prog.BrennerFensterGeschlossen = true;
-  Window.Enabled = false;  // until it is gone, nothing else can be pressed
+  Window.Enabled = false;  // until this window is gone, nothing else can be pressed
   Zeiger(L"hourglas.ani");
   schleife.DoEvents();
   schleife.MousePointer(Pointer::Hourglass);

@@ -1,5 +1,5 @@
-// The burner window: which writer, how fast, by which method, how many copies; and the run that
-// turns the catalog into audio discs.
+// The burner window: the writer, the speed, the method and the number of copies; and the run that
+// burns the catalog to audio discs.
 #pragma once
 
 #include "app/fenster.h"
@@ -18,9 +18,9 @@ class frmCDBrennen final : public VtrFenster {
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgAbbrechen_MouseUp(); }
 
-  bool Init_Brenner();        // looks for burners; true when one can be used
-  void SetBurnerParameter();  // carries the window's options to the burner
-  bool NumCDWriter() const;   // an entry of the list is selected
+  bool Init_Brenner();        // looks for burners; returns true when one can be used
+  void SetBurnerParameter();  // applies the window's options to the burner
+  bool NumCDWriter() const;   // whether an entry of the list is selected
   void LadeBrennOptionen();
   void CloseMe();  // leaves the window without burning
 
@@ -30,10 +30,10 @@ class frmCDBrennen final : public VtrFenster {
   void txtKopienAnzahl_LostFocus();
 
   void BurnCD();
-  void DBEintrag();       // enters the disc that was just burnt in the CD database
-  void DeleteTempWavs();  // removes the waves of a CD copy
+  void DBEintrag();       // enters the disc just burnt in the CD database
+  void DeleteTempWavs();  // deletes the waves of a CD copy
 
-  bool ModusDAO = false, ModusTAO = false;  // read afresh in every pass
+  bool ModusDAO = false, ModusTAO = false;  // read again in every pass
   std::int16_t KopienAnzahl = 1;
   std::int16_t KopieNr = 1;  // from 1
   bool Simulation = false;
@@ -59,10 +59,10 @@ class frmCDBrennen final : public VtrFenster {
 
  private:
   void BrennerAufnehmen(int index);
-  void BrennerWaehlen();  // the device of the selected line becomes the current one
+  void BrennerWaehlen();  // makes the device of the selected line the current one
   int Geraet(int zeile) const;
 
-  // The stages of one pass of the run.
+  // The stages of one pass, that is, of one disc.
   enum class Ergebnis { Gebrannt, Fehlgeschlagen };
   enum class Danach { NaechsteKopie, Fenster, Schluss };
   void PassVorbereiten();
@@ -83,9 +83,9 @@ class frmCDBrennen final : public VtrFenster {
   bool Frage(const Text& text);
   void Spur(const Text& text);
 
-  std::vector<int> geraete_;  // the device behind each line of the list: not all of them get one
+  std::vector<int> geraete_;  // the device of each line of the list; some devices have no line
   bool eingetragen_ = false;  // this run has entered a disc in the database
-  Text meldung_;  // what the run last had to say; a failed start is told with these words
+  Text meldung_;  // the last message of the run, which is shown again when a start fails
 };
 
 }  // namespace vantora

@@ -1,10 +1,11 @@
-// The burn run: from the catalog to one or more discs. Every statement that may fail is skipped
-// when it does, and the run goes on with the next one: a disc that lies half written in the drive
-// has to be brought to an end, whatever else goes wrong.
+// The burn run: from the catalog to one or more discs. A statement that fails is skipped, and the
+// run goes on with the next one: a half-written disc in the drive must be finished in spite of
+// other errors.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
@@ -19,12 +20,10 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kOrt = L"BurnCD";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
-constexpr int kEinlegeMs = 2500;  // in which the drive notices its disc
+constexpr int kEinlegeMs = 2500;  // until the drive has noticed its disc
 constexpr int kWarteMs = 750;
-constexpr int kModusBrennen = 2;
 constexpr int kMethodeVerweigert = -1;
-constexpr int kKeinText = 400;  // a number that the string table leaves out
+constexpr int kKeinText = 400;  // a number that the string table does not have
 
 Text FlaggeText(bool flagge) {
   return flagge ? L"True" : L"False";
@@ -61,7 +60,7 @@ void frmCDBrennen::BurnCD() {
   Danach danach = Danach::NaechsteKopie;
   while (danach == Danach::NaechsteKopie) {
     PassVorbereiten();
-    // The drive of this pass may have no other method than one with pauses of its own.
+    // The drive of this pass may only have the method that writes pauses itself.
     if (!ModusDAO) Weiter([&] { PausenEntfernen(prog); });
     const bool bereit = TracksAnmelden() && AufDiscWarten();
     if (bereit) {
@@ -125,7 +124,7 @@ void frmCDBrennen::CdTextAnmelden() {
   }
 }
 
-// Asks for a blank disc until one is there, or the user gives up.
+// Asks for a blank disc until one is there or the user gives up.
 bool frmCDBrennen::AufDiscWarten() {
   EventLoop& schleife = prog.plattform.schleife;
   Mcd& mcd = prog.plattform.mcd;
@@ -208,8 +207,8 @@ int frmCDBrennen::SchreibenStarten() {
   return ergebnis;
 }
 
-// The text for a failed start has no number in the table, so what was said last is said again; only
-// a refused method adds a sentence of its own.
+// The table has no text for a failed start, so the last message is shown again; only a refused
+// method adds a sentence.
 void frmCDBrennen::StartFehlerMelden(int ergebnis) {
   prog.frmKomponenten().Abgebrochen = true;
   prog.plattform.schleife.MousePointer(Pointer::Normal);
@@ -230,10 +229,10 @@ void frmCDBrennen::AufEndeWarten() {
   Weiter([&] { prog.frmMixer().tmrGetWinMixerData.Enabled = false; });
   prog.BurnStartZeit = static_cast<float>(prog.plattform.uhr.Timer());
   prog.TrackStartZeit = prog.BurnStartZeit;
-  // A machine that goes to sleep would spoil the disc.
+  // The disc would be spoilt if the computer went to sleep.
   const std::unique_ptr<Inhibition> wach = prog.plattform.wachhalter.Inhibit(Caption);
-  // Nothing comes between the end of the write and what follows it: a cancel that is pressed then
-  // is too late, as the disc is done.
+  // As soon as the write has ended, the loop ends without processing further events: the disc is
+  // finished, so a cancel pressed now would be too late.
   while (komponenten.BrennLaeuft) {
     Weiter([&] { prog.Pausieren(kWarteMs, komponenten.BrennLaeuft); });
   }
@@ -316,7 +315,7 @@ void frmCDBrennen::Aufraeumen() {
   schleife.MousePointer(Pointer::Hourglass);
   prog.frmHauptForm().Window.Enabled = true;
   if (optDiscAtOnce.Value() && chkSimulation.Value == 0) Weiter([&] { PausenEntfernen(prog); });
-  // Not before: every further copy and every other set is made of the same waves.
+  // The waves are deleted only now, because all further copies are burnt from them.
   if (eingetragen_) DeleteTempWavs();
   schleife.MousePointer(Pointer::Normal);
   prog.frmCDBrennen.Entladen();

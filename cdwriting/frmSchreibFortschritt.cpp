@@ -8,18 +8,16 @@ namespace vantora {
 
 namespace {
 
-constexpr int kBildSchritte = 7;       // positions of the light before it begins again
-constexpr double kBildTeil = 1.0 / 8;  // of the strip's height is shown at a time
+constexpr int kBildSchritte = 7;       // positions of the light in one run
+constexpr double kBildTeil = 1.0 / 8;  // share of the strip's height that is visible at a time
 constexpr int kBildMs = 100;
-constexpr int kAuslaufMs = 4500;  // until a drive that was stopped is quiet
-
-enum : int { kModusMp3 = 0, kModusGrab = 1, kModusBrennen = 2 };
+constexpr int kAuslaufMs = 4500;  // until a stopped drive is quiet
 
 }  // namespace
 
 frmSchreibFortschritt::frmSchreibFortschritt(Programm& programm)
     : VtrFenster(programm, L"frmSchreibFortschritt") {
-  // A stray key must spoil neither a disc nor a read: the cancel button waits to be chosen.
+  // An accidental key press must not cancel a burn or a read, so no control has the focus at first.
   FirstFocus = false;
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
   tmrKnightRider.OnTimer = [this] { KnightRiderSchritt(); };
@@ -29,7 +27,7 @@ void frmSchreibFortschritt::Form_Load() {
   FensterEinrichten();
   init_frmSchreibFortschritt();
   SetTexte();
-  constexpr int kRand = 75;  // twips around the ground
+  constexpr int kRand = 75;  // twips around the background
   Window.Width = picBack.Width + kRand;
   Window.Height = picBack.Height + kRand;
   MitteSetzen(prog, *this);
@@ -80,7 +78,7 @@ void frmSchreibFortschritt::init_frmSchreibFortschritt() {
     feld->Caption = L"--";
   }
   const bool einStueck = prog.FortschrittModus == kModusBrennen && prog.frmCDBrennen.Geladen() &&
-                         prog.frmCDBrennen().ModusDAO;  // the drive does not tell its tracks
+                         prog.frmCDBrennen().ModusDAO;  // such a drive does not report its tracks
   TrackZeigen(!einStueck);
 }
 
@@ -133,7 +131,7 @@ void frmSchreibFortschritt::imgAbbrechen_MouseUp() {
   const bool gebrannt =
       prog.FortschrittModus == kModusBrennen && !prog.frmKomponenten().BrennLaeuft;
   if (!imgAbbrechen.Enabled || gebrannt) return;
-  imgAbbrechen.Enabled = false;  // one cancel is enough, however long the drive takes to stop
+  imgAbbrechen.Enabled = false;  // pressing again would not stop the drive sooner
   CloseMe(true);
 }
 

@@ -1,5 +1,5 @@
-// The progress window of all long transfers: MP3 conversion, grabbing and burning. What its fields
-// show comes from the events of frmKomponenten; the window itself only resets and closes.
+// The progress window of all long transfers: MP3 conversion, grabbing and burning. The events of
+// frmKomponenten fill its fields; the window itself only resets and closes.
 #pragma once
 
 #include "app/fenster.h"
@@ -19,13 +19,14 @@ class frmSchreibFortschritt final : public VtrFenster {
   void Form_Close() override { imgAbbrechen_MouseUp(); }
 
   void init_frmSchreibFortschritt();
-  // The row of the current track and its numbers; a transfer that has no tracks goes without them.
+  // Shows or hides the row and the numbers of the current track; transfers without tracks hide
+  // them.
   void TrackZeigen(bool sichtbar);
   void ReadComplete();
-  // Ends the operation, cancelled or not; what that means depends on the kind of transfer.
+  // Ends the operation, cancelled or not; the effect depends on the kind of transfer.
   void CloseMe(bool abbruch);
   void imgAbbrechen_MouseUp();
-  // Starts one run of the light through its bar; a second call while one runs does nothing.
+  // Runs the light once through its bar; a call during a run does nothing.
   void KnightRider(PictureButton& bild, frmSchreibFortschritt& fenster);
 
   bool bKnightRider = false;  // false ends the run early
@@ -58,7 +59,7 @@ class frmSchreibFortschritt final : public VtrFenster {
  private:
   void KnightRiderSchritt();
 
-  PictureButton* laeuftIn_ = nullptr;  // the picture whose run is on
+  PictureButton* laeuftIn_ = nullptr;  // the picture in which the light runs
   int schritt_ = 0;
 };
 

@@ -1,8 +1,9 @@
-// Progress and end of an MP3 conversion, as frmKomponenten receives them.
+// The events of an MP3 conversion: progress and end. They are members of frmKomponenten.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
 #include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
@@ -56,7 +57,7 @@ void frmKomponenten::Mp3Play1_ActFrame(int frame) {
 void frmKomponenten::Mp3Play1_Failure(int /*code*/, const Text& text) {
   Mp3Play1.Stop();
   prog.AppLog(L"Mp3Play1_Failure", L"!!!!");
-  prog.MsgBoxen(LoadResString(9007) + L"\r\n" + LoadResString(9008) + text, kStopp,
+  prog.MsgBoxen(LoadResString(9007) + kZeilenEnde + LoadResString(9008) + text, kStopp,
                 LoadResString(0));
   Abgebrochen = true;
   KonvertierungAktiv = false;

@@ -2,21 +2,20 @@
 
 #include "app/programm.h"
 
+#include "platform/cd_sound.h"
+
 #include <vector>
 
 namespace vantora {
 
-namespace {
-
-constexpr std::int64_t kPausenBytes = std::int64_t{4} * 44100;  // of a second
-
-}  // namespace
+namespace {}  // namespace
 
 void PausenAnhaengen(Programm& prog) {
   std::vector<Edits::Silence> pausen;
   for (std::size_t i = 1; i + 1 < prog.Katalog.size(); ++i) {
     const KatalogEintrag& e = prog.Katalog[i];
-    if (e.Pause > 0) pausen.push_back({e.Datei.Getrimmt(), e.Pause * kPausenBytes});
+    if (e.Pause > 0)
+      pausen.push_back({e.Datei.Getrimmt(), std::int64_t{e.Pause} * kBytesPerSecond});
   }
   prog.plattform.edits.Lend(pausen);
 }

@@ -1,20 +1,20 @@
-// The pauses of a disc written in one go: its tracks lie back to back, so each track's pause is put
-// into its wave file as silence for the length of the burn, and taken out again afterwards. The
-// edits note what each file got; a program that is killed in between takes it out at its next
-// start.
+// The pauses of a disc that is written in one go. The tracks of such a disc have no gaps, so each
+// track's pause is appended to its wave file as silence, and removed after the burn. The edits
+// record what was appended to each file; if the program is killed, its next start removes the
+// silence.
 #pragma once
 
 namespace vantora {
 
 struct Programm;
 
-// Lengthens every track but the last by its pause. When one cannot be lengthened, none is, and the
-// error is raised.
+// Lengthens every track but the last by its pause. If one file cannot be lengthened, none is
+// changed and the error is raised.
 void PausenAnhaengen(Programm& prog);
-// Takes out what was appended, and nothing else; no effect when nothing was. Names the files that
-// could not give it back in a message.
+// Removes exactly the silence that was appended; does nothing when there is none. A message lists
+// the files whose silence could not be removed.
 void PausenEntfernen(Programm& prog);
-// After a run that was cancelled or has failed the silence stays in the files.
+// Leaves the silence in the files; called after a run that failed or was cancelled.
 void PausenBehalten(Programm& prog);
 
 }  // namespace vantora

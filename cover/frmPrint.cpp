@@ -1,10 +1,10 @@
 #include "cover/frmPrint.h"
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrintStart.h"
 
 #include <cmath>
@@ -16,11 +16,11 @@ namespace {
 constexpr int kErsteBeschriftung = 16206;
 constexpr int kGrosserSchirm = 1024;
 constexpr const wchar_t* kGrossesLayout = L"frmPrint_1000";
-constexpr int kLinie = 15;  // twips, a pixel
+constexpr int kLinie = 15;  // twips, one pixel
 constexpr int kBildPauseMs = 250;
 constexpr Color kSchwarz = Rgb(0, 0, 0);
-constexpr Color kPunkte = Rgb(128, 128, 128);  // a dotted line, seen from afar
-constexpr int kErsterTab = 20;                 // of the texts
+constexpr Color kPunkte = Rgb(128, 128, 128);  // the average colour of a dotted line
+constexpr int kErsterTab = 20;                 // tab order of the texts
 
 }  // namespace
 
@@ -121,7 +121,7 @@ void frmPrint::SetTexte() {
   imgHelp.ToolTipText = LoadResString(1);
 }
 
-// Shows the present side with the texts and the colours that are set now.
+// Shows the current side with the current texts and colours.
 void frmPrint::InitLabelPrint() {
   imgControl_MouseUp(Seite);
 }
@@ -172,7 +172,7 @@ void frmPrint::ShowPic(int seite) {
   Sagen();
 }
 
-// The ground, the picture and the lines of the side, as paper will have them.
+// Draws the background, the picture and the lines of the side, as they are printed.
 void frmPrint::SeiteMalen() {
   Lead2.Cls();
   Lead2.BackColor = prog.CoverHintergrund;
@@ -209,7 +209,7 @@ void frmPrint::SeiteMalen() {
 }
 
 void frmPrint::FalzeZeigen(const Mass& mass) {
-  constexpr int kFalz = 385;  // of the back, from its edge
+  constexpr int kFalz = 385;  // distance of the back's folds from its edges
   const bool hinten = TeilDerSeite(Seite) == kTeilRueckseite;
   const std::array<int, 2> falze = {hinten ? kFalz : mass.Breite / 2, mass.Breite - kFalz};
   for (int i = 0; i < Line1.Count(); ++i) {
@@ -241,7 +241,7 @@ void frmPrint::PutRotText(const Text& text) {
     ziel.FontBold = prog.CoverFontBold != 0;
     ziel.FontItalic = prog.CoverFontItalic != 0;
     ziel.ForeColor = prog.CoverTextFarbe;
-    // Where the printed ones stand; the left one begins at the foot.
+    // The texts stand where the printed texts stand. The left text begins at the bottom.
     constexpr int kVomRand = 100, kVomAnfang = 200;
     const double rand = kVomRand * massstab_, anfang = kVomAnfang * massstab_;
     const bool geschrieben = Weiter([&] {
@@ -267,7 +267,7 @@ void frmPrint::imgLoadPic_MouseUp() {
   if (prog.MehrfachAuswahl) datei = datei.substr(0, datei.find(L'/'));
   if (datei.empty() || datei.find(L'*') != Text::npos) return;
   EventLoop& schleife = prog.plattform.schleife;
-  // Nothing is pressed here while the picture is on its way.
+  // The window is disabled while the picture is being loaded.
   schleife.MousePointer(Pointer::Hourglass);
   Window.Enabled = false;
   const auto frei = [&] {
@@ -294,7 +294,7 @@ void frmPrint::imgClearPic_MouseUp() {
   ShowPic(Seite);
 }
 
-// ---- the way out ----
+// ---- closing the window ----
 
 void frmPrint::imgBack_MouseUp() {
   prog.plattform.schleife.Hide(*this);

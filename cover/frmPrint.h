@@ -1,5 +1,5 @@
-// The second step to a cover: each printed side as it will come out, with its picture and its
-// texts, which are moved here; and printing.
+// The second step to a cover: each printed side is shown as it will be printed, with its picture
+// and its texts, which the user moves here. Printing starts here as well.
 #pragma once
 
 #include "app/fenster.h"
@@ -22,9 +22,9 @@ class frmPrint final : public VtrFenster {
   void SetTexte() override;
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgBack_MouseUp(); }
-  void InitLabelPrint();        // takes over what frmPrintStart has left
-  void imgBack_MouseUp();       // to frmPrintStart; what was laid out here stays
-  void imgAbbrechen_MouseUp();  // to the catalog
+  void InitLabelPrint();        // takes over the settings of frmPrintStart
+  void imgBack_MouseUp();       // back to frmPrintStart; the layout stays
+  void imgAbbrechen_MouseUp();  // back to the catalog
   bool Text1_KeyPress(int zeichen);
 
   // ---- sides ----
@@ -52,7 +52,7 @@ class frmPrint final : public VtrFenster {
   void PrintQMPaper();
   void PrintBeschriftung(double x0, double y0, double sx, double sy);
   void PrintRotatedText(const Text& text, int winkel, double x, double y);
-  // `winkel` in degrees, against the clock.
+  // `winkel` in degrees, counter-clockwise.
   static void DrawRotatedText(Device& ziel, const Text& text, double x, double y, int winkel);
 
   int Seite = kRueckseite;
@@ -63,7 +63,7 @@ class frmPrint final : public VtrFenster {
   // ---- controls ----
   Label lblTitel{*this, L"lblTitel"};
   Label lblHilfe{*this, L"lblHilfe"};
-  PictureBox Lead1{*this, L"Lead1"};  // has the size in which the side is printed; never shown
+  PictureBox Lead1{*this, L"Lead1"};  // has the printed size of the side; never shown
   PictureBox Lead2Container{*this, L"Lead2Container"};
   PictureBox Lead2{*this, L"Lead2"};
   ControlArray<PictureBox, 2> picRotText{*this, L"picRotText"};
@@ -71,7 +71,7 @@ class frmPrint final : public VtrFenster {
   ControlArray<Label, kCoverZeilen> lblBeschriftung{*this, L"lblBeschriftung"};
   Label lblCDTitel{*this, L"lblCDTitel"};
   Label lblInterPret{*this, L"lblInterPret"};
-  TextBox Text1{*this, L"Text1"};  // says which text is selected, and where it stands
+  TextBox Text1{*this, L"Text1"};  // names the selected text and its position
   ControlArray<PictureButton, 3> imgControl{*this, L"imgControl"};
   ControlArray<Label, 2> lblGruppe{*this, L"lblGruppe"};
   ControlArray<OptionButton, 2> chkPaper{*this, L"chkPaper", 1};
@@ -87,12 +87,12 @@ class frmPrint final : public VtrFenster {
  private:
   using Ort = CoverZustand::Ort;
 
-  // A text that can be moved: a line of the titles, or one of the two others.
+  // A text that the user can move: a line of the titles, the title or the performer.
   struct Beweglich {
     Label& Schild;
     Ort& Platz;
   };
-  std::vector<Beweglich> Texte();  // that are in sight, of the present side
+  std::vector<Beweglich> Texte();  // the visible texts of the current side
   Beweglich Zeile(int index);
   Beweglich Titel();
   Beweglich Interpret();
@@ -110,7 +110,8 @@ class frmPrint final : public VtrFenster {
   bool Verschieben(int taste);
   Text Beschreibung(const Beweglich& text) const;
   void Sagen();
-  bool deckend_ = false;  // the texts hide what lies behind them: a picture was taken away
+  // The texts have an opaque background, because the picture behind them was removed.
+  bool deckend_ = false;
   Bild& Hintergrundbild() { return picSource.at(static_cast<std::size_t>(TeilDerSeite(Seite))); }
 
   struct Faktoren {
@@ -124,9 +125,9 @@ class frmPrint final : public VtrFenster {
   void HilfslinienDrucken(int x, int y);
   void SchriftSetzen();
 
-  Rechteck platz_{};     // that the window has for a side
-  double massstab_ = 1;  // twips of the window for one of the side
-  Text gesagt_;          // in Text1
+  Rechteck platz_{};     // the part of the window that shows the side
+  double massstab_ = 1;  // twips of the window for one twip of the side
+  Text gesagt_;          // the words that Text1 shows
 };
 
 }  // namespace vantora

@@ -1,10 +1,10 @@
 #include "cover/frmPrintStart.h"
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "cover/frmPrint.h"
 #include "cover/seiten.h"
 
@@ -13,7 +13,6 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kAbstand = L"   ";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::int16_t kWahr = -1;
 
 }  // namespace
@@ -98,13 +97,12 @@ void frmPrintStart::FarbenZeigen() {
   }
 }
 
-// The box marks its text by itself when it gets the focus.
+// The text box selects its text when it gets the focus.
 void frmPrintStart::txtTitel_GotFocus(int index) {
   txtTitel(index).SelectOnFocus = true;
 }
 
-// The two boxes cross over: the first one's text is the performer of the cover, the second one's
-// stands on its spines.
+// The first box holds the performer of the cover, the second box the text on its spines.
 void frmPrintStart::txtTitel_LostFocus(int index) {
   Element(getippt_, index) = false;
   const Text text = Trim(txtTitel(index).Text);
@@ -133,7 +131,7 @@ void frmPrintStart::imgColor_MouseUp(int index) {
   FarbenZeigen();
 }
 
-// A line ends at its line feed, and the carriage return in front of it is no part of it.
+// A line ends at its line feed; the carriage return before it does not belong to the line.
 void frmPrintStart::ZeilenTeilen() {
   prog.CoverZeilen.fill(Text());
   int z = 1;
@@ -149,7 +147,7 @@ void frmPrintStart::ZeilenTeilen() {
   }
 }
 
-// A click on the button takes the focus from no box: one that was typed into is left all the same.
+// A click on the button leaves the focus in the text box, so a changed text is taken over here.
 void frmPrintStart::imgReady_MouseUp() {
   for (int i = 0; i < txtTitel.Count(); ++i) {
     if (Element(getippt_, i)) txtTitel_LostFocus(i);

@@ -1,4 +1,4 @@
-// The first step to a cover: its texts, their font and the colours. The next one is frmPrint.
+// The first step to a cover: its texts, their font and the colours. The second step is frmPrint.
 #pragma once
 
 #include "app/fenster.h"
@@ -26,7 +26,7 @@ class frmPrintStart final : public VtrFenster {
 
   Label lblTitel{*this, L"lblTitel"};
   Label lblHilfe{*this, L"lblHilfe"};
-  ControlArray<Label, 3> lblFeld{*this, L"lblFeld"};  // of the boxes
+  ControlArray<Label, 3> lblFeld{*this, L"lblFeld"};  // captions of the text boxes
   ControlArray<TextBox, 2> txtTitel{*this, L"txtTitel"};
   TextBox txtPrev{*this, L"txtPrev"};
   PictureButton imgSchrift{*this, L"imgSchrift"};
@@ -41,7 +41,7 @@ class frmPrintStart final : public VtrFenster {
   void FarbenZeigen();
   void ZeilenTeilen();
 
-  std::array<bool, 2> getippt_{};  // the box was typed into and not left since
+  std::array<bool, 2> getippt_{};  // the text box was changed and has kept the focus
 };
 
 }  // namespace vantora

@@ -1,10 +1,9 @@
-// Printing a side: in the middle of any sheet, with a frame and marks to cut along, or at the
-// places of a pre-cut sheet. All places are twips of the page, from the corner of its printable
-// area.
+// Printing a side: in the middle of any sheet with a frame and cut marks, or at the places of a
+// pre-cut sheet. All positions are twips of the page, from the corner of its printable area.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
 
 namespace vantora {
@@ -12,11 +11,12 @@ namespace vantora {
 namespace {
 
 constexpr Color kSchwarz = Rgb(0, 0, 0);
-constexpr int kFalz = 385;                             // of the back, from its edge
-constexpr int kTextVomRand = 100, kTextVomEnde = 200;  // of the texts of the spines
-constexpr int kMarkeNah = 200, kMarkeFern = 900;       // of the cut marks, from the frame
+constexpr int kFalz = 385;  // distance of the back's folds from its edges
+// Of the spines' texts, from the edges of the side.
+constexpr int kTextVomRand = 100, kTextVomEnde = 200;
+constexpr int kMarkeNah = 200, kMarkeFern = 900;  // start and end of the cut marks, from the frame
 
-// The pre-cut sheet, from the edge of the paper.
+// Places on the pre-cut sheet, from the edge of the paper.
 constexpr int kBlattCoverX = 3402, kBlattCoverY = 1361;
 constexpr int kBlattRueckseiteX = 1644, kBlattRueckseiteY = 8781;
 constexpr int kBlattLabelX = 2608, kBlattLabelObenY = 680 + 283, kBlattLabelUntenY = 9327;
@@ -38,7 +38,7 @@ void frmPrint::SchriftSetzen() {
 
 // ---- text ----
 
-// Prints with a turned font, and leaves the device's place and font as they were.
+// Prints with a rotated font, and restores the device's position and font.
 void frmPrint::DrawRotatedText(Device& ziel, const Text& text, double x, double y, int winkel) {
   LogicalFont schrift;
   schrift.FaceName = ziel.FontName;
@@ -85,7 +85,7 @@ void frmPrint::PrintBeschriftung(double x0, double y0, double sx, double sy) {
 
 // ---- parts of a page ----
 
-// The ground of the present side, with its corner there.
+// Prints the background of the current side, with the corner of the side at (x, y).
 void frmPrint::SeiteDrucken(int x, int y) {
   Printer& drucker = prog.plattform.drucker.Printer();
   const Mass mass = MassDerSeite(Seite);
@@ -184,7 +184,8 @@ void frmPrint::PrintQMPaper() {
   EventLoop& schleife = prog.plattform.schleife;
   schleife.MousePointer(Pointer::Hourglass);
   Printer& drucker = prog.plattform.drucker.Printer();
-  drucker.Orientation = kPortrait;  // before the margin is asked for: it turns with the sheet
+  // Set before the margin is read, which depends on the orientation.
+  drucker.Orientation = kPortrait;
   const double x0 = drucker.DeviceCaps(DeviceCap::PhysicalOffsetX) * drucker.TwipsPerPixelX();
   const double y0 = drucker.DeviceCaps(DeviceCap::PhysicalOffsetY) * drucker.TwipsPerPixelY();
   drucker.Print(L"");  // opens the page
@@ -197,7 +198,7 @@ void frmPrint::PrintQMPaper() {
       prog.AppLog(L"PrintQMPaper", L"rotated Text");
     }
     BildDrucken(x, y);
-    // Each side has a scale of its own in the window.
+    // Each side has its own scale in the window.
     const Faktoren mal = DruckFaktoren();
     PrintBeschriftung(x, y, mal.X, mal.Y);
   };
@@ -216,7 +217,7 @@ void frmPrint::PrintQMPaper() {
   schleife.MousePointer(Pointer::Normal);
 }
 
-// A dialog that was cancelled ends it. A job that fails leaves nothing behind.
+// Cancelling a dialog ends the printing. A failed job leaves no file behind.
 void frmPrint::imgPrintMe_MouseUp() {
   try {
     prog.DruckerHolen(kDruckerWaehlen);

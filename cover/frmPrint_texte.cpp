@@ -1,10 +1,11 @@
-// The texts of a side: how they are shown, selected and moved, and how screen readers name their
-// places.
+// The texts of a side: showing, selecting and moving them, and the names that screen readers read.
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
+
+#include "platform/twips.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,11 +14,10 @@ namespace vantora {
 
 namespace {
 
-constexpr int kGriffX = 500, kGriffY = 200;  // from a text's corner to the mouse that moves it
-constexpr double kTwipsJeMm = 1440 / 25.4;
-constexpr int kTwipsJePunkt = 20;
+// Distance from a text's corner to the mouse that moves the text.
+constexpr int kGriffX = 500, kGriffY = 200;
 
-// A tab or a line break inside a text is one blank on paper.
+// A tab or a line break inside a text is printed as a blank.
 Text Druckbar(Text text) {
   std::replace_if(
       text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
@@ -49,11 +49,11 @@ std::vector<frmPrint::Beweglich> frmPrint::Texte() {
   return alle;
 }
 
-// In twips of the printed side.
+// The size of a text in twips of the printed side.
 Mass frmPrint::TextMass(const Label& schild) const {
   LogicalFont schrift;
   schrift.FaceName = prog.CoverFont;
-  schrift.Height = -prog.CoverFontSize * kTwipsJePunkt;
+  schrift.Height = -prog.CoverFontSize * kTwipsPerPoint;
   schrift.Weight = prog.CoverFontBold != 0 ? kWeightBold : kWeightNormal;
   schrift.Italic = prog.CoverFontItalic != 0;
   const TextExtent reichweite = prog.plattform.schriften.Measure(schrift, schild.Caption);
@@ -113,7 +113,8 @@ void frmPrint::Greifen(const Beweglich& text) {
   Umschalten(text.Schild);
 }
 
-// The mouse is counted from the side's corner, and the grid is one of the side, not of the window.
+// The mouse position is measured from the side's corner; the grid is measured on the side, not in
+// the window.
 void frmPrint::Ziehen(const Beweglich& text, int taste) {
   if (taste != kLeftButton || text.Schild.ShiftHeld || text.Schild.ControlHeld) return;
   const int mausX = text.Schild.Left + text.Schild.MouseX;
@@ -159,7 +160,7 @@ bool frmPrint::Verschieben(int taste) {
   return gewaehlt;
 }
 
-// Without a selected text the arrows do what they do in any window.
+// Without a selected text, the arrow keys keep their usual function.
 bool frmPrint::Form_KeyDown(int taste, bool strg) {
   if (taste >= kKeyLeft && taste <= kKeyDown) return Verschieben(taste);
   if (taste == 'A' && strg) {
@@ -175,21 +176,21 @@ bool frmPrint::Form_KeyDown(int taste, bool strg) {
   return VtrFenster::Form_KeyDown(taste, strg);
 }
 
-// The box takes the focus so that the arrows come here; nothing can be written into it.
+// The box gets the focus so that arrow keys reach this window; it is read-only.
 bool frmPrint::Text1_KeyPress(int /*zeichen*/) {
   return false;
 }
 
-// ---- words about a text ----
+// ---- descriptions for screen readers ----
 
 Text frmPrint::Beschreibung(const Beweglich& text) const {
-  const auto mm = [](std::int32_t twips) { return Format(twips / kTwipsJeMm, L"#0"); };
+  const auto mm = [](std::int32_t twips) { return Format(twips / kTwipsPerMm, L"#0"); };
   const Text gewaehlt = text.Schild.Tag == L"1" ? LoadResString(30165) : Text();
   return text.Schild.Caption() + gewaehlt + LoadResString(30162) + mm(text.Platz[0]) +
          LoadResString(30163) + mm(text.Platz[1]) + LoadResString(30164);
 }
 
-// Says which text is selected, or how many are.
+// Names the selected text, or the number of selected texts.
 void frmPrint::Sagen() {
   std::vector<Beweglich> gewaehlt;
   for (const Beweglich& text : Texte()) {

@@ -1,7 +1,9 @@
 #include "cover/seiten.h"
 
-#include "app/feld.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 #include <algorithm>
 #include <cmath>
@@ -17,9 +19,8 @@ constexpr Mass kLabelMass = {6810, 6810};
 
 constexpr int kErsteZeileY = 650, kZeilenAbstand = 180;
 constexpr int kZeilenX = 600, kZeilenXDoppelt = 5600;
-constexpr int kTitelY = 150, kInterpretY = 400;  // above the lines
+constexpr int kTitelY = 150, kInterpretY = 400;  // title and performer stand above the lines
 
-constexpr double kGrosseSchriftTwips = 12;
 constexpr double kGrosseSchriftTeiler = 1.25;
 
 constexpr int kTastenWeg = 100;
@@ -64,7 +65,7 @@ Rechteck BildPlatz(int seite) {
 }
 
 void ZeilenPosFuellen(CoverZustand& cover, double twipsJePixel) {
-  const double teiler = twipsJePixel == kGrosseSchriftTwips ? kGrosseSchriftTeiler : 1;
+  const double teiler = twipsJePixel == kLargeFontTwipsPerPixel ? kGrosseSchriftTeiler : 1;
   const auto ort = [teiler](int x, int y) {
     return CoverZustand::Ort{Ganz32(x / teiler), Ganz32(y / teiler)};
   };
@@ -79,8 +80,7 @@ void ZeilenPosFuellen(CoverZustand& cover, double twipsJePixel) {
 }
 
 Mass Raster(double twipsJePixel) {
-  constexpr double kUeblicheTwips = 15;
-  return twipsJePixel == kUeblicheTwips ? kTastenRaster : Mass{120, 60};
+  return twipsJePixel == kTwipsPerPixel ? kTastenRaster : Mass{120, 60};
 }
 
 int Gerastet(double wert, int schritt) {

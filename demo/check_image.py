@@ -4,8 +4,8 @@ should be on it, sample by sample.
 
     check_image.py SHEET.cue TRACK1.wav TRACK2.wav ...
 
-It shares no code with the program: sheet, image and waves are read anew here. Ends with 0 when
-every sample is where it belongs and nothing else sounds, and with 1 at the first difference.
+It shares no code with the program: it reads sheet, image and waves itself. The exit status is 0
+when every sample is at its place and the rest is silence, and 1 at the first difference.
 """
 
 import pathlib
@@ -22,7 +22,7 @@ class Wrong(Exception):
 
 
 def sound_of(path):
-    """The data chunk of a wave file that may go on a disc."""
+    """Returns the data chunk of a wave file, which must have the format of an audio disc."""
     data = path.read_bytes()
     if data[:4] != b"RIFF" or data[8:12] != b"WAVE":
         raise Wrong(f"{path.name}: no es un archivo WAVE")
@@ -49,7 +49,7 @@ def bytes_at(time):
 
 
 def read_sheet(path):
-    """The image's path, and for every track where its gap (or None) and its sound begin."""
+    """Returns the image's path, and for each track the start of its gap (or None) and its sound."""
     image, tracks = None, []
     for line in path.read_bytes().decode("cp1252", "replace").splitlines():
         if found := re.fullmatch(r'\s*FILE "(.*)" BINARY', line):

@@ -1,4 +1,4 @@
-# From a wave and an MP3 file to an audio CD, as a person would make it. Played in real windows.
+# From a wave and an MP3 file to an audio CD, with the steps of a user. Played in real windows.
 home .
 screen 1024 768
 echo "Se crea la música de muestra: un archivo WAVE y un MP3"
@@ -44,7 +44,7 @@ press frmCDBrennen.imgBrennen
 expect-box ~ "modo TAO"
 answer 6
 expect-box ~ "CD virgen"
-# the disc lasts 20 seconds: in the middle of it the window of progress is there
+# the burn lasts 20 seconds; in the middle of it the progress window is visible
 writer pace 1
 after 10000 shot pictures/5-progreso.png
 answer 7

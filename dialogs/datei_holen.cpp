@@ -1,5 +1,5 @@
-// Every choice of a file goes through here: where the dialog begins, and what becomes of its
-// answer.
+// The call that runs the file dialog for every choice of a file: where the dialog begins, and how
+// its result is used.
 
 #include "app/programm.h"
 #include "dialogs/frmLoadSave.h"

@@ -1,7 +1,7 @@
-// The dialogs for fonts, colours and printing as one call each, and the messages for what comes of
-// them.
+// One call each for the dialogs for fonts, colours and printing, and the messages for their errors.
 
 #include "app/programm.h"
+#include "app/werte/zeichen.h"
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"
@@ -32,8 +32,8 @@ void Programm::DruckerHolen(int /*flags*/) {
   if (!fenster->Gewaehlt) throw Laufzeitfehler(kFehlerAbbruch, Text(30158));
 }
 
-// The printer's failure has a sentence of its own; what went wrong with a file comes in the words
-// of the error.
+// An error of the printer has its own message; the message for a file contains the words of the
+// error.
 void Programm::DruckFehlerMelden(const Laufzeitfehler& fehler) {
   if (fehler.Nummer == kFehlerAbbruch) return;
   FehlerVermerken(fehler.Grund.empty() ? fehler.Beschreibung : fehler.Grund);
@@ -42,7 +42,7 @@ void Programm::DruckFehlerMelden(const Laufzeitfehler& fehler) {
 }
 
 void Programm::BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler) {
-  MsgBoxen(datei + L"\r\n" + fehler.Beschreibung + L".", kHinweis);
+  MsgBoxen(datei + kZeilenEnde + fehler.Beschreibung + L".", kHinweis);
 }
 
 }  // namespace vantora

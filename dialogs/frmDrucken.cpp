@@ -1,10 +1,11 @@
 #include "dialogs/frmDrucken.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/printer.h"
+#include "platform/twips.h"
 
 namespace vantora {
 
@@ -12,7 +13,6 @@ namespace {
 
 constexpr int kUebernehmen = 0, kAndereDatei = 2;
 constexpr int kMeisteKopien = 99;
-constexpr double kTwipsJeMm = 1440 / 25.4;
 
 }  // namespace
 
@@ -61,7 +61,7 @@ bool frmDrucken::InDatei() const {
   return cbxDrucker.ListIndex >= 0 && prog.plattform.drucker.WritesFile(cbxDrucker.ListIndex);
 }
 
-// What the chosen printer has no use for is dimmed.
+// Disables the controls that have no effect for the chosen printer.
 void frmDrucken::cbxDrucker_Click() {
   const bool einer = cbxDrucker.ListIndex >= 0, datei = InDatei();
   lblDatei.Enabled = txtDatei.Enabled = pbButton(kAndereDatei).Enabled = datei;
@@ -70,13 +70,13 @@ void frmDrucken::cbxDrucker_Click() {
   pbButton(kUebernehmen).Enabled = einer;
   if (!einer) return;
   const PaperSize papier = prog.plattform.drucker.Paper(cbxDrucker.ListIndex);
-  lblPapierName.Caption = papier.Name + L" (" + ZahlText(Ganz32(papier.Width / kTwipsJeMm)) +
-                          L" × " + ZahlText(Ganz32(papier.Height / kTwipsJeMm)) + L" mm)";
+  lblPapierName.Caption = papier.Name + L" (" + ZahlText(Ganz32(papier.Width / kTwipsPerMm)) +
+                          L" × " + ZahlText(Ganz32(papier.Height / kTwipsPerMm)) + L" mm)";
 }
 
 // ---- the file ----
 
-// A name that no file has yet.
+// Suggests a file name that is not in use.
 Text frmDrucken::Vorschlag() const {
   Text vorgegeben = prog.plattform.drucker.SuggestedFile();
   if (!vorgegeben.empty()) return vorgegeben;
@@ -94,7 +94,7 @@ void frmDrucken::AndereDatei() {
   if (!keine) txtDatei.Text = prog.GewaehlteDatei;
 }
 
-// False where the name is none, or the user keeps the file that is there.
+// Returns false when the name is invalid, or when the user does not want to replace the file.
 bool frmDrucken::DateiBestaetigt() {
   Text datei = Trim(txtDatei.Text);
   const Text name = DateiNameOhnePfad(datei);
@@ -108,7 +108,7 @@ bool frmDrucken::DateiBestaetigt() {
   return !prog.DateiExistiert(datei) || prog.MsgBoxen(LoadResString(8055), kFrage) == kJa;
 }
 
-// ---- the end ----
+// ---- closing the window ----
 
 bool frmDrucken::KopienGueltig() {
   const double kopien = Val(txtKopien.Text);
@@ -122,7 +122,7 @@ void frmDrucken::Uebernehmen() {
   const bool datei = InDatei();
   if (datei ? !DateiBestaetigt() : !KopienGueltig()) return;
   Printers& drucker = prog.plattform.drucker;
-  // A printer that went while the dialog stood open is reported by the job.
+  // If the printer was removed while the dialog was open, the print job reports it.
   if (drucker.Count() > 0) {
     drucker.Select(cbxDrucker.ListIndex);
     Printer& blatt = drucker.Printer();

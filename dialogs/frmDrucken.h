@@ -1,5 +1,5 @@
-// The dialog before a print: the printer, for a PDF its file, for paper the copies. The paper that
-// lies in the printer is shown.
+// The dialog before a print: the printer, the file for a PDF, and the copies for paper. It also
+// shows the paper in the printer.
 #pragma once
 
 #include "app/fenster.h"
@@ -15,7 +15,7 @@ class frmDrucken final : public VtrFenster {
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { pbButton_MouseUp(1); }
 
-  bool Gewaehlt = false;  // by OK: the printer object is set
+  bool Gewaehlt = false;  // set by OK; the printer object is then set as well
 
   void cbxDrucker_Click();
   void pbButton_MouseUp(int index);  // 0 OK, 1 cancel, 2 another file

@@ -2,9 +2,11 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "dialogs/frmLoadSave.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -14,7 +16,7 @@ namespace {
 
 constexpr const wchar_t* kTempi[] = {L"1", L"2", L"4", L"6", L"8"};
 constexpr std::int32_t kCDGroesse[] = {74, 80};  // minutes
-constexpr double kMeisteMegabyte = 32767;        // of the limit of the undo store
+constexpr double kMeisteMegabyte = 32767;        // highest limit of the undo store
 constexpr int kMegabyteStellen = 5;
 
 struct AspiZeile {
@@ -27,7 +29,7 @@ constexpr AspiZeile kAspi[] = {
     {L"apix.vxd:     ", L"iosubsys/apix.vxd"},
 };
 
-// Both kinds of separators can be typed; files are named with one.
+// Users may type both kinds of separators; file names in the program have only "\".
 Text GetippterOrdner(const TextBox& feld) {
   Text ordner = Trim(feld.Text);
   std::replace(ordner.begin(), ordner.end(), L'/', L'\\');
@@ -115,6 +117,11 @@ void frmExtrasMenue::SetTexte() {
        }) {
     eintrag.Schild->Caption = LoadResString(eintrag.Text);
   }
+  WahlBeschriften();
+  KnoepfeBeschriften();
+}
+
+void frmExtrasMenue::WahlBeschriften() {
   const auto wahl = [this](auto& feld, int text, int hinweis) {
     feld.Caption = LoadResString(text);
     feld.ToolTipText = LoadResString(hinweis);
@@ -142,7 +149,9 @@ void frmExtrasMenue::SetTexte() {
   eingabe(txtTempDir, LoadResString(7236), 7420);
   eingabe(txtWaveDir, LoadResString(7237), 7422);
   lblCDGroesse.ToolTipText = LoadResString(7426);
-  lblBrennvorgaenge.ToolTipText = LoadResString(7415);
+}
+
+void frmExtrasMenue::KnoepfeBeschriften() {
   const auto knopf = [this](int schild, PictureButton& taste, const Text& text, int hinweis) {
     Beschriften(lblButtCaption(schild), taste, text);
     taste.ToolTipText = LoadResString(hinweis);
@@ -153,9 +162,10 @@ void frmExtrasMenue::SetTexte() {
   knopf(3, cmdTempDirEdit, LoadResString(7208), 7410);
   knopf(4, cmdWaveDirEdit, LoadResString(7209), 7411);
   imgHelp.ToolTipText = LoadResString(7413);
+  lblBrennvorgaenge.ToolTipText = LoadResString(7415);
 }
 
-// The speeds of the burn window that the writer has; it takes another one for those that it lacks.
+// Shows the speeds of the burn window that the writer has; the writer replaces the other speeds.
 void frmExtrasMenue::TempoZeigen() {
   Mcd& mcd = prog.plattform.mcd;
   const int bisher = mcd.Speed();
@@ -179,8 +189,7 @@ void frmExtrasMenue::PlatzZeigen(Ordner welcher, const Text& ordner) {
   int einheit = kBytes;
   for (; zahl >= kSchritt && einheit < kGigabytes; ++einheit) zahl /= kSchritt;
   lblPlatzZahl(welcher).Caption = Format(zahl, L"#,##0.00") + L" " + LoadResString(einheit);
-  constexpr double kBytesJeSekunde = 176400;
-  const std::int64_t gesamt = Abgeschnitten(frei / kBytesJeSekunde);
+  const std::int64_t gesamt = Abgeschnitten(frei / kBytesPerSecond);
   const auto stellen = [](std::int64_t wert, const wchar_t* muster) {
     return Format(static_cast<double>(wert), muster);
   };
@@ -191,7 +200,7 @@ void frmExtrasMenue::PlatzZeigen(Ordner welcher, const Text& ordner) {
 
 // ---- folders ----
 
-// A folder that is gone is no place to begin at; then the dialog chooses one. Blank when cancelled.
+// If the folder does not exist, the file dialog chooses where to begin. Blank when cancelled.
 Text frmExtrasMenue::OrdnerFragen(const Text& bisher) {
   prog.DialogModus = kModusOeffnen;
   prog.DialogName = L"";
@@ -204,14 +213,14 @@ Text frmExtrasMenue::OrdnerFragen(const Text& bisher) {
   fenster->LaufwerkSetzen(prog.DialogPfad);
   prog.ZeigeModal(fenster);
   if (prog.DialogAbbruch) return {};
-  // A name that was typed and is no file is meant as a folder, even as one that does not exist.
+  // A typed name that is no file is taken for a folder, even if the folder does not exist.
   const Text& gewaehlt = prog.GewaehlteDatei;
   const bool getippt = !gewaehlt.empty() && !prog.MehrfachAuswahl && !prog.DateiExistiert(gewaehlt);
   return AddBackslash(getippt ? gewaehlt : prog.DialogPfad);
 }
 
-// A folder that is named from its drive or share on: nothing, or a part of a path, would lead to
-// another place than the user means.
+// The path must begin with its drive or share: a blank or relative path would lead to another place
+// than the user means.
 bool frmExtrasMenue::IstOrdner(const Text& ordner) const {
   const bool ganz = ordner.find(L':') == 1 || ordner.starts_with(L"\\\\");
   return ganz && prog.plattform.dateien.IsDirectory(ordner);
@@ -307,9 +316,10 @@ void frmExtrasMenue::cbxKatalogCheck_Click() {
   cbxKatalogCheck.Value = 0;
 }
 
-// ---- the end ----
+// ---- closing the window ----
 
-// The folder for temporary files has its own message when it is gone; all else is as at a choice.
+// A missing folder for temporary files has its own message; otherwise the folders are checked as
+// when they are chosen.
 bool frmExtrasMenue::GetippteOrdnerGut() {
   const auto ablehnen = [this](TextBox& feld, const Text& grund) {
     prog.MsgBoxen(grund, kHinweis);
@@ -365,7 +375,7 @@ void frmExtrasMenue::imgAbbrechen_MouseUp() {
   prog.frmExtrasMenue.Entladen();
 }
 
-// Return belongs to the button that has the focus.
+// Return presses the button that has the focus.
 bool frmExtrasMenue::Form_KeyDown(int taste, bool strg) {
   if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
   imgAbbrechen_MouseUp();

@@ -1,5 +1,5 @@
-// The options of the program, and the two folders that it works in, with the room that is left
-// there. Options change with OK alone; a folder that was chosen by its button counts at once.
+// The options of the program, its two working folders, and the free space there. Options change
+// only with OK; a folder chosen by its button is changed at once.
 #pragma once
 
 #include "app/fenster.h"
@@ -12,6 +12,8 @@ class frmExtrasMenue final : public VtrFenster {
 
   void Form_Load() override;
   void SetTexte() override;
+  void WahlBeschriften();
+  void KnoepfeBeschriften();
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgAbbrechen_MouseUp(); }
   void imgOK_MouseUp();
@@ -37,7 +39,7 @@ class frmExtrasMenue final : public VtrFenster {
   CheckBox cbxLastCatLoad{*this, L"cbxLastCatLoad"};
   CheckBox cbxAskTrackInfo{*this, L"cbxAskTrackInfo"};
   CheckBox cbxKatalogCheck{*this, L"cbxKatalogCheck"};
-  // ---- the database of CDs, here and in the net ----
+  // ---- the databases of CDs: local and on the Internet ----
   Label lblDatenbank{*this, L"lblDatenbank"};
   CheckBox cbxFertigCDinDB{*this, L"cbxFertigCDinDB"};
   Label lblCDDB{*this, L"lblCDDB"};
@@ -63,11 +65,11 @@ class frmExtrasMenue final : public VtrFenster {
   Label lblWaveDir{*this, L"lblWaveDir"};
   TextBox txtWaveDir{*this, L"txtWaveDir"};
   PictureButton cmdWaveDirEdit{*this, L"cmdWaveDirEdit"};
-  // Of the folder for temporary files, then of the one for waves.
+  // Free space of the folder for temporary files (0) and of the folder for waves (1).
   ControlArray<Label, 2> lblPlatz{*this, L"lblPlatz"};
   ControlArray<Label, 2> lblPlatzZahl{*this, L"lblPlatzZahl"};
   ControlArray<Label, 2> lblDauer{*this, L"lblDauer"};
-  // ---- the parts that the drives are reached with ----
+  // ---- the components that access the drives ----
   Label lblAspi{*this, L"lblAspi"};
   ControlArray<Label, 3> lblAspiVersion{*this, L"lblAspiVersion"};
 
@@ -84,7 +86,7 @@ class frmExtrasMenue final : public VtrFenster {
   void OrdnerWaehlen(Ordner welcher);
   void OrdnerMerken(Ordner welcher, const Text& ordner);
   bool IstOrdner(const Text& ordner) const;
-  // What keeps a folder from being used, as a text; blank for none.
+  // Returns the reason why a folder cannot be used, as a text; blank when it can.
   Text OrdnerEinwand(Ordner welcher, const Text& ordner) const;
   bool Beschreibbar(const Text& ordner) const;
   bool GetippteOrdnerGut();

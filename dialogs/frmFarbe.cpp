@@ -1,8 +1,8 @@
 #include "dialogs/frmFarbe.h"
 
 #include "app/programm.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 #include <array>
@@ -12,12 +12,12 @@ namespace vantora {
 namespace {
 
 constexpr int kUebernehmen = 0;
-constexpr const wchar_t* kHilfe = L"frmDrucken";  // one page for the dialogs around printing
+constexpr const wchar_t* kHilfe = L"frmDrucken";  // one help page for all dialogs about printing
 constexpr int kSpalten = 8, kFelder = 48;
 constexpr int kHoechster = 255;
 
-// A row of greys, then red, orange, yellow, green, turquoise, blue, violet and pink, from pale to
-// dark.
+// A row of greys, then rows of red, orange, yellow, green, turquoise, blue, violet and pink, from
+// pale to dark.
 constexpr std::array<Color, kFelder> kFarben = {
     0x000000, 0x242424, 0x494949, 0x6D6D6D, 0x929292, 0xB6B6B6, 0xDBDBDB, 0xFFFFFF,  //
     0xFFD6D6, 0xFFE8CC, 0xFFF9C4, 0xD7F2D0, 0xCFF1EF, 0xD0E0FF, 0xE4D7FA, 0xFBD5EA,  //
@@ -92,7 +92,7 @@ void frmFarbe::Setzen(Color farbe) {
   MusterZeigen();
 }
 
-// The frame in the field goes to the colour, or away.
+// Moves the frame in the field to the chosen colour, or hides it if the field lacks this colour.
 void frmFarbe::MusterZeigen() {
   const Color farbe = Wahl();
   shpMuster.FillColor = farbe;
@@ -145,7 +145,7 @@ void frmFarbe::picFelder_KeyDown(int taste) {
   if (schritt != 0) FeldWaehlen(feld_ < 0 ? 0 : feld_ + schritt);
 }
 
-// ---- the shares ----
+// ---- the shares of red, green and blue ----
 
 void frmFarbe::sldAnteil_Change(int index) {
   if (stellt_) return;
@@ -155,7 +155,7 @@ void frmFarbe::sldAnteil_Change(int index) {
   MusterZeigen();
 }
 
-// What is typed counts as far as there are such shares; the box keeps what is being typed.
+// Limits the typed share to the valid range, and leaves the text unchanged while the user types.
 void frmFarbe::txtAnteil_Change(int index) {
   if (stellt_) return;
   stellt_ = true;

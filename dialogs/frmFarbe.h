@@ -1,5 +1,5 @@
-// The dialog for a colour: one of a field of colours, or any by its shares of red, green and blue.
-// Begins with what it is given and holds what was chosen.
+// The dialog for a colour: one from a field of colours, or any other by its shares of red, green
+// and blue. It begins with a given colour and holds the chosen one.
 #pragma once
 
 #include "app/fenster.h"
@@ -15,8 +15,8 @@ class frmFarbe final : public VtrFenster {
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { pbButton_MouseUp(1); }
 
-  void Beginnen(const Text& titel, Color farbe);  // blank: the dialog's own title
-  bool Gewaehlt = false;                          // by OK
+  void Beginnen(const Text& titel, Color farbe);  // a blank title stands for the dialog's own
+  bool Gewaehlt = false;                          // set by OK
   Color Wahl() const;
 
   void picFelder_MouseDown();
@@ -43,8 +43,8 @@ class frmFarbe final : public VtrFenster {
   void FelderZeichnen();
   void MusterZeigen();
 
-  int feld_ = -1;        // of the field, row by row; -1: none has this colour
-  bool stellt_ = false;  // the controls are being set, not used
+  int feld_ = -1;        // index in the field, row by row; -1 if the field lacks this colour
+  bool stellt_ = false;  // the program sets the controls, so their events are ignored
 };
 
 }  // namespace vantora

@@ -1,7 +1,7 @@
 #include "dialogs/frmLoadSave.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
+#include "app/werte/weiter.h"
 #include "catalog/frmHauptForm.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 constexpr int kVorhoeren = 0, kUebernehmen = 1, kAbbrechen = 2;
 constexpr std::size_t kWurzel = 3;  // characters of "C:\"
 
-// The parts of a path behind its root.
+// The folders of a path, without its root.
 std::vector<Text> Ordner(const Text& pfad) {
   std::vector<Text> ordner;
   if (pfad.size() <= kWurzel) return ordner;
@@ -79,7 +79,7 @@ void frmLoadSave::SetTexte() {
   imgHelp.ToolTipText = LoadResString(1);
 }
 
-// Comes to the front for the first time: shows what it was asked for.
+// When the dialog comes to the front for the first time, it shows the requested folder.
 void frmLoadSave::Form_Activate() {
   if (aktiviert_) return;
   aktiviert_ = true;
@@ -101,7 +101,7 @@ void frmLoadSave::LaufwerkSetzen(const Text& pfad) {
   }
 }
 
-// A folder that can't be read leaves the dialog where it is; with no place yet, the root serves.
+// If a folder can't be read, the dialog keeps its old folder; without one it opens the root.
 void frmLoadSave::Oeffne(const Text& verzeichnis) {
   const Text vorher = verzeichnis_;
   verzeichnis_ = AddBackslash(verzeichnis);
@@ -160,13 +160,14 @@ void frmLoadSave::lstVerzeichnis_DblClick() {
   for (int i = 0; i < std::min(zeile, tiefe); ++i) {
     ziel += ordner[static_cast<std::size_t>(i)] + L"\\";
   }
-  // The indent is two blanks a level; a folder's own leading blanks stay.
+  // Each level is indented by two blanks; leading blanks of the folder's name itself stay.
   const std::size_t einzug = 2 * (ordner.size() + 1);
   if (zeile > tiefe) ziel += lstVerzeichnis.List(zeile).substr(einzug);
   Oeffne(ziel);
 }
 
-// The name box follows the selection; a file that is taken out of it gives way to one that stays.
+// The name box shows the selected file. If a file is deselected, the box shows one that is still
+// selected.
 void frmLoadSave::lstDatei_Click() {
   int zeile = lstDatei.ListIndex;
   if (zeile >= 0 && !lstDatei.Selected(zeile)) {
@@ -183,15 +184,15 @@ std::vector<Text> frmLoadSave::Gewaehlte() const {
   for (int i = 0; i < lstDatei.ListCount(); ++i) {
     if (lstDatei.Selected(i)) namen.push_back(lstDatei.List(i));
   }
-  // What was typed counts more than what was selected before.
+  // A typed name takes precedence over the selection.
   const Text& getippt = txtDateiName.Text;
   const bool ausListe = std::find(namen.begin(), namen.end(), getippt) != namen.end();
   if (prog.DialogModus == kModusSichern || !ausListe) return {getippt};
   return namen;
 }
 
-// What the catalog's file cannot hold must not get into the catalog: of a track that is its whole
-// path, of a catalog its name.
+// A catalog file holds only characters of Windows-1252. So they are checked in the whole path of a
+// track, and in the name of a catalog.
 bool frmLoadSave::NamenGueltig(const std::vector<Text>& namen) const {
   const bool katalog = prog.DialogMuster == L"*.vtr";
   return std::all_of(namen.begin(), namen.end(), [&](const Text& name) {
@@ -205,7 +206,7 @@ Text frmLoadSave::Voll(const Text& name) const {
   return Absolut(name) ? name : verzeichnis_ + name;
 }
 
-// A folder's name in the name box opens the folder.
+// Opens the folder whose name was typed in the name box.
 bool frmLoadSave::OrdnerGetippt() {
   const Text name = txtDateiName.Text;
   if (name.empty() || name.front() == L'.' || Enthaelt(name, L"*")) return false;

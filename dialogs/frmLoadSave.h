@@ -1,5 +1,5 @@
-// The program's own dialog for files: drives, folders, files and a name. What it is asked for and
-// what it answers stands in the dialog fields of the program.
+// The program's own file dialog: drives, folders, files and a name. The dialog fields of the
+// program hold the request and the result.
 #pragma once
 
 #include "app/fenster.h"
@@ -16,7 +16,7 @@ class frmLoadSave final : public VtrFenster {
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { pbButton_MouseUp(2); }
 
-  // Chooses the drive of a path; a letter that is not there changes nothing.
+  // Chooses the drive of a path; an unknown letter changes nothing.
   void LaufwerkSetzen(const Text& pfad);
   void pbButton_MouseUp(int index);  // 0 preview, 1 OK, 2 cancel
   void cbxLaufwerk_Click();
@@ -47,9 +47,9 @@ class frmLoadSave final : public VtrFenster {
   bool OrdnerGetippt();
   std::vector<Text> Gewaehlte() const;
   bool NamenGueltig(const std::vector<Text>& namen) const;
-  Text Voll(const Text& name) const;  // with its folder
+  Text Voll(const Text& name) const;  // the name with its folder
 
-  Text verzeichnis_;  // with a backslash behind it
+  Text verzeichnis_;  // with a backslash at the end
   bool aktiviert_ = false;
 };
 

@@ -1,8 +1,8 @@
 #include "dialogs/frmNeuerInterpret.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 

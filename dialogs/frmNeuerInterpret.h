@@ -15,12 +15,12 @@ class frmNeuerInterpret final : public VtrFenster {
   void Form_Close() override { imgControl_MouseUp(1); }
 
   void TrackZeigen(int nummer, const Text& titel, const Text& interpret);  // from 1
-  void AufnahmeZeigen(const Text& titel, const Text& interpret);           // of the recorder
+  void AufnahmeZeigen(const Text& titel, const Text& interpret);  // for a take of the recorder
   void KatalogZeigen(const Text& titel, const Text& interpret);
   void imgControl_MouseUp(int index);  // 0 OK, 1 cancel
   bool cmbPause_KeyPress(int taste);
 
-  bool Abbruch = true;  // left with cancel
+  bool Abbruch = true;  // closed by cancel
 
   Label lblTitel{*this, L"lblTitel"};
   ControlArray<Label, 3> lblFeld{*this, L"lblFeld"};

@@ -1,7 +1,7 @@
 #include "dialogs/frmSchrift.h"
 
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include "platform/box_device.h"
 
@@ -13,7 +13,7 @@ namespace vantora {
 namespace {
 
 constexpr int kUebernehmen = 0;
-constexpr const wchar_t* kHilfe = L"frmDrucken";  // one page for the dialogs around printing
+constexpr const wchar_t* kHilfe = L"frmDrucken";  // one help page for all dialogs about printing
 constexpr int kKleinste = 4, kGroesste = 96;      // points
 constexpr std::array kGroessen = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72};
 
@@ -81,7 +81,8 @@ void frmSchrift::Beginnen(const Schriftart& schrift) {
   txtGroesse_Change();
 }
 
-// A family that nobody touched keeps its name, also where the machine writes it in another one.
+// If the user does not choose another family, its name stays unchanged, even if the system spells
+// it differently.
 Schriftart frmSchrift::Wahl() const {
   Schriftart wahl;
   const int zeile = lstName.ListIndex;
@@ -103,7 +104,7 @@ void frmSchrift::txtGroesse_Change() {
   MusterZeichnen();
 }
 
-// The sample stands in the middle of its box; one that is wider or higher is cut off.
+// Draws the sample in the middle of its box; a sample that is too large is cut off.
 void frmSchrift::MusterZeichnen() {
   const Schriftart schrift = Wahl();
   picMuster.Cls();

@@ -1,5 +1,5 @@
-// The dialog for a font: family, size, bold and italic, with a sample. Begins with what it is given
-// and holds what was chosen.
+// The dialog for a font: family, size, bold and italic, with a sample. It begins with a given font
+// and holds the chosen one.
 #pragma once
 
 #include "app/fenster.h"
@@ -17,7 +17,7 @@ class frmSchrift final : public VtrFenster {
   void Form_Close() override { pbButton_MouseUp(1); }
 
   void Beginnen(const Schriftart& schrift);
-  bool Gewaehlt = false;  // by OK
+  bool Gewaehlt = false;  // set by OK
   Schriftart Wahl() const;
 
   void lstGroesse_Click();
@@ -42,8 +42,8 @@ class frmSchrift final : public VtrFenster {
   void MusterZeichnen();
   bool GroesseGueltig() const;
 
-  Text anfang_;  // the family that it began with, and its line in the list: it need not be one of
-  int zeile_ = -1;  // the machine's
+  Text anfang_;     // the family at the start
+  int zeile_ = -1;  // its line in the list; -1 if the system lacks it
 };
 
 }  // namespace vantora

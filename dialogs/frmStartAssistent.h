@@ -1,4 +1,4 @@
-// The start wizard: six ways into the program, offered right after start-up.
+// The start wizard: offers six ways to begin, right after start-up.
 #pragma once
 
 #include "app/fenster.h"
@@ -16,7 +16,7 @@ class frmStartAssistent final : public VtrFenster {
   void imgOK_MouseDown();
   void imgAbbrechen_MouseUp();
 
-  int Ergebnis = -1;  // index of the option chosen; outside 0 to 5 for none
+  int Ergebnis = -1;  // index of the chosen option; any value outside 0 to 5 for none
 
   Label lblTitel{*this, L"lblTitel"};
   Label lblHilfe{*this, L"lblHilfe"};

@@ -1,6 +1,6 @@
 #include "klang/mischung.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 namespace vantora {
 

@@ -1,5 +1,5 @@
-// The crossfade of two stretches of sound: linear in amplitude on both sides, so that two equal
-// sounds stay as they are.
+// The linear crossfade of two stretches of sound. The amplitudes add up to 1, so two equal
+// stretches stay unchanged.
 #pragma once
 
 #include <cstddef>
@@ -7,9 +7,9 @@
 
 namespace vantora {
 
-// `ende` becomes the mix of itself and `anfang`: each stereo frame has 1 - f of the first and f of
-// the second, where f is the number of its first value divided by `werte`. In double precision,
-// rounded once to nearest, ties to even. `werte` counts both channels and is even.
+// Mixes `anfang` into `ende`: each stereo frame becomes (1 - f) * `ende` + f * `anfang`, where f is
+// the number of its first sample divided by `werte`. Computes in double precision and rounds once
+// to nearest, ties to even. `werte` counts the samples of both channels and is even.
 void LinearMischen(std::int16_t* ende, const std::int16_t* anfang, std::size_t werte);
 
 }  // namespace vantora

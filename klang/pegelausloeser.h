@@ -1,5 +1,5 @@
 // Cuts a recording into takes by its level: a pause of a set length ends a take, the next sound
-// begins one. Times are milliseconds of the system's counter, in 32 bits that wrap.
+// begins one. Times are in milliseconds of the system's 32-bit counter, which wraps.
 #pragma once
 
 #include <cstdint>
@@ -7,15 +7,15 @@
 namespace vantora {
 
 struct Pegelausloeser {
-  std::int32_t Pegelschwelle = 0;  // sum of both sides from which on sound counts as there
-  std::int32_t Pausenlaenge = 0;   // ms that end a take
+  std::int32_t Pegelschwelle = 0;  // sum of both channels from which on a buffer counts as sound
+  std::int32_t Pausenlaenge = 0;   // a pause of so many ms ends a take
   bool Wartet = false;             // a pause has ended a take, and the next sound is awaited
   bool NimmtAuf = false;           // a take is being written
   std::uint32_t LetzterPegel = 0;  // when the level was last above the threshold; 0 after a cut
 
   enum class Schritt {
     Nichts,
-    Laeuft,  // the take goes on; `StilleMs` of silence up to now
+    Laeuft,  // the take goes on; `StilleMs` have been silent so far
     Ende,    // a pause has ended the take, which does not get this buffer
     Beginn,  // this buffer is the first of a take
   };
@@ -24,7 +24,7 @@ struct Pegelausloeser {
     std::int64_t StilleMs = 0;
   };
 
-  // What a buffer with this sum level, heard at `jetzt`, means. Sets nothing but LetzterPegel.
+  // Decides what a buffer with this level, recorded at `jetzt`, means. Changes only LetzterPegel.
   Ergebnis Puffer(std::int32_t summe, std::uint32_t jetzt) {
     if (summe > Pegelschwelle) LetzterPegel = jetzt;
     if (NimmtAuf) {
@@ -35,13 +35,13 @@ struct Pegelausloeser {
   }
 };
 
-// The automatic level: looks at the mean of eleven sum levels at a time, and turns down what comes
-// near full scale on both sides.
+// The automatic level: takes the mean of eleven levels at a time, and turns the input down when
+// both channels come near full scale.
 class Pegelautomatik {
  public:
   static constexpr std::int32_t kGrenze = 65400;
 
-  // A level; true when the eleventh has made a new mean.
+  // Adds a level; returns true when the eleventh has made a new mean.
   bool Messen(std::int32_t summe) {
     summe_ += summe;
     if (++anzahl_ <= kMessungen) return false;
@@ -49,8 +49,7 @@ class Pegelautomatik {
     summe_ = anzahl_ = 0;
     return true;
   }
-  std::int32_t Mittel() const { return mittel_; }
-  // What a line's level (0 to 65536) becomes by the mean.
+  // Returns the new level of an input line (0 to 65536) for the last mean.
   std::int32_t Neu(std::int32_t pegel) const {
     if (mittel_ <= kGrenze) return pegel;
     const std::int32_t neu = pegel - (mittel_ - kGrenze) * 90;
@@ -59,7 +58,7 @@ class Pegelautomatik {
 
  private:
   static constexpr std::int32_t kMessungen = 10;
-  // Eleven is odd, so there are no ties.
+  // The divisor is eleven, which is odd, so there are no ties.
   static std::int32_t Gerundet(std::int32_t summe, std::int32_t durch) {
     return (summe + durch / 2) / durch;
   }

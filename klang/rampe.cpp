@@ -1,9 +1,9 @@
 #include "klang/rampe.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
-// The loop is made once for every generation of the vector unit; the fitting one is chosen when the
-// program starts.
+// The loop is compiled for several generations of the vector unit; the fitting version is chosen
+// when the program starts.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
     !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 #define VANTORA_VEKTOREINHEIT \

@@ -1,4 +1,4 @@
-// A linear change of gain over frames of sound, in amplitude: the arithmetic of the fades.
+// A linear change of gain over frames of sound, as the fades use it.
 #pragma once
 
 #include <cstddef>
@@ -6,9 +6,9 @@
 
 namespace vantora {
 
-// Multiplies both samples of stereo frames by a gain that is `start` for the frame of number 0 and
-// changes by `schritt` with each one, in double precision, and rounds once to nearest, ties to
-// even. `erster` is the number of the first of the frames. The gain must stay within 0 and 1.
+// Multiplies both samples of each stereo frame by a gain. The gain is `start` at frame 0 and grows
+// by `schritt` a frame; `erster` is the number of the first frame in `werte`. Computes in double
+// precision and rounds once to nearest, ties to even. The gain must stay between 0 and 1.
 void Rampe(std::int16_t* werte, std::size_t frames, std::int64_t erster, double start,
            double schritt);
 

@@ -1,4 +1,4 @@
-// The program's platform on the desktop: real windows, the sound card, the user's own home.
+// The program's platform on the desktop: real windows, the sound card, and the user's home folder.
 #pragma once
 
 #include "backends/alsa/alsa_devices.h"
@@ -10,10 +10,10 @@
 #include "backends/linux/linux_system.h"
 #include "backends/linux/processor_load.h"
 #include "backends/linux/thread_background.h"
+#include "backends/qt/desktop/qt_display.h"
+#include "backends/qt/desktop/qt_inhibitor.h"
+#include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/print/qt_print_shop.h"
-#include "backends/qt/qt_display.h"
-#include "backends/qt/qt_event_loop.h"
-#include "backends/qt/qt_inhibitor.h"
 #include "backends/samplerate/pitcher.h"
 #include "main/kept_volume.h"
 #include "main/machine.h"

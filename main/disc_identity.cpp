@@ -15,7 +15,7 @@ Text DiscIdentity::WrittenIdentity(const Text& drive) {
   try {
     return std::to_wstring(DiscNumber(ReadSheet(files_, writer_.LastImage()).Toc));
   } catch (const Laufzeitfehler&) {
-    return {};  // the image has been moved away: there is no disc to know
+    return {};  // the image was moved or deleted, so its identity is unknown
   }
 }
 

@@ -1,5 +1,6 @@
-// What the media control interface tells, the embedded writer's discs included: nobody carries them
-// from the writer to the tray of the embedded drive, in which another disc may lie.
+// The media control interface with the identities of discs that the embedded writer has made. Such
+// a disc is an image that is not put into the embedded drive by itself; that drive may hold another
+// disc.
 #pragma once
 
 #include "backends/cdio/disc_mci.h"

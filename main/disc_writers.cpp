@@ -7,7 +7,8 @@ namespace vantora {
 
 namespace {
 
-// Handlers are looked up when the event comes: the program sets its own when it starts.
+// Forwards events. The target handler is read when an event comes, because the program sets its
+// handlers only when it starts.
 template <typename... Arguments>
 void Lead(std::function<void(Arguments...)>& from, const std::function<void(Arguments...)>& to) {
   from = [&to](Arguments... arguments) {

@@ -1,7 +1,6 @@
-// All CD writers of the program as one: the devices of the first one have the first numbers, behind
-// the one device that the person has chosen, if there was a choice. What is set counts for every
-// device; tracks, their texts and the write belong to the current one. There is no layer to work
-// with when one of them has none.
+// Presents all CD writers of the program as one. The devices are numbered writer by writer; a
+// device that the user has preferred comes first. Settings apply to all devices; tracks, CD-Text
+// and the write apply to the current device. Init_Prog fails when it fails for one of the writers.
 #pragma once
 
 #include "platform/mcd.h"
@@ -44,15 +43,15 @@ class DiscWriters final : public Mcd {
   void ResetBurner() override;
 
  private:
-  // Whose device it is and which of its own.
+  // A writer, and the number of one of its devices.
   using Place = std::pair<Mcd*, int>;
-  Place Find(int index) const;  // of the last writer, and none of its own, for an index beyond all
+  Place Find(int index) const;  // for an invalid index: the last writer and no device of it
   void Number();
   void PassOn(McdEvents& from);
 
   std::vector<Mcd*> writers_;
   Mcd* current_;
-  std::vector<Place> places_;  // by the number that the program knows
+  std::vector<Place> places_;  // by the number that the program uses
   Text preferred_;             // description of a device; blank: none was chosen
 };
 

@@ -1,4 +1,4 @@
-// The program's platform without a screen: virtual time, and stories in milliseconds.
+// The program's platform without a screen: with virtual time, a story takes milliseconds.
 #pragma once
 
 #include "backends/headless/headless_background.h"

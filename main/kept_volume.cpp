@@ -10,7 +10,7 @@ namespace {
 
 constexpr const wchar_t* kVolume = L"OutputVolume";
 constexpr const wchar_t* kMuted = L"OutputMuted";
-constexpr int kRestMs = 300;  // a knob that is dragged is written once it rests
+constexpr int kRestMs = 300;  // a dragged knob is saved after it has rested for so long
 
 }  // namespace
 

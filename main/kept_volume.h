@@ -1,7 +1,7 @@
-// Keeps the program's own volume from one run to the next, as a card keeps its own.
+// Keeps the program's own volume from one run to the next, as a sound card keeps its volume.
 #pragma once
 
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/settings_store.h"
@@ -12,13 +12,13 @@ namespace vantora {
 
 class KeptVolume {
  public:
-  // Sets the volume to what was kept; a store without one leaves it.
+  // Sets the volume to the stored value; without a stored value it stays unchanged.
   KeptVolume(OutputVolume& volume, SettingsStore& settings, EventLoop& loop);
   ~KeptVolume();
   KeptVolume(const KeptVolume&) = delete;
   KeptVolume& operator=(const KeptVolume&) = delete;
 
-  void Save();  // what has changed and is not kept yet
+  void Save();  // saves a change that has not been saved yet
 
  private:
   void Changed();
@@ -27,7 +27,8 @@ class KeptVolume {
   SettingsStore& settings_;
   EventLoop& loop_;
   bool unsaved_ = false;
-  std::shared_ptr<int> token_ = std::make_shared<int>(0);  // of the posted work
+  // Posted work runs only while this token exists.
+  std::shared_ptr<int> token_ = std::make_shared<int>(0);
 };
 
 }  // namespace vantora

@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-// As in the names of the registry's keys.
+// The spelling of a product's name in the keys of the registry.
 Text KeyWord(const Text& product) {
   Text word = UpperCase(product);
   std::replace(word.begin(), word.end(), L'\\', L'_');

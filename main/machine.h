@@ -1,5 +1,5 @@
-// The services that every composition of the program shares, with a screen or without: files,
-// drives, settings, resources, codecs and disc writers over one user's places.
+// The services that the program needs with a screen and without: files, drives, settings,
+// resources, codecs and disc writers, in the folders of one user.
 #pragma once
 
 #include "backends/burn/drive_writer.h"
@@ -17,7 +17,7 @@
 #include "backends/linux/settings_file.h"
 #include "backends/mpg123/mp3_decoder.h"
 #include "backends/sound/audio_library.h"
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 #include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/sound_tools.h"
 #include "klang/rampe.h"
@@ -33,11 +33,11 @@
 
 namespace vantora {
 
-// The optical drives by their letters, then the embedded one, under the names by which the device
-// registry finds them.
+// The optical drives by their letters, then the embedded drive, with the names that the device
+// registry has for them.
 std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry);
 
-// The optical drives again, for writing; the embedded one has a writer of its own.
+// The optical drives as writers; the embedded drive has its own writer.
 std::vector<BurnDevice> DrivesForWriting(const DriveTable& table);
 
 struct Machine {
@@ -75,25 +75,26 @@ struct Machine {
   Mp3Decoder mp3;
   DriveWriter burner;
   ImageWriter writer;
-  DiscWriters writers;  // both
+  DiscWriters writers;  // both writers as one
   DiscDrives discDrives;
   DiscReader acd;
   DiscPlayer cd;
   DiscIdentity mci;
 };
 
-// In the cache folder: the pictures that earlier runs have drawn.
+// File in the cache folder with the pictures that earlier runs have drawn.
 inline constexpr const char* kDrawnPictures = "pictures.cache";
 
-// The folder with strings.tsv, layouts and pictures: beside the program when it was built in place,
-// under share/ when it was installed. Blank when there is none.
+// The folder with strings.tsv, layouts and pictures: beside a program in its build folder, under
+// share/ of an installed one. Blank when the folder does not exist.
 std::filesystem::path ResourceFolder();
 
-// "0.1.0", as the project states it.
+// The version of the project, such as "0.1.0".
 Text ProgramVersion();
 
-// What reaches discs, by the names of the drivers in whose place it stands: the library that writes
-// them, the one that reads them, and the embedded writer, which is as old as the program.
+// The versions of the parts that access discs, under the names of the drivers that they stand for:
+// the library that writes discs, the library that reads them, and the embedded writer, which has
+// the version of the program.
 std::map<Text, Text> ComponentVersions();
 
 }  // namespace vantora

@@ -1,7 +1,7 @@
-// The program's platform for tests and stories: a home of its own, a screen of any size, a sound
-// card that only counts. A world gives it time, windows and hands: `clock`, `loop`, `background`
-// and `hands`, made from the folder of resources and the one for what may be lost. Its `PrintShop`
-// has `printers`, `images` and `fonts`, made from the files.
+// The program's platform for tests and stories: its own home folder, a screen of any size, and a
+// sound card that only counts. `World` provides time, windows and input as `clock`, `loop`,
+// `background` and `hands`; its constructor gets the resource folder and the cache folder.
+// `World::PrintShop` provides `printers`, `images` and `fonts`; its constructor gets the files.
 #pragma once
 
 #include "backends/headless/headless_display.h"
@@ -13,7 +13,7 @@
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
 #include "backends/samplerate/pitcher.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 #include "main/kept_volume.h"
 #include "main/machine.h"
 
@@ -22,10 +22,10 @@
 
 namespace vantora {
 
-// Names the folder of an emulated drive when there is one.
+// The environment variable with the folder of an emulated drive.
 inline constexpr const char* kBottle = "VANTORA_BOTTLE";
 
-// A machine without drives, unless there is an emulated one: a story never touches real ones.
+// The folders of a story. A story never uses real drives: it has no drives, or an emulated one.
 inline LinuxPlaces PlacesOfStory(const std::filesystem::path& home) {
   LinuxPlaces places = PlacesBelow(home);
   if (std::getenv(kBottle) != nullptr) places.Optical = OpticalDrives(places.Sys);

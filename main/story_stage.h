@@ -1,11 +1,11 @@
-// The robot's stage: builds a platform for every start of the program, in the home that the script
-// named, and keeps what the script said of screen, sound and writer in between.
+// The robot's stage. It builds a platform for every start of the program, in the home folder of the
+// script, and keeps the script's settings of screen, sound and writer between the starts.
 #pragma once
 
 #include "app/frmStartUp.h"
 #include "app/programm.h"
-#include "main/robot/robot_stage.h"
 #include "main/story_platform.h"
+#include "robot/robot_stage.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -69,7 +69,7 @@ class StoryStage final : public RobotStage {
   void Bottle(const std::string& script) override {
     const char* folder = std::getenv(kBottle);
     if (folder == nullptr) throw std::runtime_error("there is no emulated drive here");
-    // The drive reads it at every command, and is not to find half of it.
+    // The drive reads the file at every command, so the file is replaced as a whole.
     const std::filesystem::path file = std::filesystem::path(folder) / "script";
     const std::filesystem::path fresh = file.string() + ".new";
     std::ofstream(fresh) << script;
@@ -92,7 +92,7 @@ class StoryStage final : public RobotStage {
     if (!platform_) throw std::runtime_error("the script has not named a home yet");
     return *platform_;
   }
-  // A new process on the same machine: its devices and its screen are still what they were.
+  // Begins a new process on the same machine: devices and screen keep their state.
   void Renew() {
     const std::unique_ptr<Platform> before = std::move(platform_);
     if (before) before->keptVolume.Save();

@@ -2,7 +2,7 @@
 
 #include "app/programm.h"
 #include "backends/linux/utf8.h"
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "main/desktop_platform.h"
 #include "main/resource_check.h"
 
@@ -10,8 +10,8 @@
 
 namespace {
 
-// On a terminal, and in the plain box when somebody can see it: started from a menu, the program
-// has no terminal.
+// Reports an error on the terminal, and in a plain box if the screen is visible: a program that was
+// started from a menu has no terminal.
 int Refuse(const std::string& why, int argc, char** argv) {
   std::fputs(("vantora: " + why + "\n").c_str(), stderr);
   if (!vantora::QtApp::HasScreen()) return 1;

@@ -1,10 +1,10 @@
-// Plays a script in front of the program, without a screen or in real windows.
+// The program that plays a script, without a screen or in real windows.
 
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 #include "main/resource_check.h"
-#include "main/robot/robot.h"
 #include "main/story_stage.h"
 #include "main/window_platform.h"
+#include "robot/robot.h"
 
 #include <cstdio>
 #include <fstream>

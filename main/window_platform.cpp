@@ -24,7 +24,7 @@ double FastClock::Timer() {
   return std::fmod(start + static_cast<double>(Ticks() - setAt_) / 1000, kSecondsPerDay);
 }
 
-// A story lasts minutes, so the date stays the one that was set.
+// A story takes only minutes, so the date never changes.
 DateTime FastClock::Now() {
   const int seconds = static_cast<int>(Timer());
   DateTime now = set_;

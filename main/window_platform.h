@@ -1,18 +1,18 @@
-// The program's platform for stories in real windows: everything as without a screen, but for the
-// widgets, and for time, which passes a number of times as fast as the world's.
+// The program's platform for stories in real windows. Only the widgets and the time differ from the
+// platform without a screen; time runs several times as fast as the real clock.
 #pragma once
 
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/thread_background.h"
+#include "backends/qt/loop/qt_event_loop.h"
+#include "backends/qt/loop/qt_hands.h"
 #include "backends/qt/print/qt_print_shop.h"
-#include "backends/qt/qt_event_loop.h"
-#include "backends/qt/qt_hands.h"
 #include "main/headless_platform.h"
 #include "main/story_platform.h"
 
 namespace vantora {
 
-// Starts at a date and time of its own and runs `speed` times as fast as the machine's clock.
+// A clock that starts at a given date and time and runs `speed` times as fast as the real clock.
 class FastClock final : public Clock {
  public:
   explicit FastClock(double speed) : speed_(speed), start_(machine_.Ticks()) {}
@@ -44,7 +44,7 @@ struct WindowWorld {
   QtHands hands{loop};
 };
 
-// Without a screen, but it prints.
+// The world without a screen, with printing.
 struct PrintingWorld : HeadlessWorld {
   using PrintShop = QtPrintShop<NoQueues>;
   using HeadlessWorld::HeadlessWorld;

@@ -2,7 +2,7 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "medley/frmMedley.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ frmBeatCounter::frmBeatCounter(Programm& programm) : VtrFenster(programm, L"frmB
     if (taste == kLeftButton) imgBeat_MouseDown();
   };
   imgBeat.MouseUp = [this](int /*taste*/) { imgBeat_MouseUp(); };
-  imgBeat.TabStop = false;  // the space bar taps wherever the focus is
+  imgBeat.TabStop = false;  // the space bar taps whichever control has the focus
   Knopf(imgStop, [this] { imgStop_MouseUp(); });
   Knopf(imgOK, [this] { imgOK_MouseUp(); });
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
@@ -84,8 +84,8 @@ void frmBeatCounter::Form_KeyUp(int taste) {
   if (taste == kKeySpace) imgBeat_MouseUp();
 }
 
-// Two taps make a measurement. It counts from the moments of the taps themselves, so a window that
-// is busy meanwhile measures as well as an idle one.
+// Two taps make a measurement. It uses the times of the tap events themselves, so a busy window
+// measures as exactly as an idle one.
 void frmBeatCounter::imgBeat_MouseDown() {
   if (TasteUnten) return;
   imgBeat.Picture = Text(L"BEATPIC");
@@ -145,7 +145,7 @@ void frmBeatCounter::imgAbbrechen_MouseUp() {
   Schliessen();
 }
 
-// With this window gone, the medley is in front again.
+// Closes the window and enables the medley window behind it.
 void frmBeatCounter::Schliessen() {
   if (prog.frmMedley.Geladen()) prog.frmMedley().Window.Enabled = true;
   prog.frmBeatCounter.Entladen();

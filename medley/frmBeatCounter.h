@@ -1,5 +1,5 @@
-// Counts beats: a track plays, the user taps along, and every second tap shows the tempo between
-// the last two measured ones. OK hands it to the selected row of the medley.
+// Counts beats: a track plays, the user taps along, and every second tap shows the tempo since the
+// last measured tap. OK writes the tempo to the selected row of the medley.
 #pragma once
 
 #include "app/fenster.h"
@@ -25,23 +25,23 @@ class frmBeatCounter final : public VtrFenster {
   void imgBeat_MouseUp();
   void imgStop_MouseUp();
   void imgOK_MouseUp();
-  void imgAbbrechen_MouseUp();  // closes, and the medley keeps the tempo that it had
+  void imgAbbrechen_MouseUp();  // closes; the medley keeps its old tempo
   void tmrWaveAbspielen_Timer();
-  // The length of a bar that has grown for so long; `Richtung` is -1, or 0 for one that shrinks.
+  // Computes the length of a time bar. `Richtung` -1 lets the bar grow; 0 lets it shrink.
   static void BalkenAktualisieren(float Verstrichen, std::int32_t Gesamt, std::int32_t Breite,
                                   std::int32_t Start, std::int16_t Richtung,
                                   std::int32_t& Ergebnis);
 
-  std::int32_t Spielzeit = 0;  // seconds, set by who opens the window
+  std::int32_t Spielzeit = 0;  // seconds; set by the window that opens this one
   float Startzeit = 0;         // seconds since midnight
   std::int32_t BalkenBreite = 0, BalkenStart = 0;
-  bool TasteUnten = false;  // a tap has not been let go
+  bool TasteUnten = false;  // the button is pressed and not yet released
 
   // ---- controls ----
   Label lblTitel{*this, L"lblTitel"};
   PictureButton imgBeat{*this, L"imgBeat"};
   Label lblHinweis{*this, L"lblHinweis"};
-  Label lblTempo{*this, L"lblTempo"};  // head of the display
+  Label lblTempo{*this, L"lblTempo"};  // heading of the display
   Label lblBeatDisplay{*this, L"lblBeatDisplay"};
   Label lblRestzeit{*this, L"lblRestzeit"};
   Shape shpZeitBack{*this, L"shpZeitBack"};

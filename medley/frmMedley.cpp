@@ -2,8 +2,8 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "medley/frmBeatCounter.h"
 
 #include <algorithm>
@@ -18,13 +18,13 @@ constexpr const wchar_t* kUeblicheDauer = L"5";
 constexpr double kMsJeSekunde = 1000;
 constexpr int kSpielerMs = 200;
 constexpr int kMessSekunden = 20;
-constexpr int kZiffern = 8;   // of a number that is typed
+constexpr int kZiffern = 8;   // longest number that can be typed
 constexpr int kToenung = 26;  // percent
 constexpr Color kRampe = Rgb(255, 181, 69);
 
 }  // namespace
 
-// Nobody can touch the window while this lives, and the pointer says why.
+// Disables the window and shows the hourglass while it lives.
 class frmMedley::Sperre {
  public:
   explicit Sperre(frmMedley& fenster) : fenster_(fenster) {
@@ -219,7 +219,7 @@ bool frmMedley::txtBPM_KeyPress(int taste) {
   return true;
 }
 
-// The slider knows where a value stands on its way; there is one, 0.
+// The window has one slider, index 0; the slider computes the knob's position itself.
 void frmMedley::ReglerSetzen(double wert, int /*index*/) {
   imgMedleyKnopf.Value = Ganz32(std::clamp(wert, double{kMinBPM}, double{kMaxBPM}));
 }
@@ -230,7 +230,7 @@ void frmMedley::imgMedleyKnopf_MouseMove() {
 
 // ---- duration ----
 
-// A fade is no longer than the track. A text that is no length says nothing about it.
+// A crossfade must not be longer than the track. A length that is no number is ignored.
 void frmMedley::DauerKuerzen(int index) {
   const MedleyEintrag* eintrag = Zeile(index);
   if (eintrag == nullptr) return;
@@ -264,7 +264,7 @@ Streifen frmMedley::Lage() const {
   return {picWaveToFade(0).Width, lblSchieberBack(0).Width};
 }
 
-// The overlap is tinted, with a line for each strip that says how loud it is there.
+// The overlap is tinted, with a line for each strip that shows its volume.
 void frmMedley::StreifenSetzen(double sekunden) {
   const Streifen lage = Lage();
   picWaveToFade(0).Left = lage.Links0(sekunden);
@@ -304,7 +304,7 @@ void frmMedley::picWaveToFade_MouseUp(int index, int /*taste*/) {
   if (index == 0) prog.plattform.schleife.MousePointer(Pointer::Normal);
 }
 
-// A second at a time, as with the mouse.
+// The arrow keys move the strips by one second, as the mouse does.
 void frmMedley::picWaveToFade_KeyDown(int taste) {
   double sekunden = std::clamp(Runden(Val(txtDauer.Text)), double{kMinDauer}, double{kMaxDauer});
   switch (taste) {
@@ -349,7 +349,7 @@ void frmMedley::imgStartStop_MouseUp() {
   Jedenfalls([&] { katalog.PlayWaveNormal(beginnt ? eintrag->Datei.Getrimmt() : Text()); },
              [&] {
                if (!katalog.SpielerLaeuft())
-                 katalog.SpieltSetzen(false);  // no card, or no file any more
+                 katalog.SpieltSetzen(false);  // no sound card, or the file is missing
                SpielerZeigen();
              });
 }
@@ -385,7 +385,7 @@ void frmMedley::imgSpeedMeasure_MouseUp() {
   katalog.PlayWaveMitte(datei, kMessSekunden);
 }
 
-// ---- the end ----
+// ---- closing the window ----
 
 void frmMedley::UeberblendungBerechnen(int Index1, int Index2) {
   Motor.UeberblendungBerechnen(Index1, Index2);

@@ -1,6 +1,7 @@
-// The medley: which tempo each track has, how long it flows into the next one, and whether its
-// tempo slides there. The controls show the row that is selected in the list; a row's values belong
-// to the transition into the row below. OK joins the tracks in their own files.
+// The medley: the tempo of each track, the length of the crossfade into the next track, and whether
+// the tempo slides during it. The controls show the row that is selected in the list; the values of
+// a row belong to the transition into the next row. OK writes the crossfades into the tracks' own
+// files.
 #pragma once
 
 #include "app/fenster.h"
@@ -26,16 +27,16 @@ class frmMedley final : public VtrFenster {
 
   void Init_Medley();
   void EditAllowed();
-  void WerteSpeichern();  // what stands in the controls, into the selected row
+  void WerteSpeichern();  // writes the controls' values to the selected row
   void ReglerSetzen(double wert, int index);
-  void MedleyBeenden();  // the one way out
+  void MedleyBeenden();  // closes the window; every button that closes it calls this
 
   void lstMedleyTracks_Click();
   bool txtBPM_KeyPress(int taste);
   bool txtDauer_KeyPress(int taste);
   void txtDauer_LostFocus();
   void chkPitch_Click();
-  void imgMedleyKnopf_MouseMove();  // the knob was moved, by mouse or key
+  void imgMedleyKnopf_MouseMove();  // mouse or key has moved the knob
   void picWaveToFade_MouseDown(int index, int taste);
   void picWaveToFade_MouseMove(int index, int taste);
   void picWaveToFade_MouseUp(int index, int taste);
@@ -49,15 +50,15 @@ class frmMedley final : public VtrFenster {
   void UeberblendungBerechnen(int Index1, int Index2);
   void UeberblendungAusfuehren(int Index1, int Index2);
 
-  std::int16_t AktuelleZeile = -1;  // the row whose values stand in the controls
+  std::int16_t AktuelleZeile = -1;  // the row whose values the controls show
   int GrabOffset = 0;               // twips from the left edge of the strip that is dragged
 
   // ---- controls ----
   Label lblTitel{*this, L"lblTitel"};
-  Label lblListe{*this, L"lblListe"};  // head of the list
+  Label lblListe{*this, L"lblListe"};  // heading of the list
   ListBox lstMedleyTracks{*this, L"lstMedleyTracks"};
   PictureButton imgStartStop{*this, L"imgStartStop"};
-  Label lblTempo{*this, L"lblTempo"};  // head of the tempo
+  Label lblTempo{*this, L"lblTempo"};  // heading of the tempo
   Label lblBPM{*this, L"lblBPM"};
   TextBox txtBPM{*this, L"txtBPM"};
   PictureButton imgSpeedMeasure{*this, L"imgSpeedMeasure"};
@@ -66,8 +67,8 @@ class frmMedley final : public VtrFenster {
   ControlArray<Label, 2> lblSkala{*this, L"lblSkala"};  // 0 the upper end of the slider
   ControlArray<Label, 2> lblSchieberBack{*this, L"lblSchieberBack"};
   ControlArray<PictureBox, 2> picWaveToFade{*this, L"picWaveToFade"};
-  Shape shpUeberlappung{*this, L"shpUeberlappung"};  // where both strips sound
-  PictureBox picRampen{*this, L"picRampen"};         // how loud each of them is there
+  Shape shpUeberlappung{*this, L"shpUeberlappung"};  // the part where both strips sound
+  PictureBox picRampen{*this, L"picRampen"};         // the volume of both strips in the overlap
   ControlArray<Label, 2> lblSongName{*this, L"lblSongName"};
   Label lblDauer{*this, L"lblDauer"};
   TextBox txtDauer{*this, L"txtDauer"};
@@ -84,8 +85,8 @@ class frmMedley final : public VtrFenster {
 
  private:
   class Sperre;
-  std::array<Control*, 4> Werte();  // what is locked without a row
-  MedleyEintrag* Zeile(int index);  // nothing for a row that there is not
+  std::array<Control*, 4> Werte();  // the controls that are disabled without a row
+  MedleyEintrag* Zeile(int index);  // null for a row that does not exist
   bool LetzteZeile(int index) const;
   void DauerKuerzen(int index);
   void StreifenSetzen(double sekunden);

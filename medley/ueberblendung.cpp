@@ -1,10 +1,13 @@
 #include "medley/ueberblendung.h"
 
-#include "app/feld.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "klang/mischung.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <limits>
@@ -15,12 +18,12 @@ namespace vantora {
 namespace {
 
 constexpr double kWerteJeSekunde = 88200;  // samples of both channels
-constexpr double kLaengsteSekunden = 600;  // a longer crossfade would only cost memory
+constexpr double kLaengsteSekunden = 600;  // a longer crossfade would only need memory
 constexpr std::int64_t kMindestBytes = 617400;
 constexpr std::int64_t kBlockBytes = 524288;
-constexpr std::int64_t kWertBytes = 2, kFrameBytes = 4;
+constexpr std::int64_t kWertBytes = 2;
 constexpr double kPitchJeVerhaeltnis = 25;
-constexpr int kBits = 16, kKanaele = 2, kRate = 44100, kStereo = 1;
+constexpr int kStereo = 1;
 
 constexpr const wchar_t* kEndeDatei = L"xfade.dat";
 constexpr const wchar_t* kGleitDatei = L"xfade2.dat";
@@ -34,7 +37,7 @@ Text Zeile(const MedleyEintrag& eintrag, int nummer) {
   return ZahlText(nummer) + L". " + eintrag.Titel.Getrimmt();
 }
 
-// The pitch at the end of a slide from one tempo to another.
+// The pitch at the end of a slide between two tempi.
 double Endwert(double tempo1, double tempo2) {
   if (tempo1 == tempo2) return 0;
   if (tempo1 < tempo2) return Quotient(tempo2, tempo1) * kPitchJeVerhaeltnis;
@@ -64,7 +67,7 @@ Ueberblendung::Ueberblendung(Programm& programm, const CheckBox& haken)
   Trigger->OnBufferLoad = [this] { Trigger_OnBufferLoad(); };
   Trigger->OnStop = [this] { Trigger_OnStop(); };
   Trigger->OnFailure = [this](const Laufzeitfehler& fehler) { Trigger_OnFailure(fehler); };
-  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kBits, kKanaele, kRate);
+  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kSampleBits, kChannels, kSampleRate);
 }
 
 Ueberblendung::~Ueberblendung() = default;
@@ -83,7 +86,7 @@ void Ueberblendung::UeberblendungBerechnen(int Index1, int Index2) {
 
   const bool ohneTempo = werte.Tempo1 == 0 || werte.Tempo2 == 0;
   if (ohneTempo && chkPitch.Value() == 1) {
-    // The crossfade is silence then.
+    // The crossfade stays silence.
     prog.MsgBoxen(prog.Text(13004), kHinweis);
     return;
   }
@@ -110,13 +113,13 @@ void Ueberblendung::UeberblendungAusfuehren(int Index1, int Index2) {
   const MedleyEintrag a = Element(prog.Medley, Index1), b = Element(prog.Medley, Index2);
   UeberblendungBerechnen(Index1, Index2);
   if (MedleyFehler) return;
-  // A crossfade of silence has not looked at the files.
+  // When the crossfade is silence, the files have not been checked yet.
   if (!geprueft_ && !DateienGeeignet(a, b)) return;
 
   const Text datei1 = a.Datei.Getrimmt(), datei2 = b.Datei.Getrimmt();
   std::vector<Text> getan = getan_;
   getan.insert(getan.begin(), Zeile(a, Index1 + 1) + L" > " + Zeile(b, Index2 + 1));
-  const bool geschrieben = Gelingt(30124, datei1 + L"\r\n" + datei2, [&] {
+  const bool geschrieben = Gelingt(30124, datei1 + kZeilenEnde + datei2, [&] {
     for (const Text& datei : {datei1, datei2}) prog.plattform.dateien.SetAttrNormal(datei);
     Edit vorhaben = Vorhaben(datei1, datei2);
     vorhaben.RunReport = getan;
@@ -137,7 +140,7 @@ Ueberblendung::Werte Ueberblendung::WerteLesen(const MedleyEintrag& a,
   werte.Tempo1 = Runden(Val(a.BPM));
   werte.Tempo2 = Runden(Val(b.BPM));
   const double sekunden = Val(a.Dauer);
-  // Whole frames: what the second file loses would else shift its sound by half a frame or less.
+  // Whole frames only: otherwise cutting the second file would shift its samples within a frame.
   if (sekunden <= kLaengsteSekunden) werte.U = Ganz64(sekunden * kWerteJeSekunde);
   werte.U -= werte.U % kFrameBytes;
   if (werte.U <= 0) throw Laufzeitfehler(kFehlerUngueltigerAufruf, a.BPM + L" / " + a.Dauer);
@@ -163,13 +166,13 @@ bool Ueberblendung::DateienGeeignet(const MedleyEintrag& a, const MedleyEintrag&
                [&] { dieselbe = dateien.Stand(datei1).SameFile(dateien.Stand(datei2)); })) {
     return false;
   }
-  if (dieselbe) return Ablehnen(prog.Text(13000));  // under two names
+  if (dieselbe) return Ablehnen(prog.Text(13000));  // two names of the same file
   geprueft_ = true;
   return true;
 }
 
 std::int64_t Ueberblendung::Groesse(const Text& datei, bool& format) {
-  prog.plattform.edits.Ready(datei);  // what a disk error has left half done
+  prog.plattform.edits.Ready(datei);  // finishes an edit that a disk error has interrupted
   const MMWaveFormat& soll = *WaveHelper.WaveFormatPtr();
   SourceFile->Open(datei);
   const std::int64_t bytes = SourceFile->DataBytes();
@@ -199,7 +202,8 @@ void Ueberblendung::TempSchreiben(const wchar_t* name) {
   ziel.Close();
 }
 
-// The first file ends with the first half of the crossfade, the second one begins with the other.
+// The first half of the crossfade goes to the end of the first file, the second half to the start
+// of the second file.
 Edit Ueberblendung::Vorhaben(const Text& datei1, const Text& datei2) const {
   const std::int64_t u = Bytes() / 2;
   const auto* const mitte = reinterpret_cast<const char*>(Ausschnitt1.data()) + u;
@@ -252,7 +256,7 @@ void Ueberblendung::Trigger_OnStop() {
     Trigger->Close();
     Rein->Wave.Close();
     Raus->Wave.Close();
-    // A sound that came out shorter leaves silence at the end, and a longer one is cut.
+    // If the result is shorter, silence fills the end; if it is longer, the rest is cut.
     std::fill(Ausschnitt1.begin(), Ausschnitt1.end(), std::int16_t{0});
     SourceFile->Open(Raus->Wave.FileName());
     SourceFile->Read(Ausschnitt1.data(), static_cast<std::size_t>(Bytes()));
@@ -264,14 +268,14 @@ void Ueberblendung::Trigger_OnStop() {
   MixLaeuft = false;
 }
 
-// The procedure that waits for the slide says what has failed.
+// The procedure that waits for the slide reports the error.
 void Ueberblendung::Trigger_OnFailure(const Laufzeitfehler& fehler) {
   kettenfehler_ = fehler;
   for (MMWaveFileX* datei : {Rein.get(), Raus.get()}) Weiter([&] { datei->Wave.Close(); });
   MixLaeuft = false;
 }
 
-// ---- around a run ----
+// ---- start and end of a run ----
 
 void Ueberblendung::LaufBeginnen() {
   getan_.clear();
@@ -287,7 +291,7 @@ bool Ueberblendung::KatalogMarkieren() {
     for (KatalogEintrag& eintrag : prog.Katalog) {
       if (Ucase(eintrag.Datei.Getrimmt()) != datei) continue;
       eintrag.Ueberblendet = -1;
-      prog.KatalogGeaendert = true;  // a saved catalog would put pauses into the crossfades
+      prog.KatalogGeaendert = true;  // saving the catalog would put pauses into the crossfades
     }
   }
   return true;
@@ -299,7 +303,8 @@ Text Ueberblendung::VorschauSchreiben() {
   return ImTempOrdner(prog, kVorschauDatei);
 }
 
-// The name is joined to the setting as it stands: a folder without "\" keeps the files.
+// The file name is appended to the setting as it is, so in a folder without a final "\" no file is
+// found.
 void Ueberblendung::TempDateienLoeschen() {
   for (const wchar_t* name : {kEndeDatei, kGleitDatei, kVorschauDatei}) {
     const Text datei = prog.Temporary_Directory.Getrimmt() + name;

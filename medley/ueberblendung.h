@@ -1,10 +1,11 @@
-// Joins neighbouring tracks of the medley: the end of the first and the start of the second sound
-// together, and the tempo of the first may slide towards that of the second. Works in place, on the
+// Joins neighbouring tracks of the medley: the end of the first track and the start of the second
+// sound together, and the tempo of the first may slide towards that of the second. Works on the
 // catalog's own wave files, without undo. Each file keeps one half of the crossfade, so that a disc
 // written without pauses plays it without a gap.
+// written without pauses plays it without a gap.
 //
-// What goes wrong with a file is said in a message; that transition is left out then, with both of
-// its files as they were, and `MedleyFehler` is set.
+// An error of a file is reported in a message. Its transition is then left out, both files stay
+// unchanged, and `MedleyFehler` is set.
 #pragma once
 
 #include "app/zustand/medley.h"
@@ -27,45 +28,46 @@ struct Programm;
 
 class Ueberblendung {
  public:
-  // `chkPitch` is read at the moment of each transition.
+  // `chkPitch` is read at each transition.
   Ueberblendung(Programm& programm, const CheckBox& chkPitch);
   ~Ueberblendung();
   Ueberblendung(const Ueberblendung&) = delete;
   Ueberblendung& operator=(const Ueberblendung&) = delete;
 
-  // The crossfade of two rows of the medley into `Ausschnitt1`. Changes no file of the catalog.
-  // Lets events run; a program that ends meanwhile leaves it with ProgrammEnde.
+  // Computes the crossfade of two rows into `Ausschnitt1`. Changes no file of the catalog.
+  // Processes events; when the program ends meanwhile, raises ProgrammEnde.
   void UeberblendungBerechnen(int Index1, int Index2);
-  // The same, and its halves into the two files.
+  // Computes the crossfade of two rows, and writes its halves to the two files.
   void UeberblendungAusfuehren(int Index1, int Index2);
 
-  // Before the first transition of a run, and behind the last one.
+  // Called before the first transition of a run.
   void LaufBeginnen();
-  // Marks the files of the medley in the catalog as belonging to a crossfade, unless the last
-  // transition was refused; true when it did.
+  // Called after the last transition: marks the files of the medley in the catalog as belonging to
+  // a crossfade. Does nothing and returns false when the last transition was refused.
   bool KatalogMarkieren();
 
-  // The crossfade as a wave file "temp00.dat" to listen to; returns its path, or blank after a
-  // message that it could not be written, with `MedleyFehler` set.
+  // Writes the crossfade to "temp00.dat" for a preview and returns its path. When the file cannot
+  // be written, a message reports it, `MedleyFehler` is set, and the path is blank.
   Text VorschauSchreiben();
   void TempDateienLoeschen();
 
-  // Events of the pump.
+  // Events of the component that pumps the sound.
   void Trigger_OnBufferLoad();
   void Trigger_OnStop();
 
   bool MedleyFehler = false;
-  bool MixLaeuft = false;   // the tempo slides
-  double PitchSchritt = 0;  // is added to the pitch at every buffer
-  // The end of the first track, then the crossfade; the start of the second track. One value more
-  // than the crossfade has, which is never filled.
+  bool MixLaeuft = false;   // the tempo slide is being computed
+  double PitchSchritt = 0;  // added to the pitch at every buffer
+  // `Ausschnitt1` holds the end of the first track, and later the crossfade; `Ausschnitt2` holds
+  // the start of the second track. Both have one value more than the crossfade, which is never
+  // filled.
   std::vector<std::int16_t> Ausschnitt1 = std::vector<std::int16_t>(1), Ausschnitt2 = Ausschnitt1;
 
  private:
-  // What a row says as text, as numbers.
+  // The values of a row as numbers.
   struct Werte {
-    double Tempo1 = 0, Tempo2 = 0;  // beats a minute, 0 for none
-    std::int64_t U = 0;             // values that each file loses, as many as its bytes
+    double Tempo1 = 0, Tempo2 = 0;  // beats a minute; 0 if not set
+    std::int64_t U = 0;             // samples of the crossfade; each file loses as many bytes
   };
 
   Werte WerteLesen(const MedleyEintrag& a, const MedleyEintrag& b) const;
@@ -77,10 +79,10 @@ class Ueberblendung {
   void Gleiten(double endwert);
   void Trigger_OnFailure(const Laufzeitfehler& fehler);
   Edit Vorhaben(const Text& datei1, const Text& datei2) const;
-  std::int64_t Bytes() const;  // of the whole crossfade
+  std::int64_t Bytes() const;  // bytes of the whole crossfade
 
   bool Gelingt(int text, const Text& was, const std::function<void()>& arbeit);
-  bool Ablehnen(const Text& meldung);  // false
+  bool Ablehnen(const Text& meldung);  // returns false
 
   Programm& prog;
   const CheckBox& chkPitch;
@@ -90,9 +92,9 @@ class Ueberblendung {
   std::unique_ptr<MMTriggerX> Trigger;
   MMWaveHelperX WaveHelper;
   std::int64_t groesse1_ = 0, groesse2_ = 0;  // bytes of sound in the two files
-  bool geprueft_ = false;                     // both of them, in this transition
+  bool geprueft_ = false;                     // both files were checked for this transition
   std::optional<Laufzeitfehler> kettenfehler_;
-  std::vector<Text> getan_;  // transitions of this run, the last one first
+  std::vector<Text> getan_;  // transitions of this run, the latest first
 };
 
 }  // namespace vantora

@@ -1,6 +1,6 @@
 #include "mixer/fader.h"
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 
@@ -8,10 +8,10 @@ namespace vantora {
 
 namespace {
 
-constexpr int kZeile = 270;        // twips; a line of words
+constexpr int kZeile = 270;        // twips; height of a line of text
 constexpr int kKasten = 240;       // the mute box
 constexpr int kAbstand = 90;       // between the parts
-constexpr int kKnopfBreite = 600;  // what the knob is drawn in
+constexpr int kKnopfBreite = 600;  // width of the area in which the knob is drawn
 constexpr int kStriche = 10;       // divisions of the scale
 constexpr int kStrichLang = 90, kStrichKurz = 60, kPixel = 15;
 constexpr Color kStrichFarbe = Rgb(154, 165, 200);
@@ -66,7 +66,7 @@ void FlagSetzen(Fader& f, const Text& wert) {
 
 }  // namespace
 
-// MaxValue stands before Value, so that the knob is placed by the scale that it belongs to.
+// MaxValue comes before Value, because the knob's position depends on both.
 const std::vector<Fader::Eigenschaft>& Fader::Eigenschaften() {
   static const std::vector<Eigenschaft> kAlle = {
       {L"BackColor", L"0",
@@ -190,7 +190,7 @@ void Fader::Refresh() {
   UserControl_Paint();
 }
 
-// The scale: a line for every tenth of the knob's way, on both sides, where its middle then stands.
+// Draws the scale: a line at both sides for every tenth of the knob's travel.
 void Fader::UserControl_Paint() {
   Cls();
   const int weg = lblFaderBack.Height - FaderKnob::kKnobHeight;
@@ -211,7 +211,7 @@ void Fader::Hinweis(const Text& text) {
   imgKnopf.AccessibleName = text;
 }
 
-// A copy runs, as the handler may hang another one there.
+// Calls a copy, because the handler may replace itself.
 void Fader::Melden(const std::function<void()>& ereignis) {
   if (const auto ruf = ereignis) ruf();
 }

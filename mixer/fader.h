@@ -1,7 +1,7 @@
-// A fader as on a mixing desk: a track with a knob, a caption above it, a mute box with a caption
-// of its own below it. It knows nothing of mixers; it holds a value and reports changes.
+// A fader as on a mixing desk: a track with a knob, a caption above, and a mute box with its own
+// caption below. It knows no mixer; it holds a value and reports changes.
 //
-// Setting Value reports Change like a hand on the knob does, so who sets it must expect the echo.
+// Setting Value raises Change, as moving the knob does.
 #pragma once
 
 #include "platform/fader_knob.h"
@@ -12,8 +12,8 @@
 
 namespace vantora {
 
-// What a control's properties are kept in, in the order in which they were written. A property that
-// has its default is not written.
+// The stored properties of a control, in the order of writing. A property with its default value is
+// not written.
 class PropertyBag {
  public:
   const Text& ReadProperty(const Text& name, const Text& otherwise) const;
@@ -28,7 +28,7 @@ class Fader final : public PictureBox {
  public:
   Fader(Form& form, const Text& name, int index = -1);
 
-  // A value whose setting goes on to a part of the fader.
+  // A value that is passed on to a part of the fader when it is set.
   template <typename T>
   class Durchgereicht {
    public:
@@ -51,13 +51,13 @@ class Fader final : public PictureBox {
     void (Fader::*gesetzt_)();
   };
 
-  void Refresh();  // puts the parts where they belong; after every change of the fader's size
+  void Refresh();  // places the parts; call it after every change of the fader's size
   Text FB() const { return {}; }
-  void Hinweis(const Text& text);  // tooltip of all parts, and the name that is read aloud
+  void Hinweis(const Text& text);  // sets the tooltip of all parts, and the name for screen readers
   std::optional<Text> Read(const Text& property) const override;
 
   void imgKnopf_MouseDown(int taste);
-  void imgKnopf_MouseMove();  // the value has moved with the knob, or by a key
+  void imgKnopf_MouseMove();  // mouse or key has moved the knob
   void imgKnopf_MouseUp(int taste);
   void Check1_Click();
   void lblMute_Click();
@@ -66,18 +66,19 @@ class Fader final : public PictureBox {
   void UserControl_ReadProperties(const PropertyBag& bag);
   void UserControl_WriteProperties(PropertyBag& bag) const;
 
-  std::function<void()> Change;  // beside MouseDown and MouseUp
+  std::function<void()> Change;  // raised in addition to MouseDown and MouseUp
 
-  // Properties beside those of every control; what is stored only, means nothing here.
+  // Properties in addition to those of every control. Those marked "stored only" have no effect.
   int BackStyle = 0, BorderStyle = 0;
   Text Description = L"0", Level = L"0", Caption = L"0";  // stored only
   int DeviceTypeMUTE = 0, DeviceIDMUTE = 0;               // stored only
   int DeviceTypeMAIN = 0, DeviceIDMAIN = 0;               // stored only
   Durchgereicht<int> MaxValue{*this, 100, &Fader::KnopfStellen};
-  Durchgereicht<int> Value{*this, 0, &Fader::WertGesetzt};                 // 0 to MaxValue
-  Durchgereicht<int> Mute{*this, 0, &Fader::MuteGesetzt};                  // 0 or 1
-  Durchgereicht<bool> MuteEnabled{*this, false, &Fader::MuteBedienbar};    // the box can be used
-  Durchgereicht<Text> Alignment{*this, L"Mic", &Fader::AlignmentGesetzt};  // text of lblCapt, too
+  Durchgereicht<int> Value{*this, 0, &Fader::WertGesetzt};               // 0 to MaxValue
+  Durchgereicht<int> Mute{*this, 0, &Fader::MuteGesetzt};                // 0 or 1
+  Durchgereicht<bool> MuteEnabled{*this, false, &Fader::MuteBedienbar};  // the box can be used
+  // Also the text of lblCapt.
+  Durchgereicht<Text> Alignment{*this, L"Mic", &Fader::AlignmentGesetzt};
   Durchgereicht<Text> CaptionFader{*this, L"Mic", &Fader::CaptionFaderGesetzt};
   Durchgereicht<Text> CaptionMute{*this, L"Mute", &Fader::CaptionMuteGesetzt};
 

@@ -1,8 +1,10 @@
 #include "mixer/frmMixer.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/twips.h"
 
 #include <utility>
 
@@ -12,8 +14,7 @@ namespace {
 
 constexpr int kAbfrageMs = 500;
 constexpr int kMuellMs = 200, kLeseMs = 1500;
-constexpr std::size_t kKurzerName = 7;  // characters that a fader has room for
-constexpr double kGrosseSchriftTwips = 12.0;
+constexpr std::size_t kKurzerName = 7;  // longest name that fits a fader
 
 class Sanduhr {
  public:
@@ -39,7 +40,7 @@ frmMixer::frmMixer(Programm& programm) : VtrFenster(programm, L"frmMixer") {
   faderMasterOut.Change = [this] { faderMasterOut_Change(); };
   Knopf(imgCloseMixer, [this] { imgCloseMixer_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
-  tmrWaste.Enabled = tmrGetWinMixerData.Enabled = false;  // nothing hangs on them
+  tmrWaste.Enabled = tmrGetWinMixerData.Enabled = false;  // these timers do nothing
   tmrWaste.Interval = kMuellMs;
   tmrGetWinMixerData.Interval = kLeseMs;
 }
@@ -89,8 +90,8 @@ void frmMixer::InitMixer() {
       M(i).SetLineID(kNoLine);
       Fader(i).MuteEnabled = true;
     }
-    // With large fonts the faders have become smaller; their parts are placed anew.
-    if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
+    // With large fonts the faders are smaller, so their parts are placed again.
+    if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
       for (int i = 0; i < kFader; ++i) Fader(i).Refresh();
       faderMasterOut.Refresh();
     }
@@ -190,7 +191,7 @@ void frmMixer::Fader_Change(int Index) {
   const bool eingang = Index >= kErsterEingang;
   const bool vorher = eingang && M(Index).Select();
   FaderSchreiben(Fader(Index), M(Index), eingang);
-  // Many cards listen to one input at a time, so another one may have been left.
+  // Many cards record from only one input at a time, so another input may have been deselected.
   if (eingang && M(Index).Select() != vorher) GetMixerValueFormWindows();
 }
 

@@ -1,8 +1,9 @@
 // The mixer: the lines of the sound card as faders, 0 to 4 outputs, 5 to 9 inputs, and the master.
-// The window is loaded once and hidden between its uses, so its lines serve the check before a
-// preview at any time. Its faders follow the card whenever the window is activated or painted.
+// The window is loaded once and only hidden after each use, so that the preview can check the
+// volume at any time. The faders show the card's values whenever the window is activated or
+// painted.
 //
-// A fader's value is 0 to 100, a line's volume 0 to 65536.
+// A fader's value is 0 to 100, a line's volume is 0 to 65536.
 #pragma once
 
 #include "app/fenster.h"
@@ -30,17 +31,17 @@ class frmMixer final : public VtrFenster {
   void Form_Close() override { imgCloseMixer_MouseUp(); }
   void imgCloseMixer_MouseUp();
 
-  void InitMixer();  // looks for the card's lines, whenever they may be others than before
+  void InitMixer();  // finds the card's lines again if they may have changed
   void OutputsSuchen();
   void InputsSuchen();
-  void GetMixerValueFormWindows();  // the card's values into the faders
-  void Fader_Change(int Index);     // a fader's value and switch to the card
+  void GetMixerValueFormWindows();  // sets the faders to the card's values
+  void Fader_Change(int Index);     // sets the card to a fader's value and switch
   void faderMasterOut_Change();
 
   ucEQPro& M(int i) { return *linien_.at(static_cast<std::size_t>(i)); }
 
   std::unique_ptr<ucEQPro> Mixer;  // the master
-  bool MixerLiest = false;         // values are being read, so changes do not go to the card
+  bool MixerLiest = false;         // values are being read, so changes are not written to the card
 
   Label lblTitel{*this, L"lblTitel"};
   Label lblReproducir{*this, L"lblReproducir"}, lblGuardar{*this, L"lblGuardar"};
@@ -58,7 +59,8 @@ class frmMixer final : public VtrFenster {
   void FaderSchreiben(vantora::Fader& fader, ucEQPro& linie, bool eingang);
 
   std::array<std::unique_ptr<ucEQPro>, kFader> linien_;
-  bool versteckt_ = true;  // a card may have been plugged in meanwhile
+  // While hidden, so the lines must be found again: a card may have been plugged in.
+  bool versteckt_ = true;
 };
 
 }  // namespace vantora

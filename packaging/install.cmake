@@ -1,6 +1,6 @@
-# What `cmake --install` lays out, and the Debian package that `cpack` in the build folder makes of
-# it. The program looks for its resources at ../share/vantora from its own folder, so the two names
-# are fixed.
+# The files that `cmake --install` installs, and the Debian package that `cpack` makes of them in
+# the build folder. The program looks for its resources in ../share/vantora, relative to its own
+# folder, so both paths are fixed.
 install(TARGETS vantora RUNTIME DESTINATION bin)
 if(TARGET vantora-robot)
   install(TARGETS vantora-robot RUNTIME DESTINATION bin)
@@ -30,7 +30,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-liberation, libasound2-plugins, xdg-utils")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups-client")  # where there are printers
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups-client")  # for systems with printers
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 include(CPack)

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "platform/device_text.h"
+#include "platform/twips.h"
 
 namespace vantora {
 
 class BoxDevice final : public Device {
  public:
   // `twipsPerPixel` of the screen; the box and the fonts outlive the device.
-  BoxDevice(PictureBox& box, FontBook& fonts, double twipsPerPixel = 15)
+  BoxDevice(PictureBox& box, FontBook& fonts, double twipsPerPixel = kTwipsPerPixel)
       : box_(box), fonts_(fonts), twips_(twipsPerPixel) {}
 
   double TwipsPerPixelX() const override { return twips_; }

@@ -14,7 +14,6 @@ enum Fehlernummer : int {
   kFehlerSpeicher = 7,
   kFehlerIndex = 9,
   kFehlerDivision = 11,
-  kFehlerTyp = 13,
   kFehlerDateiNummer = 52,
   kFehlerDateiFehlt = 53,
   kFehlerEinAusgabe = 57,

@@ -5,6 +5,7 @@
 // Who owns the components keeps them all for as long as one of them works.
 #pragma once
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 #include "platform/text.h"
 
@@ -134,7 +135,7 @@ class MMWaveInX : public MMComponentX {
   std::size_t BufferSize = kBufferBytes;  // bytes; of each buffer
   int Mode = mStereo;
   int BitLength = b16Bit;
-  int SampleRate = 44100;  // Hz
+  int SampleRate = kSampleRate;  // Hz
 
   // Error 57, with the reason, when there is no input or it refuses; no effect when it is open.
   virtual void Open() = 0;
@@ -158,7 +159,7 @@ class MMWaveInX : public MMComponentX {
 // Brings what its source holds to the chain's format.
 class MMPCMConverterX : public MMComponentX {
  public:
-  int SampleRate = 44100;  // Hz
+  int SampleRate = kSampleRate;  // Hz
   int BitLength = 16;
   int Channels = 2;
 };
@@ -194,7 +195,7 @@ class MMEqualizerX : public MMEffectX {
     virtual double Gain() const = 0;
     virtual void SetGain(double gain) = 0;  // dB; glides to it
   };
-  int SampleRate = 44100;                                                       // Hz
+  int SampleRate = kSampleRate;                                                 // Hz
   virtual void Add(double frequencyFrom, double frequencyTo, double gain) = 0;  // Hz, Hz, dB
   virtual int Count() const = 0;
   virtual Filter& Item(int index) = 0;  // from 0; error 9 for none

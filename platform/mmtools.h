@@ -21,10 +21,9 @@ class MMWave {
   virtual void Open(const Text& file) = 0;  // for reading; the first write makes it writable
   virtual void Close() = 0;                 // header and file agree afterwards
   virtual int BitsPerSample() const = 0;
-  virtual int SampleRate() const = 0;           // Hz
-  virtual int StereoMode() const = 0;           // 0 mono, 1 stereo
-  virtual std::int64_t Samples() const = 0;     // frames of the data chunk that the file holds
-  virtual std::int64_t DataOffset() const = 0;  // bytes from the start of the file
+  virtual int SampleRate() const = 0;        // Hz
+  virtual int StereoMode() const = 0;        // 0 mono, 1 stereo
+  virtual std::int64_t Samples() const = 0;  // frames of the data chunk that the file holds
   virtual std::int64_t DataBytes() const = 0;
   // Place of the next read or write, in bytes from the start of the audio data.
   virtual void SetPosition(std::int64_t bytes) = 0;

@@ -6,6 +6,7 @@
 
 #include "platform/device_text.h"
 #include "platform/images.h"
+#include "platform/twips.h"
 
 #include <filesystem>
 
@@ -35,8 +36,8 @@ struct PaperSize {
 };
 
 // Upright, twips.
-inline const PaperSize kPaperA4{L"A4", 210 / 25.4 * 1440, 297 / 25.4 * 1440};
-inline const PaperSize kPaperLetter{L"Letter", 8.5 * 1440, 11.0 * 1440};
+inline const PaperSize kPaperA4{L"A4", 210 * kTwipsPerMm, 297 * kTwipsPerMm};
+inline const PaperSize kPaperLetter{L"Letter", 8.5 * kTwipsPerInch, 11 * kTwipsPerInch};
 
 // A job begins with what is drawn or written first and ends with EndDoc; a Print of an empty text
 // begins it as well. Calls raise 482 when the printer fails or is there no more, and the errors of

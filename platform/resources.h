@@ -9,7 +9,6 @@ class Resources {
  public:
   virtual ~Resources() = default;
   virtual Text LoadResString(int id) = 0;         // error 326 for a number without text
-  virtual bool HasPicture(const Text& name) = 0;  // a picture that LoadResPicture would find
   virtual Text Layout(const Text& name) = 0;      // the text of NAME.layout; blank when missing
   virtual Text Supplement(const Text& name) = 0;  // a text file beside them; blank when missing
 };

@@ -2,8 +2,9 @@
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 
 #include <algorithm>
 
@@ -16,7 +17,8 @@ constexpr int kStatusMs = 500;
 constexpr int kLeerlaufStatusMs = 1000;
 constexpr int kPegelMs = 150;
 constexpr std::int32_t kMultiSchwelle = 2000;
-constexpr const wchar_t* kUeblicheSchwelle = L"6";  // percent; nearly that of several takes
+// Percent; close to the default for several takes.
+constexpr const wchar_t* kUeblicheSchwelle = L"6";
 constexpr int kErsterTipp = 2605, kLetzterTipp = 2609;
 
 }  // namespace
@@ -76,7 +78,7 @@ frmAufnehmen::frmAufnehmen(Programm& programm) : VtrFenster(programm, L"frmAufne
   Verdrahten();
 }
 
-// The input pushes each buffer through the peaks and the connector into the file of the take.
+// Each buffer passes from the input through the level meter and the connector into the take's file.
 void frmAufnehmen::Verdrahten() {
   MMTools& tools = prog.plattform.mmtools;
   WaveIn = tools.NewWaveIn();
@@ -116,7 +118,7 @@ void frmAufnehmen::Form_Load() {
   TippZeigen(0);
 }
 
-// The player and the input end with the window, whatever closes it.
+// Player and input stop with the window, in whichever way it is closed.
 void frmAufnehmen::Form_Unload() {
   for (Timer* uhr : {&tmrAutoRecord, &tmrStatus, &tmrUmdrehen}) uhr->Enabled = false;
   WaveIn->Stop();
@@ -126,31 +128,23 @@ void frmAufnehmen::Form_Unload() {
 }
 
 void frmAufnehmen::SetTexte() {
+  const struct {
+    Label& Schild;
+    int Text;
+  } schilder[] = {
+      {lblTitel, 2020},     {lblEingang, 2024},    {lblSlider(0), 2023}, {lblSlider(1), 2034},
+      {lblSlider(2), 2015}, {lblEinheit(0), 2022}, {lblSeite(0), 30105}, {lblSeite(1), 30106},
+      {lblLED, 30107},      {lblFeld(0), 30108},   {lblFeld(1), 30109},  {lblAufnahmeArt, 2029},
+      {lblPlatz, 2030},     {lblStatus, 2031},     {lblAufnahme, 2029},  {lblTippTitel, 2620},
+  };
   Caption = LoadResString(2020);
-  lblTitel.Caption = LoadResString(2020);
-  lblEingang.Caption = LoadResString(2024);
+  for (const auto& s : schilder) s.Schild.Caption = LoadResString(s.Text);
+  lblEinheit(1).Caption = L"%";
   optAuto.Caption = LoadResString(2025);
   optManuell.Caption = LoadResString(2026);
-  lblSlider(0).Caption = LoadResString(2023);
-  lblSlider(1).Caption = LoadResString(2034);
-  lblSlider(2).Caption = LoadResString(2015);
-  lblEinheit(0).Caption = LoadResString(2022);
-  lblEinheit(1).Caption = L"%";
-  lblAufnahmeArt.Caption = LoadResString(2029);
   cbxMultiTrack.Caption = LoadResString(2048);
   cbxAutoTrennen.Caption = LoadResString(2027);
   cbxPauseAus.Caption = LoadResString(2028);
-  lblSeite(0).Caption = LoadResString(30105);
-  lblSeite(1).Caption = LoadResString(30106);
-  lblLED.Caption = LoadResString(30107);
-  lblFeld(0).Caption = LoadResString(30108);
-  lblFeld(1).Caption = LoadResString(30109);
-  lblAufnahme.Caption = LoadResString(2029);
-  lblPlatz.Caption = LoadResString(2030);
-  lblStatus.Caption = LoadResString(2031);
-  lblTippTitel.Caption = LoadResString(2620);
-  lblTippKnopf(0).Caption = L"<<";
-  lblTippKnopf(1).Caption = L">>";
   lblRecZeit.Caption = HMSFText(0, 0, 0, 0);
   lblRecSize.Caption = Format(0, L"0.00");
   for (Label* leer : {&lblPausenzeit, &lbldb, &lblMB, &lblMinuten, &lblStatusanzeige}) {
@@ -163,45 +157,55 @@ void frmAufnehmen::SetTexte() {
   Beschriften(lblButtCaption(0), imgOkay, LoadResString(2033));
   Beschriften(lblButtCaption(1), imgAbbrechen, LoadResString(2032));
   Beschriften(lblButtCaption(2), imgAufnehmen, LoadResString(2047));
-  Beschriften(lblTippKnopf(0), imgTipp(0), L"<<");
-  Beschriften(lblTippKnopf(1), imgTipp(1), L">>");
   imgTipp(0).AccessibleName = LoadResString(30110);
   imgTipp(1).AccessibleName = LoadResString(30111);
-  const auto hinweis = [this](Control& control, int nummer) {
-    control.ToolTipText = LoadResString(nummer);
-    if (control.AccessibleName().empty()) control.AccessibleName = LoadResString(nummer);
-  };
-  hinweis(lvwAufnehmen, 2000);
-  // A screen reader reads what they show.
-  lblRecZeit.ToolTipText = LoadResString(2001);
-  lblRecSize.ToolTipText = LoadResString(2002);
-  hinweis(imgNeueAufnahme, 2003);
-  hinweis(imgAufnahmeWiedergeben, 2004);
-  hinweis(imgAufnehmen, 2005);
-  hinweis(imgRecordStop, 2006);
-  for (int i = 0; i < optInput.Count(); ++i) optInput(i).ToolTipText = LoadResString(2007);
-  hinweis(optAuto, 2008);
-  hinweis(optManuell, 2009);
-  hinweis(imgSliderKnopf(0), 2010);
-  hinweis(imgSliderKnopf(1), 2011);
-  hinweis(imgSliderKnopf(2), 2012);
-  hinweis(txtMinPause, 2014);
-  hinweis(txtMaxVolume, 2015);
-  hinweis(cbxMultiTrack, 2049);
-  hinweis(cbxAutoTrennen, 2021);
-  hinweis(cbxPauseAus, 2028);
-  hinweis(Level1, 2050);
-  hinweis(Level2, 2051);
-  hinweis(gauFreeHD, 2016);
-  hinweis(imgAbbrechen, 2017);
-  hinweis(imgOkay, 2018);
-  hinweis(imgHelp, 2019);
-  imgTipp(0).ToolTipText = LoadResString(30110);
-  imgTipp(1).ToolTipText = LoadResString(30111);
+  Beschriften(lblTippKnopf(0), imgTipp(0), L"<<");
+  Beschriften(lblTippKnopf(1), imgTipp(1), L">>");
+  HinweiseSetzen();
 }
 
-// Asks what is to be recorded, shows the window and listens, so that the meters move before any
-// recording.
+// A control without a caption gets its hint as its name for screen readers. The labels of time and
+// size keep their captions as names, because a screen reader must read the values.
+void frmAufnehmen::HinweiseSetzen() {
+  const struct {
+    Control& Feld;
+    int Text;
+  } hinweise[] = {
+      {lvwAufnehmen, 2000},
+      {imgNeueAufnahme, 2003},
+      {imgAufnahmeWiedergeben, 2004},
+      {imgAufnehmen, 2005},
+      {imgRecordStop, 2006},
+      {optAuto, 2008},
+      {optManuell, 2009},
+      {imgSliderKnopf(0), 2010},
+      {imgSliderKnopf(1), 2011},
+      {imgSliderKnopf(2), 2012},
+      {txtMinPause, 2014},
+      {txtMaxVolume, 2015},
+      {cbxMultiTrack, 2049},
+      {cbxAutoTrennen, 2021},
+      {cbxPauseAus, 2028},
+      {Level1, 2050},
+      {Level2, 2051},
+      {gauFreeHD, 2016},
+      {imgAbbrechen, 2017},
+      {imgOkay, 2018},
+      {imgHelp, 2019},
+      {imgTipp(0), 30110},
+      {imgTipp(1), 30111},
+  };
+  for (const auto& h : hinweise) {
+    h.Feld.ToolTipText = LoadResString(h.Text);
+    if (h.Feld.AccessibleName().empty()) h.Feld.AccessibleName = LoadResString(h.Text);
+  }
+  lblRecZeit.ToolTipText = LoadResString(2001);
+  lblRecSize.ToolTipText = LoadResString(2002);
+  for (int i = 0; i < optInput.Count(); ++i) optInput(i).ToolTipText = LoadResString(2007);
+}
+
+// Asks for the kind of recording, shows the window and opens the input, so that the meters move
+// before any recording.
 void frmAufnehmen::Init_Aufnehmen() {
   MultiTrack = prog.LPModus != 0;
   MaxPegel = GetZahl(prog.plattform, L"MaxPegel", L"4");
@@ -254,11 +258,11 @@ void frmAufnehmen::Melden(const Text& text) {
 
 Text frmAufnehmen::FehlerText(const Laufzeitfehler& fehler) const {
   if (fehler.Nummer == kFehlerPlattenVoll) return LoadResString(2043);
-  const Text grund = fehler.Grund.empty() ? L"" : L"\r\n" + fehler.Grund;
-  return LoadResString(30102) + L"\r\n" + fehler.Beschreibung + grund;
+  const Text grund = fehler.Grund.empty() ? L"" : kZeilenEnde + fehler.Grund;
+  return LoadResString(30102) + kZeilenEnde + fehler.Beschreibung + grund;
 }
 
-// The machine sleeps neither in a take nor while the next one is awaited.
+// The computer must not sleep during a take or while the next one is awaited.
 void frmAufnehmen::WachBleiben() {
   const bool noetig = NimmtAuf || Sitzung;
   if (!noetig) wach_.reset();

@@ -1,10 +1,10 @@
-// The recorder: what the sound card's input hears becomes wave files, one a take. With several
-// takes at a time (MultiTrack) it watches the level and cuts by itself; for a whole record
-// (LPModus) it also asks for the other side. Nothing is ever cut out of the sound.
+// The recorder: sound from the sound card's input becomes wave files, one a take. For several takes
+// (MultiTrack) the level decides where a take ends; for a whole record (LPModus) the user is also
+// asked to turn the record over. No sound is ever removed.
 #pragma once
 
 #include "app/fenster.h"
-#include "catalog/katalog_eintrag.h"
+#include "app/zustand/katalog_eintrag.h"
 #include "klang/pegelausloeser.h"
 
 #include "platform/inhibitor.h"
@@ -24,6 +24,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void Form_Load() override;
   void Form_Unload() override;
   void SetTexte() override;
+  void HinweiseSetzen();
   bool Form_KeyDown(int taste, bool strg) override;
   void Form_Close() override { imgAbbrechen_MouseUp(); }
 
@@ -33,7 +34,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void imgRecordStop_MouseUp(int taste = kLeftButton);  // the right button empties the list
   void RecordStart();
   void RecordStop();
-  void MMConnectorX1_OnTrigger();  // for every buffer that the input hears
+  void MMConnectorX1_OnTrigger();  // called for every buffer that is recorded
   void tmrStatus_Timer();
   void tmrUmdrehen_Timer();
   void CloseMe();
@@ -61,20 +62,21 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void imgOkay_MouseUp();
   void imgAbbrechen_MouseUp();
 
-  bool MultiTrack = false;  // cuts by itself
-  bool Sitzung = false;     // from the record button until stop; only then the level cuts
-  Text AktuelleDatei;       // of the present take
-  Text BasisName;           // of the names of takes, without folder and extension
+  bool MultiTrack = false;  // takes begin and end by the level
+  bool Sitzung = false;  // from the record button until stop; only in between the level cuts takes
+  Text AktuelleDatei;    // the current take's file
+  Text BasisName;        // common part of the takes' names, without folder and extension
   std::vector<KatalogEintrag> Aufnahmen{1};  // takes from 1
   std::int32_t AufnahmeZahl = 0;
-  std::int16_t Aufnahmewahl = 0;    // the take picked in the list, 0 for none
+  std::int16_t Aufnahmewahl = 0;    // the take selected in the list, 0 for none
   std::uint32_t AufnahmeStart = 0;  // system milliseconds
   std::int16_t Eingang = 0;         // input line, 1 to 4; 0 for none
-  bool Umgedreht = false;           // the other side was asked for
+  bool Umgedreht = false;           // the user was asked to turn the record over
   std::int32_t MaxPegel = 4;        // read from the settings, and replaced by the automatic level
-  std::int64_t GrenzeBytes = 0x7FFFFFFF - 65536;  // of the sound of a take: no wave is longer
+  // Most bytes of sound in a take; a wave file cannot hold more.
+  std::int64_t GrenzeBytes = 0x7FFFFFFF - 65536;
 
-  // ---- components, in the order in which the sound passes them ----
+  // ---- components, in the order of the sound's path ----
   std::unique_ptr<MMWaveInX> WaveIn;
   std::unique_ptr<MMPeakDetectX> Peak;
   std::unique_ptr<MMConnectorX> MMConnectorX1;
@@ -82,7 +84,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
 
   // ---- controls ----
   Label lblTitel{*this, L"lblTitel"};
-  Label lblEingang{*this, L"lblEingang"};  // head of the panel on the left
+  Label lblEingang{*this, L"lblEingang"};  // heading of the left panel
   ControlArray<OptionButton, 4> optInput{*this, L"optInput", 1};
   ControlArray<Label, 4> lbInputCaption{*this, L"lbInputCaption"};
   OptionButton optAuto{*this, L"optAuto", -1, 2};
@@ -93,17 +95,17 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   TextBox txtMinPause{*this, L"txtMinPause"};
   TextBox txtMaxVolume{*this, L"txtMaxVolume"};
   ControlArray<Label, 2> lblEinheit{*this, L"lblEinheit"};
-  Label lblAufnahmeArt{*this, L"lblAufnahmeArt"};  // head of the panel in the middle
+  Label lblAufnahmeArt{*this, L"lblAufnahmeArt"};  // heading of the middle panel
   CheckBox cbxMultiTrack{*this, L"cbxMultiTrack"};
   CheckBox cbxAutoTrennen{*this, L"cbxAutoTrennen"};
   CheckBox cbxPauseAus{*this, L"cbxPauseAus"};
-  ControlArray<Label, 2> lblSeite{*this, L"lblSeite"};  // of the meters
+  ControlArray<Label, 2> lblSeite{*this, L"lblSeite"};  // captions of the meters
   LevelMeter Level1{*this, L"Level1"};
   LevelMeter Level2{*this, L"Level2"};
   Label lblLED{*this, L"lblLED"};
   Shape LED{*this, L"LED"};
   Label lblPausenzeit{*this, L"lblPausenzeit"};
-  ControlArray<Label, 2> lblFeld{*this, L"lblFeld"};  // of time and size
+  ControlArray<Label, 2> lblFeld{*this, L"lblFeld"};  // captions of time and size
   Label lblRecZeit{*this, L"lblRecZeit"};
   Label lblRecSize{*this, L"lblRecSize"};
   PictureButton imgAufnahmeBild{*this, L"imgAufnahmeBild"};
@@ -117,12 +119,12 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   Shape shpFreeHD{*this, L"shpFreeHD"};  // the filled part of the gauge
   Label lblMB{*this, L"lblMB"};
   Label lblMinuten{*this, L"lblMinuten"};
-  Label lblStatus{*this, L"lblStatus"};  // head of the status
+  Label lblStatus{*this, L"lblStatus"};  // heading of the status
   Label lblStatusanzeige{*this, L"lblStatusanzeige"};
   ListView lvwAufnehmen{*this, L"lvwAufnehmen"};
   Label lblTippTitel{*this, L"lblTippTitel"};
   Label lblTipp{*this, L"lblTipp"};
-  ControlArray<PictureButton, 2> imgTipp{*this, L"imgTipp"};  // 0 back, 1 on
+  ControlArray<PictureButton, 2> imgTipp{*this, L"imgTipp"};  // 0 back, 1 forward
   ControlArray<Label, 2> lblTippKnopf{*this, L"lblTippKnopf"};
   PictureButton imgOkay{*this, L"imgOkay"};
   PictureButton imgAbbrechen{*this, L"imgAbbrechen"};
@@ -136,11 +138,12 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void Verdrahten();
   void EingaengeZeigen();
   void Bedienbar(bool frei);
-  bool EingangHoeren();   // opens and starts the input; false when it refuses
-  void EingangOeffnen();  // anew, for a take
+  bool EingangHoeren();   // opens and starts the input; returns false when it fails
+  void EingangOeffnen();  // opens the input again, for a take
   void TakeSchliessen();
   void SitzungBeenden();
-  std::uint32_t Jetzt() const;  // system milliseconds; of the buffer, in the handler of one
+  // System milliseconds; inside a buffer's handler, the time of the buffer.
+  std::uint32_t Jetzt() const;
   void PufferPruefen();
   void PegelPruefen();
   void ZeitZeigen();
@@ -148,7 +151,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void EingangVerloren();
   void Verlust(std::int64_t ms);
   void VerlustMelden();
-  void Melden(const Text& text);  // in a box, when what runs now has ended
+  void Melden(const Text& text);  // shows a message after the running handlers have ended
   void WachBleiben();
   Text FehlerText(const Laufzeitfehler& fehler) const;
   void BalkenZeigen(int links, int rechts);
@@ -165,22 +168,22 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void TakeEinfuegen(int nummer);
   void Beenden();
   class MixerRuhe;
-  static int Linie(int index);  // the mixer's number of an input line, from 0
-  int LinienPegel() const;      // of the chosen line, 0 to 65536; 0 without one
+  static int Linie(int index);  // number in the mixer of an input line; from 0
+  int LinienPegel() const;      // of the chosen line, 0 to 65536; 0 without a line
   void LinienPegelSetzen(std::int32_t pegel);
   void PegelZeigen();
 
-  Text schwelleAus_;  // what stood in the box when the threshold was last made from it
+  Text schwelleAus_;  // content of the text box when the threshold was last set
   Pegelautomatik automatik_;
   std::array<std::pair<int, int>, 3> gehoert_{};  // peaks of the last buffers
-  bool imPuffer_ = false;                         // in the handler of a buffer
-  bool verloren_ = false;         // the device is gone, and has not been heard since
-  Text ersetzen_;                 // a file that the user has agreed to replace
-  Text laufwerk_ = L"C:\\";       // root of the drive that is recorded to
-  std::int64_t geschrieben_ = 0;  // bytes of the present take
-  int ungesichert_ = 0;           // buffers since the header was true last
-  std::int64_t verlustMs_ = 0;    // what the card has lost since that was reported last
-  std::vector<Text> verluste_;    // the same, by place
+  bool imPuffer_ = false;                         // a buffer's handler is running
+  bool verloren_ = false;                         // the device is gone, and no sound has come since
+  Text ersetzen_;                                 // a file that the user has agreed to replace
+  Text laufwerk_ = L"C:\\";                       // root of the drive that receives the takes
+  std::int64_t geschrieben_ = 0;                  // bytes of the current take
+  int ungesichert_ = 0;         // buffers written since the header was last updated
+  std::int64_t verlustMs_ = 0;  // sound that the card has lost since the last report
+  std::vector<Text> verluste_;  // lost sound since the last report, by place
   int tipp_ = 0;
   int freiProzent_ = -1;
   bool schliesst_ = false;

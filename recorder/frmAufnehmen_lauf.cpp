@@ -1,10 +1,12 @@
-// The course of a recording: the record button, the cut by the level, the end of a take.
+// The course of a recording: the record button, the cuts by the level, the end of a take.
 
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 #include "recorder/frmAufnehmen.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,10 +17,8 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kOrt = L"Aufnahme:";
-constexpr double kKnapperPlatz = 20971520;  // bytes; a recording stops below
-constexpr double kBytesJeSekunde = 176400;
+constexpr double kKnapperPlatz = 20971520;  // bytes; with less free space a recording stops
 constexpr double kBytesJeMs = 176.4;
-constexpr double kMB = 1048576;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
 constexpr int kSicherungPuffer = 40;  // less than a second of sound
@@ -67,8 +67,8 @@ void frmAufnehmen::Bedienbar(bool frei) {
   imgNeueAufnahme.Enabled = frei || !MultiTrack;
 }
 
-// Begins a take in AktuelleDatei. Out of a buffer's handler the take begins with that very buffer;
-// in the middle of a take it goes on without a gap in the next one.
+// Begins a take in AktuelleDatei. If a buffer's handler calls it, the take begins with that buffer.
+// During a take, the next take follows without a gap.
 void frmAufnehmen::RecordStart() {
   const bool hoertSchon = NimmtAuf;
   if (NimmtAuf) TakeSchliessen();
@@ -98,7 +98,7 @@ void frmAufnehmen::RecordStart() {
     NimmtAuf = true;
     WachBleiben();
     tmrStatus_Timer();
-    if (!NimmtAuf) return;  // the disk has no room
+    if (!NimmtAuf) return;  // the disk is full
     WaveIn->Start();
   } catch (const Laufzeitfehler& fehler) {
     TakeAbbrechen(FehlerText(fehler));
@@ -110,12 +110,13 @@ void frmAufnehmen::EingangOeffnen() {
   WaveIn->Close();
   WaveIn->Mode = mStereo;
   WaveIn->BitLength = b16Bit;
-  WaveIn->SampleRate = 44100;
+  WaveIn->SampleRate = kSampleRate;
   WaveIn->Open();
 }
 
 std::uint32_t frmAufnehmen::Jetzt() const {
-  // In a take the sound's own time counts, which lies behind the clock's by what still waits.
+  // During a take the time of the sound counts. It is behind the clock, because buffers wait to be
+  // handled.
   const bool imTake = imPuffer_ || NimmtAuf;
   return Zaehler(imTake ? WaveIn->BufferTicks() : prog.plattform.uhr.Ticks());
 }
@@ -137,7 +138,7 @@ void frmAufnehmen::RecordStop() {
   schleife.MousePointer(Pointer::Normal);
 }
 
-// What was written becomes a whole file.
+// Completes the file of the take.
 void frmAufnehmen::TakeSchliessen() {
   try {
     WaveOUt->Wave.Close();
@@ -154,7 +155,7 @@ void frmAufnehmen::TakeSchliessen() {
   });
 }
 
-// No sound is awaited any more.
+// Ends the wait for further takes.
 void frmAufnehmen::SitzungBeenden() {
   Sitzung = false;
   Wartet = false;
@@ -180,7 +181,7 @@ void frmAufnehmen::imgRecordStop_MouseUp(int taste) {
   VerlustMelden();
 }
 
-// An input that refuses is no reason to close: the window says so, and can be used.
+// If the input cannot be opened, the window stays open and usable, and shows the error.
 bool frmAufnehmen::EingangHoeren() {
   try {
     WaveIn->Open();
@@ -208,7 +209,7 @@ void frmAufnehmen::PufferPruefen() {
   if (NimmtAuf && !Wartet) ZeitZeigen();
   if (MultiTrack && Sitzung) PegelPruefen();
   if (!NimmtAuf) return;
-  // The buffer that follows is written behind this handler.
+  // The current buffer is written after this handler.
   if (geschrieben_ + kPuffer > GrenzeBytes) return TakeAbbrechen(LoadResString(30100));
   geschrieben_ += kPuffer;
   if (++ungesichert_ < kSicherungPuffer) return;
@@ -251,7 +252,7 @@ void frmAufnehmen::PegelPruefen() {
   }
 }
 
-// What has come up to now is whole; the input goes on being heard where it can.
+// The sound recorded so far stays a complete file; the input is opened again if possible.
 void frmAufnehmen::TakeAbbrechen(const Text& grund) {
   prog.AppLog(kOrt, AktuelleDatei + L" " + grund);
   Sitzung = false;
@@ -263,7 +264,7 @@ void frmAufnehmen::TakeAbbrechen(const Text& grund) {
   SitzungBeenden();
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   Weiter([&] { WaveOUt->Wave.SetFileName(L""); });
-  // A take of which nothing came into being is none.
+  // A take without a file is removed from the list.
   if (AufnahmeZahl > 0 && !prog.DateiExistiert(Aufnahmen.back().Datei.Getrimmt())) {
     Aufnahmen.pop_back();
     --AufnahmeZahl;
@@ -278,13 +279,13 @@ void frmAufnehmen::TakeAbbrechen(const Text& grund) {
   VerlustMelden();
 }
 
-// A device that opens and is gone again before it was heard is reported once, not for ever.
+// A device that disappears again before any sound came is reported only once.
 void frmAufnehmen::EingangVerloren() {
   const bool bekannt = std::exchange(verloren_, true);
   if (!bekannt || NimmtAuf || Sitzung) TakeAbbrechen(LoadResString(30101));
 }
 
-// ---- what the card has lost ----
+// ---- sound lost by the card ----
 
 void frmAufnehmen::Verlust(std::int64_t ms) {
   const Text wo = NimmtAuf ? DateiNameOhnePfad(AktuelleDatei) + L" " +
@@ -308,7 +309,7 @@ void frmAufnehmen::VerlustMelden() {
 
 // ---- timers ----
 
-// Asked at most once in the window's life. The recording stays armed meanwhile.
+// Asks at most once as long as the window is open. The recording stays ready meanwhile.
 void frmAufnehmen::tmrUmdrehen_Timer() {
   tmrUmdrehen.Enabled = false;
   if (prog.LPModus == 0 || Umgedreht) return;
@@ -341,7 +342,7 @@ void frmAufnehmen::PlatzZeigen(double frei) {
     einheit = LoadResString(nummer);
   }
   lblMB.Caption = LoadResString(2603) + Format(wert, L"000.00") + L" " + einheit;
-  const std::int64_t sekunden = Ganz64(frei / kBytesJeSekunde);
+  const std::int64_t sekunden = Ganz64(frei / kBytesPerSecond);
   const auto zahl = [](std::int64_t n, const wchar_t* muster) {
     return Format(static_cast<double>(n), muster);
   };

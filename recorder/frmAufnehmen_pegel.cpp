@@ -1,7 +1,7 @@
-// What is heard and how loud: the input line, the sliders, the automatic level.
+// The input line, the level meters, the sliders and the automatic level.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "mixer/frmMixer.h"
 #include "recorder/frmAufnehmen.h"
 
@@ -11,14 +11,14 @@ namespace vantora {
 
 namespace {
 
-constexpr double kVoll = 32768;     // of one side
-constexpr int kStufenSchwelle = 5;  // percent of the threshold for a step of its knob
+constexpr double kVoll = 32768;     // full scale of one channel
+constexpr int kStufenSchwelle = 5;  // percent of the threshold for one step of its slider
 constexpr double kMsJeSekunde = 1000;
 
 }  // namespace
 
-// Several buffers come in one turn of the loop, and only the last level of a turn is painted: so it
-// is the highest of all that came with it.
+// The event loop handles several buffers before it paints once, so the meters show the highest
+// level of the last buffers.
 void frmAufnehmen::BalkenZeigen(int links, int rechts) {
   std::shift_left(gehoert_.begin(), gehoert_.end(), 1);
   gehoert_.back() = {links, rechts};
@@ -30,7 +30,8 @@ void frmAufnehmen::BalkenZeigen(int links, int rechts) {
   Level2.PeakRight = rechts;
 }
 
-// The threshold is a sum of both sides, so a sound that is as loud on both passes at half of it.
+// The threshold is a sum of both channels, so equally loud channels reach it at half of its value
+// each.
 void frmAufnehmen::SchwelleZeigen() {
   const int marke = MultiTrack ? std::clamp(Pegelschwelle / 2, 1, 32767) : 0;
   Level1.Mark = marke;
@@ -76,7 +77,7 @@ void frmAufnehmen::txtMaxVolume_LostFocus() {
   if (wert != Val(txtMaxVolume.Text)) txtMaxVolume.Text = ZahlText(wert);
   if (Trim(txtMaxVolume.Text).empty()) txtMaxVolume.Text = ZahlText(wert);
   SchieberSetzen(wert / kStufenSchwelle, 2);
-  // A box that was only passed through changes nothing.
+  // If the user only passes through the text box, the threshold stays unchanged.
   if (NimmtAuf || txtMaxVolume.Text() == schwelleAus_) return;
   schwelleAus_ = txtMaxVolume.Text;
   Pegelschwelle = Ganz32(Runden(wert / 100 * kVoll));
@@ -85,7 +86,7 @@ void frmAufnehmen::txtMaxVolume_LostFocus() {
 
 // ---- the input lines ----
 
-// Sets the line's level past the faders, which follow without writing it back.
+// Sets the line's level directly; the faders follow and do not write it back to the card.
 class frmAufnehmen::MixerRuhe {
  public:
   explicit MixerRuhe(vantora::frmMixer& mixer) : mixer_(mixer), vorher_(mixer.MixerLiest) {
@@ -100,7 +101,7 @@ class frmAufnehmen::MixerRuhe {
   bool vorher_;
 };
 
-// The lines that the mixer has; the one that is selected there is chosen here.
+// Offers the mixer's input lines and chooses the line that is selected in the mixer.
 void frmAufnehmen::EingaengeZeigen() {
   vantora::frmMixer& mixer = prog.frmMixer();
   mixer.InitMixer();  // a card may have been plugged in since the start
@@ -122,7 +123,7 @@ void frmAufnehmen::EingaengeZeigen() {
     }
   }
   if (gewaehlt >= 0) {
-    // What the card listens to stays as it is until the user chooses.
+    // The card's selection stays unchanged until the user chooses another line.
     optInput(gewaehlt).SetValue(true);
     Eingang = Ganz16(gewaehlt + 1);
     PegelZeigen();
@@ -158,7 +159,7 @@ void frmAufnehmen::optInput_Click(int index) {
     const MixerRuhe ruhe(mixer);
     for (int i = vantora::frmMixer::kErsterEingang; i < vantora::frmMixer::kFader; ++i) {
       const bool diese = i == Linie(Eingang - 1);
-      // The chosen line is never let go on the way, as the card would fall silent.
+      // The chosen line is never deselected in between, because the card would record silence.
       if (mixer.M(i).LineID() == kNoLine || mixer.M(i).Select() == diese) continue;
       mixer.M(i).SetSelect(diese);
     }
@@ -181,7 +182,7 @@ void frmAufnehmen::optManuell_Click() {
   tmrAutoRecord.Enabled = optAuto.Value();
 }
 
-// The level is only ever turned down, and only when both sides are nearly at full scale.
+// The level is only turned down, and only when both channels are nearly at full scale.
 void frmAufnehmen::tmrAutoRecord_Timer() {
   const std::int32_t summe = std::max(Summenpegel(), 1);
   const double db = prog.plattform.mmtools.Helper().Db(summe, kFullVolume);

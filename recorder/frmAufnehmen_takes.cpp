@@ -1,11 +1,13 @@
-// The takes: how each gets its file, their list, and their way into the catalog.
+// The takes: their files, their list, and adding them to the catalog.
 
-#include "app/feld.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
 #include "dialogs/frmNeuerInterpret.h"
+#include "klang/klang_frame.h"
 #include "recorder/frmAufnehmen.h"
 
 namespace vantora {
@@ -13,11 +15,9 @@ namespace vantora {
 namespace {
 
 constexpr const wchar_t* kEndung = L".WAV";
-constexpr const wchar_t* kZeilenEnde = L"\r\n";
 constexpr std::size_t kLaengsterPfad = 100;
-constexpr int kNummernZeichen = 3;  // of a hundred takes and more
+constexpr int kNummernZeichen = 3;  // room for the number of a take above 99
 constexpr double kMindestMs = 2000;
-constexpr double kFramesJeMs = 44.1;
 
 }  // namespace
 
@@ -34,7 +34,7 @@ void frmAufnehmen::cbxMultiTrack_Click() {
   GetMultiFileName();
 }
 
-// One run of the file dialog. `zusatz` is what the name will grow by.
+// Runs the file dialog once. `zusatz` is the number of characters that the name will grow by.
 frmAufnehmen::Wahl frmAufnehmen::DateiWaehlen(Text& datei, int zusatz) {
   prog.DateiHolen(kTypAufnahme, kModusSichern);
   const bool abbruch = prog.DialogAbbruch;
@@ -44,7 +44,7 @@ frmAufnehmen::Wahl frmAufnehmen::DateiWaehlen(Text& datei, int zusatz) {
     return Wahl::Ende;
   }
   if (!Endet(Ucase(datei), kEndung)) datei += kEndung;
-  // A longer name would be cut in the catalog, and its take would be lost there.
+  // The catalog would cut a longer path and could not find the take.
   if (datei.size() + static_cast<std::size_t>(zusatz) > kLaengsterPfad) {
     prog.MsgBoxen(LoadResString(8085), kHinweis);
     return Wahl::Nochmal;
@@ -89,8 +89,8 @@ Text frmAufnehmen::MultiDatei(const Text& basis, std::int32_t nummer) const {
   return AddBackslash(Trim(prog.Wave_Export_Dir)) + basis + Format(nummer, L"00") + L".wav";
 }
 
-// A file that is there already is passed over, unless the user has agreed to replace it: nobody can
-// be asked in the middle of a record.
+// Skips numbers whose files exist, unless the user has agreed to replace the file: during a
+// recording no question can be asked.
 Text frmAufnehmen::NaechsteMultiDatei() {
   std::int32_t nummer = AufnahmeZahl;
   const auto datei = [&] { return MultiDatei(BasisName, nummer); };
@@ -100,7 +100,7 @@ Text frmAufnehmen::NaechsteMultiDatei() {
   return datei();
 }
 
-// Takes may begin while this asks: until a name has been chosen they go on under the one before.
+// Takes may begin while the dialog is open; until a name is chosen they get the old name.
 void frmAufnehmen::GetMultiFileName() {
   if (!Sitzung) BasisName.clear();
   for (;;) {
@@ -110,7 +110,7 @@ void frmAufnehmen::GetMultiFileName() {
     if (wahl == Wahl::Nochmal) continue;
     const Text name = DateiNameOhnePfad(datei);
     const Text basis = name.substr(0, name.size() - Text(kEndung).size());
-    // Where numbers were passed over, the next one may be that of a take in the list.
+    // Numbers may have been skipped, so the next number may belong to a take in the list.
     std::int32_t nummer = AufnahmeZahl;
     while (SchonVergeben(MultiDatei(basis, nummer))) ++nummer;
     const Text erste = MultiDatei(basis, nummer);
@@ -160,7 +160,7 @@ void frmAufnehmen::KatalogEintragÄndern(int index) {
   const Text titel = std::exchange(prog.NeuTitel, {});
   const Text interpret = std::exchange(prog.NeuInterpret, {});
   if (!std::exchange(prog.DialogBestaetigt, false)) return;
-  // Takes may have come meanwhile, and the list may have been emptied.
+  // Takes may have been added, or the list may have been emptied, while the window was open.
   if (index > AufnahmeZahl || Element(Aufnahmen, index).Datei.Getrimmt() != datei) return;
   ListItem& zeile = lvwAufnehmen.ListItems(index);
   if (!interpret.empty()) zeile.SetSubItems(2, interpret);
@@ -181,7 +181,7 @@ void frmAufnehmen::imgAufnahmeWiedergeben_MouseUp() {
   prog.plattform.schleife.DoEvents();
 }
 
-// One take into the catalog, unless it is too short.
+// Adds a take to the catalog, unless the take is too short.
 void frmAufnehmen::TakeEinfuegen(int nummer) {
   const KatalogEintrag take = Element(Aufnahmen, nummer);
   const Text datei = take.Datei.Getrimmt();
@@ -211,7 +211,7 @@ void frmAufnehmen::imgOkay_MouseUp() {
   schliesst_ = true;
   Beenden();
   for (std::int32_t i = 1; i <= AufnahmeZahl; ++i) {
-    // What is wrong with one take is no reason to lose the others.
+    // An error of one take must not keep the others out of the catalog.
     try {
       TakeEinfuegen(i);
     } catch (const Laufzeitfehler& fehler) {
@@ -233,7 +233,7 @@ void frmAufnehmen::imgAbbrechen_MouseUp() {
   CloseMe();
 }
 
-// The last take ends whole, and nothing begins any more.
+// Completes the last take; no further take begins.
 void frmAufnehmen::Beenden() {
   Sitzung = false;
   for (Timer* uhr : {&tmrStatus, &tmrAutoRecord}) uhr->Enabled = false;

@@ -9,6 +9,14 @@ struct Auswahl {
   std::int32_t MarkerAnfang = 0, MarkerEnde = 0;  // both 0: nothing is selected
   bool NurCursor = false;                         // the marker is a cursor and no range
   std::int32_t CursorPos = 0;                     // while NurCursor
+
+  // A range has been selected. Edits that need one ask for this and not for the cursor: an edit
+  // may move the range while the cursor stands.
+  bool Bereich() const { return MarkerAnfang != 0 || MarkerEnde != 0; }
+  // Where playing, pasting and the spectrum begin.
+  std::int32_t Stelle() const { return NurCursor ? CursorPos : MarkerAnfang; }
+  // Where playing ends; a cursor plays to the end of the file.
+  std::int32_t Ende(std::int32_t laenge) const { return NurCursor ? laenge : MarkerEnde; }
 };
 
 }  // namespace vantora

@@ -1,9 +1,10 @@
 #include "waveeditor/bearbeitung.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
-#include "app/zeichen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "app/werte/zeichen.h"
+#include "klang/klang_frame.h"
 
 #include <algorithm>
 #include <utility>
@@ -12,10 +13,8 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kMB = 0x100000;
 constexpr std::size_t kWurzel = 3;  // "C:\"
 constexpr int kVollePegel = 100;    // percent
-constexpr std::int64_t kFrameBytes = 4;
 
 enum UndoSchritt : std::int16_t { kUndoCut = 1, kUndoBlock = 2, kUndoPaste = 3 };
 
@@ -49,11 +48,12 @@ void Fuellen(WaveEdit& vorhaben, std::int64_t bis) {
 
 }  // namespace
 
-Bearbeitung::Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quelle, Fenster fenster)
+Bearbeitung::Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quelle,
+                         EditorFenster& fenster)
     : prog(programm),
       auswahl_(auswahl),
       SourceFile(quelle),
-      fenster_(std::move(fenster)),
+      fenster_(fenster),
       Wave1(programm.plattform.mmtools.NewWaveFileX()),
       Wave2(programm.plattform.mmtools.NewWaveFileX()) {
   Wave1->Wave.TimeFormat = Wave2->Wave.TimeFormat = TimeFormat::tfByte;
@@ -85,7 +85,7 @@ Text Bearbeitung::FreierName(const wchar_t* name) const {
 // ---- what all edits share ----
 
 bool Bearbeitung::NichtsGewaehlt() {
-  if (auswahl_.MarkerAnfang != 0 || auswahl_.MarkerEnde != 0) return false;
+  if (auswahl_.Bereich()) return false;
   prog.MsgBoxen(prog.Text(21003), kHinweis);
   return true;
 }
@@ -98,11 +98,11 @@ bool Bearbeitung::PlatzFehlt(const Text& ort, double bytes) {
 
 WaveEdit Bearbeitung::Vorhaben() {
   MMWaveObject& wave = Wave1->Wave;
-  wave.SetFileName(WorkDatei);
+  wave.SetFileName(fenster_.WorkDatei());
   wave.Open();
   const std::int64_t bytes = wave.DataSize();
   wave.Close();
-  return {WorkDatei, bytes, bytes, {}};
+  return {fenster_.WorkDatei(), bytes, bytes, {}};
 }
 
 // An edit that has not changed the file leaves nothing to undo, and an undo that has not can be
@@ -126,7 +126,7 @@ void Bearbeitung::Ausfuehren(WaveEdit vorhaben) {
 }
 
 bool Bearbeitung::Vorbereiten() {
-  return prog.plattform.edits.Ready(WorkDatei);
+  return prog.plattform.edits.Ready(fenster_.WorkDatei());
 }
 
 void Bearbeitung::NachFehler() {
@@ -152,7 +152,7 @@ bool Bearbeitung::PrepareUndo() {
   if (prog.Undo && laenge() / kMB <= prog.UndoMB) {
     prog.AppLog(L"PrepareUndo()", L"preparing undo");
     fenster_.Status(prog.Text(21606));
-    quelle.SetFileName(WorkDatei);
+    quelle.SetFileName(fenster_.WorkDatei());
     quelle.Open();
     quelle.PlayStart = auswahl_.MarkerAnfang;
     quelle.PlayEnd = auswahl_.MarkerEnde;
@@ -184,7 +184,7 @@ bool Bearbeitung::CopyWave() {
   if (PlatzFehlt(ordner, laenge)) return ohneErfolg(L"Not enough TempSpace on HD");
   if (prog.DateiExistiert(CopyDatei_)) prog.plattform.dateien.Kill(CopyDatei_);
   MMWaveObject& wave = Wave1->Wave;
-  wave.SetFileName(WorkDatei);
+  wave.SetFileName(fenster_.WorkDatei());
   wave.Open();
   wave.PlayStart = InBytes(auswahl_.MarkerAnfang);
   wave.PlayEnd = InBytes(auswahl_.MarkerEnde);
@@ -205,13 +205,14 @@ void Bearbeitung::CutWave() {
   }
   prog.AppLog(L"CutWave", L"cutting wave");
   SourceFile.Wave.Close();
-  Aendern(
-      [this] { prog.plattform.tsCut.Cut(WorkDatei, auswahl_.MarkerAnfang, auswahl_.MarkerEnde); });
+  Aendern([this] {
+    prog.plattform.tsCut.Cut(fenster_.WorkDatei(), auswahl_.MarkerAnfang, auswahl_.MarkerEnde);
+  });
   fenster_.NeuZeigen();
 }
 
 void Bearbeitung::PasteWave() {
-  const std::int32_t stelle = auswahl_.NurCursor ? auswahl_.CursorPos : auswahl_.MarkerAnfang;
+  const std::int32_t stelle = auswahl_.Stelle();
   const std::int32_t ende = auswahl_.MarkerEnde;
   auswahl_.MarkerAnfang = stelle;
   auswahl_.MarkerEnde = SourceFile.Wave.DataSize();
@@ -224,7 +225,7 @@ void Bearbeitung::PasteWave() {
   ablage.SetFileName(CopyDatei_);
   ablage.Open();
   const bool leer = ablage.Empty();
-  if (!leer) PasteLaenge = ablage.DataSize() / static_cast<std::int32_t>(kFrameBytes);
+  if (!leer) PasteLaenge = ablage.DataSize() / kFrameBytes;
   ablage.Close();
   if (leer) {
     prog.MsgBoxen(prog.Text(21004), kHinweis);
@@ -301,7 +302,7 @@ void Bearbeitung::NormalizeWave() {
   };
   fenster_.NormalizeUhr(true);
   const auto arbeit = [&] {
-    prog.plattform.mmtools.NormalizeFile(WorkDatei, fortschritt, kVollePegel);
+    prog.plattform.mmtools.NormalizeFile(fenster_.WorkDatei(), fortschritt, kVollePegel);
   };
   Jedenfalls([&] { Aendern(arbeit); }, [this] { fenster_.NormalizeUhr(false); });
   fenster_.NeuZeigen();

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "waveeditor/auswahl.h"
+#include "waveeditor/editor_fenster.h"
 
 #include "platform/edits.h"
 #include "platform/mmchain.h"
@@ -20,18 +21,10 @@ struct Programm;
 
 class Bearbeitung {
  public:
-  // What the window does for its edits.
-  struct Fenster {
-    std::function<void(const Text& text)> Status;  // shows a line about the work
-    std::function<void()> NeuZeigen;               // opens the file again and draws it
-    std::function<void(bool an)> NormalizeUhr;     // shows the progress of normalizing
-  };
-
   // `quelle` is the window's own file, which is closed while an edit changes it.
-  Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quelle, Fenster fenster);
+  Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quelle, EditorFenster& fenster);
 
-  void Beginnen();  // another opening: nothing to paste or to undo
-  void DateiWaehlen(const Text& datei) { WorkDatei = datei; }
+  void Beginnen();     // another opening: nothing to paste or to undo
   bool Vorbereiten();  // what an earlier error has left is finished; true when there was anything
   void Beenden();      // the clipboard and the undo store go
 
@@ -68,10 +61,10 @@ class Bearbeitung {
   Programm& prog;
   Auswahl& auswahl_;
   MMWaveFileX& SourceFile;
-  Fenster fenster_;
+  EditorFenster& fenster_;
   std::unique_ptr<MMWaveFileX> Wave1, Wave2;  // the file itself, and one to copy from
 
-  Text WorkDatei, UndoDatei, CopyDatei_;
+  Text UndoDatei, CopyDatei_;
   bool UndoVorhanden_ = false;
   std::int32_t UndoStart = 0;
   std::int16_t iUndoStep = 0;    // 1 cut, 2 block process, 3 paste

@@ -1,8 +1,7 @@
 #include "waveeditor/frmSpektrum.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/spektrum_bild.h"
 
 namespace vantora {
@@ -13,10 +12,7 @@ constexpr int kRand = 120;  // twips, above and below the button
 
 }  // namespace
 
-frmSpektrum::frmSpektrum(Programm& programm)
-    : VtrFenster(programm, L"frmSpektrum"),
-      WaveFile(programm.plattform.mmtools.NewWaveFileX()),
-      BlockPuffer(frmWaveEditor::kBlockFrames) {
+frmSpektrum::frmSpektrum(Programm& programm) : VtrFenster(programm, L"frmSpektrum") {
   Knopf(cmdOK, [this] { cmdOK_Click(); });
 }
 
@@ -69,23 +65,14 @@ void frmSpektrum::picSpektrum_Paint() {
   Window.Enabled = true;
 }
 
+// A file that is gone or no longer what it was has no spectrum; the window stays empty.
 void frmSpektrum::Zeichnen() {
   EventLoop& schleife = prog.plattform.schleife;
-  SpektrumBild bild(prog.plattform.audiolib);
-  MMWaveObject& wave = WaveFile->Wave;
-  // A file that is gone or no longer what it was has no spectrum; the window stays empty.
-  const bool gelesen = Weiter([&] {
-    wave.SetFileName(prog.SpektrumDatei);
-    wave.Open();
-    wave.SetPosition(prog.SpektrumStart);
-    LinkenKanalLesen(wave, prog.SpektrumLaenge, BlockPuffer, Samples);
-  });
-  Weiter([&] { wave.Close(); });
-  if (!gelesen) return;
-  bild.Umrechnen(Samples, prog.SpektrumLaenge);
+  SpektrumBild bild(prog);
+  if (!bild.Lesen(prog.SpektrumDatei, prog.SpektrumStart, prog.SpektrumLaenge)) return;
+  bild.Umrechnen();
   schleife.DoEvents();
-  bild.Zeichnen(picSpektrum, picSpektrum.Height, picSpektrum.Width, LoadResString(21600),
-                LoadResString(21601));
+  bild.Zeichnen(picSpektrum);
   schleife.DoEvents();
 }
 

@@ -2,13 +2,6 @@
 #pragma once
 
 #include "app/fenster.h"
-#include "waveeditor/frmWaveEditor.h"
-
-#include "platform/mmtools.h"
-
-#include <cstdint>
-#include <memory>
-#include <vector>
 
 namespace vantora {
 
@@ -31,10 +24,6 @@ class frmSpektrum final : public VtrFenster {
  private:
   void Anordnen();  // over the whole screen
   void Zeichnen();
-
-  std::unique_ptr<MMWaveFileX> WaveFile;
-  std::vector<frmWaveEditor::Frame> BlockPuffer;
-  std::vector<std::int16_t> Samples;
 };
 
 }  // namespace vantora

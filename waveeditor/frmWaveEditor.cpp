@@ -1,12 +1,16 @@
-// How the wave editor is made, opened and captioned.
+// How the wave editor is made, opened, captioned and left.
 
 #include "waveeditor/frmWaveEditor.h"
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "catalog/frmHauptForm.h"
+
+#include "platform/twips.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vantora {
 
@@ -18,67 +22,43 @@ constexpr int kAnzeigeMs = 100;
 constexpr int kSpektrumMs = 2000;
 constexpr int kLastMs = 500;
 constexpr int kNormalizeMs = 10;
-constexpr int kBibliothekBytes = 8192;
-constexpr double kGrosseSchriftTwips = 12.0;
 constexpr double kGrosseSchrift = 1.25;
 constexpr int kMarkerDeckung = 35;  // percent
 
 }  // namespace
 
+// ---- making ----
+
 frmWaveEditor::frmWaveEditor(Programm& programm)
     : VtrFenster(programm, L"frmWaveEditor"),
-      SourceFile(programm.plattform.mmtools.NewWaveFileX()) {
-  KomponentenErzeugen();
-  for (CheckBox* kasten :
-       {&chkEQBypass, &chkLoudness, &chkReverbbypass, &chkFlangerAktiv, &chkVolume, &chkGateraktiv,
-        &chkDeclickAktiv, &chkDenoiserAktiv, &chkDecrackleAktiv}) {
-    kasten->Visible = false;  // they hold a state that the buttons show
-  }
+      WellenTafel(static_cast<Form&>(*this)),
+      EffektTafeln(static_cast<Form&>(*this)),
+      kette_(programm.plattform.mmtools, programm.plattform.audiolib),
+      marker_(shpMarker, linPosition, picWaveBack, programm.plattform.bildschirm),
+      bild_(programm.plattform.bildschirm),
+      last_(programm.plattform.perfData),
+      transport_(programm, {kette_, auswahl_, marker_, last_, *this, tmrAnzeigeTimer}, *this),
+      einrechnung_(programm, kette_, imgSteuerung(kEinrechnen), *this),
+      bearbeitung_(programm, auswahl_, kette_.SourceFile(), *this),
+      presets_(programm.plattform),
+      raeume_(programm) {
+  kette_.OnPuffer = [this](MMData& data) { DSP_OnBufferFilled(data); };
+  kette_.OnPegel = [this](int links, int rechts) {
+    Level1.Zeigen(links, 0);
+    Level2.Zeigen(0, rechts);
+  };
+  kette_.Tor().OnZustand = [this](bool offen) {
+    LEDGaterAn.Visible = offen;
+    LEDGaterAus.Visible = !offen;
+  };
+  BildEinrichten();
   TransportEinrichten();
+  UhrenEinrichten();
   EffekteEinrichten();
   PresetsEinrichten();
 }
 
-void frmWaveEditor::KomponentenErzeugen() {
-  MMTools& werkzeug = prog.plattform.mmtools;
-  DestFile = werkzeug.NewWaveFileX();
-  DestFile->Wave.FileMustExist = false;
-  MMPCMConverterX1 = werkzeug.NewPCMConverter();
-  Peak = werkzeug.NewPeakDetect();
-  DSP = werkzeug.NewDSPInterface();
-  Eq = werkzeug.NewEqualizer();
-  Loudness = werkzeug.NewEqualizer();
-  Reverb = werkzeug.NewReverb();
-  Flanger = werkzeug.NewFlanger();
-  mmVolume = werkzeug.NewVolume();
-  Out = werkzeug.NewWaveOut();
-  MMConnectorX1 = werkzeug.NewConnector();
-  Trigger = werkzeug.NewTrigger();
-  KetteVerbinden();
-}
-
-void frmWaveEditor::KetteVerbinden() {
-  MMPCMConverterX1->SetInput(SourceFile.get());
-  Peak->SetInput(MMPCMConverterX1.get());
-  DSP->SetInput(Peak.get());
-  Eq->SetInput(DSP.get());
-  Loudness->SetInput(DSP.get());
-  Reverb->SetInput(DSP.get());
-  Flanger->SetInput(DSP.get());
-  mmVolume->SetInput(DSP.get());
-  Out->SetInput(DSP.get());
-  MMConnectorX1->SetInput(Out.get());
-  DestFile->SetInput(Trigger.get());
-  DSP->OnBufferFilled = [this](MMData& data) { DSP_OnBufferFilled(data); };
-  MMConnectorX1->OnLevel = [this](int links, int rechts) {
-    Level1.Zeigen(links, 0);
-    Level2.Zeigen(0, rechts);
-  };
-  Trigger->OnStop = [this] { Trigger_OnStop(); };
-  Trigger->OnError = [this] { Trigger_OnError(); };
-}
-
-void frmWaveEditor::TransportEinrichten() {
+void frmWaveEditor::BildEinrichten() {
   const auto maus = [this](auto handler) {
     return [this, handler](int taste) { handler(taste, picWaveBack.MouseX); };
   };
@@ -88,6 +68,16 @@ void frmWaveEditor::TransportEinrichten() {
   picWaveBack.DblClick = [this] { picWave_DblClick(); };
   picWaveBack.KeyDown = [this](int taste) { picWave_KeyDown(taste); };
   sliderWave.Change = [this] { sliderWave_OnChange(); };
+  for (int i = 0; i < imgZoom.Count(); ++i) Knopf(imgZoom(i), [this, i] { imgZoom_MouseUp(i); });
+  Knopf(cmdAllesAuswaehlen, [this] { cmdAllesAuswaehlen_Click(); });
+  Knopf(cmdAuswahlAufheben, [this] { cmdAuswahlAufheben_Click(); });
+  pic3D.DblClick = [this] { pic3D_DblClick(); };
+  pic3D.KeyDown = [this](int taste) {
+    if (taste == kKeyReturn || taste == kKeySpace) pic3D_DblClick();
+  };
+}
+
+void frmWaveEditor::TransportEinrichten() {
   for (int i = 0; i < imgSteuerung.Count(); ++i) {
     imgSteuerung(i).MouseDown = [this, i](int taste) {
       if (taste == kLeftButton) imgSteuerung_MouseDown(i);
@@ -95,10 +85,7 @@ void frmWaveEditor::TransportEinrichten() {
     Knopf(imgSteuerung(i), [this, i] { imgSteuerung_MouseUp(i); });
     imgSteuerung(i).DblClick = [this, i] { imgSteuerung_DblClick(i); };
   }
-  for (int i = 0; i < imgZoom.Count(); ++i) Knopf(imgZoom(i), [this, i] { imgZoom_MouseUp(i); });
   Knopf(imgLoop, [this] { imgLoop_MouseUp(); });
-  Knopf(cmdAllesAuswaehlen, [this] { cmdAllesAuswaehlen_Click(); });
-  Knopf(cmdAuswahlAufheben, [this] { cmdAuswahlAufheben_Click(); });
   const auto bearbeitet = [this](PictureButton& knopf, Handler handler) {
     Knopf(knopf, [this, handler] { Bearbeiten(handler); });
   };
@@ -111,10 +98,9 @@ void frmWaveEditor::TransportEinrichten() {
   bearbeitet(imgNormalize, &frmWaveEditor::imgNormalize_MouseUp);
   Knopf(imgZurück, [this] { imgZurück_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
-  pic3D.DblClick = [this] { pic3D_DblClick(); };
-  pic3D.KeyDown = [this](int taste) {
-    if (taste == kKeyReturn || taste == kKeySpace) pic3D_DblClick();
-  };
+}
+
+void frmWaveEditor::UhrenEinrichten() {
   const auto uhr = [](Timer& timer, int ms, std::function<void()> handler) {
     timer.Enabled = false;
     timer.Interval = ms;
@@ -126,13 +112,41 @@ void frmWaveEditor::TransportEinrichten() {
   uhr(tmrNormalize, kNormalizeMs, [this] { tmrNormalize_Timer(); });
 }
 
-// Buttons that show a state keep their picture when they are let go.
-void frmWaveEditor::BilderBereiten() {
-  for (PictureButton* knopf :
-       {&imgByPass, &imgLoudness, &imgHallByPass, &imgFlangerBypass, &imgVolumeByPass,
-        &imgGaterBypass, &imgDeclickByPass, &imgDenoiserByPass, &imgDecrackleByPass}) {
-    knopf->PictureReleased.clear();
+// ---- opening ----
+
+void frmWaveEditor::Form_Load() {
+  if (prog.EditorBatch) einrechnung_.StapelBeginnen();
+  LayoutAnwenden(prog.BildschirmBreite >= kGrosserSchirm ? kGrossesLayout : Name);
+  ToolTipsSetzen(*this);
+  SkaliereForm(prog, *this);
+  MitteSetzen(prog, *this);
+  BilderBereiten();
+  SetTexte();
+  prog.AppLog(L"frmWaveEditor.Form_Load", L"WaveEditor entered");
+  Beschaeftigt = true;
+  kette_.Starten();
+  ReverbPresetsLaden();
+  Window.Enabled = false;
+  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+  Init_Waveeditor();
+  lblDatei.Caption = prog.WaveEditorDatei;
+  SetEqualizer();
+  SetLoudness();
+  regler_.AlleAnwenden();
+  if (BatchLaeuft()) EffektWerteLaden();
+  bearbeitung_.Beginnen();
+  imgPaste.Enabled = false;
+  lblPasteDisabled.Visible = true;
+  if (prog.plattform.bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel) {
+    picPresets.Left = Ganz32(picPresets.Left / kGrosseSchrift);
+    picPresets.Top = Ganz32(picPresets.Top / kGrosseSchrift);
   }
+  if (BatchLaeuft()) DateiOeffnen();
+}
+
+void frmWaveEditor::BilderBereiten() {
+  // Buttons that show a state keep their picture when they are let go.
+  for (const Schalter& schalter : AlleSchalter()) schalter.Knopf.PictureReleased.clear();
   shpMarker.Opacity = kMarkerDeckung;
   shpMarker.Visible = false;
   sliderWave.Visible = false;
@@ -142,49 +156,9 @@ void frmWaveEditor::BilderBereiten() {
   EscapeWhileDisabled = true;  // a scan can be left
 }
 
-// ---- opening ----
-
-void frmWaveEditor::Form_Load() {
-  BatchLaeuft = prog.EditorBatch;
-  LayoutAnwenden(prog.BildschirmBreite >= kGrosserSchirm ? kGrossesLayout : Name);
-  ToolTipsSetzen(*this);
-  SkaliereForm(prog, *this);
-  MitteSetzen(prog, *this);
-  BilderBereiten();
-  SetTexte();
-  prog.AppLog(L"frmWaveEditor.Form_Load", L"WaveEditor entered");
-  Beschaeftigt = true;
-  prog.plattform.audiolib.func_01(kBibliothekBytes);
-  for (MMEffectX* effekt :
-       {static_cast<MMEffectX*>(Eq.get()), static_cast<MMEffectX*>(Loudness.get()),
-        static_cast<MMEffectX*>(Reverb.get()), static_cast<MMEffectX*>(Flanger.get()),
-        static_cast<MMEffectX*>(mmVolume.get())}) {
-    effekt->Enable();
-    effekt->Disable();
-  }
-  ReverbPresetsLaden();
-  Window.Enabled = false;
-  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
-  Init_Waveeditor();
-  lblDatei.Caption = prog.WaveEditorDatei;
-  SetEqualizer();
-  SetLoudness();
-  for (Regler& regler : Regler_) ReglerGeaendert(regler);
-  if (BatchLaeuft) EffektWerteLaden();
-  bearbeitung_.Beginnen();
-  imgPaste.Enabled = false;
-  lblPasteDisabled.Visible = true;
-  if (prog.plattform.bildschirm.TwipsPerPixelX() == kGrosseSchriftTwips) {
-    picPresets.Left = Ganz32(picPresets.Left / kGrosseSchrift);
-    picPresets.Top = Ganz32(picPresets.Top / kGrosseSchrift);
-  }
-  if (BatchLaeuft) DateiOeffnen();
-}
-
 // A long file takes a moment to be read; the window is seen meanwhile.
 void frmWaveEditor::Form_Activate() {
-  if (!WorkDatei.empty()) return;
-  DateiOeffnen();
+  if (WorkDatei_.empty()) DateiOeffnen();
 }
 
 void frmWaveEditor::Init_Waveeditor() {
@@ -192,55 +166,117 @@ void frmWaveEditor::Init_Waveeditor() {
     comboPreset.ListIndex = std::min(1, comboPreset.ListCount() - 1);
     comboPreset_Click();
   }
-  PresetsVorbelegen();
+  presets_.Vorbelegen([this](int nummer) { return LoadResString(nummer); });
   LastMessungBeginnen();
 }
 
 void frmWaveEditor::DateiOeffnen() {
-  WorkDatei = prog.WaveEditorDatei;
-  bearbeitung_.DateiWaehlen(WorkDatei);
-  // A file that cannot be opened is one without sound: nothing is drawn, and nothing can be done.
-  Weiter([&] { prog.plattform.dateien.SetAttrNormal(WorkDatei); });
-  SourceFile->Wave.SetFileName(WorkDatei);
-  Weiter([&] { SourceFile->Wave.Open(); });
-  NurCursor = true;
-  CursorPos = 0;
+  WorkDatei_ = prog.WaveEditorDatei;
+  // A file that cannot be opened counts as a file without sound: nothing is drawn, and nothing can
+  // be done.
+  Weiter([&] { prog.plattform.dateien.SetAttrNormal(WorkDatei_); });
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  quelle.SetFileName(WorkDatei_);
+  Weiter([&] { quelle.Open(); });
+  Waehlen({.NurCursor = true});
   marker_update();
-  ScanAbbruch = false;
   Beschaeftigt = false;
   ScanWave(picWave);
-  if (!ScanAbbruch) {
+  if (!bild_.ScanAbbruch()) {
     DrawWave(picWave, picWaveBack);
     SpektrumNeuStarten();
   }
   Window.Enabled = true;
   imgZurück.Enabled = true;
-  if (!BatchLaeuft) prog.plattform.schleife.MousePointer(Pointer::Normal);
+  if (!BatchLaeuft()) prog.plattform.schleife.MousePointer(Pointer::Normal);
 }
 
-// Escape while the file is being opened leaves it closed. An edit needs it open: its undo saves
-// from it, and what is selected on the picture counts in its frames.
-void frmWaveEditor::Bearbeiten(Handler handler) {
-  if (!SourceFile->Wave.IsOpen()) {
-    QuelleNeuOeffnen();
-    marker_update();
-  }
-  (this->*handler)();
-}
-
-void frmWaveEditor::Form_Unload() {
-  for (Timer* timer : {&tmrAnzeigeTimer, &tmr3D, &tmrCPU, &tmrNormalize}) timer->Enabled = false;
-}
-
-void frmWaveEditor::Form_Paint() {
-  pic3D_Paint();
+void frmWaveEditor::QuelleNeuOeffnen() {
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  quelle.SetFileName(WorkDatei_);
+  Weiter([&] {
+    quelle.Open();
+    quelle.SetPosition(auswahl_.Stelle());
+  });
 }
 
 bool frmWaveEditor::Form_KeyDown(int taste, bool strg) {
   if (taste != kKeyEscape) return VtrFenster::Form_KeyDown(taste, strg);
-  if (!ScanLaeuft) return false;
-  ScanAbbruch = true;
+  if (!ScanLaeuft()) return false;
+  bild_.Abbrechen();
   return true;
+}
+
+// ---- effects into the file ----
+
+void frmWaveEditor::Sperren(bool gesperrt) {
+  Window.Enabled = !gesperrt;
+  CloseWhileDisabled = gesperrt;
+  prog.plattform.schleife.MousePointer(gesperrt ? Pointer::Hourglass : Pointer::Normal);
+}
+
+void frmWaveEditor::StapelFertig() {
+  bild_.Abbrechen();
+  Beschaeftigt = true;
+}
+
+void frmWaveEditor::Einrechnen2(const Text& datei) {
+  Window.Enabled = false;
+  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+  prog.AppLog(L"frmWaveEditor.Einrechnen2(" + datei + L")", L"starting up");
+  einrechnung_.StapelBeginnen();
+  EffektWerteLaden();
+  RuntimeConnections();
+  EffektWerteLaden();
+  WorkDatei_ = prog.WaveEditorDatei = datei;
+  einrechnung_.StapelDatei();
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+  Window.Enabled = true;
+  prog.AppLog(L"frmWaveEditor.Einrechen2", L"finished");
+  CloseMe();
+}
+
+// ---- leaving ----
+
+void frmWaveEditor::Form_Close() {
+  if (Window.Enabled) return imgZurück_MouseUp();
+  prog.frmHauptForm().imgÜberblenden_MouseUp();
+}
+
+void frmWaveEditor::CloseMe() {
+  Beschaeftigt = true;
+  transport_.SpulenAbbrechen();  // the button will not be let go in this window any more
+  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+  tmrCPU.Enabled = false;
+  last_.Beenden();
+  kette_.Beenden();
+  prog.plattform.audiolib.func_16();
+  bild_.Vergessen();
+  // A file that is gone, or a disk that is full, must not keep the user in the editor.
+  MMWaveObject &quelle = kette_.SourceFile().Wave, &ziel = kette_.DestFile().Wave;
+  kette_.Out().Stop();
+  kette_.Out().Close();
+  Weiter([&] { quelle.Close(); });
+  Weiter([&] { ziel.Close(); });
+  kette_.Trigger().Stop();
+  kette_.Beenden();
+  Weiter([&] { quelle.Close(); });
+  if (WorkDatei_ != prog.WaveEditorDatei && prog.DateiExistiert(WorkDatei_)) {
+    Weiter([&] { prog.plattform.dateien.Kill(WorkDatei_); });
+  }
+  vantora::frmHauptForm& haupt = prog.frmHauptForm();
+  haupt.Window.Enabled = !prog.EditorBatch;  // between two files of a batch the user must not act
+  EffektWerteMerken();
+  bearbeitung_.Beenden();
+  einrechnung_.Aufraeumen();
+  prog.AppLog(L"frmWaveEditor.CloseMe()", L"wave editor session closed");
+  haupt.KatalogShow();
+  prog.frmWaveEditor.Entladen();
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+}
+
+void frmWaveEditor::Form_Unload() {
+  for (Timer* timer : {&tmrAnzeigeTimer, &tmr3D, &tmrCPU, &tmrNormalize}) timer->Enabled = false;
 }
 
 // ---- texts ----
@@ -253,7 +289,7 @@ void frmWaveEditor::SetTexte() {
   lblFeld(3).Caption = LoadResString(21240);
   lblZoomFaktor.Caption = LoadResString(21241);
   lblPasteDisabled.Caption = L"";
-  Beschriften(lblEinrechnen, imgSteuerung(5), LoadResString(21201));
+  Beschriften(lblEinrechnen, imgSteuerung(kEinrechnen), LoadResString(21201));
   Beschriften(lblZurück, imgZurück, LoadResString(21202));
   Hinweis(imgHelp, 21424);
   Hinweis(imgCopy, 21404);
@@ -286,6 +322,7 @@ void frmWaveEditor::SetTexte() {
   Hinweis(sliderWave, 21472);
   Hinweis(pic3D, 21460);
   TexteEffekte();
+  HinweiseEffekte();
   TextePresets();
 }
 

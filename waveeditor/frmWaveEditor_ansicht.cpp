@@ -1,249 +1,401 @@
-// The picture of the sound, the time above it, and what is selected on it.
+// The upper part of the window: the picture of the sound and what is selected on it, the transport,
+// the edits and the small picture of the spectrum.
 
 #include "app/programm.h"
-#include "app/weiter.h"
-#include "app/zahlen.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "waveeditor/frmSpektrum.h"
 #include "waveeditor/frmWaveEditor.h"
+#include "waveeditor/spektrum_bild.h"
 
-#include <cmath>
+#include <algorithm>
+#include <optional>
 
 namespace vantora {
 
 namespace {
 
-constexpr double kFramesJeMs = 44.1;
-constexpr int kSegmente = 16;       // of a trace; also the points that a twip of the window has
-constexpr double kAusschlag = 0.9;  // share of a quarter of the height that full scale takes
-constexpr double kVollausschlag = 32768.0;
-constexpr int kMeldePunkte = 11025;
-constexpr int kTeilung = 20;  // ticks in the width of the window
-constexpr float kMaxZoom = 16;
-constexpr int kSchrift = 8;
-constexpr int kZifferHoehe = 180;  // twips; of a "0" in the ruler
-constexpr Color kWeiss = Rgb(255, 255, 255);
-constexpr Color kHellgelb = Rgb(255, 255, 85);     // 14 of the old sixteen
-constexpr Color kHellmagenta = Rgb(255, 85, 255);  // 13 of them
-
-DrawItem Linie(int x1, int y1, int x2, int y2, Color farbe) {
-  DrawItem linie;
-  linie.Points = {x1, y1, x2, y2};
-  linie.Ink = farbe;
-  return linie;
-}
+constexpr int kSeiten = 10;  // steps of the keys for pages in the width of the window
+constexpr std::int32_t kMindestFrames = 0x1000, kHoechstFrames = 0x11800;  // of the spectrum
 
 }  // namespace
 
-Text frmWaveEditor::SmpToTime(double frames) {
-  if (frames == 0) return L"0:00.0";
-  const std::int64_t ms = Ganz64(frames / kFramesJeMs);
-  const std::int64_t gesamt = Ganz64(static_cast<double>(ms) / 1000);
-  const auto zahl = [](std::int64_t wert) { return static_cast<double>(wert); };
-  // The minutes come out of the rounded seconds, so the last half second of a minute belongs to
-  // the next one.
-  return ZahlText(gesamt / 60) + L":" + Format(zahl(ms % 60000 / 1000), L"##00") + L":" +
-         Format(zahl(ms % 1000 / 100), L"#0");
-}
-
-std::int32_t frmWaveEditor::Laenge() const {
-  return SourceFile->Wave.IsOpen() ? SourceFile->Wave.DataSize() : 0;
-}
-
-// ---- reading the sound ----
+// ---- picture ----
 
 void frmWaveEditor::ScanWave(const PictureBox& bild) {
-  if (BatchLaeuft) return;
+  if (BatchLaeuft()) return;
   EventLoop& schleife = prog.plattform.schleife;
-  ScanAbbruch = false;
+  bild_.ScanBeginnen();
   picWaveBack.Cls();
-  ScanLaeuft = true;
-  shpMarker.Visible = false;
-  marker_reset();
+  marker_.Aufheben();
+  marker_update();
   schleife.DoEvents();
   prog.AppLog(L"ScanWave", L"scanning wave");
-  const int breite = bild.Width;
-  const double viertel = Runden(bild.Height / 4.0);
-  const double faktor = -(viertel / kVollausschlag) * kAusschlag;
-  const std::int32_t punkte = breite * kSegmente;
-  WellenPunkte.assign(static_cast<std::size_t>(punkte) + 1, Punkt{});
-  MMWaveObject& quelle = SourceFile->Wave;
-  if (quelle.IsOpen()) quelle.SetBufferBytes(kBlockBytes);
-  BlockLesen(0);
-  std::int64_t basis = 0;
-  const double schritt = Quotient(Runden(Laenge() / 16.0), breite);
-  for (std::int32_t i = 0; i <= punkte; ++i) {
-    const std::int64_t p = GanzSchnell(i * schritt);
-    if (p - basis >= kBlockFrames) {
-      basis = p;
-      BlockLesen(basis);
-    }
-    const Frame& frame = BlockPuffer[static_cast<std::size_t>(p - basis)];
-    Punkt& punkt = WellenPunkte[static_cast<std::size_t>(i)];
-    punkt.Links = static_cast<std::int16_t>(GanzSchnell(frame.Links * faktor + viertel));
-    punkt.Rechts = static_cast<std::int16_t>(GanzSchnell(frame.Rechts * faktor + 3 * viertel));
-    if (ScanAbbruch) {
-      quelle.Close();
-      Out->Stop();
-      ScanLaeuft = false;
-      lblStatus.Caption = L"";
-      return;
-    }
-    if (i % kMeldePunkte == 0) {
-      lblStatus.Caption = LoadResString(21607) + Format(i * 100.0 / punkte, L"#,##00") + L"%";
-      schleife.DoEvents();
-    }
-  }
-  lblStatus.Caption = L"";
-  ScanLaeuft = false;
-}
-
-// One block from a frame on; silence where the file has none.
-void frmWaveEditor::BlockLesen(std::int64_t frame) {
-  std::size_t bytes = 0;
-  MMWaveObject& quelle = SourceFile->Wave;
-  Weiter([&] {
-    if (!quelle.IsOpen() || frame >= quelle.DataSize()) return;
-    quelle.SetPosition(Ganz32(static_cast<double>(frame)));
-    bytes = quelle.ReadData(BlockPuffer.data(), kBlockBytes);
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  const bool ganz = bild_.Lesen(quelle, bild.Width, bild.Height, [&](double prozent) {
+    Status(LoadResString(21607) + Format(prozent, L"#,##00") + L"%");
+    schleife.DoEvents();
   });
-  std::fill(BlockPuffer.begin() + static_cast<std::ptrdiff_t>(bytes / sizeof(Frame)),
-            BlockPuffer.end(), Frame{});
+  if (!ganz) {
+    quelle.Close();
+    kette_.Out().Stop();
+  }
+  bild_.ScanBeenden();
+  Status(L"");
 }
-
-// ---- drawing ----
 
 void frmWaveEditor::DrawWave(const PictureBox& fenster, PictureBox& flaeche) {
-  if (BatchLaeuft) return;
+  if (BatchLaeuft()) return;
   prog.AppLog(L"DrawWave", L"drawing wave");
-  const int breite = Ganz32(ZoomFaktor * static_cast<float>(fenster.Width()));
+  const int breite = ansicht_.Breite(fenster.Width);
   flaeche.Width = breite;
   picZeitFront.Width = breite;
   QuelleNeuOeffnen();
-  ZeitLineal(breite);
-  flaeche.Cls();
-  SpurenZeichnen(flaeche);
-  if (ZoomFaktor <= 1) return;
-  const double platz =
-      Laenge() == 0 ? 0 : Runden(1.0 * SourceFile->Wave.Position() / Laenge() * breite);
+  const std::int32_t laenge = kette_.Laenge();
+  WellenBild::LinealZeichnen(picZeitFront, ZoomFaktor(), laenge);
+  bild_.Zeichnen(flaeche, ZoomFaktor());
+  if (ansicht_.Ganz()) return;
+  const std::int32_t stelle = kette_.SourceFile().Wave.Position();
+  const double platz = laenge == 0 ? 0 : Runden(1.0 * stelle / laenge * breite);
   sliderWave.Value = std::min(Ganz32(platz), sliderWave.Max());
   sliderWave_OnChange();
 }
 
-void frmWaveEditor::QuelleNeuOeffnen() {
-  MMWaveObject& quelle = SourceFile->Wave;
-  quelle.SetFileName(WorkDatei);
-  Weiter([&] {
-    quelle.Open();
-    quelle.SetPosition(NurCursor ? CursorPos : MarkerAnfang);
-  });
+void frmWaveEditor::KlangZeigen() {
+  ScanWave(picWave);
+  DrawWave(picWave, picWaveBack);
 }
 
-void frmWaveEditor::ZeitLineal(int breite) {
-  const double teile = ZoomFaktor * static_cast<double>(kTeilung);
-  const double strich = Laenge() / teile;
-  const int unten = picZeitFront.Height;
-  picZeitFront.Cls();
-  for (int i = 1; i <= Ganz32(teile - 1); ++i) {
-    const int x = Ganz32(i / teile * breite);
-    picZeitFront.Draw(Linie(x, unten - kZifferHoehe, x, unten, kWeiss));
-    DrawItem zeit;
-    zeit.Kind = DrawItem::What::Words;
-    zeit.Points = {x, 0};
-    zeit.Content = SmpToTime(Runden(strich * i));
-    zeit.Ink = kWeiss;
-    zeit.FontSize = kSchrift;
-    zeit.Align = Alignment::Center;
-    picZeitFront.Draw(std::move(zeit));
-  }
+void frmWaveEditor::NeuZeigen() {
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  quelle.SetFileName(WorkDatei_);
+  quelle.Open();
+  KlangZeigen();
 }
-
-void frmWaveEditor::SpurenZeichnen(PictureBox& flaeche) {
-  const Pixel pixel = PixelTwips();
-  const int breite = flaeche.Width;
-  const int laenge = breite / kSegmente;
-  if (laenge == 0 || WellenPunkte.empty()) return;
-  const auto schritt = static_cast<std::size_t>(kMaxZoom / ZoomFaktor);  // of the points
-  LinkePunkte.resize(static_cast<std::size_t>(laenge));
-  RechtePunkte.resize(static_cast<std::size_t>(laenge));
-  std::size_t stelle = 0;
-  for (int i = 0; i <= breite; ++i, ++stelle) {
-    if (stelle == LinkePunkte.size()) {
-      SegmentZeichnen(flaeche, stelle);
-      stelle = 0;
-    }
-    const std::size_t k = std::min(schritt * static_cast<std::size_t>(i), WellenPunkte.size() - 1);
-    const Punkt& punkt = WellenPunkte[k];
-    LinkePunkte[stelle] = {i / pixel.X, punkt.Links / pixel.Y};
-    RechtePunkte[stelle] = {i / pixel.X, punkt.Rechts / pixel.Y};
-  }
-  SegmentZeichnen(flaeche, static_cast<std::size_t>(breite % laenge));
-  const int viertel = Ganz32(flaeche.Height / 4.0);
-  flaeche.Draw(Linie(0, viertel, breite, viertel, kHellmagenta));
-  flaeche.Draw(Linie(0, 3 * viertel, breite, 3 * viertel, kHellmagenta));
-}
-
-frmWaveEditor::Pixel frmWaveEditor::PixelTwips() const {
-  Display& bildschirm = prog.plattform.bildschirm;
-  return {Ganz32(bildschirm.TwipsPerPixelX()), Ganz32(bildschirm.TwipsPerPixelY())};
-}
-
-void frmWaveEditor::SegmentZeichnen(PictureBox& flaeche, std::size_t punkte) {
-  if (punkte == 0) return;
-  const Pixel pixel = PixelTwips();
-  for (const std::vector<Pixel>* spur : {&LinkePunkte, &RechtePunkte}) {
-    DrawItem zug;
-    zug.Kind = DrawItem::What::Polyline;
-    zug.Ink = kHellgelb;
-    zug.Points.reserve(2 * punkte);
-    for (std::size_t i = 0; i < punkte; ++i) {
-      zug.Points.push_back((*spur)[i].X * pixel.X);
-      zug.Points.push_back((*spur)[i].Y * pixel.Y);
-    }
-    flaeche.Draw(std::move(zug));
-  }
-}
-
-// ---- zoom ----
 
 void frmWaveEditor::imgZoom_MouseUp(int index) {
-  if (Spielt) return;
-  if (index == 0 ? ZoomFaktor >= kMaxZoom : ZoomFaktor <= 1) return;
-  if (index == 0) ZoomFaktor = std::min(ZoomFaktor * 2, kMaxZoom);
-  if (index == 1) ZoomFaktor = std::max(std::floor(ZoomFaktor / 2), 1.0F);
-  if (index == 2) ZoomFaktor = 1;
+  if (Spielt() || !ansicht_.Zoomen(index)) return;
   EventLoop& schleife = prog.plattform.schleife;
   schleife.MousePointer(Pointer::Hourglass);
   Window.Enabled = false;
   sliderWave.Min = 0;
-  lblZoomFaktor.Caption = ZahlText(static_cast<double>(ZoomFaktor)) + LoadResString(21611);
-  if (ZoomFaktor > 1) {
-    sliderWave.Max = Ganz32((ZoomFaktor - 1) * static_cast<float>(picWave.Width()));
-    sliderWave.Visible = true;
-  } else {
+  lblZoomFaktor.Caption = ZahlText(static_cast<double>(ZoomFaktor())) + LoadResString(21611);
+  if (ansicht_.Ganz()) {
     sliderWave.Visible = false;
     sliderWave.Value = 0;
     sliderWave_OnChange();
+  } else {
+    sliderWave.Max = ansicht_.RollWeg(picWave.Width);
+    sliderWave.Visible = true;
   }
   DrawWave(picWave, picWaveBack);
-  MarkerZeigen();
+  marker_.Zeigen(auswahl_, kette_.Laenge());
   Window.Enabled = true;
   schleife.MousePointer(Pointer::Normal);
-}
-
-void frmWaveEditor::MarkerZeigen() {
-  if (Laenge() == 0) return;
-  const double verhaeltnis = 1.0 * picWaveBack.Width / Laenge();
-  const auto x = [&](std::int32_t frames) { return Ganz32(verhaeltnis * frames); };
-  if (NurCursor) {
-    MarkerSetzen(x(CursorPos), 1);
-  } else {
-    MarkerSetzen(x(MarkerAnfang), x(MarkerEnde - MarkerAnfang));
-  }
-  PositionSetzen(shpMarker.Left);
 }
 
 void frmWaveEditor::sliderWave_OnChange() {
   picWaveBack.Left = -sliderWave.Value();
   picZeitFront.Left = -sliderWave.Value();
+}
+
+void frmWaveEditor::StelleZeigen(std::int64_t frame) {
+  const std::int32_t laenge = kette_.Laenge();
+  const auto stelle = static_cast<double>(frame);
+  if (frame <= laenge) marker_.PositionSetzen(1.0 * picWaveBack.Width / laenge * stelle);
+  Status(SmpToTime(stelle));
+  if (ansicht_.Ganz()) return;
+  sliderWave.Value = Ansicht::Seite(marker_.Position(), picWave.Width, sliderWave.Max);
+  sliderWave_OnChange();
+}
+
+// ---- selection ----
+
+void frmWaveEditor::picWave_MouseDown(int x) {
+  marker_.Druecken(x);
+  marker_update();
+}
+
+void frmWaveEditor::picWave_MouseMove(int taste, int x) {
+  if (taste != kLeftButton) return;
+  marker_.Ziehen(x);
+  marker_update();
+}
+
+void frmWaveEditor::picWave_MouseUp() {
+  SpektrumNeuStarten();
+}
+
+void frmWaveEditor::cmdAllesAuswaehlen_Click() {
+  if (Spielt() || !ansicht_.Ganz()) return;
+  marker_.Alles();
+  marker_update();
+  picWave_MouseUp();
+}
+
+void frmWaveEditor::cmdAuswahlAufheben_Click() {
+  marker_.Aufheben();
+  marker_update();
+}
+
+void frmWaveEditor::marker_reset() {
+  marker_.Zuruecksetzen();
+  marker_update();
+}
+
+void frmWaveEditor::marker_update() {
+  marker_.InFrames(kette_.Laenge(), auswahl_);
+  const Auswahl& a = auswahl_;
+  if (a.NurCursor) marker_.PositionZumMarker();
+  lblMarkerAnfang.Caption = SmpToTime(a.Stelle());
+  lblMarkerEnde.Caption = SmpToTime(a.NurCursor ? a.CursorPos : a.MarkerEnde);
+  lblMarkerDelta.Caption = SmpToTime(a.NurCursor ? 0 : a.MarkerEnde - a.MarkerAnfang);
+}
+
+// ---- the same by the keyboard ----
+
+// Arrows move the cursor by a pixel, so the closer the view, the finer they go; with Shift they
+// drag. They do what the mouse would do at the place that they lead to.
+void frmWaveEditor::picWave_KeyDown(int taste) {
+  if (picWaveBack.ControlHeld) return BefehlsTaste(taste);
+  const int pixel = Ganz32(prog.plattform.bildschirm.TwipsPerPixelX());
+  const int seite = picWave.Width / kSeiten, zug = marker_.ZugX();
+  switch (taste) {
+    case kKeyLeft:
+      return ZugBis(zug - pixel);
+    case kKeyRight:
+      return ZugBis(zug + pixel);
+    case kKeyPageUp:
+      return ZugBis(zug - seite);
+    case kKeyPageDown:
+      return ZugBis(zug + seite);
+    case kKeyHome:
+      return ZugBis(0);
+    case kKeyEnd:
+      return ZugBis(picWaveBack.Width);
+    case kKeySpace:
+      return imgSteuerung_MouseUp(Spielt() ? kStop : kWiedergabe);
+    default:
+      return;
+  }
+}
+
+void frmWaveEditor::BefehlsTaste(int taste) {
+  switch (taste) {
+    case 'A':
+      return cmdAllesAuswaehlen_Click();
+    case 'C':
+      return Bearbeiten(&frmWaveEditor::imgCopy_MouseUp);
+    case 'X':
+      return Bearbeiten(&frmWaveEditor::imgCut_MouseUp);
+    case 'V':
+      if (imgPaste.Enabled) Bearbeiten(&frmWaveEditor::imgPaste_MouseUp);
+      return;
+    case 'Z':
+      return imgSteuerung_MouseUp(kUndo);
+    default:
+      return;
+  }
+}
+
+void frmWaveEditor::ZugBis(int x) {
+  const int stelle = std::clamp(x, 0, picWaveBack.Width());
+  if (picWaveBack.ShiftHeld) {
+    marker_.Einblenden();
+    picWave_MouseMove(kLeftButton, stelle);
+  } else {
+    picWave_MouseDown(stelle);
+  }
+  picWave_MouseUp();
+  if (ansicht_.Ganz()) return;
+  const std::optional<int> gerollt =
+      Ansicht::Zeigen(stelle, sliderWave.Value, picWave.Width, sliderWave.Max);
+  if (!gerollt) return;
+  sliderWave.Value = *gerollt;
+  sliderWave_OnChange();
+}
+
+// ---- transport ----
+
+void frmWaveEditor::imgSteuerung_MouseDown(int index) {
+  if (index == kEinrechnen && EffekteAktiv()) {
+    imgSteuerung(kEinrechnen).Picture = L"WAVE_EINRECHNEN_PRESSED";
+  }
+  if (index == kVor || index == kZurueck) transport_.Spulen(index == kVor);
+}
+
+void frmWaveEditor::imgSteuerung_MouseUp(int index) {
+  transport_.SchleifeAus();
+  if (index != kEinrechnen) KnopfBild(imgSteuerung(index));
+  switch (index) {
+    case kWiedergabe:
+      return transport_.Wiedergabe();
+    case kStop:
+      return transport_.Stop();
+    case kPause:
+      return transport_.PauseUmschalten();
+    case kVor:
+    case kZurueck:
+      return transport_.SpulenBeenden();
+    case kEinrechnen:
+      if (EffekteAktiv() && !Spielt()) einrechnung_.Einrechnen();
+      return;
+    default:
+      return UndoWave();
+  }
+}
+
+void frmWaveEditor::imgSteuerung_DblClick(int index) {
+  if (index == kVor || index == kZurueck) transport_.AnsEnde(index == kVor);
+}
+
+void frmWaveEditor::Form_GotFocus() {
+  if (!transport_.SpulAktiv()) return;
+  for (const int index : {kVor, kZurueck}) KnopfBild(imgSteuerung(index));
+  transport_.SpulenBeenden();
+}
+
+// ---- edits ----
+
+// Escape while the file is being opened leaves the file closed. An edit needs it open: the undo
+// store is saved from it, and the selection on the picture counts in its frames.
+void frmWaveEditor::Bearbeiten(Handler handler) {
+  if (!kette_.SourceFile().Wave.IsOpen()) {
+    QuelleNeuOeffnen();
+    marker_update();
+  }
+  (this->*handler)();
+}
+
+void frmWaveEditor::Ausfuehren(const std::function<void()>& arbeit) {
+  EventLoop& schleife = prog.plattform.schleife;
+  const auto frei = [this, &schleife] {
+    Window.Enabled = true;
+    schleife.MousePointer(Pointer::Normal);
+  };
+  schleife.MousePointer(Pointer::Hourglass);
+  Window.Enabled = false;
+  try {
+    if (bearbeitung_.Vorbereiten()) QuelleNeuOeffnen();
+    arbeit();
+  } catch (const Laufzeitfehler&) {
+    bearbeitung_.NachFehler();
+    Weiter([&] { NeuZeigen(); });
+    frei();
+    throw;
+  }
+  // An edit that was refused half way has closed the file that is played and drawn.
+  if (!kette_.SourceFile().Wave.IsOpen()) QuelleNeuOeffnen();
+  frei();
+}
+
+void frmWaveEditor::NormalizeWave() {
+  if (bearbeitung_.PlatzZumNormalisieren()) Ausfuehren([this] { bearbeitung_.NormalizeWave(); });
+}
+
+void frmWaveEditor::tmrNormalize_Timer() {
+  Status(LoadResString(bearbeitung_.NormalizePhase() == 0 ? 21607 : 21614) +
+         ZahlText(bearbeitung_.NormalizeProzent()) + L"%");
+}
+
+void frmWaveEditor::UndoWave() {
+  if (Spielt() || !bearbeitung_.UndoMoeglich()) return;
+  Ausfuehren([this] { bearbeitung_.UndoWave(); });
+}
+
+void frmWaveEditor::imgCopy_MouseUp() {
+  if (Spielt()) return;
+  KnopfBild(imgCopy);
+  InAblage([this] { CopyWave(); });
+}
+
+void frmWaveEditor::imgCut_MouseUp() {
+  if (Spielt()) return;
+  KnopfBild(imgCut);
+  InAblage([this] { CutWave(); });
+}
+
+// Afterwards the clipboard can be pasted, also when the operation has failed.
+void frmWaveEditor::InAblage(const std::function<void()>& arbeit) {
+  Jedenfalls([&] { Ausfuehren(arbeit); },
+             [this] {
+               imgPaste.Enabled = true;
+               lblPasteDisabled.Visible = false;
+             });
+}
+
+void frmWaveEditor::imgPaste_MouseUp() {
+  if (Spielt()) return;
+  KnopfBild(imgPaste);
+  Ausfuehren([this] { PasteWave(); });
+}
+
+void frmWaveEditor::imgMute_MouseUp() {
+  if (Spielt()) return;
+  KnopfBild(imgMute);
+  Ausfuehren([this] { MuteWave(); });
+}
+
+void frmWaveEditor::imgFadeIn_MouseUp() {
+  if (Spielt()) return;
+  KnopfBild(imgFadeIn);
+  Ausfuehren([this] { FadeInWave(); });
+}
+
+void frmWaveEditor::imgFadeOut_MouseUp() {
+  if (Spielt()) return;
+  KnopfBild(imgFadeOut);
+  Ausfuehren([this] { FadeOutWave(); });
+}
+
+void frmWaveEditor::imgNormalize_MouseUp() {
+  if (Spielt()) {
+    PlayWave(false);
+    prog.MsgBoxen(LoadResString(21008), kHinweis);
+    return;
+  }
+  KnopfBild(imgNormalize);
+  NormalizeWave();
+}
+
+// ---- spectrum ----
+
+void frmWaveEditor::Spektrum3D() {
+  if (!prog.Show3DAnalysis || ScanLaeuft() || BatchLaeuft() || Spielt() || Beschaeftigt) return;
+  // The file is being written, or the same arithmetic draws the large picture.
+  if (tmrNormalize.Enabled || prog.frmSpektrum.Geladen()) return SpektrumNeuStarten();
+  EventLoop& schleife = prog.plattform.schleife;
+  const std::int32_t frames =
+      auswahl_.NurCursor
+          ? kHoechstFrames
+          : std::clamp(auswahl_.MarkerEnde - auswahl_.MarkerAnfang, kMindestFrames, kHoechstFrames);
+  SpektrumBild bild(prog);
+  if (!bild.Lesen(WorkDatei_, auswahl_.Stelle(), frames)) return;
+  pic3D.Cls();
+  bild.Umrechnen();
+  schleife.DoEvents();
+  if (Beschaeftigt) return;  // the window has begun to close meanwhile
+  bild.Zeichnen(pic3D);
+  schleife.DoEvents();
+  prog.SpektrumDatei = WorkDatei_;
+  prog.SpektrumStart = bild.Start();
+  prog.SpektrumLaenge = frames;
+  prog.SpektrumBereit = true;
+}
+
+void frmWaveEditor::tmr3D_Timer() {
+  tmr3D.Enabled = false;
+  Spektrum3D();
+}
+
+void frmWaveEditor::pic3D_Paint() {
+  if (!bild_.ScanAbbruch()) SpektrumNeuStarten();
+}
+
+void frmWaveEditor::pic3D_DblClick() {
+  if (!prog.Show3DAnalysis || !prog.SpektrumBereit) return;
+  prog.AppLog(L"frmWaveEditor.pic3D_DblClick()", L"showing fullscreen FFT");
+  prog.ZeigeModal(prog.frmSpektrum.Laden());
 }
 
 }  // namespace vantora

@@ -1,32 +1,26 @@
-// The effects: their sliders, boxes and buttons, and how the chain is wired by them.
+// The lower part of the window: the effects with their sliders, boxes and buttons, their presets,
+// and the machine's load.
 
 #include "app/programm.h"
-#include "app/zahlen.h"
+#include "app/werte/feld.h"
+#include "app/werte/zahlen.h"
 #include "waveeditor/frmWaveEditor.h"
 
 #include <algorithm>
-#include <array>
+#include <optional>
+#include <utility>
 
 namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
-constexpr int kFeldZeichen = 6;
-constexpr int kStumm = 0, kUnverändert = 16384;
+constexpr int kUnveraendert = 16384;          // a volume that leaves the sound as loud as it is
+constexpr int kGelbBis = 75, kGruenBis = 50;  // percent of load
+constexpr Color kRot = Rgb(255, 0, 0), kGelb = Rgb(255, 255, 0), kGruen = Rgb(0, 255, 0);
 
-constexpr std::array<int, kEqBaender + 1> kBaender = {0,    60,   170,   310,   600,  1000,
-                                                      3000, 6000, 12000, 14000, 16000};
-
-struct KurvenPunkt {
-  double Hertz, Gain;
-};
-// What the ear misses at low volume, after the curves of equal loudness; dB.
-constexpr std::array<KurvenPunkt, 20> kLoudness = {
-    {{0, 0},        {22, 2},       {32, 4},    {38, 5},       {47, 6},
-     {61, 10},      {83, 11},      {106, 9},   {127, 7},      {144, 2},
-     {230, 1.35},   {354, 0},      {6124, 0},  {8172, 1.07},  {9437, 2.87},
-     {11435, 5.39}, {13210, 7.19}, {15752, 9}, {18483, 9.36}, {22050, 9.36}}};
+float Gleitend(int wert) {
+  return static_cast<float>(wert);
+}
 
 }  // namespace
 
@@ -34,30 +28,33 @@ constexpr std::array<KurvenPunkt, 20> kLoudness = {
 
 void frmWaveEditor::EffekteEinrichten() {
   ReglerEinrichten();
-  const struct {
-    CheckBox& Kasten;
-    void (frmWaveEditor::*Handler)();
-  } kaesten[] = {{chkEQBypass, &frmWaveEditor::chkEQBypass_Click},
-                 {chkLoudness, &frmWaveEditor::chkLoudness_Click},
-                 {chkReverbbypass, &frmWaveEditor::chkReverbbypass_Click},
-                 {chkFlangerAktiv, &frmWaveEditor::chkFlangerAktiv_Click},
-                 {chkVolume, &frmWaveEditor::chkVolume_Click},
-                 {chkGateraktiv, &frmWaveEditor::chkGateraktiv_Click},
-                 {chkDeclickAktiv, &frmWaveEditor::chkDeclickAktiv_Click},
-                 {chkDenoiserAktiv, &frmWaveEditor::chkDenoiserAktiv_Click},
-                 {chkDecrackleAktiv, &frmWaveEditor::chkDecrackleAktiv_Click}};
-  for (const auto& k : kaesten) {
-    k.Kasten.Click = [this, handler = k.Handler] { (this->*handler)(); };
+  const std::pair<CheckBox&, Handler> kaesten[] = {
+      {chkEQBypass, &frmWaveEditor::chkEQBypass_Click},
+      {chkLoudness, &frmWaveEditor::chkLoudness_Click},
+      {chkReverbbypass, &frmWaveEditor::chkReverbbypass_Click},
+      {chkFlangerAktiv, &frmWaveEditor::chkFlangerAktiv_Click},
+      {chkVolume, &frmWaveEditor::chkVolume_Click},
+      {chkGateraktiv, &frmWaveEditor::chkGateraktiv_Click},
+      {chkDeclickAktiv, &frmWaveEditor::chkDeclickAktiv_Click},
+      {chkDenoiserAktiv, &frmWaveEditor::chkDenoiserAktiv_Click},
+      {chkDecrackleAktiv, &frmWaveEditor::chkDecrackleAktiv_Click}};
+  for (const auto& [kasten, handler] : kaesten) {
+    kasten.Visible = false;  // it holds a state that a button shows
+    kasten.Click = [this, h = handler] { (this->*h)(); };
   }
-  Knopf(imgByPass, [this] { imgByPass_MouseUp(); });
-  Knopf(imgLoudness, [this] { imgLoudness_MouseUp(); });
-  Knopf(imgHallByPass, [this] { imgHallByPass_MouseUp(); });
-  Knopf(imgFlangerBypass, [this] { imgFlangerBypass_MouseUp(); });
-  Knopf(imgVolumeByPass, [this] { imgVolumeByPass_MouseUp(); });
-  Knopf(imgGaterBypass, [this] { imgGaterBypass_MouseUp(); });
-  Knopf(imgDeclickByPass, [this] { imgDeclickByPass_MouseUp(); });
-  Knopf(imgDenoiserByPass, [this] { imgDenoiserByPass_MouseUp(); });
-  Knopf(imgDecrackleByPass, [this] { imgDecrackleByPass_MouseUp(); });
+  const std::pair<PictureButton&, Handler> knoepfe[] = {
+      {imgByPass, &frmWaveEditor::imgByPass_MouseUp},
+      {imgLoudness, &frmWaveEditor::imgLoudness_MouseUp},
+      {imgHallByPass, &frmWaveEditor::imgHallByPass_MouseUp},
+      {imgFlangerBypass, &frmWaveEditor::imgFlangerBypass_MouseUp},
+      {imgVolumeByPass, &frmWaveEditor::imgVolumeByPass_MouseUp},
+      {imgGaterBypass, &frmWaveEditor::imgGaterBypass_MouseUp},
+      {imgDeclickByPass, &frmWaveEditor::imgDeclickByPass_MouseUp},
+      {imgDenoiserByPass, &frmWaveEditor::imgDenoiserByPass_MouseUp},
+      {imgDecrackleByPass, &frmWaveEditor::imgDecrackleByPass_MouseUp}};
+  for (const auto& [knopf, handler] : knoepfe) {
+    Knopf(knopf, [this, h = handler] { (this->*h)(); });
+  }
   for (int i = 0; i < imgEffekt.Count(); ++i) {
     Knopf(imgEffekt(i), [this, i] { imgEffekt_MouseUp(i); });
   }
@@ -69,142 +66,77 @@ void frmWaveEditor::ReglerEinrichten() {
   for (int i = 0; i < kEqBaender; ++i) {
     MMSliderX1(i).Vertical = true;
     MMSliderX1(i).Upwards = true;
-    Regler_.push_back(
-        {&MMSliderX1(i), nullptr, -16, 16, 0, [this, i](int) { MMSliderX1_OnChange(i); }, {}});
+    regler_.Hinzufuegen(
+        {&MMSliderX1(i), nullptr, -16, 16, 0, [this, i](int) { MMSliderX1_OnChange(i); }});
   }
-  const auto gleitend = [](int wert) { return static_cast<float>(wert); };
-  const auto flanger = [this](Slider& schieber, TextBox& feld, int bis, int anfang, auto wirkung) {
-    Regler_.push_back({&schieber,
-                       &feld,
-                       0,
-                       bis,
-                       anfang,
-                       [this, wirkung](int wert) {
-                         wirkung(wert);
-                         chkFlangerAktiv_Click();
+  FlangerEinrichten();
+  HallUndFilterEinrichten();
+  regler_.Hinzufuegen({&slVolume, &txtVolume, 0, 16220, 16220,
+                       [this](int w) {
+                         kette_.mmVolume().SetVolume(w);
+                         chkVolume_Click();
                        },
-                       {}});
-  };
-  flanger(slFlangerRate, txtFlangerRate, 100, 10,
-          [=, this](int w) { Flanger->SetRate(gleitend(w) / 20); });
-  Regler_.back().Anzeige = [](int w) { return ZahlText(w / 20) + L"." + ZahlText(w % 20 / 2); };
-  flanger(slFlangerDepth, txtFlangerDepth, 99, 50,
-          [=, this](int w) { Flanger->SetDepth(gleitend(w)); });
-  flanger(slFlangerFeedback, txtFlangerFeedback, 99, 30,
-          [this](int w) { Flanger->SetFeedBack(w); });
-  flanger(slFlangerMix, txtFlangerMix, 99, 50, [this](int w) {
-    Flanger->SetWetMix(w);
-    Flanger->SetDryMix(100 - w);
-  });
-  Regler_.push_back({&sliderFeedBack,
-                     &txtHallFeedback,
-                     -99,
-                     99,
-                     40,
-                     [this](int w) {
-                       Reverb->SetFeedback(w);
-                       chkReverbbypass_Click();
-                     },
-                     {}});
-  Regler_.push_back({&sliderOutputGain,
-                     &txtHallMixing,
-                     0,
-                     99,
-                     40,
-                     [this](int w) {
-                       Reverb->SetOutputGain(w);
-                       chkReverbbypass_Click();
-                     },
-                     {}});
-  Regler_.push_back({&slVolume, &txtVolume, kStumm, 16220, 16220,
-                     [this](int w) {
-                       mmVolume->SetVolume(w);
-                       chkVolume_Click();
-                     },
-                     [](int w) { return ZahlText(Ganz32(w * 100.0 / kUnverändert)); }});
-  Regler_.push_back({&slGaterThreshold, &txtGaterThreshold, 0, 32440, 0, [](int) {},
-                     [this](int w) {
-                       if (w == 0) return LoadResString(21615);
-                       return Format(prog.plattform.mmtools.Helper().Db(w, 32768), L"##0,0");
-                     }});
-  Regler_.push_back({&slGaterAttack, &txtGaterTime, 0, 999, 100, [](int) {}, {}});
-  const auto filter = [this, gleitend](Slider& schieber, TextBox& feld, int anfang, float& pegel) {
-    Regler_.push_back({&schieber,
-                       &feld,
-                       0,
-                       99,
-                       anfang,
-                       [&pegel, gleitend](int w) { pegel = gleitend(w) / 100; },
-                       {}});
-  };
-  filter(slDeclick, txtDeclick, 10, DeclickLevel);
-  filter(slDenoiser, txtDenoiserLevel, 20, DenoiserLevel);
-  filter(slDecrackle, txtDecrackle, 30, DecrackleLevel);
+                       [](int w) { return ZahlText(Ganz32(w * 100.0 / kUnveraendert)); }});
   slGaterThreshold.Logarithmic = true;
-  for (std::size_t i = 0; i < Regler_.size(); ++i) ReglerVerbinden(i);
+  regler_.Hinzufuegen({&slGaterThreshold, &txtGaterThreshold, 0, 32440, 0,
+                       [this](int w) { kette_.Tor().Schwelle = w; },
+                       [this](int w) {
+                         if (w == 0) return LoadResString(21615);
+                         return Format(prog.plattform.mmtools.Helper().Db(w, 32768), L"##0,0");
+                       }});
+  regler_.Hinzufuegen(
+      {&slGaterAttack, &txtGaterTime, 0, 999, 100, [this](int w) { kette_.Tor().HalteMs = w; }});
 }
 
-void frmWaveEditor::ReglerVerbinden(std::size_t nummer) {
-  const Regler& regler = Regler_[nummer];
-  regler.Schieber->Min = regler.Von;
-  regler.Schieber->Max = regler.Bis;
-  regler.Schieber->Value = regler.Anfang;
-  regler.Schieber->Change = [this, nummer] { ReglerGeaendert(Regler_[nummer]); };
-  if (regler.Feld == nullptr) return;
-  regler.Feld->MaxLength = kFeldZeichen;
-  regler.Feld->KeyPress = [this, nummer](int taste) {
-    if (taste != kKeyReturn) return NurZiffern(taste);
-    FeldUebernehmen(Regler_[nummer], true);
-    return true;
+void frmWaveEditor::FlangerEinrichten() {
+  const auto flanger = [this](Slider& schieber, TextBox& feld, int bis, int anfang, auto wirkung) {
+    return Regler{&schieber, &feld, 0, bis, anfang, [this, wirkung](int wert) {
+                    wirkung(kette_.Flanger(), wert);
+                    chkFlangerAktiv_Click();
+                  }};
   };
-  regler.Feld->GotFocus = [this, nummer] { Regler_[nummer].Vorher = Regler_[nummer].Feld->Text; };
-  // A box shows less than its slider has (percent, decibels, "Off"), so one that was only passed
-  // through must not write back what it shows.
-  regler.Feld->LostFocus = [this, nummer] {
-    Regler& r = Regler_[nummer];
-    if (r.Feld->Text() != r.Vorher) FeldUebernehmen(r, false);
+  Regler rate = flanger(slFlangerRate, txtFlangerRate, 100, 10,
+                        [](MMFlangerX& f, int w) { f.SetRate(Gleitend(w) / 20); });
+  rate.Anzeige = [](int w) { return ZahlText(w / 20) + L"." + ZahlText(w % 20 / 2); };
+  rate.Eingabe = [this](bool mitReturn) {
+    if (mitReturn) {
+      txtFlangerRate_KeyPress(kKeyReturn);
+    } else {
+      txtFlangerRate_LostFocus();
+    }
   };
+  regler_.Hinzufuegen(std::move(rate));
+  regler_.Hinzufuegen(flanger(slFlangerDepth, txtFlangerDepth, 99, 50,
+                              [](MMFlangerX& f, int w) { f.SetDepth(Gleitend(w)); }));
+  regler_.Hinzufuegen(flanger(slFlangerFeedback, txtFlangerFeedback, 99, 30,
+                              [](MMFlangerX& f, int w) { f.SetFeedBack(w); }));
+  regler_.Hinzufuegen(flanger(slFlangerMix, txtFlangerMix, 99, 50, [](MMFlangerX& f, int w) {
+    f.SetWetMix(w);
+    f.SetDryMix(100 - w);
+  }));
 }
 
-void frmWaveEditor::ReglerGeaendert(Regler& regler) {
-  if (regler.Feld != nullptr) FeldZeigen(regler);
-  regler.Wirkung(regler.Schieber->Value);
+void frmWaveEditor::HallUndFilterEinrichten() {
+  regler_.Hinzufuegen({&sliderFeedBack, &txtHallFeedback, -99, 99, 40, [this](int w) {
+                         kette_.Reverb().SetFeedback(w);
+                         chkReverbbypass_Click();
+                       }});
+  regler_.Hinzufuegen({&sliderOutputGain, &txtHallMixing, 0, 99, 40, [this](int w) {
+                         kette_.Reverb().SetOutputGain(w);
+                         chkReverbbypass_Click();
+                       }});
+  const auto filter = [this](Slider& schieber, TextBox& feld, int anfang,
+                             Restauration::Filter welcher) {
+    regler_.Hinzufuegen({&schieber, &feld, 0, 99, anfang, [this, welcher](int w) {
+                           kette_.Filter().PegelSetzen(welcher, Gleitend(w) / 100);
+                         }});
+  };
+  filter(slDeclick, txtDeclick, 10, Restauration::kDeclick);
+  filter(slDenoiser, txtDenoiserLevel, 20, Restauration::kDenoiser);
+  filter(slDecrackle, txtDecrackle, 30, Restauration::kDecrackle);
 }
 
-void frmWaveEditor::FeldZeigen(Regler& regler) {
-  const int wert = regler.Schieber->Value;
-  regler.Vorher = regler.Anzeige ? regler.Anzeige(wert) : ZahlText(wert);
-  regler.Feld->Text = regler.Vorher;
-}
-
-// ---- what a hand does, done by the program ----
-
-void frmWaveEditor::Setzen(Slider& schieber, double wert) {
-  const int neu = Ganz32(std::clamp<double>(Runden(wert), schieber.Min, schieber.Max));
-  if (neu == schieber.Value()) return;
-  schieber.Value = neu;
-  schieber.Change();
-}
-
-void frmWaveEditor::Setzen(CheckBox& kasten, int wert) {
-  if (kasten.Value() == wert) return;
-  kasten.Value = wert;
-  kasten.Click();
-}
-
-// The box shows what the slider took, also where that is what it had.
-void frmWaveEditor::FeldUebernehmen(Regler& regler, bool mitReturn) {
-  if (regler.Feld != &txtFlangerRate) {
-    Setzen(*regler.Schieber, Val(regler.Feld->Text));
-  } else if (mitReturn) {
-    txtFlangerRate_KeyPress(kKeyReturn);
-  } else {
-    txtFlangerRate_LostFocus();
-  }
-  FeldZeigen(regler);
-}
-
-// The box counts in Hertz, its slider in twentieths; only what is entered with Return is taken so.
+// The box counts in Hertz, its slider in twentieths. Only Return takes the number as Hertz.
 bool frmWaveEditor::txtFlangerRate_KeyPress(int taste) {
   if (taste != kKeyReturn) return NurZiffern(taste);
   Setzen(slFlangerRate, Val(txtFlangerRate.Text) * 20);
@@ -217,187 +149,119 @@ void frmWaveEditor::txtFlangerRate_LostFocus() {
 
 // ---- the chain ----
 
-void frmWaveEditor::CheckAllEffekte2() {
-  EffekteAktiv = std::any_of(EffektAn.begin(), EffektAn.begin() + 5, [](bool an) { return an; });
-}
-
 void frmWaveEditor::RuntimeConnections() {
   CheckAllEffekte2();
-  prog.AppLog(L"RuntimeConnections()", L"building runtime connection");
-  const bool live = Spielt && !Pausiert;
-  const int diesmal = ++Verbindungen;
-  std::int64_t gehoert = 0;
-  if (live) {
-    gehoert = std::max<std::int64_t>(Out->Position(), 0);
-    Out->Pause();
-  }
-  const auto hinter = [](const CheckBox& kasten, MMComponentX& stufe) {
-    return kasten.Value() != 0 ? &stufe : stufe.Input();
-  };
-  Eq->SetInput(DSP.get());
-  Loudness->SetInput(hinter(chkEQBypass, *Eq));
-  Reverb->SetInput(hinter(chkLoudness, *Loudness));
-  Flanger->SetInput(hinter(chkReverbbypass, *Reverb));
-  mmVolume->SetInput(hinter(chkFlangerAktiv, *Flanger));
-  MMComponentX& ende = EinrechnenLaeuft || BatchLaeuft ? static_cast<MMComponentX&>(*Trigger)
-                                                       : static_cast<MMComponentX&>(*Out);
-  ende.SetInput(hinter(chkVolume, *mmVolume));
-  prog.plattform.schleife.DoEvents();
-  prog.AppLog(L"RuntimeConnections()", L"built runtime x-tions");
-  // A handler may have stopped or paused the sound while events ran, or connected it anew and gone
-  // on from where it was.
-  if (!live || !Spielt || Pausiert || diesmal != Verbindungen) return;
-  if (LoopAktiv) {
-    PlayWave(false);
-    BereichSetzen();
-    PlayWave(true);
-    return;
-  }
-  MMWaveObject& quelle = SourceFile->Wave;
-  const std::int64_t stelle = quelle.PlayStart + gehoert / kFrameBytes;
-  quelle.PlayStart = Ganz32(static_cast<double>(std::min<std::int64_t>(stelle, quelle.PlayEnd)));
-  Out->Start();
+  transport_.Verbinden(einrechnung_.Ende());
 }
 
-void frmWaveEditor::SetEqualizer() {
-  for (std::size_t i = 1; i < kBaender.size(); ++i) Eq->Add(kBaender[i - 1], kBaender[i], 0);
-}
-
-void frmWaveEditor::SetLoudness() {
-  for (std::size_t i = 1; i < kLoudness.size(); ++i) {
-    Loudness->Add(kLoudness[i - 1].Hertz, kLoudness[i].Hertz, kLoudness[i].Gain);
-  }
+void frmWaveEditor::DSP_OnBufferFilled(MMData& data) {
+  if (!ScanLaeuft()) kette_.PufferFiltern(data);
 }
 
 void frmWaveEditor::MMSliderX1_OnChange(int index) {
-  if (Eq->Count() > index) Eq->Item(index).SetGain(MMSliderX1(index).Value);
+  MMEqualizerX& eq = kette_.Equalizer();
+  if (eq.Count() > index) eq.Item(index).SetGain(MMSliderX1(index).Value);
   chkEQBypass_Click();
 }
 
 // ---- on and off ----
 
-namespace {
-
-void Schalten(MMEffectX& effekt, const CheckBox& kasten) {
-  if (kasten.Value() == 1) {
-    effekt.Enable();
-  } else {
-    effekt.Disable();
-  }
-}
-
-}  // namespace
-
 void frmWaveEditor::chkEQBypass_Click() {
-  Schalten(*Eq, chkEQBypass);
+  kette_.Schalten(EffektKette::kEqualizer, chkEQBypass.Value() == 1);
 }
 void frmWaveEditor::chkLoudness_Click() {
-  Schalten(*Loudness, chkLoudness);
+  kette_.Schalten(EffektKette::kLoudness, chkLoudness.Value() == 1);
 }
 void frmWaveEditor::chkReverbbypass_Click() {
-  Schalten(*Reverb, chkReverbbypass);
+  kette_.Schalten(EffektKette::kHall, chkReverbbypass.Value() == 1);
 }
 void frmWaveEditor::chkVolume_Click() {
-  Schalten(*mmVolume, chkVolume);
+  kette_.Schalten(EffektKette::kLautstaerke, chkVolume.Value() == 1);
 }
 void frmWaveEditor::chkFlangerAktiv_Click() {
-  Schalten(*Flanger, chkFlangerAktiv);
+  kette_.Schalten(EffektKette::kFlanger, chkFlangerAktiv.Value() == 1);
 }
 
 void frmWaveEditor::chkGateraktiv_Click() {
+  kette_.Tor().An = chkGateraktiv.Value() == 1;
   if (chkGateraktiv.Value() == 0) LEDGaterAn.Visible = LEDGaterAus.Visible = false;
 }
 
 void frmWaveEditor::chkDeclickAktiv_Click() {
-  Audiolib& lib = prog.plattform.audiolib;
-  FilterSchalten(chkDeclickAktiv, [&](bool an) { an ? lib.func_05(DeclickLevel) : lib.func_11(); });
+  FilterSchalten(chkDeclickAktiv, Restauration::kDeclick);
 }
 void frmWaveEditor::chkDecrackleAktiv_Click() {
-  Audiolib& lib = prog.plattform.audiolib;
-  FilterSchalten(chkDecrackleAktiv,
-                 [&](bool an) { an ? lib.func_03(DecrackleLevel) : lib.func_09(); });
+  FilterSchalten(chkDecrackleAktiv, Restauration::kDecrackle);
 }
 void frmWaveEditor::chkDenoiserAktiv_Click() {
-  Audiolib& lib = prog.plattform.audiolib;
-  FilterSchalten(chkDenoiserAktiv,
-                 [&](bool an) { an ? lib.func_04(DenoiserLevel) : lib.func_10(); });
+  FilterSchalten(chkDenoiserAktiv, Restauration::kDenoiser);
 }
 
 // A machine that is busy already takes no filter on, so that the sound does not begin to stutter.
-void frmWaveEditor::FilterSchalten(CheckBox& kasten, const std::function<void(bool an)>& filter) {
-  constexpr int kHoechsteLast = 70;  // percent
-  if (CPULast > kHoechsteLast && kasten.Value() == 1) kasten.Value = 0;
-  filter(kasten.Value() == 1);
+void frmWaveEditor::FilterSchalten(CheckBox& kasten, Restauration::Filter filter) {
+  if (last_.Hoch() && kasten.Value() == 1) kasten.Value = 0;
+  kette_.Filter().Schalten(filter, kasten.Value() == 1);
 }
 
-bool frmWaveEditor::Umschalten(CheckBox& kasten, PictureButton& knopf, const Text& bild) {
-  Setzen(kasten, kasten.Value() == 0 ? 1 : 0);
-  KnopfZeigen(knopf, kasten, bild);
-  return kasten.Value() == 1;
-}
-
-void frmWaveEditor::KnopfZeigen(PictureButton& knopf, const CheckBox& kasten, const Text& bild) {
-  knopf.Picture = bild + (kasten.Value() == 1 ? L"_ON" : L"_UNPRESSED");
-}
-
-void frmWaveEditor::PanelLicht(int index, bool an) {
-  EffektAn[static_cast<std::size_t>(index)] = an;
-  PictureButton& knopf = imgEffekt(index);
-  knopf.PictureReleased = (an ? L"WAVEEFFEKTON_" : L"WAVEEFFEKTUNPRESSED_") + ZahlText(index);
-  KnopfBild(knopf);
+void frmWaveEditor::Umschalten(CheckBox& kasten) {
+  const Schalter schalter = SchalterVon(kasten);
+  schalter.Umschalten();
+  if (schalter.Licht) PanelLicht(schalter.Tafel, schalter.An());
 }
 
 void frmWaveEditor::imgByPass_MouseUp() {
-  PanelLicht(0, Umschalten(chkEQBypass, imgByPass, L"WAVE_EQBUTT"));
+  Umschalten(chkEQBypass);
   RuntimeConnections();
 }
 void frmWaveEditor::imgLoudness_MouseUp() {
-  Umschalten(chkLoudness, imgLoudness, L"WAVE_EQBUTT");
+  Umschalten(chkLoudness);
   RuntimeConnections();
 }
 void frmWaveEditor::imgHallByPass_MouseUp() {
-  PanelLicht(2, Umschalten(chkReverbbypass, imgHallByPass, L"WAVE_HALLBYPASS"));
+  Umschalten(chkReverbbypass);
   RuntimeConnections();
 }
 void frmWaveEditor::imgFlangerBypass_MouseUp() {
-  PanelLicht(4, Umschalten(chkFlangerAktiv, imgFlangerBypass, L"WAVE_FLANGERBYPASS"));
+  Umschalten(chkFlangerAktiv);
   RuntimeConnections();
 }
 void frmWaveEditor::imgVolumeByPass_MouseUp() {
-  Umschalten(chkVolume, imgVolumeByPass, L"WAVE_VOLUMEBYPASS");
+  Umschalten(chkVolume);
   CheckAllEffekte();
 }
 void frmWaveEditor::imgGaterBypass_MouseUp() {
-  Umschalten(chkGateraktiv, imgGaterBypass, L"WAVE_VOLUMEBYPASS");
+  Umschalten(chkGateraktiv);
   CheckAllEffekte();
 }
 void frmWaveEditor::imgDeclickByPass_MouseUp() {
-  Umschalten(chkDeclickAktiv, imgDeclickByPass, L"WAVE_RESTAURATIONBYPASS");
+  Umschalten(chkDeclickAktiv);
   CheckRestEffekte();
 }
 void frmWaveEditor::imgDenoiserByPass_MouseUp() {
-  Umschalten(chkDenoiserAktiv, imgDenoiserByPass, L"WAVE_RESTAURATIONBYPASS");
+  Umschalten(chkDenoiserAktiv);
   CheckRestEffekte();
 }
 void frmWaveEditor::imgDecrackleByPass_MouseUp() {
-  Umschalten(chkDecrackleAktiv, imgDecrackleByPass, L"WAVE_RESTAURATIONBYPASS");
+  Umschalten(chkDecrackleAktiv);
   CheckRestEffekte();
 }
 
 void frmWaveEditor::CheckRestEffekte() {
-  PanelLicht(3, chkDeclickAktiv.Value() + chkDenoiserAktiv.Value() + chkDecrackleAktiv.Value() > 0);
+  PanelLicht(kRestauration,
+             chkDeclickAktiv.Value() + chkDenoiserAktiv.Value() + chkDecrackleAktiv.Value() > 0);
   CheckAllEffekte2();  // these filters need no new wiring, but can be applied
 }
 
 void frmWaveEditor::CheckAllEffekte() {
-  PanelLicht(1, chkVolume.Value() + chkGateraktiv.Value() > 0);
+  PanelLicht(kLautstaerke, chkVolume.Value() + chkGateraktiv.Value() > 0);
   RuntimeConnections();
 }
 
 void frmWaveEditor::imgEffekt_MouseUp(int index) {
-  for (int i = 0; i < kPanels; ++i) PanelLicht(i, EffektAn[static_cast<std::size_t>(i)]);
+  LichterZeigen();
   if (index < kPanels) {
     PanelZeigen(index);
+    AktivesPanel = Ganz16(index);
   } else {
     AlleEffekteAus();
   }
@@ -405,40 +269,215 @@ void frmWaveEditor::imgEffekt_MouseUp(int index) {
   CheckAllEffekte();
 }
 
-void frmWaveEditor::PanelZeigen(int index) {
-  PictureBox* const panels[] = {&picEqualizer, &picVolume, &picHall, &picRestauration, &picFlanger};
-  for (int i = 0; i < kPanels; ++i) {
-    panels[i]->Visible = i == index;
-    lblEffekt(i).FontBold = i == index;
-  }
-  AktivesPanel = Ganz16(index);
-}
-
 void frmWaveEditor::AlleEffekteAus() {
-  for (CheckBox* kasten :
-       {&chkEQBypass, &chkLoudness, &chkReverbbypass, &chkFlangerAktiv, &chkVolume, &chkGateraktiv,
-        &chkDeclickAktiv, &chkDenoiserAktiv, &chkDecrackleAktiv}) {
-    Setzen(*kasten, 0);
+  for (const Schalter& schalter : AlleSchalter()) Setzen(schalter.Kasten, 0);
+  for (const Schalter& schalter : AlleSchalter()) {
+    schalter.Zeigen();
+    if (schalter.Licht) PanelLicht(schalter.Tafel, schalter.An());
   }
-  KnoepfeZeigen();
   CheckRestEffekte();
   CheckAllEffekte();
 }
 
-// All buttons and lamps, as the boxes stand.
-void frmWaveEditor::KnoepfeZeigen() {
-  KnopfZeigen(imgByPass, chkEQBypass, L"WAVE_EQBUTT");
-  KnopfZeigen(imgLoudness, chkLoudness, L"WAVE_EQBUTT");
-  KnopfZeigen(imgHallByPass, chkReverbbypass, L"WAVE_HALLBYPASS");
-  KnopfZeigen(imgFlangerBypass, chkFlangerAktiv, L"WAVE_FLANGERBYPASS");
-  KnopfZeigen(imgVolumeByPass, chkVolume, L"WAVE_VOLUMEBYPASS");
-  KnopfZeigen(imgGaterBypass, chkGateraktiv, L"WAVE_VOLUMEBYPASS");
-  KnopfZeigen(imgDeclickByPass, chkDeclickAktiv, L"WAVE_RESTAURATIONBYPASS");
-  KnopfZeigen(imgDenoiserByPass, chkDenoiserAktiv, L"WAVE_RESTAURATIONBYPASS");
-  KnopfZeigen(imgDecrackleByPass, chkDecrackleAktiv, L"WAVE_RESTAURATIONBYPASS");
-  PanelLicht(0, chkEQBypass.Value() == 1);
-  PanelLicht(2, chkReverbbypass.Value() == 1);
-  PanelLicht(4, chkFlangerAktiv.Value() == 1);
+void frmWaveEditor::EffektWerteMerken() {
+  WerteMerken(prog.EffektEinstellung);
+  prog.EffektEinstellung.HallPreset = Ganz16(comboPreset.ListIndex());
+  prog.EffektEinstellung.Gueltig = true;
+}
+
+void frmWaveEditor::EffektWerteLaden() {
+  WerteLaden(prog.EffektEinstellung);
+  const int raum = prog.EffektEinstellung.HallPreset;
+  if (raum >= comboPreset.ListCount()) return;  // the file of the rooms has changed meanwhile
+  comboPreset.ListIndex = raum;
+  comboPreset_Click();
+}
+
+// ---- presets ----
+
+void frmWaveEditor::PresetsEinrichten() {
+  Knopf(imgEQPresets, [this] { imgEQPresets_MouseUp(); });
+  Knopf(imgVolumePresets, [this] { imgVolumePresets_MouseUp(); });
+  Knopf(imgRestPresets, [this] { imgRestPresets_MouseUp(); });
+  Knopf(imgFlangerPresets, [this] { imgFlangerPresets_MouseUp(); });
+  for (int i = 0; i < imgEddPres.Count(); ++i) {
+    Knopf(imgEddPres(i), [this, i] { imgEddPres_MouseUp(i); });
+  }
+  Knopf(imgOK, [this] { imgOK_MouseUp(); });
+  lstPresets.Click = [this] { lstPresets_Click(); };
+  txtPresName.KeyPress = [this](int taste) { return txtPresName_KeyPress(taste); };
+  comboPreset.Click = [this] { comboPreset_Click(); };
+  picPresets.Visible = false;
+}
+
+void frmWaveEditor::InitPresets() {
+  lstPresets.Clear();
+  txtPresName.Text = L"";
+  for (const Text& name : presets_.Lesen(AktivesPanel)) lstPresets.AddItem(name);
+  picPresets.Visible = true;
+}
+
+void frmWaveEditor::imgOK_MouseUp() {
+  picPresets.Visible = false;
+}
+
+void frmWaveEditor::lstPresets_Click() {
+  if (lstPresets.ListIndex < 0 || !presets_.Moeglich()) return;
+  txtPresName.Text = lstPresets.List(lstPresets.ListIndex);
+  const std::vector<Text> teile = presets_.Teile(lstPresets.ListIndex);
+  int teil = 0;
+  for (const PresetWert& wert : PresetWerte(AktivesPanel)) {
+    const double zahl = Val(Element(teile, ++teil));
+    if (Slider* const* schieber = std::get_if<Slider*>(&wert)) {
+      Setzen(**schieber, zahl);
+    } else {
+      Setzen(*std::get<CheckBox*>(wert), Runden(zahl) == 1 ? 1 : 0);
+    }
+  }
+  for (const Schalter& schalter : AlleSchalter()) {
+    if (schalter.Preset && schalter.Tafel == AktivesPanel) schalter.Zeigen();
+  }
+  CheckRestEffekte();
+  CheckAllEffekte();
+}
+
+bool frmWaveEditor::txtPresName_KeyPress(int taste) {
+  if (taste != kKeyReturn) return true;
+  const Text name = txtPresName.Text;
+  const std::vector<Text>& namen = lstPresets.Items();
+  if (std::find(namen.begin(), namen.end(), name) != namen.end()) {
+    prog.MsgBoxen(LoadResString(21006), kHinweis, LoadResString(21007));
+    return true;
+  }
+  if (name.empty() || !presets_.Moeglich()) return true;
+  lstPresets.AddItem(name);
+  std::vector<int> werte;
+  for (const PresetWert& wert : PresetWerte(AktivesPanel)) {
+    werte.push_back(std::visit([](const auto* control) -> int { return control->Value; }, wert));
+  }
+  // The list takes one name more than there are places; then the place raises the error.
+  presets_.Merken(lstPresets.ListCount() - 1, name, werte);
+  return true;
+}
+
+void frmWaveEditor::imgEddPres_MouseUp(int index) {
+  if (index == 0) {
+    txtPresName_KeyPress(kKeyReturn);
+    return;
+  }
+  presets_.Loeschen(lstPresets.ListIndex);
+  InitPresets();
+}
+
+void frmWaveEditor::ReverbPresetsLaden() {
+  for (const Text& name : raeume_.Namen()) comboPreset.AddItem(name);
+}
+
+void frmWaveEditor::comboPreset_Click() {
+  if (comboPreset.ListIndex < 0) return;
+  kette_.Reverb().LoadFromIni(raeume_.Datei(), comboPreset.List(comboPreset.ListIndex));
+}
+
+// ---- the machine's load ----
+
+void frmWaveEditor::LastMessungBeginnen() {
+  if (!last_.Beginnen()) return;
+  CPUBack.Width = 0;
+  CPUBack.Visible = true;
+  tmrCPU.Enabled = true;
+}
+
+void frmWaveEditor::tmrCPU_Timer() {
+  const std::optional<int> last = last_.Messen();
+  if (!last) return;
+  CPUBack.Width = Ganz32(CPUHintergrund.Width / 100.0 * *last);
+  CPUBack.FillColor = *last <= kGruenBis ? kGruen : *last <= kGelbBis ? kGelb : kRot;
+}
+
+// ---- texts ----
+
+void frmWaveEditor::TexteEffekte() {
+  constexpr int kErsteHinweise = 21411;
+  for (int i = 0; i < imgEffekt.Count(); ++i) {
+    Beschriften(lblEffekt(i), imgEffekt(i), LoadResString(21233 + i));
+    Hinweis(imgEffekt(i), kErsteHinweise + i);
+  }
+  for (int i = 0; i < kEqBaender; ++i) {
+    const Text name = kBaender[static_cast<std::size_t>(i)].Name;
+    lblBand(i).Caption = name;
+    lblBand(i).Align = Alignment::Center;
+    MMSliderX1(i).ToolTipText = LoadResString(21459);
+    MMSliderX1(i).AccessibleName = LoadResString(21228) + L" " + name + L" Hz";
+  }
+  const struct {
+    Label& Schild;
+    int Text;
+  } schilder[] = {{lblEqualizer, 21228},
+                  {lblVolumePanel, 21231},
+                  {lblHall, 21229},
+                  {lblRestauration, 21230},
+                  {lblFlanger, 21232},
+                  {lblVolume, 21217},
+                  {lblGater, 21225},
+                  {lblGaterThreshold, 21215},
+                  {lblGaterAttack, 21216},
+                  {lblHallMixing, 21207},
+                  {lblHallFeedback, 21208},
+                  {lblFlangerMix, 21209},
+                  {lblFlangerFeedback, 21210},
+                  {lblFlangerDepth, 21211},
+                  {lblFlangerRate, 21212},
+                  {lblDeclick, 21204},
+                  {lblDenoiser, 21205},
+                  {lblDecrackle, 21206},
+                  {lblCPU, 21226}};
+  for (const auto& s : schilder) s.Schild.Caption = LoadResString(s.Text);
+  const struct {
+    Label& Schild;
+    PictureButton& Knopf;
+    int Text, Hinweis;
+  } knoepfe[] = {{lblByPass, imgByPass, 21203, 21401},
+                 {lblLoudness, imgLoudness, 21239, 21426},
+                 {lblHallByPass, imgHallByPass, 21213, 21423},
+                 {lblFlangerBypass, imgFlangerBypass, 21214, 21420},
+                 {lblVolumeByPass, imgVolumeByPass, 21219, 21439},
+                 {lblGaterBypass, imgGaterBypass, 21220, 21422},
+                 {lblEQPresets, imgEQPresets, 21221, 21417},
+                 {lblVolumePresets, imgVolumePresets, 21222, 21440},
+                 {lblRestPresets, imgRestPresets, 21223, 21446},
+                 {lblFlangerPresets, imgFlangerPresets, 21224, 21447}};
+  for (const auto& k : knoepfe) {
+    Beschriften(k.Schild, k.Knopf, LoadResString(k.Text));
+    Hinweis(k.Knopf, k.Hinweis);
+  }
+}
+
+void frmWaveEditor::HinweiseEffekte() {
+  const struct {
+    Control& Feld;
+    int Hinweis;
+  } hinweise[] = {
+      {imgDeclickByPass, 21406}, {imgDecrackleByPass, 21407}, {imgDenoiserByPass, 21408},
+      {comboPreset, 21402},      {slVolume, 21473},           {txtVolume, 21484},
+      {slGaterThreshold, 21479}, {txtGaterThreshold, 21479},  {slGaterAttack, 21480},
+      {txtGaterTime, 21480},     {sliderOutputGain, 21468},   {txtHallMixing, 21486},
+      {sliderFeedBack, 21466},   {txtHallFeedback, 21487},    {slFlangerMix, 21471},
+      {txtFlangerMix, 21477},    {slFlangerFeedback, 21467},  {txtFlangerFeedback, 21481},
+      {slFlangerDepth, 21470},   {txtFlangerDepth, 21482},    {slFlangerRate, 21469},
+      {txtFlangerRate, 21478},   {slDeclick, 21474},          {txtDeclick, 21474},
+      {slDenoiser, 21476},       {txtDenoiserLevel, 21476},   {slDecrackle, 21475},
+      {txtDecrackle, 21475},     {lblDeclick, 21463},         {lblDecrackle, 21464},
+      {lblDenoiser, 21465},      {CPUHintergrund, 21403}};
+  for (const auto& h : hinweise) Hinweis(h.Feld, h.Hinweis);
+}
+
+void frmWaveEditor::TextePresets() {
+  lblPresets.Caption = LoadResString(21221);
+  Hinweis(lstPresets, 21456);
+  Hinweis(txtPresName, 21483);
+  Hinweis(imgEddPres(0), 21409);
+  Hinweis(imgEddPres(1), 21410);
+  Hinweis(imgOK, 21429);
 }
 
 }  // namespace vantora

@@ -1,8 +1,13 @@
 #include "waveeditor/spektrum_bild.h"
 
-#include "app/zahlen.h"
+#include "app/programm.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
+#include "klang/klang_frame.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <memory>
 
 namespace vantora {
 
@@ -16,36 +21,50 @@ std::int32_t Bloecke(std::int32_t frames) {
   return Ganz32(Quotient(frames, kBlock));
 }
 
+// From where the file stands.
+std::vector<std::int16_t> LinkerKanal(MMWaveObject& wave, std::int32_t frames) {
+  std::vector<KlangFrame> klang(static_cast<std::size_t>(frames));
+  klang.resize(wave.ReadData(klang.data(), klang.size() * kFrameBytes) / kFrameBytes);
+  const std::int32_t bedarf = std::max(frames + 1, Bloecke(frames) * kBlock);
+  std::vector<std::int16_t> links(static_cast<std::size_t>(bedarf), 0);
+  std::transform(klang.begin(), klang.end(), links.begin(),
+                 [](const KlangFrame& frame) { return frame.Links; });
+  return links;
+}
+
 }  // namespace
 
-SpektrumBild::SpektrumBild(Audiolib& bibliothek) : bibliothek_(bibliothek) {
-  bibliothek_.func_15(kBereich);
+SpektrumBild::SpektrumBild(Programm& programm) : prog(programm) {
+  prog.plattform.audiolib.func_15(kBereich);
 }
 
-void SpektrumBild::Umrechnen(const std::vector<std::int16_t>& samples, std::int32_t frames) {
-  bibliothek_.func_17(samples.data(), Bloecke(frames), kBlock, 1);
+SpektrumBild::~SpektrumBild() {
+  prog.plattform.audiolib.func_16();
 }
 
-void SpektrumBild::Zeichnen(PictureBox& bild, std::int32_t hoehe, std::int32_t breite,
-                            const Text& xText, const Text& yText) {
-  bibliothek_.func_18(bild, hoehe, breite, xText, yText);
+bool SpektrumBild::Lesen(const Text& datei, std::int32_t start, std::int32_t frames) {
+  frames_ = frames;
+  const std::unique_ptr<MMWaveFileX> WaveFile = prog.plattform.mmtools.NewWaveFileX();
+  MMWaveObject& wave = WaveFile->Wave;
+  wave.TimeFormat = TimeFormat::tfByte;
+  const bool gelesen = Weiter([&] {
+    wave.SetFileName(datei);
+    wave.Open();
+    wave.SetPosition(Ganz32(1.0 * start * kFrameBytes));
+    start_ = wave.Position() / kFrameBytes;
+    SpektrumDaten = LinkerKanal(wave, frames);
+  });
+  Weiter([&] { wave.Close(); });
+  return gelesen;
 }
 
-void LinkenKanalLesen(MMWaveObject& wave, std::int32_t frames,
-                      std::vector<frmWaveEditor::Frame>& puffer,
-                      std::vector<std::int16_t>& samples) {
-  constexpr std::int32_t kGanze = frmWaveEditor::kBlockFrames;
-  const std::int32_t bedarf = std::max(frames + 1, Bloecke(frames) * kBlock);
-  samples.assign(static_cast<std::size_t>(bedarf), 0);
-  auto ziel = samples.begin();
-  const auto lesen = [&](std::int32_t anzahl) {
-    const std::size_t bytes = static_cast<std::size_t>(anzahl) * sizeof(frmWaveEditor::Frame);
-    const std::size_t gelesen = wave.ReadData(puffer.data(), bytes) / sizeof(frmWaveEditor::Frame);
-    for (std::size_t i = 0; i < gelesen; ++i) *ziel++ = puffer[i].Links;
-  };
-  for (std::int32_t i = 0; i < frames / kGanze; ++i) lesen(kGanze);
-  const std::int32_t rest = frames % kGanze;
-  if (rest != 0) lesen(rest);
+void SpektrumBild::Umrechnen() {
+  prog.plattform.audiolib.func_17(SpektrumDaten.data(), Bloecke(frames_), kBlock, 1);
+}
+
+void SpektrumBild::Zeichnen(PictureBox& bild) {
+  const int hoehe = bild.Height;
+  prog.plattform.audiolib.func_18(bild, hoehe, bild.Width, prog.Text(21600), prog.Text(21601));
 }
 
 }  // namespace vantora

@@ -1,38 +1,36 @@
-// What the small picture of the spectrum and the one of the whole screen have in common: the left
-// channel of a range in blocks of 1024 samples, drawn by the audio library.
+// A picture of the spectrum of a range: its left channel in blocks of 1024 samples, drawn by the
+// audio library. The small picture of the wave editor and that of the whole screen are made by the
+// same steps. Events may run between them; the library works on one picture at a time.
 #pragma once
 
-#include "waveeditor/frmWaveEditor.h"
-
-#include "platform/audiolib.h"
+#include "platform/form.h"
+#include "platform/text.h"
 
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace vantora {
 
-// A picture in the making; the library lets go of it in whatever way its making ends.
+struct Programm;
+
 class SpektrumBild {
  public:
-  explicit SpektrumBild(Audiolib& bibliothek);
-  ~SpektrumBild() { bibliothek_.func_16(); }
+  explicit SpektrumBild(Programm& programm);
+  ~SpektrumBild();  // the library lets go of the picture
   SpektrumBild(const SpektrumBild&) = delete;
   SpektrumBild& operator=(const SpektrumBild&) = delete;
 
-  void Umrechnen(const std::vector<std::int16_t>& samples, std::int32_t frames);
-  void Zeichnen(PictureBox& bild, std::int32_t hoehe, std::int32_t breite, const Text& xText,
-                const Text& yText);
+  // Reads so many frames of a wave file from a frame on. Behind the end of the file it is silent,
+  // and so is what the last block reaches beyond the range. False for a file that cannot be read.
+  bool Lesen(const Text& datei, std::int32_t start, std::int32_t frames);
+  std::int32_t Start() const { return start_; }  // where the reading began in the file
+  void Umrechnen();
+  void Zeichnen(PictureBox& bild);
 
  private:
-  Audiolib& bibliothek_;
+  Programm& prog;
+  std::int32_t start_ = 0, frames_ = 0;
+  std::vector<std::int16_t> SpektrumDaten;  // the left channel
 };
-
-// Reads `frames` frames from where the file stands, through `puffer`, and puts the left channel
-// into `samples` from index 0. Behind the end of the file it is silent, and so is what the last
-// block reaches beyond the range.
-void LinkenKanalLesen(MMWaveObject& wave, std::int32_t frames,
-                      std::vector<frmWaveEditor::Frame>& puffer,
-                      std::vector<std::int16_t>& samples);
 
 }  // namespace vantora

@@ -1,4 +1,4 @@
-// What the recorder is opened for.
+// The mode in which the recorder is opened.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The cover as the user has laid it out, for both of its windows: texts, font, colours, and where
-// each text stands. Places are in twips of the printed side.
+// The cover as the user has laid it out, shared by its two windows: texts, font, colours, and the
+// position of each text, in twips of the printed side.
 #pragma once
 
 #include "platform/controls.h"
@@ -13,7 +13,7 @@ inline constexpr int kCoverZeilen = 50;
 inline constexpr int kCoverSeiten = 5;
 
 struct CoverZustand {
-  vantora::Text CoverTitel;                                 // of the spines
+  vantora::Text CoverTitel;                                 // on the spines
   vantora::Text CoverInterpret;                             // performer
   std::array<vantora::Text, kCoverZeilen + 1> CoverZeilen;  // from 1; 0 is unused
   vantora::Text CoverFont = L"Arial";

@@ -1,8 +1,8 @@
-// The tracks that the medley window joins, in play order. The field has one blank record between
-// two uses of the window.
+// The tracks that the medley window joins, in play order. While the window is closed, the field
+// holds one blank record.
 #pragma once
 
-#include "app/fest_text.h"
+#include "app/werte/fest_text.h"
 
 #include "platform/text.h"
 

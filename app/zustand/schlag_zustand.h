@@ -1,4 +1,4 @@
-// What outlives the windows in which tempi are tapped.
+// The state that outlives the windows in which the user taps a tempo.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +6,9 @@
 namespace vantora {
 
 struct SchlagZustand {
-  std::int16_t SpielIndex = 0;     // row of the medley that is played or measured
-  std::int64_t LetzterSchlag = 0;  // ms of the last measurement, as EventLoop::EventMs has them
-  bool Umschalter = false;         // flips at each tap; every second one measures
+  std::int16_t SpielIndex = 0;     // row of the medley whose track is played or measured
+  std::int64_t LetzterSchlag = 0;  // ms of the last measured tap, by EventLoop::EventMs
+  bool Umschalter = false;         // flips at each tap, because only every second tap measures
 };
 
 }  // namespace vantora

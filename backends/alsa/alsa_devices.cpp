@@ -36,7 +36,7 @@ void AddOutputs(int card, std::vector<Text>& names) {
   }
 }
 
-// A sound server may stand behind "default" where there is no card.
+// True when a sound server answers behind "default". That is possible without a card.
 bool DefaultAnswers() {
   snd_pcm_t* opened = nullptr;
   const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK);

@@ -10,10 +10,11 @@ namespace vantora {
 // Keeps libasound from writing its complaints to the terminal. A machine without a card is normal.
 void SilenceAlsaMessages();
 
-// A name of the library's, which is UTF-8.
+// Converts a name that libasound returns, in UTF-8.
 Text AlsaName(const char* name);
 
-// Names of the outputs that can play; empty on a machine without a sound card or a sound server.
+// Names of the outputs that can play. Empty on a machine with neither a sound card nor a sound
+// server.
 std::vector<Text> AlsaPlaybackDevices();
 
 }  // namespace vantora

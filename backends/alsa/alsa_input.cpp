@@ -3,6 +3,7 @@
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/capture_ring.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <alsa/asoundlib.h>
@@ -19,12 +20,12 @@ namespace vantora {
 
 namespace {
 
-constexpr unsigned kRate = 44100;
-// Three buffers, 70 ms: each turn of the sound server, of this thread and of the loop costs more
-// than the sound that it brings, and a level is still seen when it is heard.
+// Three buffers, 70 ms. Each wake-up of the sound server, of this thread and of the event loop
+// costs more than handling the sound itself. At 70 ms a level is still shown at the moment at which
+// it is heard.
 constexpr snd_pcm_uframes_t kPeriod = 3 * kBufferBytes / 4;
-constexpr unsigned kCardMs = 500;  // what the card keeps while this machine is busy
-constexpr int kPatienceMs = 100;   // longer than a period, so that a wait ends with sound
+constexpr unsigned kCardMs = 500;  // sound that the card buffers while this machine is busy
+constexpr int kPatienceMs = 100;   // longer than a period, so that a wait normally ends with sound
 
 [[noreturn]] void Refused(int error) {
   const std::string words = snd_strerror(error);
@@ -37,7 +38,7 @@ struct CloseCard {
 };
 using Card = std::unique_ptr<snd_pcm_t, CloseCard>;
 
-// Short periods and a long buffer behind them.
+// Asks for short periods and a long buffer.
 void SetUp(snd_pcm_t* pcm) {
   const auto check = [](int result) {
     if (result < 0) Refused(result);
@@ -49,8 +50,8 @@ void SetUp(snd_pcm_t* pcm) {
   check(snd_pcm_hw_params_set_access(pcm, params, SND_PCM_ACCESS_RW_INTERLEAVED));
   check(snd_pcm_hw_params_set_format(pcm, params, SND_PCM_FORMAT_S16_LE));
   check(snd_pcm_hw_params_set_channels(pcm, params, 2));
-  check(snd_pcm_hw_params_set_rate(pcm, params, kRate, 0));
-  snd_pcm_uframes_t buffer = kRate * kCardMs / 1000, period = kPeriod;
+  check(snd_pcm_hw_params_set_rate(pcm, params, kSampleRate, 0));
+  snd_pcm_uframes_t buffer = kSampleRate * kCardMs / 1000, period = kPeriod;
   check(snd_pcm_hw_params_set_buffer_size_near(pcm, params, &buffer));
   check(snd_pcm_hw_params_set_period_size_near(pcm, params, &period, nullptr));
   check(snd_pcm_hw_params(pcm, params));
@@ -64,7 +65,8 @@ void SetUp(snd_pcm_t* pcm) {
 Card OpenCard() {
   SilenceAlsaMessages();
   snd_pcm_t* opened = nullptr;
-  // Never blocking: a card that has gone must not hold up its end.
+  // The device is opened without blocking, so that a card that has been unplugged cannot keep the
+  // thread from ending.
   const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_CAPTURE, SND_PCM_NONBLOCK);
   if (error < 0) Refused(error);
   Card card(opened);
@@ -104,8 +106,8 @@ class Capture final : public SoundCapture {
   void Listen() {
     std::array<std::int16_t, kPeriod * 2> sound{};
     while (!stop_) {
-      // A whole period at a time: a part of one would wake the loop as well. When none has come for
-      // so long, the reading shows whether the card has gone.
+      // Reads a whole period at a time, since a part of one would wake the event loop too. When no
+      // period has come within the wait, the read fails if the card is gone.
       const int waited = snd_pcm_wait(card_.get(), kPatienceMs);
       if (waited < 0) {
         if (!Mend(waited)) break;
@@ -123,20 +125,21 @@ class Capture final : public SoundCapture {
     wake_();
   }
 
-  // What was lost in an overrun shows when the sound goes on: by how much it begins too late.
+  // After an overrun, the time lost is the gap between the end of the sound before and the start of
+  // this sound.
   void Take(const std::int16_t* sound, snd_pcm_sframes_t frames) {
     snd_pcm_sframes_t waiting = 0;
     if (snd_pcm_delay(card_.get(), &waiting) < 0 || waiting < 0) waiting = 0;
-    const std::int64_t ticks = clock_.Ticks() - waiting * 1000 / kRate;
+    const std::int64_t ticks = clock_.Ticks() - waiting * 1000 / kSampleRate;
     std::int64_t lost = 0;
     if (std::exchange(interrupted_, false)) {
-      lost = std::max<std::int64_t>(ticks - frames * 1000 / kRate - lastTicks_, 1);
+      lost = std::max<std::int64_t>(ticks - frames * 1000 / kSampleRate - lastTicks_, 1);
     }
     lastTicks_ = ticks;
     if (ring_.Append(sound, static_cast<std::size_t>(frames), ticks, lost)) wake_();
   }
 
-  // An overrun is mended on the way; false when the card has gone.
+  // Restarts the card after an overrun. Returns false when the card is gone.
   bool Mend(int error) {
     if (error == -EPIPE || error == -ESTRPIPE) interrupted_ = true;
     if (snd_pcm_recover(card_.get(), error, 1) < 0) return false;
@@ -147,12 +150,12 @@ class Capture final : public SoundCapture {
   Clock& clock_;
   Card card_;
   CaptureRing ring_{kCaptureBuffers};
-  std::shared_ptr<std::function<void()>> ready_;  // with it goes what was posted
+  std::shared_ptr<std::function<void()>> ready_;  // posted calls die with it
   std::function<void()> wake_;
-  std::int64_t lastTicks_;  // up to when sound has come
+  std::int64_t lastTicks_;  // time up to which sound has arrived
   bool interrupted_ = false;
   std::atomic<bool> stop_ = false;
-  std::thread thread_;  // last: it uses all the others
+  std::thread thread_;  // last, since the thread uses all other members
 };
 
 }  // namespace

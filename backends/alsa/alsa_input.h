@@ -1,5 +1,5 @@
-// The sound card's input "default" through libasound. A thread of its own takes what the card has
-// heard and keeps it, so that neither a busy window nor a slow disk costs a frame.
+// The sound card's input "default" through libasound. A separate thread takes the sound from the
+// card and keeps it, so that neither a busy window nor a slow disk loses a frame.
 #pragma once
 
 #include "platform/clock.h"
@@ -8,11 +8,11 @@
 
 namespace vantora {
 
-inline constexpr std::size_t kCaptureBuffers = 1024;  // of 1024 frames: 23.7 seconds wait at most
+inline constexpr std::size_t kCaptureBuffers = 1024;  // of 1024 frames each; 23.7 seconds at most
 
 class AlsaSoundInput final : public SoundInput {
  public:
-  // The clock is asked from the thread of the capture.
+  // `clock` is also read from the capturing thread.
   AlsaSoundInput(EventLoop& loop, Clock& clock) : loop_(loop), clock_(clock) {}
   std::unique_ptr<SoundCapture> Listen(std::function<void()> ready) override;
 

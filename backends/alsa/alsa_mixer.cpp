@@ -17,11 +17,11 @@ using Channel = snd_mixer_selem_channel_id_t;
 
 constexpr int kFirstID = 3000;
 constexpr auto kPatience = std::chrono::milliseconds(500);
-constexpr long kFewDecibels = 2400;  // hundredths; so short a scale is as good as even
-constexpr double kCubic = 6000;  // hundredths of a decibel for a factor of ten on the ear's scale
+constexpr long kFewDecibels = 2400;  // hundredths; a scale this short is treated as linear
+constexpr double kCubic = 6000;      // hundredths of a decibel per factor of ten in loudness
 
-// In this order: a card without the first may have another one that stands for all outputs, or for
-// what programs play.
+// The first name that a card has wins. Cards without "Master" or "PCM" may have another element
+// that stands for all outputs, or for the sound of programs.
 constexpr std::array kMasters = {"Master",    "Hardware Master", "Speaker",
                                  "Headphone", "Headset",         "Front"};
 constexpr std::array kWaves = {"PCM", "Wave", "DAC", "Digital"};
@@ -30,7 +30,8 @@ struct Release {
   void operator()(snd_ctl_t* control) const { snd_ctl_close(control); }
 };
 
-// The inputs and the outputs of an element are asked alike by calls of different names.
+// libasound has separate functions for the playback and the capture side of an element. A Side
+// holds one of the two sets.
 struct Side {
   int (*HasChannel)(Element*, Channel);
   int (*Range)(Element*, long*, long*);
@@ -81,7 +82,8 @@ std::vector<long> Raw(Element* element, const Side& side) {
   return raw;
 }
 
-// From the card's numbers to shares of its whole scale, as the ear hears it, and back.
+// Converts between the card's volume numbers and shares of its scale (0 to 1), proportional to
+// perceived loudness.
 class Scale {
  public:
   Scale(Element* element, const Side& side) : element_(element), side_(side) {
@@ -132,7 +134,7 @@ double Loudest(Element* element, const Side& side) {
   return share;
 }
 
-// The card of the control "default"; -1 when that is a sound server's.
+// The number of the card of the control "default"; -1 when that control belongs to a sound server.
 int CardOfDefault() {
   snd_ctl_t* opened = nullptr;
   if (snd_ctl_open(&opened, "default", SND_CTL_NONBLOCK) < 0) return -1;
@@ -143,7 +145,7 @@ int CardOfDefault() {
   return snd_ctl_card_info_get_card(info);
 }
 
-// Controls in the order in which they are tried.
+// The controls in the order in which they are tried.
 std::vector<std::string> Controls() {
   std::vector<std::string> names;
   if (const int first = CardOfDefault(); first >= 0) names.push_back("hw:" + std::to_string(first));
@@ -168,8 +170,6 @@ std::size_t RankIn(const std::array<const char*, N>& names, const std::string& n
 
 }  // namespace
 
-// ---- the card ----
-
 AlsaMixer::Handle AlsaMixer::Opened(const std::string& control) {
   snd_mixer_t* opened = nullptr;
   if (snd_mixer_open(&opened, 0) < 0) return nullptr;
@@ -192,7 +192,8 @@ void AlsaMixer::Search() {
   Choose();
 }
 
-// A card without volumes is no help where another one, or a server, has some.
+// Prefers a control that has output volumes: a card without any is skipped when another card, or a
+// sound server, has some.
 void AlsaMixer::Choose() {
   SilenceAlsaMessages();
   const std::vector<std::string> names =
@@ -203,7 +204,7 @@ void AlsaMixer::Choose() {
     if (!mixer || (!HasOutput(mixer.get()) && name != names.back())) continue;
     mixer_ = std::move(mixer);
     if (name != std::exchange(open_, name)) {
-      for (Known& line : known_) line.Set = -1;  // another card has steps of its own
+      for (Known& line : known_) line.Set = -1;  // another card has other volume steps
     }
     break;
   }
@@ -242,8 +243,6 @@ Text AlsaMixer::Name() {
   if (snd_ctl_card_info(snd_hctl_ctl(hctl), info) < 0) return {};
   return AlsaName(snd_ctl_card_info_get_name(info));
 }
-
-// ---- its lines ----
 
 int AlsaMixer::IDOf(const std::string& name, unsigned index, bool input) {
   const auto found = std::find_if(known_.begin(), known_.end(), [&](const Known& line) {
@@ -315,12 +314,12 @@ int AlsaMixer::Volume(int id) {
   snd_mixer_elem_t* element = line == nullptr ? nullptr : ElementOf(*line);
   if (element == nullptr) return 0;
   const Side& side = SideOf(line->Input);
-  if (side.HasVolume(element) == 0) return kFullVolume;  // one that is only switched
+  if (side.HasVolume(element) == 0) return kFullVolume;  // the line has a switch only
   if (line->Set >= 0 && Raw(element, side) == line->Made) return line->Set;
   return static_cast<int>(std::lround(Loudest(element, side) * kFullVolume));
 }
 
-// Channels that differ keep their balance.
+// Channels with different volumes keep their balance.
 void AlsaMixer::SetVolume(int id, int volume) {
   Follow();
   Known* line = Find(id);

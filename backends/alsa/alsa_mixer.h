@@ -1,11 +1,11 @@
-// The mixer of the card that sound goes to, through libasound's simple mixer; without a card the
-// sound server's control.
+// The mixer of the card that plays the sound, through libasound's simple mixer. Without a card it
+// is the mixer of the sound server.
 //
-// A line's volume is on the ear's scale: where the card knows its decibels, half the way sounds
-// half as loud; a control without decibels counts so already, as a sound server's does.
+// Volumes are proportional to perceived loudness: where the card reports decibels, half the volume
+// sounds half as loud. A control without decibels, such as a sound server's, already counts so.
 #pragma once
 
-#include "backends/sound/mixer_lines.h"
+#include "backends/sound/mixer/mixer_lines.h"
 
 #include <alsa/asoundlib.h>
 
@@ -19,7 +19,8 @@ namespace vantora {
 
 class AlsaMixer final : public MixerCard {
  public:
-  // The name of one control, "hw:0" or "default"; blank: the one that sound goes to.
+  // `control` is the name of one control, "hw:0" or "default". Blank stands for the control of the
+  // card that plays the sound.
   explicit AlsaMixer(std::string control = {}) : control_(std::move(control)) {}
 
   void Search() override;
@@ -36,30 +37,31 @@ class AlsaMixer final : public MixerCard {
     void operator()(snd_mixer_t* mixer) const { snd_mixer_close(mixer); }
   };
   using Handle = std::unique_ptr<snd_mixer_t, Close>;
-  // A line that was found once keeps its ID, also when its card goes and comes back.
+  // A line keeps its ID once it has been found, also when its card is unplugged and plugged in
+  // again.
   struct Known {
     std::string Name;
     unsigned Index;
     bool Input;
-    // What was set last, and what the card made of it: as long as it stays so, it reads as it was
-    // set, though the card has fewer steps.
+    // The volume that was set last, and the card's numbers that resulted. While the card still has
+    // these numbers, Volume returns `Set` exactly, although the card has fewer steps.
     int Set = -1;
     std::vector<long> Made;
   };
 
   static Handle Opened(const std::string& control);
   void Look();    // opens the mixer if it is not open, at most twice a second
-  void Choose();  // the first control that helps
-  void Follow();  // the same, and takes in what others have changed
-  void TakeIn();  // the latter; lets a card go that is not there any more
+  void Choose();  // opens the first control that has output volumes
+  void Follow();  // Look, then TakeIn
+  void TakeIn();  // reads changes made elsewhere; closes the mixer if its card is gone
   snd_mixer_elem_t* ElementOf(const Known& line) const;
   Known* Find(int id);
   int IDOf(const std::string& name, unsigned index, bool input);
   void AddLines(snd_mixer_elem_t* element, std::vector<Line>& lines);
 
-  std::string control_, open_;  // asked for; open
+  std::string control_, open_;  // asked for; in use
   Handle mixer_;
-  bool sound_ = false;  // there is something to play on, with or without a mixer
+  bool sound_ = false;  // sound can be played, with or without a mixer
   std::optional<std::chrono::steady_clock::time_point> looked_;
   std::vector<Known> known_;
 };

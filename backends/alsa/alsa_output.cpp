@@ -2,6 +2,7 @@
 
 #include "backends/alsa/alsa_devices.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@
 namespace vantora {
 
 namespace {
-
-constexpr unsigned kRate = 44100;
 
 [[noreturn]] void Refused(long error) {
   const std::string words = snd_strerror(static_cast<int>(error));
@@ -25,12 +24,13 @@ constexpr unsigned kRate = 44100;
 AlsaOutput::AlsaOutput(int aheadMs) {
   SilenceAlsaMessages();
   snd_pcm_t* opened = nullptr;
-  // Never blocking: a card that has gone must not hold up whoever wants to stop it.
+  // The device is opened without blocking, so that a card that has been unplugged cannot delay a
+  // stop.
   const int error = snd_pcm_open(&opened, "default", SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK);
   if (error < 0) Refused(error);
   pcm_.reset(opened);
   const int set = snd_pcm_set_params(opened, SND_PCM_FORMAT_S16_LE, SND_PCM_ACCESS_RW_INTERLEAVED,
-                                     2, kRate, 1, static_cast<unsigned>(aheadMs) * 1000);
+                                     2, kSampleRate, 1, static_cast<unsigned>(aheadMs) * 1000);
   if (set < 0) Refused(set);
   snd_pcm_uframes_t period = 0;
   const int asked = snd_pcm_get_params(opened, &buffer_, &period);
@@ -58,7 +58,8 @@ void AlsaOutput::Begin() {
 }
 
 std::optional<std::int64_t> AlsaOutput::Ahead() {
-  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) return std::nullopt;  // not begun
+  // Playing has not begun yet.
+  if (snd_pcm_state(pcm_.get()) == SND_PCM_STATE_PREPARED) return std::nullopt;
   snd_pcm_sframes_t frames = 0;
   if (snd_pcm_delay(pcm_.get(), &frames) < 0) return std::nullopt;
   return std::max<std::int64_t>(frames, 0);

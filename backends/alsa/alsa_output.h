@@ -1,4 +1,5 @@
-// The sound card's output "default" for sound of 44.1 kHz, 16 bit, stereo. One thread at a time.
+// The sound card's output "default" for sound of 44.1 kHz, 16 bit, stereo. Only one thread may use
+// it at a time.
 #pragma once
 
 #include <alsa/asoundlib.h>
@@ -11,18 +12,20 @@ namespace vantora {
 
 class AlsaOutput {
  public:
-  // Holds so much sound ahead of the ear, or what the card can do with. Raises 57 when it refuses.
+  // Buffers `aheadMs` of sound, or as near to that as the card can. Raises 57 when the card
+  // refuses.
   explicit AlsaOutput(int aheadMs);
 
-  // Hands over up to `frames`, waiting at most `ms` for room. Returns the frames taken, 0 when
-  // there was no room; raises 57 when the card is gone. An interruption is mended on the way.
+  // Hands over up to `frames` frames and waits at most `ms` for room. Returns the number of frames
+  // taken, 0 when there was no room. Recovers from an underrun by itself. Raises 57 when the card
+  // is gone.
   std::int64_t Write(const void* sound, std::int64_t frames, int ms);
-  void Begin();  // plays at once what has been handed over, if it does not yet
-  // Frames handed over that are not heard yet, as far as the card knows. A sound server behind it
-  // goes on telling its own delay when nothing follows, so this need not fall to 0.
+  void Begin();  // starts playing now, if it has not started
+  // Frames handed over that have not been heard yet, as far as the card knows. A sound server goes
+  // on reporting its own delay after the last frame, so this need not fall to 0.
   std::optional<std::int64_t> Ahead();
-  bool Empty();  // all that was handed over is on its way to the loudspeaker, or the card is gone
-  void Drop();   // silence now
+  bool Empty();  // all frames have left the buffer, or the card is gone
+  void Drop();   // silences the output at once
 
  private:
   struct Close {

@@ -1,8 +1,9 @@
 #include "backends/alsa/alsa_player.h"
 
 #include "backends/alsa/alsa_stream.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -15,11 +16,8 @@ namespace vantora {
 
 namespace {
 
-constexpr int kRate = 44100;
-constexpr std::size_t kFrameBytes = 4;
-
 struct Level {
-  std::int64_t frame;  // at which it has been heard
+  std::int64_t frame;  // the level is shown once this frame has been heard
   int left, right;
 };
 
@@ -36,7 +34,7 @@ Level Peaks(const std::int16_t* sound, std::size_t frames) {
 
 }  // namespace
 
-// One sound, from its start to its end. `tell` brings work to the interface thread.
+// One playing of a sound, from its start to its end. `tell` posts work to the interface thread.
 class AlsaPlayer::Voice {
  public:
   using Tell = std::function<void(std::function<void(AlsaPlayer&)>)>;
@@ -45,7 +43,8 @@ class AlsaPlayer::Voice {
         Tell tell)
       : wave_(dateien), tell_(std::move(tell)) {
     wave_.Open(file);
-    if (wave_.SampleRate() != kRate || wave_.BitsPerSample() != 16 || wave_.StereoMode() != 1) {
+    if (wave_.SampleRate() != kSampleRate || wave_.BitsPerSample() != kSampleBits ||
+        wave_.StereoMode() != 1) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
     }
     wave_.SetPosition(std::clamp<std::int64_t>(from, 0, wave_.DataBytes()));
@@ -77,17 +76,17 @@ class AlsaPlayer::Voice {
     try {
       read = wave_.Read(target, frames * kFrameBytes) / kFrameBytes;
     } catch (const Laufzeitfehler&) {
-      // The file went away while playing: that is the end of the sound, as OnStop says.
+      // The file became unreadable while playing. The sound ends here, and OnStop follows as usual.
     }
     given_ += static_cast<std::int64_t>(read);
     if (read > 0) {
-      levels_.push_back(Peaks(target, read));  // a level for each block of the stream
+      levels_.push_back(Peaks(target, read));  // one level for each block of the stream
       levels_.back().frame = given_;
     }
     return read;
   }
 
-  // The levels of what has been heard.
+  // Posts the levels of the frames that have been heard.
   void ShowLevels(std::int64_t heard) {
     while (!levels_.empty() && levels_.front().frame <= heard) {
       tell_([level = levels_.front()](AlsaPlayer& player) {
@@ -101,7 +100,7 @@ class AlsaPlayer::Voice {
   Tell tell_;
   std::deque<Level> levels_;
   std::int64_t given_ = 0;
-  std::unique_ptr<AlsaStream> stream_;  // last: its thread uses all the others
+  std::unique_ptr<AlsaStream> stream_;  // last, since its thread uses all other members
 };
 
 AlsaPlayer::AlsaPlayer(Dateien& dateien, EventLoop& loop, const OutputVolume& volume)
@@ -111,9 +110,10 @@ AlsaPlayer::~AlsaPlayer() = default;
 
 void AlsaPlayer::Start() {
   Stop();
-  if (stopUntold_) Ended();  // the end of the sound before must not look like the end of this one
+  // Reports the end of the sound before, so that it is not taken for the end of this one.
+  if (stopUntold_) Ended();
   token_ = std::make_shared<int>(0);
-  voice_.reset();  // some cards play one sound at a time
+  voice_.reset();  // closes the card first: some cards play only one sound at a time
   voice_ = std::make_unique<Voice>(
       dateien_, volume_, file_, from_,
       [this, watch = std::weak_ptr<int>(token_)](std::function<void(AlsaPlayer&)> work) {
@@ -129,7 +129,7 @@ void AlsaPlayer::Stop() {
   if (!playing_) return;
   voice_->Stop();
   playing_ = false;
-  token_ = std::make_shared<int>(0);  // what the voice still had to say is not told
+  token_ = std::make_shared<int>(0);  // events that the voice has already posted are dropped
   loop_.Post([this, watch = std::weak_ptr<int>(token_)] {
     if (!watch.expired()) Ended();
   });

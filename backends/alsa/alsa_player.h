@@ -1,7 +1,7 @@
-// Plays a wave file on the sound card "default" through libasound, in a thread of its own.
+// Plays a wave file on the sound card "default" through libasound, on a separate thread.
 #pragma once
 
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/files.h"
@@ -21,11 +21,12 @@ class AlsaPlayer final : public MMWavePlayerX {
     from_ = 0;
   }
   void SetPosition(std::int64_t bytes) override { from_ = bytes; }
-  // Starts again from its place when it plays already. Besides the refusal of the card, a file
-  // that is missing or no wave of 44.1 kHz, 16 bit, stereo raises the errors of MMWave::Open.
+  // Starts again from the position set when it already plays. Raises 57 when the card refuses, and
+  // the errors of MMWave::Open for a file that is missing or that is not a wave of 44.1 kHz, 16
+  // bit, stereo.
   void Start() override;
   void Stop() override;
-  // Changes on the interface thread only, just before OnStop.
+  // Changes only on the interface thread, just before OnStop.
   bool Playing() const override { return playing_; }
   std::int64_t Position() const override;
 
@@ -41,8 +42,8 @@ class AlsaPlayer final : public MMWavePlayerX {
   std::int64_t from_ = 0;
   bool playing_ = false;
   bool stopUntold_ = false;
-  std::shared_ptr<int> token_;    // of the sound that plays; its events carry it
-  std::unique_ptr<Voice> voice_;  // what plays, or played last
+  std::shared_ptr<int> token_;    // the current sound's; its events carry it
+  std::unique_ptr<Voice> voice_;  // the sound that plays, or that played last
 };
 
 }  // namespace vantora

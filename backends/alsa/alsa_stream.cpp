@@ -1,5 +1,6 @@
 #include "backends/alsa/alsa_stream.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -10,7 +11,6 @@ namespace vantora {
 
 namespace {
 
-constexpr int kRate = 44100;
 constexpr int kPatienceMs = 20;
 constexpr auto kDrainLimit = std::chrono::seconds(2);
 
@@ -18,7 +18,7 @@ constexpr auto kDrainLimit = std::chrono::seconds(2);
 
 AlsaStream::AlsaStream(Calls calls, const OutputVolume& volume, int aheadMs)
     : calls_(std::move(calls)),
-      blockFrames_(std::int64_t{aheadMs} * kRate / 1000 / 4),
+      blockFrames_(std::int64_t{aheadMs} * kSampleRate / 1000 / 4),
       volume_(volume),
       output_(std::make_unique<AlsaOutput>(aheadMs)) {
   thread_ = std::thread([this] { Play(); });
@@ -40,9 +40,9 @@ void AlsaStream::Play() {
     }
     Drain();
   } catch (const Laufzeitfehler&) {
-    // The card went away while playing: that is the end of the sound, as its owner will be told.
+    // The card was unplugged while playing. The sound ends here, and Ended reports it to the owner.
   }
-  output_.reset();  // the card is free for others
+  output_.reset();  // frees the card for others
   if (!stop_) calls_.Ended();
 }
 
@@ -61,8 +61,9 @@ void AlsaStream::Drain() {
   if (!stop_) output_->Begin();
   const auto limit = Clock::now() + kDrainLimit;
   while (!stop_ && !output_->Empty() && Clock::now() < limit) Linger();
-  // The rest is heard after the delay that there is now; when nothing follows it stays as it is.
-  const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kRate);
+  // The rest of the sound is heard after the delay measured now. A sound server's delay no longer
+  // falls when no sound follows, so it cannot be waited for.
+  const std::chrono::milliseconds delay(output_->Ahead().value_or(0) * 1000 / kSampleRate);
   const auto last = Clock::now() + std::min<std::chrono::milliseconds>(delay, kDrainLimit);
   while (!stop_ && Clock::now() < last) Linger();
   if (!stop_) Hear(written_);
@@ -103,7 +104,8 @@ class Stream final : public SoundStream {
   std::int64_t Heard() const override { return stream_.Heard(); }
 
  private:
-  std::shared_ptr<std::function<void()>> token_;  // what is posted after the end is not told
+  // A call that is posted before the end of this object is dropped after it.
+  std::shared_ptr<std::function<void()>> token_;
   AlsaStream stream_;
 };
 

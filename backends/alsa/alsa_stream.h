@@ -1,8 +1,9 @@
-// Sound from a source on the sound card "default", through libasound and a thread of its own.
+// Plays sound from a source on the sound card "default", through libasound and on a separate
+// thread.
 #pragma once
 
 #include "backends/alsa/alsa_output.h"
-#include "backends/sound/output_volume.h"
+#include "backends/sound/mixer/output_volume.h"
 
 #include "platform/event_loop.h"
 #include "platform/sound_output.h"
@@ -17,18 +18,18 @@ namespace vantora {
 
 class AlsaStream final {
  public:
-  struct Calls {  // all from the stream's thread
+  struct Calls {  // all made from the stream's thread
     SoundOutput::Source Source;
-    std::function<void(std::int64_t frames)> Heard;  // so far, each time that it grows
-    std::function<void()> Ended;                     // at the end of the sound, not after Stop
+    std::function<void(std::int64_t frames)> Heard;  // frames so far, as it grows
+    std::function<void()> Ended;                     // at the end of the sound, but not after Stop
   };
-  // All sound goes through the program's own volume. Raises 57 when the card refuses.
+  // All sound is scaled by the program's own volume. Raises 57 when the card refuses.
   AlsaStream(Calls calls, const OutputVolume& volume, int aheadMs = kSoundAheadMs);
   ~AlsaStream() { Stop(); }
   AlsaStream(const AlsaStream&) = delete;
   AlsaStream& operator=(const AlsaStream&) = delete;
 
-  void Stop();  // silence; returns when the thread has ended
+  void Stop();  // silences the sound; returns when the thread has ended
   std::int64_t Heard() const { return heard_; }
 
  private:
@@ -40,7 +41,7 @@ class AlsaStream final {
   void Hear(std::int64_t frame);
 
   Calls calls_;
-  const std::int64_t blockFrames_;  // a quarter of what the card holds
+  const std::int64_t blockFrames_;  // a quarter of the card's buffer
   VolumeOnStream volume_;
   std::unique_ptr<AlsaOutput> output_;
   std::int64_t written_ = 0;

@@ -1,5 +1,7 @@
 #include "backends/alsa/capture_ring.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -18,7 +20,7 @@ bool CaptureRing::Append(const std::int16_t* sound, std::size_t frames, std::int
     done += some;
     if (part_.Data.Bytes < kBufferBytes) break;
     const auto behind = static_cast<std::int64_t>(frames - done);
-    part_.Ticks = lastTicks_ = std::max(lastTicks_, ticks - behind * 1000 / kRate);
+    part_.Ticks = lastTicks_ = std::max(lastTicks_, ticks - behind * 1000 / kSampleRate);
     Store();
   }
   return before == 0 && count_ > 0;
@@ -31,7 +33,7 @@ void CaptureRing::Store() {
     return;
   }
   if (count_ == ring_.size()) {
-    const std::int64_t lost = part_.LostMs + kBufferFrames * 1000 / kRate;
+    const std::int64_t lost = part_.LostMs + kBufferFrames * 1000 / kSampleRate;
     part_ = {};
     part_.LostMs = lost;
     return;

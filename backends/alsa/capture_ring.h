@@ -1,6 +1,6 @@
-// What a card has heard and nobody has taken yet: buffers in a row, filled by the thread that
-// listens and emptied by the interface's. What finds no room counts as lost, in front of the next
-// buffer that does.
+// Sound that a card has recorded and the interface thread has not taken yet. The recording thread
+// fills buffers in a ring and the interface thread empties them. Sound that finds no room counts as
+// lost, and the next buffer with room carries the lost time.
 #pragma once
 
 #include "platform/sound_input.h"
@@ -16,32 +16,31 @@ class CaptureRing {
  public:
   explicit CaptureRing(std::size_t buffers) : ring_(buffers) {}
 
-  // ---- the thread that listens ----
+  // Called from the recording thread.
 
-  // The frames that the card has heard up to `ticks`, `lostMs` after those before. True when the
-  // ring was empty and is not any more.
+  // Adds frames that the card recorded up to `ticks`; `lostMs` of sound were lost in front of them.
+  // Returns true when the ring was empty before and has a full buffer now.
   bool Append(const std::int16_t* sound, std::size_t frames, std::int64_t ticks,
               std::int64_t lostMs);
-  void End();  // nothing more will come
+  void End();  // marks the end of the recording
 
-  // ---- the interface thread ----
+  // Called from the interface thread.
 
   bool Next(CapturedSound& sound);
-  void Skip(std::int64_t ticks);  // drops what was heard up to then, also what the card still holds
-  bool Gone() const;              // ended, and all has been taken
+  void Skip(std::int64_t ticks);  // drops sound up to `ticks`, also what comes in later
+  bool Gone() const;              // ended, and all buffers have been taken
 
  private:
   static constexpr std::size_t kFrames = kBufferBytes / 4;
-  static constexpr std::int64_t kRate = 44100;
 
   void Store();
 
   mutable std::mutex guard_;
   std::vector<CapturedSound> ring_;
   std::size_t first_ = 0, count_ = 0;
-  CapturedSound part_;          // grows to a buffer
+  CapturedSound part_;          // the buffer being filled
   std::int64_t lastTicks_ = 0;  // of the buffer before
-  std::int64_t skipped_ = 0;    // ticks; nothing that was heard up to then is kept
+  std::int64_t skipped_ = 0;    // in ticks; sound recorded up to then is dropped
   bool ended_ = false;
 };
 

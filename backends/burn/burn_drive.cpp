@@ -13,10 +13,11 @@ namespace {
 
 constexpr int kProfileCdR = 0x09, kProfileCdRw = 0x0A;
 constexpr unsigned kTrackAtOnceFeature = 0x2D, kMasteringFeature = 0x2E;
-constexpr unsigned char kSessionAtOnceBit = 0x20;  // of the mastering feature's first byte
+constexpr unsigned char kSessionAtOnceBit = 0x20;  // in the first byte of the mastering feature
 constexpr auto kScanPause = std::chrono::milliseconds(5);
 
-// The first byte of what a drive says about a feature; nothing when it does not have it.
+// The first byte of a drive's description of a feature; nothing when the drive does not have the
+// feature.
 std::optional<unsigned char> Feature(burn_drive* drive, unsigned code) {
   unsigned char flags = 0, length = 0;
   unsigned char* data = nullptr;
@@ -48,7 +49,7 @@ DriveAbilities Abilities(burn_drive_info& info) {
     abilities.TrackAtOnce = tracks.has_value();
     abilities.DiscAtOnce = mastering && (*mastering & kSessionAtOnceBit) != 0;
   } else {
-    // Drives from before the list of features are asked by setting each method in turn.
+    // Drives older than the list of features are probed by setting each write method in turn.
     burn_drive_probe_cd_write_modes(&info);
     abilities.TrackAtOnce = info.tao_block_types != 0;
     abilities.DiscAtOnce = info.sao_block_types != 0;
@@ -82,7 +83,7 @@ HeldDrive::HeldDrive(const BurnLibrary& /*library*/, const std::string& device) 
 }
 
 HeldDrive::~HeldDrive() {
-  // A drive that went away has been let go by the library.
+  // The library has already released a drive that was unplugged meanwhile.
   if (drive_ != nullptr) burn_drive_release(drive_, eject_ ? 1 : 0);
   if (infos_ != nullptr) burn_drive_info_free(infos_);
 }

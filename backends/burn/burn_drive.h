@@ -1,5 +1,5 @@
-// An optical drive through libburn: what it can write, what lies in it, and the hold on it while a
-// disc is made.
+// An optical drive through libburn: its abilities, its medium, and its lock while a disc is
+// written.
 #pragma once
 
 #include "backends/burn/burn_library.h"
@@ -11,12 +11,12 @@
 
 namespace vantora {
 
-// Nothing for a drive that is not free or does not answer. It is free again afterwards, and a
-// disc in it has not been touched.
+// Returns nothing for a drive that is in use or does not answer. Afterwards the drive is free again
+// and its disc unchanged.
 std::optional<DriveAbilities> ExamineDrive(const BurnLibrary& library, const std::string& device);
 
-// A drive with its door locked, held until the end of this object. To be had of a drive that is
-// ready (see drive_wait.h).
+// A drive with its door locked, held until the end of this object. The drive must be ready (see
+// drive_wait.h).
 class HeldDrive {
  public:
   HeldDrive(const BurnLibrary& library, const std::string& device);

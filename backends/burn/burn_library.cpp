@@ -6,19 +6,20 @@ namespace vantora {
 
 namespace {
 
-// Held by the whole process, as the library is; it is started by the first who takes it.
+// The lock is held by the whole process, like the library. The first caller starts the library.
 std::unique_lock<std::mutex> Hold() {
   static std::mutex mutex;
   std::unique_lock lock(mutex);
   static const bool started = [] {
-    // The first messages come while it starts, and would go to the terminal.
+    // The library's first messages come while it starts, and would go to the terminal.
     std::array<char, 6> all{"DEBUG"}, none{"NEVER"};
     std::array<char, 1> blank{};
     const bool running = burn_initialize() != 0;
     burn_msgs_set_severities(all.data(), none.data(), blank.data());
     return running;
   }();
-  static_cast<void>(started);  // one that did not start finds no drive, which is answer enough
+  // A library that did not start reports no drives, so the result needs no check here.
+  static_cast<void>(started);
   return lock;
 }
 

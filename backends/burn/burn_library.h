@@ -1,12 +1,12 @@
-// libburn as this program uses it: there is one for the whole process, it knows one drive at a
-// time, and it belongs to whoever holds it. What it has to say it puts into a queue; nothing
-// reaches the terminal.
+// libburn as this program uses it. The library exists once in a process, keeps one drive at a time
+// here, and is locked by the object that uses it. Its messages go into a queue, never to the
+// terminal.
 #pragma once
 
 #include "platform/text.h"
 
 #include <sys/types.h>
-// The library's header needs the line above.
+// libburn.h needs the include above.
 #include <libburn/libburn.h>
 
 #include <mutex>
@@ -15,12 +15,12 @@
 
 namespace vantora {
 
-using namespace burn;  // all names in there begin with it once more
+using namespace burn;  // the functions in it begin with "burn_" once more
 
 struct LibraryMessage {
-  int Code = 0;  // the library's own, 0x0002....
+  int Code = 0;  // the library's own code, 0x0002....
   int Errno = 0;
-  int Severity = 0;  // compares with the constants below
+  int Severity = 0;  // to be compared with the constants below
   std::string Words;
 };
 
@@ -28,11 +28,11 @@ class BurnLibrary {
  public:
   static constexpr int kNote = 0x30000000, kSorry = 0x60000000, kFailure = 0x68000000;
 
-  BurnLibrary();  // waits until nobody else holds the library
+  BurnLibrary();  // waits until no other object holds the library
   BurnLibrary(const BurnLibrary&) = delete;
   BurnLibrary& operator=(const BurnLibrary&) = delete;
 
-  std::vector<LibraryMessage> Messages();  // what it said since the last call
+  std::vector<LibraryMessage> Messages();  // messages since the last call
 
  private:
   std::unique_lock<std::mutex> held_;

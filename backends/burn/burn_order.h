@@ -1,5 +1,4 @@
-// What is said about drives and discs before and while one is written; plain values, without the
-// library.
+// Plain records on drives and discs, used before and during a write, without the library.
 #pragma once
 
 #include "platform/mcd.h"
@@ -12,7 +11,7 @@
 
 namespace vantora {
 
-// A drive that the machine has, under the names by which its device registry knows it.
+// A drive of the machine, with the names that its device registry has for it.
 struct BurnDevice {
   std::string Device;  // "/dev/sr0"
   Text Vendor, Product, Revision;
@@ -21,10 +20,10 @@ struct BurnDevice {
 
 struct DriveAbilities {
   bool TrackAtOnce = false, DiscAtOnce = false;
-  std::vector<int> Speeds;  // to write with, in kB (1000 bytes) a second, ascending
+  std::vector<int> Speeds;  // for writing, in kB (1000 bytes) a second, ascending
 };
 
-using CdTexts = std::map<int, std::pair<Text, Text>>;  // title and performer; 0 is the disc
+using CdTexts = std::map<int, std::pair<Text, Text>>;  // title, performer; 0 is the disc
 
 struct DiscOrder {
   std::string Device;
@@ -35,6 +34,6 @@ struct DiscOrder {
 };
 
 using BurnEvent = std::function<void(McdEvents&)>;
-using TellEvent = std::function<void(BurnEvent)>;  // brings it to the interface thread
+using TellEvent = std::function<void(BurnEvent)>;  // posts it to the interface thread
 
 }  // namespace vantora

@@ -1,5 +1,5 @@
-// From how far libburn has come to the events that a user follows: tracks in order, none left out
-// however seldom one looks.
+// Turns libburn's progress into the events that a user sees: all tracks in order, none left out
+// however rarely the progress is read.
 #pragma once
 
 #include "backends/burn/burn_order.h"
@@ -18,10 +18,10 @@ class BurnProgress {
   BurnProgress(std::vector<Track> tracks, bool wholeDisc, TellEvent tell)
       : tracks_(std::move(tracks)), wholeDisc_(wholeDisc), tell_(std::move(tell)) {}
 
-  void LeadIn();  // once
-  // Of track `track`, from 0, so many sectors have gone to the drive.
+  void LeadIn();  // reports it once
+  // `sector` sectors of track `track` (from 0) have gone to the drive.
   void At(int track, int sector);
-  void LeadOut(bool fixating);  // all of it lies in the drive; once
+  void LeadOut(bool fixating);  // all sectors are in the drive; reports it once
 
  private:
   void Open(int track);
@@ -32,7 +32,7 @@ class BurnProgress {
   std::vector<Track> tracks_;
   bool wholeDisc_;
   TellEvent tell_;
-  int track_ = -1;  // told last
+  int track_ = -1;  // reported last
   int percent_ = -1;
   bool in_ = false, out_ = false;
 };

@@ -1,6 +1,6 @@
 #include "backends/burn/cd_text.h"
 
-#include "backends/sound/disc_text.h"
+#include "backends/sound/disc/disc_text.h"
 
 #include <algorithm>
 #include <array>
@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kTitle = 0x80, kPerformer = 0x81;
 constexpr int kLatin1 = 0, kSpanish = 0x0A, kKeep = -1;
-constexpr int kMostPacks = 255;  // their number is a byte; 12 bytes of text each
-// Longest text, tried one after the other; with the last one 99 tracks fit for certain.
+constexpr int kMostPacks = 255;  // their number is one byte; a pack holds 12 bytes of text
+// Maximum lengths of a text, tried in this order. With the last one, 99 tracks always fit.
 constexpr std::size_t kLengths[] = {160, 60, 40, 30, 24, 18, 12};
 
 const Text& Part(const CdTexts& texts, int index, int kind) {
@@ -23,7 +23,7 @@ const Text& Part(const CdTexts& texts, int index, int kind) {
   return kind == kTitle ? found->second.first : found->second.second;
 }
 
-// Every track needs a text of a kind that the disc has, a blank one if need be.
+// When the disc has a text of a kind, every track needs one of that kind as well, even if blank.
 void Attach(burn_session* session, const std::vector<burn_track*>& tracks, const CdTexts& texts,
             int kind, std::size_t most) {
   const auto bytes = [&](int index) { return DiscText(Part(texts, index, kind)).substr(0, most); };
@@ -58,8 +58,8 @@ bool AttachCdText(burn_session* session, const std::vector<burn_track*>& tracks,
   if (kinds.empty()) return false;
   burn_session_set_cdtext_par(session, codes.data(), keep.data(), languages.data(), 0);
   for (const std::size_t most : kLengths) {
-    // What is set replaces what was; the library's call that takes texts away leaves pointers to
-    // them behind.
+    // New texts replace the old ones. They are not removed first: the library's function for that
+    // leaves dangling pointers.
     for (const int kind : kinds) Attach(session, tracks, texts, kind, most);
     const int packs = burn_cdtext_from_session(session, nullptr, nullptr, 1);
     if (packs > 0 && packs <= kMostPacks) break;

@@ -1,4 +1,5 @@
-// CD-TEXT of a disc: titles and performers in Latin-1, with plain signs for typographic ones.
+// The CD-TEXT of a disc: titles and performers in Latin-1, where typographic characters become
+// plain ones.
 #pragma once
 
 #include "backends/burn/burn_library.h"
@@ -8,9 +9,9 @@
 
 namespace vantora {
 
-// Hangs the texts on the session and its tracks. A text has 160 characters at most, which is what
-// players count on, and all texts together about 3000 bytes: when they are more the long ones are
-// cut further. False when there was nothing to hang on.
+// Attaches the texts to the session and its tracks. A text has at most 160 characters, which is the
+// limit of players, and all texts together have about 3000 bytes. When they are longer, the long
+// ones are shortened further. Returns false when there is no text.
 bool AttachCdText(burn_session* session, const std::vector<burn_track*>& tracks,
                   const CdTexts& texts);
 

@@ -10,7 +10,8 @@ namespace {
 
 constexpr int kWriteFailed = 0x0002011D, kWriterEnded = 0x00020178;
 constexpr int kNoTransfer = 0x0002010C, kConnectionLost = 0x000201A6;
-// In front of words that only the log is to have: some first letters mean something there.
+// The prefix of messages that only the log shows. Without it, the first letter of some messages
+// would have a meaning to the receiver.
 constexpr const wchar_t* kLogMark = L"Grabadora: ";
 constexpr const char* kPlanCommand = "on command 5Dh";  // SEND CUE SHEET
 
@@ -41,7 +42,8 @@ const wchar_t* Meaning(int key) {
 
 }  // namespace
 
-// "SCSI error on write(1024,27): [3 0C 00] Medium error. Write error."
+// Finds sense codes in, for example, "SCSI error on write(1024,27): [3 0C 00] Medium error. Write
+// error."
 std::optional<Complaints::Sense> Complaints::SenseIn(const std::string& words) {
   for (std::size_t at = words.find('['); at != std::string::npos; at = words.find('[', at + 1)) {
     unsigned key = 0, asc = 0, ascq = 0;
@@ -64,7 +66,8 @@ void Complaints::Hear(const LibraryMessage& message) {
   const auto sense = SenseIn(message.Words);
   if (!sense) return;
   if (message.Words.find(kPlanCommand) != std::string::npos) planRefused_ = true;
-  // The write says it best; else what was said first is the cause of the rest.
+  // The sense of a failed write explains most. Otherwise the first sense is the cause of the later
+  // ones.
   const bool write = message.Code == kWriteFailed;
   if (!sense_ || (write && !whileWriting_)) {
     sense_ = sense;

@@ -1,5 +1,4 @@
-// What libburn says while a disc is made, boiled down to the one event that tells the user why it
-// failed.
+// Reduces libburn's messages during a write to the one event that explains the failure to the user.
 #pragma once
 
 #include "backends/burn/burn_library.h"
@@ -10,14 +9,14 @@
 
 namespace vantora {
 
-// Codes of MCD_Failure, whose box shows nothing but the number.
+// Codes of MCD_Failure. Its message box shows only the number.
 enum BurnFailure : int {
-  kBurnNoDrive = 810,      // the drive cannot be opened, or another program has it
-  kBurnNoBlank = 811,      // no blank CD lies in it
-  kBurnNoTest = 812,       // it cannot simulate
+  kBurnNoDrive = 810,      // the drive cannot be opened, or another program uses it
+  kBurnNoBlank = 811,      // the drive has no blank CD
+  kBurnNoTest = 812,       // the drive cannot simulate
   kBurnNoSpace = 813,      // the tracks are longer than the disc
-  kBurnNoMethod = 814,     // drive and disc do not go together with what was asked
-  kBurnUnexplained = 815,  // it failed without a word
+  kBurnNoMethod = 814,     // drive and disc do not support the method asked for
+  kBurnUnexplained = 815,  // the write failed without a reason
 };
 
 class Complaints {
@@ -26,10 +25,11 @@ class Complaints {
   void Forget() { *this = {}; }
 
   bool DriveLost() const { return lost_; }
-  bool WriterEnded() const { return ended_; }        // the library's writing thread is through
-  bool PlanRefused() const { return planRefused_; }  // of a disc to be written at once
-  // MCD_ASPIEvent for a drive that is gone, MCD_ScsiEvents for what it gave a reason for, with the
-  // three bytes of its sense and the code that they make together; else MCD_Failure with `code`.
+  bool WriterEnded() const { return ended_; }        // the library's writing thread has ended
+  bool PlanRefused() const { return planRefused_; }  // the drive refused the cue sheet
+  // MCD_ASPIEvent for a drive that is gone. MCD_ScsiEvents for a failure with a reason: it carries
+  // the three bytes of the sense and the code that they form together. Otherwise MCD_Failure with
+  // `code`.
   BurnEvent Event(int code) const;
 
  private:
@@ -45,7 +45,7 @@ class Complaints {
   Text words_;
 };
 
-BurnEvent FailureEvent(int code, const Text& text);  // into the log as well
-BurnEvent LogEvent(const LibraryMessage& message);   // the library's own words, into the log
+BurnEvent FailureEvent(int code, const Text& text);  // also writes it to the log
+BurnEvent LogEvent(const LibraryMessage& message);   // for the log, in the library's own words
 
 }  // namespace vantora

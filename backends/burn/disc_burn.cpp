@@ -15,12 +15,13 @@ namespace vantora {
 namespace {
 
 constexpr int kLeastSectors = 300;   // of a track
-constexpr int kGapSectors = 152;     // between tracks that are written one by one, run-in included
-constexpr off_t kBlockBytes = 2048;  // in which the library counts a disc's space
-// How long a drive may take its disc in; it has been seen ready a moment ago, as a rule.
+constexpr int kGapSectors = 152;     // between tracks at Track At Once, run-in included
+constexpr off_t kBlockBytes = 2048;  // the library counts a disc's space in such blocks
+// How long a drive may take to load its disc. Usually the drive has been ready a moment ago.
 constexpr auto kForReady = std::chrono::seconds(30);
 constexpr auto kLookPause = std::chrono::milliseconds(50);
-// A drive that has gone is called idle while the library's thread is still at work on it.
+// After a drive has been unplugged, the library calls it idle although its thread still works on
+// it.
 constexpr int kIdleLooks = 100;
 constexpr auto kLastTouch = std::chrono::milliseconds(20);
 
@@ -42,7 +43,7 @@ bool Writes(burn_drive_status status, const burn_progress& progress) {
 
 }  // namespace
 
-// What the library needs to know of a disc. The parts hold each other, the disc holds them all.
+// The library's objects for a disc. They refer to each other, and the disc holds all of them.
 struct DiscBurn::Parts {
   std::unique_ptr<burn_disc, With<burn_disc_free>> Disc{burn_disc_create()};
   std::unique_ptr<burn_session, With<burn_session_free>> Session{burn_session_create()};
@@ -77,10 +78,10 @@ void DiscBurn::Fail(int code, const wchar_t* text) {
 void DiscBurn::Burn() {
   Plan();
   BurnLibrary library;
-  library.Messages();  // of what was before
+  library.Messages();  // drops earlier messages
   bool done = Try(library, order_.DiscAtOnce && !order_.CdText.empty());
   if (!done && complaints_.PlanRefused() && !order_.CdText.empty() && !Stopped()) {
-    // There are drives that write whole discs, but no text in their lead-in.
+    // Some drives write Disc At Once but no CD-TEXT in the lead-in.
     complaints_.Forget();
     done = Try(library, false);
   }
@@ -89,8 +90,8 @@ void DiscBurn::Burn() {
   throw Failed{complaints_.Event(kBurnUnexplained)};
 }
 
-// From holding the drive to letting it go. True when the disc has been written well. After a write
-// that failed the library gives a drive to nobody who has not let it go.
+// Holds the drive, writes, and releases the drive. Returns true when the disc has been written
+// well. After a failed write the library does not open the drive again before it has been released.
 bool DiscBurn::Try(BurnLibrary& library, bool withText) {
   if (!Await()) return false;
   HeldDrive drive(library, order_.Device);
@@ -106,7 +107,7 @@ bool DiscBurn::Try(BurnLibrary& library, bool withText) {
   return done;
 }
 
-// False when the write was stopped meanwhile.
+// Returns false when the write was stopped meanwhile.
 bool DiscBurn::Await() {
   const DriveState state = WaitForDrive(order_.Device, kForReady, [this] { return Stopped(); });
   if (Stopped()) return false;
@@ -115,8 +116,8 @@ bool DiscBurn::Await() {
   return true;
 }
 
-// All waves are looked at before the drive is touched: a file that has gone is better found out now
-// than in the middle of the disc.
+// Checks all waves before it touches the drive: a missing file should be found now and not in the
+// middle of the disc.
 void DiscBurn::Plan() {
   std::vector<DiscPart> waves;
   for (const Text& wave : order_.Waves) waves.push_back(SoundForDisc(files_, wave));
@@ -183,7 +184,7 @@ void DiscBurn::SetOptions(Parts& parts, const HeldDrive& drive) {
   if (space > 0 && sectors > space) Fail(kBurnNoSpace, L"Las pistas no caben en el disco.");
 }
 
-// Returns when the library's writing thread has ended, however that came.
+// Returns when the library's writing thread has ended, for whatever reason.
 void DiscBurn::Watch(BurnLibrary& library, burn_drive* drive) {
   const int last = static_cast<int>(tracks_.size()) - 1;
   bool cancelled = false;
@@ -209,7 +210,8 @@ void DiscBurn::Watch(BurnLibrary& library, burn_drive* drive) {
       cancelled = true;
     }
   }
-  std::this_thread::sleep_for(kLastTouch);  // the thread's very last steps come without a word
+  // The library does not report the last steps of its thread.
+  std::this_thread::sleep_for(kLastTouch);
 }
 
 void DiscBurn::Listen(BurnLibrary& library) {
@@ -219,7 +221,7 @@ void DiscBurn::Listen(BurnLibrary& library) {
   }
 }
 
-// Lets a moment pass, or none when the write is to stop. True when it is.
+// Waits a moment, or not at all when the write is to stop. Returns true when it is to stop.
 bool DiscBurn::Pause() {
   std::unique_lock lock(mutex_);
   if (stop_) {

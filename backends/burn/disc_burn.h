@@ -1,8 +1,8 @@
-// One disc written by a drive, from holding the drive to letting it go.
+// Writes one disc in a drive, from holding the drive to releasing it.
 //
 // Track At Once leaves the gaps of two seconds to the drive. Disc At Once writes the tracks as one
-// stream, behind the two seconds that every disc begins with, and their CD-TEXT into the lead-in. A
-// track that is shorter than the four seconds that a disc allows is filled with silence to them.
+// stream behind the two seconds that begin every disc, and their CD-TEXT into the lead-in. A track
+// below four seconds, the minimum on a disc, is filled up with silence.
 #pragma once
 
 #include "backends/burn/burn_drive.h"
@@ -24,15 +24,15 @@ class DiscBurn {
  public:
   enum class State { Starting, Writing, Refused, Over };
 
-  // `words` brings what is for the log alone.
+  // `words` receives the messages for the log.
   DiscBurn(Dateien& files, DiscOrder order, TellEvent tell, TellEvent words);
 
-  // Does it all; for a thread of its own. Comes back with nothing for success, else with the event
-  // that tells the failure. The drive is free then.
+  // Writes the whole disc; meant for a separate thread. Returns nothing for success, else the event
+  // that reports the failure. The drive is free afterwards.
   BurnEvent Run() noexcept;
 
-  // From any thread. Stop brings a write to its end in a state in which the drive can be used
-  // again, which takes as long as the drive takes.
+  // From any thread. Stop ends a write so that the drive can be used again, which takes as long as
+  // the drive needs.
   void Stop();
   State WaitWhileStarting(std::chrono::milliseconds most);
   bool WaitUntilOver(std::chrono::milliseconds most);
@@ -66,7 +66,7 @@ class DiscBurn {
   std::condition_variable changed_;
   State state_ = State::Starting;
   bool stop_ = false;
-  BurnEvent failure_;  // the first reason
+  BurnEvent failure_;  // first failure
 };
 
 }  // namespace vantora

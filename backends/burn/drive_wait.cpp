@@ -22,15 +22,15 @@ constexpr unsigned kCommandMs = 5000;
 
 using Command = std::array<unsigned char, 6>;
 constexpr Command kTestUnitReady{};
-constexpr Command kCloseTray{0x1b, 1, 0, 0, 3, 0};  // answered at once, not when it is closed
+constexpr Command kCloseTray{0x1b, 1, 0, 0, 3, 0};  // returns at once, before the tray is closed
 
 constexpr int kNotReady = 2, kAttention = 6;      // sense keys
 constexpr int kInTransition = 4, kNoDisc = 0x3a;  // causes of kNotReady
-constexpr int kNeedsStart = 2, kNeedsHand = 3;    // of kInTransition: no waiting helps
-constexpr int kTrayClosed = 1;                    // of kNoDisc
+constexpr int kNeedsStart = 2, kNeedsHand = 3;    // details of kInTransition: waiting does not help
+constexpr int kTrayClosed = 1;                    // detail of kNoDisc
 
 struct Sense {
-  int Key = 0, Cause = 0, Detail = 0;  // all 0: the command was obeyed
+  int Key = 0, Cause = 0, Detail = 0;  // all 0: the command succeeded
 };
 
 class Opened {
@@ -50,7 +50,7 @@ class Opened {
   int file_;
 };
 
-// Nothing when there is no drive that could answer.
+// Sends a command. Returns nothing when there is no drive to answer.
 std::optional<Sense> Tell(int drive, Command command) {
   std::array<unsigned char, 32> sense{};
   sg_io_hdr_t order{};
@@ -66,7 +66,7 @@ std::optional<Sense> Tell(int drive, Command command) {
   return Sense{sense[2] & 0xf, sense[12], sense[13]};
 }
 
-// One drive that is looked at again and again.
+// A drive that is polled.
 class Watched {
  public:
   explicit Watched(const std::string& device) : device_(device) {}
@@ -86,7 +86,7 @@ DriveState Watched::Look() {
   const Opened drive(device_, O_RDWR);
   if (hold == DriveHold::Gone || !drive.IsOpen()) return DriveState::Gone;
   auto sense = Tell(drive(), kTestUnitReady);
-  // News of a change are told once, in place of the answer.
+  // A change of the medium is reported once, in place of the answer.
   if (sense && sense->Key == kAttention) sense = Tell(drive(), kTestUnitReady);
   if (!sense) return DriveState::Gone;
   if (sense->Key == kAttention) return DriveState::NotYet;
@@ -119,7 +119,7 @@ DriveState WaitForDrive(const std::string& device, std::chrono::milliseconds mos
                         const std::function<bool()>& unwanted) {
   Watched drive(device);
   const auto start = Clock::now();
-  auto free = start;  // when nobody held it last
+  auto free = start;  // when the drive was last seen free
   for (;;) {
     const DriveState state = drive.Look();
     if (state != DriveState::Held && state != DriveState::NotYet) return state;

@@ -1,5 +1,5 @@
-// Waiting for a drive before the library gets it. The library waits as well, but for minutes, and
-// nothing can end that.
+// Waits for a drive before the library opens it. The library itself would wait too, but for minutes
+// and without a way to cancel.
 #pragma once
 
 #include <chrono>
@@ -8,21 +8,22 @@
 
 namespace vantora {
 
-// Whether a program has the drive for itself. The library would wait many seconds to find out.
+// Whether a program uses the drive exclusively. The library would wait many seconds to find out.
 enum class DriveHold { Free, Held, Gone };
 DriveHold HoldOf(const std::string& device);
 
 enum class DriveState {
-  Ready,   // a disc lies in it, and nobody held it a moment ago
-  Empty,   // no disc, and the tray is closed or cannot be closed by the drive
-  NotYet,  // it is still taking its disc in
-  Held,    // another program has it
+  Ready,   // it has a disc, and was free a moment ago
+  Empty,   // no disc, and the tray is closed or the drive cannot close it
+  NotYet,  // it is still loading its disc
+  Held,    // another program uses it
   Gone,
 };
 
-// Closes the tray, and returns as soon as the drive is ready or will certainly not be; else after
-// `most`, or when `unwanted` says that nobody cares any more. Another program's hold is waited for
-// two seconds: the system looks into a drive for a moment after each change of the disc.
+// Closes the tray and waits for at most `most`. Returns earlier when the drive is ready, when it
+// will certainly not become ready, or when `unwanted` returns true. While another program uses the
+// drive, waits two seconds: the system itself opens a drive for a moment after each change of the
+// disc.
 DriveState WaitForDrive(const std::string& device, std::chrono::milliseconds most,
                         const std::function<bool()>& unwanted);
 

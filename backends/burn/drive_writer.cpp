@@ -3,7 +3,7 @@
 #include "backends/burn/burn_drive.h"
 #include "backends/burn/complaints.h"
 #include "backends/burn/disc_burn.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -20,19 +20,19 @@ using namespace std::chrono_literals;
 using Time = std::chrono::steady_clock;
 
 constexpr int kTypeTrackAtOnce = 1, kTypeDiscAtOnce = 10;
-constexpr int kFehlerFormat = 321;  // a file of a foreign format
+constexpr int kFehlerFormat = 321;  // a file of a wrong format
 constexpr std::size_t kMostTracks = 99;
 constexpr int kRefused = 1, kMethodRefused = -1;
 constexpr double kSingleSpeed = 176.4;  // kB a second
-// How long the interface waits for a drive.
+// How long calls on the interface thread wait for a drive.
 constexpr auto kForScan = 4000ms, kForCheck = 3000ms, kForPlan = 6000ms;
-// How long a drive may take its disc in, or be held, while a disc is looked for; less than the wait
-// for the answer, so that the next look begins anew.
+// How long a drive may take to load its disc, or be in use, while a disc is looked for. Shorter
+// than the wait for the answer (kForCheck), so that the next look starts anew.
 constexpr auto kForReady = 2500ms;
-// For so long the answer of a drive that was waited for in vain is still of use.
+// For this long the result of a look that came too late for its caller is still used.
 constexpr auto kFresh = 2000ms;
-// A turn of the interface's clock while a disc is written: without a screen that clock runs as fast
-// as it can, but a drive does not.
+// The interface's clock advances by this much per poll while a disc is written. A virtual clock
+// runs as fast as it can, but a drive does not.
 constexpr int kTurnMs = 20;
 
 template <typename Result>
@@ -54,7 +54,7 @@ int DriveWriter::Init_Prog() {
   current_ = 0;
   const std::vector<BurnDevice> devices = list_();
   if (devices.empty()) return 0;
-  // While a drive is being brought to rest, what was seen before still holds.
+  // While a drive finishes a stopped write, the earlier list stays valid.
   if (!Resting(0ms)) return 0;
   if (!scan_.valid() || Ready(scan_)) {
     const TellEvent tell = Teller();
@@ -67,9 +67,9 @@ int DriveWriter::Init_Prog() {
   return 0;
 }
 
-// A drive that was seen once stays, also while another program holds it, be it by mounting its
-// disc, and when its cable is out: it is never ready then. If it went, the next device would step
-// into its place, and the disc be made where nobody looks for it.
+// A drive that was seen once stays in the list, also while another program uses it (mounts its
+// disc, for example) and after its cable was unplugged. It is never ready then. If it left the
+// list, the next device would take its place, and the disc would be written in the wrong drive.
 std::vector<DriveWriter::Burner> DriveWriter::Scan(const std::vector<BurnDevice>& devices,
                                                    const std::vector<Burner>& known,
                                                    const TellEvent& tell,
@@ -178,8 +178,8 @@ bool DriveWriter::CheckIfBurnerOK() {
       ready = look.Blank;
       inserted = wasEmpty_ && look.State == DriveState::Ready;
       wasEmpty_ = look.State == DriveState::Empty || (wasEmpty_ && !inserted);
-      // Asked again on the spot it is the same; once the program has turned to something else the
-      // disc may be another one.
+      // The result holds until the program processes events. After that the drive may have another
+      // disc.
       Teller()([this](McdEvents&) { look_ = {}; });
     }
   }
@@ -198,7 +198,7 @@ int DriveWriter::WriteDAO() {
   if (result != 0) return result;
   if (burn_->WaitWhileStarting(kForPlan) != DiscBurn::State::Refused) return 0;
   Drop();
-  // Known at once: the next look may come while this drive is still being brought to rest.
+  // Recorded at once, since the next look may come while this drive still finishes.
   burners_[static_cast<std::size_t>(current_)].Can.DiscAtOnce = false;
   return kMethodRefused;
 }
@@ -215,7 +215,7 @@ int DriveWriter::Write(bool discAtOnce) {
   order.Speed = KilobytesASecond();
   order.Waves = tracks_;
   order.CdText = cdText_;
-  look_ = {};  // the disc will not be what it was
+  look_ = {};  // the disc is about to change
   const auto end = [this, watch = std::weak_ptr<int>(token_),
                     &loop = loop_](const BurnEvent& failure) {
     loop.Post([this, watch, failure] {
@@ -255,14 +255,14 @@ void DriveWriter::ResetBurner() {
   cdText_.clear();
 }
 
-// Nothing of the write is told any more.
+// Drops all events of the write, also its messages for the log.
 void DriveWriter::Abandon() {
   if (!burn_) return;
   words_ = std::make_shared<int>(0);
   Drop();
 }
 
-// Only its words for the log are still told.
+// Drops all events of the write except its messages for the log.
 void DriveWriter::Drop() {
   token_ = std::make_shared<int>(0);
   pace_.reset();

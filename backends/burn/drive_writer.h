@@ -1,11 +1,11 @@
 // The CD writers of the machine, through libburn.
 //
-// A drive is held only while it is examined, while a disc is looked for, and while one is written:
-// in between the reading back end and other programs have it. All of that happens in a thread of
-// this object's own; a call that asks for something waits for a bounded time, and takes no answer
-// for "not ready". A drive that another program holds is never ready, and not there at all when it
-// has not been seen free; one that was seen stays in the list, also when it is gone. Drives that
-// only read are not in it.
+// A drive is held only while it is examined, while a disc is looked for, and while a disc is
+// written. Between these, the reading back end and other programs can use it. All of this runs on a
+// separate thread. A call that asks for something waits for a bounded time and takes a missing
+// answer as "not ready". A drive that another program uses is never ready, and is not in the list
+// if it has never been seen free. A drive that was seen stays in the list, also when it is gone.
+// Drives that only read are not in the list.
 #pragma once
 
 #include "backends/burn/burn_order.h"
@@ -31,14 +31,14 @@ class DiscBurn;
 
 class DriveWriter final : public Mcd {
  public:
-  // `list` tells the optical drives that there are, whether they can write or not.
+  // `list` returns all optical drives, whether they can write or not.
   using ListCall = std::function<std::vector<BurnDevice>()>;
   DriveWriter(Dateien& files, EventLoop& loop, Background& background, ListCall list);
-  ~DriveWriter() override;  // waits until a write that was stopped has left its drive in order
+  ~DriveWriter() override;  // waits until a stopped write has released its drive
 
-  void BufferSize(int /*sectors*/) override {}  // the library has a buffer of its own
-  int Init_Prog() override;                     // 0: no drive is no failure
-  void TimeOut(int /*seconds*/) override {}     // each command of the library has its own
+  void BufferSize(int /*sectors*/) override {}  // the library has its own buffer
+  int Init_Prog() override;                     // returns 0: having no drive is no failure
+  void TimeOut(int /*seconds*/) override {}     // the library has its own for each command
   int BurnerCount() override { return static_cast<int>(burners_.size()); }
   void SelectBurner(int index) override { current_ = index; }
   int DetermineDrive() override;
@@ -46,20 +46,21 @@ class DriveWriter final : public Mcd {
   Text GetDescription(int index) override;
   bool CanDAO() override;
   void Speed(int factor) override { speed_ = factor; }
-  int Speed() override;  // of those that the current drive can, the nearest
+  int Speed() override;  // the current drive's speed that is nearest to the one set
   void TestMode(bool simulation) override { testMode_ = simulation; }
   void Eject(bool afterwards) override { eject_ = afterwards; }
   void Fixate(bool close) override { fixate_ = close; }
-  // Refuses what is no wave of 44.1 kHz, 16 bit, stereo with sound in it; and the 100th track.
+  // Refuses a file that is not a wave of 44.1 kHz, 16 bit, stereo with sound in it, and the 100th
+  // track.
   int AddTrack(const Text& file, int reserved) override;
   void CdText(int index, const Text& title, const Text& performer) override;
   bool CheckIfBurnerOK() override;
   void SetBurnMode(int /*mode*/) override {}
   int WriteTAO() override { return Write(false); }
-  // A drive may refuse the method only when it has been told the whole plan of the disc, which is
-  // waited for. The reason comes as MCD_InfoMessage, and nothing else does.
+  // Waits for the drive's answer to the cue sheet, since a drive may refuse Disc At Once only then.
+  // In that case the only event is MCD_InfoMessage with the reason.
   int WriteDAO() override;
-  // Raises MCD_UserStop and nothing after it, at once; the drive ends in its own time.
+  // Raises MCD_UserStop at once and no event after it. The drive finishes in its own time.
   void StopBurn() override;
   void ResetBurner() override;
 
@@ -80,9 +81,9 @@ class DriveWriter final : public Mcd {
                                   const std::stop_token& ending);
   static Look LookInto(const std::string& device, const std::stop_token& ending);
   const Burner* Current() const;
-  int KilobytesASecond() const;  // for the speed that was asked for
+  int KilobytesASecond() const;  // of the speed set
   int Write(bool discAtOnce);
-  bool Resting(std::chrono::milliseconds most) const;  // no write is being wound up
+  bool Resting(std::chrono::milliseconds most) const;  // no stopped write is still finishing
   void Ended(const BurnEvent& failure);
   void Abandon();
   void Drop();
@@ -98,19 +99,20 @@ class DriveWriter final : public Mcd {
   bool testMode_ = false, eject_ = false, fixate_ = true;
   std::vector<Text> tracks_;
   CdTexts cdText_;
-  // What is posted carries the token of its time: what a write still had to say when it was given
-  // up is not told. Words for the log have their own: they are told of a method refused as well.
+  // Posted events carry the token of their write. When a write is given up, its token is replaced
+  // and its later events are dropped. Messages for the log have their own token, since they are
+  // logged after a refused method too.
   std::shared_ptr<int> token_ = std::make_shared<int>(0), words_ = std::make_shared<int>(0);
 
   std::shared_future<std::vector<Burner>> scan_;
-  std::string lookedAt_;   // device
-  bool wasEmpty_ = false;  // it had no disc when it was looked at last
+  std::string lookedAt_;   // the device examined last
+  bool wasEmpty_ = false;  // the device had no disc then
   std::shared_future<Look> look_;
   std::shared_ptr<DiscBurn> burn_;
   std::unique_ptr<BackgroundJob> pace_;
   std::shared_future<void> work_;  // of the last write
   std::stop_source ending_;
-  WorkThread thread_;  // last: its work is waited for before anything else goes
+  WorkThread thread_;  // last: its work must end before any other member goes
 };
 
 }  // namespace vantora

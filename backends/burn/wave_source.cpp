@@ -1,5 +1,6 @@
 #include "backends/burn/wave_source.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -15,19 +16,19 @@ namespace {
 
 constexpr std::int64_t kBlockBytes = 1 << 20;  // 6 seconds of sound
 
-// What hangs on a source. Its files are opened by reading, so that a disc of 99 tracks does not
-// hold 99 files.
+// The data of a source. Files are opened only while they are read, so that a disc of 99 tracks does
+// not keep 99 files open.
 struct Reader {
   Reader(Dateien& files, const PlannedTrack& track, std::function<void(int, const Text&)> failed)
       : Sound(files, track.Parts),
         Failed(std::move(failed)),
-        Size(static_cast<off_t>(track.Sectors * kDiscSectorBytes)) {}
+        Size(static_cast<off_t>(track.Sectors * kSectorBytes)) {}
 
   PartReader Sound;
   std::function<void(int, const Text&)> Failed;
-  off_t Size;  // as the library has set it; only told back
+  off_t Size;  // as the library has set it; only returned to it
   std::vector<unsigned char> Block;
-  std::size_t Next = 0;  // byte of the block
+  std::size_t Next = 0;  // next byte of the block
 
   int Read(unsigned char* target, std::size_t wanted);
   bool Refill();
@@ -73,7 +74,7 @@ int ReadFrom(burn_source* source, unsigned char* buffer, int size) {
 
 SourceHandle TrackSource(Dateien& files, const PlannedTrack& track,
                          std::function<void(int number, const Text& text)> failed) {
-  // The library gives the record back to the C library.
+  // The library frees the record with free().
   auto* source = static_cast<burn_source*>(std::calloc(1, sizeof(burn_source)));
   if (source == nullptr) throw std::bad_alloc();
   source->refcount = 1;

@@ -1,8 +1,8 @@
-// A track's sound as its source for libburn: read in blocks from the writing thread.
+// The source from which libburn reads a track's sound, in blocks and from its writing thread.
 #pragma once
 
 #include "backends/burn/burn_library.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/files.h"
 
@@ -16,7 +16,7 @@ struct FreeSource {
 };
 using SourceHandle = std::unique_ptr<burn_source, FreeSource>;
 
-// `failed` is called from the writing thread when a file cannot be read to its end; the library
+// `failed` is called from the writing thread when a file cannot be read to its end. The library
 // itself would go on with silence.
 SourceHandle TrackSource(Dateien& files, const PlannedTrack& track,
                          std::function<void(int number, const Text& text)> failed);

@@ -1,6 +1,6 @@
-// A thread that does one piece of work after the other, in the order in which they were given to
-// it. It starts with the first one; the end of its owner waits for the one that has begun, and
-// drops the others.
+// A thread that does pieces of work one after the other, in the order in which they were given. It
+// starts with the first piece. The destructor waits for the piece that has begun and drops the
+// others.
 #pragma once
 
 #include <condition_variable>

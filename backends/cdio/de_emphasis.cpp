@@ -9,8 +9,8 @@ namespace vantora {
 
 namespace {
 
-// Two poles and two zeros, fitted to (1 + s·15 µs) / (1 + s·50 µs) at 44.1 kHz. The transform that
-// is usual for analogue filters would be 0.9 dB off at 20 kHz.
+// Two poles and two zeros, fitted to (1 + s·15 µs) / (1 + s·50 µs) at 44.1 kHz. The bilinear
+// transform, usual for analogue filters, would be 0.9 dB off at 20 kHz.
 constexpr double kB0 = 0.46023129464135965, kB1 = 0.14866545812905127, kB2 = -0.0522324292646345;
 constexpr double kA1 = -0.11307845740070266, kA2 = -0.3302572190935209;
 

@@ -1,5 +1,5 @@
-// Takes off the pre-emphasis of 50 and 15 µs with which some discs were made: a player finds its
-// flag on the disc and turns the treble down, a wave file has no such flag. Follows the curve
+// Removes the pre-emphasis of 50 and 15 µs with which some discs were made. A player finds a flag
+// on the disc and lowers the treble; a wave file has no such flag. The result follows the curve
 // within 0.01 dB up to 20 kHz.
 #pragma once
 
@@ -10,13 +10,13 @@ namespace vantora {
 
 class DeEmphasis {
  public:
-  // Sound of 44.1 kHz, 16 bit, stereo, little-endian, which goes on from call to call.
+  // `sound` is 44.1 kHz, 16 bit, stereo, little-endian, and continues that of the call before.
   void Apply(char* sound, std::size_t frames);
   void Reset() { channels_ = {}; }
 
  private:
   struct Channel {
-    double First = 0, Second = 0;  // what the filter remembers
+    double First = 0, Second = 0;  // state of the filter
   };
   std::array<Channel, 2> channels_;
 };

@@ -15,13 +15,13 @@ int MciSectors(const CdToc& toc, int track) {
 }
 
 int CdMilliseconds(int sectors) {
-  return static_cast<int>(std::int64_t{sectors} * 1000 / kCdSectorsPerSecond);
+  return static_cast<int>(std::int64_t{sectors} * 1000 / kSectorsPerSecond);
 }
 
 std::uint32_t PackedMsf(int sectors) {
-  const auto frames = static_cast<std::uint32_t>(sectors % kCdSectorsPerSecond);
-  const auto seconds = static_cast<std::uint32_t>(sectors / kCdSectorsPerSecond % 60);
-  const auto minutes = static_cast<std::uint32_t>(sectors / kCdSectorsPerSecond / 60);
+  const auto frames = static_cast<std::uint32_t>(sectors % kSectorsPerSecond);
+  const auto seconds = static_cast<std::uint32_t>(sectors / kSectorsPerSecond % 60);
+  const auto minutes = static_cast<std::uint32_t>(sectors / kSectorsPerSecond / 60);
   return minutes | seconds << 8U | frames << 16U;
 }
 

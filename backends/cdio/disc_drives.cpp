@@ -53,14 +53,15 @@ std::unique_ptr<Disc> DiscDrives::InTray(const Text& tray, SheetFault& fault) co
       try {
         return std::make_unique<ImageDisc>(files_, folder + name);
       } catch (const SheetFailure& failure) {
-        // Half an image, or a sheet of something else: the next one may be the disc.
+        // The image is incomplete, or the sheet belongs to something else. The next sheet may
+        // describe a disc.
         if (fault.Sheet.empty()) fault = failure.What;
       } catch (const Laufzeitfehler&) {
-        // Taken out of the tray at this moment.
+        // The file was removed from the tray at this moment.
       }
     }
   } catch (const Laufzeitfehler&) {
-    // The folder of the tray is missing: so is a disc.
+    // The folder of the tray does not exist, so there is no disc.
   }
   return nullptr;
 }

@@ -1,5 +1,5 @@
-// The drives that can hold a disc to read: optical ones, and the folder that serves as the tray of
-// the embedded one. Which there are is asked again whenever somebody wants to know.
+// The drives that can hold a disc to read: optical drives, and the folder that serves as the tray
+// of the embedded drive. The list is read again at each question.
 #pragma once
 
 #include "backends/cdio/disc.h"
@@ -18,8 +18,8 @@ namespace vantora {
 struct DiscDrive {
   wchar_t Letter = 0;
   std::string Device;  // "/dev/sr0"; blank: the embedded drive
-  Text Tray;           // of the embedded drive: the folder whose first sheet is the disc
-  Text Product;        // in upper case, as the device registry has it in its keys
+  Text Tray;           // folder of the embedded drive; its first sheet is the disc
+  Text Product;        // in upper case, as in the keys of the device registry
   int Target = 0, Lun = 0;
 };
 
@@ -30,12 +30,13 @@ class DiscDrives {
   DiscDrives(Dateien& files, ListCall list) : files_(files), list_(std::move(list)) {}
 
   std::vector<DiscDrive> All() const { return list_(); }
-  // The drive of "D:\", "d:" or "D"; the first one for a blank name.
+  // Returns the drive named "D:\", "d:" or "D"; the first drive for a blank name.
   std::optional<DiscDrive> Named(const Text& name) const;
-  // False: the system keeps the drive from this program, or somebody holds it for himself.
+  // Returns false when the system denies access to the drive, or another program uses it
+  // exclusively.
   bool MayUse(const DiscDrive& drive) const;
-  // The disc that lies in it now; nothing when there is none, or none that can be understood.
-  // `fault` then holds the first sheet that was not understood.
+  // Returns the disc that is in the drive now; nothing when there is none, or none that can be
+  // read. In the latter case `fault` describes the first sheet that could not be read.
   std::unique_ptr<Disc> Open(const DiscDrive& drive, SheetFault* fault = nullptr) const;
 
  private:

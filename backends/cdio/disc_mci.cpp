@@ -45,7 +45,7 @@ std::int32_t DiscMci::MCI_STATUS(int device, int item, int track) {
   if (track != 0 && !toc.Has(track)) return -1;
   if (item == kMciLength) return time(MciSectors(toc, track));
   if (item != kMciPosition) return -1;
-  if (format == kMciTmsf) return track == 0 ? 1 : track;  // the track's first moment
+  if (format == kMciTmsf) return track == 0 ? 1 : track;  // the start of the track
   return time(toc.Track(track == 0 ? 1 : track).Start + kCdLeadInSectors);
 }
 

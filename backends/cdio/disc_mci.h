@@ -1,4 +1,4 @@
-// What the media control interface tells of the discs in the drives.
+// The media control interface's questions about the discs in the drives.
 #pragma once
 
 #include "backends/cdio/disc_drives.h"
@@ -15,13 +15,13 @@ class DiscMci : public Mci {
  public:
   DiscMci(const DiscDrives& drives, DiscPlayer& player) : drives_(drives), player_(player) {}
 
-  // Knows "status cd position": of the disc that the player has open.
+  // Answers "status cd position" only, for the disc that the player has open.
   Text mciSendString(const Text& command) override;
   Text MediaIdentity(const Text& drive) override;
   int MCI_OPEN(const Text& drive) override;
   bool MCI_SET(int device, int timeFormat) override;
-  // Positions count from the disc's own zero, two seconds before sector 0. Lengths of the last
-  // track and of the disc are a frame short.
+  // Positions count from the disc's own zero, two seconds before sector 0. The lengths of the last
+  // track and of the disc are one frame shorter.
   std::int32_t MCI_STATUS(int device, int item, int track) override;
   void MCI_CLOSE(int device) override { devices_.erase(device); }
 

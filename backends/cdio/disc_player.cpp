@@ -10,9 +10,9 @@ namespace vantora {
 
 namespace {
 
-constexpr int kMciNoAccess = 0;  // no mode of a device that answers
+constexpr int kMciNoAccess = 0;  // below 500: the device does not answer
 
-// Sound of a disc from one sector to another. One thread at a time.
+// Sound of a disc from one sector to another. Only one thread may use it at a time.
 class DiscSound {
  public:
   DiscSound(std::shared_ptr<Disc> disc, int from, int to)
@@ -32,11 +32,12 @@ class DiscSound {
  private:
   static constexpr int kBlockSectors = 8;
 
-  // A sector that cannot be read is the end: what lies behind it takes a drive many seconds.
+  // A sector that cannot be read ends the sound: the sectors behind it would take a drive many
+  // seconds.
   bool Fetch() {
     const int count = std::min(kBlockSectors, to_ - next_);
     if (count <= 0) return false;
-    block_.resize(static_cast<std::size_t>(count) * kCdSectorFrames * 2);
+    block_.resize(static_cast<std::size_t>(count) * kSectorFrames * 2);
     if (!disc_->Read(next_, count, block_.data())) return false;
     next_ += count;
     left_ = block_.size() / 2;
@@ -46,15 +47,15 @@ class DiscSound {
   std::shared_ptr<Disc> disc_;
   int next_, to_;
   std::vector<std::int16_t> block_;
-  std::size_t left_ = 0;  // frames at the end of the block that have not been given
+  std::size_t left_ = 0;  // frames at the end of the block that have not been played
 };
 
-// Where playing from `sector` ends; `sector` itself when no sound lies there.
+// The sector at which playing from `sector` ends. It is `sector` itself when no sound is there.
 int EndOfSound(const CdToc& toc, int sector) {
   int end = sector;
   for (int track = toc.TrackAt(sector); track <= toc.Count() && toc.Track(track).Audio; ++track) {
     end = toc.Track(track).Start + toc.Track(track).Sectors;
-    if (end < toc.End(track)) break;  // the session ends here
+    if (end < toc.End(track)) break;  // a session ends here
   }
   return std::max(end, sector);
 }
@@ -107,9 +108,9 @@ void DiscPlayer::Close() {
   mode_ = kMciNotOpen;
 }
 
-// Notices a disc that was taken out or laid in.
+// Notices when a disc is taken out or inserted.
 void DiscPlayer::LookAtMedium() {
-  if (stream_) return;  // its thread has the disc; one that is gone ends the sound
+  if (stream_) return;  // the stream's thread uses the disc; a disc that is gone ends the sound
   if (disc_ && disc_->StillThere()) return;
   if (disc_ && mode_ != kMciReady) mode_ = kMciStop;
   disc_ = drives_.Open(drive_, &fault_);
@@ -149,17 +150,17 @@ void DiscPlayer::Seek() {
   int sector = 0;
   if (format_ == kMciTmsf) {
     if (!toc.Has(byte(0))) return;
-    sector = toc.Track(byte(0)).Start + (byte(1) * 60 + byte(2)) * kCdSectorsPerSecond + byte(3);
+    sector = toc.Track(byte(0)).Start + (byte(1) * 60 + byte(2)) * kSectorsPerSecond + byte(3);
   } else if (format_ == kMciMsf) {
-    sector = (byte(0) * 60 + byte(1)) * kCdSectorsPerSecond + byte(2) - kCdLeadInSectors;
+    sector = (byte(0) * 60 + byte(1)) * kSectorsPerSecond + byte(2) - kCdLeadInSectors;
   } else {
-    sector = static_cast<int>(std::int64_t{to_} * kCdSectorsPerSecond / 1000) - kCdLeadInSectors;
+    sector = static_cast<int>(std::int64_t{to_} * kSectorsPerSecond / 1000) - kCdLeadInSectors;
   }
   if (sector >= 0 && sector < toc.LeadOut) sector_ = sector;
 }
 
 int DiscPlayer::Sector() const {
-  return sector_ + (stream_ ? static_cast<int>(stream_->Heard() / kCdSectorFrames) : 0);
+  return sector_ + (stream_ ? static_cast<int>(stream_->Heard() / kSectorFrames) : 0);
 }
 
 DiscPlayer::Place DiscPlayer::Here() const {
@@ -200,8 +201,8 @@ Text DiscPlayer::PositionText() {
   const Place here = Here();
   std::array<wchar_t, 32> text{};
   std::swprintf(text.data(), text.size(), L"%02d:%02d:%02d:%02d", here.Track,
-                here.Sectors / kCdSectorsPerSecond / 60, here.Sectors / kCdSectorsPerSecond % 60,
-                here.Sectors % kCdSectorsPerSecond);
+                here.Sectors / kSectorsPerSecond / 60, here.Sectors / kSectorsPerSecond % 60,
+                here.Sectors % kSectorsPerSecond);
   return text.data();
 }
 

@@ -1,9 +1,9 @@
-// Plays a disc by reading it into the loudspeaker, under the media control's names.
+// Plays a disc by reading it digitally, under the names of the media control interface.
 //
-// Open answers 530 whenever there is such a drive, with a disc or without: `Tracks` tells. A drive
-// that may not be used, since it belongs to others or somebody else holds it, has a mode below 500.
-// Playing goes on to the end of the disc, or to the first data track; the position is that of what
-// is heard, and after a stop the beginning of its track. Play raises 57 when the sound card
+// After Open, the mode is 530 when the drive exists, with or without a disc; `Tracks` shows which.
+// The mode is below 500 when access to the drive is denied or another program uses it exclusively.
+// Playing goes on to the end of the disc or to the first data track. The position is that of the
+// sound heard now, and after a stop the beginning of its track. Play raises 57 when the sound card
 // refuses.
 #pragma once
 
@@ -22,9 +22,9 @@ class DiscPlayer final : public MMControl {
   DiscPlayer(EventLoop& loop, const DiscDrives& drives, SoundOutput& output)
       : loop_(loop), drives_(drives), output_(output) {}
 
-  // "D:\"; blank, or never set: the first drive. Counts at the next Open.
+  // "D:\"; the first drive when blank or never set. Takes effect at the next Open.
   void FileName(const Text& name) override { fileName_ = name; }
-  void DeviceType(const Text& /*type*/) override {}  // it plays discs alone
+  void DeviceType(const Text& /*type*/) override {}  // this device plays audio discs only
   void UpdateInterval(int ms) override;
   void Command(const Text& command) override;
   int Mode() override { return mode_; }
@@ -38,8 +38,8 @@ class DiscPlayer final : public MMControl {
   int Position() override;
   void To(int position) override { to_ = position; }
 
-  // "02:01:30:00": track, minutes, seconds, frames, as the command string answers; blank while no
-  // disc is open.
+  // "02:01:30:00": track, minutes, seconds, frames, in the format of the command string. Blank
+  // while no disc is open.
   Text PositionText();
 
  private:
@@ -55,7 +55,7 @@ class DiscPlayer final : public MMControl {
   void Stop();
   void Seek();
   void LookAtMedium();
-  int Sector() const;  // that is heard, or that would be played next
+  int Sector() const;  // the sector heard now, or to be played next
   Place Here() const;
   int InFormat(int track) const;
   void Tick(const std::weak_ptr<int>& interval);
@@ -67,12 +67,12 @@ class DiscPlayer final : public MMControl {
   int mode_ = kMciNotOpen;
   int track_ = 1, format_ = kMciMilliseconds, to_ = 0;
   int intervalMs_ = 0;
-  std::shared_ptr<int> interval_;  // a new one for each UpdateInterval
+  std::shared_ptr<int> interval_;  // replaced by each UpdateInterval
   DiscDrive drive_;
   std::shared_ptr<Disc> disc_;
-  SheetFault fault_;                     // at the last look at the drive
-  int sector_ = 0;                       // where it stands, or began to play
-  std::unique_ptr<SoundStream> stream_;  // behind `disc_`: its thread reads it
+  SheetFault fault_;                     // found at the last look at the drive
+  int sector_ = 0;                       // current position, or where playing began
+  std::unique_ptr<SoundStream> stream_;  // after `disc_`, since its thread reads the disc
 };
 
 }  // namespace vantora

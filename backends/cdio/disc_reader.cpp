@@ -20,7 +20,7 @@ constexpr const wchar_t* kReadError = L"ASPI Error";
 
 constexpr std::size_t kProductPlaces = 16, kTargetEnd = 22, kLunEnd = 25;
 
-// Puts a number so that it ends before the place `end`, counted from 0.
+// Writes `number` so that it ends before index `end`.
 void PutNumber(Text& line, std::size_t end, int number) {
   const Text digits = std::to_wstring(std::clamp(number, 0, 99));
   std::copy(digits.begin(), digits.end(),
@@ -64,7 +64,7 @@ void DiscReader::CloseDevice() {
 }
 
 Disc* DiscReader::Medium() {
-  // While a read runs its thread has the disc; the table of contents is what it was.
+  // While a read runs, its thread uses the disc, and the table of contents stays the same.
   if (disc_ && !read_ && !disc_->StillThere()) disc_.reset();
   if (!disc_ && selected_) {
     AwaitAbandoned();
@@ -138,13 +138,13 @@ void DiscReader::Abandon() {
   if (read_) read_->GiveUp();
   if (job_ && !job_->Stop(kAtOnceMs)) {
     abandoned_ = read_;
-    disc_.reset();  // belongs to the read alone
+    disc_.reset();  // from now on the read alone owns the disc
   }
   job_.reset();
   read_.reset();
 }
 
-// A disc that is read by somebody else cannot be opened without waiting.
+// A drive in which an abandoned read still works cannot be opened at once.
 void DiscReader::AwaitAbandoned() {
   const auto until = std::chrono::steady_clock::now() + kPatience;
   while (!abandoned_.expired() && std::chrono::steady_clock::now() < until) {

@@ -1,13 +1,13 @@
-// Reads tracks digitally: from optical drives with the paranoia reader, from the embedded drive as
-// they lie in the image. Pre-emphasis is taken off.
+// Reads tracks digitally: from optical drives with the paranoia reader, from the embedded drive
+// unchanged from the image. Pre-emphasis is removed.
 //
-// Whatever ends a read, the file's header tells what the file holds. A file that cannot be made is
-// refused with the number of the error. Everything that stops a read short, the disk that takes the
-// file included, is told as "ASPI Error", since there is no other failure after which somebody
-// tries again or gives up; its code is the number of the error.
+// However a read ends, the file's header matches the sound that the file holds. A file that cannot
+// be created is refused with the number of the error. Every failure that interrupts a read, also
+// one of the disk with the file, is reported as "ASPI Error" with the number of the error as its
+// code, since this is the only failure after which callers offer to try again.
 //
-// A drive that struggles with a scratch answers after many seconds. Nobody waits for it to end a
-// read: that ends by itself, and only who wants the disc again before waits a while.
+// A drive may need many seconds to answer at a scratch. Ending a read does not wait for that: the
+// read ends by itself, and only opening the drive again may wait a while.
 #pragma once
 
 #include "backends/cdio/disc_drives.h"
@@ -27,15 +27,15 @@ class DiscReader final : public Acd {
   DiscReader(Dateien& files, EventLoop& loop, Background& background, const DiscDrives& drives);
   ~DiscReader() override;
 
-  // How many times as fast as it is played the next track is read, for tests and demonstrations; 0
-  // for as fast as it goes.
+  // Speed of the next read as a multiple of playing speed, for tests and demonstrations; 0 for no
+  // limit.
   double Pace = 0;
 
   int Init() override { return 0; }
   int DriveCount() override { return static_cast<int>(drives_.All().size()); }
   Text DriveDescription(int device) override;
   void SelectDevice(int device) override;
-  void CloseDevice() override;  // ends a read that runs
+  void CloseDevice() override;  // ends a running read
   void ResetDevice() override { CloseDevice(); }
 
   int TrackLaengeSektoren(int track) override;
@@ -43,7 +43,7 @@ class DiscReader final : public Acd {
   bool TrackPreemphasis(int track) override;
   void ReadOffset(int frames) override { offset_ = frames; }
   int TrackLaengeMs(int track) override { return CdMilliseconds(TrackLaengeSektoren(track)); }
-  int ReadTrack(int track, const Text& file) override;  // refuses data tracks too
+  int ReadTrack(int track, const Text& file) override;  // also refuses data tracks
   void RetryRead() override;
 
  private:
@@ -61,13 +61,12 @@ class DiscReader final : public Acd {
   bool selected_ = false;
   int offset_ = 0;  // of the current device
   std::shared_ptr<Disc> disc_;
-  // What is posted carries the token of its read: what one that was given up still had to say is
-  // not told.
+  // Posted events carry the token of their read, so that events of an abandoned read are dropped.
   std::shared_ptr<int> token_ = std::make_shared<int>(0);
   bool failed_ = false;  // the read waits for RetryRead
   std::shared_ptr<TrackRead> read_;
-  std::unique_ptr<BackgroundJob> job_;  // behind `read_`: ends first
-  std::weak_ptr<TrackRead> abandoned_;  // that still sits in the drive
+  std::unique_ptr<BackgroundJob> job_;  // after `read_`, so that it ends first
+  std::weak_ptr<TrackRead> abandoned_;  // may still be waiting for the drive
 };
 
 }  // namespace vantora

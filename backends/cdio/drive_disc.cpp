@@ -16,7 +16,7 @@ constexpr int kSessionGapSectors = 11400;
 
 void SayNothing(cdio_log_level_t, const char*) {}
 
-// What the careful reader says while it reads comes without a word about who reads.
+// The paranoia reader's callback does not say which reader calls, so the result is kept per thread.
 bool& SectorLost() {
   thread_local bool lost = false;
   return lost;
@@ -33,7 +33,7 @@ std::unique_ptr<DriveDisc> DriveDisc::Open(const std::string& device) {
   auto disc = std::make_unique<DriveDisc>();
   disc->drive_.reset(cdio_open(device.c_str(), DRIVER_UNKNOWN));
   if (!disc->drive_ || !disc->ReadContents()) return nullptr;
-  cdio_get_media_changed(disc->drive_.get());  // from here on
+  cdio_get_media_changed(disc->drive_.get());  // resets the flag, so that later changes show
   return disc;
 }
 
@@ -83,8 +83,8 @@ bool DriveDisc::BeginCarefully() {
   if (words != nullptr) cdio_cddap_free_messages(words);
   if (!audio_) return false;
   cdio_cddap_verbose_set(audio_.get(), CDDA_MESSAGE_FORGETIT, CDDA_MESSAGE_FORGETIT);
-  // The byte order is the one that drives have had since they speak MMC. Left to itself the library
-  // guesses it from the sound, and wrong for sound that is much like noise.
+  // This is the byte order of all MMC drives. Otherwise the library guesses it from the sound, and
+  // guesses wrong for sound that resembles noise.
   audio_->bigendianp = 0;
   if (cdio_cddap_open(audio_.get()) != 0) {
     audio_.reset();
@@ -101,18 +101,18 @@ bool DriveDisc::ReadCarefully(int sector, int count, void* target) {
   if (next_ != sector) cdio_paranoia_seek(reader_.get(), sector, SEEK_SET);
   next_ = -1;
   auto* to = static_cast<char*>(target);
-  for (int i = 0; i < count; ++i, to += kCdSectorBytes) {
+  for (int i = 0; i < count; ++i, to += kSectorBytes) {
     SectorLost() = false;
     const std::int16_t* sound = cdio_paranoia_read_limited(reader_.get(), &Listen, kRetries);
     if (sound == nullptr || SectorLost()) return false;
-    std::memcpy(to, sound, kCdSectorBytes);
+    std::memcpy(to, sound, kSectorBytes);
   }
   next_ = sector + count;
   return true;
 }
 
 Text DiscLibraryVersion() {
-  const std::string version = cdio_version_string;  // with the machine's kind behind a blank
+  const std::string version = cdio_version_string;  // followed by a blank and the kind of machine
   const std::string number = version.substr(0, version.find(' '));
   return {number.begin(), number.end()};
 }

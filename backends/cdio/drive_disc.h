@@ -1,5 +1,4 @@
-// A disc in an optical drive, read through libcdio; what is to come out exactly goes through its
-// paranoia reader.
+// A disc in an optical drive, read through libcdio. Exact reading uses its paranoia reader.
 #pragma once
 
 #include "backends/cdio/disc.h"
@@ -15,12 +14,12 @@
 
 namespace vantora {
 
-Text DiscLibraryVersion();  // of libcdio, "2.1.0"
+Text DiscLibraryVersion();  // version of libcdio, "2.1.0"
 
 class DriveDisc final : public Disc {
  public:
-  // Nothing when there is no disc with tracks in the drive, or no drive. The library takes a sheet
-  // for a drive as well, which stands in for one where there is none.
+  // Returns nothing when there is no drive, or no disc with tracks in it. The library also accepts
+  // the path of a sheet as a device, which replaces the drive on machines without one.
   static std::unique_ptr<DriveDisc> Open(const std::string& device);
 
   bool StillThere() override;
@@ -37,10 +36,10 @@ class DriveDisc final : public Disc {
   bool ReadContents();
   bool BeginCarefully();
 
-  std::unique_ptr<CdIo_t, Destroy> drive_;  // the others rest on it, and go first
+  std::unique_ptr<CdIo_t, Destroy> drive_;  // first: the other members use it and go before it
   std::unique_ptr<cdrom_drive_t, Destroy> audio_;
   std::unique_ptr<cdrom_paranoia_t, Destroy> reader_;
-  int next_ = -1;  // sector that the careful reader gives next
+  int next_ = -1;  // sector that the paranoia reader returns next
 };
 
 }  // namespace vantora

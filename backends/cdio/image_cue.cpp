@@ -1,5 +1,5 @@
-// The notation CUE, as the programs that write it have it and not as its manual does: words in
-// small letters, names without quotes or with one too many, files whose kind is left out.
+// The CUE format as programs write it in practice, beyond its manual: words in small letters, names
+// without quotes or with one too many, files without a type.
 
 #include "backends/cdio/image_layout.h"
 #include "backends/cdio/sheet_text.h"
@@ -22,12 +22,12 @@ struct CueFile {
 };
 
 struct CueEntry {
-  int Line = 0;          // of the sheet
-  std::size_t File = 0;  // of the files of the sheet: where its sound begins
-  int SectorBytes = kCdSectorBytes;
+  int Line = 0;          // line of the sheet
+  std::size_t File = 0;  // index of the file in which the track's sound begins
+  int SectorBytes = kSectorBytes;
   bool Audio = true, Preemphasis = false;
   std::optional<int> Index0, Index1;  // sectors from the start of the file
-  int Pregap = 0, Postgap = 0;        // sectors of silence that no file holds
+  int Pregap = 0, Postgap = 0;        // sectors of silence that are in no file
 };
 
 std::string Trimmed(const std::string& text) {
@@ -52,7 +52,8 @@ bool IsKind(const std::string& word) {
   return std::find(kKinds.begin(), kKinds.end(), word) != kKinds.end();
 }
 
-// The rest of a line FILE. A name may hold quotes of its own, and blanks even without quotes.
+// Splits the rest of a FILE line. A name may contain quotes, and blanks even without quotes around
+// it.
 NameAndKind NameAndKindOf(const std::string& rest) {
   if (rest.starts_with('"')) {
     const std::size_t end = rest.rfind('"');
@@ -66,8 +67,8 @@ NameAndKind NameAndKindOf(const std::string& rest) {
 }
 
 int SectorBytesOf(const std::string& mode) {
-  if (mode == "AUDIO") return kCdSectorBytes;
-  if (mode == "CDG") return kCdSectorBytes + kCdSubchannelBytes;
+  if (mode == "AUDIO") return kSectorBytes;
+  if (mode == "CDG") return kSectorBytes + kCdSubchannelBytes;
   const std::size_t slash = mode.find('/');
   const std::string bytes = slash == std::string::npos ? "" : mode.substr(slash + 1);
   for (const int possible : {2048, 2324, 2336, 2352, 2448}) {
@@ -103,7 +104,7 @@ class CueReader {
   }
 
   ImageLayout Layout() {
-    // What a writer puts in front of the first track by itself is told by some sheets all the same.
+    // Some sheets also list the two seconds that every writer puts in front of the first track.
     if (!tracks_.empty()) {
       tracks_.front().Pregap = std::max(tracks_.front().Pregap - kCdLeadInSectors, 0);
     }
@@ -153,7 +154,7 @@ class CueReader {
     CueEntry& track = tracks_.back();
     const std::size_t file = sheetFiles_.size() - 1;
     const bool first = number == "01" || number == "1";
-    // A gap at the end of the file before is no part of the file in which the track begins.
+    // A gap at the end of the file before is not part of the file in which the track begins.
     if (first && file != track.File) track.Index0.reset();
     if (number == "00" || number == "0") track.Index0 = sector;
     if (first) {
@@ -164,15 +165,15 @@ class CueReader {
 
   static int First(const CueEntry& track) { return track.Index0.value_or(*track.Index1); }
 
-  // Sectors of the file behind those that have been laid down. Less than a sector at the end of an
-  // image is none; a wave may end within its last.
+  // Sectors of the file that have not been placed yet. At the end of an image, a part of a sector
+  // is ignored; a wave may end within its last sector.
   int InRest(const CueEntry& track, const CueFile& file) const {
     const std::int64_t left = file.Place.Bytes - offset_ + (file.Wave ? track.SectorBytes - 1 : 0);
     return static_cast<int>(std::clamp<std::int64_t>(left / track.SectorBytes, 0, 1 << 20));
   }
 
-  // Lays down what the track's file holds from its first index to the next track's, and everything
-  // in front of the first track of a file with it.
+  // Places the track's sound on the disc, from its first index to that of the next track. The first
+  // track of a file includes the sound in front of it.
   void Place(std::size_t number) {
     const CueEntry& track = tracks_[number];
     if (!track.Index1) SheetMakesNoSense();
@@ -206,9 +207,9 @@ class CueReader {
   void AddPiece(const CueEntry& track, const CueFile& file, int sectors) {
     if (!track.Audio) return;
     ImagePiece piece;
-    piece.Start = std::int64_t{sector_} * kCdSectorBytes;
-    piece.Bytes = std::int64_t{sectors} * kCdSectorBytes;
-    if (file.Wave) {  // silence to the end of the sector
+    piece.Start = std::int64_t{sector_} * kSectorBytes;
+    piece.Bytes = std::int64_t{sectors} * kSectorBytes;
+    if (file.Wave) {  // fills the sector with silence
       const std::int64_t left = std::max<std::int64_t>(file.Place.Bytes - offset_, 0);
       piece.Bytes = std::min(piece.Bytes, left);
     }
@@ -225,9 +226,9 @@ class CueReader {
   std::vector<CueFile> sheetFiles_;
   std::vector<CueEntry> tracks_;
   ImageLayout layout_;
-  int sector_ = 0;           // of the disc
-  int inFile_ = 0;           // sectors of the file that have been laid down
-  std::int64_t offset_ = 0;  // the same in bytes
+  int sector_ = 0;           // next sector of the disc
+  int inFile_ = 0;           // sectors of the file already placed
+  std::int64_t offset_ = 0;  // bytes of the file already placed
 };
 
 }  // namespace

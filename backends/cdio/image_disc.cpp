@@ -29,11 +29,12 @@ bool ImageDisc::StillThere() {
 bool ImageDisc::Read(int sector, int count, void* target) {
   if (sector < 0 || count < 0 || sector + count > toc_.LeadOut) return false;
   try {
-    Fill(std::int64_t{sector} * kCdSectorBytes, static_cast<char*>(target),
-         static_cast<std::size_t>(count) * kCdSectorBytes);
+    Fill(std::int64_t{sector} * kSectorBytes, static_cast<char*>(target),
+         static_cast<std::size_t>(count) * kSectorBytes);
     return true;
   } catch (const Laufzeitfehler&) {
-    return false;  // cut off, or on a disk that fails: what a drive calls a sector it cannot read
+    // The file is too short or its disk fails. A drive would report an unreadable sector.
+    return false;
   }
 }
 
@@ -54,11 +55,11 @@ void ImageDisc::Fill(std::int64_t from, char* target, std::size_t bytes) {
     }
     const std::int64_t at = from - piece->Start;
     std::int64_t part = std::min(to, piece->Start + piece->Bytes) - from;
-    if (piece->SectorBytes != kCdSectorBytes) {
-      part = std::min<std::int64_t>(part, kCdSectorBytes - at % kCdSectorBytes);
+    if (piece->SectorBytes != kSectorBytes) {
+      part = std::min<std::int64_t>(part, kSectorBytes - at % kSectorBytes);
     }
     Datei& file = *open_.at(piece->File);
-    file.Seek(piece->Offset + at / kCdSectorBytes * piece->SectorBytes + at % kCdSectorBytes);
+    file.Seek(piece->Offset + at / kSectorBytes * piece->SectorBytes + at % kSectorBytes);
     file.Read(target, static_cast<std::size_t>(part));
     if (piece->BigEndian) {
       for (std::int64_t i = 0; i + 1 < part; i += 2) std::swap(target[i], target[i + 1]);

@@ -1,4 +1,4 @@
-// A disc that is an image: a sheet and the files that it names.
+// A disc image: a sheet and the files that it names.
 #pragma once
 
 #include "backends/cdio/image_layout.h"
@@ -10,7 +10,7 @@ namespace vantora {
 
 class ImageDisc final : public Disc {
  public:
-  ImageDisc(Dateien& files, Text sheet);  // raises what ReadSheet raises
+  ImageDisc(Dateien& files, Text sheet);  // raises the errors of ReadSheet
 
   bool StillThere() override;
   bool Read(int sector, int count, void* target) override;

@@ -1,7 +1,9 @@
 #include "backends/cdio/image_layout.h"
 
 #include "backends/cdio/sheet_text.h"
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 
@@ -63,12 +65,13 @@ Text FileOfSheet(Dateien& files, const Text& sheet, const Text& name) {
   std::replace(path.begin(), path.end(), L'/', L'\\');
   const Text plain = path.substr(path.rfind(L'\\') + 1);
   if (plain.empty()) SheetMakesNoSense();
-  // Not a path of the machine on which the sheet was written, nor one that leads out of the folder.
+  // Refuses absolute paths of the machine on which the sheet was written, and paths that lead out
+  // of the folder.
   const bool below = path[0] != L'\\' && path.find(L':') == Text::npos &&
                      (L'\\' + path).find(L"\\..\\") == Text::npos;
   if (below && Exists(files, folder + path)) return folder + path;
   if (Exists(files, folder + plain)) return folder + plain;
-  // A pair that was given another name together.
+  // The sheet and its file may have been renamed together.
   const std::size_t dot = plain.rfind(L'.');
   Text renamed =
       sheet.substr(0, sheet.rfind(L'.')) + (dot == Text::npos ? Text() : plain.substr(dot));
@@ -79,7 +82,8 @@ Text FileOfSheet(Dateien& files, const Text& sheet, const Text& name) {
 SoundPlace PlaceOfWave(Dateien& files, const Text& file) {
   const auto wave = files.Open(file, Zugriff::Lesen);
   const WaveLayout layout = ReadWaveLayout(*wave);
-  if (layout.SampleRate != 44100 || layout.BitsPerSample != 16 || layout.Channels != 2) {
+  if (layout.SampleRate != kSampleRate || layout.BitsPerSample != kSampleBits ||
+      layout.Channels != kChannels) {
     SheetMakesNoSense();
   }
   return {layout.DataOffset, layout.DataBytes};

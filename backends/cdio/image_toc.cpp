@@ -1,4 +1,4 @@
-// The notation TOC of cdrdao. Sound in files without a header is big-endian in it.
+// The TOC format of cdrdao. It defines sound in files without a header as big-endian.
 
 #include "backends/cdio/image_layout.h"
 #include "backends/cdio/sheet_text.h"
@@ -11,8 +11,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
-constexpr std::int64_t kMostBytes = std::int64_t{kMostDiscSectors} * kCdSectorBytes;
+constexpr std::int64_t kMostBytes = std::int64_t{kMostDiscSectors} * kSectorBytes;
 
 struct Word {
   std::string Text;
@@ -48,7 +47,7 @@ class Splitter {
     return place < text_.size() && text_[place] >= '0' && text_[place] <= '7';
   }
 
-  // "\" stands before a quote or itself, or before the three digits of a letter.
+  // Within quotes, "\" escapes a quote or itself, or begins three octal digits of a character.
   void Quoted() {
     Word word{{}, line_, true};
     for (++at_; at_ < text_.size() && text_[at_] != '"'; ++at_) {
@@ -85,7 +84,7 @@ class TocReader {
 
  private:
   static int Sectors(std::int64_t bytes) {
-    return static_cast<int>((bytes + kCdSectorBytes - 1) / kCdSectorBytes);
+    return static_cast<int>((bytes + kSectorBytes - 1) / kSectorBytes);
   }
 
   void Statement(const Word& word) {
@@ -100,7 +99,7 @@ class TocReader {
     if (what == "NO") Take();
     if (what == "PRE_EMPHASIS") preemphasis_ = audio_;
     if (what == "SILENCE" || what == "ZERO") {
-      while (NextIsWord() && !NextIsLength()) Take();  // the mode of the sectors
+      while (NextIsWord() && !NextIsLength()) Take();  // skips the mode of the sectors
       Advance(Length(Take()));
     }
     if (what == "PREGAP") {
@@ -144,15 +143,15 @@ class TocReader {
     return std::stoll(text);
   }
 
-  // Bytes of sound: a time, or a number of frames (of bytes in a data track).
+  // Bytes of sound: the word is a time or a number of frames (of bytes in a data track).
   std::int64_t Length(const Word& word) const {
     if (word.Text.find(':') != std::string::npos) {
       const int sectors = SheetTime(word.Text);
       if (sectors < 0) SheetMakesNoSense();
-      return std::int64_t{sectors} * kCdSectorBytes;
+      return std::int64_t{sectors} * kSectorBytes;
     }
     const std::int64_t value = Number(word.Text);
-    return audio_ ? value * kFrameBytes : value / blockBytes_ * kCdSectorBytes;
+    return audio_ ? value * kFrameBytes : value / blockBytes_ * kSectorBytes;
   }
 
   void BeginTrack() {
@@ -162,7 +161,7 @@ class TocReader {
     audio_ = mode == "AUDIO";
     blockBytes_ = mode == "MODE1" || mode == "MODE2_FORM1" ? 2048
                   : mode == "MODE2_FORM2"                  ? 2324
-                  : audio_ || mode.ends_with("_RAW")       ? kCdSectorBytes
+                  : audio_ || mode.ends_with("_RAW")       ? kSectorBytes
                                                            : 2336;
     if (NextIs("RW") || NextIs("RW_RAW")) blockBytes_ += kCdSubchannelBytes;
     inTrack_ = true;
@@ -170,10 +169,10 @@ class TocReader {
     begin_ = start_ = position_;
   }
 
-  // A track ends with its sector.
+  // A track ends at a sector's end.
   void EndTrack() {
     if (!inTrack_) return;
-    position_ = std::int64_t{Sectors(position_)} * kCdSectorBytes;
+    position_ = std::int64_t{Sectors(position_)} * kSectorBytes;
     const int start = Sectors(start_);
     if (start >= Sectors(position_) || layout_.Toc.Tracks.size() == kMostDiscTracks) {
       where_.Line = trackLine_;
@@ -209,7 +208,7 @@ class TocReader {
     Lay(piece);
   }
 
-  // Whole blocks of a file, which in a track of sound are sound too.
+  // Whole blocks of a file. In an audio track they count as sound.
   void AddData() {
     const Text file = TakeFile();
     const std::int64_t length = files_.FileLen(file);
@@ -222,7 +221,7 @@ class TocReader {
     if (NextIsLength()) {
       piece.Bytes = Length(Take());
     } else {
-      piece.Bytes = std::max<std::int64_t>(length - piece.Offset, 0) / blockBytes_ * kCdSectorBytes;
+      piece.Bytes = std::max<std::int64_t>(length - piece.Offset, 0) / blockBytes_ * kSectorBytes;
     }
     Lay(piece);
   }
@@ -241,9 +240,9 @@ class TocReader {
   ImageLayout layout_;
   bool inTrack_ = false, audio_ = true, preemphasis_ = false;
   int trackLine_ = 0;
-  int blockBytes_ = kCdSectorBytes;     // of a sector in a file of the track
+  int blockBytes_ = kSectorBytes;       // bytes of a sector in the file of the track
   std::int64_t position_ = 0;           // bytes from sector 0
-  std::int64_t begin_ = 0, start_ = 0;  // of the track: where it is laid down, where it begins
+  std::int64_t begin_ = 0, start_ = 0;  // of the track: the first byte placed; where index 1 is
 };
 
 }  // namespace

@@ -2,8 +2,9 @@
 
 #include "backends/cdio/disc.h"
 
+#include "platform/windows1252.h"
+
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstdio>
 
@@ -11,13 +12,7 @@ namespace vantora {
 
 namespace {
 
-// Windows-1252 from 0x80 to 0x9F; what it lacks there stays the control character that it was.
-constexpr std::array<wchar_t, 32> kLetters1252{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-// The wide characters of UTF-8; blank for what is none.
+// Decodes UTF-8; returns a blank text for bytes that are not UTF-8.
 Text FromUtf8(const std::string& bytes) {
   Text text;
   for (std::size_t at = 0; at < bytes.size();) {
@@ -58,7 +53,7 @@ void AppendUtf8(std::string& text, std::uint32_t letter) {
 
 std::string FromUtf16(const std::string& bytes, bool bigEndian) {
   std::string text;
-  std::uint32_t high = 0;  // first half of a pair
+  std::uint32_t high = 0;  // first half of a surrogate pair
   for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
     const std::uint32_t first = static_cast<unsigned char>(bytes[at]);
     const std::uint32_t second = static_cast<unsigned char>(bytes[at + 1]);
@@ -80,7 +75,7 @@ std::string FromUtf16(const std::string& bytes, bool bigEndian) {
 
 std::string SheetText(const std::string& bytes) {
   std::string text = bytes;
-  // A sheet begins with a mark, or with a letter of ASCII.
+  // A UTF-16 sheet begins with a byte order mark or with an ASCII character.
   const bool little = bytes.starts_with("\xFF\xFE") || (bytes.size() > 1 && bytes[1] == '\0');
   const bool big = bytes.starts_with("\xFE\xFF") || (bytes.size() > 1 && bytes[0] == '\0');
   if (little || big) text = FromUtf16(bytes, !little);
@@ -97,11 +92,7 @@ std::string SheetText(const std::string& bytes) {
 Text SheetName(const std::string& name) {
   Text text = FromUtf8(name);
   if (!text.empty() || name.empty()) return text;
-  for (const char letter : name) {
-    const auto byte = static_cast<unsigned char>(letter);
-    const bool special = byte >= 0x80 && byte < 0xA0;
-    text += special ? kLetters1252[byte - 0x80U] : static_cast<wchar_t>(byte);
-  }
+  for (const char byte : name) text += Letter1252(static_cast<unsigned char>(byte));
   return text;
 }
 
@@ -110,10 +101,10 @@ int SheetTime(const std::string& text) {
   const int found = std::sscanf(text.c_str(), "%3d:%2d:%2d%n", &minutes, &seconds, &frames, &end);
   const bool whole = found == 3 && static_cast<std::size_t>(end) == text.size();
   if (!whole || minutes < 0 || seconds < 0 || seconds > 59 || frames < 0 ||
-      frames >= kCdSectorsPerSecond) {
+      frames >= kSectorsPerSecond) {
     return -1;
   }
-  return (minutes * 60 + seconds) * kCdSectorsPerSecond + frames;
+  return (minutes * 60 + seconds) * kSectorsPerSecond + frames;
 }
 
 std::string InCapitals(std::string text) {

@@ -1,5 +1,5 @@
-// What sheets of disc images are written in. They say nothing of their letters: UTF-8 and UTF-16
-// are recognised by their form, all else is Windows-1252. Lines end in any way.
+// The text encodings of sheets of disc images. Sheets do not name their encoding: UTF-8 and UTF-16
+// are recognised by their form, everything else is Windows-1252. Any line end is accepted.
 #pragma once
 
 #include "platform/text.h"
@@ -8,17 +8,17 @@
 
 namespace vantora {
 
-// The text of a sheet without marks of its letters, lines ended by "\n". UTF-16 becomes UTF-8;
-// other letters stay as they are.
+// The text of a sheet without a byte order mark and with lines ended by "\n". UTF-16 becomes UTF-8;
+// other encodings stay as they are.
 std::string SheetText(const std::string& bytes);
 
-// A name that stands in a sheet.
+// Decodes a name from a sheet.
 Text SheetName(const std::string& name);
 
-// "mm:ss:ff" in sectors, nothing else before or behind; -1 for what is no time.
+// Parses "mm:ss:ff" into sectors. Returns -1 when the text is not exactly a time.
 int SheetTime(const std::string& text);
 
-// Key words count in small letters too.
+// Key words also count in small letters.
 std::string InCapitals(std::string text);
 
 }  // namespace vantora

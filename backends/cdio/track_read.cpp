@@ -1,6 +1,6 @@
 #include "backends/cdio/track_read.h"
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kBlockSectors = 64;  // written at once
+constexpr int kBlockSectors = 64;  // sectors written in one step
 constexpr auto kSliceTime = std::chrono::milliseconds(25);
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
 constexpr int kThousandths = 1000;
@@ -27,7 +27,7 @@ TrackRead::TrackRead(Dateien& files, TrackSound sound, const Text& file, double 
       sectors_(sound_.Sectors()),
       pace_(pace),
       calls_(std::move(calls)),
-      buffer_(std::size_t{kBlockSectors} * kCdSectorBytes) {
+      buffer_(std::size_t{kBlockSectors} * kSectorBytes) {
   file_ = files.Open(file, Zugriff::Neu);
   WriteWaveHeader(*file_, 0);
 }
@@ -40,7 +40,8 @@ void TrackRead::GiveUp() {
 int TrackRead::Slice() noexcept {
   int code = kFehlerEinAusgabe;
   try {
-    // A slow drive takes seconds for what a careful read begins with.
+    // A careful read begins with steps that take a slow drive seconds, so the position is reported
+    // first.
     if (done_ == 0) TellPosition(true);
     if (Move()) return Delay();
     Header();
@@ -65,32 +66,32 @@ void TrackRead::Ended(int code) {
 bool TrackRead::Move() {
   const auto until = Time::now() + kSliceTime;
   int budget = pace_ > 0
-                   ? std::max(static_cast<int>(pace_ * kCdSectorsPerSecond * kPacedMs / 1000), 1)
+                   ? std::max(static_cast<int>(pace_ * kSectorsPerSecond * kPacedMs / 1000), 1)
                    : sectors_;
   while (budget > 0 && Time::now() < until && !givenUp_) {
     if (done_ == sectors_) return false;
     const int wanted = std::min({kBlockSectors, sectors_ - done_, budget});
     bool failed = false;
     const int count = ReadBlock(wanted, until, failed);
-    // Where it belongs, even when a write before has gone wrong half way.
-    file_->Seek(kWaveHeaderBytes + std::int64_t{done_} * kCdSectorBytes);
-    file_->Write(buffer_.data(), static_cast<std::size_t>(count) * kCdSectorBytes);
+    // Seeks explicitly, since an earlier write may have failed half way.
+    file_->Seek(kWaveHeaderBytes + std::int64_t{done_} * kSectorBytes);
+    file_->Write(buffer_.data(), static_cast<std::size_t>(count) * kSectorBytes);
     done_ += count;
     budget -= count;
     if (failed) throw SectorFailed{};
-    if (pace_ > 0) nominalMs_ += count * 1000.0 / (kCdSectorsPerSecond * pace_);
+    if (pace_ > 0) nominalMs_ += count * 1000.0 / (kSectorsPerSecond * pace_);
     TellPosition(false);
   }
   return true;
 }
 
-// Reads into the buffer: what comes before a sector that fails, and before the time is over, though
-// never nothing.
+// Reads into the buffer, up to a sector that fails or until the time is over, but at least one
+// sector.
 int TrackRead::ReadBlock(int wanted, Time::time_point until, bool& failed) {
   int read = 0;
   while (read < wanted && (read == 0 || Time::now() < until) && !givenUp_) {
     const int sector = done_ + read;
-    char* target = buffer_.data() + std::ptrdiff_t{read} * kCdSectorBytes;
+    char* target = buffer_.data() + std::ptrdiff_t{read} * kSectorBytes;
     int count = std::min(sound_.CarefulSectors(), wanted - read);
     if (!sound_.Read(sector, count, target)) {
       failed = count == 1 || givenUp_ || !sound_.Read(sector, 1, target);
@@ -122,16 +123,16 @@ int TrackRead::Delay() {
 }
 
 void TrackRead::Header() {
-  WriteWaveHeader(*file_, std::int64_t{done_} * kCdSectorBytes);
+  WriteWaveHeader(*file_, std::int64_t{done_} * kSectorBytes);
 }
 
 void TrackRead::Close() noexcept {
   if (!file_) return;
   try {
-    file_->Truncate(kWaveHeaderBytes + std::int64_t{done_} * kCdSectorBytes);
+    file_->Truncate(kWaveHeaderBytes + std::int64_t{done_} * kSectorBytes);
     Header();
   } catch (const std::exception&) {
-    // The disk takes nothing more; whoever opens the file cuts its size to what it holds.
+    // The disk refuses further writes. Readers of the file use only the size that it really has.
   }
   file_.reset();
 }

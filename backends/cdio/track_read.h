@@ -1,6 +1,7 @@
-// One track on its way into a wave file, in slices of a thread. It belongs to the slices until one
-// has returned a negative number, then to the interface thread. One that is given up needs nobody:
-// its last slice may still sit in a drive that struggles, and closes the file when it returns.
+// Copies one track into a wave file, in slices on a background thread. The object belongs to that
+// thread until a slice has returned a negative number, and to the interface thread afterwards. An
+// abandoned read needs no owner: its last slice may still wait for a drive, and closes the file
+// when it returns.
 #pragma once
 
 #include "backends/cdio/track_sound.h"
@@ -20,31 +21,32 @@ class TrackRead {
  public:
   using Event = std::function<void(AcdEvents&)>;
   struct Calls {
-    std::function<void(const Event&)> Tell;  // from the thread of the slices
-    std::function<void(int code)> Ended;     // 0: complete; else it stands where it failed
+    std::function<void(const Event&)> Tell;  // from the background thread
+    std::function<void(int code)> Ended;     // 0: complete; else the error that stopped it
   };
-  // Makes the file, or raises. `pace` times as fast as the disc is played; 0 for as fast as it
-  // goes.
+  // Creates the file; raises when that fails. `pace` is the speed as a multiple of playing speed; 0
+  // for no limit.
   TrackRead(Dateien& files, TrackSound sound, const Text& file, double pace, Calls calls);
   ~TrackRead() { Close(); }
   TrackRead(const TrackRead&) = delete;
   TrackRead& operator=(const TrackRead&) = delete;
 
-  // For a background; goes on where it failed when it is started again.
+  // One step for a background job. When started again after a failure, it goes on at the same
+  // place.
   int Slice() noexcept;
 
-  // From the interface thread: reads no further sector, and calls nobody from now on.
+  // From the interface thread: no further sector is read, and no callback is called from now on.
   void GiveUp();
 
  private:
   using Time = std::chrono::steady_clock;
 
-  bool Move();  // false: all has been moved
+  bool Move();  // false: the sound is complete
   int ReadBlock(int wanted, Time::time_point until, bool& failed);
   void TellPosition(bool always);
   int Delay();
-  void Header();          // true to what the file holds
-  void Close() noexcept;  // header and file agree afterwards, as far as the disk allows
+  void Header();          // updates the header to the sound in the file
+  void Close() noexcept;  // makes header and file agree, as far as the disk allows
 
   TrackSound sound_;
   int sectors_;
@@ -52,7 +54,7 @@ class TrackRead {
   void Ended(int code);
 
   const Calls calls_;
-  std::mutex calling_;  // held while somebody is called
+  std::mutex calling_;  // held while a callback runs
   std::atomic<bool> givenUp_ = false;
   std::unique_ptr<Datei> file_;
   std::vector<char> buffer_;

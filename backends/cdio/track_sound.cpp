@@ -8,9 +8,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kFrameBytes = 4;
 constexpr int kNowhere = -0x7fffffff;
-constexpr std::size_t kSectorBytes = kCdSectorBytes;
 
 int EndOf(const CdTrack& track) {
   return track.Start + track.Sectors;
@@ -23,9 +21,9 @@ TrackSound::TrackSound(std::shared_ptr<Disc> disc, int track, int offset)
   const CdToc& toc = disc_->Toc();
   sectors_ = toc.Track(track).Sectors;
   emphasis_ = toc.Track(track).Preemphasis;
-  int whole = offset / kCdSectorFrames, rest = offset % kCdSectorFrames;
+  int whole = offset / kSectorFrames, rest = offset % kSectorFrames;
   if (rest < 0) {
-    rest += kCdSectorFrames;
+    rest += kSectorFrames;
     --whole;
   }
   first_ = toc.Track(track).Start + whole;
@@ -44,15 +42,15 @@ TrackSound::TrackSound(std::shared_ptr<Disc> disc, int track, int offset)
 
 bool TrackSound::Read(int sector, int count, char* target) {
   if (emphasis_ && sector != next_) {
-    // What came before is still heard where the filter begins.
+    // The sector before is filtered first, so that the filter has the right state.
     std::vector<char> before(kSectorBytes);
     deEmphasis_.Reset();
-    if (Moved(sector - 1, 1, before.data())) deEmphasis_.Apply(before.data(), kCdSectorFrames);
+    if (Moved(sector - 1, 1, before.data())) deEmphasis_.Apply(before.data(), kSectorFrames);
     next_ = sector;
   }
   if (!Moved(sector, count, target)) return false;
   if (emphasis_) {
-    deEmphasis_.Apply(target, static_cast<std::size_t>(count) * kCdSectorFrames);
+    deEmphasis_.Apply(target, static_cast<std::size_t>(count) * kSectorFrames);
     next_ = sector + count;
   }
   return true;

@@ -1,6 +1,8 @@
 #include "backends/discimage/cue_sheet.h"
 
-#include "backends/sound/disc_text.h"
+#include "backends/sound/disc/disc_text.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <array>

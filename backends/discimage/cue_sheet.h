@@ -1,4 +1,4 @@
-// The sheet beside an image: what lies where in it, in the notation that disc tools agree on.
+// Formats the sheet beside an image, in the CUE format: it says where each track lies in the image.
 #pragma once
 
 #include "platform/text.h"
@@ -10,22 +10,20 @@
 
 namespace vantora {
 
-constexpr std::int64_t kSectorsPerSecond = 75;
-
 struct CueTrack {
-  std::optional<std::int64_t> gap;  // sector where its gap begins (INDEX 00)
-  std::int64_t start = 0;           // sector of its first sound (INDEX 01)
-  Text title, performer;            // blank: not in the sheet
+  std::optional<std::int64_t> gap;  // first sector of its gap (INDEX 00)
+  std::int64_t start = 0;           // first sector of its sound (INDEX 01)
+  Text title, performer;            // blank: left out of the sheet
 };
 
 struct CueSheet {
-  Text image;  // name of the file beside the sheet
+  Text image;  // name of the image file beside the sheet
   Text title, performer;
   std::vector<CueTrack> tracks;
 };
 
-// Text is that of a disc (see DiscText); double quotes, which the notation cannot hold, become
-// single ones. Lines end in CR LF.
+// Texts are converted as for a disc (see DiscText). Double quotes become single ones, since CUE has
+// no escape for them. Lines end in CR LF.
 std::string FormatCueSheet(const CueSheet& sheet);
 
 // "01:02:74": minutes, seconds and sectors.

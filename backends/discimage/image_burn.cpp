@@ -1,5 +1,6 @@
 #include "backends/discimage/image_burn.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -15,11 +16,10 @@ namespace {
 using Time = std::chrono::steady_clock;
 
 constexpr std::int64_t kGapSectors = 150;                 // 2 seconds
-constexpr std::int64_t kMostSectors = 100 * 60 * 75 - 1;  // what "mm:ss:ff" can tell
-constexpr std::int64_t kBlockBytes = 1 << 17;  // read and written at once; stays in the cache
+constexpr std::int64_t kMostSectors = 100 * 60 * 75 - 1;  // the highest time "mm:ss:ff" can hold
+constexpr std::int64_t kBlockBytes = 1 << 17;  // read and written at once; fits the cache
 constexpr std::int64_t kSliceBytes = 32 * kBlockBytes;
-constexpr auto kSliceTime = std::chrono::milliseconds(25);  // whatever comes first
-constexpr double kSingleSpeed = 176400;                     // bytes a second
+constexpr auto kSliceTime = std::chrono::milliseconds(25);  // limit of a slice, besides kSliceBytes
 constexpr double kTellMs = 50;
 constexpr std::wstring_view kTempEnding = L".tmp";
 
@@ -45,7 +45,7 @@ bool Exists(const Dateien& dateien, const Text& path) {
   return std::filesystem::exists(dateien.SystemPath(path), error);
 }
 
-// "Disco 007.bin.tmp", and no name that a person gave.
+// True for a name such as "Disco 007.bin.tmp", false for a name that a user chose.
 bool IsOfABurn(const Text& temporary) {
   const std::size_t word = std::char_traits<wchar_t>::length(L"Disco ");
   const std::size_t end = temporary.find_first_not_of(L"0123456789", word);
@@ -106,8 +106,8 @@ void ImageBurn::Begin() {
   tell_([](McdEvents& events) { Call(events.MCD_WriteLeadIn, 0); });
 }
 
-// All waves are looked at before the first is written: the sheet needs their sizes, and a file that
-// has gone is better found out now than in the middle of the disc.
+// Checks all waves before the first is written: the sheet needs their sizes, and a missing file
+// should be found now and not in the middle of the disc.
 void ImageBurn::Plan() {
   const auto text = [this](int index) {
     const auto found = order_.cdText.find(index);
@@ -125,7 +125,7 @@ void ImageBurn::Plan() {
     std::tie(entry.title, entry.performer) = text(static_cast<int>(sheet_.tracks.size()) + 1);
     if (track.Gap > 0) {
       entry.gap = track.Start - track.Gap;
-      track.Parts.insert(track.Parts.begin(), {{}, 0, track.Gap * kDiscSectorBytes});
+      track.Parts.insert(track.Parts.begin(), {{}, 0, track.Gap * kSectorBytes});
     }
     sheet_.tracks.push_back(entry);
   }
@@ -133,11 +133,11 @@ void ImageBurn::Plan() {
   if (sectors > kMostSectors) {
     throw Laufzeitfehler(kFehlerPlattenVoll, L"Las pistas no caben en un disco.");
   }
-  total_ = sectors * kDiscSectorBytes;
+  total_ = sectors * kSectorBytes;
   tracks_ = std::move(tracks);
 }
 
-// Moves up to `budget` bytes; false when the last track has been written.
+// Writes up to `budget` bytes. Returns false when the last track has been written.
 bool ImageBurn::Move(std::int64_t budget) {
   const auto until = Time::now() + kSliceTime;
   while (budget > 0 && Time::now() < until) {
@@ -154,7 +154,7 @@ bool ImageBurn::Move(std::int64_t budget) {
     done_ += most;
     budget -= most;
     nominalMs_ += order_.faults.Pace > 0
-                      ? static_cast<double>(most) * 1000 / (order_.faults.Pace * kSingleSpeed)
+                      ? static_cast<double>(most) * 1000 / (order_.faults.Pace * kBytesPerSecond)
                       : 0;
     TellPercent(false);
     if (sound_->Left() == 0) EndTrack();
@@ -195,10 +195,10 @@ void ImageBurn::End() {
 
 void ImageBurn::TellPercent(bool always) {
   const PlannedTrack& track = tracks_[track_];
-  const std::int64_t gap = track.Gap * kDiscSectorBytes;
-  const std::int64_t now = order_.dao ? done_ * 100 / total_
-                                      : std::max<std::int64_t>(inTrack_ - gap, 0) * 100 /
-                                            (track.Sectors * kDiscSectorBytes);
+  const std::int64_t gap = track.Gap * kSectorBytes;
+  const std::int64_t now =
+      order_.dao ? done_ * 100 / total_
+                 : std::max<std::int64_t>(inTrack_ - gap, 0) * 100 / (track.Sectors * kSectorBytes);
   if (now == percent_) return;
   const double passed =
       order_.faults.Pace > 0
@@ -213,8 +213,9 @@ void ImageBurn::TellPercent(bool always) {
 
 std::int64_t ImageBurn::Budget() const {
   if (order_.faults.Pace <= 0) return kSliceBytes;
-  const auto bytes = static_cast<std::int64_t>(order_.faults.Pace * kSingleSpeed * kTellMs / 1000);
-  return std::clamp(bytes / kDiscSectorBytes * kDiscSectorBytes, kDiscSectorBytes, kSliceBytes);
+  const auto bytes =
+      static_cast<std::int64_t>(order_.faults.Pace * kBytesPerSecond * kTellMs / 1000);
+  return std::clamp<std::int64_t>(bytes / kSectorBytes * kSectorBytes, kSectorBytes, kSliceBytes);
 }
 
 int ImageBurn::Delay() {
@@ -229,7 +230,7 @@ void ImageBurn::Keep() {
   try {
     Rename(dateien_, BinTemp(), image);
     try {
-      // The sheet comes last: it is what makes the pair a disc.
+      // The sheet is renamed last, since only the sheet makes the pair a disc.
       Rename(dateien_, CueTemp(), Sheet());
     } catch (const Laufzeitfehler&) {
       dateien_.Kill(image);
@@ -250,7 +251,7 @@ void ImageBurn::Discard() noexcept {
     try {
       dateien_.Kill(file);
     } catch (const std::exception&) {
-      // It has not been made yet, or lies where nothing can be removed any more.
+      // The file has not been created yet, or its folder no longer allows removals.
     }
   }
   made_ = false;
@@ -262,7 +263,7 @@ void ImageBurn::ClearUp(Dateien& dateien, const Text& folder) {
     const Text path = inFolder + file, name = path.substr(0, path.size() - kTempEnding.size());
     if (!IsOfABurn(file)) continue;
     try {
-      // The image takes its name before the sheet does.
+      // Keep renames the image before the sheet. The program was killed between the two.
       if (name.ends_with(L".cue") && !Exists(dateien, name) &&
           Exists(dateien, name.substr(0, name.size() - 4) + L".bin")) {
         Rename(dateien, path, name);
@@ -270,7 +271,7 @@ void ImageBurn::ClearUp(Dateien& dateien, const Text& folder) {
         dateien.Kill(path);
       }
     } catch (const Laufzeitfehler&) {
-      // It stays where it is, and is in nobody's way: a burn opens its files anew.
+      // The file stays and does no harm: a burn overwrites such files.
     }
   }
 }

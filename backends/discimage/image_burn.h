@@ -1,10 +1,10 @@
-// One burn of the embedded writer: lays the waves into an image, slice by slice. The files carry a
-// temporary name until Keep gives them their own.
+// One burn of the embedded writer: copies the waves into an image, slice by slice. The files have
+// temporary names until Keep renames them.
 #pragma once
 
 #include "backends/discimage/cue_sheet.h"
 #include "backends/discimage/writer_faults.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/files.h"
 #include "platform/mcd.h"
@@ -23,34 +23,34 @@ struct BurnOrder {
   bool dao = false, simulation = false, fixate = true;
   std::vector<Text> waves;
   std::map<int, std::pair<Text, Text>> cdText;  // title and performer; 0 is the disc
-  Text name;                                    // of the files, with path and without extension
+  Text name;                                    // of the files, with path, without extension
   WriterFaults faults;
 };
 
 class ImageBurn {
  public:
-  // Both are called in the slices. `Tell` brings an event to the interface thread; `Ended` says
-  // that the last event has been told: with nothing to tell for success, with the failure's event
-  // otherwise.
+  // Both are called from the slices. `Tell` posts an event to the interface thread. `Ended` follows
+  // the last event; its argument is empty for success, and the event of the failure otherwise.
   using Event = std::function<void(McdEvents&)>;
   using Tell = std::function<void(Event)>;
   using Ended = std::function<void(Event)>;
 
   ImageBurn(Dateien& dateien, BurnOrder order, Tell tell, Ended ended);
 
-  int Slice() noexcept;  // for Background
+  int Slice() noexcept;  // a step of a Background job
 
-  // Both for the interface thread, when no slice runs any more.
-  void Keep();              // of a burn that succeeded; what fails raises and leaves no file
-  void Discard() noexcept;  // no file stays
+  // Both are for the interface thread, after the last slice.
+  void Keep();              // after success; raises, and leaves no file, when it fails
+  void Discard() noexcept;  // deletes both files
 
   Text Sheet() const { return order_.name + L".cue"; }
   bool Simulation() const { return order_.simulation; }
 
   static Event FailureEvent(int code, const Text& text);
 
-  // Removes the temporary files that a killed program left in `folder`, while no burn runs there.
-  // An image that lacked only the name of its sheet is a whole disc, and gets it.
+  // Removes the temporary files that a killed program left in `folder`. No burn may be running
+  // there. When only the sheet still has its temporary name, the disc is complete, and the sheet is
+  // renamed instead.
   static void ClearUp(Dateien& dateien, const Text& folder);
 
  private:
@@ -75,15 +75,15 @@ class ImageBurn {
   std::vector<PlannedTrack> tracks_;
   CueSheet sheet_;
   std::unique_ptr<Datei> image_;
-  std::unique_ptr<PartReader> sound_;  // of the track that is being written
+  std::unique_ptr<PartReader> sound_;  // of the track being written
   std::vector<char> buffer_;
-  std::size_t track_ = 0;                            // which is being written, from 0
-  std::int64_t inTrack_ = 0;                         // bytes of it that lie in the image
+  std::size_t track_ = 0;                            // being written, from 0
+  std::int64_t inTrack_ = 0;                         // bytes of it that are in the image
   std::int64_t done_ = 0, total_ = 0, failAt_ = -1;  // bytes of the image
-  int percent_ = -1;                                 // told last
+  int percent_ = -1;                                 // reported last
   std::chrono::steady_clock::time_point toldAt_;
   double nominalMs_ = 0, toldMs_ = 0, passedMs_ = 0;  // at the pace ordered
-  bool made_ = false;                                 // temporary files may be there
+  bool made_ = false;                                 // temporary files may exist
 };
 
 }  // namespace vantora

@@ -1,7 +1,7 @@
 #include "backends/discimage/image_writer.h"
 
 #include "backends/discimage/image_burn.h"
-#include "backends/sound/disc_plan.h"
+#include "backends/sound/disc/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -14,10 +14,10 @@ namespace vantora {
 namespace {
 
 constexpr int kTypeDiscAtOnce = 10;
-constexpr int kFehlerFormat = 321;  // a file of a foreign format
+constexpr int kFehlerFormat = 321;  // a file of a wrong format
 constexpr std::size_t kMostTracks = 99;
 constexpr int kRefused = 1;
-constexpr long kMaxNumber = 1'000'000;  // higher ones are not the writer's own
+constexpr long kMaxNumber = 1'000'000;  // higher numbers are not from this writer
 
 }  // namespace
 
@@ -79,7 +79,7 @@ bool ImageWriter::CheckIfBurnerOK() {
     try {
       dateien_.MkDir(kFolder);
     } catch (const Laufzeitfehler&) {
-      ready = false;  // nowhere to write: what a drive calls no disc
+      ready = false;  // the folder cannot be written to, which is reported as a missing disc
     }
   }
   Post([this, ready] {
@@ -127,7 +127,7 @@ int ImageWriter::Write(bool dao) {
   return 0;
 }
 
-// The number behind the highest that is there, so that a disc's name is never used again while a
+// One more than the highest number in the folder. A number is therefore not used again while a
 // later disc exists.
 Text ImageWriter::NextName() {
   int highest = 0;

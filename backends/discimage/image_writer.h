@@ -1,15 +1,15 @@
-// The embedded CD writer: a blank disc is always in it, and what it burns is a pair of files,
+// The embedded CD writer. It always contains a blank disc, and a burned disc is a pair of files,
 // `Disco 001.bin` and `Disco 001.cue`, in the folder `C:\Vantora\Discos`.
 //
-// The image holds the samples of the waves as they lie in their data chunks (16 bit, little-endian,
-// left first), laid into sectors as disc_plan.h says. Track At Once stores the 2 seconds of gap in
-// front of every track but the first (INDEX 00 and INDEX 01); Disc At Once puts the tracks' CD-TEXT
-// into the sheet. The first track starts at 00:00:00 of the image: the pause in the lead-in is not
+// The image holds the samples of the waves unchanged (16 bit, little-endian, left channel first),
+// placed in sectors as disc_plan.h describes. Track At Once stores the gap of 2 seconds in front of
+// every track but the first (INDEX 00 and INDEX 01). Disc At Once writes the tracks' CD-TEXT into
+// the sheet. The first track starts at 00:00:00 of the image: the pause in the lead-in is not
 // stored.
 //
-// The files grow under a temporary name and take their own at the end, on the interface thread, so
-// that a write that failed, was stopped or was a simulation leaves nothing. The files of a program
-// that was killed are cleared up by the next write.
+// The files have temporary names while they grow and are renamed at the end, on the interface
+// thread. A write that failed, was stopped or was a simulation leaves no file. The next write
+// removes the files of a program that was killed.
 #pragma once
 
 #include "backends/discimage/writer_faults.h"
@@ -34,7 +34,7 @@ class ImageWriter final : public Mcd {
   ImageWriter(Dateien& dateien, EventLoop& loop, Background& background);
   ~ImageWriter() override;
 
-  WriterFaults Faults;  // a write takes them over when it starts
+  WriterFaults Faults;  // a write copies them when it starts
   static constexpr const wchar_t* kFolder = L"C:\\Vantora\\Discos";
 
   void BufferSize(int sectors) override { bufferSize_ = sectors; }
@@ -46,24 +46,24 @@ class ImageWriter final : public Mcd {
   void SetDriveType(int type) override { driveType_ = type; }
   Text GetDescription(int index) override;
   bool CanDAO() override;
-  void Speed(int factor) override;  // becomes 1, 2, 4, 6 or 8, the next below
+  void Speed(int factor) override;  // rounded down to 1, 2, 4, 6 or 8
   int Speed() override { return speed_; }
   void TestMode(bool simulation) override { testMode_ = simulation; }
   void Eject(bool afterwards) override { eject_ = afterwards; }
   void Fixate(bool close) override { fixate_ = close; }
-  // Refused: what cannot be read, is no wave of 44.1 kHz, 16 bit, stereo, or holds no sound; and
-  // the 100th track.
+  // Refuses a file that cannot be read, is not a wave of 44.1 kHz, 16 bit, stereo, or holds no
+  // sound, and the 100th track.
   int AddTrack(const Text& file, int reserved) override;
   void CdText(int index, const Text& title, const Text& performer) override;
   bool CheckIfBurnerOK() override;
   void SetBurnMode(int mode) override { burnMode_ = mode; }
   int WriteTAO() override;
   int WriteDAO() override;
-  // Raises MCD_UserStop and nothing after it; no effect when nothing is being written.
+  // Raises MCD_UserStop and no event after it. Without effect when nothing is being written.
   void StopBurn() override;
   void ResetBurner() override;
 
-  Text LastImage() const { return lastImage_; }  // path of the sheet last finished; blank for none
+  Text LastImage() const { return lastImage_; }  // path of the last finished sheet; blank for none
 
  private:
   bool Selected() const { return current_ >= 0 && current_ < devices_; }
@@ -81,13 +81,13 @@ class ImageWriter final : public Mcd {
   int speed_ = 1;
   bool testMode_ = false, eject_ = false, fixate_ = true;
   std::vector<Text> tracks_;
-  std::map<int, std::pair<Text, Text>> cdText_;  // title and performer; 0 is the disc
+  std::map<int, std::pair<Text, Text>> cdText_;  // title and performer by track; 0 is the disc
   Text lastImage_;
-  // What is posted carries the token of its time: what a write still had to say when it was given
-  // up is not told.
+  // Posted events carry the token of their write. When a write is given up, its token is replaced
+  // and its later events are dropped.
   std::shared_ptr<int> token_ = std::make_shared<int>(0);
   std::shared_ptr<ImageBurn> burn_;
-  std::unique_ptr<BackgroundJob> job_;  // behind `burn_`: ends first
+  std::unique_ptr<BackgroundJob> job_;  // after `burn_`, so that it ends first
 };
 
 }  // namespace vantora

@@ -2,13 +2,14 @@
 #pragma once
 
 #include "platform/display.h"
+#include "platform/twips.h"
 
 namespace vantora {
 
 class HeadlessDisplay final : public Display {
  public:
   int PixelWidth = 1024, PixelHeight = 768;
-  double TwipsPerPixel = 15;  // 12 with large fonts
+  double TwipsPerPixel = kTwipsPerPixel;  // 12 with large fonts
   int Bits = 24;
   Text SystemCursor;  // file of the busy pointer; blank for the standard one
 

@@ -6,6 +6,7 @@
 
 #include "platform/fader_knob.h"
 #include "platform/slider_scale.h"
+#include "platform/twips.h"
 
 #include <algorithm>
 
@@ -33,10 +34,8 @@ Area SeenOf(const Control& control) {
   return seen;
 }
 
-constexpr int kPixelTwips = 15;  // a mouse stands on a pixel
-
 int OnPixel(int twips) {
-  return twips - twips % kPixelTwips;
+  return twips - twips % kTwipsPerPixel;
 }
 
 // What the press and the release at two places, in thousandths, make of a slider's value. Where the
@@ -44,8 +43,8 @@ int OnPixel(int twips) {
 std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
   std::vector<int> values;
   if (dynamic_cast<const FaderKnob*>(&slider) != nullptr) {
-    const int track = slider.Height / kPixelTwips;
-    const KnobTravel travel{track, FaderKnob::kKnobHeight / kPixelTwips, slider.Max, slider.Min};
+    const int track = slider.Height / kTwipsPerPixel;
+    const KnobTravel travel{track, FaderKnob::kKnobHeight / kTwipsPerPixel, slider.Max, slider.Min};
     const int start = track * from / 1000, grip = travel.GripOf(slider.Value, start);
     if (!travel.On(slider.Value, start)) values.push_back(travel.ValueAt(start - grip));
     if (to != from) values.push_back(travel.ValueAt(track * to / 1000 - grip));

@@ -1,5 +1,6 @@
 #include "backends/headless/headless_input.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -9,11 +10,10 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kRate = 44100;
 constexpr std::int64_t kFrames = kBufferBytes / 4;  // of a buffer
 
 std::int64_t FramesIn(std::int64_t ms) {
-  return ms * kRate / 1000;
+  return ms * kSampleRate / 1000;
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ struct HeadlessInput::Ear {
   bool Wanted = true;
 
   std::int64_t TicksAt(std::int64_t frame) const {
-    return Start + (frame * 1000 + kRate - 1) / kRate;
+    return Start + (frame * 1000 + kSampleRate - 1) / kSampleRate;
   }
   std::int64_t Due() const { return TicksAt(Frame + kFrames); }
   bool Gone() const { return !Present || Fleeting; }
@@ -85,7 +85,7 @@ class Capture final : public SoundCapture {
 
 // Who does not take what waits is asked again a buffer later.
 void Schedule(const std::shared_ptr<HeadlessInput::Ear>& ear) {
-  constexpr std::int64_t kBufferMs = kFrames * 1000 / kRate;
+  constexpr std::int64_t kBufferMs = kFrames * 1000 / kSampleRate;
   const std::int64_t ms = ear->Due() - ear->Time.Ticks();
   ear->Loop.PostAfter(static_cast<int>(ms > 0 ? ms : kBufferMs), [ear] {
     if (!ear->Wanted) return;
@@ -109,7 +109,8 @@ std::unique_ptr<SoundCapture> HeadlessInput::Listen(std::function<void()> ready)
 void HeadlessInput::Play(const Text& file) {
   const std::shared_ptr<MMWave> wave = newWaveFile_();
   wave->Open(file);
-  if (wave->SampleRate() != kRate || wave->BitsPerSample() != 16 || wave->StereoMode() != 1) {
+  if (wave->SampleRate() != kSampleRate || wave->BitsPerSample() != kSampleBits ||
+      wave->StereoMode() != 1) {
     throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no tiene la calidad de un CD.");
   }
   sounds_->push_back({wave, clock_.Ticks()});

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "backends/headless/headless_player.h"
-#include "backends/sound/mixer_lines.h"
+#include "backends/sound/mixer/mixer_lines.h"
 
 #include <deque>
 

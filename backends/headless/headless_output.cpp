@@ -1,5 +1,7 @@
 #include "backends/headless/headless_output.h"
 
+#include "platform/cd_sound.h"
+
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -9,7 +11,6 @@ namespace vantora {
 namespace {
 
 constexpr int kTickMs = 50;
-constexpr std::int64_t kRate = 44100;
 
 struct Voice {
   EventLoop& Loop;
@@ -22,12 +23,12 @@ struct Voice {
   bool AtEnd = false;      // it has no more
   bool Wanted = true;
 
-  std::int64_t Due() const { return (Time.Ticks() - StartTicks) * kRate / 1000; }
+  std::int64_t Due() const { return (Time.Ticks() - StartTicks) * kSampleRate / 1000; }
 };
 
 // Takes what will be heard until the next tick.
 void Fetch(Voice& voice) {
-  const std::int64_t wanted = voice.Due() + kTickMs * kRate / 1000 - voice.Given;
+  const std::int64_t wanted = voice.Due() + kTickMs * kSampleRate / 1000 - voice.Given;
   if (voice.AtEnd || wanted <= 0) return;
   std::vector<std::int16_t> sound(static_cast<std::size_t>(wanted) * 2);
   const auto given =
@@ -49,7 +50,7 @@ void Tick(const std::shared_ptr<Voice>& voice) {
     if (voice->Ended) std::exchange(voice->Ended, nullptr)();
     return;
   }
-  const std::int64_t restMs = (rest * 1000 + kRate - 1) / kRate;
+  const std::int64_t restMs = (rest * 1000 + kSampleRate - 1) / kSampleRate;
   const std::int64_t ms = voice->AtEnd ? std::min<std::int64_t>(restMs, kTickMs) : kTickMs;
   voice->Loop.PostAfter(static_cast<int>(ms), [voice] { Tick(voice); });
 }

@@ -18,7 +18,7 @@ class Descriptor final {
 
   int operator()() const { return fd_; }
   bool IsOpen() const { return fd_ >= 0; }
-  // False when the system tells a failed write only now, as network folders do.
+  // Returns false when close() reports an earlier failed write, as network folders do.
   bool Close() { return fd_ < 0 || ::close(std::exchange(fd_, -1)) == 0; }
 
  private:

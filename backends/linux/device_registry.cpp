@@ -12,15 +12,15 @@ namespace {
 
 constexpr const wchar_t* kBranch = L"enum\\scsi";
 
-// Without a backslash at either end, in lower case.
+// The key without a backslash at either end, in lower case.
 Text Plain(const Text& key) {
   const auto first = key.find_first_not_of(L'\\');
   if (first == Text::npos) return {};
   return LowerCase(key.substr(first, key.find_last_not_of(L'\\') - first + 1));
 }
 
-// A name that can be one step of a key. The maker is not in it: drives are looked for by their
-// product alone, and all that share it stand below one key.
+// Makes a product name usable as one level of a key. The maker is left out: drives are looked up by
+// product alone, and all drives of one product are below one key.
 Text KeyName(const Text& product) {
   Text name = UpperCase(L"CDROM " + product);
   std::replace(name.begin(), name.end(), L'\\', L'_');
@@ -52,7 +52,7 @@ std::vector<Text> DeviceRegistry::SubKeys(const Text& key) {
   std::vector<Text> names;
   for (const Device& device : Devices()) {
     if (wanted == kBranch) {
-      // Two drives of one kind are two keys below one.
+      // Two drives of one product have two keys below the product's.
       if (std::find(names.begin(), names.end(), device.Key) == names.end()) {
         names.push_back(device.Key);
       }
@@ -60,8 +60,8 @@ std::vector<Text> DeviceRegistry::SubKeys(const Text& key) {
       names.push_back(device.Instance);
     }
   }
-  // Who looks for "DVD-RW" takes the first key that holds it, which must not be that of "DVD-RW
-  // DL".
+  // A caller that looks for "DVD-RW" takes the first key that contains it. That must not be the key
+  // of "DVD-RW DL", so the shortest key comes first.
   if (wanted == kBranch) {
     std::stable_sort(names.begin(), names.end(),
                      [](const Text& a, const Text& b) { return a.size() < b.size(); });
@@ -77,7 +77,7 @@ Text DeviceRegistry::Value(const Text& key, const Text& name) {
     if (value == L"scsitargetid") return device.Target;
     if (value == L"scsilun") return L"0";
     if (value == L"currentdriveletterassignment") return device.Letter;
-    // Discs that are laid in make no noise of their own here.
+    // On this system, inserting a disc does not start anything.
     if (value == L"autoinsertnotification") return L"0";
   }
   return {};

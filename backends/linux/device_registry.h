@@ -1,5 +1,5 @@
-// The branch `ENUM\SCSI` of the device registry, made up from the drives that are there: a key for
-// each product, named after it in upper case, the shortest first, and below it a key for each
+// The branch `ENUM\SCSI` of the device registry, built from the drives of the machine. It has a key
+// for each product, named after it in upper case, the shortest first, and below it a key for each
 // drive. The embedded drive is the product "VANTORA IMAGE" with target 7.
 #pragma once
 

@@ -36,7 +36,7 @@ bool Exists(const fs::path& path) {
   return ::lstat(path.c_str(), &info) == 0;
 }
 
-// Names behind a root; "." and ".." are resolved and lead out of no root.
+// Appends names to a path. "." and ".." are resolved and cannot lead above the root.
 void AppendNames(std::string& path, std::size_t root, std::wstring_view names) {
   while (!names.empty()) {
     std::size_t end = 0;
@@ -52,7 +52,7 @@ void AppendNames(std::string& path, std::size_t root, std::wstring_view names) {
   }
 }
 
-// True when `names` begins with `start`, which is in lower case and has ASCII letters alone.
+// True when `names` begins with `start`, ignoring case. `start` must be lower case and ASCII.
 bool StartsWithNames(std::string_view names, std::string_view start) {
   if (names.size() < start.size()) return false;
   const bool same = std::equal(start.begin(), start.end(), names.begin(), [](char a, char b) {
@@ -61,8 +61,8 @@ bool StartsWithNames(std::string_view names, std::string_view start) {
   return same && (names.size() == start.size() || names[start.size()] == '/');
 }
 
-// The name in `folder` that differs from `name` in case alone; of several the first in byte order,
-// so that the choice does not depend on the order of the disk.
+// The name in `folder` that differs from `name` in case only. If there are several, the first in
+// byte order, so that the choice does not depend on the order in which the disk lists them.
 std::string SameButCase(const fs::path& folder, const std::string& name) {
   const Text wanted = LowerCase(FromUtf8(name));
   std::string found;
@@ -93,7 +93,7 @@ fs::path Resolve(const std::string& whole, std::size_t root) {
   return path;
 }
 
-// Number of components of `root` when `path` lies in it or is it.
+// The number of components of `root` when `path` is `root` or lies in it, else 0.
 std::size_t DepthInside(const fs::path& path, const fs::path& root) {
   if (root.empty()) return 0;
   const auto both = std::mismatch(root.begin(), root.end(), path.begin(), path.end());
@@ -115,7 +115,7 @@ DriveTable::DriveTable(LinuxPlaces places) : places_(std::move(places)) {
 
   entries_.push_back({L'C', kDriveFixed, places_.Home, {}, {}});
   for (const OpticalDrive& drive : places_.Optical) {
-    if (imageLetter_ == kWholeSystem - 1) break;  // the image drive needs the last one
+    if (imageLetter_ == kWholeSystem - 1) break;  // reserved for the image drive
     entries_.push_back({imageLetter_++, kDriveCdRom, {}, drive.Device, {}});
   }
   entries_.push_back({imageLetter_, kDriveCdRom, places_.Home / "Vantora/Bandeja", {}, {}});
@@ -129,7 +129,7 @@ void DriveTable::LookAtMounts() const {
   std::lock_guard lock(mutex_);
   for (DriveEntry& entry : entries_) {
     if (entry.Device.empty()) continue;
-    entry.Root.clear();  // until the table shows it again
+    entry.Root.clear();  // until the mount table lists it again
     for (const Mount& mount : mounts) {
       const bool same = mount.Device == entry.Device &&
                         (mount.Type == kDriveCdRom) == (entry.Type == kDriveCdRom);
@@ -177,14 +177,15 @@ std::string DriveTable::RootOf(wchar_t letter) const {
   };
   std::string root = find();
   if (root.empty()) {
-    LookAtMounts();  // a disk that was plugged in since
+    LookAtMounts();  // a disk may have been plugged in since
     root = find();
   }
   if (root.empty()) throw DateiFehler(kFehlerPfadFehlt);
   return root;
 }
 
-// The root of the share in which a network path lies; takes the share's name off it.
+// Returns the root of the share in which a network path lies, and removes the share's name from the
+// path.
 std::string DriveTable::TakeShare(std::wstring_view& path) const {
   for (const DriveEntry& entry : Entries()) {
     const Text& share = entry.NetworkPath;
@@ -200,7 +201,7 @@ std::string DriveTable::TakeShare(std::wstring_view& path) const {
 
 DriveTable::Split DriveTable::SplitPath(const Text& given) const {
   std::wstring_view names = given;
-  names = names.substr(0, names.find(L'\0'));  // as the system reads a name
+  names = names.substr(0, names.find(L'\0'));  // system calls end a name at NUL
   const bool share = names.starts_with(L"\\\\");
   const bool lettered = names.size() >= 2 && names[1] == L':' && IsLetter(names[0]);
   const bool relative = !lettered && (names.empty() || !IsSeparator(names[0]));
@@ -272,7 +273,8 @@ std::vector<Text> DriveTable::AliasesIn(const Text& folder) const {
 void DriveTable::MakeFolders() const {
   for (const fs::path& folder :
        {places_.Data, places_.Cache, places_.Home / "Vantora", places_.Home / "Vantora/Bandeja"}) {
-    std::error_code left;  // a folder that cannot be made shows when a file in it is asked for
+    // A folder that cannot be created is reported when a file in it is opened.
+    std::error_code left;
     fs::create_directories(folder, left);
   }
 }

@@ -45,7 +45,7 @@ std::string Unescape(std::string_view escaped) {
   return text;
 }
 
-// A resource is named, not reached by a path.
+// Resources have plain names; a path is not a name.
 bool IsName(const Text& name) {
   return !name.empty() && name.front() != L'.' && name.find_first_of(L"/\\") == Text::npos;
 }
@@ -79,12 +79,6 @@ void FileResources::ReadTexts() {
     if (number.ec != std::errc() || number.ptr != line.data() + tab) continue;
     texts_.insert_or_assign(texts_.end(), id, line.substr(tab + 1));
   }
-}
-
-bool FileResources::HasPicture(const Text& name) {
-  std::error_code failed;
-  return IsName(name) &&
-         fs::is_regular_file(folder_ / "pictures" / (ToUtf8(name) + ".svg"), failed);
 }
 
 Text FileResources::Layout(const Text& name) {

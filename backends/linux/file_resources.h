@@ -1,7 +1,7 @@
 // Texts, layouts, pictures and supplements from the program's resource folder: `strings.tsv`
-// (number, tab, text, with \n, \t and \\ in it), `layouts/NAME.layout`, `pictures/NAME.svg`,
-// supplements under their own names, all in UTF-8. The texts are read with the first question; a
-// folder that is missing has no texts.
+// (number, tab, text; \n, \t and \\ are escapes), `layouts/NAME.layout`, `pictures/NAME.svg`, and
+// supplements under their own names, all in UTF-8. The texts are read at the first use. Without the
+// folder there are no texts.
 #pragma once
 
 #include "platform/resources.h"
@@ -17,7 +17,6 @@ class FileResources final : public Resources {
   explicit FileResources(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
   Text LoadResString(int id) override;
-  bool HasPicture(const Text& name) override;
   Text Layout(const Text& name) override;
   Text Supplement(const Text& name) override;
 
@@ -26,7 +25,7 @@ class FileResources final : public Resources {
 
   std::filesystem::path folder_;
   bool read_ = false;
-  std::map<int, std::string> texts_;  // as in the file: of most of them no run asks
+  std::map<int, std::string> texts_;  // as in the file: most texts are never used in a run
 };
 
 }  // namespace vantora

@@ -22,7 +22,7 @@ struct Space {
 std::optional<Space> SpaceAt(fs::path path) {
   struct statvfs info {};
   while (::statvfs(path.c_str(), &info) != 0) {
-    // A folder that is still to be made lies on the disk of the folder above.
+    // A folder that does not exist yet will lie on the disk of its parent.
     if (errno != ENOENT || !path.has_relative_path()) return std::nullopt;
     path = path.parent_path();
   }
@@ -31,7 +31,8 @@ std::optional<Space> SpaceAt(fs::path path) {
                static_cast<double>(info.f_blocks) * block};
 }
 
-// The call on a network folder whose server is gone never returns; its thread is left behind.
+// The system call for a network folder never returns when the server is gone. In that case its
+// thread is abandoned.
 std::optional<Space> SpaceInTime(const fs::path& path) {
   std::promise<std::optional<Space>> promise;
   std::future<std::optional<Space>> answer = promise.get_future();
@@ -46,7 +47,7 @@ std::optional<Space> SpaceOf(const DriveTable& table, const Text& path) {
   const bool named = path.size() >= 2 && path[1] == L':';
   const std::optional<DriveEntry> entry = named ? table.Entry(path[0]) : std::nullopt;
   try {
-    // The root itself is asked: to look for a folder on a dead server would not return either.
+    // The root itself is passed: looking for a folder on a dead server would not return either.
     if (entry && entry->Type == kDriveNetwork) return SpaceInTime(entry->Root);
     return SpaceAt(table.SystemPath(path));
   } catch (const Laufzeitfehler&) {

@@ -1,4 +1,4 @@
-// The drive letters of the drive table as the program asks for them.
+// Answers the program's questions about drives from the drive table.
 #pragma once
 
 #include "backends/linux/drive_table.h"
@@ -13,7 +13,7 @@ class LinuxDrives final : public Drives {
 
   Text GetLogicalDrives() override;
   int GetDriveType(const Text& root) override;
-  // A network folder that does not answer within two seconds counts as not answering.
+  // A network folder that does not answer within two seconds has no value.
   std::optional<double> GetDiskFreeSpaceEx(const Text& path) override;
   std::optional<double> GetDiskTotalBytes(const Text& path) override;
   Text NetworkPath(wchar_t letter) override;

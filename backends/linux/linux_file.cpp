@@ -18,14 +18,14 @@ namespace vantora {
 
 namespace {
 
-// Larger than any system's block size and still an offset that the kernel takes.
+// Larger than the block size of any file system, and still a valid offset for the kernel.
 constexpr std::int64_t kLargestPosition = 1LL << 62;
 
-constexpr std::size_t kFirstBuffer = 512;  // the header of nearly every wave file
+constexpr std::size_t kFirstBuffer = 512;  // holds the header of nearly every wave file
 constexpr std::size_t kBuffer = 4096;
-// At once; of the system's own cache, the program's memory holds none of it.
+// Bytes mapped at once. They are in the system's page cache and take no memory of the program.
 constexpr std::int64_t kMapped = 1 << 24;
-constexpr std::int64_t kZeros = 1 << 20;  // at once
+constexpr std::int64_t kZeros = 1 << 20;  // written at once
 constexpr std::int64_t kNanoseconds = 1'000'000'000;
 
 }  // namespace
@@ -154,7 +154,8 @@ std::size_t LinuxFile::CopyTo(Datei& target, std::size_t count) {
   const std::size_t wanted = std::min(count, static_cast<std::size_t>(left));
   std::size_t done = 0;
   while (done < wanted) {
-    // Up to a multiple of the block in the target, whose pages are then never touched twice.
+    // Copies up to a multiple of the block size in the target, so that no page of the target is
+    // written twice.
     const auto room = static_cast<std::size_t>(kMapped - file->position_ % kMapped);
     const std::size_t some = std::min(wanted - done, room);
     if (!CopyMapped(*file, some)) return done + Datei::CopyTo(target, wanted - done);
@@ -192,13 +193,14 @@ void LinuxFile::Reserve(std::int64_t length) {
   const std::int64_t before = Stand().Bytes;
   bufferBytes_ = 0;
   length_ = -1;
-  // From the start, as a file may have holes.
+  // Reserves from the start of the file, since it may have holes.
   int error = 0;
   do {
     error = ::fallocate(descriptor_(), 0, 0, std::max(length, before)) == 0 ? 0 : errno;
   } while (error == EINTR);
   try {
-    // Not every file system can reserve; what is written has its blocks in any case.
+    // Some file systems cannot reserve. There the file is filled with zeros, which allocates its
+    // blocks.
     if (error != 0 && error != EOPNOTSUPP && error != ENOSYS) RaiseErrno(error, path_);
     if (error != 0 && length > before) FillWithZeros(before, length);
     if (::futimens(descriptor_(), nullptr) != 0) RaiseErrno(errno, path_);

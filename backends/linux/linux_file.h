@@ -1,10 +1,10 @@
-// An open regular file. Small reads come out of a buffer, of 512 bytes for the first and of 4 KiB
-// for all others, so that walking a header costs one call; writes go straight to the system. What
-// another handle writes may show up to a buffer late.
+// An open regular file. Small reads use a buffer, of 512 bytes for the first read and 4 KiB
+// afterwards, so that reading a header step by step costs one system call. Writes are not buffered.
+// Bytes written through another handle may stay unseen while they are in the buffer.
 //
-// From one such file into another nothing goes through a buffer: the pages that the system keeps of
-// the one are written to the other. Only the system touches them, so a file that shrinks meanwhile
-// is an error and no crash.
+// CopyTo between two such files uses no buffer: it maps the source and writes the mapped pages to
+// the target. Only the kernel reads these pages, so a file that shrinks meanwhile raises an error
+// and does not crash the program.
 #pragma once
 
 #include "backends/linux/descriptor.h"
@@ -21,23 +21,23 @@ namespace vantora {
 // "2026-11-24 10:00:00.123456789", UTC.
 Text TimeText(const timespec& time);
 
-// Of the open file, or of that under the path when `descriptor` is AT_FDCWD.
+// The state of the open file, or of the file at `path` when `descriptor` is AT_FDCWD.
 DateiStand StandOf(int descriptor, const std::string& path);
 
 class LinuxFile final : public Datei {
  public:
-  // `info` is what the system has just told of the file.
+  // `info` is the result of fstat for the file just opened.
   LinuxFile(Descriptor descriptor, std::string path, const struct stat& info);
 
   std::int64_t Length() const override;
   Text DateTime() const override { return TimeText(changed_); }
   std::int64_t Position() const override { return position_; }
-  void Seek(std::int64_t position) override;  // error 5 for a negative one
+  void Seek(std::int64_t position) override;  // raises 5 for a negative one
   void Read(void* target, std::size_t count) override;
   std::size_t ReadSome(void* target, std::size_t count) override;
   void Write(const void* source, std::size_t count) override;
   std::size_t CopyTo(Datei& target, std::size_t count) override;
-  void Truncate(std::int64_t length) override;  // a longer file is filled with zeros
+  void Truncate(std::int64_t length) override;  // a file that grows is filled with zeros
   void Flush() override;
   void Reserve(std::int64_t length) override;
   DateiStand Stand() const override;
@@ -46,11 +46,11 @@ class LinuxFile final : public Datei {
  private:
   void FillWithZeros(std::int64_t from, std::int64_t to);
   std::size_t ReadAt(void* target, std::size_t count, std::int64_t position) const;
-  bool CopyMapped(LinuxFile& target, std::size_t count);  // false: the system cannot
+  bool CopyMapped(LinuxFile& target, std::size_t count);  // false: mapping is not possible
 
   Descriptor descriptor_;
-  std::string path_;             // for what is told of a failure
-  mutable std::int64_t length_;  // for whoever asks before anything else; -1 afterwards
+  std::string path_;             // for error messages
+  mutable std::int64_t length_;  // length at opening, for a Length() that comes first; else -1
   timespec changed_;
   std::int64_t position_ = 0;
   std::vector<char> buffer_;

@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kCopyBlock = 1U << 20U;
-constexpr mode_t kNewFile = 0666;  // less what the user's mask takes away
+constexpr mode_t kNewFile = 0666;  // before the user's umask
 
 void RequireRegular(const struct stat& info) {
   if (S_ISDIR(info.st_mode)) throw DateiFehler(kFehlerPfadZugriff);
@@ -45,13 +45,13 @@ int Flags(Zugriff access) {
     case Zugriff::Anhaengen:
       return O_WRONLY | O_CREAT;
     case Zugriff::Neu:
-      return O_RDWR | O_CREAT;  // emptied only when it turns out to be a file
+      return O_RDWR | O_CREAT;  // truncated only when it turns out to be a regular file
   }
   return O_RDONLY;
 }
 
 Descriptor OpenPath(const char* path, int flags) {
-  // Without O_NONBLOCK a pipe would hold the program until somebody writes into it.
+  // Without O_NONBLOCK, opening a pipe would block until another program opens its other end.
   return Descriptor(::open(path, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kNewFile));
 }
 
@@ -79,7 +79,8 @@ std::vector<Text> Patterns(const Text& pattern) {
   return patterns;
 }
 
-// "*" any run, "?" any character. Goes back to the last star alone, so no pattern takes long.
+// "*" matches any run of characters, "?" any character. Backtracks to the last star only, so no
+// pattern takes long.
 bool Matches(const Text& name, const Text& pattern) {
   std::size_t n = 0, p = 0, star = Text::npos, mark = 0;
   while (n < name.size()) {
@@ -108,7 +109,8 @@ void SortWithoutCase(std::vector<Text>& names) {
   for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::move(keyed[i].second);
 }
 
-// Names in a folder that are regular files (or folders), links followed, hidden ones left out.
+// Names of the regular files (or the folders) in a folder; links are followed, hidden names left
+// out.
 std::vector<Text> Names(const fs::path& folder, bool folders) {
   DIR* dir = ::opendir(folder.c_str());
   if (!dir) throw DateiFehler(errno == EACCES ? kFehlerZugriff : kFehlerPfadFehlt);
@@ -130,14 +132,14 @@ std::vector<Text> Names(const fs::path& folder, bool folders) {
 }
 
 void CopyBytes(int from, const fs::path& source, ReplacementFile& copy, const fs::path& target) {
-  // The kernel's own copy shares the blocks where the file system can.
+  // copy_file_range shares the blocks where the file system supports that.
   for (;;) {
     const ssize_t some = ::copy_file_range(from, nullptr, copy(), nullptr, kCopyBlock * 64, 0);
     if (some > 0 || (some < 0 && errno == EINTR)) continue;
     if (some < 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) {
       RaiseErrno(errno, target);
     }
-    break;  // at the end, or not possible between these two: the rest goes by hand
+    break;  // at the end, or unsupported for these two files: the rest is read and written
   }
   std::vector<char> block(kCopyBlock);
   for (;;) {
@@ -191,7 +193,7 @@ bool LinuxFiles::IsDirectory(const Text& path) {
     std::error_code failed;
     return fs::is_directory(SystemPath(path), failed);
   } catch (const Laufzeitfehler&) {
-    return false;  // a drive that is not there has no folders
+    return false;  // a drive that does not exist has no folders
   }
 }
 
@@ -203,8 +205,8 @@ DateiStand LinuxFiles::Stand(const Text& path) {
   return StandOf(AT_FDCWD, SystemPath(path).native());
 }
 
-// The number that the system makes of a file system is its own for most kinds. For sticks it is the
-// number of the socket, so the name that the medium was given when it was formatted comes first.
+// Most file systems have an ID of their own. For a stick, the system's number is that of the USB
+// port, so the ID given at formatting comes first.
 Text LinuxFiles::Medium(const Text& path) {
   const fs::path place = SystemPath(path);
   struct statx info {};
@@ -258,7 +260,7 @@ void LinuxFiles::FileCopy(const Text& from, const Text& to) {
   ReplacementFile copy(target);
   CopyBytes(file(), source, copy, target);
   const std::array<timespec, 2> times{info.st_atim, info.st_mtim};
-  ::futimens(copy(), times.data());  // a copy with another time is still a copy
+  ::futimens(copy(), times.data());  // a copy with a wrong time is still a copy
   copy.Keep();
 }
 

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The standard tells to ignore relative paths in these variables.
+// The XDG standard requires that relative paths in these variables are ignored.
 fs::path FromEnvironment(const char* name, const fs::path& fallback) {
   const char* value = std::getenv(name);
   if (!value || value[0] != '/') return fallback;

@@ -19,7 +19,8 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-// Whoever waits for a name asks again many times a second.
+// Callers that wait for a name repeat the call many times a second. A longer pause means a new
+// attempt.
 constexpr milliseconds kNewAttempt(1000);
 
 }  // namespace
@@ -41,7 +42,7 @@ struct LinuxSockets::Lookup {
 
   const std::string Host;
   const Moment Begun = steady_clock::now();
-  Moment Asked = Begun;  // last; of the caller alone
+  Moment Asked = Begun;  // the last call; used by the calling thread only
   std::mutex Guard;
   std::condition_variable Answered;
   bool Done = false;
@@ -66,9 +67,10 @@ std::string LinuxSockets::inet_ntoa(std::uint32_t address) {
   return ::inet_ntop(AF_INET, &value, text, sizeof text) ? text : "";
 }
 
-// A lookup that nobody waits for any more goes on until the resolver gives it up; its thread holds
-// all that it needs. Asking for the same name again joins it, unless some time has passed: then the
-// one before was given up, and its failure is not that of the new attempt.
+// An abandoned lookup goes on until the resolver returns; its thread owns everything that it uses.
+// A further call with the same name waits for the running lookup. After a pause of kNewAttempt it
+// starts a new one instead: the earlier attempt was given up, and its failure must not count for
+// the new one.
 int LinuxSockets::gethostbyname(const std::string& host, std::uint32_t& address) {
   const Moment now = steady_clock::now();
   if (!lookup_ || lookup_->Host != host || now - lookup_->Asked > kNewAttempt) {

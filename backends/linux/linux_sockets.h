@@ -1,5 +1,5 @@
-// Sockets of the system, never waited for longer than a slice. Names are looked up in a thread of
-// their own, since the resolver cannot be told to come back.
+// Sockets of the system. No call waits longer than a slice. Names are looked up on a separate
+// thread, since a call of the resolver cannot be cancelled.
 #pragma once
 
 #include "backends/linux/descriptor.h"
@@ -15,16 +15,16 @@
 
 namespace vantora {
 
-// How long a connection is borne, in milliseconds.
+// Time limits in milliseconds.
 struct SocketPatience {
-  int Slice = 20;       // for one call
-  int Silence = 20000;  // without a sign of the other side, also while connecting
-  int Whole = 120000;   // from its birth to its last byte
+  int Slice = 20;       // of one call
+  int Silence = 20000;  // without data from the other side, also while connecting
+  int Whole = 120000;   // from socket() to the last byte
 };
 
 class LinuxSockets final : public Sockets {
  public:
-  using Resolver = std::function<std::uint32_t(const std::string& host)>;  // waits as it likes
+  using Resolver = std::function<std::uint32_t(const std::string& host)>;  // may block
 
   explicit LinuxSockets(SocketPatience patience = {}, Resolver resolver = &AskResolver)
       : patience_(patience), resolver_(std::move(resolver)) {}
@@ -49,20 +49,20 @@ class LinuxSockets final : public Sockets {
     Moment Born, LastSign;
     bool Connecting = false;
   };
-  struct Lookup;  // shared with the thread that looks a name up, which may outlive the caller
+  struct Lookup;  // shared with the thread of the lookup, which may live longer than this object
 
   static std::uint32_t AskResolver(const std::string& host);
   Connection* Find(int number);
   int Failed(int error);
   bool TooLate(const Connection& connection) const;
-  bool Ready(const Connection& connection, short events) const;  // within the slice
+  bool Ready(const Connection& connection, short events) const;  // waits at most one slice
   int NotYet(const Connection& connection);
 
   SocketPatience patience_;
   Resolver resolver_;
   int lastError_ = 0;
   std::map<int, Connection> connections_;
-  std::shared_ptr<Lookup> lookup_;  // of the name asked for last, while it is not answered
+  std::shared_ptr<Lookup> lookup_;  // of the last name, until it is answered
 };
 
 }  // namespace vantora

@@ -35,7 +35,7 @@ bool LinuxSystem::PrevInstance() {
     }
     if (errno == EWOULDBLOCK) return true;
   }
-  // Where no mark can be made nobody can be found; that must not keep the program from starting.
+  // Without a lock file another instance cannot be found. The program starts all the same.
   return false;
 }
 
@@ -88,8 +88,8 @@ bool LinuxSystem::OpenerThere() const {
   return false;
 }
 
-// Between two forks nothing but system calls may happen, as other threads of the program may hold
-// locks. The child in the middle makes the viewer an orphan, so that nobody has to wait for it.
+// Between the forks only system calls are allowed, since other threads may hold locks. The child in
+// the middle exits at once, so that init waits for the viewer's end and this program need not.
 bool LinuxSystem::Show(const std::string& what) const {
   if (!OpenerThere()) return false;
   std::string opener = options_.Opener, argument = what;

@@ -1,6 +1,6 @@
-// The program's place in a Linux desktop. One instance a user: a lock file in the runtime folder,
-// or in the cache folder when it can't be made there, held from the first question to the end of
-// this object.
+// The program's connection to a Linux desktop. Each user has one running instance: it holds a lock
+// file from the first check to the end of this object. The file is in the runtime folder, or in the
+// cache folder when the runtime folder cannot be used.
 #pragma once
 
 #include "backends/linux/descriptor.h"
@@ -20,8 +20,8 @@ class LinuxSystem final : public System {
     Text Version;                      // "0.1.0"
     std::filesystem::path HelpFolder;  // holds TOPIC.html, and index.html for no topic
     std::string Opener = "xdg-open";   // shows a file or an address to the user
-    // Of the components, by the names that the product knows them under, in small letters. Files of
-    // this system carry no version.
+    // Versions of the components, by their product names in small letters. Files on Linux carry no
+    // version.
     std::map<Text, Text> Versions{};
   };
   LinuxSystem(LinuxPlaces places, Options options);
@@ -32,16 +32,16 @@ class LinuxSystem final : public System {
   int Major() override { return VersionPart(0); }
   int Minor() override { return VersionPart(1); }
   int Revision() override { return VersionPart(2); }
-  bool CloseCdPlayer() override { return false; }  // no such program on this system
+  bool CloseCdPlayer() override { return false; }  // Linux has no such program
   Text FileVersion(const Text& path) override;
   bool OpenHelp(const Text& file, const Text& topic) override;
   bool OpenFile(const std::filesystem::path& file) override;
-  void OpenLink(const Text& address) override;  // web and mail addresses; nothing else is opened
+  void OpenLink(const Text& address) override;  // opens web and mail addresses only
 
  private:
   int VersionPart(int index) const;
   bool OpenerThere() const;
-  bool Show(const std::string& what) const;  // false when nothing can show it
+  bool Show(const std::string& what) const;  // false when no program can show it
 
   LinuxPlaces places_;
   Options options_;

@@ -22,7 +22,7 @@ struct Line {
   std::string Numbers, Root, Point, FileSystem, Source;
 };
 
-// The kernel writes blanks and backslashes inside a field as three octal digits.
+// The kernel escapes blanks and backslashes inside a field as three octal digits.
 std::string Unescape(std::string_view field) {
   std::string text;
   for (std::size_t i = 0; i < field.size(); ++i) {
@@ -50,7 +50,7 @@ std::vector<std::string_view> Fields(std::string_view line) {
   return fields;
 }
 
-// "36 35 98:0 /root /point options [optional…] - filesystem source options"
+// Format: "36 35 98:0 /root /point options [optional…] - filesystem source options"
 std::optional<Line> ParseLine(std::string_view text) {
   const std::vector<std::string_view> fields = Fields(text);
   if (fields.size() < 6) return std::nullopt;
@@ -77,7 +77,8 @@ bool IsBelow(const fs::path& path, const fs::path& folder) {
   return both.first == folder.end();
 }
 
-// The parts of an installed system are found below Z:; letters are for what a user plugged in.
+// Parts of the installed system are available below Z:. Letters are for disks that the user plugged
+// in.
 bool IsSystemPoint(const fs::path& point, const LinuxPlaces& places) {
   if (IsBelow(places.Home, point)) return true;
   for (const char* folder : {"/boot", "/dev", "/efi", "/etc", "/gnu", "/nix", "/opt", "/proc",
@@ -88,7 +89,7 @@ bool IsSystemPoint(const fs::path& point, const LinuxPlaces& places) {
   return IsBelow(point, "/run") && !IsBelow(point, "/run/media");
 }
 
-// A partition has no flag of its own; its disk is the folder above.
+// A partition has no "removable" flag. Its disk, the parent folder, has it.
 bool IsRemovable(const Line& line, const fs::path& sys) {
   std::error_code failed;
   const fs::path device = fs::canonical(sys / "dev/block" / line.Numbers, failed);
@@ -101,7 +102,7 @@ bool IsRemovable(const Line& line, const fs::path& sys) {
   return false;
 }
 
-// "server:/export", "//server/share" and "user@host:/folder" as "\\server\share".
+// Converts "server:/export", "//server/share" and "user@host:/folder" to "\\server\share".
 Text NetworkName(const std::string& source) {
   std::string name = source;
   if (name.starts_with("//")) {

@@ -1,5 +1,5 @@
-// What the kernel's mount table says about disks that a user means when he says disk: sticks, disks
-// and network folders, but not the system's own parts.
+// Finds in the kernel's mount table the disks of the user: sticks, disks and network folders,
+// without the parts of the system itself.
 #pragma once
 
 #include "backends/linux/linux_places.h"
@@ -12,14 +12,15 @@
 namespace vantora {
 
 struct Mount {
-  std::string Device;  // as mounted: "/dev/sdb1", "server:/export"
+  std::string Device;  // the mounted source: "/dev/sdb1", "server:/export"
   std::filesystem::path Point;
-  int Type = 0;  // one of DriveType; kDriveCdRom for a disc in an optical drive
+  int Type = 0;  // a DriveType; kDriveCdRom for a disc in an optical drive
   Text NetworkPath;
 };
 
-// `table` in the format of /proc/self/mountinfo; lines that are none are left out. A device that is
-// mounted several times counts once. `sys` tells which devices are removable.
+// `table` has the format of /proc/self/mountinfo; lines in another format are ignored. A device
+// that is mounted several times counts once. The folder `sys` in `places` shows which devices are
+// removable.
 std::vector<Mount> UserMounts(std::string_view table, const LinuxPlaces& places);
 
 }  // namespace vantora

@@ -16,8 +16,8 @@ bool Same(const Text& one, const Text& other) {
 
 }  // namespace
 
-// The first line tells the ticks that all processors have spent as a user's, a nice user's, the
-// system's, idle, waiting for a disk, on interrupts of two kinds, and lent to other machines.
+// The first line sums up the ticks of all processors: user, nice, system, idle, waiting for disks,
+// two kinds of interrupts, and ticks lent to other virtual machines.
 std::optional<ProcessorLoad::Times> ProcessorLoad::Read() const {
   constexpr int kFields = 8, kIdle = 3, kWaiting = 4;
   std::ifstream file(statistics_);

@@ -4,14 +4,12 @@
 
 #include "platform/laufzeitfehler.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <utility>
 
 namespace vantora {
 
-// All these calls swallow what the file system reports: a caller that asks gets an empty file, and
-// one that writes could do nothing about it. The file is as it was then.
+// None of these calls reports file system errors: a read then sees an empty file, and a write
+// leaves the file as it is. Callers of this interface cannot handle such errors.
 
 std::vector<Text> ProfileFiles::GetPrivateProfileSectionNames(const Text& file, std::size_t limit) {
   try {
@@ -59,11 +57,10 @@ void ProfileFiles::DeletePrivateProfileSection(const Text& section, const Text& 
   }
 }
 
-// One that was replaced or deleted has lost its name.
-ProfileFiles::Stamp ProfileFiles::StampOf(const Descriptor& file) {
+ProfileFiles::Stamp ProfileFiles::StampOfFile() const {
   struct stat info {};
-  if (!file.IsOpen() || ::fstat(file(), &info) != 0) return {};
-  return {static_cast<std::int64_t>(info.st_nlink),
+  if (::stat(place_.c_str(), &info) != 0) return {};
+  return {static_cast<std::int64_t>(info.st_ino),
           info.st_size,
           info.st_mtim.tv_sec,
           info.st_mtim.tv_nsec,
@@ -72,7 +69,7 @@ ProfileFiles::Stamp ProfileFiles::StampOf(const Descriptor& file) {
 }
 
 ProfileText& ProfileFiles::Read(const Text& file) {
-  const bool known = stamp_ != Stamp{} && file == name_ && StampOf(file_) == stamp_;
+  const bool known = stamp_ != Stamp{} && file == name_ && StampOfFile() == stamp_;
   return known ? text_ : ReadAnew(file);
 }
 
@@ -80,24 +77,18 @@ ProfileText& ProfileFiles::ReadAnew(const Text& file) {
   stamp_ = {};
   const bool bare = file.find_first_of(L"\\/:") == Text::npos;
   place_ = table_.SystemPath(bare ? GetWindowsDirectory() + L"\\" + file : file);
-  // Before the reading, so that a change meanwhile is one that shows.
-  Watch();
-  const Stamp stamp = std::exchange(stamp_, {});
+  // The stamp is taken before the file is read, so that a change in between is noticed.
+  const Stamp stamp = StampOfFile();
   text_ = ProfileText(ReadSmallFile(place_).value_or(std::string()));
   name_ = file;
   stamp_ = stamp;
   return text_;
 }
 
-void ProfileFiles::Watch() {
-  file_ = Descriptor(::open(place_.c_str(), O_PATH | O_CLOEXEC));
-  stamp_ = StampOf(file_);
-}
-
 void ProfileFiles::Save() {
-  stamp_ = {};  // what cannot be written is read again
+  stamp_ = {};  // if the write fails, the file is read again
   WriteSmallFile(place_, text_.Bytes());
-  Watch();
+  stamp_ = StampOfFile();
 }
 
 }  // namespace vantora

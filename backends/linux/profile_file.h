@@ -1,8 +1,7 @@
-// Private profile files on the Linux file system. New lines end as the file's first line does, in a
-// new file with CR and LF. Of two sections or keys of one name only the first is seen.
+// Private profile files on the Linux file system. New lines end like the file's first line; in a
+// new file they end in CR LF. Of two sections or keys with the same name only the first is seen.
 #pragma once
 
-#include "backends/linux/descriptor.h"
 #include "backends/linux/drive_table.h"
 #include "backends/linux/profile_text.h"
 
@@ -19,33 +18,30 @@ class ProfileFiles final : public Profile {
   explicit ProfileFiles(const DriveTable& table) : table_(table) {}
 
   std::vector<Text> GetPrivateProfileSectionNames(const Text& file, std::size_t limit) override;
-  // At most `limit` characters of the value.
+  // Returns at most `limit` characters of the value.
   Text GetPrivateProfileString(const Text& section, const Text& key, const Text& fallback,
                                std::size_t limit, const Text& file) override;
   std::vector<ProfileEntry> GetPrivateProfileSection(const Text& section, std::size_t limit,
                                                      const Text& file) override;
-  // Line ends and NULs inside the texts become blanks.
+  // Line ends and NULs in the texts become blanks.
   void WritePrivateProfileString(const Text& section, const Text& key, const Text& value,
                                  const Text& file) override;
   void DeletePrivateProfileSection(const Text& section, const Text& file) override;
   Text GetWindowsDirectory() override { return L"C:\\WINDOWS"; }
 
  private:
-  using Stamp = std::array<std::int64_t, 6>;  // tells whether a file is still what was read
+  using Stamp = std::array<std::int64_t, 6>;  // changes whenever the file changes
 
-  static Stamp StampOf(const Descriptor& file);
+  Stamp StampOfFile() const;  // all zero for a file that is missing
   ProfileText& Read(const Text& file);
-  ProfileText& ReadAnew(const Text& file);  // for a change, which must not undo another program's
-  void Watch();
+  ProfileText& ReadAnew(const Text& file);  // before a change, to keep other programs' changes
   void Save();
 
   const DriveTable& table_;
-  // The file asked for last: a search through a database asks for thousands of its values. Asking
-  // the open file whether it has changed takes a third of the time of asking at its place.
-  Text name_;  // as it was asked for
+  // The last file is kept, since a search through a database asks for thousands of its values.
+  Text name_;  // as the caller spelled it
   std::filesystem::path place_;
-  Descriptor file_;
-  Stamp stamp_{};  // all zero: `text_` is not what the file holds
+  Stamp stamp_{};  // all zero: `text_` does not match the file
   ProfileText text_;
 };
 

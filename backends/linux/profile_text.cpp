@@ -27,7 +27,7 @@ std::string_view WithoutQuotes(std::string_view value) {
   return quoted ? inner.substr(1, inner.size() - 2) : inner;
 }
 
-// A text that stays on its line.
+// The text in Windows-1252, with line ends replaced by blanks.
 std::string OnOneLine(const Text& text) {
   std::string line = ToWindows1252(text);
   for (char& c : line) {
@@ -36,7 +36,7 @@ std::string OnOneLine(const Text& text) {
   return line;
 }
 
-// The name in a head, from its "[" on.
+// The name in a section's head; `head` begins at its "[".
 std::string_view SectionOf(std::string_view head) {
   const auto end = head.rfind(']');
   return Trim(head.substr(1, end == std::string_view::npos ? end : end - 1));
@@ -55,7 +55,7 @@ std::optional<Setting> SettingOf(std::string_view line) {
   return Setting{Trim(text.substr(0, equals)), text.substr(equals + 1)};
 }
 
-// A name as it is compared: in lower case, the letters beyond ASCII too.
+// The name in the form used for comparing: lower case, also beyond ASCII.
 std::string Compared(std::string_view name) {
   std::string lower(Trim(name));
   bool plain = true;
@@ -89,17 +89,16 @@ std::string_view ProfileText::Line(std::size_t place, std::size_t next) const {
   return line;
 }
 
-// Heads are few among many lines, so they are what is looked for.
+// Looks for heads first, since they are few among many lines.
 void ProfileText::BuildIndex() {
   heads_.clear();
   sections_.clear();
-  open_.reset();
   Range* open = nullptr;
   for (std::size_t at = bytes_.find('['); at != std::string::npos; at = bytes_.find('[', at)) {
     std::size_t place = at;
     while (place > 0 && IsBlank(bytes_[place - 1])) --place;
     if (place > 0 && bytes_[place - 1] != '\n') {
-      ++at;  // within a line
+      ++at;  // a "[" within a line
       continue;
     }
     const std::size_t next = NextLine(at);
@@ -129,24 +128,17 @@ const ProfileText::Range* ProfileText::Find(const Text& section) const {
   return place == sections_.end() ? nullptr : &place->second;
 }
 
-// Where the line of a key begins; of two keys of one name the first counts.
-std::optional<std::size_t> ProfileText::Find(const Text& section, const Text& key) {
-  if (open_ != section) {
-    keys_.clear();
-    open_ = section;
-    const Range* range = Find(section);
-    for (std::size_t place = range ? range->First : 0; range && place < range->End;) {
-      const std::size_t next = NextLine(place);
-      const auto setting = SettingOf(Line(place, next));
-      if (setting) keys_.emplace_back(Compared(setting->Key), place);
-      place = next;
-    }
-    std::sort(keys_.begin(), keys_.end());
-  }
+// The offset of the line of a key. Of two keys with the same name the first one counts.
+std::optional<std::size_t> ProfileText::Find(const Text& section, const Text& key) const {
+  const Range* range = Find(section);
   const std::string wanted = Compared(key);
-  const auto found = std::lower_bound(keys_.begin(), keys_.end(), std::pair(wanted, std::size_t{}));
-  if (found == keys_.end() || found->first != wanted) return std::nullopt;
-  return found->second;
+  for (std::size_t place = range ? range->First : 0; range && place < range->End;) {
+    const std::size_t next = NextLine(place);
+    const auto setting = SettingOf(Line(place, next));
+    if (setting && Compared(setting->Key) == wanted) return place;
+    place = next;
+  }
+  return std::nullopt;
 }
 
 std::vector<ProfileEntry> ProfileText::Entries(const Text& section, std::size_t limit) const {
@@ -163,7 +155,7 @@ std::vector<ProfileEntry> ProfileText::Entries(const Text& section, std::size_t 
   return entries;
 }
 
-std::optional<Text> ProfileText::Value(const Text& section, const Text& key) {
+std::optional<Text> ProfileText::Value(const Text& section, const Text& key) const {
   const auto place = Find(section, key);
   if (!place) return std::nullopt;
   return FromWindows1252(WithoutQuotes(SettingOf(Line(*place))->Value));
@@ -177,7 +169,8 @@ bool ProfileText::SetValue(const Text& section, const Text& key, const Text& val
     if (Line(*place) == line) return false;
     bytes_.replace(*place, NextLine(*place) - *place, line + end_);
   } else if (range) {
-    std::size_t end = range->First;  // blank lines part this section from the next
+    // Blank lines stay, as they separate this section from the next.
+    std::size_t end = range->First;
     for (std::size_t at = range->First; at < range->End; at = NextLine(at)) {
       if (!Trim(Line(at)).empty()) end = NextLine(at);
     }
@@ -199,7 +192,7 @@ bool ProfileText::RemoveSection(const Text& section) {
 }
 
 void ProfileText::Insert(std::size_t place, const std::string& line) {
-  const bool open = place > 0 && bytes_[place - 1] != '\n';  // the last line, without an end
+  const bool open = place > 0 && bytes_[place - 1] != '\n';  // the last line has no line end
   bytes_.insert(place, (open ? end_ : std::string()) + line + end_);
 }
 

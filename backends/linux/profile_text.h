@@ -1,6 +1,6 @@
-// The bytes of one profile file and what they mean. Lines that are not touched keep every byte.
+// The bytes of one profile file and their meaning. Unchanged lines keep every byte.
 //
-// A file is looked through once for its sections; the keys of a section are when it is asked for.
+// The file is searched for sections once, and a section for a key each time that one is asked for.
 #pragma once
 
 #include "platform/profile.h"
@@ -10,7 +10,6 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace vantora {
@@ -20,33 +19,31 @@ class ProfileText final {
   explicit ProfileText(std::string bytes = {});
   const std::string& Bytes() const { return bytes_; }
 
-  // The names of the sections as they are spelled, up to so many characters, each with a NUL.
+  // The sections' names as spelled in the file, up to `limit` characters in all, where each name
+  // counts one more for its NUL.
   std::vector<Text> Sections(std::size_t limit) const;
   std::vector<ProfileEntry> Entries(const Text& section, std::size_t limit) const;
-  std::optional<Text> Value(const Text& section, const Text& key);
-  // Both tell whether there was something to change.
+  std::optional<Text> Value(const Text& section, const Text& key) const;
+  // Both return whether they changed anything.
   bool SetValue(const Text& section, const Text& key, const Text& value);
   bool RemoveSection(const Text& section);
 
  private:
   struct Range {
-    std::size_t Head, First, End;  // where its lines begin, those below the head, and the next head
+    std::size_t Head, First, End;  // offsets: head, line below, next head
   };
   void BuildIndex();
   const Range* Find(const Text& section) const;
-  std::optional<std::size_t> Find(const Text& section, const Text& key);
+  std::optional<std::size_t> Find(const Text& section, const Text& key) const;
   void Insert(std::size_t place, const std::string& line);
   std::size_t NextLine(std::size_t place) const;
-  std::string_view Line(std::size_t place, std::size_t next) const;  // without its end
+  std::string_view Line(std::size_t place, std::size_t next) const;  // without its line end
   std::string_view Line(std::size_t place) const { return Line(place, NextLine(place)); }
 
   std::string bytes_;
   std::string end_ = "\r\n";
-  std::vector<std::size_t> heads_;                   // where the "[" of each section stands
+  std::vector<std::size_t> heads_;                   // offsets of the "[" of each section
   std::unordered_map<std::string, Range> sections_;  // by name in lower case
-  // Of the section asked for last: its keys in lower case, in order, and where their lines begin.
-  std::optional<Text> open_;
-  std::vector<std::pair<std::string, std::size_t>> keys_;
 };
 
 }  // namespace vantora

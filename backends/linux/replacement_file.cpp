@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t kSmall = 16U << 20U;
-constexpr std::string_view kTemporary = ".vantora-";  // then the process and a number: -12-0
+constexpr std::string_view kTemporary = ".vantora-";  // followed by process ID and a number: -12-0
 
 fs::path BehindLinks(const fs::path& place) {
   std::error_code failed;
@@ -27,7 +27,7 @@ fs::path BehindLinks(const fs::path& place) {
   return failed ? place : real;
 }
 
-// The process that a temporary file belongs to; 0 for any other file.
+// The ID of the process that a temporary file belongs to; 0 for any other file.
 pid_t OwnerOf(std::string_view name) {
   if (!name.starts_with(kTemporary)) return 0;
   name.remove_prefix(kTemporary.size());
@@ -79,7 +79,7 @@ void ReplacementFile::KeepOnDisk() {
   if (::fsync(file_()) != 0) RaiseErrno(errno, place_);
   Keep();
   const Descriptor folder(::open(place_.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.IsOpen()) ::fsync(folder());  // some file systems know no such call for folders
+  if (folder.IsOpen()) ::fsync(folder());  // some file systems do not support fsync for folders
 }
 
 std::optional<std::string> ReadSmallFile(const fs::path& file) {
@@ -105,7 +105,7 @@ std::optional<std::string> ReadSmallFile(const fs::path& file) {
 }
 
 void WriteSmallFile(const fs::path& file, std::string_view bytes) {
-  std::error_code left;  // what is missing shows when the file is made
+  std::error_code left;  // creating the file reports a missing folder
   fs::create_directories(file.parent_path(), left);
   ReplacementFile replacement(file);
   replacement.Write(bytes.data(), bytes.size());
@@ -113,12 +113,12 @@ void WriteSmallFile(const fs::path& file, std::string_view bytes) {
 }
 
 void RemoveLeftovers(const fs::path& file) {
-  std::error_code failed;  // what can't be listed or removed stays for another start
+  std::error_code failed;  // a file that cannot be listed or removed stays until another start
   for (fs::directory_iterator entry(BehindLinks(file).parent_path(), failed), end;
        !failed && entry != end; entry.increment(failed)) {
     const pid_t owner = OwnerOf(entry->path().filename().native());
     if (owner == 0) continue;
-    // Under our own number it is from an older process that had the same.
+    // A file with this process's own ID is from an older process with the same ID.
     const bool running = owner != ::getpid() && (::kill(owner, 0) == 0 || errno != ESRCH);
     if (!running) ::unlink(entry->path().c_str());
   }

@@ -1,5 +1,5 @@
-// A file that takes the place of another as a whole: it grows under a temporary name in the same
-// folder and disappears unless it is kept. Failures are Laufzeitfehler.
+// A file that replaces another one as a whole: it is written under a temporary name in the same
+// folder and is deleted unless it is kept. Failures raise a Laufzeitfehler.
 #pragma once
 
 #include "backends/linux/descriptor.h"
@@ -13,7 +13,8 @@ namespace vantora {
 
 class ReplacementFile final {
  public:
-  // A link is followed: the file behind it is replaced. An older file's permissions are taken over.
+  // Links are followed: the file behind the link is replaced. The permissions of an older file are
+  // kept.
   explicit ReplacementFile(const std::filesystem::path& place);
   ~ReplacementFile();
   ReplacementFile(const ReplacementFile&) = delete;
@@ -22,7 +23,7 @@ class ReplacementFile final {
   int operator()() const { return file_(); }
   void Write(const char* bytes, std::size_t count);
   void Keep();
-  void KeepOnDisk();  // the same, and it survives a power cut from here on
+  void KeepOnDisk();  // like Keep, and it returns when the file would survive a power cut
 
  private:
   std::filesystem::path place_;
@@ -30,13 +31,13 @@ class ReplacementFile final {
   Descriptor file_;
 };
 
-// The bytes of a small file; nothing when it is missing. Error 57 for more than 16 MiB and for what
-// is no file, the numbers of platform/files.h for the rest.
+// The bytes of a small file; nothing when it does not exist. Raises 57 for a file over 16 MiB and
+// for anything but a regular file, otherwise the numbers of platform/files.h.
 std::optional<std::string> ReadSmallFile(const std::filesystem::path& file);
-// Puts the bytes on the disk as a whole or not at all.
+// Writes the bytes to the disk either completely or not at all.
 void WriteSmallFile(const std::filesystem::path& file, std::string_view bytes);
-// Removes the temporary files beside a file that processes left there which are no longer running.
-// To be called when this process has no replacement under way in that folder.
+// Removes temporary files beside `file` whose processes have ended. This process itself must not be
+// replacing a file in that folder.
 void RemoveLeftovers(const std::filesystem::path& file);
 
 }  // namespace vantora

@@ -19,7 +19,7 @@ int HexDigit(char c) {
   return -1;
 }
 
-// A "%" that no two digits follow stands for itself.
+// A "%" that is not followed by two hexadecimal digits stands for itself.
 Text Unescape(std::string_view escaped) {
   std::string bytes;
   for (std::size_t i = 0; i < escaped.size(); ++i) {
@@ -35,7 +35,7 @@ Text Unescape(std::string_view escaped) {
   return FromUtf8(bytes);
 }
 
-// `special` are the characters with a meaning at the place where the text shall stand.
+// Escapes `text`. `special` lists the characters that have a meaning at its place in the line.
 std::string Escape(const Text& text, std::string_view special) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const std::string bytes = ToUtf8(text);
@@ -62,7 +62,7 @@ std::string_view Trim(std::string_view text) {
   return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
 }
 
-// Both names in the form in which they are compared, with a NUL between them.
+// Both names in the form used for comparing, with a NUL between them.
 Text SectionName(const Text& application, const Text& section) {
   return LowerCase(application) + L'\0' + LowerCase(section);
 }
@@ -88,7 +88,7 @@ void SettingsFile::SaveSettings(const Text& application, const Text& section,
   if (changed) Write();
 }
 
-// False when the value stands there already.
+// Returns false when the setting already has this value.
 bool SettingsFile::Set(const Text& application, const Text& section, const Text& key,
                        const Text& value) {
   const Text name = SectionName(application, section);
@@ -107,11 +107,11 @@ bool SettingsFile::Set(const Text& application, const Text& section, const Text&
   return true;
 }
 
-// Of equal keys all go: the one that the last had covered is not what the user wants back.
+// Removes all lines with this key: an earlier line must not come back when the last one is gone.
 void SettingsFile::DeleteSetting(const Text& application, const Text& section, const Text& key) {
   ReadOnce();
   const Text name = SectionName(application, section), lower = LowerCase(key);
-  if (lower.empty()) return;  // heads and remarks have no key
+  if (lower.empty()) return;  // heads and comments have no key
   const std::size_t gone = std::erase_if(
       lines_, [&](const Line& line) { return line.Section == name && line.Key == lower; });
   if (gone == 0 && written_) return;
@@ -133,14 +133,14 @@ void SettingsFile::ReadOnce() {
   try {
     Parse(ReadSmallFile(file_).value_or(std::string()));
   } catch (const Laufzeitfehler& why) {
-    unreadable_ = why;  // its contents are still the user's
+    unreadable_ = why;  // the file is not overwritten, to keep its contents
   }
 }
 
 void SettingsFile::Parse(const std::string& bytes) {
   Text section;
   std::string_view rest = bytes;
-  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);  // an editor's mark of UTF-8
+  if (rest.starts_with("\xEF\xBB\xBF")) rest.remove_prefix(3);  // byte order mark
   while (!rest.empty()) {
     const auto end = std::min(rest.find('\n'), rest.size());
     Line line{std::string(rest.substr(0, end)), section, {}, {}};
@@ -167,7 +167,7 @@ void SettingsFile::Parse(const std::string& bytes) {
   }
 }
 
-// Behind the last line of its section that says something, or in a new section at the end.
+// Inserts a line after the last non-blank line of its section, or in a new section at the end.
 void SettingsFile::Add(const Text& section, const std::string& head, const Text& key,
                        const std::string& raw, const Text& value) {
   std::size_t place = lines_.size();
@@ -198,7 +198,7 @@ void SettingsFile::Write() {
     WriteSmallFile(file_, bytes);
     written_ = true;
   } catch (const Laufzeitfehler& why) {
-    written_ = false;  // the values serve for this run; the next call tries again
+    written_ = false;  // the values still hold for this run; the next call tries again
     Report(why);
   }
 }

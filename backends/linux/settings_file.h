@@ -3,11 +3,11 @@
 //   [application\section]
 //   key=value
 //
-// "%" and what would not survive a line (control characters, "=" in a key, blanks at an edge) stand
-// as %XX. Keys and sections are found without regard to case; of two equal keys the last one rules.
-// Lines that mean nothing here stay where they are. The file is read once; a file that is there but
-// cannot be read is never overwritten. Reading it also removes the temporary files that a run left
-// behind which was killed while it saved.
+// "%" and characters that would not survive in a line (control characters, "=" in a key, blanks at
+// either end) are escaped as %XX. Keys and sections are found without regard to case; of two equal
+// keys the last one counts. Other lines are kept. The file is read once. A file that exists but
+// cannot be read is never overwritten. Reading also removes the temporary files of a program that
+// was killed while it saved.
 #pragma once
 
 #include "platform/settings_store.h"
@@ -24,7 +24,7 @@ namespace vantora {
 
 class SettingsFile final : public SettingsStore {
  public:
-  explicit SettingsFile(std::filesystem::path file);  // its folder is made when missing
+  explicit SettingsFile(std::filesystem::path file);  // creates the folder if it is missing
 
   Text GetSetting(const Text& application, const Text& section, const Text& key,
                   const Text& fallback) override;
@@ -35,8 +35,8 @@ class SettingsFile final : public SettingsStore {
  private:
   struct Line {
     std::string Raw;  // without its line end
-    Text Section;     // the section that the line lies in, as compared
-    Text Key;         // as compared; blank: no setting
+    Text Section;     // of the line, in the form used for comparing
+    Text Key;         // in the form used for comparing; blank: no setting
     Text Value;
   };
 
@@ -51,11 +51,11 @@ class SettingsFile final : public SettingsStore {
 
   std::filesystem::path file_;
   bool read_ = false;
-  std::optional<Laufzeitfehler> unreadable_;  // why the file can't be read, nor written then
-  bool written_ = true;                       // the last writing has reached the disk
+  std::optional<Laufzeitfehler> unreadable_;  // why the file cannot be read; it is not written then
+  bool written_ = true;                       // the last write succeeded
   bool reported_ = false;
   std::vector<Line> lines_;
-  std::map<std::pair<Text, Text>, std::size_t> places_;  // section and key: number of the line
+  std::map<std::pair<Text, Text>, std::size_t> places_;  // line number by section and key
 };
 
 }  // namespace vantora

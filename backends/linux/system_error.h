@@ -1,4 +1,4 @@
-// The numbers of the system's failures as run-time errors of the program.
+// Converts errors of the system to run-time errors of the program.
 #pragma once
 
 #include "platform/laufzeitfehler.h"
@@ -7,11 +7,12 @@
 
 namespace vantora {
 
-// `error` is an errno of a call on `path`: a missing file is told from a missing folder.
+// `error` is the errno of a call on `path`. A missing file and a missing folder get different
+// numbers.
 Laufzeitfehler FehlerAusErrno(int error, const std::filesystem::path& path);
 [[noreturn]] void RaiseErrno(int error, const std::filesystem::path& path);
 
-// The sentence that the user reads for one of the numbers of platform/files.h.
+// The error with one of the numbers of platform/files.h and the sentence that the user reads.
 Laufzeitfehler DateiFehler(int nummer);
 
 }  // namespace vantora

@@ -10,7 +10,7 @@ namespace vantora {
 
 namespace {
 
-// What a thread works with. Both have it, so that it outlives whoever does not wait for the thread.
+// The data of a thread. It is shared, so that it outlives a job that does not wait for its thread.
 struct Work {
   Work(std::function<int()> slice, double speed) : Slice(std::move(slice)), Speed(speed) {}
 
@@ -42,7 +42,7 @@ class ThreadJob final : public BackgroundJob {
       : work_(std::make_shared<Work>(std::move(slice), speed)),
         thread_([work = work_] { Run(*work); }) {}
   ~ThreadJob() override {
-    if (!thread_.joinable()) return;  // left to itself
+    if (!thread_.joinable()) return;  // the thread was abandoned
     Tell();
     thread_.join();
   }

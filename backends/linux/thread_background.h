@@ -1,4 +1,4 @@
-// Long work in a thread for each job.
+// Background work with one thread for each job.
 #pragma once
 
 #include "platform/background.h"
@@ -7,8 +7,8 @@ namespace vantora {
 
 class ThreadBackground final : public Background {
  public:
-  // Delays between slices are divided by `speed`: a burn paced by its job runs 100 times as fast
-  // with 100.
+  // Delays between slices are divided by `speed`: with 100, a burn with a set pace runs 100 times
+  // as fast.
   explicit ThreadBackground(double speed = 1.0) : speed_(speed) {}
 
   std::unique_ptr<BackgroundJob> Start(std::function<int()> slice) override;

@@ -11,9 +11,9 @@ namespace vantora {
 
 namespace {
 
-constexpr wchar_t kRawByte = 0xDC00;  // plus the byte, which is 0x80 or more
+constexpr wchar_t kRawByte = 0xDC00;  // plus a byte of 0x80 or more
 
-// Length of the well-formed sequence at the start of `bytes`, 0 for none.
+// Length of the well-formed sequence at the start of `bytes`; 0 when there is none.
 std::size_t SequenceLength(std::string_view bytes, std::uint32_t& character) {
   const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const unsigned char lead = at(0);
@@ -42,7 +42,8 @@ std::size_t SequenceLength(std::string_view bytes, std::uint32_t& character) {
   return tooLong || surrogate || character > 0x10FFFF ? 0 : length;
 }
 
-// The process runs in any locale, also in "C", whose letters are ASCII alone.
+// The process may run in the locale "C", which knows only ASCII letters, so case conversion uses
+// its own locale.
 class LetterCase {
  public:
   LetterCase() : locale_(newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {}

@@ -1,5 +1,5 @@
-// Text in one byte a character, code page 1252. The five bytes without a character stand for the
-// control characters of the same number; what the page lacks becomes "?".
+// Text in one byte per character, code page 1252. The five bytes without a character stand for the
+// control characters of the same number. A character outside the code page becomes "?".
 #pragma once
 
 #include "platform/text.h"

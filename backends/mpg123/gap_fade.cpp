@@ -23,7 +23,7 @@ void Scale(Sample* frame, std::size_t part, std::size_t whole) {
 template <typename Sample>
 void GapFade::Rise(Sample* sound, std::size_t frames) {
   if (waiting_) {
-    // The decoder's silence in floats is not always 0 to the last bit.
+    // Floats of a silent block from the decoder may differ from 0 by rounding errors.
     constexpr Sample kSilence = std::is_same_v<Sample, float> ? Sample(1.0F / 65536) : Sample(0);
     const auto silent = [](Sample s) { return std::abs(s) <= kSilence; };
     if (std::all_of(sound, sound + 2 * frames, silent)) return;

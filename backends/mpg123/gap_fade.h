@@ -1,7 +1,7 @@
-// Takes the edges off the places where sound is missing: what comes before fades out, what comes
-// behind rises from silence. Without it a resampler rings at the cut, above the music's own level.
+// Fades the sound around gaps: the block before a gap fades out, the block after it fades in.
+// Without the fades a resampler rings at the cut, louder than the music.
 //
-// Blocks go through it one by one, as they are decoded, interleaved stereo.
+// Takes decoded blocks in order, as interleaved stereo.
 #pragma once
 
 #include <cstddef>
@@ -10,25 +10,25 @@ namespace vantora {
 
 class GapFade {
  public:
-  // The next sound lacks its past. Frames that refer to it are silent, and stay so; the first that
-  // sounds is mixed with an echo of itself, which its neighbour would have taken away, and which
-  // may be a fifth louder than the music: this one is silenced.
+  // Announces that the next block follows a gap. Frames that refer to lost frames decode to silence
+  // and stay silent. The first block with sound contains aliasing that only the missing granule
+  // would cancel; it can be a fifth louder than the music, so it is silenced too.
   void Behind() { waiting_ = true; }
 
-  // Silences what is still to be silenced, and lets what follows rise.
+  // Silences the aliasing after a gap, then fades in.
   template <typename Sample>
   void Rise(Sample* sound, std::size_t frames);
 
-  // The end of the last block before a gap.
+  // Fades out the last block before a gap.
   template <typename Sample>
   static void Fall(Sample* sound, std::size_t frames);
 
  private:
-  bool waiting_ = false;  // for a block that is not silent
+  bool waiting_ = false;  // for the first block with sound after a gap
   std::size_t silent_ = 0, risen_ = kRamp;
 
   static constexpr std::size_t kRamp = 576;
-  // A granule that lacks its neighbour, and as long as the filter bank goes on sounding.
+  // One granule without its neighbour, and the time for which the filter bank rings after it.
   static constexpr std::size_t kEcho = 576 + 480;
 };
 

@@ -1,8 +1,9 @@
 #include "backends/mpg123/mp3_decoder.h"
 
 #include "backends/mpg123/mpeg_stream.h"
-#include "backends/mpg123/polyphase.h"
+#include "backends/mpg123/resampler.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <array>
@@ -17,13 +18,11 @@ namespace {
 
 using Time = std::chrono::steady_clock;
 
-constexpr long kRate = 44100;
-constexpr std::size_t kFrameBytes = 4;
 constexpr std::size_t kHeaderBytes = 44;
 constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
-constexpr int kFramesPerSlice = 64;  // some 2 ms of work for less than 2 s of sound
+constexpr int kFramesPerSlice = 64;  // MPEG frames; 2 ms of work, up to 30 ms with resampling
 constexpr auto kTellEvery = std::chrono::milliseconds(50);
-// The size fields of a wave file are read as signed numbers by much of the world.
+// Many programs read the size fields of a wave file as signed numbers.
 constexpr std::int64_t kMostBytes = 0x7FFFFFFF - static_cast<std::int64_t>(kHeaderBytes);
 
 std::array<unsigned char, kHeaderBytes> WaveHeader(std::int64_t dataBytes) {
@@ -37,10 +36,10 @@ std::array<unsigned char, kHeaderBytes> WaveHeader(std::int64_t dataBytes) {
   word(4, dataBytes + static_cast<std::int64_t>(kHeaderBytes) - 8);
   std::memcpy(&header[8], "WAVEfmt ", 8);
   word(16, 16);
-  word(20, 2 << 16 | 1);  // two channels, integers
-  word(24, kRate);
-  word(28, kRate * static_cast<long>(kFrameBytes));
-  word(32, 16 << 16 | static_cast<int>(kFrameBytes));  // bits, bytes of a frame
+  word(20, 2 << 16 | 1);  // two channels, PCM
+  word(24, kSampleRate);
+  word(28, kBytesPerSecond);
+  word(32, kSampleBits << 16 | kFrameBytes);  // bits, bytes of a frame
   std::memcpy(&header[36], "data", 4);
   word(40, dataBytes);
   return header;
@@ -48,7 +47,8 @@ std::array<unsigned char, kHeaderBytes> WaveHeader(std::int64_t dataBytes) {
 
 }  // namespace
 
-// One decoding. Belongs to the slices until they have ended, then to the interface thread.
+// One decoding run. It belongs to the background thread until the slices have ended, then to the
+// interface thread.
 struct Mp3Decoder::Run {
   Run(Mp3Decoder& decoder, int frameCount)
       : owner(decoder), token(decoder.token_), frames(frameCount) {}
@@ -92,7 +92,7 @@ struct Mp3Decoder::Run {
 
   void Take(const MpegBlock& block) {
     if (resampler && resampler->Rate() != block.rate) EndResampling();
-    if (block.rate == kRate) {
+    if (block.rate == kSampleRate) {
       Store(block.sound, block.bytes);
       return;
     }
@@ -126,7 +126,7 @@ struct Mp3Decoder::Run {
     pending.clear();
   }
 
-  // What has been decoded so far becomes a wave file.
+  // Finishes the wave file with the sound decoded so far.
   void Complete() {
     if (resampler) EndResampling();
     Drain();
@@ -144,7 +144,7 @@ struct Mp3Decoder::Run {
       try {
         owner.dateien_.Kill(owner.target_);
       } catch (const std::exception&) {
-        // The first failure is the one that is reported.
+        // Only the first failure is reported.
       }
     }
     ended = true;
@@ -171,14 +171,14 @@ struct Mp3Decoder::Run {
   std::weak_ptr<int> token;
   int frames;  // of the whole source
   std::unique_ptr<MpegStream> stream;
-  std::unique_ptr<Datei> target;  // open from the first slice to the end
-  std::optional<Polyphase> resampler;
+  std::unique_ptr<Datei> target;  // open from the first slice to the last
+  std::optional<Resampler> resampler;
   std::vector<std::int16_t> converted;
   std::vector<char> pending;
   std::int64_t written = 0, frame = 0;
   Time::time_point told;
   bool ended = false;
-  int code = 0;  // of a failure
+  int code = 0;  // of the failure
   Text words;
 };
 
@@ -215,7 +215,7 @@ void Mp3Decoder::Decode() {
   if ((state_ != kMp3Open && state_ != kMp3Stopped) || target_.empty()) {
     throw Laufzeitfehler(kFehlerUngueltigerAufruf, L"No hay ningún archivo MP3 abierto.");
   }
-  // The end of the run before must not look like the end of this one.
+  // Reports the end of the run before, so that it is not taken for the end of this one.
   if (endUntold_) TellEnd();
   token_ = std::make_shared<int>(0);
   run_ = std::make_shared<Run>(*this, frames_);

@@ -1,8 +1,8 @@
-// The MP3 component through libmpg123. Sources of 44.1 kHz come out as the library decodes them, to
-// the bit; all other rates are decoded to float and resampled once.
+// The MP3 component through libmpg123. Sources of 44.1 kHz keep the exact samples that the library
+// decodes. Sources of other rates are decoded to float and resampled once.
 //
-// The source is scanned when it is opened (a few ms for a song), because the length that a header
-// inside the file promises is wrong for a file that was cut or joined.
+// Opening a source scans it, which takes a few ms for a song: the length in its header is wrong
+// when the file was cut or joined.
 #pragma once
 
 #include "platform/background.h"
@@ -21,15 +21,15 @@ class Mp3Decoder final : public Qm3Play {
   ~Mp3Decoder() override;
 
   void Init() override;
-  // Returns a number of platform/files.h for a source that cannot be read, and 321 for one that
-  // holds no MPEG audio; both leave the state 4.
+  // Returns a number of platform/files.h for a source that cannot be read, and 321 for one without
+  // MPEG audio. Both leave the state 4.
   int Open(const Text& source, const Text& target) override;
   int State() const override { return state_; }
   double LengthMs() const override { return lengthMs_; }
   int FrameCount() const override { return frames_; }
   void Decode() override;
   // Changes on the interface thread only, after the failure of a run has been reported, so that a
-  // caller that waits for it sees the whole outcome.
+  // caller that waits for Busy to end sees the complete result.
   bool Busy() const override { return state_ == kMp3Busy; }
   void Stop() override;
   void Close() override;
@@ -49,10 +49,10 @@ class Mp3Decoder final : public Qm3Play {
   int frames_ = 0;
   double lengthMs_ = 0;
   bool endUntold_ = false;
-  // Posted work carries the token of its run: events of a run that was stopped are not raised.
+  // Posted events carry the token of their run. Events of a stopped run are dropped.
   std::shared_ptr<int> token_;
   std::shared_ptr<Run> run_;
-  std::unique_ptr<BackgroundJob> job_;  // behind `run_`: ends first
+  std::unique_ptr<BackgroundJob> job_;  // after `run_`, so that it ends first
 };
 
 }  // namespace vantora

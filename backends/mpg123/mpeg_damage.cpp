@@ -22,11 +22,11 @@ void MpegDamage::Look(std::int64_t place, const FrameHeader& header, const unsig
   if (!ChecksumFits(header, frame)) broken |= kChecksum;
   if (!info.possible) broken |= kNumbers;
   if (info.used > info.back + room) broken |= kRoom;
-  // The decoder keeps no more of the frames before than the last one referred to.
+  // The decoder keeps earlier frames only back to the start of the last frame's sound.
   if (start < lastStart_) broken |= kRoom;
   lastStart_ = start;
   if (broken == 0 && start < free_) {
-    // Either of the two frames may be the damaged one.
+    // The sounds of the two frames overlap. Either frame may be the damaged one.
     Breaks(last_, kRoom);
     broken = kRoom;
     free_ = std::min(free_, start + info.used);
@@ -52,10 +52,10 @@ void MpegDamage::Breaks(const Frame& frame, unsigned rules) {
   entry.broken |= rules;
 }
 
-// True for a frame with a checksum that refers to what the decoder has spoilt. Where a frame refers
-// to something that is not there, the decoder makes a silent frame of it, and if it has a checksum,
-// loses two bytes of its room and what lies in front of it. It also counts two bytes too few in
-// each frame with a checksum.
+// True for a frame with a checksum whose sound begins in data that the decoder has lost. When a
+// frame refers to missing data, the decoder makes it silent; if the frame has a checksum, it also
+// loses all data before the frame and the first two bytes of its data. In each frame with a
+// checksum it counts two bytes too few.
 bool MpegDamage::NeedsSpoilt(const FrameHeader& header, std::int64_t back, std::int64_t room) {
   constexpr std::int64_t kLost = 2;
   const bool silent = back > held_;
@@ -87,7 +87,7 @@ void MpegDamage::Judge(MpegRun& run) const {
     run.Start += first->bytes;
     run.Bytes -= first->bytes;
   }
-  // In front of a stream's beginning nothing is missing, so nothing has been spoilt.
+  // No data is missing in front of the beginning of a stream, so the decoder has lost none.
   for (; first != last; ++first) {
     if (Damaged(*first) || (first->spoilt && !run.Beginning)) {
       run.Damaged.push_back(first->place - run.Start);

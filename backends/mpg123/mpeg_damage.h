@@ -1,11 +1,12 @@
-// Finds frames of Layer III whose header is intact and whose content is not, by three rules: the
-// checksum fits, where there is one; no number is one that encoders may not write; and the sound of
-// a frame begins where the frame before ends, and ends in the frame's own room.
+// Finds frames of Layer III with an intact header and damaged content, by three rules: a checksum,
+// if any, must match; no field may have a value that encoders must not write; and the sound of a
+// frame must begin at or after the end of the sound before it and end in the frame itself.
 //
-// A rule that every eighth frame of a file breaks is a habit of its encoder, and counts no more.
+// When at least an eighth of a file's frames break a rule, its encoder does so by habit, and the
+// rule is ignored.
 //
-// Damage to the sound itself is not found: only the side information can be judged without
-// decoding, and checksums cover nothing else. A single wrong bit in the sound can still be heard as
+// Damage to the sound data itself is not found: only the side information can be checked without
+// decoding, and checksums cover no more. A single wrong bit in the sound data can still be heard as
 // a burst of noise of one frame.
 #pragma once
 
@@ -20,12 +21,13 @@ namespace vantora {
 
 class MpegDamage {
  public:
-  // All frames of a file, run by run, in their order; `frame` has kHeadOfFrame bytes.
+  // Takes all frames of a file in order, with BeginRun before each run. `frame` has kHeadOfFrame
+  // bytes.
   void BeginRun();
   void Look(std::int64_t place, const FrameHeader& header, const unsigned char* frame);
 
-  // When all have been seen: enters the damaged frames of a run, and leaves out those at its broken
-  // ends, where nothing proves that they were frames at all.
+  // Called after all frames: lists the damaged frames of a run, and cuts off those at its broken
+  // ends, where it is not certain that they are frames at all.
   void Judge(MpegRun& run) const;
 
  private:
@@ -42,14 +44,14 @@ class MpegDamage {
   bool Damaged(const Frame& frame) const;
 
   std::vector<Frame> suspects_;
-  std::array<std::int64_t, 3> counts_{};  // of frames that break each rule
+  std::array<std::int64_t, 3> counts_{};  // frames that break each rule
   std::int64_t frames_ = 0;
   Frame last_;
-  // Bytes for sound, counted through all frames: of the frames so far, up to the end of the last
-  // frame's sound, and up to which a run's decoder has lost some.
+  // Positions in the data bytes of all frames, headers excluded: the end of the frames so far, the
+  // end of the last frame's sound, and the end of the data that the decoder has lost.
   std::int64_t rooms_ = 0, free_ = 0, spoilt_ = 0;
-  std::int64_t lastStart_ = 0;  // where the last frame's sound began
-  std::int64_t held_ = 0;       // that the run's decoder takes for there
+  std::int64_t lastStart_ = 0;  // where the last frame's sound begins
+  std::int64_t held_ = 0;       // bytes before the frame that the decoder believes to have
 };
 
 }  // namespace vantora

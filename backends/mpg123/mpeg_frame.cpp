@@ -7,7 +7,7 @@ namespace vantora {
 
 namespace {
 
-// Numbers of so many bits, one behind the other.
+// Reads numbers of a given number of bits in sequence.
 class Bits {
  public:
   explicit Bits(const unsigned char* from) : from_(from) {}
@@ -23,7 +23,7 @@ class Bits {
   std::size_t at_ = 0;
 };
 
-// The sound of one channel in one granule.
+// The side information of one channel in one granule.
 struct Granule {
   unsigned bits = 0;
   bool possible = true;
@@ -35,7 +35,7 @@ Granule TakeGranule(Bits& bits, bool first) {
   granule.bits = bits.Take(12);
   const unsigned pairs = bits.Take(9);
   bits.Take(8);              // the gain may have any value
-  bits.Take(first ? 4 : 9);  // so may the lengths of the scale factors
+  bits.Take(first ? 4 : 9);  // any value, too: the lengths of the scale factors
   std::array<unsigned, 3> tables{};
   bool knownBlock = true;
   std::size_t regions = tables.size();
@@ -51,7 +51,7 @@ Granule TakeGranule(Bits& bits, bool first) {
   }
   bits.Take(first ? 3 : 2);
   const auto known = [](unsigned table) { return table != 4 && table != 14; };
-  // The table 0 alone takes no bits, the others at least one for a pair.
+  // With Huffman table 0 values take no bits, with the others at least one bit per pair.
   const bool room =
       std::find(tables.begin(), tables.begin() + regions, 0U) != tables.begin() + regions ||
       pairs <= granule.bits;
@@ -64,11 +64,11 @@ Granule TakeGranule(Bits& bits, bool first) {
 
 std::optional<FrameHeader> ParseHeader(const unsigned char* b) {
   static constexpr std::array<std::array<int, 15>, 5> kBitrates{{
-      {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},  // 1, layer I
-      {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},     // 1, layer II
-      {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},      // 1, layer III
-      {0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256},     // 2, layer I
-      {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160},          // 2, II and III
+      {0, 32, 64, 96, 128, 160, 192, 224, 256, 288, 320, 352, 384, 416, 448},  // MPEG 1, layer I
+      {0, 32, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320, 384},     // MPEG 1, layer II
+      {0, 32, 40, 48, 56, 64, 80, 96, 112, 128, 160, 192, 224, 256, 320},      // MPEG 1, layer III
+      {0, 32, 48, 56, 64, 80, 96, 112, 128, 144, 160, 176, 192, 224, 256},     // MPEG 2, layer I
+      {0, 8, 16, 24, 32, 40, 48, 56, 64, 80, 96, 112, 128, 144, 160},          // MPEG 2, II and III
   }};
   static constexpr std::array<int, 3> kRates{44100, 48000, 32000};
 

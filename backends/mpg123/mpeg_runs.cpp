@@ -12,16 +12,16 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kGarbage = 1 << 20;  // bytes that may lie in front of the first frame
-constexpr int kProof = 4;                   // frames in a row
+constexpr std::int64_t kGarbage = 1 << 20;  // bytes allowed in front of the first frame
+constexpr int kProof = 4;                   // consecutive frames that prove a start
 
-// The bytes of a file, which are asked for a little forth and back.
+// Reads a file through a buffer. Reads may go back a little.
 class Bytes {
  public:
   explicit Bytes(Datei& file) : file_(file), length_(file.Length()), buffer_(kHeld) {}
 
   std::int64_t Length() const { return length_; }
-  // So many bytes from a place on; nothing when the file has fewer there.
+  // `count` bytes from `place`; null when the file ends before.
   const unsigned char* At(std::int64_t place, std::size_t count) {
     const auto wanted = static_cast<std::int64_t>(count);
     if (place + wanted > length_) return nullptr;
@@ -29,7 +29,7 @@ class Bytes {
       start_ = std::max<std::int64_t>(place - kBehind, 0);
       file_.Seek(start_);
       held_ = static_cast<std::int64_t>(file_.ReadSome(buffer_.data(), buffer_.size()));
-      if (place + wanted > start_ + held_) return nullptr;  // the file has been cut meanwhile
+      if (place + wanted > start_ + held_) return nullptr;  // the file has become shorter
     }
     return buffer_.data() + (place - start_);
   }
@@ -46,7 +46,7 @@ class Bytes {
 
  private:
   static constexpr std::size_t kHeld = std::size_t{256} * 1024;
-  static constexpr std::int64_t kBehind = 32768;  // more than the frames that prove a start
+  static constexpr std::int64_t kBehind = 32768;  // more than kProof frames need
 
   Datei& file_;
   std::int64_t length_;
@@ -61,8 +61,8 @@ class Search {
   std::vector<MpegRun> Runs() {
     start_ = BehindTags(0);
     std::int64_t at = start_;
-    // A stream of free format gives no sizes to follow, so it has to start right here; the decoder
-    // finds out the rest.
+    // Frames of a free-format stream have no known size, so the stream must start at this byte. The
+    // decoder finds the sizes.
     const auto first = Header(at);
     if (first && first->bytes == 0) return {{at, bytes_.Length() - at, true, true, {}}};
     at = NextStart(at, at + kGarbage);
@@ -95,7 +95,7 @@ class Search {
     return at;
   }
 
-  // The next place in front of `limit` at which a run begins; -1 when there is none.
+  // The next position before `limit` at which a run begins; -1 when there is none.
   std::int64_t NextStart(std::int64_t at, std::int64_t limit) {
     for (at = BehindTags(at); at <= limit; ++at) {
       const unsigned char* bytes = bytes_.At(at, 4);
@@ -106,7 +106,7 @@ class Search {
   }
 
   bool FramesFollow(std::int64_t at) {
-    // Behind a gap a single frame proves nothing.
+    // After a gap, a single frame followed by a tag is not enough.
     const int least = runs_.empty() ? 1 : 2;
     std::uint32_t kind = 0;
     for (int count = 0; count < kProof; ++count) {
@@ -120,8 +120,8 @@ class Search {
     return true;
   }
 
-  // Frames that the encoder counts in the first frame of a stream, that one included; 0: it does
-  // not count.
+  // The number of frames that an encoder wrote into the first frame of a stream, plus one for that
+  // frame itself; 0 when there is none.
   std::int64_t Counted(std::int64_t start) {
     const unsigned char* head = bytes_.At(start, 4);
     if (head == nullptr) return 0;
@@ -132,21 +132,21 @@ class Search {
     return counts ? std::int64_t{bytes_.Number(place + 8)} + 1 : 0;
   }
 
-  // True where the sound of a run's first frame begins in frames that are not there.
+  // True when the sound of a run's first frame begins in frames that are missing.
   bool LacksWhatWasBefore(std::int64_t start) {
     const unsigned char* frame = bytes_.At(start, kHeadOfFrame);
     const auto header = Header(start);
     return frame != nullptr && header->sideInfo > 0 && ParseSideInfo(*header, frame).back > 0;
   }
 
-  // Adds the run that begins at a place; returns where the next may begin.
+  // Adds the run that begins at `start`. Returns the position at which the next run may begin.
   std::int64_t Follow(std::int64_t start) {
     const std::uint32_t kind = Header(start)->kind;
     std::int64_t at = start, last = start, frames = 0;
     damage_.BeginRun();
     for (auto header = Header(at); header && header->kind == kind && header->bytes > 0;
          header = Header(at)) {
-      // The count lies in what would be side information in a frame with a checksum.
+      // A frame with a frame count has no side information, so it is not checked.
       const bool sounds = Counted(at) == 0;
       const unsigned char* frame = bytes_.At(at, kHeadOfFrame);
       if (sounds && frame != nullptr) damage_.Look(at, *header, frame);
@@ -160,7 +160,8 @@ class Search {
     if (!followed) at = last;
     if (at > start) {
       const bool beginning = (start == start_ || counted > 0) && !LacksWhatWasBefore(start);
-      // Encoders do not agree whether the frame with the count counts.
+      // Encoders differ on whether the frame with the count is included, so one frame may be
+      // missing.
       const bool whole = followed && at <= bytes_.Length() && frames + 1 >= counted;
       runs_.push_back({start, std::min(at, bytes_.Length()) - start, beginning, whole, {}});
     }
@@ -168,7 +169,7 @@ class Search {
   }
 
   Bytes bytes_;
-  std::int64_t start_ = 0;  // of what is no tag
+  std::int64_t start_ = 0;  // first byte after the tags
   std::vector<MpegRun> runs_;
   MpegDamage damage_;
 };

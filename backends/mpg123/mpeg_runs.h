@@ -1,5 +1,5 @@
-// Where MPEG audio lies in a file: in front of it, behind it and between it there may be tags,
-// pictures and damage.
+// Finds MPEG audio in a file that may contain tags, pictures and damage before, after and between
+// the frames.
 #pragma once
 
 #include "platform/files.h"
@@ -9,22 +9,23 @@
 
 namespace vantora {
 
-// Frames of one kind that follow each other without a gap.
+// Consecutive frames of one kind without a gap.
 struct MpegRun {
   std::int64_t Start = 0, Bytes = 0;  // in the file
-  bool Beginning = true;              // of a stream; what lay in front of others is lost
-  bool Whole = true;                  // to its end; what lay behind others is lost
-  // Places in the run of frames whose header is sound and whose content is not, in rising order.
+  bool Beginning = true;              // starts a stream; else the frames before are lost
+  bool Whole = true;                  // complete; else the frames after it are lost
+  // Offsets in the run of frames with an intact header and damaged content, ascending.
   std::vector<std::int64_t> Damaged;
 };
 
-// None for a file that is something else. Eleven bits make a frame's mark, which any picture, text
-// or wave file holds somewhere; so a run begins only where several frames follow each other, the
-// first within 1 MiB behind the tags in front. A frame with something else than a frame or a tag
-// behind it is damaged, unless the stream's own count of its frames ends with it.
+// Returns no run for a file of another kind. A frame begins with only eleven set bits, which any
+// picture, text or wave file may contain. A run therefore begins only where several frames follow
+// each other, and the first run within 1 MiB after the tags at the start. A frame that is followed
+// by neither a frame nor a tag is damaged, unless it is the last one by the stream's own frame
+// count.
 //
-// False frames that fit in everything, and begin and end where true ones could, are taken for
-// frames: if they are found damaged, they are silent, and at a run's broken end they are left out.
+// False frames that match in every field, and begin and end where true ones could, are accepted.
+// Those that are found damaged are silenced, or cut off at the broken end of a run.
 std::vector<MpegRun> FindMpegRuns(Datei& file);
 
 }  // namespace vantora

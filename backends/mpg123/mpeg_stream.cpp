@@ -25,16 +25,16 @@ namespace {
   throw Laufzeitfehler(kFehlerKeinMpeg, L"El archivo no contiene audio MPEG.");
 }
 
-// A block as it is passed on.
+// A block as Next returns it.
 struct Block {
-  std::vector<char> Sound;  // 16-bit integers at 44.1 kHz, else floats; interleaved stereo
+  std::vector<char> Sound;  // interleaved stereo: 16-bit integers at 44.1 kHz, else floats
   long Rate = 0;
   std::int64_t Frame = 0;
   bool BehindGap = false;
 
   std::size_t Frames() const { return Sound.size() / FrameBytes(); }
   std::size_t FrameBytes() const { return Rate == 44100 ? 4 : 8; }
-  // Calls with the samples as what they are.
+  // Calls `work` with the samples in their real type.
   template <class Work>
   auto As(const Work& work) {
     return Rate == 44100 ? work(reinterpret_cast<std::int16_t*>(Sound.data()))
@@ -44,11 +44,11 @@ struct Block {
 
 }  // namespace
 
-// The library is given one run of frames after the other, each as a stream of its own: it never
-// sees what lies between them, and what frames of one run refer to is not looked for in another.
+// The library opens each run of frames as a separate stream. It never reads the bytes between runs,
+// and frames of one run are never decoded with data of another.
 //
-// It reads through this buffer: it asks for every frame's header and body singly, and a system call
-// for each would take ten times as long as the scan itself.
+// The library reads through this buffer. It asks for the header and the body of every frame
+// separately, and a system call for each would take ten times as long as the scan itself.
 struct MpegStream::Handle {
   explicit Handle(std::unique_ptr<Datei> source)
       : file(std::move(source)), runs(FindMpegRuns(*file)) {
@@ -70,14 +70,14 @@ struct MpegStream::Handle {
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
 
-  // The next block as the library decodes it; none at the end.
+  // The next block as decoded; nothing at the end.
   std::optional<Block> Decode();
-  bool Damaged() const;  // the frame of that block
-  // The same with its beginning shaped.
+  bool Damaged() const;  // the frame of the last decoded block
+  // The next block with its beginning faded in or silenced.
   std::optional<Block> Shaped();
 
-  // Opens the run `number`, or the first behind it that the library takes; false when there is
-  // none.
+  // Opens run `number`, or the first later one that the library accepts. Returns false when there
+  // is none.
   bool OpenRun(std::size_t number) {
     for (; number < runs.size(); ++number) {
       run = number;
@@ -125,7 +125,7 @@ struct MpegStream::Handle {
   bool Fill() {
     held = 0;
     if (place >= size || failure) return false;
-    // No exception may pass through the library, which is C.
+    // The library is written in C, so no exception may pass through it.
     try {
       file->Seek(start + place);
       bufferStart = place;
@@ -140,8 +140,8 @@ struct MpegStream::Handle {
   std::unique_ptr<Datei> file;
   std::vector<MpegRun> runs;
   std::size_t run = 0;                          // the open one
-  bool behindGap = false;                       // what lay in front of the next block is lost
-  std::int64_t start = 0, size = 0, place = 0;  // the run in the file; the next byte of it
+  bool behindGap = false;                       // frames in front of the next block are lost
+  std::int64_t start = 0, size = 0, place = 0;  // open run in the file; next byte in the run
   std::array<char, 65536> buffer;
   std::int64_t bufferStart = 0;
   std::size_t held = 0;
@@ -151,7 +151,8 @@ struct MpegStream::Handle {
   std::int64_t framesBefore = 0, frame = 0;  // of the runs before this one; of all so far
   GapFade fade;
   SoundCheck check;
-  // Passed on, and decoded ahead of it: what stands before a gap fades out.
+  // The block last returned, and the next one. Decoding is one block ahead because the end of the
+  // block before a gap fades out.
   std::optional<Block> passed, ahead;
   bool begun = false;
 };
@@ -176,7 +177,7 @@ std::optional<Block> MpegStream::Handle::Decode() {
     }
     if (failure) std::rethrow_exception(failure);
     if (result == MPG123_OK) break;
-    // Any other answer is the end: of the run, or of what can be heard of it.
+    // Any other result ends the run, or the part of it that can be decoded.
     framesBefore = frame;
     behindGap = result != MPG123_DONE || !runs[run].Whole;
     if (!OpenRun(run + 1)) return {};
@@ -256,8 +257,9 @@ MpegLength MpegStream::MeasureRun() {
   const long samplesPerFrame = mpg123_spf(handle.decoder);
   if (length.frames == 0 || length.frames == promised) return length;
 
-  // The file was cut or joined. What the encoder put in front is then left out all the same, but
-  // the scan does not count it: it shows in the first sound of a decoder that begins anew.
+  // The frame count in the header is wrong, so the file was cut or joined. The decoder still skips
+  // the encoder's delay at the start, but the scan does not subtract it. The first block of a new
+  // decoding shows how long it is.
   const std::size_t run = handle.run;
   handle.OpenRun(run);
   while (handle.run == run) {

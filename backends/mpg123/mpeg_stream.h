@@ -1,4 +1,4 @@
-// An MPEG audio file behind libmpg123: how long it is, and its sound block by block.
+// Decodes an MPEG audio file with libmpg123: its length, and its sound block by block.
 #pragma once
 
 #include "platform/files.h"
@@ -10,11 +10,11 @@
 
 namespace vantora {
 
-constexpr int kFehlerKeinMpeg = 321;  // the file's format is a foreign one
+constexpr int kFehlerKeinMpeg = 321;  // the file has a wrong format
 
 struct MpegLength {
   std::int64_t frames = 0;   // MPEG frames in the file
-  std::int64_t samples = 0;  // per channel, at `rate`, without what the encoder put around them
+  std::int64_t samples = 0;  // per channel, at `rate`, without the encoder's padding
   long rate = 0;             // Hz
 };
 
@@ -22,7 +22,7 @@ struct MpegBlock {
   const void* sound = nullptr;  // interleaved stereo; valid until the next call
   std::size_t bytes = 0;
   long rate = 0;           // 44100: 16-bit integers; else 32-bit floats of -1 to 1
-  std::int64_t frame = 0;  // of the file, from 1
+  std::int64_t frame = 0;  // number in the file, from 1
 };
 
 class MpegStream {
@@ -31,15 +31,15 @@ class MpegStream {
   MpegStream(Dateien& dateien, const Text& path);
   ~MpegStream();
 
-  // Counts the file's frames; the stream is at its start again after it.
+  // Counts the file's frames by scanning it.
   static MpegLength Measure(Dateien& dateien, const Text& path);
 
-  // The next block, which may be empty; nothing at the end. What is no music inside the file is
-  // skipped. Raises what the file raises.
+  // Returns the next block, which may be empty; nothing at the end. Data in the file that is not
+  // MPEG audio is skipped. Raises the errors of reading the file.
   std::optional<MpegBlock> Next();
 
  private:
-  MpegLength MeasureRun();  // of the run that has just been opened
+  MpegLength MeasureRun();  // of the run just opened
 
   struct Handle;
   std::unique_ptr<Handle> handle_;

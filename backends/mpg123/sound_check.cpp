@@ -16,7 +16,7 @@ bool Silent(const Sample* from, const Sample* to) {
   return std::all_of(from, to, [](Sample s) { return s == 0; });
 }
 
-// The loudest of the last samples in front of `end`.
+// The peak of the samples just before `end`.
 template <typename Sample>
 float LevelBefore(const Sample* sound, std::size_t end) {
   constexpr std::size_t kFrames = 32;
@@ -30,8 +30,8 @@ float LevelBefore(const Sample* sound, std::size_t end) {
 
 }  // namespace
 
-// The decoder gives a frame up when it asks for more bits than there are, and fills the rest of it,
-// from a granule on, with zeros. Sound that ends of its own accord never does so from one sample to
+// The decoder gives up a frame that asks for more bits than it has, and fills the rest of it with
+// zeros from the start of a granule. Real sound never becomes digital silence from one sample to
 // the next.
 template <typename Sample>
 bool SoundCheck::Sound(const Sample* sound, std::size_t frames) {

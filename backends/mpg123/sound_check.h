@@ -1,7 +1,7 @@
-// Finds decoded blocks that can't be what the encoder meant, since the decoder does not report it.
-// Blocks go through it one by one, interleaved stereo, before anything else touches them.
+// Finds decoded blocks that the encoder cannot have meant; the decoder does not report them. Takes
+// the blocks in order, as interleaved stereo, before any other processing.
 //
-// Nothing is judged by its loudness: files that are far louder than full scale exist.
+// Loudness is no criterion: there are files that are far louder than full scale.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@ namespace vantora {
 
 class SoundCheck {
  public:
-  // What follows does not join what was there before.
+  // The next block does not continue the one before.
   void Begin() { lastLevel_ = 0; }
 
   template <typename Sample>

@@ -11,8 +11,6 @@ constexpr int kMostCopies = 99;
 
 }  // namespace
 
-// ---- the job ----
-
 PrintSheet JobPrinter::Sheet() {
   return job_ ? job_->Sheet : target_.Sheet();
 }
@@ -55,8 +53,6 @@ double JobPrinter::DeviceCaps(DeviceCap what) {
   return twips / kPrintTwipsPerPixel;
 }
 
-// ---- drawing ----
-
 PrintItem& JobPrinter::Add(PrintItem::What kind, std::vector<PrintPoint> points, Color ink) {
   PrintItem item;
   item.Kind = kind;
@@ -78,7 +74,8 @@ void JobPrinter::Circle(double x, double y, double radius, Color color) {
   Add(PrintItem::What::Circle, {{x, y}}, color).Radius = radius;
 }
 
-// Points that follow one another become one item, as a page has many thousands of them.
+// Consecutive points of one colour and width become one item, since a page has many thousands of
+// them.
 void JobPrinter::PSet(double x, double y, Color color) {
   std::vector<PrintItem>& items = Job().Items;
   const bool more = !items.empty() && items.back().Kind == PrintItem::What::Points &&
@@ -97,8 +94,6 @@ void JobPrinter::PaintPicture(const Bild& picture, double x, double y, double wi
     Add(PrintItem::What::Picture, {{x, y}, {x + width, y + height}}, 0).Picture = picture;
   }
 }
-
-// ---- text ----
 
 void JobPrinter::Write(double x, double y, const Text& text, Color color) {
   Job();

@@ -1,4 +1,5 @@
-// The printer object of every machine: it writes down what the page is made of, and hands it over.
+// A printer that collects the items of a job and delivers them to a PrintTarget at the end. All
+// printers use it.
 #pragma once
 
 #include "backends/printing/print_job.h"

@@ -1,6 +1,5 @@
-// What a page is made of, written down in order: it is drawn when the job is sent, so that a job
-// which is given up leaves nothing behind. Places are in twips from the corner of the printable
-// area.
+// The items of a print job in order. They are drawn when the job is sent, so that a cancelled job
+// leaves nothing behind. Positions are in twips from the corner of the printable area.
 #pragma once
 
 #include "platform/printer.h"
@@ -9,7 +8,7 @@
 
 namespace vantora {
 
-constexpr double kPrintTwipsPerPixel = 2;  // 720 pixels an inch, on paper and in files
+constexpr double kPrintTwipsPerPixel = 2;  // 720 pixels per inch, on paper and in files
 
 struct PrintPoint {
   double X = 0, Y = 0;
@@ -18,22 +17,22 @@ struct PrintPoint {
 
 struct PrintItem {
   enum class What { Words, Line, Box, FilledBox, Circle, Points, Picture } Kind = What::Line;
-  // Of a text and of a circle its place; of lines and boxes two points; of a picture two corners.
+  // The position of a text or circle, the two ends of a line or box, or two corners of a picture.
   std::vector<PrintPoint> Points;
   Color Ink = 0;
   Text Content;
-  LogicalFont Font;             // its height in pixels
-  Color Ground = kTransparent;  // under a text
+  LogicalFont Font;             // its height is in pixels
+  Color Ground = kTransparent;  // behind a text
   double Radius = 0;
-  int Style = kDrawSolid, Width = 1;  // pixels
+  int Style = kDrawSolid, Width = 1;  // in pixels
   Bild Picture;
 };
 
 struct PrintSheet {
   PaperSize Paper;
-  double MarginX = 0, MarginY = 0;  // of the upright sheet, twips
+  double MarginX = 0, MarginY = 0;  // in portrait orientation, in twips
 
-  // As it is turned.
+  // The paper's size in the given orientation.
   double PaperWidth(int orientation) const {
     return orientation == kLandscape ? Paper.Height : Paper.Width;
   }
@@ -52,13 +51,13 @@ struct PrintJob {
   std::vector<PrintItem> Items;
 };
 
-// Where jobs go.
+// The destination of print jobs.
 class PrintTarget {
  public:
   virtual ~PrintTarget() = default;
   virtual PrintSheet Sheet() = 0;  // of the current printer
-  virtual void Begin() = 0;        // raises 482 when the printer is not there any more
-  // Raises what a Printer raises; the job has then come to nothing.
+  virtual void Begin() = 0;        // raises 482 when the printer no longer exists
+  // Prints the job. Raises the errors of Printer; nothing has been printed then.
   virtual void Deliver(const PrintJob& job) = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include "backends/sound/effects/switched_effect.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -12,18 +13,17 @@ namespace vantora {
 
 namespace {
 
-constexpr int kChannels = 2;
-constexpr double kUnit = 0.0016;  // of the speed, for a pitch of 1
+constexpr double kUnit = 0.0016;  // change of speed per unit of pitch
 constexpr double kSlowest = 0.25, kFastest = 4;
-// The library bends its ratio in a straight line, which is its inverse for the speed. Over so few
-// frames the two are the same.
+// The library changes its ratio linearly. The ratio is the inverse of the speed, which should
+// change linearly. Over this many frames the difference does not matter.
 constexpr std::size_t kStretch = 64;
-// The filter looks not quite so many frames back.
+// A little more than the number of frames that the filter reads back.
 constexpr std::size_t kBack = 48;
 
 double SpeedOf(float pitch) {
   const double speed = 1 + kUnit * static_cast<double>(pitch);
-  if (!(speed > kSlowest)) return kSlowest;  // what is no number, too
+  if (!(speed > kSlowest)) return kSlowest;  // also for NaN
   return std::min(speed, kFastest);
 }
 
@@ -77,7 +77,8 @@ void Pitcher::Pull(MMData& data) {
   data.Bytes = frames * 4;
 }
 
-// The filter hears what has passed before, so that bending sets in without a click.
+// The new filter first processes the sound that has just passed, so that the change of speed begins
+// without a click.
 void Pitcher::Begin() {
   state_ = NewFilter();
   speed_ = SpeedOf(start_);
@@ -86,8 +87,8 @@ void Pitcher::Begin() {
   Bend(last_.Bytes / 4, speed_);
 }
 
-// Up to so many frames, fewer only at the end, while the speed goes to its new value. A frame and
-// the next one lie as far apart as the speed between them says.
+// Resamples while the speed slides from `speed_` to `speed`. Returns `frames`, or fewer at the end
+// of the sound. The distance between two output frames follows the speed at that moment.
 std::size_t Pitcher::Bend(std::size_t frames, double speed) {
   const double slope = (speed - speed_) / static_cast<double>(frames);
   const auto ratio = [&](std::size_t frame) {
@@ -107,7 +108,8 @@ std::size_t Pitcher::Bend(std::size_t frames, double speed) {
     Check(src_process(state_.get(), &step));
     inAt_ += static_cast<std::size_t>(step.input_frames_used);
     inFrames_ -= static_cast<std::size_t>(step.input_frames_used);
-    if (inFrames_ == 0) inAt_ = 0;  // the library takes a place behind the input for the output
+    // With no input, the library would place the output behind the end of `in_`.
+    if (inFrames_ == 0) inAt_ = 0;
     done += static_cast<std::size_t>(step.output_frames_gen);
     if (step.output_frames_gen > 0) continue;
     if (over_) break;
@@ -116,9 +118,9 @@ std::size_t Pitcher::Bend(std::size_t frames, double speed) {
   return done;
 }
 
-// The filter takes what came before the first frame for silence, and a loud start would click. So
-// much it lacks in the first frames at the normal speed, and next to nothing else where a slide
-// begins.
+// The filter assumes silence before the first frame, so a loud start would click. Missing returns
+// the difference between the sound and the filter's output in the first frames at normal speed.
+// Where the pitch slides from the start, it is nearly the same.
 std::vector<float> Pitcher::Missing() const {
   std::vector<float> missing(kChannels * kBack);
   const Filter filter = NewFilter();

@@ -1,5 +1,6 @@
-// Bends the sound with libsamplerate, in float until it is rounded once, ties to even. Its filter
-// needs to see ahead, so it reads ahead; place and length of the sound show nothing of that.
+// Changes the pitch of the sound with libsamplerate. It computes in float and rounds once, ties to
+// even. The filter needs later frames, so this component reads ahead; its position and length do
+// not show that.
 #pragma once
 
 #include "platform/mmchain.h"
@@ -29,18 +30,18 @@ class Pitcher final : public MMPitchX {
 
   static Filter NewFilter();
   void Begin();
-  std::size_t Bend(std::size_t frames, double speed);  // into `out_`
+  std::size_t Bend(std::size_t frames, double speed);  // result in `out_`
   std::vector<float> Missing() const;
   void Load(const MMData& data);
   void Fetch();
 
-  Filter state_;      // from the first bent buffer on
-  float start_ = 0;   // the pitch that the sound begins with
-  double speed_ = 1;  // at the end of the last bent buffer
+  Filter state_;      // exists from the first resampled buffer on
+  float start_ = 0;   // the pitch at the start of the sound
+  double speed_ = 1;  // at the end of the last resampled buffer
   Floats in_{}, out_{};
-  std::size_t inAt_ = 0, inFrames_ = 0;  // of what was read and not yet used
-  bool over_ = false;                    // nothing more comes in
-  MMData last_;                          // that has passed as it was
+  std::size_t inAt_ = 0, inFrames_ = 0;  // input that has been read and not used
+  bool over_ = false;                    // the input has ended
+  MMData last_;                          // passed on unchanged last
 };
 
 }  // namespace vantora

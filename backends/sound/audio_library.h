@@ -1,4 +1,4 @@
-// Restoration filters and spectrum under the numbers of the library's functions.
+// Restoration filters and the spectrum, addressed by the function numbers of platform/audiolib.h.
 #pragma once
 
 #include "backends/sound/restoration/click_filter.h"
@@ -41,10 +41,10 @@ class AudioLibrary final : public Audiolib {
   void func_16() override { spectrum_.reset(); }
 
  private:
-  static constexpr std::size_t kChannels = 2;  // more than these pass as they are
+  static constexpr std::size_t kChannels = 2;  // sound with more channels passes unchanged
   static constexpr std::size_t kPiece = std::min(ClickFilter::kBlock, Denoiser::kBlock);
 
-  // A filter that is on: one for each channel.
+  // A filter that is switched on, one per channel.
   template <class Filter>
   using Stage = std::optional<std::vector<Filter>>;
 
@@ -56,7 +56,7 @@ class AudioLibrary final : public Audiolib {
   Stage<Denoiser> hiss_;
   std::vector<float> piece_;  // of one channel; empty before the start
 
-  std::optional<Spectrum> spectrum_;  // the picture that is being made
+  std::optional<Spectrum> spectrum_;  // the picture being drawn
 };
 
 }  // namespace vantora

@@ -7,14 +7,14 @@
 #include "backends/sound/chain/trigger.h"
 #include "backends/sound/chain/wave_in.h"
 #include "backends/sound/chain/wave_out.h"
+#include "backends/sound/edits/normalizer.h"
 #include "backends/sound/effects/equalizer.h"
 #include "backends/sound/effects/flanger.h"
 #include "backends/sound/effects/reverb.h"
+#include "backends/sound/effects/sound_helper.h"
 #include "backends/sound/effects/volume.h"
-#include "backends/sound/normalizer.h"
-#include "backends/sound/sound_helper.h"
-#include "backends/sound/wave_file.h"
-#include "backends/sound/wave_object.h"
+#include "backends/sound/files/wave_file.h"
+#include "backends/sound/files/wave_object.h"
 
 #include <utility>
 

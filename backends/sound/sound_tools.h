@@ -1,5 +1,5 @@
-// The audio component set put together: own wave files, chains and filters, and from other back
-// ends players, devices, a loudspeaker and an input, and the bending of the pitch.
+// Assembles the audio components: wave files, chains and filters from this folder; players,
+// devices, sound output, sound input and the pitch effect from other back ends.
 #pragma once
 
 #include "platform/edits.h"

@@ -27,6 +27,9 @@ mixer in Mic 26000
 mixer in Line 49152 select
 setting Show3DAnalysis 1
 start
+press frmHauptForm.imgPrintCover
+shot frmMBox_@SIZE@.png
+answer 7
 press frmHauptForm.imgLiedImport
 choose "C:\Música\Azul oscuro.wav" "C:\Música\Bajo la lluvia.wav" "C:\Música\El faro.wav" "C:\Música\Última luz.wav"
 type frmNeuerInterpret.txtTitel "Azul oscuro"
@@ -75,9 +78,6 @@ press frmHauptForm.imgLiedImport
 after 2500 shot frmSchreibFortschritt_mp3_@SIZE@.png
 choose "C:\Música\Mar abierto.mp3"
 key frmNeuerInterpret Return
-press frmHauptForm.imgExtras
-shot frmMBox_@SIZE@.png
-answer 7
 # the recorder: a take that has ended, and one that runs
 press frmHauptForm.imgLPKopieren
 choose C:\Vantora\Wavs\vinilo.wav

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "cdinput/frmCDPlayer.h"
+#include "tests/emulators/fake_cd_drive.h"
 #include "tests/support/buehne.h"
-#include "tests/support/fake_cd_drive.h"
 
 namespace vantora {
 

@@ -4,8 +4,8 @@
 
 #include "backends/linux/linux_sockets.h"
 #include "cdinput/clsCCd.h"
+#include "tests/emulators/cddb_server.h"
 #include "tests/support/buehne.h"
-#include "tests/support/cddb_server.h"
 
 #include <deque>
 #include <set>

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "tests/cdinput/cd_stage.h"
 
 namespace vantora {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "cdwriting/fortschritt.h"
 #include "tests/support/buehne.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "tests/support/buehne.h"
 
 #include <cstring>

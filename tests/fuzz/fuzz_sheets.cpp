@@ -29,7 +29,7 @@ namespace {
 void ReadAll(const std::shared_ptr<Disc>& disc) {
   const CdToc& toc = disc->Toc();
   Require(toc.Count() >= 1 && toc.Count() <= 99, "a disc has 1 to 99 tracks");
-  std::string sectors(3 * kCdSectorBytes, '?');
+  std::string sectors(3 * kSectorBytes, '?');
   int end = 0;
   for (int number = 1; number <= toc.Count(); ++number) {
     const CdTrack& track = toc.Track(number);
@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace vantora::test;
   static Home home;
   static const bool laid = [] {
-    Put(home / "a.bin", Noise(std::size_t{20} * kCdSectorBytes));
+    Put(home / "a.bin", Noise(std::size_t{20} * kSectorBytes));
     Put(home / "x/b.wav", Wave(Noise(5000)));
     return true;
   }();

@@ -1,8 +1,8 @@
 // Any bytes as a wave file: opened, read, lengthened and cut. What opens must be a true wave file
 // after each edit.
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 #include "backends/sound/edits/wave_edits.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"

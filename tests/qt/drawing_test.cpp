@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "backends/qt/drawing_widget.h"
+#include "backends/qt/faces/drawing_widget.h"
+#include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/print/qt_font_book.h"
 #include "backends/qt/print/qt_image.h"
-#include "backends/qt/qt_event_loop.h"
 #include "tests/backends/full_form.h"
 
 #include "platform/box_device.h"

@@ -1,6 +1,6 @@
-#include "backends/qt/fit.h"
+#include "backends/qt/windows/fit.h"
 
-#include "backends/qt/qt_display.h"
+#include "backends/qt/desktop/qt_display.h"
 #include "tests/qt/stage.h"
 
 #include <QApplication>

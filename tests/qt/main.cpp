@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "backends/qt/qt_app.h"
+#include "backends/qt/desktop/qt_app.h"
 
 #include <cstdlib>
 

@@ -1,9 +1,8 @@
-#include "backends/qt/pictures.h"
+#include "backends/qt/pictures/pictures.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
-#include <QPainter>
 #include <QTemporaryDir>
 
 #include <filesystem>
@@ -77,33 +76,6 @@ TEST_F(KeptPictures, AreDrawnAfreshFromAFileThatWasCutOffOrOverwritten) {
     put(bad);
     Pictures(folder_, store_).Get(L"panel", {40, 20}, 2);
   }
-}
-
-TEST_F(KeptPictures, WordsComeFromTheStartBeforeAsLongAsTheFontsAreTheSame) {
-  // How many words of a start had to be drawn.
-  const auto start = [&](std::initializer_list<const char*> all, qint64 fonts) {
-    Pictures pictures(folder_, store_);
-    int drawn = 0;
-    for (const char* words : all) {
-      const QImage shown = pictures
-                               .Words(QString::fromLatin1(words), fonts, {30, 10}, 2,
-                                      [&drawn](QPainter& painter) {
-                                        ++drawn;
-                                        painter.fillRect(0, 0, 15, 10, Qt::blue);
-                                      })
-                               .toImage();
-      EXPECT_EQ(shown.pixel(29, 19), kBlue.first);
-      EXPECT_EQ(shown.pixel(30, 0), kBlue.second);
-    }
-    return drawn;
-  };
-  fs::create_directories(store_.parent_path());
-  EXPECT_EQ(start({"Abrir", "Salir"}, 7), 2);
-  EXPECT_EQ(start({"Abrir", "Salir"}, 7), 0);
-  EXPECT_EQ(start({"Abrir", "03:12"}, 7), 1)
-      << "the first is known, and what is no longer shown goes";
-  EXPECT_EQ(start({"Abrir", "Salir"}, 7), 1);
-  EXPECT_EQ(start({"Abrir", "Salir"}, 8), 2) << "the fonts are others";
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The desktop is asked to stay awake over a bus of the test's own, on which a desktop answers.
-#include "backends/qt/qt_inhibitor.h"
+#include "backends/qt/desktop/qt_inhibitor.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "backends/qt/qt_event_loop.h"
-#include "backends/qt/qt_hands.h"
+#include "backends/qt/loop/qt_event_loop.h"
+#include "backends/qt/loop/qt_hands.h"
 #include "tests/backends/full_form.h"
 
 #include <string>

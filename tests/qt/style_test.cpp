@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "backends/qt/level_bars.h"
-#include "backends/qt/look.h"
-#include "backends/qt/qt_event_loop.h"
+#include "backends/qt/faces/level_bars.h"
+#include "backends/qt/look/look.h"
+#include "backends/qt/loop/qt_event_loop.h"
 
 #include <QApplication>
 #include <QImage>

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "app/zahlen.h"
+#include "app/werte/zahlen.h"
 #include "tests/recorder/aufnahme_stage.h"
 
 #include <algorithm>

@@ -14,9 +14,7 @@ namespace {
 class Abbruch : public ::testing::Test, protected EditorBuehne {
  protected:
   void Waehle(std::int32_t anfang, std::int32_t ende) {
-    E().NurCursor = false;
-    E().MarkerAnfang = anfang;
-    E().MarkerEnde = ende;
+    E().Waehlen({.MarkerAnfang = anfang, .MarkerEnde = ende});
   }
   std::string Lies() { return b.Lies(kDatei); }
   bool NochNotizen() {

@@ -19,11 +19,11 @@ class EditorBuehne {
   explicit EditorBuehne(const Buehne::Umbau& umbau) : b(umbau) { b.Start(); }
 
   // Frames as the test says, from 0.
-  using Klang = std::function<frmWaveEditor::Frame(std::int64_t frame)>;
+  using Klang = std::function<KlangFrame(std::int64_t frame)>;
   void Schreibe(std::int64_t frames, const Klang& klang) {
     std::string daten;
     for (std::int64_t i = 0; i < frames; ++i) {
-      const frmWaveEditor::Frame frame = klang(i);
+      const KlangFrame frame = klang(i);
       for (const std::int16_t wert : {frame.Links, frame.Rechts}) {
         daten += test::Number(static_cast<std::uint16_t>(wert), 2);
       }

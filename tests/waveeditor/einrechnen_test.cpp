@@ -73,10 +73,10 @@ TEST_F(Einrechnen, HalfTheVolumeHalvesEverySampleOfTheFileOnceItIsApplied) {
   EXPECT_FALSE(E().Window.Enabled());
   Vergeht(3000);
   EXPECT_TRUE(E().Window.Enabled());
-  EXPECT_FALSE(E().EinrechnenLaeuft);
+  EXPECT_FALSE(E().EinrechnenLaeuft());
   ErwarteHalb(vorher, kDatei);
-  EXPECT_TRUE(E().Edits().UndoVorhanden() && E().EffekteAktiv);
-  EXPECT_EQ(E().Out->Input(), E().mmVolume.get());
+  EXPECT_TRUE(E().Edits().UndoVorhanden() && E().EffekteAktiv());
+  EXPECT_EQ(E().Kette().Out().Input(), &E().Kette().mmVolume());
   b.Tu([&] { E().CloseMe(); });
   ErwarteNichtsImTempOrdner();
 }
@@ -108,7 +108,7 @@ TEST_F(Einrechnen, AResultThatCannotBeCopiedIsToldAndTheEditorGoesOnWithTheFileA
   const std::string vorher = b.Lies(kDatei);
   HalbeLautstaerke();
   Druecke(E().imgSteuerung(5));
-  E().DestFile->Wave.SetFileName(L"C:\\no\\hay.dat");
+  E().Kette().DestFile().Wave.SetFileName(L"C:\\no\\hay.dat");
   b.Antwortet(kNein);
   b.platform.loop.Post([&] { E().Trigger_OnStop(); });  // the end, and the file has gone
   Vergeht(1000);
@@ -116,7 +116,7 @@ TEST_F(Einrechnen, AResultThatCannotBeCopiedIsToldAndTheEditorGoesOnWithTheFileA
   EXPECT_EQ(b.Lies(kDatei), vorher);
   EXPECT_TRUE(E().Window.Enabled());
   Druecke(E().imgSteuerung(0));
-  EXPECT_TRUE(E().Spielt);
+  EXPECT_TRUE(E().Spielt());
   Druecke(E().imgSteuerung(1));
   b.Tu([&] { E().Form_Close(); });
   EXPECT_FALSE(b.prog.frmWaveEditor.Geladen());
@@ -168,7 +168,7 @@ TEST_F(Einrechnen, ABatchEndsAtAFileThatHasGoneAndWaitsAtOneThatCannotBeWritten)
   const FullDisk disk(300'000);
   bool wartet = false;
   b.platform.loop.PostAfter(5000, [&] {
-    wartet = b.prog.frmWaveEditor().BatchLaeuft && !b.Haupt().Window.Enabled();
+    wartet = b.prog.frmWaveEditor().BatchLaeuft() && !b.Haupt().Window.Enabled();
     b.platform.hands.Close(b.Haupt());
   });
   Druecke(b.Haupt().imgAssistent);

@@ -19,17 +19,14 @@ class Spektrum : public EditorBuehne, public testing::Test {
   Spektrum() {
     b.prog.Show3DAnalysis = true;
     Schreibe(kFrames, [](std::int64_t frame) {
-      return frmWaveEditor::Frame{Links(frame), static_cast<std::int16_t>(frame)};
+      return KlangFrame{Links(frame), static_cast<std::int16_t>(frame)};
     });
     Oeffne();
     E().pic3D.Width = 3000;
     E().pic3D.Height = 2000;
   }
   void Waehle(std::int32_t von, std::int32_t bis) {
-    E().NurCursor = von == bis;
-    E().CursorPos = von;
-    E().MarkerAnfang = von;
-    E().MarkerEnde = bis;
+    E().Waehlen({von, bis, von == bis, von});
     b.Tu([this] { E().picWave_MouseUp(); });
   }
   // What the library draws of these blocks of the left channel, point by point.
@@ -114,15 +111,31 @@ TEST_F(Spektrum, IsThatOfTheSelectionInWholeBlocksAndTheSameOnTheWholeScreen) {
 }
 
 TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
-  bool* const hindernisse[] = {&E().ScanLaeuft, &E().BatchLaeuft, &E().Spielt, &E().Beschaeftigt};
-  for (bool* flag : hindernisse) {
-    *flag = true;
-    Waehle(0, 50000);
-    Vergeht(kVerzug);
-    *flag = false;
+  const auto nichts = [this](bool waehrend) {
+    ASSERT_TRUE(waehrend);
+    E().Spektrum3D();
     EXPECT_TRUE(E().pic3D.Drawing().empty());
-    EXPECT_FALSE(E().tmr3D.Enabled);
-  }
+  };
+  b.Tu([&] {
+    b.platform.loop.Post([&] { nichts(E().ScanLaeuft()); });
+    E().ScanWave(E().picWave);
+  });
+  b.Tu([&] {
+    E().PlayWave(true);
+    Waehle(0, 50000);
+  });
+  Vergeht(kVerzug);
+  nichts(E().Spielt());
+  EXPECT_FALSE(E().tmr3D.Enabled);
+  b.Tu([this] { E().PlayWave(false); });
+  b.prog.frmWaveEditor.Entladen();
+  b.Tu([&] { nichts(E().imgZurück.Enabled == false); });  // it is being opened
+  b.prog.frmWaveEditor.Entladen();
+  b.prog.EditorBatch = true;
+  b.Tu([&] { nichts(E().BatchLaeuft()); });
+  b.prog.EditorBatch = false;
+  b.prog.frmWaveEditor.Entladen();
+  Oeffne();
   b.prog.Show3DAnalysis = false;
   Waehle(0, 50000);
   Vergeht(kVerzug);
@@ -132,10 +145,12 @@ TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
   // The editor begins to close between two stages.
   b.prog.Show3DAnalysis = true;
   b.Tu([this] {
-    b.platform.loop.Post([this] { E().Beschaeftigt = true; });
-    E().Spektrum3D();
+    const std::shared_ptr<frmWaveEditor> editor = b.prog.frmWaveEditor.Laden();
+    b.platform.loop.Post([&] { editor->CloseMe(); });
+    editor->Spektrum3D();
+    EXPECT_TRUE(editor->pic3D.Drawing().empty());
   });
-  EXPECT_TRUE(E().pic3D.Drawing().empty() && BibliothekIstFrei());
+  EXPECT_TRUE(BibliothekIstFrei());
   EXPECT_FALSE(b.prog.SpektrumBereit);
 }
 

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "backends/sound/cutter.h"
+#include "backends/sound/edits/cutter.h"
 #include "backends/sound/edits/wave_edits.h"
+#include "backends/sound/files/wave_file.h"
 #include "backends/sound/sound_tools.h"
-#include "backends/sound/wave_file.h"
 #include "klang/rampe.h"
 #include "tests/backends/running_out.h"
 #include "tests/waveeditor/editor_stage.h"
@@ -124,14 +124,11 @@ class Bearbeiten : public ::testing::Test, protected Geraete, protected EditorBu
   Bearbeiten() : EditorBuehne([this](HeadlessPlatform& p) { return Umbau(p); }) {}
 
   void Waehle(std::size_t anfang, std::size_t ende) {
-    E().NurCursor = false;
-    E().MarkerAnfang = static_cast<std::int32_t>(anfang);
-    E().MarkerEnde = static_cast<std::int32_t>(ende);
+    E().Waehlen({.MarkerAnfang = static_cast<std::int32_t>(anfang),
+                 .MarkerEnde = static_cast<std::int32_t>(ende)});
   }
   void Cursor(std::size_t stelle) {
-    Waehle(0, 0);
-    E().NurCursor = true;
-    E().CursorPos = static_cast<std::int32_t>(stelle);
+    E().Waehlen({.NurCursor = true, .CursorPos = static_cast<std::int32_t>(stelle)});
   }
   // Presses, and answers the message that must come, if one must.
   void Druecke(PictureButton& knopf, int text = 0) {
@@ -204,8 +201,8 @@ void Bearbeiten::ZufaelligeSchritte(unsigned seed, std::size_t frames, int schri
   m.Klang = test::Noise(frames * 4 + seed % 4, seed);
   grenze = 2 * m.Klang.size();
   b.Datei(kDatei, test::Wave(m.Klang, kAnhang));
+  b.prog.EditorBatch = !gezeichnet;  // spares the scans, after which nothing would be selected
   Oeffne();
-  E().BatchLaeuft = !gezeichnet;  // spares the scans, after which nothing would be selected
   for (int i = 0; i < schritte; ++i) {
     SCOPED_TRACE(i);
     Schritt(m, zufall);
@@ -268,7 +265,7 @@ TEST_F(Bearbeiten, TooLittleRoomIsToldBeforeAnythingChanges) {
     Druecke(fall.Knopf, 8056);
     EXPECT_TRUE(b.Lies(kDatei) == wave);
     EXPECT_EQ(E().lblStatus.Caption(), L"");
-    EXPECT_TRUE(E().SourceFile->Wave.IsOpen());
+    EXPECT_TRUE(E().Kette().SourceFile().Wave.IsOpen());
     EXPECT_NE(b.Lies(protokoll).find(fall.Protokoll), std::string::npos);
   }
   frei = {{laufwerk, 2 * kMB - 1}};

@@ -16,7 +16,8 @@ class WaveEditor : public ::testing::Test, protected EditorBuehne {
   // What the sound passes on its way, from the loudspeaker back to the source.
   std::vector<const MMComponentX*> Weg() {
     std::vector<const MMComponentX*> weg;
-    for (const MMComponentX* c = E().Out->Input(); c != nullptr; c = c->Input()) weg.push_back(c);
+    for (const MMComponentX* c = E().Kette().Out().Input(); c != nullptr; c = c->Input())
+      weg.push_back(c);
     return weg;
   }
   int Breite() { return E().picWaveBack.Width; }
@@ -42,17 +43,17 @@ TEST_F(WaveEditor, TheTraceIsAtTheLevelOfTheSoundWhereverItIsReadFrom) {
   const std::int64_t frames = 8 * kSekunde;
   const auto pegel = [](std::int64_t i) { return static_cast<std::int16_t>(i / kSekunde * 4000); };
   Schreibe(frames, [&](std::int64_t i) {
-    return frmWaveEditor::Frame{pegel(i), static_cast<std::int16_t>(-32768)};
+    return KlangFrame{pegel(i), static_cast<std::int16_t>(-32768)};
   });
   Oeffne();
   const double viertel = std::nearbyint(E().picWave.Height / 4.0);
-  ASSERT_EQ(E().WellenPunkte.size(), static_cast<std::size_t>(E().picWave.Width) * 16 + 1);
-  for (std::size_t i = 0; i + 1 < E().WellenPunkte.size(); i += 997) {
+  ASSERT_EQ(E().WellenPunkte().size(), static_cast<std::size_t>(E().picWave.Width) * 16 + 1);
+  for (std::size_t i = 0; i + 1 < E().WellenPunkte().size(); i += 997) {
     const double step = std::nearbyint(frames / 16.0) / E().picWave.Width;
     const auto frame = static_cast<std::int64_t>(std::nearbyint(static_cast<double>(i) * step));
     SCOPED_TRACE(frame);
-    EXPECT_NEAR(E().WellenPunkte[i].Links, viertel - viertel * 0.9 * pegel(frame) / 32768, 1);
-    EXPECT_NEAR(E().WellenPunkte[i].Rechts, 3 * viertel + viertel * 0.9, 1);
+    EXPECT_NEAR(E().WellenPunkte()[i].Links, viertel - viertel * 0.9 * pegel(frame) / 32768, 1);
+    EXPECT_NEAR(E().WellenPunkte()[i].Rechts, 3 * viertel + viertel * 0.9, 1);
   }
   EXPECT_GT(E().picWaveBack.Drawing().size(), 30U);
   EXPECT_EQ(E().picZeitFront.Drawing().size(), 2U * 19);
@@ -60,27 +61,27 @@ TEST_F(WaveEditor, TheTraceIsAtTheLevelOfTheSoundWhereverItIsReadFrom) {
 
 TEST_F(WaveEditor, AClickIsACursorAndADragARangeInEitherDirection) {
   Oeffne(10 * kSekunde);
-  EXPECT_TRUE(E().NurCursor);
+  EXPECT_TRUE(E().Gewaehlt().NurCursor);
   const int mitte = Breite() / 2;
   Ziehe(mitte, mitte);
-  EXPECT_TRUE(E().NurCursor);
-  EXPECT_NEAR(E().CursorPos, 5.0 * kSekunde, 30);
-  EXPECT_EQ(E().MarkerEnde, 0);
+  EXPECT_TRUE(E().Gewaehlt().NurCursor);
+  EXPECT_NEAR(E().Gewaehlt().CursorPos, 5.0 * kSekunde, 30);
+  EXPECT_EQ(E().Gewaehlt().MarkerEnde, 0);
   EXPECT_EQ(E().lblMarkerDelta.Caption(), L"0:00.0");
   Ziehe(mitte, Breite() / 4);
-  EXPECT_FALSE(E().NurCursor);
-  EXPECT_NEAR(E().MarkerAnfang, 2.5 * kSekunde, 30);
-  EXPECT_NEAR(E().MarkerEnde, 5.0 * kSekunde, 30);
+  EXPECT_FALSE(E().Gewaehlt().NurCursor);
+  EXPECT_NEAR(E().Gewaehlt().MarkerAnfang, 2.5 * kSekunde, 30);
+  EXPECT_NEAR(E().Gewaehlt().MarkerEnde, 5.0 * kSekunde, 30);
   EXPECT_EQ(E().lblMarkerDelta.Caption(), L"0:02:5");
   Ziehe(mitte, 10 * Breite());  // beyond the edge
-  EXPECT_EQ(E().MarkerEnde, 10 * kSekunde);
+  EXPECT_EQ(E().Gewaehlt().MarkerEnde, 10 * kSekunde);
   b.Tu([&] { E().cmdAuswahlAufheben_Click(); });
   EXPECT_FALSE(E().shpMarker.Visible());
-  EXPECT_TRUE(E().NurCursor);
-  EXPECT_EQ(E().CursorPos, 0);
+  EXPECT_TRUE(E().Gewaehlt().NurCursor);
+  EXPECT_EQ(E().Gewaehlt().CursorPos, 0);
   b.Tu([&] { E().picWave_DblClick(); });
-  EXPECT_EQ(E().MarkerAnfang, 0);
-  EXPECT_EQ(E().MarkerEnde, 10 * kSekunde);
+  EXPECT_EQ(E().Gewaehlt().MarkerAnfang, 0);
+  EXPECT_EQ(E().Gewaehlt().MarkerEnde, 10 * kSekunde);
 }
 
 TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
@@ -106,7 +107,7 @@ TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
     taste(schritt.Taste, schritt.Mal);
     EXPECT_EQ(E().shpMarker.Left, schritt.Links) << schritt.Taste;
     EXPECT_EQ(E().shpMarker.Width, schritt.Breite) << schritt.Taste;
-    EXPECT_EQ(E().NurCursor, schritt.Breite == 15) << schritt.Taste;
+    EXPECT_EQ(E().Gewaehlt().NurCursor, schritt.Breite == 15) << schritt.Taste;
   }
   Druecke(E().imgZoom(0));
   taste(L"End");
@@ -114,24 +115,24 @@ TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
   taste(L"Home");
   EXPECT_EQ(E().sliderWave.Value, 0);
   taste(L"Space");
-  EXPECT_TRUE(E().Spielt);
+  EXPECT_TRUE(E().Spielt());
   taste(L"Space");
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
 }
 
 TEST_F(WaveEditor, ZoomingKeepsTheSelectionAndScrollsToIt) {
   Oeffne(10 * kSekunde);
   const int breite = Breite();
   Ziehe(breite / 2, breite * 3 / 4);
-  const std::int32_t anfang = E().MarkerAnfang, ende = E().MarkerEnde;
+  const std::int32_t anfang = E().Gewaehlt().MarkerAnfang, ende = E().Gewaehlt().MarkerEnde;
   Druecke(E().imgZoom(1));  // out, at 1
-  EXPECT_EQ(E().ZoomFaktor, 1);
+  EXPECT_EQ(E().ZoomFaktor(), 1);
   for (const int faktor : {2, 4, 8, 16, 16}) {
     Druecke(E().imgZoom(0));
-    EXPECT_EQ(E().ZoomFaktor, faktor);
+    EXPECT_EQ(E().ZoomFaktor(), faktor);
     EXPECT_EQ(Breite(), breite * faktor);
-    EXPECT_EQ(E().MarkerAnfang, anfang);
-    EXPECT_EQ(E().MarkerEnde, ende);
+    EXPECT_EQ(E().Gewaehlt().MarkerAnfang, anfang);
+    EXPECT_EQ(E().Gewaehlt().MarkerEnde, ende);
     EXPECT_NEAR(E().shpMarker.Left, breite * faktor / 2.0, 2);
     EXPECT_NEAR(E().shpMarker.Width, breite * faktor / 4.0, 2);
     EXPECT_EQ(E().sliderWave.Max, (faktor - 1) * breite);
@@ -140,7 +141,7 @@ TEST_F(WaveEditor, ZoomingKeepsTheSelectionAndScrollsToIt) {
     EXPECT_EQ(E().lblZoomFaktor.Caption(), std::to_wstring(faktor) + L"x Zoom");
   }
   b.Tu([&] { E().cmdAllesAuswaehlen_Click(); });
-  EXPECT_EQ(E().MarkerEnde, ende);
+  EXPECT_EQ(E().Gewaehlt().MarkerEnde, ende);
   Druecke(E().imgZoom(2));
   EXPECT_EQ(Breite(), breite);
   EXPECT_FALSE(E().sliderWave.Visible());
@@ -151,36 +152,36 @@ TEST_F(WaveEditor, PlayingRunsToTheEndOfTheRangeAndGoesBackToItsStart) {
   Oeffne(10 * kSekunde);
   Ziehe(Breite() / 2, Breite() * 3 / 4);
   Druecke(E().imgSteuerung(0));
-  EXPECT_TRUE(E().Spielt);
+  EXPECT_TRUE(E().Spielt());
   EXPECT_FALSE(E().imgNormalize.Enabled());
   Vergeht(1000);
   EXPECT_NEAR(E().linPosition.Left, Breite() * 0.6, Breite() * 0.02);
   Druecke(E().imgSteuerung(2));
   const int stelle = E().linPosition.Left;
   Vergeht(3000);
-  EXPECT_TRUE(E().Pausiert);
+  EXPECT_TRUE(E().Pausiert());
   EXPECT_EQ(E().linPosition.Left, stelle);
   Druecke(E().imgSteuerung(0));  // goes on
   Vergeht(1000);
   EXPECT_NEAR(E().linPosition.Left, Breite() * 0.7, Breite() * 0.03);
   Vergeht(1500);
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
   EXPECT_EQ(E().linPosition.Left, E().shpMarker.Left);
   EXPECT_TRUE(E().imgNormalize.Enabled());
-  EXPECT_EQ(E().Out->State(), MMWaveOutX::Closed);
+  EXPECT_EQ(E().Kette().Out().State(), MMWaveOutX::Closed);
   Druecke(E().imgLoop);
   Vergeht(9000);
-  EXPECT_TRUE(E().Spielt);
+  EXPECT_TRUE(E().Spielt());
   EXPECT_LE(E().linPosition.Left, Breite() * 3 / 4);
   Druecke(E().imgLoop);
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
   const Text ungedrueckt = E().imgSteuerung(2).Picture();
   Druecke(E().imgSteuerung(0));
   Druecke(E().imgSteuerung(2));
   EXPECT_NE(E().imgSteuerung(2).Picture(), ungedrueckt);
   Druecke(E().imgSteuerung(1));  // stopped while it pauses
   EXPECT_EQ(E().imgSteuerung(2).Picture(), ungedrueckt);
-  EXPECT_FALSE(E().Pausiert);
+  EXPECT_FALSE(E().Pausiert());
 }
 
 TEST_F(WaveEditor, PlayPressedWhilePlayingStartsAnewWithWhatIsSelectedNow) {
@@ -190,17 +191,17 @@ TEST_F(WaveEditor, PlayPressedWhilePlayingStartsAnewWithWhatIsSelectedNow) {
   Ziehe(Breite() / 2, Breite() * 3 / 4);
   Druecke(E().imgSteuerung(0));
   Vergeht(1000);
-  EXPECT_TRUE(E().Spielt);
+  EXPECT_TRUE(E().Spielt());
   EXPECT_NEAR(E().linPosition.Left, Breite() * 0.6, Breite() * 0.02);
   b.Tu([this] {
     b.platform.loop.Post([this] { E().imgSteuerung_MouseUp(1); });  // while the first sound ends
     E().imgSteuerung_MouseUp(0);
   });
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
   Druecke(E().imgLoop);
   Druecke(E().imgSteuerung(0));  // once, and not round again
   Vergeht(3000);
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
 }
 
 TEST_F(WaveEditor, ASoundCardThatRefusesStopsThePlaying) {
@@ -208,7 +209,7 @@ TEST_F(WaveEditor, ASoundCardThatRefusesStopsThePlaying) {
   Oeffne(kSekunde);
   Druecke(E().imgSteuerung(0));
   Vergeht(500);
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
   EXPECT_TRUE(E().Window.Enabled());
   EXPECT_TRUE(b.Gesagt().empty());
 }
@@ -223,21 +224,21 @@ TEST_F(WaveEditor, WindingMovesByHalfASecondAndFasterTheLongerItIsHeld) {
     });
   };
   halten(3, 499);
-  EXPECT_EQ(E().CursorPos, 22050);
-  EXPECT_TRUE(E().NurCursor);
+  EXPECT_EQ(E().Gewaehlt().CursorPos, 22050);
+  EXPECT_TRUE(E().Gewaehlt().NurCursor);
   halten(3, 560);
-  EXPECT_EQ(E().CursorPos, 3 * 22050);
+  EXPECT_EQ(E().Gewaehlt().CursorPos, 3 * 22050);
   halten(4, 20000);
-  EXPECT_EQ(E().CursorPos, 0);
-  EXPECT_EQ(E().CPULast, 25);
+  EXPECT_EQ(E().Gewaehlt().CursorPos, 0);
+  EXPECT_EQ(E().CPULast(), 25);
   Druecke(E().imgSteuerung(0));
   Vergeht(2000);
   halten(3, 100);  // while it plays it goes on from there
-  EXPECT_TRUE(E().Spielt);
-  EXPECT_NEAR(E().SourceFile->Wave.PlayStart, 2.5 * kSekunde, 0.2 * kSekunde);
+  EXPECT_TRUE(E().Spielt());
+  EXPECT_NEAR(E().Kette().SourceFile().Wave.PlayStart, 2.5 * kSekunde, 0.2 * kSekunde);
   b.Tu([&] { E().PlayWave(false); });
   b.Tu([&] { E().imgSteuerung_DblClick(3); });
-  EXPECT_EQ(E().CursorPos, 60 * kSekunde);
+  EXPECT_EQ(E().Gewaehlt().CursorPos, 60 * kSekunde);
 }
 
 TEST_F(WaveEditor, TheSoundPassesTheEffectsThatAreOnAndNoOthers) {
@@ -246,11 +247,11 @@ TEST_F(WaveEditor, TheSoundPassesTheEffectsThatAreOnAndNoOthers) {
     PictureButton& Knopf;
     const MMComponentX* Stufe;
     int Panel;
-  } stufen[] = {{E().imgByPass, E().Eq.get(), 0},
-                {E().imgLoudness, E().Loudness.get(), 0},
-                {E().imgHallByPass, E().Reverb.get(), 2},
-                {E().imgFlangerBypass, E().Flanger.get(), 4},
-                {E().imgVolumeByPass, E().mmVolume.get(), 1}};
+  } stufen[] = {{E().imgByPass, &E().Kette().Equalizer(), 0},
+                {E().imgLoudness, &E().Kette().Loudness(), 0},
+                {E().imgHallByPass, &E().Kette().Reverb(), 2},
+                {E().imgFlangerBypass, &E().Kette().Flanger(), 4},
+                {E().imgVolumeByPass, &E().Kette().mmVolume(), 1}};
   std::vector<bool> an(5);
   for (unsigned schritt = 1; schritt <= 64; ++schritt) {
     // In the order of a Gray code every set of effects comes up, by one press at a time.
@@ -262,18 +263,18 @@ TEST_F(WaveEditor, TheSoundPassesTheEffectsThatAreOnAndNoOthers) {
     for (std::size_t i = 5; i-- > 0;) {
       if (an[i]) soll.push_back(stufen[i].Stufe);
     }
-    for (const MMComponentX* immer :
-         {static_cast<MMComponentX*>(E().DSP.get()), static_cast<MMComponentX*>(E().Peak.get()),
-          static_cast<MMComponentX*>(E().MMPCMConverterX1.get()),
-          static_cast<MMComponentX*>(E().SourceFile.get())}) {
+    for (const MMComponentX* immer : {static_cast<MMComponentX*>(&E().Kette().DSP()),
+                                      static_cast<MMComponentX*>(&E().Kette().Peak()),
+                                      static_cast<MMComponentX*>(&E().Kette().MMPCMConverterX1()),
+                                      static_cast<MMComponentX*>(&E().Kette().SourceFile())}) {
       soll.push_back(immer);
     }
     EXPECT_EQ(Weg(), soll);
-    EXPECT_EQ(E().EffekteAktiv, an[0] || an[2] || an[3] || an[4]);
+    EXPECT_EQ(E().EffekteAktiv(), an[0] || an[2] || an[3] || an[4]);
   }
   Druecke(E().imgEffekt(5));
   EXPECT_EQ(Weg().size(), 4U);
-  EXPECT_FALSE(E().EffekteAktiv);
+  EXPECT_FALSE(E().EffekteAktiv());
 }
 
 TEST_F(WaveEditor, TheGateClosesWhenTheSoundHasBeenSoftForLongEnough) {
@@ -288,14 +289,14 @@ TEST_F(WaveEditor, TheGateClosesWhenTheSoundHasBeenSoftForLongEnough) {
       }
     } quelle;
     quelle.Pegel = pegel;
-    E().MMPCMConverterX1->SetInput(&quelle);
+    E().Kette().MMPCMConverterX1().SetInput(&quelle);
     MMData data;
-    E().DSP->Pull(data);
-    E().MMPCMConverterX1->SetInput(E().SourceFile.get());
+    E().Kette().DSP().Pull(data);
+    E().Kette().MMPCMConverterX1().SetInput(&E().Kette().SourceFile());
     return data.Samples[0] == pegel && data.Samples[2047] == pegel;  // it was let through
   };
-  E().slGaterThreshold.Value = 1000;
-  E().slGaterAttack.Value = 50;  // 2205 frames
+  Setzen(E().slGaterThreshold, 1000);
+  Setzen(E().slGaterAttack, 50);  // 2205 frames
   Druecke(E().imgEffekt(1));
   Druecke(E().imgGaterBypass);
   EXPECT_TRUE(puffer(999));   // the count begins
@@ -306,10 +307,10 @@ TEST_F(WaveEditor, TheGateClosesWhenTheSoundHasBeenSoftForLongEnough) {
   EXPECT_FALSE(puffer(500));
   EXPECT_TRUE(puffer(1000));  // as loud as the threshold
   EXPECT_TRUE(E().LEDGaterAn.Visible());
-  E().slGaterAttack.Value = 0;
+  Setzen(E().slGaterAttack, 0);
   EXPECT_TRUE(puffer(999));
   EXPECT_FALSE(puffer(999));
-  E().slGaterThreshold.Value = 0;
+  Setzen(E().slGaterThreshold, 0);
   EXPECT_TRUE(puffer(0));
   Druecke(E().imgGaterBypass);
   EXPECT_FALSE(E().LEDGaterAn.Visible());
@@ -359,7 +360,7 @@ TEST_F(WaveEditor, AFileThatIsGoneOrNoWaveOpensEmpty) {
     for (int i : {0, 1, 2, 6}) Druecke(E().imgSteuerung(i));
     Druecke(E().imgZoom(0));
     Vergeht(3000);
-    EXPECT_FALSE(E().Spielt);
+    EXPECT_FALSE(E().Spielt());
     b.prog.frmWaveEditor.Entladen();
   }
 }

@@ -18,7 +18,7 @@ class Interruptions : public ::testing::Test, protected EditorBuehne {
  protected:
   // Runs with the first events that are let run.
   void Meanwhile(const std::function<void()>& work) { b.platform.loop.Post(work); }
-  bool Sounds() { return E().Out->State() == MMWaveOutX::Running; }
+  bool Sounds() { return E().Kette().Out().State() == MMWaveOutX::Running; }
   void VolumeOn() {
     E().slVolume.Value = 8192;
     E().slVolume.Change();
@@ -35,17 +35,17 @@ class Interruptions : public ::testing::Test, protected EditorBuehne {
 
 TEST_F(Interruptions, EscapeLeavesTheScanAndNoOtherKeyReachesTheWindow) {
   Oeffne(10 * kSecond);
-  ASSERT_NE(E().WellenPunkte.back().Rechts, 0);
+  ASSERT_NE(E().WellenPunkte().back().Rechts, 0);
   Ziehe(1000, 2000);
   const std::size_t helps = b.platform.system.HelpOpened.size();
   Meanwhile([this] {
-    EXPECT_TRUE(E().ScanLaeuft);
+    EXPECT_TRUE(E().ScanLaeuft());
     EXPECT_ANY_THROW(b.platform.hands.Key(E(), L"F1"));
     b.platform.hands.Key(E(), L"Escape");
   });
   Druecke(E().imgMute);
-  EXPECT_EQ(E().WellenPunkte.back().Rechts, 0) << "it has read to the end";
-  EXPECT_FALSE(E().ScanLaeuft);
+  EXPECT_EQ(E().WellenPunkte().back().Rechts, 0) << "it has read to the end";
+  EXPECT_FALSE(E().ScanLaeuft());
   EXPECT_TRUE(E().Window.Enabled());
   EXPECT_EQ(b.platform.system.HelpOpened.size(), helps);
 }
@@ -64,11 +64,11 @@ TEST_F(Interruptions, AnEditAfterEscapeWhileOpeningCanBeUndone) {
                                          }};
   for (const auto& edit : edits) {
     Meanwhile([this] {
-      ASSERT_TRUE(E().ScanLaeuft);
+      ASSERT_TRUE(E().ScanLaeuft());
       E().Form_KeyDown(kKeyEscape, false);
     });
     Oeffne();
-    ASSERT_FALSE(E().SourceFile->Wave.IsOpen());
+    ASSERT_FALSE(E().Kette().SourceFile().Wave.IsOpen());
     edit();
     EXPECT_TRUE(b.Lies(kDatei) != before);
     Druecke(E().imgSteuerung(6));
@@ -84,10 +84,10 @@ TEST_F(Interruptions, AShortClickOnAWindButtonLeavesWindowAndSoundOfOneMind) {
     Druecke(E().imgSteuerung(0));
     Vergeht(1500);
     Druecke(E().imgSteuerung(button));  // let go while the sound is being ended
-    EXPECT_TRUE(E().Spielt && Sounds());
+    EXPECT_TRUE(E().Spielt() && Sounds());
     EXPECT_FALSE(E().imgNormalize.Enabled());
     Druecke(E().imgSteuerung(1));
-    EXPECT_FALSE(E().Spielt || Sounds());
+    EXPECT_FALSE(E().Spielt() || Sounds());
     EXPECT_TRUE(E().imgNormalize.Enabled());
   }
 }
@@ -97,7 +97,9 @@ TEST_F(Interruptions, ConnectingTwiceAtOnceGoesOnFromTheSamePlace) {
   Druecke(E().imgEffekt(0));
   Druecke(E().imgSteuerung(0));
   Vergeht(5000);
-  const auto place = [this] { return E().SourceFile->Wave.PlayStart + E().Out->Position() / 4; };
+  const auto place = [this] {
+    return E().Kette().SourceFile().Wave.PlayStart + E().Kette().Out().Position() / 4;
+  };
   const auto before = place();
   EXPECT_NEAR(static_cast<double>(before), 5.0 * kSecond, 0.2 * kSecond);
   Druecke(E().imgByPass);
@@ -109,7 +111,7 @@ TEST_F(Interruptions, ConnectingTwiceAtOnceGoesOnFromTheSamePlace) {
   });
   EXPECT_NEAR(static_cast<double>(place()), static_cast<double>(before) + 5.0 * kSecond,
               0.2 * kSecond);
-  EXPECT_TRUE(E().Spielt && Sounds());
+  EXPECT_TRUE(E().Spielt() && Sounds());
 }
 
 TEST_F(Interruptions, NothingPlaysOrLeavesWhileEffectsAreWrittenIntoTheFile) {
@@ -119,7 +121,7 @@ TEST_F(Interruptions, NothingPlaysOrLeavesWhileEffectsAreWrittenIntoTheFile) {
   Ziehe(1000, 2000);
   Meanwhile([this] { E().PlayWave(true); });
   Druecke(E().imgSteuerung(5));
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
   EXPECT_ANY_THROW(Druecke(E().imgZurück));
   Vergeht(3000);
   const std::string after = b.Lies(kDatei);
@@ -134,7 +136,7 @@ TEST_F(Interruptions, AFileThatIsShortenedEndsThePlayingAndIsNotReplacedByItsRes
   Vergeht(500);
   Shorten(2 * kSecond);
   Vergeht(10'000);  // some seconds had been read ahead
-  EXPECT_FALSE(E().Spielt);
+  EXPECT_FALSE(E().Spielt());
   b.Tu([this] { E().CloseMe(); });
 
   Oeffne(10 * kSecond);

@@ -83,7 +83,7 @@ TEST_F(Presets, EachKindKeepsItsControlsInOrderSetsThemAgainAndLightsItsPanel) {
     EXPECT_EQ(E().txtPresName.Text(), L"n");
     EXPECT_EQ(fall.Probe.Read(L"Value"), fall.Wert);
     if (fall.Panel != kLautstaerke && fall.Panel != kRestauration) continue;  // no switch
-    EXPECT_TRUE(E().EffekteAktiv);
+    EXPECT_TRUE(E().EffekteAktiv());
     EXPECT_EQ(E().imgEffekt(fall.Panel).Picture(), L"WAVEEFFEKTON_" + std::to_wstring(fall.Panel));
   }
   EXPECT_EQ(E().txtFlangerRate.Text(), L"0.3");  // the slider's handler has run
@@ -147,7 +147,7 @@ TEST_F(Presets, AdditionsAndDeletionsAgreeWithAStoreOfTenPlaces) {
       if (geschlossen[k].empty()) std::swap(geschlossen[k], geschlossen[k + 1]);
     }
     for (std::size_t k = 0; k < 10; ++k) {
-      const Text text = E().PresetsVol[k];
+      const Text text = (*E().Presets().Inhalt())[k];
       ASSERT_EQ(text.substr(0, text.find(L';')), geschlossen[k]) << i;
     }
   }

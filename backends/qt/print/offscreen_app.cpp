@@ -15,7 +15,8 @@ struct OffscreenApp {
 
 }  // namespace
 
-// Never destroyed: at the end of a process the toolkit's own parts go in no order that it can know.
+// The application is never destroyed: at the end of a process, static objects of the toolkit may
+// already be gone.
 void NeedToolkit() {
   if (QCoreApplication::instance() != nullptr) return;
   static const OffscreenApp* app = new OffscreenApp;

@@ -1,10 +1,10 @@
-// The toolkit for a process without windows: printing needs its fonts.
+// The toolkit in a process without windows, for the fonts that printing needs.
 #pragma once
 
 namespace vantora {
 
-// Makes the toolkit's application, on a screen that nobody sees, where the process has none. It
-// lives as long as the process.
+// Creates the toolkit's application off screen, unless the process has one. It lives until the
+// process ends.
 void NeedToolkit();
 
 }  // namespace vantora

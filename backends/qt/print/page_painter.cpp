@@ -1,9 +1,11 @@
 #include "backends/qt/print/page_painter.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/print/qt_image.h"
+
+#include "platform/twips.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -19,8 +21,7 @@ namespace vantora {
 
 namespace {
 
-constexpr double kTwipsPerInch = 1440;
-constexpr long long kMostLossless = 8'000'000;  // points; squeezing more takes seconds
+constexpr long long kMostLossless = 8'000'000;  // pixels; compressing more takes seconds
 
 double Pixels(double twips) {
   return twips / kPrintTwipsPerPixel;
@@ -42,15 +43,13 @@ QPen PenOf(const PrintItem& item) {
   return QPen(look::Of(item.Ink), item.Width, kStyles[style], Qt::FlatCap, Qt::MiterJoin);
 }
 
-// ---- points ----
-
 struct Dot {
   int X, Y;
   bool operator==(const Dot&) const = default;
 };
 
-// Runs of neighbours along a row, or along a column, become one rectangle each. What stands alone
-// is left over.
+// Turns runs of neighbouring dots along a row or column into one rectangle each. Returns the other
+// dots.
 template <typename Along, typename Across>
 std::vector<Dot> TakeRuns(std::vector<Dot> dots, int side, bool all, QList<QRectF>& boxes,
                           Along along, Across across) {
@@ -90,9 +89,7 @@ void DrawPoints(QPainter& painter, const PrintItem& item) {
   painter.drawRects(boxes);
 }
 
-// ---- text and pictures ----
-
-// What is no letter takes the place of a blank.
+// Control characters become blanks.
 QString OneLine(const Text& words) {
   QString line = look::FromText(words);
   for (QChar& c : line) {

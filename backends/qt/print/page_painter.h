@@ -1,4 +1,4 @@
-// Draws a page that was written down.
+// Draws the page of a print job.
 #pragma once
 
 #include "backends/printing/print_job.h"
@@ -7,8 +7,8 @@
 
 namespace vantora {
 
-// The job as the bytes of a PDF with one page: text that can be searched, in embedded fonts, and
-// pictures in all their points.
+// The job as a PDF with one page. Text stays searchable with embedded fonts, and pictures keep all
+// their pixels.
 QByteArray PdfOf(const PrintJob& job);
 
 }  // namespace vantora

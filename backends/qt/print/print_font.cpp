@@ -1,9 +1,9 @@
 #include "backends/qt/print/print_font.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/desktop/qt_app.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 #include "backends/qt/print/qt_font_book.h"
-#include "backends/qt/qt_app.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -16,7 +16,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kMeasuredPixels = 1000;  // fine enough for every size
+constexpr int kMeasuredPixels = 1000;  // accurate enough for every size
 
 QFont InPixels(const LogicalFont& font, double pixels) {
   QFont made;
@@ -32,7 +32,7 @@ QFont InPixels(const LogicalFont& font, double pixels) {
   return made;
 }
 
-// The height of the letters of a font whose line is so high.
+// The letter height of a font with this line height.
 double LettersOf(const LogicalFont& font) {
   if (font.Height < 0) return -font.Height;
   const QFontMetricsF metrics(InPixels(font, kMeasuredPixels));

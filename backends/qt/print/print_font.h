@@ -1,5 +1,5 @@
-// The font of a device's text as the toolkit's, without the adjustments that letters on a screen
-// get: they would change the widths of texts from size to size.
+// Converts the font of a printer's text to the toolkit's, without hinting, which would change the
+// widths of texts between sizes.
 #pragma once
 
 #include "platform/device_text.h"
@@ -8,7 +8,7 @@
 
 namespace vantora {
 
-// In pixels of the device, of which letters have whole ones.
+// Sizes are in whole pixels of the device.
 QFont PrintFont(const LogicalFont& font);
 
 }  // namespace vantora

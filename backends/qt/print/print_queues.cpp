@@ -1,9 +1,10 @@
 #include "backends/qt/print/print_queues.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/offscreen_app.h"
 
 #include "platform/laufzeitfehler.h"
+#include "platform/twips.h"
 
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -17,7 +18,6 @@ namespace vantora {
 namespace {
 
 constexpr int kSendMs = 60'000;
-constexpr int kTwipsPerPoint = 20;
 constexpr int kLetterMillimetres = 216;
 
 [[noreturn]] void Gone(const QString& why) {
@@ -29,7 +29,7 @@ constexpr int kLetterMillimetres = 216;
 PaperSize PaperOfCountry() {
   const locale_t country = newlocale(LC_PAPER_MASK, "", nullptr);
   if (country == nullptr) return kPaperA4;
-  // The number stands in place of the pointer.
+  // For these items nl_langinfo returns a number in place of the pointer.
   const auto width = reinterpret_cast<std::intptr_t>(nl_langinfo_l(_NL_PAPER_WIDTH, country));
   freelocale(country);
   return static_cast<int>(width) == kLetterMillimetres ? kPaperLetter : kPaperA4;
@@ -64,15 +64,15 @@ PrintSheet SystemQueues::Sheet(const std::string& name) {
   const QPrinter printer(info, QPrinter::HighResolution);
   const QPageLayout layout = printer.pageLayout();
   const QPageSize size = layout.pageSize();
-  const QMarginsF margins = layout.minimumMargins();  // of the upright sheet, in the layout's unit
+  const QMarginsF margins = layout.minimumMargins();  // in portrait, in the layout's unit
   PrintSheet sheet;
   sheet.Paper =
       size.id() == QPageSize::A4 ? kPaperA4
       : size.id() == QPageSize::Letter
           ? kPaperLetter
-          : PaperSize{look::ToText(size.name()), size.size(QPageSize::Inch).width() * 1440,
-                      size.size(QPageSize::Inch).height() * 1440};
-  // One margin for both sides: the wider one, so that the middle of the area is the sheet's.
+          : PaperSize{look::ToText(size.name()), size.size(QPageSize::Inch).width() * kTwipsPerInch,
+                      size.size(QPageSize::Inch).height() * kTwipsPerInch};
+  // Both sides get the wider margin, so that the printable area is centred on the sheet.
   sheet.MarginX = std::max(margins.left(), margins.right()) * kTwipsPerPoint;
   sheet.MarginY = std::max(margins.top(), margins.bottom()) * kTwipsPerPoint;
   return sheet;

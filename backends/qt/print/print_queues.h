@@ -13,13 +13,13 @@ class PrintQueues {
  public:
   virtual ~PrintQueues() = default;
   virtual std::vector<std::string> Names() = 0;
-  virtual std::string Default() = 0;  // blank: none
+  virtual std::string Default() = 0;  // blank: no default printer
   virtual PrintSheet Sheet(const std::string& name) = 0;
-  // Hands a PDF over; raises 482 when the system does not take it.
+  // Prints a PDF. Raises 482 when the system does not accept it.
   virtual void Send(const std::string& name, const std::filesystem::path& pdf, int copies) = 0;
 };
 
-// A machine without printers, and every test.
+// For machines without printers, and for tests.
 class NoQueues final : public PrintQueues {
  public:
   std::vector<std::string> Names() override { return {}; }
@@ -28,8 +28,8 @@ class NoQueues final : public PrintQueues {
   void Send(const std::string& name, const std::filesystem::path& pdf, int copies) override;
 };
 
-// The queues that the toolkit finds. A page goes into them by `lp`, which reports whether it was
-// taken, and leaves its size alone.
+// The queues that the toolkit lists. Pages are printed with `lp`, which reports whether it accepted
+// them and does not scale them.
 class SystemQueues final : public PrintQueues {
  public:
   std::vector<std::string> Names() override;
@@ -38,7 +38,7 @@ class SystemQueues final : public PrintQueues {
   void Send(const std::string& name, const std::filesystem::path& pdf, int copies) override;
 };
 
-// What the user's country prints on.
+// The usual paper size in the user's country.
 PaperSize PaperOfCountry();
 
 }  // namespace vantora

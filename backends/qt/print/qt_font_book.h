@@ -1,4 +1,4 @@
-// The fonts of the machine, as the toolkit knows them.
+// The fonts of the machine, as listed by the toolkit.
 #pragma once
 
 #include "platform/device_text.h"

@@ -18,14 +18,14 @@ namespace {
 
 constexpr int kPreviewPoints = 1600;  // of the longer side
 constexpr long long kMostPrinted = 30'000'000;
-constexpr int kMostMegabytes = 256;  // of points: all of the largest picture that is read whole
+constexpr int kMostMegabytes = 256;  // of pixels: enough for the largest picture that is read whole
 constexpr qint64 kMostBytes = 512LL * 1024 * 1024;
 
 [[noreturn]] void NoPicture(const QString& why) {
   throw Laufzeitfehler(kFehlerBild, L"La imagen no es válida", why.toStdWString());
 }
 
-// The measures of a bmp that the toolkit does not want to know of, so large are they.
+// The number of pixels of a bmp, also when the toolkit refuses its size.
 long long PointsOfBmp(const QByteArray& bytes) {
   constexpr int kWidth = 18, kHeight = 22;
   if (bytes.size() < kHeight + 4) return 0;
@@ -35,7 +35,7 @@ long long PointsOfBmp(const QByteArray& bytes) {
   return side(kWidth) * side(kHeight);
 }
 
-// A bmp with fewer bytes than points would show what the memory held before.
+// True for a bmp with fewer bytes than pixels: the rest would show old contents of memory.
 bool CutOff(const QByteArray& bytes) {
   constexpr int kStart = 10, kHeader = 14, kWidth = 18, kHeight = 22, kBits = 28, kPacking = 30;
   constexpr quint32 kPlain = 0, kMasks = 3, kUsualHeader = 40;
@@ -68,7 +68,7 @@ QtImage::QtImage(QByteArray bytes) : bytes_(std::move(bytes)) {
   if (format == "bmp") {
     if (PointsOfBmp(bytes_) > kMaxWholePoints) TooLarge();
     if (CutOff(bytes_)) NoPicture(QStringLiteral("it is cut off"));
-    size_.setHeight(std::abs(size_.height()));  // below zero where the first row is the top
+    size_.setHeight(std::abs(size_.height()));  // negative when the first row is the top one
   }
   if (size_.isEmpty()) NoPicture(reader.errorString());
   if (1LL * size_.width() * size_.height() > (lossy_ ? kMaxImagePoints : kMaxWholePoints)) {
@@ -90,7 +90,7 @@ QtImage::QtImage(QByteArray bytes) : bytes_(std::move(bytes)) {
                         : size_);
 }
 
-// Readers scale before they turn.
+// Readers scale before they rotate, so a rotated picture needs the transposed size.
 QImage QtImage::Decode(QSize size, bool upright) const {
   QBuffer buffer(const_cast<QByteArray*>(&bytes_));
   buffer.open(QIODevice::ReadOnly);

@@ -1,4 +1,4 @@
-// Pictures from files, by the toolkit's readers.
+// Loads pictures from files with the toolkit.
 #pragma once
 
 #include "platform/files.h"

@@ -1,5 +1,5 @@
-// Paper, fonts and pictures by the toolkit. Needs no screen, and no application before its first
-// use.
+// Printers, fonts and pictures through the toolkit. Needs no screen, and no QApplication before its
+// first use.
 #pragma once
 
 #include "backends/qt/print/qt_font_book.h"
@@ -8,7 +8,7 @@
 
 namespace vantora {
 
-// Of a machine whose printers are `Queues`.
+// `Queues` is the class of the machine's printer queues.
 template <typename Queues>
 struct QtPrintShop {
   explicit QtPrintShop(Dateien& files) : images(files), printers(files, fonts, queues) {}

@@ -1,6 +1,6 @@
 #include "backends/qt/print/qt_printers.h"
 
-#include "backends/qt/look.h"
+#include "backends/qt/look/look.h"
 #include "backends/qt/print/page_painter.h"
 #include "backends/qt/print/whole_file.h"
 
@@ -26,8 +26,6 @@ const std::vector<std::string>& QtPrinters::Queues() {
   if (!queues_) queues_ = system_.Names();
   return *queues_;
 }
-
-// ---- the collection ----
 
 int QtPrinters::Count() {
   return Setup.Present ? static_cast<int>(Queues().size()) + 1 : 0;
@@ -65,7 +63,8 @@ int QtPrinters::Current() {
   if (current_ < 0) {
     const auto& names = Queues();
     const auto standard = std::find(names.begin(), names.end(), system_.Default());
-    current_ = static_cast<int>(standard - names.begin());  // without one: the PDF printer
+    // Without a default printer, this is the PDF printer.
+    current_ = static_cast<int>(standard - names.begin());
   }
   return current_;
 }
@@ -79,7 +78,7 @@ Printer& QtPrinters::Printer() {
   return printer_;
 }
 
-// The next number that no file has, as a product path.
+// Returns the product path of the first number without a file.
 Text QtPrinters::SuggestedFile() {
   if (Setup.PdfFolder.empty()) return {};
   for (int number = 1;; ++number) {
@@ -93,9 +92,8 @@ Text QtPrinters::SuggestedFile() {
   }
 }
 
-// ---- jobs ----
-
-// A printer can go at any time. The list is asked for again, its places are kept.
+// A printer may have been removed, so the system is asked again. The indexes of the collection stay
+// as they were.
 void QtPrinters::Begin() {
   if (Count() == 0) Gone("there is no printer");
   if (WritesFile(Current())) return;

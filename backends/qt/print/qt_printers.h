@@ -1,4 +1,4 @@
-// The collection of printers: the system's queues, and a printer that writes a PDF.
+// The collection of printers: the queues of the system, and a printer that writes PDF files.
 #pragma once
 
 #include "backends/printing/job_printer.h"
@@ -34,10 +34,10 @@ class QtPrinters final : public Printers, private PrintTarget {
 
   Dateien& files_;
   PrintQueues& system_;
-  // As they were when the collection was asked for the first time: places in it stay.
+  // The queues as they were at the first use of the collection, so that indexes stay valid.
   std::optional<std::vector<std::string>> queues_;
   int current_ = -1;
-  std::optional<std::pair<int, PrintSheet>> sheet_;  // asked for last
+  std::optional<std::pair<int, PrintSheet>> sheet_;  // of the printer asked for last
   JobPrinter printer_;
 };
 

@@ -37,7 +37,7 @@ namespace {
   }
 }
 
-// A new file beside `path`, open for writing; its name takes the place of `path`.
+// Opens a new file beside `path` for writing and sets `path` to its name.
 int OpenBeside(std::string& path) {
   path += ".XXXXXX";
   const int file = mkostemp(path.data(), O_CLOEXEC);
@@ -45,7 +45,7 @@ int OpenBeside(std::string& path) {
   return file;
 }
 
-// 0, or the system's error.
+// Returns 0 or an errno.
 int WriteAll(int file, const QByteArray& bytes) {
   for (qsizetype done = 0; done < bytes.size();) {
     const ssize_t some =
@@ -57,7 +57,7 @@ int WriteAll(int file, const QByteArray& bytes) {
   return ::fsync(file) != 0 && errno != EINVAL ? errno : 0;
 }
 
-// Writes and closes; the file is gone when that fails.
+// Writes and closes the file; deletes it and raises when that fails.
 void Fill(int file, const std::string& path, const QByteArray& bytes) {
   int error = WriteAll(file, bytes);
   if (::close(file) != 0 && error == 0) error = errno;
@@ -75,7 +75,8 @@ void WriteWhole(const std::filesystem::path& path, const QByteArray& bytes) {
   if (exists && ::access(path.c_str(), W_OK) != 0) Raise(errno);
   std::string fresh = path.string();
   const int file = OpenBeside(fresh);
-  // As any new file, and not for the owner alone.
+  // The permissions of the old file, or those of any new file; mkostemp gives access to the owner
+  // only.
   const mode_t mask = ::umask(0);
   ::umask(mask);
   ::fchmod(file, exists ? there.st_mode & 0777U : 0666U & ~mask);

@@ -1,4 +1,4 @@
-// Files that are there whole or not at all.
+// Files that are written either completely or not at all.
 #pragma once
 
 #include <QByteArray>
@@ -7,11 +7,11 @@
 
 namespace vantora {
 
-// Writes under another name beside the file, brings it to the disk and renames it. Raises 70, 75,
-// 76, 61 or 57; what stood under the name before is then still there.
+// Writes a temporary file beside `path`, syncs it to the disk and renames it. Raises 70, 75, 76, 61
+// or 57; a file that `path` named before is then unchanged.
 void WriteWhole(const std::filesystem::path& path, const QByteArray& bytes);
 
-// A file in the system's folder for such, gone with its owner.
+// A file in the system's temporary folder, deleted with this object.
 class ScratchFile {
  public:
   explicit ScratchFile(const QByteArray& bytes);

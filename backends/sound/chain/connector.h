@@ -1,5 +1,5 @@
-// Reports to level meters what is heard: every two buffers times `Speed`, or with each when that is
-// 0.
+// Reports the level of the sound that is heard to level meters: every two buffers times `Speed`, or
+// with every buffer when `Speed` is 0.
 #pragma once
 
 #include "backends/sound/chain/peak_detect.h"
@@ -31,10 +31,10 @@ class Connector final : public MMConnectorX {
   }
 
  private:
-  static constexpr std::size_t kFrames = 2048;  // two whole buffers, 46 ms
+  static constexpr std::size_t kFrames = 2048;  // two full buffers, 46 ms
   static constexpr int kLoudest = 32767;
 
-  std::size_t frames_ = 0;  // since the last level
+  std::size_t frames_ = 0;  // since the last report
   Peaks peaks_;
 };
 

@@ -1,4 +1,4 @@
-// Shows each buffer to whoever listens.
+// Passes each buffer to a callback and on.
 #pragma once
 
 #include "platform/mmchain.h"

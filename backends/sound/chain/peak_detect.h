@@ -1,4 +1,4 @@
-// The highest samples of each buffer.
+// The peaks of each buffer.
 #pragma once
 
 #include "platform/mmchain.h"
@@ -11,7 +11,7 @@ struct Peaks {
   int Left = 0, Right = 0;  // 0 to 32768
 };
 
-// Highest and lowest are sought apart: so the vector unit needs no more than the samples' 16 bits.
+// Finds the maximum and the minimum separately, so that the vector unit can work on 16-bit samples.
 inline Peaks PeaksOf(const MMData& data) {
   constexpr std::size_t kLanes = 16;
   std::array<std::int16_t, kLanes> high{}, low{};

@@ -95,7 +95,7 @@ void SoundQueue::Resume(std::int64_t place) {
 bool SoundQueue::Replace(SoundQueue& other) {
   const std::lock_guard lock(guard_);
   if (closed_ && given_ >= end_) return false;
-  for (std::size_t i = 0; i < count_; ++i) {  // what the own would have gone on with
+  for (std::size_t i = 0; i < count_; ++i) {  // the sample that would have come next
     const std::int64_t inside = given_ - At(i).Start;
     if (inside >= 0 && given_ < At(i).End()) {
       std::copy_n(At(i).Sound.Samples.data() + inside * 2, 2, last_.data());

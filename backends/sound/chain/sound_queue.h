@@ -1,8 +1,9 @@
-// What a loudspeaker has ahead of the ear: buffers in a row, put in by the interface thread and
-// taken out by the device's. A buffer stays until it has been heard, so that a pause loses nothing.
+// The buffers between a chain and the sound device: the interface thread puts them in, the device's
+// thread reads them. A buffer stays in the queue until it has been heard, so that a pause loses
+// nothing.
 //
-// A place is a frame of the row, counted from where the row began. What the device has heard is
-// counted in frames of the device, in which the silence of an underrun counts too.
+// A place is a frame's number in the queue, counted from the queue's first frame. The device counts
+// its own frames, which include the silence of underruns.
 #pragma once
 
 #include "platform/mmchain.h"
@@ -17,27 +18,29 @@ namespace vantora {
 
 class SoundQueue {
  public:
-  SoundQueue(int buffers, std::int64_t place);  // empty; begins at a place
+  SoundQueue(int buffers, std::int64_t place);  // empty; its first frame has number `place`
 
-  // ---- the interface thread ----
+  // Called from the interface thread.
 
   bool Full() const;
-  std::int64_t End() const;                             // the place behind the last buffer
-  std::int64_t Given() const;                           // the place that the device takes next
-  void Append(const MMData& data, std::int64_t round);  // not when full; `round`: where it began
-  void Close();                                         // nothing more will follow
+  std::int64_t End() const;                             // the place after the last buffer
+  std::int64_t Given() const;                           // the place that the device reads next
+  void Append(const MMData& data, std::int64_t round);  // not when full; `round`: start of the loop
+  void Close();                                         // no more buffers will follow
   bool Closed() const;
-  bool NextHeard(std::int64_t heard, MMData& data);  // takes out what is behind the ear
-  std::int64_t Place(std::int64_t deviceFrames);     // where the ear is
-  std::int64_t Round(std::int64_t place) const;      // where the round of a place began
-  void Resume(std::int64_t place);                   // a new device goes on from here
-  // Takes its buffers in place of the own; not when the device has come to the end of these.
+  bool NextHeard(std::int64_t heard, MMData& data);  // removes a buffer that has been heard
+  std::int64_t Place(std::int64_t deviceFrames);     // heard at this frame of the device
+  std::int64_t Round(std::int64_t place) const;      // where the loop around `place` began
+  void Resume(std::int64_t place);                   // a new device continues from `place`
+  // Replaces the buffers by those of `other`. Returns false when the device has read this queue to
+  // its end.
   bool Replace(SoundQueue& other);
   int Underruns() const;
 
-  // ---- the device's thread ----
+  // Called from the device's thread.
 
-  // The next frames; silence for those that come late, fewer only at the end.
+  // Reads the next frames. Returns silence for frames that come too late, and fewer frames only at
+  // the end.
   std::size_t Take(std::int16_t* target, std::size_t frames);
 
  private:
@@ -48,7 +51,7 @@ class SoundQueue {
     std::int64_t Frames() const { return static_cast<std::int64_t>(Sound.Bytes / 4); }
     std::int64_t End() const { return Start + Frames(); }
   };
-  struct Stretch {  // of the device's time: sound from a place on, silence behind it
+  struct Stretch {  // sound that the device has played, and where in its time
     std::int64_t Device, Place, Frames;
   };
 
@@ -61,18 +64,19 @@ class SoundQueue {
   std::vector<Piece> ring_;
   std::size_t first_ = 0, count_ = 0;
   std::int64_t end_, given_;
-  std::int64_t round_;  // of what was taken out last
+  std::int64_t round_;  // of the buffer removed last
   bool closed_ = false;
   std::vector<Stretch> stretches_;
-  std::int64_t device_ = 0;  // frames that this device has taken
-  bool silent_ = false;      // it has got silence last
+  std::int64_t device_ = 0;  // frames read by the current device
+  bool silent_ = false;      // silence was read last
   int underruns_ = 0;
 
-  // A step between what follows and what went before would be a click: it is let down in a curve.
+  // A step between two joined sounds would be heard as a click. The difference fades out over a
+  // short curve.
   bool joint_ = true;
   std::array<std::int16_t, 2> last_{};
   std::array<float, 2> step_{};
-  int stepLeft_ = 0;  // frames
+  int stepLeft_ = 0;  // in frames
 };
 
 }  // namespace vantora

@@ -10,7 +10,8 @@ namespace vantora {
 namespace {
 
 constexpr auto kSlice = std::chrono::milliseconds(25);
-// Without effects time is no measure: a slice of 2 MiB is gone in a few milliseconds.
+// The number of buffers is limited too, since without effects a slice of time would move far more
+// than 2 MiB.
 constexpr int kSliceBuffers = 512;
 
 }  // namespace
@@ -27,7 +28,7 @@ void Trigger::Next() {
   });
 }
 
-// An event comes last: its handler may start anew or destroy the trigger.
+// Raises events last, since a handler may start or destroy the trigger.
 void Trigger::Slice() {
   const std::weak_ptr<int> watch = token_;
   bool over = false;
@@ -44,8 +45,9 @@ void Trigger::Slice() {
   Next();
 }
 
-// A slice of work; true when the sound is over. What is behind hears of the sound first, so that a
-// file is made before anything is computed for it.
+// Does one slice of work and returns true at the end of the sound. Components downstream are
+// informed of the sound's start first, so that a file is created before anything is computed for
+// it.
 bool Trigger::Pumped() {
   const std::weak_ptr<int> watch = token_;
   if (!begun_) {
@@ -60,7 +62,7 @@ bool Trigger::Pumped() {
     if (watch.expired()) return false;
     MMData data;
     Pull(data);
-    if (watch.expired()) return false;  // stopped by who looks on
+    if (watch.expired()) return false;  // stopped by a callback
     if (data.Bytes == 0) return true;
     Push(data);
     if (std::chrono::steady_clock::now() >= end) break;

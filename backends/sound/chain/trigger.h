@@ -1,5 +1,6 @@
-// Pumps a chain into what stands behind it, in slices of the event loop with a millisecond between
-// them, in which the windows live; so too where time is virtual.
+// Pulls sound from a chain and pushes it into the components downstream, in slices of the event
+// loop with a millisecond between them, so that windows stay responsive. A virtual clock gets the
+// same slices.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -12,7 +13,7 @@ namespace vantora {
 class Trigger final : public MMTriggerX {
  public:
   explicit Trigger(EventLoop& loop) : loop_(loop) {}
-  void Start() override;  // again when it runs
+  void Start() override;  // starts anew when it is running
   void Stop() override { token_.reset(); }
 
  private:
@@ -23,7 +24,7 @@ class Trigger final : public MMTriggerX {
 
   EventLoop& loop_;
   bool begun_ = false;
-  std::shared_ptr<int> token_;  // of the slices that are due; without it they do nothing
+  std::shared_ptr<int> token_;  // of the slices posted; a slice without it does nothing
 };
 
 }  // namespace vantora

@@ -1,13 +1,15 @@
 #include "backends/sound/chain/wave_in.h"
 
+#include "platform/cd_sound.h"
+
 #include <utility>
 
 namespace vantora {
 
 namespace {
 
-// Three seconds of sound, a few milliseconds of work: after a long wait the windows live meanwhile.
-constexpr int kRate = 44100;
+// Three seconds of sound, a few milliseconds of work. The limit keeps windows responsive when much
+// sound has piled up.
 constexpr int kBuffersATurn = 128;
 
 }  // namespace
@@ -15,7 +17,7 @@ constexpr int kBuffersATurn = 128;
 void WaveIn::Open() {
   if (open_) return;
   if (!capture_) {
-    if (BitLength != b16Bit || Mode != mStereo || SampleRate != kRate) {
+    if (BitLength != b16Bit || Mode != mStereo || SampleRate != kSampleRate) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"La entrada no conoce este formato.");
     }
     capture_ = input_.Listen([this] { Deliver(); });
@@ -38,8 +40,8 @@ void WaveIn::Start() {
   running_ = true;
 }
 
-// A handler may let events run, so this may be asked for in the middle of a buffer: the rest then
-// waits until that has arrived.
+// A handler may process events, so Deliver can be called while a buffer is being delivered. The
+// inner call returns, and the outer call delivers the rest.
 void WaveIn::Deliver() {
   if (delivering_ || !capture_) return;
   const std::shared_ptr<SoundCapture> capture = capture_;
@@ -59,7 +61,7 @@ void WaveIn::Deliver() {
   }
 }
 
-// False when the component has gone meanwhile.
+// Returns false when a handler has destroyed this component.
 bool WaveIn::DeliverOne() {
   if (!running_) return true;
   const std::weak_ptr<int> watch = token_;

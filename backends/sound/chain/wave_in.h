@@ -1,6 +1,6 @@
-// The input of a chain: pushes what the card has heard into what stands behind it, a buffer at a
-// time. Stopping and closing are steps of this component; the card itself goes on until the
-// component has been closed for a turn of the loop.
+// The input of a chain: pushes recorded sound into the components downstream, buffer by buffer.
+// Stop and Close only stop this component. The card goes on recording until the component has been
+// closed for a turn of the event loop.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -29,10 +29,10 @@ class WaveIn final : public MMWaveInX {
   EventLoop& loop_;
   SoundInput& input_;
   bool open_ = false, running_ = false;
-  bool delivering_ = false;  // a buffer is on its way
+  bool delivering_ = false;  // a buffer is being delivered
   CapturedSound piece_;
-  std::shared_ptr<SoundCapture> capture_;                  // kept by who takes from it
-  std::shared_ptr<int> token_ = std::make_shared<int>(0);  // of this component's posted work
+  std::shared_ptr<SoundCapture> capture_;                  // shared with a running Deliver
+  std::shared_ptr<int> token_ = std::make_shared<int>(0);  // for this component's posted calls
 };
 
 }  // namespace vantora

@@ -1,5 +1,6 @@
 #include "backends/sound/chain/wave_out.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -8,12 +9,12 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kFrameBytes = 4;
 constexpr std::int64_t kBufferFrames = kBufferBytes / kFrameBytes;
 constexpr int kTurnMs = 15;
-constexpr int kDeviceMs = 80;  // ahead in the device
-constexpr int kGraceMs = 40;   // how long a pause may be the beginning of a rewiring
-// Who asks for the position and then pauses has moved the range by a little less than was heard.
+constexpr int kDeviceMs = 80;  // buffered in the device
+constexpr int kGraceMs = 40;   // during this time a pause may be part of a rewiring
+// A caller that reads the position, moves the range and then pauses has set a position slightly
+// before the place heard by then.
 constexpr std::int64_t kSlackFrames = 2205;
 
 }  // namespace
@@ -33,7 +34,7 @@ void WaveOut::Start() {
   try {
     if (!GoOn()) StartAnew();
   } catch (const Laufzeitfehler&) {
-    Halt(true);  // as the position tells
+    Halt(true);  // Position() then returns -1
   }
 }
 
@@ -50,7 +51,7 @@ void WaveOut::StartAnew() {
   Sound();
 }
 
-// What is fetched here lies ahead before the device asks for the first time.
+// Fetches enough sound before the device starts to read.
 void WaveOut::Sound() {
   const std::int64_t enough = place_ + std::max(NumBuffers / 4, 1) * kBufferFrames;
   while (!queue_->Closed() && queue_->End() < enough) Fetch(*queue_);
@@ -75,7 +76,8 @@ void WaveOut::Halt(bool failed) {
   state_ = Stopped;
 }
 
-// The device goes on for a moment; a pause that stays one goes back to where it was asked for.
+// The device goes on playing for a moment, in case this is a rewiring. Otherwise playing resumes
+// later from the place heard at the pause.
 void WaveOut::Pause() {
   if (state_ != Running) return;
   place_ = Heard();
@@ -109,9 +111,7 @@ std::int64_t WaveOut::Position() const {
   return (heard - queue_->Round(heard)) * kFrameBytes;
 }
 
-// ---- rewiring ----
-
-// Where the range begins in the file that the chain comes from, in frames.
+// The frame at which the range begins in the file at the head of the chain.
 std::int64_t WaveOut::RangeStart() {
   MMComponentX* source = this;
   while (source->Input() != nullptr) source = source->Input();
@@ -121,8 +121,8 @@ std::int64_t WaveOut::RangeStart() {
   return file->Wave.TimeFormat == TimeFormat::tfByte ? start / kFrameBytes : start;
 }
 
-// The new sound lies on the old one's row. So much of it is fetched as the device has already got
-// of the old one, and a little more.
+// Continues a pause as a rewiring. The new sound gets the same places as the old one, and is
+// fetched up to a little beyond the place that the device has already read.
 bool WaveOut::GoOn() {
   if (state_ != Paused || !stream_) return false;
   const std::int64_t range = RangeStart();
@@ -143,8 +143,6 @@ bool WaveOut::GoOn() {
   return true;
 }
 
-// ---- the loop's turns ----
-
 void WaveOut::Run() {
   token_ = std::make_shared<int>(0);
   Turn();
@@ -163,14 +161,14 @@ void WaveOut::Turn() {
       if (watch.expired()) return;
     }
   } catch (const Laufzeitfehler&) {
-    return Halt(true);  // as the position tells
+    return Halt(true);  // Position() then returns -1
   }
   loop_.PostAfter(kTurnMs, [this, watch] {
     if (!watch.expired()) Turn();
   });
 }
 
-// A device that keeps much to itself still gets its sound.
+// The second condition serves devices with a large buffer of their own.
 bool WaveOut::Room(std::int64_t heard) const {
   if (queue_->Closed() || queue_->Full()) return false;
   const auto buffer = static_cast<std::int64_t>(BufferSize) / kFrameBytes;
@@ -185,7 +183,7 @@ void WaveOut::Fetch(SoundQueue& queue) {
     ++roundsDone_;
     round_ = queue.End();
     Rewind();
-    Pull(data);  // nothing again: an empty range
+    Pull(data);  // empty again when the range is empty
   }
   if (data.Bytes == 0) return queue.Close();
   queue.Append(data, round_);
@@ -203,7 +201,7 @@ void WaveOut::Ended() {
     Push(data);
     if (watch.expired()) return;
   }
-  Halt(!whole);  // a card that has gone ends the sound too soon
+  Halt(!whole);  // without all sound heard, the card is gone
 }
 
 }  // namespace vantora

@@ -1,9 +1,10 @@
-// Plays a chain on the loudspeaker. The interface thread fills a queue in turns of its loop, the
-// device's thread drains it. What has left the chain and is not heard yet stays within
+// Plays a chain on a sound device. The interface thread fills a queue in turns of its event loop,
+// and the device's thread reads it. The sound between the chain and the ear stays within
 // `NumBuffers`, so that a change to the chain is soon heard.
 //
-// A pause that `Start` ends at once, with the range moved to where the ear was, is a rewiring: the
-// device goes on with the old sound for so long, and into the new one without a gap.
+// A rewiring is a pause that is ended at once by `Start`, with the range moved to the position
+// heard. During a rewiring the device keeps playing the old sound, and joins the new sound without
+// a gap.
 #pragma once
 
 #include "backends/sound/chain/sound_queue.h"
@@ -28,7 +29,7 @@ class WaveOut final : public MMWaveOutX {
   std::int64_t Position() const override;
   int State() const override { return state_; }
 
-  // How often the device has found nothing since the start, while there was more to come.
+  // The number of underruns since the start.
   int Underruns() const { return queue_ ? queue_->Underruns() : 0; }
 
  private:
@@ -49,11 +50,11 @@ class WaveOut final : public MMWaveOutX {
   OutState state_ = Closed;
   bool failed_ = false;
   std::shared_ptr<SoundQueue> queue_;
-  std::int64_t place_ = 0;       // where the ear is while nothing sounds
-  std::int64_t round_ = 0;       // where the round began that is being fetched
-  int roundsDone_ = 0;           // fetched to their ends
-  std::int64_t rangeStart_ = 0;  // frames; of the source, when the round began
-  std::shared_ptr<int> token_;   // of the turns that are due; without it they do nothing
+  std::int64_t place_ = 0;       // current place while nothing plays
+  std::int64_t round_ = 0;       // start of the loop being fetched
+  int roundsDone_ = 0;           // loops fetched to their ends
+  std::int64_t rangeStart_ = 0;  // in frames of the source, when the loop began
+  std::shared_ptr<int> token_;   // of the turns posted; a turn without it does nothing
   std::unique_ptr<SoundStream> stream_;
 };
 

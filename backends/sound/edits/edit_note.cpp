@@ -12,7 +12,7 @@ namespace vantora {
 
 namespace {
 
-constexpr std::uint64_t kMark = 0x31'45544F'4E525456ULL;  // "VTRNOTE1", the last byte its version
+constexpr std::uint64_t kMark = 0x31'45544F'4E525456ULL;  // "VTRNOTE1", ends with the version
 constexpr std::uint64_t kMarkWithoutVersion = 0x00FF'FFFF'FFFF'FFFFULL;
 constexpr int kMostNotes = 1000;
 constexpr std::int64_t kLargestBlock = 1 << 20;
@@ -21,7 +21,7 @@ constexpr std::int64_t kPage = 4096;
 struct Head {
   std::uint64_t Mark = kMark;
   std::int64_t BlockBytes = 0, PlanBytes = 0;
-  std::uint64_t Checksum = 0;  // of the plan and the numbers above
+  std::uint64_t Checksum = 0;  // of the plan and of the fields above
 };
 
 struct DoneEntry {
@@ -29,7 +29,7 @@ struct DoneEntry {
   std::uint64_t Checksum = 0;
 };
 
-// By which bytes that were written to their end are known.
+// Checksums show whether bytes were written completely.
 std::uint64_t Checksum(const char* bytes, std::size_t count, std::uint64_t start) {
   constexpr std::uint64_t kPrime = 0x9E37'79B9'7F4A'7C15ULL;
   std::uint64_t sum = start + count;
@@ -84,7 +84,7 @@ void EditNote::Arrange(std::int64_t planBytes) {
   doneAt_ = static_cast<std::int64_t>(sizeof(Head)) + planBytes;
   recordsAt_ = doneAt_ + static_cast<std::int64_t>(plan_.Files.size() * sizeof(DoneEntry));
   const std::int64_t end = recordsAt_ + static_cast<std::int64_t>(2 * sizeof(Record));
-  dataAt_ = (end + kPage - 1) / kPage * kPage;  // whole pages are written faster
+  dataAt_ = (end + kPage - 1) / kPage * kPage;  // page-aligned writes are faster
 }
 
 std::int64_t EditNote::RecordPlace(std::uint64_t number) const {
@@ -95,7 +95,8 @@ std::int64_t EditNote::DataPlace(std::uint64_t number) const {
   return dataAt_ + static_cast<std::int64_t>(number % 2) * block_;
 }
 
-// The room comes first and the head last: a note whose head is whole is whole.
+// Space is reserved first and the head is written last. A note with a valid head is therefore
+// complete.
 void EditNote::WritePlan() {
   const std::string bytes = PlanBytes(plan_);
   Head head;
@@ -130,8 +131,8 @@ void EditNote::ReadPlan() {
   Arrange(head.PlanBytes);
 }
 
-// The data comes first: a record that is whole says that its data is whole too. Meanwhile the
-// record before it, in the other slot, is the last one.
+// The data is written before its record, so a valid record has valid data. Until the record is
+// written, the record in the other slot is the last one.
 void EditNote::Write(Record& record, Block& block) {
   record.Number = number_ + 1;
   record.Checksum = ChecksumOf(record, nullptr, 0);
@@ -176,7 +177,7 @@ std::optional<DateiStand> EditNote::Done(std::size_t file) {
   return entry.After;
 }
 
-// An empty note says nothing; it goes when its folder can be written again.
+// When the note cannot be deleted, it is emptied. An empty note is deleted at a later start.
 void EditNote::Remove() {
   try {
     dateien_.Kill(path_);

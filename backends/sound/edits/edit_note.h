@@ -1,10 +1,10 @@
-// The file that says what an edit is about to do. It holds the plan, for each file of the plan
-// whether it is done, and two records that are written by turns: the block that is being done now
-// and the one before it. A record is written before its block goes into the wave, and carries the
-// block's bytes where these could not be computed again. So whatever moment the program is killed
-// at, writing the last whole record's block again and going on behind it ends the edit.
+// The file that describes an edit in progress. It holds the plan, for each file of the plan whether
+// it is done, and two slots for records, which are written alternately: the current block and the
+// one before it. A record is written before its block is written to the wave. It includes the bytes
+// of the block if they could not be computed again. Whenever the program is killed, the edit is
+// completed by writing the block of the last complete record again and continuing after it.
 //
-// While a note is open, it is locked against other programs.
+// An open note is locked against other programs.
 #pragma once
 
 #include "backends/sound/edits/edit_plan.h"
@@ -20,14 +20,14 @@ namespace vantora {
 
 class EditNote {
  public:
-  // A stretch of a step. `Done` counts from where the step begins, which is the end of its range
-  // when it works backwards.
+  // A block of a step. `Done` counts bytes from where the step begins, which is the end of its
+  // range when the step works backwards.
   struct Record {
     std::uint64_t Number = 0;  // from 1; 0 for none
     std::uint32_t File = 0, Step = 0;
     std::int64_t Done = 0, Bytes = 0;
-    DateiStand Before;            // the wave before the block
-    std::uint64_t DataBytes = 0;  // of the block itself; 0 when it can be computed again
+    DateiStand Before;            // state of the wave before the block
+    std::uint64_t DataBytes = 0;  // of the block in the note; 0: it can be computed again
     std::uint64_t Checksum = 0;
   };
 
@@ -41,25 +41,25 @@ class EditNote {
     std::vector<char> bytes_;
   };
 
-  // A new note in the folder, whole on the disk with all the room that it will need. Fails without
-  // leaving a file.
+  // Creates a note in `folder`, complete and with all the space that it will need. Leaves no file
+  // when it fails.
   static std::unique_ptr<EditNote> Make(Dateien& dateien, const Text& folder, EditPlan plan,
                                         std::int64_t blockBytes);
-  // Nothing when another program holds it. A note that was killed before its plan was whole has an
-  // empty plan.
+  // Returns null when another program has locked the note. A note whose plan is incomplete, because
+  // the program was killed, has an empty plan.
   static std::unique_ptr<EditNote> Open(Dateien& dateien, const Text& path);
 
   const EditPlan& Plan() const { return plan_; }
   std::int64_t BlockBytes() const { return block_; }
-  bool Foreign() const { return foreign_; }  // a version of the program that we don't know wrote it
+  bool Foreign() const { return foreign_; }  // written by an unknown version of the program
 
-  // `record` gets its number; its data, if any, stands in the block.
+  // Sets the number of `record`. Its data, if any, is in `block`.
   void Write(Record& record, Block& block);
-  std::optional<Record> Last(Block& block);  // the last whole one, with its data in the block
-  std::int64_t Time() const { return file_->Stand().Time; }  // of the last record
+  std::optional<Record> Last(Block& block);  // last complete record, with its data in `block`
+  std::int64_t Time() const { return file_->Stand().Time; }  // when the last record was written
 
   void SetDone(std::size_t file, const DateiStand& after);
-  std::optional<DateiStand> Done(std::size_t file);  // what the file was then
+  std::optional<DateiStand> Done(std::size_t file);  // state of the file when it was done
 
   void Remove();
 
@@ -77,7 +77,7 @@ class EditNote {
   EditPlan plan_;
   bool foreign_ = false;
   std::int64_t block_ = 0;
-  std::int64_t doneAt_ = 0, recordsAt_ = 0, dataAt_ = 0;  // places in the note
+  std::int64_t doneAt_ = 0, recordsAt_ = 0, dataAt_ = 0;  // offsets in the note
   std::uint64_t number_ = 0;                              // of the last record
 };
 

@@ -1,6 +1,6 @@
 #include "backends/sound/edits/edit_plan.h"
 
-#include "backends/sound/wave_header.h"
+#include "backends/sound/files/wave_header.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -14,7 +14,7 @@ namespace vantora {
 
 namespace {
 
-// Of what can be done again from where it is read: bytes between two records.
+// Bytes between two records in a step that can be repeated from its source.
 constexpr std::int64_t kFarStride = 1 << 22;
 
 std::int64_t Even(std::int64_t bytes) {
@@ -25,7 +25,8 @@ std::int64_t Even(std::int64_t bytes) {
   throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
 }
 
-// The number of a helper in the plan; the place of its sound.
+// Adds a helper to the plan if needed and returns its number. `layout` receives the layout of the
+// helper.
 std::uint32_t HelperOf(EditPlan& plan, const Text& path, Dateien& dateien, WaveLayout& layout) {
   const std::unique_ptr<Datei> file = dateien.Open(path, Zugriff::Lesen);
   layout = ReadWaveLayout(*file);
@@ -106,7 +107,8 @@ std::int64_t PlanStep::Stride(std::int64_t block) const {
 }
 
 bool EditPlan::Names(Dateien& dateien, const Text& file) const {
-  // By what the file is, as a link is another name for it; by its name when it is out of reach.
+  // Compares the file's identity, since a link is another name for it, and also the name, in case
+  // the file cannot be reached.
   std::optional<DateiStand> stand;
   try {
     stand = dateien.Stand(file);
@@ -126,7 +128,8 @@ PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Date
   using Kind = PlanStep::Kind;
   if (layout.DataBytes != edit.Before) RaiseChanged();
   const std::int64_t soundEnd = layout.DataOffset + edit.After;
-  // Not every file has the byte that fills odd sound up: what keeps its length keeps its place.
+  // Not every file has a padding byte after sound of odd length. If the sound keeps its length, the
+  // chunks after it stay where they are.
   if (!tailAfter && edit.After == edit.Before) tailAfter = layout.TailOffset;
   const std::int64_t tail = tailAfter.value_or(layout.DataOffset + Even(edit.After));
   const std::int64_t length = tail + layout.TailBytes;
@@ -163,11 +166,9 @@ PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Date
   return file;
 }
 
-// ---- the plan as bytes ----
-
 namespace {
 
-constexpr std::uint32_t kMostNamed = 100'000;  // no edit has more files, steps or letters
+constexpr std::uint32_t kMostNamed = 100'000;  // more files, steps or letters than any edit has
 
 enum class PlanKind : std::uint8_t { Plain, Loan, OfRun };
 
@@ -232,7 +233,7 @@ class Reader {
   std::string_view bytes_;
 };
 
-// The same fields for both directions.
+// Lists the fields of a step for writing and for reading.
 template <typename Way>
 void Fields(PlanStep& step, Way way) {
   way(step.What);

@@ -1,8 +1,8 @@
-// What an edit does, down to bytes of files: worked out once, from a header that is whole, and kept
-// in the edit's note. Nothing of it is read again from a file that may be half written.
+// The plan of an edit, down to bytes of files. It is made once, from an intact header, and kept in
+// the edit's note. Nothing in it has to be read again from a file that may be half written.
 #pragma once
 
-#include "backends/sound/wave_layout.h"
+#include "backends/sound/files/wave_layout.h"
 
 #include "platform/edits.h"
 #include "platform/files.h"
@@ -15,31 +15,31 @@
 
 namespace vantora {
 
-// Places are bytes from the start of a file.
+// Offsets are bytes from the start of a file.
 struct PlanStep {
   enum class Kind : std::uint8_t { Reserve, Move, Copy, Fill, Ramp, Scale, Put, Length };
 
   Kind What = Kind::Fill;
   std::int64_t To = 0;
-  std::int64_t From = 0;   // Copy: in the helper; Put: in the plan's own bytes
+  std::int64_t From = 0;   // Copy: in the helper; Put: in Literal
   std::int64_t Bytes = 0;  // Reserve, Length: of the whole file
   std::uint32_t Helper = 0;
   double Start = 1, Slope = 0;
 
-  // Moves and changes in place, whose result cannot be computed twice once it is written over what
-  // it was made of. `block`: the bytes at a time.
+  // True for a change whose source is overwritten by its result, so that it cannot be computed
+  // again. `block` is the number of bytes done at a time.
   bool NeedsSlot(std::int64_t block) const;
-  // From the end of the range to its start, as the target lies over the rest of the source.
+  // Works from the end of the range to its start, since the target overlaps the rest of the source.
   bool Backwards() const { return What == Kind::Move && To > From; }
   // Bytes that may be done between two records.
   std::int64_t Stride(std::int64_t block) const;
 };
 
-// A wave before and after its edit.
+// One file's part of an edit.
 struct PlanFile {
   Text Path;
   DateiStand Before;
-  Text Medium;  // as Dateien::Medium names it
+  Text Medium;  // from Dateien::Medium
   std::int64_t LengthAfter = 0;
   std::vector<PlanStep> Steps;
 };
@@ -53,24 +53,24 @@ struct PlanHelper {
 
 struct EditPlan {
   std::vector<PlanFile> Files;
-  // There are two files, and they are one: the first edit appends silence, the second, which may be
-  // asked for much later, takes it out.
+  // True for borrowed silence. Both entries of Files then name the same file: the first appends
+  // silence, the second, which may run much later, removes it.
   bool Loan = false;
   std::vector<PlanHelper> Helpers;
   std::vector<Text> RunReport;
-  std::string Literal;  // the bytes that Put writes: mixed samples, and the sizes in headers
+  std::string Literal;  // bytes for Put: mixed samples and size fields of headers
 
   bool Names(Dateien& dateien, const Text& file) const;
 };
 
-// The steps from one layout to sound of another length. `layout` becomes what the file has then.
-// `tail`: where the chunks behind the sound go; behind the sound, made even, if nothing is said.
-// Error 61 when no wave file can be so long.
+// Plans the steps from a layout to sound of another length, and updates `layout`. `tail` is the new
+// offset of the chunks after the sound; by default they follow the sound at an even offset. Raises
+// 61 when the file would be too long for a wave file.
 PlanFile PlanWave(WaveLayout& layout, const WaveEdit& edit, EditPlan& plan, Dateien& dateien,
                   std::optional<std::int64_t> tail = {});
 
 std::string PlanBytes(const EditPlan& plan);
-// Error 62 for bytes that are none.
+// Raises 62 for bytes that are not a plan.
 EditPlan PlanFromBytes(std::string_view bytes);
 
 }  // namespace vantora

@@ -2,6 +2,7 @@
 
 #include "backends/sound/edits/scale.h"
 
+#include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
 #include <algorithm>
@@ -14,11 +15,10 @@ namespace {
 
 using Kind = PlanStep::Kind;
 
-constexpr std::int64_t kFrameBytes = 4;
-constexpr std::int64_t kSecond = 1'000'000'000;  // ns
-// A block that was being written at a kill changed its file soon after the block before it. Both
-// times are of the wave's own file system, whose clock may be another than ours. Some keep times in
-// steps of two seconds, and some take long for a block.
+constexpr std::int64_t kSecond = 1'000'000'000;  // in ns
+// Limits for the time between a record and a block whose write was interrupted by a kill. Both
+// times come from the file system of the wave, whose clock may differ from ours. Some file systems
+// store times in steps of two seconds, and some media need long for a block.
 constexpr std::int64_t kCoarsestTime = 2 * kSecond, kLongestBlock = 60 * kSecond;
 
 bool SameContent(const DateiStand& one, const DateiStand& other) {
@@ -26,8 +26,6 @@ bool SameContent(const DateiStand& one, const DateiStand& other) {
 }
 
 }  // namespace
-
-// ---- forwards ----
 
 void EditRun::Start(std::size_t file, const std::function<void(int percent)>& progress) {
   Run(file, nullptr, progress);
@@ -61,7 +59,7 @@ void EditRun::CloseWave(std::size_t file) {
   wave_.reset();
 }
 
-// `again`: the record's block first, which may be in the wave already.
+// With `again`, the record's block is done first, although it may already be in the wave.
 void EditRun::RunStep(const PlanStep& step, Record& record, bool again) {
   const bool inOneGo = step.What == Kind::Reserve || step.What == Kind::Length;
   const bool slot = step.NeedsSlot(note_.BlockBytes());
@@ -85,7 +83,7 @@ void EditRun::RunStep(const PlanStep& step, Record& record, bool again) {
   }
 }
 
-// Where a block lies in a range that begins at `start`.
+// The offset of a block in a range that begins at `start`.
 std::int64_t EditRun::Place(const PlanStep& step, std::int64_t start, const Record& record) {
   return step.Backwards() ? start + step.Bytes - record.Done - record.Bytes : start + record.Done;
 }
@@ -128,11 +126,12 @@ void EditRun::DoBlock(const PlanStep& step, const Record& record) {
       return wave_->Truncate(step.Bytes);
     case Kind::Ramp:
     case Kind::Scale:
-      return;  // have their data in the note
+      return;  // their result is in the note
   }
 }
 
-// A stretch that is no longer than source and target lie apart: its source stays as it is.
+// Moves a block that is no longer than the distance from source to target, so that it does not
+// overwrite its own source.
 void EditRun::MoveFar(const PlanStep& step, const Record& record) {
   const std::int64_t from = Place(step, step.From, record), to = Place(step, step.To, record);
   for (std::int64_t done = 0; done < record.Bytes;) {
@@ -169,8 +168,6 @@ void EditRun::CopyFromHelper(const PlanStep& step, const Record& record) {
   }
 }
 
-// ---- after a kill or an error ----
-
 EditRun::State EditRun::Finish() {
   const std::optional<Record> last = note_.Last(block_);
   if (!last) return State::NotBegun;
@@ -202,8 +199,8 @@ std::optional<DateiStand> EditRun::Before(std::size_t file) {
   return note_.Plan().Loan && file == 1 ? note_.Done(0) : note_.Plan().Files[file].Before;
 }
 
-// Whether the file is the one that the note knows: as it was before its edit, or changed by no more
-// than the block that was being written when the program was killed.
+// Checks that the file is the one of the note and is unchanged since then, except for the block
+// that was being written when the program was killed.
 EditRun::State EditRun::Look(std::size_t file, const Record* from) {
   const PlanFile& plan = note_.Plan().Files[file];
   const std::optional<DateiStand> before = from != nullptr ? from->Before : Before(file);
@@ -219,7 +216,7 @@ EditRun::State EditRun::Look(std::size_t file, const Record* from) {
 
 bool EditRun::MayBeBlock(const PlanFile& plan, const Record& record, const DateiStand& now) {
   const Kind kind = plan.Steps[record.Step].What;
-  // A medium that comes back may have another number, and numbers its files anew.
+  // A medium that has been plugged in again may have another device number and other file numbers.
   if (now.Device == record.Before.Device && !now.SameFile(record.Before)) return false;
   if (kind == Kind::Reserve) return IsReserved(plan, record, now);
   const bool size =
@@ -228,7 +225,7 @@ bool EditRun::MayBeBlock(const PlanFile& plan, const Record& record, const Datei
   return size && since >= -kCoarsestTime && since <= kLongestBlock;
 }
 
-// What was reserved holds nothing yet.
+// True when the reserved space is still all zeros.
 bool EditRun::IsReserved(const PlanFile& plan, const Record& record, const DateiStand& now) {
   if (now.Bytes < record.Before.Bytes || now.Bytes > record.Bytes) return false;
   const std::unique_ptr<Datei> file = dateien_.Open(plan.Path, Zugriff::Lesen);
@@ -255,8 +252,8 @@ EditRun::State EditRun::LookAtHelpers(const PlanFile& plan, std::size_t step) {
   return State::Finished;
 }
 
-// A file that is missing, or another one under its name, means that its medium is away, unless the
-// place lies on the medium that the note knows.
+// When the file is missing or is another file, the result is MediumAway, unless its folder is on
+// the medium of the note.
 EditRun::State EditRun::Find(const Text& path, const DateiStand& known, const Text& medium,
                              DateiStand& now) {
   const auto missing = [](const Laufzeitfehler& fehler) {

@@ -1,4 +1,4 @@
-// Carries out what a note says, from its start or from where a killed program has come to.
+// Carries out the edit of a note, from the start or from where a killed program has stopped.
 #pragma once
 
 #include "backends/sound/edits/edit_note.h"
@@ -12,8 +12,8 @@
 
 namespace vantora {
 
-// The samples of `frames` stereo frames times a gain that is `start` at frame 0 and changes by
-// `slope` with each one; `first` is the number of the first of the frames.
+// Multiplies `frames` stereo frames by a gain that is `start` at frame 0 of the range and changes
+// by `slope` with each frame. `first` is the number of the first frame in `samples`.
 using RampFunction = std::function<void(std::int16_t* samples, std::size_t frames,
                                         std::int64_t first, double start, double slope)>;
 
@@ -21,20 +21,21 @@ class EditRun {
  public:
   enum class State {
     Finished,   // all files are done
-    NotBegun,   // no file has changed, or none any more
-    Changed,    // others have changed or removed a file, or one that must be read
-    MediumAway  // no folder is where the file should be
+    NotBegun,   // no file has changed, or changes were undone
+    Changed,    // a file of the edit was changed or removed by others
+    MediumAway  // the folder of a file is on another medium or missing
   };
 
   EditRun(Dateien& dateien, const RampFunction& ramp, EditNote& note)
       : dateien_(dateien), ramp_(ramp), note_(note), block_(note.BlockBytes()) {}
 
-  // One file from its beginning, as it stands now.
+  // Does one file from its beginning.
   void Start(std::size_t file, const std::function<void(int percent)>& progress = {});
-  // More than room has been taken: from here on, Finish goes forwards.
+  // True once a wave has been changed, beyond reserved space. From then on Finish completes the
+  // edit and cannot undo it.
   bool Begun() const { return begun_; }
-  // The rest of the edit, as far as it goes. Looks first whether it can be done, and changes
-  // nothing otherwise. An error leaves the note as it is, for another try.
+  // Completes or undoes the edit. Checks first whether that is possible, and changes nothing
+  // otherwise. Leaves the note unchanged on an error, so that it can be tried again.
   State Finish();
 
  private:
@@ -46,17 +47,17 @@ class EditRun {
   void MoveFar(const PlanStep& step, const Record& record);
   void Fill(std::int64_t at, std::int64_t bytes);
   void CopyFromHelper(const PlanStep& step, const Record& record);
-  void Compute(const PlanStep& step, Record& record);  // into the block
+  void Compute(const PlanStep& step, Record& record);  // result in block_
   void CloseWave(std::size_t file);
 
   State Look(std::size_t file, const Record* from);
   bool MayBeBlock(const PlanFile& plan, const Record& record, const DateiStand& now);
   State LookAtHelpers(const PlanFile& plan,
-                      std::size_t step);  // that this step and later ones read
+                      std::size_t step);  // that this step and later ones use
   bool IsReserved(const PlanFile& plan, const Record& record, const DateiStand& now);
   State Find(const Text& path, const DateiStand& known, const Text& medium, DateiStand& now);
   State UndoReserve(std::size_t file);
-  std::optional<DateiStand> Before(std::size_t file);  // nothing: not before another one is done
+  std::optional<DateiStand> Before(std::size_t file);  // nothing: the file before it is not done
   static std::int64_t Place(const PlanStep& step, std::int64_t start, const Record& record);
 
   Dateien& dateien_;

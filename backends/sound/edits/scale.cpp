@@ -1,6 +1,6 @@
 #include "backends/sound/edits/scale.h"
 
-#include "backends/sound/vector_unit.h"
+#include "backends/sound/edits/vector_unit.h"
 
 #include <bit>
 
@@ -8,9 +8,9 @@ namespace vantora {
 
 namespace {
 
-// Added to a number, it leaves no room for digits behind the point, and the whole number stands in
-// the lowest bits. No conversion of the processor's is as fast, and single precision goes twice as
-// fast as double.
+// Adding this constant rounds to an integer, which is then in the lowest bits of the sum. This is
+// faster than the processor's conversion instructions, and single precision is twice as fast as
+// double.
 constexpr float kRounding = 12582912.0F;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Samples of 16 bits times a factor.
+// Multiplies 16-bit samples by a factor.
 #pragma once
 
 #include <cstddef>
@@ -6,8 +6,8 @@
 
 namespace vantora {
 
-// In single precision, rounded to nearest with ties to even: within half a step of the sound and
-// 1/256 of the exact product. The products must be within 16 bits.
+// Computes in single precision and rounds to nearest, ties to even: the result is within 1/2 +
+// 1/256 of the exact product. The products must fit into 16 bits.
 void ScaleSamples(std::int16_t* samples, std::size_t count, float factor);
 
 }  // namespace vantora

@@ -11,7 +11,8 @@ namespace {
 
 using State = EditRun::State;
 
-// A disc has up to 99 notes of silence, and hardly a file anything behind its sound.
+// A disc may need up to 99 notes of silence, and files rarely have chunks after their sound, so
+// these notes are small.
 constexpr std::int64_t kLoanBlockBytes = 1 << 14;
 
 void Add(std::vector<Text>& lines, const Text& line) {
@@ -22,13 +23,13 @@ void Add(std::vector<Text>& files, const EditPlan& plan) {
   for (const PlanFile& file : plan.Files) Add(files, file.Path);
 }
 
-// The note of a run's last edit but one may be there still; it says less.
+// The note of the run's second-to-last edit may still exist. Its report is shorter.
 void AddReport(std::vector<Text>& lines, std::vector<Text> report) {
   if (report.size() > lines.size()) std::swap(lines, report);
   for (const Text& line : report) Add(lines, line);
 }
 
-// What a file that can be written holds.
+// Reads the layout of a file and checks that it can be written.
 WaveLayout LayoutOf(Dateien& dateien, const Text& path, DateiStand& stand) {
   WaveLayout layout;
   {
@@ -40,18 +41,17 @@ WaveLayout LayoutOf(Dateien& dateien, const Text& path, DateiStand& stand) {
   return layout;
 }
 
-// Where a disk has no room for the holes of one file, none of the others is changed either.
+// Reserves the blocks of sparse files first: when the disk has no space for one file, no file is
+// changed.
 void FillHoles(Dateien& dateien, const Edit& edit) {
   if (edit.Waves.size() < 2) return;
   for (const WaveEdit& wave : edit.Waves) {
-    const std::int64_t length = dateien.FileLen(wave.File);  // raises where there is none
+    const std::int64_t length = dateien.FileLen(wave.File);  // raises when the file does not exist
     dateien.Open(wave.File, Zugriff::Binaer)->Reserve(length);
   }
 }
 
 }  // namespace
-
-// ---- one edit ----
 
 void WaveEdits::Apply(const Edit& edit) {
   EditPlan plan;
@@ -71,13 +71,14 @@ void WaveEdits::Apply(const Edit& edit) {
   try {
     for (std::size_t i = 0; i < note->Plan().Files.size(); ++i) run.Start(i, edit.Progress);
   } catch (const Laufzeitfehler& fehler) {
-    // The edit goes on from where the error has come. Where it cannot, its files wait.
+    // Settle completes the edit from where the error occurred. If that is impossible, the edit's
+    // files are blocked until it can be completed.
     const bool begun = run.Begun();
     State state = State::Finished;
     try {
       state = Settle(std::move(note));
     } catch (const Laufzeitfehler&) {
-      // The first error says more.
+      // The first error is more useful.
     }
     if (begun && state != State::Changed) throw FinishedAfterError(fehler);
     throw;
@@ -124,8 +125,8 @@ bool WaveEdits::Ready(const Text& file) {
   return !mine.empty();
 }
 
-// A run's note stays until the next one of the run is done, so that there is no moment at which a
-// kill leaves nothing to say.
+// The last note of a run stays until the next edit of the run is done. A kill at any moment
+// therefore leaves a note with the run's report.
 void WaveEdits::Conclude(Note note) {
   if (running_ && !note->Plan().RunReport.empty()) std::swap(note, run_);
   if (note) Drop(std::move(note));
@@ -136,7 +137,7 @@ void WaveEdits::EndRun() {
   if (run_) Drop(std::move(run_));
 }
 
-// A note that cannot be removed says that all is done, so it harms nothing.
+// A note that cannot be deleted is emptied or says that all is done, so it does no harm.
 void WaveEdits::Drop(Note note) {
   try {
     note->Remove();
@@ -150,8 +151,6 @@ bool WaveEdits::Needs(const Text& file) const {
   return std::any_of(open_.begin(), open_.end(), names) ||
          std::any_of(loan_.begin(), loan_.end(), names);
 }
-
-// ---- silence on loan ----
 
 EditPlan WaveEdits::LoanPlan(const Silence& silence) {
   EditPlan plan;
@@ -171,7 +170,7 @@ EditPlan WaveEdits::LoanPlan(const Silence& silence) {
 
 void WaveEdits::Lend(const std::vector<Silence>& silences) {
   Forget();
-  // A file may be named more than once, by its own name and by links.
+  // A file may be listed more than once, by its own name and by links.
   std::vector<std::pair<Silence, DateiStand>> merged;
   for (const Silence& silence : silences) {
     const DateiStand stand = dateien_.Stand(silence.File);
@@ -217,8 +216,6 @@ void WaveEdits::Forget() {
   for (Note& note : notes) Drop(std::move(note));
 }
 
-// ---- after a kill ----
-
 MendedEdits WaveEdits::Mend() {
   MendedEdits mended;
   if (!dateien_.IsDirectory(kFolder)) return mended;
@@ -227,7 +224,7 @@ MendedEdits WaveEdits::Mend() {
       Note note = EditNote::Open(dateien_, Text(kFolder) + L"\\" + name);
       if (note) MendNote(std::move(note), mended);
     } catch (const Laufzeitfehler&) {
-      // A note that cannot be read names no file. It is tried again at the next start.
+      // The files of a note that cannot be read are unknown. It is tried again at the next start.
     }
   }
   return mended;

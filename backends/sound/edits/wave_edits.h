@@ -1,4 +1,4 @@
-// The edits of wave files, each under a note in a folder of the program's own.
+// Edits of wave files. Each edit is described by a note in a folder of the program.
 #pragma once
 
 #include "backends/sound/edits/edit_run.h"
@@ -15,7 +15,7 @@ namespace vantora {
 class WaveEdits final : public Edits {
  public:
   static constexpr const wchar_t* kFolder = L"C:\\WINDOWS\\edits";
-  // Small enough to stay in the processor's own memory between reading and writing.
+  // Fits the processor's cache between reading and writing.
   static constexpr std::int64_t kBlockBytes = 1 << 17;
 
   WaveEdits(Dateien& dateien, RampFunction ramp, std::int64_t blockBytes = kBlockBytes)
@@ -38,18 +38,18 @@ class WaveEdits final : public Edits {
     return EditNote::Make(dateien_, kFolder, std::move(plan), blockBytes);
   }
   EditPlan LoanPlan(const Silence& silence);
-  EditRun::State Settle(Note note);  // to its end or back to its start; an error keeps it
+  EditRun::State Settle(Note note);  // completes or undoes the edit; keeps the note on an error
   void Drop(Note note);
-  void Conclude(Note note);  // all of it is done
+  void Conclude(Note note);  // for an edit that is done
   void MendNote(Note note, MendedEdits& mended);
 
   Dateien& dateien_;
   RampFunction ramp_;
   std::int64_t blockBytes_;
   std::vector<Note> loan_;  // one for each file
-  std::vector<Note> open_;  // edits that could not be finished yet
-  bool running_ = false;    // a run with a report
-  Note run_;                // of its last edit that is done
+  std::vector<Note> open_;  // of edits that are not completed yet
+  bool running_ = false;    // a run with a report is in progress
+  Note run_;                // of the last finished edit of the run
 };
 
 }  // namespace vantora

@@ -1,14 +1,14 @@
-// Each band is a bell, half as high (in dB) a little beyond its edges as in its middle, the first
-// one, from 0 Hz, a shelf: the second-order filters of the usual catalogue (Bristow-Johnson, "Audio
-// EQ cookbook"), placed by the bilinear transform with edges bent beforehand.
+// Each band is a peaking filter with half its gain (in dB) a little outside the band's edges; the
+// first band, from 0 Hz, is a shelf. The filters are the usual second-order ones (Bristow-Johnson,
+// "Audio EQ cookbook"), designed by the bilinear transform with prewarped edges.
 //
-// Neighbours reach into each other's middles, so a set of sliders is not yet a set of filters. How
-// far a bell reaches is nearly in proportion to its height in dB; that makes the heights that are
-// needed the solution of a linear system, and of the small rest another one (Abel and Berners,
-// "Filter design using second-order peaking and shelving sections", 2004; Välimäki and Liski,
-// "Accurate cascade graphic equalizer", 2017). Here Newton's steps use the true slopes; four leave
-// nothing to hear, whatever the sliders say. Wide bells ripple less between the middles, narrow
-// ones need less height.
+// Neighbouring filters overlap, so the gains of the filters differ from the gains set for the
+// bands. A filter's gain at another frequency is nearly proportional to its peak gain in dB. The
+// peak gains therefore follow from a linear system, and corrections from further ones (Abel and
+// Berners, "Filter design using second-order peaking and shelving sections", 2004; Välimäki and
+// Liski, "Accurate cascade graphic equalizer", 2017). Here Newton steps use the exact slopes; after
+// four steps no error is audible for any settings. Wide filters ripple less between the bands'
+// middles, narrow ones need less gain.
 #include "backends/sound/effects/band_curve.h"
 
 #include <algorithm>
@@ -20,17 +20,17 @@ namespace vantora {
 
 namespace {
 
-constexpr double kBellWidth = 4.0 / 3;  // of the band
+constexpr double kBellWidth = 4.0 / 3;  // relative to the band
 constexpr double kShelfQuality = 0.9;
 constexpr double kMostTurned = 60;  // dB
 constexpr int kSteps = 6;
 constexpr double kSlopeStep = 0.05;  // dB
-// Bands that cover each other leave it open which of them is turned; this settles it.
+// For overlapping bands the solution is not unique; this term makes it so.
 constexpr double kStiffness = 1e-6;
 
 using Row = std::vector<double>;
 
-// Solves the symmetric, positive definite system whose right side is the rows' last column.
+// Solves a symmetric, positive definite system. The last column of `rows` is its right side.
 Row Eliminate(std::vector<Row> rows) {
   const std::size_t n = rows.size();
   for (std::size_t a = 0; a < n; ++a) {
@@ -48,7 +48,7 @@ Row Eliminate(std::vector<Row> rows) {
   return solution;
 }
 
-// The step that brings the rests down most, for these slopes.
+// The step that reduces the remaining errors most, for these slopes.
 Row LeastSquares(const std::vector<Row>& slopes, const Row& rests) {
   const std::size_t n = slopes.size();
   std::vector<Row> rows(n, Row(n + 1));

@@ -1,5 +1,5 @@
-// The filters of a graphic equalizer and how far each has to be turned, so that together they do at
-// the middle of every band what was set there.
+// The filters of a graphic equalizer, and the gain that each filter needs so that together they
+// have the gains set at the middle of every band.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 namespace vantora {
 
 struct BandEdges {
-  double From, To;  // Hz
+  double From, To;  // in Hz
 };
 
 // Coefficients of a second-order state-variable filter with the states s and t. For an input x:
@@ -20,27 +20,27 @@ struct FilterCoefficients {
 class BandCurve {
  public:
   BandCurve() = default;
-  // Frequencies beyond what the rate can carry are brought inside.
+  // Frequencies too high for the sample rate are lowered.
   BandCurve(const std::vector<BandEdges>& bands, double sampleRate);
 
-  // What each filter has to be turned to, in dB, for these gains in dB at the middles of the bands.
-  // Zeros give zeros.
+  // The gain of each filter in dB, for these gains in dB at the middles of the bands. Zeros give
+  // zeros.
   std::vector<double> Solve(const std::vector<double>& gains) const;
   FilterCoefficients Design(std::size_t band, double turned) const;
   double Middle(std::size_t band) const { return shapes_[band].Middle; }  // Hz
 
  private:
   struct Shape {
-    bool Shelf;      // everything below its frequency; otherwise a bell
-    double Place;    // frequency, as the bilinear transform sees it
-    double Quality;  // of a bell that is turned by nothing: place by width
+    bool Shelf;      // affects all frequencies below Place; else a peak at it
+    double Place;    // frequency, prewarped for the bilinear transform
+    double Quality;  // of a peaking filter with a gain of 0 dB: Place divided by width
     double Middle;   // Hz
   };
-  // What a filter does to a frequency, in dB.
+  // The gain of a filter at a frequency, in dB.
   static double Response(const Shape& shape, double place, double turned);
 
   std::vector<Shape> shapes_;
-  std::vector<double> middles_;  // places of the middles
+  std::vector<double> middles_;  // the bands' middles, prewarped
 };
 
 }  // namespace vantora

@@ -1,8 +1,8 @@
-// The bands of the curve stand one behind the other as state-variable filters, in double precision:
-// the lowest bands are so narrow that single precision would hiss. A state-variable filter stays
-// calm while its coefficients move, which they do frame by frame between designs at short
-// intervals. Left and right are the two halves of a vector; two sections at a time keep the
-// processor busy while each waits for its own last result.
+// The bands are state-variable filters in series, in double precision: the lowest bands are so
+// narrow that single precision would add noise. A state-variable filter stays stable while its
+// coefficients change. They glide frame by frame between designs at short intervals. Left and right
+// are the two halves of a vector. Two filters are computed at a time, so that the processor has
+// work while each waits for its previous result.
 #include "backends/sound/effects/equalizer.h"
 
 #include "platform/laufzeitfehler.h"
@@ -14,9 +14,9 @@ namespace vantora {
 
 namespace {
 
-constexpr std::size_t kDesignFrames = 32;  // between two designs of a glide
+constexpr std::size_t kDesignFrames = 32;  // between two designs during a glide
 constexpr double kMostGain = 24;           // dB
-constexpr double kHush = 1e-12;            // of a sample
+constexpr double kHush = 1e-12;            // in samples
 
 }  // namespace
 
@@ -67,7 +67,8 @@ void Equalizer::Settle() {
   Glide(0);
 }
 
-// Sends the coefficients on their way over the next `frames`; for none they stay.
+// Sets the coefficients of this moment and, unless `frames` is 0, their steps to the values of
+// `frames` frames later.
 void Equalizer::Glide(std::size_t frames) {
   const double share = left_ > 0 ? static_cast<double>(frames) / left_ : 0;
   left_ -= static_cast<int>(frames);
@@ -119,8 +120,8 @@ void Equalizer::RunAll(Frame* frames, std::size_t count) {
   if (i < sections_.size()) Run<1, kGliding>(&sections_[i], frames, count);
 }
 
-// In silence the states fall by a factor from frame to frame, down to numbers that are slow to
-// compute.
+// Sets very small states to 0. In silence the states decay exponentially to numbers that are slow
+// to compute.
 void Equalizer::Hush() {
   const auto hush = [](Frame& state) {
     for (int ear = 0; ear < 2; ++ear) {

@@ -1,5 +1,6 @@
-// A graphic equalizer: bands from a frequency to another, each with a gain in dB that holds exactly
-// in its middle (the geometric mean of its edges; half its upper edge when it begins at 0 Hz).
+// A graphic equalizer. Each band has a lower and an upper frequency and a gain in dB, which holds
+// exactly in its middle (the geometric mean of its edges; half its upper edge when it begins at 0
+// Hz).
 #pragma once
 
 #include "backends/sound/effects/band_curve.h"
@@ -32,7 +33,7 @@ class Equalizer final : public SwitchedEffect<MMEqualizerX> {
   };
   using Frame = double __attribute__((vector_size(16)));  // left and right
   struct Section {
-    FilterCoefficients Now, Step;  // a frame
+    FilterCoefficients Now, Step;  // Step: change per frame
     Frame S{}, T{};
   };
 
@@ -48,10 +49,10 @@ class Equalizer final : public SwitchedEffect<MMEqualizerX> {
   void RunAll(Frame* frames, std::size_t count);
 
   std::deque<Band> bands_;
-  bool changed_ = true;  // a band or a gain, since the last solution
+  bool changed_ = true;  // bands or gains have changed since the last solution
   BandCurve curve_;
-  std::vector<double> turned_, target_;  // what the filters are turned to, and go to; dB
-  int left_ = 0;                         // frames to go
+  std::vector<double> turned_, target_;  // current and target gains of the filters in dB
+  int left_ = 0;                         // frames until the target is reached
   std::vector<Section> sections_;
   std::array<Frame, kBufferFrames> work_{};
 };

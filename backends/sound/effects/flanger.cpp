@@ -1,15 +1,19 @@
-// A delay line read at a place that swings as a sine (Dattorro, "Effect design, part 2: delay-line
-// modulation and chorus", 1997), between frames by Lagrange's cubic, which never amplifies and so
-// keeps the feedback stable. `Depth` is the share of the way from `Delay` to `MaxDelay` that the
-// swing takes, `Rate` the swings a second; without swing the delay stands in the middle of the way.
+// A delay line read at a position that follows a sine (Dattorro, "Effect design, part 2: delay-line
+// modulation and chorus", 1997). Lagrange's cubic interpolates between frames; it never amplifies,
+// so the feedback stays stable. `Depth` is the modulated share of the range from `Delay` to
+// `MaxDelay`, `Rate` the modulation frequency in Hz. Without modulation the delay is the middle of
+// the range.
 //
-// Middle and side of the sound run through lines of their own. What makes it wide, the difference
-// between two looks a quarter of a swing before and after, goes to the side alone: in a mono sum it
-// is gone, and what is left is a plain flanger of the mono sound.
+// Middle and side of the sound have separate lines. The stereo width comes from the difference of
+// two reads a quarter period before and after. It is added to the side only: in a mono sum it
+// disappears, and a plain flanger of the mono sound remains.
 //
-// Feedback would make everything louder, so what goes into the line is taken back as far as noise
-// would grow. Lows, for which all these delays are nothing, are kept out of the feedback.
+// Feedback would raise the level, so the input of the line is attenuated by the factor by which
+// noise would grow. Low frequencies are kept out of the feedback, since these delays are short
+// compared to their periods.
 #include "backends/sound/effects/flanger.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <cmath>
@@ -20,17 +24,17 @@ namespace vantora {
 namespace {
 
 constexpr double kFullTurn = 2 * std::numbers::pi;
-constexpr double kFrameSeconds = 1.0 / 44100;
+constexpr double kFrameSeconds = 1.0 / kSampleRate;
 constexpr float kWidth = 0.35F;
 constexpr float kHoldBack = 0.02F;  // a high-pass at 140 Hz
-// Frames: the cubic looks one frame ahead, and a way in small steps ends only nearly where it
-// should.
+// In frames. The cubic reads one frame ahead, and adding up small steps ends only approximately at
+// the target.
 constexpr float kShortest = 2.001F;
 float Share(int percent, int most) {
   return static_cast<float>(std::clamp(percent, 0, most)) / 100;
 }
 
-// Also for what is no number.
+// Also handles NaN.
 float Inside(float value, float most) {
   return value > 0 ? std::min(value, most) : 0;
 }

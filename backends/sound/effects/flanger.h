@@ -1,4 +1,4 @@
-// A flanger: the sound beside itself, later by a time that swings, with feedback.
+// A flanger: adds the sound to itself with a varying delay and feedback.
 #pragma once
 
 #include "backends/sound/effects/glide.h"
@@ -12,7 +12,7 @@ class Flanger final : public SwitchedEffect<MMFlangerX> {
  public:
   Flanger();
 
-  float Delay = 1, MaxDelay = 250;  // frames; where the swing begins, and ends at full depth
+  float Delay = 1, MaxDelay = 250;  // frames; range of the delay at full depth
 
   void SetDryMix(int percent) override;  // 0 to 100
   void SetWetMix(int percent) override;  // 0 to 100
@@ -22,34 +22,34 @@ class Flanger final : public SwitchedEffect<MMFlangerX> {
 
  private:
   static constexpr std::size_t kLine = 4096;      // frames
-  static constexpr std::size_t kLongest = 4000;   // delay, in frames
-  static constexpr std::size_t kKnotFrames = 32;  // between two looks at the swing
+  static constexpr std::size_t kLongest = 4000;   // in frames
+  static constexpr std::size_t kKnotFrames = 32;  // between two computations of the modulation
 
   struct Frame {
-    float Middle = 0, Side = 0;  // half the sum of the ears, half their difference
+    float Middle = 0, Side = 0;  // half the sum and half the difference of left and right
   };
-  // What moves in a straight line from knot to knot.
+  // Values that are interpolated linearly between two knots.
   struct Course {
-    float Delay = 0, Early = 0, Late = 0;  // frames; the outer two are a quarter turn away
-    float Feedback = 0, Strength = 0;      // of what comes back, and of what goes in
+    float Delay = 0, Early = 0, Late = 0;  // frames; the reads a quarter period before and after
+    float Feedback = 0, Strength = 0;      // gain of the feedback and of the input
   };
 
   void Clear() override;
   void Settle() override;
   void Process(std::int16_t* samples, std::size_t frames) override;
-  void Sweep(const std::int16_t* samples, std::size_t frames);  // to late_
+  void Sweep(const std::int16_t* samples, std::size_t frames);  // result in late_
   Course NextKnot(std::size_t frames);
   Frame Tap(float delay) const;
   void Put(Frame frame);
 
   Glide dry_{1}, wet_{0}, feedback_{0}, depth_{0}, rate_{0};
-  double turn_;  // of the swing, in radians
+  double turn_;  // phase of the modulation in radians
   bool placed_ = false;
   Course at_;
-  // Written twice, a line apart, so that every look back is in one piece.
+  // Each frame is stored twice, kLine frames apart, so that every read is contiguous.
   std::array<Frame, 2 * kLine> line_{};
-  std::size_t head_ = 0;  // where the next frame goes
-  Frame slow_;            // the lows, which the feedback keeps out
+  std::size_t head_ = 0;  // index of the next frame
+  Frame slow_;            // low frequencies, removed from the feedback
   std::array<float, kBufferFrames> dryPath_{}, wetPath_{};
   std::array<float, 2 * kKnotFrames> late_{};  // left, right, left …
 };

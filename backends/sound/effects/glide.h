@@ -1,4 +1,4 @@
-// A parameter on its way to where it was set, in a straight line.
+// A parameter that moves to its target value linearly.
 #pragma once
 
 #include "backends/sound/effects/switched_effect.h"
@@ -17,7 +17,7 @@ class Glide {
     target_ = target;
     Leave();
   }
-  void From(float value) {  // once more to where it goes
+  void From(float value) {  // restarts from `value` to the same target
     value_ = value;
     Leave();
   }
@@ -28,7 +28,7 @@ class Glide {
   bool Resting() const { return left_ == 0; }
   bool RestsAt(float value) const { return left_ == 0 && value_ == value; }
 
-  // The values of the next frames.
+  // Writes the values of the next frames.
   void Fill(float* values, std::size_t frames) {
     const std::size_t moving = std::min(frames, left_);
     for (std::size_t i = 0; i < moving; ++i) {
@@ -37,7 +37,7 @@ class Glide {
     Advance(moving);
     std::fill(values + moving, values + frames, value_);
   }
-  // The value after the next frames.
+  // Returns the value after the next frames.
   float After(std::size_t frames) {
     Advance(std::min(frames, left_));
     return value_;
@@ -54,8 +54,8 @@ class Glide {
   }
 
   float value_, target_;
-  float step_ = 0;        // a frame
-  std::size_t left_ = 0;  // frames to go
+  float step_ = 0;        // per frame
+  std::size_t left_ = 0;  // frames until the target is reached
 };
 
 }  // namespace vantora

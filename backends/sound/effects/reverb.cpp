@@ -1,13 +1,13 @@
 // A feedback delay network (Jot and Chaigne, "Digital delay networks for designing artificial
-// reverberators", 1991) of eight lines. What leaves the lines is damped, heard, weakened by its
-// feedback and exchanged between the lines by an orthogonal matrix, three stages of rotations by
-// one angle in pairs: at 0 degrees every line keeps its own, at 45 each gives to all in equal
-// parts. A matrix of that kind loses and adds nothing and the damping never amplifies, so below a
-// feedback of 1 the network dies away whatever the delays are.
+// reverberators", 1991) of eight lines. The outputs of the lines are damped, added to the sound,
+// scaled by their feedback and mixed between the lines by an orthogonal matrix: three stages of
+// rotations in pairs by one angle. At 0 degrees every line feeds only itself, at 45 degrees each
+// line feeds all lines equally. Such a matrix keeps the energy and the damping never amplifies, so
+// with feedback below 1 the network decays for any delays.
 //
-// The damping is a symmetrical filter of three taps rather than a recursive one, and no line reads
-// what the same block writes: every loop runs through memory, many frames at a time. A high-pass at
-// the entrance keeps constants out, which a feedback near 1 would pile up.
+// The damping is a symmetric three-tap filter and not a recursive one, and no line reads frames
+// that the same block writes: every loop runs over memory, many frames at a time. A high-pass at
+// the input removes constant offsets, which feedback near 1 would accumulate.
 #include "backends/sound/effects/reverb.h"
 
 #include <algorithm>
@@ -22,12 +22,12 @@ namespace {
 
 constexpr double kFramesPerMs = 44.1;
 constexpr double kShortest = 2, kLongest = 2000;  // ms
-constexpr float kConstants = 0.9972F;             // a high-pass at 20 Hz
+constexpr float kConstants = 0.9972F;             // high-pass at 20 Hz
 constexpr std::size_t kMostSections = 32'000;     // characters
 constexpr std::size_t kMostText = 200;            // characters of a value
-constexpr std::size_t kSpare = 4096;              // frames of a line between two tidyings
+constexpr std::size_t kSpare = 4096;              // spare frames of a line, to move it rarely
 
-// A number of a line of numbers, which loses it; 0 for none.
+// Removes the first number from a comma-separated line and returns it; 0 when it is not a number.
 double TakeNumber(std::string& line) {
   const std::size_t comma = std::min(line.find(','), line.size());
   const std::size_t start = std::min(line.find_first_not_of(" \t"), comma);
@@ -133,7 +133,7 @@ void Reverb::Settle() {
   for (Glide* glide : {&feedback_, &level_, &entrance_}) glide->Settle();
 }
 
-// The sound on its way in, without constants.
+// The input without constant offsets, scaled by the entrance glide.
 void Reverb::Enter(const std::int16_t* samples, std::size_t frames) {
   entrance_.Fill(door_.data(), frames);
   for (std::size_t n = 0; n < frames; ++n) {

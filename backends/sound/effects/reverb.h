@@ -1,4 +1,4 @@
-// A room out of eight echoes, read from a section of an ini file:
+// A room of eight echoes, read from a section of an ini file:
 //
 //   [01.Name]
 //   Difusion=70
@@ -6,10 +6,10 @@
 //   …
 //   Eco8=71,62,84,35,40
 //
-// An echo is a delay in ms (2 to 2000; decimals count), its gain in percent (-100 to 100), its
-// feedback in percent (-99 to 99), its damping in percent (0 to 100: how much duller it becomes on
-// every way) and its place (-100 left to 100 right). Difusion (0 to 100) is how far the echoes feed
-// each other: at 0 each repeats itself alone. What is missing or no number counts as 0.
+// An echo has a delay in ms (2 to 2000, decimals allowed), a gain in percent (-100 to 100), a
+// feedback in percent (-99 to 99), a damping in percent (0 to 100: how much treble is lost with
+// each repeat) and a position (-100 left to 100 right). Difusion (0 to 100) is how much the echoes
+// feed each other: at 0 each repeats itself only. A missing or invalid number counts as 0.
 #pragma once
 
 #include "backends/sound/effects/glide.h"
@@ -37,18 +37,18 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
 
  private:
   static constexpr std::size_t kEchoes = 8;
-  static constexpr std::size_t kBlock = 256;  // frames that are worked on at a time, at most
+  static constexpr std::size_t kBlock = 256;  // maximum number of frames processed at a time
 
   struct Room {
     std::array<TMMEcho, kEchoes> Echoes;
     double Diffusion = 0;
   };
   using Block = std::array<float, kBlock>;
-  // An echo as it sounds. The newest frame of its line stands before `Head`.
+  // The running state of an echo. The newest frame of its line is just before index `Head`.
   struct Line {
     std::vector<float> Memory;
-    std::size_t Head = 0, Delay = 0;  // frames
-    float Straight = 0, Beside = 0;   // damping: this frame, and each of its neighbours
+    std::size_t Head = 0, Delay = 0;  // in frames
+    float Straight = 0, Beside = 0;   // damping: weights of this frame and of each neighbour
     float Again = 0;
     float FromLeft = 0, FromRight = 0, ToLeft = 0, ToRight = 0;
   };
@@ -57,7 +57,7 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
   void Settle() override;
   void Process(std::int16_t* samples, std::size_t frames) override;
   Room Read(const Text& iniFile, const Text& section);
-  void MoveIn();  // to next_
+  void MoveIn();  // switches to next_
   void Empty();
   void Work(std::int16_t* samples, std::size_t frames);
   void Enter(const std::int16_t* samples, std::size_t frames);
@@ -66,15 +66,15 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
   void Feed(Line& line, const Block& echo, std::size_t frames) const;
 
   Profile& profiles_;
-  std::optional<Room> next_;    // is moved into when the old one has faded away
+  std::optional<Room> next_;    // takes over when the old room has faded out
   bool silent_ = true;          // no echo has a gain
-  std::size_t block_ = kBlock;  // the shortest delay allows no more at a time
+  std::size_t block_ = kBlock;  // limited by the shortest delay
   float turnedCos_ = 1, turnedSin_ = 0;
   std::array<Line, kEchoes> lines_;
 
   Glide feedback_{0}, level_{0};
-  Glide entrance_{1}, exit_{1};                // doors that open and close while the room changes
-  std::array<float, 2> lastIn_{}, lastOut_{};  // of what keeps a constant out of the room
+  Glide entrance_{1}, exit_{1};                // fade the room out and in while it changes
+  std::array<float, 2> lastIn_{}, lastOut_{};  // state of the high-pass
   Block left_{}, right_{}, wetLeft_{}, wetRight_{}, again_{}, loud_{}, door_{};
   std::array<Block, kEchoes> echoes_{};
 };

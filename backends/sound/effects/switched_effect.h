@@ -1,4 +1,5 @@
-// What all effects have in common: the switch, whole frames in place, and parameters that glide.
+// The base of all effects: the on/off switch, processing of whole frames in place, and gliding
+// parameters.
 #pragma once
 
 #include "platform/mmchain.h"
@@ -8,14 +9,14 @@
 
 namespace vantora {
 
-// A parameter that jumps is heard as a click, one that moves in steps as a rattle, so each takes
-// this long to arrive.
+// Time for a parameter to reach its target. A jump would be heard as a click, a change in steps as
+// a rattle.
 inline constexpr int kGlideFrames = 1323;  // 30 ms
 
 inline constexpr std::size_t kBufferFrames = kBufferBytes / 4;
 
-// The nearest sample, ties to even; what is too loud stays at the edge. The sum has no room for
-// digits behind the point.
+// Rounds to the nearest sample, ties to even, and clips. Adding the constant leaves no bits for the
+// fraction.
 inline std::int16_t ToSample(float value) {
   constexpr float kRounder = 12'582'912.0F;  // 1.5 * 2^23
   const float low = value < -32768.0F ? -32768.0F : value;
@@ -23,14 +24,14 @@ inline std::int16_t ToSample(float value) {
   return static_cast<std::int16_t>(static_cast<int>((inside + kRounder) - kRounder));
 }
 
-// A value that goes round and round, without what is far too soft to hear but slow to compute.
+// Flushes tiny values in a feedback loop to 0: they are inaudible but slow to compute.
 inline float Hushed(float value) {
   constexpr float kHush = 1e-3F;
   return (value + kHush) - kHush;
 }
 
-// Parameters that are set before the sound begins hold from its first frame; an effect that is
-// switched on while the sound runs grows into it.
+// Parameters set before the sound begins apply from its first frame. An effect that is switched on
+// while the sound runs fades in.
 template <class Interface>
 class SwitchedEffect : public Interface {
  public:
@@ -53,8 +54,8 @@ class SwitchedEffect : public Interface {
   }
 
  protected:
-  virtual void Clear() = 0;   // forgets the sound that went through, and leaves from no effect
-  virtual void Settle() = 0;  // what still glides arrives
+  virtual void Clear() = 0;   // forgets past sound, and restarts from the neutral setting
+  virtual void Settle() = 0;  // completes all glides at once
   virtual void Process(std::int16_t* samples, std::size_t frames) = 0;
 
  private:

@@ -1,4 +1,4 @@
-// Samples and volume are whole numbers, so the product is exact and rounds once, ties to even.
+// Samples and volume are integers, so the product is exact and is rounded once, ties to even.
 #include "backends/sound/effects/volume.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Makes sound louder or softer: 16384 is as loud as it is, 0 is silence, 32767 about twice.
+// Changes the volume: 16384 is unchanged, 0 is silence, 32767 is about twice as loud.
 #pragma once
 
 #include "backends/sound/effects/glide.h"

@@ -18,9 +18,9 @@
 // it. At 0 nothing is done.
 #pragma once
 
-#include "backends/sound/fft.h"
 #include "backends/sound/restoration/ar_model.h"
 #include "backends/sound/restoration/noise_floor.h"
+#include "backends/sound/spectrum/fft.h"
 
 #include <cstddef>
 #include <vector>

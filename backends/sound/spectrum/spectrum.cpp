@@ -1,6 +1,8 @@
 #include "backends/sound/spectrum/spectrum.h"
 
-#include "backends/sound/fft.h"
+#include "backends/sound/spectrum/fft.h"
+
+#include "platform/cd_sound.h"
 
 #include <algorithm>
 #include <bit>
@@ -11,10 +13,9 @@ namespace vantora {
 
 namespace {
 
-constexpr double kSampleRate = 44100;  // Hz
 constexpr double kFullScale = 32768;
-constexpr double kSilence = 1e-10;         // share of full scale, far under what 16 bits can hold
-constexpr double kMeanOfWindow = 0.35875;  // of the weights of Blackman and Harris
+constexpr double kSilence = 1e-10;         // share of full scale, far below one step of 16 bits
+constexpr double kMeanOfWindow = 0.35875;  // mean weight of the Blackman-Harris window
 constexpr double kHarmonics[] = {0.48829, 0.14128, 0.01168};
 
 std::vector<float> Window(int size) {
@@ -45,8 +46,8 @@ void Spectrum::Transform(const std::int16_t* samples, int blocks, int blockSize,
   const auto step = static_cast<std::size_t>(channels);
   levels_.reserve(static_cast<std::size_t>(blocks) * fft.Bins());
   for (int b = 0; b < blocks; ++b, samples += size * step) {
-    // The mean as the window sees it: a plain one would hold a trace of every tone, as a spike at
-    // 0.
+    // The mean is weighted by the window. A plain mean would leave a trace of every tone, as a
+    // spike at 0 Hz.
     float sum = 0;
     for (std::size_t i = 0; i < size; ++i) sum += samples[i * step] * window[i];
     const float mean = sum / weight;
@@ -60,7 +61,7 @@ void Spectrum::Transform(const std::int16_t* samples, int blocks, int blockSize,
   blocks_ = blocks;
   bins_ = static_cast<int>(fft.Bins());
   blockMs_ = blockSize * 1000.0 / kSampleRate;
-  binHertz_ = kSampleRate / blockSize;
+  binHertz_ = double{kSampleRate} / blockSize;
 }
 
 float Spectrum::Highest() const {

@@ -1,10 +1,10 @@
-// The spectrum of a stretch of sound, block by block, as levels in dB: 0 dB is a sine that fills
-// the 16 bits.
+// The spectrum of a stretch of sound, block by block, as levels in dB. 0 dB is a sine of full
+// scale.
 //
-// Each block is freed of its mean and weighted by the four-term window of Blackman and Harris (F.
-// J. Harris, "On the use of windows for harmonic analysis with the discrete Fourier transform",
-// 1978). Its side lobes lie 92 dB down, below any range that a picture shows, so that a pure tone
-// stands alone; a raised cosine would put skirts of half a kilohertz beside it.
+// Each block is freed of its mean and weighted by the four-term Blackman-Harris window (F. J.
+// Harris, "On the use of windows for harmonic analysis with the discrete Fourier transform", 1978).
+// Its side lobes are 92 dB down, below the range of any picture, so that a pure tone is a single
+// line. A raised cosine would spread it over half a kilohertz.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +16,11 @@ class Spectrum {
  public:
   explicit Spectrum(int depth) : depth_(depth < kLeastDepth ? kLeastDepth : depth) {}
 
-  // The first of `channels` interleaved channels. A block length that is no power of two, or under
-  // 4, gives no blocks; what was transformed before is gone.
+  // Uses the first of `channels` interleaved channels. Replaces earlier results. A block length
+  // that is not a power of two, or below 4, gives no blocks.
   void Transform(const std::int16_t* samples, int blocks, int blockSize, int channels);
 
-  int Depth() const { return depth_; }  // dB that a picture shows
+  int Depth() const { return depth_; }  // range of a picture in dB
   int Blocks() const { return blocks_; }
   int Bins() const { return bins_; }
   double BlockMs() const { return blockMs_; }    // length of a block

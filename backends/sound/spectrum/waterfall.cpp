@@ -12,20 +12,20 @@ namespace vantora {
 
 namespace {
 
-constexpr Color kGround = Rgb(16, 19, 31);  // what the picture box is to show itself
+constexpr Color kGround = Rgb(16, 19, 31);  // background that the picture box must have
 constexpr Color kFloor = Rgb(24, 28, 48), kGrid = Rgb(50, 56, 92);
 constexpr Color kAxis = Rgb(154, 165, 200), kWords = Rgb(235, 238, 245),
                 kUnits = Rgb(185, 192, 216);
 
 constexpr int kShades = 24, kNoShade = -1, kFaceBands = 12;
-constexpr double kMist = 0.35;  // of the ground's colour at the far end
+constexpr double kMist = 0.35;  // share of the background colour at the far end
 constexpr double kFaceMist = 0.55, kRidgeLight = 0.35;
 
 constexpr double kColumnTwips = 70, kRowTwips = 60, kRidgeTwips = 80;
 constexpr int kFewestColumns = 32, kMostColumns = 104;
 constexpr int kFewestRows = 8, kMostRows = 70;
-constexpr double kTick = 70;      // twips
-constexpr double kLetter = 0.46;  // width of the middle letter, in sizes of the type
+constexpr double kTick = 70;      // in twips
+constexpr double kLetter = 0.46;  // average width of a letter, relative to the font size
 
 Color Mix(Color from, Color to, double share) {
   Color mixed = 0;
@@ -36,7 +36,7 @@ Color Mix(Color from, Color to, double share) {
   return mixed;
 }
 
-// The colour of a height of 0 to 1.
+// The colour for a height of 0 to 1.
 Color Shade(double up) {
   struct Stop {
     double Up;
@@ -54,7 +54,7 @@ Color Shade(double up) {
   return kStops.back().Of;
 }
 
-// Heights over the floor, row by row from the front.
+// Heights above the floor, row by row from the front.
 struct Relief {
   int Rows = 0, Columns = 0;
   std::vector<double> Heights;
@@ -75,7 +75,7 @@ struct Relief {
   }
 };
 
-// Level between two bins, on a curve through them and their neighbours (Catmull and Rom, 1974).
+// The level between two bins, interpolated by a Catmull-Rom spline (1974).
 double LevelAt(const Spectrum& spectrum, int block, double bin) {
   const int last = spectrum.Bins() - 1;
   const int from = std::clamp(static_cast<int>(bin), 0, last - 1);
@@ -85,7 +85,8 @@ double LevelAt(const Spectrum& spectrum, int block, double bin) {
   return b + t / 2 * (c - a + t * (2 * a - 5 * b + 4 * c - d + t * (3 * (b - c) + d - a)));
 }
 
-// A row for each block. Where a column covers several bins the highest counts: no tone is lost.
+// One row for each block. A column that covers several bins takes the highest level, so that no
+// tone is lost.
 Relief OfBlocks(const Spectrum& spectrum, const WaterfallView& view, int columns) {
   Relief relief(spectrum.Blocks(), columns);
   const double half = 0.5 / (columns - 1);
@@ -105,8 +106,8 @@ Relief OfBlocks(const Spectrum& spectrum, const WaterfallView& view, int columns
   return relief;
 }
 
-// As many rows as the floor has room for: of blocks that fall together the highest counts, and
-// between blocks far apart rows are put in.
+// Fits the rows into `room`: the highest level counts where blocks share a row, and rows are
+// interpolated between blocks that are far apart.
 Relief WithRows(const Relief& blocks, int room) {
   const int count = blocks.Rows;
   if (count == 1) return blocks;
@@ -224,8 +225,8 @@ void Painter::Landscape(const Relief& relief) {
   }
 }
 
-// Columns whose heights have one shade are one item. The floor itself shows where there is no
-// sound.
+// Neighbouring columns of the same shade become one item. Where there is no sound, the floor stays
+// visible.
 template <typename Height, typename Draw>
 void Painter::Runs(int columns, Height height, Draw draw) {
   const auto shade = [&height](int column) {
@@ -281,8 +282,8 @@ void Painter::RightFace(const Relief& relief, int row) {
       Mix(Shade(up / 2), kGround, kFaceMist));
 }
 
-// The cut through the sound at its beginning, darker than the landscape: one tone a band of
-// heights.
+// The front face at the beginning of the sound, darker than the landscape, with one colour per band
+// of heights.
 void Painter::FrontFace(const Relief& relief) {
   const auto front = relief.Heights.begin();
   const double highest = *std::max_element(front, front + relief.Columns);
@@ -324,7 +325,7 @@ void Painter::Scales(const Text& xText, const Text& yText) {
   }
   const Place top = view_.At(0, 0, 1);
   Words(L"dB", {top.X - kTick - em / 3, top.Y - 1.6 * line}, Alignment::Right, kUnits);
-  // Both names on one line, the one of the frequencies under their scale when there is room for it.
+  // Both axis names are on one line, with the frequency name under its scale if there is room.
   const double names = kLetter * em * static_cast<double>(xText.size() + yText.size()) + 2 * em;
   const double start = std::clamp(width_ - names, em / 4, view_.At(0, 0, 0).X);
   const double bottom = height_ - 1.3 * line;

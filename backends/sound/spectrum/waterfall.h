@@ -1,6 +1,6 @@
-// The picture of a spectrum: a landscape of levels seen in perspective from above its front edge.
-// Frequency runs to the right, one octave as wide as the next; time runs away from the eye, the
-// first block in front; height and colour are the level, from night blue over teal and amber to
+// Draws a spectrum as a landscape of levels, seen in perspective from above its front edge.
+// Frequency runs to the right, with equal widths for octaves. Time runs away from the viewer, the
+// first block in front. Height and colour show the level, from dark blue over teal and amber to
 // white.
 #pragma once
 
@@ -10,9 +10,9 @@
 
 namespace vantora {
 
-// Adds the picture to what `picture` shows, in `width` by `height` twips; it is made for a ground
-// of night, red 16, green 19, blue 31. The range begins at the next multiple of 10 dB over the
-// highest level, at the most at 0 dB. No blocks: nothing.
+// Adds the drawing to `picture`, in an area of `width` by `height` twips. The background must be
+// red 16, green 19, blue 31. The scale ends at the next multiple of 10 dB above the highest level,
+// at 0 dB at most. Draws nothing without blocks.
 void DrawWaterfall(const Spectrum& spectrum, PictureBox& picture, int width, int height,
                    const Text& xText, const Text& yText);
 

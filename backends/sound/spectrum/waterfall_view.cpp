@@ -8,13 +8,13 @@ namespace vantora {
 namespace {
 
 constexpr double kLowest = 50, kHighest = 22050;  // Hz
-constexpr double kQuietestTop = -40;              // dB; noise under it is no landscape
+constexpr double kQuietestTop = -40;              // in dB; noise below is no landscape
 
-// The eye is right of the room, so that the side with the scale of time widens away from it and no
-// near block hides a number.
-constexpr double kVanishing = 1.28;   // place of the vanishing point, in widths of the front edge
-constexpr double kBackSize = 0.68;    // of the back wall beside the front
-constexpr double kFloorShare = 0.62;  // of the picture's height, the rest is the back wall
+// The viewpoint is to the right of the room. The side with the time scale thus widens away from it,
+// and no near block hides a number.
+constexpr double kVanishing = 1.28;   // of the vanishing point, in widths of the front edge
+constexpr double kBackSize = 0.68;    // size of the back wall relative to the front
+constexpr double kFloorShare = 0.62;  // share of the picture's height; the rest is the back wall
 
 constexpr double kSmallestPicture = 2000, kTwipsPerPoint = 1300;
 constexpr int kSmallestFont = 7, kLargestFont = 12;
@@ -37,7 +37,7 @@ WaterfallView::WaterfallView(const Spectrum& spectrum, int width, int height)
       durationMs_(std::max(spectrum.Blocks() - 1, 0) * spectrum.BlockMs()),
       fontSize_(FontFor(width, height)) {
   left_ = 2.6 * Em();
-  const double behind = width - 3.3 * Em();  // the right end of the back wall
+  const double behind = width - 3.3 * Em();  // right end of the back wall
   right_ = left_ + (behind - left_) / (kVanishing + (1 - kVanishing) * kBackSize);
   vanishing_ = left_ + kVanishing * (right_ - left_);
   front_ = height - 3.2 * Em();
@@ -65,7 +65,7 @@ double WaterfallView::Up(double level) const {
 
 std::vector<Tick> WaterfallView::FrequencyTicks() const {
   const double octave = FloorWidth() / std::log2(kHighest / kLowest);
-  const bool all = octave > 3 * Em();  // room for two words of three letters
+  const bool all = octave > 3 * Em();  // there is room for two labels of three characters
   std::vector<Tick> ticks;
   for (const int hertz : {50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000}) {
     const bool decade = hertz == 100 || hertz == 1000 || hertz == 10000;
@@ -79,7 +79,7 @@ std::vector<Tick> WaterfallView::TimeTicks() const {
   if (durationMs_ <= 0) return {{0, L"0"}};
   for (const int step : {10, 20, 50, 100, 200, 500, 1000, 2000, 5000, 10000}) {
     const int last = static_cast<int>(durationMs_ / step);
-    // The two that lie farthest away stand closest together.
+    // The last two time marks are closest together on the picture.
     const double end = last * step / durationMs_;
     const double gap = At(0, end - step / durationMs_, 0).Y - At(0, end, 0).Y;
     if (last > 1 && gap < LineHeight()) continue;
@@ -93,7 +93,7 @@ std::vector<Tick> WaterfallView::TimeTicks() const {
 }
 
 std::vector<Tick> WaterfallView::LevelTicks() const {
-  const double least = 1.1 * LineHeight() / wall_ * depth_;  // dB
+  const double least = 1.1 * LineHeight() / wall_ * depth_;  // in dB
   const int step = least <= 10 ? 10 : least <= 20 ? 20 : 30;
   std::vector<Tick> ticks;
   for (int down = 0; down < depth_; down += step) {

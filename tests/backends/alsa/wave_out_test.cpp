@@ -4,7 +4,7 @@
 
 #include "backends/alsa/alsa_stream.h"
 #include "backends/sound/chain/dsp_interface.h"
-#include "backends/sound/wave_object.h"
+#include "backends/sound/files/wave_object.h"
 #include "tests/backends/alsa/listener.h"
 
 namespace vantora::test {

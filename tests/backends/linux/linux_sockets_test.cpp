@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/cddb_server.h"
+#include "tests/emulators/cddb_server.h"
 
 #include <atomic>
 #include <chrono>

@@ -113,15 +113,12 @@ TEST(FileResources, TextsAreFoundByNumberAlone) {
   Put(folder() / "strings.tsv",
       "\xEF\xBB\xBF"
       "0\tVantora\r\n10\tCat\xC3\xA1logo\n11\ta\\tb\\nc\\\\n\n12\t \n\nx\tno\n13 no tab\n14\t");
-  Put(folder() / "pictures/OK.svg", "<svg/>");
   Put(folder() / "layouts/frmX.layout", "form 1 2 á\n");
   FileResources resources(folder());
   const std::map<int, Text> texts{
       {0, L"Vantora"}, {10, L"Catálogo"}, {11, L"a\tb\nc\\n"}, {12, L" "}, {14, L""}};
   for (const auto& [number, text] : texts) EXPECT_EQ(resources.LoadResString(number), text);
   EXPECT_EQ(ErrorOf([&] { resources.LoadResString(13); }), 326);
-  EXPECT_TRUE(resources.HasPicture(L"OK"));
-  EXPECT_FALSE(resources.HasPicture(L"../pictures/OK"));
   EXPECT_EQ(resources.Layout(L"frmX"), L"form 1 2 á\n");
   EXPECT_EQ(resources.Layout(L"../layouts/frmX"), L"");
 }

@@ -5,7 +5,7 @@
 #include "backends/headless/headless_loop.h"
 #include "backends/linux/thread_background.h"
 #include "backends/mpg123/mpeg_stream.h"
-#include "backends/sound/wave_file.h"
+#include "backends/sound/files/wave_file.h"
 #include "tests/backends/mpg123/mp3_files.h"
 #include "tests/backends/running_out.h"
 

@@ -1,0 +1,152 @@
+#include "backends/qt/faces/level_bars.h"
+
+#include "backends/qt/look/look.h"
+
+#include <QAccessibleWidget>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kLampPixels = 7;
+constexpr double kRangeDecibels = 60, kFullPeak = 32767;
+
+QColor LampColour(double share) {
+  if (share > 0.9) return QColor(255, 64, 56);
+  return share > 0.75 ? look::Of(look::kAmber) : QColor(70, 214, 96);
+}
+
+int Lamps(const QRect& row) {
+  return std::max(1, row.width() / kLampPixels);
+}
+
+int LampPlace(const QRect& row, int lamp) {
+  return row.left() + lamp * row.width() / Lamps(row);
+}
+
+// Levels change too often to be announced. A screen reader gets the level when it asks.
+class SpokenLevel final : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit SpokenLevel(LevelBars* bars) : QAccessibleWidget(bars, QAccessible::ProgressBar) {}
+
+  void* interface_cast(QAccessible::InterfaceType type) override {
+    if (type != QAccessible::ValueInterface) return QAccessibleWidget::interface_cast(type);
+    return static_cast<QAccessibleValueInterface*>(this);
+  }
+  QString text(QAccessible::Text wanted) const override {
+    if (wanted != QAccessible::Value) return QAccessibleWidget::text(wanted);
+    return QString::number(Percent()) + QStringLiteral(" %");
+  }
+  QVariant currentValue() const override { return Percent(); }
+  void setCurrentValue(const QVariant& /*value*/) override {}
+  QVariant minimumValue() const override { return 0; }
+  QVariant maximumValue() const override { return 100; }
+  QVariant minimumStepSize() const override { return 1; }
+
+ private:
+  int Percent() const { return static_cast<const LevelBars*>(widget())->Percent(); }
+};
+
+QAccessibleInterface* Speak(const QString& /*kind*/, QObject* object) {
+  auto* bars = dynamic_cast<LevelBars*>(object);
+  return bars == nullptr ? nullptr : new SpokenLevel(bars);
+}
+
+}  // namespace
+
+LevelBars::LevelBars(QWidget* parent) : QWidget(parent) {
+  QAccessible::installFactory(Speak);     // repeated calls do no harm
+  setAttribute(Qt::WA_OpaquePaintEvent);  // avoids repainting the widgets below with each level
+}
+
+int LevelBars::Percent() const {
+  const int left = shown_ == Ears::Right ? 0 : left_, right = shown_ == Ears::Left ? 0 : right_;
+  return active_ ? Lit(std::max(left, right), 100) : 0;
+}
+
+int LevelBars::Lit(int peak, int lamps) {
+  if (peak <= 0) return 0;
+  const double decibels = 20 * std::log10(std::min<double>(peak, kFullPeak) / kFullPeak);
+  const double share = std::clamp(1 + decibels / kRangeDecibels, 0.0, 1.0);
+  return static_cast<int>(std::lround(share * lamps));
+}
+
+void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
+  if (active == active_ && left == left_ && right == right_ && shown == shown_ && mark == mark_) {
+    return;
+  }
+  const bool moved = active && active_ && shown == shown_ && mark == mark_;
+  const QRect lamps = moved ? Between(left, right) : rect();
+  mark_ = mark;
+  shown_ = shown;
+  active_ = active;
+  left_ = left;
+  right_ = right;
+  if (!lamps.isEmpty()) update(lamps);
+}
+
+// The area in which lamps change when these peaks replace the current ones.
+QRect LevelBars::Between(int left, int right) const {
+  const QRect row = Lying();
+  const int lamps = Lamps(row);
+  const auto changed = [&](Ears unseen, int before, int now) {
+    if (shown_ == unseen) return QRect();
+    const int a = Lit(before, lamps), b = Lit(now, lamps);
+    const int from = LampPlace(row, std::min(a, b)), to = LampPlace(row, std::max(a, b));
+    return Tall() ? QRect(0, height() - to, width(), to - from)
+                  : QRect(from, 0, to - from, height());
+  };
+  return changed(Ears::Right, left_, left) | changed(Ears::Left, right_, right);
+}
+
+bool LevelBars::Tall() const {
+  return height() > width();
+}
+
+// The meter's area as if it were horizontal. A vertical meter is drawn rotated.
+QRect LevelBars::Lying() const {
+  // A narrow meter has a narrower margin.
+  const int margin = std::min(3, std::min(width(), height()) * 3 / 10);
+  const QSize size = Tall() ? this->size().transposed() : this->size();
+  return QRect(QPoint(), size).adjusted(margin, margin, -margin, -margin);
+}
+
+void LevelBars::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.fillRect(event->rect(), QColor(12, 14, 24));
+  if (Tall()) {
+    painter.translate(0, height());
+    painter.rotate(-90);
+  }
+  const QRect lying = Lying(), dirty = painter.transform().inverted().mapRect(event->rect());
+  if (shown_ != Ears::Both) {
+    return PaintRow(painter, lying, dirty, shown_ == Ears::Left ? left_ : right_);
+  }
+  const int gap = std::min(2, lying.height() / 4);
+  const int half = (lying.height() - gap) / 2;
+  PaintRow(painter, QRect(lying.left(), lying.top(), lying.width(), half), dirty, left_);
+  PaintRow(painter, QRect(lying.left(), lying.top() + half + gap, lying.width(), half), dirty,
+           right_);
+}
+
+void LevelBars::PaintRow(QPainter& painter, const QRect& row, const QRect& dirty, int peak) const {
+  const int lamps = Lamps(row);
+  const int lit = active_ ? Lit(peak, lamps) : 0;
+  for (int i = 0; i < lamps; ++i) {
+    const QRect lamp(LampPlace(row, i), row.top(), kLampPixels - 2, row.height());
+    if (!lamp.intersects(dirty)) continue;
+    QColor colour = LampColour(static_cast<double>(i) / lamps);
+    if (i >= lit) colour = colour.darker(active_ ? 420 : 620);
+    painter.fillRect(lamp, colour);
+  }
+  if (mark_ <= 0) return;
+  const int place = Lit(mark_, row.width());
+  painter.fillRect(row.left() + std::min(place, row.width() - 2), row.top() - 2, 2,
+                   row.height() + 4, QColor(255, 181, 69));
+}
+
+}  // namespace vantora

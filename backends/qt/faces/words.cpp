@@ -1,0 +1,51 @@
+#include "backends/qt/faces/words.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QTextOption>
+
+namespace vantora {
+
+namespace {
+
+constexpr char16_t kLastPlainLetter = 0xFF;
+
+// True for a line that certainly fits, by the widths of its letters. Setting the whole line would
+// decide all cases, but takes longer than drawing it.
+bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
+  int letters = 0;
+  for (const QChar letter : line) {
+    if (letter.unicode() > kLastPlainLetter) return false;  // more of them may be one sign
+    letters += metrics.horizontalAdvance(letter) + 1;       // they may stand a little apart
+  }
+  return letters <= width;
+}
+
+}  // namespace
+
+void DrawWords(QPainter& painter, const WordsLook& look) {
+  if (look.Words.isEmpty() || look.Place.isEmpty()) return;
+  painter.save();
+  painter.scale(look.Scale, look.Scale);
+  const QRectF place(QPointF(look.Place.topLeft()) / look.Scale,
+                     QSizeF(look.Place.size()) / look.Scale);
+  painter.setFont(look.Font);
+  painter.setPen(look.Ink);
+  if (look.Wrap) {
+    QTextOption option(look.Align);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // paths have no blanks
+    painter.drawText(place, look.Words, option);
+  } else {
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int width = static_cast<int>(place.width());
+    QStringList lines = look.Words.split(u'\n');
+    for (QString& line : lines) {
+      if (look.OwnFont || Fits(line, metrics, width)) continue;
+      line = metrics.elidedText(line, Qt::ElideRight, width);
+    }
+    painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
+  }
+  painter.restore();
+}
+
+}  // namespace vantora

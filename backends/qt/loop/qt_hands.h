@@ -1,0 +1,57 @@
+// Hands on real widgets: the events that a mouse and a keyboard make, sent to the widget of a
+// control. An action is checked at once and done when the loop turns, so that a press which opens a
+// modal window does not keep the caller: the user is asked again inside that window. What goes
+// wrong while it is done is thrown at the next call.
+#pragma once
+
+#include "backends/qt/loop/qt_event_loop.h"
+
+#include "platform/hands.h"
+
+#include <memory>
+
+class QPointF;
+
+template <typename T>
+class QPointer;
+
+namespace vantora {
+
+class QtHands final : public Hands {
+ public:
+  explicit QtHands(QtEventLoop& loop);
+  ~QtHands() override;
+
+  void Press(Control& control) override;
+  void DoubleClick(Control& control) override;
+  void RightClick(Control& control) override;
+  void PressAt(Control& control, int at) override;
+  void DoubleClickAt(Control& control, int at) override;
+  void Drag(Control& control, int from, int to) override;
+  void Pull(Control& control, int x, int y) override;
+  void ShiftPress(Control& control) override;
+  void Hold(Control& control, int ms) override;
+  bool Holding() const override;
+  void Type(Control& control, const Text& text) override;
+  void Select(Control& control, const std::vector<int>& rows) override;
+  void Key(Form& form, const Text& key) override;
+  void ChooseMenu(Form& form, const Text& item) override;
+  void Close(Form& form) override;
+  void Drop(Control& control, const std::vector<Text>& files) override;
+  // Brings the window up to date first, and waits for nothing.
+  bool Shot(Form& form, const std::string& file) override;
+
+  // Throws what an action found when it was done, if anything. The calls above do so by themselves.
+  void Settle();
+
+ private:
+  class Fingers;
+  void Click(const QPointer<QWidget>& surface, const QPointF& place, bool twice,
+             bool shift = false);
+  void SelectInCombo(const QPointer<QWidget>& widget, int row);
+  void SelectInView(const QPointer<QWidget>& widget, const std::vector<int>& rows);
+
+  std::shared_ptr<Fingers> fingers_;  // shared with actions that are still to be done
+};
+
+}  // namespace vantora

@@ -1,0 +1,544 @@
+#include "backends/qt/windows/form_window.h"
+
+#include "backends/qt/look/look.h"
+#include "backends/qt/loop/keys.h"
+
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QPainter>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kPaintMs = 12;  // between two paints of a window whose controls change all the time
+
+class Counted {
+ public:
+  explicit Counted(int& count) : count_(count) { ++count_; }
+  ~Counted() { --count_; }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+
+ private:
+  int& count_;
+};
+
+// The stamp of an event counts for as long as that is handled.
+class Stamped {
+ public:
+  Stamped(WindowHost& host, const QInputEvent& event)
+      : host_(host), before_(host.Stamp(event.timestamp())) {}
+  ~Stamped() { host_.Stamp(before_); }
+  Stamped(const Stamped&) = delete;
+  Stamped& operator=(const Stamped&) = delete;
+
+ private:
+  WindowHost& host_;
+  std::uint64_t before_;
+};
+
+// What lies lower is drawn first. Within a layer the order is that of the form. A container lies as
+// high as what can lie in it; its own controls have no layers.
+int Layer(const Control& control, bool holdsOthers) {
+  if (control.Container != nullptr) return 0;
+  if (holdsOthers) return 3;
+  switch (control.Kind()) {
+    case ControlKind::Shape:
+    case ControlKind::PictureBox:
+      return 0;
+    case ControlKind::PictureButton:
+      return HasMouseHandler(control) ? 1 : 0;
+    case ControlKind::Label: {
+      const auto& label = static_cast<const Label&>(control);
+      return label.Caption().empty() && label.BackColor != kTransparent ? 0 : 2;
+    }
+    case ControlKind::LevelMeter:
+      return 1;
+    default:
+      return 3;
+  }
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host) {
+  // A window with a border belongs to the one behind it: it stays above it, and has no button that
+  // would put it away while the other waits for it.
+  Qt::WindowFlags flags = form.HasBorder ? Qt::Dialog : Qt::Window;
+  if (form.HasBorder) {
+    flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+             Qt::WindowCloseButtonHint;
+  } else {
+    flags |= Qt::FramelessWindowHint;
+  }
+  setWindowFlags(flags);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::NoFocus);
+  setObjectName(look::FromText(form.Name));
+  held_.setSingleShot(true);
+  connect(&held_, &QTimer::timeout, this, [this] {
+    paintDue_ = true;
+    QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
+  });
+  connect(screen(), &QScreen::availableGeometryChanged, this, [this] {
+    if (form_ != nullptr) form_->Window.MarkDirty();
+  });
+  if (form.HasBorder) border_ = host.Border();
+  form.Window.Dirty = true;
+  Reconcile();
+  for (Control* control : form.Controls) control->Dirty = true;
+  form.Dirty = true;
+  Sync();
+  OrderFocus();
+}
+
+// Widgets that go still speak to their faces, so they go first.
+FormWindow::~FormWindow() {
+  form_ = nullptr;
+  byObject_.clear();
+  std::vector<QPointer<QWidget>> widgets;  // one that lies in another goes with it
+  for (const auto& [control, face] : faces_) widgets.emplace_back(face->widget());
+  for (const auto& face : retired_) widgets.emplace_back(face->widget());
+  for (const QPointer<QWidget>& widget : widgets) delete widget.data();
+}
+
+void FormWindow::Orphan() {
+  form_ = nullptr;
+  hide();
+}
+
+void FormWindow::Handle(const std::function<void()>& handler) {
+  if (form_ == nullptr) return;
+  const Counted busy(busy_);
+  host_.Handle(handler);
+}
+
+// ---- faces ----
+
+void FormWindow::AddFace(Control& control) {
+  std::unique_ptr<Face> face = MakeFace(control, *this);
+  if (!face) return;
+  const Face* container = control.Container == nullptr ? nullptr : FaceOf(*control.Container);
+  if (container != nullptr) face->widget()->setParent(container->widget());
+  for (QWidget* part : {face->widget(), face->surface()}) {
+    byObject_.insert(part, face.get());
+    part->installEventFilter(this);  // doing it twice is the same as once
+  }
+  faces_[&control] = std::move(face);
+  control.Dirty = true;
+}
+
+void FormWindow::DropFace(Control* control) {
+  const auto found = faces_.find(control);
+  if (found == faces_.end()) return;
+  if (pressed_ == found->second.get()) pressed_ = nullptr;
+  for (QWidget* part : {found->second->widget(), found->second->surface()}) {
+    byObject_.remove(part);
+    part->removeEventFilter(this);
+  }
+  found->second->Retire();
+  found->second->widget()->disconnect();
+  retired_.push_back(std::move(found->second));
+  faces_.erase(found);
+}
+
+// Controls can come and go while the form stands.
+void FormWindow::Reconcile() {
+  const std::vector<Control*>& now = form_->Controls;
+  for (Control* control : known_) {
+    if (std::find(now.begin(), now.end(), control) == now.end()) DropFace(control);
+  }
+  for (Control* control : now) {
+    if (faces_.count(control) == 0) AddFace(*control);
+  }
+  known_ = now;
+  containers_.clear();
+  for (const Control* control : now) {
+    if (control->Container != nullptr) containers_.insert(control->Container);
+  }
+  form_->Dirty = true;
+  StackFaces();
+}
+
+void FormWindow::StackFaces() {
+  std::vector<Control*> order = known_;
+  std::stable_sort(order.begin(), order.end(), [this](const Control* a, const Control* b) {
+    return Layer(*a, Holds(*a)) < Layer(*b, Holds(*b));
+  });
+  for (const Control* control : order) {
+    if (Face* face = FaceOf(*control)) face->widget()->raise();
+  }
+}
+
+Face* FormWindow::FaceOf(const Control& control) const {
+  const auto found = faces_.find(&control);
+  return found == faces_.end() ? nullptr : found->second.get();
+}
+
+bool FormWindow::Holds(const Control& control) const {
+  return containers_.count(&control) != 0;
+}
+
+QButtonGroup* FormWindow::Group(int group) {
+  QButtonGroup*& buttons = groups_[group];
+  if (buttons == nullptr) buttons = new QButtonGroup(this);
+  return buttons;
+}
+
+void FormWindow::Sync() {
+  if (form_ == nullptr) return;
+  if (busy_ == 0) {
+    for (const auto& face : retired_) face->widget()->deleteLater();
+    retired_.clear();
+  }
+  if (known_ != form_->Controls) Reconcile();
+  if (!form_->Dirty) return;
+  form_->Dirty = false;
+  const QScopedValueRollback<bool> syncing(syncing_, true);
+  if (form_->Window.Dirty) ApplyFrame();
+  for (Control* control : known_) {
+    if (control->Kind() != ControlKind::Label) continue;
+    const Control* button = static_cast<const Label*>(control)->Of;
+    if (button != nullptr && button->Dirty) control->Dirty = true;
+  }
+  bool replaced = false;
+  for (Control* control : known_) {
+    if (!control->Dirty) continue;
+    Face* face = FaceOf(*control);
+    if (face != nullptr && !face->Fits()) {
+      DropFace(control);
+      AddFace(*control);
+      StackFaces();
+      face = FaceOf(*control);
+      replaced = true;
+    }
+    if (face != nullptr) face->Sync();
+    control->Dirty = false;
+  }
+  if (replaced) OrderFocus();
+}
+
+// ---- focus ----
+
+Control* FormWindow::FocusControl() const {
+  const Face* face = byObject_.value(focusWidget());
+  return face == nullptr ? nullptr : face->control();
+}
+
+void FormWindow::FocusOn(const Control& control) {
+  const Face* face = FaceOf(control);
+  if (!control.InSight() || !control.InUse()) return;
+  if (face != nullptr && face->widget()->focusPolicy() != Qt::NoFocus) {
+    face->widget()->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void FormWindow::OrderFocus() {
+  std::vector<Control*> order = known_;
+  std::stable_sort(order.begin(), order.end(),
+                   [](const Control* a, const Control* b) { return a->TabIndex < b->TabIndex; });
+  QWidget* before = nullptr;
+  for (const Control* control : order) {
+    const Face* face = FaceOf(*control);
+    if (face == nullptr || face->widget()->focusPolicy() == Qt::NoFocus) continue;
+    if (before != nullptr) setTabOrder(before, face->widget());
+    before = face->widget();
+  }
+}
+
+// A window that comes to the front or leaves it keeps its focus: its control is told only when
+// another one has it.
+void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
+  object->event(&event);
+  const auto reason = static_cast<QFocusEvent&>(event).reason();
+  const bool in = event.type() == QEvent::FocusIn;
+  const Control* changed = face.control();
+  if (changed == nullptr || reason == Qt::PopupFocusReason) return;
+  if (!in && reason == Qt::ActiveWindowFocusReason) return;
+  if (in && changed == focus_) return;
+  if (in && focus_ != nullptr) TellFocus(focus_, false);
+  if (!in && changed != focus_) return;
+  focus_ = in ? changed : nullptr;
+  TellFocus(changed, in);
+}
+
+void FormWindow::TellFocus(const Control* changed, bool in) {
+  Face* face = FaceOf(*changed);
+  if (face == nullptr || face->control() == nullptr) return;
+  face->FocusChanged(in);
+  const auto tell = [in, changed, self = QPointer<FormWindow>(this)] {
+    Face* told = self == nullptr ? nullptr : self->FaceOf(*changed);
+    if (told == nullptr || told->control() == nullptr) return;
+    if (const auto handler = in ? changed->GotFocus : changed->LostFocus) self->Handle(handler);
+  };
+  if (syncing_) {
+    host_.Later(tell);
+  } else {
+    tell();
+  }
+}
+
+// ---- input ----
+
+bool FormWindow::Refused() const {
+  return form_ == nullptr || !form_->Window.Enabled || host_.Blocked(*form_);
+}
+
+bool FormWindow::eventFilter(QObject* object, QEvent* event) {
+  Face* face = byObject_.value(object);
+  if (face == nullptr) return false;
+  switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+      return object == face->surface() ? Input(*face, *event) : Refused();
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+      return object == face->widget() ? Input(*face, *event) : Refused();
+    case QEvent::ContextMenu:
+      return Refused() || MenuKey(*face, static_cast<const QContextMenuEvent&>(*event));
+    case QEvent::Wheel:
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      return Refused();
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+      if (object != face->widget()) return false;
+      FocusChange(*face, object, *event);
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Nothing that reaches a control goes on to the window beneath it: there it would move the window,
+// or tell a key twice.
+bool FormWindow::Input(Face& face, QEvent& event) {
+  event.accept();
+  const Control* control = face.control();
+  const bool letGo =
+      event.type() == QEvent::MouseButtonRelease || event.type() == QEvent::KeyRelease;
+  if (control == nullptr) return true;
+  if (!letGo && (Refused() || !control->InUse() || !control->InSight())) {
+    if (event.type() == QEvent::KeyPress) TellEscape(static_cast<const QKeyEvent&>(event));
+    return true;
+  }
+  // A release belongs to the press before it: where that was refused, so is the release.
+  if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
+    return true;
+  }
+  const Counted touching(touching_);
+  const Stamped stamped(host_, static_cast<const QInputEvent&>(event));
+  lastTouch_ = TouchedPlace(face, event);
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+      pressed_ = &face;
+      face.MousePress(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseButtonRelease:
+      face.MouseRelease(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseButtonDblClick:
+      pressed_ = &face;
+      face.MouseDouble(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::MouseMove:
+      face.MouseMove(static_cast<QMouseEvent&>(event));
+      break;
+    case QEvent::KeyPress:
+      KeyPress(&face, static_cast<QKeyEvent&>(event));
+      break;
+    default:
+      KeyRelease(face, static_cast<QKeyEvent&>(event));
+      break;
+  }
+  event.accept();
+  return true;
+}
+
+// The key for menus acts as the right mouse button on what has the focus.
+bool FormWindow::MenuKey(Face& face, const QContextMenuEvent& event) {
+  if (event.reason() != QContextMenuEvent::Keyboard) return false;
+  lastTouch_ = face.MenuPlace();
+  Handle([&face] {
+    const Control* control = face.control();
+    if (control == nullptr) return;
+    if (const auto up = control->MouseUp) up(kRightButton);
+  });
+  return true;
+}
+
+QPoint FormWindow::TouchedPlace(const Face& face, const QEvent& event) {
+  if (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease) {
+    return face.widget()->mapToGlobal(face.widget()->rect().center());
+  }
+  return static_cast<const QMouseEvent&>(event).globalPosition().toPoint();
+}
+
+// The window sees every key first; what it leaves goes to the control and then to the widget.
+void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
+  const int code = keys::Code(event);
+  bool used = false;
+  if (code != 0) {
+    const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+    keysDown_.insert(code);
+    used = true;  // a handler that fails has used it
+    Handle([&] { used = form_->Form_KeyDown(code, control); });
+  }
+  if (used || Refused() || !form_->Visible()) return;
+  if (face == nullptr || face->control() == nullptr) return;
+  if (code != 0) {
+    face->KeyComes(event);
+    Handle([&] {
+      if (const auto down = face->control()->KeyDown) down(code);
+    });
+  }
+  if (form_ == nullptr || face->control() == nullptr) return;
+  const int character = keys::Character(event);
+  bool accepted = true;
+  if (character != 0) {
+    Handle([&] {
+      if (const auto press = face->control()->KeyPress) accepted = press(character);
+    });
+  }
+  if (accepted && face->control() != nullptr) face->KeyPress(event);
+}
+
+// A key that is held comes and goes again and again; it is let go once.
+void FormWindow::KeyIsUp(const QKeyEvent& event) {
+  const int code = keys::Code(event);
+  if (event.isAutoRepeat() || keysDown_.erase(code) == 0) return;
+  Handle([&] { form_->Form_KeyUp(code); });
+}
+
+// What is let go in another window is not told here any more.
+void FormWindow::AllKeysAreUp() {
+  for (const int code : std::exchange(keysDown_, {})) {
+    Handle([this, code] { form_->Form_KeyUp(code); });
+  }
+}
+
+void FormWindow::KeyRelease(Face& face, QKeyEvent& event) {
+  const int code = keys::Code(event);
+  KeyIsUp(event);
+  if (code != 0 && !Refused()) {
+    Handle([&] {
+      if (const auto up = face.control()->KeyUp) up(code);
+    });
+  }
+  if (face.control() != nullptr) face.KeyRelease(event);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  event->accept();
+  const Stamped stamped(host_, *event);
+  if (Refused()) {
+    TellEscape(*event);
+  } else {
+    KeyPress(nullptr, *event);
+  }
+}
+
+void FormWindow::keyReleaseEvent(QKeyEvent* event) {
+  event->accept();
+  const Stamped stamped(host_, *event);
+  KeyIsUp(*event);
+}
+
+// The way to end a long piece of work that has disabled its window.
+void FormWindow::TellEscape(const QKeyEvent& event) {
+  if (form_ == nullptr || form_->Window.Enabled || host_.Blocked(*form_)) return;
+  if (!form_->EscapeWhileDisabled || keys::Code(event) != kKeyEscape) return;
+  Handle([this] { form_->Form_KeyDown(kKeyEscape, false); });
+}
+
+void FormWindow::mousePressEvent(QMouseEvent* event) {
+  if (Refused() || form_->HasBorder || event->button() != Qt::LeftButton) return;
+  if (windowHandle() != nullptr && windowHandle()->startSystemMove()) return;
+  dragStart_ = event->globalPosition().toPoint() - pos();
+  dragging_ = true;
+}
+
+void FormWindow::mouseMoveEvent(QMouseEvent* event) {
+  dragging_ = dragging_ && event->buttons().testFlag(Qt::LeftButton);
+  if (dragging_) move(event->globalPosition().toPoint() - dragStart_);
+}
+
+// ---- the window ----
+
+bool FormWindow::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::UpdateRequest:
+      LearnBorder();
+      if (HoldPaint()) return true;
+      break;
+    case QEvent::WindowActivate:
+      host_.Activated();
+      break;
+    case QEvent::WindowDeactivate:
+      AllKeysAreUp();
+      break;
+    case QEvent::WindowStateChange: {
+      const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+      const bool restored = before.testFlag(Qt::WindowMinimized) && !isMinimized();
+      if (restored && form_ != nullptr) host_.Restored(*form_);
+      break;
+    }
+    default:
+      break;
+  }
+  return QWidget::event(event);
+}
+
+bool FormWindow::HoldPaint() {
+  const bool tooSoon = sincePaint_.isValid() && sincePaint_.elapsed() < kPaintMs;
+  if (tooSoon && !paintDue_) {
+    if (!held_.isActive()) held_.start(static_cast<int>(kPaintMs - sincePaint_.elapsed()));
+    return true;
+  }
+  held_.stop();
+  paintDue_ = false;
+  sincePaint_.restart();
+  host_.Painted();
+  return false;
+}
+
+void FormWindow::PaintAtOnce() {
+  paintDue_ = true;
+  if (!held_.isActive()) return;
+  held_.stop();
+  QCoreApplication::postEvent(this, new QEvent(QEvent::UpdateRequest));
+}
+
+void FormWindow::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  if (ground_.isNull() || ground_.hasAlpha()) {
+    painter.fillRect(event->rect(), palette().color(QPalette::Window));
+  }
+  if (ground_.isNull()) return;
+  // Cut along a rectangle, pixels are copied; along a shape of several, they are mixed one by one.
+  for (const QRect& part : event->region()) {
+    painter.setClipRect(part);
+    painter.drawPixmap(0, 0, ground_);
+  }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  const bool always = form_ != nullptr && form_->CloseWhileDisabled && !host_.Blocked(*form_);
+  if (always || !Refused()) Handle([this] { form_->Form_Close(); });
+}
+
+}  // namespace vantora

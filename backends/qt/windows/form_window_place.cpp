@@ -1,0 +1,120 @@
+// How large a window is shown, where it stands, and what it stands on.
+
+#include "backends/qt/look/look.h"
+#include "backends/qt/windows/form_window.h"
+
+#include <QCoreApplication>
+#include <QScreen>
+#include <QWindow>
+
+#include <utility>
+
+namespace vantora {
+
+void FormWindow::ApplyFrame() {
+  Form::Frame& frame = form_->Window;
+  const QString title = look::FromText(form_->Caption);
+  setWindowTitle(title.isEmpty() ? QCoreApplication::applicationName() : title);
+  const QRect place = look::Pixels(frame);
+  if (!FillScreen(place)) {
+    if (place.topLeft() != place_) {
+      Stand(MiddleOf(place));
+    } else if (room_.isNull()) {
+      Stand(MiddleOf(host_.Room(*this)));  // the form has named no place
+    } else if (place.size() != natural_ || host_.Room(*this) != room_) {
+      Stand(MiddleOf(geometry().marginsAdded(border_)));
+    }
+  }
+  frame.Dirty = false;
+  ApplyGround(frame.BackColor == kTransparent ? look::kGround : frame.BackColor());
+}
+
+void FormWindow::ApplyGround(Color back) {
+  const QPixmap picture = form_->Picture().empty() ? QPixmap()
+                                                   : host_.ThePictures().Get(form_->Picture, size(),
+                                                                             devicePixelRatioF());
+  const QColor colour = look::Of(back);
+  if (picture.cacheKey() == ground_.cacheKey() && colour == palette().color(QPalette::Window)) {
+    return;
+  }
+  ground_ = picture;
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, colour);
+  setPalette(colours);
+  update();
+}
+
+// A window manager would keep one that is only as large as the screen clear of its bars.
+bool FormWindow::FillScreen(const QRect& place) {
+  const bool fills = form_->FillsScreen && place == screen()->geometry();
+  if (fills != isFullScreen()) setWindowState(windowState() ^ Qt::WindowFullScreen);
+  if (!fills) return false;
+  Resize({1, place});
+  place_ = place.topLeft();
+  return true;
+}
+
+// Where it fits, as near to that place as it can.
+void FormWindow::Stand(const QPoint& middle) {
+  constexpr double kLeastScale = 0.6;  // to the screen's own pixels, which letters are made of
+  const bool first = room_.isNull();
+  natural_ = look::Pixels(form_->Window).size();
+  room_ = host_.Room(*this);
+  middle_ = middle;
+  const Fit fit = FitInto(room_, border_, natural_, middle, kLeastScale / devicePixelRatioF());
+  Resize(fit);
+  // By its inside: what a place of the frame means changes when the window is made and shown.
+  if (first || geometry() != fit.Place) setGeometry(fit.Place);
+  TellPlace();
+}
+
+void FormWindow::Resize(const Fit& fit) {
+  if (size() != fit.Place.size() && !fit.Place.isEmpty()) {
+    setFixedSize(fit.Place.size());
+    form_->Window.MarkDirty();  // its ground is of another size
+  }
+  if (fit.Scale == scale_) return;
+  scale_ = fit.Scale;
+  for (Control* control : known_) control->Dirty = true;
+}
+
+void FormWindow::StandOver(const FormWindow& owner) {
+  if (form_ == nullptr || isFullScreen()) return;
+  Stand(MiddleOf(owner.geometry().marginsAdded(owner.border_)));
+}
+
+// The form learns where it stands, and need not be brought onto the screen for it.
+void FormWindow::TellPlace() {
+  place_ = pos();
+  Form::Frame& frame = form_->Window;
+  const bool wasDirty = frame.Dirty, formWasDirty = form_->Dirty;
+  frame.Left = place_.x() * kTwipsPerPixel;
+  frame.Top = place_.y() * kTwipsPerPixel;
+  frame.Dirty = wasDirty;
+  form_->Dirty = formWasDirty;
+}
+
+// The desktop's border is known when the window has been shown, and only then.
+void FormWindow::LearnBorder() {
+  if (borderKnown_ || form_ == nullptr || !form_->HasBorder) return;
+  if (!isVisible() || windowHandle() == nullptr) return;
+  const QMargins border = windowHandle()->frameMargins();
+  if (border.isNull()) return;
+  borderKnown_ = true;
+  host_.Border() = border;
+  if (border == std::exchange(border_, border)) return;
+  Stand(middle_);  // where it is just now may be halfway between two places
+}
+
+void FormWindow::Restore() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  show();
+}
+
+void FormWindow::moveEvent(QMoveEvent* /*event*/) {
+  if (form_ == nullptr || syncing_ || !isVisible() || isMinimized()) return;
+  LearnBorder();
+  TellPlace();
+}
+
+}  // namespace vantora

@@ -1,0 +1,214 @@
+// The commands that check, and those that let time pass.
+
+#include "backends/checksum/sha256.h"
+#include "backends/headless/headless_mixer.h"
+#include "backends/linux/utf8.h"
+#include "robot/robot.h"
+
+#include "platform/laufzeitfehler.h"
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace vantora {
+
+namespace {
+
+constexpr int kBehindMs = 1000;  // delay between two taps that a busy machine may cause
+constexpr int kPollMs = 20;
+
+std::string Quoted(const Text& text) {
+  return "\"" + ToUtf8(text) + "\"";
+}
+
+void Check(const std::string& what, const Text& found, const ScriptLine& line) {
+  if (Compares(found, line.Operator, line.Value)) return;
+  throw Unreachable(what + " was to be " + ToUtf8(OperatorName(line.Operator)) + " " +
+                    Quoted(line.Value) + ", it is " + Quoted(found));
+}
+
+// The property of a control that a user sees.
+const wchar_t* SeenOf(ControlKind kind) {
+  switch (kind) {
+    case ControlKind::Label:
+      return L"Caption";
+    case ControlKind::TextBox:
+    case ControlKind::ComboBox:
+      return L"Text";
+    case ControlKind::CheckBox:
+    case ControlKind::OptionButton:
+    case ControlKind::Slider:
+      return L"Value";
+    case ControlKind::PictureButton:
+    case ControlKind::PictureBox:
+      return L"Picture";
+    case ControlKind::ListBox:
+    case ControlKind::ListView:
+      return L"Count";
+    case ControlKind::LevelMeter:
+      return L"Active";
+    default:
+      return L"Visible";
+  }
+}
+
+std::optional<Text> ReadWindow(const Form& form, const Text& property) {
+  if (property.empty() || property == L"Caption") return form.Caption();
+  if (property == L"Picture") return form.Picture();
+  if (property == L"Visible") return form.Visible() ? L"True" : L"False";
+  return form.Window.Read(property);
+}
+
+// Reads a line of a list, or a row and column of a list view; lines and rows count from 1.
+std::optional<Text> ReadCell(const Control& control, const std::vector<int>& cell,
+                             const Text& property) {
+  const int row = cell.front();
+  const auto flag = [](bool on) { return Text(on ? L"True" : L"False"); };
+  if (const auto* list = dynamic_cast<const ListControl*>(&control)) {
+    if (cell.size() != 1 || row < 1 || row > list->ListCount()) return std::nullopt;
+    if (property.empty()) return list->List(row - 1);
+    const auto* box = dynamic_cast<const ListBox*>(list);
+    if (property != L"Selected") return std::nullopt;
+    return flag(box != nullptr ? box->Selected(row - 1) : list->ListIndex == row - 1);
+  }
+  const auto* view = dynamic_cast<const ListView*>(&control);
+  if (view == nullptr || row < 1 || row > view->ListItems.Count()) return std::nullopt;
+  const ListItem& item = view->ListItems(row);
+  if (property == L"Selected") return flag(item.Selected());
+  if (!property.empty()) return std::nullopt;
+  return item.SubItems(cell.size() == 2 ? cell.back() : 0);
+}
+
+std::optional<std::int64_t> LengthOf(Dateien& files, const Text& path) {
+  try {
+    return files.FileLen(path);
+  } catch (const Laufzeitfehler&) {
+    return std::nullopt;  // the cell does not exist, which the script may expect
+  }
+}
+
+}  // namespace
+
+Text Robot::ReadTarget(const Target& target) const {
+  std::optional<Text> found;
+  if (target.Control.empty()) {
+    found = ReadWindow(FindForm(target.Form), target.Property);
+  } else {
+    const Control& control = FindControl(target);
+    const std::vector<int>& cell = control.Index >= 0 ? target.Cell : target.Index;
+    const Text property = target.Property.empty() ? SeenOf(control.Kind()) : target.Property;
+    found = cell.empty() ? control.Read(property) : ReadCell(control, cell, target.Property);
+  }
+  if (!found) throw Unreachable("there was to be something to read, the control has no such thing");
+  return *found;
+}
+
+void Robot::Expect(const ScriptLine& line, Form* /*front*/) {
+  Check(ToUtf8(line.Words.front().Content), ReadTarget(*line.Subject), line);
+}
+
+void Robot::ExpectBox(const ScriptLine& line, Form* front) {
+  const std::optional<Text> said = TextOfBox(front);
+  if (!said) {
+    throw Unreachable("a message box with " + Quoted(line.Value) + " was to be in front, it is " +
+                      Describe(front));
+  }
+  Check("the message box", *said, line);
+}
+
+void Robot::ExpectWindow(const ScriptLine& line, Form* front) {
+  const Text& wanted = line.Subject->Form;
+  if (front != nullptr && front->Name == wanted) return;
+  throw Unreachable(ToUtf8(wanted) + " was to be in front, it is " + Describe(front));
+}
+
+void Robot::ExpectFile(const ScriptLine& line, Form* /*front*/) {
+  const Text& path = line.Words[0].Content;
+  const Text& what = line.Words[1].Content;
+  Dateien& files = stage_.Files();
+  const std::optional<std::int64_t> length = LengthOf(files, path);
+  const bool there = length || files.IsDirectory(path);
+  if (what == L"missing") {
+    if (there) throw Unreachable(ToUtf8(path) + " was to be missing, it is there");
+    return;
+  }
+  if (!there) throw Unreachable(ToUtf8(path) + " was to be there, it is missing");
+  if (what == L"exists") return;
+  if (!length) throw Unreachable(ToUtf8(path) + " was to be a file, it is a folder");
+  const std::string found =
+      what == L"size" ? std::to_string(*length) : Sha256Of(*files.Open(path, Zugriff::Lesen));
+  if (found == ToUtf8(line.Value)) return;
+  throw Unreachable(ToUtf8(path) + " was to have the " + ToUtf8(what) + " " + ToUtf8(line.Value) +
+                    ", it has " + found);
+}
+
+// A name may be that of an output and of an input. The output is meant, except for `select`, which
+// only inputs have.
+void Robot::ExpectMixer(const ScriptLine& line, Form* /*front*/) {
+  const Text& name = line.Words[0].Content;
+  const Text& what = line.Words[1].Content;
+  const HeadlessMixer::Line* found = stage_.Mixer().Find(name, what == L"select");
+  const OutputVolume& own = stage_.OwnVolume();
+  const bool isOwn = found == nullptr && name == L"Wave";
+  if (found == nullptr && !isOwn) {
+    throw Unreachable("the card was to have a line " + ToUtf8(name) + ", it has none");
+  }
+  const int volume = isOwn ? own.Volume() : found->Volume;
+  const bool on = isOwn ? own.On() : found->On;
+  const bool flag = what == L"mute" ? !on : on;
+  Check(ToUtf8(what) + " of " + ToUtf8(name),
+        what == L"volume" ? std::to_wstring(volume) : Text(flag ? L"True" : L"False"), line);
+}
+
+void Robot::Wait(const ScriptLine& line, Form* /*front*/) {
+  EventLoop& loop = stage_.Loop();
+  const std::int64_t now = loop.EventMs();
+  const bool late = !beat_ || now - *beat_ > kBehindMs;
+  const std::int64_t due = (late ? now : *beat_) + line.Numbers.front();
+  resting_ = true;
+  loop.PostAfter(static_cast<int>(std::max<std::int64_t>(due - now, 0)), [this, due] {
+    resting_ = false;
+    beat_ = due;
+  });
+}
+
+// The inner line runs outside of a turn, so nothing would notice a failure soon; it ends the
+// program.
+void Robot::After(const ScriptLine& line, Form* /*front*/) {
+  afterPending_.push_back(&line);
+  stage_.Loop().PostAfter(line.Numbers.front(), [this, &line] {
+    std::erase(afterPending_, &line);
+    beat_.reset();
+    if (!failed_) Execute(*line.Inner, stage_.Loop().Front());
+    if (failed_) throw ProgrammEnde{};
+  });
+}
+
+void Robot::Within(const ScriptLine& line, Form* front) {
+  Poll(line, front, line.Numbers.front());
+}
+
+void Robot::Poll(const ScriptLine& line, Form* front, int leftMs) {
+  try {
+    (this->*Find(line.Inner->Verb))(*line.Inner, front);
+  } catch (const Unreachable&) {
+    if (leftMs <= 0) throw;
+    const int pauseMs = std::min(leftMs, kPollMs);
+    Then(line, [=, this, &line](Form* next) { Poll(line, next, leftMs - pauseMs); });
+    Rest(pauseMs);
+  }
+}
+
+void Robot::Shot(const ScriptLine& line, Form* front) {
+  if (line.Subject) front = &FindForm(line.Subject->Form);
+  if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
+  // Returns false without a screen; then there is no picture.
+  stage_.TheHands().Shot(*front, HostPath(line.Value));
+}
+
+void Robot::Echo(const ScriptLine& line, Form* /*front*/) {
+  out_ << ToUtf8(line.Value) << std::endl;
+}
+
+}  // namespace vantora

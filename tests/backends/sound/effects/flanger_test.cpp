@@ -1,0 +1,124 @@
+#include "backends/sound/effects/flanger.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/backends/sound/chain_sounds.h"
+
+#include <complex>
+
+namespace vantora::test {
+
+namespace {
+
+struct Knobs {
+  int Dry, Wet, FeedBack;
+  float Depth, Rate;
+};
+
+void Turn(Flanger& flanger, const Knobs& knobs) {
+  flanger.SetDryMix(knobs.Dry);
+  flanger.SetWetMix(knobs.Wet);
+  flanger.SetFeedBack(knobs.FeedBack);
+  flanger.SetDepth(knobs.Depth);
+  flanger.SetRate(knobs.Rate);
+}
+
+Sound Flanged(const Sound& sound, const Knobs& knobs) {
+  Flanger flanger;
+  Turn(flanger, knobs);
+  flanger.Enable();
+  return Through(flanger, sound);
+}
+
+Sound MonoSum(Sound sound) {
+  for (std::size_t n = 0; n < sound.size(); n += 2) {
+    sound[n] = sound[n + 1] = Sample((sound[n] + sound[n + 1]) / 2.0);
+  }
+  return sound;
+}
+
+}  // namespace
+
+TEST(Flanger, WithoutASwingItIsACombInTheMiddleOfTheWay) {
+  for (const float depth : {0.0F, 50.0F, 99.0F}) {
+    for (const int feedback : {0, 70}) {
+      for (const double hertz : {900.0, 1234.0, 5000.0, 9001.0}) {
+        const Knobs knobs{60, 40, feedback, depth, 0};
+        const Sound out = MonoSum(Flanged(Sine(hertz, 8000, 30'000), knobs));
+        const auto turned = [&](double frames) {
+          return std::polar(1.0, -2 * std::numbers::pi * hertz / 44100 * frames);
+        };
+        const double f = feedback / 100.0;
+        const std::complex<double> slow = 0.02 / (1.0 - 0.98 * turned(1));
+        const std::complex<double> late = turned(2 + depth / 100.0 * 249 / 2);
+        const std::complex<double> wet =
+            late * std::sqrt(1 - f * f) / (1.0 - f * late * (1.0 - slow));
+        // The cubic is not quite exact for the highest of the tones.
+        EXPECT_NEAR(Amplitude(out, hertz, 10'000, 30'000), 8000 * std::abs(0.6 + 0.4 * wet), 160)
+            << depth << " " << feedback << " " << hertz;
+      }
+    }
+  }
+}
+
+TEST(Flanger, ItSwingsAsOftenAsItsRateSays) {
+  for (const float rate : {0.5F, 2.0F, 5.0F}) {
+    const Sound out = Flanged(Sine(2000, 8000, 200'000), {50, 50, 0, 90, rate});
+    const auto turn = static_cast<std::size_t>(44100 / rate);
+    double apart = 0;
+    for (std::size_t at = 5000; at < 5000 + turn; at += turn / 40) {
+      const auto now = [&](std::size_t frame) { return Amplitude(out, 2000, frame, frame + 400); };
+      EXPECT_NEAR(now(at), now(at + turn), 80) << rate;
+      apart = std::max(apart, std::abs(now(at) - now(at + turn / 2 + turn / 7)));
+    }
+    EXPECT_GT(apart, 2000) << rate;
+  }
+}
+
+TEST(Flanger, TheMonoSumIsAsLoudAsTheSound) {
+  Sound mono = Hiss(8000, 100'000);
+  for (std::size_t n = 0; n < mono.size(); n += 2) mono[n + 1] = mono[n];
+  const Sound out = Flanged(mono, {1, 99, 50, 80, 1});
+  const Sound sum = MonoSum(out);
+  double wide = 0;
+  for (std::size_t n = 0; n < out.size(); n += 2) wide += std::abs(out[n] - out[n + 1]);
+  // Noise has highs that the cubic between the frames takes a little of.
+  EXPECT_NEAR(Decibel(Loudness(sum, 5000, 100'000) / Loudness(mono, 5000, 100'000)), 0, 2);
+  EXPECT_GT(wide / 100'000, 1000);
+}
+
+TEST(Flanger, ItStaysStableAtFullFeedbackAndFallsSilentAfterwards) {
+  for (const float rate : {0.0F, 0.1F, 5.0F}) {
+    constexpr std::size_t kSecond = 44'100;
+    Sound sound = Hiss(6000, 20 * kSecond);
+    sound.resize(80 * kSecond);
+    const Sound out = Flanged(sound, {1, 99, 99, 99, rate});
+    const double early = Loudness(out, 2 * kSecond, 6 * kSecond);
+    EXPECT_LT(Decibel(Loudness(out, 16 * kSecond, 20 * kSecond) / early), 1) << rate;
+    EXPECT_LT(Decibel(early / Loudness(sound, 0, kSecond)), 3) << rate;
+    EXPECT_EQ(Loudness(out, 39 * kSecond, 40 * kSecond), 0) << rate;
+  }
+}
+
+TEST(Flanger, DryOrOffItLeavesEverySampleAndItsKnobsDoNotRattle) {
+  const Sound hiss = Hiss(32'768, 20'000);
+  EXPECT_EQ(Flanged(hiss, {100, 0, 80, 80, 3}), hiss);
+  Flanger flanger;
+  Turn(flanger, {20, 80, 80, 80, 3});
+  EXPECT_EQ(Through(flanger, hiss), hiss);
+  flanger.Enable();
+  std::mt19937 random(2);
+  const Sound out = Through(flanger, Sine(150, 3000, 90'112), [&](std::size_t frame) {
+    if (frame % 3072 != 0) return;
+    const auto knob = [&](unsigned most) { return static_cast<int>(random() % (most + 1)); };
+    Turn(flanger, {knob(100), knob(100), knob(99), static_cast<float>(knob(99)),
+                   static_cast<float>(knob(5))});
+    if (frame % 9216 == 0) flanger.Disable();
+    flanger.Enable();
+  });
+  for (const double far : {4000.0, 7001.0, 11'003.0}) {
+    EXPECT_LT(Decibel(Amplitude(out, far, 0, 90'112) / 3000), -80) << far;
+  }
+}
+
+}  // namespace vantora::test

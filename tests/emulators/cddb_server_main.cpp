@@ -1,0 +1,134 @@
+// cddb-server FILE [COMMAND [WORD ...]]: runs the CDDB servers that FILE tells of, each on a free
+// port of 127.0.0.1, for as long as COMMAND runs, which finds the ports in its environment; ends
+// with its exit code. Without a COMMAND it prints the ports, and serves until its input ends.
+//
+// FILE is UTF-8, a line each of:
+//   server NAME         a server, whose port is in the variable NAME
+//   disc CATEGORY ID    a disc that it knows, and behind it what it tells of the disc
+//   similar ID          a disc for which it has only others like it
+//   closes-at N         it closes its connections after so many bytes of an answer
+// Lines that begin with # are comments.
+
+#include "backends/linux/utf8.h"
+#include "backends/linux/windows1252.h"
+#include "tests/emulators/cddb_server.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <list>
+#include <memory>
+#include <spawn.h>
+#include <sstream>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace vantora::test {
+namespace {
+
+constexpr int kConnections = 1000;
+
+class Servers {
+ public:
+  explicit Servers(const std::string& file) {
+    std::ifstream text(file);
+    if (!text) throw std::runtime_error("cannot read " + file);
+    for (std::string line; std::getline(text, line);) {
+      if (!line.starts_with('#') && !line.empty()) Take(line);
+    }
+    FinishDisc();
+  }
+  // Tells the ports to whoever is started from here.
+  void TellPorts(std::ostream* out) const {
+    for (const Named& one : servers_) {
+      const std::string port = std::to_string(one.Server->Port());
+      ::setenv(one.Name.c_str(), port.c_str(), 1);
+      if (out) *out << one.Name << "=" << port << std::endl;
+    }
+  }
+  void TellRequests(std::ostream& out) const {
+    for (const Named& one : servers_) {
+      for (const std::string& request : one.Server->Requests()) {
+        out << one.Name << ": " << request.substr(0, request.find('\r')) << "\n";
+      }
+    }
+  }
+
+ private:
+  struct Named {
+    std::string Name;
+    std::unique_ptr<CddbServer> Server;
+  };
+
+  void Take(const std::string& line) {
+    std::istringstream words(line);
+    std::string what, first, second;
+    words >> what >> first >> second;
+    if (what == "server") {
+      FinishDisc();
+      servers_.push_back({first, std::make_unique<CddbServer>(kConnections)});
+    } else if (servers_.empty()) {
+      throw std::runtime_error("no server has been named before: " + line);
+    } else if (what == "disc") {
+      FinishDisc();
+      category_ = first;
+      id_ = second;
+    } else if (what == "similar") {
+      FinishDisc();
+      servers_.back().Server->KnowsOnlySimilar(first);
+    } else if (what == "closes-at") {
+      servers_.back().Server->Faults.CloseAt = std::stol(first);
+    } else {
+      lines_ += ToWindows1252(FromUtf8(line)) + "\r\n";
+    }
+  }
+  void FinishDisc() {
+    if (!id_.empty()) servers_.back().Server->Knows(category_, id_, lines_);
+    id_.clear();
+    lines_.clear();
+  }
+
+  std::list<Named> servers_;
+  std::string category_, id_, lines_;
+};
+
+// The exit code of a program that is found on the path.
+int RunCommand(char** words) {
+  pid_t child = 0;
+  if (::posix_spawnp(&child, words[0], nullptr, nullptr, words, environ) != 0) {
+    throw std::runtime_error(std::string("cannot start ") + words[0]);
+  }
+  int status = 0;
+  if (::waitpid(child, &status, 0) != child || !WIFEXITED(status)) return 1;
+  return WEXITSTATUS(status);
+}
+
+int Main(int argc, char** argv) {
+  const Servers servers(argv[1]);
+  servers.TellPorts(argc == 2 ? &std::cout : nullptr);
+  int code = 0;
+  if (argc > 2) {
+    code = RunCommand(argv + 2);
+  } else {
+    for (std::string line; std::getline(std::cin, line);) continue;
+  }
+  servers.TellRequests(std::cout);
+  return code;
+}
+
+}  // namespace
+}  // namespace vantora::test
+
+int main(int argc, char** argv) {
+  if (argc < 2) {
+    std::cerr << "usage: cddb-server FILE [COMMAND [WORD ...]]\n";
+    return 2;
+  }
+  try {
+    return vantora::test::Main(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << "cddb-server: " << error.what() << "\n";
+    return 2;
+  }
+}

@@ -1,0 +1,335 @@
+// The program's writer on the drive in the bottle. What lies on the disc is compared with the waves
+// to the byte, and read back by the reading back end.
+#include "backends/burn/cd_text.h"
+#include "backends/burn/drive_writer.h"
+#include "backends/cdio/drive_disc.h"
+#include "backends/discimage/image_writer.h"
+#include "backends/headless/headless_background.h"
+#include "backends/headless/headless_loop.h"
+#include "backends/linux/device_registry.h"
+#include "main/machine.h"
+#include "tests/backends/running_out.h"
+#include "tests/backends/sound/wave_bytes.h"
+#include "tests/emulators/drive/bottle.h"
+#include "tests/support/mcd_log.h"
+
+#include <cdio/cdtext.h>
+
+#include <chrono>
+#include <fcntl.h>
+#include <memory>
+#include <thread>
+#include <unistd.h>
+#include <utility>
+
+namespace vantora::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+using Time = std::chrono::steady_clock;
+
+constexpr std::size_t kSector = 2352;
+
+std::string Padded(std::string sound, std::size_t sectors) {
+  sound.resize(sectors * kSector, '\0');
+  return sound;
+}
+
+bool DriveIsFree() {
+  const int file = ::open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_EXCL);
+  if (file >= 0) ::close(file);
+  return file >= 0;
+}
+
+class DriveBurn : public testing::Test {
+ protected:
+  DriveBurn() {
+    const auto note = [this](const std::string& what) { Log.push_back(what); };
+    McdEvents& e = writer.Events;
+    NoteEvents(e, note);
+    e.MCD_TrackPercent = [=, this](int percent) { Percents.push_back(percent); };
+    e.MCD_InfoMessage = [=, this](int, const Text& text) {
+      if (text.starts_with(L"Open")) note("open");
+      if (text.starts_with(L"Close")) note("close");
+      if (text.starts_with(L"Grabadora: ")) ForTheLog += text + L"\n";
+    };
+    e.MCD_ScsiEvents = [=, this](int, int, int code, int, const Text& text) {
+      note("scsi " + std::to_string(code));
+      Words = text;
+    };
+    e.MCD_ASPIEvent = [=](int, const Text&) { note("aspi"); };
+  }
+
+  static LinuxPlaces WithDrives(LinuxPlaces places) {
+    places.Optical = OpticalDrives("/sys");
+    return places;
+  }
+
+  std::string Add(int sectors, int rest = 0, std::uint32_t seed = 1) {
+    std::string sound =
+        Noise(static_cast<std::size_t>(sectors) * kSector + static_cast<std::size_t>(rest), seed);
+    const std::string name = std::to_string(++waves_) + ".wav";
+    Put(home / "" / name, Wave(sound));
+    EXPECT_EQ(writer.AddTrack(Text(L"C:\\") + Text(name.begin(), name.end()), 0), 0);
+    return sound;
+  }
+  void Find() {
+    ASSERT_EQ(writer.Init_Prog(), 0);
+    ASSERT_EQ(writer.BurnerCount(), 1);
+    writer.SelectBurner(0);
+  }
+  // Until the last of what has been told begins so; the answer is all of it.
+  std::string Until(const std::string& last) {
+    const auto limit = Time::now() + 20s;
+    while ((Log.empty() || !Log.back().starts_with(last)) && Time::now() < limit) {
+      loop.Pass(20);
+      std::this_thread::sleep_for(1ms);
+    }
+    return Story();
+  }
+  std::string Story() const {
+    std::string story;
+    for (const std::string& what : Log) story += (story.empty() ? "" : ", ") + what;
+    return story;
+  }
+
+  Bottle bottle;
+  Home home;
+  DriveTable table{WithDrives(home.Places)};
+  RunningOut disk{home.Files};
+  HeadlessClock clock;
+  HeadlessLoop loop{clock};
+  HeadlessBackground background{loop};
+  std::vector<std::string> Log;
+  std::vector<int> Percents;
+  Text Words, ForTheLog;
+  DriveWriter writer{disk, loop, background, [this] { return DrivesForWriting(table); }};
+
+ private:
+  int waves_ = 0;
+};
+
+}  // namespace
+
+TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
+  Find();
+  EXPECT_EQ(writer.GetDescription(0), L"BOTTLE\tCD-RW 48X16X48\t1.04\t0");
+  EXPECT_EQ(writer.GetDescription(1), L"");
+  DeviceRegistry registry(table);
+  const Text key = L"CDROM CD-RW 48X16X48";
+  EXPECT_EQ(registry.Value(L"ENUM\\SCSI\\" + key + L"\\SR0", L"SCSITargetID"), L"0");
+  EXPECT_EQ(writer.DetermineDrive(), 10);
+  EXPECT_TRUE(writer.CanDAO());
+  const std::pair<int, int> speeds[] = {{1, 4}, {6, 4}, {8, 8}, {48, 48}};
+  for (const auto& [asked, made] : speeds) {
+    writer.Speed(asked);
+    EXPECT_EQ(writer.Speed(), made) << asked;
+  }
+  bottle.Say("no-sao\n");
+  Find();
+  EXPECT_EQ(writer.DetermineDrive(), 1);
+  EXPECT_EQ(writer.WriteDAO(), -1);
+  // Seen before, a drive keeps its place while another program holds it, and when it is gone.
+  for (const char* script : {"busy\n", "disconnected\n", "busy\n"}) {
+    bottle.Say(script);
+    const auto start = Time::now();
+    Find();
+    EXPECT_FALSE(writer.CheckIfBurnerOK());
+    EXPECT_LT(Time::now() - start, 3s) << script;
+    loop.DoEvents();
+  }
+  const std::pair<const char*, int> ofOthers[] = {{"busy\n", 0}, {"no-writer\n", 0}, {"", 1}};
+  for (const auto& [script, count] : ofOthers) {
+    bottle.Say(script);
+    DriveWriter late{disk, loop, background, [this] { return DrivesForWriting(table); }};
+    EXPECT_EQ(late.Init_Prog(), 0);
+    EXPECT_EQ(late.BurnerCount(), count) << script;
+  }
+}
+
+TEST_F(DriveBurn, ADriveThatTakesItsDiscInForAgesHoldsUpNobody) {
+  auto start = Time::now();
+  const auto took = [&start] { return Time::now() - std::exchange(start, Time::now()); };
+  Find();
+  bottle.Say("getting-ready 100000\n");
+  Add(320);
+  auto other = std::make_unique<DriveWriter>(disk, loop, background,
+                                             [this] { return DrivesForWriting(table); });
+  took();
+  other->Init_Prog();
+  EXPECT_LT(took(), 1s);
+  EXPECT_FALSE(other->CheckIfBurnerOK());
+  EXPECT_LT(took(), 4s);
+  ASSERT_EQ(other->AddTrack(L"C:\\1.wav", 0), 0);
+  ASSERT_EQ(other->WriteTAO(), 0);
+  std::this_thread::sleep_for(300ms);  // so that the write waits
+  took();
+  other.reset();
+  EXPECT_LT(took(), 1s);
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  std::this_thread::sleep_for(300ms);
+  writer.StopBurn();
+  bottle.Say("getting-ready 5\n");
+  took();
+  EXPECT_TRUE(writer.CheckIfBurnerOK()) << "ready after a while";
+  EXPECT_LT(took(), 4s);
+}
+
+TEST_F(DriveBurn, AHoldOfAMomentIsSatOut) {
+  Find();
+  bottle.Say("busy\n");
+  std::thread system([] {
+    std::this_thread::sleep_for(500ms);
+    Bottle::Say("");
+  });
+  EXPECT_TRUE(writer.CheckIfBurnerOK());
+  system.join();
+}
+
+TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {
+  Find();
+  writer.Speed(8);
+  const std::string first = Add(400, 1236), second = Add(310, 0, 2), brief = Add(10, 4, 3);
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  EXPECT_EQ(writer.WriteTAO(), 1) << "one at a time";
+  EXPECT_EQ(Until("complete"),
+            "lead-in, track 1, open, close, track 2, open, close, track 3, open, close, lead-out, "
+            "fixating, complete 1");
+  EXPECT_EQ(std::count(Percents.begin(), Percents.end(), 100), 3);
+  EXPECT_EQ(bottle.Told("SET CD SPEED: bb 00 21 13 05 83"), 1);
+  const std::string image = bottle.Image();
+  EXPECT_TRUE(image.starts_with(Padded(first, 401)));
+  EXPECT_TRUE(image.substr(553 * kSector).starts_with(second));
+  EXPECT_TRUE(image.substr(1015 * kSector).starts_with(Padded(brief, 300)));
+  EXPECT_NE(bottle.Toc().find("closed\ntrack 0 audio\ntrack 553 audio\ntrack 1015 audio\n"),
+            std::string::npos);
+  const auto disc = DriveDisc::Open("/dev/sr0");
+  ASSERT_TRUE(disc);
+  std::string read(310 * kSector, '?');
+  EXPECT_TRUE(disc->Read(553, 310, read.data()));
+  EXPECT_TRUE(read == second);
+}
+
+TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
+  Find();
+  const std::string first = Add(400, 4), second = Add(310, 2348, 2), brief = Add(10, 8, 3);
+  writer.CdText(0, L"Verano", L"");
+  writer.CdText(1, L"Canci\u00F3n\t\u20AC \u2019\u4E00", L"Las olas");
+  ASSERT_EQ(writer.WriteDAO(), 0);
+  EXPECT_EQ(Until("complete"),
+            "lead-in, track 1, open, close, track 2, open, close, track 3, open, close, lead-out, "
+            "fixating, complete 1");
+  EXPECT_TRUE(std::is_sorted(Percents.begin(), Percents.end())) << "of the disc";
+  EXPECT_EQ(Percents.back(), 100);
+  // The last track is filled up to the four seconds that a disc asks of a track.
+  EXPECT_TRUE(bottle.Image() == Padded(first + second + brief, 1011));
+  EXPECT_NE(bottle.Toc().find("track 0 audio\ntrack 400 audio\ntrack 711 audio\nleadout 1011\n"),
+            std::string::npos)
+      << bottle.Toc();
+  ImageWriter image(disk, loop, background);
+  for (const wchar_t* wave : {L"C:\\1.wav", L"C:\\2.wav", L"C:\\3.wav"}) image.AddTrack(wave, 0);
+  ASSERT_EQ(image.WriteDAO(), 0);
+  loop.Pass(10'000);
+  EXPECT_TRUE(bottle.Image() == Padded(Get(home / "Vantora/Discos/Disco 001.bin"), 1011));
+  const std::string packs = Get(bottle.Folder() / "disc/cdtext.bin");
+  std::string titles, performers;
+  for (std::size_t at = 0; at + 18 <= packs.size(); at += 18) {
+    if (packs[at] == '\x80') titles += packs.substr(at + 4, 12);
+    if (packs[at] == '\x81') performers += packs.substr(at + 4, 12);
+  }
+  using namespace std::string_literals;
+  EXPECT_TRUE(titles.starts_with("Verano\0Canci\xF3n EUR '?\0\0"s)) << titles;
+  EXPECT_TRUE(performers.starts_with("\0Las olas\0\0"s)) << performers;
+}
+
+TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
+  for (const bool dao : {false, true}) {
+    SCOPED_TRACE(dao);
+    bottle.Say(std::string("pace 1500\ndisc ") + (dao ? "dao\n" : "tao\n"));
+    writer.ResetBurner();
+    Find();
+    Add(8000);
+    Log.clear();
+    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    Until("open");
+    const auto start = Time::now();
+    writer.StopBurn();
+    loop.DoEvents();
+    EXPECT_LT(Time::now() - start, 500ms);
+    EXPECT_EQ(Log.back(), "stopped");
+    EXPECT_EQ(writer.Init_Prog(), 0);
+    EXPECT_EQ(writer.BurnerCount(), 1) << "what was seen before holds";
+    writer.ResetBurner();
+    bottle.Say("disc nuevo\n");
+    bool ready = false;
+    for (int i = 0; i < 5 && !ready; ++i) ready = writer.CheckIfBurnerOK();
+    EXPECT_TRUE(ready);
+    EXPECT_TRUE(DriveIsFree());
+    EXPECT_LT(bottle.Image(dao ? "dao" : "tao").size(), 8000 * kSector);
+    Log.clear();
+    loop.Pass(1000);
+    EXPECT_EQ(Story().find_first_not_of("status 456,"), std::string::npos)
+        << "of the write that was stopped: " << Story();
+  }
+}
+
+TEST_F(DriveBurn, AMethodThatTheDriveRefusesLateIsRefusedAllTheSame) {
+  Find();
+  const std::string sound = Add(400);
+  writer.CdText(0, L"Verano", L"Las olas");
+  bottle.Say("no-sao\n");
+  EXPECT_EQ(writer.WriteDAO(), -1);
+  loop.Pass(1000);
+  EXPECT_EQ(Story(), "");
+  EXPECT_NE(ForTheLog, L"") << "the reason";
+  EXPECT_EQ(bottle.Image(), "");
+  ASSERT_EQ(writer.WriteTAO(), 0) << "as soon as the drive is at rest";
+  EXPECT_TRUE(Until("complete").ends_with("complete 1"));
+  EXPECT_TRUE(bottle.Image().starts_with(sound));
+  bottle.Say("disc mudo\nno-cdtext\n");
+  EXPECT_EQ(writer.WriteDAO(), -1) << "until the drive has been looked at again";
+  writer.Init_Prog();
+  ASSERT_EQ(writer.WriteDAO(), 0) << "without the text, then";
+  EXPECT_TRUE(Until("complete").ends_with("complete 1"));
+  EXPECT_TRUE(bottle.Image("mudo") == sound);
+}
+
+TEST_F(DriveBurn, AWaveThatEndsEarlyOrASmallDiscIsNoGoodDisc) {
+  Find();
+  Add(2000);
+  Add(2000);
+  disk.Readable = 1'500'000;
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  std::string story = Until("complete");
+  EXPECT_TRUE(story.ends_with("failure 57, complete 0")) << story;
+  disk.Readable = INT64_MAX;
+  Put(bottle.Folder() / "corto/toc", "kind cd-r\ncapacity 3000\nstate blank\n");
+  bottle.Say("disc corto\n");
+  Log.clear();
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  EXPECT_EQ(Until("complete"), "failure 813, complete 0");
+  EXPECT_EQ(bottle.Image("corto"), "");
+}
+
+TEST(DriveText, MoreTextThanADiscHoldsIsCutAndStaysComplete) {
+  const BurnLibrary library;
+  burn_session* session = burn_session_create();
+  std::vector<burn_track*> tracks;
+  CdTexts texts;
+  for (int i = 1; i <= 99; ++i) {
+    tracks.push_back(burn_track_create());
+    burn_track_define_data(tracks.back(), 0, 0, 1, BURN_AUDIO);
+    burn_session_add_track(session, tracks.back(), BURN_POS_END);
+    texts[i] = {std::to_wstring(i) + Text(60, L'a'), std::to_wstring(i) + Text(90, L'b')};
+  }
+  EXPECT_TRUE(AttachCdText(session, tracks, texts));
+  const int packs = burn_cdtext_from_session(session, nullptr, nullptr, 1);
+  EXPECT_GT(packs, 150);
+  EXPECT_LE(packs, 255);
+  EXPECT_FALSE(AttachCdText(session, tracks, {{1, {L"", L""}}}));
+  for (burn_track* track : tracks) burn_track_free(track);
+  burn_session_free(session);
+}
+
+}  // namespace vantora::test

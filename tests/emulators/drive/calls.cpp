@@ -1,0 +1,247 @@
+// The drive in a bottle: a library to be loaded before all others (LD_PRELOAD), which shows the
+// libraries that read and write discs one emulated optical drive, /dev/sr0 (also /dev/cdrom). With
+// VANTORA_BOTTLE=FOLDER in the environment the drive, its discs and its faults lie in that folder
+// (see script.h and disc.h); without it every call goes through as it is.
+//
+// Only the calls are here by which those libraries and the standard library reach a drive. An
+// open device is an open file of the folder, so that locks, duplicates and the closing at the end
+// of a program are the system's own; what is asked of it by ioctl goes to the drive.
+#include "tests/emulators/drive/requests.h"
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdlib>
+#include <cstring>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <fstream>
+#include <linux/cdrom.h>
+#include <mutex>
+#include <string>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <unistd.h>
+
+namespace vantora::bottle {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kBlockFolder = "/sys/class/block";
+constexpr std::string_view kDriveTable = "/proc/sys/dev/cdrom/info";
+
+enum Use : unsigned char { kNone, kShared, kExclusive };
+
+struct Bottle {
+  fs::path Folder;
+  Drive TheDrive;
+  Requests TheRequests{TheDrive};
+  std::mutex Mutex;
+
+  explicit Bottle(const char* folder) : Folder(fs::absolute(folder)), TheDrive(Folder) {
+    const fs::path device = Folder / "machine/block/sr0/device";
+    fs::create_directories(device);
+    std::ofstream(device / "vendor") << "BOTTLE  \n";
+    std::ofstream(device / "model") << "CD-RW 48X16X48  \n";
+    std::ofstream(device / "rev") << "1.04\n";
+    std::ofstream(device / "type") << "5\n";
+    std::ofstream(Folder / "machine/info") << "CD-ROM information\n\ndrive name:\t\tsr0\n";
+    std::ofstream(Folder / "machine/sr0", std::ios::app);
+  }
+};
+
+// Files of the process that are the drive.
+std::array<std::atomic<Use>, 4096> uses{};
+
+Bottle* TheBottle() {
+  static const char* const folder = std::getenv("VANTORA_BOTTLE");
+  if (folder == nullptr || *folder == 0) return nullptr;
+  static auto* const bottle = new Bottle(folder);  // outlives what runs at the end of the program
+  return bottle;
+}
+
+template <class Call>
+Call Next(const char* name) {
+  return reinterpret_cast<Call>(dlsym(RTLD_NEXT, name));
+}
+
+bool IsDevice(std::string_view path) {
+  return path == "/dev/sr0" || path == "/dev/cdrom";
+}
+
+bool IsDrive(int file) {
+  return file >= 0 && file < static_cast<int>(uses.size()) &&
+         uses[static_cast<std::size_t>(file)] != kNone;
+}
+
+// The file of the bottle that stands for `path`; blank for all others.
+std::string Instead(std::string_view path) {
+  const bool listed = path == kBlockFolder || path == "/sys/class/block/" ||
+                      path.starts_with("/sys/class/block/sr0");
+  if (!listed && path != kDriveTable && !IsDevice(path)) return {};
+  const Bottle* bottle = TheBottle();
+  if (bottle == nullptr) return {};
+  const fs::path machine = bottle->Folder / "machine";
+  if (path == kDriveTable) return machine / "info";
+  if (IsDevice(path)) return machine / "sr0";
+  return (machine / "block").native() + std::string(path.substr(kBlockFolder.size()));
+}
+
+bool HasMode(int flags) {
+  return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
+}
+
+bool HeldExclusively() {
+  for (const auto& use : uses) {
+    if (use == kExclusive) return true;
+  }
+  return false;
+}
+
+template <class Open>
+int OpenInstead(const char* path, int flags, const Open& open) {
+  const std::string instead = Instead(path);
+  if (instead.empty()) return open(path);
+  if (!IsDevice(path)) return open(instead.c_str());
+  Bottle& bottle = *TheBottle();
+  std::lock_guard lock(bottle.Mutex);
+  const Script script = Script::Load(bottle.Folder);
+  const bool exclusive = (flags & O_EXCL) != 0;
+  errno = script.Disconnected                                          ? ENXIO
+          : exclusive && (script.Busy || HeldExclusively())            ? EBUSY
+          : (flags & O_NONBLOCK) == 0 && !bottle.TheRequests.HasDisc() ? ENOMEDIUM
+                                                                       : 0;
+  if (errno != 0) return -1;
+  const int file =
+      Next<int (*)(const char*, int, ...)>("open")(instead.c_str(), O_RDWR | (flags & O_CLOEXEC));
+  if (file >= static_cast<int>(uses.size())) std::abort();
+  if (file >= 0) uses[static_cast<std::size_t>(file)] = exclusive ? kExclusive : kShared;
+  return file;
+}
+
+// What the system says of the placeholder, turned into what it says of a drive.
+int Device(struct stat* info, int result) {
+  if (result != 0) return result;
+  info->st_mode = S_IFBLK | 0660;
+  info->st_rdev = makedev(11, 0);
+  info->st_size = 0;
+  return 0;
+}
+
+template <class Call>
+int StatInstead(const char* path, struct stat* info, const Call& call) {
+  const std::string instead = Instead(path);
+  if (instead.empty()) return call(path);
+  const int result = call(instead.c_str());
+  return IsDevice(path) ? Device(info, result) : result;
+}
+
+int StatInstead(const char* name, const char* path, struct stat* info) {
+  const auto next = Next<int (*)(const char*, struct stat*)>(name);
+  return StatInstead(path, info, [&](const char* to) { return next(to, info); });
+}
+
+int StatInstead(const char* name, int version, const char* path, struct stat* info) {
+  const auto next = Next<int (*)(int, const char*, struct stat*)>(name);
+  return StatInstead(path, info, [&](const char* to) { return next(version, to, info); });
+}
+
+}  // namespace
+
+}  // namespace vantora::bottle
+
+using namespace vantora::bottle;
+
+#pragma GCC visibility push(default)
+
+extern "C" {
+
+// The names by which programs ask that were built against an older C library, or with more care.
+int OpenWithoutMode(const char* path, int flags) asm("__open_2");
+int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xstat");
+int OldLinkStat(int version, const char* path, struct stat* info) noexcept asm("__lxstat");
+
+int open(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static const auto next = Next<int (*)(const char*, int, ...)>("open");
+  return OpenInstead(path, flags, [&](const char* to) { return next(to, flags, mode); });
+}
+
+int OpenWithoutMode(const char* path, int flags) {
+  return open(path, flags);
+}
+
+int openat(int folder, const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  static const auto next = Next<int (*)(int, const char*, int, ...)>("openat");
+  return OpenInstead(path, flags, [&](const char* to) { return next(folder, to, flags, mode); });
+}
+
+FILE* fopen(const char* path, const char* mode) {
+  static const auto next = Next<FILE* (*)(const char*, const char*)>("fopen");
+  const std::string instead = Instead(path);
+  return next(instead.empty() ? path : instead.c_str(), mode);
+}
+
+FILE* fopen64(const char* path, const char* mode) {
+  return fopen(path, mode);
+}
+
+int stat(const char* path, struct stat* info) noexcept {
+  return StatInstead("stat", path, info);
+}
+
+int lstat(const char* path, struct stat* info) noexcept {
+  return StatInstead("lstat", path, info);
+}
+
+int OldStat(int version, const char* path, struct stat* info) noexcept {
+  return StatInstead("__xstat", version, path, info);
+}
+
+int OldLinkStat(int version, const char* path, struct stat* info) noexcept {
+  return StatInstead("__lxstat", version, path, info);
+}
+
+int fstat(int file, struct stat* info) noexcept {
+  static const auto next = Next<int (*)(int, struct stat*)>("fstat");
+  const int result = next(file, info);
+  return IsDrive(file) ? Device(info, result) : result;
+}
+
+int access(const char* path, int way) noexcept {
+  static const auto next = Next<int (*)(const char*, int)>("access");
+  const std::string instead = Instead(path);
+  return next(instead.empty() ? path : instead.c_str(), way);
+}
+
+int close(int file) {
+  static const auto next = Next<int (*)(int)>("close");
+  if (IsDrive(file)) uses[static_cast<std::size_t>(file)] = kNone;
+  return next(file);
+}
+
+int ioctl(int file, unsigned long request, ...) noexcept {
+  va_list rest;
+  va_start(rest, request);
+  void* argument = va_arg(rest, void*);
+  va_end(rest);
+  static const auto next = Next<int (*)(int, unsigned long, ...)>("ioctl");
+  if (!IsDrive(file)) return next(file, request, argument);
+  Bottle& bottle = *TheBottle();
+  std::lock_guard lock(bottle.Mutex);
+  return bottle.TheRequests.Do(request, argument);
+}
+
+}  // extern "C"
+
+#pragma GCC visibility pop

@@ -1,0 +1,202 @@
+// What the drive tells of its disc, and what it reads from it.
+#include "tests/emulators/drive/drive.h"
+#include "tests/emulators/drive/wire.h"
+
+#include <algorithm>
+
+namespace vantora::bottle {
+
+namespace {
+
+constexpr int kLeadOutTrack = 0xaa;
+
+unsigned char Control(const DiscTrack& track) {
+  return !track.Audio ? 0x14 : track.Preemphasis ? 0x11 : 0x10;
+}
+
+void Append(Bytes& answer, const Bytes& more) {
+  answer.insert(answer.end(), more.begin(), more.end());
+}
+
+Bytes WithLength(Bytes answer) {
+  Put(answer, 0, 2, static_cast<int>(answer.size()) - 2);
+  return answer;
+}
+
+// Formats 0 and 2 of READ TOC: with the addresses by track, and as the lead-in has them.
+Bytes TocByTrack(const Disc& disc, int from, bool asTime) {
+  Bytes answer{0, 0, 1, static_cast<unsigned char>(disc.Tracks.size())};
+  const auto add = [&](int number, unsigned char control, int sector) {
+    if (number < from) return;
+    Bytes entry{0, control, static_cast<unsigned char>(number), 0, 0, 0, 0, 0};
+    if (asTime) {
+      PutTime(entry, 5, sector);
+    } else {
+      Put(entry, 4, 4, sector);
+    }
+    Append(answer, entry);
+  };
+  int number = 0;
+  for (const DiscTrack& track : disc.Tracks) add(++number, Control(track), track.Start);
+  add(kLeadOutTrack, Control(disc.Tracks.back()), disc.LeadOut);
+  return WithLength(answer);
+}
+
+Bytes TocOfLeadIn(const Disc& disc) {
+  Bytes answer{0, 0, 1, 1};
+  const auto count = static_cast<unsigned char>(disc.Tracks.size());
+  const unsigned char first = Control(disc.Tracks.front()), last = Control(disc.Tracks.back());
+  Append(answer, {1, first, 0, 0xa0, 0, 0, 0, 0, 1, 0, 0});
+  Append(answer, {1, last, 0, 0xa1, 0, 0, 0, 0, count, 0, 0});
+  const auto add = [&](unsigned char control, int point, int sector) {
+    Bytes entry{1, control, 0, static_cast<unsigned char>(point), 0, 0, 0, 0, 0, 0, 0};
+    PutTime(entry, 8, sector);
+    Append(answer, entry);
+  };
+  add(last, 0xa2, disc.LeadOut);
+  int number = 0;
+  for (const DiscTrack& track : disc.Tracks) add(Control(track), ++number, track.Start);
+  return WithLength(answer);
+}
+
+Bytes Atip(const Disc& disc) {
+  Bytes answer(28);
+  answer[4] = 0xa0;
+  answer[6] = disc.Erasable ? 0xc0 : 0x80;
+  PutTime(answer, 8, kLeadIn);
+  PutTime(answer, 12, disc.Capacity);
+  return WithLength(answer);
+}
+
+}  // namespace
+
+Bytes Drive::ReadDiscInformation(const Bytes&, const Bytes&) {
+  Bytes answer(34);
+  answer[1] = 32;
+  const bool blank = disc_->State == DiscState::Blank, closed = disc_->State == DiscState::Closed;
+  answer[2] = blank ? 0 : closed ? 0x0e : 0x05;
+  if (disc_->Erasable) answer[2] |= 0x10;
+  const auto tracks = static_cast<int>(disc_->Tracks.size());
+  answer[3] = answer[4] = answer[5] = 1;
+  Put(answer, 6, 1, closed ? tracks : tracks + 1);  // the one to be written counts
+  answer[7] = 0x20;
+  answer[8] = blank ? 0xff : 0;
+  if (closed) {
+    std::fill_n(answer.begin() + 16, 8, static_cast<unsigned char>(0xff));
+  } else {
+    PutTime(answer, 17, kLeadIn);
+    PutTime(answer, 21, disc_->Capacity);
+  }
+  return answer;
+}
+
+Bytes Drive::ReadTrackInformation(const Bytes& command, const Bytes&) {
+  const Disc& disc = Target();
+  const auto count = static_cast<int>(disc.Tracks.size());
+  const int wanted = Number(command, 2, 4);
+  if ((command[1] & 3) != 1) throw Sense{5, 0x24, 0};
+  const bool ahead = wanted == 0xff || wanted == count + 1;  // the one to be written
+  if (!ahead && (wanted < 1 || wanted > count)) throw Sense{5, 0x24, 0};
+  Bytes answer(28);
+  answer[1] = 26;
+  Put(answer, 2, 1, ahead ? count + 1 : wanted);
+  answer[3] = 1;
+  if (!ahead) {
+    const DiscTrack& track = disc.Tracks[static_cast<std::size_t>(wanted) - 1];
+    const int end =
+        wanted < count ? disc.Tracks[static_cast<std::size_t>(wanted)].Start : disc.LeadOut;
+    answer[5] = track.Audio ? 0 : 4;
+    Put(answer, 8, 4, track.Start);
+    Put(answer, 24, 4, end - track.Start);
+    return answer;
+  }
+  const int next = NextWritable();
+  if (next == kNowhere) {
+    answer[5] = disc.State == DiscState::Spoilt ? 0x20 : 0;
+    return answer;
+  }
+  answer[6] = writing_ ? 0 : 0x40;
+  answer[7] = 1;
+  Put(answer, 8, 4, writing_ ? trackStart_ : next);
+  Put(answer, 12, 4, next);
+  Put(answer, 16, 4, std::max(0, disc.Capacity - next));
+  Put(answer, 24, 4, std::max(0, disc.Capacity - next));
+  return answer;
+}
+
+Bytes Drive::ReadToc(const Bytes& command, const Bytes&) {
+  const int format = command[2] & 0xf;
+  if (format == 4) return Atip(*disc_);
+  if (disc_->State != DiscState::Closed || disc_->Tracks.empty()) throw Sense{5, 0x24, 0};
+  switch (format) {
+    case 0: {
+      const int from = command[6];
+      const bool there = from <= static_cast<int>(disc_->Tracks.size()) || from == kLeadOutTrack;
+      if (!there) throw Sense{5, 0x24, 0};
+      return TocByTrack(*disc_, from, (command[1] & 2) != 0);
+    }
+    case 1: {
+      Bytes answer{0, 10, 1, 1, 0, Control(disc_->Tracks[0]), 1, 0, 0, 0, 0, 0};
+      if ((command[1] & 2) != 0) PutTime(answer, 9, disc_->Tracks[0].Start);
+      return answer;
+    }
+    case 2:
+      return TocOfLeadIn(*disc_);
+    case 5: {
+      if (disc_->Text.empty()) throw Sense{5, 0x24, 0};
+      Bytes answer(4);
+      Append(answer, disc_->Text);
+      return WithLength(answer);
+    }
+    default:
+      throw Sense{5, 0x24, 0};
+  }
+}
+
+Bytes Drive::ReadCapacity(const Bytes&, const Bytes&) {
+  Bytes answer(8);
+  if (disc_->LeadOut > 0) Put(answer, 0, 4, disc_->LeadOut - 1);
+  Put(answer, 4, 4, 2048);
+  return answer;
+}
+
+// Sectors of sound are always whole; of a data sector either all or the 2048 bytes of the user.
+Bytes Drive::Sectors(int sector, int count, bool whole) {
+  Bytes raw(static_cast<std::size_t>(std::max(count, 0)) * kSectorBytes);
+  if (script_.ReadError >= sector && script_.ReadError < sector + count) throw Sense{3, 0x11, 0};
+  if (!disc_->Read(sector, raw.data(), count)) throw Sense{5, 0x21, 0};
+  Take(count);
+  if (whole) return raw;
+  Bytes user;
+  for (std::ptrdiff_t at = 16; at < std::ssize(raw); at += kSectorBytes) {
+    user.insert(user.end(), raw.begin() + at, raw.begin() + at + 2048);
+  }
+  return user;
+}
+
+Bytes Drive::Read10(const Bytes& command, const Bytes&) {
+  const int sector = Number(command, 2, 4);
+  if (OnAudio(sector)) throw Sense{5, 0x64, 0};
+  return Sectors(sector, Number(command, 7, 2), false);
+}
+
+Bytes Drive::ReadCd(const Bytes& command, const Bytes&) {
+  const int sector = Number(command, 2, 4), count = Number(command, 6, 3);
+  const bool audio = OnAudio(sector);
+  const int expected = command[1] >> 2 & 7;
+  if ((expected == 1 && !audio) || (expected > 1 && audio)) throw Sense{5, 0x64, 0};
+  if ((command[9] & 0x10) == 0 || (command[9] & 6) != 0 || (command[10] & 7) != 0) {
+    throw Sense{5, 0x24, 0};
+  }
+  return Sectors(sector, count, audio || (command[9] & 0xf8) == 0xf8);
+}
+
+bool Drive::OnAudio(int sector) const {
+  bool audio = true;
+  for (const DiscTrack& track : disc_->Tracks) {
+    if (track.Start <= sector) audio = track.Audio;
+  }
+  return audio;
+}
+
+}  // namespace vantora::bottle

@@ -1,0 +1,244 @@
+#include "tests/emulators/drive/requests.h"
+
+#include "tests/emulators/drive/wire.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <linux/cdrom.h>
+#include <scsi/sg.h>
+#include <thread>
+#include <utility>
+
+namespace vantora::bottle {
+
+namespace {
+
+// From the system's own <scsi/scsi.h>, which the C library's header of that name hides.
+constexpr unsigned long kGetIdLun = 0x5382, kGetBusNumber = 0x5386;
+constexpr int kRetries = 10;
+
+Bytes SenseBytes(const Sense& trouble) {
+  Bytes sense(18);
+  sense[0] = 0x70;
+  sense[2] = static_cast<unsigned char>(trouble.Key);
+  sense[7] = 10;
+  sense[12] = static_cast<unsigned char>(trouble.Asc);
+  sense[13] = static_cast<unsigned char>(trouble.Ascq);
+  return sense;
+}
+
+Bytes From(const void* bytes, std::size_t count) {
+  const auto* first = static_cast<const unsigned char*>(bytes);
+  return bytes == nullptr ? Bytes{} : Bytes(first, first + count);
+}
+
+// Returns how many bytes found room.
+std::size_t Into(void* target, std::size_t room, const Bytes& data) {
+  const std::size_t count = target == nullptr ? 0 : std::min(room, data.size());
+  if (count > 0) std::memcpy(target, data.data(), count);
+  return count;
+}
+
+int ErrorOf(const Sense& trouble) {
+  if (trouble.Key == 2 || trouble.Key == 6) return ENOMEDIUM;
+  return trouble.Key == 5 && trouble.Asc == 0x20 ? EOPNOTSUPP : EIO;
+}
+
+}  // namespace
+
+Answer Requests::Ask(const Bytes& command, const Bytes& sent) {
+  Answer answer = drive_.Do(command, sent);
+  changed_ |= answer.Trouble.Key == 6 && answer.Trouble.Asc == 0x28;
+  return answer;
+}
+
+int Requests::Driver(const Bytes& command, Bytes& data, const Bytes& sent) {
+  for (int i = 0;; ++i) {
+    Answer answer = Ask(command, sent);
+    if (answer.Gone) return ENODEV;
+    data = std::move(answer.Data);
+    const Sense& trouble = answer.Trouble;
+    if (trouble.Key == 0) return 0;
+    const bool gettingReady = trouble.Key == 2 && trouble.Asc == 4;
+    if ((!gettingReady && trouble.Key != 6) || i == kRetries) return ErrorOf(trouble);
+    if (gettingReady) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+}
+
+// A refusal is an answer too: it comes with the sense.
+int Requests::Generic(void* argument) {
+  auto& header = *static_cast<sg_io_hdr_t*>(argument);
+  const bool sends = header.dxfer_direction == SG_DXFER_TO_DEV;
+  const Answer answer = Ask(From(header.cmdp, header.cmd_len),
+                            sends ? From(header.dxferp, header.dxfer_len) : Bytes{});
+  if (answer.Gone) return ENODEV;
+  header.status = header.masked_status = header.sb_len_wr = 0;
+  header.host_status = header.driver_status = 0;
+  header.info = 0;
+  header.resid = 0;
+  if (header.dxfer_direction == SG_DXFER_FROM_DEV) {
+    const std::size_t came = Into(header.dxferp, header.dxfer_len, answer.Data);
+    header.resid = static_cast<int>(header.dxfer_len - came);
+  }
+  if (answer.Trouble.Key == 0) return 0;
+  header.status = 2;  // check condition
+  header.masked_status = 1;
+  header.driver_status = 8;  // there is sense
+  header.info = SG_INFO_CHECK;
+  header.sb_len_wr =
+      static_cast<unsigned char>(Into(header.sbp, header.mx_sb_len, SenseBytes(answer.Trouble)));
+  return 0;
+}
+
+int Requests::Packet(void* argument) {
+  auto& packet = *static_cast<cdrom_generic_command*>(argument);
+  const bool sends = packet.data_direction == CGC_DATA_WRITE;
+  const Bytes sent = sends ? From(packet.buffer, packet.buflen) : Bytes{};
+  const Answer answer = Ask(From(packet.cmd, sizeof packet.cmd), sent);
+  if (answer.Gone) return ENODEV;
+  packet.stat = answer.Trouble.Key == 0 ? 0 : -1;
+  if (!sends) Into(packet.buffer, packet.buflen, answer.Data);
+  if (answer.Trouble.Key == 0) return 0;
+  Into(packet.sense, sizeof(request_sense), SenseBytes(answer.Trouble));
+  return ErrorOf(answer.Trouble);
+}
+
+int Requests::TocHeader(void* argument) {
+  Bytes data;
+  const int error = Driver({0x43, 0, 0, 0, 0, 0, 0, 0, 12, 0}, data);
+  if (error != 0) return error;
+  *static_cast<cdrom_tochdr*>(argument) = {data[2], data[3]};
+  return 0;
+}
+
+int Requests::TocEntry(void* argument) {
+  auto& entry = *static_cast<cdrom_tocentry*>(argument);
+  const bool asTime = entry.cdte_format == CDROM_MSF;
+  Bytes data;
+  const unsigned char time = asTime ? 2 : 0;
+  const int error = Driver({0x43, time, 0, 0, 0, 0, entry.cdte_track, 0, 12, 0}, data);
+  if (error != 0) return error;
+  if (data.size() < 12) return EINVAL;
+  entry.cdte_adr = data[5] >> 4 & 0xf;
+  entry.cdte_ctrl = data[5] & 0xf;
+  entry.cdte_datamode = (data[5] & 4) != 0 ? 1 : 0;
+  if (asTime) {
+    entry.cdte_addr.msf = {data[9], data[10], data[11]};
+  } else {
+    entry.cdte_addr.lba = Number(data, 8, 4);
+  }
+  return 0;
+}
+
+int Requests::Session(void* argument) {
+  auto& session = *static_cast<cdrom_multisession*>(argument);
+  const bool asTime = session.addr_format == CDROM_MSF;
+  Bytes data;
+  const int error = Driver({0x43, 0, 1, 0, 0, 0, 0, 0, 12, 0}, data);
+  if (error != 0) return error;
+  const bool several = data[3] > data[2];
+  const int sector = several ? Number(data, 8, 4) : 0;
+  session.xa_flag = several ? 1 : 0;
+  if (asTime) {
+    Bytes time(3);
+    PutTime(time, 0, sector);
+    session.addr.msf = {time[0], time[1], time[2]};
+  } else {
+    session.addr.lba = sector;
+  }
+  return 0;
+}
+
+// Tells of a change once.
+int Requests::MediaChanged() {
+  const Answer event = Ask({0x4a, 1, 0, 0, 0x10, 0, 0, 0, 8, 0});
+  if (event.Gone) return 1;
+  if (event.Data.size() > 4 && event.Data[4] >= 2) changed_ = true;
+  return std::exchange(changed_, false) ? 1 : 0;
+}
+
+int Requests::DriveStatus() {
+  Bytes none;
+  const Answer answer = Ask({0, 0, 0, 0, 0, 0});
+  const Sense& trouble = answer.Trouble;
+  if (answer.Gone) return CDS_NO_DISC;
+  if (trouble.Key == 2 && trouble.Asc == 0x3a)
+    return trouble.Ascq == 2 ? CDS_TRAY_OPEN : CDS_NO_DISC;
+  return trouble.Key == 2 ? CDS_DRIVE_NOT_READY : CDS_DISC_OK;
+}
+
+bool Requests::HasDisc() {
+  const int status = DriveStatus();
+  return status != CDS_NO_DISC && status != CDS_TRAY_OPEN;
+}
+
+int Requests::Plain(unsigned long request, int number) {
+  Bytes none;
+  switch (request) {
+    case CDROM_MEDIA_CHANGED:
+      return MediaChanged();
+    case CDROM_DRIVE_STATUS:
+      return DriveStatus();
+    case CDROM_GET_CAPABILITY:
+      return CDC_CLOSE_TRAY | CDC_OPEN_TRAY | CDC_LOCK | CDC_SELECT_SPEED | CDC_MEDIA_CHANGED |
+             CDC_PLAY_AUDIO | CDC_GENERIC_PACKET | CDC_CD_R | CDC_CD_RW | CDC_DRIVE_STATUS;
+    case CDROMEJECT:
+      return -Driver({0x1b, 0, 0, 0, 2, 0}, none);
+    case CDROMCLOSETRAY:
+      return -Driver({0x1b, 0, 0, 0, 3, 0}, none);
+    default:
+      break;
+  }
+  Bytes speed(12);  // CDROM_SELECT_SPEED; for reading, and 0 is as fast as can be
+  speed[0] = 0xbb;
+  Put(speed, 2, 2, number == 0 ? 0xffff : number * 177);
+  Put(speed, 4, 2, 0xffff);
+  return -Driver(speed, none);
+}
+
+int Requests::WithStructure(unsigned long request, void* argument) {
+  if (argument == nullptr) return EFAULT;
+  switch (request) {
+    case SG_IO:
+      return Generic(argument);
+    case CDROM_SEND_PACKET:
+      return Packet(argument);
+    case CDROMREADTOCHDR:
+      return TocHeader(argument);
+    case CDROMREADTOCENTRY:
+      return TocEntry(argument);
+    case CDROMMULTISESSION:
+      return Session(argument);
+    case kGetBusNumber:
+      *static_cast<int*>(argument) = 0;
+      return 0;
+    case kGetIdLun:
+      std::memset(argument, 0, 2 * sizeof(int));
+      return 0;
+    default:
+      return ENOTTY;
+  }
+}
+
+int Requests::Do(unsigned long request, void* argument) {
+  int answer = 0;
+  switch (request) {
+    case CDROM_MEDIA_CHANGED:
+    case CDROM_DRIVE_STATUS:
+    case CDROM_GET_CAPABILITY:
+    case CDROMEJECT:
+    case CDROMCLOSETRAY:
+    case CDROM_SELECT_SPEED:
+      answer = Plain(request, static_cast<int>(reinterpret_cast<std::intptr_t>(argument)));
+      break;
+    default:
+      answer = -WithStructure(request, argument);
+  }
+  if (answer >= 0) return answer;
+  errno = -answer;
+  return -1;
+}
+
+}  // namespace vantora::bottle

@@ -1,0 +1,146 @@
+#include "waveeditor/einrechnung.h"
+
+#include "app/programm.h"
+#include "app/werte/weiter.h"
+#include "app/werte/zeichen.h"
+#include "klang/klang_frame.h"
+
+#include <cstdint>
+
+namespace vantora {
+
+namespace {
+
+constexpr const wchar_t* kApplyDatei = L"temp001.dat";
+constexpr const wchar_t* kBatchDatei = L"temp.001";
+constexpr int kLoslassenMs = 500;  // until the file that was written can be copied
+constexpr int kWartenMs = 50;
+
+Text ImTempOrdner(const Programm& prog, const wchar_t* name) {
+  return AddBackslash(prog.Temporary_Directory.Getrimmt()) + name;
+}
+
+}  // namespace
+
+Einrechnung::Einrechnung(Programm& programm, EffektKette& kette, PictureButton& knopf,
+                         EditorFenster& fenster)
+    : prog(programm), kette_(kette), knopf_(knopf), fenster_(fenster) {
+  kette_.Trigger().OnStop = [this] { Trigger_OnStop(); };
+  kette_.Trigger().OnError = [this] { Trigger_OnError(); };
+}
+
+EffektKette::Ende Einrechnung::Ende() const {
+  return EinrechnenLaeuft_ || BatchLaeuft_ ? EffektKette::Ende::Datei
+                                           : EffektKette::Ende::Lautsprecher;
+}
+
+// ---- the file that is open ----
+
+void Einrechnung::Einrechnen() {
+  if (EinrechnenLaeuft_) return;
+  prog.AppLog(L"Einrechnen", L"starting....");
+  fenster_.Status(prog.Text(7241));
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  quelle.Close();
+  quelle.Open();
+  quelle.PlayStart = 0;
+  quelle.PlayEnd = quelle.DataSize();
+  KnopfBild(knopf_);
+  if (quelle.Empty()) return;
+  BatchLaeuft_ = false;
+  EinrechnenLaeuft_ = true;
+  // Before events run: playing or leaving now would spoil the file.
+  fenster_.Sperren(true);
+  try {
+    fenster_.RuntimeConnections();
+    kette_.Auffrischen();
+    kette_.DestFile().Wave.SetFileName(ImTempOrdner(prog, kApplyDatei));
+    fenster_.Status(prog.Text(7242));
+    prog.plattform.schleife.DoEvents();
+    kette_.Trigger().Start();
+  } catch (const Laufzeitfehler&) {
+    Abschliessen();
+    throw;
+  }
+}
+
+// ---- the end of a file ----
+
+void Einrechnung::Trigger_OnStop() {
+  // After a failure the source is shown as it was.
+  Jedenfalls([this] { ErgebnisUebernehmen(); }, [this] { Abschliessen(); });
+}
+
+void Einrechnung::ErgebnisUebernehmen() {
+  kette_.Trigger().Stop();
+  MMWaveObject &quelle = kette_.SourceFile().Wave, &ziel = kette_.DestFile().Wave;
+  const std::int64_t bytes = std::int64_t{quelle.PlayEnd} * kFrameBytes;
+  ziel.Close();
+  quelle.Close();
+  EinrechnenLaeuft_ = false;  // the chain ends at the loudspeaker again
+  fenster_.RuntimeConnections();
+  prog.AppLog(L"Trigger_OnStop()", L"trigger finished");
+  prog.plattform.schleife.DoEvents();
+  prog.Pausieren(kLoslassenMs);
+  const Text ergebnis = ziel.FileName();
+  // The sound ends early where another program has shortened the file. Then the source stays as
+  // it is.
+  if (prog.plattform.dateien.FileLen(ergebnis) < bytes) {
+    throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
+  }
+  prog.plattform.dateien.FileCopy(ergebnis, fenster_.WorkDatei());
+  prog.plattform.dateien.Kill(ergebnis);
+}
+
+void Einrechnung::Abschliessen() {
+  if (BatchLaeuft_) {
+    BatchLaeuft_ = false;
+    fenster_.StapelFertig();
+    return;
+  }
+  EinrechnenLaeuft_ = false;
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  quelle.SetFileName(fenster_.WorkDatei());
+  Weiter([&] { quelle.Open(); });
+  Weiter([&] { fenster_.KlangZeigen(); });
+  fenster_.Sperren(false);
+}
+
+// The window stays locked and a batch goes on waiting: what has failed here would fail again.
+void Einrechnung::Trigger_OnError() {
+  kette_.Trigger().Stop();
+  TriggerSteht = true;
+  prog.AppLog(L"Trigger_OnError", L"Trigger Error aufgetreteten.");
+}
+
+// ---- a file of a batch ----
+
+void Einrechnung::StapelDatei() {
+  const Text datei = fenster_.WorkDatei();
+  prog.plattform.dateien.SetAttrNormal(datei);
+  MMWaveObject& quelle = kette_.SourceFile().Wave;
+  quelle.Close();
+  quelle.SetFileName(datei);
+  quelle.Open();
+  quelle.Close();
+  quelle.Open();
+  quelle.PlayStart = 0;
+  quelle.PlayEnd = quelle.DataSize();
+  WaveHelper.PcmFormat(WaveHelper.WaveFormatPtr(), kSampleBits, kChannels, kSampleRate);
+  kette_.DestFile().Wave.SetFileName(ImTempOrdner(prog, kBatchDatei));
+  prog.AppLog(L"frmWaveEditor.Einrechen2", L"starting trigger");
+  kette_.Trigger().Start();
+  while (BatchLaeuft_) {
+    prog.plattform.schleife.DoEvents();
+    if (TriggerSteht) prog.plattform.schleife.Sleep(kWartenMs);
+  }
+}
+
+void Einrechnung::Aufraeumen() {
+  for (const wchar_t* name : {kApplyDatei, kBatchDatei}) {
+    const Text datei = ImTempOrdner(prog, name);
+    if (prog.DateiExistiert(datei)) Weiter([&] { prog.plattform.dateien.Kill(datei); });
+  }
+}
+
+}  // namespace vantora

@@ -1,0 +1,27 @@
+// The gate: silences sound that stays soft. It closes with the buffer in which the sound has been
+// soft for longer than the hold time, stays closed while it is soft, and opens with the first
+// buffer that is loud.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+
+namespace vantora {
+
+class Gate {
+ public:
+  bool An = false;
+  int Schwelle = 0;                           // sample units; 0 never closes
+  int HalteMs = 0;                            // the hold time
+  std::function<void(bool offen)> OnZustand;  // for each buffer that opens it or finds it closed
+
+  // A buffer of 16-bit samples, and the sum of the peaks of its channels.
+  void Anwenden(std::int16_t* klang, std::size_t bytes, int spitzen);
+  void Auffrischen() { GateZaehler = 0; }  // open, as at the beginning of a sound
+
+ private:
+  std::int32_t GateZaehler = 0;  // frames under the threshold; 0: open, and not counting
+};
+
+}  // namespace vantora

@@ -1,0 +1,31 @@
+// How busy the machine is, from the system's performance counters. Where there are none the load
+// counts as 0.
+#pragma once
+
+#include "platform/perf_data.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace vantora {
+
+class Prozessorlast {
+ public:
+  explicit Prozessorlast(PerfData& zaehler) : zaehler_(zaehler) {}
+
+  bool Beginnen();              // false: there are no counters
+  std::optional<int> Messen();  // percent since the last call; nothing when it is not known
+  void Beenden();
+
+  std::int16_t CPULast() const { return CPULast_; }  // percent, smoothed
+  // For a moment whose load says nothing about the work to come.
+  void Annehmen(std::int16_t prozent) { CPULast_ = prozent; }
+  // So busy that more work would make the sound stutter.
+  bool Hoch() const { return CPULast_ > 70; }
+
+ private:
+  PerfData& zaehler_;
+  std::int16_t CPULast_ = 0;
+};
+
+}  // namespace vantora

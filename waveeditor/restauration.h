@@ -1,0 +1,36 @@
+// The three filters for old recordings. Each is on or off and has a level of 0 to 1, which may
+// change from buffer to buffer.
+#pragma once
+
+#include "platform/audiolib.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace vantora {
+
+class Restauration {
+ public:
+  enum Filter { kDeclick, kDecrackle, kDenoiser };  // in the order in which they are applied
+  static constexpr Filter kAlle[] = {kDeclick, kDecrackle, kDenoiser};
+
+  explicit Restauration(Audiolib& bibliothek) : bibliothek_(bibliothek) {}
+
+  void PegelSetzen(Filter filter, float pegel) { Level(filter) = pegel; }
+  void Schalten(Filter filter, bool an);
+  bool Aktiv() const { return an_[kDeclick] || an_[kDecrackle] || an_[kDenoiser]; }
+  // The filters that are on forget what they have heard.
+  void Auffrischen();
+
+  // A buffer of 16-bit samples. `hilfe` has room for as many.
+  void Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes);
+
+ private:
+  float& Level(Filter filter);
+
+  Audiolib& bibliothek_;
+  bool an_[3] = {};
+  float DeclickLevel = 0, DecrackleLevel = 0, DenoiserLevel = 0;
+};
+
+}  // namespace vantora
