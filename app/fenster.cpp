@@ -75,7 +75,7 @@ Text VtrFenster::LoadResString(int nummer) const {
 std::shared_ptr<VtrFenster> FensterPlatz::Holen() {
   if (fenster_) return fenster_;
   // The local pointer keeps the window alive, because a window may unload itself while it loads.
-  const std::shared_ptr<VtrFenster> bleibt = macher_(prog_);
+  std::shared_ptr<VtrFenster> bleibt = macher_(prog_);
   fenster_ = bleibt;
   bleibt->Form_Load();
   return bleibt;
@@ -87,7 +87,7 @@ void FensterPlatz::Entladen() {
   fenster_.reset();
   fenster->Form_Unload();
   prog_.plattform.schleife.Hide(*fenster);
-  prog_.Beisetzen(fenster);
+  prog_.Zuruecklegen(fenster);
 }
 
 void ToolTipsSetzen(Form& fenster) {

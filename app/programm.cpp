@@ -95,7 +95,7 @@ void Programm::Pausieren(int ms, const bool& solange) {
   if (solange) plattform.schleife.DoEvents();
 }
 
-void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
+void Programm::Zuruecklegen(std::shared_ptr<VtrFenster> fenster) {
   entladene_.push_back(std::move(fenster));
   if (entladene_.size() > kEntladeneFenster) entladene_.pop_front();
 }

@@ -113,7 +113,7 @@ struct Programm : Dienste,
   void Pausieren(int ms);
   void Pausieren(int ms, const bool& solange);  // ends early when `solange` becomes false
   // Keeps an unloaded window alive until no handler of it can be running any more.
-  void Beisetzen(std::shared_ptr<VtrFenster> fenster);
+  void Zuruecklegen(std::shared_ptr<VtrFenster> fenster);
 
   // Start-up results.
   vantora::Text AppPfad;

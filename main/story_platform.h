@@ -23,12 +23,12 @@
 namespace vantora {
 
 // The environment variable with the folder of an emulated drive.
-inline constexpr const char* kBottle = "VANTORA_BOTTLE";
+inline constexpr const char* kEmulatedDrive = "VANTORA_EMULATED_DRIVE";
 
 // The folders of a story. A story never uses real drives: it has no drives, or an emulated one.
 inline LinuxPlaces PlacesOfStory(const std::filesystem::path& home) {
   LinuxPlaces places = PlacesBelow(home);
-  if (std::getenv(kBottle) != nullptr) places.Optical = OpticalDrives(places.Sys);
+  if (std::getenv(kEmulatedDrive) != nullptr) places.Optical = OpticalDrives(places.Sys);
   return places;
 }
 

@@ -67,8 +67,8 @@ class StoryStage final : public RobotStage {
     for (const Text& name : Files().List(kTray, L"*.*")) Files().Kill(Text(kTray) + L"\\" + name);
   }
   WriterFaults& Writer() override { return Now().machine.writer.Faults; }
-  void Bottle(const std::string& script) override {
-    const char* folder = std::getenv(kBottle);
+  void DriveFaults(const std::string& script) override {
+    const char* folder = std::getenv(kEmulatedDrive);
     if (folder == nullptr) throw std::runtime_error("there is no emulated drive here");
     // The drive reads the file at every command, so the file is replaced as a whole.
     const std::filesystem::path file = std::filesystem::path(folder) / "script";

@@ -117,8 +117,8 @@ void Load(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   scene.Stage().Load(line.Numbers.empty() ? std::nullopt : std::optional<int>(line.Numbers[0]));
 }
 
-void Bottle(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
-  scene.Stage().Bottle(ToUtf8(line.Value));
+void DriveFaults(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.Stage().DriveFaults(ToUtf8(line.Value));
 }
 
 void LineIn(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
@@ -158,12 +158,12 @@ void Mixer(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
 
 CommandTable MachineCommands() {
   return {
-      {L"home", Home},       {L"screen", Screen},       {L"colours", Colours},
-      {L"sound", Sound},     {L"clock", ClockAt},       {L"setting", Setting},
-      {L"copy", Copy},       {L"makewave", MakeWave},   {L"makepicture", MakePicture},
-      {L"makemp3", MakeMp3}, {L"writefile", WriteFile}, {L"delete", Delete},
-      {L"disc", Disc},       {L"writer", Writer},       {L"load", Load},
-      {L"bottle", Bottle},   {L"linein", LineIn},       {L"mixer", Mixer},
+      {L"home", Home},         {L"screen", Screen},       {L"colours", Colours},
+      {L"sound", Sound},       {L"clock", ClockAt},       {L"setting", Setting},
+      {L"copy", Copy},         {L"makewave", MakeWave},   {L"makepicture", MakePicture},
+      {L"makemp3", MakeMp3},   {L"writefile", WriteFile}, {L"delete", Delete},
+      {L"disc", Disc},         {L"writer", Writer},       {L"load", Load},
+      {L"drive", DriveFaults}, {L"linein", LineIn},       {L"mixer", Mixer},
   };
 }
 

@@ -30,7 +30,7 @@ AREAS = {
     "cdinput": ("product_tests backend_tests vantora-robot cddb-server",
                 r"^(Cd.*|ClsCCd|Cddb.*|CDKopieren|CDPlayer.*|Datenbank.*|TitelHolen|Drive|Player|"
                 r"Playing|Reader|Room|Sheets|Import)\."),
-    "cdwriting": ("product_tests backend_tests bottle_tests vantora-robot",
+    "cdwriting": ("product_tests backend_tests drive_tests vantora-robot",
                   r"^(Brennen|BrennerListe|Burner|DiscPlan|DriveText|Fortschritt|CDKopieren|"
                   r"MedleyDisc|Neustart)\.|^DriveBurn\.ADiscAtOnce"),
     "sound": ("product_tests backend_tests vantora-robot",

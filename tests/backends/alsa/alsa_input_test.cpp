@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "backends/alsa/alsa_stream.h"
-#include "backends/alsa/capture_ring.h"
+#include "backends/alsa/input_queue.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/sound/chain/wave_in.h"
 #include "tests/backends/alsa/listener.h"
@@ -102,7 +102,7 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
 }
 
 TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
-  CaptureRing ring(2);
+  InputQueue ring(2);
   std::vector<std::int16_t> sound(1024 * 2);
   std::int64_t ticks = 0;
   const auto hear = [&](std::int16_t value, std::size_t frames, std::int64_t lost) {
@@ -130,7 +130,7 @@ TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
 }
 
 TEST(AlsaInput, WhatTheCardHeldBeforeASkipIsNotDeliveredAfterIt) {
-  CaptureRing ring(4);
+  InputQueue ring(4);
   const std::vector<std::int16_t> sound(1024 * 2);
   constexpr std::int64_t kPressed = 1000;
   ring.Skip(kPressed);

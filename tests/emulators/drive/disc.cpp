@@ -7,7 +7,7 @@
 #include <iterator>
 #include <string>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace fs = std::filesystem;
 
@@ -92,4 +92,4 @@ bool Disc::Read(int sector, unsigned char* bytes, int count) const {
   return true;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 using Bytes = std::vector<unsigned char>;
 
@@ -42,4 +42,4 @@ struct Disc {
   bool Read(int sector, unsigned char* bytes, int count) const;
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

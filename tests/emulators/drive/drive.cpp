@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 #include <thread>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace fs = std::filesystem;
 
@@ -184,7 +184,7 @@ Bytes Drive::RequestSense(const Bytes&, const Bytes&) {
 }
 
 Bytes Drive::Inquiry(const Bytes&, const Bytes&) {
-  constexpr char kNames[] = "BOTTLE  CD-RW 48X16X48  1.04";
+  constexpr char kNames[] = "EMULATEDCD-RW 48X16X48  1.04";
   Bytes answer(36);
   answer[0] = 5;
   answer[1] = 0x80;
@@ -340,4 +340,4 @@ Bytes Drive::ReadBufferCapacity(const Bytes&, const Bytes&) {
   return answer;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

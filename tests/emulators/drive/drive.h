@@ -16,7 +16,7 @@
 #include <optional>
 #include <string>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 struct Sense {
   int Key = 0, Asc = 0, Ascq = 0;  // key 0: success
@@ -108,4 +108,4 @@ class Drive {
   Bytes leadIn_;
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
@@ -199,4 +199,4 @@ bool Drive::OnAudio(int sector) const {
   return audio;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <fstream>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
@@ -164,4 +164,4 @@ Bytes Drive::Close(const Bytes& command, const Bytes& none) {
   return {};
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -11,7 +11,7 @@
 #include <thread>
 #include <utility>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
@@ -241,4 +241,4 @@ int Requests::Do(unsigned long request, void* argument) {
   return -1;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -4,7 +4,7 @@
 
 #include "tests/emulators/drive/drive.h"
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 class Requests {
  public:
@@ -32,4 +32,4 @@ class Requests {
   bool changed_ = false;
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -1,4 +1,4 @@
-// The state and the faults of the drive, from the file "script" in the bottle's folder. It is read
+// The state and the faults of the drive, from the file "script" in the drive's folder. It is read
 // again at every command, so that a test or a story can change it while the program runs. One entry
 // per line:
 //
@@ -25,7 +25,7 @@
 #include <filesystem>
 #include <string>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 struct Script {
   static constexpr int kNone = -1'000'000;  // not a sector, not even of a lead-in
@@ -40,4 +40,4 @@ struct Script {
   static Script Load(const std::filesystem::path& folder);
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

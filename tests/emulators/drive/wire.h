@@ -3,7 +3,7 @@
 
 #include "tests/emulators/drive/disc.h"
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 inline int Number(const Bytes& bytes, std::size_t at, std::size_t length) {
   unsigned number = 0;
@@ -36,4 +36,4 @@ inline int Time(const Bytes& bytes, std::size_t at) {
 
 constexpr int kLeadIn = -11'634;  // its first sector on a blank disc
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

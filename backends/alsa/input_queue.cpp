@@ -1,4 +1,4 @@
-#include "backends/alsa/capture_ring.h"
+#include "backends/alsa/input_queue.h"
 
 #include "platform/cd_sound.h"
 
@@ -7,8 +7,8 @@
 
 namespace vantora {
 
-bool CaptureRing::Append(const std::int16_t* sound, std::size_t frames, std::int64_t ticks,
-                         std::int64_t lostMs) {
+bool InputQueue::Append(const std::int16_t* sound, std::size_t frames, std::int64_t ticks,
+                        std::int64_t lostMs) {
   const std::lock_guard<std::mutex> lock(guard_);
   const std::size_t before = count_;
   part_.LostMs += lostMs;
@@ -26,7 +26,7 @@ bool CaptureRing::Append(const std::int16_t* sound, std::size_t frames, std::int
   return before == 0 && count_ > 0;
 }
 
-void CaptureRing::Store() {
+void InputQueue::Store() {
   constexpr auto kBufferFrames = static_cast<std::int64_t>(kFrames);
   if (part_.Ticks <= skipped_) {
     part_ = {};
@@ -43,12 +43,12 @@ void CaptureRing::Store() {
   part_ = {};
 }
 
-void CaptureRing::End() {
+void InputQueue::End() {
   const std::lock_guard<std::mutex> lock(guard_);
   ended_ = true;
 }
 
-bool CaptureRing::Next(CapturedSound& sound) {
+bool InputQueue::Next(CapturedSound& sound) {
   const std::lock_guard<std::mutex> lock(guard_);
   if (count_ == 0) return false;
   sound = ring_[first_];
@@ -57,14 +57,14 @@ bool CaptureRing::Next(CapturedSound& sound) {
   return true;
 }
 
-void CaptureRing::Skip(std::int64_t ticks) {
+void InputQueue::Skip(std::int64_t ticks) {
   const std::lock_guard<std::mutex> lock(guard_);
   skipped_ = ticks;
   count_ = 0;
   part_ = {};
 }
 
-bool CaptureRing::Gone() const {
+bool InputQueue::Gone() const {
   const std::lock_guard<std::mutex> lock(guard_);
   return ended_ && count_ == 0;
 }

@@ -1,4 +1,4 @@
-#include "backends/qt/desktop/qt_bus_knock.h"
+#include "backends/qt/desktop/qt_bus_probe.h"
 
 #include <QSocketNotifier>
 #include <QTimer>
@@ -27,7 +27,7 @@ QByteArray ValueOf(const QByteArray& address, const QByteArray& key) {
 
 }  // namespace
 
-QtBusKnock::QtBusKnock(const QByteArray& address, std::function<void()> answered)
+QtBusProbe::QtBusProbe(const QByteArray& address, std::function<void()> answered)
     : answered_(std::move(answered)), ear_(std::make_unique<QObject>()) {
   const QByteArray first = address.split(';').value(0);
   const QByteArray path = ValueOf(first, "path"), abstract = ValueOf(first, "abstract");
@@ -41,13 +41,13 @@ QtBusKnock::QtBusKnock(const QByteArray& address, std::function<void()> answered
   Knock(path.isEmpty() ? QByteArray(1, '\0') + abstract : path);
 }
 
-QtBusKnock::~QtBusKnock() {
+QtBusProbe::~QtBusProbe() {
   ear_.reset();
   if (socket_ >= 0) close(socket_);
 }
 
 // A bus that is dead or has no room for another connection is treated as one that does not answer.
-void QtBusKnock::Knock(const QByteArray& place) {
+void QtBusProbe::Knock(const QByteArray& place) {
   sockaddr_un to{};
   to.sun_family = AF_UNIX;
   if (static_cast<std::size_t>(place.size()) >= sizeof to.sun_path) return;

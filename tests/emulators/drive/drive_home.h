@@ -1,5 +1,5 @@
-// A test's bottle: the folder with the emulated drive's script, discs and log. The test program
-// must run with the bottle's library preloaded.
+// The folder of a test with the script, the discs and the log of the emulated drive. The test
+// program must run with the library of the emulated drive preloaded.
 #pragma once
 
 #include "tests/backends/linux/home.h"
@@ -9,10 +9,10 @@
 
 namespace vantora::test {
 
-class Bottle {
+class DriveHome {
  public:
-  Bottle() {
-    EXPECT_NE(std::getenv("LD_PRELOAD"), nullptr) << "run under libbottle.so";
+  DriveHome() {
+    EXPECT_NE(std::getenv("LD_PRELOAD"), nullptr) << "run under libemulated_drive.so";
     for (const auto& entry : fs::directory_iterator(Folder())) {
       if (entry.path().filename() != "machine") fs::remove_all(entry.path());
     }
@@ -22,7 +22,7 @@ class Bottle {
   // The library reads the folder once, so a process has only one.
   static const fs::path& Folder() {
     static const TempFolder folder;
-    static const int set = ::setenv("VANTORA_BOTTLE", folder().c_str(), 1);
+    static const int set = ::setenv("VANTORA_EMULATED_DRIVE", folder().c_str(), 1);
     static_cast<void>(set);
     return folder();
   }

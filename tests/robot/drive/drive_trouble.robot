@@ -5,7 +5,7 @@ setting Show_Start_Assistant 0
 setting Show_TAO_Message 0
 makewave C:\m\uno.wav 60 300
 # a drive that another program uses is not listed
-bottle busy
+drive busy
 start
 press frmHauptForm.imgLiedImport
 choose C:\m\uno.wav
@@ -15,7 +15,7 @@ expect frmCDBrennen.lstCDRecorder.Count == 1
 expect frmCDBrennen.lstCDRecorder(1) ~ "VANTORA IMAGE"
 # when it is free it is listed before the embedded writer; it has no disc, then one that is not
 # blank, and the user gives up
-bottle "disc none"
+drive "disc none"
 press frmCDBrennen.optTrackAtOnce
 press frmCDBrennen.imgBrennen
 expect frmCDBrennen.lstCDRecorder.Count == 2
@@ -23,7 +23,7 @@ expect-box ~ "CD virgen"
 answer 7
 expect-box ~ "La grabadora no está lista"
 answer 7
-bottle "disc comprado sold"
+drive "disc comprado sold"
 expect-box ~ "CD virgen"
 answer 7
 expect-box ~ "La grabadora no está lista"
@@ -31,7 +31,7 @@ answer 6
 expect-box ~ "Operación cancelada"
 answer 7
 # the medium fails in the middle
-bottle "disc malo" "write-error 2000"
+drive "disc malo" "write-error 2000"
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "199680"
@@ -41,10 +41,10 @@ expect-box ~ "Operación cancelada"
 answer 7
 expect-window frmCDBrennen
 # the drive refuses Disc At Once when it receives the cue sheet
-bottle "disc nuevo"
+drive "disc nuevo"
 press frmCDBrennen.optDiscAtOnce
 press frmCDBrennen.imgBrennen
-bottle "disc nuevo" no-sao
+drive "disc nuevo" no-sao
 answer 7
 expect-box ~ "DAO"
 answer 7
@@ -56,9 +56,9 @@ answer 7
 expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
-expect-file C:\bottle\nuevo\image.bin exists
+expect-file C:\drive\nuevo\image.bin exists
 # the user cancels
-bottle "disc largo" "pace 300"
+drive "disc largo" "pace 300"
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optTrackAtOnce
 after 8000 press frmSchreibFortschritt.imgAbbrechen
@@ -67,7 +67,7 @@ answer 7
 expect-box ~ "Operación cancelada"
 answer 7
 # the cable is unplugged
-bottle "disc otro" "disconnect-at 2500"
+drive "disc otro" "disconnect-at 2500"
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "ASPI"
@@ -94,13 +94,13 @@ expect-file "C:\Vantora\Discos\Disco 001.cue" exists
 # then the user selects the drive again, which is plugged in and has a good disc
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optTrackAtOnce
-bottle "disc bueno"
+drive "disc bueno"
 select frmCDBrennen.lstCDRecorder 2
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
-expect-file C:\bottle\bueno\image.bin exists
+expect-file C:\drive\bueno\image.bin exists
 expect-window frmHauptForm
 close

@@ -19,7 +19,7 @@ enum BurnFailure : int {
   kBurnUnexplained = 815,  // the write failed without a reason
 };
 
-class Complaints {
+class FailureLog {
  public:
   void Hear(const LibraryMessage& message);
   void Forget() { *this = {}; }

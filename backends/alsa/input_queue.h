@@ -12,9 +12,9 @@
 
 namespace vantora {
 
-class CaptureRing {
+class InputQueue {
  public:
-  explicit CaptureRing(std::size_t buffers) : ring_(buffers) {}
+  explicit InputQueue(std::size_t buffers) : ring_(buffers) {}
 
   // Called from the recording thread.
 

@@ -1,4 +1,4 @@
-#include "backends/burn/complaints.h"
+#include "backends/burn/failure_log.h"
 
 #include <array>
 #include <cstdio>
@@ -44,7 +44,7 @@ const wchar_t* Meaning(int key) {
 
 // Finds sense codes in, for example, "SCSI error on write(1024,27): [3 0C 00] Medium error. Write
 // error."
-std::optional<Complaints::Sense> Complaints::SenseIn(const std::string& words) {
+std::optional<FailureLog::Sense> FailureLog::SenseIn(const std::string& words) {
   for (std::size_t at = words.find('['); at != std::string::npos; at = words.find('[', at + 1)) {
     unsigned key = 0, asc = 0, ascq = 0;
     if (std::sscanf(&words[at], "[%1x %2x %2x]", &key, &asc, &ascq) == 3 && key != 0) {
@@ -54,7 +54,7 @@ std::optional<Complaints::Sense> Complaints::SenseIn(const std::string& words) {
   return std::nullopt;
 }
 
-void Complaints::Hear(const LibraryMessage& message) {
+void FailureLog::Hear(const LibraryMessage& message) {
   if (message.Code == kWriterEnded) ended_ = true;
   if (message.Code == kNoTransfer || message.Code == kConnectionLost) {
     lost_ = true;
@@ -75,7 +75,7 @@ void Complaints::Hear(const LibraryMessage& message) {
   }
 }
 
-BurnEvent Complaints::Event(int code) const {
+BurnEvent FailureLog::Event(int code) const {
   if (lost_) {
     return [error = lostErrno_](McdEvents& events) {
       if (events.MCD_ASPIEvent) events.MCD_ASPIEvent(error, L"Se ha perdido la grabadora");

@@ -10,14 +10,14 @@
 
 namespace vantora {
 
-class QtBusKnock {
+class QtBusProbe {
  public:
   // `answered` is called once, from an event, when the bus answers; never after the destruction. A
   // bus whose address is not a Unix socket is assumed to answer.
-  QtBusKnock(const QByteArray& address, std::function<void()> answered);
-  ~QtBusKnock();
-  QtBusKnock(const QtBusKnock&) = delete;
-  QtBusKnock& operator=(const QtBusKnock&) = delete;
+  QtBusProbe(const QByteArray& address, std::function<void()> answered);
+  ~QtBusProbe();
+  QtBusProbe(const QtBusProbe&) = delete;
+  QtBusProbe& operator=(const QtBusProbe&) = delete;
 
  private:
   void Knock(const QByteArray& place);

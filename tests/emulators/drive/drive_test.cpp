@@ -1,18 +1,17 @@
 // Reads discs in the emulated drive with libcdio, its paranoia reader and the back end above them.
-#include "tests/emulators/drive/bottle.h"
-
 #include "backends/cdio/de_emphasis.h"
 #include "backends/cdio/drive_disc.h"
 #include "backends/linux/linux_places.h"
 #include "tests/backends/cdio/tray.h"
+#include "tests/emulators/drive/drive_home.h"
 
 namespace vantora::test {
 
 namespace {
 
-class InTheBottle : public Tray {
+class InTheEmulatedDrive : public Tray {
  protected:
-  InTheBottle() {
+  InTheEmulatedDrive() {
     Machine[0].Device = "/dev/sr0";
     Machine[0].Product = L"CD-RW 48X16X48";
   }
@@ -28,15 +27,15 @@ class InTheBottle : public Tray {
     return read ? bytes : "";
   }
 
-  Bottle bottle;
+  DriveHome drive;
 };
 
 }  // namespace
 
-TEST_F(InTheBottle, ADiscLaidInByHandIsReadWithItsDataTrack) {
+TEST_F(InTheEmulatedDrive, ADiscLaidInByHandIsReadWithItsDataTrack) {
   const std::string image = Sound(900);
-  Put(bottle.Folder() / "disc/image.bin", image);
-  Put(bottle.Folder() / "disc/toc",
+  Put(drive.Folder() / "disc/image.bin", image);
+  Put(drive.Folder() / "disc/toc",
       "kind cd-r state closed track 0 audio track 400 data leadout 900\n");
   const auto disc = drives.Open(Machine[0]);
   ASSERT_TRUE(disc);
@@ -50,10 +49,10 @@ TEST_F(InTheBottle, ADiscLaidInByHandIsReadWithItsDataTrack) {
   EXPECT_EQ(Read(*disc, 400, 401, false), "") << "no sound";
 }
 
-TEST_F(InTheBottle, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis) {
+TEST_F(InTheEmulatedDrive, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis) {
   const std::string image = Sound(900);
-  Put(bottle.Folder() / "disc/image.bin", image);
-  Put(bottle.Folder() / "disc/toc",
+  Put(drive.Folder() / "disc/image.bin", image);
+  Put(drive.Folder() / "disc/toc",
       "kind cd-r state closed track 0 audio track 300 audio track 600 raised leadout 900\n");
   DiscReader reader(disk, loop, background, drives);
   const auto grab = [&](int track, int offset) {
@@ -75,44 +74,44 @@ TEST_F(InTheBottle, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis) {
   EXPECT_TRUE(grab(3, 6).starts_with(lowered.substr(kSector + 24)));
 }
 
-TEST_F(InTheBottle, FaultsOfReadingAreToldAndPassWithTheirCause) {
-  bottle.Say("disc comprado sold\n");
+TEST_F(InTheEmulatedDrive, FaultsOfReadingAreToldAndPassWithTheirCause) {
+  drive.Say("disc comprado sold\n");
   {
     const auto disc = drives.Open(Machine[0]);
     ASSERT_TRUE(disc);
   }
-  const std::string image = bottle.Image("comprado");
+  const std::string image = drive.Image("comprado");
   DiscReader reader(disk, loop, background, drives);
   int complete = 0, failures = 0;
   reader.Events.ACD_ReadComplete = [&] { ++complete; };
   reader.Events.ACD_Failure = [&](int, const Text&) { ++failures; };
   reader.SelectDevice(1);
-  bottle.Say("disc comprado sold\nread-error 411\n");
+  drive.Say("disc comprado sold\nread-error 411\n");
   ASSERT_EQ(reader.ReadTrack(2, L"C:\\a.wav"), 0);
   loop.Pass(60'000);
   EXPECT_EQ(failures, 1);
   EXPECT_EQ(complete, 0);
-  bottle.Say("disc comprado sold\n");
+  drive.Say("disc comprado sold\n");
   reader.RetryRead();
   loop.Pass(60'000);
   EXPECT_EQ(complete, 1);
   EXPECT_TRUE(File("a.wav") == Wave(Part(image, 300, 600)));
 }
 
-TEST_F(InTheBottle, AnotherDiscIsNoticedAndReadAfterItsDriveIsReady) {
-  bottle.Say("disc comprado sold\n");
+TEST_F(InTheEmulatedDrive, AnotherDiscIsNoticedAndReadAfterItsDriveIsReady) {
+  drive.Say("disc comprado sold\n");
   const auto disc = drives.Open(Machine[0]);
   ASSERT_TRUE(disc);
   EXPECT_TRUE(disc->StillThere());
   EXPECT_TRUE(disc->StillThere());
-  bottle.Say("disc none\n");
+  drive.Say("disc none\n");
   EXPECT_FALSE(disc->StillThere());
   EXPECT_FALSE(drives.Open(Machine[0]));
-  bottle.Say("disc segundo sold\ngetting-ready 4\n");
+  drive.Say("disc segundo sold\ngetting-ready 4\n");
   const auto second = drives.Open(Machine[0]);
   ASSERT_TRUE(second);
   EXPECT_TRUE(second->StillThere());
-  bottle.Say("disconnected\n");
+  drive.Say("disconnected\n");
   EXPECT_FALSE(second->StillThere());
   EXPECT_EQ(Read(*second, 0, 5, false), "");
 }

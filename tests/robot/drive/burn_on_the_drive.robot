@@ -1,5 +1,5 @@
 # A user makes an audio CD on an emulated drive, listens to the disc and saves a track of it: the
-# file equals the original byte by byte. The discs of the drive are in C:\bottle.
+# file equals the original byte by byte. The discs of the drive are in C:\drive.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -48,7 +48,7 @@ expect frmDatenbank.lblVorhandeneCDNum.Caption == 1
 expect frmDatenbank.lblVorhandeneTitelNum.Caption == 2
 key frmDatenbank Escape
 # a second disc, Track At Once, as a simulation: the blank disc stays blank
-bottle "disc otro"
+drive "disc otro"
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optTrackAtOnce
 press frmCDBrennen.chkSimulation
@@ -56,7 +56,7 @@ press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Finalizó la simulación"
 answer 7
-expect-file C:\bottle\otro\image.bin missing
+expect-file C:\drive\otro\image.bin missing
 expect-window frmCDBrennen
 press frmCDBrennen.chkSimulation
 press frmCDBrennen.imgBrennen
