@@ -103,7 +103,7 @@ void Expect(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   Check(ToUtf8(line.Words.front().Content), ReadTarget(scene, *line.Subject), line);
 }
 
-void ExpectBox(RobotScene& scene, const ScriptLine& line, Form* front) {
+void ExpectBox(RobotScene& /*scene*/, const ScriptLine& line, Form* front) {
   const std::optional<Text> said = TextOfBox(front);
   if (!said) {
     throw Unreachable("a message box with " + Quoted(line.Value) + " was to be in front, it is " +
@@ -112,7 +112,7 @@ void ExpectBox(RobotScene& scene, const ScriptLine& line, Form* front) {
   Check("the message box", *said, line);
 }
 
-void ExpectWindow(RobotScene& scene, const ScriptLine& line, Form* front) {
+void ExpectWindow(RobotScene& /*scene*/, const ScriptLine& line, Form* front) {
   const Text& wanted = line.Subject->Form;
   if (front != nullptr && front->Name == wanted) return;
   throw Unreachable(ToUtf8(wanted) + " was to be in front, it is " + Describe(front));
