@@ -124,7 +124,7 @@ void HeadlessHands::Twice(Control& control) {
 // The program may turn in the handler of the press until the button is let go, so the release is on
 // its way before.
 void HeadlessHands::Click(Control& control, int button) {
-  if (button == kLeftButton && control.MouseDown) return KeepDown(control, 0);
+  if (control.MouseDown) return KeepDown(control, 0, button);
   Down(control, button);
   Up(control, button, true);
 }
@@ -132,17 +132,17 @@ void HeadlessHands::Click(Control& control, int button) {
 void HeadlessHands::Hold(Control& control, int ms) {
   Reach(control);
   PointAtMiddle(control);
-  KeepDown(control, ms);
+  KeepDown(control, ms, kLeftButton);
 }
 
-void HeadlessHands::KeepDown(Control& control, int ms) {
+void HeadlessHands::KeepDown(Control& control, int ms, int button) {
   ++held_;
   const int others = held_ - 1;
-  loop_.PostAfter(ms, [this, &control] {
+  loop_.PostAfter(ms, [this, &control, button] {
     --held_;
-    Up(control, kLeftButton, true);
+    Up(control, button, true);
   });
-  Down(control, kLeftButton);
+  Down(control, button);
   while (held_ > others && !loop_.Ended()) loop_.Pass(ms == 0 ? 0 : 1);
 }
 

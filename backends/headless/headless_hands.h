@@ -42,7 +42,7 @@ class HeadlessHands final : public Hands {
   // The mouse.
   void Click(Control& control, int button);
   void Twice(Control& control);
-  void KeepDown(Control& control, int ms);
+  void KeepDown(Control& control, int ms, int button);
   void Down(Control& control, int button);
   void Up(Control& control, int button, bool inside);
   void Own(Control& control);

@@ -61,8 +61,8 @@ void HeadlessHands::ClickRow(Control& control, int row, bool toggles) {
 void HeadlessHands::Select(Control& control, const std::vector<int>& rows) {
   Reach(control);
   CheckRows(control, rows);
-  loop_.SetFocus(control);
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+    loop_.SetFocus(control);
     combo->ListIndex = rows.front() - 1;
     return Call(control, control.Click);
   }

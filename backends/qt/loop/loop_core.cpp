@@ -201,8 +201,26 @@ void QtEventLoop::Core::ComeForward(Form& form) {
   FormWindow* window = WindowOf(form);
   if (window == nullptr) return;
   if (window->isMinimized() && !model_->Minimized(form)) window->Restore();
-  if (QGuiApplication::platformName() != QLatin1String("offscreen")) window->raise();
+  if (!IsUnseen()) window->raise();
   window->activateWindow();
+}
+
+bool QtEventLoop::Core::IsUnseen() {
+  return QGuiApplication::platformName() == QLatin1String("offscreen");
+}
+
+// On a screen that nobody sees no window manager activates the window below a menu or a list that has
+// closed.
+void QtEventLoop::Core::KeepActive() {
+  if (!IsUnseen() || QApplication::activePopupWidget() != nullptr) return;
+  const Form* front = model_->Front();
+  FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
+  if (window != nullptr && !window->isActiveWindow()) window->activateWindow();
+}
+
+void QtEventLoop::Core::TurnEnds() {
+  Bury();
+  KeepActive();
 }
 
 void QtEventLoop::Core::FollowActivation() {

@@ -3,6 +3,7 @@
 #include "backends/qt/look/look.h"
 #include "backends/qt/loop/keys.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
@@ -264,7 +265,10 @@ void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
   const bool in = event.type() == QEvent::FocusIn;
   Control* changed = face.control();
   if (changed == nullptr || reason == Qt::PopupFocusReason) return;
-  if (!in && reason == Qt::ActiveWindowFocusReason) return;
+  // The list of a combo box that drops down is part of the box.
+  const bool away =
+      reason == Qt::ActiveWindowFocusReason || QApplication::activePopupWidget() != nullptr;
+  if (!in && away) return;
   const auto report = [in, changed, self = QPointer<FormWindow>(this)] {
     if (self == nullptr || self->FaceOf(*changed) == nullptr) return;
     const Counted busy(self->busy_);
