@@ -1,12 +1,14 @@
-// Hands without a screen: they change the model and call the handlers in the order in which real
-// widgets do. Everything happens before the call returns; a handler that opens a modal window keeps
-// the call until the window has gone.
+// Hands without a screen. They change the controls and call the handlers in the same order as real
+// widgets. Every action is complete when the call returns; a handler that opens a modal window
+// keeps the call until that window has closed.
 #pragma once
 
 #include "backends/forms/keys.h"
 #include "backends/headless/headless_loop.h"
 
 #include "platform/hands.h"
+
+#include <map>
 
 namespace vantora {
 
@@ -70,11 +72,12 @@ class HeadlessHands final : public Hands {
   void MoveFocus(Form& form, bool back);
 
   HeadlessLoop& loop_;
-  bool shift_ = false;                // held while the mouse presses
-  int held_ = 0;                      // controls that are still to be let go
-  int row_ = 0;                       // of a list, where the mouse is; 0 for none
-  const Control* marked_ = nullptr;   // the text box whose whole text is marked
-  const Control* keyHeld_ = nullptr;  // the button that the space bar holds down
+  bool shift_ = false;                     // held while the mouse presses
+  int held_ = 0;                           // controls that are still to be let go
+  int row_ = 0;                            // of a list, where the mouse is; 0 for none
+  std::map<const Control*, int> current_;  // the row that a table stands on
+  const Control* marked_ = nullptr;        // the text box whose whole text is marked
+  const Control* keyHeld_ = nullptr;       // the button that the space bar holds down
 };
 
 }  // namespace vantora
