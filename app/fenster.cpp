@@ -72,6 +72,24 @@ Text VtrFenster::LoadResString(int nummer) const {
   return prog.Text(nummer);
 }
 
+std::shared_ptr<VtrFenster> FensterPlatz::Holen() {
+  if (fenster_) return fenster_;
+  // The local pointer keeps the window alive, because a window may unload itself while it loads.
+  std::shared_ptr<VtrFenster> bleibt = macher_(prog_);
+  fenster_ = bleibt;
+  bleibt->Form_Load();
+  return bleibt;
+}
+
+void FensterPlatz::Entladen() {
+  if (!fenster_) return;
+  const std::shared_ptr<VtrFenster> fenster = std::move(fenster_);
+  fenster_.reset();
+  fenster->Form_Unload();
+  prog_.plattform.schleife.Hide(*fenster);
+  prog_.Zuruecklegen(fenster);
+}
+
 void ToolTipsSetzen(Form& fenster) {
   const Text kLeer = L"--";
   for (Control* control : fenster.Controls) {

@@ -47,30 +47,34 @@ void MitteSetzen(Programm& prog, Form& fenster);
 // Shows the released picture of a button.
 void KnopfBild(PictureButton& ziel);
 
-// Holds a window. The window is loaded at its first use, and loaded anew after it was unloaded.
-template <typename W>
-class Fenster {
+// Holds a window. The window is loaded at its first use, and loaded anew after it was unloaded. It
+// may stand on a higher level, so this class knows it only by the function that makes it.
+class FensterPlatz {
  public:
-  explicit Fenster(Programm& programm) : prog_(programm) {}
+  using Macher = std::shared_ptr<VtrFenster> (*)(Programm&);
 
-  W& operator()() { return *Laden(); }
+  explicit FensterPlatz(Programm& programm) : prog_(programm) {}
+
+  void MacherSetzen(Macher macher) { macher_ = macher; }
   bool Geladen() const { return fenster_ != nullptr; }
-  std::shared_ptr<W> Laden() {
-    if (!fenster_) {
-      fenster_ = std::make_shared<W>(prog_);
-      // The local pointer keeps the window alive, because a window may unload itself while it
-      // loads.
-      std::shared_ptr<W> bleibt = fenster_;
-      bleibt->Form_Load();
-      return bleibt;
-    }
-    return fenster_;
-  }
+  std::shared_ptr<VtrFenster> Holen();  // loads the window if needed
   void Entladen();
 
  private:
   Programm& prog_;
-  std::shared_ptr<W> fenster_;
+  Macher macher_ = nullptr;
+  std::shared_ptr<VtrFenster> fenster_;
+};
+
+// Holds a window of a known type, for callers that may include the window's header. The maker of a
+// `Fenster<W>` makes a W.
+template <typename W>
+class Fenster : public FensterPlatz {
+ public:
+  using FensterPlatz::FensterPlatz;
+
+  W& operator()() { return *Laden(); }
+  std::shared_ptr<W> Laden() { return std::static_pointer_cast<W>(Holen()); }
 };
 
 }  // namespace vantora

@@ -1,7 +1,6 @@
 #include "app/frmStartUp.h"
 
 #include "app/programm.h"
-#include "catalog/frmHauptForm.h"
 
 #include "platform/twips.h"
 
@@ -38,7 +37,7 @@ void frmStartUp::Form_Load() {
   MitteSetzen(prog, *this);
   prog.Zeigen(*this);
   schleife.DoEvents();
-  prog.frmHauptForm();
+  prog.Katalogfenster();  // loads it
   prog.frmStartUp.Entladen();
   schleife.MousePointer(Pointer::Normal);
 }

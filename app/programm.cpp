@@ -1,30 +1,11 @@
 #include "app/programm.h"
 
-#include "app/frmAbout.h"
+#include "app/frmKomponenten.h"
 #include "app/frmMBox.h"
 #include "app/frmStartUp.h"
+#include "app/katalog_dienst.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "catalog/frmHauptForm.h"
-#include "catalog/frmLiedAusKatalog.h"
-#include "cdinput/frmCDPlayer.h"
-#include "cdinput/frmKomponenten.h"
-#include "cdwriting/frmCDBrennen.h"
-#include "cdwriting/frmSchreibFortschritt.h"
-#include "cover/frmPrint.h"
-#include "cover/frmPrintStart.h"
-#include "dialogs/frmDrucken.h"
-#include "dialogs/frmFarbe.h"
-#include "dialogs/frmLoadSave.h"
-#include "dialogs/frmNeuerInterpret.h"
-#include "dialogs/frmSchrift.h"
-#include "dialogs/frmStartAssistent.h"
-#include "medley/frmBeatCounter.h"
-#include "medley/frmMedley.h"
-#include "mixer/frmMixer.h"
-#include "recorder/frmAufnehmen.h"
-#include "waveeditor/frmSpektrum.h"
-#include "waveeditor/frmWaveEditor.h"
 
 #include <optional>
 
@@ -51,7 +32,8 @@ constexpr KomponentenVersion kKomponenten[] = {
 
 }  // namespace
 
-Programm::Programm(Plattform& dienste) : Dienste(dienste) {
+Programm::Programm(Plattform& dienste, Fenstermacher fenster) : Dienste(dienste) {
+  fenster(*this);
   plattform.schleife.OnError = [this](const Laufzeitfehler& fehler) { FehlerMelden(fehler); };
   plattform.einstellungen.OnUnwritable = [this](const vantora::Text& datei,
                                                 const Laufzeitfehler& grund) {
@@ -69,7 +51,7 @@ bool Programm::Laufen() {
   schleife.Dispatch([this] { frmStartUp(); });
   if (schleife.Ended()) return true;
   // Without the main window the user could not end the program, so the loop is not started.
-  if (!frmHauptForm.Geladen() || !frmHauptForm().Visible()) return false;
+  if (!frmHauptForm.Geladen() || !Katalogfenster().Sichtbar()) return false;
   try {
     schleife.Run();
   } catch (const ProgrammEnde&) {
@@ -113,7 +95,7 @@ void Programm::Pausieren(int ms, const bool& solange) {
   if (solange) plattform.schleife.DoEvents();
 }
 
-void Programm::Beisetzen(std::shared_ptr<VtrFenster> fenster) {
+void Programm::Zuruecklegen(std::shared_ptr<VtrFenster> fenster) {
   entladene_.push_back(std::move(fenster));
   if (entladene_.size() > kEntladeneFenster) entladene_.pop_front();
 }
@@ -133,6 +115,19 @@ void Programm::FehlerMelden(const Laufzeitfehler& fehler) {
     // The program's message box needs the texts, so the system's box reports that they are missing.
     plattform.schleife.SystemBox(was, kStopp, L"Vantora");
   }
+}
+
+// The printer's failure has a sentence of its own; what went wrong with a file comes in the words
+// of the error.
+void Programm::DruckFehlerMelden(const Laufzeitfehler& fehler) {
+  if (fehler.Nummer == kFehlerAbbruch) return;
+  FehlerVermerken(fehler.Grund.empty() ? fehler.Beschreibung : fehler.Grund);
+  MsgBoxen(fehler.Nummer == kFehlerDrucker ? Text(30156) : Text(30157) + fehler.Beschreibung + L".",
+           kHinweis);
+}
+
+void Programm::BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler) {
+  MsgBoxen(datei + kZeilenEnde + fehler.Beschreibung + L".", kHinweis);
 }
 
 void Programm::FehlerVermerken(const vantora::Text& was) {
@@ -164,7 +159,7 @@ void Programm::VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade) {
 }
 
 KatalogDienst& Programm::Katalogfenster() {
-  return frmHauptForm();
+  return dynamic_cast<KatalogDienst&>(*frmHauptForm.Holen());
 }
 
 void Programm::LoadLastDir() {
@@ -222,7 +217,7 @@ void Programm::ProgrammBeenden(bool ohneFrage) {
       return;
     }
   }
-  frmHauptForm().Window.Enabled = false;  // nothing new may begin during the farewell
+  Katalogfenster().FreiSetzen(false);  // nothing new may begin during the farewell
   AppLog(kOrt, L"1");
   schleife.DoEvents();
   Warten(kAbschiedSekunden);
@@ -238,7 +233,7 @@ void Programm::ProgrammBeenden(bool ohneFrage) {
   schleife.DoEvents();  // shows the message about settings that could not be written
   komponenten.CD_Close();
   AppLog(kOrt, L"Save RegistryParameter ...");
-  frmHauptForm().PlayWaveNormal(L"");
+  Katalogfenster().PlayWaveNormal(L"");
   // The display mode was never changed, so none is restored.
   AppLog(kOrt, L"ChangeResolution");
   AppLog(kOrt, L"AniCursorAus");

@@ -58,32 +58,6 @@ enum MeldungsArt : int {
 };
 enum Antwort : int { kJa = 6, kNein = 7 };
 
-// The kinds of files that the file dialog asks for.
-enum DateiTyp : int {
-  kTypKatalog = 1,
-  kTypWave = 2,
-  kTypMusik = 3,
-  kTypAufnahme = 4,
-  kTypBild = 5,
-  kTypPdf = 6,
-};
-enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
-
-// Flags of the dialogs for fonts, colours and printing; only those in use.
-enum DialogFlags : int {
-  kSchriftFuerBeide = 3,  // fonts of the screen and of the printer
-  kFarbeAnzeigen = 4,
-  kDruckerWaehlen = 18,
-};
-
-// The font that the font dialog starts with, and the font that was chosen.
-struct Schriftart {
-  Text Name;
-  int Groesse = 10;  // points
-  bool Fett = false, Kursiv = false;
-  bool operator==(const Schriftart&) const = default;
-};
-
 struct Programm : Dienste,
                   Einstellungen,
                   KatalogZustand,
@@ -95,7 +69,10 @@ struct Programm : Dienste,
                   MedleyZustand,
                   CoverZustand,
                   SchlagZustand {
-  explicit Programm(Plattform& dienste);
+  // Sets the makers of all windows.
+  using Fenstermacher = void (*)(Programm&);
+
+  Programm(Plattform& dienste, Fenstermacher fenster);
   ~Programm();
   Programm(const Programm&) = delete;
   Programm& operator=(const Programm&) = delete;
@@ -110,21 +87,11 @@ struct Programm : Dienste,
   int MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
                bool nichtMehrZeigen = false);
 
-  // Runs the file dialog; its result stands in the fields of `DialogFelder`.
-  void DateiHolen(int typ, int modus, const vantora::Text& vorschlag = {});
-
-  // The font dialog and the colour dialog. When they are cancelled, they change nothing and return
-  // false. A blank title stands for the dialog's own title.
-  bool SchriftHolen(Schriftart& schrift, int flags = kSchriftFuerBeide);
-  bool FarbeHolen(const vantora::Text& titel, Color& farbe, int flags = kFarbeAnzeigen);
-  // The print dialog sets the printer, the number of copies and the file. When it is cancelled, it
-  // raises kFehlerAbbruch. The user is asked before an existing file is replaced.
-  void DruckerHolen(int flags = kDruckerWaehlen);
   // Report in the program's words why a print job failed, or why a picture could not be read.
   void DruckFehlerMelden(const Laufzeitfehler& fehler);
   void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
 
-  // The main window, through the interface for lower windows.
+  // The main window, through the interface for lower windows. Loads the window if needed.
   KatalogDienst& Katalogfenster();
 
   void LoadLastDir();
@@ -146,7 +113,7 @@ struct Programm : Dienste,
   void Pausieren(int ms);
   void Pausieren(int ms, const bool& solange);  // ends early when `solange` becomes false
   // Keeps an unloaded window alive until no handler of it can be running any more.
-  void Beisetzen(std::shared_ptr<VtrFenster> fenster);
+  void Zuruecklegen(std::shared_ptr<VtrFenster> fenster);
 
   // Start-up results.
   vantora::Text AppPfad;
@@ -188,15 +155,5 @@ struct Programm : Dienste,
 
   std::deque<std::shared_ptr<VtrFenster>> entladene_;
 };
-
-template <typename W>
-void Fenster<W>::Entladen() {
-  if (!fenster_) return;
-  const std::shared_ptr<W> fenster = std::move(fenster_);
-  fenster_.reset();
-  fenster->Form_Unload();
-  prog_.plattform.schleife.Hide(*fenster);
-  prog_.Beisetzen(fenster);
-}
 
 }  // namespace vantora

@@ -7,6 +7,7 @@
 #include "bench/plain_file.h"
 #include "bench/stage.h"
 #include "main/headless_platform.h"
+#include "main/windows.h"
 #include "medley/ueberblendung.h"
 
 #include <cstdlib>
@@ -24,7 +25,7 @@ constexpr double kSlideEnd = 125.0 / 120 * 25;
 
 // Two rows of a medley in a program that shows no window.
 struct Desk {
-  explicit Desk(const fs::path& home) : platform(home), prog(platform.bundle) {
+  explicit Desk(const fs::path& home) : platform(home), prog(platform.bundle, AllWindows) {
     prog.Temporary_Directory = L"C:\\Temp\\";
     prog.Medley.resize(2);
     prog.Medley[0].Datei = L"C:\\a.wav";

@@ -4,6 +4,7 @@
 #include "app/einstellungen.h"
 #include "app/programm.h"
 #include "main/machine.h"
+#include "main/windows.h"
 
 #include <chrono>
 #include <cstdio>
@@ -21,7 +22,8 @@ inline double Milliseconds(BenchTime::time_point from, BenchTime::time_point to)
 
 template <class Platform>
 struct Stage final : User {
-  explicit Stage(const std::filesystem::path& home) : platform(home), prog(platform.bundle) {
+  explicit Stage(const std::filesystem::path& home)
+      : platform(home), prog(platform.bundle, AllWindows) {
     platform.loop.TheUser = this;
     SaveSetting(platform.bundle, L"Show_Start_Assistant", L"0");
   }

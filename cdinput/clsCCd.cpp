@@ -1,8 +1,8 @@
 #include "cdinput/clsCCd.h"
 
+#include "app/frmKomponenten.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "cdinput/frmKomponenten.h"
 
 #include "platform/cd_sound.h"
 

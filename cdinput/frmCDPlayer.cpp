@@ -1,11 +1,11 @@
 #include "cdinput/frmCDPlayer.h"
 
+#include "app/frmKomponenten.h"
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "catalog/frmHauptForm.h"
 #include "cdinput/clsCCd.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"
 #include "cdwriting/fortschritt.h"
 
@@ -445,11 +445,11 @@ void frmCDPlayer::tmrCDAudio_Timer() {
 void frmCDPlayer::imgSchliessen_MouseUp() {
   tmrCDAudio.Enabled = false;
   Komponenten().CD_Close();
-  vantora::frmHauptForm& haupt = prog.frmHauptForm();
-  haupt.Window.Enabled = true;
+  KatalogDienst& haupt = prog.Katalogfenster();
+  haupt.FreiSetzen(true);
   prog.frmCDPlayer.Entladen();
   haupt.KatalogShow();
-  prog.plattform.schleife.SetFocus(haupt.lvwKatalog);
+  haupt.FokusAufListe();
 }
 
 }  // namespace vantora

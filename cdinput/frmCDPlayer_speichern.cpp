@@ -1,10 +1,10 @@
 // Saving the selected tracks: their file names, the free space, and the files to replace.
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
 #include "cdinput/frmCDPlayer.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdinput/grab_lauf.h"
 #include "dialogs/frmLoadSave.h"
 

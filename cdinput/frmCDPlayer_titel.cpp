@@ -1,10 +1,10 @@
 // The names of the tracks: fetched from a CDDB server, or typed over a line of the list.
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/zahlen.h"
 #include "cdinput/clsCCd.h"
 #include "cdinput/frmCDPlayer.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
 #include <algorithm>

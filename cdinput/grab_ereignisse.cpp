@@ -1,10 +1,9 @@
-// The reader's events while a track is read, and what the progress window shows of them. They are
-// members of frmKomponenten, which receives all events of the devices.
+#include "cdinput/grab_ereignisse.h"
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
@@ -32,18 +31,19 @@ void StreckeZeigen(const Strecke& s, double anteil, double ms, double sekunden) 
 
 }  // namespace
 
-void frmKomponenten::ACD_ReadComplete() {
+void GrabEreignisse::ACD_ReadComplete() {
   prog.GrabFertig = true;
   prog.GrabLaeuft = false;
 }
 
-void frmKomponenten::ACD_ActPosition(int position) {
-  if (CDGeschlossen || !prog.GrabLaeuft || !prog.frmSchreibFortschritt.Geladen()) return;
+void GrabEreignisse::ACD_ActPosition(int position) {
+  vantora::frmKomponenten& k = prog.frmKomponenten();
+  if (k.CDGeschlossen || !prog.GrabLaeuft || !prog.frmSchreibFortschritt.Geladen()) return;
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
   const double jetzt = prog.plattform.uhr.Timer();
-  if (AktTrack != AngezeigterTrack) {
-    AngezeigterTrack = AktTrack;
+  if (k.AktTrack != k.AngezeigterTrack) {
+    k.AngezeigterTrack = k.AktTrack;
     prog.TrackStartZeit = static_cast<float>(jetzt);
   }
   const double imTrack = position / kGanzeStrecke;
@@ -63,19 +63,19 @@ void frmKomponenten::ACD_ActPosition(int position) {
 }
 
 // A scratched disc may be readable at the second or third try; a full disk stays full.
-void frmKomponenten::ACD_Failure(int code, const Text& text) {
+void GrabEreignisse::ACD_Failure(int code, const Text& text) {
+  vantora::frmKomponenten& k = prog.frmKomponenten();
   if (prog.GrabAbbruch || text != kLesefehler) return;
   const bool voll = code == kFehlerPlattenVoll;
-  if (!voll && LeseFehler < kVersuche) {
-    ++LeseFehler;
-    ACD.RetryRead();
+  if (!voll && k.LeseFehler < kVersuche) {
+    ++k.LeseFehler;
+    k.ACD.RetryRead();
     return;
   }
   prog.AppLog(L"ACD_Failure", L"!!!!");
-  prog.MsgBoxen(
-      voll ? LoadResString(5002) : LoadResString(9000) + ZahlText(AktTrack) + LoadResString(9001),
-      kOk);
-  ACD_Close();
+  prog.MsgBoxen(voll ? prog.Text(5002) : prog.Text(9000) + ZahlText(k.AktTrack) + prog.Text(9001),
+                kOk);
+  k.ACD_Close();
   prog.GrabLaeuft = false;  // ends the wait for the track
 }
 

@@ -1,13 +1,13 @@
 #include "cdinput/grab_lauf.h"
 
+#include "app/frmKomponenten.h"
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/feld.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "catalog/frmHauptForm.h"
 #include "cdinput/frmCDPlayer.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 
 #include "platform/cd_sound.h"
@@ -50,8 +50,8 @@ class GrabLauf {
 
 // While tracks are read, only the cancel button can be pressed.
 void GrabLauf::FensterSperren(bool gesperrt) {
-  if (gesperrt) hauptWarFrei = prog.frmHauptForm().Window.Enabled;
-  if (hauptWarFrei) prog.frmHauptForm().Window.Enabled = !gesperrt;
+  if (gesperrt) hauptWarFrei = prog.Katalogfenster().Frei();
+  if (hauptWarFrei) prog.Katalogfenster().FreiSetzen(!gesperrt);
   if (prog.frmCDPlayer.Geladen()) prog.frmCDPlayer().Window.Enabled = !gesperrt;
 }
 
@@ -227,7 +227,7 @@ std::int32_t MBVonMs(std::int32_t ms) {
 
 void KatalogAusGrab(Programm& prog, const Text& datei, std::size_t nummer) {
   if (prog.GrabAbbruch) return;
-  vantora::frmHauptForm& haupt = prog.frmHauptForm();
+  KatalogDienst& haupt = prog.Katalogfenster();
   prog.KatalogGeaendert = true;
   Text titel = DateiNameOhnePfad(datei);
   titel = Links(titel, titel.rfind(L'.'));
@@ -245,10 +245,7 @@ void KatalogAusGrab(Programm& prog, const Text& datei, std::size_t nummer) {
   }
   haupt.KatalogShow();
   if (prog.GrabOhneNachfrage || prog.Ask_Track_Info != 1) return;
-  for (int i = 1; i < neu; ++i) haupt.lvwKatalog.ListItems(i).SetSelected(false);
-  haupt.AktuellerTitel = Ganz16(neu);
-  prog.DialogBestaetigt = true;
-  haupt.TrackDatenAendern(true);
+  haupt.NeuenTrackBearbeiten(neu);
 }
 
 }  // namespace vantora

@@ -1,13 +1,12 @@
-// The writer's events while a disc is burnt, and what the progress window shows of them. They are
-// members of frmKomponenten, which receives all events of the devices.
+#include "cdwriting/brenn_ereignisse.h"
 
+#include "app/frmKomponenten.h"
 #include "app/frmMBox.h"
 #include "app/programm.h"
 #include "app/werte/feld.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/fortschritt.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
@@ -25,12 +24,16 @@ constexpr int kFehlerPauseMs = 2500;
 
 }  // namespace
 
-void frmKomponenten::MCD_ActTrack(int track) {
-  AktTrack = Ganz16(track);
+vantora::frmKomponenten& BrennEreignisse::Komponenten() const {
+  return prog.frmKomponenten();
+}
+
+void BrennEreignisse::MCD_ActTrack(int track) {
+  Komponenten().AktTrack = Ganz16(track);
   prog.AppLog(L"MCD_ActTrack", L"ChangeToTrack:" + ZahlText(track));
 }
 
-void frmKomponenten::MCD_TrackPercent(int percent) {
+void BrennEreignisse::MCD_TrackPercent(int percent) {
   if (!prog.frmSchreibFortschritt.Geladen()) return;
   Weiter([&] {
     vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
@@ -45,7 +48,7 @@ void frmKomponenten::MCD_TrackPercent(int percent) {
   }
 }
 
-double frmKomponenten::GesamtMs() const {
+double BrennEreignisse::GesamtMs() const {
   double gesamt = 0;
   for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
     const bool letzter = i + 1 == prog.Katalog.size();
@@ -54,45 +57,45 @@ double frmKomponenten::GesamtMs() const {
   return gesamt;
 }
 
-double frmKomponenten::FertigMs(int percent) const {
+double BrennEreignisse::FertigMs(int percent) const {
   double fertig = 0;
-  const auto aktuell = static_cast<std::size_t>(AktTrack);
-  for (std::size_t i = 1; i < aktuell && i < prog.Katalog.size(); ++i) {
+  const int track = Komponenten().AktTrack;
+  for (std::size_t i = 1; i < static_cast<std::size_t>(track) && i < prog.Katalog.size(); ++i) {
     fertig += Val(prog.Katalog[i].Laenge.Ganz()) + prog.Katalog[i].Pause * 1000.0;
   }
-  return fertig + percent / 100.0 * Val(Element(prog.Katalog, AktTrack).Laenge.Ganz());
+  return fertig + percent / 100.0 * Val(Element(prog.Katalog, track).Laenge.Ganz());
 }
 
-void frmKomponenten::NeuenTrackZeigen() {
+void BrennEreignisse::NeuenTrackZeigen() {
+  const std::int16_t track = Komponenten().AktTrack;
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const auto anzahl = static_cast<double>(prog.BrennDateien.size()) - 1;
   prog.TrackStartZeit = static_cast<float>(prog.plattform.uhr.Timer());
   f.shpAktKopie.Width = 1;
-  f.shpInsgKopie.Width =
-      static_cast<int>(Abgeschnitten(Quotient(AktTrack, anzahl) * kBalkenBreite));
-  AngezeigterTrack = AktTrack;
-  f.lblSonstiges.Caption =
-      LoadResString(9607) + DateiNameOhnePfad(Element(prog.BrennDateien, AktTrack));
+  f.shpInsgKopie.Width = static_cast<int>(Abgeschnitten(Quotient(track, anzahl) * kBalkenBreite));
+  Komponenten().AngezeigterTrack = track;
+  f.lblSonstiges.Caption = prog.Text(9607) + DateiNameOhnePfad(Element(prog.BrennDateien, track));
   f.lblSonstiges.Visible = true;
-  f.lblKopieTrackNr.Caption = ZahlText(AktTrack);
-  f.lblKopieNr.Caption = ZahlText(AktTrack);
+  f.lblKopieTrackNr.Caption = ZahlText(track);
+  f.lblKopieNr.Caption = ZahlText(track);
 }
 
 // Each statement may fail without stopping the next. At 0 percent, and for a track without length,
 // speed and remaining time cannot be computed, and their labels stay unchanged.
-void frmKomponenten::ProzentTAO(int percent) {
+void BrennEreignisse::ProzentTAO(int percent) {
+  const int track = Komponenten().AktTrack;
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
   const double jetzt = prog.plattform.uhr.Timer();
   const double seitStart = Verstrichen(prog.BurnStartZeit, jetzt);
-  if (AktTrack != AngezeigterTrack) Weiter([&] { NeuenTrackZeigen(); });
+  if (track != Komponenten().AngezeigterTrack) Weiter([&] { NeuenTrackZeigen(); });
   const double seitTrack = Verstrichen(prog.TrackStartZeit, jetzt);
   f.lblAktKopiePro.Caption = ZahlText(percent) + L"%";
   Weiter([&] { BalkenVerlaengern(f.shpAktKopie, percent / 100.0, twips); });
   Weiter([&] { f.lblInsgKopieZeit.Caption = DauerText(seitStart * 1000); });
   Weiter([&] { f.lblAktKopieZeit.Caption = DauerText(seitTrack * 1000); });
   Weiter([&] {
-    const double groesse = Element(prog.Katalog, AktTrack).GroesseMB;
+    const double groesse = Element(prog.Katalog, track).GroesseMB;
     const double fertigMB = percent / 100.0 * groesse;
     const double einfach = fertigMB / kMBJeSekunde;
     const double rest = Quotient((groesse - fertigMB) / kMBJeSekunde, Quotient(einfach, seitTrack));
@@ -115,7 +118,7 @@ void frmKomponenten::ProzentTAO(int percent) {
   }
   if (percent > 0) {
     Weiter([&] {
-      const double laenge = Val(Element(prog.Katalog, AktTrack).Laenge.Ganz());
+      const double laenge = Val(Element(prog.Katalog, track).Laenge.Ganz());
       f.lblAktKopieSpeed.Caption =
           TempoText(Quotient(laenge, seitTrack / (percent / 100.0) * 1000));
     });
@@ -123,12 +126,12 @@ void frmKomponenten::ProzentTAO(int percent) {
   Weiter([&] { f.shpInsgKopie.Width = BalkenLaenge(anteil, twips); });
 }
 
-void frmKomponenten::ProzentDAO(int percent) {
+void BrennEreignisse::ProzentDAO(int percent) {
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
   const double seitStart = Verstrichen(prog.BurnStartZeit, prog.plattform.uhr.Timer());
   const double anteil = percent / 100.0;
-  f.lblSonstiges.Caption = LoadResString(9608);
+  f.lblSonstiges.Caption = prog.Text(9608);
   f.lblInsgKopiePro.Caption = ZahlText(percent) + L"%";
   Weiter([&] { BalkenVerlaengern(f.shpInsgKopie, anteil, twips); });
   Weiter([&] { f.lblInsgKopieZeit.Caption = DauerText(seitStart * 1000); });
@@ -141,19 +144,19 @@ void frmKomponenten::ProzentDAO(int percent) {
   });
 }
 
-void frmKomponenten::MCD_InfoMessage(int /*code*/, const Text& text) {
+void BrennEreignisse::MCD_InfoMessage(int /*code*/, const Text& text) {
   prog.AppLog(L"MCD_InfoMessage", text);
   const Text anfang = Ucase(Links(text, 3));
   const int meldung = anfang == L"CLO" ? 9600 : anfang == L"OPE" ? 9601 : 0;
-  const auto aktuell = static_cast<std::size_t>(std::max<std::int16_t>(AktTrack, 1));
+  const auto aktuell = static_cast<std::size_t>(std::max<std::int16_t>(Komponenten().AktTrack, 1));
   if (meldung != 0 && prog.frmSchreibFortschritt.Geladen() && aktuell < prog.BrennDateien.size()) {
     prog.frmSchreibFortschritt().lblSonstiges.Caption =
-        LoadResString(meldung) + DateiNameOhnePfad(prog.BrennDateien[aktuell]);
+        prog.Text(meldung) + DateiNameOhnePfad(prog.BrennDateien[aktuell]);
   }
   prog.plattform.schleife.DoEvents();
 }
 
-void frmKomponenten::MCD_StatusChange(int state) {
+void BrennEreignisse::MCD_StatusChange(int state) {
   if (!prog.frmCDBrennen.Geladen() || prog.BrennerFensterGeschlossen) return;
   vantora::frmCDBrennen& brennen = prog.frmCDBrennen();
   if (!brennen.Visible()) return;
@@ -161,81 +164,81 @@ void frmKomponenten::MCD_StatusChange(int state) {
   if (state == kMcdDiscInserted) meldung = 9602;
   if (state == kMcdChecking) meldung = 9603;
   if (state == kMcdChecked) meldung = 9604;
-  brennen.lblStatusBurner.Caption = LoadResString(meldung);
+  brennen.lblStatusBurner.Caption = prog.Text(meldung);
 }
 
 // Lead-in, lead-out and fixating can't be stopped, so the window is disabled until data is written
 // again.
-void frmKomponenten::MCD_WriteLeadIn(int mode) {
+void BrennEreignisse::MCD_WriteLeadIn(int mode) {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.AppLog(L"MCD_WriteLeadIn", L"Mode:" + ZahlText(mode));
   if (!prog.frmSchreibFortschritt.Geladen()) return;
   prog.frmSchreibFortschritt().Window.Enabled = false;
-  prog.frmSchreibFortschritt().lblSonstiges.Caption = LoadResString(9610);
+  prog.frmSchreibFortschritt().lblSonstiges.Caption = prog.Text(9610);
 }
 
-void frmKomponenten::MCD_WriteLeadOut(int mode) {
+void BrennEreignisse::MCD_WriteLeadOut(int mode) {
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   prog.AppLog(L"MCD_WriteLeadOut", L"Mode:" + ZahlText(mode));
   if (!prog.frmSchreibFortschritt.Geladen()) return;
   prog.frmSchreibFortschritt().Window.Enabled = false;
-  prog.frmSchreibFortschritt().lblSonstiges.Caption = LoadResString(9611);
+  prog.frmSchreibFortschritt().lblSonstiges.Caption = prog.Text(9611);
 }
 
-void frmKomponenten::MCD_Fixating() {
+void BrennEreignisse::MCD_Fixating() {
   prog.AppLog(L"MCD_Fixating", L"");
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   if (!prog.frmSchreibFortschritt.Geladen()) return;
-  prog.frmSchreibFortschritt().lblSonstiges.Caption = LoadResString(9609);
+  prog.frmSchreibFortschritt().lblSonstiges.Caption = prog.Text(9609);
   prog.frmSchreibFortschritt().Window.Enabled = false;
 }
 
-void frmKomponenten::MCD_BurningProcessComplete(int success) {
+void BrennEreignisse::MCD_BurningProcessComplete(int success) {
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   if (prog.frmSchreibFortschritt.Geladen()) prog.frmSchreibFortschritt().Window.Enabled = true;
   prog.AppLog(L"MCD_BurningProcessCompletet", L"Success:" + ZahlText(success));
-  BrennLaeuft = false;
+  Komponenten().BrennLaeuft = false;
 }
 
-void frmKomponenten::MCD_UserStop() {
+void BrennEreignisse::MCD_UserStop() {
   prog.AppLog(L"MCD_UserStop", L"User cancel burn process!");
   MCD_BurningProcessComplete(0);
 }
 
-void frmKomponenten::MCD_Failure(int code, const Text& /*text*/) {
+void BrennEreignisse::MCD_Failure(int code, const Text& /*text*/) {
   EventLoop& schleife = prog.plattform.schleife;
   if (code == kFehlerOhneDisc) MCD_BurningProcessComplete(0);
   prog.frmMBox.Entladen();
   schleife.MousePointer(Pointer::Normal);
   prog.AppLog(L"MCD_Failure", L"!!!!");
-  prog.MsgBoxen(LoadResString(9004) + ZahlText(code) + L"\r" + LoadResString(9010), kOk);
+  prog.MsgBoxen(prog.Text(9004) + ZahlText(code) + L"\r" + prog.Text(9010), kOk);
   schleife.MousePointer(Pointer::Hourglass);
   schleife.Sleep(kFehlerPauseMs);
   schleife.DoEvents();
-  Abgebrochen = true;
+  Komponenten().Abgebrochen = true;
   schleife.MousePointer(Pointer::Normal);
   MCD_BurningProcessComplete(code);
 }
 
-void frmKomponenten::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int /*fourth*/,
-                                    const Text& text) {
+void BrennEreignisse::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int /*fourth*/,
+                                     const Text& text) {
   prog.AppLog(L"MCD_ScsiEvents", L"");
-  prog.MsgBoxen(LoadResString(9005) + kZeilenEnde + LoadResString(9002) + ZahlText(code) +
-                    kZeilenEnde + LoadResString(9003) + text,
+  prog.MsgBoxen(prog.Text(9005) + kZeilenEnde + prog.Text(9002) + ZahlText(code) + kZeilenEnde +
+                    prog.Text(9003) + text,
                 kOk);
-  Abgebrochen = true;
+  Komponenten().Abgebrochen = true;
   MCD_BurningProcessComplete(0);
 }
 
-void frmKomponenten::MCD_ASPIEvent(int code, const Text& text) {
+void BrennEreignisse::MCD_ASPIEvent(int code, const Text& text) {
   prog.AppLog(L"MCD_ASPIEvent", L"Error:" + ZahlText(code));
-  prog.MsgBoxen(LoadResString(9006) + ZahlText(code) + kZeilenEnde + LoadResString(9002) +
-                    ZahlText(code) + LoadResString(9003) + text,
+  prog.MsgBoxen(prog.Text(9006) + ZahlText(code) + kZeilenEnde + prog.Text(9002) + ZahlText(code) +
+                    prog.Text(9003) + text,
                 kOk);
   if (prog.frmSchreibFortschritt.Geladen()) {
     prog.frmSchreibFortschritt().lblSonstiges.Visible = false;
   }
-  Abgebrochen = true;
+  Komponenten().Abgebrochen = true;
   MCD_BurningProcessComplete(0);
 }
 

@@ -1,10 +1,10 @@
 #include "cdwriting/frmCDBrennen.h"
 
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "catalog/frmHauptForm.h"
 #include "cdwriting/pausen.h"
 
 namespace vantora {
@@ -52,9 +52,9 @@ void frmCDBrennen::Form_Load() {
     return;
   }
   prog.AppLog(L"Loading CDBurner", L"Error Init.");
-  if (prog.frmHauptForm().Visible()) {
-    prog.frmHauptForm().Window.Enabled = true;
-    prog.plattform.schleife.SetFocus(prog.frmHauptForm().lvwKatalog);
+  if (prog.Katalogfenster().Sichtbar()) {
+    prog.Katalogfenster().FreiSetzen(true);
+    prog.Katalogfenster().FokusAufListe();
   }
   prog.BrennerBereit = false;
   if (Visible()) prog.plattform.schleife.Hide(*this);
@@ -211,10 +211,10 @@ void frmCDBrennen::CloseMe() {
   schleife.DoEvents();
   schleife.MousePointer(Pointer::Hourglass);
   prog.Pausieren(kAbschiedMs);
-  prog.frmHauptForm().Window.Enabled = true;
+  prog.Katalogfenster().FreiSetzen(true);
   Window.Enabled = true;
   schleife.Hide(*this);
-  schleife.SetFocus(prog.frmHauptForm().lvwKatalog);
+  prog.Katalogfenster().FokusAufListe();
   schleife.MousePointer(Pointer::Normal);
 }
 

@@ -2,12 +2,12 @@
 // run goes on with the next one: a half-written disc in the drive must be finished in spite of
 // other errors.
 
+#include "app/frmKomponenten.h"
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "catalog/frmHauptForm.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "cdwriting/pausen.h"
@@ -116,8 +116,8 @@ bool frmCDBrennen::TracksAnmelden() {
 
 void frmCDBrennen::CdTextAnmelden() {
   Mcd& mcd = prog.plattform.mcd;
-  const vantora::frmHauptForm& haupt = prog.frmHauptForm();
-  mcd.CdText(0, Trim(haupt.lblKatalogTitel.Caption), Trim(haupt.lblKatalogInterpret.Caption));
+  const KatalogDienst& haupt = prog.Katalogfenster();
+  mcd.CdText(0, Trim(haupt.KatalogTitel()), Trim(haupt.KatalogInterpret()));
   for (std::size_t i = 1; i < prog.BrennDateien.size() && i < prog.Katalog.size(); ++i) {
     const KatalogEintrag& e = prog.Katalog[i];
     mcd.CdText(static_cast<int>(i), e.Titel.Getrimmt(), e.Interpret.Getrimmt());
@@ -313,13 +313,13 @@ void frmCDBrennen::ProtokollSchreiben() {
 void frmCDBrennen::Aufraeumen() {
   EventLoop& schleife = prog.plattform.schleife;
   schleife.MousePointer(Pointer::Hourglass);
-  prog.frmHauptForm().Window.Enabled = true;
+  prog.Katalogfenster().FreiSetzen(true);
   if (optDiscAtOnce.Value() && chkSimulation.Value == 0) Weiter([&] { PausenEntfernen(prog); });
   // The waves are deleted only now, because all further copies are burnt from them.
   if (eingetragen_) DeleteTempWavs();
   schleife.MousePointer(Pointer::Normal);
   prog.frmCDBrennen.Entladen();
-  schleife.SetFocus(prog.frmHauptForm().lvwKatalog);
+  prog.Katalogfenster().FokusAufListe();
 }
 
 void frmCDBrennen::DBEintrag() {
@@ -329,7 +329,7 @@ void frmCDBrennen::DBEintrag() {
   std::vector<std::int32_t> laengen;
   Text katalogTitel, katalogInterpret;
   Weiter([&] {
-    prog.frmHauptForm().GetKatInfos(interpreten, titel, laengen, katalogTitel, katalogInterpret);
+    prog.Katalogfenster().GetKatInfos(interpreten, titel, laengen, katalogTitel, katalogInterpret);
   });
   Spur(L"Get Old Disk ID");
   Text kennung;

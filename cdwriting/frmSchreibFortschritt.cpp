@@ -1,7 +1,7 @@
 #include "cdwriting/frmSchreibFortschritt.h"
 
+#include "app/frmKomponenten.h"
 #include "app/programm.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 
 namespace vantora {

@@ -6,6 +6,7 @@
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "cover/frmPrintStart.h"
+#include "dialogs/datei_holen.h"
 
 #include <cmath>
 
@@ -258,7 +259,7 @@ void frmPrint::PutRotText(const Text& text) {
 // ---- pictures ----
 
 void frmPrint::imgLoadPic_MouseUp() {
-  prog.DateiHolen(kTypBild, kModusOeffnen);
+  DateiHolen(prog, kTypBild, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;

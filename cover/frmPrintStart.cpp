@@ -7,6 +7,7 @@
 #include "app/werte/zeichen.h"
 #include "cover/frmPrint.h"
 #include "cover/seiten.h"
+#include "dialogs/druck_dialoge.h"
 
 namespace vantora {
 
@@ -117,7 +118,7 @@ void frmPrintStart::txtPrev_Click() {
 void frmPrintStart::imgSchrift_MouseUp() {
   Schriftart schrift{prog.CoverFont, prog.CoverFontSize, prog.CoverFontBold != 0,
                      prog.CoverFontItalic != 0};
-  if (!prog.SchriftHolen(schrift, kSchriftFuerBeide)) return;
+  if (!SchriftHolen(prog, schrift, kSchriftFuerBeide)) return;
   prog.CoverFont = schrift.Name;
   prog.CoverFontSize = Ganz16(schrift.Groesse);
   prog.CoverFontBold = schrift.Fett ? kWahr : 0;
@@ -127,7 +128,7 @@ void frmPrintStart::imgSchrift_MouseUp() {
 
 void frmPrintStart::imgColor_MouseUp(int index) {
   const Text titel = index == 0 ? Text(L"Textfarbe auswählen") : LoadResString(17602);
-  if (!prog.FarbeHolen(titel, index == 0 ? prog.CoverTextFarbe : prog.CoverHintergrund)) return;
+  if (!FarbeHolen(prog, titel, index == 0 ? prog.CoverTextFarbe : prog.CoverHintergrund)) return;
   FarbenZeigen();
 }
 
@@ -159,7 +160,7 @@ void frmPrintStart::imgReady_MouseUp() {
 }
 
 void frmPrintStart::imgDruckEnde_MouseUp() {
-  prog.Katalogfenster().Freigeben();
+  prog.Katalogfenster().FreiSetzen(true);
   prog.frmPrint.Entladen();
   prog.frmPrintStart.Entladen();
 }

@@ -5,6 +5,7 @@
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "cover/frmPrint.h"
+#include "dialogs/druck_dialoge.h"
 
 namespace vantora {
 
@@ -220,7 +221,7 @@ void frmPrint::PrintQMPaper() {
 // Cancelling a dialog ends the printing. A failed job leaves no file behind.
 void frmPrint::imgPrintMe_MouseUp() {
   try {
-    prog.DruckerHolen(kDruckerWaehlen);
+    DruckerHolen(prog, kDruckerWaehlen);
     if (PapierArt == kZentriert) {
       PrintCentered();
     } else {

@@ -1,48 +1,34 @@
-// One call each for the dialogs for fonts, colours and printing, and the messages for their errors.
+#include "dialogs/druck_dialoge.h"
 
 #include "app/programm.h"
-#include "app/werte/zeichen.h"
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"
 
 namespace vantora {
 
-bool Programm::SchriftHolen(Schriftart& schrift, int /*flags*/) {
-  const std::shared_ptr<vantora::frmSchrift> fenster = frmSchrift.Laden();
+bool SchriftHolen(Programm& prog, Schriftart& schrift, int /*flags*/) {
+  const std::shared_ptr<vantora::frmSchrift> fenster = prog.frmSchrift.Laden();
   fenster->Beginnen(schrift);
-  ZeigeModal(fenster);
+  prog.ZeigeModal(fenster);
   if (!fenster->Gewaehlt) return false;
   schrift = fenster->Wahl();
   return true;
 }
 
-bool Programm::FarbeHolen(const vantora::Text& titel, Color& farbe, int /*flags*/) {
-  const std::shared_ptr<vantora::frmFarbe> fenster = frmFarbe.Laden();
+bool FarbeHolen(Programm& prog, const Text& titel, Color& farbe, int /*flags*/) {
+  const std::shared_ptr<vantora::frmFarbe> fenster = prog.frmFarbe.Laden();
   fenster->Beginnen(titel, farbe);
-  ZeigeModal(fenster);
+  prog.ZeigeModal(fenster);
   if (!fenster->Gewaehlt) return false;
   farbe = fenster->Wahl();
   return true;
 }
 
-void Programm::DruckerHolen(int /*flags*/) {
-  const std::shared_ptr<vantora::frmDrucken> fenster = frmDrucken.Laden();
-  ZeigeModal(fenster);
-  if (!fenster->Gewaehlt) throw Laufzeitfehler(kFehlerAbbruch, Text(30158));
-}
-
-// An error of the printer has its own message; the message for a file contains the words of the
-// error.
-void Programm::DruckFehlerMelden(const Laufzeitfehler& fehler) {
-  if (fehler.Nummer == kFehlerAbbruch) return;
-  FehlerVermerken(fehler.Grund.empty() ? fehler.Beschreibung : fehler.Grund);
-  MsgBoxen(fehler.Nummer == kFehlerDrucker ? Text(30156) : Text(30157) + fehler.Beschreibung + L".",
-           kHinweis);
-}
-
-void Programm::BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler) {
-  MsgBoxen(datei + kZeilenEnde + fehler.Beschreibung + L".", kHinweis);
+void DruckerHolen(Programm& prog, int /*flags*/) {
+  const std::shared_ptr<vantora::frmDrucken> fenster = prog.frmDrucken.Laden();
+  prog.ZeigeModal(fenster);
+  if (!fenster->Gewaehlt) throw Laufzeitfehler(kFehlerAbbruch, prog.Text(30158));
 }
 
 }  // namespace vantora

@@ -3,6 +3,7 @@
 #include "app/programm.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
+#include "dialogs/datei_holen.h"
 
 #include "platform/printer.h"
 #include "platform/twips.h"
@@ -88,7 +89,7 @@ Text frmDrucken::Vorschlag() const {
 }
 
 void frmDrucken::AndereDatei() {
-  prog.DateiHolen(kTypPdf, kModusSichern, DateiNameOhnePfad(txtDatei.Text));
+  DateiHolen(prog, kTypPdf, kModusSichern, DateiNameOhnePfad(txtDatei.Text));
   const bool keine = prog.DialogAbbruch || prog.GewaehlteDatei.empty();
   prog.DialogAbbruch = false;
   if (!keine) txtDatei.Text = prog.GewaehlteDatei;

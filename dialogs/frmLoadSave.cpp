@@ -1,8 +1,8 @@
 #include "dialogs/frmLoadSave.h"
 
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
-#include "catalog/frmHauptForm.h"
 
 #include <algorithm>
 
@@ -237,19 +237,19 @@ void frmLoadSave::Uebernehmen() {
   prog.DialogVerzeichnis = Links(erste, erste.size() - DateiNameOhnePfad(erste).size());
   prog.DialogPfad = prog.DialogVerzeichnis;
   if (Enthaelt(Ucase(prog.DialogMuster), L"WAV")) prog.Wave_Import_Dir = prog.DialogPfad;
-  prog.frmHauptForm().PlayWaveNormal(L"");
+  prog.Katalogfenster().PlayWaveNormal(L"");
   prog.frmLoadSave.Entladen();
 }
 
 void frmLoadSave::Abbrechen() {
   prog.DialogAbbruch = true;
   prog.DialogPfad = verzeichnis_;
-  prog.frmHauptForm().PlayWaveNormal(L"");
+  prog.Katalogfenster().PlayWaveNormal(L"");
   prog.frmLoadSave.Entladen();
 }
 
 void frmLoadSave::Vorhoeren() {
-  vantora::frmHauptForm& haupt = prog.frmHauptForm();
+  KatalogDienst& haupt = prog.Katalogfenster();
   haupt.PlayWaveNormal(L"");
   prog.plattform.schleife.DoEvents();
   haupt.PlayWaveNormal(verzeichnis_ + txtDateiName.Text());

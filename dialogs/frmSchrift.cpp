@@ -1,5 +1,6 @@
 #include "dialogs/frmSchrift.h"
 
+#include "app/programm.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
 

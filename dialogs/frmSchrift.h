@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/fenster.h"
-#include "app/programm.h"
+#include "dialogs/druck_dialoge.h"
 
 namespace vantora {
 

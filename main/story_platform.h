@@ -23,12 +23,12 @@
 namespace vantora {
 
 // The environment variable with the folder of an emulated drive.
-inline constexpr const char* kBottle = "VANTORA_BOTTLE";
+inline constexpr const char* kEmulatedDrive = "VANTORA_EMULATED_DRIVE";
 
 // The folders of a story. A story never uses real drives: it has no drives, or an emulated one.
 inline LinuxPlaces PlacesOfStory(const std::filesystem::path& home) {
   LinuxPlaces places = PlacesBelow(home);
-  if (std::getenv(kBottle) != nullptr) places.Optical = OpticalDrives(places.Sys);
+  if (std::getenv(kEmulatedDrive) != nullptr) places.Optical = OpticalDrives(places.Sys);
   return places;
 }
 
@@ -68,32 +68,34 @@ struct StoryPlatform : World {
   typename World::PrintShop shop{machine.files};
   KeptVolume keptVolume{volume, machine.settings, World::loop};
 
-  Plattform bundle{World::loop,
-                   display,
-                   World::clock,
-                   system,
-                   machine.files,
-                   machine.letters,
-                   machine.settings,
-                   machine.profiles,
-                   machine.registry,
-                   machine.resources,
-                   mmtools,
-                   machine.cutter,
-                   machine.edits,
-                   machine.mp3,
-                   machine.writers,
-                   machine.acd,
-                   machine.cd,
-                   machine.mci,
-                   machine.sockets,
-                   machine.audiolib,
-                   load,
-                   eqpro,
-                   inhibitor,
-                   shop.printers,
-                   shop.images,
-                   shop.fonts};
+  Plattform bundle{
+      .schleife = World::loop,
+      .bildschirm = display,
+      .uhr = World::clock,
+      .system = system,
+      .dateien = machine.files,
+      .laufwerke = machine.letters,
+      .einstellungen = machine.settings,
+      .profile = machine.profiles,
+      .registry = machine.registry,
+      .ressourcen = machine.resources,
+      .mmtools = mmtools,
+      .tsCut = machine.cutter,
+      .edits = machine.edits,
+      .mp3 = machine.mp3,
+      .mcd = machine.writers,
+      .acd = machine.acd,
+      .cd = machine.cd,
+      .mci = machine.mci,
+      .sockets = machine.sockets,
+      .audiolib = machine.audiolib,
+      .perfData = load,
+      .eqpro = eqpro,
+      .wachhalter = inhibitor,
+      .drucker = shop.printers,
+      .bilder = shop.images,
+      .schriften = shop.fonts,
+  };
 };
 
 }  // namespace vantora

@@ -5,6 +5,7 @@
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "main/story_platform.h"
+#include "main/windows.h"
 #include "robot/robot_stage.h"
 
 #include <cstdlib>
@@ -46,7 +47,7 @@ class StoryStage final : public RobotStage {
     if (started_) Renew();
     started_ = true;
     Now().loop.TheUser = &user;
-    programm_ = std::make_unique<Programm>(Now().bundle);
+    programm_ = std::make_unique<Programm>(Now().bundle, AllWindows);
     programm_->Laufen();
     programm_.reset();
     Now().loop.TheUser = nullptr;
@@ -66,8 +67,8 @@ class StoryStage final : public RobotStage {
     for (const Text& name : Files().List(kTray, L"*.*")) Files().Kill(Text(kTray) + L"\\" + name);
   }
   WriterFaults& Writer() override { return Now().machine.writer.Faults; }
-  void Bottle(const std::string& script) override {
-    const char* folder = std::getenv(kBottle);
+  void DriveFaults(const std::string& script) override {
+    const char* folder = std::getenv(kEmulatedDrive);
     if (folder == nullptr) throw std::runtime_error("there is no emulated drive here");
     // The drive reads the file at every command, so the file is replaced as a whole.
     const std::filesystem::path file = std::filesystem::path(folder) / "script";

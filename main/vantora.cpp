@@ -5,6 +5,7 @@
 #include "backends/qt/desktop/qt_app.h"
 #include "main/desktop_platform.h"
 #include "main/resource_check.h"
+#include "main/windows.h"
 
 #include <cstdio>
 
@@ -41,6 +42,6 @@ int main(int argc, char** argv) {
   }
   const vantora::QtApp app(argc, argv);
   vantora::DesktopPlatform platform(resources);
-  vantora::Programm programm(platform.bundle);
+  vantora::Programm programm(platform.bundle, vantora::AllWindows);
   return programm.Laufen() ? 0 : 1;
 }

@@ -422,11 +422,11 @@ void frmMedley::MedleyBeenden() {
       [&] {
         katalog.PlayWaveNormal(L"");
         prog.Medley.assign(1, MedleyEintrag());
-        katalog.Freigeben();
+        katalog.FreiSetzen(true);
         katalog.KatalogShow();
       },
       [&] {
-        katalog.Freigeben();
+        katalog.FreiSetzen(true);
         schleife.MousePointer(Pointer::Normal);
         Weiter([&] { Motor.TempDateienLoeschen(); });
         prog.frmMedley.Entladen();

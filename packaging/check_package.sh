@@ -1,12 +1,13 @@
-#!/ bin / sh
-#check_package.sh BUILD SCRATCH : makes the Debian package of BUILD, unpacks it into the folder
-#SCRATCH and runs the unpacked robot.A file that is missing in the package makes the run fail.
-set - eu build = $1 scratch = $2 rm - rf "$scratch" mkdir -
-                              p "$scratch/root"
+#!/bin/sh
+# check_package.sh BUILD SCRATCH: makes the Debian package of BUILD, unpacks it into the folder
+# SCRATCH and runs the unpacked robot. A file that is missing in the package makes the run fail.
+set -eu
+build=$1 scratch=$2
+rm -rf "$scratch"
+mkdir -p "$scratch/root"
 
-                                  (cd "$build" && cpack - G DEB - B "$scratch/deb")
-                                      set-- "$scratch" /
-                                  deb/*.deb
+(cd "$build" && cpack -G DEB -B "$scratch/deb")
+set -- "$scratch"/deb/*.deb
 [ $# = 1 ] && [ -f "$1" ] || { echo "not one package but: $*" >&2; exit 1; }
 dpkg-deb -x "$1" "$scratch/root"
 dpkg-deb -f "$1"
@@ -25,7 +26,7 @@ appstreamcli validate --no-net share/metainfo/org.vantora.Vantora.metainfo.xml
 python3 -c 'import xml.dom.minidom as dom; dom.parse("share/mime/packages/vantora.xml")'
 [ -s share/icons/hicolor/scalable/apps/vantora.svg ]
 
-# The program uses the unpacked texts, layouts and pictures, because it finds no others.
+# Texts, layouts and pictures are the unpacked ones: there are no others beside the program.
 cd "$scratch"
 cat >story.robot <<'STORY'
 home home

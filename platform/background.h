@@ -1,6 +1,6 @@
-// Long work of a back end, cut into slices. On the desktop the slices run in a thread of their own;
-// without a screen the event loop runs them in turn with its timers, so that a story plays the same
-// way every time.
+// Long work of a back end, divided into slices. On the desktop each job has a thread. Without a
+// screen the event loop runs the slices between its timers, so that a story always runs the same
+// way.
 #pragma once
 
 #include <functional>
@@ -10,18 +10,19 @@ namespace vantora {
 
 class BackgroundJob {
  public:
-  virtual ~BackgroundJob() = default;  // waits for the slice that runs; no slice starts after it
-  // The same, but waits so many ms at the most. False: the slice still runs, nobody waits for it
-  // any more, and what the call of the slices holds goes when it has returned.
+  virtual ~BackgroundJob() = default;  // waits for the running slice; none starts after it
+  // Stops like the destructor, but waits at most `ms` milliseconds. Returns false when the slice is
+  // still running. That slice is then abandoned, and the function object is destroyed when it
+  // returns.
   virtual bool Stop(int ms) = 0;
 };
 
 class Background {
  public:
   virtual ~Background() = default;
-  // Calls `slice` again and again. It returns the milliseconds to the next call (0: at once), or a
-  // negative number when the work is done. A slice takes 50 ms at the most, and leaves no
-  // exception.
+  // Calls `slice` repeatedly. It returns the milliseconds until the next call (0: at once), or a
+  // negative number when the work is done. A slice should take at most 50 ms and must not throw. It
+  // may run on another thread than the interface thread.
   virtual std::unique_ptr<BackgroundJob> Start(std::function<int()> slice) = 0;
 };
 

@@ -1,4 +1,4 @@
-// A picture box as a device that is written on: what is printed becomes part of its drawing.
+// A picture box as a device for text: printed text is added to its drawing.
 #pragma once
 
 #include "platform/device_text.h"
@@ -8,7 +8,7 @@ namespace vantora {
 
 class BoxDevice final : public Device {
  public:
-  // `twipsPerPixel` of the screen; the box and the fonts outlive the device.
+  // `twipsPerPixel` is that of the screen. The box and the fonts must live longer than the device.
   BoxDevice(PictureBox& box, FontBook& fonts, double twipsPerPixel = kTwipsPerPixel)
       : box_(box), fonts_(fonts), twips_(twipsPerPixel) {}
 
@@ -48,7 +48,7 @@ class BoxDevice final : public Device {
     item.Ink = color;
     item.Content = text;
     item.FontName = font.FaceName;
-    // A height above 0 is the line's, in which letters take about this share.
+    // A positive height is that of the line. Letters take about this share of it.
     constexpr double kLettersOfLine = 0.87;
     const double pixels = font.Height < 0 ? -font.Height : font.Height * kLettersOfLine;
     item.FontTwips = pixels * twips_;

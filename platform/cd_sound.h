@@ -1,5 +1,5 @@
-// The sound of an audio CD, which all waves of a catalog have: 44,100 frames a second of two
-// channels, 16 bits each; and the sectors in which a disc holds it.
+// The format of an audio CD's sound, which all waves of a catalog have: 44,100 frames a second with
+// two channels of 16 bits each, and the disc sectors that hold them.
 #pragma once
 
 namespace vantora {

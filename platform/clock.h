@@ -1,4 +1,4 @@
-// The time of day and the time that passes.
+// The time of day and the passing of time.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ class Clock {
   virtual ~Clock() = default;
   virtual DateTime Now() = 0;        // local time
   virtual double Timer() = 0;        // seconds since midnight, with fractions
-  virtual std::int64_t Ticks() = 0;  // milliseconds since some start; never goes back
+  virtual std::int64_t Ticks() = 0;  // milliseconds since an arbitrary start; never decreases
 };
 
 }  // namespace vantora

@@ -1,6 +1,6 @@
-// Text on a device, be it a sheet of paper or a picture box: fonts that can be turned, and what is
-// written with them. Places and sizes of a device are in twips (1/1440 inch) from its upper left
-// corner; those of its context are in pixels of the device.
+// Text on a device, which is a sheet of paper or a picture box, in fonts that can be rotated.
+// Positions and sizes on a device are in twips (1/1440 inch) from its upper left corner; those of
+// its context are in pixels of the device.
 #pragma once
 
 #include "platform/controls.h"
@@ -15,10 +15,10 @@ namespace vantora {
 constexpr int kWeightNormal = 400, kWeightBold = 700;
 
 struct LogicalFont {
-  Text FaceName;        // up to 32 characters count
-  double Height = 0;    // pixels of the device; below 0: of the letters, above: of the line
-  int Escapement = 0;   // tenths of a degree, against the clock: 900 reads upwards
-  int Orientation = 0;  // the same as the escapement
+  Text FaceName;        // only the first 32 characters count
+  double Height = 0;    // pixels of the device; negative: of the letters, positive: of the line
+  int Escapement = 0;   // tenths of a degree, counterclockwise: 900 runs upwards
+  int Orientation = 0;  // same as Escapement
   int Weight = kWeightNormal;
   bool Italic = false, Underline = false, StrikeOut = false;
 
@@ -36,22 +36,22 @@ inline FontHandle CreateFontIndirectA(const LogicalFont& font) {
 
 enum BackgroundMode : int { kBackgroundTransparent = 1, kBackgroundOpaque = 2 };
 
-// What text on a device is written with.
+// The settings with which TextOut writes on a device.
 class DeviceContext {
  public:
   virtual ~DeviceContext() = default;
 
-  FontHandle Font;  // nothing: the device's own, by its FontName and the rest
+  FontHandle Font;  // null: the device's own, from its FontName and the other Font members
   Color TextColor = 0;
   Color BkColor = Rgb(255, 255, 255);
   int BkMode = kBackgroundTransparent;
 
-  // The upper left corner of the first letter's cell is at the place, and the text is turned around
-  // that corner. It is written in TextColor.
-  virtual void TextOut(double x, double y, const Text& text) = 0;  // pixels
+  // Writes in TextColor. (x, y) is the upper left corner of the first letter's cell; the text is
+  // rotated around it.
+  virtual void TextOut(double x, double y, const Text& text) = 0;  // x and y in pixels
 };
 
-// The font that was selected before.
+// Selects a font and returns the one selected before.
 inline FontHandle SelectObject(DeviceContext& context, FontHandle font) {
   return std::exchange(context.Font, std::move(font));
 }
@@ -71,29 +71,29 @@ inline void TextOut(DeviceContext& context, double x, double y, const Text& text
   context.TextOut(x, y, text);
 }
 
-// What can be written on.
+// A device that text can be written on.
 class Device {
  public:
   virtual ~Device() = default;
 
-  double CurrentX = 0, CurrentY = 0;  // where the next Print begins, twips
+  double CurrentX = 0, CurrentY = 0;  // position of the next Print, in twips
   Text FontName = L"Arial";
-  double FontSize = 10;  // points
+  double FontSize = 10;  // in points
   bool FontBold = false, FontItalic = false, FontUnderline = false, FontStrikethru = false;
   Color ForeColor = 0;
 
   virtual double TwipsPerPixelX() const = 0;
   virtual double TwipsPerPixelY() const = 0;
   virtual DeviceContext& hDC() = 0;
-  // Writes at CurrentX and CurrentY in ForeColor, with the font that is selected in the context if
-  // there is one, and goes to the beginning of the next line.
+  // Writes at (CurrentX, CurrentY) in ForeColor, in the font selected in the context or else the
+  // device's own. Then moves to the start of the next line.
   virtual void Print(const Text& text) = 0;
-  // Of a text that stands upright in the font that Print would take; twips.
+  // Size in twips of an unrotated text in the font of Print.
   virtual double TextWidth(const Text& text) = 0;
   virtual double TextHeight(const Text& text) = 0;
 };
 
-// The font that Print takes on a device: the selected one, or else the device's own.
+// The font of Print on a device: the selected one, or else the device's own.
 inline LogicalFont FontInUse(Device& device) {
   if (device.hDC().Font) return *device.hDC().Font;
   LogicalFont font;
@@ -106,20 +106,20 @@ inline LogicalFont FontInUse(Device& device) {
   return font;
 }
 
-// How far a text reaches, in the unit in which the height of its font is.
+// The size of a text, in the unit of its font's height.
 struct TextExtent {
   double Width = 0;
   double Height = 0;  // of the line
-  double Ascent = 0;  // from the upper edge of the line to the base line
+  double Ascent = 0;  // from the upper edge of the line to the baseline
 };
 
 // The fonts of the machine.
 class FontBook {
  public:
   virtual ~FontBook() = default;
-  // The names of the families that letters can be written in, sorted; at least one.
+  // Names of the scalable families, sorted; at least one.
   virtual std::vector<Text> Families() = 0;
-  // The name of the family that a text in `family` is really written in.
+  // The name of the family that is really used for texts in `family`.
   virtual Text Substitute(const Text& family) = 0;
   virtual TextExtent Measure(const LogicalFont& font, const Text& text) = 0;
 };

@@ -1,4 +1,4 @@
-// The screen and the pointers that belong to the whole desktop.
+// The screen, and the mouse pointers of the whole desktop.
 #pragma once
 
 #include "platform/text.h"
@@ -12,10 +12,11 @@ class Display {
   virtual int Height() = 0;             // twips
   virtual double TwipsPerPixelX() = 0;  // 15, or 12 with large fonts
   virtual double TwipsPerPixelY() = 0;
-  // Pixels of the screen that one of a window takes: 2 on a display at 200 percent.
+  // The number of screen pixels for one pixel of a window: 2 on a display at 200 percent.
   virtual double Scale() { return 1; }
   virtual int BitsPerPixel() = 0;
-  // Replaces the busy pointer by the one of a file, until the next call; blank restores it.
+  // Replaces the desktop's busy pointer by the one in `file` until the next call; a blank `file`
+  // restores it. Has no effect on a desktop whose theme sets the pointers.
   virtual void SetSystemCursor(const Text& file) = 0;
 };
 

@@ -1,10 +1,11 @@
-// Changes of wave files in place, none of which a kill of the program can leave half done. Before
-// a change begins, a note on the disk says all that it will do; while it works, the note keeps
-// each block that could not be computed again. The next start of the program brings changes to
-// their end whose program was killed. Loss of power is not covered.
+// Changes wave files in place, so that a kill of the program leaves no change half done. Before a
+// change begins, a note on the disk describes it completely. During the change, the note holds each
+// block that could not be computed again. The next start of the program completes the changes of
+// killed programs. Power failures are not covered. All calls are from the interface thread.
 //
-// Places and lengths are bytes of sound, 0 at its first byte. Chunks behind the sound stay, and
-// move when its length changes. Failures are Laufzeitfehler with the numbers of platform/files.h.
+// Offsets and lengths are in bytes of sound, counted from its first byte. Chunks after the sound
+// are kept, and are moved when the sound's length changes. Failures are Laufzeitfehler with the
+// numbers of platform/files.h.
 #pragma once
 
 #include "platform/laufzeitfehler.h"
@@ -17,20 +18,19 @@
 
 namespace vantora {
 
-// One operation on a range of a wave. The range ends where the sound ends after the edit, or
-// before.
+// One operation on a range of a wave. The range must lie within the sound as it is after the edit.
 struct EditStep {
   enum class Kind : std::uint8_t { Move, Copy, Zero, Ramp, Scale, Mix };
 
   Kind What = Kind::Zero;
-  std::int64_t At = 0;  // what is written
+  std::int64_t At = 0;  // start of the range that is written
   std::int64_t Bytes = 0;
-  std::int64_t From = 0;  // Move: in the same sound; Copy: in that of the source
-  Text Source;            // Copy: another wave file, which nobody changes meanwhile
-  // Ramp: the gain of the range's frame k is Start + k * Slope, within 0 and 1. Scale: every sample
-  // of 16 bits times Start. Both round to nearest, ties to even.
+  std::int64_t From = 0;  // source offset. Move: in the same sound; Copy: in the sound of Source
+  Text Source;            // Copy: another wave file, which must not change meanwhile
+  // Ramp: frame k of the range is multiplied by Start + k * Slope, a gain from 0 to 1. Scale: every
+  // 16-bit sample is multiplied by Start. Both round to nearest, ties to even.
   double Start = 1, Slope = 0;
-  std::vector<char> Samples;  // Mix: what was mixed in memory; the note keeps it
+  std::vector<char> Samples;  // Mix: the result, mixed in memory; the note keeps it
 };
 
 inline EditStep MoveStep(std::int64_t from, std::int64_t at, std::int64_t bytes) {
@@ -53,38 +53,38 @@ inline EditStep MixStep(std::int64_t at, std::vector<char> samples) {
   return {EditStep::Kind::Mix, at, bytes, 0, {}, 1, 0, std::move(samples)};
 }
 
-// What happens to one file, step by step.
+// The changes of one file, in order.
 struct WaveEdit {
   Text File;
-  std::int64_t Before = 0;  // the sound's length as the caller has seen it
-  std::int64_t After = 0;   // and afterwards: longer where the steps write it, or cut off
+  std::int64_t Before = 0;  // current length of the sound, as the caller knows it
+  std::int64_t After = 0;   // length after the edit: extended by steps that write there, or cut off
   std::vector<EditStep> Steps;
 };
 
-// One edit of one or more files under one note.
+// An edit of one or more files under one note.
 struct Edit {
   std::vector<WaveEdit> Waves;
-  std::function<void(int percent)> Progress;  // of the bytes that are written; may let events run
-  // Of an edit that belongs to a longer run, which must not be done twice: in lines, all that the
-  // run will have done when this edit is done. Until the run ends, a kill lets the next start say
-  // them.
+  std::function<void(int percent)> Progress;  // percent of the bytes written; may process events
+  // For an edit in a longer run that must not be repeated: the lines describe everything that the
+  // run has done once this edit is done. If the program is killed before the end of the run, the
+  // next start reports them.
   std::vector<Text> RunReport{};
 };
 
-// An error in the middle of an edit that has been finished all the same, or will be before its file
-// takes another one.
+// An error during an edit that has been completed nevertheless, or will be completed before the
+// next edit of its file.
 class FinishedAfterError final : public Laufzeitfehler {
  public:
   explicit FinishedAfterError(const Laufzeitfehler& fehler) : Laufzeitfehler(fehler) {}
 };
 
-// What the next start has found of a program that was killed.
+// The results of Mend for programs that were killed.
 struct MendedEdits {
-  std::vector<Text> Finished;      // files whose edit has been brought to its end
-  std::vector<Text> RunReport;     // lines of what a run had done, with what was finished of it
-  std::vector<Text> SilenceTaken;  // files that have given back the silence of a burn
-  std::vector<Text> Left;          // changed or removed by others since: left as they are
-  std::vector<Text> Failed;        // not yet; the next start tries again
+  std::vector<Text> Finished;      // files whose edit has been completed
+  std::vector<Text> RunReport;     // report of a run, including what was completed now
+  std::vector<Text> SilenceTaken;  // files from which a burn's silence has been removed
+  std::vector<Text> Left;          // left unchanged, since others have changed or removed them
+  std::vector<Text> Failed;        // not completed; the next start tries again
   bool Empty() const {
     return Finished.empty() && RunReport.empty() && SilenceTaken.empty() && Left.empty() &&
            Failed.empty();
@@ -95,36 +95,36 @@ class Edits {
  public:
   virtual ~Edits() = default;
 
-  // Carries the edit out. All room that it needs is reserved first. After an error nothing has
-  // changed, unless it is a FinishedAfterError. Error 62 when the sound is not as long as the edit
-  // says.
+  // Carries out the edit; all disk space that it needs is reserved first. After an error no file
+  // has changed, unless the error is a FinishedAfterError. Raises 62 when the sound's length is not
+  // `Before`.
   virtual void Apply(const Edit& edit) = 0;
-  // The run of the edits with a report has come to its end; a kill says nothing of it any more.
+  // Ends a run of edits with reports. Reports of this run are not shown after a later kill.
   virtual void EndRun() = 0;
-  // Finishes an edit of the file that could not be finished at once; true when there was one.
-  // Raises when it still cannot. Apply begins with it.
+  // Completes an earlier edit of the file that could not be completed at once. Returns true when
+  // there was one, raises when it still cannot be completed. Apply calls it first.
   virtual bool Ready(const Text& file) = 0;
 
-  // Sound of so many bytes at the end of a file.
+  // Silence of `Bytes` bytes at the end of a file.
   struct Silence {
     Text File;
     std::int64_t Bytes = 0;
   };
-  // Appends silence to files, to be taken back. When one of them fails, none keeps it. The loan
-  // ends with TakeBack or Forget; a new one forgets the one before. After a kill the next start
-  // takes it back.
+  // Appends silence to files until TakeBack removes it or Forget keeps it. When a file fails, none
+  // keeps its silence. A second Lend forgets the first. After a kill the next start removes the
+  // silence.
   virtual void Lend(const std::vector<Silence>& silences) = 0;
   virtual bool Lent() const = 0;
-  // Takes out what was lent, from each file singly. Returns those that could not give it back.
+  // Removes the silence from each file independently. Returns the files for which this failed.
   virtual std::vector<Text> TakeBack() = 0;
-  virtual void Forget() = 0;  // the silence stays
+  virtual void Forget() = 0;  // the files keep their silence
 
-  // A note on the disk still needs this file, to read from it or to finish it.
+  // True when a note on the disk still needs this file, to read it or to complete its edit.
   virtual bool Needs(const Text& file) const = 0;
 
-  // Finishes what killed programs have left, once at the start, with the user's files in reach and
-  // before anything looks at them. Notes of programs that run are left alone, and notes of files
-  // whose medium is away stay for a later start.
+  // Completes the edits of killed programs. Must be called once at the start, when the user's files
+  // can be reached and before they are used. Notes of running programs are left alone. Notes of
+  // files on a missing medium stay for a later start.
   virtual MendedEdits Mend() = 0;
 };
 

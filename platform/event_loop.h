@@ -1,9 +1,10 @@
-// The window system: shows forms, waits, and runs handlers, all on the one interface thread.
+// The window system: shows forms, waits, and runs handlers. Everything happens on the interface
+// thread, except for calls of Post.
 //
-// A handler that fails does not bring the program down: the loop catches what leaves a handler,
-// reports it to `OnError` and goes on. `ProgrammEnde` is the exception: after it every wait of the
-// loop (`Run`, `ShowModal`, `DoEvents`, `Sleep`) throws `ProgrammEnde` again, so that all
-// procedures that wait are left, and `Run` returns to the entry by throwing it.
+// A handler that throws does not end the program: the loop catches the exception, passes it to
+// `OnError` and goes on. `ProgrammEnde` is different: from then on every wait of the loop (`Run`,
+// `ShowModal`, `DoEvents`, `Sleep`) throws `ProgrammEnde` again, so that all waiting procedures are
+// left, and `Run` returns to its caller by throwing it.
 #pragma once
 
 #include "platform/form.h"
@@ -17,15 +18,15 @@ namespace vantora {
 
 enum class Pointer { Normal = 0, SizeWE = 9, Hourglass = 11, ArrowHourglass = 13 };
 
-// Who sits in front of the program when it is no person: asked whenever the loop would wait.
+// A substitute for a human user, asked whenever the loop would wait for input.
 class User {
  public:
   virtual ~User() = default;
-  // The program waits for its user with `front` in front (nothing when no window is open). Acts, or
-  // returns false when there is nothing more to do.
+  // Called when the program waits for input with the window `front` in front (null when no window
+  // is open). Performs an action, or returns false when there is nothing more to do.
   virtual bool Act(Form* front) = 0;
-  // True while the user lets time pass. He has said by `PostAfter` when he goes on; a loop with a
-  // virtual clock lets the time pass and does not ask him until then.
+  // True while the user lets time pass, after posting the next action by `PostAfter`. A loop with a
+  // virtual clock then advances its time and does not call Act before that action.
   virtual bool Resting() const { return false; }
 };
 
@@ -35,40 +36,42 @@ class EventLoop {
 
   virtual void Show(Form& form) = 0;       // in front, not modal; `DoEvents` paints it
   virtual void ShowModal(Form& form) = 0;  // returns when the form is hidden
-  virtual void Hide(Form& form) = 0;       // no effect on a form that is not shown
+  virtual void Hide(Form& form) = 0;       // without effect on a form that is not shown
   virtual void Minimize(Form& form) = 0;
-  virtual void SetFocus(Control& control) = 0;
-  virtual void PopupMenu(Form& form, Menu& menu) = 0;  // runs the handler of the item chosen
-  virtual Form* Front() = 0;                           // the window in front, or nothing
+  virtual void SetFocus(Control& control) = 0;  // without effect on a control that cannot have it
+  virtual void PopupMenu(Form& form, Menu& menu) = 0;  // runs the handler of the chosen item
+  virtual Form* Front() = 0;                           // null when no window is open
 
-  virtual void Run() = 0;  // until `Quit` or `ProgrammEnde`
+  virtual void Run() = 0;  // returns after `Quit`, throws after `ProgrammEnde`
   virtual void Quit() = 0;
-  virtual void DoEvents() = 0;     // brings dirty controls onto the screen, runs what is due
-  virtual void Sleep(int ms) = 0;  // lets time pass without events
-  // Runs `work` on the interface thread at the next `DoEvents` or wait. From any thread.
+  virtual void DoEvents() = 0;     // updates the screen from dirty controls, runs all due work
+  virtual void Sleep(int ms) = 0;  // waits without handling events
+  // Runs `work` on the interface thread during the next `DoEvents` or wait. May be called from any
+  // thread.
   virtual void Post(std::function<void()> work) = 0;
-  // The same after `ms` milliseconds of the program's clock; from the interface thread.
+  // Runs `work` after `ms` milliseconds of the program's clock. From the interface thread only.
   virtual void PostAfter(int ms, std::function<void()> work) = 0;
 
-  // When the key or the mouse button that is being handled was pressed, however late the handling
-  // comes; outside of such a handler, now. In milliseconds of the program's clock, from some start
-  // of their own: only differences mean something.
+  // The time at which the user pressed the key or mouse button that is being handled, even if it is
+  // handled late. Outside of such a handler, the current time. In milliseconds of the program's
+  // clock with an arbitrary start, so only differences are meaningful.
   virtual std::int64_t EventMs() const = 0;
 
   virtual void MousePointer(Pointer pointer) = 0;
   virtual Pointer MousePointer() const = 0;
   virtual void Beep() = 0;
 
-  // The plain box of the desktop, for messages that can come before the windows stand. `flags` as
-  // for the program's own box; 2 in its lowest digit asks abort (3), retry (4), ignore (5).
-  int SystemBox(const Text& text, int flags, const Text& title);
+  // The desktop's plain message box, usable before the program's windows exist. `flags` are those
+  // of the program's own box; a lowest digit of 2 offers abort (3), retry (4) and ignore (5).
+  // Returns the number of the button.
+  int SystemBox(const Text& text, int flags, const Text& title);  // platform/system_box.h
 
-  std::function<void(const Laufzeitfehler&)> OnError;  // what a handler threw
+  std::function<void(const Laufzeitfehler&)> OnError;  // receives the errors thrown by handlers
   User* TheUser = nullptr;
 
-  const std::vector<Form*>& Forms() const { return forms_; }  // all that are loaded
+  const std::vector<Form*>& Forms() const { return forms_; }  // all loaded forms
 
-  // Runs a handler of a window as the loop runs all of them (see above).
+  // Runs a handler of a window by the rules above.
   void Dispatch(const std::function<void()>& handler);
   bool Ended() const { return ended_; }
 
@@ -87,7 +90,7 @@ class EventLoop {
   std::vector<Form*> forms_;
 };
 
-// Pass the press and the release of a button on as a user's hand would, picture and all.
+// Presses and releases a button as a user does, including its pictures.
 void Press(PictureButton& button, int mouseButton = kLeftButton);
 void Release(PictureButton& button, int mouseButton = kLeftButton);
 

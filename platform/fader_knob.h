@@ -1,6 +1,6 @@
-// The knob of a fader: an upright slider that is gripped at its knob and whose greatest value is at
-// the top. A press beside the knob brings its middle there. Presses and releases that move nothing
-// are reported through MouseDown and MouseUp.
+// A mixer fader: a vertical slider that is moved by its knob and has its maximum at the top. A
+// press beside the knob moves the middle of the knob there. MouseDown and MouseUp are raised also
+// for presses that move nothing.
 #pragma once
 
 #include "platform/controls/slider.h"
@@ -14,14 +14,15 @@ class FaderKnob final : public Slider {
   explicit FaderKnob(Form& form, Text name, int index = -1);
 };
 
-// Where the knob stands for a value and back, in pixels from the top of the track. All is counted
-// from where the mouse is, so a knob that is slow to follow is never behind what it stands for.
+// Converts between values and positions of the knob, in pixels from the top of the track. Positions
+// are computed from the mouse and not from the drawn knob, so that a knob that is drawn late does
+// not matter.
 struct KnobTravel {
   int Track, Knob, Max, Min = 0;
 
   int TopOf(int value) const;
   int ValueAt(int top) const;
-  bool On(int value, int y) const;  // a press there grips the knob, and nothing moves
+  bool On(int value, int y) const;  // a press on the knob does not move it
   // How far below the knob's upper edge a press grips it; beside the knob, at its middle.
   int GripOf(int value, int y) const;
 

@@ -1,6 +1,6 @@
-// Pictures that the user brings: photographs and scans in jpg, bmp and gif, for the screen and for
-// paper alike. A picture stands upright, whatever way the camera was held; of an animated one the
-// first frame counts.
+// Pictures of the user: photographs and scans in jpg, bmp and gif, for the screen and for printing.
+// A picture is rotated upright as its camera recorded. Of an animation only the first frame is
+// used.
 #pragma once
 
 #include "platform/text.h"
@@ -9,27 +9,28 @@
 
 namespace vantora {
 
-// A picture that was loaded. It does not change, and needs its file no more.
+// A loaded picture. It does not change, and no longer needs its file.
 class Image {
  public:
   virtual ~Image() = default;
-  virtual int Width() const = 0;   // points of the picture, at least 1
-  virtual int Height() const = 0;  // the same
+  virtual int Width() const = 0;   // in pixels, at least 1
+  virtual int Height() const = 0;  // in pixels, at least 1
 };
 
-// A picture as it is handed about; no picture is nothing.
+// A shared picture; null for none.
 using Bild = std::shared_ptr<const Image>;
 
-// Pictures of more points are refused: they would not fit into the memory of a small machine.
+// Pictures with more pixels are refused, since they would not fit into the memory of a small
+// machine.
 constexpr long long kMaxImagePoints = 200'000'000;
-// The same of bmp and gif, which cannot be read at a smaller size.
+// The limit for bmp and gif, which cannot be decoded at a smaller size.
 constexpr long long kMaxWholePoints = 60'000'000;
 
 class Images {
  public:
   virtual ~Images() = default;
-  // Reads a file, never nothing. Raises the errors of Dateien where it cannot be read, 481 for a
-  // file that is no picture or a broken one, and 7 for one with too many points.
+  // Loads a file and never returns null. Raises the errors of Dateien for a file that cannot be
+  // read, 481 for a file that is not a picture or is damaged, and 7 for one with too many pixels.
   virtual Bild Load(const Text& file) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Keeps the machine awake while work runs that a sleep would spoil.
+// Keeps the machine awake during work that a suspend would spoil.
 #pragma once
 
 #include "platform/text.h"
@@ -7,7 +7,7 @@
 
 namespace vantora {
 
-// The machine stays awake until its destruction.
+// The machine stays awake until this object is destroyed.
 class Inhibition {
  public:
   virtual ~Inhibition() = default;
@@ -16,8 +16,9 @@ class Inhibition {
 class Inhibitor {
  public:
   virtual ~Inhibitor() = default;
-  // Asks the desktop to let the machine neither sleep nor rest, and says why. Returns at once; a
-  // desktop that cannot be asked changes nothing. Never nothing.
+  // Asks the desktop neither to suspend the machine nor to treat it as idle; `why` is the reason
+  // that the desktop may show. Returns at once and never null. Has no effect on a desktop that does
+  // not support it.
   virtual std::unique_ptr<Inhibition> Inhibit(const Text& why) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The run-time error of the program: a number that the product tests for, and a text for the user.
+// The run-time error of the program: a number for the code and a text for the user.
 #pragma once
 
 #include "platform/text.h"
@@ -26,7 +26,7 @@ enum Fehlernummer : int {
   kFehlerRessource = 326,
   kFehlerBild = 481,
   kFehlerDrucker = 482,
-  kFehlerAbbruch = 32755,  // the user has cancelled a dialog whose caller takes that as an error
+  kFehlerAbbruch = 32755,  // the user has cancelled a dialog whose caller expects an error
 };
 
 class Laufzeitfehler : public std::runtime_error {
@@ -38,12 +38,12 @@ class Laufzeitfehler : public std::runtime_error {
         Grund(std::move(grund)) {}
 
   int Nummer;         // one of Fehlernummer
-  Text Beschreibung;  // one sentence, shown as it stands
-  Text Grund;         // in the words of a library, for the log alone; may be blank
+  Text Beschreibung;  // one sentence, shown unchanged
+  Text Grund;         // a library's own words, only for the log; may be blank
 };
 
-// Thrown where the program ends on the spot. It is no error and no std::exception, so that nothing
-// that handles errors can hold it up; only the event loop and the entry catch it.
+// Thrown to end the program at once. It is not a std::exception, so that no error handler catches
+// it. Only the event loop and main catch it.
 struct ProgrammEnde {};
 
 }  // namespace vantora

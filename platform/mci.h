@@ -1,4 +1,5 @@
-// Plays audio discs, under the names of the media control interface.
+// Plays audio discs, under the names of the media control interface. All calls and events are on
+// the interface thread.
 #pragma once
 
 #include "platform/text.h"
@@ -18,32 +19,34 @@ enum MciMode : int {
 enum MciTimeFormat : int { kMciMilliseconds = 0, kMciMsf = 2, kMciTmsf = 10 };
 enum MciStatusItem : int { kMciLength = 1, kMciPosition = 2, kMciNumberOfTracks = 3 };
 
-// Why the image that lies in a drive is no disc.
+// The reason why an image in a drive cannot be used as a disc.
 struct SheetFault {
-  Text Sheet;    // name of the file that describes it
-  int Line = 0;  // of the sheet, from 1
-  Text File;     // that is missing or cannot be read; blank when the line was not understood
+  Text Sheet;    // name of the file that describes the image
+  int Line = 0;  // line of the sheet, from 1
+  Text File;     // the file that is missing or unreadable; blank when the line is invalid
 };
 
 class MMControl {
  public:
   virtual ~MMControl() = default;
-  virtual void FileName(const Text& name) = 0;
-  virtual void DeviceType(const Text& type) = 0;
-  virtual void UpdateInterval(int ms) = 0;  // of StatusUpdate; 0 for none
+  virtual void FileName(const Text& name) = 0;    // the drive ("D:\") for the next Open
+  virtual void DeviceType(const Text& type) = 0;  // "CDAudio"
+  virtual void UpdateInterval(int ms) = 0;        // between StatusUpdate events; 0: none
   virtual void Command(
       const Text& command) = 0;  // "Open", "Close", "play", "Stop", "Pause", "seek"
   virtual int Mode() = 0;        // one of MciMode
   virtual int Tracks() = 0;      // 0 without a disc
-  virtual int Length() = 0;      // in the time format
-  // For an image that is no disc; a blank sheet when there is none, or one that is a disc.
+  virtual int Length() = 0;      // in the current time format
+  // The fault of the image in the drive. Its Sheet is blank when there is no image or a valid one.
   virtual SheetFault Fault() { return {}; }
-  virtual void Track(int track) = 0;
-  virtual int TrackLength() = 0;
-  virtual void TimeFormat(int format) = 0;
+  virtual void Track(int track) = 0;        // the track of TrackLength, from 1
+  virtual int TrackLength() = 0;            // in the current time format; 0 for a missing track
+  virtual void TimeFormat(int format) = 0;  // one of MciTimeFormat
   virtual int TimeFormat() = 0;
-  virtual int Position() = 0;  // tracks/minutes/seconds/frames: one byte each, track lowest
-  virtual void To(int position) = 0;
+  // The position of the sound heard. In TMSF each part is one byte: track (lowest), minutes,
+  // seconds, frames.
+  virtual int Position() = 0;
+  virtual void To(int position) = 0;  // the target of "seek", in the current time format
 
   std::function<void()> StatusUpdate;
 };
@@ -51,20 +54,21 @@ class MMControl {
 class Mci {
  public:
   virtual ~Mci() = default;
-  virtual Text mciSendString(const Text& command) = 0;  // the answer; blank on failure
-  // The media identity of the disc in a drive ("D:\") as the decimal text that the system gives;
+  virtual Text mciSendString(const Text& command) = 0;  // result of the command; blank on failure
+  // The media identity of the disc in a drive ("D:\"), as the decimal text that the system returns;
   // blank when there is no disc.
   virtual Text MediaIdentity(const Text& drive) = 0;
-  // The same of the disc that was written last in that drive. Only a writer whose discs do not lie
-  // in its drive afterwards has another answer than the one above.
+  // The media identity of the disc that was written last in a drive. It differs from MediaIdentity
+  // only for writers whose discs are not in their drive afterwards.
   virtual Text WrittenIdentity(const Text& drive) { return MediaIdentity(drive); }
 
-  // A drive as the device "cdaudio", for as long as it takes to ask. The number of the device from
-  // 1; -1 when there is no drive or no disc.
+  // Opens the disc in a drive as a "cdaudio" device until MCI_CLOSE. Returns its number, from 1; -1
+  // when there is no drive or no disc.
   virtual int MCI_OPEN(const Text& drive) = 0;
-  virtual bool MCI_SET(int device, int timeFormat) = 0;  // one of MciTimeFormat
-  // `track` from 1; 0 asks for the whole disc. Times in the format MSF: minutes in byte 0, seconds
-  // in byte 1, frames in byte 2. -1 on failure.
+  virtual bool MCI_SET(int device, int timeFormat) = 0;  // `timeFormat` is a MciTimeFormat
+  // `item` is a MciStatusItem, `track` counts from 1; 0 stands for the whole disc. Times in the
+  // format MSF have minutes in byte 0, seconds in byte 1 and frames in byte 2. Returns -1 on
+  // failure.
   virtual std::int32_t MCI_STATUS(int device, int item, int track) = 0;
   virtual void MCI_CLOSE(int device) = 0;
 };

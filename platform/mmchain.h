@@ -1,6 +1,6 @@
-// The sound chain of the audio component set, all of it.
+// The whole sound chain of the audio components.
 //
-// The owner of the components keeps them all for as long as one of them works.
+// The owner of the components must keep all of them while one of them is working.
 #pragma once
 
 #include "platform/chain/component.h"

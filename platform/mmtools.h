@@ -1,6 +1,6 @@
-// The audio component set, as far as wave files, preview and devices go, and the maker of the
-// components of a sound chain.
-// Audio is 44.1 kHz, 16 bit, stereo throughout: a frame is 4 bytes.
+// The audio components: wave files, a player and devices, and the factory for the components of a
+// sound chain. All sound is 44.1 kHz, 16 bit, stereo: a frame is 4 bytes. All calls are from the
+// interface thread.
 #pragma once
 
 #include "platform/mmchain.h"
@@ -13,39 +13,39 @@
 
 namespace vantora {
 
-// One wave file. Opening reads the header only, whatever the length. Failures are Laufzeitfehler
-// with the numbers of platform/files.h; a file that is no wave file raises 57.
+// A wave file. Opening reads only the header. Failures are Laufzeitfehler with the numbers of
+// platform/files.h; a file that is not a wave raises 57.
 class MMWave {
  public:
   virtual ~MMWave() = default;
-  virtual void Open(const Text& file) = 0;  // for reading; the first write makes it writable
-  virtual void Close() = 0;                 // header and file agree afterwards
+  virtual void Open(const Text& file) = 0;  // for reading; the first write makes the file writable
+  virtual void Close() = 0;                 // makes header and file agree
   virtual int BitsPerSample() const = 0;
   virtual int SampleRate() const = 0;        // Hz
   virtual int StereoMode() const = 0;        // 0 mono, 1 stereo
-  virtual std::int64_t Samples() const = 0;  // frames of the data chunk that the file holds
+  virtual std::int64_t Samples() const = 0;  // frames of sound that the file holds
   virtual std::int64_t DataBytes() const = 0;
-  // Place of the next read or write, in bytes from the start of the audio data.
+  // Sets the position of the next read or write, in bytes from the start of the sound.
   virtual void SetPosition(std::int64_t bytes) = 0;
-  virtual std::size_t Read(void* target, std::size_t bytes) = 0;  // fewer only at the end
-  virtual void Write(const void* source, std::size_t bytes) = 0;  // lengthens the data at its end
-  virtual void Save() = 0;  // brings the header to the disk; chunks behind the data stay
+  virtual std::size_t Read(void* target, std::size_t bytes) = 0;  // returns fewer only at the end
+  virtual void Write(const void* source, std::size_t bytes) = 0;  // extends the sound when needed
+  virtual void Save() = 0;  // writes the header to the disk; chunks after the sound stay
 };
 
-// Plays one wave file on the sound card. Events arrive on the interface thread.
+// Plays a wave file on the sound card. Events are raised on the interface thread.
 class MMWavePlayerX {
  public:
   virtual ~MMWavePlayerX() = default;
-  virtual void SetFileName(const Text& file) = 0;  // from its first byte on
-  // Where the next Start begins, in bytes from the start of the audio data; a whole frame.
+  virtual void SetFileName(const Text& file) = 0;  // also resets the position to 0
+  // Sets where the next Start begins, in bytes from the start of the sound; must be a whole frame.
   virtual void SetPosition(std::int64_t bytes) = 0;
-  virtual void Start() = 0;  // error 57 when the card refuses
-  virtual void Stop() = 0;   // no effect when nothing plays
+  virtual void Start() = 0;  // raises 57 when the card refuses
+  virtual void Stop() = 0;   // without effect when nothing plays
   virtual bool Playing() const = 0;
   virtual std::int64_t Position() const = 0;  // frames heard since the start
 
   std::function<void()> OnStart, OnStop;             // OnStop: at the end and after Stop
-  std::function<void(int left, int right)> OnLevel;  // peaks of 0 to 32767, about 20 a second
+  std::function<void(int left, int right)> OnLevel;  // peaks, 0 to 32767; about 20 a second
 };
 
 class MMTools {
@@ -54,9 +54,8 @@ class MMTools {
   virtual std::unique_ptr<MMWave> NewWaveFile() = 0;
   virtual std::unique_ptr<MMWavePlayerX> NewPlayer() = 0;
   virtual int waveOutGetNumDevs() = 0;
-  virtual Text waveOutGetDevCaps(int device) = 0;  // the device's name, from 0
+  virtual Text waveOutGetDevCaps(int device) = 0;  // name of a device, from 0
 
-  // ---- components of a chain ----
   virtual std::unique_ptr<MMWaveFileX> NewWaveFileX() = 0;
   virtual std::unique_ptr<MMPCMConverterX> NewPCMConverter() = 0;
   virtual std::unique_ptr<MMPeakDetectX> NewPeakDetect() = 0;
@@ -72,10 +71,10 @@ class MMTools {
   virtual std::unique_ptr<MMTriggerX> NewTrigger() = 0;
   virtual MMHelperX& Helper() = 0;
 
-  // Brings the highest peak of a wave file to `percent` of full scale, in place, in two passes over
-  // it in blocks of at most 1 MiB. `callback` hears of the phase (0 looks for the peak, 1 writes)
-  // and of its progress in percent, at each percent at the most; it may let events run. Silence
-  // stays silence. Failures as those of MMWave.
+  // Scales a wave file in place so that its peak becomes `percent` of full scale. Makes two passes
+  // over the file, in blocks of at most 1 MiB. `callback` receives the phase (0: finding the peak,
+  // 1: writing) and its progress in percent, at most once per percent; it may process events. A
+  // silent file stays unchanged. Raises the errors of MMWave.
   virtual void NormalizeFile(const Text& file,
                              const std::function<void(int phase, int percent)>& callback,
                              int percent) = 0;

@@ -1,5 +1,5 @@
-// Decodes an MP3 file of any rate and channel count to a wave file of 44.1 kHz, 16 bit, stereo.
-// The work runs beside the interface thread; the events arrive on it.
+// Decodes an MP3 file of any rate and number of channels to a wave file of 44.1 kHz, 16 bit,
+// stereo. Decoding runs on another thread; calls and events are on the interface thread.
 #pragma once
 
 #include "platform/text.h"
@@ -13,28 +13,27 @@ enum Mp3State : int {
   kMp3Open = 1,
   kMp3Busy = 2,
   kMp3Stopped = 3,
-  kMp3Unusable = 4,  // the file holds no MPEG audio
+  kMp3Unusable = 4,  // the file contains no MPEG audio
 };
 
 class Qm3Play {
  public:
   virtual ~Qm3Play() = default;
   virtual void Init() = 0;
-  // Opens the source for questions, and for decoding when there is a target. Blank names reset.
-  // 0 for success; a source that is no MP3 gives another number and the state 4.
+  // Opens the source, and sets the target if it is to be decoded. A blank source closes. Returns 0
+  // for success. For a source that is not an MP3 file, returns another number and sets the state 4.
   virtual int Open(const Text& source, const Text& target) = 0;
   virtual int State() const = 0;        // one of Mp3State
-  virtual double LengthMs() const = 0;  // of the open source; exact for VBR and broken tails too
-  virtual int FrameCount() const = 0;   // MPEG frames
-  virtual void
-  Decode() = 0;  // starts writing the target; a failure removes it and is told as event
+  virtual double LengthMs() const = 0;  // of the open source; also exact for VBR and damaged ends
+  virtual int FrameCount() const = 0;   // number of MPEG frames
+  virtual void Decode() = 0;            // raises 5 without a source and a target
   virtual bool Busy() const = 0;
-  virtual void Stop() = 0;  // within 0.5 s; the target then is a wave file of what was decoded
+  virtual void Stop() = 0;  // takes at most 0.5 s; leaves a wave file of the sound decoded so far
   virtual void Close() = 0;
 
-  std::function<void(int frame)> Mp3Play1_ActFrame;  // at most about 20 a second, and the last one
+  std::function<void(int frame)> Mp3Play1_ActFrame;  // about 20 a second, and the last frame
   std::function<void(int code, const Text& text)> Mp3Play1_Failure;
-  std::function<void()> Mp3Play1_ThreadEnded;  // always last, also after a failure and a stop
+  std::function<void()> Mp3Play1_ThreadEnded;  // the last event, also after a failure or Stop
 };
 
 }  // namespace vantora

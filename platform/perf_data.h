@@ -10,12 +10,12 @@ namespace vantora {
 class PerfData {
  public:
   virtual ~PerfData() = default;
-  // Opens and closes a key. To open `PerfStats\StartStat` starts the counting, `PerfStats\StopStat`
-  // ends it; false for a key that is not there.
+  // RegOpenKey on `PerfStats\StartStat` starts the counter, on `PerfStats\StopStat` stops it.
+  // Returns false for a key that does not exist.
   virtual bool RegOpenKey(const Text& key) = 0;
   virtual void RegCloseKey(const Text& key) = 0;
-  // `KERNEL\CPUUsage` below `PerfStats\StatData`: load of the processors since the last question,
-  // in percent. Nothing for a value that is not there or not counted.
+  // The value `KERNEL\CPUUsage` of the key `PerfStats\StatData` is the processor load since the
+  // last call, in percent. Returns nothing for a value that does not exist or is not being counted.
   virtual std::optional<int> RegQueryValue(const Text& key, const Text& name) = 0;
 };
 

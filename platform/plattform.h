@@ -1,5 +1,4 @@
-// Everything that the program needs from outside, as one bundle. Whoever builds it keeps the
-// services alive for as long as a program uses them.
+// All outside services of the program. They must live as long as a program uses them.
 #pragma once
 
 #include "platform/acd.h"

@@ -1,7 +1,8 @@
-// Private profile files (sections of key=value lines). A name without a path lies in the program's
-// data directory. Sections and keys are compared without regard to case; a value loses the quotes
-// and blanks around it. Text is Windows-1252. Files are replaced as a whole, never half written;
-// nothing is reported, as a caller could do nothing about it.
+// Private profile files (sections of key=value lines). A file name without a path belongs to the
+// program's data directory. Sections and keys are compared without regard to case. Quotes and
+// blanks around a value are removed. Text is Windows-1252. A file is always replaced as a whole.
+// Errors are not reported, since callers of this interface cannot handle them: an unreadable file
+// reads as empty, and a failed write changes nothing.
 #pragma once
 
 #include "platform/text.h"
@@ -18,12 +19,13 @@ struct ProfileEntry {
 class Profile {
  public:
   virtual ~Profile() = default;
-  // Section names, cut off where their texts with a NUL each would pass `limit` characters.
+  // Names of the sections, limited to `limit` characters in all, where each name counts one more
+  // for its NUL.
   virtual std::vector<Text> GetPrivateProfileSectionNames(const Text& file, std::size_t limit) = 0;
   virtual Text GetPrivateProfileString(const Text& section, const Text& key, const Text& fallback,
                                        std::size_t limit, const Text& file) = 0;
-  // All that a section holds, in the file's order; a key that comes twice is there twice. At most
-  // `limit` characters of a value.
+  // All entries of a section in the order of the file, including repeated keys. Values are limited
+  // to `limit` characters.
   virtual std::vector<ProfileEntry> GetPrivateProfileSection(const Text& section, std::size_t limit,
                                                              const Text& file) = 0;
   virtual void WritePrivateProfileString(const Text& section, const Text& key, const Text& value,

@@ -1,4 +1,4 @@
-// What the program ships beside its code: texts by number, pictures by name, layouts by window.
+// The program's data: texts by number, pictures by name, layouts by window.
 #pragma once
 
 #include "platform/text.h"
@@ -8,9 +8,9 @@ namespace vantora {
 class Resources {
  public:
   virtual ~Resources() = default;
-  virtual Text LoadResString(int id) = 0;         // error 326 for a number without text
-  virtual Text Layout(const Text& name) = 0;      // the text of NAME.layout; blank when missing
-  virtual Text Supplement(const Text& name) = 0;  // a text file beside them; blank when missing
+  virtual Text LoadResString(int id) = 0;         // raises 326 for a number without a text
+  virtual Text Layout(const Text& name) = 0;      // contents of NAME.layout; blank when missing
+  virtual Text Supplement(const Text& name) = 0;  // another text file; blank when missing
 };
 
 }  // namespace vantora

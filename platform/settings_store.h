@@ -1,6 +1,7 @@
-// The per-user store of text values under application, section and key. Values are on the disk when
-// `SaveSettings` returns, all of them or none: a store cut off at any byte is the old one or the
-// new one. An unreadable store reads as empty, an unwritable one keeps what is saved for the run.
+// The user's settings: text values by application, section and key. `SaveSettings` writes all
+// values to the disk before it returns, or none: an interrupted write leaves the old file. An
+// unreadable store reads as empty. When the store cannot be written, saved values still hold during
+// this run.
 #pragma once
 
 #include "platform/laufzeitfehler.h"
@@ -25,10 +26,10 @@ class SettingsStore {
                    const Text& value) {
     SaveSettings(application, section, {{key, value}});
   }
-  // Afterwards there is no such key; no effect when there was none.
+  // Removes the key if it exists.
   virtual void DeleteSetting(const Text& application, const Text& section, const Text& key) = 0;
 
-  // Reports that nothing can be written to `place`, and why: once a run, out of the call that
+  // Called when the file `place` cannot be written, with the reason: once a run, from the call that
   // failed.
   std::function<void(const Text& place, const Laufzeitfehler& why)> OnUnwritable;
 };

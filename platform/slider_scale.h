@@ -1,4 +1,4 @@
-// How the length of a slider and the steps of its keys stand for its values.
+// Converts between a slider's value and its position, and computes the steps of its keys.
 #pragma once
 
 #include "platform/controls/slider.h"
@@ -11,11 +11,12 @@ struct SliderScale {
 
   static SliderScale Of(const Slider& slider);
 
-  // From 0 at the minimum to 1 at the maximum, and back.
+  // The position of a value, from 0 at the minimum to 1 at the maximum, and the value at a
+  // position.
   double ShareOf(int value) const;
   int ValueAt(double share) const;
 
-  // What one stroke of an arrow, or of a page key, makes of a value.
+  // The value after one press of an arrow key or a page key.
   int Stepped(int value, bool more, bool page) const;
 };
 

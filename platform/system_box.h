@@ -1,5 +1,5 @@
-// The plain box of the desktop for messages that can come before the program's own windows stand: a
-// form without pictures, so that it needs nothing but the event loop. Its words are the desktop's.
+// The plain message box for the time before the program's windows exist: a form without pictures
+// that needs only the event loop. Its captions are the desktop's usual ones.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -13,7 +13,7 @@ class SystemBox final : public Form {
 
   int Ask();  // shows the box and returns the code of the answer
 
-  // Return is left to the button with the focus, the first one at the beginning.
+  // Return presses the focused button, initially the first one.
   bool Form_KeyDown(int key, bool control) override;
   void Form_Close() override;
 

@@ -1,4 +1,4 @@
-// Text is wide everywhere in the program; only the edge of a file knows bytes.
+// The program's texts are wide strings. Bytes occur only where files are read and written.
 #pragma once
 
 #include <string>

@@ -10,8 +10,9 @@ namespace vantora {
 class TsCut {
  public:
   virtual ~TsCut() = default;
-  // Takes out the frames from `first` up to `last`, which stays. A blank file tests for presence
-  // only: no effect, and an error when the service is missing.
+  // Removes the frames from `first` up to, but not including, `last`. Raises the errors of MMWave.
+  // A blank file only tests whether the service is present: nothing changes, and a missing service
+  // raises.
   virtual void Cut(const Text& file, std::int64_t first, std::int64_t last) = 0;
 };
 

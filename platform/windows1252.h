@@ -1,5 +1,5 @@
-// The code page Windows-1252, one byte a letter. The five bytes that have no letter stand for the
-// control characters of their number, so that every byte has a letter.
+// The code page Windows-1252, one byte per character. The five bytes without a character stand for
+// the control characters of the same number, so that every byte has a character.
 #pragma once
 
 #include <algorithm>
@@ -8,7 +8,7 @@
 
 namespace vantora {
 
-// The letters of the bytes 0x80 to 0x9F. All other bytes are the letters of their number.
+// The characters of the bytes 0x80 to 0x9F. Other bytes are the characters of their own number.
 constexpr std::array<wchar_t, 32> kWindows1252{
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -18,7 +18,7 @@ constexpr wchar_t Letter1252(unsigned char byte) {
   return byte >= 0x80 && byte <= 0x9F ? kWindows1252[byte - 0x80U] : static_cast<wchar_t>(byte);
 }
 
-// Nothing for a letter that the code page does not have.
+// Nothing for a character that is not in the code page.
 constexpr std::optional<unsigned char> Byte1252(wchar_t letter) {
   if (letter >= 0 && letter <= 0xFF && (letter < 0x80 || letter > 0x9F)) {
     return static_cast<unsigned char>(letter);

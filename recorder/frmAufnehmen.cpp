@@ -276,7 +276,7 @@ void frmAufnehmen::CloseMe() {
                                 {L"Pauseoff", ZahlText(cbxPauseAus.Value())}});
   prog.Katalogfenster().PlayWaveNormal(L"");
   tmrAutoRecord.Enabled = false;
-  prog.Katalogfenster().Freigeben();
+  prog.Katalogfenster().FreiSetzen(true);
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   prog.frmAufnehmen.Entladen();
 }

@@ -6,6 +6,7 @@
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
+#include "dialogs/datei_holen.h"
 #include "dialogs/frmNeuerInterpret.h"
 #include "klang/klang_frame.h"
 #include "recorder/frmAufnehmen.h"
@@ -36,7 +37,7 @@ void frmAufnehmen::cbxMultiTrack_Click() {
 
 // Runs the file dialog once. `zusatz` is the number of characters that the name will grow by.
 frmAufnehmen::Wahl frmAufnehmen::DateiWaehlen(Text& datei, int zusatz) {
-  prog.DateiHolen(kTypAufnahme, kModusSichern);
+  DateiHolen(prog, kTypAufnahme, kModusSichern);
   const bool abbruch = prog.DialogAbbruch;
   prog.DialogAbbruch = false;
   datei = Trim(prog.GewaehlteDatei);

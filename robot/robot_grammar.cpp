@@ -428,7 +428,7 @@ void ParseColour(ScriptLine& line, Words& words) {
 }
 
 // Value: the faults of the emulated drive from now on, one a line.
-void ParseBottle(ScriptLine& line, Words& words) {
+void ParseDriveFaults(ScriptLine& line, Words& words) {
   for (const ScriptWord& word : line.Words) line.Value += word.Content + L"\n";
   words.SkipAll();
 }
@@ -491,7 +491,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"within", {ParseInner, When::Running, Does::Act}},
       {L"disc", {ParseDisc, When::Any, Does::Prepare, true}},
       {L"writer", {ParseWriter, When::Any, Does::Prepare, true}},
-      {L"bottle", {ParseBottle, When::Any, Does::Prepare, true}},
+      {L"drive", {ParseDriveFaults, When::Any, Does::Prepare, true}},
       {L"load", {ParseLoad, When::Any, Does::Prepare, true}},
       {L"linein", {ParseLineIn, When::Any, Does::Prepare, true}},
       {L"mixer", {ParseMixer, When::Any, Does::Prepare, true}},

@@ -45,9 +45,9 @@ class RobotStage {
   // The devices; they may be set before and after the start.
   virtual void InsertDisc(const Text& sheet) = 0;  // product path of a .cue file
   virtual void EjectDisc() = 0;
-  virtual WriterFaults& Writer() = 0;                  // faults of the embedded writer
-  virtual void Bottle(const std::string& script) = 0;  // faults of the emulated drive
-  virtual void Load(std::optional<int> percent) = 0;   // load of the processor; nothing: unknown
+  virtual WriterFaults& Writer() = 0;                       // faults of the embedded writer
+  virtual void DriveFaults(const std::string& script) = 0;  // faults of the emulated drive
+  virtual void Load(std::optional<int> percent) = 0;  // load of the processor; nothing: unknown
   virtual void LineIn(const Text& waveFile) = 0;  // the input receives the file once, from now on
   virtual void LineInOverrun(int ms) = 0;         // the input loses so many ms of sound
   virtual HeadlessMixer& Mixer() = 0;             // the lines of the sound card

@@ -1,5 +1,5 @@
-// How much of the sound the window shows. The picture lies on a surface that is as many times as
-// wide as the window as the zoom says, and is scrolled behind it. Widths and places are twips.
+// How much of the sound the window shows. The picture lies on a surface that is scrolled behind the
+// window. At a zoom of 4 it is four times as wide as the window. Widths and places are twips.
 #pragma once
 
 #include <cstdint>
@@ -14,16 +14,17 @@ class Ansicht {
 
   float ZoomFaktor() const { return ZoomFaktor_; }  // 1, 2, 4, 8 or 16
   bool Ganz() const { return ZoomFaktor_ <= 1; }    // the whole file is in sight
-  // False when it cannot be seen any closer, or is seen as a whole already.
+  // False when a button has no effect: the zoom is at its end, or the whole file is in sight.
   bool Zoomen(int knopf);
 
   int Breite(int fenster) const;   // of the surface
-  int RollWeg(int fenster) const;  // by how much it can be scrolled
+  int RollWeg(int fenster) const;  // the greatest distance that it can be scrolled
 
-  // How far it is scrolled so that a place on the surface is in sight: the place in the middle of
-  // the window, within `rollWeg`. Nothing when it is in sight already.
+  // How far the surface has to be scrolled to bring a place into the middle of the window, or as
+  // near as `rollWeg` allows. Nothing when the place is in sight already.
   static std::optional<int> Zeigen(int stelle, int gerollt, int fenster, int rollWeg);
-  // How far it is scrolled to show the page, as wide as the window, that holds a place.
+  // The surface in pages as wide as the window: how far it has to be scrolled to show the page that
+  // holds a place.
   static int Seite(int stelle, int fenster, int rollWeg);
 
  private:

@@ -10,8 +10,8 @@ struct Auswahl {
   bool NurCursor = false;                         // the marker is a cursor and no range
   std::int32_t CursorPos = 0;                     // while NurCursor
 
-  // A range has been selected. Edits that need one ask for this and not for the cursor: an edit
-  // may move the range while the cursor stands.
+  // A range is selected. Some edits set a range while NurCursor is true, so the two flags are asked
+  // for separately.
   bool Bereich() const { return MarkerAnfang != 0 || MarkerEnde != 0; }
   // Where playing, pasting and the spectrum begin.
   std::int32_t Stelle() const { return NurCursor ? CursorPos : MarkerAnfang; }

@@ -39,7 +39,7 @@ std::int64_t GanzeFrames(std::int64_t bytes) {
   return std::max<std::int64_t>(bytes / kFrameBytes * kFrameBytes, 0);
 }
 
-// What an edit writes to, if the file is shorter, begins behind silence.
+// Where an edit writes behind the end of the file, silence fills the gap.
 void Fuellen(WaveEdit& vorhaben, std::int64_t bis) {
   if (vorhaben.Before < bis) {
     vorhaben.Steps.push_back(ZeroStep(vorhaben.Before, bis - vorhaben.Before));
@@ -74,7 +74,7 @@ void Bearbeitung::Beenden() {
   }
 }
 
-// A file that an unfinished edit still has to read keeps its name, and another one is taken.
+// An unfinished edit may still have to read the file of that name. Then another name is taken.
 Text Bearbeitung::FreierName(const wchar_t* name) const {
   const Text ordner = AddBackslash(prog.Temporary_Directory.Getrimmt());
   Text datei = ordner + name;
@@ -105,8 +105,8 @@ WaveEdit Bearbeitung::Vorhaben() {
   return {fenster_.WorkDatei(), bytes, bytes, {}};
 }
 
-// An edit that has not changed the file leaves nothing to undo, and an undo that has not can be
-// tried again.
+// When an edit fails before it has changed the file, there is nothing to undo. When an undo fails
+// so, it can be tried again.
 void Bearbeitung::Aendern(const std::function<void()>& arbeit) {
   try {
     arbeit();
@@ -148,7 +148,7 @@ bool Bearbeitung::PrepareUndo() {
     return false;
   }
   quelle.Close();
-  // Otherwise an older undo stays armed.
+  // Otherwise nothing is stored, and an older undo can still be made.
   if (prog.Undo && laenge() / kMB <= prog.UndoMB) {
     prog.AppLog(L"PrepareUndo()", L"preparing undo");
     fenster_.Status(prog.Text(21606));
@@ -236,7 +236,7 @@ void Bearbeitung::PasteWave() {
   const std::int64_t ab = InBytes(stelle), neu = InBytes(PasteLaenge);
   const std::int64_t rest = GanzeFrames(vorhaben.Before - ab);
   vorhaben.After = Ganz32(static_cast<double>(ab + neu + rest));
-  // The sound behind the place makes room for the clipboard, inside the file.
+  // The sound behind the place is moved to make room for the clipboard.
   Fuellen(vorhaben, ab);
   vorhaben.Steps.push_back(MoveStep(ab, ab + neu, rest));
   vorhaben.Steps.push_back(CopyStep(CopyDatei_, 0, ab, neu));
@@ -298,7 +298,7 @@ void Bearbeitung::NormalizeWave() {
   const auto fortschritt = [this](int phase, int prozent) {
     NormalizePhase_ = phase;
     NormalizeProzent_ = prozent;
-    prog.plattform.schleife.DoEvents();  // so that the timer shows them
+    prog.plattform.schleife.DoEvents();  // so that the timer shows the progress
   };
   fenster_.NormalizeUhr(true);
   const auto arbeit = [&] {
@@ -329,7 +329,7 @@ void Bearbeitung::UndoWave() {
   ImUndo_ = true;
   prog.AppLog(L"UndoWave", L"iUndoStep = " + UndoName(iUndoStep));
   if (iUndoStep == kUndoPaste) {
-    // Nothing is cut out while an undo is at work: what was pasted stays.
+    // CutWave cuts nothing while an undo is at work, so the pasted sound stays in the file.
     auswahl_.MarkerAnfang = UndoStart;
     auswahl_.MarkerEnde = PasteLaenge;
     CutWave();

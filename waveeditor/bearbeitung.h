@@ -24,11 +24,11 @@ class Bearbeitung {
   // `quelle` is the window's own file, which is closed while an edit changes it.
   Bearbeitung(Programm& programm, Auswahl& auswahl, MMWaveFileX& quelle, EditorFenster& fenster);
 
-  void Beginnen();     // another opening: nothing to paste or to undo
-  bool Vorbereiten();  // what an earlier error has left is finished; true when there was anything
-  void Beenden();      // the clipboard and the undo store go
+  void Beginnen();     // the editor has been opened: there is nothing to paste or to undo
+  bool Vorbereiten();  // finishes an edit that an error has interrupted; true when there was one
+  void Beenden();      // deletes the clipboard and the undo store
 
-  // Each of them says in a message why it refuses. Errors of the file are raised.
+  // Each of them shows a message when it refuses its work. Errors of the file are raised.
   bool PrepareUndo();
   bool CopyWave();
   void CutWave();
@@ -40,7 +40,7 @@ class Bearbeitung {
   void NormalizeWave();  // the whole file
   bool UndoMoeglich();
   void UndoWave();
-  void NachFehler();  // of any of them
+  void NachFehler();  // has to follow an error of any of them
 
   bool UndoVorhanden() const { return UndoVorhanden_; }
   bool ImUndo() const { return ImUndo_; }
@@ -51,8 +51,8 @@ class Bearbeitung {
  private:
   bool NichtsGewaehlt();
   bool PlatzFehlt(const Text& ort, double bytes);
-  Text FreierName(const wchar_t* name) const;  // in the temporary directory
-  WaveEdit Vorhaben();                         // on the file as it stands now
+  Text FreierName(const wchar_t* name) const;  // of a file in the temporary directory
+  WaveEdit Vorhaben();                         // an edit without steps of the file as it is now
   void Aendern(const std::function<void()>& arbeit);
   void Ausfuehren(WaveEdit vorhaben);
   void Blenden(double start, double richtung);
@@ -69,7 +69,7 @@ class Bearbeitung {
   std::int32_t UndoStart = 0;
   std::int16_t iUndoStep = 0;    // 1 cut, 2 block process, 3 paste
   std::int32_t PasteLaenge = 0;  // frames in the clipboard at the last paste
-  bool ImUndo_ = false;          // inner edits must not record themselves
+  bool ImUndo_ = false;          // an undo is at work: its edits must not store an undo themselves
   int NormalizePhase_ = 0, NormalizeProzent_ = 0;
 };
 

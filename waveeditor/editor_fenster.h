@@ -1,5 +1,5 @@
-// What the parts of the wave editor ask of the window that they belong to. All calls come from the
-// interface thread, and while the window lives.
+// The window of the wave editor, as its parts see it. All calls come from the interface thread
+// while the window lives.
 #pragma once
 
 #include "platform/text.h"
@@ -13,24 +13,24 @@ class EditorFenster {
   virtual const Text& WorkDatei() const = 0;  // the file that is open
 
   // ---- what is shown ----
-  virtual void Status(const Text& text) = 0;          // a line about the work
-  virtual void StelleZeigen(std::int64_t frame) = 0;  // a place of the sound, scrolled to
-  virtual void NormalizeUhr(bool an) = 0;             // the progress of normalizing
+  virtual void Status(const Text& text) = 0;          // shows a line about the work
+  virtual void StelleZeigen(std::int64_t frame) = 0;  // shows the place and scrolls to it
+  virtual void NormalizeUhr(bool an) = 0;             // shows the progress of normalizing, or stops
   virtual void KlangZeigen() = 0;    // reads the file and draws it; events run meanwhile
-  virtual void NeuZeigen() = 0;      // opens the file again first; errors of that are raised
+  virtual void NeuZeigen() = 0;      // opens the file again and does the same; raises its errors
   virtual void marker_update() = 0;  // selects what the marker covers
 
-  // ---- what the window takes from the user ----
-  virtual void Freigeben(bool frei) = 0;
-  // While the window is locked the program can still be ended: a render that has failed never
-  // unlocks it.
+  // ---- when the user can work ----
+  virtual void Freigeben(bool frei) = 0;  // enables the window, or disables it
+  // Disables the window while a file is rendered. The user can still end the program, because a
+  // render that has failed never unlocks the window.
   virtual void Sperren(bool gesperrt) = 0;
   // The window opens or closes, or the file is being written: nothing may begin to play.
   virtual bool Besetzt() const = 0;
 
-  // ---- what concerns other parts ----
+  // ---- other parts ----
   virtual void RuntimeConnections() = 0;  // wires the chain; events run meanwhile
-  virtual void StapelFertig() = 0;        // a file of a batch has been written: the window closes
+  virtual void StapelFertig() = 0;        // a file of a batch has been written
 
  protected:
   ~EditorFenster() = default;

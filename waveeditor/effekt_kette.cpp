@@ -1,6 +1,6 @@
 #include "waveeditor/effekt_kette.h"
 
-#include "klang/baender.h"
+#include "app/zustand/eq_baender.h"
 #include "klang/klang_frame.h"
 
 #include <cstddef>
@@ -14,7 +14,8 @@ constexpr int kBibliothekBytes = 8192;
 struct KurvenPunkt {
   double Hertz, Gain;
 };
-// What the ear misses at low volume, after the curves of equal loudness; dB.
+// The gain in dB that makes up for what the ear loses at low volume, after the curves of equal
+// loudness.
 constexpr std::array<KurvenPunkt, 20> kLoudnessKurve = {
     {{0, 0},        {22, 2},       {32, 4},    {38, 5},       {47, 6},
      {61, 10},      {83, 11},      {106, 9},   {127, 7},      {144, 2},

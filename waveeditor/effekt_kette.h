@@ -26,21 +26,21 @@ class EffektKette {
   EffektKette& operator=(const EffektKette&) = delete;
 
   // ---- life ----
-  void Starten();  // the library; all effects off, and without echoes of the past
+  void Starten();  // starts the audio library and switches all effects off
   void SetEqualizer();
   void SetLoudness();
-  void Beenden();  // the library
+  void Beenden();  // ends the audio library
 
   // ---- connections ----
-  // Wires the effects that are on, and nothing else, in front of that end. The loudspeaker pauses
-  // or stands still meanwhile.
+  // Wires the effects that are on, and no others, in front of that end. The loudspeaker must not
+  // run meanwhile.
   void Verbinden(Ende ende);
-  // On or off for the component; the path follows with the next Verbinden.
+  // Switches the component on or off. The next Verbinden brings it into the path or takes it out.
   void Schalten(Stufe stufe, bool an);
-  // Effects, gate and filters begin anew, so that nothing that was heard before rings on.
+  // Effects, gate and filters forget the sound that they have heard, as its echoes.
   void Auffrischen();
 
-  // ---- settings; those of an effect belong to its component ----
+  // ---- settings: each effect's component takes its own ----
   MMEqualizerX& Equalizer() { return *Eq_; }
   MMReverbX& Reverb() { return *Reverb_; }
   MMFlangerX& Flanger() { return *Flanger_; }
@@ -48,21 +48,21 @@ class EffektKette {
   Gate& Tor() { return gate_; }
   Restauration& Filter() { return restauration_; }
 
-  // ---- the ends, and what is played or written ----
+  // ---- the ends of the chain ----
   MMWaveFileX& SourceFile() { return *SourceFile_; }
   const MMWaveFileX& SourceFile() const { return *SourceFile_; }
   MMWaveOutX& Out() { return *Out_; }
   MMTriggerX& Trigger() { return *Trigger_; }
-  MMWaveFileX& DestFile() { return *DestFile_; }  // what the trigger writes
-  std::int32_t Laenge() const;                    // frames of the source; 0 when it is closed
+  MMWaveFileX& DestFile() { return *DestFile_; }  // the trigger writes it
+  std::int32_t Laenge() const;                    // of the source, in frames; 0 when it is closed
 
   // ---- events ----
   std::function<void(MMData& data)> OnPuffer;  // each buffer between peak detector and equalizer
   std::function<void(int links, int rechts)> OnPegel;  // peaks that are heard, 0 to 32767
-  // Gate and filters over a buffer that OnPuffer has brought.
+  // Takes the buffer that OnPuffer has brought through gate and filters.
   void PufferFiltern(MMData& data);
 
-  // ---- components without settings, for those who follow the path ----
+  // ---- the other components, so that tests can follow the path ----
   MMPCMConverterX& MMPCMConverterX1() { return *MMPCMConverterX1_; }
   MMPeakDetectX& Peak() { return *Peak_; }
   MMDSPInterfaceX& DSP() { return *DSP_; }
@@ -92,7 +92,7 @@ class EffektKette {
   Gate gate_;
   Audiolib& bibliothek_;
   Restauration restauration_;
-  // What filters work on: a buffer, and as much room beside it.
+  // The buffer in work, and room for a second one. No buffer is allocated while sound runs.
   std::array<std::int16_t, kBufferBytes / sizeof(std::int16_t)> PufferA_{}, PufferB_{};
 };
 

@@ -1,9 +1,9 @@
 // The lower part of the wave editor's window: the panels of the effects, of which one is in front,
-// the list of presets, the small picture of the spectrum and the load. Hidden check boxes hold
-// which effects are on; buttons show it.
+// the list of presets, the small picture of the spectrum and the load. Which effects are on is held
+// by hidden check boxes and shown by buttons.
 #pragma once
 
-#include "klang/baender.h"
+#include "app/zustand/eq_baender.h"
 #include "waveeditor/regler.h"
 
 #include "platform/form.h"
@@ -28,23 +28,23 @@ struct EffektTafeln {
   struct Schalter {
     CheckBox& Kasten;
     PictureButton& Knopf;
-    const wchar_t* Bild;  // what its pictures' names begin with
-    Panel Tafel;          // where it lies
-    bool Licht;           // it alone lights the panel's own button
+    const wchar_t* Bild;  // the beginning of the names of the button's pictures
+    Panel Tafel;          // the panel that it lies on
+    bool Licht;           // it lights the panel's own button, without regard to other effects
     bool Preset;          // it is part of the presets of the panel
 
     bool An() const { return Kasten.Value() == 1; }
-    void Zeigen() const;      // the button, as the box stands
-    void Umschalten() const;  // as the button's press does
+    void Zeigen() const;      // makes the button show the state of the box
+    void Umschalten() const;  // does what a press of the button does
   };
   std::array<Schalter, 9> AlleSchalter();
   Schalter SchalterVon(const CheckBox& kasten);
 
   // Brings a panel to the front.
   void PanelZeigen(int index);
-  // Lights the button of a panel, or not.
+  // Switches the light of a panel's button.
   void PanelLicht(int index, bool an);
-  void LichterZeigen();  // of all panels, as they were set
+  void LichterZeigen();  // paints all of them again
   bool EffektAn(int index) const { return EffektAn_[static_cast<std::size_t>(index)]; }
   bool EinEffektAn() const;
 
@@ -52,9 +52,9 @@ struct EffektTafeln {
   using PresetWert = std::variant<Slider*, CheckBox*>;
   std::vector<PresetWert> PresetWerte(int panel);
 
-  // All settings but the room of the hall, which is known by its place in the list.
+  // The values of all check boxes and sliders. The room of the hall is not among them.
   void WerteMerken(EffektWerte& werte);
-  void WerteLaden(const EffektWerte& werte);  // as a hand would set them
+  void WerteLaden(const EffektWerte& werte);  // runs the handlers of those that change
 
  private:
   template <typename Werte, typename Weg>

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const wchar_t* kApplyDatei = L"temp001.dat";
 constexpr const wchar_t* kBatchDatei = L"temp.001";
-constexpr int kLoslassenMs = 500;  // until the file that was written can be copied
+constexpr int kLoslassenMs = 500;  // until the system has released the file that was written
 constexpr int kWartenMs = 50;
 
 Text ImTempOrdner(const Programm& prog, const wchar_t* name) {
@@ -49,7 +49,7 @@ void Einrechnung::Einrechnen() {
   if (quelle.Empty()) return;
   BatchLaeuft_ = false;
   EinrechnenLaeuft_ = true;
-  // Before events run: playing or leaving now would spoil the file.
+  // The window is locked before events run, because playing or leaving would spoil the file.
   fenster_.Sperren(true);
   try {
     fenster_.RuntimeConnections();
@@ -67,7 +67,7 @@ void Einrechnung::Einrechnen() {
 // ---- the end of a file ----
 
 void Einrechnung::Trigger_OnStop() {
-  // After a failure the source is shown as it was.
+  // Also after a failure, the editor shows the source again.
   Jedenfalls([this] { ErgebnisUebernehmen(); }, [this] { Abschliessen(); });
 }
 
@@ -106,7 +106,7 @@ void Einrechnung::Abschliessen() {
   fenster_.Sperren(false);
 }
 
-// The window stays locked and a batch goes on waiting: what has failed here would fail again.
+// The window stays locked and a batch goes on waiting, because the same render would fail again.
 void Einrechnung::Trigger_OnError() {
   kette_.Trigger().Stop();
   TriggerSteht = true;

@@ -1,6 +1,6 @@
-// Effects into the file, for the file that is open and for each file of a batch. The sound goes
-// through the chain into a temporary file, and only when that is whole does it take the place of
-// the source.
+// Writes the effects into the file that is open, or into a file of a batch. The sound goes through
+// the chain into a temporary file. When the temporary file is complete, it takes the place of the
+// source.
 #pragma once
 
 #include "waveeditor/editor_fenster.h"
@@ -17,18 +17,18 @@ class Einrechnung {
   // `knopf` is the button that applies the effects.
   Einrechnung(Programm& programm, EffektKette& kette, PictureButton& knopf, EditorFenster& fenster);
 
-  // Begins to write the open file; the window is locked until the trigger has come to the end.
+  // Begins to render the open file. The window is locked until the trigger has reached the end.
   void Einrechnen();
   void StapelBeginnen() { BatchLaeuft_ = true; }  // the editor works for a batch from now on
-  void StapelDatei();  // the whole of the work on WorkDatei; events run meanwhile
+  void StapelDatei();  // renders WorkDatei; returns when it is done, and lets events run meanwhile
 
   void Trigger_OnStop();
   void Trigger_OnError();
-  void Aufraeumen();  // the temporary files go
+  void Aufraeumen();  // deletes the temporary files
 
   bool EinrechnenLaeuft() const { return EinrechnenLaeuft_; }
   bool BatchLaeuft() const { return BatchLaeuft_; }
-  // Where the chain is to end.
+  // The end that the chain has to have now.
   EffektKette::Ende Ende() const;
 
  private:

@@ -65,7 +65,7 @@ void frmSpektrum::picSpektrum_Paint() {
   Window.Enabled = true;
 }
 
-// A file that is gone or no longer what it was has no spectrum; the window stays empty.
+// The window stays empty when the file is gone or is no wave file any more.
 void frmSpektrum::Zeichnen() {
   EventLoop& schleife = prog.plattform.schleife;
   SpektrumBild bild(prog);

@@ -22,7 +22,7 @@ class frmSpektrum final : public VtrFenster {
   ControlArray<Label, 1> lblButtCaption{*this, L"lblButtCaption"};
 
  private:
-  void Anordnen();  // over the whole screen
+  void Anordnen();  // places the controls over the whole screen
   void Zeichnen();
 };
 

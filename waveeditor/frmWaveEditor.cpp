@@ -1,11 +1,11 @@
-// How the wave editor is made, opened, captioned and left.
+// Making, opening, captioning and leaving the wave editor.
 
 #include "waveeditor/frmWaveEditor.h"
 
+#include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
-#include "catalog/frmHauptForm.h"
 
 #include "platform/twips.h"
 
@@ -240,12 +240,12 @@ void frmWaveEditor::Einrechnen2(const Text& datei) {
 
 void frmWaveEditor::Form_Close() {
   if (Window.Enabled) return imgZurück_MouseUp();
-  prog.frmHauptForm().imgÜberblenden_MouseUp();
+  prog.Katalogfenster().Beenden();
 }
 
 void frmWaveEditor::CloseMe() {
   Beschaeftigt = true;
-  transport_.SpulenAbbrechen();  // the button will not be let go in this window any more
+  transport_.SpulenAbbrechen();  // no release of the button reaches a window that is closed
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
   tmrCPU.Enabled = false;
   last_.Beenden();
@@ -264,8 +264,8 @@ void frmWaveEditor::CloseMe() {
   if (WorkDatei_ != prog.WaveEditorDatei && prog.DateiExistiert(WorkDatei_)) {
     Weiter([&] { prog.plattform.dateien.Kill(WorkDatei_); });
   }
-  vantora::frmHauptForm& haupt = prog.frmHauptForm();
-  haupt.Window.Enabled = !prog.EditorBatch;  // between two files of a batch the user must not act
+  KatalogDienst& haupt = prog.Katalogfenster();
+  haupt.FreiSetzen(!prog.EditorBatch);  // between two files of a batch the user must not act
   EffektWerteMerken();
   bearbeitung_.Beenden();
   einrechnung_.Aufraeumen();

@@ -42,8 +42,8 @@ class frmWaveEditor final : public VtrFenster,
 
   // ---- window ----
   void Form_Load() override;
-  void Form_Activate() override;  // the first time opens the file
-  void Form_GotFocus() override;  // a button that was held has been let go elsewhere
+  void Form_Activate() override;  // opens the file the first time
+  void Form_GotFocus() override;  // a held button has been released in another window
   void Form_Unload() override;
   void Form_Close() override;
   void Form_Paint() override { pic3D_Paint(); }
@@ -144,7 +144,7 @@ class frmWaveEditor final : public VtrFenster,
   void comboPreset_Click();
 
   // ---- effects into the file ----
-  void Einrechnen2(const Text& datei);  // the whole of a batch for one file; closes the editor
+  void Einrechnen2(const Text& datei);  // renders a file of a batch and closes the editor
   void Trigger_OnStop() { einrechnung_.Trigger_OnStop(); }
   void Trigger_OnError() { einrechnung_.Trigger_OnError(); }
 
@@ -162,12 +162,12 @@ class frmWaveEditor final : public VtrFenster,
   bool ScanLaeuft() const { return bild_.ScanLaeuft(); }
   bool Spielt() const { return transport_.Spielt(); }
   bool Pausiert() const { return transport_.Pausiert(); }
-  bool EffekteAktiv() const { return EffekteAktiv_; }  // there is something to apply
+  bool EffekteAktiv() const { return EffekteAktiv_; }  // there are effects to apply
   bool EinrechnenLaeuft() const { return einrechnung_.EinrechnenLaeuft(); }
   bool BatchLaeuft() const { return einrechnung_.BatchLaeuft(); }
   std::int16_t CPULast() const { return last_.CPULast(); }
   EffektKette& Kette() { return kette_; }
-  const Bearbeitung& Edits() const { return bearbeitung_; }  // what can be pasted and undone
+  const Bearbeitung& Edits() const { return bearbeitung_; }
   PresetVorrat& Presets() { return presets_; }
 
   Timer tmrAnzeigeTimer{*this, L"tmrAnzeigeTimer"};
@@ -178,7 +178,7 @@ class frmWaveEditor final : public VtrFenster,
  private:
   using Handler = void (frmWaveEditor::*)();
 
-  // what the parts ask for
+  // EditorFenster
   const Text& WorkDatei() const override { return WorkDatei_; }
   void Status(const Text& text) override { lblStatus.Caption = text; }
   void StelleZeigen(std::int64_t frame) override;
@@ -202,7 +202,7 @@ class frmWaveEditor final : public VtrFenster,
   void TexteEffekte();
   void HinweiseEffekte();
   void TextePresets();
-  void Hinweis(Control& control, int nummer);  // the tooltip, also read to those who do not see it
+  void Hinweis(Control& control, int nummer);  // sets the tooltip, and the name for screen readers
 
   // opening
   void BilderBereiten();
@@ -211,12 +211,12 @@ class frmWaveEditor final : public VtrFenster,
   void LastMessungBeginnen();
 
   // picture
-  void ZugBis(int x);  // the marker to there, or a cursor there
+  void ZugBis(int x);  // draws the marker to there, or sets a cursor there
   void BefehlsTaste(int taste);
-  void SpektrumNeuStarten() { tmr3D.Restart(); }  // two seconds from now, if nothing changes again
+  void SpektrumNeuStarten() { tmr3D.Restart(); }  // draws it two seconds after the last call
 
   // edits
-  void Bearbeiten(Handler handler);                      // the button of an edit
+  void Bearbeiten(Handler handler);  // runs the handler of an edit's button, with the file open
   void Ausfuehren(const std::function<void()>& arbeit);  // with the window disabled
   void InAblage(const std::function<void()>& arbeit);
 

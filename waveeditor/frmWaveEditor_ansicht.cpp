@@ -154,8 +154,8 @@ void frmWaveEditor::marker_update() {
 
 // ---- the same by the keyboard ----
 
-// Arrows move the cursor by a pixel, so the closer the view, the finer they go; with Shift they
-// drag. They do what the mouse would do at the place that they lead to.
+// Arrow keys move the cursor by a pixel, so their steps are finer in a closer view. With Shift they
+// drag. Each key does what the mouse does at the same place.
 void frmWaveEditor::picWave_KeyDown(int taste) {
   if (picWaveBack.ControlHeld) return BefehlsTaste(taste);
   const int pixel = Ganz32(prog.plattform.bildschirm.TwipsPerPixelX());
@@ -257,8 +257,8 @@ void frmWaveEditor::Form_GotFocus() {
 
 // ---- edits ----
 
-// Escape while the file is being opened leaves the file closed. An edit needs it open: the undo
-// store is saved from it, and the selection on the picture counts in its frames.
+// When Escape has stopped the scan at the opening, the file is closed. An edit needs it open: the
+// undo store is saved from it, and the selection on the picture counts in its frames.
 void frmWaveEditor::Bearbeiten(Handler handler) {
   if (!kette_.SourceFile().Wave.IsOpen()) {
     QuelleNeuOeffnen();
@@ -284,7 +284,7 @@ void frmWaveEditor::Ausfuehren(const std::function<void()>& arbeit) {
     frei();
     throw;
   }
-  // An edit that was refused half way has closed the file that is played and drawn.
+  // An edit that refuses its work late has closed the file already.
   if (!kette_.SourceFile().Wave.IsOpen()) QuelleNeuOeffnen();
   frei();
 }
@@ -362,7 +362,7 @@ void frmWaveEditor::imgNormalize_MouseUp() {
 
 void frmWaveEditor::Spektrum3D() {
   if (!prog.Show3DAnalysis || ScanLaeuft() || BatchLaeuft() || Spielt() || Beschaeftigt) return;
-  // The file is being written, or the same arithmetic draws the large picture.
+  // The file is being written, or the library is busy with the large picture.
   if (tmrNormalize.Enabled || prog.frmSpektrum.Geladen()) return SpektrumNeuStarten();
   EventLoop& schleife = prog.plattform.schleife;
   const std::int32_t frames =

@@ -197,7 +197,7 @@ void frmWaveEditor::chkDenoiserAktiv_Click() {
   FilterSchalten(chkDenoiserAktiv, Restauration::kDenoiser);
 }
 
-// A machine that is busy already takes no filter on, so that the sound does not begin to stutter.
+// On a machine that is busy already no filter goes on, so that the sound does not begin to stutter.
 void frmWaveEditor::FilterSchalten(CheckBox& kasten, Restauration::Filter filter) {
   if (last_.Hoch() && kasten.Value() == 1) kasten.Value = 0;
   kette_.Filter().Schalten(filter, kasten.Value() == 1);
@@ -355,7 +355,7 @@ bool frmWaveEditor::txtPresName_KeyPress(int taste) {
   for (const PresetWert& wert : PresetWerte(AktivesPanel)) {
     werte.push_back(std::visit([](const auto* control) -> int { return control->Value; }, wert));
   }
-  // The list takes one name more than there are places; then the place raises the error.
+  // The list can have one name more than there are places. Then Merken raises the error.
   presets_.Merken(lstPresets.ListCount() - 1, name, werte);
   return true;
 }

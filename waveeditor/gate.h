@@ -14,11 +14,11 @@ class Gate {
   bool An = false;
   int Schwelle = 0;                           // sample units; 0 never closes
   int HalteMs = 0;                            // the hold time
-  std::function<void(bool offen)> OnZustand;  // for each buffer that opens it or finds it closed
+  std::function<void(bool offen)> OnZustand;  // for each buffer that is loud or is silenced
 
-  // A buffer of 16-bit samples, and the sum of the peaks of its channels.
+  // Silences a buffer of 16-bit samples or leaves it. `spitzen` is the sum of its two peaks.
   void Anwenden(std::int16_t* klang, std::size_t bytes, int spitzen);
-  void Auffrischen() { GateZaehler = 0; }  // open, as at the beginning of a sound
+  void Auffrischen() { GateZaehler = 0; }  // opens it
 
  private:
   std::int32_t GateZaehler = 0;  // frames under the threshold; 0: open, and not counting

@@ -28,7 +28,7 @@ void Hallraeume::DateiAnlegen() const {
   if (bytes.empty()) return;
   const bool ganz = Weiter(
       [&] { prog.plattform.dateien.Open(datei, Zugriff::Neu)->Write(bytes.data(), bytes.size()); });
-  // Half a file would be taken for the user's own and never be completed.
+  // Half a file would never be completed, because it would look like the user's own.
   if (!ganz) Weiter([&] { prog.plattform.dateien.Kill(datei); });
 }
 

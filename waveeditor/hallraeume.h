@@ -1,5 +1,5 @@
-// The rooms of the hall, sections of a file in the application directory. The user may change the
-// file; one that is missing is made anew from what the program brings.
+// The rooms of the hall are sections of a file in the application directory, which the user may
+// change. A file that is missing is written anew from the program's resources.
 #pragma once
 
 #include "platform/text.h"
@@ -15,8 +15,8 @@ class Hallraeume {
   explicit Hallraeume(Programm& programm) : prog(programm) {}
 
   Text Datei() const;
-  // As they are shown: without what stands before the first point of the section's name. An editor
-  // works without rooms as well.
+  // The rooms as the list shows them: a section "3.Cathedral" is "Cathedral". Without a file there
+  // are none.
   std::vector<Text> Namen() const;
 
  private:

@@ -1,5 +1,5 @@
-// The marker on the picture of the sound, which the mouse or the keyboard draws, and the line of
-// the place that is heard. Places on the picture are twips, places in the sound frames.
+// The marker that the user draws on the picture of the sound, and the line at the place that is
+// heard. Places on the picture are in twips, places in the sound in frames.
 #pragma once
 
 #include "waveeditor/auswahl.h"
@@ -13,21 +13,21 @@ namespace vantora {
 
 class Marker {
  public:
-  // `flaeche` is the surface on which both lie.
+  // Marker and line lie on `flaeche`.
   Marker(Shape& shpMarker, Shape& linPosition, const PictureBox& flaeche, Display& bildschirm)
       : shpMarker_(shpMarker),
         linPosition_(linPosition),
         flaeche_(flaeche),
         bildschirm_(bildschirm) {}
 
-  // ---- drawing it; a place beyond an edge is taken for the edge ----
-  void Druecken(int x);  // a cursor there, in sight
-  void Ziehen(int x);    // from where the drag began to there
-  void Alles();          // over the whole picture, in sight
-  void Zuruecksetzen();  // a cursor at the beginning; in sight or out of sight as before
-  void Aufheben();       // the same, out of sight
+  // ---- drawing it; a place beyond an edge counts as the edge ----
+  void Druecken(int x);  // sets a cursor and shows it
+  void Ziehen(int x);    // covers the range from the beginning of the drag to this place
+  void Alles();          // covers the whole picture and shows it
+  void Zuruecksetzen();  // sets a cursor at the beginning
+  void Aufheben();       // does the same and hides it
   void Einblenden() { shpMarker_.Visible = true; }
-  int ZugX() const { return ZugX_; }  // where the drag is now
+  int ZugX() const { return ZugX_; }  // the end of the drag
 
   // ---- between the picture and a sound of `laenge` frames ----
   // Selects what the marker covers. A marker of one pixel is a cursor.

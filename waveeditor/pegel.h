@@ -1,5 +1,4 @@
-// A level meter that shows a peak at once and lets it sink in steps, as the ear and the eye want
-// it.
+// A level meter that shows a peak at once and lets it sink in steps, so that the eye can follow.
 #pragma once
 
 #include "klang/pegel.h"
@@ -26,7 +25,7 @@ class MMLevelX final : public LevelMeter {
   DecayModes DecayMode = dmStepUp;
   int Decay = 9;  // percent of its height that a peak loses in a step
 
-  // A peak that is heard now, 0 to 32767. What stands higher goes on sinking.
+  // Shows the peaks that are heard now, 0 to 32767. A higher peak on show goes on sinking.
   void Zeigen(int links, int rechts) {
     PeakLeft = std::max<int>(PeakLeft, links);
     PeakRight = std::max<int>(PeakRight, rechts);

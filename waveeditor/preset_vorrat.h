@@ -1,6 +1,7 @@
 // Named sets of effect settings. Those of equalizer, volume, restoration and flanger lie in the
-// settings store, a line of text each: the name and then the values, between semicolons. A kind has
-// ten places. Knows no controls: the values are numbers, in the order of the kind.
+// settings store, each as a line of text: the name and then the values, separated by semicolons. A
+// kind has ten places. This class knows no controls. The values are numbers in the kind's own
+// order.
 #pragma once
 
 #include "platform/plattform.h"
@@ -21,20 +22,20 @@ class PresetVorrat {
 
   explicit PresetVorrat(Plattform& plattform) : plattform_(plattform) {}
 
-  // The presets that the program brings, at the places that are free. `text` gives the text of a
+  // Puts the program's own presets at the places that are free. `text` returns the text with a
   // number.
   void Vorbelegen(const std::function<Text(int nummer)>& text);
 
-  // Reads a kind and returns its names. From then on it is the kind that the others work on. A hall
-  // has none here.
+  // Reads a kind and returns its names. The methods below work on the kind that was read last. The
+  // hall has no presets here.
   std::vector<Text> Lesen(int art);
-  // The parts of a preset, the name first. Error 9 for a place that is not there.
+  // The parts of a preset, the name first. Raises error 9 for a place that is not there.
   std::vector<Text> Teile(int platz);
   bool Moeglich() { return Vorrat() != nullptr; }  // the kind has presets here
-  // Error 9, and nothing is kept, for a place that is not there.
+  // Stores a preset. Raises error 9 and stores nothing for a place that is not there.
   void Merken(int platz, const Text& name, const std::vector<int>& werte);
-  // Frees a place of the store. Others keep their places there, so the list closes gaps that the
-  // store keeps.
+  // Frees a place of the store. The other presets keep their places there; only the list, when it
+  // is read again, closes the gap.
   void Loeschen(int platz);
 
   const Feld* Inhalt() { return Vorrat(); }  // the kind in memory; nothing for the hall

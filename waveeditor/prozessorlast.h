@@ -1,5 +1,4 @@
-// How busy the machine is, from the system's performance counters. Where there are none the load
-// counts as 0.
+// The load of the machine, from the system's performance counters. Without counters the load is 0.
 #pragma once
 
 #include "platform/perf_data.h"
@@ -18,9 +17,9 @@ class Prozessorlast {
   void Beenden();
 
   std::int16_t CPULast() const { return CPULast_; }  // percent, smoothed
-  // For a moment whose load says nothing about the work to come.
+  // Replaces the smoothed load when the measured one says nothing about the work to come.
   void Annehmen(std::int16_t prozent) { CPULast_ = prozent; }
-  // So busy that more work would make the sound stutter.
+  // The machine is so busy that more work would make the sound stutter.
   bool Hoch() const { return CPULast_ > 70; }
 
  private:

@@ -1,5 +1,5 @@
-// The sliders of the effects, each with the box beside it. A slider that is moved shows its value
-// in the box and lets it take effect; a number that is typed moves the slider.
+// The sliders of the effects, each with the box beside it. When a slider is moved, its box shows
+// the value and the value takes effect. A number that is typed into the box moves the slider.
 #pragma once
 
 #include "platform/form.h"
@@ -10,8 +10,8 @@
 
 namespace vantora {
 
-// Set a control as a hand would: its handler runs when the value changes. A slider takes the
-// nearest whole number within its range.
+// Set a control and run its handler if the value changes, as when the user sets it. A slider takes
+// the nearest whole number within its range.
 void Setzen(Slider& schieber, double wert);
 void Setzen(CheckBox& kasten, int wert);
 
@@ -21,7 +21,8 @@ struct Regler {
   int Von, Bis, Anfang;
   std::function<void(int wert)> Wirkung;
   std::function<Text(int wert)> Anzeige = {};  // in the box; missing: the value itself
-  // Takes what was typed, with Return or by leaving the box; missing: it is the slider's value.
+  // Takes the typed number, after Return or when the box is left; missing: it is the slider's
+  // value.
   std::function<void(bool mitReturn)> Eingabe = {};
 };
 
@@ -31,8 +32,8 @@ class ReglerBrett {
   ReglerBrett(const ReglerBrett&) = delete;
   ReglerBrett& operator=(const ReglerBrett&) = delete;
 
-  void Hinzufuegen(Regler regler);  // its handlers run for as long as this lives
-  void AlleAnwenden();              // as if each had just been moved to where it stands
+  void Hinzufuegen(Regler regler);  // the handlers of its controls use this object
+  void AlleAnwenden();              // shows all values and lets them take effect
 
  private:
   struct Platz {

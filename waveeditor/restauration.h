@@ -1,5 +1,5 @@
-// The three filters for old recordings. Each is on or off and has a level of 0 to 1, which may
-// change from buffer to buffer.
+// The three filters for old recordings. Each can be switched on and off and has a level of 0 to 1,
+// which may change from buffer to buffer.
 #pragma once
 
 #include "platform/audiolib.h"
@@ -22,7 +22,7 @@ class Restauration {
   // The filters that are on forget what they have heard.
   void Auffrischen();
 
-  // A buffer of 16-bit samples. `hilfe` has room for as many.
+  // Filters a buffer of 16-bit samples. `hilfe` has room for another buffer of that size.
   void Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes);
 
  private:

@@ -21,7 +21,7 @@ std::int32_t Bloecke(std::int32_t frames) {
   return Ganz32(Quotient(frames, kBlock));
 }
 
-// From where the file stands.
+// The left channel of the range that begins at the position of the file.
 std::vector<std::int16_t> LinkerKanal(MMWaveObject& wave, std::int32_t frames) {
   std::vector<KlangFrame> klang(static_cast<std::size_t>(frames));
   klang.resize(wave.ReadData(klang.data(), klang.size() * kFrameBytes) / kFrameBytes);

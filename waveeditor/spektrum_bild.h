@@ -1,6 +1,6 @@
 // A picture of the spectrum of a range: its left channel in blocks of 1024 samples, drawn by the
-// audio library. The small picture of the wave editor and that of the whole screen are made by the
-// same steps. Events may run between them; the library works on one picture at a time.
+// audio library. The small picture of the wave editor and the picture of the whole screen are made
+// in the same steps. Events may run between the steps. The library works on one picture at a time.
 #pragma once
 
 #include "platform/form.h"
@@ -16,14 +16,14 @@ struct Programm;
 class SpektrumBild {
  public:
   explicit SpektrumBild(Programm& programm);
-  ~SpektrumBild();  // the library lets go of the picture
+  ~SpektrumBild();  // releases the picture in the library
   SpektrumBild(const SpektrumBild&) = delete;
   SpektrumBild& operator=(const SpektrumBild&) = delete;
 
-  // Reads so many frames of a wave file from a frame on. Behind the end of the file it is silent,
-  // and so is what the last block reaches beyond the range. False for a file that cannot be read.
+  // Reads a range of a wave file. Behind the end of the file there is silence, and behind the range
+  // too, where the last block reaches beyond it. False for a file that cannot be read.
   bool Lesen(const Text& datei, std::int32_t start, std::int32_t frames);
-  std::int32_t Start() const { return start_; }  // where the reading began in the file
+  std::int32_t Start() const { return start_; }  // the frame at which the reading began
   void Umrechnen();
   void Zeichnen(PictureBox& bild);
 

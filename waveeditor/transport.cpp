@@ -16,7 +16,7 @@ constexpr int kOeffnenMs = 50;
 constexpr int kRunden = 10000;                         // of a loop
 constexpr std::int32_t kSpulFrames = kSampleRate / 2;  // half a second
 constexpr int kSpulErstMs = 500, kSpulWenigerMs = 40, kSpulSchnellMs = 100, kSpulLetztMs = 50;
-constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding distorts what is measured
+constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding distorts the measurement
 
 // Sets a flag for as long as it lives.
 class Waehrend {
@@ -35,7 +35,7 @@ class Waehrend {
 Transport::Transport(Programm& programm, Teile teile, EditorFenster& fenster)
     : prog(programm), t_(teile), fenster_(fenster) {}
 
-// Range and position of the source, from the selection.
+// Sets range and position of the source from the selection.
 void Transport::BereichSetzen() {
   MMWaveObject& quelle = t_.Kette.SourceFile().Wave;
   quelle.PlayEnd = t_.Auswahl.Ende(t_.Kette.Laenge());
@@ -109,7 +109,7 @@ void Transport::SpielEnde() {
   BereichSetzen();
   Anzeigen();
   KnoepfeFreigeben();
-  // It showed the pause that ends here.
+  // The pause ends here as well.
   if (Pausiert_) KnopfBild(t_.Tafel.imgSteuerung(WellenTafel::kPause));
   Pausiert_ = false;
   fenster_.Freigeben(true);

@@ -1,5 +1,5 @@
-// Playing, pausing, looping and winding. Sound is played from the selection through the chain; the
-// window shows the place, and its buttons show what goes on.
+// Playing, pausing, looping and winding. The selected sound is played through the chain. The window
+// shows the place that is heard, and the buttons show the state.
 #pragma once
 
 #include "waveeditor/auswahl.h"
@@ -17,7 +17,7 @@ struct Programm;
 
 class Transport {
  public:
-  // What it works with. `Uhr` calls Anzeigen while something plays.
+  // The parts that it works with. `Uhr` has to call Anzeigen; it runs while sound plays.
   struct Teile {
     EffektKette& Kette;
     vantora::Auswahl& Auswahl;
@@ -28,23 +28,23 @@ class Transport {
   };
   Transport(Programm& programm, Teile teile, EditorFenster& fenster);
 
-  // Starts the selection, or ends what plays. When it plays already it begins anew, with what is
-  // selected now. Events run meanwhile; a call from one of them has its turn afterwards.
+  // Starts to play the selection, or stops. When sound plays already, it begins anew with the
+  // present selection. Events run meanwhile; a call that one of them makes is done afterwards.
   void PlayWave(bool an);
   // Shows the place that is heard, and ends the playing at the end of its range.
   void Anzeigen();
-  // Wires the chain. Sound that plays goes on from where it was; a loop begins anew.
+  // Wires the chain. Sound that plays goes on at the same place; a loop begins anew.
   void Verbinden(EffektKette::Ende ende);
 
   // ---- the buttons ----
   void SchleifeAus() { LoopAktiv = false; }
-  void Wiedergabe();  // goes on after a pause
+  void Wiedergabe();  // starts to play, or goes on after a pause
   void Stop();
   void PauseUmschalten();
   void Schleife();
-  void AnsEnde(bool hinten);  // the cursor at the end or the beginning of the sound
-  void Spulen(bool vor);      // until it is ended; not in a loop
-  void SpulenBeenden();       // the sound goes on there if it played
+  void AnsEnde(bool hinten);  // sets the cursor at the end or the beginning of the sound
+  void Spulen(bool vor);      // returns when winding has been ended; does nothing in a loop
+  void SpulenBeenden();       // sound that played before goes on at the new place
   void SpulenAbbrechen() { SpulAktiv_ = false; }  // the window closes
 
   bool Spielt() const { return Spielt_; }
@@ -65,7 +65,7 @@ class Transport {
 
   bool Spielt_ = false, Pausiert_ = false, LoopAktiv = false;
   bool HaeltAn = false;        // the sound is being ended
-  bool DanachSpielen = false;  // to play has been asked for meanwhile
+  bool DanachSpielen = false;  // play was pressed while the sound was being ended
   int Verbindungen = 0;        // how often the chain has been wired
   bool SpulAktiv_ = false;
   std::int32_t SpulPos = 0;      // frames

@@ -14,16 +14,16 @@ namespace {
 
 constexpr std::int32_t kBlockFrames = 0x40000;
 constexpr std::int32_t kBlockBytes = kBlockFrames * kFrameBytes;
-constexpr int kSegmente = 16;       // of a trace; also the points that a twip of the window has
-constexpr double kAusschlag = 0.9;  // share of a quarter of the height that full scale takes
+constexpr int kSegmente = 16;  // of a trace; also the number of points for a twip of the window
+constexpr double kAusschlag = 0.9;  // full scale, as a share of a quarter of the height
 constexpr double kVollausschlag = 32768.0;
 constexpr int kMeldePunkte = 11025;
 constexpr int kTeilung = 20;  // ticks in the width of the window
 constexpr int kSchrift = 8;
-constexpr int kZifferHoehe = 180;  // twips; of a "0" in the ruler
+constexpr int kZifferHoehe = 180;  // of a "0" in the ruler, in twips
 constexpr Color kWeiss = Rgb(255, 255, 255);
-constexpr Color kHellgelb = Rgb(255, 255, 85);     // 14 of the old sixteen
-constexpr Color kHellmagenta = Rgb(255, 85, 255);  // 13 of them
+constexpr Color kHellgelb = Rgb(255, 255, 85);     // number 14 of the sixteen basic colours
+constexpr Color kHellmagenta = Rgb(255, 85, 255);  // number 13
 
 DrawItem Linie(int x1, int y1, int x2, int y2, Color farbe) {
   DrawItem linie;
@@ -68,7 +68,7 @@ bool WellenBild::Lesen(MMWaveObject& quelle, int breite, int hoehe,
   return true;
 }
 
-// One block from a frame on; silence where the file has none.
+// Reads one block from a frame on. Behind the end of the file there is silence.
 void WellenBild::BlockLesen(MMWaveObject& quelle, std::int64_t frame) {
   std::size_t bytes = 0;
   Weiter([&] {

@@ -1,6 +1,6 @@
-// The picture of the sound: a trace for each ear, from points that are read once from the file and
-// hold every zoom, and the ruler of the times above it. It draws on picture boxes and knows no
-// window.
+// The picture of the sound, with a trace for each ear, and the ruler of the times above it. The
+// points of the traces are read from the file once and serve every zoom. This class draws on
+// picture boxes and knows no window.
 #pragma once
 
 #include "klang/klang_frame.h"
@@ -25,23 +25,23 @@ class WellenBild {
   explicit WellenBild(Display& bildschirm) : bildschirm_(bildschirm) {}
 
   // ---- reading ----
-  // Between these two a scan runs, and Abbrechen stops it. An earlier stop is forgotten.
+  // A scan begins and ends with these two. The flag of an earlier stop is cleared.
   void ScanBeginnen();
   void ScanBeenden() { ScanLaeuft_ = false; }
-  // Reads the points for a picture of that size, in twips, and calls `melden` with the percentage
-  // now and then. A file that is not open is silent. False when it has been stopped; then the rest
-  // of the points lies at the top.
+  // Reads the points for a picture of that size in twips, and reports its progress by `melden`. A
+  // file that is not open counts as silent. False when the scan has been stopped; then the other
+  // points are 0.
   bool Lesen(MMWaveObject& quelle, int breite, int hoehe,
              const std::function<void(double prozent)>& melden);
   void Abbrechen() { ScanAbbruch_ = true; }
   bool ScanLaeuft() const { return ScanLaeuft_; }
   bool ScanAbbruch() const { return ScanAbbruch_; }  // the last scan has been stopped
   const std::vector<Punkt>& WellenPunkte() const { return WellenPunkte_; }
-  void Vergessen();  // gives the memory of the points back
+  void Vergessen();  // frees the memory of the points
 
   // ---- drawing, at a zoom of 1 to 16 ----
   void Zeichnen(PictureBox& flaeche, float zoom);
-  // The times of a sound of `laenge` frames.
+  // Draws the times of a sound of `laenge` frames.
   static void LinealZeichnen(PictureBox& lineal, float zoom, std::int32_t laenge);
 
  private:

@@ -1,4 +1,4 @@
-// The one form in which the wave editor shows places and lengths.
+// Places and lengths as the wave editor shows them.
 #pragma once
 
 #include "platform/text.h"

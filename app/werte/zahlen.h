@@ -10,7 +10,7 @@
 
 namespace vantora {
 
-inline constexpr std::int64_t kMB = 1024 * 1024;
+inline constexpr std::int64_t kMB = std::int64_t{1024} * 1024;
 
 // Reads the number at the start of a text. Blanks are skipped; a text without a number gives 0.
 double Val(const Text& text);

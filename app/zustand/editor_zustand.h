@@ -2,7 +2,7 @@
 // spectrum shows, and the settings of the effects when the window was last closed.
 #pragma once
 
-#include "klang/baender.h"
+#include "app/zustand/eq_baender.h"
 
 #include "platform/text.h"
 

@@ -21,13 +21,16 @@ struct KatalogZustand {
   bool DialogBestaetigt = false;
 };
 
+// The purpose of the file dialog.
+enum DateiModus : int { kModusOeffnen = 1, kModusSichern = 2 };
+
 // Request to the file dialog, and its result.
 struct DialogFelder {
-  std::int16_t DialogModus = 1;  // 1 open, 2 save
-  Text DialogPfad;               // start directory; afterwards the chosen directory
-  Text DialogMuster;             // "*.vtr"
-  Text DialogName;               // name in the text box
-  Text GewaehlteDatei;           // full path, or several with "/" behind each
+  std::int16_t DialogModus = kModusOeffnen;
+  Text DialogPfad;      // start directory; afterwards the chosen directory
+  Text DialogMuster;    // "*.vtr"
+  Text DialogName;      // name in the text box
+  Text GewaehlteDatei;  // full path, or several with "/" behind each
   Text DialogVerzeichnis;
   bool DialogAbbruch = false;
   bool MehrfachAuswahl = false;

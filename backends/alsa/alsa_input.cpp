@@ -1,7 +1,7 @@
 #include "backends/alsa/alsa_input.h"
 
 #include "backends/alsa/alsa_devices.h"
-#include "backends/alsa/capture_ring.h"
+#include "backends/alsa/input_queue.h"
 
 #include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
@@ -149,7 +149,7 @@ class Capture final : public SoundCapture {
 
   Clock& clock_;
   Card card_;
-  CaptureRing ring_{kCaptureBuffers};
+  InputQueue ring_{kCaptureBuffers};
   std::shared_ptr<std::function<void()>> ready_;  // posted calls die with it
   std::function<void()> wake_;
   std::int64_t lastTicks_;  // time up to which sound has arrived

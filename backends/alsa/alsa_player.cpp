@@ -111,7 +111,7 @@ AlsaPlayer::~AlsaPlayer() = default;
 void AlsaPlayer::Start() {
   Stop();
   // Reports the end of the sound before, so that it is not taken for the end of this one.
-  if (stopUntold_) Ended();
+  if (stopPending_) Ended();
   token_ = std::make_shared<int>(0);
   voice_.reset();  // closes the card first: some cards play only one sound at a time
   voice_ = std::make_unique<Voice>(
@@ -122,7 +122,7 @@ void AlsaPlayer::Start() {
         });
       });
   playing_ = true;
-  stopUntold_ = true;
+  stopPending_ = true;
 }
 
 void AlsaPlayer::Stop() {
@@ -141,8 +141,8 @@ std::int64_t AlsaPlayer::Position() const {
 
 void AlsaPlayer::Ended() {
   playing_ = false;
-  if (!stopUntold_) return;
-  stopUntold_ = false;
+  if (!stopPending_) return;
+  stopPending_ = false;
   if (OnStop) OnStop();
 }
 

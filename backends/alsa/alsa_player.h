@@ -41,7 +41,7 @@ class AlsaPlayer final : public MMWavePlayerX {
   Text file_;
   std::int64_t from_ = 0;
   bool playing_ = false;
-  bool stopUntold_ = false;
+  bool stopPending_ = false;
   std::shared_ptr<int> token_;    // the current sound's; its events carry it
   std::unique_ptr<Voice> voice_;  // the sound that plays, or that played last
 };

@@ -34,6 +34,6 @@ struct DiscOrder {
 };
 
 using BurnEvent = std::function<void(McdEvents&)>;
-using TellEvent = std::function<void(BurnEvent)>;  // posts it to the interface thread
+using PostEvent = std::function<void(BurnEvent)>;  // posts it to the interface thread
 
 }  // namespace vantora

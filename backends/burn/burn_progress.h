@@ -15,7 +15,7 @@ class BurnProgress {
     Text File;
     int Sectors = 0;
   };
-  BurnProgress(std::vector<Track> tracks, bool wholeDisc, TellEvent tell)
+  BurnProgress(std::vector<Track> tracks, bool wholeDisc, PostEvent tell)
       : tracks_(std::move(tracks)), wholeDisc_(wholeDisc), tell_(std::move(tell)) {}
 
   void LeadIn();  // reports it once
@@ -31,7 +31,7 @@ class BurnProgress {
 
   std::vector<Track> tracks_;
   bool wholeDisc_;
-  TellEvent tell_;
+  PostEvent tell_;
   int track_ = -1;  // reported last
   int percent_ = -1;
   bool in_ = false, out_ = false;

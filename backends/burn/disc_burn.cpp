@@ -51,7 +51,7 @@ struct DiscBurn::Parts {
   std::unique_ptr<burn_write_opts, With<burn_write_opts_free>> Options;
 };
 
-DiscBurn::DiscBurn(Dateien& files, DiscOrder order, TellEvent tell, TellEvent words)
+DiscBurn::DiscBurn(Dateien& files, DiscOrder order, PostEvent tell, PostEvent words)
     : files_(files), order_(std::move(order)), tell_(std::move(tell)), words_(std::move(words)) {}
 
 BurnEvent DiscBurn::Run() noexcept {

@@ -7,7 +7,7 @@
 
 #include "backends/burn/burn_drive.h"
 #include "backends/burn/burn_progress.h"
-#include "backends/burn/complaints.h"
+#include "backends/burn/failure_log.h"
 #include "backends/burn/wave_source.h"
 
 #include "platform/files.h"
@@ -25,7 +25,7 @@ class DiscBurn {
   enum class State { Starting, Writing, Refused, Over };
 
   // `words` receives the messages for the log.
-  DiscBurn(Dateien& files, DiscOrder order, TellEvent tell, TellEvent words);
+  DiscBurn(Dateien& files, DiscOrder order, PostEvent tell, PostEvent words);
 
   // Writes the whole disc; meant for a separate thread. Returns nothing for success, else the event
   // that reports the failure. The drive is free afterwards.
@@ -57,10 +57,10 @@ class DiscBurn {
 
   Dateien& files_;
   DiscOrder order_;
-  TellEvent tell_, words_;
+  PostEvent tell_, words_;
   std::vector<PlannedTrack> tracks_;
   std::unique_ptr<BurnProgress> progress_;
-  Complaints complaints_;
+  FailureLog complaints_;
 
   std::mutex mutex_;
   std::condition_variable changed_;

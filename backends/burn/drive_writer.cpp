@@ -1,8 +1,8 @@
 #include "backends/burn/drive_writer.h"
 
 #include "backends/burn/burn_drive.h"
-#include "backends/burn/complaints.h"
 #include "backends/burn/disc_burn.h"
+#include "backends/burn/failure_log.h"
 #include "backends/sound/disc/disc_plan.h"
 
 #include "platform/laufzeitfehler.h"
@@ -57,7 +57,7 @@ int DriveWriter::Init_Prog() {
   // While a drive finishes a stopped write, the earlier list stays valid.
   if (!Resting(0ms)) return 0;
   if (!scan_.valid() || Ready(scan_)) {
-    const TellEvent tell = Teller();
+    const PostEvent tell = Teller();
     scan_ = thread_.Do<std::vector<Burner>>(
         [devices, known = burners_, tell, ending = ending_.get_token()] {
           return Scan(devices, known, tell, ending);
@@ -72,7 +72,7 @@ int DriveWriter::Init_Prog() {
 // list, the next device would take its place, and the disc would be written in the wrong drive.
 std::vector<DriveWriter::Burner> DriveWriter::Scan(const std::vector<BurnDevice>& devices,
                                                    const std::vector<Burner>& known,
-                                                   const TellEvent& tell,
+                                                   const PostEvent& tell,
                                                    const std::stop_token& ending) {
   BurnLibrary library;
   std::vector<Burner> found;
@@ -270,7 +270,7 @@ void DriveWriter::Drop() {
   burn_.reset();
 }
 
-TellEvent DriveWriter::Teller(const std::shared_ptr<int>& token) {
+PostEvent DriveWriter::Teller(const std::shared_ptr<int>& token) {
   return [this, watch = std::weak_ptr<int>(token), &loop = loop_](const BurnEvent& event) {
     loop.Post([this, watch, event] {
       if (!watch.expired()) event(Events);

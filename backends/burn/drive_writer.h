@@ -77,7 +77,7 @@ class DriveWriter final : public Mcd {
   };
 
   static std::vector<Burner> Scan(const std::vector<BurnDevice>& devices,
-                                  const std::vector<Burner>& known, const TellEvent& tell,
+                                  const std::vector<Burner>& known, const PostEvent& tell,
                                   const std::stop_token& ending);
   static Look LookInto(const std::string& device, const std::stop_token& ending);
   const Burner* Current() const;
@@ -87,8 +87,8 @@ class DriveWriter final : public Mcd {
   void Ended(const BurnEvent& failure);
   void Abandon();
   void Drop();
-  TellEvent Teller() { return Teller(token_); }
-  TellEvent Teller(const std::shared_ptr<int>& token);
+  PostEvent Teller() { return Teller(token_); }
+  PostEvent Teller(const std::shared_ptr<int>& token);
 
   Dateien& files_;
   EventLoop& loop_;

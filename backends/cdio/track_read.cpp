@@ -42,11 +42,11 @@ int TrackRead::Slice() noexcept {
   try {
     // A careful read begins with steps that take a slow drive seconds, so the position is reported
     // first.
-    if (done_ == 0) TellPosition(true);
+    if (done_ == 0) ReportPosition(true);
     if (Move()) return Delay();
     Header();
     file_.reset();
-    TellPosition(true);
+    ReportPosition(true);
     Ended(0);
     return -1;
   } catch (const SectorFailed&) {
@@ -80,7 +80,7 @@ bool TrackRead::Move() {
     budget -= count;
     if (failed) throw SectorFailed{};
     if (pace_ > 0) nominalMs_ += count * 1000.0 / (kSectorsPerSecond * pace_);
-    TellPosition(false);
+    ReportPosition(false);
   }
   return true;
 }
@@ -103,7 +103,7 @@ int TrackRead::ReadBlock(int wanted, Time::time_point until, bool& failed) {
   return read;
 }
 
-void TrackRead::TellPosition(bool always) {
+void TrackRead::ReportPosition(bool always) {
   const auto now = Time::now();
   if (!always && now - told_ < kTellEvery) return;
   told_ = now;

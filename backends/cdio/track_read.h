@@ -43,7 +43,7 @@ class TrackRead {
 
   bool Move();  // false: the sound is complete
   int ReadBlock(int wanted, Time::time_point until, bool& failed);
-  void TellPosition(bool always);
+  void ReportPosition(bool always);
   int Delay();
   void Header();          // updates the header to the sound in the file
   void Close() noexcept;  // makes header and file agree, as far as the disk allows

@@ -156,7 +156,7 @@ bool ImageBurn::Move(std::int64_t budget) {
     nominalMs_ += order_.faults.Pace > 0
                       ? static_cast<double>(most) * 1000 / (order_.faults.Pace * kBytesPerSecond)
                       : 0;
-    TellPercent(false);
+    ReportPercent(false);
     if (sound_->Left() == 0) EndTrack();
   }
   return true;
@@ -170,11 +170,11 @@ void ImageBurn::BeginTrack() {
     Call(events.MCD_InfoMessage, 1, L"Open file " + file);
   });
   if (!order_.dao) percent_ = -1;
-  if (percent_ < 0) TellPercent(true);
+  if (percent_ < 0) ReportPercent(true);
 }
 
 void ImageBurn::EndTrack() {
-  if (!order_.dao || track_ + 1 == tracks_.size()) TellPercent(true);
+  if (!order_.dao || track_ + 1 == tracks_.size()) ReportPercent(true);
   tell_([file = tracks_[track_].File](McdEvents& events) {
     Call(events.MCD_InfoMessage, 1, L"Close file " + file);
   });
@@ -193,7 +193,7 @@ void ImageBurn::End() {
   if (order_.fixate) tell_([](McdEvents& events) { Call(events.MCD_Fixating); });
 }
 
-void ImageBurn::TellPercent(bool always) {
+void ImageBurn::ReportPercent(bool always) {
   const PlannedTrack& track = tracks_[track_];
   const std::int64_t gap = track.Gap * kSectorBytes;
   const std::int64_t now =

@@ -62,7 +62,7 @@ class ImageBurn {
   void BeginTrack();
   void EndTrack();
   void End();
-  void TellPercent(bool always);
+  void ReportPercent(bool always);
   int Delay();
   std::int64_t Budget() const;
   Text BinTemp() const { return order_.name + L".bin.tmp"; }

@@ -10,7 +10,6 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kUsPerMs = 1000;
 // A user acts also in front of a program that is never idle, when it has had so much time and so
 // many turns. Where time stands still while the program works, a great many turns count as well.
 constexpr std::int64_t kPatienceUs = 4'000'000;

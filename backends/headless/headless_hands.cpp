@@ -169,6 +169,7 @@ void HeadlessHands::Up(Control& control, int button, bool inside) {
   const bool changes = kind == ControlKind::CheckBox || kind == ControlKind::OptionButton;
   const bool clicks = button == kLeftButton && inside;
   if (clicks && changes) Own(control);
+  if (!loop_.Alive(control)) return;
   if (auto* view = dynamic_cast<ListView*>(&control); view != nullptr && clicks && row_ > 0) {
     if (const auto click = view->ItemClick) Call(control, [click, row = row_] { click(row); });
   }

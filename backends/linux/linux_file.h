@@ -1,6 +1,6 @@
 // An open regular file. Small reads use a buffer, of 512 bytes for the first read and 4 KiB
 // afterwards, so that reading a header step by step costs one system call. Writes are not buffered.
-// Bytes written through another handle may stay unseen while they are in the buffer.
+// A read may return buffered bytes that another handle has overwritten meanwhile.
 //
 // CopyTo between two such files uses no buffer: it maps the source and writes the mapped pages to
 // the target. Only the kernel reads these pages, so a file that shrinks meanwhile raises an error

@@ -1,6 +1,6 @@
 // The bytes of one profile file and their meaning. Unchanged lines keep every byte.
 //
-// The file is searched for sections once, and a section for a key each time that one is asked for.
+// The file is searched for sections once, and a section for a key at each use.
 #pragma once
 
 #include "platform/profile.h"

@@ -216,11 +216,11 @@ void Mp3Decoder::Decode() {
     throw Laufzeitfehler(kFehlerUngueltigerAufruf, L"No hay ningún archivo MP3 abierto.");
   }
   // Reports the end of the run before, so that it is not taken for the end of this one.
-  if (endUntold_) TellEnd();
+  if (endPending_) TellEnd();
   token_ = std::make_shared<int>(0);
   run_ = std::make_shared<Run>(*this, frames_);
   state_ = kMp3Busy;
-  endUntold_ = true;
+  endPending_ = true;
   job_ = background_.Start([run = run_] { return run->Slice(); });
 }
 
@@ -261,8 +261,8 @@ void Mp3Decoder::RunEnded(int code, const Text& text) {
 }
 
 void Mp3Decoder::TellEnd() {
-  if (!endUntold_) return;
-  endUntold_ = false;
+  if (!endPending_) return;
+  endPending_ = false;
   if (Mp3Play1_ThreadEnded) Mp3Play1_ThreadEnded();
 }
 

@@ -48,7 +48,7 @@ class Mp3Decoder final : public Qm3Play {
   int state_ = kMp3Closed;
   int frames_ = 0;
   double lengthMs_ = 0;
-  bool endUntold_ = false;
+  bool endPending_ = false;
   // Posted events carry the token of their run. Events of a stopped run are dropped.
   std::shared_ptr<int> token_;
   std::shared_ptr<Run> run_;

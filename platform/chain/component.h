@@ -1,6 +1,7 @@
-// What all components of the sound chain have in common: they are wired one behind the other by
-// their inputs, also while they play; the end of the chain pulls sound through them in buffers.
-// Between components sound is 44.1 kHz, 16 bit, stereo: a frame is 4 bytes.
+// The base of all components of the sound chain. Components are connected by their inputs, which
+// may change while they play. The last component pulls the sound through the chain, buffer by
+// buffer. Between components sound is 44.1 kHz, 16 bit, stereo, so a frame is 4 bytes. Unless a
+// comment says otherwise, all calls and events are on the interface thread.
 #pragma once
 
 #include <algorithm>
@@ -10,15 +11,15 @@
 
 namespace vantora {
 
-inline constexpr std::size_t kBufferBytes = 4096;  // what goes through a chain at a time
+inline constexpr std::size_t kBufferBytes = 4096;  // size of a buffer in a chain
 
-// One buffer on its way through the chain.
+// A buffer in the chain.
 struct MMData {
   std::array<std::int16_t, kBufferBytes / 2> Samples;  // left, right, left …
-  std::size_t Bytes = 0;                               // 0: the sound is over
+  std::size_t Bytes = 0;                               // 0: end of the sound
 };
 
-// Bytes of sound in a buffer, 0 for none; its sound out of it and back into it.
+// Return the number of bytes in a buffer, copy its sound out, and copy sound into it.
 inline std::size_t ParseWaveHeader(const MMData& data) {
   return data.Bytes;
 }
@@ -40,8 +41,8 @@ class MMComponentX {
   MMComponentX(const MMComponentX&) = delete;
   MMComponentX& operator=(const MMComponentX&) = delete;
 
-  // The neighbours. A component that has dropped out of the path keeps its input, so that it can be
-  // wired in again.
+  // The neighbours in the chain. A component that has been taken out of the chain keeps its input,
+  // so that it can be inserted again.
   MMComponentX* Input() const { return input_; }
   MMComponentX* Output() const { return output_; }
   void SetInput(MMComponentX* input) {
@@ -53,17 +54,18 @@ class MMComponentX {
     if (output != nullptr) output->input_ = this;
   }
 
-  // The next buffer of the sound; a chain without a source has none.
+  // Returns the next buffer of the sound. A chain without a source returns an empty one.
   virtual void Pull(MMData& data) {
     data.Bytes = 0;
     if (input_ != nullptr) input_->Pull(data);
   }
-  // The sound begins anew: the source goes back to the start of its range. Echoes that still ring
-  // go on ringing.
+  // Restarts the sound: the source goes back to the start of its range. Echoes that are still
+  // sounding continue.
   virtual void Rewind() {
     if (input_ != nullptr) input_->Rewind();
   }
-  // What stands behind the end of a chain: it hears that sound follows, and then each buffer.
+  // Called for components after the end of a chain: Receive before the sound begins, then Push for
+  // each buffer.
   virtual void Receive() {
     if (output_ != nullptr) output_->Receive();
   }

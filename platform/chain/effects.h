@@ -1,4 +1,4 @@
-// What changes the sound on its way.
+// Components that examine or change the sound inside a chain.
 #pragma once
 
 #include "platform/cd_sound.h"
@@ -20,8 +20,8 @@ class MMDSPInterfaceX : public MMComponentX {
   std::function<void(MMData& data)> OnBufferFilled;  // may change the buffer
 };
 
-// All effects start switched off; then sound passes through them untouched. To switch on again what
-// is on changes nothing, to switch it on after it was off begins without echoes of the past.
+// An effect is initially off, and then passes the sound unchanged. Enabling an effect that is on
+// changes nothing. Enabling one that was off starts it without echoes of earlier sound.
 class MMEffectX : public MMComponentX {
  public:
   virtual void Enable() = 0;
@@ -34,20 +34,20 @@ class MMEqualizerX : public MMEffectX {
    public:
     virtual ~Filter() = default;
     virtual double Gain() const = 0;
-    virtual void SetGain(double gain) = 0;  // dB; glides to it
+    virtual void SetGain(double gain) = 0;  // in dB; the gain changes gradually
   };
   int SampleRate = kSampleRate;                                                 // Hz
-  virtual void Add(double frequencyFrom, double frequencyTo, double gain) = 0;  // Hz, Hz, dB
+  virtual void Add(double frequencyFrom, double frequencyTo, double gain) = 0;  // in Hz, Hz, dB
   virtual int Count() const = 0;
-  virtual Filter& Item(int index) = 0;  // from 0; error 9 for none
+  virtual Filter& Item(int index) = 0;  // `index` from 0; raises 9 for others
 };
 
 class MMReverbX : public MMEffectX {
  public:
-  virtual void SetFeedback(int percent) = 0;    // -99 to 99, scales the echoes' own
-  virtual void SetOutputGain(int percent) = 0;  // 0 to 99, of the echoes beside the sound itself
-  // Takes the eight echoes of a section. The section is named with or without what stands before
-  // the first point of its name. A missing file or section changes nothing.
+  virtual void SetFeedback(int percent) = 0;    // -99 to 99; factor for each echo's own feedback
+  virtual void SetOutputGain(int percent) = 0;  // 0 to 99; level of the echoes, added to the sound
+  // Loads the eight echoes of a section. The section's name may be given with or without the part
+  // up to its first dot. A missing file or section changes nothing.
   virtual void LoadFromIni(const Text& iniFile, const Text& section) = 0;
 };
 
@@ -56,23 +56,23 @@ class MMFlangerX : public MMEffectX {
   virtual void SetDryMix(int percent) = 0;
   virtual void SetWetMix(int percent) = 0;
   virtual void SetFeedBack(int percent) = 0;  // 0 to 99
-  virtual void SetDepth(float percent) = 0;   // 0 to 99, of the sweep
-  virtual void SetRate(float hertz) = 0;      // sweeps a second, 0 to 5
+  virtual void SetDepth(float percent) = 0;   // 0 to 99, depth of the modulation
+  virtual void SetRate(float hertz) = 0;      // modulation frequency, 0 to 5
 };
 
 class MMVolumeX : public MMEffectX {
  public:
-  virtual void SetVolume(int volume) = 0;  // 16384 leaves it as loud as it is
+  virtual void SetVolume(int volume) = 0;  // 16384 leaves the volume unchanged
 };
 
-// Bends speed and pitch together, as a hand on a turning record does. A bent sound is longer or
-// shorter than it was.
+// Changes speed and pitch together, like a hand on a turning record. The sound becomes longer or
+// shorter.
 class MMPitchX : public MMComponentX {
  public:
-  // The change of speed in steps of 0.16 %; from a quarter of the speed to four times it. What is
-  // set holds at the end of the next buffer, to which the speed goes in a straight line; what is
-  // set before the sound begins holds from its first frame. As long as it has been 0 since then,
-  // the sound passes as it is.
+  // The change of speed in steps of 0.16 %. The speed is limited to a quarter and four times the
+  // original. A new value is reached at the end of the next buffer, with a linear change of speed.
+  // A value set before the sound begins applies from its first frame. The sound passes unchanged
+  // until the value first differs from 0.
   float Pitch = 0;
 };
 

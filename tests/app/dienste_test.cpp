@@ -59,22 +59,11 @@ TEST(Dienste, PathsAndNamesKeepTheirRules) {
 TEST(Dienste, TimesCountIn25thsOfTheirOwnKind) {
   int h = 0, m = 0, s = 0, f = 0;
   MsNachHMSF(3723999, h, m, s, f);
-  EXPECT_EQ(HMSFText(h, m, s, f), L"01:02:03:09");  // 148959 steps of 25 ms, of which 25 make one
+  EXPECT_EQ(HMSFText(h, m, s, f), L"01:02:03:09");  // in steps of 25 ms, of which 25 count as 1
   EXPECT_EQ(MinutenText(5 * 60000 + 23999), L"05:23");
   EXPECT_EQ(RestText(80 * 60000), L"80:00");
   EXPECT_EQ(RestText(-61000), L"-01:01");
   EXPECT_EQ(BytesNachMs(176400), 1000);
-}
-
-TEST(Dienste, AWaitEndsEarlyWhenTheJobIsCancelled) {
-  Buehne b;
-  const std::int64_t anfang = b.platform.clock.Ticks();
-  EXPECT_TRUE(b.prog.Warten(1.5));
-  EXPECT_GE(b.platform.clock.Ticks() - anfang, 1500);
-  b.platform.loop.PostAfter(200, [&] { b.prog.JobAbbruch = true; });
-  const std::int64_t dann = b.platform.clock.Ticks();
-  EXPECT_FALSE(b.prog.Warten(10));
-  EXPECT_LT(b.platform.clock.Ticks() - dann, 1000);
 }
 
 TEST(Meldung, HelpIsOpenedAtThePageOfTheWindowThatAMessageIsAbout) {
@@ -133,7 +122,7 @@ TEST(Meldung, TheFocusStaysOnWhatReturnDoes) {
     b.platform.hands.Press(box.picMboxButton(1));
   });
   b.Tu([&] { EXPECT_EQ(b.prog.MsgBoxen(L"¿Borrar?", kFrage), kNein); });
-  // The plain box has no first answer of its own: Return presses the button that has the focus.
+  // The plain box has no default button: Return presses the button that has the focus.
   b.Macht([&](Form& front) {
     b.platform.hands.Key(front, L"Tab");
     b.platform.hands.Key(front, L"Return");

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "main/windows.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -58,7 +59,7 @@ TEST(Start, TheWizardStartsWhatWasChosen) {
      auto& assistent = dynamic_cast<frmStartAssistent&>(front);
      b.platform.hands.Press(assistent.StartOptionen(3));
      b.platform.hands.Press(assistent.imgOK);
-   }).WaehltDatei({});  // the option of opening a catalog: the file dialog stands in front
+   }).WaehltDatei({});  // the start's option that opens a catalog: shows the file dialog
   b.Start();
   EXPECT_EQ(b.user.Left(), 0U);
   EXPECT_EQ(GetSetting(b.platform.bundle, L"Show_Start_Assistant", L"?"), L"1");
@@ -74,7 +75,7 @@ TEST(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
         L"An Error Occurred In: \r\nNumber: 75\r\nDescription: Error de acceso a la ruta o al "
         L"archivo\r\nLocation: frmHauptForm, Init_Prog");
     std::filesystem::remove(b.home.Path() / "Vantora/Wavs");
-    b.platform.hands.Press(*front.Find(L"picMboxButton", 1));  // retry
+    b.platform.hands.Press(*front.Find(L"picMboxButton", 1));  // the button "retry"
   });
   b.Start();
   EXPECT_TRUE(b.Haupt().Visible());
@@ -84,7 +85,7 @@ TEST(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
 TEST(Start, GoingOnBehindAFolderThatCannotBeMadeKeepsAllOthers) {
   Buehne b;
   b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
-  b.Antwortet(kNein);  // the last button: ignore
+  b.Antwortet(kNein);  // the last button, "ignore"
   b.Start();
   b.prog.LastDirSave();
   const std::pair<const wchar_t*, const wchar_t*> alle[] = {
@@ -107,7 +108,7 @@ TEST(Start, ATextThatIsMissingEndsItWithAMessageThatNamesTheFile) {
   ScriptedUser user;
   platform.loop.TheUser = &user;
   user.Then([&](Form& front) { platform.hands.Key(front, L"Return"); });
-  Programm prog(platform.bundle);
+  Programm prog(platform.bundle, AllWindows);
   EXPECT_FALSE(prog.Laufen());
   ASSERT_EQ(user.Said.size(), 1U);
   EXPECT_TRUE(Enthaelt(user.Said[0], L"strings.tsv"));
@@ -120,7 +121,7 @@ TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   b.Start();
   const std::string spur = b.Lies(L"C:\\Vantora\\vantora.APL");
   EXPECT_EQ(spur.find("an older run"), std::string::npos);
-  std::size_t vorher = 0;  // the numbers run on from line to line
+  std::size_t vorher = 0;  // the log's numbers rise from line to line
   for (const char* zeile :
        {" : Startup... > Version 0.1.0\r\n", " : Init_Prog > TS_CUT found.\r\n"}) {
     const std::size_t stelle = spur.find(zeile);
@@ -129,19 +130,6 @@ TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
     EXPECT_GT(nummer, vorher);
     vorher = nummer;
   }
-}
-
-TEST(Ende, SettingsThatCannotBeWrittenAreReportedBeforeIt) {
-  Buehne b;
-  b.Start();
-  const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
-  std::filesystem::remove(datei);
-  std::filesystem::create_directory(datei);  // no file takes the place of a folder
-  b.Antwortet(kJa).Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgÜberblenden_MouseUp(); });
-  ASSERT_EQ(b.Gesagt().size(), 2U);
-  EXPECT_TRUE(b.Gesagt()[1].starts_with(b.prog.Text(30040)));
-  EXPECT_TRUE(b.platform.loop.Ended());
 }
 
 TEST(Ende, ASecondPressWhileTheFarewellWaitsDoesNothingAndDirectoriesAreSaved) {

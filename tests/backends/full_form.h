@@ -1,5 +1,5 @@
-// A form with every kind of control, and a person in front of it who does one thing after another.
-// The desktop's loop and the one without a screen are looked at through the same form.
+// A form with every kind of control, and a simulated user who performs one action after another.
+// The desktop's loop and the headless loop are tested with the same form.
 #pragma once
 
 #include "platform/event_loop.h"
@@ -26,13 +26,13 @@ class TestForm : public Form {
     Caption = L"Prueba";
   }
 
-  std::vector<std::string> Log;  // what happened, in order
+  std::vector<std::string> Log;  // the events in order
   std::function<bool(int key, bool control)> OnKey;
   std::function<void()> OnClose;
 
   void Form_Activate() override { Log.emplace_back("activate"); }
   void Form_GotFocus() override { Log.emplace_back("gotfocus"); }
-  // Copied before they run: some tests let the form go in them.
+  // Handlers are copied before they run, since some tests destroy the form in them.
   bool Form_KeyDown(int key, bool control) override {
     const auto act = OnKey;
     return act && act(key, control);
@@ -72,7 +72,7 @@ class FullForm final : public TestForm {
   FaderKnob knob{*this, L"knob"};
   PictureBox picWave{*this, L"picWave"};
   LevelMeter Level{*this, L"Level"};
-  PictureBox picView{*this, L"picView"};  // shows a sixteenth of what lies in it
+  PictureBox picView{*this, L"picView"};  // shows a sixteenth of its drawing
   PictureBox picWide{*this, L"picWide"};
   Shape shpMark{*this, L"shpMark"};
   Shape shpBox{*this, L"shpBox"};
@@ -80,7 +80,7 @@ class FullForm final : public TestForm {
   Timer tmrTick{*this, L"tmrTick"};
 };
 
-// Does the steps of its story whenever the loop waits for a person.
+// Performs the next step whenever the loop waits for its user.
 class Person final : public User {
  public:
   using Step = std::function<void()>;

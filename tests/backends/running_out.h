@@ -1,5 +1,5 @@
-// Files on a disk that fails while somebody writes or reads: it takes so many bytes more, or gives
-// so many more. What fitted stays in the file, as on a real disk.
+// Files on a disk that fails after a given number of bytes written or read. Bytes before that stay
+// in the file, as on a real disk.
 #pragma once
 
 #include "platform/files.h"
@@ -18,11 +18,11 @@ class RunningOut final : public Dateien {
  public:
   explicit RunningOut(Dateien& files) : files_(files) {}
 
-  // May be set while a back end's thread works.
-  std::atomic<std::int64_t> Room = INT64_MAX;      // bytes that can still be written: then error 61
-  std::atomic<std::int64_t> Readable = INT64_MAX;  // bytes that can still be read: then error 57
-  std::atomic<int> ReadMs = 0;                     // that every read takes
-  std::atomic<bool> OldRoomIsFree = false;         // writing over what is there takes no room
+  // These may be set while a back end's thread is working.
+  std::atomic<std::int64_t> Room = INT64_MAX;      // bytes that can still be written; then error 61
+  std::atomic<std::int64_t> Readable = INT64_MAX;  // bytes that can still be read; then error 57
+  std::atomic<int> ReadMs = 0;                     // duration of every read
+  std::atomic<bool> OldRoomIsFree = false;         // overwriting does not use up Room
 
   std::unique_ptr<Datei> Open(const Text& path, Zugriff access) override {
     return std::make_unique<File>(*this, files_.Open(path, access));
@@ -70,7 +70,7 @@ class RunningOut final : public Dateien {
       Take(disk_.Room, count, kFehlerPlattenVoll);
     }
     void Truncate(std::int64_t length) override { file_->Truncate(length); }
-    void Flush() override {}  // no test cuts the power
+    void Flush() override {}  // power failures are not tested
     void Reserve(std::int64_t length) override {
       if (length - file_->Length() > disk_.Room) Take(disk_.Room, SIZE_MAX / 2, kFehlerPlattenVoll);
       file_->Reserve(length);

@@ -27,7 +27,7 @@ class Import : public ::testing::Test {
   void Importiere() {
     b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
   }
-  // Gives the track that is imported its title.
+  // Enters the title of the imported track.
   ScriptedUser::Action Nennt(const Text& titel) {
     return [this, titel](Form& front) {
       b.platform.hands.Type(dynamic_cast<frmNeuerInterpret&>(front).txtTitel, titel);
@@ -87,22 +87,6 @@ TEST_F(Import, TwoSecondsAreTooShortAndAMillisecondMoreIsNot) {
   EXPECT_EQ(b.Titel().size(), 1U);
 }
 
-TEST_F(Import, OfSeveralFilesABadOneAsksAndTheRestFollows) {
-  b.Wave(L"C:\\m\\1.wav", 3 * 44100);
-  b.Datei(L"C:\\m\\2.wav", "nada");
-  b.Wave(L"C:\\m\\3.wav", 3 * 44100);
-  b.WaehltDatei({L"C:\\m\\1.wav", L"C:\\m\\2.wav", L"C:\\m\\3.wav"})
-      .Macht(Nennt(L"uno"))
-      .Antwortet(kJa)
-      .Macht(Nennt(L"tres"));
-  Importiere();
-  EXPECT_EQ(b.Titel(), (std::vector<Text>{L"uno", L"tres"}));
-  ASSERT_EQ(b.Gesagt().size(), 1U);
-  EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8049));
-  EXPECT_EQ(b.Haupt().DateienOffen, 1);
-  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
-}
-
 TEST_F(Import, RefusalsHaveTheirMessageAndLeaveNothing) {
   const Text lang = L"C:\\" + Text(95, L'a') + L".wav";
   b.Datei(L"C:\\texto.mp3", std::string(4000, 'x'));
@@ -149,21 +133,6 @@ class Mp3Import : public Import {
   static constexpr const wchar_t* kMp3 = L"C:\\mi canto.nuevo.mp3";
   static constexpr const wchar_t* kZiel = L"C:\\Vantora\\Wavs\\mi_canto.nuevo.wav";
 };
-
-TEST_F(Mp3Import, IsDecodedIntoTheWaveDirectory) {
-  b.prog.Ask_Track_Info = 1;
-  b.WaehltDatei({kMp3}).Macht([&](Form& front) {
-    EXPECT_EQ(dynamic_cast<frmNeuerInterpret&>(front).txtTitel.Text(), L"mi_canto");
-    b.platform.hands.Key(front, L"Return");
-  });
-  Importiere();
-  EXPECT_EQ(b.prog.Katalog.at(1).Datei.Getrimmt(), kZiel);
-  // Once more: the file is there, and a no leaves it alone.
-  b.Datei(kZiel, "x");
-  b.WaehltDatei({kMp3}).Antwortet(kNein);
-  Importiere();
-  EXPECT_EQ(b.Lies(kZiel), "x");
-}
 
 TEST_F(Mp3Import, ACancelLeavesNoFile) {
   std::function<void()> abbrechen = [&] {

@@ -16,7 +16,7 @@ TEST(KatalogDatei, AnEmptyCatalogIsACountAndOneRecord) {
   const std::string bytes = b.Lies(kDatei);
   ASSERT_EQ(bytes.size(), 4U + 822U);
   EXPECT_EQ(bytes.substr(0, 4), std::string(4, '\0'));
-  EXPECT_EQ(bytes.substr(4 + 2, 50), std::string(50, '\0'));  // Titel was never assigned
+  EXPECT_EQ(bytes.substr(4 + 2, 50), std::string(50, '\0'));  // Titel has never been set
   EXPECT_EQ(bytes.substr(4 + 222, 13), "Nuevo t\xEDtulo ");
   EXPECT_EQ(bytes.substr(4 + 622, 200), std::string(200, '\0'));
 }

@@ -17,47 +17,22 @@ class Katalog : public ::testing::Test {
 TEST_F(Katalog, ABlockOfCrossfadedTracksIsJumpedAsAWhole) {
   b.Katalog({L"a", L"b*", L"c*", L"d"});
   const Liste danach = {L"d", L"b", L"c", L"a"};
-  // Down; the last one stays; a crossfaded one can't be moved.
+  // Moves down; the last track stays; a crossfaded track cannot be moved.
   for (const auto& [zeile, richtung] : {std::pair{1, 1}, std::pair{4, 1}, std::pair{2, 0}}) {
     b.Waehle(zeile);
     b.Haupt().imgMove_MouseUp(richtung);
     EXPECT_EQ(b.Titel(), danach);
   }
-}
-
-TEST_F(Katalog, TheMeterOfAStoppedPreviewStaysDarkWhenTheWindowIsBack) {
-  b.Katalog({L"a"});
-  b.Waehle(1);
-  b.platform.hands.Press(b.Haupt().imgAbspielen);
-  b.platform.loop.Pass(500);
-  EXPECT_GT(b.Haupt().Level.PeakLeft, 0);
-  b.platform.hands.Press(b.Haupt().imgStop);
-  b.platform.loop.Pass(100);
-  b.Tu([&] { b.Haupt().Form_GotFocus(); });
-  EXPECT_TRUE(b.Haupt().Level.Active());
-  EXPECT_EQ(b.Haupt().Level.PeakLeft + b.Haupt().Level.PeakRight, 0);
-}
-
-TEST_F(Katalog, UndoBringsBackWhatWasDeletedAndHasOneStep) {
-  b.Katalog({L"a", L"b", L"c"});
-  b.Waehle(2);
-  b.Antwortet(kNein).Antwortet(kJa);
-  b.Tu([&] { b.Haupt().imgDelTitel_MouseUp(); });
-  EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c"}));
-  b.Tu([&] { b.Haupt().imgDelTitel_MouseUp(); });
-  EXPECT_EQ(b.Titel(), (Liste{L"a", L"c"}));
-  EXPECT_EQ(b.Gesagt()[0], L"¿Desea eliminar el título N°2\r\n b del catálogo?");
-  for (int i = 0; i < 2; ++i) {
-    b.Tu([&] { b.Haupt().imgDeleteTitel_MouseUp(); });
-    EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c"}));
-  }
+  b.Waehle(4);
+  b.Haupt().imgMove_MouseUp(0);  // and up
+  EXPECT_EQ(b.Titel(), (Liste{L"a", L"b", L"c", L"d"}));
 }
 
 TEST_F(Katalog, LostAndInvalidFilesLeaveTheListWithoutAWord) {
   b.Katalog({L"a", L"b", L"c", L"d"});
   std::filesystem::remove(b.home.Path() / "Vantora/Wavs/a.wav");
   b.Datei(L"C:\\Vantora\\Wavs\\b.wav", "RIFF");
-  b.Wave(L"C:\\Vantora\\Wavs\\c.wav", 80000);  // under two seconds
+  b.Wave(L"C:\\Vantora\\Wavs\\c.wav", 80000);  // shorter than two seconds
   b.Tu([&] { b.Haupt().Form_GotFocus(); });
   EXPECT_EQ(b.Titel(), (Liste{L"d"}));
   EXPECT_TRUE(b.Gesagt().empty());
@@ -82,10 +57,10 @@ TEST_F(Katalog, PausesOfACrossfadeAreFixedButForItsLastTrack) {
 
 TEST_F(Katalog, TheTotalCountsTheLastDigitsOfAFullLengthOnceMore) {
   b.prog.Katalog.resize(3);
-  b.prog.Katalog[1].Laenge = L"215873.0158";  // cut at ten characters: "15" counts again
-  b.prog.Katalog[1].DateiBytes = 2;           // seconds here
+  b.prog.Katalog[1].Laenge = L"215873.0158";  // cut off at ten characters: "15" counts once more
+  b.prog.Katalog[1].DateiBytes = 2;           // in seconds
   b.prog.Katalog[2].Laenge = L"60000";
-  b.prog.Katalog[2].DateiBytes = 9;  // the last one's does not count
+  b.prog.Katalog[2].DateiBytes = 9;  // the last track's pause does not count
   Text text;
   EXPECT_EQ(b.Haupt().KatalogLaengeBerechnen(text), 215873 + 15 + 2000 + 60000);
   EXPECT_EQ(text, L"00:04:37");
@@ -150,7 +125,7 @@ TEST_F(Katalog, ARefusalOrAnErrorCostsNeitherTheNameNorTheTracks) {
   b.Datei(L"C:\\roto.vtr", "no es un catálogo");
   struct Fall {
     void (frmHauptForm::*Knopf)();
-    Text Datei, Meldung;  // how it ends
+    Text Datei, Meldung;  // the file and the message at the end
   };
   for (const Fall& fall :
        {Fall{&frmHauptForm::imgKatalogÖffnen_MouseUp, L"C:\\falta.vtr", b.prog.Text(8035)},
@@ -171,45 +146,6 @@ TEST_F(Katalog, ARefusalOrAnErrorCostsNeitherTheNameNorTheTracks) {
   }
   EXPECT_EQ(b.Lies(L"C:\\roto.vtr"), "no es un catálogo");
   EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
-}
-
-TEST_F(Katalog, TheDialogComesAgainUntilAChangedCatalogIsSavedOrGivenUp) {
-  b.Datei(L"C:\\otro.vtr", "de otro");
-  for (const bool gesichert : {true, false}) {
-    b.user.Said.clear();
-    b.Katalog({L"a"});
-    b.prog.KatalogGeaendert = true;
-    b.Antwortet(kJa);
-    for (const wchar_t* keiner : {L".vtr", L"a*b", L"C:\\otro.vtr"}) {
-      b.WaehltDatei({keiner}).Antwortet(kNein);
-    }
-    b.WaehltDatei(gesichert ? Liste{L"C:\\mio.vtr"} : Liste{});
-    b.Tu([&] { b.Haupt().imgNeuerKatalog_MouseUp(); });
-    EXPECT_EQ(b.Gesagt(),
-              (Liste{b.prog.Text(8006), b.prog.Text(8038), b.prog.Text(8038), b.prog.Text(8005)}));
-    EXPECT_TRUE(b.Titel().empty());  // the new catalog, also after a cancel
-    EXPECT_EQ(b.user.Left(), 0U);
-    EXPECT_TRUE(std::filesystem::is_empty(b.home.Path() / "Vantora/Catálogo"));
-  }
-  EXPECT_EQ(b.Lies(L"C:\\mio.vtr").size(), 4U + 2 * 822U + 29U);
-  EXPECT_EQ(b.Lies(L"C:\\otro.vtr"), "de otro");
-}
-
-TEST_F(Katalog, TrackPropertiesKeepWhatIsLeftBlank) {
-  b.Katalog({L"a", L"b"});
-  b.Waehle(1);
-  b.Macht([&](Form& front) {
-    auto& fenster = dynamic_cast<frmNeuerInterpret&>(front);
-    EXPECT_EQ(fenster.cmbPause.ListIndex(), 2);
-    b.platform.hands.Type(fenster.txtTitel, L"");
-    b.platform.hands.Type(fenster.txtInterpret, L"Otra voz");
-    b.platform.hands.Select(fenster.cmbPause, {6});
-    b.platform.hands.Key(fenster, L"Return");
-  });
-  b.Tu([&] { b.Haupt().imgTitelBearb_MouseUp(); });
-  EXPECT_EQ(b.prog.Katalog[1].Titel.Getrimmt(), L"a");
-  EXPECT_EQ(b.prog.Katalog[1].Interpret.Getrimmt(), L"Otra voz");
-  EXPECT_EQ(b.prog.Katalog[1].Pause, 5);
 }
 
 }  // namespace

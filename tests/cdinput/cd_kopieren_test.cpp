@@ -10,7 +10,7 @@ const Text kTemp = L"C:\\WINDOWS\\TEMP\\";
 
 class CDKopieren : public ::testing::Test, protected CdBuehne {
  protected:
-  // Copies a disc with these answers; what the program has said.
+  // Copies a disc with these answers. Returns the messages.
   std::vector<Text> Kopiert(std::initializer_list<int> antworten) {
     Mit(antworten, [this] { b.Tu([this] { b.Haupt().imgCDKopieren_MouseUp(); }); });
     return b.Gesagt();
@@ -23,18 +23,18 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
   b.Katalog({L"viejo"});
   b.prog.KatalogGeaendert = false;
   b.prog.KatalogDatei = L"C:\\viejo.vtr";
-  // Before the drive has answered, nothing else can begin.
+  // Until the drive answers, nothing else can be started.
   b.platform.loop.PostAfter(1000, [this] {
     EXPECT_FALSE(b.Haupt().Window.Enabled);
     b.Haupt().imgCDKopieren_MouseUp();
   });
-  // While tracks are read, a stray key cancels nothing.
+  // While tracks are read, keys must not cancel.
   b.platform.loop.PostAfter(4000, [this] {
     for (const wchar_t* taste : {L"Return", L"Space"}) {
       b.platform.hands.Key(b.prog.frmSchreibFortschritt(), taste);
     }
   });
-  // The disc is in; read; Disc At Once.
+  // Answers: the disc is in the drive; read it; use Disc At Once.
   EXPECT_EQ(Kopiert({kJa, kNein, kJa}), (std::vector<Text>{Einlegen(), Sagt(23008), Sagt(8086)}));
   EXPECT_EQ(b.prog.KatalogDatei, L"") << "the copy would be saved over the catalog of before";
   EXPECT_EQ(b.Titel().size(), 3U);
@@ -42,15 +42,14 @@ TEST_F(CDKopieren, AWholeDiscIsReadAndGoesOnAsABurnWithoutPauses) {
     EXPECT_EQ(Ton(kTemp + L"Pista0" + ZahlText(i) + L".wav"), Soll(i));
     EXPECT_EQ(b.prog.Katalog[static_cast<std::size_t>(i)].Pause, 0);
   }
-  // The burn of the last copy removes the temporary waves when it has entered the disc in the
-  // database.
+  // After the last copy, the temporary waves are deleted once the disc is in the database.
   Brenner().txtKopienAnzahl.Text = L"2";
   Mit({kNein, kNein, kNein, kNein, kNein, kNein},
       [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
   EXPECT_EQ(b.Gesagt()[4], Sagt(4012));
   EXPECT_FALSE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
   EXPECT_FALSE(b.prog.CDKopieAktiv);
-  // Back to back: no silence between the tracks of the copy.
+  // The copy has no silence between its tracks.
   EXPECT_EQ(b.Lies(L"C:\\Vantora\\Discos\\Disco 002.bin"), Soll(1) + Soll(2) + Soll(3));
 }
 
@@ -64,7 +63,7 @@ TEST_F(CDKopieren, TheWavesOfACopyServeAnotherSetAndGoBehindTheLast) {
   EXPECT_EQ(b.Gesagt(),
             (std::vector<Text>{Sagt(4006), Sagt(4012), noch, Sagt(4006), Sagt(4012), noch}));
   EXPECT_FALSE(b.prog.DateiExistiert(kTemp + L"Pista01.wav"));
-  // A disc that is not entered in the database leaves them where they are.
+  // When the disc does not enter the database, the temporary waves stay.
   b.prog.Auto_Database = 0;
   Kopiert({kNein, kJa, kNein, kNein});
   Mit({kNein, kNein, kNein, kNein}, [this] { b.Tu([this] { Brenner().imgBrennen_MouseUp(); }); });
@@ -87,16 +86,16 @@ TEST_F(CDKopieren, ThePersonsOwnWavesAreNoneOfACopyThatHasNotBeenBurnt) {
 TEST_F(CDKopieren, AnEmptyOrBrokenDriveIsAskedForAgain) {
   Laufwerk().Disc.clear();
   const Text leer = Sagt(8026) + L"\r\n" + Sagt(8025), zu = Sagt(8026) + L"\r\n" + Sagt(8027);
-  EXPECT_EQ(Kopiert({kJa, kJa, kJa, kNein}),  // tried again, then enough
+  EXPECT_EQ(Kopiert({kJa, kJa, kJa, kNein}),  // one retry, then "no"
             (std::vector<Text>{Einlegen(), leer, Einlegen(), leer}));
   Laufwerk().Disc = {{75 * 4}};
   Laufwerk().TakenOutAfter = 1;
-  EXPECT_EQ(Kopiert({kJa, kNein, kJa, kNein}),  // taken out between two looks; not to be cancelled
+  EXPECT_EQ(Kopiert({kJa, kNein, kJa, kNein}),  // disc removed between two checks; no cancel
             (std::vector<Text>{Einlegen(), zu, Einlegen(), leer}));
   Laufwerk().Disc = {{75 * 4}};
   Laufwerk().TakenOutAfter = 1;
-  EXPECT_EQ(Kopiert({kJa, kJa}), (std::vector<Text>{Einlegen(), zu}));  // cancelled
-  Laufwerk().Shut = true;  // it is not the mode of a ready drive without a disc
+  EXPECT_EQ(Kopiert({kJa, kJa}), (std::vector<Text>{Einlegen(), zu}));  // the user cancels
+  Laufwerk().Shut = true;  // the mode of the drive is not "ready without a disc"
   EXPECT_EQ(Kopiert({kJa, kNein}), (std::vector<Text>{Einlegen(), Einlegen()}));
   Laufwerk().Dead = true;
   const Text tot = Sagt(8022) + L"D:\\" + Sagt(8023) + L"\r\n" + Sagt(8024) + L"\r\n" + Sagt(8025);

@@ -1,4 +1,4 @@
-// A program with a CD drive of the test's own, and a disc of three songs in it.
+// A program with a simulated CD drive that holds a disc of three songs.
 #pragma once
 
 #include "cdinput/frmCDPlayer.h"
@@ -17,10 +17,10 @@ struct CdMachine {
 
 class CdBuehne {
  public:
-  // `questions` answers for the media identity and the table of contents, in place of the machine.
+  // `questions` replaces the machine's answers on media identity and table of contents.
   explicit CdBuehne(Mci* questions = nullptr) : questions_(questions) { b.Start(); }
 
-  // Opens the player on the disc that lies in the drive.
+  // Opens the player for the disc in the drive.
   void Oeffnen() {
     b.Tu([this] { b.Haupt().imgCDAuslesen_MouseUp(); });
   }
@@ -28,13 +28,13 @@ class CdBuehne {
   FakeDrive& Laufwerk() { return cd->drive; }
   Text Sagt(int nummer) { return b.prog.Text(nummer); }
   void Druecke(Control& control) { b.platform.hands.Press(control); }
-  // What is done with these answers to what will be asked, and nothing of what was said before.
+  // Clears the earlier messages and runs `aktion` with these answers to coming questions.
   void Mit(std::initializer_list<int> antworten, const std::function<void()>& aktion) {
     b.user.Said.clear();
     for (const int antwort : antworten) b.Antwortet(antwort);
     aktion();
   }
-  // The audio of a file of the home, behind the 44 bytes of its header.
+  // The sound of a file in the home, without the 44 bytes of its header.
   std::string Ton(const Text& datei) {
     const std::string bytes = b.Lies(datei);
     return bytes.size() < 44 ? bytes : bytes.substr(44);
@@ -45,9 +45,7 @@ class CdBuehne {
   std::unique_ptr<CdMachine> cd;
   Buehne b{[this](HeadlessPlatform& p) {
     cd = std::make_unique<CdMachine>(p);
-    const Plattform& m = p.bundle;
-    return MitLaufwerk(m, m.mcd, cd->reader, cd->player, questions_ ? *questions_ : m.mci,
-                       m.sockets);
+    return With(p.bundle, cd->reader, cd->player, questions_ ? *questions_ : p.bundle.mci);
   }};
 };
 

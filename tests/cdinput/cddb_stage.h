@@ -1,9 +1,10 @@
-// A program with a disc in its drive and a CDDB server in its network. Between the two stand
-// sockets that note what the client does, and that can stall at any step.
+// A program with a disc in its drive and a CDDB server. The sockets between them record the
+// client's calls, and can stall at any step.
 #pragma once
 
 #include "backends/linux/linux_sockets.h"
 #include "cdinput/clsCCd.h"
+#include "main/windows.h"
 #include "tests/emulators/cddb_server.h"
 #include "tests/support/buehne.h"
 
@@ -15,16 +16,16 @@
 
 namespace vantora::test {
 
-// A drive with one disc: answers as a drive does, only while it is open and set to MSF.
+// A drive with one disc. Like a real drive, it answers only while it is open and set to MSF.
 class FakeDisc final : public Mci {
  public:
-  std::vector<int> Starts;  // of the tracks, in frames from the beginning of the disc
+  std::vector<int> Starts;  // starts of the tracks, in frames from the start of the disc
   int LeadOut = 0;
-  int FailingCall = -1;  // from 0; -1 for none
+  int FailingCall = -1;  // number of the call that fails, from 0; -1: none
   Text Identity = L"11111111";
   int OpenDevices = 0;
 
-  // Tracks of 13 seconds and some frames each.
+  // Sets up tracks of about 13 seconds each.
   void Has(int tracks) {
     Starts.clear();
     for (int i = 0; i < tracks; ++i) Starts.push_back(150 + i * 1000);
@@ -64,23 +65,18 @@ class FakeDisc final : public Mci {
   bool msf_ = false;
 };
 
-enum class Step { Nothing, Lookup, Connect, Send, Receive };
-
 class WatchedSockets final : public Sockets {
  public:
   WatchedSockets(Sockets& real, Clock& clock) : real_(real), clock_(clock) {}
 
-  // From the `StallAtConnection`th connection, from 1, this step does not come to an end.
-  Step StallAt = Step::Nothing;
-  int StallAtConnection = 1;
   const std::uint8_t* Status = nullptr;
 
-  std::vector<int> Statuses;  // seen at the steps, each once
+  std::vector<int> Statuses;  // statuses seen at the steps, without repeats
   int Reads = 0;
-  int LongestRead = 0;         // bytes asked for
-  int ReadsWithoutEvents = 0;  // with no events processed since the read before
+  int LongestRead = 0;         // most bytes asked for in one call
+  int ReadsWithoutEvents = 0;  // reads without any event processed since the read before
   int Opened = 0, Closed = 0;
-  std::set<std::uint16_t> Ports;  // as they were sent
+  std::set<std::uint16_t> Ports;  // in network byte order
 
   int WSAStartup(int version) override { return real_.WSAStartup(version); }
   int WSAGetLastError() override { return real_.WSAGetLastError(); }
@@ -88,7 +84,8 @@ class WatchedSockets final : public Sockets {
   std::uint32_t inet_addr(const std::string& host) override { return real_.inet_addr(host); }
   std::string inet_ntoa(std::uint32_t address) override { return real_.inet_ntoa(address); }
   int gethostbyname(const std::string& host, std::uint32_t& address) override {
-    return Stalls(Step::Lookup, Opened + 1) ? kNochNicht : real_.gethostbyname(host, address);
+    Look();
+    return real_.gethostbyname(host, address);
   }
   int socket() override {
     ++Opened;
@@ -99,17 +96,20 @@ class WatchedSockets final : public Sockets {
   }
   int connect(int number, const SocketAdresse& address) override {
     Ports.insert(address.Port);
-    return Stalls(Step::Connect, Opened) ? kNochNicht : real_.connect(number, address);
+    Look();
+    return real_.connect(number, address);
   }
   int send(int number, const std::string& bytes) override {
-    return Stalls(Step::Send, Opened) ? kNochNicht : real_.send(number, bytes);
+    Look();
+    return real_.send(number, bytes);
   }
   int recv(int number, char* bytes, int limit) override {
     ++Reads;
     LongestRead = std::max(LongestRead, limit);
-    // Time passes here only where events are processed.
+    // On this clock, time passes only while events are processed.
     if (std::exchange(lastRead_, clock_.Ticks()) == clock_.Ticks()) ++ReadsWithoutEvents;
-    return Stalls(Step::Receive, Opened) ? kNochNicht : real_.recv(number, bytes, limit);
+    Look();
+    return real_.recv(number, bytes, limit);
   }
   void closesocket(int number) override {
     ++Closed;
@@ -117,9 +117,8 @@ class WatchedSockets final : public Sockets {
   }
 
  private:
-  bool Stalls(Step step, int connection) {
+  void Look() {
     if (Status && (Statuses.empty() || Statuses.back() != *Status)) Statuses.push_back(*Status);
-    return StallAt == step && connection >= StallAtConnection;
   }
 
   Sockets& real_;
@@ -127,7 +126,7 @@ class WatchedSockets final : public Sockets {
   std::int64_t lastRead_ = -1;
 };
 
-// Sockets without a network: every connection gives the next of the answers.
+// Sockets without a network: each connection receives the next of the answers.
 class AnsweringSockets final : public Sockets {
  public:
   std::deque<std::string> Answers;
@@ -161,10 +160,10 @@ class AnsweringSockets final : public Sockets {
   std::string rest_;
 };
 
-// What a look-up came to.
+// The outcome of a look-up.
 struct Outcome {
   int Status = -1, Ergebnis = -1;
-  int Error = 0;  // number of the run-time error that left the client, or 0
+  int Error = 0;  // number of the run-time error of the client, or 0
   bool operator==(const Outcome&) const = default;
 };
 
@@ -208,9 +207,8 @@ struct CddbStage {
   FakeDisc disc;
   LinuxSockets real{SocketPatience{20, 800, 8000}};
   WatchedSockets sockets;
-  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
-                               platform.bundle.cd, disc, sockets)};
-  Programm prog{bundle};
+  Plattform bundle{With(platform.bundle, disc, sockets)};
+  Programm prog{bundle, AllWindows};
   CddbServer server;
   CDDBAnfrage request;
   clsCCd client{bundle};

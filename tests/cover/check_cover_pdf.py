@@ -19,7 +19,7 @@ TOLERANCE = 0.1 / 25.4 * TWIPS
 PAPERS = {"A4": (11906, 16838), "Letter": (12240, 15840)}
 FIVE_MM = 283
 BACK, DOUBLE, FRONT, LABEL = (8565, 6690), (13605, 6810), (6802, 6810), (6810, 6810)
-# The pre-cut sheet: where cover, back and labels begin, from the edge of the paper.
+# Positions of cover, back and labels on the pre-cut sheet, from the edge of the paper.
 COVER_AT, BACK_AT, LABELS_AT = (3402, 1361), (1644, 8781), [(2608, 963), (2608, 9327)]
 LINE = {"dorso": 600, "cubierta": 5600, "etiqueta": 600, "frente": 600}
 
@@ -112,6 +112,8 @@ class Checker:
         box = page.ink(left - 250, low, right + 250, low + 60, 230)
         self.near(f"{where}: picture's left edge", box and box[0], left)
         self.near(f"{where}: picture's right edge", box and box[2], right)
+        box = page.ink(right - 200, top - 250, right - 140, bottom + 250, 230)
+        self.near(f"{where}: picture's upper edge", box and box[1], top)
 
 
 def centred(check, where, page, size, lead):
@@ -119,7 +121,7 @@ def centred(check, where, page, size, lead):
     y = (page.size[1] - size[1]) / 2
     right, bottom = x + size[0], y + size[1]
     check.text(where, page, "1", x + lead)
-    # the marks, beside and above the frame, and the frame's lines between them
+    # the fold marks beside and above the frame, and the lines of the frame
     for name, box, want in [
             ("left marks", (x - 1100, y - 60, x - 100, bottom + 60), (x - 900, y, x - 200, bottom)),
             ("right marks", (right + 100, y - 60, right + 1100, bottom + 60), (right + 200, y, right + 900, bottom)),
@@ -127,7 +129,7 @@ def centred(check, where, page, size, lead):
             ("lower marks", (x - 60, bottom + 100, right + 60, bottom + 1100), (x, bottom + 200, right, bottom + 900))]:
         ink = page.ink(*box)
         for i in range(4):
-            # at every multiple of 20 the dots jump on by 10, also over a mark's end
+            # the dots skip 10 at every multiple of 20, also at the end of a mark
             check.near(f"{where}: {name} [{i}]", ink and ink[i], want[i], TOLERANCE + 12)
     return x, y, right, bottom
 
@@ -135,11 +137,14 @@ def centred(check, where, page, size, lead):
 def check_centred(check, where, back, cover, label):
     x, y, right, bottom = centred(check, where + " back", back, BACK, LINE["dorso"])
     check.picture(where + " back", back, x + 345, y, right - 345, bottom)
-    # the spines: upwards from the lower end, 100 from the edge, and the other way round
+    # the left spine reads upwards and begins 100 above its lower end; the right spine is reversed
     left_spine = back.ink(x + 40, y + 300, x + 340, bottom - 100)
     check.near(where + " left spine begins", left_spine and left_spine[3], bottom - 200, 30)
     right_spine = back.ink(right - 340, y + 100, right - 40, bottom - 300)
     check.near(where + " right spine begins", right_spine and right_spine[1], y + 200, 30)
+    for name, at in (("left", x + 385), ("right", right - 385)):
+        fold = back.ink(at - 30, bottom - 1500, at + 30, bottom - 1400, 60)  # black
+        check.near(f"{where} {name} fold of the back", fold and fold[0], at)
     x, y, right, bottom = centred(check, where + " cover", cover, DOUBLE, LINE["cubierta"])
     middle = x + DOUBLE[0] // 2
     fold = cover.ink(middle - 200, bottom - 1500, middle + 200, bottom - 1400, 60)  # black
@@ -147,6 +152,8 @@ def check_centred(check, where, back, cover, label):
     check.picture(where + " cover", cover, middle, y, right, bottom)
     x, y, right, bottom = centred(check, where + " label", label, LABEL, LINE["etiqueta"])
     check.picture(where + " label", label, x, y, right, bottom)
+    ring = label.ink(x + 5600, y + 5800, right - 100, y + 5820, 60)
+    check.near(where + " ring of the label", ring and ring[0], x + 5811, 30)
 
 
 def check_paper(check, where, sheet, labels):

@@ -74,7 +74,7 @@ TEST(Seiten, AnArrowMovesByAHundredUnlessTheTextWouldLeaveTheSide) {
       {kKeyRight, {5800, 650}, {5800, 650}, false},
       {kKeyDown, {0, 6500}, {0, 6500}, false},
       {kKeyUp, {0, 100}, {0, 0}, true},
-      // beyond an edge from the beginning
+      // texts that are outside the side from the beginning
       {kKeyUp, {600, 9470}, {600, 9350}, true},
       {kKeyRight, {600, 9450}, {700, 9450}, true},
       {kKeyDown, {600, 9450}, {600, 9450}, false},
@@ -96,7 +96,7 @@ TEST(Seiten, ADottedLineJumpsAtEveryMultipleOfTwenty) {
   for (int takt : {-20, 0, 20}) {
     for (int i = takt + 10; i < takt + 20; ++i) soll.push_back(i);
   }
-  soll.push_back(50);  // the jump at 40
+  soll.push_back(50);  // the dots skip 10 after 40
   EXPECT_EQ(punkte, soll);
 }
 

@@ -33,7 +33,7 @@ class CheckImage(unittest.TestCase):
         self.addCleanup(room.cleanup)
         self.room = pathlib.Path(room.name)
         noise = random.Random(7)
-        # Track 1 ends in the middle of its third sector, track 2 with a whole one.
+        # Track 1 ends within its third sector, track 2 at the end of a sector.
         self.one, self.two = noise.randbytes(2 * SECTOR + 400), noise.randbytes(2 * SECTOR)
         self.image = bytearray(self.one + bytes(SECTOR - 400 + GAP) + self.two)
         self.sheet = SHEET

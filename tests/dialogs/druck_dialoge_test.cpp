@@ -1,3 +1,5 @@
+#include "dialogs/druck_dialoge.h"
+
 #include <gtest/gtest.h>
 
 #include "dialogs/frmDrucken.h"
@@ -19,12 +21,12 @@ class Druckdialoge : public ::testing::Test {
   }
   Hands& hand() { return b.platform.hands; }
   HeadlessPrinters& drucker() { return b.platform.shop.printers; }
-  // The print dialog from its call to its end; false when it was cancelled.
+  // Runs the print dialog. Returns false when it was cancelled.
   bool Druckt() {
     bool gewaehlt = true;
     b.Tu([&] {
       try {
-        b.prog.DruckerHolen();
+        DruckerHolen(b.prog);
       } catch (const Laufzeitfehler& fehler) {
         EXPECT_EQ(fehler.Nummer, kFehlerAbbruch);
         gewaehlt = false;
@@ -34,8 +36,6 @@ class Druckdialoge : public ::testing::Test {
   }
   Buehne b;
 };
-
-// ---- font ----
 
 TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsItsName) {
   Schriftart schrift{L"Arial", 10, false, false};
@@ -50,7 +50,7 @@ TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsI
     EXPECT_EQ(muster.FontTwips, 16 * 20);
     hand().Press(d.pbButton(0));
   });
-  b.Tu([&] { EXPECT_TRUE(b.prog.SchriftHolen(schrift)); });
+  b.Tu([&] { EXPECT_TRUE(SchriftHolen(b.prog, schrift)); });
   EXPECT_EQ(schrift, (Schriftart{L"Arial", 16, true, false}));
 
   Macht<frmSchrift>([&](frmSchrift& d) {
@@ -60,7 +60,7 @@ TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsI
     hand().Press(d.chkKursiv);
     hand().Key(d, L"Return");
   });
-  b.Tu([&] { EXPECT_TRUE(b.prog.SchriftHolen(schrift)); });
+  b.Tu([&] { EXPECT_TRUE(SchriftHolen(b.prog, schrift)); });
   EXPECT_EQ(schrift, (Schriftart{L"DejaVu Sans", 13, true, true}));
 }
 
@@ -73,13 +73,11 @@ TEST_F(Druckdialoge, ASizeBeyondTheRangeIsRefusedAndEscapeChangesNothing) {
     hand().Key(d, L"Escape");
   });
   b.Antwortet(7);
-  b.Tu([&] { EXPECT_FALSE(b.prog.SchriftHolen(schrift)); });
+  b.Tu([&] { EXPECT_FALSE(SchriftHolen(b.prog, schrift)); });
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_NE(b.Gesagt()[0].find(L"4 – 96"), Text::npos);
   EXPECT_EQ(schrift, (Schriftart{L"Liberation Mono", 12, false, true}));
 }
-
-// ---- colour ----
 
 TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
   Color farbe = 0;
@@ -95,7 +93,7 @@ TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
     hand().Type(d.txtAnteil(0), L"999");
     hand().Press(d.pbButton(0));
   });
-  b.Tu([&] { EXPECT_TRUE(b.prog.FarbeHolen(L"Fondo", farbe)); });
+  b.Tu([&] { EXPECT_TRUE(FarbeHolen(b.prog, L"Fondo", farbe)); });
   EXPECT_EQ(farbe, Rgb(255, 232, 7));
   Macht<frmFarbe>([&](frmFarbe& d) {
     EXPECT_EQ(d.Caption(), b.prog.Text(17206));
@@ -103,11 +101,9 @@ TEST_F(Druckdialoge, AColourIsChosenByItsFieldByKeysAndByItsShares) {
     EXPECT_NE(d.Wahl(), Rgb(255, 232, 7));
     hand().Close(d);
   });
-  b.Tu([&] { EXPECT_FALSE(b.prog.FarbeHolen({}, farbe)); });
+  b.Tu([&] { EXPECT_FALSE(FarbeHolen(b.prog, {}, farbe)); });
   EXPECT_EQ(farbe, Rgb(255, 232, 7));
 }
-
-// ---- print ----
 
 TEST_F(Druckdialoge, TheChosenPrinterIsTheOneThatIsPrintedOn) {
   drucker().Queues = {L"Láser"};
@@ -141,11 +137,11 @@ TEST_F(Druckdialoge, AFileThatIsThereIsAskedAboutAndANameIsNeeded) {
   Macht<frmDrucken>([&](frmDrucken& d) {
     EXPECT_FALSE(d.txtKopien.Enabled());
     hand().Type(d.txtDatei, L"mía");
-    hand().Press(d.pbButton(0));  // no folder: refused
+    hand().Press(d.pbButton(0));  // the folder does not exist: refused
     hand().Type(d.txtDatei, L"C:\\Vantora\\mía");
-    hand().Press(d.pbButton(0));  // is there: no
+    hand().Press(d.pbButton(0));  // the file exists: do not replace it
     EXPECT_TRUE(d.Visible());
-    hand().Press(d.pbButton(0));  // yes
+    hand().Press(d.pbButton(0));  // replace it
   });
   b.Antwortet(7).Antwortet(7).Antwortet(6);
   EXPECT_TRUE(Druckt());
@@ -158,7 +154,7 @@ TEST_F(Druckdialoge, AFileThatIsThereIsAskedAboutAndANameIsNeeded) {
 TEST_F(Druckdialoge, APrinterThatGoesWhileTheDialogStandsOpenIsLeftToTheJob) {
   Macht<frmDrucken>([&](frmDrucken& d) {
     hand().Type(d.txtDatei, L"C:\\Vantora\\a:b");
-    hand().Press(d.pbButton(0));  // no name of a file
+    hand().Press(d.pbButton(0));  // not a valid file name
     hand().Type(d.txtDatei, L"C:\\Vantora\\a");
     drucker().Setup.Present = false;
     hand().Press(d.pbButton(0));

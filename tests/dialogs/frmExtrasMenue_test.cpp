@@ -16,7 +16,7 @@ class Extras : public ::testing::Test {
     b.Macht([was](Form& front) { was(dynamic_cast<frmExtrasMenue&>(front)); });
     b.Tu([&] { b.Haupt().imgExtras_MouseUp(); });
   }
-  // The file dialog takes what was typed into its name box.
+  // Types a name into the file dialog and confirms it.
   void Getippt(const Text& name) {
     b.Macht([name](Form& front) {
       auto& dialog = dynamic_cast<frmLoadSave&>(front);
@@ -49,7 +49,7 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
       }
       EXPECT_EQ(b.prog.Temporary_Directory.Getrimmt(), nummer == 0 ? L"C:\\Discoteca\\" : vorher);
     }
-    // Typed folders go through the same tests at OK; what the settings cannot hold is not cut.
+    // OK checks typed folders in the same way, and refuses texts too long for the settings.
     f.txtWaveDir.Text = lang;
     b.Antwortet(kNein);
     f.imgOK_MouseUp();
@@ -73,12 +73,12 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
     }
     f.imgAbbrechen_MouseUp();
   });
-  EXPECT_EQ(Gespeichert(L"Temporary_Directory"), L"C:\\Discoteca\\");  // in spite of cancel
+  EXPECT_EQ(Gespeichert(L"Temporary_Directory"), L"C:\\Discoteca\\");  // saved in spite of Cancel
 }
 
 TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
   b.Start();
-  // 76 minutes of silence that take no room on the disk.
+  // A sparse file with 76 minutes of silence takes no disk space.
   constexpr std::uint32_t kBytes = 76 * 60 * 176400;
   b.Wave(L"C:\\larga.wav", 132300);
   std::string kopf = b.Lies(L"C:\\larga.wav").substr(0, 44);

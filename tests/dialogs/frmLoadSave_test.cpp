@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "dialogs/datei_holen.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -17,11 +18,11 @@ class Dateidialog : public ::testing::Test {
     b.Start();
     b.prog.Songs_Import_Dir = L"C:\\Música";
   }
-  // Runs the dialog and lets `was` act in it.
+  // Runs the dialog and calls `was` in it.
   void Fragt(int typ, int modus, std::function<void(frmLoadSave&)> was,
              const Text& vorschlag = {}) {
     b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<frmLoadSave&>(front)); });
-    b.Tu([&] { b.prog.DateiHolen(typ, modus, vorschlag); });
+    b.Tu([&] { DateiHolen(b.prog, typ, modus, vorschlag); });
   }
   static std::vector<Text> Zeilen(const ListControl& liste) { return liste.Items(); }
   Hands& hand() { return b.platform.hands; }
@@ -39,10 +40,10 @@ TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
     hand().Select(d.lstDatei, {1});
     EXPECT_TRUE(d.pbButton(0).Enabled());
     hand().Select(d.lstVerzeichnis, {3});
-    hand().Key(d, L"Return");  // into the folder
+    hand().Key(d, L"Return");  // enters the folder
     EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"d.wav"});
     hand().Select(d.lstVerzeichnis, {1});
-    hand().Key(d, L"Return");  // and to the root
+    hand().Key(d, L"Return");  // returns to the root
     EXPECT_EQ(d.lblPfad.Caption(), L"C:\\");
     hand().Key(d, L"Escape");
   });
@@ -59,32 +60,20 @@ TEST_F(Dateidialog, SeveralFilesComeBackWithASlashBehindEach) {
   EXPECT_TRUE(b.prog.MehrfachAuswahl);
   EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav/C:\\Música\\b.MP3/");
   EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Música\\");
-  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern speaks of waves
+  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern is that of waves
 }
 
 TEST_F(Dateidialog, AFileThatIsTakenOutOfTheSelectionIsNotTheOneThatComesBack) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     hand().Select(d.lstDatei, {1});
     d.lstDatei.Select(1, true);
-    d.lstDatei.Select(1, false);  // a click with Ctrl leaves the line current, but not selected
+    d.lstDatei.Select(1, false);  // after a click with Ctrl the line is current but not selected
     d.lstDatei.ListIndex = 1;
     d.lstDatei_Click();
     EXPECT_EQ(d.txtDateiName.Text(), L"a.wav");
     hand().Press(d.pbButton(1));
   });
   EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav");
-}
-
-TEST_F(Dateidialog, ATypedCatalogNameGetsItsExtension) {
-  Fragt(kTypKatalog, kModusSichern, [&](frmLoadSave& d) {
-    EXPECT_EQ(d.Caption(), b.prog.Text(11603));
-    EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"uno.vtr"});
-    hand().Type(d.txtDateiName, L"mi disco");
-    hand().Press(d.pbButton(1));
-  });
-  EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Vantora\\Catálogo\\mi disco.vtr");
-  EXPECT_EQ(b.prog.LetzterKatalog, b.prog.GewaehlteDatei);
-  EXPECT_EQ(b.prog.KatalogDatei, b.prog.GewaehlteDatei);
 }
 
 TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
@@ -97,7 +86,7 @@ TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
      })
         .Antwortet(kNein)
         .Macht([&](Form& front) { hand().Key(front, L"Escape"); });
-    b.Tu([&] { b.prog.DateiHolen(typ, modus); });
+    b.Tu([&] { DateiHolen(b.prog, typ, modus); });
     EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
     EXPECT_EQ(b.user.Left(), 0U);
   };
@@ -112,10 +101,10 @@ TEST_F(Dateidialog, ThePreviewPlaysAndStopsWithTheDialog) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     hand().Select(d.lstDatei, {1});
     hand().Press(d.pbButton(0));
-    EXPECT_TRUE(b.Haupt().WavePlayer->Playing());
+    EXPECT_TRUE(b.Haupt().SpielerLaeuft());
     hand().Press(d.pbButton(2));
   });
-  EXPECT_FALSE(b.Haupt().WavePlayer->Playing());
+  EXPECT_FALSE(b.Haupt().SpielerLaeuft());
 }
 
 }  // namespace

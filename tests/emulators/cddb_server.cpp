@@ -31,7 +31,7 @@ std::string Page(const std::string& text) {
   return "HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n\r\n" + text;
 }
 
-// The part of a text between two others; blank when they are not there.
+// The part of a text between two others; blank when they are missing.
 std::string Between(const std::string& text, const std::string& from, const std::string& to) {
   const auto start = text.find(from);
   if (start == std::string::npos) return {};
@@ -152,7 +152,7 @@ std::string CddbServer::Faulty(std::string answer) const {
   return answer;
 }
 
-// False when the client went away before it had everything.
+// Returns false when the client closed the connection before it had everything.
 bool CddbServer::Send(int client, const std::string& answer, bool faulty) const {
   const std::string bytes = faulty ? Faulty(answer) : answer;
   const std::size_t piece = faulty && Faults.PieceBytes > 0
@@ -177,7 +177,7 @@ bool CddbServer::Send(int client, const std::string& answer, bool faulty) const 
   return true;
 }
 
-// Until the client closes: false, as it had to give up.
+// Waits until the client gives up and closes. Always returns false.
 bool CddbServer::WaitForEnd(int client) const {
   const std::int64_t since = NowMs();
   while (Patient(since)) {

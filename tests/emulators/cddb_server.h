@@ -1,9 +1,9 @@
-// A CDDB server on 127.0.0.1, in a thread of its own: knows discs, answers queries and reads of the
-// protocol, and has faults that happen to its answers. As a proxy it wants requests in a proxy's
-// form and passes them on to the server that they name.
+// A CDDB server on 127.0.0.1 with its own thread. It knows discs, answers the protocol's queries
+// and reads, and can have faults. As a proxy it expects requests in proxy form and passes them on
+// to the server named in them.
 //
-// It serves one connection after the other, so many at the most as it was told, and none longer
-// than 10 s, so that a test that goes wrong comes to an end.
+// It serves one connection at a time, at most the given number in all and none longer than 10 s, so
+// that a failing test comes to an end.
 #pragma once
 
 #include <atomic>
@@ -19,13 +19,13 @@
 namespace vantora::test {
 
 struct ServerFaults {
-  int FromRequest = 0;        // the first request, from 0, that meets the faults
-  int PieceBytes = 0;         // sends so many bytes at a time, 0: all at once
-  int PieceMs = 0;            // and lets so long pass between two pieces
-  std::int64_t CloseAt = -1;  // closes after so many bytes of the answer
-  bool Silent = false;        // takes the request, and keeps the connection without a word
-  std::string Instead;        // sends this in place of the answer, unless blank
-  std::int64_t Flood = 0;     // so many bytes behind the header, without a line's end
+  int FromRequest = 0;        // number of the first faulty request, from 0
+  int PieceBytes = 0;         // bytes sent at a time; 0: all at once
+  int PieceMs = 0;            // pause between two pieces
+  std::int64_t CloseAt = -1;  // closes the connection after this many bytes of the answer
+  bool Silent = false;        // accepts the request and never answers
+  std::string Instead;        // sent in place of the answer, unless blank
+  std::int64_t Flood = 0;     // bytes sent after the header, without a line end
 };
 
 class CddbServer {
@@ -35,19 +35,19 @@ class CddbServer {
   CddbServer(const CddbServer&) = delete;
   CddbServer& operator=(const CddbServer&) = delete;
 
-  // All of these before the first request.
-  // `lines` is what a read tells, each line ended by CR LF.
+  // These must be called before the first request. `lines` is the answer to a read; each line ends
+  // in CR LF.
   void Knows(const std::string& category, const std::string& id, const std::string& lines);
   void KnowsOnlySimilar(const std::string& id) { similar_ = id; }
-  void PassesOnTo(const CddbServer& server) { upstream_ = &server; }  // is a proxy from now on
+  void PassesOnTo(const CddbServer& server) { upstream_ = &server; }  // makes this server a proxy
   ServerFaults Faults;
 
   std::uint16_t Port() const { return port_; }
   std::string Address() const { return "127.0.0.1:" + std::to_string(port_); }
-  std::vector<std::string> Requests() const;  // to the byte, in order
-  // The last request's connection was closed by the client, before the server was done with it.
+  std::vector<std::string> Requests() const;  // unchanged and in order
+  // True when the client closed the last connection before the server had finished.
   bool LeftAlone() const { return leftAlone_; }
-  // From requests that had come whole to their answers that were sent, all together.
+  // Total time from complete requests to sent answers.
   std::chrono::nanoseconds Busy() const { return std::chrono::nanoseconds(busyNs_); }
 
  private:
@@ -64,7 +64,7 @@ class CddbServer {
   const int connections_;
   int listener_ = -1;
   std::uint16_t port_ = 0;
-  std::map<std::string, std::pair<std::string, std::string>> discs_;  // by ID: category, lines
+  std::map<std::string, std::pair<std::string, std::string>> discs_;  // category and lines by ID
   std::string similar_;
   const CddbServer* upstream_ = nullptr;
 
@@ -72,7 +72,7 @@ class CddbServer {
   std::vector<std::string> requests_;
   std::atomic<bool> leftAlone_ = false, stopped_ = false;
   std::atomic<std::int64_t> busyNs_ = 0;
-  std::thread thread_;  // last: it uses all the others
+  std::thread thread_;  // last, since the thread uses all other members
 };
 
 }  // namespace vantora::test

@@ -1,12 +1,12 @@
-// cddb-server FILE [COMMAND [WORD ...]]: runs the CDDB servers that FILE tells of, each on a free
-// port of 127.0.0.1, for as long as COMMAND runs, which finds the ports in its environment; ends
-// with its exit code. Without a COMMAND it prints the ports, and serves until its input ends.
+// cddb-server FILE [COMMAND [WORD ...]]: runs the CDDB servers described in FILE, each on a free
+// port of 127.0.0.1, while COMMAND runs. COMMAND finds the ports in its environment, and its exit
+// code is that of cddb-server. Without a COMMAND, prints the ports and serves until its input ends.
 //
-// FILE is UTF-8, a line each of:
+// FILE is UTF-8, with one entry per line:
 //   server NAME         a server, whose port is in the variable NAME
-//   disc CATEGORY ID    a disc that it knows, and behind it what it tells of the disc
-//   similar ID          a disc for which it has only others like it
-//   closes-at N         it closes its connections after so many bytes of an answer
+//   disc CATEGORY ID    a disc of this server; the lines below are its data
+//   similar ID          a disc for which the server has only similar ones
+//   closes-at N         the server closes its connections after N bytes of an answer
 // Lines that begin with # are comments.
 
 #include "backends/linux/utf8.h"
@@ -39,7 +39,7 @@ class Servers {
     }
     FinishDisc();
   }
-  // Tells the ports to whoever is started from here.
+  // Puts the ports into the environment of processes started from here.
   void TellPorts(std::ostream* out) const {
     for (const Named& one : servers_) {
       const std::string port = std::to_string(one.Server->Port());
@@ -93,7 +93,7 @@ class Servers {
   std::string category_, id_, lines_;
 };
 
-// The exit code of a program that is found on the path.
+// Runs a program from the path and returns its exit code.
 int RunCommand(char** words) {
   pid_t child = 0;
   if (::posix_spawnp(&child, words[0], nullptr, nullptr, words, environ) != 0) {

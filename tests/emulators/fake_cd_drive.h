@@ -1,5 +1,5 @@
-// A CD drive that needs no machine: a disc with tracks lies in it or not, it reads them into wave
-// files at a pace of its own, and plays without a sound. Faults are things that happen to it.
+// A simulated CD drive. It has a disc with tracks or none, reads them into wave files at its own
+// pace, and plays without sound. Tests set its faults.
 #pragma once
 
 #include "tests/backends/sound/wave_bytes.h"
@@ -23,21 +23,21 @@ struct FakeTrack {
   bool Preemphasis = false;
 };
 
-// The disc that both halves of the drive share, and what is wrong with the drive.
+// The disc and the faults of the drive, shared by its reader and its player.
 struct FakeDrive {
   static constexpr int kSectorBytes = 2352;
   static constexpr int kSectorsASecond = 75;
 
-  std::vector<FakeTrack> Disc;  // empty: no disc lies in it
+  std::vector<FakeTrack> Disc;  // empty: no disc
   bool Dead = false;            // answers with a mode below 500
   bool Shut = false;            // cannot be opened
-  int TakenOutAfter = 0;        // looks for tracks, after which the disc is taken out
-  int ReadErrors = 0;           // the next reads that stop half way
+  int TakenOutAfter = 0;        // number of Tracks() calls after which the disc is taken out
+  int ReadErrors = 0;           // number of reads to fail half way
   int ErrorCode = 3;
   Text ErrorText = L"ASPI Error";
-  int RefuseTrack = 0;  // ReadTrack answers with 5
-  int BreakTrack = 0;   // ReadTrack raises error 70
-  int ReadMs = 1000;    // of a whole track
+  int RefuseTrack = 0;  // ReadTrack returns 5 for it
+  int BreakTrack = 0;   // ReadTrack raises 70 for it
+  int ReadMs = 1000;    // time for a whole track
 
   const FakeTrack* Find(int track) const {
     const auto place = static_cast<std::size_t>(track - 1);
@@ -46,7 +46,7 @@ struct FakeDrive {
   static int Ms(int sectors) {
     return static_cast<int>(static_cast<std::int64_t>(sectors) * 1000 / kSectorsASecond);
   }
-  // What lies on a track: every track differs from the others.
+  // The sound of a track. Tracks differ from each other.
   static std::string Sound(int track, int sectors) {
     std::string bytes(static_cast<std::size_t>(sectors) * kSectorBytes, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -140,7 +140,7 @@ class FakeReader final : public Acd {
   Dateien& files_;
   Text file_;
   int track_ = 0, position_ = 0;
-  int token_ = 0;  // of the read that runs
+  int token_ = 0;  // of the running read
 };
 
 class FakePlayer final : public MMControl {
@@ -185,9 +185,9 @@ class FakePlayer final : public MMControl {
   int Position() override { return std::abs(at_) | 1 << 8 | 23 << 16; }  // 1:23 into the track
   void To(int position) override { to_ = position; }
 
-  int Playing = 0;     // the track; negative while paused
-  int Opened = 0;      // times that it was asked to
-  bool Ended = false;  // has played to the end of the disc
+  int Playing = 0;     // the track; negative when paused
+  int Opened = 0;      // number of "Open" commands
+  bool Ended = false;  // the disc has been played to its end
 
  private:
   int Time(int sectors) const { return format_ == kMciMilliseconds ? FakeDrive::Ms(sectors) : -1; }

@@ -1,5 +1,5 @@
-// What a fuzz body consists of. Built with clang's fuzzer it is driven by coverage; built without,
-// `standalone_main.cpp` drives it by mutations of its seeds that are the same in every run.
+// The functions of a fuzz test. With clang's fuzzer it is guided by coverage. Without it,
+// `standalone_main.cpp` runs mutations of its seeds that are the same in every run.
 #pragma once
 
 #include <cstddef>
@@ -11,10 +11,10 @@
 
 namespace vantora::test {
 
-// Well-formed inputs that a body starts from.
+// Valid inputs from which mutations start.
 std::vector<std::string> FuzzSeeds();
 
-// Whatever the input is, this must hold; a body that finds it broken ends the process.
+// Checks a condition that must hold for every input; ends the process when it does not.
 inline void Require(bool holds, const char* what) {
   if (holds) return;
   std::cerr << "broken: " << what << std::endl;

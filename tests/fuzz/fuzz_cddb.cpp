@@ -1,5 +1,5 @@
-// Any bytes as what a CDDB server answers: the titles of the disc, or one of the client's own ways
-// to fail. Behind the byte 0x1C stands the answer to the second request.
+// Random bytes as the answers of a CDDB server: the result must be the disc's titles or one of the
+// client's own errors. The byte 0x1C separates the first answer from the second.
 #include "tests/cdinput/cddb_stage.h"
 #include "tests/fuzz/fuzz_body.h"
 
@@ -16,8 +16,7 @@ struct Client {
   HeadlessPlatform platform{home.Path(), std::filesystem::path(VANTORA_SOURCE_DIR) / "resources"};
   FakeDisc disc;
   AnsweringSockets network;
-  Plattform bundle{MitLaufwerk(platform.bundle, platform.bundle.mcd, platform.bundle.acd,
-                               platform.bundle.cd, disc, network)};
+  Plattform bundle{With(platform.bundle, disc, network)};
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Any bytes as a catalog file: refused by its error, or a catalog that is written again as it was
-// read.
+// Random bytes as a catalog file: it must be refused with its error, or read and written again
+// unchanged.
 #include "catalog/katalog_datei.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
@@ -9,9 +9,9 @@ namespace vantora::test {
 
 namespace {
 
-constexpr std::size_t kRecordBytes = 822;  // of a record without a date
+constexpr std::size_t kRecordBytes = 822;  // size of a record without a date
 
-// `dates` has the length of each record's date; every other byte is one of all that there are.
+// `dates` has the length of each record's date. The other bytes run through all values.
 std::string Catalog(std::uint32_t count, const std::vector<std::size_t>& dates) {
   std::string bytes = Number(count, 4);
   for (const std::size_t date : dates) {
@@ -56,7 +56,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       error == 0 || error == kFehlerDateiEnde || error == kFehlerIndex || error == kFehlerSpeicher,
       "a file that is no catalog raises the error for it");
   Require(error != kFehlerIndex || katalog.size() == 3, "a count below 0 leaves all as it was");
-  // A field that grows has room for twice what the file holds, never for what a count promises.
+  // The vector may grow to twice the records of the file, but must not reserve what a false count
+  // promises.
   Require(katalog.capacity() <= 2 * (size / kRecordBytes) + 3, "no room for invented tracks");
   if (error != 0) return 0;
 

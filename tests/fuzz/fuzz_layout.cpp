@@ -1,5 +1,5 @@
-// Any bytes as a layout of a window with every kind of control: what it says is done, or is an
-// overflow, and no two controls lie in each other.
+// Random bytes as the layout of a window with every kind of control: it must be carried out or
+// overflow, and no two controls may contain each other.
 #include "app/werte/layout.h"
 #include "backends/headless/headless_loop.h"
 #include "tests/backends/full_form.h"

@@ -1,4 +1,4 @@
-// Any bytes as a private profile file: listed, read, changed, and a section removed.
+// Random bytes as a private profile file: listed, read, changed, and with a section removed.
 #include "backends/linux/profile_file.h"
 #include "tests/backends/linux/home.h"
 #include "tests/fuzz/fuzz_body.h"

@@ -1,4 +1,4 @@
-// Any bytes as the file of rooms: every room is moved into while sound goes through.
+// Random bytes as the file of reverb rooms: every room is loaded while sound plays.
 #include "backends/linux/profile_file.h"
 #include "backends/sound/effects/reverb.h"
 #include "tests/backends/linux/home.h"
@@ -36,7 +36,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Through(reverb, hiss);
     reverb.SetOutputGain(0);
     Through(reverb, hiss);
-    // Echoes that had become no numbers would spoil it.
+    // NaN in an echo would change the sound.
     Require(Through(reverb, hiss) == hiss, "without echoes the sound is what it was");
   }
   return 0;

@@ -1,4 +1,4 @@
-// Any bytes as a settings file: read, changed, and read again as the next run does.
+// Random bytes as a settings file: read, changed, and read again as by the next run.
 #include "backends/linux/settings_file.h"
 #include "tests/backends/linux/home.h"
 #include "tests/fuzz/fuzz_body.h"
@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return SettingsFile(file).GetSetting(L"Quillmark", L"VTR", key, L"none");
   };
   const Text undo = read(L"Undo"), folderOfWaves = read(L"Wave_Export_Dir");
-  // The input itself is what is saved: any text must survive.
+  // Saves the input itself, since any text must be kept.
   const Text value(data, data + std::min<std::size_t>(size, 300));
   SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Copies", value);
   Require(read(L"Copies") == value, "what is saved is read again");

@@ -1,5 +1,5 @@
-// Any bytes as a sheet of a disc image, in both notations: a disc all of whose sectors can be asked
-// for, or a fault with its line.
+// Random bytes as the sheet of a disc image, in both formats: the result must be a disc whose
+// sectors can all be read, or a fault with a line.
 #include "backends/cdio/image_disc.h"
 #include "backends/cdio/track_sound.h"
 #include "tests/backends/linux/home.h"
@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }();
   static_cast<void>(laid);
   for (const char* name : {"s.cue", "s.toc"}) {
-    fs::remove(home / name);  // overwriting a file makes some file systems wait for the disk
+    fs::remove(home / name);  // overwriting makes some file systems wait for the disk
     Put(home / name, {reinterpret_cast<const char*>(data), size});
     const Text sheet(name, name + 5);
     try {

@@ -1,5 +1,5 @@
-// Any bytes as a wave file: opened, read, lengthened and cut. What opens must be a true wave file
-// after each edit.
+// Random bytes as a wave file: opened, read, lengthened and cut. A file that opens must be a valid
+// wave file after each edit.
 #include "backends/sound/edits/cutter.h"
 #include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/files/wave_file.h"
@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace vantora;
   using namespace vantora::test;
   static Home home;
-  fs::remove(home / "a.wav");  // overwriting a file makes some file systems wait for the disk
+  fs::remove(home / "a.wav");  // overwriting makes some file systems wait for the disk
   Put(home / "a.wav", {reinterpret_cast<const char*>(data), size});
   std::string sound;
   {
@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             "no invented sound");
     sound = Sound(wave);
   }
-  RunningOut disk(home.Files);  // which nobody brings to the disk
+  RunningOut disk(home.Files);  // its Flush does nothing, which saves time
   WaveEdits edits(disk, {}, 4096);
   const auto before = static_cast<std::int64_t>(sound.size());
   edits.Apply({{{kWave, before, before + 4, {MixStep(before, {'m', 'o', 'r', 'e'})}}}, {}});

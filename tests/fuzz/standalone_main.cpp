@@ -1,6 +1,6 @@
-// Runs a fuzz body without a fuzzer: `fuzz_wave COUNT [FIRST]` feeds it the mutations FIRST to
-// FIRST + COUNT - 1 of its seeds. Mutation N is the same on every machine, so that the number told
-// at a crash brings it back.
+// Runs a fuzz test without a fuzzer: `fuzz_wave COUNT [FIRST]` runs the mutations FIRST to FIRST +
+// COUNT - 1 of its seeds. Mutation N is the same on every machine, so the number printed at a crash
+// is enough to repeat it.
 #include "tests/fuzz/fuzz_body.h"
 
 #include <algorithm>
@@ -21,7 +21,7 @@ std::atomic<std::uint64_t>& Current() {
   return number;
 }
 
-// Only what a signal handler may do.
+// Uses only functions that are allowed in a signal handler.
 void TellNumber(int signal) {
   std::array<char, 24> digits{};
   std::size_t place = digits.size();
@@ -76,7 +76,7 @@ class Mutator {
         text.replace(place, size, other.substr(Below(other.size() + 1), Below(200)));
         break;
       }
-      case 5: {  // a size or a count at the edge of what it can be
+      case 5: {  // a size or a count at the limits of its type
         constexpr std::array<std::uint32_t, 10> kEdges{
             0, 1, 0x7F, 0xFF, 0x7FFF, 0xFFFF, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF};
         const std::uint32_t edge = kEdges[Below(kEdges.size())];
@@ -107,7 +107,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string> seeds = FuzzSeeds();
   for (std::uint64_t number = first; number < first + count; ++number) {
     Current() = number;
-    // The first ones are the seeds themselves.
+    // The first inputs are the seeds themselves.
     const std::string text = number < seeds.size() ? seeds[number] : Mutator(number).Make(seeds);
     ::alarm(kSecondsAnInput);
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());

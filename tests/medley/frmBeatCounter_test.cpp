@@ -32,15 +32,6 @@ class Zaehler : public Buehne {
 
 }  // namespace
 
-TEST(BeatCounter, EverySecondTapShowsAWholeEvenTempo) {
-  Zaehler b;
-  frmBeatCounter& z = b.Oeffne();
-  b.Tippe({500, 500, 500});
-  EXPECT_EQ(z.lblBeatDisplay.Caption(), L"120");
-  b.Tippe({500, 333, 333, 333});  // the next measurement spans both tempi
-  EXPECT_EQ(z.lblBeatDisplay.Caption(), L"180");
-}
-
 TEST(BeatCounter, TapsCountAtTheirOwnMomentsWhileTheWindowIsBusy) {
   Zaehler b;
   frmBeatCounter& z = b.Oeffne();
@@ -65,18 +56,6 @@ TEST(BeatCounter, AHeldKeyIsOneTapAndThePictureAnswers) {
   EXPECT_FALSE(z.TasteUnten);
 }
 
-TEST(BeatCounter, TwoTapsInOneMillisecondAreAnErrorAndTheWindowGoesOn) {
-  Zaehler b;
-  frmBeatCounter& z = b.Oeffne();
-  b.Antwortet(kNein);
-  b.Tippe({0, 0, 500});
-  ASSERT_EQ(b.Gesagt().size(), 1U);
-  EXPECT_NE(b.Gesagt()[0].find(L"(11)"), Text::npos);
-  EXPECT_FALSE(z.TasteUnten);
-  b.Tippe({500, 500, 500, 500});
-  EXPECT_EQ(z.lblBeatDisplay.Caption(), L"120");
-}
-
 TEST(BeatCounter, TheTempoIsHandedOverWithinItsLimitsOrNotAtAll) {
   for (const auto& [gezeigt, erwartet] :
        std::vector<std::pair<Text, Text>>{{L"0", L"50"}, {L"300", L"280"}, {L"124", L"124"}}) {
@@ -98,11 +77,11 @@ TEST(BeatCounter, TheTempoIsHandedOverWithinItsLimitsOrNotAtAll) {
 TEST(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
   Zaehler b;
   frmBeatCounter& z = b.Oeffne();
-  EXPECT_EQ(b.platform.card.From, 0);  // three seconds
+  EXPECT_EQ(b.platform.card.From, 0);  // starts at 0: the track has three seconds
   b.platform.hands.Close(z);
   b.Wave(L"C:\\Vantora\\Wavs\\a.wav", 20 * 44100 + 1);
   frmBeatCounter& lang = b.Oeffne();
-  EXPECT_EQ(b.platform.card.From, 10 * 176400);  // a whole frame
+  EXPECT_EQ(b.platform.card.From, 10 * 176400);  // starts at a whole frame
   b.platform.loop.Pass(5000);
   EXPECT_NEAR(lang.shpZeitanzeige.Width(), lang.BalkenBreite / 4.0, lang.BalkenBreite / 100.0);
   EXPECT_TRUE(b.Haupt().SpielerLaeuft());
@@ -110,7 +89,7 @@ TEST(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
   EXPECT_FALSE(b.Haupt().SpielerLaeuft());
   std::int32_t breite = 0;
   frmBeatCounter::BalkenAktualisieren(5, 20, 1000, 0, 0, breite);
-  EXPECT_EQ(breite, 0);  // below nothing
+  EXPECT_EQ(breite, 0);  // never negative
   frmBeatCounter::BalkenAktualisieren(5, 20, 1000, 1000, 0, breite);
   EXPECT_EQ(breite, 750);
 }

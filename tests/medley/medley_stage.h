@@ -1,4 +1,4 @@
-// A program and the engine of the crossfades without its window, and what it should make of sound.
+// A program and the crossfade engine without its window, and a model of the expected sound.
 #pragma once
 
 #include "medley/ueberblendung.h"
@@ -13,13 +13,13 @@
 
 namespace vantora {
 
-// Values that both files lose in a crossfade of so many seconds.
+// Number of values that each file loses in a crossfade of `sekunden`.
 inline std::size_t WerteVon(double sekunden) {
   const auto werte = static_cast<std::size_t>(std::nearbyint(sekunden * 88200));
   return werte - werte % 4;
 }
 
-// The linear mix of two sounds of the same length.
+// The linear crossfade of two sounds of the same length.
 inline std::string Gemischt(const std::string& ende, const std::string& anfang) {
   std::string mix = ende;
   const std::size_t werte = ende.size() / 2;
@@ -34,7 +34,7 @@ inline std::string Gemischt(const std::string& ende, const std::string& anfang) 
   return mix;
 }
 
-// Two sounds as a crossfade leaves them, whose mix is given or made of them as they are.
+// Changes two sounds as a crossfade does, with the given mix or else the linear one.
 inline void Ueberblende(std::string& a, std::string& b, double sekunden, std::string mix = {}) {
   const std::size_t u = WerteVon(sekunden);
   if (mix.empty()) mix = Gemischt(a.substr(a.size() - 2 * u), b.substr(0, 2 * u));
@@ -53,7 +53,7 @@ class MedleyBuehne {
 
   static Text Ort(std::size_t n) { return L"C:\\Vantora\\Wavs\\" + std::to_wstring(n) + L".wav"; }
 
-  // A track of the medley with this sound in its own file.
+  // Adds a track with this sound to the medley, in its own file.
   MedleyEintrag& Reihe(const std::string& ton, const Text& dauer = L"1",
                        const std::string& anhang = {}) {
     const std::size_t n = b.prog.Medley.size();
@@ -66,7 +66,7 @@ class MedleyBuehne {
   }
   std::string Datei(std::size_t n) { return b.Lies(Ort(n)); }
 
-  // All transitions, in order; true when the catalog was marked.
+  // Runs all transitions in order. Returns true when the catalog was marked as changed.
   bool Lauf() {
     bool markiert = false;
     b.Tu([&] {

@@ -15,7 +15,7 @@ namespace {
 using Line = HeadlessMixer::Line;
 constexpr auto kAus = MixerCard::Role::Output, kEin = MixerCard::Role::Input;
 
-// The captions of the faders in sight; "-" for one that is hidden.
+// The captions of the visible faders; "-" for a hidden one.
 std::string Zu(frmMixer& mixer) {
   std::string alle;
   for (int i = 0; i < frmMixer::kFader; ++i) {
@@ -81,25 +81,6 @@ TEST(Mixer, ACardThatComesOrGoesIsFoundWhenTheMixerOrTheRecorderOpens) {
   a.OeffneEinzeln();
   EXPECT_EQ(a.A().lbInputCaption(0).Caption(), L"Gitarre");
   EXPECT_FALSE(a.A().optInput(1).Visible());
-}
-
-TEST(Mixer, AFaderMovesItsLineAndReadingMovesNothing) {
-  Buehne b;
-  b.platform.mixer.Put({L"Line", kAus, 20001});
-  b.platform.mixer.Put({L"Mic", kEin, 100, false});
-  frmMixer& mixer = b.prog.frmMixer();
-  mixer.Form_Activate();
-  EXPECT_EQ(mixer.Fader(0).Value(), 31);
-  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 20001) << "reading writes nothing back";
-  mixer.Fader(0).Value = 100;
-  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 65536);
-  mixer.Fader(5).Check1.Value = 1;
-  mixer.Fader(5).Check1_Click();
-  EXPECT_TRUE(b.platform.mixer.Find(L"Mic")->On);
-  EXPECT_EQ(mixer.Fader(5).CaptionMute(), L"Activado");
-  mixer.MixerLiest = true;
-  mixer.Fader(0).Value = 0;
-  EXPECT_EQ(b.platform.mixer.Find(L"Line")->Volume, 65536);
 }
 
 TEST(Mixer, WithoutALineOfWavesThePreviewAsksForTheProgramsOwnVolume) {

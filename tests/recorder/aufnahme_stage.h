@@ -1,4 +1,4 @@
-// A program whose recorder stands open, and what it has written.
+// A program with an open recorder, and the files that it has written.
 #pragma once
 
 #include "recorder/frmAufnehmen.h"
@@ -13,7 +13,7 @@
 
 namespace vantora {
 
-// Files on a disk that can run out, and drives that have as much room as the test says.
+// Files on a disk that can fill up, and drives with free space set by the test.
 class AufnahmeGeraete : private Drives {
  public:
   Plattform Umbau(HeadlessPlatform& p) {
@@ -25,12 +25,7 @@ class AufnahmeGeraete : private Drives {
         SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
                          [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input},
         [&p] { return p.mmtools.NewPitch(); });
-    const Plattform& b = p.bundle;
-    return {b.schleife,      b.bildschirm, b.uhr,      b.system,     b.dateien,    *this,
-            b.einstellungen, b.profile,    b.registry, b.ressourcen, *werkzeug,    b.tsCut,
-            b.edits,         b.mp3,        b.mcd,      b.acd,        b.cd,         b.mci,
-            b.sockets,       b.audiolib,   b.perfData, b.eqpro,      b.wachhalter, b.drucker,
-            b.bilder,        b.schriften};
+    return With(p.bundle, static_cast<Drives&>(*this), *werkzeug);
   }
 
   double frei = 1e12;
@@ -53,7 +48,8 @@ class AufnahmeBuehne : private AufnahmeGeraete {
 
   static Text Ort(const Text& name) { return L"C:\\Vantora\\Wavs\\" + name; }
 
-  // Several takes whose names begin with "lp"; the copy of a whole record, or takes by level.
+  // Starts a recording of several takes whose names begin with "lp": of a whole record, or split by
+  // level.
   void OeffneLP() {
     b.WaehltDatei({Ort(L"lp.wav")});
     b.Tu([this] { b.Haupt().imgLPKopieren_MouseUp(); });
@@ -67,19 +63,19 @@ class AufnahmeBuehne : private AufnahmeGeraete {
   void Druecke(Control& control) {
     b.Tu([&] { b.platform.hands.Press(control); });
   }
-  void Nimm(const Text& name) {  // a take by hand
+  void Nimm(const Text& name) {  // a single take
     b.WaehltDatei({Ort(name)});
     Druecke(A().imgAufnehmen);
   }
   void Warte(int ms) { b.platform.loop.Pass(ms); }
-  // What the input hears from now on.
+  // Plays sound into the input from now on.
   void Spiele(const std::string& daten) {
     const Text datei = L"C:\\spiel" + std::to_wstring(++gespielt_) + L".wav";
     b.Datei(datei, test::Wave(daten));
     b.platform.input.Play(datei);
   }
   bool Gibt(const Text& name) { return b.prog.DateiExistiert(Ort(name)); }
-  // The sound of a take; nothing when the file is no whole wave.
+  // The sound of a take; empty when the file is not a complete wave.
   std::string Klang(const Text& name) {
     const std::string datei = b.Lies(Ort(name));
     if (datei.size() < 44) return {};

@@ -1,5 +1,5 @@
-// Takes against an independent model of the cut: bursts at known frames, and every take must be
-// what the rules keep of them, to the frame.
+// Compares takes with an independent model of the cut: bursts are played at known frames, and every
+// take must have exactly the frames that the rules keep.
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ constexpr std::int64_t kRate = 44100, kPuffer = 1024;
 
 struct Stoss {
   std::int64_t Frame, Frames;
-  int Pegel;  // of each side; the sum is twice as much
+  int Pegel;  // of each channel; the sum is twice as much
 };
 
 std::string Klangbild(const std::vector<Stoss>& stoesse, std::int64_t frames) {
@@ -36,7 +36,7 @@ std::string Klangbild(const std::vector<Stoss>& stoesse, std::int64_t frames) {
   for (const Stoss& stoss : stoesse) {
     for (std::int64_t i = 0; i < stoss.Frames; ++i) {
       saat = saat * 1664525U + 1013904223U;
-      // Loud from the first sample on, and no two alike for long.
+      // Loud from its first sample on, with random values, so that no part equals another.
       const int tiefe = static_cast<int>((saat >> 16U) % 100);
       setze(stoss.Frame + i,
             (i % 2 == 0 ? 1 : -1) * (i % 2 == 0 ? stoss.Pegel : std::max(stoss.Pegel - tiefe, 0)));
@@ -59,7 +59,7 @@ int Summe(const std::string& daten, std::int64_t vonFrame) {
   return links + rechts;
 }
 
-// What is heard from the moment when the card began to listen; the takes by the rules.
+// The expected takes by the rules, for the sound since the card began to record.
 std::vector<std::string> Soll(const std::string& gehoert, std::int64_t listenTicks,
                               std::int64_t druckTicks, int schwelle, std::int64_t pauseMs) {
   std::vector<std::string> takes(1);
@@ -100,7 +100,8 @@ TEST(Schnitt, EveryTakeIsWhatTheRulesKeepAlsoWhenTheWindowIsBusy) {
     while (t.A().WaveIn->BufferTicks() == 0) t.Warte(1);
     const std::int64_t beginn = t.A().WaveIn->BufferTicks() - (kPuffer * 1000 + kRate - 1) / kRate;
     EXPECT_LE(beginn, listen);
-    // Long and short, within a buffer, across one, as loud as the threshold to the very bit.
+    // Long and short bursts, within a buffer and across buffers, and exactly as loud as the
+    // threshold.
     const std::vector<Stoss> stoesse = {{20'000, 150'001, 9000},     {300'000, 40'000, 1400},
                                         {500'123, 1, 30'000},        {640'007, 200'000, 5000},
                                         {1'000'000, 3, 1000},        {1'200'011, 130'000, 1000},
@@ -132,7 +133,7 @@ TEST(Schnitt, EveryTakeIsWhatTheRulesKeepAlsoWhenTheWindowIsBusy) {
       EXPECT_TRUE(t.Klang(name) == soll[i])
           << i << ": " << t.Klang(name).size() << " bytes, not " << soll[i].size();
     }
-    // Each burst that is louder than the threshold is whole in one take.
+    // Each burst above the threshold must be complete in one take.
     for (const Stoss& stoss : stoesse) {
       if (stoss.Pegel * 2 <= 2000) continue;
       const std::string klang = bild.substr(static_cast<std::size_t>(stoss.Frame) * 4,

@@ -1,5 +1,5 @@
-# A whole record: the sides are cut into takes by their pauses, the record is turned over when that
-# is asked for, and all takes are in the catalog. The times leave room for a busy machine.
+# A whole record: its sides are cut into takes at the pauses, the user turns the record over when
+# asked, and all takes are in the catalog. The times allow for a busy machine.
 home home
 screen 800 600
 setting Show_Start_Assistant 0
@@ -16,13 +16,13 @@ press frmAufnehmen.imgAufnehmen
 expect frmAufnehmen.imgAbbrechen.Enabled == False
 expect frmAufnehmen.lvwAufnehmen.Count == 1
 linein play C:\m\uno.wav
-# the level has fallen for two seconds: the take ends, and the recorder waits for sound
+# after two seconds below the level the take ends, and the recorder waits for sound
 within 30000 expect frmAufnehmen.imgAbbrechen.Enabled == True
 expect-file C:\Vantora\Wavs\lp00.wav exists
 linein play C:\m\dos.wav
 within 10000 expect frmAufnehmen.lvwAufnehmen.Count == 2
 within 30000 expect frmAufnehmen.imgAbbrechen.Enabled == True
-# the end of the side
+# the first side has ended
 wait 20000
 expect-box ~ "primera cara"
 answer 7
@@ -30,7 +30,7 @@ expect-window frmAufnehmen
 linein play C:\m\tres.wav
 within 10000 expect frmAufnehmen.lvwAufnehmen.Count == 3
 within 30000 expect frmAufnehmen.imgAbbrechen.Enabled == True
-# it is asked for once
+# the recorder asks only once
 wait 30000
 expect-window frmAufnehmen
 press frmAufnehmen.imgRecordStop

@@ -1,5 +1,5 @@
-# Every option is changed, kept over a restart, looked at and changed back; what is cancelled stays
-# as it was.
+# Changes every option, checks them after a restart and changes them back. Cancelled changes have no
+# effect.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -32,7 +32,7 @@ press frmExtrasMenue.cCDDBaktiv
 type frmExtrasMenue.tProxyServer proxy.ejemplo.es
 type frmExtrasMenue.tProxyPort 3128
 select frmExtrasMenue.cmbWriteSpeed 3
-# two ways to find a title exclude each other
+# the two ways to find a title exclude each other
 press frmExtrasMenue.cbxKatalogCheck
 press frmExtrasMenue.cbxAskTrackInfo
 expect-box == "Sólo puede seleccionar una opción. Para más información consulte el manual."
@@ -43,7 +43,7 @@ press frmExtrasMenue.imgOK
 expect-window frmHauptForm
 close
 start
-# the wizard, which was switched on, is not asked for again below
+# the wizard is on now; it is switched off again below
 key frmStartAssistent Escape
 press frmHauptForm.imgExtras
 expect frmExtrasMenue.optCDGroesse74.Value == True
@@ -59,7 +59,7 @@ expect frmExtrasMenue.tProxyServer.Text == proxy.ejemplo.es
 expect frmExtrasMenue.tProxyPort.Text == 3128
 expect frmExtrasMenue.cmbWriteSpeed.Text == 4
 expect frmExtrasMenue.cbxKatalogCheck.Value == 1
-# what is cancelled stays as it was
+# a cancelled change has no effect
 press frmExtrasMenue.chkHintergrundBild
 expect frmHauptForm.Picture == PICBACK_1000
 press frmExtrasMenue.optCDGroesse80
@@ -69,7 +69,8 @@ expect frmHauptForm.Picture == ""
 press frmHauptForm.imgExtras
 expect frmExtrasMenue.optCDGroesse74.Value == True
 expect frmExtrasMenue.txtUndoMB.Text == 120
-# and back again; the other way to find a title, and a picture of the user's own behind the catalog
+# changes the options back, then selects the other way to find a title and the user's own background
+# picture
 press frmExtrasMenue.cbxKatalogCheck
 press frmExtrasMenue.cbxAskTrackInfo
 press frmExtrasMenue.optCDGroesse80

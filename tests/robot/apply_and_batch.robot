@@ -1,4 +1,4 @@
-# Half the volume goes into one file, and then, as it was last set, into all three at once.
+# Applies half the volume to one file, and then the last setting to all three files at once.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -38,7 +38,7 @@ expect-window frmHauptForm
 expect frmHauptForm.lvwKatalog.Count == 3
 expect frmHauptForm.lvwKatalog(1,4) == "00:03"
 expect-file C:\m\azul.wav size 529244
-# a batch that is refused does nothing; one that is wanted shows how far it is
+# a refused batch does nothing; an accepted one shows its progress
 select frmHauptForm.lvwKatalog 1 2 3
 press frmHauptForm.imgAssistent
 expect-box ~ "últimos parámetros del editor audio"
@@ -57,7 +57,7 @@ expect frmHauptForm.lblRestzeitCD.Caption == "Quedan:79:48"
 expect-file C:\m\blanco.wav size 705644
 expect-file C:\m\claro.wav size 882044
 expect-file C:\WINDOWS\TEMP\temp.001 missing
-# the menu of the list leads to both
+# the menu of the list offers both
 rightclick frmHauptForm.lvwKatalog
 menu mnuWAVEditor
 expect-window frmWaveEditor

@@ -6,7 +6,7 @@ setting Show_Start_Assistant 0
 makewave C:\m\uno.wav 3 300
 makewave C:\m\dos.wav 4 400
 start
-# a drop is no way into the catalog
+# files dropped on the list do not enter the catalog
 drop frmHauptForm.lvwKatalog C:\m\uno.wav C:\m\dos.wav
 expect frmHauptForm.lvwKatalog.Count == 0
 press frmHauptForm.imgLiedImport

@@ -1,4 +1,4 @@
-# A writer that is not ready, one that fails in the middle, and a user who changes his mind.
+# A writer that is not ready, a writer that fails in the middle, and a user who cancels.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0

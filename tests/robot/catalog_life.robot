@@ -1,4 +1,4 @@
-# New, open, append, move, delete, undo, save, and the catalog that comes back at the next start.
+# Creates, opens, appends, moves, deletes, undoes and saves; the next start loads the catalog again.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -20,11 +20,14 @@ expect frmHauptForm.lblKatalogLaenge.Caption == "00:00:12"
 select frmHauptForm.lvwKatalog 1
 press frmHauptForm.imgMove(1)
 expect frmHauptForm.lvwKatalog(2,7) ~ "dos.wav|tres.wav"
-# a button takes no focus, so the Delete key is still the list's
+# buttons do not take the focus, so the Delete key still goes to the list
 key frmHauptForm Delete
 expect-box ~ "eliminar el título"
 answer 6
 expect frmHauptForm.lvwKatalog.Count == 2
+press frmHauptForm.imgDeleteTitel
+expect frmHauptForm.lvwKatalog.Count == 3
+# the undo has one step
 press frmHauptForm.imgDeleteTitel
 expect frmHauptForm.lvwKatalog.Count == 3
 press frmHauptForm.imgKatalogSpeichern
@@ -46,7 +49,7 @@ expect frmHauptForm.lvwKatalog.Count == 2
 press frmHauptForm.imgKatalogÖffnen
 choose C:\Vantora\Catálogo\vida.vtr
 expect-box == "¿Desea guardar el catálogo modificado?"
-# slips do not lose it: OK without a name, and a name that is taken
+# mistakes do not lose the catalog: OK without a name, and a name that exists
 answer 6
 press frmLoadSave.pbButton(1)
 expect-box == "Nombre de archivo incorrecto"
@@ -63,7 +66,7 @@ close
 start
 expect frmHauptForm.lvwKatalog.Count == 3
 expect frmHauptForm.lblKatalogDatei.Caption == C:\Vantora\Catálogo\vida.vtr
-# a foreign file is told, and nothing breaks
+# a file of another kind is reported and changes nothing
 writefile C:\roto.vtr text "esto no es un catálogo"
 press frmHauptForm.imgKatalogÖffnen
 choose C:\roto.vtr

@@ -1,4 +1,4 @@
-# A whole audio CD is copied, twice in a row; the copy of the copy is the disc again.
+# Copies a whole audio CD twice in a row; the copy of the copy equals the disc.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -19,7 +19,7 @@ press frmCDBrennen.imgBrennen
 answer 7
 answer 7
 answer 7
-expect-file "C:\Vantora\Discos\Disco 001.cue" exists
+expect-file "C:\Vantora\Discos\Disco 001.bin" sha256 0651038a9f74aa0b03704613d4d33987520c0f8b744b9466e1aa0f47ba10009c
 # nobody has laid a disc in
 press frmHauptForm.imgCDKopieren
 expect-box ~ "desea guardar|guardar"
@@ -47,7 +47,7 @@ answer 7
 expect-window frmHauptForm
 # the database has the disc, so the temporary waves are gone
 expect-file C:\WINDOWS\TEMP\Pista01.wav missing
-expect-file "C:\Vantora\Discos\Disco 002.bin" size 2646000
+expect-file "C:\Vantora\Discos\Disco 002.bin" sha256 0651038a9f74aa0b03704613d4d33987520c0f8b744b9466e1aa0f47ba10009c
 # the second copy is left before its burn, and the third is told so
 disc eject
 disc insert "C:\Vantora\Discos\Disco 002.cue"

@@ -1,4 +1,4 @@
-# A cover from nothing to PDF: texts, font, colours, a picture, and each side printed.
+# A cover from the beginning to the PDF: texts, font, colours, a picture, and a print of each side.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -10,7 +10,7 @@ makewave C:\m\tres.wav 5 500
 makepicture C:\Vantora\Pictures\mar.bmp 900 600
 writefile C:\Vantora\Pictures\roto.jpg text "no picture"
 start
-# nothing to print yet
+# there is nothing to print yet
 press frmHauptForm.imgPrintCover
 expect-box ~ "primero debe abrir o crear un catálogo"
 answer 7
@@ -23,7 +23,7 @@ within 5000 expect frmHauptForm.lvwKatalog.Count == 3
 press frmHauptForm.imgPrintCover
 expect-window frmPrintStart
 expect frmPrintStart.txtPrev.Text ~ "^1   Nuevo título   Nuevo intérprete"
-# what is cancelled changes nothing
+# a cancelled dialog changes nothing
 press frmPrintStart.imgSchrift
 font cancel
 press frmPrintStart.imgColor(0)
@@ -42,7 +42,7 @@ expect frmPrint.lblBeschriftung(2).Caption ~ "^3   "
 expect frmPrint.lblBeschriftung(3).Visible == False
 expect frmPrint.lblCDTitel.Caption == "Olas del norte"
 shot pictures/frmPrint_dorso.png
-# a file that is none says so, and the window goes on
+# a file that is not a picture is reported, and the window goes on
 press frmPrint.imgLoadPic
 choose C:\Vantora\Pictures\roto.jpg
 expect-box ~ "roto.jpg"
@@ -74,7 +74,7 @@ press frmPrint.imgControl(1)
 press frmPrint.imgClearPic
 expect-box ~ "suprimir la imagen"
 answer 6
-# back to the texts and to the sides again, then to the catalog
+# back to the texts, to the sides again, and to the catalog
 press frmPrint.imgBack
 expect-window frmPrintStart
 press frmPrintStart.imgReady

@@ -1,4 +1,4 @@
-# A range is cut, brought back, copied, inserted, silenced and faded; each but the insertion can be
+# Cuts, restores, copies, inserts, silences and fades a range. Every edit but the insertion can be
 # undone once.
 home home
 screen 1024 768
@@ -30,7 +30,7 @@ expect frmWaveEditor.lblMarkerEnde.Caption == "0:08:0"
 press frmWaveEditor.imgSteuerung(6)
 expect-box ~ "No ha hecho nada"
 answer 7
-# block edits keep the length, and take it back
+# block edits keep the length and can be undone
 drag frmWaveEditor.picWaveBack 500 900
 press frmWaveEditor.imgFadeOut
 drag frmWaveEditor.picWaveBack 100 400
@@ -41,7 +41,7 @@ press frmWaveEditor.imgSteuerung(6)
 press frmWaveEditor.imgNormalize
 expect-file C:\m\azul.wav size 1411244
 expect frmWaveEditor.picWaveBack.Drawn > 30
-# the same without a mouse
+# the same with the keyboard
 press frmWaveEditor.picWaveBack
 key frmWaveEditor Home
 key frmWaveEditor Shift+End
@@ -50,12 +50,12 @@ key frmWaveEditor Ctrl+X
 expect-file C:\m\azul.wav size 44
 key frmWaveEditor Ctrl+Z
 expect-file C:\m\azul.wav size 1411244
-# copy to the end
+# copies the file to its own end
 press frmWaveEditor.cmdAllesAuswaehlen
 press frmWaveEditor.imgCopy
 press frmWaveEditor.imgPaste
 expect-file C:\m\azul.wav size 2822444
-# the insertion stays
+# the insertion cannot be undone
 press frmWaveEditor.imgSteuerung(6)
 expect-file C:\m\azul.wav size 2822444
 shot pictures/frmWaveEditor.png

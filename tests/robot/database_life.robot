@@ -1,5 +1,5 @@
-# Two discs are burnt and stand in the database; the user looks at them, searches and deletes, by
-# mouse and by keyboard.
+# Two discs are burnt and enter the database. The user looks at them, searches and deletes, by mouse
+# and by keyboard.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -9,7 +9,7 @@ makewave "C:\Música\Azul oscuro.wav" 4 330
 makewave "C:\Música\Mar abierto.wav" 7 440
 makewave "C:\Música\El faro.wav" 3 262
 start
-# nothing was burnt yet
+# no disc has been burnt yet
 press frmHauptForm.imgDatenBank
 expect-window frmDatenbank
 expect frmDatenbank.lblVorhandeneCDNum.Caption == 0
@@ -21,7 +21,7 @@ key frmDatenbank Return
 expect frmDatenbank.lstTitel.Count == 0
 key frmDatenbank Escape
 expect-window frmHauptForm
-# the first disc: two tracks
+# the first disc has two tracks
 press frmHauptForm.imgLiedImport
 choose "C:\Música\Azul oscuro.wav" "C:\Música\Mar abierto.wav"
 type frmNeuerInterpret.txtTitel "Azul oscuro"
@@ -43,7 +43,7 @@ answer 7
 expect-box ~ "otro CD"
 answer 7
 expect-window frmHauptForm
-# the second: a third track, and another title
+# the second disc has a third track and another title
 press frmHauptForm.imgLiedImport
 choose "C:\Música\El faro.wav"
 type frmNeuerInterpret.txtTitel "El faro"
@@ -59,7 +59,7 @@ answer 7
 answer 7
 answer 7
 expect-window frmHauptForm
-# both are in the list, the first with its tracks
+# both discs are in the list, the first one with its tracks
 press frmHauptForm.imgDatenBank
 expect frmDatenbank.lblVorhandeneCDNum.Caption == 2
 expect frmDatenbank.lblVorhandeneTitelNum.Caption == 5
@@ -74,7 +74,7 @@ expect frmDatenbank.lblDauer.Caption == "00:04"
 select frmDatenbank.lstTitel 2
 expect frmDatenbank.lblDauer.Caption == "00:07"
 shot pictures/frmDatenbank.png
-# a search looks at discs and tracks, with case
+# a search includes discs and tracks, and respects case
 type frmDatenbank.txtSuchtext "faro"
 press frmDatenbank.imgSuchen
 expect frmDatenbank.lstInterpreten.Count == 1
@@ -90,11 +90,11 @@ press frmDatenbank.imgGesammteListe
 type frmDatenbank.txtSuchtext "Otoño"
 key frmDatenbank Return
 expect frmDatenbank.lstInterpreten.Count == 1
-# the Delete key of the search box is not the list's
+# the Delete key in the search box does not delete in the list
 key frmDatenbank Delete
 press frmDatenbank.imgGesammteListe
 expect frmDatenbank.lstInterpreten.Count == 2
-# by keyboard alone: from the search box to the list, down to the second disc, and out with it
+# keyboard only: from the search box to the list, down to the second disc, and delete it
 type frmDatenbank.txtSuchtext "v"
 key frmDatenbank Tab
 key frmDatenbank Tab
@@ -108,7 +108,7 @@ key frmDatenbank Delete
 expect frmDatenbank.lstInterpreten.Count == 1
 expect frmDatenbank.lblVorhandeneTitelNum.Caption == 2
 press frmDatenbank.imgSchliessen
-# what is deleted stays so
+# the deletion is permanent
 press frmHauptForm.imgDatenBank
 expect frmDatenbank.lstInterpreten.Count == 1
 press frmDatenbank.imgLöschen

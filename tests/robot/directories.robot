@@ -1,4 +1,4 @@
-# The two folders that the program works in: chosen by their buttons, typed, refused.
+# The program's two working folders: selected by their buttons, typed, and refused.
 home home
 screen 800 600
 setting Show_Start_Assistant 0
@@ -7,7 +7,7 @@ makewave C:\img\Disco.wav 4 440
 writefile C:\img\Disco.cue text "FILE ""Disco.wav"" WAVE"
 start
 press frmHauptForm.imgExtras
-# a folder that is chosen counts at once, even when the window is cancelled
+# a folder selected by the button is stored at once, even if the window is cancelled
 press frmExtrasMenue.cmdWaveDirEdit
 expect-window frmLoadSave
 choose C:\Discoteca\Vieja\leeme.txt

@@ -1,4 +1,5 @@
-# An empty home: defaults, directories, the wizard, and that it stays away when it is told to.
+# The first start in an empty home: defaults, folders, and the wizard, which stays off once it is
+# switched off.
 home home
 screen 800 600
 start
@@ -10,7 +11,7 @@ expect-window frmHauptForm
 expect frmHauptForm.lblKatalogTitel.Caption == "Nuevo título"
 expect frmHauptForm.lblRestzeitCD.Caption == "Quedan:80:00"
 expect frmHauptForm.lblKatalogLaenge.Caption == "00:00:00"
-# what needs tracks says so
+# functions that need tracks say so
 press frmHauptForm.imgPrintCover
 expect-box == "Para imprimir una cubierta, primero debe abrir o crear un catálogo."
 answer 7
@@ -26,14 +27,14 @@ shot pictures/frmAbout.png
 key frmAbout Escape
 shot pictures/frmHauptForm_800.png
 close
-# the second start has no wizard, and no sound card
+# the second start has no wizard and no sound card
 sound off
 start
 expect-box ~ "ninguna tarjeta de sonido"
 answer 7
 expect-window frmHauptForm
 close
-# a screen that is too small, too few colours
+# the screen is too small and has too few colours
 screen 640 480
 sound on
 start

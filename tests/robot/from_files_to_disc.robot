@@ -1,4 +1,4 @@
-# A person imports a wave and an MP3 file, names them, saves the catalog, and makes an audio CD.
+# A user imports a wave and an MP3 file, names them, saves the catalog, and makes an audio CD.
 home home
 screen 1024 768
 makewave C:\Música\azul.wav 6 330
@@ -28,7 +28,7 @@ doubleclick frmHauptForm.lblKatalogTitel
 type frmNeuerInterpret.txtTitel "Verano"
 press frmNeuerInterpret.imgControl(0)
 expect frmHauptForm.lblKatalogTitel.Caption == "Verano"
-# order: the second track goes to the front
+# moves the second track to the front
 select frmHauptForm.lvwKatalog 2
 press frmHauptForm.imgMove(0)
 expect frmHauptForm.lvwKatalog(1,2) == "Mar abierto"

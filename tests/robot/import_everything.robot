@@ -1,9 +1,10 @@
-# Good and bad files, several at once, and the question before a file is overwritten.
+# Valid and invalid files, several at once, and the question before a file is replaced.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
 makewave C:\m\buena.wav 3 300
 makewave C:\m\corta.wav 1 300
+makewave C:\m\última.wav 3 300
 makewave C:\m\mono.wav 3 300 mono
 makewave C:\m\rápida.wav 3 300 rate 48000
 makemp3 C:\m\canto.mp3 4 440
@@ -34,19 +35,24 @@ expect-box ~ "RED BOOK"
 answer 7
 expect frmHauptForm.lvwKatalog.Count == 0
 press frmHauptForm.imgLiedImport
-choose C:\m\buena.wav C:\m\canto.mp3 C:\m\corta.wav
+choose C:\m\buena.wav C:\m\canto.mp3 C:\m\corta.wav C:\m\última.wav
 key frmNeuerInterpret Return
 key frmNeuerInterpret Return
 expect-box ~ "siguiente"
-answer 7
-expect frmHauptForm.lvwKatalog.Count == 2
+answer 6
+key frmNeuerInterpret Return
+expect frmHauptForm.lvwKatalog.Count == 3
 expect-file C:\Vantora\Wavs\canto.wav exists
 press frmHauptForm.imgLiedImport
 choose C:\m\canto.mp3
 expect-box ~ "ya existe"
+answer 7
+expect frmHauptForm.lvwKatalog.Count == 3
+press frmHauptForm.imgLiedImport
+choose C:\m\canto.mp3
 answer 6
 key frmNeuerInterpret Return
-expect frmHauptForm.lvwKatalog.Count == 3
+expect frmHauptForm.lvwKatalog.Count == 4
 # preview
 select frmHauptForm.lvwKatalog 1
 press frmHauptForm.imgAbspielen

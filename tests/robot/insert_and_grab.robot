@@ -1,4 +1,4 @@
-# A disc is laid in, listened to, named and saved: first one track of it, then the rest.
+# A disc is inserted, played, named and saved: first one track, then the others.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -6,7 +6,7 @@ makewave C:\Música\azul.wav 6 330
 makewave C:\Música\faro.wav 9 440
 makewave C:\Música\luz.wav 4 262
 start
-# the disc itself comes from the embedded writer
+# the embedded writer makes the disc
 press frmHauptForm.imgLiedImport
 choose C:\Música\azul.wav C:\Música\faro.wav C:\Música\luz.wav
 key frmNeuerInterpret Return
@@ -21,7 +21,7 @@ answer 7
 press frmHauptForm.imgNeuerKatalog
 answer 7
 expect frmHauptForm.lvwKatalog.Count == 0
-# an empty tray is told, and asked for again
+# an empty tray is reported, and the program asks again
 press frmHauptForm.imgCDAuslesen
 expect-box ~ "No hay ningún CD audio"
 answer 7
@@ -43,14 +43,14 @@ press frmCDPlayer.cmdNextSong
 expect frmCDPlayer.txtTrackNr.Caption == 2
 press frmCDPlayer.imgStop
 expect frmCDPlayer.txtPosition.Caption == "(00:00)"
-# a name of the listener's own
+# the user names a track
 select frmCDPlayer.lstTracks 2
 doubleclick frmCDPlayer.lstTracks
 type frmCDPlayer.txtSongname "L'étoile du soir"
 shot pictures/frmCDPlayer_nombre.png
 key frmCDPlayer Return
 expect frmCDPlayer.lstTracks(2) ~ "^L´étoile du soir "
-# one track asks for its file
+# for one track the program asks for the file
 select frmCDPlayer.lstTracks 2
 press frmCDPlayer.imgSpeichern
 expect-window frmLoadSave
@@ -59,7 +59,7 @@ choose "C:\Vantora\Wavs\mi estrella"
 expect-box == "Reproducción correcta de los títulos audio"
 answer 7
 expect-file C:\Vantora\Wavs\mi_estrella.wav exists
-# all of them go into the folder
+# several tracks go into a folder
 press frmCDPlayer.imgAllesWaehlen
 expect frmCDPlayer.lstTracks.SelCount == 3
 press frmCDPlayer.imgSpeichern
@@ -72,7 +72,7 @@ expect frmHauptForm.lvwKatalog(1,2) == "L´étoile du soir"
 expect frmHauptForm.lvwKatalog(2,2) == Pista01
 expect frmHauptForm.lvwKatalog(3,7) == C:\Vantora\Wavs\L´étoile_du_soir.wav
 expect-file C:\Vantora\Wavs\Pista03.wav exists
-# once more, and the files that are there are not replaced
+# at a second save, existing files are not replaced
 press frmHauptForm.imgCDAuslesen
 press frmCDPlayer.imgAllesWaehlen
 press frmCDPlayer.imgSpeichern

@@ -19,7 +19,7 @@ shot pictures/frmPrint_papel.png
 press frmPrint.imgPrintMe
 print ok
 expect-window frmPrint
-# the back is the side that is shown then
+# afterwards the window shows the back
 expect frmPrint.picRotText(0).Visible == True
 copy out/001.pdf C:\dos.pdf
 press frmPrint.imgControl(2)

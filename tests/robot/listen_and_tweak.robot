@@ -1,4 +1,4 @@
-# A range is heard, in a loop, wound and zoomed, while effects come and go under the fingers.
+# Plays a range, also in a loop, winds and zooms, while effects are switched on and off.
 home home
 screen 1024 600
 setting Show_Start_Assistant 0
@@ -13,7 +13,7 @@ press frmWaveEditor.imgSteuerung(0)
 expect frmWaveEditor.imgNormalize.Enabled == False
 within 20000 expect frmWaveEditor.lblStatus.Caption ~ "^0:0[2-9]"
 expect frmWaveEditor.lblCPU.Visible == True
-# the equalizer, live
+# the equalizer while playing
 press frmWaveEditor.imgByPass
 drag frmWaveEditor.MMSliderX1(0) 500 900
 drag frmWaveEditor.MMSliderX1(9) 500 100
@@ -31,13 +31,13 @@ press frmWaveEditor.imgEffekt(3)
 press frmWaveEditor.imgDeclickByPass
 expect frmWaveEditor.imgEffekt(3).Picture == "WAVEEFFEKTON_3"
 within 20000 expect frmWaveEditor.lblStatus.Caption ~ "^0:[1-5]"
-# nothing is applied while it plays
+# effects cannot be applied during playing
 expect frmWaveEditor.imgSteuerung(5).Enabled == False
 press frmWaveEditor.imgSteuerung(2)
 press frmWaveEditor.imgSteuerung(2)
 press frmWaveEditor.imgSteuerung(1)
 expect frmWaveEditor.imgSteuerung(5).Enabled == True
-# a busy machine takes no filter on
+# on a busy machine a filter cannot be switched on
 load 95
 wait 4000
 press frmWaveEditor.imgDecrackleByPass
@@ -48,7 +48,7 @@ press frmWaveEditor.imgDecrackleByPass
 expect frmWaveEditor.imgDecrackleByPass.Picture == "WAVE_RESTAURATIONBYPASS_ON"
 press frmWaveEditor.imgEffekt(5)
 expect frmWaveEditor.imgDecrackleByPass.Picture == "WAVE_RESTAURATIONBYPASS_UNPRESSED"
-# zoom, a range in a loop
+# zooms, and plays a range in a loop
 press frmWaveEditor.imgZoom(0)
 press frmWaveEditor.imgZoom(0)
 expect frmWaveEditor.lblZoomFaktor.Caption == "4x Zoom"
@@ -60,7 +60,7 @@ wait 8000
 expect frmWaveEditor.lblStatus.Caption ~ "^[01]:3[0-3]"
 press frmWaveEditor.imgLoop
 expect frmWaveEditor.imgSteuerung(5).Enabled == True
-# winding: half a second at a time, ever faster
+# winds by half a second at a time, faster and faster
 press frmWaveEditor.imgSteuerung(1)
 press frmWaveEditor.picWaveBack 100
 hold frmWaveEditor.imgSteuerung(3) 3000

@@ -1,5 +1,6 @@
-# A disc is laid in, its titles are looked up at a CDDB server, filed, and saved with its tracks: one
-# that cannot be reached and one that hangs up are told, and so is a disc that is not found for sure.
+# A disc is inserted, and its titles are looked up at a CDDB server, stored and saved with its
+# tracks. A server that cannot be reached, a server that closes the connection and a disc without an
+# exact match are reported.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -9,7 +10,7 @@ makewave C:\Música\azul.wav 6 330
 makewave C:\Música\faro.wav 9 440
 makewave C:\Música\luz.wav 4 262
 start
-# two discs from the embedded writer
+# the embedded writer makes two discs
 press frmHauptForm.imgLiedImport
 choose C:\Música\azul.wav C:\Música\faro.wav C:\Música\luz.wav
 key frmNeuerInterpret Return
@@ -35,7 +36,7 @@ answer 7
 answer 7
 press frmHauptForm.imgNeuerKatalog
 answer 7
-# the server hangs up in the middle of its answer: the disc can be used all the same
+# the server closes the connection in the middle of its answer; the disc can be used nevertheless
 disc insert "C:\Vantora\Discos\Disco 001.cue"
 press frmHauptForm.imgCDAuslesen
 expect-box ~ "en Internet\?$"
@@ -56,7 +57,7 @@ press frmCDPlayer.imgStop
 expect-file C:\WINDOWS\cdplayer.ini missing
 key frmCDPlayer Escape
 close
-# nobody is there at all
+# no server answers
 setting CDDB_Server 127.0.0.1:1
 start
 press frmHauptForm.imgCDAuslesen
@@ -67,7 +68,7 @@ answer 7
 expect frmCDPlayer.lstTracks(3) ~ "^Pista03 +00:03 "
 window close frmCDPlayer
 close
-# a server that knows the disc; a person who does not want to ask it is not made to
+# a server that knows the disc; a user who declines is not connected to it
 setting CDDB_Server 127.0.0.1:${CDDB_PORT}
 start
 press frmHauptForm.imgCDAuslesen
@@ -84,7 +85,7 @@ expect frmCDPlayer.lstTracks(2) ~ "^L'amour, otra vez: Marta Ríos +00:09 "
 expect frmCDPlayer.lstTracks(3) ~ "^Brisa 1/2 +00:03 "
 expect frmCDPlayer.lblStatus.Caption == "¡CD audio correcto!"
 shot pictures/look_up_titles.png
-# what was found is filed at once; a name of one's own is filed when the person says so
+# results are stored at once; a name typed by the user is stored when the user agrees
 expect-file C:\WINDOWS\cdplayer.ini size 142
 select frmCDPlayer.lstTracks 3
 doubleclick frmCDPlayer.lstTracks
@@ -101,7 +102,7 @@ answer 7
 expect-file C:\Vantora\Wavs\Canción_del_faro.wav size 1058444
 expect-file C:\Vantora\Wavs\L'amour,_otra_vez__Marta_Ríos.wav size 1587644
 expect-file C:\Vantora\Wavs\Brisa_nueva.wav size 705644
-# another disc, of which the server has only something like it, comes without names
+# another disc, for which the server has only similar ones, gets no names
 disc eject
 disc insert "C:\Vantora\Discos\Disco 002.cue"
 select frmCDPlayer.lstDriveLetter 1

@@ -1,5 +1,5 @@
-# Short takes one after another: those under two seconds stay out of the catalog, each with a word,
-# and harm none of the others. A file that was there before is passed over.
+# Several short takes in a row. Those under two seconds do not enter the catalog, each with a
+# message, and do not affect the others. A file that existed before is skipped.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0

@@ -1,4 +1,4 @@
-# What the medley refuses, and where its values end.
+# The refusals of the medley and the limits of its values.
 home home
 screen 800 600
 setting Show_Start_Assistant 0
@@ -19,7 +19,7 @@ press frmHauptForm.imgTitel
 expect-box ~ "por lo menos dos pistas"
 answer 7
 
-# by the menu of the list
+# opened by the menu of the list
 select frmHauptForm.lvwKatalog 1 2 3
 rightclick frmHauptForm.lvwKatalog
 menu mnuUeberblenden
@@ -37,7 +37,7 @@ key frmMedley Return
 expect frmMedley.txtBPM == 50
 drag frmMedley.imgMedleyKnopf 990 0
 expect frmMedley.txtBPM == 280
-# no longer than the shorter of the two tracks
+# the duration is limited to the shorter of the two tracks
 type frmMedley.txtDauer 9
 key frmMedley Return
 expect frmMedley.txtDauer == 5
@@ -53,19 +53,19 @@ expect frmMedley.imgPreview.Enabled == False
 expect frmMedley.picWaveToFade(0).Visible == False
 expect frmMedley.lblSongName(1).Visible == False
 
-# the knob moved the text of the first row alone, and leaving the row has stored it
+# the knob changed only the text of the first row; leaving the row has stored it
 select frmMedley.lstMedleyTracks 2
 expect frmMedley.txtBPM == ""
 select frmMedley.lstMedleyTracks 1
 expect frmMedley.txtBPM == 280
 
-# the second and the third track are refused: one of them is too short
+# the second and third track are refused, since one of them is too short
 select frmMedley.lstMedleyTracks 2
 press frmMedley.imgPreview
 expect-box ~ "demasiado corto"
 answer 7
 expect-window frmMedley
-# with the tempo ticked both tracks need one
+# with the tempo ticked, both tracks need a tempo
 select frmMedley.lstMedleyTracks 1
 press frmMedley.chkPitch
 press frmMedley.imgPreview
@@ -73,17 +73,17 @@ expect-box ~ "no tiene tempo"
 answer 7
 within 20000 expect frmMedley.imgOK.Enabled == True
 press frmMedley.chkPitch
-# what was heard was silence
+# the played sound was silent
 wait 500
 within 20000 expect frmMedley.lblButtCaption(3) == Reproducir
 
-# played, stopped by the choice of another row
+# playing stops when another row is selected
 press frmMedley.imgStartStop
 expect frmMedley.lblButtCaption(3) == Detener
 select frmMedley.lstMedleyTracks 2
 expect frmMedley.lblButtCaption(3) == Reproducir
 
-# two taps in one millisecond
+# two taps within one millisecond
 press frmMedley.imgSpeedMeasure
 wait 500
 key frmBeatCounter Space

@@ -1,5 +1,6 @@
-# A preview that nobody would hear: the line of waves is muted and nearly silent. The person lets
-# the program mend it, and finds the mixer as it was set. What others do to the card shows up.
+# A preview that cannot be heard, since the line for waves is muted and nearly silent. The user lets
+# the program correct it, and finds the mixer unchanged otherwise. Changes by other programs are
+# shown.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -16,7 +17,7 @@ choose C:\m\uno.wav
 key frmNeuerInterpret Return
 select frmHauptForm.lvwKatalog 1
 
-# two times no: it plays as it is
+# two answers "no": plays without changes
 press frmHauptForm.imgAbspielen
 expect-box ~ "función ""mute"" está activada"
 answer 7
@@ -28,7 +29,7 @@ press frmHauptForm.imgStop
 expect-mixer Wave mute == True
 expect-mixer Wave volume == 2000
 
-# two times yes: it is heard, and stays unmuted
+# two answers "yes": the sound can be heard, and stays unmuted
 press frmHauptForm.imgAbspielen
 answer 6
 expect-mixer Wave mute == False
@@ -44,6 +45,8 @@ press frmHauptForm.imgMixer
 expect-window frmMixer
 expect frmMixer.Fader(0).CaptionFader == Line
 expect frmMixer.Fader(0).Value == 31
+# reading writes nothing back
+expect-mixer Line volume == 20000
 expect frmMixer.Check1(0).Visible == False
 expect frmMixer.Fader(1).CaptionFader == Wave
 expect frmMixer.Fader(1).Value == 50
@@ -56,7 +59,7 @@ expect frmMixer.lblMute(6) == Activado
 expect frmMixer.Fader(7).Visible == False
 shot pictures/frmMixer.png
 
-# by mouse: to both ends, and a bit at the knob itself, which was gripped at its upper edge
+# by mouse: to both ends, and a little by the knob, gripped at its upper edge
 drag frmMixer.imgKnopf(2) 400 1000
 expect-mixer CD volume == 0
 drag frmMixer.imgKnopf(2) 900 0
@@ -84,7 +87,7 @@ key frmMixer Tab
 key frmMixer Space
 expect-mixer CD mute == True
 
-# the inputs, and a line that was moved from outside meanwhile
+# the inputs, and a line that was changed from outside meanwhile
 press frmMixer.Check1(5)
 expect-mixer Mic select == True
 expect frmMixer.lblMute(5) == Activado
@@ -99,4 +102,6 @@ drag frmMixer.imgKnopf 500 0
 expect-mixer Master volume == 65536
 press frmMixer.imgCloseMixer
 expect-window frmHauptForm
+# the meter of the preview that was stopped stays dark
+expect frmHauptForm.Level.PeakLeft == 0
 close

@@ -1,4 +1,4 @@
-# One take by hand: a name, the record button, the stop button, and the take is in the catalog.
+# A single take: a name, the record button, the stop button; then the take is in the catalog.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -11,7 +11,7 @@ expect-box ~ "varias pistas"
 answer 7
 expect-window frmAufnehmen
 expect frmAufnehmen.cbxMultiTrack.Value == 0
-# the lines of the card; the one that it listens to is chosen
+# the lines of the card; the recording line is selected
 expect frmAufnehmen.optInput(1).Value == True
 expect frmAufnehmen.optInput(2).Visible == False
 expect frmAufnehmen.imgSliderKnopf(0) == 75
@@ -19,11 +19,11 @@ press frmAufnehmen.optInput(0)
 expect-mixer Mic select == True
 expect frmAufnehmen.imgSliderKnopf(0) == 25
 press frmAufnehmen.optInput(1)
-# the meters move before any recording
+# the level meters move before a recording
 linein play C:\m\disco.wav
 within 5000 expect frmAufnehmen.Level1.PeakLeft > 10000
 expect frmAufnehmen.lvwAufnehmen.Count == 0
-# a name that has not been typed is none
+# a name must be typed
 press frmAufnehmen.imgAufnehmen
 press frmLoadSave.pbButton(1)
 expect-window frmAufnehmen
@@ -38,7 +38,7 @@ expect frmAufnehmen.lblRecZeit ~ "^00:00:0"
 press frmAufnehmen.imgRecordStop
 within 10000 expect frmAufnehmen.imgOkay.Enabled == True
 expect-file C:\Vantora\Wavs\vals.wav exists
-# a used file is never written over by the record button
+# the record button never overwrites a file that has been recorded
 press frmAufnehmen.imgAufnehmen
 choose cancel
 expect frmAufnehmen.lvwAufnehmen.Count == 1

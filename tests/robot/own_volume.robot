@@ -1,5 +1,5 @@
-# A card without a line of waves: the program's own volume stands in for it, and stays as it was set
-# from one start to the next.
+# A card without a line for waves: the program's own volume replaces it, and keeps its value between
+# starts.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0

@@ -1,4 +1,4 @@
-# Presets are chosen, made, refused, kept from run to run and deleted.
+# Presets are selected, created, refused, kept between runs and deleted.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -27,7 +27,7 @@ key frmWaveEditor Return
 expect frmWaveEditor.lstPresets.Count == 4
 press frmWaveEditor.imgOK
 expect frmWaveEditor.picPresets.Visible == False
-# another panel closes the list
+# another effect panel closes the list
 press frmWaveEditor.imgEffekt(4)
 press frmWaveEditor.imgFlangerPresets
 expect frmWaveEditor.lstPresets(1) == "Flanger fuerte"
@@ -36,7 +36,7 @@ expect frmWaveEditor.txtFlangerMix.Text == 83
 expect frmWaveEditor.txtFlangerRate.Text == 3.5
 press frmWaveEditor.imgEffekt(2)
 expect frmWaveEditor.picPresets.Visible == False
-# the hall has its rooms
+# the reverb has its rooms
 expect frmWaveEditor.comboPreset.ListIndex == 1
 expect frmWaveEditor.comboPreset.Count > 7
 select frmWaveEditor.comboPreset 4
@@ -56,7 +56,7 @@ select frmWaveEditor.lstPresets 1
 press frmWaveEditor.imgEddPres(1)
 expect frmWaveEditor.lstPresets(1) == "Sonido potente"
 press frmWaveEditor.imgZurück
-# what the program brings has come back
+# the program's own presets are there again
 press frmHauptForm.imgWaveEdit
 press frmWaveEditor.imgEQPresets
 expect frmWaveEditor.lstPresets(1) == "Sonido plano"

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// The line that the parser complains of; 0 when it takes the script.
+// The number of the line that the parser refuses; 0 when it accepts the script.
 int BadLine(const std::string& script) {
   try {
     ParseScript(script);
@@ -66,29 +66,6 @@ TEST(RobotScript, ABadLineIsToldWithItsNumberBeforeAnythingRuns) {
   EXPECT_EQ(BadLine("home h\necho \xFF\n"), 2);
 }
 
-TEST(RobotScript, ATargetIsTakenApartIntoWindowControlBracketsAndProperty) {
-  struct Case {
-    Text Word, Form, Control, Property;
-    std::vector<int> Index, Cell;
-  };
-  const std::vector<Case> cases = {
-      {L"frmX.Caption", L"frmX", L"", L"Caption", {}, {}},
-      {L"frmX.imgÜber", L"frmX", L"imgÜber", L"", {}, {}},
-      {L"frmX.lbl.Caption", L"frmX", L"lbl", L"Caption", {}, {}},
-      {L"frmX.but(0)", L"frmX", L"but", L"", {0}, {}},
-      {L"frmX.lvw(12,3)", L"frmX", L"lvw", L"", {12, 3}, {}},
-      {L"frmX.lvw(0)(1,2).Selected", L"frmX", L"lvw", L"Selected", {0}, {1, 2}},
-  };
-  for (const Case& c : cases) {
-    const Target target = ParseTarget(c.Word, 1);
-    EXPECT_EQ(target.Form, c.Form);
-    EXPECT_EQ(target.Control, c.Control);
-    EXPECT_EQ(target.Property, c.Property);
-    EXPECT_EQ(target.Index, c.Index);
-    EXPECT_EQ(target.Cell, c.Cell);
-  }
-}
-
 TEST(RobotScript, NumbersAreComparedAsNumbersAndAllElseAsText) {
   EXPECT_TRUE(Compares(L"10", Compare::Greater, L"9"));
   EXPECT_TRUE(Compares(L"-2", Compare::Less, L"1.5"));
@@ -98,25 +75,6 @@ TEST(RobotScript, NumbersAreComparedAsNumbersAndAllElseAsText) {
   EXPECT_FALSE(Compares(L"a", Compare::Equal, L"A"));
   EXPECT_TRUE(Compares(L"Su catálogo dura", Compare::Matches, L"cat.logo|disco"));
   EXPECT_FALSE(Compares(L"10", Compare::Matches, L"^1$"));
-}
-
-TEST(RobotScript, APathIsCutIntoDriveFoldersAndName) {
-  const ScriptPath full = ParsePath(L"C:\\Música\\mar abierto\\a.b.wav");
-  EXPECT_EQ(full.Drive, L"C");
-  EXPECT_THAT(full.Folders, ElementsAre(L"Música", L"mar abierto"));
-  EXPECT_EQ(full.Name, L"a.b.wav");
-  EXPECT_THAT(ParsePath(L"D:\\b.wav").Folders, IsEmpty());
-  EXPECT_TRUE(ParsePath(L"b.wav").Drive.empty());
-}
-
-TEST(RobotScript, TheLineBehindAfterIsALineOfItsOwn) {
-  const ScriptLine line = OneLine("after 3000 writer fail at 40 %");
-  EXPECT_THAT(line.Numbers, ElementsAre(3000));
-  ASSERT_NE(line.Inner, nullptr);
-  EXPECT_EQ(line.Inner->Verb, L"writer");
-  EXPECT_THAT(line.Inner->Numbers, ElementsAre(40));
-  EXPECT_FALSE(ActsOnProgram(line));
-  EXPECT_TRUE(ActsOnProgram(OneLine("within 3000 expect frmX.a == 1")));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
-// The robot in front of the real program, without a screen: what a failing story says, and that it
-// does not pass.
+// The robot with the real program, without a screen: the messages of failing stories.
 
 #include "robot/robot.h"
 
@@ -10,7 +9,6 @@
 #include "main/story_stage.h"
 #include "tests/support/buehne.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -22,15 +20,10 @@ namespace {
 
 using testing::HasSubstr;
 
-std::string Backslashes(const std::filesystem::path& path) {
-  std::string text = path.string();
-  std::replace(text.begin(), text.end(), '/', '\\');
-  return text;
-}
-
 class RobotPlays : public testing::Test {
  protected:
-  // Plays the lines in an empty home without the wizard; what the robot complains of, or nothing.
+  // Runs the lines in an empty home without the wizard. Returns the robot's message, blank for
+  // success.
   std::string Play(const std::string& lines) {
     return PlayAll("home h\nsetting Show_Start_Assistant 0\n" + lines);
   }
@@ -96,19 +89,6 @@ TEST_F(RobotPlays, WaitingLetsThePromisedTimePassAndAfterComesInBetween) {
                  "echo end\nclose\n"),
             "");
   EXPECT_EQ(said.str(), "one\nhalf\ntwo\nend\n");
-}
-
-TEST_F(RobotPlays, TheFileDialogIsWalkedUpAndDownAndTakesSeveralFiles) {
-  EXPECT_EQ(Play("makewave C:\\a\\b\\uno.wav 3 300\nmakewave C:\\a\\b\\DOS.wav 3 300\n"
-                 "makewave C:\\tres.wav 3 300\nstart\n"
-                 "press frmHauptForm.imgLiedImport\nchoose C:\\A\\b\\dos.wav C:\\A\\b\\uno.wav\n"
-                 "key frmNeuerInterpret Return\nkey frmNeuerInterpret Return\n"
-                 "expect frmHauptForm.lvwKatalog.Count == 2\n"
-                 "press frmHauptForm.imgLiedImport\nchoose Z:" +
-                 Backslashes(folder.Path() / "h" / "tres.wav") +
-                 "\nkey frmNeuerInterpret Return\n"
-                 "expect frmHauptForm.lvwKatalog.Count == 3\nclose\n"),
-            "");
 }
 
 TEST_F(RobotPlays, TheSumOfAFileIsThatOfAllItsBytes) {

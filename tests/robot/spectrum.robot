@@ -1,4 +1,4 @@
-# The spectrum of a track beside its wave, of a part of it, and on the whole screen.
+# The spectrum of a track beside its wave, of a part of it, and over the whole screen.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -13,7 +13,7 @@ press frmHauptForm.imgWaveEdit
 expect-window frmWaveEditor
 within 60000 expect frmWaveEditor.tmr3D.Enabled == False
 expect frmWaveEditor.pic3D.Drawn > 100
-# the new picture comes two seconds after the selection
+# the new picture appears two seconds after the selection
 drag frmWaveEditor.picWaveBack 250 255
 within 60000 expect frmWaveEditor.tmr3D.Enabled == False
 shot pictures/frmWaveEditor_espectro.png
@@ -27,7 +27,7 @@ expect frmSpektrum.cmdOK.ToolTipText == "Cerrar representación 3D."
 shot pictures/frmSpektrum.png
 press frmSpektrum.cmdOK
 expect-window frmWaveEditor
-# the track is gone: the window opens empty, and the program lives
+# the track has been deleted: the window opens without a picture
 delete C:\Música\azul.wav
 doubleclick frmWaveEditor.pic3D
 expect-window frmSpektrum

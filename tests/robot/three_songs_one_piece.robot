@@ -1,5 +1,5 @@
-# Three songs become one piece: the person taps the tempo of the first, drags how long it flows into
-# the next one, hears the transition, joins all of them and burns a disc on which nothing parts them.
+# Three songs become one piece: the user taps the tempo of the first, drags the length of its
+# transition to the next, listens to the transition, joins all songs and burns a disc without gaps.
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
@@ -18,7 +18,7 @@ key frmNeuerInterpret Return
 type frmNeuerInterpret.txtTitel "Tres"
 key frmNeuerInterpret Return
 expect frmHauptForm.lvwKatalog.Count == 3
-# the row between joins as well
+# the row between the selected rows is included
 select frmHauptForm.lvwKatalog 1 3
 press frmHauptForm.imgTitel
 expect-window frmMedley
@@ -29,7 +29,7 @@ expect frmMedley.txtBPM == 50
 expect frmMedley.txtDauer == 1
 shot pictures/frmMedley.png
 
-# the tempo of the first: every second tap measures
+# the tempo of the first song: every second tap measures
 press frmMedley.imgSpeedMeasure
 expect-window frmBeatCounter
 expect frmBeatCounter.lblBeatDisplay == 150
@@ -51,7 +51,8 @@ expect-window frmMedley
 expect frmMedley.txtBPM > 115
 expect frmMedley.imgMedleyKnopf > 115
 
-# the strip is dragged to the right and says how long the fade is; the keys do the same
+# the user drags the strip to the right, which shows the length of the fade; the arrow keys do the
+# same
 drag frmMedley.picWaveToFade(0) 500 660
 expect frmMedley.txtDauer == 5
 key frmMedley Right
@@ -75,7 +76,7 @@ expect frmHauptForm.lvwKatalog(1,0) == X
 expect frmHauptForm.lvwKatalog(3,0) == X
 expect-file C:\WINDOWS\TEMP\xfade.dat missing
 expect-file C:\WINDOWS\TEMP\temp00.dat missing
-# each file has lost its half of a fade of 5 and of one of 2 seconds
+# each file has lost its half of a fade of 5 seconds and of one of 2 seconds
 expect-file C:\m\1.wav size 4851044
 expect-file C:\m\2.wav size 4851044
 expect-file C:\m\3.wav size 4939244
@@ -89,6 +90,6 @@ within 60000 expect-box ~ "Finalizó la operación de grabado"
 answer 7
 answer 7
 expect-window frmHauptForm
-# the disc is the three files, end to end
+# the disc contains the three files without gaps
 expect-file "C:\Vantora\Discos\Disco 001.bin" size 14641200
 close

@@ -1,5 +1,6 @@
 #include "tests/support/buehne.h"
 
+#include "main/windows.h"
 #include "tests/backends/sound/wave_bytes.h"
 
 namespace vantora {
@@ -21,7 +22,7 @@ bool ScriptedUser::Act(Form* front) {
 }
 
 Buehne::Buehne(const Umbau& umbau)
-    : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle) {
+    : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle, AllWindows) {
   platform.loop.TheUser = &user;
   SaveSetting(platform.bundle, L"Show_Start_Assistant", L"0");
 }
@@ -97,7 +98,7 @@ Buehne& Buehne::Antwortet(int code) {
       platform.hands.Press(box->picMboxButton(code == kJa ? 0 : einzeln ? 2 : 1));
       return;
     }
-    for (int i = 2; i >= 0; --i) {  // the desktop's own box: its last button
+    for (int i = 2; i >= 0; --i) {  // the desktop's message box: presses its last button
       Control* knopf = front.Find(L"picMboxButton", i);
       if (knopf == nullptr || !knopf->Visible) continue;
       platform.hands.Press(*knopf);

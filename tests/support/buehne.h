@@ -1,13 +1,13 @@
-// A stage for whole programs: a program on the headless platform with a home of its own, a catalog
-// builder, and a user who answers what the program asks.
+// A stage for tests of whole programs: a program on the headless platform with its own home, a
+// builder of catalogs, and a user who answers the program's questions.
 #pragma once
 
+#include "app/frmKomponenten.h"
 #include "app/frmMBox.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "catalog/frmHauptForm.h"
 #include "catalog/frmLiedAusKatalog.h"
-#include "cdinput/frmKomponenten.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/frmLoadSave.h"
@@ -16,6 +16,7 @@
 #include "main/headless_platform.h"
 #include "mixer/frmMixer.h"
 #include "tests/backends/linux/home.h"
+#include "tests/support/exchange.h"
 
 #include <filesystem>
 #include <functional>
@@ -26,8 +27,9 @@
 namespace vantora {
 
 using TemporaryHome = test::TempFolder;
+using test::With;
 
-// Answers modal windows in turn from a list of actions; what a message box said is kept.
+// Answers modal windows with a list of actions in order, and keeps the texts of message boxes.
 class ScriptedUser final : public User {
  public:
   using Action = std::function<void(Form&)>;
@@ -42,50 +44,33 @@ class ScriptedUser final : public User {
   std::size_t next_ = 0;
 };
 
-// The bundle with CD drives and a network of the test's own.
-inline Plattform MitLaufwerk(const Plattform& p, Mcd& mcd, Acd& acd, MMControl& cd, Mci& mci,
-                             Sockets& net) {
-  return {
-      p.schleife, p.bildschirm, p.uhr,        p.system,  p.dateien,  p.laufwerke, p.einstellungen,
-      p.profile,  p.registry,   p.ressourcen, p.mmtools, p.tsCut,    p.edits,     p.mp3,
-      mcd,        acd,          cd,           mci,       net,        p.audiolib,  p.perfData,
-      p.eqpro,    p.wachhalter, p.drucker,    p.bilder,  p.schriften};
-}
-
-// The bundle with another mixer.
-inline Plattform MitMixer(const Plattform& p, EQPro& eqpro) {
-  return {p.schleife,      p.bildschirm, p.uhr,      p.system,     p.dateien,    p.laufwerke,
-          p.einstellungen, p.profile,    p.registry, p.ressourcen, p.mmtools,    p.tsCut,
-          p.edits,         p.mp3,        p.mcd,      p.acd,        p.cd,         p.mci,
-          p.sockets,       p.audiolib,   p.perfData, eqpro,        p.wachhalter, p.drucker,
-          p.bilder,        p.schriften};
-}
-
 class Buehne {
  public:
-  // A test that brings devices of its own puts them into the bundle before the program is made.
+  // A test with its own devices puts them into the bundle before the program is created.
   using Umbau = std::function<Plattform(HeadlessPlatform&)>;
   Buehne() : Buehne([](HeadlessPlatform& p) { return p.bundle; }) {}
   explicit Buehne(const Umbau& umbau);
   ~Buehne();
 
-  // Starts the program up to its main loop, without wizard unless the settings say otherwise.
+  // Starts the program up to its main loop, without the wizard unless the settings ask for it.
   void Start();
-  // Runs what a user does in the main loop; modal windows are answered by the scripted user.
+  // Performs a user's action in the main loop. The scripted user answers modal windows.
   void Tu(const std::function<void()>& aktion);
 
-  // A wave file of so many frames at a product path; every frame differs from its neighbours.
+  // Creates a wave file of `frames` frames at a product path. Every frame differs from its
+  // neighbours.
   void Wave(const Text& datei, std::int64_t frames);
   void Datei(const Text& pfad, const std::string& bytes);
   std::string Lies(const Text& pfad);
-  // A catalog of valid 3-second waves with these titles; "*" behind one marks a crossfade.
+  // Creates a catalog of valid 3-second waves with these titles. "*" after a title marks a
+  // crossfade.
   void Katalog(const std::vector<Text>& titel);
   void Waehle(int zeile);
-  std::vector<Text> Titel();  // as the list shows them
+  std::vector<Text> Titel();  // as shown in the list
 
-  // ---- the user's answers, in the order in which windows will ask ----
-  Buehne& Antwortet(int code);  // message box: 6 yes, 7 no or the single button
-  Buehne& WaehltDatei(const std::vector<Text>& dateien);  // file dialog; none cancels
+  // Answers of the user, in the order in which the windows will ask.
+  Buehne& Antwortet(int code);  // a message box: 6 yes, 7 no or the only button
+  Buehne& WaehltDatei(const std::vector<Text>& dateien);  // a file dialog; an empty list cancels
   Buehne& Macht(ScriptedUser::Action aktion);
 
   frmHauptForm& Haupt() { return prog.frmHauptForm(); }

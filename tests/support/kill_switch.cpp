@@ -16,16 +16,16 @@ namespace {
 constexpr int kKilled = 9;
 
 struct State {
-  int Left = 0;  // calls until it springs; 0: off
+  int Left = 0;  // calls until it acts; 0: off
   int Error = 0;
   int Made = 0;
   bool Half = false, ForGood = false, Sprung = false;
 };
-State state;  // of the process, as the system's calls are
+State state;  // one for the process, like the system calls
 
 enum class Fate { Done, Half, Failed };
 
-// What becomes of the call that is being made.
+// Decides what happens to the current call.
 Fate Next() {
   if (state.Left == 0) return Fate::Done;
   ++state.Made;
@@ -87,7 +87,7 @@ bool RunInProcess(const std::function<void()>& work) {
     try {
       work();
     } catch (const std::exception&) {
-      ::_exit(1);  // an error where none was meant
+      ::_exit(1);  // an unexpected error
     }
     ::_exit(0);
   }

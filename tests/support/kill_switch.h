@@ -1,6 +1,6 @@
-// Stops the process, or lets a call fail, at a chosen one of the system calls that change files:
-// write, truncate, reserve, rename and remove. Linking it puts it between the program and the
-// system's library.
+// Stops the process or makes a call fail, at a chosen one of the system calls that change files:
+// write, truncate, reserve, rename and remove. Linking this file replaces those functions of the C
+// library.
 #pragma once
 
 #include <functional>
@@ -8,17 +8,17 @@
 namespace vantora::test {
 
 struct KillSwitch {
-  // The process ends as by a kill, in the `call`-th such call from now, counted from 1: before it,
-  // or for a write with `half` after its first half.
+  // Ends the process as by a kill, at call number `call` from now, counted from 1: before the call,
+  // or with `half` after the first half of a write.
   static void KillAt(int call, bool half);
-  // The call fails with this number, and all later ones too when `forGood`.
+  // Makes call number `call` fail with `error`, and with `forGood` all later ones too.
   static void FailAt(int call, int error, bool forGood);
   static void Off();
-  static bool Sprung();  // the call has come
-  static int Calls();    // since it was set
+  static bool Sprung();  // the chosen call has been made
+  static int Calls();    // number of calls since the switch was set
 };
 
-// Runs `work` in a process of its own; true when it came to its end, false when it was killed.
+// Runs `work` in a child process. Returns true when it has ended, false when it was killed.
 bool RunInProcess(const std::function<void()>& work);
 
 }  // namespace vantora::test

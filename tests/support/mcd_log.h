@@ -1,4 +1,4 @@
-// What a disc writer tells, as words: "track 1", "lead-in", "failure 811".
+// Turns the events of a disc writer into words: "track 1", "lead-in", "failure 811".
 #pragma once
 
 #include "platform/mcd.h"
@@ -8,7 +8,7 @@
 
 namespace vantora {
 
-// All events but the percents and the messages, which every test takes in its own way.
+// Notes all events but percents and messages, which each test handles itself.
 inline void NoteEvents(McdEvents& events, const std::function<void(const std::string&)>& note) {
   const auto number = [](int value) { return std::to_string(value); };
   events.MCD_ActTrack = [=](int track) { note("track " + number(track)); };

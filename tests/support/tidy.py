@@ -94,7 +94,8 @@ def changed_last_first(names):
 
 def flags_of(command):
     """What a source is compiled with, without the compiler and the names of files."""
-    words = shlex.split(command)
+    # The view of the whole product holds that of each of its folders, and is the same for all.
+    words = shlex.split(re.sub(r"/views/product_[a-z_]+", "/views/product", command))
     del words[words.index("-o"):]  # the object and the source stand last
     return tuple(words[1:])
 
@@ -112,7 +113,7 @@ def batches(names, found):
     return groups
 
 
-# What stands at the start of a line in an unnamed namespace is declared there.
+# Names at the start of a line in an unnamed namespace are declared there.
 UNNAMED = re.compile(r"^namespace \{$(.*?)^\}  // namespace$", re.M | re.S)
 DECLARED = re.compile(r"^(?!using .*::\w+;)\w[^\n(={;]*?(?<!::)\b([A-Za-z]\w*)\s*(?:final\s*)?"
                       r"(?:[(={;\[]|:(?!:)|$)", re.M)

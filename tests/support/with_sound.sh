@@ -1,19 +1,20 @@
 #!/bin/sh
-# with_sound.sh COMMAND [WORD ...]: runs COMMAND on a machine that has a sound card, whatever the
-# real one has, and ends with its exit code.
+# with_sound.sh COMMAND [WORD ...]: runs COMMAND with an emulated sound card, whatever the machine
+# has, and returns its exit code.
 #
-# The card is a private PulseAudio daemon with a null sink, which takes sound at the pace of a real
-# card (one that may take sound back would swallow two seconds at once when it starts); what is played can be recorded again from its monitor, which is the default input. ALSA's
-# "default" leads there, for playing, recording and the mixer. Nothing of the user's own sound
-# server and settings is touched or asked, and root may run it too.
+# The card is a private PulseAudio daemon with a null sink, which consumes sound at the pace of a
+# real card. (A sink that allows rewinding would consume two seconds at once when it starts.) The
+# sink's monitor is the default input, so that played sound can be recorded again. ALSA's "default"
+# leads to this daemon for playing, recording and the mixer. The user's own sound server and
+# settings are neither changed nor used, and root may run this script too.
 set -eu
 
 [ $# -gt 0 ] || { echo "usage: with_sound.sh COMMAND [WORD ...]" >&2; exit 2; }
 
-# A socket's path may not be long, so the room is in /tmp whatever TMPDIR says.
+# The path of a socket must be short, so the folder is in /tmp, whatever TMPDIR is.
 room=$(mktemp -d /tmp/vantora-sound.XXXXXX)
 daemon=
-# The daemon is a child of this shell until it has been waited for, so its number is still its own.
+# The daemon is a child of this shell until it has been waited for, so its process ID stays valid.
 leave() {
   if [ -n "$daemon" ]; then
     kill "$daemon" 2>/dev/null || true
@@ -39,7 +40,7 @@ ctl.!default {
   type pulse
 }
 CONF
-# Without its hooks ALSA's own file does not read the settings of this machine and of its user.
+# Without its hooks, ALSA's configuration does not read the settings of the machine and the user.
 sed '/^@hooks/,/^\]/d' /usr/share/alsa/alsa.conf >"$room/alsa.conf"
 sed -i "s|^<.*>\$|<$room/alsa.conf>|" "$room/asound.conf"
 

@@ -1,5 +1,5 @@
-// A program that is killed in the middle of an edit of the wave editor or of a burn, and the next
-// start.
+// The program is killed in the middle of an edit in the wave editor or of a burn, and started
+// again.
 #include <gtest/gtest.h>
 
 #include "tests/support/kill_switch.h"
@@ -29,7 +29,7 @@ TEST_F(Abbruch, EveryEditOfTheEditorIsWholeAfterAKill) {
   const std::string original = test::Wave(test::Noise(kFrames * 4), kAnhang);
   const struct {
     const char* Name;
-    PictureButton frmWaveEditor::*Knopf;  // none: the undo of a cut
+    PictureButton frmWaveEditor::*Knopf;  // null: undoes a cut
   } faelle[] = {{"cut", &frmWaveEditor::imgCut},
                 {"paste", &frmWaveEditor::imgPaste},
                 {"mute", &frmWaveEditor::imgMute},
@@ -63,7 +63,8 @@ TEST_F(Abbruch, EveryEditOfTheEditorIsWholeAfterAKill) {
       const std::string danach = Lies();
       b.Datei(kDatei, vorher);
       if (fund.Finished.empty()) {
-        // Killed before the edit began, or behind its end: then it is whole without help.
+        // The program was killed before the edit began or after its end. In the latter case the
+        // file is complete.
         if (danach != vorher) ++fertig;
       }
       drueckt();
@@ -76,7 +77,7 @@ TEST_F(Abbruch, EveryEditOfTheEditorIsWholeAfterAKill) {
   }
 }
 
-// The editor's cut is about to move the sound behind it.
+// The call before which the editor's cut would move the sound behind the range.
 constexpr int kMitten = 14;
 
 TEST_F(Abbruch, ATrackWhoseEditWaitsForItsDiskKeepsItsRow) {
@@ -126,8 +127,7 @@ TEST(Neustart, SilenceOfABurnThatWasKilledComesOutAgain) {
     b.Katalog({L"a", L"b"});
     b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
     b.prog.frmCDBrennen().optDiscAtOnce.SetValue(true);
-    b.Macht(
-        [](Form&) { test::KillSwitch::KillAt(1, false); });  // in front of the request for a disc
+    b.Macht([](Form&) { test::KillSwitch::KillAt(1, false); });  // before the request for a disc
     b.Antwortet(kNein);
     b.Tu([&] { b.prog.frmCDBrennen().imgBrennen_MouseUp(); });
   }));

@@ -1,4 +1,4 @@
-// A program whose wave editor stands open on a wave file of the test's own.
+// A program with the wave editor open on a wave file of the test.
 #pragma once
 
 #include "tests/backends/sound/wave_bytes.h"
@@ -18,7 +18,7 @@ class EditorBuehne {
   EditorBuehne() { b.Start(); }
   explicit EditorBuehne(const Buehne::Umbau& umbau) : b(umbau) { b.Start(); }
 
-  // Frames as the test says, from 0.
+  // Writes a file whose frames, numbered from 0, are given by a function.
   using Klang = std::function<KlangFrame(std::int64_t frame)>;
   void Schreibe(std::int64_t frames, const Klang& klang) {
     std::string daten;
@@ -39,7 +39,7 @@ class EditorBuehne {
     Oeffne();
   }
   frmWaveEditor& E() { return b.prog.frmWaveEditor(); }
-  // Presses at one place of the picture and releases at another, in twips.
+  // Presses at one position of the picture and releases at another, in twips.
   void Ziehe(int von, int nach) {
     b.Tu([&] {
       E().picWave_MouseDown(von);

@@ -11,8 +11,8 @@ namespace {
 
 constexpr const wchar_t* kFile = L"C:\\Vantora\\Wavs\\uno.wav";
 
-// Presses, drags, holds and types whatever is in reach, also while the program works; now and then
-// he waits. He leaves what would end the program alone.
+// Presses, drags, holds and types on any control that it can reach, also while the program works,
+// and sometimes waits. It avoids controls that would end the program.
 class Impatient final : public User {
  public:
   Impatient(Buehne& b, unsigned seed, int steps, bool vandal)
@@ -26,14 +26,14 @@ class Impatient final : public User {
     } else {
       Leave(*front);
     }
-    return left_ > -200;  // else there was no way out
+    return left_ > -200;  // otherwise no window could be closed
   }
   bool Resting() const override { return resting_; }
   bool Done() const { return left_ > -200; }
 
   std::set<Text> Seen;
   std::string Log;
-  bool Ended = false;  // the whole program, as nothing else was left
+  bool Ended = false;  // the program was closed, since nothing else was possible
 
  private:
   int Upto(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
@@ -50,7 +50,7 @@ class Impatient final : public User {
     Try([&] { OneThing(form); });
   }
 
-  // Another program shortens the file or takes it away.
+  // Shortens or deletes the file, as another program might.
   void Spoil() {
     const auto file = b_.platform.machine.files.SystemPath(kFile);
     std::error_code none;
@@ -90,7 +90,8 @@ class Impatient final : public User {
     }
   }
 
-  // A render of a file that has gone keeps the editor shut; then the program can be ended.
+  // While the effects are applied to a deleted file, the editor cannot be closed. Then closing the
+  // program must work.
   void Leave(Form& form) {
     Rest(50);
     if (left_ < -100 && form.CloseWhileDisabled) {
@@ -115,7 +116,7 @@ class Impatient final : public User {
     try {
       deed();
     } catch (const Unreachable&) {
-      // A person would have noticed before.
+      // A user would not have tried this.
     }
   }
 
@@ -128,10 +129,10 @@ class Impatient final : public User {
 
 }  // namespace
 
-// Whatever is done in whatever order, also to the file: no crash and no hang, the program can be
-// used afterwards, and what lies on the disk is a wave.
+// Any actions in any order, also changes to the file: the program must not crash or hang, must stay
+// usable, and the file must be a valid wave.
 TEST(Impatience, IsBorneByTheEditor) {
-  const char* const more = std::getenv("VANTORA_IMPATIENCE");  // rounds, for a long night
+  const char* const more = std::getenv("VANTORA_IMPATIENCE");  // number of rounds, for long runs
   const unsigned rounds = more == nullptr ? 4 : static_cast<unsigned>(std::atoi(more));
   std::set<Text> seen;
   for (unsigned seed = 1; seed <= rounds; ++seed) {

@@ -1,5 +1,5 @@
-// What begins while the editor lets events run in the middle of its work, and what another program
-// does to the file meanwhile.
+// Actions that begin while the editor processes events during its work, and changes of the file by
+// another program.
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,7 @@ constexpr std::size_t kHead = 44;  // bytes before the sound
 
 class Interruptions : public ::testing::Test, protected EditorBuehne {
  protected:
-  // Runs with the first events that are let run.
+  // Runs `work` when events are processed next.
   void Meanwhile(const std::function<void()>& work) { b.platform.loop.Post(work); }
   bool Sounds() { return E().Kette().Out().State() == MMWaveOutX::Running; }
   void VolumeOn() {
@@ -25,7 +25,7 @@ class Interruptions : public ::testing::Test, protected EditorBuehne {
     Druecke(E().imgEffekt(1));
     Druecke(E().imgVolumeByPass);
   }
-  // Another program cuts the file that is open.
+  // Another program shortens the open file.
   void Shorten(std::int64_t frames) {
     std::filesystem::path file = b.home.Path();
     for (const char* part : {"Vantora", "Wavs", "a.wav"}) file /= part;
@@ -83,7 +83,7 @@ TEST_F(Interruptions, AShortClickOnAWindButtonLeavesWindowAndSoundOfOneMind) {
   for (const int button : {3, 4, 3}) {
     Druecke(E().imgSteuerung(0));
     Vergeht(1500);
-    Druecke(E().imgSteuerung(button));  // let go while the sound is being ended
+    Druecke(E().imgSteuerung(button));  // released while the sound is being ended
     EXPECT_TRUE(E().Spielt() && Sounds());
     EXPECT_FALSE(E().imgNormalize.Enabled());
     Druecke(E().imgSteuerung(1));
@@ -135,7 +135,7 @@ TEST_F(Interruptions, AFileThatIsShortenedEndsThePlayingAndIsNotReplacedByItsRes
   Druecke(E().imgSteuerung(0));
   Vergeht(500);
   Shorten(2 * kSecond);
-  Vergeht(10'000);  // some seconds had been read ahead
+  Vergeht(10'000);  // some seconds have been read ahead
   EXPECT_FALSE(E().Spielt());
   b.Tu([this] { E().CloseMe(); });
 

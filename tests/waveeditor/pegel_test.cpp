@@ -22,7 +22,7 @@ TEST(Pegel, APeakIsShownAtOnceAndSinksByItselfToNothing) {
   EXPECT_EQ(pegel.PeakLeft, 20000);
   schleife.Pass(100);  // two steps
   EXPECT_EQ(pegel.PeakLeft, 16562);
-  pegel.Zeigen(300, 30000);  // softer, and louder
+  pegel.Zeigen(300, 30000);  // softer on the left, louder on the right
   EXPECT_EQ(pegel.PeakLeft, 16562);
   EXPECT_EQ(pegel.PeakRight, 30000);
   EXPECT_TRUE(pegel.Active);
@@ -36,7 +36,7 @@ TEST(Pegel, APeakIsShownAtOnceAndSinksByItselfToNothing) {
   EXPECT_EQ(pegel.PeakLeft, 0);
   EXPECT_EQ(pegel.PeakRight, 0);
   schleife.Pass(500);
-  pegel.Zeigen(5, 0);  // again, and too soft to stay
+  pegel.Zeigen(5, 0);  // shown again, but too soft to stay
   schleife.Pass(50);
   EXPECT_EQ(pegel.PeakLeft, 0);
 }

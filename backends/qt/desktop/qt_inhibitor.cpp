@@ -1,6 +1,6 @@
 #include "backends/qt/desktop/qt_inhibitor.h"
 
-#include "backends/qt/desktop/qt_bus_knock.h"
+#include "backends/qt/desktop/qt_bus_probe.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -81,7 +81,7 @@ class Held final : public Inhibition {
 
   std::shared_ptr<bool> wanted_ = std::make_shared<bool>(true);
   std::shared_ptr<Cookies> cookies_ = std::make_shared<Cookies>();
-  QtBusKnock knock_;
+  QtBusProbe knock_;
 };
 
 class Nothing final : public Inhibition {};

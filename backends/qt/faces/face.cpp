@@ -116,10 +116,10 @@ void Face::MousePress(QMouseEvent& event) {
 
 void Face::MouseRelease(QMouseEvent& event) {
   Pass(event);
-  TellRelease(event);
+  ReportRelease(event);
 }
 
-void Face::TellRelease(const QMouseEvent& event) {
+void Face::ReportRelease(const QMouseEvent& event) {
   const int button = ButtonOf(event);
   const bool inside = surface_->rect().contains(event.position().toPoint()) && !window_.Refused();
   Fire([&](Control& told) {

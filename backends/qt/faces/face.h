@@ -70,7 +70,7 @@ class Face {
   void Take(const std::function<void(Control&)>& change);
   void Fire(const std::function<void(Control&)>& handler);
   void FireClick();
-  void TellRelease(const QMouseEvent& event);  // MouseUp, then Click
+  void ReportRelease(const QMouseEvent& event);  // MouseUp, then Click
 
  private:
   FormWindow& window_;

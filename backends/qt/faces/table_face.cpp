@@ -103,7 +103,7 @@ class TableFace final : public Face {
     const int row = table_->indexAt(event.position().toPoint()).row();
     Pass(event);
     if (event.button() == Qt::LeftButton && row >= 0 && row == row_) FireItemClick(row + 1);
-    TellRelease(event);
+    ReportRelease(event);
   }
   void KeyPress(QKeyEvent& event) override {
     changed_ = false;

@@ -15,8 +15,8 @@ constexpr char16_t kLastPlainLetter = 0xFF;
 bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
   int letters = 0;
   for (const QChar letter : line) {
-    if (letter.unicode() > kLastPlainLetter) return false;  // more of them may be one sign
-    letters += metrics.horizontalAdvance(letter) + 1;       // they may stand a little apart
+    if (letter.unicode() > kLastPlainLetter) return false;  // several may form one glyph
+    letters += metrics.horizontalAdvance(letter) + 1;       // plus a gap
   }
   return letters <= width;
 }

@@ -20,9 +20,8 @@ struct WordsLook {
   QRect Place;  // pixels
   Qt::Alignment Align = Qt::AlignLeft | Qt::AlignTop;
   bool Wrap = false;
-  double Scale = 1;  // lines break and end as at full size
-  // The font is one of the user's choice: lines are not elided, and the drawn words are not kept.
-  bool OwnFont = false;
+  double Scale = 1;      // lines break and end as at full size
+  bool OwnFont = false;  // a font of the user's choice: lines are not elided
 };
 
 void DrawWords(QPainter& painter, const WordsLook& look);

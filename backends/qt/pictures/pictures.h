@@ -22,8 +22,7 @@ namespace vantora {
 
 class Pictures {
  public:
-  // Drawn pictures are kept in the file `store`, and drawn words in a second file beside it;
-  // nothing is kept when `store` is blank.
+  // Drawn pictures are kept in the file `store`; nothing is kept when `store` is blank.
   Pictures(const std::filesystem::path& folder, const std::filesystem::path& store);
   ~Pictures();
 

@@ -17,8 +17,7 @@ namespace vantora {
 class WindowHost {
  public:
   virtual ~WindowHost() = default;
-  // The model of windows and time; runs the handlers.
-  virtual FormLoop& Model() = 0;
+  virtual FormLoop& Model() = 0;  // who is in front, and what is reported to whom
   // Must be called when a window of the program gets the focus.
   virtual void Activated() = 0;
   virtual void Painted() = 0;
@@ -28,7 +27,7 @@ class WindowHost {
   virtual QRect Room(const QWidget& window) const = 0;  // area for windows on its screen
   // Frame that the desktop adds to windows; a guess until the first window is shown.
   virtual QMargins& Border() = 0;
-  virtual Text PathOfFile(const QString& file) const = 0;  // as the program writes it
+  virtual Text PathOfFile(const QString& file) const = 0;  // converts to a product path
   virtual Pictures& ThePictures() = 0;
 };
 

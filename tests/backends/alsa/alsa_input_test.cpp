@@ -1,12 +1,12 @@
-// The card's input against a sound server whose input hears what is played: what was recorded of
-// what was played must be equal bit for bit.
+// Records from a sound server whose input is its own output: the recorded sound must equal the
+// played sound bit for bit.
 
 #include "backends/alsa/alsa_input.h"
 
 #include <gtest/gtest.h>
 
 #include "backends/alsa/alsa_stream.h"
-#include "backends/alsa/capture_ring.h"
+#include "backends/alsa/input_queue.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/sound/chain/wave_in.h"
 #include "tests/backends/alsa/listener.h"
@@ -18,7 +18,7 @@ namespace vantora::test {
 
 namespace {
 
-// The end of a chain that keeps what it gets.
+// The end of a chain, which stores all sound.
 class Sink final : public MMComponentX {
  public:
   explicit Sink(MMWaveInX& in) : in_(in) {}
@@ -35,7 +35,7 @@ class Sink final : public MMComponentX {
   MMWaveInX& in_;
 };
 
-// Plays bytes on the card.
+// A source that plays bytes.
 SoundOutput::Source Player(const std::string& sound, std::size_t& at) {
   return [&sound, &at](std::int16_t* target, std::size_t frames) {
     const std::size_t bytes = std::min(frames * 4, sound.size() - at);
@@ -61,7 +61,7 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
   in.SetOutput(&sink);
   std::int64_t lost = 0;
   in.OnOverrun = [&](std::int64_t ms) { lost += ms; };
-  // Between two takes the component is stopped and closed; the card goes on.
+  // The component is stopped and closed between two takes while the card goes on.
   int buffers = 0;
   sink.Each = [&] {
     if (++buffers % 20 != 0) return;
@@ -72,7 +72,8 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
   };
   in.Open();
   in.Start();
-  // A null sink's monitor loses the first moments of a stream, which are silence here.
+  // The monitor of a null sink loses the first moments of a stream, so the sound starts with
+  // silence.
   const std::string noise = Noise(6 * kSecond);
   const std::string played = std::string(2 * kSecond, '\0') + noise + std::string(kSecond, '\0');
   std::size_t at = 0;
@@ -91,7 +92,7 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
   loop.DoEvents();
   EXPECT_EQ(lost, 0);
   EXPECT_NE(sink.Sound.find(noise), std::string::npos);
-  // Times go with the sound, not with the moment when the window got it.
+  // The times are those of the recording, not of the delivery.
   ASSERT_GT(sink.Times.size(), 300U);
   for (std::size_t i = 43; i < sink.Times.size(); ++i) {
     EXPECT_GE(sink.Times[i], sink.Times[i - 1]);
@@ -101,7 +102,7 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
 }
 
 TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
-  CaptureRing ring(2);
+  InputQueue ring(2);
   std::vector<std::int16_t> sound(1024 * 2);
   std::int64_t ticks = 0;
   const auto hear = [&](std::int16_t value, std::size_t frames, std::int64_t lost) {
@@ -111,7 +112,7 @@ TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
   };
   EXPECT_FALSE(hear(1, 1000, 0));
   EXPECT_TRUE(hear(2, 1000, 0));
-  EXPECT_FALSE(hear(3, 1000, 70));  // in the buffer that is being filled
+  EXPECT_FALSE(hear(3, 1000, 70));  // within the buffer that is being filled
   for (int i = 0; i < 3; ++i) EXPECT_FALSE(hear(4, 1024, 0));
   CapturedSound got;
   ASSERT_TRUE(ring.Next(got));
@@ -129,14 +130,14 @@ TEST(AlsaInput, ARingThatIsFullCountsWhatIsLostInFrontOfTheNextBuffer) {
 }
 
 TEST(AlsaInput, WhatTheCardHeldBeforeASkipIsNotDeliveredAfterIt) {
-  CaptureRing ring(4);
+  InputQueue ring(4);
   const std::vector<std::int16_t> sound(1024 * 2);
   constexpr std::int64_t kPressed = 1000;
   ring.Skip(kPressed);
-  ring.Append(sound.data(), 1024, kPressed, 5);  // read late, but heard before
+  ring.Append(sound.data(), 1024, kPressed, 5);  // recorded before the Skip, read after it
   CapturedSound got;
   EXPECT_FALSE(ring.Next(got));
-  ring.Append(sound.data(), 1024, kPressed + 1, 0);  // heard across that moment
+  ring.Append(sound.data(), 1024, kPressed + 1, 0);  // recorded around the Skip
   ASSERT_TRUE(ring.Next(got));
   EXPECT_EQ(got.Ticks, kPressed + 1);
   EXPECT_EQ(got.LostMs, 0);

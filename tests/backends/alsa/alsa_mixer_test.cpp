@@ -1,5 +1,5 @@
-// The mixer against a sound server that others turn too. The server's control has a Master and a
-// Capture, and nothing for what this program plays.
+// Tests the mixer with a sound server whose volumes are also changed by other programs. The
+// server's control has the elements Master and Capture, and none for the sound of this program.
 #include "backends/alsa/alsa_mixer.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ namespace vantora::test {
 
 namespace {
 
-// What a command says.
+// The output of a command.
 std::string Says(const std::string& command) {
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
   std::string all;
@@ -71,7 +71,7 @@ TEST_F(Server, ItsControlGivesAMasterAnInputAndThePlaceOfWavesToTheProgramItself
 }
 
 TEST_F(Server, WhatOthersTurnShowsInTheWindowAndTheWindowTurnsTheServer) {
-  Buehne b([&](HeadlessPlatform& p) { return MitMixer(p.bundle, lines); });
+  Buehne b([&](HeadlessPlatform& p) { return With(p.bundle, lines); });
   frmMixer& mixer = b.prog.frmMixer();
   const auto shows = [&](Fader& fader, int value, int mute) {
     return Soon([&] {
@@ -98,7 +98,7 @@ TEST_F(Server, WhatOthersTurnShowsInTheWindowAndTheWindowTurnsTheServer) {
 
 namespace {
 
-// The loudest sample that the default input hears within so many milliseconds.
+// The loudest sample that the default input records within `ms` milliseconds.
 int Loudest(int ms) {
   snd_pcm_t* pcm = nullptr;
   if (snd_pcm_open(&pcm, "default", SND_PCM_STREAM_CAPTURE, 0) < 0) return -1;
@@ -151,7 +151,7 @@ TEST_F(Server, TheProgramsOwnVolumeIsOnEveryWayToTheCard) {
   }
 }
 
-// Ends the server, so it has a run of its own.
+// This test ends the server, so it must run alone.
 namespace {
 
 class GoneServer : public Server {};
@@ -159,7 +159,7 @@ class GoneServer : public Server {};
 }  // namespace
 
 TEST_F(GoneServer, AServerThatGoesLeavesAWindowThatWorks) {
-  Buehne b([&](HeadlessPlatform& p) { return MitMixer(p.bundle, lines); });
+  Buehne b([&](HeadlessPlatform& p) { return With(p.bundle, lines); });
   frmMixer& mixer = b.prog.frmMixer();
   EXPECT_EQ(mixer.faderMasterOut.Value(), 100);
   Says("pactl exit");

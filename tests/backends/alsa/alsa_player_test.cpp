@@ -21,7 +21,7 @@ TEST_F(Sounding, AWaveLastsAsLongAsItIsAndItsPositionTellsWhatHasBeenHeard) {
   EXPECT_TRUE(player.Playing());
   EXPECT_EQ(Log, "") << "events come through the loop";
   std::int64_t before = 0;
-  double ahead = 0, behind = 0;  // of the time that has passed; seconds
+  double ahead = 0, behind = 0;  // lead and lag of the position, in seconds
   while (Now() - start < 1.4) {
     Run(0.02);
     const std::int64_t now = player.Position();
@@ -81,7 +81,7 @@ TEST_F(Sounding, StartingAgainBeginsAnewAndEndsTheOneBefore) {
   Run(3, "start stop start stop");
   EXPECT_EQ(Log, "start stop start stop");
   EXPECT_EQ(player.Position(), 4 * 4410);
-  // A stop that nobody has heard of yet belongs to the sound before.
+  // The OnStop of a stop that is still posted belongs to the sound before.
   player.Start();
   player.Stop();
   player.Start();

@@ -17,7 +17,7 @@ namespace {
 
 class NoCard : public Listener {
  protected:
-  // A configuration that knows no card and no server; the library reads it at its first use.
+  // Sets a configuration without card and server. The library reads it at its first use.
   NoCard() {
     static const TempFolder folder;
     Put(folder() / "alsa.conf", "pcm.nothing { type null }\n");

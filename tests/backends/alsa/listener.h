@@ -1,4 +1,4 @@
-// A player with a wave file, and what it told.
+// A player with a wave file, and a log of its events.
 #pragma once
 
 #include "backends/alsa/alsa_player.h"
@@ -20,8 +20,7 @@ inline double Now() {
   return Seconds(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
-// Stereo in which every frame of a tenth of a second has the same loudness: left as told, right
-// half of it.
+// Stereo sound in tenths of a second, each of a constant loudness: left as given, right half of it.
 inline std::string Steps(const std::vector<int>& loudness) {
   std::string data;
   for (const int level : loudness) {
@@ -56,7 +55,7 @@ class Listener : public testing::Test {
     Put(home / "a.wav", test::Wave(data, "", format));
     player.SetFileName(L"C:\\a.wav");
   }
-  // Lets the loop run for so long, or until the log ends like this.
+  // Lets the loop run for `seconds`, or until the log ends with `until`.
   void Run(double seconds, const std::string& until = "never") {
     const double end = Now() + seconds;
     while (Now() < end && !Log.ends_with(until)) {

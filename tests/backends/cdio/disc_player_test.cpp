@@ -6,7 +6,7 @@ namespace vantora::test {
 
 namespace {
 
-// A loudspeaker that keeps what comes out of it, and plays when told.
+// A sound output that stores its sound, and plays only when the test calls it.
 class Tape final : public SoundOutput {
  public:
   std::string Sound;  // of the last stream
@@ -212,17 +212,6 @@ TEST_F(Player, WithoutASoundCardPlayingIsRefusedAloud) {
   player.Command(L"Open");
   EXPECT_EQ(ErrorOf([this] { player.Command(L"play"); }), kFehlerEinAusgabe);
   EXPECT_EQ(player.Mode(), kMciReady);
-}
-
-TEST_F(Player, TheStatusIsToldAtItsIntervalWhileTheDeviceIsOpen) {
-  int told = 0;
-  player.StatusUpdate = [&told] { ++told; };
-  player.UpdateInterval(3000);
-  loop.Pass(3100);
-  EXPECT_EQ(told, 0) << "not open";
-  player.Command(L"Open");
-  loop.Pass(9000);
-  EXPECT_EQ(told, 3);
 }
 
 TEST_F(Player, TheTableOfContentsIsAskedAsADeviceOfTheControlInterface) {

@@ -1,4 +1,4 @@
-// A home with a tray, images laid in it byte by byte, and the back ends that read them.
+// A home with a tray, disc images built byte by byte, and the back ends that read them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,8 +31,8 @@ class Tray : public testing::Test {
  protected:
   fs::path Folder() const { return home / "Vantora/Bandeja"; }
 
-  // Lays an image of audio tracks in: where they begin, and where the image ends, in sectors.
-  // Returns the bytes of the image. `data` tells the last track to be one of data.
+  // Puts an image of audio tracks into the tray and returns its bytes. `starts` and `end` are in
+  // sectors. With `data`, the last track is a data track.
   std::string Lay(const std::vector<int>& starts, int end, bool data = false) {
     const std::string image = Noise(static_cast<std::size_t>(end) * kSector);
     std::string sheet = "FILE \"disco.bin\" BINARY\r\n";

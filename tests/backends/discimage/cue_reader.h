@@ -1,5 +1,5 @@
-// Reads a cue sheet and the image beside it as another program would: knows the notation, and
-// nothing of how this program writes it.
+// Reads a cue sheet and its image as another program would: by the format alone, without knowledge
+// of this program's writer.
 #pragma once
 
 #include "tests/backends/linux/home.h"
@@ -14,15 +14,15 @@ namespace vantora::test {
 
 struct DiscTrack {
   std::string Kind, Title, Performer;
-  std::map<int, std::int64_t> Index;  // sectors
-  std::string Gap, Sound;             // bytes: from INDEX 00 to 01, from there to the next track
+  std::map<int, std::int64_t> Index;  // in sectors
+  std::string Gap, Sound;             // bytes from INDEX 00 to 01, and from there to the next track
 };
 
 struct Disc {
   std::string Title, Performer, File, FileKind;
   std::vector<DiscTrack> Tracks;
   std::int64_t Sectors = 0;
-  std::vector<std::string> Strange;  // lines that no reader would understand
+  std::vector<std::string> Strange;  // lines that other readers would not understand
 };
 
 inline std::string Unquoted(std::istringstream& line) {

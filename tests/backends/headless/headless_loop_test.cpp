@@ -48,7 +48,7 @@ TEST_F(Room, WhatCanNeverEndIsStoppedWithAWordThatSaysWhy) {
   round.Post(again);
   EXPECT_NE(Refusal([&] { round.Run(); }).find("round and round"), std::string::npos);
   loop.MaxVirtualMs = 10'000;
-  // A program that swallows whatever its own statements throw cannot go on either.
+  // A program that catches the errors of its own statements cannot go on either.
   loop.Post([&] {
     for (int i = 0; i < 3; ++i) EXPECT_ANY_THROW(loop.Sleep(20'000));
   });

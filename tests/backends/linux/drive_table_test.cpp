@@ -48,7 +48,7 @@ TEST(DriveTable, OpticalDrivesComeBeforeTheImageDriveAndMountsBehindIt) {
   for (const auto& [root, type] : types) EXPECT_EQ(drives.GetDriveType(root), type);
   EXPECT_EQ(table.SystemPath(L"E:\\Track1"), "/media/disc/Track1");
   EXPECT_EQ(table.SystemPath(L"F:\\a.cue"), home() / "Vantora/Bandeja/a.cue");
-  EXPECT_EQ(ErrorOf([&] { table.SystemPath(L"D:\\"); }), 76);  // no disc in it
+  EXPECT_EQ(ErrorOf([&] { table.SystemPath(L"D:\\"); }), 76);  // there is no disc in it
   EXPECT_EQ(ErrorOf([&] { table.SystemPath(L"H:\\a.wav"); }), 76);
 }
 
@@ -62,7 +62,7 @@ TEST(DriveTable, MountsThatAUserWouldNotCallADiskGetNoLetter) {
   places.Sys = sys();
   const struct {
     std::string Line;
-    int Type;  // 0: no letter
+    int Type;  // 0: it gets no letter
     Text Network;
   } cases[] = {
       {MountLine("/", "ext4", "/dev/sda1"), 0, L""},
@@ -114,7 +114,7 @@ TEST(DriveTable, NamesMatchExactlyFirstThenWithoutCase) {
   const auto path = [&](const Text& text) { return home.Table.SystemPath(text); };
   EXPECT_EQ(path(L"C:\\Música\\b.wav"), home / "Música/b.wav");
   EXPECT_EQ(path(L"c:\\MÚSICA\\B.WAV"), home / "Música/B.WAV");
-  EXPECT_EQ(path(L"C:\\música\\B.wav"), home / "Música/B.WAV");  // the first in byte order
+  EXPECT_EQ(path(L"C:\\música\\B.wav"), home / "Música/B.WAV");  // first in byte order
   EXPECT_EQ(path(L"C:\\música\\árbol.WAV"), home / "Música/ÁRBOL.wav");
   EXPECT_EQ(path(L"C:\\MÚSICA\\New Folder\\N.wav"), home / "Música/New Folder/N.wav");
   EXPECT_EQ(path(L"C:/música/b.wav/"), home / "Música/b.wav");
@@ -131,7 +131,7 @@ TEST(DriveTable, TheProgramsFoldersHaveTheirOwnNames) {
       {L"C:\\Vantora\\Wavs", home / "Vantora/Wavs"},
       {L"protocol.log", home / "Vantora/protocol.log"},
       {L"\\music", home / "music"},
-      {L"C:\\..\\..\\etc\\.\\passwd", home / "etc/passwd"},  // no way out of a drive
+      {L"C:\\..\\..\\etc\\.\\passwd", home / "etc/passwd"},  // paths cannot leave a drive
       {Text(L"C:\\a\0b.wav", 11), home / "a"},
       {L"Z:\\usr\\include", "/usr/include"}};
   for (const auto& [text, path] : cases) EXPECT_EQ(home.Table.SystemPath(text), path);
@@ -168,8 +168,8 @@ TEST(DriveTable, EveryFileIsFoundAgainUnderItsProductPath) {
 TEST(DeviceRegistry, AProductAndItsTargetLeadToTheLetter) {
   LinuxPlaces places = PlacesBelow("/home/ana");
   places.Optical = kTwoDrives;
-  places.Optical.push_back({"/dev/sr2", L"OTHER", L"CD-RW y2", L"2.0", 2});  // another maker's
-  places.Optical.push_back({"/dev/sr3", L"ACME", L"CD-RW", L"2.0", 3});      // part of its name
+  places.Optical.push_back({"/dev/sr2", L"OTHER", L"CD-RW y2", L"2.0", 2});  // another maker
+  places.Optical.push_back({"/dev/sr3", L"ACME", L"CD-RW", L"2.0", 3});      // part of a name above
   const DriveTable table(places);
   DeviceRegistry registry(table);
   const auto search = [&](const Text& product, const Text& target) {
@@ -182,7 +182,7 @@ TEST(DeviceRegistry, AProductAndItsTargetLeadToTheLetter) {
           return registry.Value(key, L"CurrentDriveLetterAssignment");
         }
       }
-      break;  // the program goes by the first name that fits
+      break;  // the program uses the first name that matches
     }
     return Text();
   };
@@ -219,7 +219,7 @@ TEST(Utf8, BrokenBytesSurviveTheWayThroughText) {
     EXPECT_EQ(ToUtf8(FromUtf8(bytes)), bytes);
   }
   EXPECT_EQ(FromUtf8("ñ€\U0001F4BF"), L"ñ€\U0001F4BF");
-  EXPECT_EQ(FromUtf8("\xED\xA0\x80").size(), 3U);  // a surrogate is no character
+  EXPECT_EQ(FromUtf8("\xED\xA0\x80").size(), 3U);  // a surrogate is not a valid character
   EXPECT_EQ(LowerCase(L"ÁÑÜ ŽΩ"), L"áñü žω");
 }
 

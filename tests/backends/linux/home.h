@@ -1,4 +1,4 @@
-// A user's home in a folder that is gone after the test, with the drive table and files over it.
+// A user's home in a temporary folder that the test deletes, with a drive table and files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -23,8 +23,8 @@ namespace vantora::test {
 
 namespace fs = std::filesystem;
 
-// Tests write much and keep nothing: where memory has the room, it is quicker than a disk that must
-// be told of every block that is freed.
+// Tests write much and keep nothing. A memory file system, if it has enough space, is faster than a
+// disk that discards every freed block.
 inline fs::path RoomForTests() {
   const fs::path memory = "/dev/shm";
   constexpr std::uintmax_t kEnough = 2'000'000'000;
@@ -65,7 +65,7 @@ inline std::string Get(const fs::path& file) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// The number of the run-time error that `work` raises, 0 for none.
+// The number of the run-time error that `work` raises; 0 when it raises none.
 inline int ErrorOf(const std::function<void()>& work) {
   try {
     work();
@@ -76,7 +76,7 @@ inline int ErrorOf(const std::function<void()>& work) {
   return 0;
 }
 
-// All names in a folder, hidden ones too, so that nothing left behind is missed.
+// The number of all names in a folder, including hidden ones, to find files left behind.
 inline std::size_t NamesIn(const fs::path& folder) {
   return static_cast<std::size_t>(
       std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
@@ -91,7 +91,7 @@ struct Home {
   fs::path operator/(const char* name) const { return Folder() / name; }
 };
 
-// No file can grow beyond `bytes` while this lives: what a full disk does, without one.
+// Limits the size of files to `bytes` while it exists, to simulate a full disk.
 class FullDisk {
  public:
   explicit FullDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -112,7 +112,7 @@ class FullDisk {
   void (*handler_)(int);
 };
 
-// An administrator may do everything, so a test about permissions is somebody else for a while.
+// Permissions do not apply to root, so a test of permissions runs as another user for a while.
 class Nobody {
  public:
   explicit Nobody(const fs::path& owned) : root_(::geteuid() == 0) {

@@ -28,7 +28,7 @@ TEST(LinuxFiles, EveryRefusalHasItsNumber) {
   EXPECT_EQ(open(L"Q:\\a.wav", Zugriff::Lesen), 76);
   for (const Zugriff access : {Zugriff::Lesen, Zugriff::Binaer, Zugriff::Anhaengen, Zugriff::Neu}) {
     EXPECT_EQ(open(L"C:\\folder.x", access), 75);
-    EXPECT_EQ(open(L"C:\\pipe", access), 57);  // and nobody waited for a writer
+    EXPECT_EQ(open(L"C:\\pipe", access), 57);  // the call did not block for a writer
   }
   const auto file = files.Open(L"C:\\a.wav", Zugriff::Lesen);
   const auto copy = [&](const wchar_t* to) { files.FileCopy(L"C:\\a.wav", to); };
@@ -43,7 +43,7 @@ TEST(LinuxFiles, EveryRefusalHasItsNumber) {
       {76, [&] { files.Folders(L"Q:\\"); }},
       {76, [&] { copy(L"C:\\none\\c.wav"); }},
       {75, [&] { copy(L"C:\\folder.x"); }},
-      {70, [&] { copy(L"C:\\A.WAV"); }},  // itself
+      {70, [&] { copy(L"C:\\A.WAV"); }},  // onto itself
       {53, [&] { files.FileCopy(L"C:\\b.wav", L"C:\\c.wav"); }},
       {62, [&] { file->Read(bytes, 4); }},
       {5, [&] { file->Seek(-1); }}};
@@ -81,7 +81,7 @@ TEST(LinuxFiles, ANameInOtherLettersOpensTheFileThatIsThereAndMakesNoSecond) {
     EXPECT_EQ(home.Files.List(L"C:\\", L"*.wav"), std::vector<Text>{L"Canción.wav"});
   }
   Home home;
-  fs::create_symlink("target.txt", home / "link.txt");  // to a file that is still to be made
+  fs::create_symlink("target.txt", home / "link.txt");  // the target does not exist yet
   home.Files.Open(L"C:\\link.txt", Zugriff::Neu)->Write("x", 1);
   EXPECT_EQ(Get(home / "target.txt"), "x");
 }
@@ -95,7 +95,7 @@ TEST(LinuxFiles, TheLengthOfAnOpenFileFollowsWhatOthersWrite) {
   EXPECT_EQ(file->Length(), 4);
 }
 
-// Small reads come out of a buffer; nothing of it may ever be older than what was written.
+// Small reads use a buffer, which must never return bytes older than the last write.
 TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
   Home home;
   const auto file = home.Files.Open(L"C:\\a.dat", Zugriff::Binaer);
@@ -138,7 +138,7 @@ TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
   }
 }
 
-// Between two such files nothing goes through a buffer; to any other it does.
+// A copy between two such files uses no buffer; a copy to any other file does.
 TEST(LinuxFiles, FromOneFileIntoAnotherGoesWhatIsThereAndBothMoveOn) {
   Home home;
   std::mt19937 random(12);
@@ -191,7 +191,7 @@ TEST(LinuxFiles, ACopyIsWholeOrNotThere) {
   EXPECT_EQ(NamesIn(home / "Full"), 1U);
   fs::create_symlink(home / "Copies.wav", home / "link.wav");
   home.Files.FileCopy(L"C:\\Full\\old.wav", L"C:\\link.wav");
-  EXPECT_TRUE(fs::is_symlink(home / "link.wav"));  // the file behind it was replaced
+  EXPECT_TRUE(fs::is_symlink(home / "link.wav"));  // the file behind the link was replaced
   EXPECT_EQ(fs::file_size(home / "Copies.wav"), fs::file_size(home / "Full/old.wav"));
 }
 
@@ -215,7 +215,7 @@ TEST(LinuxFiles, AListShowsTheFilesOfItsPatternsAndNothingElse) {
   EXPECT_EQ(list(L"*.*").size(), 10U);
   EXPECT_TRUE(list(L"*a*a*a*a*a*a*a*a*a*a*a*a*b").empty());
   EXPECT_EQ(home.Files.Folders(L"C:\\m"), (std::vector<Text>{L"folder.wav"}));
-  // A name that is no text can be opened all the same.
+  // A file whose name is not valid UTF-8 can be opened too.
   EXPECT_EQ(home.Files.FileLen(L"C:\\m\\broken\xDCFF.wav"), 4);
 }
 

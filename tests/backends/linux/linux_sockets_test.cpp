@@ -18,7 +18,7 @@ constexpr int kSliceMs = 20, kSilenceMs = 300, kWholeMs = 900;
 
 struct Wire {
   LinuxSockets sockets{SocketPatience{kSliceMs, kSilenceMs, kWholeMs}};
-  milliseconds longest{0};  // single call
+  milliseconds longest{0};  // longest single call
 
   template <typename Call>
   int Repeat(Call call) {
@@ -38,7 +38,7 @@ struct Wire {
     EXPECT_EQ(Repeat([&] { return sockets.connect(number, To(server.Port())); }), 0);
     return number;
   }
-  // Takes everything that comes; what the last call gave.
+  // Receives everything. Returns the result of the last call.
   int Drain(int number) {
     char bytes[20];
     int end = 1;
@@ -63,7 +63,7 @@ TEST(LinuxSockets, ASilentMachineIsGivenUpInSlicesAndATalkativeOneToo) {
     EXPECT_EQ(wire.sockets.WSAGetLastError(), ETIMEDOUT);
     EXPECT_GE(steady_clock::now() - start, milliseconds(patience));
     EXPECT_LT(steady_clock::now() - start, milliseconds(patience + 1500));
-    EXPECT_LT(wire.longest, milliseconds(kSliceMs + 300));  // a busy machine may be late
+    EXPECT_LT(wire.longest, milliseconds(kSliceMs + 300));  // allows for delays on a busy machine
     wire.sockets.closesocket(number);
   }
 }

@@ -27,10 +27,10 @@ TEST(ProcessorLoad, ItIsTheShareOfTheTicksSinceTheLastQuestionFromStartToStop) {
   EXPECT_EQ(load.RegQueryValue(kData, kUsage), std::nullopt) << "not counted yet";
   EXPECT_TRUE(load.RegOpenKey(kStart));
   EXPECT_EQ(load.RegQueryValue(kData, kUsage), 0);
-  ticks("cpu  1020 10 510 8050 220 5 5 0 99 0");  // 30 of 100
+  ticks("cpu  1020 10 510 8050 220 5 5 0 99 0");  // 30 of 100 ticks
   EXPECT_EQ(load.RegQueryValue(kData, kUsage), 30);
   EXPECT_EQ(load.RegQueryValue(kData, kUsage), 30) << "no tick has passed";
-  ticks("cpu  1020 10 510 8050 120 5 5 3000 99 0");  // the waiting may run backwards
+  ticks("cpu  1020 10 510 8050 120 5 5 3000 99 0");  // the kernel's waiting time may decrease
   EXPECT_EQ(load.RegQueryValue(kData, kUsage), 100);
   EXPECT_EQ(load.RegQueryValue(kData, L"KERNEL\\Threads"), std::nullopt);
   EXPECT_EQ(load.RegQueryValue(kStart, kUsage), std::nullopt);

@@ -5,7 +5,6 @@
 #include "tests/backends/linux/home.h"
 
 #include <map>
-#include <random>
 #include <sys/stat.h>
 
 namespace vantora::test {
@@ -76,39 +75,14 @@ TEST(ProfileFiles, LimitsCutValuesAndTheListOfSections) {
   }
 }
 
-TEST(ProfileFiles, WritesAndDeletionsAgreeWithAMap) {
-  Profiles home;
-  std::map<Text, std::map<Text, Text>> model;
-  std::mt19937 random(9);
-  for (int i = 0; i < 300; ++i) {
-    const Text section = L"S" + std::to_wstring(random() % 6);
-    const Text key = std::to_wstring(random() % 5), value = L"v" + std::to_wstring(random());
-    if (random() % 8 == 0) {
-      home.Profile.DeletePrivateProfileSection(section, kFile);
-      model.erase(section);
-    } else {
-      home.Write(section, key, value);
-      model[section][key] = value;
-    }
-    const bool there = model.contains(section) && model[section].contains(key);
-    EXPECT_EQ(home.Read(section, key), there ? model[section][key] : L"(none)");
-  }
-  ProfileFiles again(home.Table);
-  EXPECT_EQ(again.GetPrivateProfileSectionNames(kFile, 5000).size(), model.size());
-  for (const auto& [section, values] : model) {
-    for (const auto& [key, value] : values) {
-      EXPECT_EQ(again.GetPrivateProfileString(section, key, L"", 100, kFile), value);
-    }
-  }
-}
-
 TEST(ProfileFiles, WhatAnotherProgramChangedIsSeen) {
   Profiles home;
   home.Write(L"a", L"k", L"1");
   EXPECT_EQ(home.Read(L"a", L"k"), L"1");
   Put(home.File, "[a]\nk=22\n");
   EXPECT_EQ(home.Read(L"a", L"k"), L"22");
-  // Replaced, with its old self still there under another name, then moved away and back.
+  // The file is replaced while the old one stays under another name; then it is moved away and
+  // back.
   const fs::path other = home / "other.ini";
   fs::create_hard_link(home.File, home / "kept.ini");
   Put(other, "[a]\nk=33\n");

@@ -5,8 +5,6 @@
 #include "tests/backends/linux/home.h"
 
 #include <csignal>
-#include <map>
-#include <random>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -51,7 +49,7 @@ TEST(SettingsFile, LinesThatItDoesNotKnowStayWhereTheyAre) {
   Put(store.File,
       "loose = before\n# mine\n[Quillmark\\VTR]\nundo = 2 \r\n\xFF\xFE garbage\nL\xC3\xA4ngeCD=80\n"
       "UNDO=1\n\n[other]\nx=1\n");
-  EXPECT_EQ(store.Read(L"Undo"), L"1");  // of two the last
+  EXPECT_EQ(store.Read(L"Undo"), L"1");  // of two equal keys the last one counts
   EXPECT_EQ(store.Read(L"LÄNGECD"), L"80");
   EXPECT_EQ(store.Read(L"x"), L"(none)");
   store.Save(L"Undo", L"0");
@@ -62,32 +60,6 @@ TEST(SettingsFile, LinesThatItDoesNotKnowStayWhereTheyAre) {
             "L\xC3\xA4ngeCD=80\nUndo=0\nNew=n\n\n[other]\nx=1\n\n[Quillmark\\Presets]\nK=v\n");
 }
 
-TEST(SettingsFile, ManySavesAgreeWithAMap) {
-  const Store store;
-  SettingsFile settings(store.File);
-  std::map<std::pair<Text, Text>, Text> model;
-  std::mt19937 random(5);
-  for (int i = 0; i < 150; ++i) {
-    const Text section = L"s" + std::to_wstring(random() % 4);
-    const Text key = L"k" + std::to_wstring(random() % 20), value = std::to_wstring(random() % 3);
-    if (random() % 4 == 0) {
-      settings.DeleteSetting(L"Quillmark", section, key);
-      model.erase({section, key});
-    } else {
-      settings.SaveSetting(L"Quillmark", section, key, value);
-      model[{section, key}] = value;
-    }
-  }
-  for (int key = 0; key < 20; ++key) {
-    const Text name = L"k" + std::to_wstring(key);
-    const auto place = model.find({L"s1", name});
-    const Text saved = place == model.end() ? L"-" : place->second;
-    EXPECT_EQ(settings.GetSetting(L"Quillmark", L"s1", name, L"-"), saved);
-    EXPECT_EQ(SettingsFile(store.File).GetSetting(L"Quillmark", L"s1", name, L"-"), saved);
-  }
-  for (const auto& [name, value] : model) EXPECT_EQ(store.Read(name.second, name.first), value);
-}
-
 TEST(SettingsFile, WhatCannotBeReadIsNotOverwritten) {
   Store store;
   fs::create_directories(store.File.parent_path());
@@ -96,7 +68,7 @@ TEST(SettingsFile, WhatCannotBeReadIsNotOverwritten) {
   int reports = 0;
   settings.OnUnwritable = [&](const Text&, const Laufzeitfehler&) { ++reports; };
   settings.SaveSetting(L"Quillmark", L"VTR", L"Copies", L"3");
-  EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");  // for the run
+  EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");  // during this run
   EXPECT_TRUE(fs::is_fifo(store.File));
   EXPECT_EQ(reports, 1);
 }
@@ -119,7 +91,7 @@ TEST(SettingsFile, WhatCannotBeWrittenServesForTheRunAndIsReportedOnce) {
     EXPECT_EQ(settings.GetSetting(L"Quillmark", L"VTR", L"Copies", L"1"), L"3");
     EXPECT_EQ(store.Read(L"Copies"), L"1");
     fs::permissions(store.File.parent_path(), fs::perms::owner_all);
-    settings.SaveSetting(L"Quillmark", L"VTR", L"Undo", L"1");  // and is not lost for good
+    settings.SaveSetting(L"Quillmark", L"VTR", L"Undo", L"1");  // the next save succeeds
   }
   EXPECT_EQ(store.Read(L"Copies"), L"3");
   EXPECT_EQ(reports, 1);
@@ -163,7 +135,8 @@ TEST(SettingsFile, ALinkedFileStaysALink) {
   EXPECT_EQ(Get(store.Folder() / "real.conf"), "[Quillmark\\VTR]\nCopies=2\n");
 }
 
-// Both values always change to the same number; a file with two numbers would be a torn one.
+// The child always sets both values to the same number. Two different numbers would mean a torn
+// file.
 TEST(SettingsFile, AProcessKilledWhileSavingLeavesTheOldOrTheNewFile) {
   const Store store;
   store.Save(L"a", L"0");
@@ -182,7 +155,7 @@ TEST(SettingsFile, AProcessKilledWhileSavingLeavesTheOldOrTheNewFile) {
     ::waitpid(child, nullptr, 0);
     const Text value = store.Read(L"a");
     const auto start = value.find(L'x'), end = value.rfind(L'x');
-    if (start == Text::npos) continue;  // killed before the first save
+    if (start == Text::npos) continue;  // it was killed before the first save
     EXPECT_EQ(value.substr(0, start), value.substr(end + 1));
     EXPECT_EQ(end - start + 1, tail.size());
   }

@@ -1,4 +1,5 @@
-// MP3 files made on the spot by the encoder of the distribution, and what people put around them.
+// MP3 files, made for a test by the distribution's encoder, and things that other programs add to
+// them.
 #pragma once
 
 #include "tests/backends/linux/home.h"
@@ -17,7 +18,7 @@ inline bool EncoderIsThere() {
   return there;
 }
 
-// Encodes the data of a 16-bit wave at its own rate; `options` as the encoder's command takes them.
+// Encodes the data of a 16-bit wave at its own rate. `options` are those of the encoder's command.
 inline std::string Encoded(const std::string& data, Format format, const std::string& options) {
   const TempFolder folder;
   Put(folder() / "a.wav", Wave(data, "", format));
@@ -27,9 +28,9 @@ inline std::string Encoded(const std::string& data, Format format, const std::st
   return Get(folder() / "a.mp3");
 }
 
-// A file as the encoder's program decodes it: samples at the file's rate, interleaved when it is
-// stereo. Distributions build that program with the same library that we use, so a comparison shows
-// whether something was added, lost or moved, not whether the library decodes well.
+// A file as decoded by the encoder's program: samples at the file's rate, interleaved if stereo.
+// Distributions build that program with the same library as ours. The comparison therefore shows
+// whether sound is added, lost or moved, not how well the library decodes.
 inline std::vector<std::int16_t> DecodedByOthers(const std::string& mp3) {
   const TempFolder folder;
   Put(folder() / "a.mp3", mp3);
@@ -42,7 +43,7 @@ inline std::vector<std::int16_t> DecodedByOthers(const std::string& mp3) {
   return samples;
 }
 
-// A tag in front of the sound with a picture of so many bytes, full of marks that look like frames.
+// A tag with a picture of `bytes` bytes that is full of false frame marks.
 inline std::string Id3Picture(std::size_t bytes) {
   std::string picture = Noise(bytes, 77);
   for (std::size_t i = 10; i + 4 < bytes; i += 997) picture.replace(i, 4, "\xFF\xFB\x90\x64");

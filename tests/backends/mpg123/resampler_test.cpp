@@ -14,7 +14,7 @@ namespace {
 constexpr long kRates[] = {8000, 11025, 12000, 16000, 22050, 24000, 32000, 48000};
 constexpr double kAmplitude = 0.9;
 
-// A second and a half of two tones through the resampler, in blocks of any size.
+// One and a half seconds of two tones, resampled in blocks of random sizes.
 std::vector<std::int16_t> Resampled(long rate, double left, double right, unsigned seed = 1) {
   Resampler resampler(rate);
   std::vector<float> in;
@@ -62,7 +62,7 @@ TEST(Resampler, TonesKeepTheirLevelUpTo18KilohertzAndLeaveNoImages) {
       }
     }
   }
-  // A tone that 44.1 kHz cannot hold would come down into what is heard.
+  // A tone too high for 44.1 kHz would be aliased into the audible range.
   const double tone = 23990, alias = 44100 - tone;
   EXPECT_LT(Decibels(Measured(Resampled(48000, tone, 0), 0, alias) / kAmplitude), -95);
 }

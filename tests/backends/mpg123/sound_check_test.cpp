@@ -17,7 +17,7 @@ TEST(SoundCheck, SoundThatBecomesZeroFromOneSampleToTheNextIsNone) {
   }
   const struct {
     std::vector<std::vector<std::int16_t>> Blocks;
-    bool Sound;  // of the last
+    bool Sound;  // expected for the last block
   } cases[] = {{{none}, true},         {{loud, none}, false}, {{half}, false},
                {{ebbing, none}, true}, {{quiet, none}, true}, {{none, loud}, true}};
   for (const auto& each : cases) {

@@ -1,4 +1,4 @@
-// Sine tones, and how much of one lies in a sound: for tests that measure rather than compare.
+// Sine tones, and measurements of a tone in a sound.
 #pragma once
 
 #include <cmath>
@@ -10,18 +10,18 @@
 
 namespace vantora::test {
 
-// One channel of interleaved 16-bit stereo as -1 to 1.
+// One channel of interleaved 16-bit stereo, as -1 to 1.
 inline std::vector<double> ChannelOf(const std::vector<std::int16_t>& stereo, std::size_t channel) {
   std::vector<double> sound(stereo.size() / 2);
   for (std::size_t i = 0; i < sound.size(); ++i) sound[i] = stereo[2 * i + channel] / 32768.0;
   return sound;
 }
 
-// Amplitude and phase of the tone `hertz` in frames `from` to `to`; the phase is that of a sine
-// which starts with frame 0. Other tones 100 Hz away do not disturb it by 120 dB.
+// Amplitude and phase of the tone `hertz` in frames `from` to `to`. The phase is relative to a sine
+// that starts at frame 0. Tones at least 100 Hz away contribute less than -120 dB.
 inline std::complex<double> ToneIn(const std::vector<double>& sound, double hertz, double rate,
                                    std::size_t from, std::size_t to) {
-  // A window of four cosines: its side lobes fall below every other error of these tests.
+  // The four-term Blackman-Harris window: its side lobes are below all other errors of these tests.
   constexpr double kWindow[] = {0.35875, 0.48829, 0.14128, 0.01168};
   std::complex<double> sum = 0;
   double weight = 0;
@@ -41,7 +41,7 @@ inline double Decibels(double amplitude) {
   return 20 * std::log10(std::max(amplitude, 1e-12));
 }
 
-// Sound of a wave file's data, 16 bit; channel c has the tone `hertz[c]`.
+// The data of a 16-bit wave file in which channel c has the tone `hertz[c]`.
 inline std::string ToneBytes(const std::vector<double>& hertz, double amplitude, double rate,
                              std::size_t frames) {
   std::string bytes;

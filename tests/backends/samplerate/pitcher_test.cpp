@@ -13,14 +13,14 @@ namespace {
 constexpr std::size_t kBuffer = 1024;  // frames
 constexpr double kRate = 44100;
 
-// The pitch goes from `from` to `to` in a straight line within so many frames that come out.
+// A linear change of pitch from `From` to `To` over `Frames` output frames.
 struct Slide {
   float From, To;
   std::size_t Frames;
   double Speed(double frame) const {
     return 1 + 0.0016 * (From + (To - From) * frame / static_cast<double>(Frames));
   }
-  // Place in the source that is heard at a frame.
+  // The position in the source that is heard at an output frame.
   double Place(double frame) const { return frame * (Speed(0) + Speed(frame)) / 2; }
 };
 
@@ -34,8 +34,8 @@ Sound Slid(const Sound& sound, const Slide& slide) {
   });
 }
 
-// A stretch of frames as a turning arrow whose speed is what the law says: amplitude and angle, and
-// what is left of the sound beside it.
+// A part of a sound, measured against a sine with the expected phase: its amplitude and phase
+// error, and the level of everything else.
 struct Heard {
   std::complex<double> Arrow;
   double RestDb = 0;
@@ -73,13 +73,14 @@ TEST(Pitcher, ASineSlidesByTheLawAndStaysClean) {
         return 2 * std::numbers::pi * hertz * slide.Place(frame) / kRate;
       };
       double worst = -200, turn = 0, before = 0;
-      // A sound that starts bent has nothing before it, so its first frames are none of a sine's.
+      // A sound that starts with another pitch has no sound before it, so its first frames are not
+      // a sine.
       const std::size_t start = slide.From == 0 ? 0 : kBuffer;
       for (std::size_t n = start; n + 2 * kBuffer < whole; n += kBuffer) {
         const Heard heard = Listen(out, n, kBuffer, phase);
         worst = std::max(worst, heard.RestDb);
         ASSERT_NEAR(std::abs(heard.Arrow), 30'000, 300) << n;
-        // A frequency that is wrong by a thousandth turns the arrow so far in a buffer.
+        // A frequency error of 0.1 % changes the phase by a known amount per buffer.
         if (n > start) {
           turn = std::max(
               turn, std::abs(std::remainder(std::arg(heard.Arrow) - before, 2 * std::numbers::pi)));

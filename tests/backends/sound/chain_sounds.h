@@ -1,4 +1,4 @@
-// Sounds for a chain, and what one hears of them.
+// Sounds for a chain, and measurements of its output.
 #pragma once
 
 #include "platform/mmchain.h"
@@ -14,7 +14,7 @@ namespace vantora::test {
 
 using Sound = std::vector<std::int16_t>;  // left, right, left …
 
-// Plays a sound, then nothing.
+// A source that plays one sound.
 class Source final : public MMComponentX {
  public:
   explicit Source(Sound sound) : sound_(std::move(sound)) {}
@@ -34,7 +34,7 @@ inline std::int16_t Sample(double value) {
   return static_cast<std::int16_t>(std::lrint(std::clamp(value, -32768.0, 32767.0)));
 }
 
-// Both ears alike.
+// A sine, equal in both channels.
 inline Sound Sine(double hertz, double amplitude, std::size_t frames) {
   Sound sound;
   for (std::size_t n = 0; n < frames; ++n) {
@@ -44,7 +44,7 @@ inline Sound Sine(double hertz, double amplitude, std::size_t frames) {
   return sound;
 }
 
-// The ears know nothing of each other.
+// Noise, independent in the two channels.
 inline Sound Hiss(double amplitude, std::size_t frames, std::uint32_t seed = 1) {
   std::mt19937 random(seed);
   std::uniform_real_distribution<double> value(-amplitude, amplitude);
@@ -53,7 +53,7 @@ inline Sound Hiss(double amplitude, std::size_t frames, std::uint32_t seed = 1) 
   return sound;
 }
 
-// What comes out of an effect; `before` hears the frame with which each buffer begins.
+// The output of an effect for `sound`. `before` is called with the first frame of each buffer.
 template <class Before>
 Sound Through(MMComponentX& effect, const Sound& sound, Before before) {
   Source source(sound);
@@ -73,7 +73,7 @@ inline Sound Through(MMComponentX& effect, const Sound& sound) {
   return Through(effect, sound, [](std::size_t) {});
 }
 
-// Amplitude of one frequency in the left ear (1: the right one), from a frame to another.
+// Amplitude of a frequency in a range of frames; `ear` 0 is the left channel, 1 the right.
 inline double Amplitude(const Sound& sound, double hertz, std::size_t from, std::size_t to,
                         std::size_t ear = 0) {
   double re = 0, im = 0, weights = 0;
@@ -92,7 +92,7 @@ inline double Decibel(double ratio) {
   return 20 * std::log10(std::max(ratio, 1e-9));
 }
 
-// Root of the mean square, both ears together.
+// Root mean square of both channels together.
 inline double Loudness(const Sound& sound, std::size_t from, std::size_t to) {
   double sum = 0;
   for (std::size_t i = 2 * from; i < 2 * to; ++i) sum += double{1} * sound[i] * sound[i];

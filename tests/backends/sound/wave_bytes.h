@@ -1,4 +1,4 @@
-// Wave files byte by byte, for tests that lie about themselves.
+// Wave files built byte by byte, for tests with wrong headers.
 #pragma once
 
 #include <cstdint>
@@ -39,7 +39,7 @@ inline std::string Wave(const std::string& data, const std::string& tail = "", F
   return Riff(Chunk("fmt ", format.Bytes()) + Chunk("data", data) + tail);
 }
 
-// Bytes that differ from their neighbours, so that nothing can be moved unseen.
+// Bytes that differ from their neighbours, so that every shift is noticed.
 inline std::string Noise(std::size_t bytes, std::uint32_t seed = 1) {
   std::string text(bytes, '\0');
   for (char& c : text) {

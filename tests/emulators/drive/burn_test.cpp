@@ -1,5 +1,5 @@
-// The program's writer on the drive in the bottle. What lies on the disc is compared with the waves
-// to the byte, and read back by the reading back end.
+// Tests the program's writer with the emulated drive. The disc is compared to the waves byte by
+// byte, and read again by the reading back end.
 #include "backends/burn/cd_text.h"
 #include "backends/burn/drive_writer.h"
 #include "backends/cdio/drive_disc.h"
@@ -10,7 +10,7 @@
 #include "main/machine.h"
 #include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
-#include "tests/emulators/drive/bottle.h"
+#include "tests/emulators/drive/drive_home.h"
 #include "tests/support/mcd_log.h"
 
 #include <cdio/cdtext.h>
@@ -79,7 +79,7 @@ class DriveBurn : public testing::Test {
     ASSERT_EQ(writer.BurnerCount(), 1);
     writer.SelectBurner(0);
   }
-  // Until the last of what has been told begins so; the answer is all of it.
+  // Waits until the last event begins with `last`, and returns all events.
   std::string Until(const std::string& last) {
     const auto limit = Time::now() + 20s;
     while ((Log.empty() || !Log.back().starts_with(last)) && Time::now() < limit) {
@@ -94,7 +94,7 @@ class DriveBurn : public testing::Test {
     return story;
   }
 
-  Bottle bottle;
+  DriveHome drive;
   Home home;
   DriveTable table{WithDrives(home.Places)};
   RunningOut disk{home.Files};
@@ -114,7 +114,7 @@ class DriveBurn : public testing::Test {
 
 TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
   Find();
-  EXPECT_EQ(writer.GetDescription(0), L"BOTTLE\tCD-RW 48X16X48\t1.04\t0");
+  EXPECT_EQ(writer.GetDescription(0), L"EMULATED\tCD-RW 48X16X48\t1.04\t0");
   EXPECT_EQ(writer.GetDescription(1), L"");
   DeviceRegistry registry(table);
   const Text key = L"CDROM CD-RW 48X16X48";
@@ -126,13 +126,14 @@ TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
     writer.Speed(asked);
     EXPECT_EQ(writer.Speed(), made) << asked;
   }
-  bottle.Say("no-sao\n");
+  drive.Say("no-sao\n");
   Find();
   EXPECT_EQ(writer.DetermineDrive(), 1);
   EXPECT_EQ(writer.WriteDAO(), -1);
-  // Seen before, a drive keeps its place while another program holds it, and when it is gone.
+  // A drive that was seen stays in the list while another program uses it, and after it was
+  // unplugged.
   for (const char* script : {"busy\n", "disconnected\n", "busy\n"}) {
-    bottle.Say(script);
+    drive.Say(script);
     const auto start = Time::now();
     Find();
     EXPECT_FALSE(writer.CheckIfBurnerOK());
@@ -141,7 +142,7 @@ TEST_F(DriveBurn, TheDriveIsDescribedAsTheRegistryKnowsItAndByWhatItCan) {
   }
   const std::pair<const char*, int> ofOthers[] = {{"busy\n", 0}, {"no-writer\n", 0}, {"", 1}};
   for (const auto& [script, count] : ofOthers) {
-    bottle.Say(script);
+    drive.Say(script);
     DriveWriter late{disk, loop, background, [this] { return DrivesForWriting(table); }};
     EXPECT_EQ(late.Init_Prog(), 0);
     EXPECT_EQ(late.BurnerCount(), count) << script;
@@ -152,7 +153,7 @@ TEST_F(DriveBurn, ADriveThatTakesItsDiscInForAgesHoldsUpNobody) {
   auto start = Time::now();
   const auto took = [&start] { return Time::now() - std::exchange(start, Time::now()); };
   Find();
-  bottle.Say("getting-ready 100000\n");
+  drive.Say("getting-ready 100000\n");
   Add(320);
   auto other = std::make_unique<DriveWriter>(disk, loop, background,
                                              [this] { return DrivesForWriting(table); });
@@ -163,14 +164,14 @@ TEST_F(DriveBurn, ADriveThatTakesItsDiscInForAgesHoldsUpNobody) {
   EXPECT_LT(took(), 4s);
   ASSERT_EQ(other->AddTrack(L"C:\\1.wav", 0), 0);
   ASSERT_EQ(other->WriteTAO(), 0);
-  std::this_thread::sleep_for(300ms);  // so that the write waits
+  std::this_thread::sleep_for(300ms);  // lets the write begin to wait
   took();
   other.reset();
   EXPECT_LT(took(), 1s);
   ASSERT_EQ(writer.WriteTAO(), 0);
   std::this_thread::sleep_for(300ms);
   writer.StopBurn();
-  bottle.Say("getting-ready 5\n");
+  drive.Say("getting-ready 5\n");
   took();
   EXPECT_TRUE(writer.CheckIfBurnerOK()) << "ready after a while";
   EXPECT_LT(took(), 4s);
@@ -178,36 +179,13 @@ TEST_F(DriveBurn, ADriveThatTakesItsDiscInForAgesHoldsUpNobody) {
 
 TEST_F(DriveBurn, AHoldOfAMomentIsSatOut) {
   Find();
-  bottle.Say("busy\n");
+  drive.Say("busy\n");
   std::thread system([] {
     std::this_thread::sleep_for(500ms);
-    Bottle::Say("");
+    DriveHome::Say("");
   });
   EXPECT_TRUE(writer.CheckIfBurnerOK());
   system.join();
-}
-
-TEST_F(DriveBurn, OnlyABlankDiscWillDoAndTheDriveIsFreeAfterEachLook) {
-  Find();
-  const std::pair<const char*, bool> discs[] = {
-      {"", true}, {"disc none\n", false}, {"disc comprado sold\n", false}, {"disc b rw\n", true}};
-  for (const auto& [script, blank] : discs) {
-    bottle.Say(script);
-    loop.DoEvents();  // what was seen before no longer counts
-    EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
-    EXPECT_TRUE(DriveIsFree());
-    const int commands = bottle.Told("");
-    EXPECT_EQ(writer.CheckIfBurnerOK(), blank) << script;
-    EXPECT_EQ(bottle.Told(""), commands) << "the second look came at once";
-  }
-  loop.DoEvents();
-  EXPECT_EQ(std::count(Log.begin(), Log.end(), "status 2"), 1) << "a disc after none: " << Story();
-  bottle.Say("disc comprado sold\n");
-  Add(320);
-  loop.DoEvents();
-  Log.clear();
-  ASSERT_EQ(writer.WriteTAO(), 0);
-  EXPECT_EQ(Until("complete"), "failure 811, complete 0");
 }
 
 TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {
@@ -220,12 +198,12 @@ TEST_F(DriveBurn, TracksOneByOneHoldTheWavesAndAreReadBack) {
             "lead-in, track 1, open, close, track 2, open, close, track 3, open, close, lead-out, "
             "fixating, complete 1");
   EXPECT_EQ(std::count(Percents.begin(), Percents.end(), 100), 3);
-  EXPECT_EQ(bottle.Told("SET CD SPEED: bb 00 21 13 05 83"), 1);
-  const std::string image = bottle.Image();
+  EXPECT_EQ(drive.Told("SET CD SPEED: bb 00 21 13 05 83"), 1);
+  const std::string image = drive.Image();
   EXPECT_TRUE(image.starts_with(Padded(first, 401)));
   EXPECT_TRUE(image.substr(553 * kSector).starts_with(second));
   EXPECT_TRUE(image.substr(1015 * kSector).starts_with(Padded(brief, 300)));
-  EXPECT_NE(bottle.Toc().find("closed\ntrack 0 audio\ntrack 553 audio\ntrack 1015 audio\n"),
+  EXPECT_NE(drive.Toc().find("closed\ntrack 0 audio\ntrack 553 audio\ntrack 1015 audio\n"),
             std::string::npos);
   const auto disc = DriveDisc::Open("/dev/sr0");
   ASSERT_TRUE(disc);
@@ -245,17 +223,17 @@ TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
             "fixating, complete 1");
   EXPECT_TRUE(std::is_sorted(Percents.begin(), Percents.end())) << "of the disc";
   EXPECT_EQ(Percents.back(), 100);
-  // The last track is filled up to the four seconds that a disc asks of a track.
-  EXPECT_TRUE(bottle.Image() == Padded(first + second + brief, 1011));
-  EXPECT_NE(bottle.Toc().find("track 0 audio\ntrack 400 audio\ntrack 711 audio\nleadout 1011\n"),
+  // The last track is filled up to four seconds, the minimum on a disc.
+  EXPECT_TRUE(drive.Image() == Padded(first + second + brief, 1011));
+  EXPECT_NE(drive.Toc().find("track 0 audio\ntrack 400 audio\ntrack 711 audio\nleadout 1011\n"),
             std::string::npos)
-      << bottle.Toc();
+      << drive.Toc();
   ImageWriter image(disk, loop, background);
   for (const wchar_t* wave : {L"C:\\1.wav", L"C:\\2.wav", L"C:\\3.wav"}) image.AddTrack(wave, 0);
   ASSERT_EQ(image.WriteDAO(), 0);
   loop.Pass(10'000);
-  EXPECT_TRUE(bottle.Image() == Padded(Get(home / "Vantora/Discos/Disco 001.bin"), 1011));
-  const std::string packs = Get(bottle.Folder() / "disc/cdtext.bin");
+  EXPECT_TRUE(drive.Image() == Padded(Get(home / "Vantora/Discos/Disco 001.bin"), 1011));
+  const std::string packs = Get(drive.Folder() / "disc/cdtext.bin");
   std::string titles, performers;
   for (std::size_t at = 0; at + 18 <= packs.size(); at += 18) {
     if (packs[at] == '\x80') titles += packs.substr(at + 4, 12);
@@ -266,23 +244,10 @@ TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
   EXPECT_TRUE(performers.starts_with("\0Las olas\0\0"s)) << performers;
 }
 
-TEST_F(DriveBurn, ASimulationWritesToTheDriveAndLeavesTheDiscBlank) {
-  Find();
-  Add(400);
-  writer.CdText(0, L"Verano", L"Las olas");
-  writer.TestMode(true);
-  writer.Fixate(false);
-  ASSERT_EQ(writer.WriteTAO(), 0);
-  EXPECT_EQ(Until("complete"), "lead-in, track 1, open, close, lead-out, complete 1");
-  EXPECT_GT(bottle.Told("WRITE(10):"), 20);
-  EXPECT_EQ(bottle.Image(), "");
-  EXPECT_TRUE(writer.CheckIfBurnerOK());
-}
-
 TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
   for (const bool dao : {false, true}) {
     SCOPED_TRACE(dao);
-    bottle.Say(std::string("pace 1500\ndisc ") + (dao ? "dao\n" : "tao\n"));
+    drive.Say(std::string("pace 1500\ndisc ") + (dao ? "dao\n" : "tao\n"));
     writer.ResetBurner();
     Find();
     Add(8000);
@@ -297,12 +262,12 @@ TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
     EXPECT_EQ(writer.Init_Prog(), 0);
     EXPECT_EQ(writer.BurnerCount(), 1) << "what was seen before holds";
     writer.ResetBurner();
-    bottle.Say("disc nuevo\n");
+    drive.Say("disc nuevo\n");
     bool ready = false;
     for (int i = 0; i < 5 && !ready; ++i) ready = writer.CheckIfBurnerOK();
     EXPECT_TRUE(ready);
     EXPECT_TRUE(DriveIsFree());
-    EXPECT_LT(bottle.Image(dao ? "dao" : "tao").size(), 8000 * kSector);
+    EXPECT_LT(drive.Image(dao ? "dao" : "tao").size(), 8000 * kSector);
     Log.clear();
     loop.Pass(1000);
     EXPECT_EQ(Story().find_first_not_of("status 456,"), std::string::npos)
@@ -310,52 +275,25 @@ TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
   }
 }
 
-TEST_F(DriveBurn, WhatTheDriveComplainsOfIsToldWithItsReason) {
-  Find();
-  Add(600);
-  for (const bool dao : {false, true}) {
-    SCOPED_TRACE(dao);
-    Log.clear();
-    bottle.Say(std::string("write-error 450\ndisc ") + (dao ? "dao\n" : "tao\n"));
-    ASSERT_EQ(dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
-    const std::string story = Until("complete");
-    EXPECT_TRUE(story.ends_with("open, scsi 199680, complete 0")) << story;  // 03 0C 00
-    EXPECT_EQ(Words, L"Error de medio (3 0C 00)");
-    EXPECT_TRUE(DriveIsFree());
-  }
-  bottle.Say("pace 1500\ndisc largo\n");
-  writer.ResetBurner();
-  Add(8000);
-  Log.clear();
-  ASSERT_EQ(writer.WriteTAO(), 0);
-  Until("open");
-  bottle.Say("disconnected\n");
-  const std::string story = Until("complete");
-  EXPECT_TRUE(story.ends_with("open, aspi, complete 0")) << story;
-  bottle.Say("disc otro\n");
-  Find();
-  EXPECT_TRUE(writer.CheckIfBurnerOK()) << "plugged in again";
-}
-
 TEST_F(DriveBurn, AMethodThatTheDriveRefusesLateIsRefusedAllTheSame) {
   Find();
   const std::string sound = Add(400);
   writer.CdText(0, L"Verano", L"Las olas");
-  bottle.Say("no-sao\n");
+  drive.Say("no-sao\n");
   EXPECT_EQ(writer.WriteDAO(), -1);
   loop.Pass(1000);
   EXPECT_EQ(Story(), "");
   EXPECT_NE(ForTheLog, L"") << "the reason";
-  EXPECT_EQ(bottle.Image(), "");
+  EXPECT_EQ(drive.Image(), "");
   ASSERT_EQ(writer.WriteTAO(), 0) << "as soon as the drive is at rest";
   EXPECT_TRUE(Until("complete").ends_with("complete 1"));
-  EXPECT_TRUE(bottle.Image().starts_with(sound));
-  bottle.Say("disc mudo\nno-cdtext\n");
+  EXPECT_TRUE(drive.Image().starts_with(sound));
+  drive.Say("disc mudo\nno-cdtext\n");
   EXPECT_EQ(writer.WriteDAO(), -1) << "until the drive has been looked at again";
   writer.Init_Prog();
   ASSERT_EQ(writer.WriteDAO(), 0) << "without the text, then";
   EXPECT_TRUE(Until("complete").ends_with("complete 1"));
-  EXPECT_TRUE(bottle.Image("mudo") == sound);
+  EXPECT_TRUE(drive.Image("mudo") == sound);
 }
 
 TEST_F(DriveBurn, AWaveThatEndsEarlyOrASmallDiscIsNoGoodDisc) {
@@ -367,12 +305,12 @@ TEST_F(DriveBurn, AWaveThatEndsEarlyOrASmallDiscIsNoGoodDisc) {
   std::string story = Until("complete");
   EXPECT_TRUE(story.ends_with("failure 57, complete 0")) << story;
   disk.Readable = INT64_MAX;
-  Put(bottle.Folder() / "corto/toc", "kind cd-r\ncapacity 3000\nstate blank\n");
-  bottle.Say("disc corto\n");
+  Put(drive.Folder() / "corto/toc", "kind cd-r\ncapacity 3000\nstate blank\n");
+  drive.Say("disc corto\n");
   Log.clear();
   ASSERT_EQ(writer.WriteTAO(), 0);
   EXPECT_EQ(Until("complete"), "failure 813, complete 0");
-  EXPECT_EQ(bottle.Image("corto"), "");
+  EXPECT_EQ(drive.Image("corto"), "");
 }
 
 TEST(DriveText, MoreTextThanADiscHoldsIsCutAndStaysComplete) {

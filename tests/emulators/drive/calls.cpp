@@ -1,11 +1,11 @@
-// The drive in a bottle: a library to be loaded before all others (LD_PRELOAD), which shows the
-// libraries that read and write discs one emulated optical drive, /dev/sr0 (also /dev/cdrom). With
-// VANTORA_BOTTLE=FOLDER in the environment the drive, its discs and its faults lie in that folder
-// (see script.h and disc.h); without it every call goes through as it is.
+// A library to be preloaded (LD_PRELOAD), which shows the libraries that read and write discs one
+// emulated optical drive, /dev/sr0 (also /dev/cdrom). With VANTORA_EMULATED_DRIVE=FOLDER in the
+// environment, that folder holds the drive, its discs and its faults (see script.h and disc.h).
+// Without it, every call is passed on unchanged.
 //
-// Only the calls are here by which those libraries and the standard library reach a drive. An
-// open device is an open file of the folder, so that locks, duplicates and the closing at the end
-// of a program are the system's own; what is asked of it by ioctl goes to the drive.
+// Only the calls that those libraries and the standard library use for drives are replaced. An open
+// device is an open file in the folder, so the system itself handles locks, duplicates and closing
+// at the end of a program. Requests by ioctl go to the emulated drive.
 #include "tests/emulators/drive/requests.h"
 
 #include <array>
@@ -24,7 +24,7 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
@@ -35,16 +35,16 @@ constexpr std::string_view kDriveTable = "/proc/sys/dev/cdrom/info";
 
 enum Use : unsigned char { kNone, kShared, kExclusive };
 
-struct Bottle {
+struct EmulatedDrive {
   fs::path Folder;
   Drive TheDrive;
   Requests TheRequests{TheDrive};
   std::mutex Mutex;
 
-  explicit Bottle(const char* folder) : Folder(fs::absolute(folder)), TheDrive(Folder) {
+  explicit EmulatedDrive(const char* folder) : Folder(fs::absolute(folder)), TheDrive(Folder) {
     const fs::path device = Folder / "machine/block/sr0/device";
     fs::create_directories(device);
-    std::ofstream(device / "vendor") << "BOTTLE  \n";
+    std::ofstream(device / "vendor") << "EMULATED\n";
     std::ofstream(device / "model") << "CD-RW 48X16X48  \n";
     std::ofstream(device / "rev") << "1.04\n";
     std::ofstream(device / "type") << "5\n";
@@ -53,14 +53,15 @@ struct Bottle {
   }
 };
 
-// Files of the process that are the drive.
+// File descriptors of this process that stand for the drive.
 std::array<std::atomic<Use>, 4096> uses{};
 
-Bottle* TheBottle() {
-  static const char* const folder = std::getenv("VANTORA_BOTTLE");
+EmulatedDrive* Emulated() {
+  static const char* const folder = std::getenv("VANTORA_EMULATED_DRIVE");
   if (folder == nullptr || *folder == 0) return nullptr;
-  static auto* const bottle = new Bottle(folder);  // outlives what runs at the end of the program
-  return bottle;
+  static auto* const emulated =
+      new EmulatedDrive(folder);  // never destroyed, as code may still run at exit
+  return emulated;
 }
 
 template <class Call>
@@ -77,14 +78,14 @@ bool IsDrive(int file) {
          uses[static_cast<std::size_t>(file)] != kNone;
 }
 
-// The file of the bottle that stands for `path`; blank for all others.
+// The file of the emulated machine that replaces `path`; blank for other paths.
 std::string Instead(std::string_view path) {
   const bool listed = path == kBlockFolder || path == "/sys/class/block/" ||
                       path.starts_with("/sys/class/block/sr0");
   if (!listed && path != kDriveTable && !IsDevice(path)) return {};
-  const Bottle* bottle = TheBottle();
-  if (bottle == nullptr) return {};
-  const fs::path machine = bottle->Folder / "machine";
+  const EmulatedDrive* emulated = Emulated();
+  if (emulated == nullptr) return {};
+  const fs::path machine = emulated->Folder / "machine";
   if (path == kDriveTable) return machine / "info";
   if (IsDevice(path)) return machine / "sr0";
   return (machine / "block").native() + std::string(path.substr(kBlockFolder.size()));
@@ -106,14 +107,14 @@ int OpenInstead(const char* path, int flags, const Open& open) {
   const std::string instead = Instead(path);
   if (instead.empty()) return open(path);
   if (!IsDevice(path)) return open(instead.c_str());
-  Bottle& bottle = *TheBottle();
-  std::lock_guard lock(bottle.Mutex);
-  const Script script = Script::Load(bottle.Folder);
+  EmulatedDrive& emulated = *Emulated();
+  std::lock_guard lock(emulated.Mutex);
+  const Script script = Script::Load(emulated.Folder);
   const bool exclusive = (flags & O_EXCL) != 0;
-  errno = script.Disconnected                                          ? ENXIO
-          : exclusive && (script.Busy || HeldExclusively())            ? EBUSY
-          : (flags & O_NONBLOCK) == 0 && !bottle.TheRequests.HasDisc() ? ENOMEDIUM
-                                                                       : 0;
+  errno = script.Disconnected                                            ? ENXIO
+          : exclusive && (script.Busy || HeldExclusively())              ? EBUSY
+          : (flags & O_NONBLOCK) == 0 && !emulated.TheRequests.HasDisc() ? ENOMEDIUM
+                                                                         : 0;
   if (errno != 0) return -1;
   const int file =
       Next<int (*)(const char*, int, ...)>("open")(instead.c_str(), O_RDWR | (flags & O_CLOEXEC));
@@ -122,7 +123,7 @@ int OpenInstead(const char* path, int flags, const Open& open) {
   return file;
 }
 
-// What the system says of the placeholder, turned into what it says of a drive.
+// Changes the system's description of the placeholder file to that of a drive.
 int Device(struct stat* info, int result) {
   if (result != 0) return result;
   info->st_mode = S_IFBLK | 0660;
@@ -151,15 +152,15 @@ int StatInstead(const char* name, int version, const char* path, struct stat* in
 
 }  // namespace
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated
 
-using namespace vantora::bottle;
+using namespace vantora::emulated;
 
 #pragma GCC visibility push(default)
 
 extern "C" {
 
-// The names by which programs ask that were built against an older C library, or with more care.
+// Names used by programs that were built against an older C library or with fortified functions.
 int OpenWithoutMode(const char* path, int flags) asm("__open_2");
 int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xstat");
 int OldLinkStat(int version, const char* path, struct stat* info) noexcept asm("__lxstat");
@@ -237,9 +238,9 @@ int ioctl(int file, unsigned long request, ...) noexcept {
   va_end(rest);
   static const auto next = Next<int (*)(int, unsigned long, ...)>("ioctl");
   if (!IsDrive(file)) return next(file, request, argument);
-  Bottle& bottle = *TheBottle();
-  std::lock_guard lock(bottle.Mutex);
-  return bottle.TheRequests.Do(request, argument);
+  EmulatedDrive& emulated = *Emulated();
+  std::lock_guard lock(emulated.Mutex);
+  return emulated.TheRequests.Do(request, argument);
 }
 
 }  // extern "C"

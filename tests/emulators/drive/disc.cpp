@@ -7,7 +7,7 @@
 #include <iterator>
 #include <string>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace fs = std::filesystem;
 
@@ -50,7 +50,7 @@ std::optional<Disc> Disc::Load(const fs::path& folder) {
   return disc;
 }
 
-// The table of contents comes last and at once: whoever sees it sees the whole disc.
+// The table of contents is written last and at once. A program that sees it sees the whole disc.
 void Disc::Save() const {
   if (Dry) return;
   fs::create_directories(Folder);
@@ -92,4 +92,4 @@ bool Disc::Read(int sector, unsigned char* bytes, int count) const {
   return true;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

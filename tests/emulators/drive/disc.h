@@ -1,22 +1,23 @@
-// What lies in the emulated drive: a folder with
+// The disc in the emulated drive, which is a folder with
 //   toc         the medium and its table of contents, in words (see Save)
 //   image.bin   the sound, 2352 bytes a sector, from sector 0; a hole reads as silence
 //   cdtext.bin  the text packs of the lead-in, 18 bytes each
-// One session. Whatever another program or a test puts there counts as a disc just laid in.
+// It has one session. When a program or a test puts files there, the drive reports a newly inserted
+// disc.
 #pragma once
 
 #include <filesystem>
 #include <optional>
 #include <vector>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 using Bytes = std::vector<unsigned char>;
 
 constexpr int kSectorBytes = 2352;
 
 struct DiscTrack {
-  int Start;  // sector
+  int Start;  // first sector
   bool Audio;
   bool Preemphasis = false;
 };
@@ -26,14 +27,14 @@ enum class DiscState { Blank, Open, Closed, Spoilt };
 struct Disc {
   std::filesystem::path Folder;
   bool Erasable = false;   // a CD-RW
-  int Capacity = 359'847;  // sectors up to the last possible lead-out
+  int Capacity = 359'847;  // number of sectors up to the last possible lead-out
   DiscState State = DiscState::Blank;
-  std::vector<DiscTrack> Tracks{};  // from number 1
+  std::vector<DiscTrack> Tracks{};  // from track 1
   int LeadOut = 0;
   Bytes Text{};
-  bool Dry = false;  // written with the laser at reading power: nothing stays
+  bool Dry = false;  // a simulated write: nothing is saved
 
-  // Nothing when the folder holds no table of contents that makes sense.
+  // Returns nothing when the folder has no valid table of contents.
   static std::optional<Disc> Load(const std::filesystem::path& folder);
 
   void Save() const;
@@ -41,4 +42,4 @@ struct Disc {
   bool Read(int sector, unsigned char* bytes, int count) const;
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

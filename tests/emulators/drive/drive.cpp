@@ -10,7 +10,7 @@
 #include <sys/stat.h>
 #include <thread>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace fs = std::filesystem;
 
@@ -23,7 +23,7 @@ constexpr unsigned char kTestWrite = 0x10;
 
 }  // namespace
 
-// Sorted by what a program does with them. A command that stands in none of the lists is refused.
+// Grouped by use. A command that is not listed is refused.
 const Drive::Command Drive::kCommands[] = {
     {&Drive::TestUnitReady, "TEST UNIT READY", 0x00, Needs::Disc},
     {&Drive::RequestSense, "REQUEST SENSE", 0x03, Needs::Nothing},
@@ -150,7 +150,7 @@ void Drive::MakeDisc(const fs::path& folder) const {
   if (script_.MadeAs == "sold") {
     constexpr int kTrack = 300;
     Bytes sound(std::size_t{kTrack} * 2 * kSectorBytes);
-    for (std::size_t i = 0; i < sound.size(); i += 2) {  // a tone, different in the two tracks
+    for (std::size_t i = 0; i < sound.size(); i += 2) {  // two different tones
       const auto sample = static_cast<double>(i >> 2);
       const double step = i < sound.size() / 2 ? 0.03 : 0.05;
       const int value = static_cast<int>(8000 * std::sin(sample * step));
@@ -175,7 +175,7 @@ Bytes Drive::TestUnitReady(const Bytes&, const Bytes&) {
   return {};
 }
 
-// Sense goes with the command that failed, so that there is never any left.
+// Sense data is returned with the failing command, so none is ever pending.
 Bytes Drive::RequestSense(const Bytes&, const Bytes&) {
   Bytes sense(18);
   sense[0] = 0x70;
@@ -184,7 +184,7 @@ Bytes Drive::RequestSense(const Bytes&, const Bytes&) {
 }
 
 Bytes Drive::Inquiry(const Bytes&, const Bytes&) {
-  constexpr char kNames[] = "BOTTLE  CD-RW 48X16X48  1.04";
+  constexpr char kNames[] = "EMULATEDCD-RW 48X16X48  1.04";
   Bytes answer(36);
   answer[0] = 5;
   answer[1] = 0x80;
@@ -220,11 +220,11 @@ Bytes Drive::Capabilities() const {
   Bytes page(32 + 4 * kSpeeds.size());
   page[0] = 0x2a;
   Put(page, 1, 1, 30 + 4 * kCount);
-  page[2] = 0x03;                            // reads CD-R, CD-RW
-  page[3] = script_.NoWriter ? 0x00 : 0x07;  // writes both, and in pretence
-  page[4] = 0x81;                            // underrun-proof, plays sound
-  page[5] = 0x03;                            // gives sound out exactly
-  page[6] = 0x29;                            // tray, ejects, locks
+  page[2] = 0x03;                            // reads CD-R and CD-RW
+  page[3] = script_.NoWriter ? 0x00 : 0x07;  // writes both, and simulates
+  page[4] = 0x81;                            // underrun protection, plays audio
+  page[5] = 0x03;                            // reads exact audio
+  page[6] = 0x29;                            // has a tray, ejects, locks
   Put(page, 8, 2, kMaxRead);
   Put(page, 12, 2, kBuffer / 1024);
   Put(page, 14, 2, kMaxRead);
@@ -285,13 +285,13 @@ Bytes Drive::GetConfiguration(const Bytes&, const Bytes&) {
   };
   const auto current = [&](int profile) -> unsigned char { return Profile() == profile ? 1 : 0; };
   add({0, 0, 3, 12, 0, 8, 0, 0, 0, 9, current(9), 0, 0, 10, current(10), 0});
-  add({0, 1, 3, 8, 0, 0, 0, 2, 0, 0, 0, 0});  // an ATAPI drive
-  add({0, 3, 3, 4, 0x29, 0, 0, 0});           // with a tray
-  add({0, 0x1e, 1, 4, 1, 0, 0, 0});           // reads text from the lead-in
+  add({0, 1, 3, 8, 0, 0, 0, 2, 0, 0, 0, 0});  // core: ATAPI
+  add({0, 3, 3, 4, 0x29, 0, 0, 0});           // removable medium: tray
+  add({0, 0x1e, 1, 4, 1, 0, 0, 0});           // CD read: CD-TEXT
   if (!script_.NoWriter) {
-    add({0, 0x2d, 1, 4, 6, 0, 0, 0});                         // Track At Once, pretence, CD-RW
-    if (!script_.NoSao) add({0, 0x2e, 1, 4, 0x26, 0, 0, 0});  // Session At Once, the same
-    add({1, 7, 5, 4, 0x0e, 0, 0, 0});                         // tells its speeds
+    add({0, 0x2d, 1, 4, 6, 0, 0, 0});                         // Track At Once, simulation, CD-RW
+    if (!script_.NoSao) add({0, 0x2e, 1, 4, 0x26, 0, 0, 0});  // Session At Once, likewise
+    add({1, 7, 5, 4, 0x0e, 0, 0, 0});                         // streaming: reports its speeds
   }
   Put(answer, 0, 4, static_cast<int>(answer.size()) - 4);
   return answer;
@@ -323,7 +323,7 @@ Bytes Drive::GetPerformance(const Bytes& command, const Bytes&) {
   return answer;
 }
 
-// The fastest that is not faster than asked for, or the slowest that there is.
+// The fastest speed that is not above the one asked for, or else the slowest.
 Bytes Drive::SetSpeed(const Bytes& command, const Bytes&) {
   const int wish = Number(command, 4, 2);
   const auto* found =
@@ -340,4 +340,4 @@ Bytes Drive::ReadBufferCapacity(const Bytes&, const Bytes&) {
   return answer;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

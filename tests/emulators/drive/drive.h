@@ -1,12 +1,11 @@
-// An emulated CD-RW drive that speaks MMC, as far as sound is read from and written to one session.
-// It knows nothing of system calls: a command and the bytes sent go in, the bytes that come back
-// and the sense go out.
+// An emulated CD-RW drive with the MMC command set, as far as audio of one session needs it. It
+// knows no system calls: it receives a command and data, and returns data and sense.
 //
-// What it cannot show, and what stays untested with it: timing (a real drive's buffer underruns,
-// spin-up, waiting times of a real fixation), several sessions, writing data tracks, raw and packet
-// writing, catalog numbers and ISRCs, reading subchannels, C2 pointers and jitter, audio played by
-// the drive itself, DVD. Commands that only those would need (RESERVE TRACK, SET STREAMING, READ
-// SUB-CHANNEL) are refused as unknown. Nor does it show what a particular maker's drive does wrong.
+// It does not show, so tests with it do not cover: timing (buffer underruns, spin-up and fixation
+// times of a real drive), several sessions, writing of data tracks, raw and packet writing, catalog
+// numbers and ISRCs, reading of subchannels, C2 pointers and jitter, audio played by the drive
+// itself, and DVDs. Commands for these alone (RESERVE TRACK, SET STREAMING, READ SUB-CHANNEL) are
+// refused as unknown. Faults of particular models are not emulated either.
 #pragma once
 
 #include "tests/emulators/drive/disc.h"
@@ -17,18 +16,18 @@
 #include <optional>
 #include <string>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 struct Sense {
-  int Key = 0, Asc = 0, Ascq = 0;  // key 0: all is well
+  int Key = 0, Asc = 0, Ascq = 0;  // key 0: success
 };
 
-struct CablePulled {};  // while a command was carried out
+struct CablePulled {};  // thrown during a command
 
 struct Answer {
   Sense Trouble;
   Bytes Data;
-  bool Gone = false;  // there is no drive any more that could answer
+  bool Gone = false;  // the drive no longer answers
 };
 
 class Drive {
@@ -38,7 +37,7 @@ class Drive {
   Answer Do(const Bytes& command, const Bytes& sent);
 
  private:
-  enum class Needs { Nothing, Calm, Disc };  // Calm: a change of the disc is told first
+  enum class Needs { Nothing, Calm, Disc };  // Calm: a change of the disc is reported first
   struct Command {
     Bytes (Drive::*Do)(const Bytes& command, const Bytes& sent);
     const char* Name;
@@ -52,7 +51,7 @@ class Drive {
   std::string DiscOnFile() const;
   Bytes Obey(const Command& command, const Bytes& bytes, const Bytes& sent);
   void Log(const Command* known, const Bytes& command, const Bytes& sent, Sense trouble) const;
-  void Take(int sectors) const;  // the time that so many sectors need
+  void Take(int sectors) const;  // waits for the time that these sectors need
 
   Bytes TestUnitReady(const Bytes&, const Bytes&);
   Bytes RequestSense(const Bytes&, const Bytes&);
@@ -94,19 +93,19 @@ class Drive {
   std::filesystem::path folder_;
   Script script_;
   std::optional<Disc> disc_, dry_;
-  std::string seen_;  // what the disc was when it was looked at last
+  std::string seen_;  // the disc at the last check
   bool attention_ = false, ejected_ = false, locked_ = false;
-  int event_ = 0;  // of the medium, not yet asked for
+  int event_ = 0;  // change of the medium, not yet reported
   int gettingReady_ = 0, gettingReadySaid_ = 0;
-  int writeSpeed_ = 0;  // kB/s
+  int writeSpeed_ = 0;  // in kB/s
   std::array<unsigned char, 52> writeParameters_{};
 
   bool writing_ = false;
-  int next_ = 0;        // sector that the next write has to begin at
-  int trackStart_ = 0;  // Track At Once
+  int next_ = 0;        // sector at which the next write must begin
+  int trackStart_ = 0;  // of the track being written, Track At Once
   std::vector<DiscTrack> cue_;
   int cueEnd_ = 0;
   Bytes leadIn_;
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

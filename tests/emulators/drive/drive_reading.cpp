@@ -1,10 +1,10 @@
-// What the drive tells of its disc, and what it reads from it.
+// Commands that describe the disc or read from it.
 #include "tests/emulators/drive/drive.h"
 #include "tests/emulators/drive/wire.h"
 
 #include <algorithm>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
@@ -23,7 +23,7 @@ Bytes WithLength(Bytes answer) {
   return answer;
 }
 
-// Formats 0 and 2 of READ TOC: with the addresses by track, and as the lead-in has them.
+// Formats 0 and 2 of READ TOC: addresses by track, and entries as in the lead-in.
 Bytes TocByTrack(const Disc& disc, int from, bool asTime) {
   Bytes answer{0, 0, 1, static_cast<unsigned char>(disc.Tracks.size())};
   const auto add = [&](int number, unsigned char control, int sector) {
@@ -78,7 +78,7 @@ Bytes Drive::ReadDiscInformation(const Bytes&, const Bytes&) {
   if (disc_->Erasable) answer[2] |= 0x10;
   const auto tracks = static_cast<int>(disc_->Tracks.size());
   answer[3] = answer[4] = answer[5] = 1;
-  Put(answer, 6, 1, closed ? tracks : tracks + 1);  // the one to be written counts
+  Put(answer, 6, 1, closed ? tracks : tracks + 1);  // includes the next track to be written
   answer[7] = 0x20;
   answer[8] = blank ? 0xff : 0;
   if (closed) {
@@ -95,7 +95,7 @@ Bytes Drive::ReadTrackInformation(const Bytes& command, const Bytes&) {
   const auto count = static_cast<int>(disc.Tracks.size());
   const int wanted = Number(command, 2, 4);
   if ((command[1] & 3) != 1) throw Sense{5, 0x24, 0};
-  const bool ahead = wanted == 0xff || wanted == count + 1;  // the one to be written
+  const bool ahead = wanted == 0xff || wanted == count + 1;  // the next track to be written
   if (!ahead && (wanted < 1 || wanted > count)) throw Sense{5, 0x24, 0};
   Bytes answer(28);
   answer[1] = 26;
@@ -160,7 +160,7 @@ Bytes Drive::ReadCapacity(const Bytes&, const Bytes&) {
   return answer;
 }
 
-// Sectors of sound are always whole; of a data sector either all or the 2048 bytes of the user.
+// Audio sectors are always whole; of a data sector either all bytes or its 2048 bytes of user data.
 Bytes Drive::Sectors(int sector, int count, bool whole) {
   Bytes raw(static_cast<std::size_t>(std::max(count, 0)) * kSectorBytes);
   if (script_.ReadError >= sector && script_.ReadError < sector + count) throw Sense{3, 0x11, 0};
@@ -199,4 +199,4 @@ bool Drive::OnAudio(int sector) const {
   return audio;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -1,20 +1,20 @@
-// How the drive writes: Track At Once, and a session at once after a cue sheet.
+// Commands that write: Track At Once, and Session At Once by a cue sheet.
 #include "tests/emulators/drive/drive.h"
 #include "tests/emulators/drive/wire.h"
 
 #include <algorithm>
 #include <fstream>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
 constexpr int kShortestTrack = 300;  // sectors
-constexpr int kRunOut = 2;           // sectors, behind a track written on its own
+constexpr int kRunOut = 2;           // sectors after a track written on its own
 constexpr std::size_t kTextBlock = 96, kPackInLeadIn = 24;
 constexpr std::size_t kMostTracks = 99;
 
-// The lead-in repeats the packs all along, each of its bytes holding six bits.
+// The lead-in repeats the text packs throughout. Each of its bytes holds six bits.
 Bytes TextOf(const Bytes& leadIn) {
   Bytes text;
   for (std::size_t at = 0; at + kPackInLeadIn <= leadIn.size(); at += kPackInLeadIn) {
@@ -38,7 +38,7 @@ int Drive::NextWritable() {
   return disc.State == DiscState::Open ? disc.LeadOut + kPregap : kNowhere;
 }
 
-// What this drive writes is no disc newly laid in.
+// Saves the disc, and remembers it so that it is not reported as newly inserted.
 void Drive::Keep() {
   Target().Save();
   if (!dry_) seen_ = DiscOnFile();
@@ -59,11 +59,11 @@ Bytes Drive::SendCueSheet(const Bytes&, const Bytes& sent) {
   for (std::ptrdiff_t at = 0; at + 8 <= std::ssize(sent); at += 8) {
     const Bytes line(sent.begin() + at, sent.begin() + at + 8);
     const int kind = line[0] & 0xf, number = line[1], index = line[2];
-    if (kind == 2 || kind == 3) continue;  // catalog number and ISRC, which it does not keep
+    if (kind == 2 || kind == 3) continue;  // catalog number and ISRC, which are not kept
     const int sector = Time(line, 5);
     const bool first = last < kLeadIn;
     const bool data = (line[0] & 0x40) != 0;
-    // The lead-in may bear the time of the pregap that follows it.
+    // The lead-in may have the time of the pregap that follows it.
     const bool order = first || sector > last || (sector == last && sector == -kPregap);
     if (ended || data || first != (number == 0) || !order) throw Sense{5, 0x26, 0};
     last = sector;
@@ -98,7 +98,7 @@ Bytes Drive::Write10(const Bytes& command, const Bytes& sent) {
   if (sector + count > (AtOnce() ? cueEnd_ : Target().Capacity)) throw Sense{5, 0x63, 0};
   if (!writing_) {
     writing_ = true;
-    Target().State = DiscState::Spoilt;  // until it is complete
+    Target().State = DiscState::Spoilt;  // until the write is complete
     Keep();
   }
   if (script_.DisconnectAt >= sector && script_.DisconnectAt < sector + count) {
@@ -128,7 +128,7 @@ void Drive::EndTrack() {
   disc.State = DiscState::Open;
 }
 
-// A session broken off before what its cue sheet says has come stays spoilt.
+// A session that ends before all sectors of its cue sheet were written stays spoilt.
 void Drive::EndSession() {
   if (next_ < cueEnd_) return;
   Disc& disc = Target();
@@ -164,4 +164,4 @@ Bytes Drive::Close(const Bytes& command, const Bytes& none) {
   return {};
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

@@ -11,11 +11,11 @@
 #include <thread>
 #include <utility>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 namespace {
 
-// From the system's own <scsi/scsi.h>, which the C library's header of that name hides.
+// From the kernel's <scsi/scsi.h>, which is hidden by the C library's header of the same name.
 constexpr unsigned long kGetIdLun = 0x5382, kGetBusNumber = 0x5386;
 constexpr int kRetries = 10;
 
@@ -34,7 +34,7 @@ Bytes From(const void* bytes, std::size_t count) {
   return bytes == nullptr ? Bytes{} : Bytes(first, first + count);
 }
 
-// Returns how many bytes found room.
+// Returns the number of bytes copied.
 std::size_t Into(void* target, std::size_t room, const Bytes& data) {
   const std::size_t count = target == nullptr ? 0 : std::min(room, data.size());
   if (count > 0) std::memcpy(target, data.data(), count);
@@ -67,7 +67,7 @@ int Requests::Driver(const Bytes& command, Bytes& data, const Bytes& sent) {
   }
 }
 
-// A refusal is an answer too: it comes with the sense.
+// A refused command is a successful request that returns sense data.
 int Requests::Generic(void* argument) {
   auto& header = *static_cast<sg_io_hdr_t*>(argument);
   const bool sends = header.dxfer_direction == SG_DXFER_TO_DEV;
@@ -85,7 +85,7 @@ int Requests::Generic(void* argument) {
   if (answer.Trouble.Key == 0) return 0;
   header.status = 2;  // check condition
   header.masked_status = 1;
-  header.driver_status = 8;  // there is sense
+  header.driver_status = 8;  // sense data is valid
   header.info = SG_INFO_CHECK;
   header.sb_len_wr =
       static_cast<unsigned char>(Into(header.sbp, header.mx_sb_len, SenseBytes(answer.Trouble)));
@@ -151,7 +151,7 @@ int Requests::Session(void* argument) {
   return 0;
 }
 
-// Tells of a change once.
+// Reports a change once.
 int Requests::MediaChanged() {
   const Answer event = Ask({0x4a, 1, 0, 0, 0x10, 0, 0, 0, 8, 0});
   if (event.Gone) return 1;
@@ -191,7 +191,7 @@ int Requests::Plain(unsigned long request, int number) {
     default:
       break;
   }
-  Bytes speed(12);  // CDROM_SELECT_SPEED; for reading, and 0 is as fast as can be
+  Bytes speed(12);  // CDROM_SELECT_SPEED, for reading; 0 is the maximum speed
   speed[0] = 0xbb;
   Put(speed, 2, 2, number == 0 ? 0xffff : number * 177);
   Put(speed, 4, 2, 0xffff);
@@ -241,4 +241,4 @@ int Requests::Do(unsigned long request, void* argument) {
   return -1;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

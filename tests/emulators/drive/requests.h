@@ -1,25 +1,25 @@
-// The requests (ioctl) of an optical drive's device file, answered as the system's driver does: the
-// generic ones hand a command to the drive, the others turn into commands.
+// The requests (ioctl) of an optical drive's device file, answered like the system's driver:
+// generic requests pass a command to the drive, the others are translated to commands.
 #pragma once
 
 #include "tests/emulators/drive/drive.h"
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 class Requests {
  public:
   explicit Requests(Drive& drive) : drive_(drive) {}
 
-  // As ioctl answers, errno included.
+  // Returns the result of ioctl and sets errno.
   int Do(unsigned long request, void* argument);
   bool HasDisc();
 
  private:
   Answer Ask(const Bytes& command, const Bytes& sent = {});
-  // For the requests that the driver itself answers: errno or 0.
+  // For requests that the driver answers itself; return errno or 0.
   int Driver(const Bytes& command, Bytes& data, const Bytes& sent = {});
-  int Plain(unsigned long request, int number);  // as the kernel has it: -errno, or the answer
-  int WithStructure(unsigned long request, void* argument);  // errno or 0
+  int Plain(unsigned long request, int number);  // like the kernel: -errno or the result
+  int WithStructure(unsigned long request, void* argument);  // returns errno or 0
   int Generic(void* argument);
   int Packet(void* argument);
   int TocHeader(void* argument);
@@ -32,4 +32,4 @@ class Requests {
   bool changed_ = false;
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

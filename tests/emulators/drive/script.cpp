@@ -3,7 +3,7 @@
 #include <fstream>
 #include <sstream>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 Script Script::Load(const std::filesystem::path& folder) {
   Script script;
@@ -28,4 +28,4 @@ Script Script::Load(const std::filesystem::path& folder) {
   return script;
 }
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

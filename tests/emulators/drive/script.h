@@ -1,34 +1,34 @@
-// What befalls the drive, from the file "script" in the folder of the bottle. It is read anew at
-// every command, so that a test or a story changes it while the program runs. One thing a line:
+// The state and the faults of the drive, from the file "script" in the drive's folder. It is read
+// again at every command, so that a test or a story can change it while the program runs. One entry
+// per line:
 //
-//   disc NAME [rw|sold]  the disc is the folder NAME (without this line: "disc"). One that is
-//                        missing is made: a blank CD-R, a blank CD-RW, or a sold disc with two
-//                        tracks of four seconds. Another name is another disc laid in.
+//   disc NAME [rw|sold]  the disc is the folder NAME (without this line: "disc"). A missing one
+//                        is created: a blank CD-R, a blank CD-RW, or a sold disc with two
+//                        tracks of four seconds. Another name is another inserted disc.
 //   disc none            the tray is empty
-//   getting-ready N      the next N commands find the drive still taking the disc in
+//   getting-ready N      during the next N commands the drive is still loading the disc
 //   read-error N         sector N cannot be read
 //   write-error N        sector N cannot be written
 //   no-sao               the drive cannot write Disc At Once
 //   no-cdtext            it cannot write text into the lead-in
 //   no-writer            the drive cannot write at all
-//   busy                 another program holds the drive
-//   disconnected         the cable is pulled
-//   disconnect-at N      it will be when sector N is written: "disconnected" is added then
+//   busy                 another program uses the drive
+//   disconnected         the cable is unplugged
+//   disconnect-at N      it is unplugged when sector N is written; "disconnected" is added then
 //   pace N               N sectors a second, for reading and for writing
-//   log                  commands are told in the file "log"
+//   log                  commands are written to the file "log"
 //
-// There is no line for programs that start by themselves with a disc laid in: here the system tells
-// no program of a disc, so that the drive's value for it in the device registry is always "0" and
-// there is nothing that a script could switch.
+// There is no entry for programs that start when a disc is inserted. On this system no program is
+// started, so the drive's registry value for it is always "0".
 #pragma once
 
 #include <filesystem>
 #include <string>
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 struct Script {
-  static constexpr int kNone = -1'000'000;  // no sector, not of a lead-in either
+  static constexpr int kNone = -1'000'000;  // not a sector, not even of a lead-in
 
   std::string Disc = "disc", MadeAs;
   int GettingReady = 0;
@@ -40,4 +40,4 @@ struct Script {
   static Script Load(const std::filesystem::path& folder);
 };
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

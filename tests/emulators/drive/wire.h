@@ -1,9 +1,9 @@
-// Numbers as they stand in commands and answers: the high byte first, times without BCD.
+// Numbers in commands and answers: high byte first, times without BCD.
 #pragma once
 
 #include "tests/emulators/drive/disc.h"
 
-namespace vantora::bottle {
+namespace vantora::emulated {
 
 inline int Number(const Bytes& bytes, std::size_t at, std::size_t length) {
   unsigned number = 0;
@@ -18,9 +18,10 @@ inline void Put(Bytes& bytes, std::size_t at, std::size_t length, int number) {
   }
 }
 
-constexpr int kPregap = 150;  // sectors before the first track, where the time is 0
+constexpr int kPregap = 150;  // sectors between time 0 and the first track
 
-// Minute, second, frame into three bytes; what lies before the pregap counts as up to 100 minutes.
+// Writes minute, second and frame into three bytes. Sectors before the pregap count up to 100
+// minutes.
 inline void PutTime(Bytes& bytes, std::size_t at, int sector) {
   const int frames = sector + kPregap >= 0 ? sector + kPregap : sector + kPregap + 450'000;
   Put(bytes, at, 1, frames / 4500);
@@ -33,6 +34,6 @@ inline int Time(const Bytes& bytes, std::size_t at) {
   return bytes[at] < 90 ? frames - kPregap : frames - kPregap - 450'000;
 }
 
-constexpr int kLeadIn = -11'634;  // where it begins on a blank disc
+constexpr int kLeadIn = -11'634;  // its first sector on a blank disc
 
-}  // namespace vantora::bottle
+}  // namespace vantora::emulated

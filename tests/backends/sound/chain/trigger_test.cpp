@@ -14,7 +14,7 @@ namespace vantora::test {
 
 namespace {
 
-// A chain from one file to another; each event is a letter of the log.
+// A chain from one file to another. Each event adds a letter to the log.
 class Pumping : public testing::Test {
  protected:
   Pumping() {
@@ -68,7 +68,7 @@ TEST_F(Pumping, TheLoopTurnsMeanwhileAndNothingIsToldAfterAStop) {
   using Clock = std::chrono::steady_clock;
   int buffers = 0, due = 0;
   trigger->OnBufferLoad = [&] { EXPECT_EQ(due++, buffers); };
-  dsp.OnBufferFilled = [&](MMData&) {  // costly effects: a buffer takes 2 ms
+  dsp.OnBufferFilled = [&](MMData&) {  // simulates slow effects: 2 ms per buffer
     ++buffers;
     for (const auto end = Clock::now() + std::chrono::milliseconds(2); Clock::now() < end;) {
     }
@@ -122,7 +122,7 @@ TEST_F(Pumping, AnErrorOnEitherSideIsToldOnceAndLeavesTheSourceAsItWas) {
   EXPECT_EQ(run(), "F");
   EXPECT_EQ(loopHears, std::vector<int>{kFehlerUeberlauf}) << "one of the two has it";
   dsp.OnBufferFilled = nullptr;
-  trigger->OnStop = [this] {  // the handler may do away with it
+  trigger->OnStop = [this] {  // the handler may destroy the trigger
     Log += 'S';
     trigger.reset();
   };

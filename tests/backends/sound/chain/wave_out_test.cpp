@@ -18,9 +18,9 @@ namespace vantora::test {
 namespace {
 
 constexpr std::int64_t kMs = 441;  // frames in 10 ms
-constexpr int kJoint = 220;        // frames over which a step is let down
+constexpr int kJoint = 220;        // frames over which a step fades out
 
-// A loudspeaker that keeps what it was given, stream after stream.
+// A sound output that stores the sound of all its streams.
 class Ear final : public SoundOutput {
  public:
   explicit Ear(SoundOutput& card) : card_(card) {}
@@ -44,7 +44,7 @@ class Ear final : public SoundOutput {
 
 class Playing : public testing::Test {
  protected:
-  // Two seconds whose left samples tell where they stand: a slow tone that climbs.
+  // Two seconds of sound whose left samples identify their position: a slow sine plus a ramp.
   static std::int16_t Sample(std::int64_t frame) {
     const auto at = static_cast<double>(frame);
     return static_cast<std::int16_t>(9000 * std::sin(at / 50) + at / 10);
@@ -68,7 +68,8 @@ class Playing : public testing::Test {
     source.Wave.PlayEnd = to;
   }
   std::int64_t At() const { return out.Position() / 4; }
-  // The last frames heard are the file's from a frame on; at first a step may be let down.
+  // Checks that the last frames heard are those of the file from `frame` on. The first of them may
+  // contain a fading step.
   void ExpectLast(std::int64_t frame, std::int64_t frames) {
     for (std::int64_t i = kJoint; i < frames; ++i) {
       const auto ear = static_cast<std::size_t>(Told() - frames + i);
@@ -176,7 +177,7 @@ TEST_F(Playing, ARewiringIsHeardSoonWithoutAGapAClickOrAJump) {
 }
 
 TEST_F(Playing, AStartOutOfAPausePlaysTheRangeAndNothingOfWhatLayAhead) {
-  for (const int ms : {5, 200}) {  // shortly after the pause, and long after it
+  for (const int ms : {5, 200}) {  // shortly and long after the pause
     Range(0, 88200);
     out.Start();
     loop.Pass(600);
@@ -228,7 +229,7 @@ TEST_F(Playing, WithoutACardOrAFileTheSoundEndsAndThePositionIsNegative) {
   card.Present = false;
   loop.Pass(100);
   failed();
-  for (const int ms : {0, 500}) {  // at the start, and on the way
+  for (const int ms : {0, 500}) {  // at the start and during the sound
     const auto gone = [](MMData&) { throw Laufzeitfehler(kFehlerEinAusgabe, L"weg"); };
     if (ms == 0) dsp.OnBufferFilled = gone;
     out.Start();

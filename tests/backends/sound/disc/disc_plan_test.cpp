@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/cd_sound.h"
+
 namespace vantora::test {
 
-// Sector where each track starts, and the bytes of silence that it is filled with.
+// Checks the start sector of each track, and the bytes of silence that fill it up.
 TEST(DiscPlan, OneStreamIsFilledOnlyBehindATrackThatIsTooShortAndAtTheEnd) {
   constexpr std::int64_t kSector = kSectorBytes;
   const std::vector<DiscPart> waves = {

@@ -1,5 +1,5 @@
-// The proof that no edit can lose a sample: each one is killed in every single call that changes a
-// file, its mending too, and each such call is made to fail once and for good.
+// Tests that no edit can lose a sample. Each edit is killed in every call that changes a file, and
+// so is its completion; each such call also fails once, and permanently.
 #include <gtest/gtest.h>
 
 #include "backends/sound/edits/wave_edits.h"
@@ -27,7 +27,7 @@ std::string Zeros(std::size_t bytes) {
   return std::string(bytes, '\0');
 }
 
-// Sound whose frames were multiplied by a ramp.
+// Sound multiplied by a ramp.
 std::string Ramped(std::string sound, std::size_t at, std::size_t bytes, double start,
                    double slope) {
   for (std::size_t i = at; i < at + bytes; i += 2) {
@@ -40,7 +40,7 @@ std::string Ramped(std::string sound, std::size_t at, std::size_t bytes, double 
   return sound;
 }
 
-// Sound of a few blocks in two files and a helper; what an edit makes of the two.
+// Two files with sound of a few blocks and a helper, and the expected result of an edit.
 struct Case {
   const char* Name = "";
   std::string A = Noise(9001, 1), B = Noise(7000, 3);
@@ -60,7 +60,7 @@ std::vector<Case> Cases() {
     one.AfterA = expected;
     cases.push_back(one);
   };
-  // What is cut is shorter than a block, so that source and target overlap, and longer.
+  // Cuts shorter than a block, where source and target overlap, and longer ones.
   add("cut near", 8800, {MoveStep(600, 400, 8400)}, a.substr(0, 400) + a.substr(600, 8400));
   add("cut far", 5001, {MoveStep(5000, 1000, 4001)}, a.substr(0, 1000) + a.substr(5000));
   add("cut all", 0, {}, "");
@@ -103,7 +103,7 @@ class Stage {
     const fs::path folder = home.Files.SystemPath(WaveEdits::kFolder);
     return fs::exists(folder) ? NamesIn(folder) : 0;
   }
-  // A kill in the edit's n-th call; false when it has fewer.
+  // Kills the edit in its n-th call. Returns false when the edit has fewer calls.
   bool Killed(int call, bool half) {
     Lay();
     return !RunInProcess([&] {
@@ -200,7 +200,7 @@ TEST(Edits, ADiskThatFailsLeavesTheFilesBeforeTheEditOrBehindItAndSaysWhich) {
             ASSERT_TRUE(raised ? stage.Before() : stage.After()) << call;
           }
           edits.reset();
-          stage.New().Mend();  // what could not even be removed goes at the next start
+          stage.New().Mend();  // a note that could not be deleted is deleted at the next start
           ASSERT_TRUE(raised ? stage.Before() : stage.After()) << call;
           ASSERT_EQ(stage.Notes(), 0U);
         }
@@ -208,8 +208,6 @@ TEST(Edits, ADiskThatFailsLeavesTheFilesBeforeTheEditOrBehindItAndSaysWhich) {
     }
   }
 }
-
-// ---- silence on loan ----
 
 struct Loan : Home {
   Loan() { Lay(); }
@@ -238,7 +236,7 @@ TEST(Edits, SilenceThatWasLentComesBackWhateverHappensInBetween) {
     WaveEdits edits = loan.New();
     loan.Lend(edits);
     EXPECT_TRUE(loan.Longer() && edits.Lent());
-    EXPECT_TRUE(loan.New().Mend().Empty());  // the note of a program that runs
+    EXPECT_TRUE(loan.New().Mend().Empty());  // the note belongs to a running program
     EXPECT_TRUE(edits.TakeBack().empty());
     EXPECT_TRUE(loan.AsBefore() && !edits.Lent());
     EXPECT_EQ(loan.Notes(), 0U);
@@ -295,7 +293,7 @@ TEST(Edits, WithoutRoomForAllTheSilenceNoFileKeepsAny) {
   }
 }
 
-// Programs that leave out the byte behind odd sound, or put something into it.
+// Some programs omit the padding byte after sound of odd length, or give it a value.
 TEST(Edits, TheByteThatFillsOddSoundUpStaysAsItIsWhereNothingMoves) {
   const std::string data = "data" + Number(901, 4) + Noise(901),
                     format = Chunk("fmt ", Format{}.Bytes());
@@ -308,7 +306,7 @@ TEST(Edits, TheByteThatFillsOddSoundUpStaysAsItIsWhereNothingMoves) {
     EXPECT_NE(Get(loan / "a.wav").find(Noise(901) + Zeros(6000)), std::string::npos);
     edits.TakeBack();
     std::string back = Get(loan / "a.wav");
-    if (tail.starts_with("x")) back[44 + 901] = 'x';  // it has made room for silence
+    if (tail.starts_with("x")) back[44 + 901] = 'x';  // the padding byte was added for the silence
     EXPECT_EQ(back, wave);
     Put(loan / "a.wav", wave);
     edits.Apply({{{kA, 901, 901, {ZeroStep(4, 100)}}}, {}});
@@ -317,11 +315,9 @@ TEST(Edits, TheByteThatFillsOddSoundUpStaysAsItIsWhereNothingMoves) {
   }
 }
 
-// ---- others ----
-
 TEST(Edits, AFileThatOthersHaveChangedIsLeftAloneAndOneThatIsAwayIsWaitedFor) {
   const std::vector<Case> cases = Cases();
-  Stage stage(cases[3]);  // reads a helper
+  Stage stage(cases[3]);  // this edit reads a helper
   const auto state = [&] { return Get(stage.home / "a.wav"); };
   const struct {
     const char* What;

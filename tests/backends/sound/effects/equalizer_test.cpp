@@ -27,9 +27,9 @@ void AddBands(Equalizer& equalizer, const std::vector<double>& edges,
   }
 }
 
-// An impulse in each ear, long enough for the narrowest band to fade. Its size leaves room for all
-// bands at their highest; rounding then limits how deep one can look, so deep notches are measured
-// with sines.
+// Measures the gain with an impulse in each channel, long enough for the narrowest band to decay.
+// The impulse is small enough for all bands at maximum gain. Rounding then hides low levels, so
+// deep notches are measured with sines.
 double Gain(const std::vector<double>& edges, const std::vector<double>& gains, double hertz) {
   Equalizer equalizer;
   AddBands(equalizer, edges, gains);
@@ -77,7 +77,7 @@ TEST(Equalizer, AllAtZeroOrSwitchedOffLeavesEverySampleAsItIs) {
   EXPECT_EQ(Through(equalizer, hiss), hiss);
 }
 
-// While a slider runs up and down, nothing is heard but the tone itself becoming louder and softer.
+// While a slider moves up and down, only the level of the tone may change, without other noise.
 TEST(Equalizer, ASliderThatMovesLeavesNoNoiseBesideTheTone) {
   for (const double hertz : {35.0, 775.0}) {
     Equalizer equalizer;

@@ -53,7 +53,7 @@ TEST(Flanger, WithoutASwingItIsACombInTheMiddleOfTheWay) {
         const std::complex<double> late = turned(2 + depth / 100.0 * 249 / 2);
         const std::complex<double> wet =
             late * std::sqrt(1 - f * f) / (1.0 - f * late * (1.0 - slow));
-        // The cubic is not quite exact for the highest of the tones.
+        // Cubic interpolation is not quite exact for the highest tone.
         EXPECT_NEAR(Amplitude(out, hertz, 10'000, 30'000), 8000 * std::abs(0.6 + 0.4 * wet), 160)
             << depth << " " << feedback << " " << hertz;
       }
@@ -82,7 +82,7 @@ TEST(Flanger, TheMonoSumIsAsLoudAsTheSound) {
   const Sound sum = MonoSum(out);
   double wide = 0;
   for (std::size_t n = 0; n < out.size(); n += 2) wide += std::abs(out[n] - out[n + 1]);
-  // Noise has highs that the cubic between the frames takes a little of.
+  // Cubic interpolation attenuates the high frequencies of the noise a little.
   EXPECT_NEAR(Decibel(Loudness(sum, 5000, 100'000) / Loudness(mono, 5000, 100'000)), 0, 2);
   EXPECT_GT(wide / 100'000, 1000);
 }

@@ -23,13 +23,13 @@ struct Rooms : Home {
   explicit Rooms(const std::string& content) { Put(*this / "Reverb.ini", content); }
 };
 
-// The eight echoes again, frame by frame, without blocks, lines that move or vectors.
+// A reference implementation of the eight echoes, frame by frame and without blocks or vectors.
 struct Model {
   std::array<TMMEcho, 8> Echoes;
   double Diffusion = 0, Feedback = 0, Level = 0;
 
   Sound operator()(const Sound& sound) const {
-    std::array<std::deque<double>, 8> lines;  // the newest frame first
+    std::array<std::deque<double>, 8> lines;  // newest frame first
     std::array<double, 2> lastIn{}, lastOut{};
     const double c = std::cos(Diffusion * std::numbers::pi / 400);
     const double s = std::sin(Diffusion * std::numbers::pi / 400);
@@ -130,7 +130,7 @@ TEST(Reverb, EveryRoomOfTheProgramDiesAwayAfterTheLoudestSoundAtFullFeedback) {
       reverb.SetOutputGain(99);
       reverb.Enable();
       Sound sound = Hiss(8000, 132'300);
-      for (std::int16_t& sample : sound) sample = Sample(sample + 12'000.0);  // far off the middle
+      for (std::int16_t& sample : sound) sample = Sample(sample + 12'000.0);  // large offset
       const std::size_t end = sound.size() / 2;
       sound.resize(sound.size() + std::size_t{2} * 20 * 44'100);
       const Sound out = Through(reverb, sound);

@@ -46,7 +46,7 @@ TEST(WaveFile, AHeaderMayLieAboutEverything) {
   const struct {
     const char* What;
     std::string Bytes;
-    std::int64_t DataBytes;  // -1: no wave file
+    std::int64_t DataBytes;  // -1: the file is refused
     std::int64_t Offset;
   } cases[] = {
       {"plain", Wave("abcdefgh"), 8, 44},
@@ -86,11 +86,11 @@ TEST(WaveFile, AHeaderMayLieAboutEverything) {
     EXPECT_EQ(Sound(wave),
               std::string("abcdefgh").substr(0, static_cast<std::size_t>(each.DataBytes)));
     wave.Close();
-    EXPECT_TRUE(Get(studio.File) == each.Bytes);  // reading changes nothing, not even a lie
+    EXPECT_TRUE(Get(studio.File) == each.Bytes);  // reading never changes the file
   }
 }
 
-// Any order of calls, against a text that holds the sound; then the file's every byte.
+// Compares random sequences of calls with a model of the sound, and finally every byte of the file.
 TEST(WaveFile, WhatIsWrittenAgreesWithAModelAndAForeignChunkIsNeverWrittenOver) {
   std::mt19937 random(17);
   for (const std::string& tail : {std::string(), Chunk("LIST", Noise(9, 5))}) {
@@ -102,7 +102,7 @@ TEST(WaveFile, WhatIsWrittenAgreesWithAModelAndAForeignChunkIsNeverWrittenOver) 
     for (int step = 0; step < 100; ++step) {
       const std::size_t size = random() % 5000;
       std::size_t place = random() % (model.size() + (random() % 4 == 0 ? 5000 : 1));
-      if (random() % 3 == 0) place = model.size();  // recorded on at the end
+      if (random() % 3 == 0) place = model.size();  // continues at the end
       const std::string bytes = Noise(size, static_cast<std::uint32_t>(step));
       wave->SetPosition(static_cast<std::int64_t>(place));
       const bool refused = size > 0 && !tail.empty() && place + size > model.size();
@@ -140,27 +140,10 @@ TEST(WaveFile, OpeningALongFileReadsItsHeaderAlone) {
   Studio studio;
   Put(studio.File, "RIFF" + Number(1'900'000'036, 4) + "WAVE" + Chunk("fmt ", Format{}.Bytes()) +
                        "data" + Number(1'900'000'000, 4));
-  fs::resize_file(studio.File, 1'900'000'044);  // a hole: takes no room
+  fs::resize_file(studio.File, 1'900'000'044);  // a sparse file takes no disk space
   const auto start = std::chrono::steady_clock::now();
   for (int i = 0; i < 99; ++i) EXPECT_EQ(studio.Opened()->Samples(), 475'000'000);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-}
-
-TEST(WaveFile, AFileThatIsGoneOrAnotherIsNotMadeAnew) {
-  Studio studio;
-  Put(studio.File, Wave("abcd"));
-  const auto wave = studio.Opened();
-  Put(studio.File, Wave("abcdefgh"));
-  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 57);
-  wave->Open(kWave);
-  fs::remove(studio.File);
-  EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 53);
-  EXPECT_FALSE(fs::exists(studio.File));
-  wave->Close();
-  wave->Close();
-  EXPECT_EQ(ErrorOf([&] { wave->Save(); }), 52);
-  EXPECT_EQ(ErrorOf([&] { wave->SetPosition(-1); }), 5);
-  EXPECT_EQ(ErrorOf([&] { wave->Open(kWave); }), 53);
 }
 
 TEST(WaveFile, MoreThanASizeFieldHoldsIsRefused) {

@@ -14,7 +14,8 @@ namespace {
 
 const Text kWave = L"C:\\a.wav", kCopy = L"C:\\b.wav";
 
-// A file in memory with a cursor and a value that is read back, which only a write tears apart.
+// A model of the file in memory, with the position of the file and the reported position. Only
+// writes make the two differ.
 struct Model {
   std::string Data;
   std::size_t Value = 0, Cursor = 0;
@@ -159,7 +160,7 @@ TEST(WaveObject, WhatIsNoSoundIsAnErrorOrNothing) {
   EXPECT_EQ(ErrorOf([&] { wave.SaveRange(kCopy); }), 52);
   EXPECT_EQ(ErrorOf([&] { wave.SetPosition(-1); }), 5);
 
-  for (const bool there : {false, true}) {  // a file without a byte is as good as none
+  for (const bool there : {false, true}) {  // an empty file counts as missing
     wave.FileMustExist = false;
     wave.SetFileName(there ? kCopy : kWave);
     if (there) Put(home / "b.wav", "");
@@ -177,7 +178,7 @@ TEST(WaveObject, WhatIsNoSoundIsAnErrorOrNothing) {
   wave.SetFileName(kWave);
   wave.Open();
   wave.PlayEnd = 750'000;
-  fs::resize_file(home / "a.wav", 1'000'000);  // by another program
+  fs::resize_file(home / "a.wav", 1'000'000);  // done by another program
   std::string rest(3'000'000, '\0');
   EXPECT_EQ(wave.ReadData(rest.data(), rest.size()), 1'000'000U - 44);
   EXPECT_EQ(ErrorOf([&] { wave.WriteData("x", 1); }), 57);
@@ -193,7 +194,7 @@ TEST(WaveObject, TwoGibibytesLessOneAreTheMostThatBytesCanTell) {
   const auto sparse = [&](std::uint64_t file) {
     Put(home / "a.wav", "RIFF" + Number(file - 8, 4) + "WAVE" + Chunk("fmt ", Format{}.Bytes()) +
                             "data" + Number(file - 44, 4));
-    fs::resize_file(home / "a.wav", file);  // a hole: takes no room
+    fs::resize_file(home / "a.wav", file);  // a sparse file takes no disk space
   };
   WaveObject wave(home.Files);
   wave.TimeFormat = TimeFormat::tfByte;
@@ -206,34 +207,12 @@ TEST(WaveObject, TwoGibibytesLessOneAreTheMostThatBytesCanTell) {
   wave.SetPosition(wave.DataSize() - 2);
   wave.WriteData("xy", 2);
   wave.Close();
-  EXPECT_EQ(fs::file_size(home / "a.wav"), 0x80000000U);  // with the byte that makes it even
+  EXPECT_EQ(fs::file_size(home / "a.wav"), 0x80000000U);  // includes the padding byte
   sparse(0x80000100);
   wave.Open();
   EXPECT_EQ(ErrorOf([&] { static_cast<void>(wave.DataSize()); }), 6);
   wave.TimeFormat = TimeFormat::tfSample;
   EXPECT_EQ(wave.DataSize(), (0x80000100LL - 44) / 4);
-}
-
-TEST(WaveComponent, BehindATriggerItsFileIsMadeAnew) {
-  Home home;
-  Put(home / "a.wav", Wave(Noise(30'002), Chunk("LIST", "x")));
-  Put(home / "tmp/b.wav", Noise(500));
-  WaveComponent source(home.Files);
-  source.Wave.SetFileName(kWave);
-  source.Wave.Open();
-  source.Wave.PlayStart = 10;
-  source.Wave.PlayEnd = source.Wave.DataSize();
-  for (const Text& file : {Text(L"C:\\tmp\\b.wav"), Text(L"C:\\new\\folder\\b.wav")}) {
-    WaveComponent target(home.Files);
-    target.Wave.FileMustExist = false;
-    target.Wave.SetFileName(file);
-    target.Receive();
-    source.Rewind();
-    MMData data;
-    for (source.Pull(data); data.Bytes > 0; source.Pull(data)) target.Push(data);
-    target.Wave.Close();
-    EXPECT_TRUE(Get(home.Files.SystemPath(file)) == Wave(Noise(30'000).substr(40)));
-  }
 }
 
 }  // namespace vantora::test

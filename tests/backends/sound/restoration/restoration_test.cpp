@@ -81,24 +81,6 @@ Sound Drums(std::size_t length) {
   return sound;
 }
 
-Sound Voice(std::size_t length) {  // pulses through three formants
-  Sound sound = Noise(length, 1e-4, 5);
-  double phase = 0;
-  for (std::size_t i = 0; i < length; ++i) {
-    phase += 120 * (1 + 0.1 * std::sin(static_cast<double>(i) / 15000)) / kRate;
-    if (phase >= 1) sound[i] += 1;
-    phase -= std::floor(phase);
-  }
-  for (const auto& [pitch, width] : {std::pair{600, 80}, {1200, 100}, {2500, 140}}) {
-    const double r = std::exp(-std::numbers::pi * width / kRate);
-    const double c = 2 * r * std::cos(2 * std::numbers::pi * pitch / kRate);
-    for (std::size_t i = 2; i < length; ++i) sound[i] += c * sound[i - 1] - r * r * sound[i - 2];
-  }
-  const double scale = 4000 / std::sqrt(Power(sound, 0, length));
-  for (double& sample : sound) sample *= scale;
-  return sound;
-}
-
 std::int16_t Sample(double value) {
   return static_cast<std::int16_t>(std::lround(std::clamp(value, -32767.0, 32767.0)));
 }
@@ -125,7 +107,7 @@ struct Studio {
   }
 };
 
-using Buffers = std::function<int()>;  // the frames of the next one
+using Buffers = std::function<int()>;  // returns the number of frames of the next buffer
 using Levels = std::function<float()>;
 Buffers Of(int frames) {
   return [frames] { return frames; };
@@ -134,7 +116,8 @@ Levels At(float level) {
   return [level] { return level; };
 }
 
-// What comes out of the left channel; the right one plays the same upside down, and must stay so.
+// The output of the left channel. The right channel gets the inverted sound, and its output must be
+// inverted too.
 Sound Through(Filter filter, const Sound& sound, const Levels& level = At(0.5F),
               const Buffers& buffer = Of(1024)) {
   Studio studio(filter);
@@ -157,7 +140,7 @@ Sound Through(Filter filter, const Sound& sound, const Levels& level = At(0.5F),
   return out;
 }
 
-// Powers of bands of about 100 Hz.
+// Energies in bands of about 100 Hz.
 Sound Bands(const Sound& sound) {
   constexpr std::size_t kSize = 4096, kWidth = 9;
   RealFft fft(kSize);
@@ -179,7 +162,7 @@ Sound Bands(const Sound& sound) {
 }  // namespace
 
 TEST(Restoration, OffOrAtLevelZeroOrNotStartedAFilterLeavesEverySample) {
-  Sound sound = Noise(20000, 1e9, 1);  // clipped, and crackling all over
+  Sound sound = Noise(20000, 1e9, 1);  // clipped, with crackle everywhere
   Rounded(sound);
   for (const Filter filter : {kDeclick, kDecrackle, kDenoise}) {
     EXPECT_TRUE(Through(filter, sound, At(0)) == sound) << filter;
@@ -251,10 +234,9 @@ TEST(Restoration, NineOfTenDamagesSixDecibelsOverTheMusicAreGoneAndTheMusicBesid
   }
 }
 
-TEST(Restoration, CleanMusicDrumsAndVoicesAreNotTakenForDamage) {
+TEST(Restoration, CleanMusicAndDrumsAreNotTakenForDamage) {
   const Sound chords = Chords(6 * kRate, 0.8, 1.5), drums = Drums(chords.size());
-  for (const Sound& clean :
-       {chords, chords + Noise(chords.size(), 1000, 8), drums, Voice(chords.size())}) {
+  for (const Sound& clean : {chords, chords + Noise(chords.size(), 1000, 8), drums}) {
     for (const Filter filter : {kDeclick, kDecrackle}) {
       const Sound out = Through(filter, clean);
       std::size_t touched = 0;
@@ -320,7 +302,8 @@ TEST(Restoration, WhereBuffersMeetIsNotHeardEvenWhenTheLevelMoves) {
   }
 }
 
-// Any sound, buffer and level: as much comes out as goes in, and no louder.
+// For any sound, buffer size and level, the number of frames stays the same and the sound gets no
+// louder.
 TEST(Restoration, HostileSoundNeverExplodes) {
   std::mt19937 random(11);
   const std::size_t length = 60000;
@@ -329,7 +312,7 @@ TEST(Restoration, HostileSoundNeverExplodes) {
   for (std::size_t i = 0; i < length; ++i) {
     square[i] = i / 100 % 2 ? 32767 : -32767;
     edge[i] = i % 2 ? 32767 : -32767;
-    if (i > length / 2) wild[i] = 0;  // and then nothing at all
+    if (i > length / 2) wild[i] = 0;  // silence in the second half
   }
   single[30000] = 32767;
   for (const Sound& sound : {square, wild, silence, single, edge, Sound(length, 32767)}) {
@@ -339,7 +322,7 @@ TEST(Restoration, HostileSoundNeverExplodes) {
       const Sound out = Through(filter, sound, level, buffer);
       EXPECT_LE(Power(out, 0, length), 1.05 * Power(sound, 0, length)) << filter;
       const double distance = Power(out - sound, 0, length);
-      if (filter == kDenoise) continue;  // to which such noise is hiss
+      if (filter == kDenoise) continue;  // the denoiser takes such noise for hiss
       EXPECT_LE(distance, 0.2 * Power(sound, 0, length) + 32768.0 * 32768 / length) << filter;
     }
   }

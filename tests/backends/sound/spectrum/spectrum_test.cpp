@@ -58,7 +58,7 @@ class Waterfall : public testing::Test {
   struct Spot {
     int X, Y;
   };
-  // The highest place of the cut through the first block, whose areas have no edge.
+  // The highest point of the front face, whose areas have no edge line.
   Spot Peak() const {
     Spot peak{0, height};
     for (const DrawItem& item : picture.Drawing()) {
@@ -69,7 +69,7 @@ class Waterfall : public testing::Test {
     }
     return peak;
   }
-  // Top and bottom of all that rises from the floor.
+  // Top and bottom of everything that rises from the floor.
   Spot Behind() const {
     Spot extent{height, 0};
     int areas = 0;
@@ -150,7 +150,7 @@ TEST_F(Waterfall, OfSilenceIsTheFloorWithItsScalesAndOfNothingNothing) {
   EXPECT_TRUE(LabelAt(L"0") && LabelAt(L"100") && LabelAt(L"frequency"));
   Draw({}, 0);
   EXPECT_TRUE(picture.Drawing().empty());
-  library.func_17(Tone(1000, 1000, 1).data(), 1, kBlock, 1);  // no picture is begun
+  library.func_17(Tone(1000, 1000, 1).data(), 1, kBlock, 1);  // no spectrum has been begun
   library.func_18(picture, height, width, L"", L"");
   EXPECT_TRUE(picture.Drawing().empty());
 }
