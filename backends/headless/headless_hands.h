@@ -64,7 +64,7 @@ class HeadlessHands final : public Hands {
   void Effect(Control& control, const KeyStroke& stroke);
   void LetGo(Control& control, int key);
   void TypeInto(TextBox& box, const KeyStroke& stroke);
-  void MoveInList(ListControl& list, int key);
+  void MoveInList(ListControl& list, const KeyStroke& stroke);
   void MoveInView(ListView& list, const KeyStroke& stroke);
   void MoveSlider(Slider& slider, int key);
   void MoveOption(OptionButton& option, int key);
@@ -75,7 +75,7 @@ class HeadlessHands final : public Hands {
   bool shift_ = false;                     // held while the mouse presses
   int held_ = 0;                           // controls that are still to be let go
   int row_ = 0;                            // of a list, where the mouse is; 0 for none
-  std::map<const Control*, int> current_;  // the row that a table stands on
+  std::map<const Control*, int> current_;  // the row that a list stands on
   const Control* marked_ = nullptr;        // the text box whose whole text is marked
   const Control* keyHeld_ = nullptr;       // the button that the space bar holds down
 };

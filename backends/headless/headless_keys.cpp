@@ -71,7 +71,7 @@ void HeadlessHands::Effect(Control& control, const KeyStroke& stroke) {
       return;
     case ControlKind::ComboBox:
     case ControlKind::ListBox:
-      return MoveInList(static_cast<ListControl&>(control), stroke.Code);
+      return MoveInList(static_cast<ListControl&>(control), stroke);
     case ControlKind::ListView:
       return MoveInView(static_cast<ListView&>(control), stroke);
     case ControlKind::Slider:

@@ -38,6 +38,7 @@ void HeadlessHands::SelectRow(Control& control, int row, bool toggles) {
     if (toggles) items(row).SetSelected(!items(row).Selected());
   } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
     if (row > list->ListCount()) return;
+    current_[list] = row;
     const bool on = !toggles || !list->Selected(row - 1);
     for (int other = 0; other < list->ListCount() && !toggles && list->MultiSelect; ++other) {
       if (other != row - 1 && list->Selected(other)) list->Select(other, false);
@@ -124,18 +125,33 @@ bool Walks(int key) {
 }  // namespace
 
 // In a list without a selection the first arrow selects the current row.
-void HeadlessHands::MoveInList(ListControl& list, int key) {
+void HeadlessHands::MoveInList(ListControl& list, const KeyStroke& stroke) {
   if (list.ListCount() == 0) return;
+  const int key = stroke.Code;
   auto* box = dynamic_cast<ListBox*>(&list);
+  if (stroke.Control && key == 'A') {
+    if (box == nullptr || !box->MultiSelect || box->SelCount() == box->ListCount()) return;
+    const int line = box->ListIndex;
+    for (int i = 0; i < box->ListCount(); ++i) box->Select(i, true);
+    box->ListIndex = std::max(line, 0);
+    return Call(list, list.Click);
+  }
   const int present = list.ListIndex;
   if (box != nullptr && key == kKeySpace) {
     if (present < 0 || box->Selected(present)) return;
     box->Select(present, true);
     return Call(list, list.Click);
   }
+  // In a closed combo box the keys for pages move by one line.
+  int moves = key;
+  if (box == nullptr && key == kKeyPageUp) moves = kKeyUp;
+  if (box == nullptr && key == kKeyPageDown) moves = kKeyDown;
+  const auto last = current_.find(&list);
+  const bool known = last != current_.end() && last->second <= list.ListCount();
+  const int standing = known ? last->second - 1 : 0;
   const bool nothing = box != nullptr && box->SelCount() == 0;
-  const int row =
-      nothing && Walks(key) ? std::max(present, 0) : Moved(present, key, 0, list.ListCount() - 1);
+  const int row = nothing && Walks(key) ? present < 0 ? standing : present
+                                        : Moved(present, moves, 0, list.ListCount() - 1);
   if (row < 0 || (row == present && !nothing)) return;
   if (nothing && !Walks(key) && row == present) return;
   if (box != nullptr) {
@@ -153,7 +169,12 @@ void HeadlessHands::MoveInView(ListView& list, const KeyStroke& stroke) {
   const int present = std::max(PresentRow(list), 1);
   int row = present;
   if (stroke.Control && stroke.Code == 'A') {
-    for (int i = 1; i <= count; ++i) list.ListItems(i).SetSelected(true);
+    bool changes = false;
+    for (int i = 1; i <= count; ++i) {
+      changes = changes || !list.ListItems(i).Selected();
+      list.ListItems(i).SetSelected(true);
+    }
+    if (!changes) return;
   } else {
     const bool here =
         !list.ListItems(present).Selected() && (Walks(stroke.Code) || stroke.Code == kKeySpace);
