@@ -25,7 +25,7 @@ TEST_SECONDS = 120
 # Each area: the targets to build and the tests to run, as a pattern for ctest.
 AREAS = {
     "catalog": ("product_tests backend_tests vantora-robot",
-                r"^(Katalog|KatalogDatei|Import|Start|Dienste|Extras|Zahlen|Zeichen|FestText|"
+                r"^(Katalog|KatalogDatei|Import|Start|Dienste|Extras|Zahlen|Zeichen|"
                 r"Optionen|Layout|Meldung|Ende|DriveTable|Linux.*|SettingsFile|ProfileFiles)\."),
     "cdinput": ("product_tests backend_tests vantora-robot cddb-server",
                 r"^(Cd.*|ClsCCd|Cddb.*|CDKopieren|CDPlayer.*|Datenbank.*|TitelHolen|Drive|Player|"

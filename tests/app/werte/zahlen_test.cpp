@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "app/werte/fest_text.h"
 #include "tests/backends/linux/home.h"
 
 #include <cmath>
@@ -48,16 +47,6 @@ TEST(Zahlen, FormatsKeepTheirPatterns) {
   EXPECT_EQ(Format(-0.001, L"0.00"), L"0.00");
   EXPECT_EQ(ZahlText(9520000 / 44.1).substr(0, 10), L"215873.015");
   EXPECT_EQ(HexText(48879), L"BEEF");
-}
-
-TEST(FestText, IsNulAtBirthPaddedByAssignmentAndCutWithoutAWord) {
-  FixedText<5> feld;
-  EXPECT_EQ(feld.Ganz(), Text(5, L'\0'));
-  EXPECT_EQ(feld.Getrimmt(), L"");
-  feld = L"ab";
-  EXPECT_EQ(feld.Ganz(), L"ab   ");
-  feld = L"abcdefg";
-  EXPECT_EQ(feld.Ganz(), L"abcde");
 }
 
 TEST(Zeichen, EveryByteHasACharacterThatGivesItBack) {
