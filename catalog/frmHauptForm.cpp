@@ -4,6 +4,8 @@
 #include "app/programm.h"
 #include "app/werte/feld.h"
 #include "app/werte/zahlen.h"
+#include "catalog/bildschirm_pruefung.h"
+#include "dialogs/frmStartAssistent.h"
 
 #include "platform/twips.h"
 
@@ -13,7 +15,6 @@ namespace {
 
 constexpr const wchar_t* kKleinesLayout = L"frmHauptForm";
 constexpr const wchar_t* kGrossesLayout = L"frmHauptForm_1000";
-constexpr int kKleinesteFarbtiefe = 16;  // bits per pixel
 constexpr int kListenSchriftGross = 11;
 
 // The texts of the table's head and of the buttons have consecutive numbers.
@@ -29,9 +30,19 @@ const std::vector<ListView::Column>& Spalten() {
 
 }  // namespace
 
-frmHauptForm::frmHauptForm(Programm& programm) : VtrFenster(programm, L"frmHauptForm") {
-  WavePlayer = prog.plattform.mmtools.NewPlayer();
-  MMWaveFileX1 = prog.plattform.mmtools.NewWaveFile();
+frmHauptForm::frmHauptForm(Programm& programm)
+    : VtrFenster(programm, L"frmHauptForm"),
+      MMWaveFileX1(programm.plattform.mmtools.NewWaveFile()),
+      vorschau_(programm, *MMWaveFileX1, Level),
+      zeiten_(programm, lblKatalogLaenge, lblRestzeitCD),
+      liste_(programm, {lvwKatalog, lblKatalogTitel, lblKatalogInterpret, lblKatalogDatei}, zeiten_,
+             vorschau_, *MMWaveFileX1),
+      bearbeitung_(programm, liste_, zeiten_, vorschau_, *MMWaveFileX1),
+      ablage_(programm, liste_, zeiten_, vorschau_),
+      import_(programm, {liste_, bearbeitung_, vorschau_, *MMWaveFileX1}, *this),
+      kopie_(programm, {liste_, ablage_, vorschau_}, *this),
+      stapel_(programm, {shpStapel, lblKatalogDatei, lblRestzeitCD}, liste_, vorschau_, *this),
+      start_(programm, {liste_, ablage_, vorschau_}, *this) {
   HasBorder = false;
   KnoepfeEinrichten();
   MenueEinrichten();
@@ -83,7 +94,6 @@ void frmHauptForm::KnoepfeEinrichten() {
   lvwKatalog.MouseUp = [this](int taste) { lvwKatalog_MouseUp(taste); };
   lvwKatalog.OLEDragOver = [this](const std::vector<Text>& d) { return lvwKatalog_OLEDragOver(d); };
   lvwKatalog.OLEDragDrop = [this](const std::vector<Text>& d) { lvwKatalog_OLEDragDrop(d); };
-  MMConnectorX1();
   shpStapel.Visible = false;
 }
 
@@ -99,20 +109,6 @@ void frmHauptForm::MenueEinrichten() {
                      }},
                     {L"mnuDelete", L"", [this] { KatRowDelete(); }},
                     {L"mnuWaveAssistent", L"", [this] { mnuWaveAssistent_Click(); }}}});
-}
-
-void frmHauptForm::MMConnectorX1() {
-  WavePlayer->OnStart = [this] { Abspielen = true; };
-  WavePlayer->OnStop = [this] {
-    // An earlier preview has ended, and its notification came late.
-    if (WavePlayer->Playing()) return;
-    PlayWaveNormal(L"");
-    Abspielen = false;
-  };
-  WavePlayer->OnLevel = [this](int links, int rechts) {
-    Level.PeakLeft = links;
-    Level.PeakRight = rechts;
-  };
 }
 
 void frmHauptForm::SetTexte() {
@@ -158,15 +154,11 @@ void frmHauptForm::SetTexte() {
 }
 
 void frmHauptForm::Form_Load() {
-  const bool farbenReichen = prog.plattform.bildschirm.BitsPerPixel() >= kKleinesteFarbtiefe;
-  if (!farbenReichen) {
-    prog.MsgBoxen(LoadResString(8011), kStopp);
-    throw ProgrammEnde{};
-  }
+  FarbenPruefen(prog);
   LayoutAnwenden(kKleinesLayout);
   ToolTipsSetzen(*this);
   Init_Prog();
-  BildschirmPruefen();
+  GroesseAnpassen();
   grundbild_ = Picture;
   Hintergrund(prog.BackgroundPic);
   for (const TabellenKnopf& eintrag : KnopfTabelle()) {
@@ -187,31 +179,49 @@ void frmHauptForm::Form_Load() {
   prog.plattform.schleife.DoEvents();
   prog.frmStartUp.Entladen();
   prog.plattform.schleife.MousePointer(Pointer::Normal);
-  AusgebessertZeigen();
+  start_.AusgebessertZeigen();
   if (prog.Show_Start_Assistant) StartAssistentZeigen();
 }
 
-void frmHauptForm::BildschirmPruefen() {
-  Display& bildschirm = prog.plattform.bildschirm;
-  // Divides the height by the horizontal and the width by the vertical size of a pixel. Both sizes
-  // are equal on square pixels, and the limits below were set for this division.
-  prog.BildschirmHoehe = Ganz32(bildschirm.Height() / bildschirm.TwipsPerPixelX());
-  prog.BildschirmBreite = Ganz32(bildschirm.Width() / bildschirm.TwipsPerPixelY());
-  const auto ablehnen = [this](int text) {
-    prog.MsgBoxen(LoadResString(text), kStopp);
-    throw ProgrammEnde{};
-  };
-  const bool hoch = prog.BildschirmHoehe == 1024;
-  const bool grosseSchrift = bildschirm.TwipsPerPixelX() == kLargeFontTwipsPerPixel;
-  if (prog.BildschirmBreite == 640) ablehnen(8012);
-  if (prog.BildschirmBreite == 800) Picture = L"PICBACK_800";
-  if (prog.BildschirmBreite == 1024) {
-    if (hoch) ablehnen(8083);
-    GrossesLayout();
+void frmHauptForm::GroesseAnpassen() {
+  const FensterGroesse groesse = BildschirmPruefen(prog);
+  if (groesse == FensterGroesse::Klein) Picture = L"PICBACK_800";
+  if (groesse == FensterGroesse::Gross) {
+    LayoutAnwenden(kGrossesLayout);
+    Picture = L"PICBACK_1000";
   }
-  if (prog.BildschirmBreite > 1024) {
-    if (hoch || grosseSchrift) ablehnen(8083);
-    GrossesLayout();
+}
+
+void frmHauptForm::KnoepfeZeigen() {
+  for (const TabellenKnopf& eintrag : KnopfTabelle()) KnopfBild(*eintrag.Knopf);
+}
+
+void frmHauptForm::StartAssistentZeigen() {
+  const std::shared_ptr<vantora::frmStartAssistent> assistent = prog.frmStartAssistent.Laden();
+  prog.ZeigeModal(assistent);
+  const int ergebnis = assistent->Ergebnis;
+  prog.frmStartAssistent.Entladen();
+  switch (ergebnis) {
+    case 0:
+      Release(imgCDKopieren);
+      break;
+    case 1:
+      Release(imgCDAuslesen);
+      break;
+    case 2:
+      Release(imgLPAufnehmen);
+      break;
+    case 3:
+      Release(imgKatalogÖffnen);
+      break;
+    case 4:
+      Release(imgDatenBank);
+      break;
+    case 5:
+      Release(imgLiedImport);
+      break;
+    default:
+      break;
   }
 }
 
@@ -226,15 +236,8 @@ void frmHauptForm::Hintergrund(bool zeigen) {
   }
 }
 
-void frmHauptForm::GrossesLayout() {
-  LayoutAnwenden(kGrossesLayout);
-  Picture = L"PICBACK_1000";
-}
-
 void frmHauptForm::Form_GotFocus() {
-  Level.Active = false;
-  Level.Active = true;
-  prog.plattform.schleife.DoEvents();
+  vorschau_.PegelErneuern();
   KatalogShow();
 }
 

@@ -1,21 +1,31 @@
 // The main window: the catalog as a list, its operations, and the twenty buttons that open all
 // other functions. Only this window changes the catalog.
+//
+// The window holds the controls and forwards: each handler hands the work to one of the parts,
+// which keep their state to themselves (preview, list, times, edits, files, import, copy of a disc,
+// batch, start).
 #pragma once
 
 #include "app/fenster.h"
 #include "app/katalog_dienst.h"
-#include "app/zustand/katalog_eintrag.h"
+#include "catalog/cd_kopie.h"
+#include "catalog/effekt_stapel.h"
+#include "catalog/haupt_fenster.h"
+#include "catalog/katalog_ablage.h"
+#include "catalog/katalog_bearbeitung.h"
+#include "catalog/katalog_liste.h"
+#include "catalog/katalog_zeiten.h"
+#include "catalog/lied_import.h"
+#include "catalog/programm_start.h"
+#include "catalog/vorschau.h"
 
-#include "platform/edits.h"
 #include "platform/mmtools.h"
 
 #include <memory>
 
 namespace vantora {
 
-struct WaveBefund;  // catalog/wave_pruefung.h
-
-class frmHauptForm final : public VtrFenster, public KatalogDienst {
+class frmHauptForm final : public VtrFenster, public KatalogDienst, private HauptFenster {
  public:
   explicit frmHauptForm(Programm& programm);
 
@@ -26,99 +36,91 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   void Form_Paint() override;
   void Form_Close() override { imgÜberblenden_MouseUp(); }
   void SetTexte() override;
-  void Init_Prog();
-
-  bool Soundkarte = false;  // at least one wave output device was found
+  void Init_Prog() { start_.Init_Prog(); }
 
   // ---- buttons, in the order of their captions ----
-  void imgCDKopieren_MouseUp();
+  void imgCDKopieren_MouseUp() { kopie_.Kopieren(); }
   void imgCDAuslesen_MouseUp();
   void imgLPKopieren_MouseUp();
   void imgLPAufnehmen_MouseUp();
-  void imgLiedImport_MouseUp();
-  void imgLiedKatalog_MouseUp();
+  void imgLiedImport_MouseUp() { import_.Importieren(); }
+  void imgLiedKatalog_MouseUp() { ablage_.LiedKatalog(); }
   void imgDatenBank_MouseUp();
   void imgExtras_MouseUp();
   void imgNeuerKatalog_MouseUp();
-  void imgKatalogÖffnen_MouseUp();
-  void imgKatalogSpeichern_MouseUp();
-  void imgKatalogAnhaengen_MouseUp();
+  void imgKatalogÖffnen_MouseUp() { ablage_.Oeffnen(); }
+  void imgKatalogSpeichern_MouseUp() { ablage_.Speichern(); }
+  void imgKatalogAnhaengen_MouseUp() { ablage_.Anhaengen(); }
   void imgPrintCover_MouseUp();
   void imgTitel_MouseUp();
   void imgDeleteTitel_MouseUp();
   void imgÜberblenden_MouseUp();
-  void imgBrennen_MouseUp();
+  void imgBrennen_MouseUp() override;
   void imgMixer_MouseUp();
-  void imgAssistent_MouseUp();
+  void imgAssistent_MouseUp() { mnuWaveAssistent_Click(); }
   void imgWaveEdit_MouseUp();
   void mnuWAVEditor_Click();
-  void mnuWaveAssistent_Click();  // starts the batch
+  void mnuWaveAssistent_Click() { stapel_.Beginnen(); }
   void imgAbspielen_MouseUp();
-  void imgStop_MouseUp();
-  void imgMove_MouseUp(int index);  // 0 up, 1 down
-  void imgDelTitel_MouseUp();
-  void imgTitelBearb_MouseUp();
+  void imgStop_MouseUp() { vorschau_.Stop(); }
+  void imgMove_MouseUp(int index) { bearbeitung_.Verschieben(index == 0 ? -1 : 1); }  // 0 up
+  void imgDelTitel_MouseUp() { KatRowDelete(); }
+  void imgTitelBearb_MouseUp() { bearbeitung_.Eigenschaften(); }
   void imgMinimize_MouseUp();
   void Logo_Click();
   void lvwKatalog_ItemClick(int zeile);
   void lvwKatalog_KeyUp(int taste);
   void lvwKatalog_MouseUp(int taste);
-  // Dropped files do not enter the catalog: only the import button adds files.
+  // Dropped files do not enter the catalog: only the import button adds files, because it asks the
+  // user about them.
   bool lvwKatalog_OLEDragOver(const std::vector<Text>& dateien) const;
-  void lvwKatalog_OLEDragDrop(const std::vector<Text>& dateien);
+  void lvwKatalog_OLEDragDrop(const std::vector<Text>& /*dateien*/) {}
   void lvwKatalog_DragDrop() {}
 
   // ---- catalog operations ----
-  void KatalogNeu() override;                // empties the view only
-  void KatalogInitialisieren() override;     // begins a new catalog
-  void KatalogGeaendertFragen();             // offers to save a changed catalog
-  bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
+  void KatalogNeu() override { liste_.KatalogNeu(); }
+  void KatalogInitialisieren() override { ablage_.KatalogInitialisieren(); }
+  void KatalogGeaendertFragen() { ablage_.KatalogGeaendertFragen(); }
+  bool KatalogSpeichern(const Text& datei) { return ablage_.KatalogSpeichern(datei); }
   std::int64_t KatalogLaengeBerechnen(Text& text) const;  // returns ms; `text` becomes "hh:mm:ss"
-  void ObInZeitGrenzen(std::int64_t ms);
+  void ObInZeitGrenzen(std::int64_t ms) { zeiten_.ObInZeitGrenzen(ms); }
   void Katalog_AddWaveFile(const Text& datei, const Text& titel) override;
-  void KatRowDelete();
-  void SetNewPos(std::int16_t von, std::int16_t nach);
-  void KatalogLastStepSave();
-  void KatalogUndo();
-  void KatalogAnfuegen(const KatalogFeld& quelle);
-  void LoadLastCat();
-  void KatalogTitelSuchen(const Text& datei, const Text& datum, Text& titel, Text& interpret,
-                          Text& pause);
-  // Fills the lists from index 1; index 0 is unused. Lengths are in seconds.
+  void KatRowDelete() { liste_.KatRowDelete(); }
+  void SetNewPos(std::int16_t von, std::int16_t nach) { bearbeitung_.SetNewPos(von, nach); }
+  void KatalogLastStepSave() { liste_.KatalogLastStepSave(); }
+  void KatalogUndo() { liste_.KatalogUndo(); }
+  void LoadLastCat() { ablage_.LoadLastCat(); }
   void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
                    std::vector<std::int32_t>& laengen, Text& katalogTitel,
                    Text& katalogInterpret) override;
-  void GetFileNames(std::vector<Text>& dateien) const override;
-  Text KatalogTitel() const override { return lblKatalogTitel.Caption; }
-  Text KatalogInterpret() const override { return lblKatalogInterpret.Caption; }
-  // Rebuilds the list, rereads changed files, and removes tracks whose files are missing or
-  // invalid.
-  void KatalogShow() override;
+  void GetFileNames(std::vector<Text>& dateien) const override { liste_.GetFileNames(dateien); }
+  Text KatalogTitel() const override { return liste_.KatalogTitel(); }
+  Text KatalogInterpret() const override { return liste_.KatalogInterpret(); }
+  void KatalogShow() override { liste_.KatalogShow(); }
   void MedleyFunktion();
-  void TrackDatenAendern(bool ohneUndo = false);
-  void NeuenTrackBearbeiten(int nummer) override;
-  void KatalogDatenAendern(bool ohneUndo = false);
-  void LiedAusKatalogAnzeige();
-  void LiedAusKatalogImport();
+  void TrackDatenAendern(bool ohneUndo = false) { bearbeitung_.TrackDatenAendern(ohneUndo); }
+  void NeuenTrackBearbeiten(int nummer) override { bearbeitung_.NeuenTrackBearbeiten(nummer); }
+  void KatalogDatenAendern(bool ohneUndo = false) { bearbeitung_.KatalogDatenAendern(ohneUndo); }
+  void LiedAusKatalogAnzeige() { ablage_.LiedAusKatalogAnzeige(); }
+  void LiedAusKatalogImport() { bearbeitung_.LiedAusKatalogImport(); }
 
-  // Plays a wave file as preview; an empty text stops.
-  void PlayWaveNormal(const Text& datei) override;
-  void Hintergrund(bool zeigen) override;
+  // ---- preview and window, for lower windows ----
+  void PlayWaveNormal(const Text& datei) override { vorschau_.PlayWaveNormal(datei); }
   void PlayWaveMitte(const Text& datei, std::int32_t sekunden) override;
-  bool Spielt() const override { return Abspielen; }
-  void SpieltSetzen(bool spielt) override { Abspielen = spielt; }
-  bool SpielerLaeuft() const override { return WavePlayer->Playing(); }
+  bool Spielt() const override { return vorschau_.Spielt(); }
+  void SpieltSetzen(bool spielt) override { vorschau_.SpieltSetzen(spielt); }
+  bool SpielerLaeuft() const override { return vorschau_.SpielerLaeuft(); }
+  void Hintergrund(bool zeigen) override;
   bool Sichtbar() const override { return Visible(); }
   bool Frei() const override { return Window.Enabled; }
   void FreiSetzen(bool frei) override { Window.Enabled = frei; }
   void FokusAufListe() override;
   void Beenden() override { imgÜberblenden_MouseUp(); }
 
-  std::int16_t AktuellerTitel = 0;  // selected track, 0 for none
-  bool Abspielen = false;
-  bool KatalogAnzeigenInteraktiv = true;
-  bool KatalogGeladen = false;  // the next display leaves lblKatalogDatei unchanged
-  std::int16_t DateienGesamt = 0, DateienOffen = 0, DateiNummer = 0;  // of one import
+  // ---- state ----
+  bool Soundkarte() const { return vorschau_.Soundkarte(); }
+  int AktuellerTitel() const { return liste_.AktuellerTitel(); }
+  const LiedImport& Import() const { return import_; }
 
   // ---- controls ----
   PictureButton Logo{*this, L"Logo"};
@@ -161,91 +163,40 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst {
   PictureButton imgWaveEdit{*this, L"imgWaveEdit"};
   ControlArray<Label, 20> lblButtCaption{*this, L"lblButtCaption"};
 
-  // ---- components ----
-  std::unique_ptr<MMWavePlayerX> WavePlayer;
-  std::unique_ptr<MMWave> MMWaveFileX1;
+  std::unique_ptr<MMWave> MMWaveFileX1;  // measures and checks wave files
 
  private:
-  Text grundbild_;  // the background when the user has chosen no picture
-  // start-up
-  void BildschirmPruefen();
-  void GrossesLayout();
-  void StartAssistentZeigen();
-  MendedEdits Ausgebessert;  // what the start has repaired after a program was killed
-  void AusgebessertZeigen();
-  void Schritt(const std::function<void()>& anweisung);
-  bool NochmalNachFehler(int nummer, const Text& beschreibung);
-  void StartKomponenten();
-  void StartSoundkarte();
-  void StartOptionen();
-  void StartBrenner();
-  void Status(int text);
-  void KnoepfeEinrichten();
-  void MenueEinrichten();
-  void MMConnectorX1();  // connects the player with the level meter
-
-  // texts
   struct TabellenKnopf {
     PictureButton* Knopf;
     void (frmHauptForm::*Aktion)();
   };
+
+  // HauptFenster
+  void KnoepfeZeigen() override;
+  void EndeErlauben(bool erlaubt) override { CloseWhileDisabled = erlaubt; }
+
+  // making
   std::vector<TabellenKnopf> KnopfTabelle();
+  void KnoepfeEinrichten();
+  void MenueEinrichten();
+  void GroesseAnpassen();
 
-  // display
-  void ZeileFuellen(int i, const Text& datei, const WaveBefund& befund);
-  void PauseBestimmen(int i);
-  void DateiNachlesen(KatalogEintrag& eintrag, const Text& datei, const WaveBefund& befund);
-  bool UngueltigeEntfernen(const std::vector<WaveBefund>& befunde);
-  void RestzeitZeigen(std::int64_t restMs, bool gruen);
-  void ZeigeLaengeNachOeffnen();
-  void MixerFragen();
-  int GewaehlteZeile() const;
-
-  // operations
-  struct KatalogNamen {
-    Text Datei, Letzter;
-  };
-  enum class Sicherung { Fertig, Abgelehnt, Abgebrochen };
-  Sicherung KatalogSichern();  // asks once for a name
-  bool KatalogWaehlen(int mehrere, KatalogNamen& gewaehlt);
-  void NeuerKatalog();  // begins an empty catalog without a file
-  KatalogNamen Namen() const;
-  void NamenSetzen(const KatalogNamen& namen);
-  KatalogNamen KatalogDialog(int modus);
-  // Returns the present number of a record that was at `nummer`. Removed records above it may have
-  // moved it up; 0 when the record itself was removed.
-  int Wiederfinden(const KatalogEintrag& eintrag, int nummer) const;
-  void TitelUndInterpret(const Text& datei, const Text& datum, const Text& vorschlag, Text& titel,
-                         Text& interpret);
-
-  // import
-  enum class Einfuhr { Fertig, Weiter, Ende };  // what becomes of the rest of the files
-  Einfuhr EineDatei(const Text& datei, bool mehrere);
-  Einfuhr WaveDatei(const Text& datei, bool mehrere, Text& fertig);
-  Einfuhr Mp3Datei(const Text& datei, Text& fertig);
-  bool VonCDKopieren(Text& datei);
-  Einfuhr Mp3Ziel(const Text& datei, Text& ziel);
-  Einfuhr Mp3Konvertieren(const Text& quelle, const Text& ziel);
-  void Aufnehmen(const Text& datei);
-
-  // copying a CD
-  bool KopieLaeuft = false;  // from the button to the burn window
-  void CDKopieren();
-  Text QuellLaufwerk();
-  bool QuellDiscOeffnen(const Text& laufwerk);
-  bool KopieVorbereiten();
-  bool KopieLesen();
-  void KopieBrennen();
-
-  // recording
+  // other windows
+  void StartAssistentZeigen();
   void AufnahmeOeffnen(std::int16_t lpModus);
-
-  // a batch in the wave editor
-  void StapelLaufen(const std::vector<Text>& dateien);
-  void StapelBeenden();
-
-  // burning
   bool BrennDateienPruefen();
+
+  Text grundbild_;  // the background when the user has chosen no picture
+
+  Vorschau vorschau_;
+  KatalogZeiten zeiten_;
+  KatalogListe liste_;
+  KatalogBearbeitung bearbeitung_;
+  KatalogAblage ablage_;
+  LiedImport import_;
+  CDKopie kopie_;
+  EffektStapel stapel_;
+  ProgrammStart start_;
 };
 
 }  // namespace vantora

@@ -1,31 +1,27 @@
-// The short handlers of the main window's buttons, list and menu.
+// The buttons that open other windows.
 
 #include "app/frmAbout.h"
 #include "app/programm.h"
 #include "app/werte/feld.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
-#include "app/werte/zeichen.h"
 #include "catalog/frmHauptForm.h"
-#include "catalog/frmLiedAusKatalog.h"
-#include "catalog/katalog_datei.h"
+#include "catalog/katalog_rechnung.h"
+#include "cdinput/frmCDPlayer.h"
 #include "cdinput/frmDatenbank.h"
 #include "cdwriting/frmCDBrennen.h"
 #include "cover/frmPrintStart.h"
 #include "dialogs/frmExtrasMenue.h"
-#include "dialogs/frmNeuerInterpret.h"
 #include "medley/frmMedley.h"
 #include "mixer/frmMixer.h"
+#include "recorder/frmAufnehmen.h"
+#include "waveeditor/frmWaveEditor.h"
 
 #include "platform/printer.h"
 
+#include <algorithm>
+
 namespace vantora {
-
-namespace {
-
-constexpr int kNachlaufMs = 250;  // until a stopped preview is silent
-
-}  // namespace
 
 void frmHauptForm::imgExtras_MouseUp() {
   PlayWaveNormal(L"");
@@ -34,7 +30,7 @@ void frmHauptForm::imgExtras_MouseUp() {
 
 // The cover window has its own buttons to close; closing it enables this window again.
 void frmHauptForm::imgPrintCover_MouseUp() {
-  if (lvwKatalog.ListItems.empty()) {
+  if (liste_.Leer()) {
     prog.MsgBoxen(LoadResString(8059), kHinweis);
     return;
   }
@@ -43,8 +39,7 @@ void frmHauptForm::imgPrintCover_MouseUp() {
     return;
   }
   EventLoop& schleife = prog.plattform.schleife;
-  PlayWaveNormal(L"");
-  Abspielen = false;
+  vorschau_.Stop();
   schleife.MousePointer(Pointer::Hourglass);
   Window.Enabled = false;
   Jedenfalls([&] { prog.Zeigen(*prog.frmPrintStart.Laden()); },
@@ -74,24 +69,18 @@ void frmHauptForm::MedleyFunktion() {
       prog.MsgBoxen(LoadResString(8007) + LoadResString(8008), kJaNein) != kJa) {
     return;
   }
-  if (lvwKatalog.ListItems.empty()) {
+  if (liste_.Leer()) {
     prog.MsgBoxen(LoadResString(8009), kHinweis);
     return;
   }
-  int erste = 0, letzte = 0, gewaehlt = 0;
-  for (int i = 1; i <= lvwKatalog.ListItems.Count(); ++i) {
-    if (!lvwKatalog.ListItems(i).Selected()) continue;
-    ++gewaehlt;
-    if (erste == 0) erste = i;
-    letzte = i;
-  }
-  if (gewaehlt < 2) {
+  const std::vector<int> gewaehlt = liste_.GewaehlteZeilen();
+  if (gewaehlt.size() < 2) {
     prog.MsgBoxen(LoadResString(8010), kHinweis);
     return;
   }
   prog.Medley.clear();
-  for (int i = erste; i <= letzte; ++i) {
-    const ListItem& zeile = lvwKatalog.ListItems(i);
+  for (int i = gewaehlt.front(); i <= gewaehlt.back(); ++i) {
+    const ListItem& zeile = liste_.Zeile(i);
     MedleyEintrag& e = prog.Medley.emplace_back();
     e.Datei = zeile.SubItems(7);
     e.Titel = zeile.SubItems(2);
@@ -123,39 +112,9 @@ void frmHauptForm::imgÜberblenden_MouseUp() {
   prog.ProgrammBeenden();
 }
 
-int frmHauptForm::GewaehlteZeile() const {
-  const int anzahl = lvwKatalog.ListItems.Count();
-  if (AktuellerTitel > 0 && AktuellerTitel <= anzahl) return AktuellerTitel;
-  for (int i = 1; i <= anzahl; ++i) {
-    if (lvwKatalog.ListItems(i).Selected()) return i;
-  }
-  return anzahl > 0 ? 1 : 0;
-}
-
 void frmHauptForm::imgAbspielen_MouseUp() {
-  if (!Soundkarte || lvwKatalog.ListItems.empty()) return;
-  PlayWaveNormal(Trim(lvwKatalog.ListItems(GewaehlteZeile()).SubItems(7)));
-  prog.plattform.schleife.DoEvents();
-  Abspielen = true;
-}
-
-void frmHauptForm::imgStop_MouseUp() {
-  PlayWaveNormal(L"");
-  Abspielen = false;
-}
-
-void frmHauptForm::imgTitelBearb_MouseUp() {
-  if (lvwKatalog.ListItems.empty()) return;
-  prog.KatalogGeaendert = true;
-  bool gewaehlt = false;
-  for (int i = 1; i <= lvwKatalog.ListItems.Count(); ++i) {
-    gewaehlt = gewaehlt || lvwKatalog.ListItems(i).Selected();
-  }
-  if (gewaehlt) {
-    TrackDatenAendern();
-  } else {
-    KatalogDatenAendern();
-  }
+  if (!Soundkarte() || liste_.Leer()) return;
+  vorschau_.Vorspielen(liste_.DateiDerZeile(liste_.SpielZeile()));
 }
 
 void frmHauptForm::imgMinimize_MouseUp() {
@@ -168,13 +127,8 @@ void frmHauptForm::Logo_Click() {
 }
 
 void frmHauptForm::lvwKatalog_ItemClick(int zeile) {
-  AktuellerTitel = Ganz16(zeile);
-  if (!Abspielen) return;
-  EventLoop& schleife = prog.plattform.schleife;
-  schleife.MousePointer(Pointer::Hourglass);
-  PlayWaveNormal(L"");
-  schleife.Sleep(kNachlaufMs);
-  schleife.MousePointer(Pointer::Normal);
+  liste_.TitelWaehlen(zeile);
+  vorschau_.Ausklingen();
 }
 
 void frmHauptForm::lvwKatalog_KeyUp(int taste) {
@@ -182,111 +136,12 @@ void frmHauptForm::lvwKatalog_KeyUp(int taste) {
 }
 
 void frmHauptForm::lvwKatalog_MouseUp(int taste) {
-  if (taste != kRightButton || lvwKatalog.ListItems.empty()) return;
+  if (taste != kRightButton || liste_.Leer()) return;
   prog.plattform.schleife.PopupMenu(*this, *FindMenu(L"mnuKatalog"));
-}
-
-void frmHauptForm::NeuenTrackBearbeiten(int nummer) {
-  for (int i = 1; i < nummer; ++i) lvwKatalog.ListItems(i).SetSelected(false);
-  AktuellerTitel = Ganz16(nummer);
-  prog.DialogBestaetigt = true;
-  TrackDatenAendern(true);
 }
 
 void frmHauptForm::FokusAufListe() {
   prog.plattform.schleife.SetFocus(lvwKatalog);
-}
-
-void frmHauptForm::TrackDatenAendern(bool ohneUndo) {
-  if (AktuellerTitel <= 0 || AktuellerTitel > lvwKatalog.ListItems.Count()) return;
-  const KatalogEintrag gemeint = Element(prog.Katalog, AktuellerTitel);
-  const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
-  const ListItem& gezeigt = lvwKatalog.ListItems(AktuellerTitel);
-  fenster->TrackZeigen(AktuellerTitel, gezeigt.SubItems(2), gezeigt.SubItems(3));
-  prog.NeuInterpret.clear();
-  prog.NeuTitel.clear();
-  prog.NeuPause.clear();
-  prog.DialogBestaetigt = false;
-  prog.ZeigeModal(fenster);
-  // Rows may have lost their files and been removed meanwhile, so the other rows may have moved up.
-  const int nummer = Wiederfinden(gemeint, AktuellerTitel);
-  if (fenster->Abbruch || nummer == 0) return;
-  AktuellerTitel = Ganz16(nummer);
-  if (prog.DialogBestaetigt) {
-    prog.KatalogGeaendert = true;
-    if (!ohneUndo) KatalogLastStepSave();
-  }
-  ListItem& zeile = lvwKatalog.ListItems(AktuellerTitel);
-  if (!Trim(prog.NeuInterpret).empty()) zeile.SetSubItems(3, prog.NeuInterpret);
-  if (!Trim(prog.NeuTitel).empty()) zeile.SetSubItems(2, prog.NeuTitel);
-  if (!Trim(prog.NeuPause).empty()) zeile.SetSubItems(6, prog.NeuPause + LoadResString(8070));
-  prog.NeuInterpret.clear();
-  prog.NeuTitel.clear();
-  prog.NeuPause.clear();
-  KatalogEintrag& e = Element(prog.Katalog, AktuellerTitel);
-  e.Interpret = zeile.SubItems(3);
-  e.Titel = zeile.SubItems(2);
-  e.Pause = Ganz16(Val(zeile.SubItems(6)));
-  KatalogShow();
-}
-
-void frmHauptForm::KatalogDatenAendern(bool ohneUndo) {
-  const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
-  fenster->KatalogZeigen(Trim(lblKatalogTitel.Caption), Trim(lblKatalogInterpret.Caption));
-  prog.DialogBestaetigt = false;
-  prog.ZeigeModal(fenster);
-  if (fenster->Abbruch) return;
-  if (prog.DialogBestaetigt) {
-    prog.KatalogGeaendert = true;
-    if (!ohneUndo) KatalogLastStepSave();
-  }
-  const Text titel = prog.NeuTitel, interpret = prog.NeuInterpret;
-  prog.NeuTitel.clear();
-  prog.NeuInterpret.clear();
-  prog.NeuPause.clear();
-  if (!Trim(interpret).empty()) {
-    lblKatalogInterpret.Caption = interpret;
-    for (KatalogEintrag& e : prog.Katalog) e.KatalogInterpret = interpret;
-  }
-  if (!Trim(titel).empty()) {
-    lblKatalogTitel.Caption = titel;
-    for (KatalogEintrag& e : prog.Katalog) e.KatalogTitel = titel;
-  }
-}
-
-void frmHauptForm::imgLiedKatalog_MouseUp() {
-  PlayWaveNormal(L"");
-  KatalogNamen quelle;  // of another catalog, so the open catalog keeps its own names
-  if (!KatalogWaehlen(8035, quelle)) return;
-  prog.KatalogGeaendert = true;
-  KatalogGeladen = true;
-  KatalogLastStepSave();
-  KatalogLesen(prog.plattform.dateien, prog.GewaehlteDatei, prog.QuellKatalog);
-  const std::shared_ptr<vantora::frmLiedAusKatalog> fenster = prog.frmLiedAusKatalog.Laden();
-  LiedAusKatalogAnzeige();
-  prog.ZeigeModal(fenster);
-}
-
-void frmHauptForm::LiedAusKatalogAnzeige() {
-  ListBox& liste = prog.frmLiedAusKatalog().lstLiedAusKatalog;
-  liste.Clear();
-  for (std::size_t i = 1; i < prog.QuellKatalog.size(); ++i) {
-    const KatalogEintrag& e = prog.QuellKatalog[i];
-    Text laenge = MinutenText(0);
-    Weiter([&] { laenge = MinutenText(Abgeschnitten(Val(e.Laenge.Ganz()))); });
-    liste.AddItem(ZahlText(static_cast<std::int64_t>(i)) + L". " + e.Titel.Getrimmt() + L" " +
-                  e.Interpret.Getrimmt() + L" " + laenge + L" " + e.Datei.Getrimmt());
-  }
-}
-
-void frmHauptForm::LiedAusKatalogImport() {
-  for (const std::int16_t nummer : prog.QuellAuswahl) {
-    KatalogEintrag& neu = prog.Katalog.emplace_back(Element(prog.QuellKatalog, nummer));
-    neu.KatalogTitel = prog.Katalog[0].KatalogTitel;
-    neu.KatalogInterpret = prog.Katalog[0].KatalogInterpret;
-  }
-  KatalogNeu();
-  KatalogShow();
 }
 
 // If a wave file of the list does not exist, the first such file is reported and nothing is burnt.
@@ -312,7 +167,7 @@ void frmHauptForm::imgBrennen_MouseUp() {
     schleife.MousePointer(Pointer::Normal);
     return;
   }
-  if (lvwKatalog.ListItems.empty()) {
+  if (liste_.Leer()) {
     Window.Enabled = true;
     prog.MsgBoxen(LoadResString(8018), kStopp);
     return;
@@ -340,6 +195,112 @@ void frmHauptForm::imgBrennen_MouseUp() {
   prog.BrennerFensterGeschlossen = false;
   prog.Zeigen(*brennen);
   schleife.MousePointer(Pointer::Normal);
+}
+
+void frmHauptForm::mnuWAVEditor_Click() {
+  vorschau_.Stop();
+  imgWaveEdit_MouseUp();
+}
+
+void frmHauptForm::imgWaveEdit_MouseUp() {
+  prog.AppLog(L"imgWaveEdit_MouseUp", L"WaveEditor starten");
+  if (!Soundkarte()) return;
+  PlayWaveNormal(L"");
+  const int anzahl = liste_.Zeilen();
+  if (anzahl == 0) {
+    prog.MsgBoxen(LoadResString(8060), kHinweis);
+    return;
+  }
+  liste_.TitelWaehlen(std::clamp(liste_.AktuellerTitel(), 1, anzahl));
+  const Text datei = liste_.DateiDerZeile(liste_.AktuellerTitel());
+  if (!prog.DateiExistiert(datei)) return;
+  prog.plattform.schleife.MousePointer(Pointer::Hourglass);
+  prog.WaveEditorDatei = datei;
+  Window.Enabled = false;
+  // If opening fails, the half-built editor is unloaded, so that the next press starts with a new
+  // one.
+  Jedenfalls([this] { prog.ZeigeModal(prog.frmWaveEditor.Laden()); },
+             [this] { prog.frmWaveEditor.Entladen(); });
+  Window.Enabled = true;
+  prog.plattform.schleife.MousePointer(Pointer::Normal);
+}
+
+// ---- discs and records ----
+
+void frmHauptForm::imgCDAuslesen_MouseUp() {
+  EventLoop& schleife = prog.plattform.schleife;
+  prog.AppLog(L"imgCDAuslesen_MouseUp", L"CD-Auslesen");
+  vorschau_.Stop();
+  Window.Enabled = false;
+  schleife.MousePointer(Pointer::Hourglass);
+  zeiten_.NachOeffnen();
+  const std::shared_ptr<vantora::frmCDPlayer> player = prog.frmCDPlayer.Laden();
+  prog.Zeigen(*player);
+  schleife.DoEvents();
+  player->Init_CDPlayer();
+  schleife.MousePointer(Pointer::Normal);
+}
+
+void frmHauptForm::imgLPKopieren_MouseUp() {
+  prog.AppLog(L"imgLPKopieren_MouseUp", L"LP-Kopieren");
+  if (Soundkarte()) AufnahmeOeffnen(-1);
+}
+
+void frmHauptForm::imgLPAufnehmen_MouseUp() {
+  prog.AppLog(L"imgLPAufnehmen_MouseUp", L"LP-Aufnehmen");
+  if (Soundkarte()) AufnahmeOeffnen(0);
+}
+
+void frmHauptForm::AufnahmeOeffnen(std::int16_t lpModus) {
+  EventLoop& schleife = prog.plattform.schleife;
+  vorschau_.Stop();
+  schleife.MousePointer(Pointer::Hourglass);
+  Window.Enabled = false;
+  prog.LPModus = lpModus;
+  Jedenfalls([&] { prog.frmAufnehmen.Laden()->Init_Aufnehmen(); },
+             [&] {
+               // If the recorder could not open, the main window is enabled again, so that the user
+               // can go on.
+               if (!prog.frmAufnehmen.Geladen() || !prog.frmAufnehmen().Visible()) {
+                 Window.Enabled = true;
+               }
+               schleife.MousePointer(Pointer::Normal);
+             });
+}
+
+// ---- forwards ----
+
+void frmHauptForm::imgNeuerKatalog_MouseUp() {
+  PlayWaveNormal(L"");
+  ablage_.NeuerKatalog();
+}
+
+void frmHauptForm::imgDeleteTitel_MouseUp() {
+  PlayWaveNormal(L"");
+  prog.AppLog(L"imgDeleteTitel_MouseUp", L"UNDO");
+  KatalogUndo();
+}
+
+bool frmHauptForm::lvwKatalog_OLEDragOver(const std::vector<Text>& dateien) const {
+  return LiedImport::NurMusik(dateien);
+}
+
+std::int64_t frmHauptForm::KatalogLaengeBerechnen(Text& text) const {
+  return vantora::KatalogLaengeBerechnen(prog.Katalog, text);
+}
+
+void frmHauptForm::Katalog_AddWaveFile(const Text& datei, const Text& titel) {
+  bearbeitung_.Katalog_AddWaveFile(datei, titel);
+}
+
+void frmHauptForm::GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
+                               std::vector<std::int32_t>& laengen, Text& katalogTitel,
+                               Text& katalogInterpret) {
+  liste_.GetKatInfos(interpreten, titel, laengen, katalogTitel, katalogInterpret);
+}
+
+void frmHauptForm::PlayWaveMitte(const Text& datei, std::int32_t sekunden) {
+  vorschau_.PlayWaveMitte(datei, sekunden);
 }
 
 }  // namespace vantora

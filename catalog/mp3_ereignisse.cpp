@@ -25,7 +25,7 @@ void Mp3Ereignisse::Mp3Play1_ActFrame(int frame) {
   const Qm3Play& mp3 = prog.plattform.mp3;
   if (!prog.frmSchreibFortschritt.Geladen() || mp3.FrameCount() <= 0) return;
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
-  const vantora::frmHauptForm& haupt = prog.frmHauptForm();
+  const LiedImport& einfuhr = prog.frmHauptForm().Import();
   const double twips = prog.plattform.bildschirm.TwipsPerPixelX();
   const double anteil =
       std::min(static_cast<float>(frame) / static_cast<float>(mp3.FrameCount()), 1.0F);
@@ -33,8 +33,8 @@ void Mp3Ereignisse::Mp3Play1_ActFrame(int frame) {
   int nummer = 1, gesamt = 1;
   double insgesamt = anteil;
   if (prog.MehrfachAuswahl) {
-    gesamt = haupt.DateienGesamt;
-    nummer = haupt.DateienGesamt - haupt.DateienOffen + 1;
+    gesamt = einfuhr.DateienGesamt();
+    nummer = einfuhr.DateienGesamt() - einfuhr.DateienOffen() + 1;
     Weiter([&] { insgesamt = Quotient(nummer, gesamt); });
   }
   f.lblKopieTrackNr.Caption = ZahlText(nummer);

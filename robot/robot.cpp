@@ -1,21 +1,46 @@
 #include "robot/robot.h"
 
 #include "backends/linux/utf8.h"
+#include "robot/robot_commands.h"
 
 #include "platform/laufzeitfehler.h"
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
 namespace vantora {
 
 namespace {
 
 constexpr int kAfterPauseMs = 50;  // between two checks whether the last `after` has run
+constexpr int kBehindMs = 1000;    // delay between two taps that a busy machine may cause
+constexpr int kPollMs = 20;
+constexpr int kYes = 6, kNo = 7;  // answers of a message box
+constexpr int kGoodbyePauseMs = 100;
+constexpr int kGoodbyePatience = 600;  // pauses
+
+// The commands of all tables.
+const CommandTable& Commands() {
+  static const CommandTable kCommands = [] {
+    CommandTable all;
+    for (CommandTable part : {MachineCommands(), HandCommands(), FileDialogCommands(),
+                              PrintCommands(), Expectations()}) {
+      all.merge(part);
+    }
+    return all;
+  }();
+  return kCommands;
+}
 
 }  // namespace
 
 Robot::Robot(std::string name, std::string folder, RobotStage& stage, std::ostream& out, bool trace)
-    : name_(std::move(name)), folder_(std::move(folder)), stage_(stage), out_(out), trace_(trace) {}
+    : name_(std::move(name)),
+      scene_(stage, std::move(folder)),
+      turns_(scene_.Turns()),
+      out_(out),
+      trace_(trace) {}
 
 bool Robot::Run(std::string_view script) {
   try {
@@ -28,58 +53,14 @@ bool Robot::Run(std::string_view script) {
   return !failed_;
 }
 
-Robot::Command Robot::Find(const Text& verb) {
-  static const std::map<Text, Command> kCommands = {
-      {L"home", &Robot::Home},
-      {L"screen", &Robot::Screen},
-      {L"colours", &Robot::Colours},
-      {L"sound", &Robot::Sound},
-      {L"clock", &Robot::ClockAt},
-      {L"setting", &Robot::Setting},
-      {L"copy", &Robot::Copy},
-      {L"makewave", &Robot::MakeWave},
-      {L"makepicture", &Robot::MakePicture},
-      {L"makemp3", &Robot::MakeMp3},
-      {L"writefile", &Robot::WriteFile},
-      {L"delete", &Robot::Delete},
-      {L"start", &Robot::Start},
-      {L"press", &Robot::Press},
-      {L"doubleclick", &Robot::DoubleClick},
-      {L"rightclick", &Robot::RightClick},
-      {L"drag", &Robot::Drag},
-      {L"pull", &Robot::Pull},
-      {L"hold", &Robot::Hold},
-      {L"drop", &Robot::Drop},
-      {L"type", &Robot::Type},
-      {L"select", &Robot::Select},
-      {L"key", &Robot::Key},
-      {L"menu", &Robot::MenuItem},
-      {L"choose", &Robot::Choose},
-      {L"answer", &Robot::Answer},
-      {L"window", &Robot::WindowClose},
-      {L"close", &Robot::Close},
-      {L"expect", &Robot::Expect},
-      {L"expect-box", &Robot::ExpectBox},
-      {L"expect-window", &Robot::ExpectWindow},
-      {L"expect-file", &Robot::ExpectFile},
-      {L"wait", &Robot::Wait},
-      {L"after", &Robot::After},
-      {L"within", &Robot::Within},
-      {L"disc", &Robot::Disc},
-      {L"writer", &Robot::Writer},
-      {L"drive", &Robot::DriveFaults},
-      {L"load", &Robot::Load},
-      {L"linein", &Robot::LineIn},
-      {L"mixer", &Robot::Mixer},
-      {L"printer", &Robot::Printer},
-      {L"print", &Robot::Print},
-      {L"font", &Robot::Font},
-      {L"colour", &Robot::Colour},
-      {L"expect-mixer", &Robot::ExpectMixer},
-      {L"shot", &Robot::Shot},
-      {L"echo", &Robot::Echo},
+void Robot::Perform(const ScriptLine& line, Form* front) {
+  static const std::map<Text, void (Robot::*)(const ScriptLine&, Form*)> kOwn = {
+      {L"start", &Robot::Start}, {L"close", &Robot::Close},   {L"wait", &Robot::Wait},
+      {L"after", &Robot::After}, {L"within", &Robot::Within}, {L"echo", &Robot::Echo},
   };
-  return kCommands.at(verb);
+  const auto own = kOwn.find(line.Verb);
+  if (own != kOwn.end()) return (this->*own->second)(line, front);
+  Commands().at(line.Verb)(scene_, line, front);
 }
 
 // ---- turns ----
@@ -88,10 +69,10 @@ Robot::Command Robot::Find(const Text& verb) {
 // inside this call. So a line or a step is removed from the list before it runs.
 bool Robot::Act(Form* front) {
   while (!failed_) {
-    if (!steps_.empty()) {
-      const Step step = std::move(steps_.front());
-      steps_.pop_front();
-      Guard(*stepsOf_, [&] { step(front); });
+    if (turns_.Pending()) {
+      const ScriptLine& line = turns_.Line();
+      const RobotTurns::Step step = turns_.Take();
+      Guard(line, [&] { step(front); });
       return !failed_;
     }
     if (next_ == lines_.size()) return AtEnd(front);
@@ -104,7 +85,7 @@ bool Robot::Act(Form* front) {
 
 bool Robot::AtEnd(Form* front) {
   if (!afterPending_.empty()) {
-    Rest(kAfterPauseMs);
+    turns_.Rest(kAfterPauseMs);
     return true;
   }
   scriptEnded_ = true;
@@ -114,13 +95,13 @@ bool Robot::AtEnd(Form* front) {
 
 void Robot::Execute(const ScriptLine& line, Form* front) {
   if (trace_) out_ << name_ << ":" << line.Number << ": " << ToUtf8(line.Source) << std::endl;
-  if (running_ && PreparesStart(line)) {
+  if (scene_.Running() && PreparesStart(line)) {
     Fail(line, "can only be done while the program does not run; it runs");
-  } else if (!running_ && NeedsProgram(line)) {
+  } else if (!scene_.Running() && NeedsProgram(line)) {
     Fail(line, "the program was to run, it has not been started or has ended");
   } else {
-    if (running_) Tapped(line);
-    Guard(line, [&] { (this->*Find(line.Verb))(line, front); });
+    if (scene_.Running()) Tapped(line);
+    Guard(line, [&] { Perform(line, front); });
   }
 }
 
@@ -138,13 +119,8 @@ void Robot::Fail(const ScriptLine& line, const std::string& what) {
   if (failed_) return;
   failed_ = true;
   error_ = name_ + ":" + std::to_string(line.Number) + ": " + what;
-  const Form* front = running_ ? stage_.Loop().Front() : nullptr;
+  const Form* front = scene_.Running() ? scene_.Stage().Loop().Front() : nullptr;
   if (TextOfBox(front)) error_ += "; in front stands " + Describe(front);
-}
-
-void Robot::Rest(int ms) {
-  resting_ = true;
-  stage_.Loop().PostAfter(ms, [this] { resting_ = false; });
 }
 
 // While a script taps a beat, time counts from tap to tap, not from the program's answer to the
@@ -152,72 +128,95 @@ void Robot::Rest(int ms) {
 void Robot::Tapped(const ScriptLine& line) {
   const bool goesOn = !ActsOnProgram(line) || line.Verb == L"key" || line.Verb == L"wait";
   if (!goesOn) beat_.reset();
-  stage_.TheHands().Moment = beat_;
-}
-
-void Robot::Then(const ScriptLine& line, Step step) {
-  stepsOf_ = &line;
-  steps_.push_back(std::move(step));
+  scene_.TheHands().Moment = beat_;
 }
 
 // ---- start and end of the program ----
 
 void Robot::Start(const ScriptLine& line, Form* /*front*/) {
-  running_ = true;
-  resting_ = closing_ = scriptEnded_ = false;
-  Guard(line, [this] { stage_.Start(*this); });
-  running_ = false;
+  scene_.SetRunning(true);
+  turns_.RestOver();
+  closing_ = scriptEnded_ = false;
+  Guard(line, [this] { scene_.Stage().Start(*this); });
+  scene_.SetRunning(false);
   AfterTheProgram(line);
-  steps_.clear();
+  turns_.Clear();
   afterPending_.clear();
 }
 
 // Checks that the program has ended where the script allows it.
 void Robot::AfterTheProgram(const ScriptLine& line) {
-  if (!steps_.empty() && !closing_) Fail(*stepsOf_, "was not done when the program ended");
+  if (turns_.Pending() && !closing_) Fail(turns_.Line(), "was not done when the program ended");
   for (const ScriptLine* after : afterPending_) {
     Fail(*after, "was to be done later, but the program ended before");
   }
-  if (!scriptEnded_ || !stage_.Loop().Ended()) return;
+  if (!scriptEnded_ || !scene_.Stage().Loop().Ended()) return;
   const ScriptLine& last = lines_.empty() ? line : lines_.back();
   Fail(last, "the script was to end with no window waiting for an answer, " + ToUtf8(lastFront_) +
                  " stands open");
 }
 
-// ---- windows and controls ----
+// Closing the program asks one or two questions, and then takes a moment. The next step is
+// registered before the press, because the questions may be asked during it.
+void Robot::Close(const ScriptLine& line, Form* /*front*/) {
+  closing_ = true;
+  turns_.Then(line, [this, &line](Form* front) { SayGoodbye(line, front, kGoodbyePatience); });
+  scene_.TheHands().Press(
+      scene_.FindControl(ParseTarget(scene_.Stage().ExitButton(), line.Number)));
+}
 
-// A window may have been unloaded and loaded again, so only the visible form is used.
-Form& Robot::FindForm(const Text& name) const {
-  for (Form* form : stage_.Loop().Forms()) {
-    if (form->Name == name && form->Visible()) return *form;
+void Robot::SayGoodbye(const ScriptLine& line, Form* front, int patience) {
+  const std::optional<Text> question = TextOfBox(front);
+  const Text exitWindow = ParseTarget(scene_.Stage().ExitButton(), line.Number).Form;
+  if (patience == 0 || (!question && front != nullptr && front->Name != exitWindow)) {
+    throw Unreachable("the program was to end, in front stands " + Describe(front));
   }
-  throw Unreachable(ToUtf8(name) + " was to be shown, in front stands " +
-                    Describe(stage_.Loop().Front()));
-}
-
-Control& Robot::FindControl(const Target& target) const {
-  const Form& form = FindForm(target.Form);
-  Control* element =
-      target.Index.size() == 1 ? form.Find(target.Control, target.Index.front()) : nullptr;
-  if (element != nullptr) return *element;
-  Control* control = form.Find(target.Control);
-  if (control == nullptr) {
-    std::string name = ToUtf8(target.Control);
-    if (target.Index.size() == 1) name += "(" + std::to_string(target.Index.front()) + ")";
-    throw Unreachable(ToUtf8(target.Form) + " was to have the control " + name + ", it has none");
+  turns_.Then(line, [this, &line, patience](Form* next) { SayGoodbye(line, next, patience - 1); });
+  if (question) {
+    PressAnswer(scene_, front, scene_.Stage().AsksToLeave(*question) ? kYes : kNo);
+  } else {
+    turns_.Rest(kGoodbyePauseMs);
   }
-  return *control;
 }
 
-std::optional<Text> TextOfBox(const Form* front) {
-  const Control* message = front == nullptr ? nullptr : front->Find(L"lblMbMeldung");
-  return message == nullptr ? std::nullopt : message->Read(L"Caption");
+// ---- time ----
+
+void Robot::Wait(const ScriptLine& line, Form* /*front*/) {
+  const std::int64_t now = scene_.Stage().Loop().EventMs();
+  const bool late = !beat_ || now - *beat_ > kBehindMs;
+  const std::int64_t due = (late ? now : *beat_) + line.Numbers.front();
+  turns_.Rest(static_cast<int>(std::max<std::int64_t>(due - now, 0)), [this, due] { beat_ = due; });
 }
 
-std::string Describe(const Form* front) {
-  if (front == nullptr) return "no window";
-  const std::optional<Text> said = TextOfBox(front);
-  return ToUtf8(front->Name) + (said ? ", which says \"" + ToUtf8(*said) + "\"" : "");
+// The inner line runs outside of a turn, so nothing would notice a failure soon; it ends the
+// program.
+void Robot::After(const ScriptLine& line, Form* /*front*/) {
+  afterPending_.push_back(&line);
+  scene_.Stage().Loop().PostAfter(line.Numbers.front(), [this, &line] {
+    std::erase(afterPending_, &line);
+    beat_.reset();
+    if (!failed_) Execute(*line.Inner, scene_.Stage().Loop().Front());
+    if (failed_) throw ProgrammEnde{};
+  });
+}
+
+void Robot::Within(const ScriptLine& line, Form* front) {
+  Poll(line, front, line.Numbers.front());
+}
+
+void Robot::Poll(const ScriptLine& line, Form* front, int leftMs) {
+  try {
+    Perform(*line.Inner, front);
+  } catch (const Unreachable&) {
+    if (leftMs <= 0) throw;
+    const int pauseMs = std::min(leftMs, kPollMs);
+    turns_.Then(line, [=, this, &line](Form* next) { Poll(line, next, leftMs - pauseMs); });
+    turns_.Rest(pauseMs);
+  }
+}
+
+void Robot::Echo(const ScriptLine& line, Form* /*front*/) {
+  out_ << ToUtf8(line.Value) << std::endl;
 }
 
 }  // namespace vantora

@@ -3,7 +3,7 @@
 
 #include "backends/linux/utf8.h"
 #include "dialogs/frmLoadSave.h"
-#include "robot/robot.h"
+#include "robot/robot_commands.h"
 
 #include <algorithm>
 
@@ -43,36 +43,31 @@ ScriptPath WantedPath(const ScriptLine& line) {
   return ParsePath(line.Words.front().Content);
 }
 
-}  // namespace
-
-void Robot::Choose(const ScriptLine& line, Form* front) {
+// If a file is not in the list, it is a new one, so its name is typed.
+void ChooseFiles(RobotScene& scene, const ScriptLine& line, Form* front) {
   frmLoadSave& dialog = DialogIn(front);
-  if (!line.Words.front().Quoted && line.Words.front().Content == L"cancel") {
-    stage_.TheHands().Press(dialog.pbButton(kCancel));
-    return;
+  std::vector<int> rows;
+  for (const ScriptWord& word : line.Words) {
+    const Text name = ParsePath(word.Content).Name;
+    const int row = RowOf(dialog.lstDatei, name);
+    if (row == 0 && line.Words.size() > 1) {
+      throw Unreachable("the file " + ToUtf8(name) + " was to be in " +
+                        ToUtf8(dialog.lblPfad.Caption) + ", the list does not show it");
+    }
+    if (row > 0) rows.push_back(row);
   }
-  const ScriptPath wanted = WantedPath(line);
-  const Text shown = ParsePath(dialog.lblPfad.Caption).Drive;
-  if (wanted.Drive.empty()) {
-    ChooseFiles(line, front);
-    return;
+  scene.Turns().Then(
+      line, [&scene](Form* next) { scene.TheHands().Press(DialogIn(next).pbButton(kOk)); });
+  if (rows.empty()) {
+    scene.TheHands().Type(dialog.txtDateiName, WantedPath(line).Name);
+  } else {
+    scene.TheHands().Select(dialog.lstDatei, rows);
   }
-  if (SameName(shown, wanted.Drive)) {
-    WalkTo(line, front);
-    return;
-  }
-  const int row = RowOf(dialog.cbxLaufwerk, wanted.Drive + L":");
-  if (row == 0) {
-    throw Unreachable("the dialog was to have the drive " + ToUtf8(wanted.Drive) +
-                      ":, it has none");
-  }
-  Then(line, [this, &line](Form* next) { WalkTo(line, next); });
-  stage_.TheHands().Select(dialog.cbxLaufwerk, {row});
 }
 
 // The list of folders shows the path from the root to the open folder, and below it the subfolders
 // of the open folder. Each level is indented by two more blanks.
-void Robot::WalkTo(const ScriptLine& line, Form* front) {
+void WalkTo(RobotScene& scene, const ScriptLine& line, Form* front) {
   frmLoadSave& dialog = DialogIn(front);
   const ScriptPath shown = ParsePath(dialog.lblPfad.Caption), wanted = WantedPath(line);
   if (!SameName(shown.Drive, wanted.Drive)) {
@@ -86,7 +81,7 @@ void Robot::WalkTo(const ScriptLine& line, Form* front) {
     ++common;
   }
   if (common == depth && common == wanted.Folders.size()) {
-    ChooseFiles(line, front);
+    ChooseFiles(scene, line, front);
     return;
   }
   int row = static_cast<int>(common) + 1;
@@ -98,35 +93,48 @@ void Robot::WalkTo(const ScriptLine& line, Form* front) {
                         ToUtf8(dialog.lblPfad.Caption) + ", there is none");
     }
   }
-  Then(line, [this](Form* next) { stage_.TheHands().DoubleClick(DialogIn(next).lstVerzeichnis); });
-  Then(line, [this, &line, before = dialog.lblPfad.Caption()](Form* next) {
+  scene.Turns().Then(
+      line, [&scene](Form* next) { scene.TheHands().DoubleClick(DialogIn(next).lstVerzeichnis); });
+  scene.Turns().Then(line, [&scene, &line, before = dialog.lblPfad.Caption()](Form* next) {
     if (DialogIn(next).lblPfad.Caption() == before) {
       throw Unreachable("a folder below " + ToUtf8(before) + " was to open, it did not");
     }
-    WalkTo(line, next);
+    WalkTo(scene, line, next);
   });
-  stage_.TheHands().Select(dialog.lstVerzeichnis, {row});
+  scene.TheHands().Select(dialog.lstVerzeichnis, {row});
 }
 
-// If a file is not in the list, it is a new one, so its name is typed.
-void Robot::ChooseFiles(const ScriptLine& line, Form* front) {
+void Choose(RobotScene& scene, const ScriptLine& line, Form* front) {
   frmLoadSave& dialog = DialogIn(front);
-  std::vector<int> rows;
-  for (const ScriptWord& word : line.Words) {
-    const Text name = ParsePath(word.Content).Name;
-    const int row = RowOf(dialog.lstDatei, name);
-    if (row == 0 && line.Words.size() > 1) {
-      throw Unreachable("the file " + ToUtf8(name) + " was to be in " +
-                        ToUtf8(dialog.lblPfad.Caption) + ", the list does not show it");
-    }
-    if (row > 0) rows.push_back(row);
+  if (!line.Words.front().Quoted && line.Words.front().Content == L"cancel") {
+    scene.TheHands().Press(dialog.pbButton(kCancel));
+    return;
   }
-  Then(line, [this](Form* next) { stage_.TheHands().Press(DialogIn(next).pbButton(kOk)); });
-  if (rows.empty()) {
-    stage_.TheHands().Type(dialog.txtDateiName, WantedPath(line).Name);
-  } else {
-    stage_.TheHands().Select(dialog.lstDatei, rows);
+  const ScriptPath wanted = WantedPath(line);
+  const Text shown = ParsePath(dialog.lblPfad.Caption).Drive;
+  if (wanted.Drive.empty()) {
+    ChooseFiles(scene, line, front);
+    return;
   }
+  if (SameName(shown, wanted.Drive)) {
+    WalkTo(scene, line, front);
+    return;
+  }
+  const int row = RowOf(dialog.cbxLaufwerk, wanted.Drive + L":");
+  if (row == 0) {
+    throw Unreachable("the dialog was to have the drive " + ToUtf8(wanted.Drive) +
+                      ":, it has none");
+  }
+  scene.Turns().Then(line, [&scene, &line](Form* next) { WalkTo(scene, line, next); });
+  scene.TheHands().Select(dialog.cbxLaufwerk, {row});
+}
+
+}  // namespace
+
+CommandTable FileDialogCommands() {
+  return {
+      {L"choose", Choose},
+  };
 }
 
 }  // namespace vantora

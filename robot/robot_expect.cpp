@@ -1,9 +1,9 @@
-// The commands that check, and those that let time pass.
+// The commands that check.
 
 #include "backends/checksum/sha256.h"
 #include "backends/headless/headless_mixer.h"
 #include "backends/linux/utf8.h"
-#include "robot/robot.h"
+#include "robot/robot_commands.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -14,9 +14,6 @@
 namespace vantora {
 
 namespace {
-
-constexpr int kBehindMs = 1000;  // delay between two taps that a busy machine may cause
-constexpr int kPollMs = 20;
 
 std::string Quoted(const Text& text) {
   return "\"" + ToUtf8(text) + "\"";
@@ -88,14 +85,12 @@ std::optional<std::int64_t> LengthOf(Dateien& files, const Text& path) {
   }
 }
 
-}  // namespace
-
-Text Robot::ReadTarget(const Target& target) const {
+Text ReadTarget(const RobotScene& scene, const Target& target) {
   std::optional<Text> found;
   if (target.Control.empty()) {
-    found = ReadWindow(FindForm(target.Form), target.Property);
+    found = ReadWindow(scene.FindForm(target.Form), target.Property);
   } else {
-    const Control& control = FindControl(target);
+    const Control& control = scene.FindControl(target);
     const std::vector<int>& cell = control.Index >= 0 ? target.Cell : target.Index;
     const Text property = target.Property.empty() ? SeenOf(control.Kind()) : target.Property;
     found = cell.empty() ? control.Read(property) : ReadCell(control, cell, target.Property);
@@ -104,11 +99,11 @@ Text Robot::ReadTarget(const Target& target) const {
   return *found;
 }
 
-void Robot::Expect(const ScriptLine& line, Form* /*front*/) {
-  Check(ToUtf8(line.Words.front().Content), ReadTarget(*line.Subject), line);
+void Expect(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  Check(ToUtf8(line.Words.front().Content), ReadTarget(scene, *line.Subject), line);
 }
 
-void Robot::ExpectBox(const ScriptLine& line, Form* front) {
+void ExpectBox(RobotScene& /*scene*/, const ScriptLine& line, Form* front) {
   const std::optional<Text> said = TextOfBox(front);
   if (!said) {
     throw Unreachable("a message box with " + Quoted(line.Value) + " was to be in front, it is " +
@@ -117,16 +112,16 @@ void Robot::ExpectBox(const ScriptLine& line, Form* front) {
   Check("the message box", *said, line);
 }
 
-void Robot::ExpectWindow(const ScriptLine& line, Form* front) {
+void ExpectWindow(RobotScene& /*scene*/, const ScriptLine& line, Form* front) {
   const Text& wanted = line.Subject->Form;
   if (front != nullptr && front->Name == wanted) return;
   throw Unreachable(ToUtf8(wanted) + " was to be in front, it is " + Describe(front));
 }
 
-void Robot::ExpectFile(const ScriptLine& line, Form* /*front*/) {
+void ExpectFile(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   const Text& path = line.Words[0].Content;
   const Text& what = line.Words[1].Content;
-  Dateien& files = stage_.Files();
+  Dateien& files = scene.Stage().Files();
   const std::optional<std::int64_t> length = LengthOf(files, path);
   const bool there = length || files.IsDirectory(path);
   if (what == L"missing") {
@@ -145,11 +140,11 @@ void Robot::ExpectFile(const ScriptLine& line, Form* /*front*/) {
 
 // A name may be that of an output and of an input. The output is meant, except for `select`, which
 // only inputs have.
-void Robot::ExpectMixer(const ScriptLine& line, Form* /*front*/) {
+void ExpectMixer(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   const Text& name = line.Words[0].Content;
   const Text& what = line.Words[1].Content;
-  const HeadlessMixer::Line* found = stage_.Mixer().Find(name, what == L"select");
-  const OutputVolume& own = stage_.OwnVolume();
+  const HeadlessMixer::Line* found = scene.Stage().Mixer().Find(name, what == L"select");
+  const OutputVolume& own = scene.Stage().OwnVolume();
   const bool isOwn = found == nullptr && name == L"Wave";
   if (found == nullptr && !isOwn) {
     throw Unreachable("the card was to have a line " + ToUtf8(name) + ", it has none");
@@ -161,54 +156,16 @@ void Robot::ExpectMixer(const ScriptLine& line, Form* /*front*/) {
         what == L"volume" ? std::to_wstring(volume) : Text(flag ? L"True" : L"False"), line);
 }
 
-void Robot::Wait(const ScriptLine& line, Form* /*front*/) {
-  EventLoop& loop = stage_.Loop();
-  const std::int64_t now = loop.EventMs();
-  const bool late = !beat_ || now - *beat_ > kBehindMs;
-  const std::int64_t due = (late ? now : *beat_) + line.Numbers.front();
-  resting_ = true;
-  loop.PostAfter(static_cast<int>(std::max<std::int64_t>(due - now, 0)), [this, due] {
-    resting_ = false;
-    beat_ = due;
-  });
-}
+}  // namespace
 
-// The inner line runs outside of a turn, so nothing would notice a failure soon; it ends the
-// program.
-void Robot::After(const ScriptLine& line, Form* /*front*/) {
-  afterPending_.push_back(&line);
-  stage_.Loop().PostAfter(line.Numbers.front(), [this, &line] {
-    std::erase(afterPending_, &line);
-    beat_.reset();
-    if (!failed_) Execute(*line.Inner, stage_.Loop().Front());
-    if (failed_) throw ProgrammEnde{};
-  });
-}
-
-void Robot::Within(const ScriptLine& line, Form* front) {
-  Poll(line, front, line.Numbers.front());
-}
-
-void Robot::Poll(const ScriptLine& line, Form* front, int leftMs) {
-  try {
-    (this->*Find(line.Inner->Verb))(*line.Inner, front);
-  } catch (const Unreachable&) {
-    if (leftMs <= 0) throw;
-    const int pauseMs = std::min(leftMs, kPollMs);
-    Then(line, [=, this, &line](Form* next) { Poll(line, next, leftMs - pauseMs); });
-    Rest(pauseMs);
-  }
-}
-
-void Robot::Shot(const ScriptLine& line, Form* front) {
-  if (line.Subject) front = &FindForm(line.Subject->Form);
-  if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
-  // Returns false without a screen; then there is no picture.
-  stage_.TheHands().Shot(*front, HostPath(line.Value));
-}
-
-void Robot::Echo(const ScriptLine& line, Form* /*front*/) {
-  out_ << ToUtf8(line.Value) << std::endl;
+CommandTable Expectations() {
+  return {
+      {L"expect", Expect},
+      {L"expect-box", ExpectBox},
+      {L"expect-window", ExpectWindow},
+      {L"expect-file", ExpectFile},
+      {L"expect-mixer", ExpectMixer},
+  };
 }
 
 }  // namespace vantora

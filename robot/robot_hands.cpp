@@ -1,7 +1,7 @@
 // The commands that act: mouse, keyboard and answers.
 
 #include "backends/linux/utf8.h"
-#include "robot/robot.h"
+#include "robot/robot_commands.h"
 
 namespace vantora {
 
@@ -12,8 +12,6 @@ constexpr int kAbort = 3, kIgnore = 5;  // retry is between them, on a box with 
 constexpr int kBoxButtons = 3;
 
 constexpr int kHeldPauseMs = 20;
-constexpr int kGoodbyePauseMs = 100;
-constexpr int kGoodbyePatience = 600;  // pauses
 
 // For commands that take files, all words after the control are files.
 std::vector<Text> FilesOf(const ScriptLine& line) {
@@ -22,80 +20,87 @@ std::vector<Text> FilesOf(const ScriptLine& line) {
   return files;
 }
 
-}  // namespace
-
-void Robot::Press(const ScriptLine& line, Form* /*front*/) {
-  Control& control = FindControl(*line.Subject);
-  if (line.Value == L"shift") return stage_.TheHands().ShiftPress(control);
-  if (line.Numbers.empty()) return stage_.TheHands().Press(control);
-  stage_.TheHands().PressAt(control, line.Numbers[0]);
+void Press(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  Control& control = scene.FindControl(*line.Subject);
+  if (line.Value == L"shift") return scene.TheHands().ShiftPress(control);
+  if (line.Numbers.empty()) return scene.TheHands().Press(control);
+  scene.TheHands().PressAt(control, line.Numbers[0]);
 }
 
-void Robot::DoubleClick(const ScriptLine& line, Form* /*front*/) {
-  Control& control = FindControl(*line.Subject);
-  if (line.Numbers.empty()) return stage_.TheHands().DoubleClick(control);
-  stage_.TheHands().DoubleClickAt(control, line.Numbers[0]);
+void DoubleClick(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  Control& control = scene.FindControl(*line.Subject);
+  if (line.Numbers.empty()) return scene.TheHands().DoubleClick(control);
+  scene.TheHands().DoubleClickAt(control, line.Numbers[0]);
 }
 
-void Robot::RightClick(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().RightClick(FindControl(*line.Subject));
+void RightClick(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().RightClick(scene.FindControl(*line.Subject));
 }
 
-void Robot::Drag(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Drag(FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
+void Drag(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().Drag(scene.FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
 }
 
-void Robot::Pull(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Pull(FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
+void Pull(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().Pull(scene.FindControl(*line.Subject), line.Numbers[0], line.Numbers[1]);
 }
 
-// The next step is registered before the press, because the program may ask its user during it.
-void Robot::Hold(const ScriptLine& line, Form* /*front*/) {
-  Control& control = FindControl(*line.Subject);
-  AwaitRelease(line);
-  stage_.TheHands().Hold(control, line.Numbers[0]);
-}
-
-void Robot::AwaitRelease(const ScriptLine& line) {
-  Then(line, [this, &line](Form* /*front*/) {
-    if (!stage_.TheHands().Holding()) return;
-    AwaitRelease(line);
-    Rest(kHeldPauseMs);
+void AwaitRelease(RobotScene& scene, const ScriptLine& line) {
+  scene.Turns().Then(line, [&scene, &line](Form* /*front*/) {
+    if (!scene.TheHands().Holding()) return;
+    AwaitRelease(scene, line);
+    scene.Turns().Rest(kHeldPauseMs);
   });
 }
 
-void Robot::Drop(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Drop(FindControl(*line.Subject), FilesOf(line));
+// The next step is registered before the press, because the program may ask its user during it.
+void Hold(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  Control& control = scene.FindControl(*line.Subject);
+  AwaitRelease(scene, line);
+  scene.TheHands().Hold(control, line.Numbers[0]);
 }
 
-void Robot::Type(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Type(FindControl(*line.Subject), line.Value);
+void Drop(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().Drop(scene.FindControl(*line.Subject), FilesOf(line));
 }
 
-void Robot::Select(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Select(FindControl(*line.Subject), line.Numbers);
+void Type(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().Type(scene.FindControl(*line.Subject), line.Value);
 }
 
-void Robot::Key(const ScriptLine& line, Form* /*front*/) {
-  stage_.TheHands().Key(FindForm(line.Subject->Form), line.Value);
+void Select(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().Select(scene.FindControl(*line.Subject), line.Numbers);
 }
 
-void Robot::MenuItem(const ScriptLine& line, Form* front) {
+void PressKey(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  scene.TheHands().Key(scene.FindForm(line.Subject->Form), line.Value);
+}
+
+void ChooseMenu(RobotScene& scene, const ScriptLine& line, Form* front) {
   if (front == nullptr) throw Unreachable("a window with a menu was to be in front, there is none");
-  stage_.TheHands().ChooseMenu(*front, line.Value);
+  scene.TheHands().ChooseMenu(*front, line.Value);
 }
 
-void Robot::WindowClose(const ScriptLine& line, Form* front) {
-  if (line.Subject) front = &FindForm(line.Subject->Form);
+void WindowClose(RobotScene& scene, const ScriptLine& line, Form* front) {
+  if (line.Subject) front = &scene.FindForm(line.Subject->Form);
   if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
-  stage_.TheHands().Close(*front);
+  scene.TheHands().Close(*front);
 }
 
-void Robot::Answer(const ScriptLine& line, Form* front) {
-  PressAnswer(front, line.Numbers.front());
+void Answer(RobotScene& scene, const ScriptLine& line, Form* front) {
+  PressAnswer(scene, front, line.Numbers.front());
 }
 
-void Robot::PressAnswer(Form* front, int answer) {
+void Shot(RobotScene& scene, const ScriptLine& line, Form* front) {
+  if (line.Subject) front = &scene.FindForm(line.Subject->Form);
+  if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
+  // Returns false without a screen; then there is no picture.
+  scene.TheHands().Shot(*front, scene.HostPath(line.Value));
+}
+
+}  // namespace
+
+void PressAnswer(RobotScene& scene, Form* front, int answer) {
   if (!TextOfBox(front)) {
     throw Unreachable("a message box was to be in front, it is " + Describe(front));
   }
@@ -115,29 +120,26 @@ void Robot::PressAnswer(Form* front, int answer) {
     throw Unreachable("the box was to offer the answer " + std::to_string(answer) + ", it has " +
                       std::to_string(buttons.size()) + " button(s)");
   }
-  stage_.TheHands().Press(*chosen);
+  scene.TheHands().Press(*chosen);
 }
 
-// Closing the program asks one or two questions, and then takes a moment. The next step is
-// registered before the press, because the questions may be asked during it.
-void Robot::Close(const ScriptLine& line, Form* /*front*/) {
-  closing_ = true;
-  Then(line, [this, &line](Form* front) { SayGoodbye(line, front, kGoodbyePatience); });
-  stage_.TheHands().Press(FindControl(ParseTarget(stage_.ExitButton(), line.Number)));
-}
-
-void Robot::SayGoodbye(const ScriptLine& line, Form* front, int patience) {
-  const std::optional<Text> question = TextOfBox(front);
-  const Text exitWindow = ParseTarget(stage_.ExitButton(), line.Number).Form;
-  if (patience == 0 || (!question && front != nullptr && front->Name != exitWindow)) {
-    throw Unreachable("the program was to end, in front stands " + Describe(front));
-  }
-  Then(line, [this, &line, patience](Form* next) { SayGoodbye(line, next, patience - 1); });
-  if (question) {
-    PressAnswer(front, stage_.AsksToLeave(*question) ? kYes : kNo);
-  } else {
-    Rest(kGoodbyePauseMs);
-  }
+CommandTable HandCommands() {
+  return {
+      {L"press", Press},
+      {L"doubleclick", DoubleClick},
+      {L"rightclick", RightClick},
+      {L"drag", Drag},
+      {L"pull", Pull},
+      {L"hold", Hold},
+      {L"drop", Drop},
+      {L"type", Type},
+      {L"select", Select},
+      {L"key", PressKey},
+      {L"menu", ChooseMenu},
+      {L"window", WindowClose},
+      {L"answer", Answer},
+      {L"shot", Shot},
+  };
 }
 
 }  // namespace vantora

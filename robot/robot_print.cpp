@@ -4,7 +4,7 @@
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"
-#include "robot/robot.h"
+#include "robot/robot_commands.h"
 
 #include "platform/printer.h"
 
@@ -40,15 +40,13 @@ int RowOf(const ListControl& list, const Text& wanted) {
   throw Unreachable("the font " + ToUtf8(wanted) + " was to be in the list, it is not");
 }
 
-}  // namespace
-
-void Robot::Printer(const ScriptLine& line, Form* /*front*/) {
-  PrinterSetup& setup = stage_.Printing();
+void SetPrinter(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  PrinterSetup& setup = scene.Stage().Printing();
   if (line.Value == L"none") {
     setup.Present = false;
   } else if (line.Value == L"pdf") {
     setup.Present = true;
-    setup.PdfFolder = HostPath(line.Words[1].Content);
+    setup.PdfFolder = scene.HostPath(line.Words[1].Content);
     std::filesystem::create_directories(setup.PdfFolder);
   } else if (line.Value == L"paper") {
     setup.Paper = line.Words[1].Content;
@@ -58,41 +56,54 @@ void Robot::Printer(const ScriptLine& line, Form* /*front*/) {
   }
 }
 
-void Robot::Print(const ScriptLine& line, Form* front) {
+void Print(RobotScene& scene, const ScriptLine& line, Form* front) {
   auto& dialog = In<frmDrucken>(front, "the print dialog");
-  stage_.TheHands().Press(dialog.pbButton(line.Numbers.empty() ? kCancel : kAccept));
+  scene.TheHands().Press(dialog.pbButton(line.Numbers.empty() ? kCancel : kAccept));
 }
 
-void Robot::Font(const ScriptLine& line, Form* front) {
+void Font(RobotScene& scene, const ScriptLine& line, Form* front) {
   frmSchrift& dialog = FontDialog(front);
-  Hands& hands = stage_.TheHands();
+  Hands& hands = scene.TheHands();
   if (line.Numbers.empty()) return hands.Press(dialog.pbButton(kCancel));
-  const auto tick = [this, &line](CheckBox frmSchrift::*box, int value) {
-    Then(line, [this, box, value](Form* next) {
+  const auto tick = [&scene, &line](CheckBox frmSchrift::*box, int value) {
+    scene.Turns().Then(line, [&scene, box, value](Form* next) {
       CheckBox& shown = FontDialog(next).*box;
-      if (shown.Value != value) stage_.TheHands().Press(shown);
+      if (shown.Value != value) scene.TheHands().Press(shown);
     });
   };
-  Then(line, [this, &line](Form* next) {
-    stage_.TheHands().Type(FontDialog(next).txtGroesse, std::to_wstring(line.Numbers[0]));
+  scene.Turns().Then(line, [&scene, &line](Form* next) {
+    scene.TheHands().Type(FontDialog(next).txtGroesse, std::to_wstring(line.Numbers[0]));
   });
   tick(&frmSchrift::chkFett, line.Numbers[1]);
   tick(&frmSchrift::chkKursiv, line.Numbers[2]);
-  Then(line, [this](Form* next) { stage_.TheHands().Press(FontDialog(next).pbButton(kAccept)); });
+  scene.Turns().Then(
+      line, [&scene](Form* next) { scene.TheHands().Press(FontDialog(next).pbButton(kAccept)); });
   hands.Select(dialog.lstName, {RowOf(dialog.lstName, line.Value)});
 }
 
-void Robot::Colour(const ScriptLine& line, Form* front) {
+void Colour(RobotScene& scene, const ScriptLine& line, Form* front) {
   frmFarbe& dialog = ColourDialog(front);
-  if (line.Numbers.empty()) return stage_.TheHands().Press(dialog.pbButton(kCancel));
+  if (line.Numbers.empty()) return scene.TheHands().Press(dialog.pbButton(kCancel));
   for (int i = 1; i < dialog.txtAnteil.Count(); ++i) {
-    Then(line, [this, &line, i](Form* next) {
-      stage_.TheHands().Type(ColourDialog(next).txtAnteil(i),
-                             std::to_wstring(line.Numbers[static_cast<std::size_t>(i)]));
+    scene.Turns().Then(line, [&scene, &line, i](Form* next) {
+      scene.TheHands().Type(ColourDialog(next).txtAnteil(i),
+                            std::to_wstring(line.Numbers[static_cast<std::size_t>(i)]));
     });
   }
-  Then(line, [this](Form* next) { stage_.TheHands().Press(ColourDialog(next).pbButton(kAccept)); });
-  stage_.TheHands().Type(dialog.txtAnteil(0), std::to_wstring(line.Numbers[0]));
+  scene.Turns().Then(
+      line, [&scene](Form* next) { scene.TheHands().Press(ColourDialog(next).pbButton(kAccept)); });
+  scene.TheHands().Type(dialog.txtAnteil(0), std::to_wstring(line.Numbers[0]));
+}
+
+}  // namespace
+
+CommandTable PrintCommands() {
+  return {
+      {L"printer", SetPrinter},
+      {L"print", Print},
+      {L"font", Font},
+      {L"colour", Colour},
+  };
 }
 
 }  // namespace vantora

@@ -1,13 +1,13 @@
-// What is to be done on the interface thread and when: posted work, delayed work and the timers of
-// the forms. The agenda does not wait itself; the loop asks it at every turn.
+// The work of the interface thread: posted work, delayed work and the timers of the forms. The
+// agenda never waits; the loop asks it at every turn.
 //
-// In a turn posted work comes first, in its order. Then delayed work and timers come in the order
-// of the times when they were due, also when they are late; of two that were due at the same time,
-// delayed work comes first, and else what was planned first. What is posted or becomes due while a
-// turn runs has to wait for the next one, so that nothing keeps a user's input out.
+// A turn runs posted work first, in the order of posting. Delayed work and timers follow in the
+// order of their due times, also if they are late. At equal due times delayed work comes before
+// timers, and otherwise the work that was planned first. Work that is posted or becomes due during
+// a turn waits for the next turn, so that it cannot shut out the user's input.
 //
-// A timer that comes late does not make up for what it missed, and it does not tick while its own
-// handler runs, whatever turns in there.
+// A late timer does not catch up on the ticks that it missed. A timer does not tick while its own
+// handler runs, even if that handler turns the loop.
 #pragma once
 
 #include "platform/form.h"
@@ -26,28 +26,27 @@ namespace vantora {
 class Agenda {
  public:
   using Work = std::function<void()>;
-  // Runs one piece of work. `due` is when delayed work was to come; nothing for all other work.
+  // Runs one piece of work. `due` is the due time of delayed work, nothing for all other work.
   using Runner = std::function<void(const Work& work, std::optional<std::int64_t> due)>;
 
-  // `now` is the time of the program's clock in microseconds. `wake` stirs a loop that waits; it is
-  // called from any thread.
+  // `now` returns the time of the program's clock in microseconds. `wake` wakes a waiting loop; it
+  // is called from any thread.
   Agenda(std::function<std::int64_t()> now, std::function<void()> wake);
 
   void Post(Work work);  // from any thread
   void PostAfter(int ms, Work work);
 
-  void Arm(const Form& form);  // looks which timers of the form are on, and how they are set
+  void Arm(const Form& form);  // reads the settings of its timers
   void Forget(const Form& form);
 
-  // Runs what is due now until `stop` says so; true when there was something.
+  // Runs the work that is due now, until `stop` returns true. Returns true if there was any.
   bool RunDue(const Runner& run, const std::function<bool()>& stop);
 
   bool AnyPosted() const;
   std::optional<std::int64_t> NextDue() const;  // of delayed work and timers; microseconds
 
  private:
-  using Key =
-      std::pair<std::int64_t, std::int64_t>;  // time due, and number in the order of planning
+  using Key = std::pair<std::int64_t, std::int64_t>;  // due time, then the order of planning
   struct Armed {
     const Form* Owner = nullptr;
     int Interval = 0, Starts = 0;

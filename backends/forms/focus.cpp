@@ -40,46 +40,77 @@ bool CanHaveFocus(const Control& control) {
   return TakesFocus(control) && control.InSight() && control.InUse();
 }
 
-std::vector<Control*> FocusChain(const Form& form) {
-  std::vector<Control*> chain;
-  for (Control* control : form.Controls) {
-    if (CanHaveFocus(*control)) chain.push_back(control);
-  }
-  std::stable_sort(chain.begin(), chain.end(),
+namespace {
+
+std::vector<Control*> InTabOrder(const Form& form) {
+  std::vector<Control*> order = form.Controls;
+  std::stable_sort(order.begin(), order.end(),
                    [](const Control* a, const Control* b) { return a->TabIndex < b->TabIndex; });
-  return chain;
+  return order;
+}
+
+bool SameGroup(const OptionButton& option, const Control* other) {
+  const auto* sibling = dynamic_cast<const OptionButton*>(other);
+  return sibling != nullptr && sibling->Group() == option.Group();
+}
+
+// The option at which the Tab key enters a group.
+const Control* EntryOf(const std::vector<Control*>& order, const OptionButton& option) {
+  const Control* first = nullptr;
+  for (const Control* other : order) {
+    if (!SameGroup(option, other) || !CanHaveFocus(*other)) continue;
+    if (static_cast<const OptionButton*>(other)->Value()) return other;
+    if (first == nullptr) first = other;
+  }
+  return first;
+}
+
+}  // namespace
+
+Control* FirstFocus(const Form& form) {
+  const std::vector<Control*> order = InTabOrder(form);
+  const auto first = std::find_if(order.begin(), order.end(),
+                                  [](const Control* control) { return CanHaveFocus(*control); });
+  return first == order.end() ? nullptr : *first;
 }
 
 Control* NextFocus(const Form& form, const Control* from, bool back) {
-  std::vector<Control*> chain = FocusChain(form);
-  if (chain.empty()) return nullptr;
-  if (back) std::reverse(chain.begin(), chain.end());
-  const auto place = std::find(chain.begin(), chain.end(), from);
-  const bool last = place == chain.end() || place + 1 == chain.end();
-  return last ? chain.front() : *(place + 1);
+  const std::vector<Control*> order = InTabOrder(form);
+  const auto stop = [&order, from](const Control* control) {
+    if (control == from || !CanHaveFocus(*control)) return false;
+    const auto* option = dynamic_cast<const OptionButton*>(control);
+    if (option == nullptr) return true;
+    return !SameGroup(*option, from) && EntryOf(order, *option) == control;
+  };
+  std::vector<Control*> way = order;  // from behind `from` round to it
+  const auto place = std::find(way.begin(), way.end(), from);
+  if (place != way.end()) std::rotate(way.begin(), place + 1, way.end());
+  if (back) std::reverse(way.begin(), way.end());
+  const auto next = std::find_if(way.begin(), way.end(), stop);
+  return next == way.end() ? nullptr : *next;
 }
 
-Control* FocusReports::TakeTold(const Form& form) {
-  const auto told = told_.find(&form);
-  return told == told_.end() ? nullptr : std::exchange(told->second, nullptr);
+Control* FocusReports::TakeReported(const Form& form) {
+  const auto reported = reported_.find(&form);
+  return reported == reported_.end() ? nullptr : std::exchange(reported->second, nullptr);
 }
 
-// What loses the focus may give it to a third control, which has been told by then.
+// The handler of the loss may give the focus to a third control, which then has got its report.
 void FocusReports::Came(Control& control) {
   const Form& form = control.Owner();
-  Control*& told = told_[&form];
-  if (told == &control) return;
-  if (Control* before = TakeTold(form)) report_(*before, false);
-  const auto now = told_.find(&form);
-  if (now == told_.end() || now->second != nullptr) return;
+  Control*& reported = reported_[&form];
+  if (reported == &control) return;
+  if (Control* before = TakeReported(form)) report_(*before, false);
+  const auto now = reported_.find(&form);
+  if (now == reported_.end() || now->second != nullptr) return;
   now->second = &control;
   report_(control, true);
 }
 
 void FocusReports::Went(const Control& control) {
-  const auto told = told_.find(&control.Owner());
-  if (told == told_.end() || told->second != &control) return;
-  if (Control* before = TakeTold(control.Owner())) report_(*before, false);
+  const auto reported = reported_.find(&control.Owner());
+  if (reported == reported_.end() || reported->second != &control) return;
+  if (Control* before = TakeReported(control.Owner())) report_(*before, false);
 }
 
 }  // namespace vantora

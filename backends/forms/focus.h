@@ -1,5 +1,4 @@
-// Which controls take the focus, in which order the Tab key walks through them, and who is told of
-// the focus when.
+// The focus: which controls take it, their order, and the reports to the controls.
 #pragma once
 
 #include "platform/form.h"
@@ -11,20 +10,22 @@
 namespace vantora {
 
 bool HasMouseHandler(const Control& control);
-bool TakesFocus(const Control& control);  // by the Tab key and from the program
-// Buttons drawn from pictures and labels take the focus by the keyboard alone: a click on one ends
-// no typing in a text box.
+bool TakesFocus(const Control& control);  // from the Tab key and from the program
+// Picture buttons and labels take the focus from the keyboard only, so that a click on a button
+// does not end the typing in a text box.
 bool TakesFocusByClick(const Control& control);
-bool CanHaveFocus(const Control& control);  // it takes the focus, and is in sight and in use
+bool CanHaveFocus(const Control& control);  // takes the focus, and is visible and enabled
 
-// The controls of a form that can have the focus, in the order of the Tab key.
-std::vector<Control*> FocusChain(const Form& form);
-// The next one behind `from`, or before it; the first or last one when `from` is nothing. Nothing
-// when no control can have the focus.
+// The first control of a form in the order of the Tab key; nothing if none can have the focus.
+Control* FirstFocus(const Form& form);
+// The control that the Tab key leads to from `from`, or from the window if that is nothing; with
+// `back`, Shift and the Tab key. A group of option buttons is one stop: the option that is set,
+// else the first one. Nothing if there is no other stop.
 Control* NextFocus(const Form& form, const Control* from, bool back);
 
-// A control is told that it has the focus once, and that it has lost it when another control of its
-// window has it: a window that goes behind another one and comes back keeps its focus.
+// Reports the focus to controls. A control gets the report that it has the focus once. It gets the
+// report of the loss when another control of the same window gets the focus: a window that goes
+// behind another window and comes back keeps its focus.
 class FocusReports {
  public:
   using Report = std::function<void(Control& control, bool came)>;
@@ -32,13 +33,13 @@ class FocusReports {
 
   void Came(Control& control);
   void Went(const Control& control);
-  void Forget(const Form& form) { told_.erase(&form); }
+  void Forget(const Form& form) { reported_.erase(&form); }
 
  private:
-  Control* TakeTold(const Form& form);
+  Control* TakeReported(const Form& form);
 
   Report report_;
-  std::map<const Form*, Control*> told_;  // those that were told they have the focus; may be gone
+  std::map<const Form*, Control*> reported_;  // the control with the last report; may be destroyed
 };
 
 }  // namespace vantora

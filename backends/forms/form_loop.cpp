@@ -10,7 +10,6 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kUsPerMs = 1000;
 // A user acts also in front of a program that is never idle, when it has had so much time and so
 // many turns. Where time stands still while the program works, a great many turns count as well.
 constexpr std::int64_t kPatienceUs = 4'000'000;
@@ -40,7 +39,7 @@ void FormLoop::Present(Form& form, bool modal) {
   if (behind != nullptr) keyboard_.Leave(*behind);
   SetVisible(form, true);
   stack_.Raise(form);
-  told_ = &form;
+  reported_ = &form;
   std::erase(uncovered_, &form);
   uncovered_.push_back(&form);
   world_->Appear(form, modal, behind);
@@ -86,7 +85,7 @@ void FormLoop::Detach(Form& form) {
   keyboard_.Forget(form);
   focus_.Forget(form);
   std::erase(uncovered_, &form);
-  if (told_ == &form) told_ = nullptr;
+  if (reported_ == &form) reported_ = nullptr;
   EventLoop::Detach(form);
   world_->Gone(form);
 }
@@ -142,20 +141,20 @@ void FormLoop::Chosen(Form& form) {
 void FormLoop::Restored(Form& form) {
   if (!Minimized(form)) return;
   stack_.Raise(form);
-  told_ = nullptr;
+  reported_ = nullptr;
 }
 
 void FormLoop::Returned() {
-  told_ = nullptr;
+  reported_ = nullptr;
 }
 
 bool FormLoop::ReportFront() {
   Form* front = Front();
-  if (front == told_ || Ended()) return false;
+  if (front == reported_ || Ended()) return false;
   for (Form* form : Forms()) {
-    if (form == told_) keyboard_.Leave(*form);
+    if (form == reported_) keyboard_.Leave(*form);
   }
-  told_ = front;
+  reported_ = front;
   if (front == nullptr) return false;
   world_->ComeForward(*front);
   Handle([front] { front->Form_GotFocus(); });
@@ -228,7 +227,7 @@ bool FormLoop::RunDue() {
   return agenda_.RunDue(run, [this] { return Ended(); });
 }
 
-// What is handled inside of an event's handler is no part of that event.
+// The handler of an event may turn the loop: the work of that turn is not part of the event.
 bool FormLoop::Turn() {
   const RestoredValue<std::optional<std::int64_t>> outer(eventMs_, std::nullopt);
   Sync();

@@ -1,22 +1,24 @@
-// The event loop of every world: who is in front, what is reported to whom and when, and which work
-// comes next. What differs between a desktop and a program without a screen is in its World.
+// The event loop of both worlds: which window is in front, which reports the handlers get, and
+// which work runs next. World holds the differences between a desktop and a program without a
+// screen.
 //
-// A turn runs what is due (agenda.h), lets the world handle what has come in, and reports what has
-// come of it:
-//   Form_Activate   inside Show and ShowModal
-//   Form_GotFocus   to the window that is in front again: before ShowModal returns, else at the end
-//                   of the turn; also when the person comes back from another program. Form_Paint
-//                   follows at once
-//   Form_Paint      at the end of the first turn after a window was shown
-//   GotFocus        of the first control at the first turn after its window was shown; of another
-//                   one when it gets the focus, after LostFocus of the one that had it
-// Nothing is reported to a form after the program has ended.
+// A turn runs the work that is due (agenda.h), lets the world handle its input, and then reports
+// the changes:
+//   Form_Activate   Show and ShowModal call it.
+//   Form_GotFocus   The window that is in front again gets it: before ShowModal returns, otherwise
+//   at
+//                   the end of the turn. It also comes when the user returns from another program.
+//                   Form_Paint follows at once.
+//   Form_Paint      A window gets it at the end of the first turn after it was shown.
+//   GotFocus        The first control gets it in the first turn after its window was shown; every
+//                   other control gets it with the focus, after LostFocus of the control before.
+// After the end of the program no form gets a report.
 //
-// Where the program waits (Run, ShowModal) and nothing is due, `TheUser` is asked to act. A program
-// that is never idle asks him nevertheless, but not before it has answered what he did last. A user
-// who has nothing more to do ends Run; in front of a modal window he leaves the program, and
-// LeftOpen then has the window's name. What a user throws is no error of the program: the program
-// ends, and Run throws std::logic_error with the same words.
+// When the program waits (Run, ShowModal) and no work is due, `TheUser` is asked to act. A program
+// that is never idle asks the user too, but first answers the user's last action. Run ends when the
+// user has no more actions. If a modal window is open then, the program ends, and LeftOpen returns
+// the name of that window. An exception of the user is no error of the program: the program ends,
+// and Run throws std::logic_error with the same message.
 #pragma once
 
 #include "backends/forms/agenda.h"
@@ -36,12 +38,12 @@ class FormLoop : public EventLoop {
  public:
   ~FormLoop() override;
 
-  // Showing the window that is in front already does nothing.
+  // No effect on the window that is already in front.
   void Show(Form& form) override;
   void ShowModal(Form& form) override;
   void Hide(Form& form) override;
   void Minimize(Form& form) override;
-  void SetFocus(Control& control) override;         // no effect on what cannot have the focus
+  void SetFocus(Control& control) override;         // no effect on a control that cannot have it
   void PopupMenu(Form& form, Menu& menu) override;  // returns at once
   Form* Front() override { return stack_.Front(); }
 
@@ -50,39 +52,40 @@ class FormLoop : public EventLoop {
   void DoEvents() override;
   void Post(std::function<void()> work) override { agenda_.Post(std::move(work)); }
   void PostAfter(int ms, std::function<void()> work) override;
-  // Delayed work carries the time when it was due, also when the program was busy then.
+  // Delayed work gets its due time, also if the program was busy then.
   std::int64_t EventMs() const override;
 
   // ---- for hands and tests ----
 
-  bool Loaded(const Form& form) const;            // compares places only: the form may be gone
+  bool Loaded(const Form& form) const;            // compares addresses: the form may be destroyed
   bool Alive(const Control& control) const;       // the same
   bool Blocked(const Form& form) const;           // behind a modal window, or the program has ended
   bool Reachable(const Form& form) const;         // shown, not minimized and not blocked
   bool TakesInput(const Form& form) const;        // reachable and not disabled
-  bool TakesInput(const Control& control) const;  // its window does, and it is in sight and in use
+  bool TakesInput(const Control& control) const;  // its window does; visible and enabled
   Control* Focus(const Form& form) const { return world_->FocusOf(form); }  // nothing for none
   const Text& LeftOpen() const { return leftOpen_; }
-  // What a click on a window does to it, before it does anything else.
+  // Does what a click on a window does first.
   void BringForward(Form& form);
-  // Runs `work` as if it came from the user at that moment, by EventMs.
+  // Runs `work` as an action of the user at that time of EventMs.
   void ActAt(std::int64_t ms, const std::function<void()>& work);
-  void Sync();  // brings onto the screen what is dirty, and looks which timers are on
+  void Sync();  // shows dirty controls, and reads the settings of the timers
 
   // ---- for the world and its windows ----
 
-  void Handle(const std::function<void()>& handler);  // runs it as all handlers are run
+  void Handle(const std::function<void()>& handler);  // runs a handler under the rules of EventLoop
   bool Handling() const { return depth_ > 0; }
   bool Minimized(const Form& form) const { return stack_.Minimized(form); }
   Keyboard& Keys() { return keyboard_; }
   void FocusCame(Control& control) { focus_.Came(control); }
   void FocusWent(const Control& control) { focus_.Went(control); }
-  void Chosen(Form& form);    // the person has gone to another window of the program
-  void Restored(Form& form);  // the person has brought back a minimized window
-  void Returned();            // the person comes back from another program
-  // When the event that is being handled came about; nothing between events. Returns what it was.
+  void Chosen(Form& form);    // the user has activated another window
+  void Restored(Form& form);  // the user has restored a minimized window
+  void Returned();            // the user comes back from another program
+  // Sets the time of the event that is handled now, nothing between events. Returns the time
+  // before.
   std::optional<std::int64_t> EventBegins(std::optional<std::int64_t> ms);
-  // A program that cannot go on: it ends, and Run throws this.
+  // Ends a program that cannot go on; Run then throws std::logic_error with this text.
   [[noreturn]] void Stop(const std::string& why);
   void ThrowIfStopped() const;
 
@@ -107,8 +110,8 @@ class FormLoop : public EventLoop {
   WindowStack stack_;
   Keyboard keyboard_;
   FocusReports focus_;
-  std::vector<Form*> uncovered_;  // shown, and not yet told to paint
-  const Form* told_ = nullptr;    // was told last that it is in front; may be gone
+  std::vector<Form*> uncovered_;    // shown, and still without Form_Paint
+  const Form* reported_ = nullptr;  // the front window of the last report; may be destroyed
   std::optional<std::int64_t> eventMs_;
   std::optional<std::string> stopped_;
   Text leftOpen_;

@@ -14,8 +14,13 @@ void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own&
     used = true;  // a handler that fails has used it
     loop_.Handle([&] { used = form.Form_KeyDown(key.Code, key.Control); });
   }
-  const auto reached = [&] { return focus != nullptr && loop_.TakesInput(*focus); };
-  if (used || !reached()) return;
+  if (used) return;
+  if (focus == nullptr) {
+    if (loop_.TakesInput(form)) own();
+    return;
+  }
+  const auto reached = [&] { return loop_.TakesInput(*focus); };
+  if (!reached()) return;
   focus->ShiftHeld = key.Shift;
   focus->ControlHeld = key.Control;
   if (const auto down = focus->KeyDown; down && key.Code != 0) {
@@ -29,7 +34,7 @@ void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own&
   if (wanted && reached()) own();
 }
 
-// The way to end a long piece of work that has disabled its window.
+// Escape can end a long piece of work that has disabled its window.
 void Keyboard::Escape(Form& form, const KeyStroke& key) {
   if (key.Code != kKeyEscape || !form.EscapeWhileDisabled || !loop_.Reachable(form)) return;
   loop_.Handle([&form] { form.Form_KeyDown(kKeyEscape, false); });

@@ -1,12 +1,13 @@
-// Who learns of a key, and in which order.
+// The way of a key to its handlers.
 //
-// The window sees every key first. What it leaves goes to the control with the focus: KeyDown, then
-// KeyPress for what the key writes, then what the kind of control makes of the key by itself. A
-// handler that closes, covers or disables the window or the control ends that. When the key is let
-// go the window learns of it once, however often it was repeated, and then the control that has the
-// focus by then. A window that is left by the keyboard learns that all its keys are up.
+// The window gets every key first (Form_KeyDown). If the window does not use it, the control with
+// the focus gets KeyDown, then KeyPress with the character, and then the control's kind acts on the
+// key. The way ends early when a handler closes, covers or disables the window or the control. The
+// release of a key reaches the window once, however often the key was repeated (Form_KeyUp), and
+// then the control that has the focus at that time. A window that loses the keyboard gets
+// Form_KeyUp for all keys that are still held.
 //
-// A window that is disabled gets no key but Escape, when it asks for that.
+// A disabled window gets no key, except Escape if it asks for that.
 #pragma once
 
 #include "backends/forms/keys.h"
@@ -26,17 +27,17 @@ class Keyboard {
   using Own = std::function<void()>;
   explicit Keyboard(FormLoop& loop) : loop_(loop) {}
 
-  // `focus` is the control with the focus, or nothing. `own` is what its kind makes of the key.
+  // `focus` is the control with the focus, or nothing. `own` is the action of its kind.
   void Down(Form& form, Control* focus, const KeyStroke& key, const Own& own);
   void Up(Form& form, Control* focus, int code, bool repeats, const Own& own);
-  void Leave(Form& form);  // another window has the keyboard from now on
+  void Leave(Form& form);  // the keyboard goes to another window
   void Forget(const Form& form) { down_.erase(&form); }
 
  private:
   void Escape(Form& form, const KeyStroke& key);
 
   FormLoop& loop_;
-  std::map<const Form*, std::set<int>> down_;  // the codes whose press each window has had
+  std::map<const Form*, std::set<int>> down_;  // held keys that each window has got
 };
 
 }  // namespace vantora

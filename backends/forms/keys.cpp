@@ -68,7 +68,7 @@ KeyStroke KeyFor(wchar_t character) {
     return stroke;
   }
   stroke.Code = CodeOf(character);
-  stroke.Character = static_cast<int>(character);
+  stroke.Character = int{character};
   stroke.Shift = character != Lower(character);
   return stroke;
 }

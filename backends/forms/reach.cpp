@@ -20,7 +20,7 @@ std::string Utf8(const Text& name) {
   std::string bytes;
   const auto add = [&bytes](unsigned value) { bytes += static_cast<char>(value); };
   for (const wchar_t letter : name) {
-    const auto c = static_cast<unsigned>(letter);
+    const auto c = std::char_traits<wchar_t>::to_int_type(letter);
     if (c < 0x80) {
       add(c);
     } else if (c < 0x800) {

@@ -1,5 +1,5 @@
-// What a person can reach, for hands of every world. What cannot be done throws Unreachable with a
-// sentence that says why.
+// What a user can reach; the hands of both worlds ask here. All functions throw Unreachable with
+// the reason.
 #pragma once
 
 #include "platform/hands.h"
@@ -16,12 +16,12 @@ std::string NameOf(const Form& form);
 std::string NameOf(const Control& control);  // with its window
 [[noreturn]] void Refuse(const std::string& why);
 
-// The window takes input, `evenDisabled` also while it is disabled. It comes to the front, as it
-// does by a click.
+// Checks that the window takes input; with `evenDisabled` a disabled window passes. Brings the
+// window to the front, as a click does.
 void Reach(FormLoop& loop, Form& form, bool evenDisabled = false);
-// The control can be seen and used.
+// Checks that the control is visible and enabled.
 void Reach(FormLoop& loop, Control& control);
-// The control has these rows, counted from 1, and so many of them can be selected.
+// Checks that the control has these rows, counted from 1, and can select all of them.
 void CheckRows(const Control& control, const std::vector<int>& rows);
 
 // The part of a control that lies between the edges of all that it lies in; twips from its corner.

@@ -1,4 +1,4 @@
-// Gives a value back what it was when this goes.
+// Sets a value for as long as this object lives.
 #pragma once
 
 #include <utility>

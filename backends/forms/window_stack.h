@@ -1,5 +1,5 @@
-// Which windows are shown and which of them is in front, which are minimized, and which wait behind
-// a modal one. It knows the order alone: it runs no handler and brings nothing onto a screen.
+// The order of the shown windows: which one is in front, which ones are minimized, and which ones
+// are blocked by a modal window. The stack runs no handlers and draws nothing.
 #pragma once
 
 #include "platform/form.h"
@@ -12,17 +12,17 @@ namespace vantora {
 class WindowStack {
  public:
   void Raise(Form& form);       // to the front, and no longer minimized
-  void Drop(const Form& form);  // it is shown no longer, and a modal call for it is over
+  void Drop(const Form& form);  // no longer shown; ends its modal call
   void Minimize(const Form& form);
 
   // The frontmost window that is not minimized; nothing when there is none.
   Form* Front() const;
   bool Minimized(const Form& form) const { return minimized_.count(&form) != 0; }
-  // A modal window stands in front of it, minimized or not.
+  // True if a modal window is in front of it, even a minimized one.
   bool Blocked(const Form& form) const;
 
-  // A modal call lasts until its window is dropped or the call is ended. A window that is dropped
-  // and shown anew is another call, so each has a number of its own.
+  // A modal call ends with EndModal or when its window is dropped. Showing the window again is a
+  // new call, so every call has its own number.
   int BeginModal(const Form& form);
   void EndModal(int call);
   bool ModalOpen(int call) const;

@@ -1,6 +1,6 @@
-// The world in which the windows of the model stand: a desktop with a toolkit, or nothing at all.
-// The model says what happens to the windows, the world shows it, and reports to the model
-// (FormLoop) what the user and the desktop do.
+// The world of the windows: a desktop with a toolkit, or a program without a screen. The model
+// (FormLoop) decides what happens to a window, and the world shows it. The world reports the
+// actions of the user and of the desktop to the model.
 #pragma once
 
 #include "platform/form.h"
@@ -19,37 +19,38 @@ class World {
 
   // ---- time and events ----
 
-  virtual std::int64_t NowUs() const = 0;  // the program's clock, microseconds from some start
-  // The same moment as the stamps of the user's events count it, in milliseconds.
+  virtual std::int64_t NowUs()
+      const = 0;  // the program's clock in microseconds; only differences count
+  // Converts a time of NowUs to the milliseconds of EventLoop::EventMs.
   virtual std::int64_t StampOf(std::int64_t us) const { return us / 1000; }
-  virtual void Wake() {}  // stirs Rest; from any thread
-  // Handles what has come in from the user and the desktop; true when there was something.
+  virtual void Wake() {}  // ends a Rest; called from any thread
+  // Handles the input of the user and the desktop. Returns true if there was any.
   virtual bool HandleInput() = 0;
-  // The end of a DoEvents; `busy`: the turn has found something to do.
+  // Ends a DoEvents. `busy`: its turn had work.
   virtual void EndTurns(bool busy) = 0;
-  // Nothing is to be done before `until`, microseconds; nothing is planned when that is missing.
-  // Lets time pass until then, or until something comes in. `where` names the wait, for complaints.
+  // Waits until the time `until`, microseconds, or until input or posted work arrives. Without
+  // `until` no work is planned. `modal` is the window of a modal call, nothing in the main loop.
   virtual void Rest(std::optional<std::int64_t> until, const Form* modal) = 0;
-  virtual void TurnEnds() {}  // the windows of forms that have gone can be let go
+  virtual void TurnEnds() {}  // windows of destroyed forms can be deleted
 
   // ---- windows ----
 
-  // The form is to be seen in front; `behind` was in front before, or nothing.
+  // Shows the form in front. `behind` was in front before, or nothing.
   virtual void Appear(Form& form, bool modal, Form* behind) = 0;
   virtual void Vanish(Form& form) = 0;
   virtual void Iconify(Form& form) = 0;
-  virtual void ComeForward(Form& form) = 0;  // it is in front in the model; the desktop follows
-  virtual void Bring(Form& form) = 0;        // what is dirty of it onto the screen
+  virtual void ComeForward(Form& form) = 0;  // the model has put it in front
+  virtual void Bring(Form& form) = 0;        // shows its dirty controls
   virtual void Gone(Form& form) = 0;         // the form is being destroyed
 
   // ---- focus ----
 
-  // Gives the focus to a control that can have it. Reports to FormLoop::FocusCame as soon as its
-  // window is the active one.
+  // Gives the focus to a control that can have it. FormLoop::FocusCame follows as soon as its
+  // window is active.
   virtual void FocusOn(Control& control) = 0;
   virtual Control* FocusOf(const Form& form) const = 0;               // nothing for none
   virtual void FocusReported(Control& /*control*/, bool /*came*/) {}  // before the handlers
-  // Popped up at the mouse; the handler of the item that is chosen runs when the menu has gone.
+  // Opens the menu at the mouse. The handler of the chosen item runs after the menu has closed.
   virtual void PopupMenu(Form& form, Menu& menu) = 0;
 };
 

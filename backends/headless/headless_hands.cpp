@@ -110,8 +110,8 @@ void HeadlessHands::DoubleClickAt(Control& control, int at) {
   Twice(control);
 }
 
-// A double click stands in the place of the second press, and has a release as every press has. A
-// button that knows none is pressed a second time.
+// A double click takes the place of the second press; its release follows. A button without a
+// handler for double clicks gets a second press instead.
 void HeadlessHands::Twice(Control& control) {
   if (!loop_.TakesInput(control)) return;
   if (control.Kind() == ControlKind::PictureButton && !control.DblClick) {
@@ -121,10 +121,10 @@ void HeadlessHands::Twice(Control& control) {
   Up(control, kLeftButton, true);
 }
 
-// The program may turn in the handler of the press until the button is let go, so the release is on
-// its way before.
+// The handler of the press may turn the loop until the release comes, so the release is posted
+// before the press.
 void HeadlessHands::Click(Control& control, int button) {
-  if (button == kLeftButton && control.MouseDown) return KeepDown(control, 0);
+  if (control.MouseDown) return KeepDown(control, 0, button);
   Down(control, button);
   Up(control, button, true);
 }
@@ -132,17 +132,17 @@ void HeadlessHands::Click(Control& control, int button) {
 void HeadlessHands::Hold(Control& control, int ms) {
   Reach(control);
   PointAtMiddle(control);
-  KeepDown(control, ms);
+  KeepDown(control, ms, kLeftButton);
 }
 
-void HeadlessHands::KeepDown(Control& control, int ms) {
+void HeadlessHands::KeepDown(Control& control, int ms, int button) {
   ++held_;
   const int others = held_ - 1;
-  loop_.PostAfter(ms, [this, &control] {
+  loop_.PostAfter(ms, [this, &control, button] {
     --held_;
-    Up(control, kLeftButton, true);
+    Up(control, button, true);
   });
-  Down(control, kLeftButton);
+  Down(control, button);
   while (held_ > others && !loop_.Ended()) loop_.Pass(ms == 0 ? 0 : 1);
 }
 
@@ -160,14 +160,16 @@ void HeadlessHands::Down(Control& control, int button) {
     SelectRow(control, row_, false);
 }
 
-// The release belongs to the press, whatever has become of the control meanwhile. Check boxes and
-// option buttons change and click before it is reported, all others click after it.
+// A control that got the press gets the release too, also if it has been disabled meanwhile. Check
+// boxes and option buttons change and raise Click before MouseUp, all other controls raise Click
+// after it.
 void HeadlessHands::Up(Control& control, int button, bool inside) {
   if (!loop_.Alive(control)) return;
   const ControlKind kind = control.Kind();
   const bool changes = kind == ControlKind::CheckBox || kind == ControlKind::OptionButton;
   const bool clicks = button == kLeftButton && inside;
   if (clicks && changes) Own(control);
+  if (!loop_.Alive(control)) return;
   if (auto* view = dynamic_cast<ListView*>(&control); view != nullptr && clicks && row_ > 0) {
     if (const auto click = view->ItemClick) Call(control, [click, row = row_] { click(row); });
   }
@@ -182,7 +184,7 @@ void HeadlessHands::Up(Control& control, int button, bool inside) {
   if (loop_.TakesInput(control)) Call(control, control.Click);
 }
 
-// What check boxes and option buttons do by themselves.
+// The actions of check boxes and option buttons themselves.
 void HeadlessHands::Own(Control& control) {
   if (!loop_.TakesInput(control)) return;
   if (auto* check = dynamic_cast<CheckBox*>(&control)) check->Value = check->Value() == 0 ? 1 : 0;
@@ -213,7 +215,7 @@ void HeadlessHands::Point(Control& control, int at) {
   control.MouseY = y;
 }
 
-// At the middle of what is seen of it, when its own is not.
+// At the middle of the control or, if that is hidden, of its visible part.
 void HeadlessHands::PointAtMiddle(Control& control) {
   row_ = PresentRow(control);
   if (!IsPointed(control)) return;
@@ -255,7 +257,7 @@ void HeadlessHands::Drag(Control& control, int from, int to) {
   Up(control, kLeftButton, to < 1000);  // a thousand is the edge
 }
 
-// Beyond the edges too, as a mouse that is held goes there.
+// Also beyond the edges, because a held mouse can go there.
 void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
   Point(box, from);
   const int start = box.MouseX, end = OnPixel(box.Width * to / 1000);

@@ -1,12 +1,14 @@
-// Hands without a screen: they change the model and call the handlers in the order in which real
-// widgets do. Everything happens before the call returns; a handler that opens a modal window keeps
-// the call until the window has gone.
+// Hands without a screen. They change the controls and call the handlers in the same order as real
+// widgets. Every action is complete when the call returns; a handler that opens a modal window
+// keeps the call until that window has closed.
 #pragma once
 
 #include "backends/forms/keys.h"
 #include "backends/headless/headless_loop.h"
 
 #include "platform/hands.h"
+
+#include <map>
 
 namespace vantora {
 
@@ -42,7 +44,7 @@ class HeadlessHands final : public Hands {
   // The mouse.
   void Click(Control& control, int button);
   void Twice(Control& control);
-  void KeepDown(Control& control, int ms);
+  void KeepDown(Control& control, int ms, int button);
   void Down(Control& control, int button);
   void Up(Control& control, int button, bool inside);
   void Own(Control& control);
@@ -62,7 +64,7 @@ class HeadlessHands final : public Hands {
   void Effect(Control& control, const KeyStroke& stroke);
   void LetGo(Control& control, int key);
   void TypeInto(TextBox& box, const KeyStroke& stroke);
-  void MoveInList(ListControl& list, int key);
+  void MoveInList(ListControl& list, const KeyStroke& stroke);
   void MoveInView(ListView& list, const KeyStroke& stroke);
   void MoveSlider(Slider& slider, int key);
   void MoveOption(OptionButton& option, int key);
@@ -70,11 +72,12 @@ class HeadlessHands final : public Hands {
   void MoveFocus(Form& form, bool back);
 
   HeadlessLoop& loop_;
-  bool shift_ = false;                // held while the mouse presses
-  int held_ = 0;                      // controls that are still to be let go
-  int row_ = 0;                       // of a list, where the mouse is; 0 for none
-  const Control* marked_ = nullptr;   // the text box whose whole text is marked
-  const Control* keyHeld_ = nullptr;  // the button that the space bar holds down
+  bool shift_ = false;                     // held while the mouse presses
+  int held_ = 0;                           // controls that are still to be let go
+  int row_ = 0;                            // of a list, where the mouse is; 0 for none
+  std::map<const Control*, int> current_;  // the row that a list stands on
+  const Control* marked_ = nullptr;        // the text box whose whole text is marked
+  const Control* keyHeld_ = nullptr;       // the button that the space bar holds down
 };
 
 }  // namespace vantora

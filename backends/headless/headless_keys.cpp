@@ -36,15 +36,15 @@ void HeadlessHands::Strike(Form& form, const KeyStroke& stroke) {
   };
   loop_.Post(release);
   Control* focus = loop_.Focus(form);
-  loop_.Keys().Down(form, focus, stroke, [&] { Effect(*focus, stroke); });
-  if (focus == nullptr && stroke.Code == kKeyTab && loop_.TakesInput(form)) {
-    MoveFocus(form, stroke.Shift);
-  }
+  loop_.Keys().Down(form, focus, stroke, [&] {
+    if (focus != nullptr) return Effect(*focus, stroke);
+    if (stroke.Code == kKeyTab) MoveFocus(form, stroke.Shift);
+  });
   release();
   loop_.ThrowIfStopped();
 }
 
-// What the kind of control makes of a key by itself.
+// The action of the kind of control on a key.
 void HeadlessHands::Effect(Control& control, const KeyStroke& stroke) {
   if (stroke.Code == kKeyTab) return MoveFocus(control.Owner(), stroke.Shift);
   const bool space = stroke.Code == kKeySpace;
@@ -71,7 +71,7 @@ void HeadlessHands::Effect(Control& control, const KeyStroke& stroke) {
       return;
     case ControlKind::ComboBox:
     case ControlKind::ListBox:
-      return MoveInList(static_cast<ListControl&>(control), stroke.Code);
+      return MoveInList(static_cast<ListControl&>(control), stroke);
     case ControlKind::ListView:
       return MoveInView(static_cast<ListView&>(control), stroke);
     case ControlKind::Slider:
@@ -81,14 +81,14 @@ void HeadlessHands::Effect(Control& control, const KeyStroke& stroke) {
   }
 }
 
-// The space bar acts when it is let go.
+// The space bar acts on its release.
 void HeadlessHands::LetGo(Control& control, int key) {
   if (key != kKeySpace || std::exchange(keyHeld_, nullptr) != &control) return;
   if (control.Kind() == ControlKind::PictureButton) return Up(control, kLeftButton, true);
   Own(control);
 }
 
-// From a button an arrow leads on, as the Tab key does.
+// On a button an arrow key moves the focus, as the Tab key does.
 void HeadlessHands::WalkOn(Form& form, int key) {
   const bool back = key == kKeyUp || key == kKeyLeft;
   if (back || key == kKeyDown || key == kKeyRight) MoveFocus(form, back);
@@ -108,7 +108,7 @@ void HeadlessHands::Type(Control& control, const Text& text) {
   Form& form = control.Owner();
   loop_.SetFocus(control);
   const auto strike = [&](const KeyStroke& stroke) {
-    // What a handler does to the focus takes the rest of the text with it, as on a screen.
+    // If a handler moves the focus, the rest of the text goes there, as on a screen.
     if (loop_.Reachable(form)) Strike(form, stroke);
   };
   strike(*KeyByName(L"Ctrl+A"));

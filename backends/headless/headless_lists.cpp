@@ -7,13 +7,17 @@
 
 namespace vantora {
 
-// The row that the list stands on, from 1; of a list box without one, the line at its middle.
+// The row that the list stands on, from 1. A list box without one has the line at its middle.
 int HeadlessHands::PresentRow(const Control& control) const {
   if (const auto* view = dynamic_cast<const ListView*>(&control)) {
-    for (int row = 1; row <= view->ListItems.Count(); ++row) {
-      if (view->ListItems(row).Selected()) return row;
+    const ListItems& items = view->ListItems;
+    const auto last = current_.find(view);
+    const int current = last == current_.end() || last->second > items.Count() ? 0 : last->second;
+    if (current > 0 && items(current).Selected()) return current;
+    for (int row = 1; row <= items.Count(); ++row) {
+      if (items(row).Selected()) return row;
     }
-    return 0;
+    return current;
   }
   const auto* list = dynamic_cast<const ListBox*>(&control);
   if (list == nullptr) return 0;
@@ -22,17 +26,19 @@ int HeadlessHands::PresentRow(const Control& control) const {
   return middle < list->ListCount() ? middle + 1 : 0;
 }
 
-// A click selects a row alone; with Ctrl held it puts that row on or off.
+// A click selects only this row; with Ctrl held it switches this row.
 void HeadlessHands::SelectRow(Control& control, int row, bool toggles) {
   if (auto* view = dynamic_cast<ListView*>(&control)) {
     ListItems& items = view->ListItems;
     if (row > items.Count()) return;
+    current_[view] = row;
     for (int other = 1; other <= items.Count() && !toggles; ++other) {
       items(other).SetSelected(other == row);
     }
     if (toggles) items(row).SetSelected(!items(row).Selected());
   } else if (auto* list = dynamic_cast<ListBox*>(&control)) {
     if (row > list->ListCount()) return;
+    current_[list] = row;
     const bool on = !toggles || !list->Selected(row - 1);
     for (int other = 0; other < list->ListCount() && !toggles && list->MultiSelect; ++other) {
       if (other != row - 1 && list->Selected(other)) list->Select(other, false);
@@ -56,13 +62,13 @@ void HeadlessHands::ClickRow(Control& control, int row, bool toggles) {
   Up(control, kLeftButton, true);
 }
 
-// A click on the first row and a click with Ctrl held on every other one. No row: a click with Ctrl
-// held on every selected one.
+// A click on the first row, and a click with Ctrl held on every other row. Without rows: a click
+// with Ctrl held on every selected row.
 void HeadlessHands::Select(Control& control, const std::vector<int>& rows) {
   Reach(control);
   CheckRows(control, rows);
-  loop_.SetFocus(control);
   if (auto* combo = dynamic_cast<ComboBox*>(&control)) {
+    loop_.SetFocus(control);
     combo->ListIndex = rows.front() - 1;
     return Call(control, control.Click);
   }
@@ -118,14 +124,34 @@ bool Walks(int key) {
 
 }  // namespace
 
-// The first arrow in a list without a selection selects the row that it stands on.
-void HeadlessHands::MoveInList(ListControl& list, int key) {
+// In a list without a selection the first arrow selects the current row.
+void HeadlessHands::MoveInList(ListControl& list, const KeyStroke& stroke) {
   if (list.ListCount() == 0) return;
+  const int key = stroke.Code;
   auto* box = dynamic_cast<ListBox*>(&list);
+  if (stroke.Control && key == 'A') {
+    if (box == nullptr || !box->MultiSelect || box->SelCount() == box->ListCount()) return;
+    const int line = box->ListIndex;
+    for (int i = 0; i < box->ListCount(); ++i) box->Select(i, true);
+    box->ListIndex = std::max(line, 0);
+    return Call(list, list.Click);
+  }
   const int present = list.ListIndex;
+  if (box != nullptr && key == kKeySpace) {
+    if (present < 0 || box->Selected(present)) return;
+    box->Select(present, true);
+    return Call(list, list.Click);
+  }
+  // In a closed combo box the keys for pages move by one line.
+  int moves = key;
+  if (box == nullptr && key == kKeyPageUp) moves = kKeyUp;
+  if (box == nullptr && key == kKeyPageDown) moves = kKeyDown;
+  const auto last = current_.find(&list);
+  const bool known = last != current_.end() && last->second <= list.ListCount();
+  const int standing = known ? last->second - 1 : 0;
   const bool nothing = box != nullptr && box->SelCount() == 0;
-  const int row =
-      nothing && Walks(key) ? std::max(present, 0) : Moved(present, key, 0, list.ListCount() - 1);
+  const int row = nothing && Walks(key) ? present < 0 ? standing : present
+                                        : Moved(present, moves, 0, list.ListCount() - 1);
   if (row < 0 || (row == present && !nothing)) return;
   if (nothing && !Walks(key) && row == present) return;
   if (box != nullptr) {
@@ -136,20 +162,27 @@ void HeadlessHands::MoveInList(ListControl& list, int key) {
   Call(list, list.Click);
 }
 
-// Keys raise ItemClick alone.
+// A table with the focus stands on a row, the first one at least. Keys raise ItemClick only.
 void HeadlessHands::MoveInView(ListView& list, const KeyStroke& stroke) {
   const int count = list.ListItems.Count();
   if (count == 0) return;
-  const int present = PresentRow(list);
+  const int present = std::max(PresentRow(list), 1);
   int row = present;
   if (stroke.Control && stroke.Code == 'A') {
-    for (int i = 1; i <= count; ++i) list.ListItems(i).SetSelected(true);
+    bool changes = false;
+    for (int i = 1; i <= count; ++i) {
+      changes = changes || !list.ListItems(i).Selected();
+      list.ListItems(i).SetSelected(true);
+    }
+    if (!changes) return;
   } else {
-    row = present == 0 && Walks(stroke.Code) ? 1 : Moved(present, stroke.Code, 1, count);
-    if (row == present || row == 0) return;
+    const bool here =
+        !list.ListItems(present).Selected() && (Walks(stroke.Code) || stroke.Code == kKeySpace);
+    row = here ? present : Moved(present, stroke.Code, 1, count);
+    if (row == present && !here) return;
     SelectRow(list, row, false);
   }
-  if (const auto click = list.ItemClick; click && row > 0) Call(list, [click, row] { click(row); });
+  if (const auto click = list.ItemClick; click) Call(list, [click, row] { click(row); });
 }
 
 }  // namespace vantora

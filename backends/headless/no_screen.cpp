@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int64_t kUsPerMs = 1000;
 
-// The line that a list stands on is in sight, and no room is left below the last one.
+// Scrolls a list so that its current line is visible and no room is left below the last line.
 void KeepInSight(ListBox& list) {
   const int lines = std::max(list.Height / kListLine, 1);
   int top = std::min(list.TopIndex(), std::max(list.ListCount() - lines, 0));
@@ -36,7 +36,7 @@ bool NoScreen::HandleInput() {
   return active_ != before;
 }
 
-// Without this a program that turns until a time is over would turn for ever.
+// Otherwise a program that turns until a certain time would turn for ever.
 void NoScreen::EndTurns(bool busy) {
   model_->Sync();
   if (!busy && !model_->Ended()) Advance(1);
@@ -60,7 +60,7 @@ void NoScreen::Advance(std::int64_t ms) {
 void NoScreen::Appear(Form& form, bool /*modal*/, Form* /*behind*/) {
   if (active_ == &form) active_ = nullptr;
   if (FocusOf(form) != nullptr || !form.FirstFocus) return;
-  focus_[&form] = NextFocus(form, nullptr, false);
+  focus_[&form] = FirstFocus(form);
 }
 
 void NoScreen::Vanish(Form& form) {
@@ -93,7 +93,7 @@ void NoScreen::Bring(Form& form) {
   KeepFocus(form);
 }
 
-// A control that goes out of sight or use leaves the focus to the next one.
+// A control that is hidden or disabled passes the focus to the next control.
 void NoScreen::KeepFocus(Form& form) {
   const auto focus = focus_.find(&form);
   if (focus == focus_.end() || focus->second == nullptr) return;
@@ -101,13 +101,8 @@ void NoScreen::KeepFocus(Form& form) {
   const auto& all = form.Controls;
   const bool there = std::find(all.begin(), all.end(), control) != all.end();
   if (there && CanHaveFocus(*control)) return;
-  focus->second = nullptr;
-  const auto chain = FocusChain(form);
-  const auto next = std::find_if(chain.begin(), chain.end(), [&](const Control* other) {
-    return there && other->TabIndex > control->TabIndex;
-  });
-  if (!there || chain.empty()) return;
-  focus->second = next == chain.end() ? chain.front() : *next;
+  focus->second = there ? NextFocus(form, control, false) : nullptr;
+  if (focus->second == nullptr) return;
   model_->Post([model = model_, came = focus->second] {
     if (model->Alive(*came)) model->FocusCame(*came);
   });

@@ -1,4 +1,4 @@
-// A world without a screen: windows are active as soon as the loop turns, and time passes when the
+// A world without a screen. A window becomes active when the loop turns, and time passes when the
 // program sleeps or waits.
 #pragma once
 

@@ -125,7 +125,8 @@ TEST_F(Cover, ByKeyboardATextIsFoundSelectedMovedAndHeard) {
               L"superior");
     EXPECT_EQ(w.Text1.Text(), w.lblBeschriftung(0).AccessibleName());
     const Text vorher = w.Text1.Text;
-    hand().Type(w.Text1, L"x");
+    b.platform.loop.SetFocus(w.Text1);
+    hand().Key(w, L"x");
     EXPECT_EQ(w.Text1.Text(), vorher) << "nothing is written into it";
   });
 }

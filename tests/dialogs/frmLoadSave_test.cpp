@@ -101,10 +101,10 @@ TEST_F(Dateidialog, ThePreviewPlaysAndStopsWithTheDialog) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     hand().Select(d.lstDatei, {1});
     hand().Press(d.pbButton(0));
-    EXPECT_TRUE(b.Haupt().WavePlayer->Playing());
+    EXPECT_TRUE(b.Haupt().SpielerLaeuft());
     hand().Press(d.pbButton(2));
   });
-  EXPECT_FALSE(b.Haupt().WavePlayer->Playing());
+  EXPECT_FALSE(b.Haupt().SpielerLaeuft());
 }
 
 }  // namespace

@@ -159,11 +159,11 @@ TEST(MedleyWindow, ATrackWhoseFileIsGoneDoesNotPlay) {
   frmMedley& m = b.Oeffne();
   b.platform.machine.files.Kill(L"C:\\Vantora\\Wavs\\a.wav");
   b.platform.hands.Press(m.imgStartStop);
-  EXPECT_FALSE(b.Haupt().Abspielen);
+  EXPECT_FALSE(b.Haupt().Spielt());
   EXPECT_EQ(m.lblButtCaption(3).Caption(), b.prog.Text(13200));
   b.Zeile(1);
   b.platform.hands.Press(m.imgStartStop);
-  EXPECT_TRUE(b.Haupt().Abspielen);
+  EXPECT_TRUE(b.Haupt().Spielt());
   EXPECT_EQ(b.prog.SpielIndex, 1);
   b.platform.loop.Pass(4000);  // the track ends
   EXPECT_EQ(m.lblButtCaption(3).Caption(), b.prog.Text(13200));

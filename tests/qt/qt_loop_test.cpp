@@ -145,12 +145,33 @@ TEST_F(Stage, AWindowThatAlwaysChangesIsPaintedNoOftenerThanAScreenShows) {
   const double ms = MsOf([&] {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(80);
     for (int i = 0; std::chrono::steady_clock::now() < end; ++i) {
-      form.lblTitle.Caption = std::to_wstring(i);
+      form.sldPan.Value = i % 100;
       loop.DoEvents();
     }
   });
   EXPECT_GE(loop.Paints() - before, 3);
   EXPECT_LE(static_cast<double>(loop.Paints() - before), ms / 10 + 2);
+}
+
+TEST_F(Stage, WordsThatAlwaysChangeArePaintedAsOftenAsTheyCanBeReadAndTheLastOnesToo) {
+  FullForm form(loop);
+  loop.Show(form);
+  loop.DoEvents();
+  auto before = loop.Paints();
+  const double ms = MsOf([&] {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(250);
+    for (int i = 0; std::chrono::steady_clock::now() < end; ++i) {
+      form.lblTitle.Caption = std::to_wstring(i);
+      loop.DoEvents();
+    }
+  });
+  EXPECT_GE(loop.Paints() - before, 2);
+  EXPECT_LE(static_cast<double>(loop.Paints() - before), ms / 100 + 3);
+  before = loop.Paints();
+  form.lblTitle.Caption = L"last";
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  while (loop.Paints() == before && std::chrono::steady_clock::now() < end) loop.DoEvents();
+  EXPECT_GT(loop.Paints(), before);
 }
 
 TEST_F(Stage, OnlyWhatLooksDifferentIsPaintedAndADrawingAtOnce) {

@@ -87,7 +87,8 @@ TEST_F(WaveEditor, AClickIsACursorAndADragARangeInEitherDirection) {
 TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
   Oeffne(441'000);
   b.platform.hands.Press(E().picWaveBack);
-  const int breite = E().picWaveBack.Width, start = breite / 2 / 15 * 15;
+  const int breite = E().picWaveBack.Width, start = E().shpMarker.Left;
+  EXPECT_NEAR(start, breite / 2, 15) << "a press hits the middle";
   const auto taste = [&](const wchar_t* name, int mal = 1) {
     while (mal-- > 0) b.platform.hands.Key(E(), name);
   };

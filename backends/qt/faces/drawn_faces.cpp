@@ -10,11 +10,14 @@
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/windows/form_window.h"
 
+#include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimerEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -42,7 +45,26 @@ class WordsWidget final : public QLabel {
   QColor Ink, Ground;
   bool Wrap = false, OwnFont = false, Framed = false;
 
+  // Paints the words again after a change. Words that change faster than they can be read are
+  // painted less often. The timer only paints the last change, so it is late enough not to fire as
+  // long as changes go on.
+  void Renew() {
+    if (!isVisible()) return;
+    if (sinceRenewed_.isValid() && sinceRenewed_.elapsed() < kReadingMs) {
+      if (!late_.isActive()) late_.start(2 * kReadingMs, this);
+      return;
+    }
+    late_.stop();
+    sinceRenewed_.start();
+    update();
+  }
+
  protected:
+  void timerEvent(QTimerEvent* event) override {
+    if (event->timerId() != late_.timerId()) return QLabel::timerEvent(event);
+    sinceRenewed_.invalidate();
+    Renew();
+  }
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     if (Ground.alpha() > 0) painter.fillRect(rect(), Ground);
@@ -55,6 +77,8 @@ class WordsWidget final : public QLabel {
   }
 
  private:
+  static constexpr int kReadingMs = 100;
+
   // Light and dark dashes in turn, visible on any background.
   void DrawFrame(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -64,6 +88,9 @@ class WordsWidget final : public QLabel {
     painter.setPen(QPen(look::Of(look::kField), 1, Qt::DashLine));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
+
+  QElapsedTimer sinceRenewed_;
+  QBasicTimer late_;
 };
 
 // A control that records the position of the mouse and the modifier keys.
@@ -169,7 +196,7 @@ class LabelFace final : public PointedFace {
     words_->setAlignment(Across(label.Align) | Qt::AlignTop);
     words_->Words = look::FromText(label.Caption);
     words_->Words.remove(u'\r');
-    words_->update();
+    words_->Renew();
   }
 
   void Invite(bool toClick) {

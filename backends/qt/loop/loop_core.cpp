@@ -103,13 +103,12 @@ void QtEventLoop::Core::Appear(Form& form, bool modal, Form* behind) {
 // window keeps the focus itself, as the toolkit would give it to a control.
 void QtEventLoop::Core::GiveFirstFocus(FormWindow& window) {
   if (window.isVisible()) return;
-  window.OrderFocus();
   if (window.FocusControl() != nullptr) return;
   if (!window.form()->FirstFocus) {
     window.setFocus(Qt::OtherFocusReason);
     return;
   }
-  if (const Control* first = NextFocus(*window.form(), nullptr, false)) window.FocusOn(*first);
+  if (const Control* first = FirstFocus(*window.form())) window.FocusOn(*first);
 }
 
 void QtEventLoop::Core::Vanish(Form& form) {
@@ -201,8 +200,26 @@ void QtEventLoop::Core::ComeForward(Form& form) {
   FormWindow* window = WindowOf(form);
   if (window == nullptr) return;
   if (window->isMinimized() && !model_->Minimized(form)) window->Restore();
-  if (QGuiApplication::platformName() != QLatin1String("offscreen")) window->raise();
+  if (!IsUnseen()) window->raise();
   window->activateWindow();
+}
+
+bool QtEventLoop::Core::IsUnseen() {
+  return QGuiApplication::platformName() == QLatin1String("offscreen");
+}
+
+// On a screen that nobody sees no window manager activates the window below a menu or a list that
+// has closed.
+void QtEventLoop::Core::KeepActive() {
+  if (!IsUnseen() || QApplication::activePopupWidget() != nullptr) return;
+  const Form* front = model_->Front();
+  FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
+  if (window != nullptr && !window->isActiveWindow()) window->activateWindow();
+}
+
+void QtEventLoop::Core::TurnEnds() {
+  Bury();
+  KeepActive();
 }
 
 void QtEventLoop::Core::FollowActivation() {

@@ -36,7 +36,7 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   bool HandleInput() override;
   void EndTurns(bool busy) override;
   void Rest(std::optional<std::int64_t> until, const Form* modal) override;
-  void TurnEnds() override { Bury(); }
+  void TurnEnds() override;
   void Appear(Form& form, bool modal, Form* behind) override;
   void Vanish(Form& form) override;
   void Iconify(Form& form) override;
@@ -73,6 +73,8 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   void FollowApplication(Qt::ApplicationState state);
   void GiveFirstFocus(FormWindow& window);
   void Bury();
+  void KeepActive();
+  static bool IsUnseen();
 
   FormLoop* model_ = nullptr;
   QtEventLoop* loop_ = nullptr;

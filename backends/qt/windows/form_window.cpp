@@ -1,8 +1,10 @@
 #include "backends/qt/windows/form_window.h"
 
+#include "backends/forms/focus.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/loop/keys.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QContextMenuEvent>
@@ -99,7 +101,6 @@ FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host)
   for (Control* control : form.Controls) control->Dirty = true;
   form.Dirty = true;
   Sync();
-  OrderFocus();
 }
 
 // Widgets that go still speak to their faces, so they go first.
@@ -211,7 +212,6 @@ void FormWindow::Sync() {
     const Control* button = static_cast<const Label*>(control)->Of;
     if (button != nullptr && button->Dirty) control->Dirty = true;
   }
-  bool replaced = false;
   for (Control* control : known_) {
     if (!control->Dirty) continue;
     Face* face = FaceOf(*control);
@@ -220,12 +220,10 @@ void FormWindow::Sync() {
       AddFace(*control);
       StackFaces();
       face = FaceOf(*control);
-      replaced = true;
     }
     if (face != nullptr) face->Sync();
     control->Dirty = false;
   }
-  if (replaced) OrderFocus();
 }
 
 // ---- focus ----
@@ -235,25 +233,18 @@ Control* FormWindow::FocusControl() const {
   return face == nullptr ? nullptr : face->control();
 }
 
-void FormWindow::FocusOn(const Control& control) {
+void FormWindow::FocusOn(const Control& control, Qt::FocusReason reason) {
   const Face* face = FaceOf(control);
-  if (!control.InSight() || !control.InUse()) return;
-  if (face != nullptr && face->widget()->focusPolicy() != Qt::NoFocus) {
-    face->widget()->setFocus(Qt::OtherFocusReason);
-  }
+  if (face != nullptr && CanHaveFocus(control)) face->widget()->setFocus(reason);
 }
 
-void FormWindow::OrderFocus() {
-  std::vector<Control*> order = known_;
-  std::stable_sort(order.begin(), order.end(),
-                   [](const Control* a, const Control* b) { return a->TabIndex < b->TabIndex; });
-  QWidget* before = nullptr;
-  for (const Control* control : order) {
-    const Face* face = FaceOf(*control);
-    if (face == nullptr || face->widget()->focusPolicy() == Qt::NoFocus) continue;
-    if (before != nullptr) setTabOrder(before, face->widget());
-    before = face->widget();
-  }
+// The Tab key, and what the toolkit does for a widget that it hides or disables.
+bool FormWindow::focusNextPrevChild(bool next) {
+  if (form_ == nullptr) return false;
+  const Control* control = NextFocus(*form_, FocusControl(), !next);
+  if (control == nullptr) return false;
+  FocusOn(*control, next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+  return true;
 }
 
 // A window that comes to the front or leaves it keeps its focus. While the window is brought up to
@@ -264,7 +255,10 @@ void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
   const bool in = event.type() == QEvent::FocusIn;
   Control* changed = face.control();
   if (changed == nullptr || reason == Qt::PopupFocusReason) return;
-  if (!in && reason == Qt::ActiveWindowFocusReason) return;
+  // The list of a combo box that drops down is part of the box.
+  const bool away =
+      reason == Qt::ActiveWindowFocusReason || QApplication::activePopupWidget() != nullptr;
+  if (!in && away) return;
   const auto report = [in, changed, self = QPointer<FormWindow>(this)] {
     if (self == nullptr || self->FaceOf(*changed) == nullptr) return;
     const Counted busy(self->busy_);
@@ -382,8 +376,12 @@ QPoint FormWindow::TouchedPlace(const Face& face, const QEvent& event) {
 void FormWindow::KeyPress(Face* face, QKeyEvent& event) {
   if (form_ == nullptr) return;
   const Counted busy(busy_);
+  const KeyStroke stroke = keys::StrokeOf(event);
   Control* focus = face == nullptr ? nullptr : face->control();
-  host_.Model().Keys().Down(*form_, focus, keys::StrokeOf(event), [&] { face->KeyPress(event); });
+  host_.Model().Keys().Down(*form_, focus, stroke, [&] {
+    if (face != nullptr) return face->KeyPress(event);
+    if (stroke.Code == kKeyTab) focusNextPrevChild(!stroke.Shift);
+  });
 }
 
 void FormWindow::KeyRelease(Face* face, QKeyEvent& event) {
@@ -429,6 +427,9 @@ bool FormWindow::event(QEvent* event) {
     case QEvent::WindowActivate:
       host_.Activated();
       break;
+    case QEvent::KeyPress:  // the toolkit would keep the Tab key to itself
+      keyPressEvent(static_cast<QKeyEvent*>(event));
+      return true;
     case QEvent::WindowDeactivate:
       if (form_ != nullptr) LeaveKeys();
       break;

@@ -35,8 +35,7 @@ class FormWindow final : public QWidget {
   QPoint LastTouch() const { return lastTouch_; }  // on the screen: where a menu belongs
   Face* FaceOf(const Control& control) const;
   Control* FocusControl() const;
-  void FocusOn(const Control& control);
-  void OrderFocus();                         // after TabIndex
+  void FocusOn(const Control& control, Qt::FocusReason reason = Qt::OtherFocusReason);
   bool Holds(const Control& control) const;  // others lie in it
   bool Pressed(const Face& face) const { return pressed_ == &face; }
   double Scale() const { return scale_; }   // of what is shown to the form's own pixels
@@ -51,6 +50,7 @@ class FormWindow final : public QWidget {
  protected:
   bool event(QEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   void paintEvent(QPaintEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void moveEvent(QMoveEvent* event) override;

@@ -69,7 +69,8 @@ class Heard {
       return [this, name, what](int n) { Say(name + what + " " + std::to_string(n)); };
     };
     const bool button = control.Kind() == ControlKind::PictureButton;
-    if (control.Kind() == ControlKind::Timer || &control == &form_.imgPicture) return;
+    if (control.Kind() == ControlKind::Timer || control.Kind() == ControlKind::Shape) return;
+    if (&control == &form_.imgPicture) return;
     if (!button) control.MouseDown = numbered("MouseDown");
     if (!button || &control == &form_.imgPlain) control.DblClick = plain("DblClick");
     control.MouseUp = numbered("MouseUp");
@@ -113,7 +114,10 @@ std::vector<Deed> EveryDeed() {
     };
     const std::string on = Narrow(name) + (index < 0 ? "" : std::to_string(index));
     add("press " + on, [find](Hands& h, FullForm& f) { h.Press(find(f)); });
-    add("double " + on, [find](Hands& h, FullForm& f) { h.DoubleClick(find(f)); });
+    // A button that works until it is let go may hear the second press before that or after.
+    if (Text(name) != L"imgButton") {
+      add("double " + on, [find](Hands& h, FullForm& f) { h.DoubleClick(find(f)); });
+    }
     add("right " + on, [find](Hands& h, FullForm& f) { h.RightClick(find(f)); });
   }
   for (const wchar_t* key :

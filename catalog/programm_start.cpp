@@ -1,13 +1,16 @@
-// The start from the splash window to the user's first action.
+#include "catalog/programm_start.h"
 
 #include "app/frmKomponenten.h"
 #include "app/frmStartUp.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
-#include "catalog/frmHauptForm.h"
+#include "catalog/haupt_fenster.h"
+#include "catalog/katalog_ablage.h"
+#include "catalog/katalog_liste.h"
+#include "catalog/katalog_rechnung.h"
+#include "catalog/vorschau.h"
 #include "cdwriting/frmCDBrennen.h"
-#include "dialogs/frmStartAssistent.h"
 #include "mixer/frmMixer.h"
 
 #include <utility>
@@ -22,9 +25,12 @@ constexpr int kFehlerBox = 50;
 
 }  // namespace
 
+ProgrammStart::ProgrammStart(Programm& programm, Teile teile, HauptFenster& fenster)
+    : prog(programm), t_(teile), fenster_(fenster) {}
+
 // Runs one statement of the start. On an error the user may end the program, repeat the statement,
 // or go on with the next one.
-void frmHauptForm::Schritt(const std::function<void()>& anweisung) {
+void ProgrammStart::Schritt(const std::function<void()>& anweisung) {
   for (;;) {
     try {
       anweisung();
@@ -38,35 +44,34 @@ void frmHauptForm::Schritt(const std::function<void()>& anweisung) {
   }
 }
 
-bool frmHauptForm::NochmalNachFehler(int nummer, const Text& beschreibung) {
+bool ProgrammStart::NochmalNachFehler(int nummer, const Text& beschreibung) {
   const Text meldung = L"An Error Occurred In: \r\nNumber: " + ZahlText(nummer) +
                        L"\r\nDescription: " + beschreibung +
                        L"\r\nLocation: frmHauptForm, Init_Prog";
-  const int wahl = prog.plattform.schleife.SystemBox(meldung, kFehlerBox, LoadResString(0));
+  const int wahl = prog.plattform.schleife.SystemBox(meldung, kFehlerBox, prog.Text(0));
   if (wahl == kAbbrechen) throw ProgrammEnde{};
   return wahl == kWiederholen;
 }
 
-void frmHauptForm::Status(int text) {
-  if (prog.frmStartUp.Geladen()) prog.frmStartUp().lblStatus.Caption = LoadResString(text);
+void ProgrammStart::Status(int text) {
+  if (prog.frmStartUp.Geladen()) prog.frmStartUp().lblStatus.Caption = prog.Text(text);
   prog.plattform.schleife.DoEvents();
 }
 
-void frmHauptForm::Init_Prog() {
+void ProgrammStart::Init_Prog() {
   Display& bildschirm = prog.plattform.bildschirm;
-  Schritt([&] { SetTexte(); });
-  KatalogAnzeigenInteraktiv = true;
+  Schritt([&] { fenster_.SetTexte(); });
   Schritt([&] {
     prog.AppLog(L"Init:Prog", L"Screen.TwipsperpixelX: " + ZahlText(bildschirm.TwipsPerPixelX()));
   });
   Schritt([&] { prog.CDPlayerSchliessen(); });
-  StartKomponenten();
-  StartOptionen();
-  StartBrenner();
-  Schritt([&] { KatalogShow(); });
+  Komponenten();
+  Optionen();
+  Brenner();
+  Schritt([&] { t_.Liste.KatalogShow(); });
 }
 
-void frmHauptForm::StartKomponenten() {
+void ProgrammStart::Komponenten() {
   System& system = prog.plattform.system;
   Schritt([&] { Status(1100); });
   Schritt([&] { prog.AppLog(L"HEADER", L""); });
@@ -78,36 +83,34 @@ void frmHauptForm::StartKomponenten() {
   Schritt([&] {
     prog.AppLog(kOrt, ZahlText(prog.plattform.acd.DriveCount()) + L" CD-Laufwerke im Rechner");
   });
-  StartSoundkarte();
+  Soundkarte();
   Schritt([&] { prog.AppLog(kOrt, L"Searching for TS_CUT"); });
   if (!Weiter([&] { prog.plattform.tsCut.Cut(L"", 0, 0); })) {
     Schritt([&] { prog.AppLog(kOrt, L"TS_CUT not found"); });
-    prog.plattform.schleife.SystemBox(L"TS_CUT.DLL not found.", kWarnung, LoadResString(0));
+    prog.plattform.schleife.SystemBox(L"TS_CUT.DLL not found.", kWarnung, prog.Text(0));
     throw ProgrammEnde{};
   }
   Schritt([&] { prog.AppLog(kOrt, L"TS_CUT found."); });
   prog.AppPfad = system.Path();
   Schritt([&] { prog.AppLog(kOrt, L"Path:" + prog.AppPfad); });
-  prog.Katalog.assign(1, KatalogEintrag{});
-  prog.Katalog[0].KatalogTitel = LoadResString(8440);
-  prog.Katalog[0].KatalogInterpret = LoadResString(8441);
+  prog.Katalog = LeererKatalog(prog.Text(8440), prog.Text(8441));
 }
 
-void frmHauptForm::StartSoundkarte() {
+void ProgrammStart::Soundkarte() {
   Schritt([&] { prog.AppLog(kOrt, L"Checking wavedevices"); });
   std::vector<Text> namen;
   Schritt([&] { prog.WaveGeraete(namen); });
-  Soundkarte = !namen.empty();
-  if (!Soundkarte) {
+  t_.Vorschau.SoundkarteSetzen(!namen.empty());
+  if (!t_.Vorschau.Soundkarte()) {
     Schritt([&] { prog.AppLog(kOrt, L"no soundcard"); });
-    prog.plattform.schleife.SystemBox(LoadResString(8082), kWarnung, LoadResString(0));
+    prog.plattform.schleife.SystemBox(prog.Text(8082), kWarnung, prog.Text(0));
     return;
   }
   Schritt([&] { prog.AppLog(kOrt, L"FoundSoundcard"); });
-  Schritt([&] { PlayWaveNormal(L""); });
+  Schritt([&] { t_.Vorschau.PlayWaveNormal(L""); });
 }
 
-void frmHauptForm::StartOptionen() {
+void ProgrammStart::Optionen() {
   Schritt([&] { Status(1101); });
   Schritt([&] { prog.AppLog(kOrt, L"Go Load frmKomponenten"); });
   Schritt([&] { prog.frmKomponenten(); });
@@ -118,12 +121,12 @@ void frmHauptForm::StartOptionen() {
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastDir"); });
   Schritt([&] { prog.LoadLastDir(); });
   // Unfinished edits are mended before any file of the user's is examined.
-  Schritt([&] { Ausgebessert = prog.plattform.edits.Mend(); });
+  Schritt([&] { Ausgebessert_ = prog.plattform.edits.Mend(); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastCatalog"); });
-  Schritt([&] { LoadLastCat(); });
+  Schritt([&] { t_.Ablage.LoadLastCat(); });
 }
 
-void frmHauptForm::StartBrenner() {
+void ProgrammStart::Brenner() {
   vantora::frmKomponenten& komponenten = prog.frmKomponenten();
   Schritt([&] { Status(1104); });
   Schritt([&] { prog.AppLog(kOrt, L"SetBurnerDevices"); });
@@ -137,7 +140,7 @@ void frmHauptForm::StartBrenner() {
   Schritt([&] {
     if (Trim(komponenten.AktCDDrive).empty()) komponenten.CheckAudioCDRomDevices();
   });
-  for (const TabellenKnopf& eintrag : KnopfTabelle()) KnopfBild(*eintrag.Knopf);
+  fenster_.KnoepfeZeigen();
   Schritt([&] { Status(1106); });
   Schritt([&] { prog.frmCDBrennen(); });
   prog.BrennerGeladen = true;
@@ -151,52 +154,22 @@ void frmHauptForm::StartBrenner() {
   });
   Schritt([&] {
     if (komponenten.AutoInsertAktiv()) {
-      prog.MsgBoxen(LoadResString(8000) + LoadResString(8001) + LoadResString(8002), kHinweis);
+      prog.MsgBoxen(prog.Text(8000) + prog.Text(8001) + prog.Text(8002), kHinweis);
     }
   });
 }
 
-// Reports edits and burns that a killed program had left unfinished.
-void frmHauptForm::AusgebessertZeigen() {
-  const MendedEdits fund = std::exchange(Ausgebessert, {});
+void ProgrammStart::AusgebessertZeigen() {
+  const MendedEdits fund = std::exchange(Ausgebessert_, {});
   const std::pair<int, const std::vector<Text>&> listen[] = {{30092, fund.Finished},
                                                              {30126, fund.RunReport},
                                                              {30093, fund.SilenceTaken},
                                                              {30094, fund.Left},
                                                              {30095, fund.Failed}};
   for (const auto& [text, dateien] : listen) {
-    for (const Text& datei : dateien) prog.AppLog(kOrt, LoadResString(text) + L" " + datei);
+    for (const Text& datei : dateien) prog.AppLog(kOrt, prog.Text(text) + L" " + datei);
     if (dateien.empty()) continue;
-    prog.MsgBoxen(LoadResString(text) + ZeilenListe(dateien), kWarnung);
-  }
-}
-
-void frmHauptForm::StartAssistentZeigen() {
-  const std::shared_ptr<vantora::frmStartAssistent> assistent = prog.frmStartAssistent.Laden();
-  prog.ZeigeModal(assistent);
-  const int ergebnis = assistent->Ergebnis;
-  prog.frmStartAssistent.Entladen();
-  switch (ergebnis) {
-    case 0:
-      Release(imgCDKopieren);
-      break;
-    case 1:
-      Release(imgCDAuslesen);
-      break;
-    case 2:
-      Release(imgLPAufnehmen);
-      break;
-    case 3:
-      Release(imgKatalogÖffnen);
-      break;
-    case 4:
-      Release(imgDatenBank);
-      break;
-    case 5:
-      Release(imgLiedImport);
-      break;
-    default:
-      break;
+    prog.MsgBoxen(prog.Text(text) + ZeilenListe(dateien), kWarnung);
   }
 }
 

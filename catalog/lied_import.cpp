@@ -1,11 +1,14 @@
-// Import of audio files into the catalog.
+#include "catalog/lied_import.h"
 
 #include "app/frmKomponenten.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
-#include "catalog/frmHauptForm.h"
+#include "catalog/haupt_fenster.h"
+#include "catalog/katalog_bearbeitung.h"
+#include "catalog/katalog_liste.h"
+#include "catalog/vorschau.h"
 #include "catalog/wave_pruefung.h"
 #include "cdwriting/frmSchreibFortschritt.h"
 #include "dialogs/datei_holen.h"
@@ -23,51 +26,58 @@ constexpr int kAbfrageMs = 500;
 
 }  // namespace
 
-void frmHauptForm::imgLiedImport_MouseUp() {
+LiedImport::LiedImport(Programm& programm, Teile teile, HauptFenster& fenster)
+    : prog(programm), t_(teile), fenster_(fenster) {}
+
+void LiedImport::Importieren() {
   const Text ort = L"Lied importieren";
   prog.AppLog(ort, L"");
   prog.AppLog(ort, L"DateiHolen:");
-  PlayWaveNormal(L"");
+  t_.Vorschau.PlayWaveNormal(L"");
   DateiHolen(prog, kTypMusik, kModusOeffnen);
   if (prog.DialogAbbruch) {
     prog.DialogAbbruch = false;
     return;
   }
   if (!prog.MehrfachAuswahl) {
-    DateienGesamt = DateienOffen = 1;
+    DateienGesamt_ = DateienOffen_ = 1;
     EineDatei(prog.GewaehlteDatei, false);
     return;
   }
-  prog.AppLog(ort, L"Splitting WaveFiles");
+  VieleDateien();
+}
+
+void LiedImport::VieleDateien() {
+  prog.AppLog(L"Lied importieren", L"Splitting WaveFiles");
   std::vector<Text> namen;
   Split(prog.GewaehlteDatei, L"/", namen);
   namen.pop_back();  // the empty part behind the last name
   if (namen.size() > kMeisteTitel) {
-    prog.MsgBoxen(LoadResString(8039), kHinweis);
+    prog.MsgBoxen(prog.Text(8039), kHinweis);
     return;
   }
   prog.plattform.schleife.MousePointer(Pointer::Hourglass);
-  DateienGesamt = DateienOffen = Ganz16(static_cast<double>(namen.size()));
+  DateienGesamt_ = DateienOffen_ = Ganz16(static_cast<double>(namen.size()));
   prog.KatalogGeaendert = true;
-  KatalogLastStepSave();
-  for (DateiNummer = 0; DateiNummer < DateienGesamt; ++DateiNummer) {
+  t_.Liste.KatalogLastStepSave();
+  for (DateiNummer = 0; DateiNummer < DateienGesamt_; ++DateiNummer) {
     if (EineDatei(namen[static_cast<std::size_t>(DateiNummer)], true) == Einfuhr::Ende) break;
   }
   prog.plattform.schleife.MousePointer(Pointer::Normal);
 }
 
-frmHauptForm::Einfuhr frmHauptForm::EineDatei(const Text& datei, bool mehrere) {
+LiedImport::Einfuhr LiedImport::EineDatei(const Text& datei, bool mehrere) {
   if (datei.size() > kLaengsterPfad) {
-    prog.MsgBoxen(LoadResString(8085), kHinweis);
+    prog.MsgBoxen(prog.Text(8085), kHinweis);
     return Einfuhr::Ende;
   }
   const bool keinName = Trim(datei).empty() || (!mehrere && prog.DialogName == kMusikEndungen);
   if (keinName) {
-    prog.MsgBoxen(LoadResString(8034), kHinweis);
+    prog.MsgBoxen(prog.Text(8034), kHinweis);
     return Einfuhr::Weiter;
   }
   if (!prog.DateiExistiert(datei)) {
-    prog.MsgBoxen(LoadResString(8035), kHinweis);
+    prog.MsgBoxen(prog.Text(8035), kHinweis);
     return Einfuhr::Weiter;
   }
   prog.frmKomponenten().Abgebrochen = false;
@@ -79,27 +89,27 @@ frmHauptForm::Einfuhr frmHauptForm::EineDatei(const Text& datei, bool mehrere) {
   if (prog.frmKomponenten().Abgebrochen) return Einfuhr::Ende;
   if (!mehrere) {
     prog.KatalogGeaendert = true;
-    KatalogLastStepSave();
+    t_.Liste.KatalogLastStepSave();
   }
   Aufnehmen(fertig);
   return Einfuhr::Fertig;
 }
 
-frmHauptForm::Einfuhr frmHauptForm::WaveDatei(const Text& datei, bool mehrere, Text& fertig) {
+LiedImport::Einfuhr LiedImport::WaveDatei(const Text& datei, bool mehrere, Text& fertig) {
   // If one of several files fails, the user decides whether to go on with the rest.
   const auto frage = [this](int text) {
-    return prog.MsgBoxen(LoadResString(text), kJaNein) == kJa ? Einfuhr::Weiter : Einfuhr::Ende;
+    return prog.MsgBoxen(prog.Text(text), kJaNein) == kJa ? Einfuhr::Weiter : Einfuhr::Ende;
   };
   // A file whose edit could not be finished looks damaged.
   Weiter([&] { prog.plattform.edits.Ready(datei); });
-  if (!CheckWaveValid(prog.plattform, *MMWaveFileX1, datei)) {
+  if (!CheckWaveValid(prog.plattform, t_.Wave, datei)) {
     if (mehrere) return frage(8049);
-    prog.MsgBoxen(LoadResString(8067), kHinweis, LoadResString(8057));
+    prog.MsgBoxen(prog.Text(8067), kHinweis, prog.Text(8057));
     return Einfuhr::Weiter;
   }
-  if (WaveLaenge(*MMWaveFileX1, datei) <= kMindestLaengeMs) {
+  if (WaveLaenge(t_.Wave, datei) <= kMindestLaengeMs) {
     if (mehrere) return frage(8048);
-    prog.MsgBoxen(LoadResString(8040), kHinweis, LoadResString(8029));
+    prog.MsgBoxen(prog.Text(8040), kHinweis, prog.Text(8029));
     return Einfuhr::Weiter;
   }
   fertig = datei;
@@ -109,11 +119,10 @@ frmHauptForm::Einfuhr frmHauptForm::WaveDatei(const Text& datei, bool mehrere, T
 }
 
 // A track's file must not stay on a CD-ROM, so the user chooses a place on the disk for a copy.
-bool frmHauptForm::VonCDKopieren(Text& datei) {
+bool LiedImport::VonCDKopieren(Text& datei) {
   const Text quelle = datei;
-  if (prog.MsgBoxen(
-          LoadResString(8050) + quelle + LoadResString(8051) + kZeilenEnde + LoadResString(8052),
-          kFrage) != kJa) {
+  if (prog.MsgBoxen(prog.Text(8050) + quelle + prog.Text(8051) + kZeilenEnde + prog.Text(8052),
+                    kFrage) != kJa) {
     return false;
   }
   const bool mehrere = prog.MehrfachAuswahl;
@@ -125,26 +134,26 @@ bool frmHauptForm::VonCDKopieren(Text& datei) {
   }
   const Text ziel = prog.GewaehlteDatei;
   if (ziel.size() > kLaengsterPfad) {
-    prog.MsgBoxen(LoadResString(8085), kHinweis);
+    prog.MsgBoxen(prog.Text(8085), kHinweis);
     return false;
   }
   if (Trim(ziel).empty()) {
-    prog.MsgBoxen(LoadResString(8053), kHinweis);
+    prog.MsgBoxen(prog.Text(8053), kHinweis);
     return false;
   }
   if (!DateiNameGueltig(DateiNameOhnePfad(ziel))) {
-    prog.MsgBoxen(LoadResString(8038), kHinweis);
+    prog.MsgBoxen(prog.Text(8038), kHinweis);
     return false;
   }
   if (prog.plattform.laufwerke.GetDriveType(Links(ziel, 3)) == kDriveCdRom) {
-    prog.MsgBoxen(LoadResString(8054), kHinweis);
+    prog.MsgBoxen(prog.Text(8054), kHinweis);
     return false;
   }
   if (prog.DateiExistiert(ziel)) {
-    if (prog.MsgBoxen(LoadResString(8055), kFrage) != kJa) return false;
+    if (prog.MsgBoxen(prog.Text(8055), kFrage) != kJa) return false;
     const auto bedarf = static_cast<double>(prog.plattform.dateien.FileLen(quelle));
     if (prog.FreierPlatz(ziel) < bedarf) {
-      prog.MsgBoxen(LoadResString(8056), kHinweis);
+      prog.MsgBoxen(prog.Text(8056), kHinweis);
       return false;
     }
     prog.plattform.dateien.Kill(ziel);
@@ -156,7 +165,7 @@ bool frmHauptForm::VonCDKopieren(Text& datei) {
   return true;
 }
 
-frmHauptForm::Einfuhr frmHauptForm::Mp3Datei(const Text& datei, Text& fertig) {
+LiedImport::Einfuhr LiedImport::Mp3Datei(const Text& datei, Text& fertig) {
   vantora::frmKomponenten& komponenten = prog.frmKomponenten();
   Qm3Play& mp3 = prog.plattform.mp3;
   komponenten.MP3_Init();
@@ -164,11 +173,11 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Datei(const Text& datei, Text& fertig) {
   // A file that is no MP3 file has no length, so it is reported by the second test.
   const bool lesbar = mp3.State() != kMp3Unusable;
   if (lesbar && mp3.LengthMs() < kMindestLaengeMp3Ms) {
-    prog.MsgBoxen(LoadResString(8040), kHinweis);
+    prog.MsgBoxen(prog.Text(8040), kHinweis);
     return Einfuhr::Weiter;
   }
   if (!lesbar) {
-    prog.MsgBoxen(LoadResString(8067), kHinweis, LoadResString(8057));
+    prog.MsgBoxen(prog.Text(8067), kHinweis, prog.Text(8057));
     return Einfuhr::Weiter;
   }
   Text ziel;
@@ -178,26 +187,26 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Datei(const Text& datei, Text& fertig) {
   return Mp3Konvertieren(datei, ziel);
 }
 
-frmHauptForm::Einfuhr frmHauptForm::Mp3Ziel(const Text& datei, Text& ziel) {
+LiedImport::Einfuhr LiedImport::Mp3Ziel(const Text& datei, Text& ziel) {
   Text name = DateiNameOhnePfad(datei);
   name = Links(name, name.size() - 4);
   ExtensionSicher(name, L".wav");
   ZeichenErsetzen(name, L' ', L'_');
   ziel = AddBackslash(prog.Wave_Export_Dir) + name;
   if (ziel.size() > kLaengsterPfad) {
-    prog.MsgBoxen(LoadResString(8085), kHinweis);
+    prog.MsgBoxen(prog.Text(8085), kHinweis);
     return Einfuhr::Ende;
   }
   const Text laufwerk = Links(ziel, 3);
   if (prog.FreierPlatz(laufwerk) / kMB < prog.frmKomponenten().MP3_GetMBSize(datei)) {
-    prog.MsgBoxen(LoadResString(8041) + kZeilenEnde + laufwerk + kZeilenEnde + LoadResString(8042) +
-                      kZeilenEnde + LoadResString(8043) + kZeilenEnde + LoadResString(8044),
+    prog.MsgBoxen(prog.Text(8041) + kZeilenEnde + laufwerk + kZeilenEnde + prog.Text(8042) +
+                      kZeilenEnde + prog.Text(8043) + kZeilenEnde + prog.Text(8044),
                   kHinweis);
     return Einfuhr::Ende;
   }
   if (!prog.DateiExistiert(ziel)) return Einfuhr::Fertig;
-  const Text frage = LoadResString(8045) + kZeilenEnde + ziel + kZeilenEnde + LoadResString(8046) +
-                     kZeilenEnde + LoadResString(8047);
+  const Text frage = prog.Text(8045) + kZeilenEnde + ziel + kZeilenEnde + prog.Text(8046) +
+                     kZeilenEnde + prog.Text(8047);
   if (prog.MsgBoxen(frage, kJaNein) != kJa) return Einfuhr::Ende;
   prog.AppLog(L"Lied importieren", L"if exists kill it:" + ziel);
   prog.plattform.dateien.Kill(ziel);
@@ -205,14 +214,14 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Ziel(const Text& datei, Text& ziel) {
 }
 
 // When the user cancels or the decoder fails, the target file is deleted.
-frmHauptForm::Einfuhr frmHauptForm::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
+LiedImport::Einfuhr LiedImport::Mp3Konvertieren(const Text& quelle, const Text& ziel) {
   vantora::frmKomponenten& komponenten = prog.frmKomponenten();
   Qm3Play& mp3 = prog.plattform.mp3;
   const Text ort = L"Lied importieren";
   prog.FortschrittModus = kModusMp3;
   const std::shared_ptr<vantora::frmSchreibFortschritt> fortschritt =
       prog.frmSchreibFortschritt.Laden();
-  fortschritt->lblSonstiges.Caption = LoadResString(8444) + DateiNameOhnePfad(quelle);
+  fortschritt->lblSonstiges.Caption = prog.Text(8444) + DateiNameOhnePfad(quelle);
   fortschritt->shpAktKopie.Width = 0;
   fortschritt->shpInsgKopie.Width = 0;
   prog.Zeigen(*fortschritt);
@@ -221,11 +230,11 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Konvertieren(const Text& quelle, const Te
   if (mp3.Open(quelle, ziel) != 0) {  // the file was removed since it was examined
     mp3.Close();
     prog.frmSchreibFortschritt.Entladen();
-    prog.MsgBoxen(LoadResString(8067), kHinweis, LoadResString(8057));
+    prog.MsgBoxen(prog.Text(8067), kHinweis, prog.Text(8057));
     return Einfuhr::Weiter;
   }
   prog.AppLog(ort, L"coding");
-  Window.Enabled = false;
+  fenster_.FreiSetzen(false);
   komponenten.KonvertierungAktiv = true;
   mp3.Decode();
   while (komponenten.KonvertierungAktiv) prog.Pausieren(kAbfrageMs, komponenten.KonvertierungAktiv);
@@ -238,41 +247,35 @@ frmHauptForm::Einfuhr frmHauptForm::Mp3Konvertieren(const Text& quelle, const Te
     if (prog.DateiExistiert(ziel)) prog.plattform.dateien.Kill(ziel);
     mp3.Close();
     prog.frmSchreibFortschritt.Entladen();
-    prog.MsgBoxen(LoadResString(8029), kHinweis);
-    Window.Enabled = true;
+    prog.MsgBoxen(prog.Text(8029), kHinweis);
+    fenster_.FreiSetzen(true);
     return Einfuhr::Ende;
   }
-  Window.Enabled = true;
+  fenster_.FreiSetzen(true);
   prog.plattform.schleife.DoEvents();
   prog.frmSchreibFortschritt.Entladen();
   return Einfuhr::Fertig;
 }
 
-void frmHauptForm::Aufnehmen(const Text& datei) {
+void LiedImport::Aufnehmen(const Text& datei) {
   const Text name = DateiNameOhnePfad(datei);
-  Katalog_AddWaveFile(datei, name.substr(0, name.find(L'.')));
-  const int letzte = lvwKatalog.ListItems.Count();
+  t_.Bearbeitung.Katalog_AddWaveFile(datei, name.substr(0, name.find(L'.')));
+  const int letzte = t_.Liste.Zeilen();
   const bool dabei =
       letzte > 0 && Ucase(prog.Katalog.back().Datei.Getrimmt()) == Ucase(Trim(datei));
   if (dabei) {
-    lvwKatalog.ListItems(letzte).SetSelected(true);
-    NeuenTrackBearbeiten(letzte);
-    if (letzte <= lvwKatalog.ListItems.Count()) lvwKatalog.ListItems(letzte).SetSelected(false);
+    t_.Liste.Zeile(letzte).SetSelected(true);
+    t_.Bearbeitung.NeuenTrackBearbeiten(letzte);
+    if (letzte <= t_.Liste.Zeilen()) t_.Liste.Zeile(letzte).SetSelected(false);
   }
-  --DateienOffen;
+  --DateienOffen_;
 }
 
-bool frmHauptForm::lvwKatalog_OLEDragOver(const std::vector<Text>& dateien) const {
+bool LiedImport::NurMusik(const std::vector<Text>& dateien) {
   for (const Text& datei : dateien) {
     if (!Endet(datei, L".wav") && !Endet(datei, L".mp3")) return false;
   }
   return true;
-}
-
-void frmHauptForm::lvwKatalog_OLEDragDrop(const std::vector<Text>& dateien) {
-  for (std::size_t i = 0; i < dateien.size(); ++i) {
-    // Nothing is added here: files enter by the import button, where the user is asked about them.
-  }
 }
 
 }  // namespace vantora

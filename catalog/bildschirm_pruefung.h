@@ -1,0 +1,16 @@
+// Whether the screen has enough colours and room for the program, and for which main window. A
+// screen that the program cannot use is reported, and ProgrammEnde is raised.
+#pragma once
+
+namespace vantora {
+
+struct Programm;
+
+void FarbenPruefen(Programm& prog);
+
+// `OhneBild` is the small window without a picture behind it.
+enum class FensterGroesse { OhneBild, Klein, Gross };
+// Stores the size of the screen in the program, and returns the window that it has room for.
+FensterGroesse BildschirmPruefen(Programm& prog);
+
+}  // namespace vantora
