@@ -113,7 +113,7 @@ BREAKS = [
      "if (tail < layout.TailOffset) file.Steps.push_back(moved);"),
     ("sound", "normalizer.cpp", "return std::max(-lowest, int{highest});",
      "return std::max(int{lowest}, int{highest});"),
-    ("sound", "flanger.cpp", "w0 = f * below * far * (-1.0F / 6)", "w0 = f * below * far * (1.0F / 6)"),
+    ("sound", "flanger.cpp", "kReach = 4, kShape = 6", "kReach = 4, kShape = 20"),
     ("sound", "volume.cpp", "(1 << (kUnityBits - 1)) - 1 + odd)", "(1 << (kUnityBits - 1)) + 0 * odd)"),
     ("sound", "mpeg_frame.cpp", "(header.channels == 1 ? 17 : 32) :", "(header.channels == 1 ? 32 : 17) :"),
 

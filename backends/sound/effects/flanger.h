@@ -25,8 +25,21 @@ class Flanger final : public SwitchedEffect<MMFlangerX> {
   static constexpr std::size_t kLongest = 4000;   // in frames
   static constexpr std::size_t kKnotFrames = 32;  // between two computations of the modulation
 
-  struct Frame {
-    float Middle = 0, Side = 0;  // half the sum and half the difference of left and right
+  static constexpr std::size_t kTaps = 8;      // frames that are weighted for one read
+  static constexpr std::size_t kSteps = 1024;  // places between two frames
+
+  using Weights = std::array<float, kTaps>;     // of the frames around a place, oldest first
+  using Kernels = std::array<Weights, kSteps>;  // from one frame to the next older one
+  // The weights of a read and how far its oldest frame lies behind the next frame.
+  struct Reader {
+    const Weights& Weight;
+    std::size_t Back;
+  };
+  // Half the sum or half the difference of left and right. Each frame is stored twice, kLine frames
+  // apart, so that every read is contiguous.
+  struct Channel {
+    std::array<float, 2 * kLine> Line{};
+    float Slow = 0;  // low frequencies, removed from the feedback
   };
   // Values that are interpolated linearly between two knots.
   struct Course {
@@ -39,17 +52,19 @@ class Flanger final : public SwitchedEffect<MMFlangerX> {
   void Process(std::int16_t* samples, std::size_t frames) override;
   void Sweep(const std::int16_t* samples, std::size_t frames);  // result in late_
   Course NextKnot(std::size_t frames);
-  Frame Tap(float delay) const;
-  void Put(Frame frame);
+  static Kernels MakeKernels();
+  static const Kernels& SharedKernels();
+  Reader At(float delay) const;
+  float Read(const Channel& channel, const Reader& reader) const;
+  void Put(Channel& channel, float frame, float echo);
 
+  const Kernels& kernels_;
   Glide dry_{1}, wet_{0}, feedback_{0}, depth_{0}, rate_{0};
   double turn_;  // phase of the modulation in radians
   bool placed_ = false;
   Course at_;
-  // Each frame is stored twice, kLine frames apart, so that every read is contiguous.
-  std::array<Frame, 2 * kLine> line_{};
+  Channel middle_, side_;
   std::size_t head_ = 0;  // index of the next frame
-  Frame slow_;            // low frequencies, removed from the feedback
   std::array<float, kBufferFrames> dryPath_{}, wetPath_{};
   std::array<float, 2 * kKnotFrames> late_{};  // left, right, left …
 };

@@ -10,6 +10,9 @@
 // feedback in percent (-99 to 99), a damping in percent (0 to 100: how much treble is lost with
 // each repeat) and a position (-100 left to 100 right). Difusion (0 to 100) is how much the echoes
 // feed each other: at 0 each repeats itself only. A missing or invalid number counts as 0.
+//
+// The feedbacks of the file apply when SetFeedback is 40, the value with which the program starts.
+// The decay time is proportional to SetFeedback: at 80 it is twice that of the file.
 #pragma once
 
 #include "backends/sound/effects/glide.h"
@@ -30,7 +33,7 @@ struct TMMEcho {
 
 class Reverb final : public SwitchedEffect<MMReverbX> {
  public:
-  explicit Reverb(Profile& profiles) : profiles_(profiles) {}
+  explicit Reverb(Profile& profiles);
   void SetFeedback(int percent) override;
   void SetOutputGain(int percent) override;
   void LoadFromIni(const Text& iniFile, const Text& section) override;
@@ -49,8 +52,12 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
     std::vector<float> Memory;
     std::size_t Head = 0, Delay = 0;  // in frames
     float Straight = 0, Beside = 0;   // damping: weights of this frame and of each neighbour
-    float Again = 0;
-    float FromLeft = 0, FromRight = 0, ToLeft = 0, ToRight = 0;
+    float Feedback = 0;               // of the file
+    float Again = 0, Before = 0;      // gain of the repeat, at the end of this block and the last
+    float FromLeft = 0, FromRight = 0;
+    float ToNear = 0, ToFar = 0;
+    bool LeftIsNear = true;  // the ear that hears the echo first
+    std::size_t Apart = 0;   // frames by which the other ear hears it later
   };
 
   void Clear() override;
@@ -59,6 +66,7 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
   Room Read(const Text& iniFile, const Text& section);
   void MoveIn();  // switches to next_
   void Empty();
+  void Aim(float feedback);  // sets the gains of the repeats
   void Work(std::int16_t* samples, std::size_t frames);
   void Enter(const std::int16_t* samples, std::size_t frames);
   void Listen(const Line& line, Block& echo, std::size_t frames);
@@ -72,10 +80,13 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
   float turnedCos_ = 1, turnedSin_ = 0;
   std::array<Line, kEchoes> lines_;
 
+  float aimed_ = 0;                          // the feedback that the gains are set to
+  float strength_ = 1, strengthBefore_ = 1;  // gain of the input
+
   Glide feedback_{0}, level_{0};
   Glide entrance_{1}, exit_{1};                // fade the room out and in while it changes
   std::array<float, 2> lastIn_{}, lastOut_{};  // state of the high-pass
-  Block left_{}, right_{}, wetLeft_{}, wetRight_{}, again_{}, loud_{}, door_{};
+  Block left_{}, right_{}, wetLeft_{}, wetRight_{}, count_{}, loud_{}, door_{};
   std::array<Block, kEchoes> echoes_{};
 };
 
