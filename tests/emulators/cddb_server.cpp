@@ -87,7 +87,6 @@ void CddbServer::Serve() {
 }
 
 void CddbServer::ServeOne(int client) {
-  leftAlone_ = false;
   const std::string request = ReadRequest(client);
   const auto since = std::chrono::steady_clock::now();
   bool faulty = false;
@@ -96,9 +95,11 @@ void CddbServer::ServeOne(int client) {
     requests_.push_back(request);
     faulty = static_cast<int>(requests_.size()) > Faults.FromRequest;
   }
-  const bool stays =
-      faulty && Faults.Silent ? WaitForEnd(client) : Send(client, Answer(request), faulty);
-  leftAlone_ = !stays;
+  if (faulty && Faults.Silent) {
+    WaitForEnd(client);
+  } else {
+    Send(client, Answer(request), faulty);
+  }
   busyNs_ += std::chrono::nanoseconds(std::chrono::steady_clock::now() - since).count();
 }
 
@@ -145,25 +146,22 @@ std::string CddbServer::Direct(const std::string& path) const {
 
 std::string CddbServer::Faulty(std::string answer) const {
   if (!Faults.Instead.empty()) answer = Faults.Instead;
-  if (Faults.Flood > 0) {
-    answer = Page("200 " + std::string(static_cast<std::size_t>(Faults.Flood), 'x'));
-  }
   if (Faults.CloseAt >= 0) answer.resize(std::min<std::size_t>(answer.size(), Faults.CloseAt));
   return answer;
 }
 
-// Returns false when the client closed the connection before it had everything.
-bool CddbServer::Send(int client, const std::string& answer, bool faulty) const {
+// Ends early when the client closes the connection.
+void CddbServer::Send(int client, const std::string& answer, bool faulty) const {
   const std::string bytes = faulty ? Faulty(answer) : answer;
   const std::size_t piece = faulty && Faults.PieceBytes > 0
                                 ? static_cast<std::size_t>(Faults.PieceBytes)
                                 : std::max<std::size_t>(bytes.size(), 1);
   const std::int64_t since = NowMs();
   for (std::size_t sent = 0; sent < bytes.size();) {
-    if (!Patient(since)) return false;
+    if (!Patient(since)) return;
     const std::size_t end = std::min(bytes.size(), (sent / piece + 1) * piece);
     const auto count = ::send(client, bytes.data() + sent, end - sent, MSG_NOSIGNAL | MSG_DONTWAIT);
-    if (count < 0 && errno != EAGAIN) return false;
+    if (count < 0 && errno != EAGAIN) return;
     if (count < 0) {
       pollfd entry{client, POLLOUT, 0};
       ::poll(&entry, 1, kTurnMs);
@@ -174,18 +172,16 @@ bool CddbServer::Send(int client, const std::string& answer, bool faulty) const 
       std::this_thread::sleep_for(std::chrono::milliseconds(Faults.PieceMs));
     }
   }
-  return true;
 }
 
-// Waits until the client gives up and closes. Always returns false.
-bool CddbServer::WaitForEnd(int client) const {
+// Waits until the client gives up and closes.
+void CddbServer::WaitForEnd(int client) const {
   const std::int64_t since = NowMs();
   while (Patient(since)) {
     if (!Readable(client)) continue;
     char byte = 0;
-    if (::recv(client, &byte, 1, 0) <= 0) return false;
+    if (::recv(client, &byte, 1, 0) <= 0) return;
   }
-  return true;
 }
 
 bool CddbServer::Patient(std::int64_t since) const {

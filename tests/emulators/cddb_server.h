@@ -25,7 +25,6 @@ struct ServerFaults {
   std::int64_t CloseAt = -1;  // closes the connection after this many bytes of the answer
   bool Silent = false;        // accepts the request and never answers
   std::string Instead;        // sent in place of the answer, unless blank
-  std::int64_t Flood = 0;     // bytes sent after the header, without a line end
 };
 
 class CddbServer {
@@ -45,8 +44,6 @@ class CddbServer {
   std::uint16_t Port() const { return port_; }
   std::string Address() const { return "127.0.0.1:" + std::to_string(port_); }
   std::vector<std::string> Requests() const;  // unchanged and in order
-  // True when the client closed the last connection before the server had finished.
-  bool LeftAlone() const { return leftAlone_; }
   // Total time from complete requests to sent answers.
   std::chrono::nanoseconds Busy() const { return std::chrono::nanoseconds(busyNs_); }
 
@@ -57,8 +54,8 @@ class CddbServer {
   std::string Answer(const std::string& request) const;
   std::string Direct(const std::string& path) const;
   std::string Faulty(std::string answer) const;
-  bool Send(int client, const std::string& answer, bool faulty) const;
-  bool WaitForEnd(int client) const;
+  void Send(int client, const std::string& answer, bool faulty) const;
+  void WaitForEnd(int client) const;
   bool Patient(std::int64_t since) const;
 
   const int connections_;
@@ -70,7 +67,7 @@ class CddbServer {
 
   mutable std::mutex mutex_;
   std::vector<std::string> requests_;
-  std::atomic<bool> leftAlone_ = false, stopped_ = false;
+  std::atomic<bool> stopped_ = false;
   std::atomic<std::int64_t> busyNs_ = 0;
   std::thread thread_;  // last, since the thread uses all other members
 };

@@ -1,6 +1,6 @@
-// cddb-server FILE [COMMAND [WORD ...]]: runs the CDDB servers described in FILE, each on a free
+// cddb-server FILE COMMAND [WORD ...]: runs the CDDB servers described in FILE, each on a free
 // port of 127.0.0.1, while COMMAND runs. COMMAND finds the ports in its environment, and its exit
-// code is that of cddb-server. Without a COMMAND, prints the ports and serves until its input ends.
+// code is that of cddb-server.
 //
 // FILE is UTF-8, with one entry per line:
 //   server NAME         a server, whose port is in the variable NAME
@@ -40,18 +40,9 @@ class Servers {
     FinishDisc();
   }
   // Puts the ports into the environment of processes started from here.
-  void TellPorts(std::ostream* out) const {
+  void TellPorts() const {
     for (const Named& one : servers_) {
-      const std::string port = std::to_string(one.Server->Port());
-      ::setenv(one.Name.c_str(), port.c_str(), 1);
-      if (out) *out << one.Name << "=" << port << std::endl;
-    }
-  }
-  void TellRequests(std::ostream& out) const {
-    for (const Named& one : servers_) {
-      for (const std::string& request : one.Server->Requests()) {
-        out << one.Name << ": " << request.substr(0, request.find('\r')) << "\n";
-      }
+      ::setenv(one.Name.c_str(), std::to_string(one.Server->Port()).c_str(), 1);
     }
   }
 
@@ -104,29 +95,18 @@ int RunCommand(char** words) {
   return WEXITSTATUS(status);
 }
 
-int Main(int argc, char** argv) {
-  const Servers servers(argv[1]);
-  servers.TellPorts(argc == 2 ? &std::cout : nullptr);
-  int code = 0;
-  if (argc > 2) {
-    code = RunCommand(argv + 2);
-  } else {
-    for (std::string line; std::getline(std::cin, line);) continue;
-  }
-  servers.TellRequests(std::cout);
-  return code;
-}
-
 }  // namespace
 }  // namespace vantora::test
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::cerr << "usage: cddb-server FILE [COMMAND [WORD ...]]\n";
+  if (argc < 3) {
+    std::cerr << "usage: cddb-server FILE COMMAND [WORD ...]\n";
     return 2;
   }
   try {
-    return vantora::test::Main(argc, argv);
+    const vantora::test::Servers servers(argv[1]);
+    servers.TellPorts();
+    return vantora::test::RunCommand(argv + 2);
   } catch (const std::exception& error) {
     std::cerr << "cddb-server: " << error.what() << "\n";
     return 2;

@@ -2,8 +2,6 @@
 // `standalone_main.cpp` runs mutations of its seeds that are the same in every run.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
 #include <iostream>
 #include <string>
@@ -14,6 +12,9 @@ namespace vantora::test {
 // Valid inputs from which mutations start.
 std::vector<std::string> FuzzSeeds();
 
+// Tries one input.
+void FuzzOne(const std::string& bytes);
+
 // Checks a condition that must hold for every input; ends the process when it does not.
 inline void Require(bool holds, const char* what) {
   if (holds) return;
@@ -22,5 +23,3 @@ inline void Require(bool holds, const char* what) {
 }
 
 }  // namespace vantora::test
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

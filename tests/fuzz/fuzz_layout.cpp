@@ -21,16 +21,12 @@ std::vector<std::string> FuzzSeeds() {
       "form 1e999\ncolumns\ncolumns x 1\noptPaper( 1\noptPaper(99999999999) 1\n-1 = ==\n", ""};
 }
 
-}  // namespace vantora::test
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace vantora;
-  using namespace vantora::test;
+void FuzzOne(const std::string& bytes) {
   HeadlessClock clock;
   HeadlessLoop loop(clock);
   FullForm form(loop);
   Text layout;
-  for (std::size_t i = 0; i < size; ++i) layout += static_cast<wchar_t>(data[i]);
+  for (const char byte : bytes) layout += static_cast<unsigned char>(byte);
   try {
     LayoutLesen(layout, form);
   } catch (const Laufzeitfehler& fehler) {
@@ -42,5 +38,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       Require(++depth <= form.Controls.size(), "no two controls lie in each other");
     }
   }
-  return 0;
 }
+
+}  // namespace vantora::test

@@ -11,20 +11,17 @@ std::vector<std::string> FuzzSeeds() {
           "[Quillmark\\VTR]\n[]\n[\\]\n=\nUndo\nCopies=%\nUndo=%4\nUndo=%00%FF\n", ""};
 }
 
-}  // namespace vantora::test
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace vantora;
-  using namespace vantora::test;
+void FuzzOne(const std::string& bytes) {
   static const TempFolder folder;
   const fs::path file = folder() / "settings.conf";
-  Put(file, {reinterpret_cast<const char*>(data), size});
+  Put(file, bytes);
   const auto read = [&](const Text& key) {
     return SettingsFile(file).GetSetting(L"Quillmark", L"VTR", key, L"none");
   };
   const Text undo = read(L"Undo"), folderOfWaves = read(L"Wave_Export_Dir");
   // Saves the input itself, since any text must be kept.
-  const Text value(data, data + std::min<std::size_t>(size, 300));
+  const auto* input = reinterpret_cast<const unsigned char*>(bytes.data());
+  const Text value(input, input + std::min<std::size_t>(bytes.size(), 300));
   SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Copies", value);
   Require(read(L"Copies") == value, "what is saved is read again");
   SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Other" + value, L"1");
@@ -32,5 +29,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Require(read(L"Copies") == value && read(L"Undo") == undo &&
               read(L"Wave_Export_Dir") == folderOfWaves,
           "a change leaves the others alone");
-  return 0;
 }
+
+}  // namespace vantora::test

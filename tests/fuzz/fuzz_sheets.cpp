@@ -46,11 +46,7 @@ void ReadAll(const std::shared_ptr<Disc>& disc) {
 
 }  // namespace
 
-}  // namespace vantora::test
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  using namespace vantora;
-  using namespace vantora::test;
+void FuzzOne(const std::string& bytes) {
   static Home home;
   static const bool laid = [] {
     Put(home / "a.bin", Noise(std::size_t{20} * kSectorBytes));
@@ -60,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static_cast<void>(laid);
   for (const char* name : {"s.cue", "s.toc"}) {
     fs::remove(home / name);  // overwriting makes some file systems wait for the disk
-    Put(home / name, {reinterpret_cast<const char*>(data), size});
+    Put(home / name, bytes);
     const Text sheet(name, name + 5);
     try {
       ReadAll(std::make_shared<ImageDisc>(home.Files, L"C:\\" + sheet));
@@ -68,5 +64,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       Require(failure.What.Sheet == sheet && failure.What.Line >= 1, "a fault has its line");
     }
   }
-  return 0;
 }
+
+}  // namespace vantora::test

@@ -7,6 +7,7 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <cstdint>
 #include <random>
 #include <unistd.h>
 
@@ -108,9 +109,8 @@ int main(int argc, char** argv) {
   for (std::uint64_t number = first; number < first + count; ++number) {
     Current() = number;
     // The first inputs are the seeds themselves.
-    const std::string text = number < seeds.size() ? seeds[number] : Mutator(number).Make(seeds);
     ::alarm(kSecondsAnInput);
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+    FuzzOne(number < seeds.size() ? seeds[number] : Mutator(number).Make(seeds));
   }
   ::alarm(0);
   std::cout << count << " inputs, nothing broken" << std::endl;
