@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QMouseEvent>
 #include <QWidget>
 
 #include <chrono>
@@ -68,21 +67,12 @@ TEST_F(Stage, APictureThatFollowsTheMouseIsNeverBehindIt) {
   };
   person
       .Then([&] {
-        QWidget* widget = loop.WidgetOf(box);
+        QWidget& widget = *loop.WidgetOf(box);
+        Mouse(widget, QEvent::MouseButtonPress, {10, 5}, Qt::LeftButton);
         // Two moves before the window has followed the first.
-        for (const auto& [type, x] :
-             {std::pair(QEvent::MouseButtonPress, 10), std::pair(QEvent::MouseMove, 20),
-              std::pair(QEvent::MouseMove, 30)}) {
-          QMouseEvent event(type, QPointF(x, 5), widget->mapToGlobal(QPointF(x, 5)),
-                            type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                            Qt::LeftButton, Qt::NoModifier);
-          QApplication::sendEvent(widget, &event);
-        }
+        for (const qreal x : {20, 30}) Mouse(widget, QEvent::MouseMove, {x, 5}, Qt::LeftButton);
         EXPECT_EQ(box.Left, left + 20 * 15);
-        QMouseEvent up(QEvent::MouseButtonRelease, QPointF(10, 5),
-                       widget->mapToGlobal(QPointF(10, 5)), Qt::LeftButton, Qt::NoButton,
-                       Qt::NoModifier);
-        QApplication::sendEvent(widget, &up);
+        Mouse(widget, QEvent::MouseButtonRelease, {10, 5}, Qt::NoButton);
       })
       .Then([&] { hands.Drag(box, 500, 600); })
       .Then([&] { EXPECT_NEAR(box.Left, left + 20 * 15 + box.Width / 10.0, 30); });

@@ -4,7 +4,6 @@
 #include "tests/qt/stage.h"
 
 #include <QApplication>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QWidget>
 

@@ -75,7 +75,9 @@ class PdfPage {
   // "WIDTHxHEIGHT CODING" each.
   std::vector<std::string> Pictures() const {
     std::vector<std::string> pictures;
-    for (const QStringList& cells : Table("pdfimages", {"-list", file_})) {
+    const QStringList lines = Run("pdfimages", {"-list", file_}).split(u'\n', Qt::SkipEmptyParts);
+    for (const QString& line : lines.mid(2)) {  // below the head and its line
+      const QStringList cells = line.simplified().split(u' ');
       pictures.push_back((cells[3] + "x" + cells[4] + " " + cells[8]).toStdString());
     }
     return pictures;
@@ -98,14 +100,6 @@ class PdfPage {
     process.start(program, words);
     process.waitForFinished(60'000);
     return QString::fromUtf8(process.readAllStandardOutput());
-  }
-  // The rows below the head and its line.
-  static std::vector<QStringList> Table(const QString& program, const QStringList& words) {
-    std::vector<QStringList> rows;
-    for (const QString& line : Run(program, words).split(u'\n', Qt::SkipEmptyParts).mid(2)) {
-      rows.push_back(line.simplified().split(u' '));
-    }
-    return rows;
   }
 
   QString file_;

@@ -1,26 +1,20 @@
 #include "backends/qt/pictures/pictures.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <filesystem>
+#include "tests/backends/linux/home.h"
 
 namespace vantora {
 namespace {
 
+using test::Get, test::Put;
 namespace fs = std::filesystem;
 
 class KeptPictures : public testing::Test {
  protected:
-  void Write(const QByteArray& colour) const {
-    QFile file(QString::fromStdString(picture_));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(
+  void Write(const std::string& colour) const {
+    Put(picture_,
         "<svg xmlns='http://www.w3.org/2000/svg' width='20' height='10'><rect width='12' "
         "height='10' fill='" +
-        colour + "'/></svg>");
+            colour + "'/></svg>");
   }
   // What a run of the program shows of the picture: a pixel within it, and one beside it.
   std::pair<QRgb, QRgb> Run() const {
@@ -33,10 +27,9 @@ class KeptPictures : public testing::Test {
   }
 
   const std::pair<QRgb, QRgb> kRed{qRgb(255, 0, 0), 0}, kBlue{qRgb(0, 0, 255), 0};
-  QTemporaryDir temporary_;
-  const fs::path folder_ = temporary_.path().toStdString();
-  const fs::path store_ = folder_ / "new" / "drawn";
-  const std::string picture_ = (folder_ / "panel.svg").string();
+  const test::TempFolder temporary_;
+  const fs::path folder_ = temporary_();
+  const fs::path store_ = folder_ / "new" / "drawn", picture_ = folder_ / "panel.svg";
 };
 
 TEST_F(KeptPictures, AreDrawnAgainWhenTheirSourceHasChangedAndNotBefore) {
@@ -54,26 +47,18 @@ TEST_F(KeptPictures, AreDrawnAgainWhenTheirSourceHasChangedAndNotBefore) {
 TEST_F(KeptPictures, AreDrawnAfreshFromAFileThatWasCutOffOrOverwritten) {
   Write("#ff0000");
   Run();
-  const auto whole = fs::file_size(store_);
-  QFile file(QString::fromStdString(store_.string()));
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QByteArray good = file.readAll();
-  file.close();
-  const auto put = [&file](const QByteArray& bytes) {
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(bytes);
-    file.close();
-  };
-  const auto pixels = static_cast<qsizetype>(80 * 40 * 4);
-  for (qsizetype length = 0; length < good.size(); length += length < 200 ? 11 : pixels / 3) {
-    put(good.first(length));
+  const std::string good = Get(store_);
+  constexpr std::size_t kPixels = 80 * 40 * 4;
+  ASSERT_GT(good.size(), kPixels);
+  for (std::size_t length = 0; length < good.size(); length += length < 200 ? 11 : kPixels / 3) {
+    Put(store_, good.substr(0, length));
     EXPECT_EQ(Run(), kRed) << "cut off at " << length;
-    EXPECT_EQ(fs::file_size(store_), whole) << "cut off at " << length;
+    EXPECT_EQ(fs::file_size(store_), good.size()) << "cut off at " << length;
   }
-  for (qsizetype at = 0; at < good.size() - pixels; at += 5) {
-    QByteArray bad = good;
+  for (std::size_t at = 0; at < good.size() - kPixels; at += 5) {
+    std::string bad = good;
     bad[at] = static_cast<char>(bad[at] ^ 0x7f);
-    put(bad);
+    Put(store_, bad);
     Pictures(folder_, store_).Get(L"panel", {40, 20}, 2);
   }
 }

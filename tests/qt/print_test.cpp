@@ -1,25 +1,21 @@
 #include <gtest/gtest.h>
 
-#include "backends/linux/drive_table.h"
-#include "backends/linux/linux_files.h"
 #include "backends/qt/print/qt_image.h"
 #include "backends/qt/print/qt_print_shop.h"
+#include "tests/backends/linux/home.h"
 #include "tests/qt/pdf_reader.h"
 
 #include "platform/laufzeitfehler.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
 
-#include <csignal>
 #include <cstring>
-#include <functional>
-#include <sys/resource.h>
 
 namespace vantora {
 namespace {
+
+using test::ErrorOf, test::Get, test::Put;
 
 constexpr double kTolerance = 0.1 / 25.4 * 1440;  // a tenth of a millimetre, in twips
 constexpr double k5mm = 5 / 25.4 * 1440;
@@ -34,9 +30,7 @@ class FakeQueues final : public PrintQueues {
   PrintSheet Sheet(const std::string& /*name*/) override { return {kPaperLetter, 240, 300}; }
   void Send(const std::string& name, const std::filesystem::path& pdf, int copies) override {
     Sent.push_back(name + " " + std::to_string(copies));
-    QFile file(QString::fromStdString(pdf.string()));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().startsWith("%PDF-"));
+    EXPECT_TRUE(Get(pdf).starts_with("%PDF-"));
     Scratch = pdf;
   }
   bool Gone = false;
@@ -47,15 +41,7 @@ class FakeQueues final : public PrintQueues {
 class Printing : public testing::Test {
  protected:
   Text File(const char* name) { return L"C:\\" + Text(name, name + std::strlen(name)); }
-  std::string Host(const char* name) { return files.SystemPath(File(name)).string(); }
-  int ErrorOf(const std::function<void()>& work) {
-    try {
-      work();
-    } catch (const Laufzeitfehler& error) {
-      return error.Nummer;
-    }
-    return 0;
-  }
+  std::string Host(const char* name) { return (home / name).string(); }
   // A page with the name of this paper, in the printer's hands.
   Printer& Page(const Text& paper, double margin, int orientation = kPortrait) {
     shop.printers.Setup.Paper = paper;
@@ -67,10 +53,8 @@ class Printing : public testing::Test {
     return printer;
   }
 
-  QTemporaryDir home;
-  DriveTable drives{PlacesBelow(home.path().toStdString())};
-  LinuxFiles files{drives};
-  QtPrintShop<NoQueues> shop{files};
+  test::Home home;
+  QtPrintShop<NoQueues> shop{home.Files};
 };
 
 // ---- places on paper ----
@@ -151,7 +135,7 @@ TEST_F(Printing, PointsAreSquaresOfWholePixelsWithTheirGaps) {
   }
   printer.EndDoc();
   EXPECT_LT(clock.elapsed(), 2000);
-  EXPECT_LT(QFile(QString::fromStdString(Host("page.pdf"))).size(), 60'000);
+  EXPECT_LT(std::filesystem::file_size(Host("page.pdf")), 60'000U);
   const PdfPage page(Host("page.pdf"));
   EXPECT_NEAR(page.InkIn(5011, 1900, 5019, 2100).Top, 2000, 1.5);
   EXPECT_FALSE(page.InkIn(5003, 1900, 5007, 2100).Found);
@@ -250,10 +234,7 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
              qRgb(3, 2, 1)},
         Case{"a bmp that is cut off", BmpHead(1, 2) + QByteArray(4, '\0'), kFehlerBild, 0, 0, 0}}) {
     SCOPED_TRACE(c.What);
-    QFile file(QString::fromStdString(Host("picture")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(c.Bytes);
-    file.close();
+    Put(home / "picture", c.Bytes.toStdString());
     Bild picture;
     EXPECT_EQ(ErrorOf([&] { picture = shop.images.Load(File("picture")); }), c.Error);
     if (!picture) continue;
@@ -270,47 +251,37 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
   EXPECT_EQ(ErrorOf([&] { shop.images.Load(File("missing.jpg")); }), kFehlerDateiFehlt);
 }
 
-TEST_F(Printing, APhotographKeepsAllItsPoints) {
-  Printer& printer = Page(L"A4", 0);
-  printer.PaintPicture(std::make_shared<QtImage>(Jpeg({1200, 800})), 1000, 1000, 6000, 4000);
-  printer.EndDoc();
-  const PdfPage page(Host("page.pdf"));
-  EXPECT_EQ(page.Pictures(), (std::vector<std::string>{"1200x800 jpeg"}));
-  const PdfPage::Ink ink = page.InkIn(500, 500, 7500, 5500);
-  EXPECT_NEAR(ink.Left, 1000, kTolerance);
-  EXPECT_NEAR(ink.Bottom, 5000, kTolerance);
-}
-
-// A copy of it that is turned would take as much memory again.
-TEST_F(Printing, APhotographOnItsSideIsTurnedByThePage) {
-  Printer& printer = Page(L"A4", 0);
-  const auto photo = std::make_shared<QtImage>(Turned(Jpeg({1200, 800}), 6));
-  printer.PaintPicture(photo, 1000, 1000, 4000, 6000);
-  printer.EndDoc();
-  const PdfPage page(Host("page.pdf"));
-  EXPECT_EQ(page.Pictures(), (std::vector<std::string>{"1200x800 jpeg"}));
-  const PdfPage::Ink ink = page.InkIn(500, 500, 5500, 7500);
-  EXPECT_NEAR(ink.Left, 1000, kTolerance);
-  EXPECT_NEAR(ink.Right, 5000, kTolerance);
-  EXPECT_NEAR(ink.Top, 1000, kTolerance);
-  EXPECT_NEAR(ink.Bottom, 7000, kTolerance);
+// A copy of one on its side that is turned would take as much memory again: the page turns it.
+TEST_F(Printing, APhotographKeepsAllItsPointsAlsoWhenItIsTurned) {
+  const QByteArray photo = Jpeg({1200, 800});
+  for (const auto& [bytes, size] :
+       {std::pair(photo, QSize(6000, 4000)), std::pair(Turned(photo, 6), QSize(4000, 6000))}) {
+    Printer& printer = Page(L"A4", 0);
+    printer.PaintPicture(std::make_shared<QtImage>(bytes), 1000, 1000, size.width(), size.height());
+    printer.EndDoc();
+    const PdfPage page(Host("page.pdf"));
+    EXPECT_EQ(page.Pictures(), (std::vector<std::string>{"1200x800 jpeg"}));
+    const PdfPage::Ink ink = page.InkIn(500, 500, 7500, 7500);
+    EXPECT_NEAR(ink.Left, 1000, kTolerance);
+    EXPECT_NEAR(ink.Right, 1000 + size.width(), kTolerance);
+    EXPECT_NEAR(ink.Top, 1000, kTolerance);
+    EXPECT_NEAR(ink.Bottom, 1000 + size.height(), kTolerance);
+  }
 }
 
 // ---- what goes wrong ----
 
 TEST_F(Printing, AFileThatCannotBeWrittenIsReportedAndLeavesNoPart) {
   std::filesystem::create_directory(Host("folder.pdf"));
-  struct Case {
-    Text File;
-    int Error;
-  };
-  for (const Case& c : {Case{L"Z:\\sys\\page.pdf", kFehlerZugriff},
-                        Case{L"C:\\missing\\page.pdf", kFehlerPfadFehlt},
-                        Case{L"C:\\folder.pdf", kFehlerPfadZugriff}, Case{L"", kFehlerPfadFehlt}}) {
+  const std::pair<const wchar_t*, int> cases[] = {{L"Z:\\sys\\page.pdf", kFehlerZugriff},
+                                                  {L"C:\\missing\\page.pdf", kFehlerPfadFehlt},
+                                                  {L"C:\\folder.pdf", kFehlerPfadZugriff},
+                                                  {L"", kFehlerPfadFehlt}};
+  for (const auto& [file, error] : cases) {
     Printer& printer = Page(L"A4", 0);
-    printer.OutputFile = c.File;
+    printer.OutputFile = file;
     printer.Print(L"texto");
-    EXPECT_EQ(ErrorOf([&] { printer.EndDoc(); }), c.Error);
+    EXPECT_EQ(ErrorOf([&] { printer.EndDoc(); }), error);
     printer.EndDoc();  // the job has come to nothing
   }
 
@@ -318,21 +289,17 @@ TEST_F(Printing, AFileThatCannotBeWrittenIsReportedAndLeavesNoPart) {
   printer.Print(L"primera");
   printer.EndDoc();
   const auto earlier = std::filesystem::file_size(Host("page.pdf"));
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit full{1000, before.rlim_max};
-  std::signal(SIGXFSZ, SIG_IGN);
-  setrlimit(RLIMIT_FSIZE, &full);
-  printer.Print(L"segunda");
-  const int error = ErrorOf([&] { printer.EndDoc(); });
-  setrlimit(RLIMIT_FSIZE, &before);
-  EXPECT_EQ(error, kFehlerPlattenVoll);
+  {
+    const test::FullDisk full(1000);
+    printer.Print(L"segunda");
+    EXPECT_EQ(ErrorOf([&] { printer.EndDoc(); }), kFehlerPlattenVoll);
+  }
   EXPECT_EQ(std::filesystem::file_size(Host("page.pdf")), earlier);
-  EXPECT_EQ(files.List(L"C:\\", L"*.pdf*"), (std::vector<Text>{L"page.pdf"}));
+  EXPECT_EQ(home.Files.List(L"C:\\", L"*.pdf*"), (std::vector<Text>{L"page.pdf"}));
 }
 
 TEST_F(Printing, APrinterThatGoesBetweenChoiceAndJobIsReported) {
-  QtPrintShop<FakeQueues> system(files);
+  QtPrintShop<FakeQueues> system(home.Files);
   ASSERT_EQ(system.printers.Count(), 3);
   EXPECT_EQ(system.printers.Name(system.printers.Current()), L"tinta");
   Printer& printer = system.printers.Printer();
@@ -356,19 +323,15 @@ TEST_F(Printing, APrinterThatGoesBetweenChoiceAndJobIsReported) {
 // The system's command for printing, in place of which a script stands.
 TEST_F(Printing, ThePageGoesToTheSystemsCommandAndItsRefusalIsReported) {
   const QByteArray path = qgetenv("PATH");
-  qputenv("PATH", home.path().toLocal8Bit() + ":" + path);
-  const auto command = [&](const char* lines) {
-    QFile script(home.filePath("lp"));
-    EXPECT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write(QByteArray("#!/bin/sh\n") + lines);
-    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  qputenv("PATH", QByteArray::fromStdString(home.Folder().string()) + ":" + path);
+  const auto command = [&](const std::string& lines) {
+    Put(home / "lp", "#!/bin/sh\n" + lines);
+    std::filesystem::permissions(home / "lp", std::filesystem::perms::owner_all);
   };
   SystemQueues queues;
   command("echo \"$@\" > \"$(dirname \"$0\")/said\"\n");
   queues.Send("laser color", "/tmp/a b.pdf", 3);
-  QFile said(home.filePath("said"));
-  ASSERT_TRUE(said.open(QIODevice::ReadOnly));
-  EXPECT_EQ(said.readAll(),
+  EXPECT_EQ(Get(home / "said"),
             "-d laser color -n 3 -t Vantora -o print-scaling=none -- /tmp/a b.pdf\n");
   command("echo 'lp: The printer or class does not exist.'; exit 1\n");
   Text why;

@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QWidget>
@@ -38,10 +37,7 @@ TEST_F(Stage, AClickOnADisabledWindowReachesNoHandlerNotEvenThatOfALabel) {
     QWidget* label = Find("lblTitle");
     ASSERT_NE(label, nullptr);
     for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-      const QPointF place(2, 2);
-      QMouseEvent event(type, place, label->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
-                        Qt::NoModifier);
-      QApplication::sendEvent(label, &event);
+      Mouse(*label, type, {2, 2}, Qt::LeftButton);
     }
   };
   person
@@ -231,10 +227,7 @@ TEST_F(Stage, APictureHearsOfTheMouseAboveItAndOfNoButtonThatWasNotPressedOnIt) 
     QWidget* picture = Find("picWave");
     ASSERT_NE(picture, nullptr);
     EXPECT_TRUE(picture->hasMouseTracking());
-    QMouseEvent event(type, place, picture->mapToGlobal(place),
-                      type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
-                      Qt::NoModifier);
-    QApplication::sendEvent(picture, &event);
+    Mouse(*picture, type, place, held);
   };
   person.Then([&] {
     send(QEvent::MouseMove, {10, 4}, Qt::NoButton);
@@ -249,31 +242,23 @@ TEST_F(Stage, APictureHearsOfTheMouseAboveItAndOfNoButtonThatWasNotPressedOnIt) 
   Play(form);
 }
 
-TEST_F(Stage, AScreenReaderFindsAFaderAsASliderWithItsNameAndValue) {
+TEST_F(Stage, AScreenReaderFindsAFaderAsASliderAndALevelAsABarWithNameAndValue) {
   FullForm form(loop);
   form.knob.Value = 37;
-  QAccessibleInterface* read = nullptr;
-  person.Then([&] {
-    read = QAccessible::queryAccessibleInterface(loop.WidgetOf(form.knob));
-    ASSERT_NE(read, nullptr);
-    EXPECT_EQ(read->role(), QAccessible::Slider);
-    EXPECT_EQ(read->text(QAccessible::Name), "Volumen");
-    EXPECT_EQ(read->valueInterface()->currentValue().toInt(), 37);
-    read->valueInterface()->setCurrentValue(60);
-    EXPECT_EQ(form.knob.Value, 60) << "and moves it";
-  });
-  Play(form);
-}
-
-TEST_F(Stage, AScreenReaderFindsALevelAsABarWithItsNameAndValue) {
-  FullForm form(loop);
   form.Level.AccessibleName = Text(L"Nivel izquierdo");
   form.Level.Active = true;
   form.Level.PeakLeft = 1037;  // 30 of the 60 decibels
   form.Level.PeakRight = 32767;
   form.Level.Shown = Ears::Left;
   person.Then([&] {
-    const auto* read = QAccessible::queryAccessibleInterface(loop.WidgetOf(form.Level));
+    auto* read = QAccessible::queryAccessibleInterface(loop.WidgetOf(form.knob));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(read->role(), QAccessible::Slider);
+    EXPECT_EQ(read->text(QAccessible::Name), "Volumen");
+    EXPECT_EQ(read->valueInterface()->currentValue().toInt(), 37);
+    read->valueInterface()->setCurrentValue(60);
+    EXPECT_EQ(form.knob.Value, 60) << "and moves it";
+    read = QAccessible::queryAccessibleInterface(loop.WidgetOf(form.Level));
     ASSERT_NE(read, nullptr);
     EXPECT_EQ(read->role(), QAccessible::ProgressBar);
     EXPECT_EQ(read->text(QAccessible::Name), "Nivel izquierdo");

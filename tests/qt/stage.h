@@ -7,10 +7,22 @@
 #include "backends/qt/loop/qt_hands.h"
 #include "tests/backends/full_form.h"
 
+#include <QApplication>
+#include <QMouseEvent>
+#include <QWidget>
+
 #include <string>
 #include <vector>
 
 namespace vantora {
+
+// What the left button does at a place of a widget; `held` are the buttons that are down.
+inline void Mouse(QWidget& widget, QEvent::Type what, const QPointF& place, Qt::MouseButtons held) {
+  QMouseEvent event(what, place, widget.mapToGlobal(place),
+                    what == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                    Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
+}
 
 class Stage : public testing::Test {
  protected:

@@ -2,11 +2,10 @@
 
 #include "backends/qt/faces/level_bars.h"
 #include "backends/qt/look/look.h"
-#include "backends/qt/loop/qt_event_loop.h"
+#include "tests/qt/stage.h"
 
 #include <QApplication>
 #include <QImage>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -23,11 +22,8 @@ struct Bar {
     bar.show();
   }
   void Hand(QEvent::Type what, int y) {
-    const QPointF place(6, y);
-    const Qt::MouseButtons held =
-        what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(what, place, bar.mapToGlobal(place), Qt::LeftButton, held, Qt::NoModifier);
-    QApplication::sendEvent(&bar, &event);
+    Mouse(bar, what, QPointF(6, y),
+          what == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton);
   }
   void Click(int y) {
     Hand(QEvent::MouseButtonPress, y);
