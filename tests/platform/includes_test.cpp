@@ -94,11 +94,4 @@ TEST(Includes, TheProductAndThePureBackEndsUseTheLanguagesLibraryAlone) {
   EXPECT_GT(seen, 5000U) << "the test has looked at the wrong place";
 }
 
-TEST(Includes, ThePlatformHasNoBehaviour) {
-  for (const auto& entry :
-       fs::recursive_directory_iterator(fs::path(VANTORA_SOURCE_DIR) / "platform")) {
-    EXPECT_TRUE(entry.is_directory() || entry.path().extension() == ".h") << entry.path();
-  }
-}
-
 }  // namespace vantora::test

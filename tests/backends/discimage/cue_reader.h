@@ -4,8 +4,8 @@
 
 #include "tests/backends/linux/home.h"
 
-#include <cstdio>
 #include <map>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -25,53 +25,33 @@ struct Disc {
   std::vector<std::string> Strange;  // lines that other readers would not understand
 };
 
-inline std::string Unquoted(std::istringstream& line) {
-  std::string word;
-  line >> std::ws;
-  if (line.peek() == '"') {
-    line.get();
-    std::getline(line, word, '"');
-  } else {
-    line >> word;
-  }
-  return word;
-}
-
 inline Disc ReadDisc(const fs::path& sheet) {
+  static const std::regex known(
+      " *(FILE|TITLE|PERFORMER) \"([^\"]*)\" ?(BINARY)?\r| *(TRACK) ([0-9]{2}) ([A-Z0-9/]+)\r"
+      "| *(INDEX) ([0-9]{2}) ([0-9]{2}):([0-5][0-9]):([0-6][0-9]|7[0-4])\r");
   Disc disc;
   std::istringstream text(Get(sheet));
-  for (std::string raw; std::getline(text, raw);) {
-    if (!raw.ends_with('\r')) disc.Strange.push_back("no CR LF: " + raw);
-    std::istringstream line(raw.substr(0, raw.size() - 1));
-    std::string word;
-    line >> word;
+  for (std::string line; std::getline(text, line);) {
+    std::smatch part;
     DiscTrack* track = disc.Tracks.empty() ? nullptr : &disc.Tracks.back();
-    if (word == "FILE") {
-      disc.File = Unquoted(line);
-      disc.FileKind = Unquoted(line);
-    } else if (word == "TRACK") {
-      std::size_t number = 0;
-      disc.Tracks.emplace_back();
-      line >> number >> disc.Tracks.back().Kind;
-      if (number != disc.Tracks.size()) disc.Strange.push_back("out of order: " + raw);
-    } else if (word == "TITLE") {
-      (track == nullptr ? disc.Title : track->Title) = Unquoted(line);
-    } else if (word == "PERFORMER") {
-      (track == nullptr ? disc.Performer : track->Performer) = Unquoted(line);
-    } else if (word == "INDEX" && track != nullptr) {
-      int number = -1, minutes = 0, seconds = 0, sectors = 0;
-      std::string time;
-      line >> number >> time;
-      if (std::sscanf(time.c_str(), "%2d:%2d:%2d", &minutes, &seconds, &sectors) != 3 ||
-          time.size() != 8 || seconds > 59 || sectors > 74) {
-        disc.Strange.push_back(raw);
-      }
-      track->Index[number] = (minutes * 60 + seconds) * 75 + sectors;
+    const auto number = [&](std::size_t place) { return std::stoi(part[place]); };
+    if (!std::regex_match(line, part, known)) {
+      disc.Strange.push_back(line);
+    } else if (part[1] == "FILE") {
+      disc.File = part[2];
+      disc.FileKind = part[3];
+    } else if (part[4].matched) {
+      disc.Tracks.emplace_back().Kind = part[6];
+      if (number(5) != std::ssize(disc.Tracks)) disc.Strange.push_back("out of order: " + line);
+    } else if (part[1] == "TITLE") {
+      (track == nullptr ? disc.Title : track->Title) = part[2];
+    } else if (part[1] == "PERFORMER") {
+      (track == nullptr ? disc.Performer : track->Performer) = part[2];
+    } else if (track != nullptr) {
+      track->Index[number(8)] = (number(9) * 60 + number(10)) * 75 + number(11);
     } else {
-      disc.Strange.push_back(raw);
+      disc.Strange.push_back(line);
     }
-    std::string rest;
-    if (line >> rest) disc.Strange.push_back("more behind: " + raw);
   }
   const std::string image = Get(sheet.parent_path() / disc.File);
   if (image.size() % 2352 != 0) disc.Strange.push_back("the image ends inside a sector");

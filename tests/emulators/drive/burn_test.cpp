@@ -305,7 +305,7 @@ TEST_F(DriveBurn, AWaveThatEndsEarlyOrASmallDiscIsNoGoodDisc) {
   std::string story = Until("complete");
   EXPECT_TRUE(story.ends_with("failure 57, complete 0")) << story;
   disk.Readable = INT64_MAX;
-  Put(drive.Folder() / "corto/toc", "kind cd-r\ncapacity 3000\nstate blank\n");
+  Put(drive.Folder() / "corto/toc", "capacity 3000\nstate blank\n");
   drive.Say("disc corto\n");
   Log.clear();
   ASSERT_EQ(writer.WriteTAO(), 0);

@@ -111,10 +111,7 @@ int OpenInstead(const char* path, int flags, const Open& open) {
   std::lock_guard lock(emulated.Mutex);
   const Script script = Script::Load(emulated.Folder);
   const bool exclusive = (flags & O_EXCL) != 0;
-  errno = script.Disconnected                                            ? ENXIO
-          : exclusive && (script.Busy || HeldExclusively())              ? EBUSY
-          : (flags & O_NONBLOCK) == 0 && !emulated.TheRequests.HasDisc() ? ENOMEDIUM
-                                                                         : 0;
+  errno = script.Disconnected ? ENXIO : exclusive && (script.Busy || HeldExclusively()) ? EBUSY : 0;
   if (errno != 0) return -1;
   const int file =
       Next<int (*)(const char*, int, ...)>("open")(instead.c_str(), O_RDWR | (flags & O_CLOEXEC));

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstring>
 #include <fstream>
-#include <iterator>
 #include <string>
 
 namespace vantora::emulated {
@@ -29,9 +28,6 @@ std::optional<Disc> Disc::Load(const fs::path& folder) {
       track.Audio = value != "data";
       track.Preemphasis = value == "raised";
       disc.Tracks.push_back(track);
-    } else if (word == "kind") {
-      toc >> value;
-      disc.Erasable = value == "cd-rw";
     } else if (word == "capacity") {
       toc >> disc.Capacity;
     } else if (word == "leadout") {
@@ -45,8 +41,6 @@ std::optional<Disc> Disc::Load(const fs::path& folder) {
     }
   }
   if (!stated) return std::nullopt;
-  std::ifstream text(folder / "cdtext.bin", std::ios::binary);
-  disc.Text.assign(std::istreambuf_iterator<char>(text), {});
   return disc;
 }
 
@@ -54,14 +48,13 @@ std::optional<Disc> Disc::Load(const fs::path& folder) {
 void Disc::Save() const {
   if (Dry) return;
   fs::create_directories(Folder);
-  if (!Text.empty() || fs::exists(Folder / "cdtext.bin"))
+  if (!Text.empty())
     std::ofstream(Folder / "cdtext.bin", std::ios::binary)
         .write(reinterpret_cast<const char*>(Text.data()),
                static_cast<std::streamsize>(Text.size()));
   const fs::path half = Folder / "toc.half";
   std::ofstream toc(half);
-  toc << "kind " << (Erasable ? "cd-rw" : "cd-r") << "\ncapacity " << Capacity << "\nstate "
-      << kStates[static_cast<std::size_t>(State)] << '\n';
+  toc << "capacity " << Capacity << "\nstate " << kStates[static_cast<std::size_t>(State)] << '\n';
   for (const DiscTrack& track : Tracks) {
     toc << "track " << track.Start
         << (track.Preemphasis ? " raised"

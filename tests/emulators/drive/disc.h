@@ -26,7 +26,6 @@ enum class DiscState { Blank, Open, Closed, Spoilt };
 
 struct Disc {
   std::filesystem::path Folder;
-  bool Erasable = false;   // a CD-RW
   int Capacity = 359'847;  // number of sectors up to the last possible lead-out
   DiscState State = DiscState::Blank;
   std::vector<DiscTrack> Tracks{};  // from track 1

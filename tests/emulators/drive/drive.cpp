@@ -25,11 +25,10 @@ constexpr unsigned char kTestWrite = 0x10;
 
 // Grouped by use. A command that is not listed is refused.
 const Drive::Command Drive::kCommands[] = {
-    {&Drive::TestUnitReady, "TEST UNIT READY", 0x00, Needs::Disc},
-    {&Drive::RequestSense, "REQUEST SENSE", 0x03, Needs::Nothing},
+    {&Drive::Accept, "TEST UNIT READY", 0x00, Needs::Disc},
     {&Drive::Inquiry, "INQUIRY", 0x12, Needs::Nothing},
-    {&Drive::StartStop, "START STOP UNIT", 0x1b, Needs::Calm},
-    {&Drive::Prevent, "PREVENT ALLOW", 0x1e, Needs::Calm},
+    {&Drive::Accept, "START STOP UNIT", 0x1b, Needs::Calm},
+    {&Drive::Accept, "PREVENT ALLOW", 0x1e, Needs::Calm},
     {&Drive::ModeSense, "MODE SENSE(6)", 0x1a, Needs::Calm},
     {&Drive::ModeSense, "MODE SENSE", 0x5a, Needs::Calm},
     {&Drive::ModeSelect, "MODE SELECT", 0x55, Needs::Calm},
@@ -42,9 +41,8 @@ const Drive::Command Drive::kCommands[] = {
     {&Drive::ReadToc, "READ TOC", 0x43, Needs::Disc},
     {&Drive::ReadCapacity, "READ CAPACITY", 0x25, Needs::Disc},
     {&Drive::ReadBufferCapacity, "READ BUFFER CAPACITY", 0x5c, Needs::Calm},
-    {&Drive::Read10, "READ(10)", 0x28, Needs::Disc},
     {&Drive::ReadCd, "READ CD", 0xbe, Needs::Disc},
-    {&Drive::SendOpc, "SEND OPC", 0x54, Needs::Disc},
+    {&Drive::Accept, "SEND OPC", 0x54, Needs::Disc},
     {&Drive::SendCueSheet, "SEND CUE SHEET", 0x5d, Needs::Disc},
     {&Drive::Write10, "WRITE(10)", 0x2a, Needs::Disc},
     {&Drive::SynchronizeCache, "SYNCHRONIZE CACHE", 0x35, Needs::Disc},
@@ -87,7 +85,7 @@ Bytes Drive::Obey(const Command& command, const Bytes& bytes, const Bytes& sent)
     throw Sense{6, 0x28, 0};
   }
   if (command.What == Needs::Disc) {
-    if (!disc_) throw Sense{2, 0x3a, ejected_ ? 2 : 1};
+    if (!disc_) throw Sense{2, 0x3a, 1};
     if (gettingReady_ > 0) {
       --gettingReady_;
       throw Sense{2, 4, 1};
@@ -137,7 +135,7 @@ void Drive::LookAtDisc() {
   if (now == seen_) return;
   const bool was = disc_.has_value();
   seen_ = now;
-  writing_ = ejected_ = false;
+  writing_ = false;
   dry_.reset();
   disc_ = now.empty() ? std::nullopt : Disc::Load(folder_ / script_.Disc);
   attention_ = disc_.has_value();
@@ -146,7 +144,6 @@ void Drive::LookAtDisc() {
 
 void Drive::MakeDisc(const fs::path& folder) const {
   Disc disc{folder};
-  disc.Erasable = script_.MadeAs == "rw";
   if (script_.MadeAs == "sold") {
     constexpr int kTrack = 300;
     Bytes sound(std::size_t{kTrack} * 2 * kSectorBytes);
@@ -171,16 +168,9 @@ void Drive::Take(int sectors) const {
   std::this_thread::sleep_for(std::chrono::microseconds(1'000'000LL * sectors / script_.Pace));
 }
 
-Bytes Drive::TestUnitReady(const Bytes&, const Bytes&) {
+// For commands of which nothing is to be seen.
+Bytes Drive::Accept(const Bytes&, const Bytes&) {
   return {};
-}
-
-// Sense data is returned with the failing command, so none is ever pending.
-Bytes Drive::RequestSense(const Bytes&, const Bytes&) {
-  Bytes sense(18);
-  sense[0] = 0x70;
-  sense[7] = 10;
-  return sense;
 }
 
 Bytes Drive::Inquiry(const Bytes&, const Bytes&) {
@@ -192,27 +182,6 @@ Bytes Drive::Inquiry(const Bytes&, const Bytes&) {
   answer[4] = 31;
   std::copy_n(kNames, 28, answer.begin() + 8);
   return answer;
-}
-
-Bytes Drive::StartStop(const Bytes& command, const Bytes&) {
-  const int wish = command[4] & 3;
-  if (wish == 2) {
-    if (locked_) throw Sense{5, 0x53, 2};
-    if (disc_) event_ = 3;
-    disc_.reset();
-    ejected_ = true;
-  }
-  if (wish == 3 && ejected_) {
-    seen_.clear();
-    LookAtDisc();
-    ejected_ = false;
-  }
-  return {};
-}
-
-Bytes Drive::Prevent(const Bytes& command, const Bytes&) {
-  locked_ = (command[4] & 1) != 0;
-  return {};
 }
 
 Bytes Drive::Capabilities() const {
@@ -273,8 +242,7 @@ Bytes Drive::ModeSelect(const Bytes&, const Bytes& sent) {
 }
 
 int Drive::Profile() const {
-  if (!disc_) return 0;
-  return disc_->Erasable ? 0x0a : 0x09;
+  return disc_ ? 0x09 : 0;
 }
 
 Bytes Drive::GetConfiguration(const Bytes&, const Bytes&) {
@@ -301,7 +269,7 @@ Bytes Drive::GetEvent(const Bytes& command, const Bytes&) {
   if ((command[4] & 0x10) == 0) return {0, 2, 0x80, 0x10};
   const auto code = static_cast<unsigned char>(event_);
   event_ = 0;
-  const unsigned char state = disc_ ? 2 : ejected_ ? 1 : 0;
+  const unsigned char state = disc_ ? 2 : 0;
   return {0, 6, 4, 0x10, code, state, 0, 0};
 }
 

@@ -4,8 +4,9 @@
 // It does not show, so tests with it do not cover: timing (buffer underruns, spin-up and fixation
 // times of a real drive), several sessions, writing of data tracks, raw and packet writing, catalog
 // numbers and ISRCs, reading of subchannels, C2 pointers and jitter, audio played by the drive
-// itself, and DVDs. Commands for these alone (RESERVE TRACK, SET STREAMING, READ SUB-CHANNEL) are
-// refused as unknown. Faults of particular models are not emulated either.
+// itself, user data of data tracks, reading of CD-TEXT, opening of the tray, and DVDs. Commands for
+// these alone (RESERVE TRACK, SET STREAMING, READ(10)) are refused as unknown. Faults of particular
+// models are not emulated either.
 #pragma once
 
 #include "tests/emulators/drive/disc.h"
@@ -53,11 +54,8 @@ class Drive {
   void Log(const Command* known, const Bytes& command, const Bytes& sent, Sense trouble) const;
   void Take(int sectors) const;  // waits for the time that these sectors need
 
-  Bytes TestUnitReady(const Bytes&, const Bytes&);
-  Bytes RequestSense(const Bytes&, const Bytes&);
+  Bytes Accept(const Bytes&, const Bytes&);
   Bytes Inquiry(const Bytes&, const Bytes&);
-  Bytes StartStop(const Bytes& command, const Bytes&);
-  Bytes Prevent(const Bytes& command, const Bytes&);
   Bytes ModeSense(const Bytes& command, const Bytes&);
   Bytes ModeSelect(const Bytes&, const Bytes& sent);
   Bytes GetConfiguration(const Bytes&, const Bytes&);
@@ -69,17 +67,14 @@ class Drive {
   Bytes ReadToc(const Bytes& command, const Bytes&);
   Bytes ReadCapacity(const Bytes&, const Bytes&);
   Bytes ReadBufferCapacity(const Bytes&, const Bytes&);
-  Bytes Read10(const Bytes& command, const Bytes&);
   Bytes ReadCd(const Bytes& command, const Bytes&);
 
-  Bytes SendOpc(const Bytes&, const Bytes&);
   Bytes SendCueSheet(const Bytes&, const Bytes& sent);
   Bytes Write10(const Bytes& command, const Bytes& sent);
   Bytes SynchronizeCache(const Bytes&, const Bytes&);
   Bytes Close(const Bytes& command, const Bytes&);
 
   Bytes Capabilities() const;
-  Bytes Sectors(int sector, int count, bool whole);
   bool OnAudio(int sector) const;
   bool AtOnce() const { return (writeParameters_[2] & 0xf) == 2; }
   int Profile() const;
@@ -94,7 +89,7 @@ class Drive {
   Script script_;
   std::optional<Disc> disc_, dry_;
   std::string seen_;  // the disc at the last check
-  bool attention_ = false, ejected_ = false, locked_ = false;
+  bool attention_ = false;
   int event_ = 0;  // change of the medium, not yet reported
   int gettingReady_ = 0, gettingReadySaid_ = 0;
   int writeSpeed_ = 0;  // in kB/s

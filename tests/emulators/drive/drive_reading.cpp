@@ -59,15 +59,6 @@ Bytes TocOfLeadIn(const Disc& disc) {
   return WithLength(answer);
 }
 
-Bytes Atip(const Disc& disc) {
-  Bytes answer(28);
-  answer[4] = 0xa0;
-  answer[6] = disc.Erasable ? 0xc0 : 0x80;
-  PutTime(answer, 8, kLeadIn);
-  PutTime(answer, 12, disc.Capacity);
-  return WithLength(answer);
-}
-
 }  // namespace
 
 Bytes Drive::ReadDiscInformation(const Bytes&, const Bytes&) {
@@ -75,7 +66,6 @@ Bytes Drive::ReadDiscInformation(const Bytes&, const Bytes&) {
   answer[1] = 32;
   const bool blank = disc_->State == DiscState::Blank, closed = disc_->State == DiscState::Closed;
   answer[2] = blank ? 0 : closed ? 0x0e : 0x05;
-  if (disc_->Erasable) answer[2] |= 0x10;
   const auto tracks = static_cast<int>(disc_->Tracks.size());
   answer[3] = answer[4] = answer[5] = 1;
   Put(answer, 6, 1, closed ? tracks : tracks + 1);  // includes the next track to be written
@@ -126,7 +116,6 @@ Bytes Drive::ReadTrackInformation(const Bytes& command, const Bytes&) {
 
 Bytes Drive::ReadToc(const Bytes& command, const Bytes&) {
   const int format = command[2] & 0xf;
-  if (format == 4) return Atip(*disc_);
   if (disc_->State != DiscState::Closed || disc_->Tracks.empty()) throw Sense{5, 0x24, 0};
   switch (format) {
     case 0: {
@@ -142,12 +131,6 @@ Bytes Drive::ReadToc(const Bytes& command, const Bytes&) {
     }
     case 2:
       return TocOfLeadIn(*disc_);
-    case 5: {
-      if (disc_->Text.empty()) throw Sense{5, 0x24, 0};
-      Bytes answer(4);
-      Append(answer, disc_->Text);
-      return WithLength(answer);
-    }
     default:
       throw Sense{5, 0x24, 0};
   }
@@ -160,35 +143,20 @@ Bytes Drive::ReadCapacity(const Bytes&, const Bytes&) {
   return answer;
 }
 
-// Audio sectors are always whole; of a data sector either all bytes or its 2048 bytes of user data.
-Bytes Drive::Sectors(int sector, int count, bool whole) {
-  Bytes raw(static_cast<std::size_t>(std::max(count, 0)) * kSectorBytes);
-  if (script_.ReadError >= sector && script_.ReadError < sector + count) throw Sense{3, 0x11, 0};
-  if (!disc_->Read(sector, raw.data(), count)) throw Sense{5, 0x21, 0};
-  Take(count);
-  if (whole) return raw;
-  Bytes user;
-  for (std::ptrdiff_t at = 16; at < std::ssize(raw); at += kSectorBytes) {
-    user.insert(user.end(), raw.begin() + at, raw.begin() + at + 2048);
-  }
-  return user;
-}
-
-Bytes Drive::Read10(const Bytes& command, const Bytes&) {
-  const int sector = Number(command, 2, 4);
-  if (OnAudio(sector)) throw Sense{5, 0x64, 0};
-  return Sectors(sector, Number(command, 7, 2), false);
-}
-
 Bytes Drive::ReadCd(const Bytes& command, const Bytes&) {
   const int sector = Number(command, 2, 4), count = Number(command, 6, 3);
   const bool audio = OnAudio(sector);
   const int expected = command[1] >> 2 & 7;
   if ((expected == 1 && !audio) || (expected > 1 && audio)) throw Sense{5, 0x64, 0};
-  if ((command[9] & 0x10) == 0 || (command[9] & 6) != 0 || (command[10] & 7) != 0) {
+  const bool whole = audio || (command[9] & 0xf8) == 0xf8;
+  if (!whole || (command[9] & 0x10) == 0 || (command[9] & 6) != 0 || (command[10] & 7) != 0) {
     throw Sense{5, 0x24, 0};
   }
-  return Sectors(sector, count, audio || (command[9] & 0xf8) == 0xf8);
+  if (script_.ReadError >= sector && script_.ReadError < sector + count) throw Sense{3, 0x11, 0};
+  Bytes sectors(static_cast<std::size_t>(count) * kSectorBytes);
+  if (!disc_->Read(sector, sectors.data(), count)) throw Sense{5, 0x21, 0};
+  Take(count);
+  return sectors;
 }
 
 bool Drive::OnAudio(int sector) const {

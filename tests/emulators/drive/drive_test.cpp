@@ -35,8 +35,7 @@ class InTheEmulatedDrive : public Tray {
 TEST_F(InTheEmulatedDrive, ADiscLaidInByHandIsReadWithItsDataTrack) {
   const std::string image = Sound(900);
   Put(drive.Folder() / "disc/image.bin", image);
-  Put(drive.Folder() / "disc/toc",
-      "kind cd-r state closed track 0 audio track 400 data leadout 900\n");
+  Put(drive.Folder() / "disc/toc", "state closed track 0 audio track 400 data leadout 900\n");
   const auto disc = drives.Open(Machine[0]);
   ASSERT_TRUE(disc);
   EXPECT_TRUE(disc->Toc().Track(1).Audio);
@@ -53,7 +52,7 @@ TEST_F(InTheEmulatedDrive, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis
   const std::string image = Sound(900);
   Put(drive.Folder() / "disc/image.bin", image);
   Put(drive.Folder() / "disc/toc",
-      "kind cd-r state closed track 0 audio track 300 audio track 600 raised leadout 900\n");
+      "state closed track 0 audio track 300 audio track 600 raised leadout 900\n");
   DiscReader reader(disk, loop, background, drives);
   const auto grab = [&](int track, int offset) {
     reader.SelectDevice(1);

@@ -44,10 +44,6 @@ void Drive::Keep() {
   if (!dry_) seen_ = DiscOnFile();
 }
 
-Bytes Drive::SendOpc(const Bytes&, const Bytes&) {
-  return {};
-}
-
 Bytes Drive::SendCueSheet(const Bytes&, const Bytes& sent) {
   if (script_.NoSao || script_.NoWriter) throw Sense{5, 0x20, 0};
   if (!AtOnce()) throw Sense{5, 0x2c, 0};

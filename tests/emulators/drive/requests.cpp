@@ -115,39 +115,26 @@ int Requests::TocHeader(void* argument) {
 
 int Requests::TocEntry(void* argument) {
   auto& entry = *static_cast<cdrom_tocentry*>(argument);
-  const bool asTime = entry.cdte_format == CDROM_MSF;
+  if (entry.cdte_format != CDROM_MSF) return EINVAL;
   Bytes data;
-  const unsigned char time = asTime ? 2 : 0;
-  const int error = Driver({0x43, time, 0, 0, 0, 0, entry.cdte_track, 0, 12, 0}, data);
+  const int error = Driver({0x43, 2, 0, 0, 0, 0, entry.cdte_track, 0, 12, 0}, data);
   if (error != 0) return error;
   if (data.size() < 12) return EINVAL;
   entry.cdte_adr = data[5] >> 4 & 0xf;
   entry.cdte_ctrl = data[5] & 0xf;
   entry.cdte_datamode = (data[5] & 4) != 0 ? 1 : 0;
-  if (asTime) {
-    entry.cdte_addr.msf = {data[9], data[10], data[11]};
-  } else {
-    entry.cdte_addr.lba = Number(data, 8, 4);
-  }
+  entry.cdte_addr.msf = {data[9], data[10], data[11]};
   return 0;
 }
 
 int Requests::Session(void* argument) {
   auto& session = *static_cast<cdrom_multisession*>(argument);
-  const bool asTime = session.addr_format == CDROM_MSF;
+  if (session.addr_format == CDROM_MSF) return EINVAL;
   Bytes data;
   const int error = Driver({0x43, 0, 1, 0, 0, 0, 0, 0, 12, 0}, data);
   if (error != 0) return error;
-  const bool several = data[3] > data[2];
-  const int sector = several ? Number(data, 8, 4) : 0;
-  session.xa_flag = several ? 1 : 0;
-  if (asTime) {
-    Bytes time(3);
-    PutTime(time, 0, sector);
-    session.addr.msf = {time[0], time[1], time[2]};
-  } else {
-    session.addr.lba = sector;
-  }
+  session.xa_flag = 0;
+  session.addr.lba = 0;
   return 0;
 }
 
@@ -164,38 +151,8 @@ int Requests::DriveStatus() {
   const Answer answer = Ask({0, 0, 0, 0, 0, 0});
   const Sense& trouble = answer.Trouble;
   if (answer.Gone) return CDS_NO_DISC;
-  if (trouble.Key == 2 && trouble.Asc == 0x3a)
-    return trouble.Ascq == 2 ? CDS_TRAY_OPEN : CDS_NO_DISC;
+  if (trouble.Key == 2 && trouble.Asc == 0x3a) return CDS_NO_DISC;
   return trouble.Key == 2 ? CDS_DRIVE_NOT_READY : CDS_DISC_OK;
-}
-
-bool Requests::HasDisc() {
-  const int status = DriveStatus();
-  return status != CDS_NO_DISC && status != CDS_TRAY_OPEN;
-}
-
-int Requests::Plain(unsigned long request, int number) {
-  Bytes none;
-  switch (request) {
-    case CDROM_MEDIA_CHANGED:
-      return MediaChanged();
-    case CDROM_DRIVE_STATUS:
-      return DriveStatus();
-    case CDROM_GET_CAPABILITY:
-      return CDC_CLOSE_TRAY | CDC_OPEN_TRAY | CDC_LOCK | CDC_SELECT_SPEED | CDC_MEDIA_CHANGED |
-             CDC_PLAY_AUDIO | CDC_GENERIC_PACKET | CDC_CD_R | CDC_CD_RW | CDC_DRIVE_STATUS;
-    case CDROMEJECT:
-      return -Driver({0x1b, 0, 0, 0, 2, 0}, none);
-    case CDROMCLOSETRAY:
-      return -Driver({0x1b, 0, 0, 0, 3, 0}, none);
-    default:
-      break;
-  }
-  Bytes speed(12);  // CDROM_SELECT_SPEED, for reading; 0 is the maximum speed
-  speed[0] = 0xbb;
-  Put(speed, 2, 2, number == 0 ? 0xffff : number * 177);
-  Put(speed, 4, 2, 0xffff);
-  return -Driver(speed, none);
 }
 
 int Requests::WithStructure(unsigned long request, void* argument) {
@@ -223,19 +180,9 @@ int Requests::WithStructure(unsigned long request, void* argument) {
 }
 
 int Requests::Do(unsigned long request, void* argument) {
-  int answer = 0;
-  switch (request) {
-    case CDROM_MEDIA_CHANGED:
-    case CDROM_DRIVE_STATUS:
-    case CDROM_GET_CAPABILITY:
-    case CDROMEJECT:
-    case CDROMCLOSETRAY:
-    case CDROM_SELECT_SPEED:
-      answer = Plain(request, static_cast<int>(reinterpret_cast<std::intptr_t>(argument)));
-      break;
-    default:
-      answer = -WithStructure(request, argument);
-  }
+  const int answer = request == CDROM_MEDIA_CHANGED  ? MediaChanged()
+                     : request == CDROM_DRIVE_STATUS ? DriveStatus()
+                                                     : -WithStructure(request, argument);
   if (answer >= 0) return answer;
   errno = -answer;
   return -1;

@@ -12,13 +12,11 @@ class Requests {
 
   // Returns the result of ioctl and sets errno.
   int Do(unsigned long request, void* argument);
-  bool HasDisc();
 
  private:
   Answer Ask(const Bytes& command, const Bytes& sent = {});
   // For requests that the driver answers itself; return errno or 0.
   int Driver(const Bytes& command, Bytes& data, const Bytes& sent = {});
-  int Plain(unsigned long request, int number);  // like the kernel: -errno or the result
   int WithStructure(unsigned long request, void* argument);  // returns errno or 0
   int Generic(void* argument);
   int Packet(void* argument);

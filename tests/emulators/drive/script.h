@@ -2,9 +2,9 @@
 // again at every command, so that a test or a story can change it while the program runs. One entry
 // per line:
 //
-//   disc NAME [rw|sold]  the disc is the folder NAME (without this line: "disc"). A missing one
-//                        is created: a blank CD-R, a blank CD-RW, or a sold disc with two
-//                        tracks of four seconds. Another name is another inserted disc.
+//   disc NAME [sold]     the disc is the folder NAME (without this line: "disc"). A missing one
+//                        is created: a blank CD-R, or a sold disc with two tracks of four
+//                        seconds. Another name is another inserted disc.
 //   disc none            the tray is empty
 //   getting-ready N      during the next N commands the drive is still loading the disc
 //   read-error N         sector N cannot be read

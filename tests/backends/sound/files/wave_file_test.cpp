@@ -55,6 +55,8 @@ TEST(WaveFile, AHeaderMayLieAboutEverything) {
       {"stream of unknown size", Riff(fmt + "data" + Number(0xFFFFFFFF, 4) + "abcdef"), 6, 44},
       {"nothing behind the head", Riff(fmt + "data" + Number(100, 4)), 0, 44},
       {"chunks in front", Riff(Chunk("LIST", "odd") + fmt + Chunk("fact", "1234") + data), 8, 68},
+      {"odd and not filled up in front",
+       Riff("LIST" + Number(3, 4) + "abc" + Chunk("LIST", "wxyz") + fmt + data), 8, 67},
       {"data first", Riff(data + Chunk("LIST", "x") + fmt), 8, 20},
       {"long foreign chunk", Riff(fmt + Chunk("JUNK", std::string(70000, 'x')) + data), 8, 70052},
       {"no frame size", Riff(Chunk("fmt ", noFrames) + data), 8, 44},
