@@ -20,13 +20,13 @@ inline std::size_t WerteVon(double sekunden) {
 
 // The linear crossfade of two sounds of the same length.
 inline std::string Gemischt(const std::string& ende, const std::string& anfang) {
-  std::vector<std::int16_t> mix = test::Samples(ende);
-  const std::vector<std::int16_t> zwei = test::Samples(anfang);
+  std::vector<std::int16_t> mix = test::SamplesOf(ende);
+  const std::vector<std::int16_t> zwei = test::SamplesOf(anfang);
   for (std::size_t v = 0; v < mix.size(); ++v) {
     const double f = static_cast<double>(v - v % 2) / static_cast<double>(mix.size());
     mix[v] = static_cast<std::int16_t>(std::nearbyint((1 - f) * mix[v] + f * zwei[v]));
   }
-  return test::Bytes(mix);
+  return test::BytesOf(mix);
 }
 
 // Changes two sounds as a crossfade does, with the given mix or else the linear one.

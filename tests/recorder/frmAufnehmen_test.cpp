@@ -295,7 +295,7 @@ TEST(Aufnahme, AnInputLineIsChosenAndItsLevelOnlyEverTurnedDown) {
   for (std::size_t i = 0; i < voll.size(); ++i) {
     if (i % 4 > 1) voll[i] = -32767;
   }
-  t.Spiele(test::Bytes(voll));
+  t.Spiele(test::BytesOf(voll));
   t.Warte(8000);
   const int leiser = mixer.Find(L"Mic", true)->Volume;
   EXPECT_LT(leiser, 52429);

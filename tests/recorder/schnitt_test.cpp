@@ -49,7 +49,7 @@ std::string Klangbild(const std::vector<Stoss>& stoesse, std::int64_t frames) {
 int Summe(const std::string& daten, std::int64_t vonFrame) {
   int spitzen[2] = {}, i = 0;
   for (const int wert :
-       test::Samples(daten.substr(static_cast<std::size_t>(vonFrame) * 4, kPuffer * 4))) {
+       test::SamplesOf(daten.substr(static_cast<std::size_t>(vonFrame) * 4, kPuffer * 4))) {
     int& spitze = spitzen[i++ % 2];
     spitze = std::max(spitze, std::abs(wert));
   }

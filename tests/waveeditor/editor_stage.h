@@ -26,7 +26,7 @@ class EditorBuehne {
       const KlangFrame frame = klang(i);
       werte.insert(werte.end(), {frame.Links, frame.Rechts});
     }
-    b.Datei(kDatei, test::Wave(test::Bytes(werte)));
+    b.Datei(kDatei, test::Wave(test::BytesOf(werte)));
   }
   void Oeffne() {
     b.prog.WaveEditorDatei = kDatei;

@@ -21,7 +21,7 @@ class Einrechnen : public ::testing::Test, protected EditorBuehne {
   void ErwarteHalb(const std::string& vorher, const Text& datei) {
     const std::string nachher = b.Lies(datei);
     ASSERT_EQ(nachher.size(), vorher.size());
-    const std::vector<std::int16_t> alt = test::Samples(vorher), neu = test::Samples(nachher);
+    const std::vector<std::int16_t> alt = test::SamplesOf(vorher), neu = test::SamplesOf(nachher);
     for (std::size_t i = kKopf / 2; i < alt.size(); ++i) {
       ASSERT_EQ(neu[i], std::nearbyint(alt[i] / 2.0)) << i;
     }

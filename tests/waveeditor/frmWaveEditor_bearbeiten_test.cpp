@@ -50,13 +50,13 @@ struct Modell {
   }
   void Blenden(const std::function<double(double k, double s)>& gain) {
     Sichern(Anfang, Ende, 2);
-    std::vector<std::int16_t> werte = test::Samples(Teil(Anfang, Ende));
+    std::vector<std::int16_t> werte = test::SamplesOf(Teil(Anfang, Ende));
     const double s = 1.0 / static_cast<double>(Ende - Anfang);
     for (std::size_t i = 0; i < werte.size(); ++i) {
       werte[i] =
           static_cast<std::int16_t>(std::nearbyint(werte[i] * gain(static_cast<double>(i / 2), s)));
     }
-    Ueberschreiben(Anfang, test::Bytes(werte));
+    Ueberschreiben(Anfang, test::BytesOf(werte));
   }
   int Rueckgaengig() {
     if (!Undo) return 21000;

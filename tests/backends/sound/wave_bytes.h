@@ -42,13 +42,13 @@ inline std::string Wave(const std::string& data, const std::string& tail = "", F
 }
 
 // The 16-bit values of a sound, and back.
-inline std::vector<std::int16_t> Samples(const std::string& bytes) {
+inline std::vector<std::int16_t> SamplesOf(const std::string& bytes) {
   std::vector<std::int16_t> samples(bytes.size() / 2);
   std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
   return samples;
 }
 
-inline std::string Bytes(const std::vector<std::int16_t>& samples) {
+inline std::string BytesOf(const std::vector<std::int16_t>& samples) {
   std::string bytes(samples.size() * 2, '\0');
   std::memcpy(bytes.data(), samples.data(), bytes.size());
   return bytes;
