@@ -120,21 +120,12 @@ TEST_F(Import, ATrackOnACDIsCopiedUnderANameThatIsOne) {
   EXPECT_EQ(b.user.Left(), 0U);
 }
 
-class Mp3Import : public Import {
- protected:
-  void SetUp() override {
-    b.Start();
-    b.Wave(L"C:\\fuente.wav", 5 * 44100);
-    const std::string ordner = b.home.Path().string();
-    const std::string befehl =
-        "lame --quiet -b 128 '" + ordner + "/fuente.wav' '" + ordner + "/mi canto.nuevo.mp3'";
-    ASSERT_EQ(std::system(befehl.c_str()), 0);
-  }
-  static constexpr const wchar_t* kMp3 = L"C:\\mi canto.nuevo.mp3";
-  static constexpr const wchar_t* kZiel = L"C:\\Vantora\\Wavs\\mi_canto.nuevo.wav";
-};
-
-TEST_F(Mp3Import, ACancelLeavesNoFile) {
+TEST_F(Import, ACancelledMp3LeavesNoFile) {
+  b.Wave(L"C:\\fuente.wav", 5 * 44100);
+  const std::string ordner = b.home.Path().string();
+  const std::string befehl =
+      "lame --quiet -b 128 '" + ordner + "/fuente.wav' '" + ordner + "/mi canto.nuevo.mp3'";
+  ASSERT_EQ(std::system(befehl.c_str()), 0);
   std::function<void()> abbrechen = [&] {
     if (b.prog.frmSchreibFortschritt.Geladen()) {
       b.prog.frmSchreibFortschritt().imgAbbrechen_MouseUp();
@@ -143,11 +134,11 @@ TEST_F(Mp3Import, ACancelLeavesNoFile) {
     }
   };
   abbrechen();
-  b.WaehltDatei({kMp3}).Antwortet(kNein);
+  b.WaehltDatei({L"C:\\mi canto.nuevo.mp3"}).Antwortet(kNein);
   Importiere();
   ASSERT_EQ(b.Gesagt().size(), 1U);
   EXPECT_EQ(b.Gesagt()[0], b.prog.Text(8029));
-  EXPECT_FALSE(b.prog.DateiExistiert(kZiel));
+  EXPECT_FALSE(b.prog.DateiExistiert(L"C:\\Vantora\\Wavs\\mi_canto.nuevo.wav"));
   EXPECT_TRUE(b.Titel().empty());
   EXPECT_TRUE(b.Haupt().Window.Enabled);
 }

@@ -6,7 +6,6 @@
 #include "tests/support/buehne.h"
 
 #include <cmath>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -21,17 +20,13 @@ inline std::size_t WerteVon(double sekunden) {
 
 // The linear crossfade of two sounds of the same length.
 inline std::string Gemischt(const std::string& ende, const std::string& anfang) {
-  std::string mix = ende;
-  const std::size_t werte = ende.size() / 2;
-  for (std::size_t v = 0; v < werte; ++v) {
-    std::int16_t eins = 0, zwei = 0;
-    std::memcpy(&eins, &ende[2 * v], 2);
-    std::memcpy(&zwei, &anfang[2 * v], 2);
-    const double f = static_cast<double>(v - v % 2) / static_cast<double>(werte);
-    eins = static_cast<std::int16_t>(std::nearbyint((1 - f) * eins + f * zwei));
-    std::memcpy(&mix[2 * v], &eins, 2);
+  std::vector<std::int16_t> mix = test::SamplesOf(ende);
+  const std::vector<std::int16_t> zwei = test::SamplesOf(anfang);
+  for (std::size_t v = 0; v < mix.size(); ++v) {
+    const double f = static_cast<double>(v - v % 2) / static_cast<double>(mix.size());
+    mix[v] = static_cast<std::int16_t>(std::nearbyint((1 - f) * mix[v] + f * zwei[v]));
   }
-  return mix;
+  return test::BytesOf(mix);
 }
 
 // Changes two sounds as a crossfade does, with the given mix or else the linear one.

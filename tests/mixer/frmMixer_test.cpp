@@ -12,7 +12,6 @@ namespace vantora {
 
 namespace {
 
-using Line = HeadlessMixer::Line;
 constexpr auto kAus = MixerCard::Role::Output, kEin = MixerCard::Role::Input;
 
 // The captions of the visible faders; "-" for a hidden one.
@@ -30,32 +29,23 @@ std::string Zu(frmMixer& mixer) {
 
 TEST(Mixer, TheLineOfWavesStandsAtOneAndLinesThatAreNotThereAreHidden) {
   struct Fall {
-    std::vector<Line> Linien;
+    std::vector<Text> Aus, Ein;
     bool Karte;
     std::string Faders;
   };
-  const Fall faelle[] = {{{{L"Line", kAus}, {L"CD", kAus}, {L"Wave", kAus}, {L"Mic", kEin}},
-                          true,
-                          "Line Wave CD - - Mic - - - -"},
-                         {{{L"Mic", kEin}}, true, "- Wave - - - Mic - - - -"},
-                         {{{L"A", kAus}, {L"B", kAus}}, true, "A Wave B - - - - - - -"},
-                         {{{L"A", kAus},
-                           {L"B", kAus},
-                           {L"C", kAus},
-                           {L"D", kAus},
-                           {L"E", kAus},
-                           {L"f", kEin},
-                           {L"g", kEin},
-                           {L"h", kEin},
-                           {L"i", kEin},
-                           {L"j", kEin},
-                           {L"k", kEin}},
-                          true,
-                          "A Wave B C D f g h i j"},
-                         {{}, false, "- - - - - - - - - -"}};
+  const Fall faelle[] = {
+      {{L"Line", L"CD", L"Wave"}, {L"Mic"}, true, "Line Wave CD - - Mic - - - -"},
+      {{}, {L"Mic"}, true, "- Wave - - - Mic - - - -"},
+      {{L"A", L"B"}, {}, true, "A Wave B - - - - - - -"},
+      {{L"A", L"B", L"C", L"D", L"E"},
+       {L"f", L"g", L"h", L"i", L"j", L"k"},
+       true,
+       "A Wave B C D f g h i j"},
+      {{}, {}, false, "- - - - - - - - - -"}};
   for (const Fall& fall : faelle) {
     Buehne b;
-    for (const Line& linie : fall.Linien) b.platform.mixer.Put(linie);
+    for (const Text& name : fall.Aus) b.platform.mixer.Put({name, kAus});
+    for (const Text& name : fall.Ein) b.platform.mixer.Put({name, kEin});
     b.platform.mixer.Present = fall.Karte;
     frmMixer& mixer = b.prog.frmMixer();
     EXPECT_EQ(Zu(mixer), fall.Faders);

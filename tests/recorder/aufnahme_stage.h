@@ -2,49 +2,20 @@
 #pragma once
 
 #include "recorder/frmAufnehmen.h"
-#include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
+#include "tests/support/geraete.h"
 
-#include <map>
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace vantora {
 
-// Files on a disk that can fill up, and drives with free space set by the test.
-class AufnahmeGeraete : private Drives {
+class AufnahmeBuehne : private Geraete {
  public:
-  Plattform Umbau(HeadlessPlatform& p) {
-    echt = &p.machine.letters;
-    platte = std::make_unique<test::RunningOut>(p.machine.files);
+  AufnahmeBuehne() : b([this](HeadlessPlatform& p) { return Umbau(p); }) {
     platte->OldRoomIsFree = true;
-    werkzeug = std::make_unique<SoundTools>(
-        p.loop, *platte, p.machine.edits, p.machine.profiles,
-        SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
-                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input},
-        [&p] { return p.mmtools.NewPitch(); });
-    return With(p.bundle, static_cast<Drives&>(*this), *werkzeug);
+    b.Start();
   }
-
-  double frei = 1e12;
-  std::unique_ptr<test::RunningOut> platte;
-
- private:
-  Text GetLogicalDrives() override { return echt->GetLogicalDrives(); }
-  int GetDriveType(const Text& root) override { return echt->GetDriveType(root); }
-  std::optional<double> GetDiskFreeSpaceEx(const Text& /*path*/) override { return frei; }
-  std::optional<double> GetDiskTotalBytes(const Text& /*path*/) override { return 2e12; }
-  Text NetworkPath(wchar_t letter) override { return echt->NetworkPath(letter); }
-
-  std::unique_ptr<SoundTools> werkzeug;
-  Drives* echt = nullptr;
-};
-
-class AufnahmeBuehne : private AufnahmeGeraete {
- public:
-  AufnahmeBuehne() : b([this](HeadlessPlatform& p) { return Umbau(p); }) { b.Start(); }
 
   static Text Ort(const Text& name) { return L"C:\\Vantora\\Wavs\\" + name; }
 
@@ -67,6 +38,11 @@ class AufnahmeBuehne : private AufnahmeGeraete {
     b.WaehltDatei({Ort(name)});
     Druecke(A().imgAufnehmen);
   }
+  void Nimm(const Text& name, int ms) {  // and stops it after this time
+    Nimm(name);
+    Warte(ms);
+    Druecke(A().imgRecordStop);
+  }
   void Warte(int ms) { b.platform.loop.Pass(ms); }
   // Plays sound into the input from now on.
   void Spiele(const std::string& daten) {
@@ -83,8 +59,8 @@ class AufnahmeBuehne : private AufnahmeGeraete {
     return datei == test::Wave(daten) ? daten : std::string();
   }
 
-  using AufnahmeGeraete::frei;
-  using AufnahmeGeraete::platte;
+  using Geraete::frei;
+  using Geraete::platte;
   Buehne b;
 
  private:

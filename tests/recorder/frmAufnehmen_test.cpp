@@ -70,9 +70,7 @@ TEST(Aufnahme, WhatEndsATakeLeavesItWholeAndSaysWhy) {
     t.platte->Room = INT64_MAX;
     t.frei = 1e12;
     t.b.platform.input.Present = true;
-    t.Nimm(L"b.wav");
-    t.Warte(2500);
-    t.Druecke(t.A().imgRecordStop);
+    t.Nimm(L"b.wav", 2500);
     EXPECT_GT(t.Klang(L"b.wav").size(), 176400U);
     t.Druecke(t.A().imgOkay);
     EXPECT_EQ(t.b.prog.Katalog.size(), 3U);
@@ -138,20 +136,14 @@ TEST(Aufnahme, AnInputThatRefusesLeavesAWindowThatCanBeUsed) {
   EXPECT_FALSE(t.Gibt(L"a.wav"));
   EXPECT_TRUE(t.A().imgOkay.Enabled);
   t.b.platform.input.Kept = false;
-  t.Nimm(L"a.wav");
-  t.Warte(2500);
-  t.Druecke(t.A().imgRecordStop);
+  t.Nimm(L"a.wav", 2500);
   EXPECT_TRUE(t.Gibt(L"a.wav"));
 }
 
 TEST(Aufnahme, ATakeOfTwoSecondsEntersTheCatalogAndAShorterOneIsNamed) {
   AufnahmeBuehne t;
   t.OeffneEinzeln();
-  for (const Text name : {L"a.wav", L"b.wav", L"c.wav"}) {
-    t.Nimm(name);
-    t.Warte(300);
-    t.Druecke(t.A().imgRecordStop);
-  }
+  for (const Text name : {L"a.wav", L"b.wav", L"c.wav"}) t.Nimm(name, 300);
   t.b.Wave(AufnahmeBuehne::Ort(L"a.wav"), 88155);  // 1999 ms
   t.b.Wave(AufnahmeBuehne::Ort(L"b.wav"), 88200);
   t.b.bundle.dateien.Kill(AufnahmeBuehne::Ort(L"c.wav"));
@@ -179,9 +171,7 @@ TEST(Aufnahme, NamesAreAskedUntilOneServesAndNoFileIsLost) {
   EXPECT_EQ(t.b.Gesagt()[1], t.b.prog.Text(8085));
   EXPECT_EQ(t.b.Lies(AufnahmeBuehne::Ort(L"alt.wav")), "old");
   EXPECT_FALSE(t.A().NimmtAuf);
-  t.Nimm(L"neu.wav");
-  t.Warte(500);
-  t.Druecke(t.A().imgRecordStop);
+  t.Nimm(L"neu.wav", 500);
   // The first name is already in the list; then the dialog is cancelled.
   t.b.WaehltDatei({AufnahmeBuehne::Ort(L"NEU.wav")}).Antwortet(kNein).WaehltDatei({});
   t.Druecke(t.A().imgNeueAufnahme);
@@ -301,12 +291,11 @@ TEST(Aufnahme, AnInputLineIsChosenAndItsLevelOnlyEverTurnedDown) {
   t.Druecke(t.A().optAuto);
   t.Warte(3000);
   EXPECT_NEAR(mixer.Find(L"Mic", true)->Volume, 65536 * 80 / 100, 1);
-  std::string voll;
-  for (int i = 0; i < 6 * 44100; ++i) {
-    const std::uint16_t wert = i % 2 == 0 ? 32767 : 32769;
-    voll += test::Number(wert, 2) + test::Number(wert, 2);
+  std::vector<std::int16_t> voll(12 * 44100, 32767);
+  for (std::size_t i = 0; i < voll.size(); ++i) {
+    if (i % 4 > 1) voll[i] = -32767;
   }
-  t.Spiele(voll);
+  t.Spiele(test::BytesOf(voll));
   t.Warte(8000);
   const int leiser = mixer.Find(L"Mic", true)->Volume;
   EXPECT_LT(leiser, 52429);

@@ -7,9 +7,7 @@
 #include "tests/recorder/aufnahme_stage.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <cstring>
 
 namespace vantora {
 
@@ -49,11 +47,11 @@ std::string Klangbild(const std::vector<Stoss>& stoesse, std::int64_t frames) {
 
 // The peaks of both channels in a buffer, added.
 int Summe(const std::string& daten, std::int64_t vonFrame) {
-  std::array<std::int16_t, 2 * kPuffer> werte{};
-  std::memcpy(werte.data(), &daten[static_cast<std::size_t>(vonFrame) * 4], sizeof werte);
-  int spitzen[2] = {};
-  for (std::size_t i = 0; i < werte.size(); ++i) {
-    spitzen[i % 2] = std::max(spitzen[i % 2], std::abs(int{werte[i]}));
+  int spitzen[2] = {}, i = 0;
+  for (const int wert :
+       test::SamplesOf(daten.substr(static_cast<std::size_t>(vonFrame) * 4, kPuffer * 4))) {
+    int& spitze = spitzen[i++ % 2];
+    spitze = std::max(spitze, std::abs(wert));
   }
   return spitzen[0] + spitzen[1];
 }

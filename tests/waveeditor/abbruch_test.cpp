@@ -13,9 +13,6 @@ namespace {
 
 class Abbruch : public ::testing::Test, protected EditorBuehne {
  protected:
-  void Waehle(std::int32_t anfang, std::int32_t ende) {
-    E().Waehlen({.MarkerAnfang = anfang, .MarkerEnde = ende});
-  }
   std::string Lies() { return b.Lies(kDatei); }
   bool NochNotizen() {
     return !b.platform.machine.files.List(L"C:\\WINDOWS\\edits", L"*.*").empty();

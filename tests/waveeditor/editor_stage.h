@@ -7,7 +7,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <string>
+#include <vector>
 
 namespace vantora {
 
@@ -21,14 +21,12 @@ class EditorBuehne {
   // Writes a file whose frames, numbered from 0, are given by a function.
   using Klang = std::function<KlangFrame(std::int64_t frame)>;
   void Schreibe(std::int64_t frames, const Klang& klang) {
-    std::string daten;
+    std::vector<std::int16_t> werte;
     for (std::int64_t i = 0; i < frames; ++i) {
       const KlangFrame frame = klang(i);
-      for (const std::int16_t wert : {frame.Links, frame.Rechts}) {
-        daten += test::Number(static_cast<std::uint16_t>(wert), 2);
-      }
+      werte.insert(werte.end(), {frame.Links, frame.Rechts});
     }
-    b.Datei(kDatei, test::Wave(daten));
+    b.Datei(kDatei, test::Wave(test::BytesOf(werte)));
   }
   void Oeffne() {
     b.prog.WaveEditorDatei = kDatei;
@@ -48,6 +46,15 @@ class EditorBuehne {
     });
   }
   void Druecke(PictureButton& knopf) { b.platform.hands.Press(knopf); }
+  void Waehle(std::int32_t anfang, std::int32_t ende) {
+    E().Waehlen({.MarkerAnfang = anfang, .MarkerEnde = ende});
+  }
+  void HalbeLautstaerke() {
+    E().slVolume.Value = 8192;
+    E().slVolume.Change();
+    Druecke(E().imgEffekt(1));
+    Druecke(E().imgVolumeByPass);
+  }
   void Vergeht(int ms) { b.platform.loop.Pass(ms); }
 
   Buehne b;

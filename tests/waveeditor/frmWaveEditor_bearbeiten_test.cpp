@@ -1,17 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "backends/sound/edits/cutter.h"
-#include "backends/sound/edits/wave_edits.h"
-#include "backends/sound/files/wave_file.h"
-#include "backends/sound/sound_tools.h"
-#include "klang/rampe.h"
-#include "tests/backends/running_out.h"
+#include "tests/support/geraete.h"
 #include "tests/waveeditor/editor_stage.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
-#include <map>
 #include <optional>
 #include <random>
 
@@ -57,15 +50,13 @@ struct Modell {
   }
   void Blenden(const std::function<double(double k, double s)>& gain) {
     Sichern(Anfang, Ende, 2);
-    const auto laenge = static_cast<double>(Ende - Anfang);
-    for (std::size_t i = Anfang * 4; i < Ende * 4; i += 2) {
-      std::int16_t wert = 0;
-      std::memcpy(&wert, &Klang[i], 2);
-      const std::size_t k = i / 4 - Anfang;
-      const double g = gain(static_cast<double>(k), 1.0 / laenge);
-      wert = static_cast<std::int16_t>(std::nearbyint(wert * g));
-      std::memcpy(&Klang[i], &wert, 2);
+    std::vector<std::int16_t> werte = test::SamplesOf(Teil(Anfang, Ende));
+    const double s = 1.0 / static_cast<double>(Ende - Anfang);
+    for (std::size_t i = 0; i < werte.size(); ++i) {
+      werte[i] =
+          static_cast<std::int16_t>(std::nearbyint(werte[i] * gain(static_cast<double>(i / 2), s)));
     }
+    Ueberschreiben(Anfang, test::BytesOf(werte));
   }
   int Rueckgaengig() {
     if (!Undo) return 21000;
@@ -77,51 +68,10 @@ struct Modell {
   }
 };
 
-// A disk that fails, and drives with free space set by the test.
-class Geraete : private Drives {
- protected:
-  Plattform Umbau(HeadlessPlatform& p) {
-    platte = std::make_unique<test::RunningOut>(p.machine.files);
-    edits = std::make_unique<WaveEdits>(*platte, Rampe);
-    werkzeug = std::make_unique<SoundTools>(
-        p.loop, *platte, *edits, p.machine.profiles,
-        SoundTools::Card{[&p] { return p.mmtools.NewPlayer(); },
-                         [] { return std::vector<Text>{L"Altavoces"}; }, p.sound, p.input},
-        [&p] { return p.mmtools.NewPitch(); });
-    cutter = std::make_unique<Cutter>(*platte, *edits);
-    echt = &p.machine.letters;
-    return With(p.bundle, *platte, static_cast<Drives&>(*this), *werkzeug, *cutter, *edits);
-  }
-
-  std::map<Text, double> frei;  // by the paths that the program passes
-  std::unique_ptr<test::RunningOut> platte;
-
- private:
-  Text GetLogicalDrives() override { return echt->GetLogicalDrives(); }
-  int GetDriveType(const Text& root) override { return echt->GetDriveType(root); }
-  std::optional<double> GetDiskFreeSpaceEx(const Text& path) override {
-    const auto ort = frei.find(path);
-    return ort == frei.end() ? 1e12 : ort->second;
-  }
-  std::optional<double> GetDiskTotalBytes(const Text& path) override {
-    return echt->GetDiskTotalBytes(path);
-  }
-  Text NetworkPath(wchar_t letter) override { return echt->NetworkPath(letter); }
-
-  std::unique_ptr<WaveEdits> edits;
-  std::unique_ptr<SoundTools> werkzeug;
-  std::unique_ptr<Cutter> cutter;
-  Drives* echt = nullptr;
-};
-
 class Bearbeiten : public ::testing::Test, protected Geraete, protected EditorBuehne {
  protected:
   Bearbeiten() : EditorBuehne([this](HeadlessPlatform& p) { return Umbau(p); }) {}
 
-  void Waehle(std::size_t anfang, std::size_t ende) {
-    E().Waehlen({.MarkerAnfang = static_cast<std::int32_t>(anfang),
-                 .MarkerEnde = static_cast<std::int32_t>(ende)});
-  }
   void Cursor(std::size_t stelle) {
     E().Waehlen({.NurCursor = true, .CursorPos = static_cast<std::int32_t>(stelle)});
   }
@@ -149,7 +99,7 @@ void Bearbeiten::Schritt(Modell& m, std::mt19937& zufall) {
   if (nichts) {
     Cursor(a);
   } else {
-    Waehle(m.Anfang, m.Ende);
+    Waehle(static_cast<std::int32_t>(m.Anfang), static_cast<std::int32_t>(m.Ende));
   }
   b.prog.Undo = m.Undo = zufall() % 6 != 0;
   const int ohneWahl = nichts ? 21003 : 0;
@@ -255,7 +205,7 @@ TEST_F(Bearbeiten, TooLittleRoomIsToldBeforeAnythingChanges) {
   b.prog.LogAktiv = true;
   for (const auto& fall : faelle) {
     SCOPED_TRACE(fall.Frei);
-    frei = {{fall.Ort, fall.Frei}};
+    freiIn = {{fall.Ort, fall.Frei}};
     Waehle(100, 200);
     Druecke(fall.Knopf, 8056);
     EXPECT_TRUE(b.Lies(kDatei) == wave);
@@ -263,11 +213,11 @@ TEST_F(Bearbeiten, TooLittleRoomIsToldBeforeAnythingChanges) {
     EXPECT_TRUE(E().Kette().SourceFile().Wave.IsOpen());
     EXPECT_NE(b.Lies(protokoll).find(fall.Protokoll), std::string::npos);
   }
-  frei = {{laufwerk, 2 * kMB - 1}};
+  freiIn = {{laufwerk, 2 * kMB - 1}};
   Waehle(100, 200);
   Druecke(E().imgMute, 8056);
   EXPECT_FALSE(b.Lies(kDatei) == wave);
-  frei.clear();
+  freiIn.clear();
   Druecke(E().imgSteuerung(6), 21001);
 }
 

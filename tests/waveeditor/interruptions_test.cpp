@@ -19,12 +19,6 @@ class Interruptions : public ::testing::Test, protected EditorBuehne {
   // Runs `work` when events are processed next.
   void Meanwhile(const std::function<void()>& work) { b.platform.loop.Post(work); }
   bool Sounds() { return E().Kette().Out().State() == MMWaveOutX::Running; }
-  void VolumeOn() {
-    E().slVolume.Value = 8192;
-    E().slVolume.Change();
-    Druecke(E().imgEffekt(1));
-    Druecke(E().imgVolumeByPass);
-  }
   // Another program shortens the open file.
   void Shorten(std::int64_t frames) {
     std::filesystem::path file = b.home.Path();
@@ -117,7 +111,7 @@ TEST_F(Interruptions, ConnectingTwiceAtOnceGoesOnFromTheSamePlace) {
 TEST_F(Interruptions, NothingPlaysOrLeavesWhileEffectsAreWrittenIntoTheFile) {
   Oeffne(3 * kSecond);
   const std::string before = b.Lies(kDatei);
-  VolumeOn();
+  HalbeLautstaerke();
   Ziehe(1000, 2000);
   Meanwhile([this] { E().PlayWave(true); });
   Druecke(E().imgSteuerung(5));
@@ -140,7 +134,7 @@ TEST_F(Interruptions, AFileThatIsShortenedEndsThePlayingAndIsNotReplacedByItsRes
   b.Tu([this] { E().CloseMe(); });
 
   Oeffne(10 * kSecond);
-  VolumeOn();
+  HalbeLautstaerke();
   Druecke(E().imgSteuerung(5));
   Shorten(kSecond);
   const std::string rest = b.Lies(kDatei);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "app/werte/fest_text.h"
 #include "app/werte/zeichen.h"
 #include "tests/backends/linux/home.h"
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <string>
+#include <vector>
 
 namespace vantora::test {
 
@@ -37,6 +39,19 @@ inline std::string Riff(const std::string& chunks) {
 
 inline std::string Wave(const std::string& data, const std::string& tail = "", Format format = {}) {
   return Riff(Chunk("fmt ", format.Bytes()) + Chunk("data", data) + tail);
+}
+
+// The 16-bit values of a sound, and back.
+inline std::vector<std::int16_t> SamplesOf(const std::string& bytes) {
+  std::vector<std::int16_t> samples(bytes.size() / 2);
+  std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+  return samples;
+}
+
+inline std::string BytesOf(const std::vector<std::int16_t>& samples) {
+  std::string bytes(samples.size() * 2, '\0');
+  std::memcpy(bytes.data(), samples.data(), bytes.size());
+  return bytes;
 }
 
 // Bytes that differ from their neighbours, so that every shift is noticed.
