@@ -23,7 +23,7 @@ class QtBusProbe {
   void Knock(const QByteArray& place);
 
   std::function<void()> answered_;
-  std::unique_ptr<QObject> ear_;  // its connections end with it
+  std::unique_ptr<QObject> ear_;  // receives the signals; destroying it ends all connections
   int socket_ = -1;
 };
 

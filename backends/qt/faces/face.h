@@ -80,7 +80,7 @@ class Face {
 };
 
 std::unique_ptr<Face> MakeFace(Control& control, FormWindow& window);
-// Faces of one kind, called by MakeFace.
+// Each function creates the faces of some kinds of controls. MakeFace calls them.
 std::unique_ptr<Face> MakeDrawnFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeInputFace(Control& control, FormWindow& window);
 std::unique_ptr<Face> MakeTableFace(ListView& list, FormWindow& window);

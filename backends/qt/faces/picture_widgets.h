@@ -29,7 +29,7 @@ class PictureWidget final : public QWidget {
   Pictures& pictures_;
 };
 
-// A push button for the eye and for a screen reader. Without pictures it shows words.
+// A push button that a screen reader finds as well. Without pictures it shows words.
 class ButtonWidget final : public QPushButton {
  public:
   ButtonWidget(Pictures& pictures, QWidget* parent);

@@ -13,7 +13,8 @@ namespace vantora {
 
 namespace {
 
-constexpr double kKnobPixels = 12, kKnobShare = 0.75;  // at most; share of the slider's breadth
+// The length of the knob: a share of the slider's breadth, but at most this many pixels.
+constexpr double kKnobPixels = 12, kKnobShare = 0.75;
 constexpr int kGroovePixels = 4;
 
 }  // namespace

@@ -26,7 +26,7 @@ namespace {
 constexpr int kHeadMargin = 4;       // pixels around the words
 constexpr double kLineShare = 1.15;  // height of a line relative to the letters
 
-// Its height and words do not need font metrics, which would be slow at a start.
+// The header of a table. Its height and words need no font metrics, which would be slow at a start.
 class HeadWidget final : public QHeaderView {
  public:
   explicit HeadWidget(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {

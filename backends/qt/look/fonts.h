@@ -14,7 +14,8 @@ namespace vantora {
 // Created before the QApplication, which uses fonts.
 class Fonts {
  public:
-  // Without the family in its folder, the toolkit reads all fonts with its first word.
+  // If the family is missing in its folder, the toolkit reads all fonts when it draws its first
+  // word.
   Fonts();
   ~Fonts();
   Fonts(const Fonts&) = delete;

@@ -17,9 +17,9 @@ namespace vantora {
 namespace {
 
 constexpr int kIconSides[] = {32, 128};
-constexpr int kRounds = 8;         // of events in one DoEvents: more may come for ever
-constexpr int kActivationMs = 40;  // window managers hand the focus round before it stays
-constexpr int kAwayMs = 300;       // shorter than this nobody was in another program
+constexpr int kRounds = 8;         // rounds of events in one DoEvents; events may never stop coming
+constexpr int kActivationMs = 40;  // a window manager may move the focus several times first
+constexpr int kAwayMs = 300;       // a shorter absence is no visit to another program
 constexpr std::int64_t kUsPerMs = 1000;
 constexpr double kLongestRestMs = 3'600'000;
 
@@ -48,7 +48,7 @@ QtEventLoop::Core::~Core() {
 
 void QtEventLoop::Core::ShowIcon() {
   QIcon icon;
-  // The application outlives the store of the pictures, so it gets copies.
+  // The application lives longer than the store of the pictures, so the icon gets copies.
   for (const int side : kIconSides) {
     icon.addPixmap(pictures_.Get(L"vantora", {side, side}, 1).copy());
   }
@@ -83,7 +83,7 @@ void QtEventLoop::Core::Appear(Form& form, bool modal, Form* behind) {
     window.setWindowModality(modality);
   }
   window.Sync();
-  window.winId();  // makes the native window, which then learns which one it stands in front of
+  window.winId();  // creates the native window, which setTransientParent needs
   FormWindow* owner = behind == nullptr ? nullptr : WindowOf(*behind);
   if (!window.isVisible() && window.windowHandle() != nullptr) {
     window.windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->windowHandle());
@@ -99,8 +99,9 @@ void QtEventLoop::Core::Appear(Form& form, bool modal, Form* behind) {
   ComeForward(form);
 }
 
-// The first control of the focus order, unless the program has chosen one or wants none: then the
-// window keeps the focus itself, as the toolkit would give it to a control.
+// Gives the focus to the first control of the focus order, unless the program has chosen a control.
+// In a form without a first focus the window itself gets the focus, because the toolkit would
+// otherwise give the focus to a control.
 void QtEventLoop::Core::GiveFirstFocus(FormWindow& window) {
   if (window.isVisible()) return;
   if (window.FocusControl() != nullptr) return;
@@ -124,7 +125,7 @@ void QtEventLoop::Core::Bring(Form& form) {
   if (FormWindow* window = WindowOf(form)) {
     window->Sync();
   } else {
-    form.Dirty = false;  // the controls stay dirty until the window is made
+    form.Dirty = false;  // the controls stay dirty until the window is created
   }
 }
 
@@ -179,7 +180,7 @@ void QtEventLoop::Core::PopupMenu(Form& form, Menu& shown) {
     QAction* action = menu->addAction(look::Plain(item.Caption).replace(u'&', QLatin1String("&&")));
     action->setObjectName(look::FromText(item.Name));
     action->setEnabled(item.Enabled);
-    // The handler runs when the menu has gone, so that it can open windows.
+    // The handler runs after the menu has closed, so that the handler can open windows.
     connect(action, &QAction::triggered, window, [window, click = item.Click] {
       window->host().Model().Post([self = QPointer<FormWindow>(window), click] {
         if (self != nullptr && click) self->Handle(click);
@@ -191,9 +192,10 @@ void QtEventLoop::Core::PopupMenu(Form& form, Menu& shown) {
   menu->popup(onWindow ? touch : window->mapToGlobal(window->rect().center()));
 }
 
-// ---- who is in front ----
+// ---- the window in front ----
 
-// The program has chosen: what was activated before counts no more.
+// The program itself chooses the window in front. An earlier activation that has not been handled
+// yet is dropped.
 void QtEventLoop::Core::ComeForward(Form& form) {
   away_.invalidate();
   activation_.stop();
@@ -208,8 +210,8 @@ bool QtEventLoop::Core::IsUnseen() {
   return QGuiApplication::platformName() == QLatin1String("offscreen");
 }
 
-// On a screen that nobody sees no window manager activates the window below a menu or a list that
-// has closed.
+// An off-screen display has no window manager. After a menu or a list has closed there, this
+// function activates the window below.
 void QtEventLoop::Core::KeepActive() {
   if (!IsUnseen() || QApplication::activePopupWidget() != nullptr) return;
   const Form* front = model_->Front();
@@ -250,9 +252,10 @@ std::int64_t QtEventLoop::Core::StampOf(std::int64_t us) const {
   return us / kUsPerMs - behind_.value_or(0);
 }
 
-// No event is handled before it comes about, so the shortest delay seen shows best how the window
-// system's clock stands to ours. An event without a stamp, such as the press of a screen reader or
-// of hands, belongs to what is being handled.
+// The clock of the window system may differ from our clock. An event is always handled after it
+// occurs, so the shortest delay seen is the best estimate of the difference. An event without a
+// stamp comes from a screen reader or from simulated hands. It gets the time of the event that is
+// being handled.
 std::optional<std::int64_t> QtEventLoop::Core::Stamp(std::uint64_t stamp) {
   if (stamp == 0) {
     const std::optional<std::int64_t> now = model_->EventBegins(std::nullopt);

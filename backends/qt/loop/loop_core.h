@@ -1,8 +1,9 @@
-// The desktop as the world of the windows: real windows, the toolkit's events and the machine's
-// clock.
+// Connects the model of the windows with the desktop: with real windows, the toolkit's events and
+// the machine's clock.
 //
-// The toolkit's own nested loops are never entered: the model's loop turns by itself, so that every
-// wait ends at once when the program ends, and no exception ever passes through the toolkit.
+// The program never enters a nested loop of the toolkit: the model's own loop does all waiting.
+// Every wait therefore ends at once when the program ends, and no exception ever passes through the
+// toolkit.
 #pragma once
 
 #include "backends/forms/form_loop.h"
@@ -80,12 +81,12 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   QtEventLoop* loop_ = nullptr;
   Pictures pictures_;
   std::map<const Form*, FormWindow*> windows_;
-  std::vector<FormWindow*> graves_;  // of forms that went while one of their handlers ran
+  std::vector<FormWindow*> graves_;  // windows of destroyed forms whose handlers still run
   const Form* menuOwner_ = nullptr;
   QTimer wake_, activation_;
   QMargins border_ = {0, 30, 0, 0};
-  QElapsedTimer away_;                  // another program is in front
-  std::optional<std::int64_t> behind_;  // how far the stamps' clock lies behind ours, at the least
+  QElapsedTimer away_;                  // runs while another program is in front
+  std::optional<std::int64_t> behind_;  // our clock minus an event's stamp in ms, the least so far
 };
 
 }  // namespace vantora

@@ -1,8 +1,8 @@
 // The event loop of the desktop: real windows with real widgets for any form.
 //
-// A form's widgets are made when it is first shown and go with the form. Properties that change are
-// only marked; the loop brings them onto the screen when it turns, so that thousands of settings
-// cost one paint. What the user changes goes back into the form's controls.
+// A form's widgets are created when the form is first shown, and are destroyed with the form. A
+// change of a property only marks the control. The loop updates the screen when it turns, so that
+// thousands of changes cost one paint. Changes by the user are written to the form's controls.
 #pragma once
 
 #include "backends/forms/form_loop.h"
@@ -22,9 +22,10 @@ class FormWindow;
 
 class QtEventLoop final : public FormLoop {
  public:
-  // Pictures are `pictures`/NAME.svg; what was drawn of them is kept in the file `drawn`, or not at
-  // all when it is blank. `speed` is how many milliseconds of the program pass in one
-  // of the world: Sleep, timers and PostAfter are that much shorter. Needs a QtApp.
+  // Pictures are read from `pictures`/NAME.svg. Drawn pictures are kept in the file `drawn`;
+  // nothing is kept when `drawn` is blank. `speed` is the number of the program's milliseconds that
+  // pass in a real millisecond: at 20, Sleep, timers and PostAfter take a twentieth of their time.
+  // Needs a QtApp.
   explicit QtEventLoop(const std::filesystem::path& pictures,
                        const std::filesystem::path& drawn = {}, double speed = 1);
   ~QtEventLoop() override;
@@ -36,20 +37,20 @@ class QtEventLoop final : public FormLoop {
   Pointer MousePointer() const override;
   void Beep() override;
 
-  // How the program writes the path of a file that is dragged over a window; when nothing is set,
-  // as the system does.
+  // Converts the path of a file that is dragged over a window to a product path. Without this
+  // function, the program gets the system's path.
   std::function<Text(const std::string& file)> PathOfFile;
 
-  // The screen whose size the windows fit into instead of the real one's.
+  // Windows fit into this screen; null: into the real screen.
   Display* Stage = nullptr;
 
   // ---- for hands and tests ----
 
   double Speed() const;
-  QWidget* WindowOf(const Form& form) const;  // nothing before the form was shown
+  QWidget* WindowOf(const Form& form) const;  // null before the form is first shown
   QWidget* WidgetOf(const Control& control) const;
-  QMenu* OpenMenu() const;      // popped up and not yet answered
-  std::int64_t Paints() const;  // how often windows were painted
+  QMenu* OpenMenu() const;      // the menu that is open, or null
+  std::int64_t Paints() const;  // number of paints of all windows so far
 
  private:
   friend class FormWindow;

@@ -25,13 +25,13 @@ namespace vantora {
 
 namespace {
 
-// The part of a control's widget that the mouse meets.
+// The part of a control's widget that receives the mouse.
 QWidget* SurfaceOf(QWidget* widget) {
   auto* view = qobject_cast<QAbstractScrollArea*>(widget);
   return view == nullptr ? widget : view->viewport();
 }
 
-// What is seen of it between the edges of all that it lies in.
+// The part of a surface that no parent widget cuts off.
 QRect ShownOf(const QWidget* surface) {
   QRect seen = surface->rect();
   for (const QWidget* widget = surface; !widget->isWindow();) {
@@ -41,7 +41,7 @@ QRect ShownOf(const QWidget* surface) {
   return seen;
 }
 
-// A place of a control in thousandths, along its length; a thousand is its edge.
+// Converts a share of a control's length, in thousandths, to a point. 1000 is the far edge.
 QPointF PlaceAt(const Control& control, const QWidget* surface, int share) {
   const bool upright =
       control.Kind() == ControlKind::Slider && static_cast<const Slider&>(control).Vertical;
@@ -50,8 +50,8 @@ QPointF PlaceAt(const Control& control, const QWidget* surface, int share) {
                  : QPoint(surface->width() * share / 1000, middle.y());
 }
 
-// A click gives the focus before it does anything else; the toolkit sees to it for clicks from the
-// screen alone.
+// A click first gives the focus. The toolkit does this for clicks from the screen only, so it is
+// done here for simulated clicks.
 void FocusByClick(QWidget* on) {
   for (QWidget* widget = on; widget != nullptr; widget = widget->parentWidget()) {
     if (widget->isEnabled() && widget->focusPolicy() & Qt::ClickFocus) {
@@ -86,7 +86,8 @@ void SendKey(const QPointer<QWidget>& on, const Text& name) {
 
 }  // namespace
 
-// What the hands do later, when the loop turns. It outlives the hands while work is still posted.
+// Does the work of the hands when the loop turns. Posted work keeps this object alive, also after
+// the hands have been destroyed.
 class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
  public:
   explicit Fingers(QtEventLoop& loop) : loop_(loop) {}
@@ -98,8 +99,8 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     Refuse(found);
   }
 
-  // The steps come one after another, each at a turn of the loop: when one of them opens a window
-  // and does not come back, the next one runs inside it.
+  // Runs each step at a turn of the loop of its own. If a step opens a modal window and does not
+  // return, the next step runs inside that window.
   void Do(std::vector<std::function<void()>> steps) {
     for (std::function<void()>& step : steps) {
       const std::int64_t at = Moment.value_or(loop_.EventMs());
@@ -132,8 +133,8 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     return widget;
   }
 
-  // What gets the keys: an open menu, else what has the focus in a window. Nothing when the window
-  // has gone or a person could not type into it.
+  // Returns the widget that gets the keys: an open menu, or the widget with the focus in the form's
+  // window. Returns null if the window is gone or a person could not type into it.
   QPointer<QWidget> KeysGoTo(const Form* form) const {
     if (QMenu* menu = loop_.OpenMenu()) return menu;
     if (form == nullptr || !loop_.Reachable(*form)) return nullptr;
@@ -142,7 +143,8 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     return window->focusWidget() == nullptr ? window : window->focusWidget();
   }
 
-  // A key goes down in a window and is let go in the one that is in front by then.
+  // Appends two steps: the key goes down in the form's window, and is released in the window that
+  // is in front at that moment.
   void Strike(std::vector<std::function<void()>>& steps, const Form& form,
               const KeyStroke& stroke) {
     const auto self = shared_from_this();
@@ -151,7 +153,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
         [=] { SendKey(self->KeysGoTo(self->loop_.Front()), QEvent::KeyRelease, stroke); });
   }
 
-  // A place where the mouse meets this control and no other one that lies over it.
+  // Returns a place where the mouse reaches this control and no control above it.
   QPoint FreePlace(const Control& control, QWidget* widget) {
     QWidget* surface = SurfaceOf(widget);
     const QRect all = ShownOf(surface);
@@ -172,7 +174,8 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     Refuse(NameOf(control) + " is covered by other controls, or nothing there takes the mouse");
   }
 
-  // A place that the caller has chosen, and none beside it. The edge belongs to the last pixel.
+  // Returns the place that the caller has chosen; no other place is tried. At the far edge this is
+  // the last pixel.
   QPointF ChosenPlace(const Control& control, QWidget* surface, int at) {
     const QRect all = surface->rect();
     const QPoint place = PlaceAt(control, surface, at).toPoint();
@@ -185,7 +188,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
   }
 
   bool Held = false;
-  std::optional<std::int64_t> Moment;  // of the hands
+  std::optional<std::int64_t> Moment;  // copy of Hands::Moment
 
  private:
   static bool Meets(const QWidget* surface, QPoint place) {
@@ -194,7 +197,7 @@ class QtHands::Fingers : public std::enable_shared_from_this<QtHands::Fingers> {
     return window->rect().contains(inWindow) && window->childAt(inWindow) == surface;
   }
 
-  // A click beside an open menu closes it before it does anything else.
+  // A click beside an open menu first closes the menu.
   void CloseMenuLeftOpen() {
     if (QMenu* menu = loop_.OpenMenu()) menu->close();
   }
@@ -243,7 +246,7 @@ void QtHands::Click(const QPointer<QWidget>& surface, const QPointF& place, bool
 
 namespace {
 
-// In a list the row that it stands on is meant.
+// In a list, the action applies to the current row.
 QPoint PresentPlace(QWidget& widget, const QPoint& otherwise) {
   auto* view = qobject_cast<QAbstractItemView*>(&widget);
   if (view == nullptr || !view->currentIndex().isValid()) return otherwise;
@@ -278,7 +281,7 @@ void QtHands::Drag(Control& control, int from, int to) {
   const QPointF end = PlaceAt(control, surface, to);
   const QPointF start =
       picture ? fingers_->ChosenPlace(control, surface, from) : PlaceAt(control, surface, from);
-  // The control may follow the mouse, whose way stays where it was.
+  // The control may move with the mouse, but the path of the mouse on the screen stays the same.
   const QPointF corner = surface->mapToGlobal(QPointF());
   const auto send = [=](QEvent::Type type, QPointF place) {
     return [=] {
@@ -301,7 +304,7 @@ void QtHands::ShiftPress(Control& control) {
   Click(SurfaceOf(widget), fingers_->FreePlace(control, widget), false, true);
 }
 
-// The label may follow the mouse, so the places are those of the screen.
+// The label may move with the mouse, so the path consists of screen positions.
 void QtHands::Pull(Control& control, int x, int y) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
@@ -325,8 +328,8 @@ void QtHands::Pull(Control& control, int x, int y) {
   fingers_->Do({send(QEvent::MouseButtonRelease, onScreen + way)});
 }
 
-// The program may turn in the handler of the press until the release has come, so that is on its
-// way before.
+// The handler of the press may turn the loop until the release comes, so the release is posted
+// before the press is sent.
 void QtHands::Hold(Control& control, int ms) {
   Settle();
   const QPointer<QWidget> widget = fingers_->CheckControl(control);
@@ -370,7 +373,7 @@ void QtHands::Select(Control& control, const std::vector<int>& rows) {
   SelectInView(widget, rows);
 }
 
-// By the keyboard in the list that drops down; only Return chooses.
+// Chooses the row by keys in the list that drops down. Only the Return key chooses.
 void QtHands::SelectInCombo(const QPointer<QWidget>& widget, int row) {
   const QPointer<QComboBox> combo = qobject_cast<QComboBox*>(widget.data());
   fingers_->Do({[=] {
@@ -389,7 +392,7 @@ void QtHands::SelectInCombo(const QPointer<QWidget>& widget, int row) {
                 }});
 }
 
-// A click on the first row and a click with Ctrl held on every other.
+// Clicks the first row, and then every other row with the Ctrl key held.
 void QtHands::SelectInView(const QPointer<QWidget>& widget, const std::vector<int>& rows) {
   const QPointer<QAbstractItemView> view = qobject_cast<QAbstractItemView*>(widget.data());
   const auto click = [=](int row, Qt::KeyboardModifiers modifiers) {

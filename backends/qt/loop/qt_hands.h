@@ -1,7 +1,8 @@
-// Hands on real widgets: the events that a mouse and a keyboard make, sent to the widget of a
-// control. An action is checked at once and done when the loop turns, so that a press which opens a
-// modal window does not keep the caller: the user is asked again inside that window. What goes
-// wrong while it is done is thrown at the next call.
+// Simulates a mouse and a keyboard on real widgets: sends their events to the widget of a control.
+//
+// A call checks at once whether its action is possible. The action itself is done when the loop
+// turns. A press that opens a modal window therefore does not block the caller, and the loop asks
+// its user again inside that window. If an action fails later, the next call throws the error.
 #pragma once
 
 #include "backends/qt/loop/qt_event_loop.h"
@@ -38,10 +39,10 @@ class QtHands final : public Hands {
   void ChooseMenu(Form& form, const Text& item) override;
   void Close(Form& form) override;
   void Drop(Control& control, const std::vector<Text>& files) override;
-  // Brings the window up to date first, and waits for nothing.
+  // Updates the window first, and does not wait.
   bool Shot(Form& form, const std::string& file) override;
 
-  // Throws what an action found when it was done, if anything. The calls above do so by themselves.
+  // Throws the error of an earlier action, if one failed. All actions above call this first.
   void Settle();
 
  private:

@@ -80,7 +80,7 @@ Printer& QtPrinters::Printer() {
   return printer_;
 }
 
-// Returns the product path of the first number without a file.
+// Returns the product path with the first number for which there is no file.
 Text QtPrinters::SuggestedFile() {
   if (Setup.PdfFolder.empty()) return {};
   for (int number = 1;; ++number) {

@@ -22,7 +22,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kPaintMs = 12;  // between two paints of a window whose controls change all the time
+constexpr int kPaintMs = 12;  // shortest time between two paints of a window
 
 class Counted {
  public:
@@ -35,7 +35,7 @@ class Counted {
   int& count_;
 };
 
-// The stamp of an event counts for as long as that is handled.
+// Sets the stamp of an event while the event is handled.
 class Stamped {
  public:
   Stamped(WindowHost& host, const QInputEvent& event)
@@ -49,8 +49,9 @@ class Stamped {
   std::optional<std::int64_t> before_;
 };
 
-// What lies lower is drawn first. Within a layer the order is that of the form. A container lies as
-// high as what can lie in it; its own controls have no layers.
+// Lower layers are drawn first. Controls of one layer are drawn in the order of the form. A
+// container is in the highest layer, because any control can lie in it; the controls in a container
+// have no layers.
 int Layer(const Control& control, bool holdsOthers) {
   if (control.Container != nullptr) return 0;
   if (holdsOthers) return 3;
@@ -74,8 +75,8 @@ int Layer(const Control& control, bool holdsOthers) {
 }  // namespace
 
 FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host) {
-  // A window with a border belongs to the one behind it: it stays above it, and has no button that
-  // would put it away while the other waits for it.
+  // A window with a border belongs to the window behind it and stays above that window. It has no
+  // minimize button, because the window behind may be waiting for it.
   Qt::WindowFlags flags = form.HasBorder ? Qt::Dialog : Qt::Window;
   if (form.HasBorder) {
     flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -103,11 +104,11 @@ FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host)
   Sync();
 }
 
-// Widgets that go still speak to their faces, so they go first.
+// Widgets call their faces even while they are destroyed, so the widgets are destroyed first.
 FormWindow::~FormWindow() {
   form_ = nullptr;
   byObject_.clear();
-  std::vector<QPointer<QWidget>> widgets;  // one that lies in another goes with it
+  std::vector<QPointer<QWidget>> widgets;  // a widget also deletes the widgets that lie in it
   for (const auto& [control, face] : faces_) widgets.emplace_back(face->widget());
   for (const auto& face : retired_) widgets.emplace_back(face->widget());
   for (const QPointer<QWidget>& widget : widgets) delete widget.data();
@@ -133,7 +134,7 @@ void FormWindow::AddFace(Control& control) {
   if (container != nullptr) face->widget()->setParent(container->widget());
   for (QWidget* part : {face->widget(), face->surface()}) {
     byObject_.insert(part, face.get());
-    part->installEventFilter(this);  // doing it twice is the same as once
+    part->installEventFilter(this);  // widget and surface may be the same object
   }
   faces_[&control] = std::move(face);
   control.Dirty = true;
@@ -153,7 +154,7 @@ void FormWindow::DropFace(Control* control) {
   faces_.erase(found);
 }
 
-// Controls can come and go while the form stands.
+// A form can gain and lose controls while its window exists.
 void FormWindow::Reconcile() {
   const std::vector<Control*>& now = form_->Controls;
   for (Control* control : known_) {
@@ -238,7 +239,8 @@ void FormWindow::FocusOn(const Control& control, Qt::FocusReason reason) {
   if (face != nullptr && CanHaveFocus(control)) face->widget()->setFocus(reason);
 }
 
-// The Tab key, and what the toolkit does for a widget that it hides or disables.
+// Handles the Tab key. The toolkit also calls this function when it hides or disables the widget
+// with the focus.
 bool FormWindow::focusNextPrevChild(bool next) {
   if (form_ == nullptr) return false;
   const Control* control = NextFocus(*form_, FocusControl(), !next);
@@ -247,15 +249,16 @@ bool FormWindow::focusNextPrevChild(bool next) {
   return true;
 }
 
-// A window that comes to the front or leaves it keeps its focus. While the window is brought up to
-// date its controls are half done, so the report waits.
+// A window keeps its focused control when it comes to the front or goes behind another window, so
+// nothing is reported then. While Sync runs, some controls are not yet up to date, so the report is
+// posted.
 void FormWindow::FocusChange(Face& face, QObject* object, QEvent& event) {
   object->event(&event);
   const auto reason = static_cast<QFocusEvent&>(event).reason();
   const bool in = event.type() == QEvent::FocusIn;
   Control* changed = face.control();
   if (changed == nullptr || reason == Qt::PopupFocusReason) return;
-  // The list of a combo box that drops down is part of the box.
+  // The drop-down list of a combo box is part of the box.
   const bool away =
       reason == Qt::ActiveWindowFocusReason || QApplication::activePopupWidget() != nullptr;
   if (!in && away) return;
@@ -311,8 +314,8 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event) {
   }
 }
 
-// Nothing that reaches a control goes on to the window beneath it: there it would move the window,
-// or tell a key twice.
+// An event for a control does not go on to the window below the control: there, the mouse would
+// move the window, and a key would be reported twice.
 bool FormWindow::Input(Face& face, QEvent& event) {
   event.accept();
   const Control* control = face.control();
@@ -321,7 +324,8 @@ bool FormWindow::Input(Face& face, QEvent& event) {
       event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick;
   const bool moved = event.type() == QEvent::MouseMove;
   if ((pressed || moved) && !host_.Model().TakesInput(*control)) return true;
-  // A release belongs to the press before it: where that was refused, so is the release.
+  // A release belongs to the press before it. If the press was refused, the release is refused as
+  // well.
   if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
     return true;
   }
@@ -354,7 +358,7 @@ bool FormWindow::Input(Face& face, QEvent& event) {
   return true;
 }
 
-// The key for menus acts as the right mouse button on what has the focus.
+// The menu key acts like the right mouse button on the control with the focus.
 bool FormWindow::MenuKey(Face& face, const QContextMenuEvent& event) {
   if (event.reason() != QContextMenuEvent::Keyboard) return false;
   lastTouch_ = face.MenuPlace();
@@ -427,7 +431,7 @@ bool FormWindow::event(QEvent* event) {
     case QEvent::WindowActivate:
       host_.Activated();
       break;
-    case QEvent::KeyPress:  // the toolkit would keep the Tab key to itself
+    case QEvent::KeyPress:  // the toolkit would handle the Tab key itself
       keyPressEvent(static_cast<QKeyEvent*>(event));
       return true;
     case QEvent::WindowDeactivate:
@@ -445,7 +449,8 @@ bool FormWindow::event(QEvent* event) {
   return QWidget::event(event);
 }
 
-// What is let go in another window is not reported here any more.
+// The release of a key in another window does not reach this window, so held keys are reported as
+// released now.
 void FormWindow::LeaveKeys() {
   const Counted busy(busy_);
   host_.Model().Keys().Leave(*form_);
@@ -477,7 +482,8 @@ void FormWindow::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), palette().color(QPalette::Window));
   }
   if (ground_.isNull()) return;
-  // Cut along a rectangle, pixels are copied; along a shape of several, they are mixed one by one.
+  // With a clip of one rectangle the toolkit copies the pixels. With a clip of several rectangles
+  // it would blend the pixels one by one.
   for (const QRect& part : event->region()) {
     painter.setClipRect(part);
     painter.drawPixmap(0, 0, ground_);

@@ -1,5 +1,5 @@
-// The window of a form: makes a face for every control, keeps the faces like the controls, and
-// brings keys, mouse and focus to the handlers in their order.
+// The window of a form. It creates a face for every control, updates the faces when the controls
+// change, and passes keys, mouse and focus to the handlers in their order.
 #pragma once
 
 #include "backends/qt/faces/face.h"
@@ -26,24 +26,24 @@ class FormWindow final : public QWidget {
 
   Form* form() const { return form_; }
   WindowHost& host() { return host_; }
-  void Orphan();                           // the form is going; nothing reaches a handler any more
+  void Orphan();                           // the form is destroyed; no handler is called any more
   bool Busy() const { return busy_ > 0; }  // one of its handlers is still running
 
   void Sync();
   bool Syncing() const { return syncing_; }
-  bool Touched() const { return touching_ > 0; }   // mouse or key is being handled just now
-  QPoint LastTouch() const { return lastTouch_; }  // on the screen: where a menu belongs
+  bool Touched() const { return touching_ > 0; }   // a mouse or key event is being handled
+  QPoint LastTouch() const { return lastTouch_; }  // on the screen; menus open here
   Face* FaceOf(const Control& control) const;
   Control* FocusControl() const;
   void FocusOn(const Control& control, Qt::FocusReason reason = Qt::OtherFocusReason);
-  bool Holds(const Control& control) const;  // others lie in it
+  bool Holds(const Control& control) const;  // true: other controls lie in this one
   bool Pressed(const Face& face) const { return pressed_ == &face; }
-  double Scale() const { return scale_; }   // of what is shown to the form's own pixels
-  void StandOver(const FormWindow& owner);  // its middle over the owner's
-  void PaintAtOnce();    // what a person waits for, however short the last paint lies back
-  void Restore();        // after it was minimized
-  bool Refused() const;  // no input: disabled, behind a modal window or without a form
-  QButtonGroup* Group(int group);  // of option buttons
+  double Scale() const { return scale_; }   // pixels of the window for a pixel of the form
+  void StandOver(const FormWindow& owner);  // centres this window over its owner
+  void PaintAtOnce();                       // paints soon, even if the last paint was just now
+  void Restore();                           // shows the window again after it was minimized
+  bool Refused() const;            // true: disabled, behind a modal window or without a form
+  QButtonGroup* Group(int group);  // a group of option buttons
 
   void Handle(const std::function<void()>& handler);
 
@@ -78,27 +78,27 @@ class FormWindow final : public QWidget {
   void KeyRelease(Face* face, QKeyEvent& event);
   void LeaveKeys();
   void FocusChange(Face& face, QObject* object, QEvent& event);
-  bool HoldPaint();  // true: not yet, the window was painted just now
+  bool HoldPaint();  // true: the paint is put off, since the last one was just now
 
   Form* form_;
   WindowHost& host_;
   std::map<const Control*, std::unique_ptr<Face>> faces_;
   std::vector<Control*> known_;                 // Form::Controls when the faces were made
-  std::set<const Control*> containers_;         // those of `known_`
-  std::vector<std::unique_ptr<Face>> retired_;  // a handler below may still stand in them
+  std::set<const Control*> containers_;         // the containers among `known_`
+  std::vector<std::unique_ptr<Face>> retired_;  // without a control; handlers may still run
   QHash<QObject*, Face*> byObject_;
-  const Face* pressed_ = nullptr;  // took the press that has not been let go
+  const Face* pressed_ = nullptr;  // the face whose mouse button is still pressed
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
-  QPoint place_;   // the form's place at the last exchange with it
-  QPoint middle_;  // of the place that was wanted last
+  QPoint place_;   // the form's place when it was last read or written
+  QPoint middle_;  // middle of the place that was wanted last
   double scale_ = 1;
-  QSize natural_;    // what was fitted last
-  QRect room_;       // into which; null before the first time
-  QMargins border_;  // the desktop's, a guess at first
+  QSize natural_;    // unscaled size at the last fit
+  QRect room_;       // available area at the last fit; null before the first fit
+  QMargins border_;  // the desktop's frame around the window, a guess at first
   bool borderKnown_ = false;
   QPoint lastTouch_;
-  QPoint dragStart_;  // of a window without a border that is moved by its ground
+  QPoint dragStart_;  // where the mouse holds a window without a border
   bool dragging_ = false, syncing_ = false;
   int busy_ = 0, touching_ = 0;
   QElapsedTimer sincePaint_;

@@ -1,4 +1,4 @@
-// How large a window is shown, where it stands, and what it stands on.
+// The part of FormWindow for the size, the place and the background of a window.
 
 #include "backends/qt/look/look.h"
 #include "backends/qt/windows/form_window.h"
@@ -20,7 +20,7 @@ void FormWindow::ApplyFrame() {
     if (place.topLeft() != place_) {
       Stand(MiddleOf(place));
     } else if (room_.isNull()) {
-      Stand(MiddleOf(host_.Room(*this)));  // the form has named no place
+      Stand(MiddleOf(host_.Room(*this)));  // the form has not set a place
     } else if (place.size() != natural_ || host_.Room(*this) != room_) {
       Stand(MiddleOf(geometry().marginsAdded(border_)));
     }
@@ -44,7 +44,8 @@ void FormWindow::ApplyGround(Color back) {
   update();
 }
 
-// A window manager would keep one that is only as large as the screen clear of its bars.
+// A window manager would move an ordinary window of the screen's size off its bars, so such a
+// window is shown full screen.
 bool FormWindow::FillScreen(const QRect& place) {
   const bool fills = form_->FillsScreen && place == screen()->geometry();
   if (fills != isFullScreen()) setWindowState(windowState() ^ Qt::WindowFullScreen);
@@ -54,16 +55,17 @@ bool FormWindow::FillScreen(const QRect& place) {
   return true;
 }
 
-// Where it fits, as near to that place as it can.
+// Fits the window into the available area, as near to `middle` as possible.
 void FormWindow::Stand(const QPoint& middle) {
-  constexpr double kLeastScale = 0.6;  // to the screen's own pixels, which letters are made of
+  constexpr double kLeastScale = 0.6;  // relative to the real pixels of the screen
   const bool first = room_.isNull();
   natural_ = look::Pixels(form_->Window).size();
   room_ = host_.Room(*this);
   middle_ = middle;
   const Fit fit = FitInto(room_, border_, natural_, middle, kLeastScale / devicePixelRatioF());
   Resize(fit);
-  // By its inside: what a place of the frame means changes when the window is made and shown.
+  // Sets the area inside the frame, because a position of the frame changes its meaning when the
+  // window is created and shown.
   if (first || geometry() != fit.Place) setGeometry(fit.Place);
   TellPlace();
 }
@@ -71,7 +73,7 @@ void FormWindow::Stand(const QPoint& middle) {
 void FormWindow::Resize(const Fit& fit) {
   if (size() != fit.Place.size() && !fit.Place.isEmpty()) {
     setFixedSize(fit.Place.size());
-    form_->Window.MarkDirty();  // its ground is of another size
+    form_->Window.MarkDirty();  // the background gets another size
   }
   if (fit.Scale == scale_) return;
   scale_ = fit.Scale;
@@ -83,7 +85,8 @@ void FormWindow::StandOver(const FormWindow& owner) {
   Stand(MiddleOf(owner.geometry().marginsAdded(owner.border_)));
 }
 
-// The form learns where it stands, and need not be brought onto the screen for it.
+// Writes the window's place to the form. The form is not marked as dirty for this, because the
+// screen shows that place already.
 void FormWindow::TellPlace() {
   place_ = pos();
   Form::Frame& frame = form_->Window;
@@ -94,7 +97,7 @@ void FormWindow::TellPlace() {
   form_->Dirty = formWasDirty;
 }
 
-// The desktop's border is known when the window has been shown, and only then.
+// The desktop's border is unknown until the window has been shown.
 void FormWindow::LearnBorder() {
   if (borderKnown_ || form_ == nullptr || !form_->HasBorder) return;
   if (!isVisible() || windowHandle() == nullptr) return;
@@ -103,7 +106,7 @@ void FormWindow::LearnBorder() {
   borderKnown_ = true;
   host_.Border() = border;
   if (border == std::exchange(border_, border)) return;
-  Stand(middle_);  // where it is just now may be halfway between two places
+  Stand(middle_);  // the current place may be halfway between two places
 }
 
 void FormWindow::Restore() {

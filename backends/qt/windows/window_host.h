@@ -17,12 +17,12 @@ namespace vantora {
 class WindowHost {
  public:
   virtual ~WindowHost() = default;
-  virtual FormLoop& Model() = 0;  // who is in front, and what is reported to whom
+  virtual FormLoop& Model() = 0;  // the model of the windows and their events
   // Must be called when a window of the program gets the focus.
   virtual void Activated() = 0;
   virtual void Painted() = 0;
-  // Begins a key or mouse event with this stamp, 0 for none. Returns the time of the event before,
-  // which FormLoop::EventBegins gets back afterwards.
+  // Begins a key or mouse event with this stamp; 0: the event has no stamp. Returns the time of the
+  // previous event. The caller passes that time to FormLoop::EventBegins after this event.
   virtual std::optional<std::int64_t> Stamp(std::uint64_t stamp) = 0;
   virtual QRect Room(const QWidget& window) const = 0;  // area for windows on its screen
   // Frame that the desktop adds to windows; a guess until the first window is shown.
