@@ -1,8 +1,9 @@
 // The bands are state-variable filters in series, in double precision: the lowest bands are so
 // narrow that single precision would add noise. A state-variable filter stays stable while its
-// coefficients change. They glide frame by frame between designs at short intervals. Left and right
-// are the two halves of a vector. Two filters are computed at a time, so that the processor has
-// work while each waits for its previous result.
+// coefficients change. New coefficients are designed at short intervals, and the coefficients glide
+// frame by frame from one design to the next. Left and right are the two halves of a vector. Two
+// filters are computed at a time, so that the processor has work while each filter waits for its
+// previous result.
 #include "backends/sound/effects/equalizer.h"
 
 #include "platform/laufzeitfehler.h"

@@ -53,7 +53,7 @@ float Share(int percent, int most) {
   return static_cast<float>(std::clamp(percent, 0, most)) / 100;
 }
 
-// Also handles NaN.
+// Limits a value to the range from 0 to `most`; NaN becomes 0.
 float Inside(float value, float most) {
   return value > 0 ? std::min(value, most) : 0;
 }
@@ -136,7 +136,7 @@ inline Flanger::Reader Flanger::At(float delay) const {
   return {kernels_[step], static_cast<std::size_t>(whole) + kTaps / 2};
 }
 
-// Four sums side by side fit the vector unit.
+// The vector unit adds up four sums at a time.
 inline float Flanger::Read(const Channel& channel, const Reader& reader) const {
   const float* at = &channel.Line[head_ + kLine - reader.Back];
   std::array<float, kTaps / 2> sums;
@@ -146,7 +146,7 @@ inline float Flanger::Read(const Channel& channel, const Reader& reader) const {
   return (sums[0] + sums[1]) + (sums[2] + sums[3]);
 }
 
-// Writes the next frame: the input and what comes back of the echo.
+// Writes the next frame: the input plus the feedback of the echo.
 inline void Flanger::Put(Channel& channel, float frame, float echo) {
   channel.Slow = Hushed(channel.Slow + kHoldBack * (echo - channel.Slow));
   const float next = Hushed(at_.Strength * frame + at_.Feedback * (echo - channel.Slow));
