@@ -1,5 +1,6 @@
-// The same hands on the same window in both worlds: what every handler hears, in which order, and
-// what stands in the controls afterwards. Nobody has written down what is right here; the worlds
+// Performs the same actions on the same form in both worlds: without a screen and with real
+// widgets. The test compares the events that the handlers get, the order of the events, and the
+// state of the controls after each action. There is no list of expected results: the two worlds
 // have to agree.
 
 #include "tests/backends/forms/worlds.h"
@@ -23,7 +24,7 @@ class Heard {
       Say("key " + std::to_string(key) + (control ? "c" : ""));
       return key == kKeyF1;
     };
-    form.imgButton.MouseDown = [this, &loop](int) {  // works while it is held
+    form.imgButton.MouseDown = [this, &loop](int) {  // works until the button is released
       Say("down");
       let_ = false;
       for (int turns = 0; !let_ && turns < 100'000; ++turns) loop.DoEvents();
@@ -41,7 +42,7 @@ class Heard {
 
   std::string Take() { return std::exchange(said_, {}); }
 
-  // All that hands can change.
+  // The state that hands can change.
   std::string State() const {
     std::string state;
     for (const Control* control : form_.Controls) {
@@ -93,7 +94,7 @@ class Heard {
   bool let_ = true;
 };
 
-// One thing that hands do to a form; `what` says it in words.
+// An action of the hands on a form; `What` describes the action in words.
 struct Deed {
   std::string What;
   std::function<void(Hands&, FullForm&)> Do;
@@ -114,7 +115,8 @@ std::vector<Deed> EveryDeed() {
     };
     const std::string on = Narrow(name) + (index < 0 ? "" : std::to_string(index));
     add("press " + on, [find](Hands& h, FullForm& f) { h.Press(find(f)); });
-    // A button that works until it is let go may hear the second press before that or after.
+    // imgButton works until it is released. It may get the second press of a double click before
+    // the release or after it, so the worlds need not agree.
     if (Text(name) != L"imgButton") {
       add("double " + on, [find](Hands& h, FullForm& f) { h.DoubleClick(find(f)); });
     }
@@ -153,7 +155,7 @@ std::vector<Deed> EveryDeed() {
   return deeds;
 }
 
-// What is heard of the deeds in a world, a line each.
+// Performs the deeds in a world. Returns a line for each deed: its events and the state after it.
 std::vector<std::string> Play(const std::string& name, const std::vector<Deed>& deeds) {
   const auto world = TestWorld::Make(name);
   FullForm form(world->Loop());
@@ -195,7 +197,7 @@ TEST(Agreement, BothWorldsReportTheSameOfEveryDeed) {
   for (int round = 0; round < 12; ++round) {
     std::vector<Deed> deeds = all;
     if (round > 0) std::shuffle(deeds.begin(), deeds.end(), random);
-    if (round > 6) deeds.pop_back();  // and no control has the focus at first
+    if (round > 6) deeds.pop_back();  // an odd number of deeds: no control has the focus at first
     const auto headless = Play("Headless", deeds), windows = Play("Windows", deeds);
     ASSERT_EQ(headless.size(), windows.size());
     for (std::size_t i = 0; i < headless.size(); ++i) {

@@ -7,7 +7,7 @@ namespace {
 
 using Log = std::vector<std::string>;
 
-// The window's own events, with what happens to it between them.
+// A form that also logs when it is painted and when a key is released.
 struct Reporting final : TestForm {
   using TestForm::TestForm;
   void Form_Paint() override { Log.emplace_back("paint"); }
@@ -58,7 +58,8 @@ TEST_P(Worlds, AMinimizedWindowIsNotInFrontAndTakesNoInput) {
   EXPECT_EQ(back.Count("gotfocus"), 2);
 }
 
-// Every way into a handler is left through widgets of a form that is no more.
+// Each handler destroys its own form. The handler then returns through widgets of a form that no
+// longer exists.
 TEST_P(Worlds, AFormMayGoInAnyHandlerAndTheNextOneWorks) {
   TestForm behind(loop, L"frmBehind");
   std::unique_ptr<FullForm> form;
@@ -143,7 +144,7 @@ TEST_P(Worlds, ATimerTicksWhileItIsOnNotForWhatItMissedAndNeverInsideItself) {
     if (++ticks == 2) hidden.tmrTick.Enabled = false;
     loop.Sleep(300);
     loop.DoEvents();
-    if (ticks == 2) hidden.tmrTick.Restart();  // which is no way in either
+    if (ticks == 2) hidden.tmrTick.Restart();  // a restart must not enter the handler again either
     loop.Sleep(300);
     loop.DoEvents();
     if (ticks == 4) hidden.tmrTick.Enabled = false;

@@ -26,7 +26,7 @@ class WithWidgets final : public TestWorld {
   void Settle() override { hands_.Settle(); }
 
  private:
-  QtEventLoop loop_{"", {}, 20};  // no pictures, and time that runs 20 times as fast
+  QtEventLoop loop_{"", {}, 20};  // no pictures; time runs 20 times as fast
   QtHands hands_{loop_};
 };
 

@@ -1,5 +1,5 @@
-// The two worlds in which the model of windows and time stands, for tests that hold in both: a
-// program without a screen, and real widgets on a screen that nobody sees.
+// Runs a test in both worlds of the model of windows and time: without a screen, and with real
+// widgets on an off-screen display.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,13 +15,13 @@
 
 namespace vantora {
 
-// The loop of a world, and hands in it.
+// The loop and the hands of one world.
 class TestWorld {
  public:
   virtual ~TestWorld() = default;
   virtual FormLoop& Loop() = 0;
   virtual Hands& TheHands() = 0;
-  virtual void Settle() {}  // throws what hands found when they acted later
+  virtual void Settle() {}  // throws the error of an action that failed after its call
 
   static std::unique_ptr<TestWorld> Make(const std::string& name);
 };
@@ -33,14 +33,15 @@ class Worlds : public testing::TestWithParam<const char*> {
     loop.OnError = [this](const Laufzeitfehler& error) { errors.push_back(error.Nummer); };
   }
 
-  // Shows the form and lets the person act until his story ends; what he meant to do last is done.
+  // Shows the form and runs the loop until the person has performed all steps. The test fails if
+  // the last action failed after its call.
   void Play(Form& form) {
     loop.Show(form);
     loop.Run();
     EXPECT_TRUE(person.Done());
     EXPECT_NO_THROW(world->Settle());
   }
-  // What the hands say when they cannot do it; blank when they can.
+  // Returns the reason why the hands refuse an action; blank when the hands accept it.
   static std::string Refusal(const std::function<void()>& act) {
     try {
       act();
