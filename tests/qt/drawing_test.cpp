@@ -33,7 +33,7 @@ QImage Seen(QWidget& widget, const QRect& part) {
   return image;
 }
 
-// A widget with what its picture box shows.
+// A widget that shows a picture box with these items.
 struct Drawn {
   Drawn(int width, int height, std::vector<DrawItem> items) {
     widget.resize(width, height);
@@ -49,8 +49,8 @@ struct Drawn {
   DrawingWidget widget{pictures, nullptr};
 };
 
-// A trace with many points to a pixel, through all that can go wrong: pieces, columns, parts that
-// are painted alone.
+// The trace has many points per pixel. The widget splits it into pieces, draws it in columns, and
+// paints any part alone. None of this may lose or change a point.
 TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
   constexpr int kPixels = 900, kHeight = 100;
   std::mt19937 chance(11);
@@ -84,7 +84,7 @@ TEST(Drawing, AnyPartOfALongTraceShowsEveryPointAndLooksAsInTheWhole) {
   }
 }
 
-// A steep line has no points in most of the columns that it crosses.
+// The line has two points only, so it has no points in most of the columns that it crosses.
 TEST(Drawing, ALineBetweenTwoPointsIsStraight) {
   constexpr int kWidth = 20, kHeight = 200;
   Drawn shown(kWidth, kHeight,
@@ -99,7 +99,7 @@ TEST(Drawing, ALineBetweenTwoPointsIsStraight) {
   }
 }
 
-// The rectangle of what is not the box's own ground.
+// The rectangle around all pixels that differ from the box's background.
 QRect Marked(const QImage& image) {
   QRect marked;
   for (int y = 0; y < image.height(); ++y) {
@@ -110,7 +110,7 @@ QRect Marked(const QImage& image) {
   return marked;
 }
 
-// Written as on paper: the corner of the first letter's cell stands at the place.
+// As on paper, the upper left corner of the first letter's cell is at the current place.
 TEST(Drawing, WordsOfADeviceAreTurnedAroundTheirBeginningAndScaledWithTheBox) {
   QtFontBook fonts;
   for (const double scale : {1.0, 0.7}) {

@@ -34,7 +34,7 @@ TEST_F(Stage, AKeyBearsItsOwnTimeAndIsLetGoOnceWhereverThatHappens) {
   person.Then([&] {
     QWidget* window = loop.WindowOf(form);
     Send(window, QEvent::KeyPress, 70000);
-    EXPECT_GT(loop.EventMs(), 0);                                // outside of a handler: now
+    EXPECT_GT(loop.EventMs(), 0);                                // without a handler: the time now
     std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the window is busy
     Send(window, QEvent::KeyRelease, 70100, true);
     Send(window, QEvent::KeyPress, 70100, true);
@@ -49,7 +49,7 @@ TEST_F(Stage, AKeyBearsItsOwnTimeAndIsLetGoOnceWhereverThatHappens) {
     EXPECT_EQ(form.Ups, 2);
     Send(window, QEvent::KeyRelease, 70500);
     EXPECT_EQ(form.Ups, 2);
-    // hands tell when they act, and an event without a stamp is near those that have one
+    // An event without a stamp gets a time near the times of events with stamps.
     Send(window, QEvent::KeyPress, 0);
     EXPECT_LT(std::abs(form.Times.back() - 70480), 20000);
   });
@@ -69,7 +69,7 @@ TEST_F(Stage, APictureThatFollowsTheMouseIsNeverBehindIt) {
       .Then([&] {
         QWidget& widget = *loop.WidgetOf(box);
         Mouse(widget, QEvent::MouseButtonPress, {10, 5}, Qt::LeftButton);
-        // Two moves before the window has followed the first.
+        // The second move comes before the window has followed the first move.
         for (const qreal x : {20, 30}) Mouse(widget, QEvent::MouseMove, {x, 5}, Qt::LeftButton);
         EXPECT_EQ(box.Left, left + 20 * 15);
         Mouse(widget, QEvent::MouseButtonRelease, {10, 5}, Qt::NoButton);

@@ -25,7 +25,7 @@ TEST(Screen, HasItsOwnPixelsWhateverItsScale) {
   for (const auto& each : cases) {
     EXPECT_EQ(ScreenPixels(each.Divided, each.Scale), each.Pixels) << each.Divided;
   }
-  // This screen, also when the tests run at another scale.
+  // The test screen has 800 pixels per side, also when the tests run at another scale.
   QtDisplay display;
   EXPECT_EQ(display.Width(), 800 * 15);
   EXPECT_EQ(display.Height(), 800 * 15);
@@ -81,7 +81,7 @@ TEST_F(Stage, ADialogStandsOverTheMiddleOfItsOwnerAndItsTitleIsOnTheScreen) {
       })
       .Then([&] {
         loop.Hide(dialog);
-        loop.WindowOf(owner)->move(-200, 700);  // a person's hand
+        loop.WindowOf(owner)->move(-200, 700);  // as if the user had moved it
       })
       .Then([&] { owner.Caption = L"Otro"; })
       .Then(

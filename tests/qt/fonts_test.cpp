@@ -19,13 +19,14 @@ QImage Drawn(const QString& words, int points, bool bold) {
   return image;
 }
 
-// A process of its own begins with the one family; among other tests all fonts may be there before.
+// This test needs a process of its own, which begins with only one font family. In a process with
+// other tests, all fonts may be loaded already.
 TEST(Fonts, WordsStayAsTheyWereDrawnFirstAndOtherScriptsCome) {
   const QString spanish = QStringLiteral("Añadir canción: ¿qué pingüino?");
   const QString armenian(QChar(0x0541)), nobodys(QChar(0x0378));
   const QImage small = Drawn(spanish, 9, false), large = Drawn(spanish, 14, true);
   EXPECT_NE(small, Drawn(QString(), 9, false));
-  Drawn(armenian, 9, false);  // the toolkit remembers that nothing was found
+  Drawn(armenian, 9, false);  // the toolkit stores that it found no font
 
   QtApp::AwaitFonts();
   EXPECT_EQ(Drawn(spanish, 9, false), small);

@@ -1,4 +1,4 @@
-// The first page of a PDF as an independent reader sees it: the tools of poppler.
+// The first page of a PDF, read by independent programs: the tools of poppler.
 #pragma once
 
 #include <QFile>
@@ -36,7 +36,7 @@ class PdfPage {
       words_.push_back({one.captured(3).toStdString(), one.captured(1).toDouble() * kTwipsPerPoint,
                         one.captured(2).toDouble() * kTwipsPerPoint});
     }
-    // A pixel is two twips.
+    // At 720 dots per inch, a pixel is two twips.
     Run("pdftoppm", {"-r", "720", "-gray", "-aa", "no", "-aaVector", "no", "-singlefile", file_,
                      folder_.filePath("page")});
     QFile grey(folder_.filePath("page.pgm"));
@@ -56,7 +56,7 @@ class PdfPage {
     return text.replace(blanks, " ").remove(u'\f').toStdString();
   }
 
-  // Everything that is not white in a rectangle.
+  // Returns the extent of everything in a rectangle that is not white.
   Ink InkIn(int left, int top, int right, int bottom) const {
     Ink ink;
     for (int y = top / 2; y < bottom / 2 && y < points_.height(); ++y) {
@@ -72,11 +72,11 @@ class PdfPage {
     return ink;
   }
 
-  // "WIDTHxHEIGHT CODING" each.
+  // Returns "WIDTHxHEIGHT CODING" for each picture.
   std::vector<std::string> Pictures() const {
     std::vector<std::string> pictures;
     const QStringList lines = Run("pdfimages", {"-list", file_}).split(u'\n', Qt::SkipEmptyParts);
-    for (const QString& line : lines.mid(2)) {  // below the head and its line
+    for (const QString& line : lines.mid(2)) {  // the first two lines are the table's head
       const QStringList cells = line.simplified().split(u' ');
       pictures.push_back((cells[3] + "x" + cells[4] + " " + cells[8]).toStdString());
     }
@@ -107,7 +107,7 @@ class PdfPage {
   double width_ = 0;
   std::vector<Word> words_;
   QByteArray bytes_;
-  QImage points_;  // over the bytes
+  QImage points_;  // uses the memory of bytes_
 };
 
 }  // namespace vantora

@@ -16,7 +16,8 @@ class KeptPictures : public testing::Test {
         "height='10' fill='" +
             colour + "'/></svg>");
   }
-  // What a run of the program shows of the picture: a pixel within it, and one beside it.
+  // Shows the picture as one run of the program does. Returns a pixel inside the drawn rectangle
+  // and a pixel beside it.
   std::pair<QRgb, QRgb> Run() const {
     Pictures pictures(folder_, store_);
     EXPECT_EQ(pictures.NaturalSize(L"panel"), QSize(20, 10));

@@ -20,7 +20,7 @@ using test::ErrorOf, test::Get, test::Put;
 constexpr double kTolerance = 0.1 / 25.4 * 1440;  // a tenth of a millimetre, in twips
 constexpr double k5mm = 5 / 25.4 * 1440;
 
-// A system with two queues, one of which can go.
+// A system with two queues. One of the queues can disappear.
 class FakeQueues final : public PrintQueues {
  public:
   std::vector<std::string> Names() override {
@@ -42,7 +42,7 @@ class Printing : public testing::Test {
  protected:
   Text File(const char* name) { return L"C:\\" + Text(name, name + std::strlen(name)); }
   std::string Host(const char* name) { return (home / name).string(); }
-  // A page with the name of this paper, in the printer's hands.
+  // Returns the printer, set up for a page of this paper.
   Printer& Page(const Text& paper, double margin, int orientation = kPortrait) {
     shop.printers.Setup.Paper = paper;
     shop.printers.Setup.MarginX = shop.printers.Setup.MarginY = margin;
@@ -101,9 +101,9 @@ TEST_F(Printing, WhatIsOnThePageStandsWhereItWasPutWithinATenthOfAMillimetre) {
     printer.EndDoc();
 
     const PdfPage page(Host("page.pdf"));
-    EXPECT_NEAR(page.Width(), c.Width / 25.4 * 1440, 10);  // whole points
+    EXPECT_NEAR(page.Width(), c.Width / 25.4 * 1440, 10);  // the page is measured in whole points
     EXPECT_NEAR(page.Words(0).Left, 3402, kTolerance);
-    // The bases of the letters: of one that stands at its foot, of those that are turned at a side.
+    // The baselines of the letters: below an upright letter, and beside turned letters.
     EXPECT_NEAR(page.InkIn(3300, 1300, 4500, 2000).Bottom, 1361 + ascent, kTolerance);
     EXPECT_NEAR(page.InkIn(1600, 7500, 2300, 8900).Right, 1644 + ascent, kTolerance);
     EXPECT_NEAR(page.InkIn(3300, 6900, 4100, 8500).Left, 4000 - ascent, kTolerance);
@@ -126,7 +126,7 @@ TEST_F(Printing, PointsAreSquaresOfWholePixelsWithTheirGaps) {
   Printer& printer = Page(L"A4", 0);
   QElapsedTimer clock;
   clock.start();
-  // The rule of a dotted frame: ten twips of points, ten without, on two lines by turns.
+  // A dotted frame: along each side, ten twips with points follow ten twips without points.
   for (int i = 1000; i <= 9000; ++i) {
     if (i % 20 == 0) i += 10;
     printer.PSet(i, 2000, 0);
@@ -169,7 +169,7 @@ QByteArray Jpeg(QSize size) {
   return bytes;
 }
 
-// The same, held on its side: the entry 0x112 of the camera's own segment.
+// The same picture, with an orientation: the entry 0x112 of the camera's own segment.
 QByteArray Turned(QByteArray jpeg, char orientation) {
   const char segment[] =
       "\xFF\xE1\0\x22"
@@ -182,7 +182,7 @@ QByteArray Turned(QByteArray jpeg, char orientation) {
   return jpeg.insert(2, bytes);
 }
 
-// Eight by six points of red, in the four colours of print.
+// Eight by six red points, in the four colours of print.
 QByteArray CmykJpeg() {
   return QByteArray::fromBase64(
       "/9j/7gAOQWRvYmUAZAAAAAAA/9sAQwANCQoLCggNCwoLDg4NDxMgFRMSEhMnHB4XIC4pMTAuKS0sMzpKPjM2RjcsLUBX"
@@ -199,7 +199,7 @@ QByteArray AnimatedGif() {
   return {bytes, sizeof bytes - 1};
 }
 
-// The head of a bmp of so many points, with nothing behind it.
+// The header of a bmp of this size, without pixels.
 QByteArray BmpHead(std::int32_t width, std::int32_t height) {
   QByteArray bytes("BM\0\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0", 18);
   bytes.append(reinterpret_cast<const char*>(&width), 4);
@@ -212,7 +212,7 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
     const char* What;
     QByteArray Bytes;
     int Error, Width, Height;
-    QRgb First;  // its upper left point, where it is looked at
+    QRgb First;  // its upper left point; 0: the point is not checked
   };
   QByteArray huge = Jpeg({64, 48});
   const qsizetype frame = huge.indexOf("\xFF\xC0");
@@ -251,7 +251,8 @@ TEST_F(Printing, PicturesStandUprightAndWhatIsNoneIsRefused) {
   EXPECT_EQ(ErrorOf([&] { shop.images.Load(File("missing.jpg")); }), kFehlerDateiFehlt);
 }
 
-// A copy of one on its side that is turned would take as much memory again: the page turns it.
+// A rotated copy of a photograph would need as much memory again, so the page rotates the
+// photograph.
 TEST_F(Printing, APhotographKeepsAllItsPointsAlsoWhenItIsTurned) {
   const QByteArray photo = Jpeg({1200, 800});
   for (const auto& [bytes, size] :
@@ -269,7 +270,7 @@ TEST_F(Printing, APhotographKeepsAllItsPointsAlsoWhenItIsTurned) {
   }
 }
 
-// ---- what goes wrong ----
+// ---- errors ----
 
 TEST_F(Printing, AFileThatCannotBeWrittenIsReportedAndLeavesNoPart) {
   std::filesystem::create_directory(Host("folder.pdf"));
@@ -282,7 +283,7 @@ TEST_F(Printing, AFileThatCannotBeWrittenIsReportedAndLeavesNoPart) {
     printer.OutputFile = file;
     printer.Print(L"texto");
     EXPECT_EQ(ErrorOf([&] { printer.EndDoc(); }), error);
-    printer.EndDoc();  // the job has come to nothing
+    printer.EndDoc();  // the failed job is gone, so this raises nothing
   }
 
   Printer& printer = Page(L"A4", 0);
@@ -320,7 +321,7 @@ TEST_F(Printing, APrinterThatGoesBetweenChoiceAndJobIsReported) {
   EXPECT_EQ(ErrorOf([&] { system.printers.Printer(); }), kFehlerDrucker);
 }
 
-// The system's command for printing, in place of which a script stands.
+// A script takes the place of the system's print command.
 TEST_F(Printing, ThePageGoesToTheSystemsCommandAndItsRefusalIsReported) {
   const QByteArray path = qgetenv("PATH");
   qputenv("PATH", QByteArray::fromStdString(home.Folder().string()) + ":" + path);

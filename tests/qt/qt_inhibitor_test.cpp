@@ -1,4 +1,4 @@
-// The desktop is asked to stay awake over a bus of the test's own, on which a desktop answers.
+// The tests start a bus of their own. A test object on this bus answers in place of the desktop.
 #include "backends/qt/desktop/qt_inhibitor.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ namespace vantora {
 
 namespace {
 
-// Notes what it is asked, and grants it under a number.
+// A desktop that records each call and grants it with a number.
 class Desk final : public QDBusVirtualObject {
  public:
   QString introspect(const QString& /*path*/) const override { return {}; }
@@ -34,10 +34,11 @@ class Desk final : public QDBusVirtualObject {
     return true;
   }
   QStringList Asked;
-  std::function<void()> Before;  // runs in front of the next answer
+  std::function<void()> Before;  // runs before the next answer
 };
 
-// Lets events run until the desktop has been asked so often; a busy machine takes its time.
+// Handles events until the desktop has received this number of calls. The time limit is long,
+// because the machine may be busy.
 void TurnUntil(const Desk& desk, qsizetype calls) {
   QElapsedTimer timer;
   timer.start();
@@ -61,7 +62,7 @@ TEST(QtInhibitor, ABusThatTakesCallsAndNeverAnswersHoldsNothingUp) {
   QtInhibitor inhibitor;
   QElapsedTimer timer;
   timer.start();
-  // More than the bus has room for.
+  // These are more connections than the bus has room for.
   std::vector<std::unique_ptr<Inhibition>> awake(4);
   for (auto& one : awake) one = inhibitor.Inhibit(L"Grabación");
   QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
@@ -92,7 +93,7 @@ TEST(QtInhibitor, TheDesktopIsAskedAndReleasedWhereThereIsABus) {
   awake.reset();
   TurnUntil(desk, 2);
   EXPECT_EQ(desk.Asked, (QStringList{"Inhibit Vantora", "UnInhibit 42"}));
-  // Granted after nobody wants it any more: taken back at once.
+  // The inhibition is dropped before the desktop grants it, so it is released at once.
   desk.Asked.clear();
   awake = inhibitor.Inhibit(L"Grabación");
   desk.Before = [&] { awake.reset(); };

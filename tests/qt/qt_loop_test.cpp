@@ -107,7 +107,7 @@ TEST_F(Stage, WorkFromThreadsRunsInOrderOnTheInterfaceThread) {
       if (i % 100 == 0) std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
   });
-  loop.TheUser = nullptr;  // so that the loop really sleeps between two posts
+  loop.TheUser = nullptr;  // without a user, the loop sleeps between two posts
   loop.Show(form);
   loop.Run();
   thread.join();
@@ -215,7 +215,7 @@ TEST_F(Stage, AWindowThatFillsTheScreenStillDoesWhenItComesBack) {
   Play(form);
 }
 
-// Where a mouse is that nobody presses, and that was pressed when the window took no input.
+// First no mouse button is pressed. Then a button is pressed while the window takes no input.
 TEST_F(Stage, APictureHearsOfTheMouseAboveItAndOfNoButtonThatWasNotPressedOnIt) {
   FullForm form(loop);
   std::string said;

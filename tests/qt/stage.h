@@ -1,4 +1,4 @@
-// The desktop's loop and hands on a stage.
+// A test fixture with the desktop's loop, its hands and a simulated user.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,7 +16,8 @@
 
 namespace vantora {
 
-// What the left button does at a place of a widget; `held` are the buttons that are down.
+// Sends a mouse event of the left button to a place of a widget; `held` are the buttons that are
+// down.
 inline void Mouse(QWidget& widget, QEvent::Type what, const QPointF& place, Qt::MouseButtons held) {
   QMouseEvent event(what, place, widget.mapToGlobal(place),
                     what == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
@@ -31,7 +32,8 @@ class Stage : public testing::Test {
     loop.OnError = [this](const Laufzeitfehler& error) { errors.push_back(error.what()); };
   }
 
-  // Shows the form and lets the person act until his story ends; what he meant to do last is done.
+  // Shows the form and runs the loop until the person has performed all steps. The test fails if
+  // the last action failed after its call.
   void Play(Form& form) {
     loop.Show(form);
     loop.Run();
@@ -39,7 +41,7 @@ class Stage : public testing::Test {
     EXPECT_NO_THROW(hands.Settle());
   }
 
-  QtEventLoop loop{"", {}, 20};  // no pictures, and time that runs 20 times as fast
+  QtEventLoop loop{"", {}, 20};  // no pictures; time runs 20 times as fast
   QtHands hands{loop};
   Person person;
   std::vector<std::string> errors;

@@ -12,7 +12,7 @@
 namespace vantora {
 namespace {
 
-// A bar of 200 pixels without arrows, and a hand on it.
+// A scroll bar of 200 pixels, and functions that use the mouse on the bar.
 struct Bar {
   Bar() {
     bar.setRange(0, 300);
@@ -31,7 +31,7 @@ struct Bar {
   }
   bool HandleAt(int y) { return bar.grab().toImage().pixelColor(6, y).lightness() > 80; }
 
-  QtEventLoop loop{"", {}, 20};  // dresses the application
+  QtEventLoop loop{"", {}, 20};  // applies the style to the application
   QScrollBar bar{Qt::Vertical};
 };
 
@@ -60,13 +60,14 @@ TEST(Style, AClickBesideTheHandleTurnsAPageAndTheEndsHaveNoArrows) {
   EXPECT_EQ(on.bar.value(), 0) << "the handle is there";
 }
 
-// Else the toolkit paints every widget once more whenever a window comes to the front.
+// If the colours differed, the toolkit would paint every widget again whenever a window comes to
+// the front.
 TEST(Style, WindowsInFrontAndBehindHaveTheSameColours) {
   const QtEventLoop loop{"", {}, 20};
   EXPECT_TRUE(QApplication::palette().isEqual(QPalette::Active, QPalette::Inactive));
 }
 
-// Only the lamps that go on or off are painted.
+// A change of the level paints only the lamps that go on or off.
 TEST(Style, AMeterThatMovesLooksLikeOneThatIsPaintedWhole) {
   for (const QSize& size : {QSize(196, 18), QSize(18, 196)}) {
     for (const Ears shown : {Ears::Both, Ears::Left, Ears::Right}) {
