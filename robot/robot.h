@@ -1,6 +1,6 @@
-// Plays a script in front of the program. A line that acts runs when the program waits for its
-// user, one line a turn, so that the program can respond in between. A line that only looks runs at
-// once.
+// Plays a script as the user of the program. A line that acts runs when the program waits for its
+// user, one line a turn, so that the program can respond in between. A line that only checks runs
+// at once.
 //
 // The first line that cannot be done ends the script: the program is left as it is, and the error
 // reads "SCRIPT:LINE: what was expected, what was found".

@@ -138,8 +138,8 @@ void ExpectFile(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
                     ", it has " + found);
 }
 
-// A name may be that of an output and of an input. The output is meant, except for `select`, which
-// only inputs have.
+// An output and an input may have the same name. The line then means the output; only `select`
+// means the input, because outputs have no selection.
 void ExpectMixer(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   const Text& name = line.Words[0].Content;
   const Text& what = line.Words[1].Content;

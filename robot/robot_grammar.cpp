@@ -514,7 +514,7 @@ const Grammar& GrammarOf(const ScriptLine& line) {
   return found->second;
 }
 
-// Takes the verb, and reads the other words by the verb's rules.
+// Takes the verb, and parses the other words by the rules of that verb.
 ScriptLine ParseLine(int number, const Text& source, std::vector<ScriptWord> parts) {
   ScriptLine line;
   line.Number = number;

@@ -8,7 +8,7 @@ namespace vantora {
 namespace {
 
 constexpr int kYes = 6, kNo = 7, kSingle = 1;
-constexpr int kAbort = 3, kIgnore = 5;  // retry is between them, on a box with three buttons
+constexpr int kAbort = 3, kIgnore = 5;  // 4 is retry; a box with three buttons has all of them
 constexpr int kBoxButtons = 3;
 
 constexpr int kHeldPauseMs = 20;
@@ -94,7 +94,7 @@ void Answer(RobotScene& scene, const ScriptLine& line, Form* front) {
 void Shot(RobotScene& scene, const ScriptLine& line, Form* front) {
   if (line.Subject) front = &scene.FindForm(line.Subject->Form);
   if (front == nullptr) throw Unreachable("a window was to be in front, there is none");
-  // Returns false without a screen; then there is no picture.
+  // Without a screen, Shot returns false and writes no picture.
   scene.TheHands().Shot(*front, scene.HostPath(line.Value));
 }
 

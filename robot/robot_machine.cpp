@@ -129,7 +129,8 @@ void LineIn(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   }
 }
 
-// The lines must be set before the start, because the program reads them when it starts.
+// The lines of the sound card must be set before the start, because the program reads the lines
+// when it starts.
 void Mixer(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   HeadlessMixer& mixer = scene.Stage().Mixer();
   if (line.Value != L"set" && scene.Running()) {

@@ -1,5 +1,5 @@
-// What the commands of a script work with: the stage, the windows and controls by their names, the
-// files, and later turns.
+// Gives the commands of a script the stage, the windows and controls by their names, the files, and
+// later turns.
 #pragma once
 
 #include "robot/robot_script.h"

@@ -29,7 +29,7 @@ class RobotStage {
   virtual void Sound(bool present) = 0;
   virtual void SetClock(const DateTime& now) = 0;
   virtual void Setting(const Text& key, const Text& value) = 0;
-  // Of the home folder; usable also before the start and after the end.
+  // The files of the home folder. They can be used also before the start and after the end.
   virtual Dateien& Files() = 0;
 
   // Starts the program for `user` (EventLoop::TheUser) and returns when its process has ended. It

@@ -1,5 +1,5 @@
-// What the lines of a script leave to later turns of the program: steps that remain of the running
-// line, and pauses in which the robot does nothing.
+// Holds the work that the lines of a script leave to later turns of the program: the remaining
+// steps of the running line, and pauses in which the robot does nothing.
 #pragma once
 
 #include "robot/robot_script.h"
@@ -20,11 +20,12 @@ class RobotTurns {
   // the next line.
   void Then(const ScriptLine& line, Step step);
   bool Pending() const { return !steps_.empty(); }
-  const ScriptLine& Line() const { return *line_; }  // of the steps, while some are pending
+  const ScriptLine& Line() const { return *line_; }  // the line of the pending steps
   Step Take();  // removes the next step; it may append others while it runs
   void Clear() { steps_.clear(); }
 
-  // Nothing is done for so many ms of the program's clock; `then` runs at their end.
+  // The robot does nothing for so many ms of the program's clock. `then` runs at the end of the
+  // pause.
   void Rest(int ms, std::function<void()> then = {});
   void RestOver() { resting_ = false; }
   bool Resting() const { return resting_; }
