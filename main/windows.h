@@ -1,11 +1,12 @@
-// The makers of all windows. Only the composition may include the header of every window.
+// The functions that create the windows. Only the composition may include the headers of all
+// windows.
 #pragma once
 
 namespace vantora {
 
 struct Programm;
 
-// Sets the makers of all windows of the program.
+// Sets the functions that create the program's windows.
 void AllWindows(Programm& program);
 
 }  // namespace vantora
