@@ -20,7 +20,7 @@ namespace vantora {
 namespace {
 
 constexpr double kDimmed = 0.38;
-constexpr qsizetype kPiecePoints = 128;  // of a polyline, so that pieces out of sight are skipped
+constexpr qsizetype kPiecePoints = 128;  // points in a piece of a line; unseen pieces are skipped
 
 // A trace that moves up and down by more pixels than this per column is drawn as bars.
 constexpr double kTravel = 6;
@@ -35,8 +35,8 @@ QPolygonF PointsOf(const DrawItem& item, double twips) {
   return points;
 }
 
-// Of consecutive points in one pixel column, only the first, the lowest, the highest and the last
-// are visible.
+// Keeps the first, the lowest, the highest and the last of consecutive points in a pixel column.
+// The other points are not visible.
 QPolygonF Thinned(const std::vector<int>& numbers, double twips) {
   const auto column = [&](std::size_t point) { return std::floor(numbers[2 * point] / twips); };
   const auto y = [&](std::size_t point) { return numbers[2 * point + 1]; };

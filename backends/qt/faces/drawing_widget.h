@@ -64,7 +64,7 @@ class DrawingWidget final : public QWidget {
   QColor ground_ = Qt::transparent;
   int revision_ = 0;
   double scale_ = 1;
-  bool ringed_ = false;  // has the focus, gained by the keyboard
+  bool ringed_ = false;  // true: the focus came by the keyboard
   std::vector<Mark> marks_;
 };
 

@@ -46,8 +46,8 @@ class WordsWidget final : public QLabel {
   bool Wrap = false, OwnFont = false, Framed = false;
 
   // Paints the words again after a change. Words that change faster than they can be read are
-  // painted less often. The timer only paints the last change, so it is late enough not to fire as
-  // long as changes go on.
+  // painted less often. The timer paints the last change: its delay is so long that it does not
+  // fire while changes go on.
   void Renew() {
     if (!isVisible()) return;
     if (sinceRenewed_.isValid() && sinceRenewed_.elapsed() < kReadingMs) {
@@ -132,7 +132,7 @@ class PointedFace : public Face {
   void Point(const QMouseEvent& event) {
     Control* told = control();
     if (told == nullptr) return;
-    // The control may have been moved since its widget was updated, when it follows the mouse.
+    // A control that follows the mouse may have moved since its widget was updated.
     const QPoint lag =
         look::Pixels(*told, window().Scale()).topLeft() - widget()->geometry().topLeft();
     const QPoint place = event.position().toPoint() - lag;

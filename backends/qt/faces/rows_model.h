@@ -1,5 +1,5 @@
-// The rows of a list view, copied for its table: the table paints by itself, possibly when the list
-// is already gone.
+// A copy of the rows of a list view. The table paints this copy, because the list may already be
+// gone when the table paints.
 #pragma once
 
 #include "platform/form.h"

@@ -10,8 +10,8 @@ namespace {
 
 constexpr char16_t kLastPlainLetter = 0xFF;
 
-// True for a line that certainly fits, by the widths of its letters. Setting the whole line would
-// decide all cases, but takes longer than drawing it.
+// True if the widths of the letters show that the line fits. False is no proof that the line is too
+// long: only a layout of the whole line would decide that, and a layout takes longer than drawing.
 bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
   int letters = 0;
   for (const QChar letter : line) {

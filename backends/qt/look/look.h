@@ -28,8 +28,8 @@ inline constexpr Color kEdge = Rgb(112, 118, 168);
 QString FromText(const Text& text);
 Text ToText(const QString& text);
 QColor Of(Color color);  // transparent for kTransparent
-// For 96 dots per inch, whatever the screen reports. When scaled down, words take no more space
-// relative to the window than at full size, although letters have whole pixels.
+// A font for 96 dots per inch, whatever the screen reports. When scaled down, words take no more
+// space relative to the window than at full size, although letters have whole pixels.
 QFont FontOf(int points, bool bold, double scale = 1);
 // The font of a control that shows a font of the user's choice at the size of the other words on
 // the screen.

@@ -1,5 +1,5 @@
-// Keeps drawn pictures in a file between runs, since drawing the pictures of a window takes longer
-// than everything else of showing it. The file is mapped into memory, so only the pictures shown
+// Keeps drawn pictures in a file between runs: drawing the pictures of a window takes longer than
+// all other work of showing the window. The file is mapped into memory, so only the pictures shown
 // are read. The file may be deleted at any time. It is written either completely or not at all.
 //
 // The file holds, in the byte order of the machine: kMagic, the length of the list of pictures, the
@@ -24,8 +24,8 @@ class PictureStore {
   PictureStore(const PictureStore&) = delete;
   PictureStore& operator=(const PictureStore&) = delete;
 
-  // Returns the picture kept under `key`, if its source has the same stamp as then; otherwise a
-  // null image. The pixels are valid as long as the store.
+  // Returns the picture that was kept under `key` with the same stamp of its source, or a null
+  // image. The pixels are valid as long as the store.
   QImage Find(const QString& key, qint64 stamp);
   // `image` must have one of the two formats of the file.
   void Keep(const QString& key, qint64 stamp, const QImage& image);

@@ -35,7 +35,8 @@ long long PointsOfBmp(const QByteArray& bytes) {
   return side(kWidth) * side(kHeight);
 }
 
-// True for a bmp with fewer bytes than pixels: the rest would show old contents of memory.
+// True for a bmp that ends before its last pixel. The missing pixels would show old contents of
+// memory.
 bool CutOff(const QByteArray& bytes) {
   constexpr int kStart = 10, kHeader = 14, kWidth = 18, kHeight = 22, kBits = 28, kPacking = 30;
   constexpr quint32 kPlain = 0, kMasks = 3, kUsualHeader = 40;

@@ -23,8 +23,9 @@ inline QPoint MiddleOf(const QRect& place) {
 Fit FitInto(const QRect& room, const QMargins& frame, const QSize& natural, const QPoint& middle,
             double least);
 
-// The size of a screen in pixels. The toolkit returns it divided by `scale` and rounded. Of the
-// numbers that fit, this returns the one with the most factors of 2: no screen is 1025 pixels wide.
+// The size of a screen in pixels. The toolkit returns this size divided by `scale` and rounded, so
+// several sizes are possible. This function returns the size with the most factors of 2, since no
+// screen is 1025 pixels wide.
 int ScreenPixels(int divided, double scale);
 
 }  // namespace vantora
