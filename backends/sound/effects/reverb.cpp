@@ -6,8 +6,8 @@
 // with feedback below 1 the network decays for any delays.
 //
 // Each ear reads a line at its own place. The ear that is farther from the echo hears it some
-// milliseconds later, by a different time in each line. So the ears differ, for a sound in the
-// middle too, and no echo is inverted in one ear, so the mono sum keeps all echoes. The later ear
+// milliseconds later, by a different time in each line. The ears therefore differ even for a sound
+// in the middle. No echo is inverted in one ear, so the mono sum keeps all echoes. The later ear
 // hears the line before this repeat's damping: the difference is inaudible and saves a filter.
 //
 // A line's gain g becomes g^(40/feedback). All lines decay equally in dB per second when their

@@ -9,7 +9,7 @@
 // An echo has a delay in ms (2 to 2000, decimals allowed), a gain in percent (-100 to 100), a
 // feedback in percent (-99 to 99), a damping in percent (0 to 100: how much treble is lost with
 // each repeat) and a position (-100 left to 100 right). Difusion (0 to 100) is how much the echoes
-// feed each other: at 0 each repeats itself only. A missing or invalid number counts as 0.
+// feed each other: at 0 an echo repeats only itself. A missing or invalid number counts as 0.
 //
 // The feedbacks of the file apply when SetFeedback is 40, the value with which the program starts.
 // The decay time is proportional to SetFeedback: at 80 it is twice that of the file.
