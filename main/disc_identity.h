@@ -1,6 +1,6 @@
-// The media control interface with the identities of discs that the embedded writer has made. Such
-// a disc is an image that is not put into the embedded drive by itself; that drive may hold another
-// disc.
+// The media control interface, which here also returns the identity of a disc that the embedded
+// writer has written. Such a disc is an image file. The writer does not put the image into the
+// embedded drive, so that drive may hold another disc.
 #pragma once
 
 #include "backends/cdio/disc_mci.h"

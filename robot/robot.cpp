@@ -188,8 +188,8 @@ void Robot::Wait(const ScriptLine& line, Form* /*front*/) {
   turns_.Rest(static_cast<int>(std::max<std::int64_t>(due - now, 0)), [this, due] { beat_ = due; });
 }
 
-// The inner line runs outside of a turn, so nothing would notice a failure soon; it ends the
-// program.
+// The inner line runs outside of a turn, where a failure would not be noticed soon. A failure
+// therefore ends the program.
 void Robot::After(const ScriptLine& line, Form* /*front*/) {
   afterPending_.push_back(&line);
   scene_.Stage().Loop().PostAfter(line.Numbers.front(), [this, &line] {
