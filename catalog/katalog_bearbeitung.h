@@ -29,7 +29,7 @@ class KatalogBearbeitung {
   void Verschieben(int schritt);  // moves the track in work up (-1) or down (1)
 
   // ---- properties, which the user changes in a dialog ----
-  void TrackDatenAendern(bool ohneUndo = false);  // changes the track in work
+  void TrackDatenAendern(bool ohneUndo = false);  // asks for changes of the track in work
   void KatalogDatenAendern(bool ohneUndo = false);
   // Opens the dialog for the track in work if a row is selected, else for the catalog.
   void Eigenschaften();
