@@ -152,7 +152,7 @@ void frmWaveEditor::marker_update() {
   lblMarkerDelta.Caption = SmpToTime(a.NurCursor ? 0 : a.MarkerEnde - a.MarkerAnfang);
 }
 
-// ---- the same by the keyboard ----
+// ---- the marker by the keyboard ----
 
 // Arrow keys move the cursor by a pixel, so their steps are finer in a closer view. With Shift,
 // arrow keys drag the marker. Each key does the same as the mouse at that place.
