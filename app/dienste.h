@@ -30,7 +30,7 @@ class Dienste {
   Plattform& plattform;
 
   // ---- texts ----
-  // From the table of texts; raises error 326 when the number has no text.
+  // Returns a text of the table of texts. Raises error 326 when the number has no text.
   vantora::Text Text(int nummer) const;
 
   // ---- log ----
@@ -67,7 +67,7 @@ void ZeichenErsetzen(Text& text, wchar_t alt, wchar_t neu);
 Text TextErsetzen(const Text& text, const Text& was, const Text& mit);
 // Cuts a text into its parts; a separator at its end leaves one empty part. Returns the last part.
 Text Split(const Text& text, const Text& trenner, std::vector<Text>& teile);
-// Puts each line of a list on a line of its own; behind the eighth, "…" stands for the rest.
+// Puts each line of a list on a line of its own. After the eighth line, "…" stands for the rest.
 Text ZeilenListe(const std::vector<Text>& zeilen);
 bool DateiNameGueltig(const Text& name);
 bool NurZiffern(int taste);

@@ -20,10 +20,10 @@ class KatalogDienst {
   // Rebuilds the list, and removes tracks whose files are missing or invalid.
   virtual void KatalogShow() = 0;
   virtual void KatalogNeu() = 0;             // empties the list and the times; the tracks stay
-  virtual void KatalogInitialisieren() = 0;  // an empty catalog under the usual title
-  // Fill the lists with the shown tracks, from index 1; index 0 is unused. Lengths are in seconds
-  // and include the pause after the track, except for the last track. While the list is empty,
-  // GetKatInfos does not change its arguments.
+  virtual void KatalogInitialisieren() = 0;  // makes an empty catalog with the usual title
+  // These functions fill lists with the shown tracks, from index 1; index 0 is unused. Lengths are
+  // in seconds and include the pause after the track, except for the last track. While the list is
+  // empty, GetKatInfos does not change its arguments.
   virtual void GetFileNames(std::vector<Text>& dateien) const = 0;
   virtual void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
                            std::vector<std::int32_t>& laengen, Text& katalogTitel,

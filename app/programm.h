@@ -87,7 +87,8 @@ struct Programm : Dienste,
   int MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
                bool nichtMehrZeigen = false);
 
-  // Report in the program's words why a print job failed, or why a picture could not be read.
+  // These functions report in the program's words why a print job failed, or why a picture could
+  // not be read.
   void DruckFehlerMelden(const Laufzeitfehler& fehler);
   void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
 
@@ -109,7 +110,7 @@ struct Programm : Dienste,
 
   void Zeigen(VtrFenster& fenster);
   void ZeigeModal(const std::shared_ptr<VtrFenster>& fenster);
-  // Processes events for so long inside a long job, so that the windows stay alive.
+  // Processes events for `ms` milliseconds inside a long job, so that the windows stay alive.
   void Pausieren(int ms);
   void Pausieren(int ms, const bool& solange);  // ends early when `solange` becomes false
   // Keeps an unloaded window alive until no handler of it can be running any more.
@@ -150,7 +151,7 @@ struct Programm : Dienste,
  private:
   void VerzeichnisseAnlegen(const std::vector<vantora::Text>& pfade);
   void FehlerMelden(const Laufzeitfehler& fehler);
-  void FehlerVermerken(const vantora::Text& was);  // in the log
+  void FehlerVermerken(const vantora::Text& was);  // writes an error into the log
   void EinstellungenMelden(const vantora::Text& datei, const Laufzeitfehler& grund);
 
   std::deque<std::shared_ptr<VtrFenster>> entladene_;

@@ -1,5 +1,5 @@
-// Whether the screen has enough colours and room for the program, and for which main window. A
-// screen that the program cannot use is reported, and ProgrammEnde is raised.
+// Checks whether the screen has enough colours and room for the program, and chooses the size of
+// the main window. A screen that the program cannot use is reported, and ProgrammEnde is raised.
 #pragma once
 
 namespace vantora {
@@ -10,7 +10,7 @@ void FarbenPruefen(Programm& prog);
 
 // `OhneBild` is the small window without a picture behind it.
 enum class FensterGroesse { OhneBild, Klein, Gross };
-// Stores the size of the screen in the program, and returns the window that it has room for.
+// Stores the size of the screen in the program, and returns the size of the main window.
 FensterGroesse BildschirmPruefen(Programm& prog);
 
 }  // namespace vantora

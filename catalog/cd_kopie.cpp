@@ -17,7 +17,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kEinlegeMs = 1500;  // until the drive has noticed its disc
+constexpr int kEinlegeMs = 1500;  // time until the drive notices a new disc
 constexpr int kAnlaufMs = 500;
 constexpr int kBrauchbar = 500;  // lowest mode of a usable device
 
@@ -173,7 +173,7 @@ void CDKopie::CDKopieren() {
   vantora::frmKomponenten& k = prog.frmKomponenten();
   const Text laufwerk = QuellLaufwerk();
   k.CD_Close();
-  fenster_.FreiSetzen(false);  // no other job may begin while the drive is awaited
+  fenster_.FreiSetzen(false);  // no other job may begin while the program waits for the disc
   const bool bereit = QuellDiscOeffnen(laufwerk) && KopieVorbereiten();
   k.CD_Close();
   const bool gelesen = bereit && KopieLesen();

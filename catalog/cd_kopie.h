@@ -21,8 +21,8 @@ class CDKopie {
   };
   CDKopie(Programm& programm, Teile teile, HauptFenster& fenster);
 
-  // Does nothing while a copy runs. Events run meanwhile; the window is disabled while the disc is
-  // awaited and read.
+  // Does nothing while a copy runs. Events run during a copy. The main window is disabled while the
+  // program waits for the disc and reads it.
   void Kopieren();
 
  private:

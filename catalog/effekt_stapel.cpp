@@ -33,7 +33,8 @@ void EffektStapel::Beginnen() {
 }
 
 void EffektStapel::Laufen(const std::vector<Text>& dateien) {
-  // A file that cannot be written blocks the batch for ever, so the window can be closed even then.
+  // A file that cannot be written blocks the batch for ever, so the user can close the window
+  // during a batch.
   fenster_.FreiSetzen(false);
   fenster_.EndeErlauben(true);
   prog.EditorBatch = true;

@@ -15,11 +15,11 @@ struct Programm;
 
 class EffektStapel {
  public:
-  // Where the progress is shown. The bar grows over the label `Bahn`.
+  // The controls that show the progress. The bar grows over the label `Bahn`.
   struct Tafel {
     Shape& Balken;
     Label& Bahn;
-    Label& Stand;  // the number of the file, and of all files
+    Label& Stand;  // the number of the present file, and the number of all files
   };
   EffektStapel(Programm& programm, Tafel tafel, KatalogListe& liste, Vorschau& vorschau,
                HauptFenster& fenster);

@@ -130,7 +130,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst, private Haup
   Label lblKatalogTitel{*this, L"lblKatalogTitel"};
   Label lblKatalogInterpret{*this, L"lblKatalogInterpret"};
   Label lblKatalogDatei{*this, L"lblKatalogDatei"};
-  Shape shpStapel{*this, L"shpStapel"};  // over the file's name: the progress of a batch
+  Shape shpStapel{*this, L"shpStapel"};  // the progress of a batch; lies over the file's name
   Label lblKatalogLaenge{*this, L"lblKatalogLaenge"};
   Label lblRestzeitCD{*this, L"lblRestzeitCD"};
   Label lblTimeOver{*this, L"lblTimeOver"};
@@ -175,7 +175,7 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst, private Haup
   void KnoepfeZeigen() override;
   void EndeErlauben(bool erlaubt) override { CloseWhileDisabled = erlaubt; }
 
-  // making
+  // construction
   std::vector<TabellenKnopf> KnopfTabelle();
   void KnoepfeEinrichten();
   void MenueEinrichten();

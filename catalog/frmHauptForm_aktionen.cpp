@@ -103,7 +103,7 @@ void frmHauptForm::imgMixer_MouseUp() {
   prog.ZeigeModal(prog.frmMixer.Laden());
 }
 
-// The name does not match the job: this is the exit button.
+// In spite of its name, this is the handler of the exit button.
 void frmHauptForm::imgÜberblenden_MouseUp() {
   PlayWaveNormal(L"");
   prog.AppLog(L"imgÜberblenden_MouseUp", L"Prg. beenden");
@@ -187,7 +187,8 @@ void frmHauptForm::imgBrennen_MouseUp() {
   }
   brennen->optTrackAtOnce.SetValue(true);
   for (std::size_t i = 1; i < prog.Katalog.size(); ++i) {
-    // A crossfade has no gap, so a catalog with a crossfade is burnt disc-at-once if the drive can.
+    // A crossfade has no gap, so a catalog with a crossfade is burnt disc-at-once if the drive
+    // supports this.
     if (!brennen->optDiscAtOnce.Enabled || prog.Katalog[i].Ueberblendet == 0) continue;
     brennen->optDiscAtOnce.SetValue(true);
     break;

@@ -1,4 +1,5 @@
-// The tracks of another catalog, of which the user takes some into the present one.
+// Shows the tracks of another catalog. The user chooses the tracks that are added to the open
+// catalog.
 #pragma once
 
 #include "app/fenster.h"

@@ -1,5 +1,5 @@
-// The main window, as its parts see it. All calls come from the interface thread while the window
-// lives.
+// The operations of the main window that its parts call. All calls come from the interface thread
+// while the window lives.
 #pragma once
 
 namespace vantora {

@@ -169,7 +169,7 @@ void KatalogAblage::LoadLastCat() {
 
 void KatalogAblage::LiedKatalog() {
   vorschau_.PlayWaveNormal(L"");
-  KatalogNamen quelle;  // of another catalog, so the open catalog keeps its own names
+  KatalogNamen quelle;  // names of the other catalog; the open catalog keeps its own
   if (!KatalogWaehlen(8035, quelle)) return;
   prog.KatalogGeaendert = true;
   liste_.DateiNameBehalten();

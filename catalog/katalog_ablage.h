@@ -1,5 +1,5 @@
-// The catalog and its files: new, open, append, save, and the one of the last session. Every
-// dialog keeps the catalog's name until the file has been read or written.
+// Makes, opens, appends and saves catalogs, and opens the catalog of the last session. Every dialog
+// keeps the name of the open catalog until the file has been read or written.
 #pragma once
 
 #include "platform/text.h"
@@ -15,9 +15,10 @@ class KatalogAblage {
  public:
   KatalogAblage(Programm& programm, KatalogListe& liste, KatalogZeiten& zeiten, Vorschau& vorschau);
 
-  void KatalogInitialisieren();   // an empty catalog under the usual title
-  void NeuerKatalog();            // the same without a file; offers to save a changed catalog
-  void KatalogGeaendertFragen();  // offers to save a changed catalog
+  void KatalogInitialisieren();  // makes an empty catalog with the usual title
+  // Offers to save a changed catalog, and then makes an empty catalog without a file.
+  void NeuerKatalog();
+  void KatalogGeaendertFragen();             // offers to save a changed catalog
   bool KatalogSpeichern(const Text& datei);  // false: the user refused to replace a file
   void LoadLastCat();
 
@@ -26,7 +27,7 @@ class KatalogAblage {
   void Speichern();
   void Anhaengen();
   void LiedKatalog();            // shows the tracks of another catalog, to choose from
-  void LiedAusKatalogAnzeige();  // fills that window's list
+  void LiedAusKatalogAnzeige();  // fills the list of frmLiedAusKatalog
 
  private:
   struct KatalogNamen {

@@ -60,7 +60,7 @@ void KatalogBearbeitung::Verschieben(int schritt) {
   SetNewPos(Ganz16(alt), Ganz16(neu));
   liste_.TitelWaehlen(neu);
   for (const int zeile : {1, alt, neu}) {
-    // A row may have lost its file and be gone by now.
+    // A row is removed when its file is missing, so it may not exist any more.
     Weiter([&] { liste_.Zeile(zeile).SetSelected(zeile == neu); });
   }
 }

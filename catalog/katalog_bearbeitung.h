@@ -1,5 +1,5 @@
-// What the user changes in the open catalog: tracks that are added or moved, and the properties of
-// a track or of the catalog.
+// The changes that a user makes to the open catalog: adding and moving tracks, and editing the
+// properties of a track or of the catalog.
 #pragma once
 
 #include "platform/mmtools.h"
@@ -29,10 +29,11 @@ class KatalogBearbeitung {
   void Verschieben(int schritt);  // moves the track in work up (-1) or down (1)
 
   // ---- properties, which the user changes in a dialog ----
-  void TrackDatenAendern(bool ohneUndo = false);  // of the track in work
+  void TrackDatenAendern(bool ohneUndo = false);  // asks for changes of the track in work
   void KatalogDatenAendern(bool ohneUndo = false);
-  void Eigenschaften();  // of the track in work when a row is selected, else of the catalog
-  void NeuenTrackBearbeiten(int nummer);  // deselects the rows before it
+  // Opens the dialog for the track in work if a row is selected, else for the catalog.
+  void Eigenschaften();
+  void NeuenTrackBearbeiten(int nummer);  // deselects all rows before the new track
 
  private:
   void TrackUebernehmen();

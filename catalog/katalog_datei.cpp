@@ -92,8 +92,8 @@ void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
   std::int32_t anzahl = 0;
   leser.Zahl(anzahl);
   if (anzahl < 0) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
-  // The count is higher than the program can number and than the file has room for, so this is no
-  // catalog, and nothing of it is read.
+  // A count that is higher than the program can number, and than the file has room for, shows that
+  // the file is no catalog. Nothing is read from it.
   if (anzahl > kMeisteTracks &&
       kKopf + (std::int64_t{anzahl} + 1) * kKuerzesterEintrag > offen->Length()) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");

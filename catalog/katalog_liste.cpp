@@ -30,8 +30,8 @@ void KatalogListe::KatalogNeu() {
   zeiten_.Leeren();
 }
 
-// Takes over changes of the wave file since the record was written. The old length is compared with
-// one computed from whole MB, so nearly every call reads the length again.
+// Updates a record if its wave file has changed since the record was written. The old length is
+// compared with a length computed from whole MB, so nearly every call reads the length again.
 void KatalogListe::DateiNachlesen(KatalogEintrag& e, const Text& datei, const WaveBefund& befund) {
   Weiter([&] {
     const std::int64_t bytes =
@@ -60,7 +60,7 @@ void KatalogListe::ZeileFuellen(int i, const Text& datei, const WaveBefund& befu
   const bool existiert = befund.Gueltig || prog.DateiExistiert(datei);
   if (existiert) DateiNachlesen(e, datei, befund);
   const bool letzte = i == UBound(prog.Katalog);
-  // The last column first, so that memory is allocated once.
+  // The last column is set first, so that memory is allocated once.
   zeile.SetSubItems(8, prog.Text(existiert ? 2 : 3));
   zeile.SetSubItems(0, e.Ueberblendet == -1 ? L"X" : L" ");
   zeile.SetSubItems(1, Format(i, L"00"));
@@ -190,8 +190,8 @@ bool KatalogListe::LoeschenFragen(std::vector<int>& zeilen) {
                                        : prog.Text(8062) + nummer + kZeilenEnde + prog.Text(8020) +
                                              titel + prog.Text(8063);
   if (prog.MsgBoxen(frage, kJaNein) != kJa) return false;
-  // Rows may have been removed while the message box was open: when the window gets the focus
-  // back, tracks without a file leave the list. So the rows are looked up again.
+  // Rows may have been removed while the message box was open: when the window gets the focus back,
+  // tracks without a file are removed. So the rows are looked up again.
   for (std::size_t i = 0; i < zeilen.size(); ++i) {
     zeilen[i] = Wiederfinden(prog.Katalog, gemeint[i], zeilen[i]);
   }

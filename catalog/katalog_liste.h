@@ -1,5 +1,5 @@
-// The catalog as the list that the main window shows: its rows, the selected ones, how the list is
-// rebuilt and repaired, and how rows leave it. Rows count from 1, as the tracks of the catalog do.
+// The catalog as a list in the main window. This class fills the list and rebuilds it, removes
+// tracks, and knows the selected rows. Rows count from 1, as the tracks of the catalog do.
 #pragma once
 
 #include "platform/controls.h"
@@ -18,7 +18,7 @@ struct WaveBefund;
 
 class KatalogListe {
  public:
-  // Where the catalog is shown.
+  // The controls that show the catalog.
   struct Tafel {
     ListView& Liste;
     Label& Titel;
@@ -47,9 +47,9 @@ class KatalogListe {
   int Zeilen() const { return tafel_.Liste.ListItems.Count(); }
   ListItem& Zeile(int nummer) { return tafel_.Liste.ListItems(nummer); }
   const ListItem& Zeile(int nummer) const { return tafel_.Liste.ListItems(nummer); }
-  Text DateiDerZeile(int nummer) const;  // without blanks around it
-  // Fill the lists with the shown tracks, from index 1; index 0 is unused. Lengths are in seconds
-  // and include the pause after the track, except for the last track.
+  Text DateiDerZeile(int nummer) const;  // without blanks at both ends
+  // These functions fill lists with the shown tracks, from index 1; index 0 is unused. Lengths are
+  // in seconds and include the pause after the track, except for the last track.
   void GetKatInfos(std::vector<Text>& interpreten, std::vector<Text>& titel,
                    std::vector<std::int32_t>& laengen, Text& katalogTitel,
                    Text& katalogInterpret) const;
@@ -58,10 +58,10 @@ class KatalogListe {
   // ---- selection ----
   int AktuellerTitel() const { return AktuellerTitel_; }  // the track in work, 0 for none
   void TitelWaehlen(int nummer);
-  int SpielZeile() const;  // the row to play: the track in work, else the first selected row
+  int SpielZeile() const;  // the row of the track in work, else the first selected row
   std::vector<int> GewaehlteZeilen() const;
 
-  // ---- tracks leave, and come back ----
+  // ---- removing tracks, and undoing it ----
   void KatRowDelete();  // removes the selected tracks, after a question
   void KatalogLastStepSave();
   void KatalogUndo();
@@ -81,7 +81,7 @@ class KatalogListe {
 
   std::int16_t AktuellerTitel_ = 0;
   bool KatalogGeladen = false;
-  bool KatalogAnzeigenInteraktiv = true;  // false: rows leave the list without a question
+  bool KatalogAnzeigenInteraktiv = true;  // false: rows are removed without a question
 };
 
 }  // namespace vantora

@@ -22,13 +22,13 @@ void PauseBestimmen(KatalogFeld& katalog, int nummer);
 // moved it up; 0 when the record itself was removed.
 int Wiederfinden(const KatalogFeld& katalog, const KatalogEintrag& eintrag, int nummer);
 
-// Returns the number that a track moves to, one step up (-1) or down (1); 0 for none. A block of
-// crossfaded tracks is skipped as a whole.
+// Returns the number to which a track moves by one step up (-1) or down (1), or 0 if it cannot
+// move. A block of crossfaded tracks is skipped as a whole.
 int ZielDesSchritts(const KatalogFeld& katalog, int nummer, int schritt);
 
 // Appends the tracks of another catalog; they take over the titles of this one.
 void KatalogAnfuegen(KatalogFeld& katalog, const KatalogFeld& quelle);
-// Appends one track, as above.
+// Appends one track, which takes over the titles of this catalog.
 void TrackAnfuegen(KatalogFeld& katalog, const KatalogEintrag& track);
 
 void TracksEntfernen(KatalogFeld& katalog, const std::vector<int>& nummern);

@@ -1,4 +1,4 @@
-// How long the catalog lasts, and how much time the disc has left.
+// Shows the length of the catalog and the time that remains on the disc.
 #pragma once
 
 #include "platform/controls.h"
@@ -13,12 +13,13 @@ class KatalogZeiten {
  public:
   KatalogZeiten(Programm& programm, Label& laenge, Label& rest);
 
-  void Leeren();       // the times of an empty catalog
-  void Zeigen();       // the times of the present catalog, red when it is longer than the disc
-  void NachOeffnen();  // the same right after opening: red already when little time remains
-  // Reports a catalog that is longer than the disc.
+  void Leeren();  // shows the times of an empty catalog
+  void Zeigen();  // shows the present times, in red if the catalog is longer than the disc
+  // Shows the times right after opening, in red already if little time remains.
+  void NachOeffnen();
+  // Reports to the user a catalog that is longer than the disc.
   void ObInZeitGrenzen(std::int64_t ms);
-  void Pruefen();  // the same for the present catalog
+  void Pruefen();  // reports the present catalog if it is longer than the disc
 
  private:
   void RestzeitZeigen(std::int64_t restMs, bool gruen);

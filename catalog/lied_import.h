@@ -18,7 +18,7 @@ struct Programm;
 
 class LiedImport {
  public:
-  // The parts that it works with. `Wave` checks and measures the files.
+  // The other parts of the main window that an import uses. `Wave` checks and measures the files.
   struct Teile {
     KatalogListe& Liste;
     KatalogBearbeitung& Bearbeitung;
@@ -28,15 +28,15 @@ class LiedImport {
   LiedImport(Programm& programm, Teile teile, HauptFenster& fenster);
 
   void Importieren();  // asks for files, and appends them to the catalog
-  // Every one of these files could be imported.
+  // Returns true if all these files can be imported.
   static bool NurMusik(const std::vector<Text>& dateien);
 
-  // Of the import that runs, or of the last one.
+  // Numbers of files in the present import, or in the last one.
   std::int16_t DateienGesamt() const { return DateienGesamt_; }
   std::int16_t DateienOffen() const { return DateienOffen_; }  // not yet in the catalog
 
  private:
-  enum class Einfuhr { Fertig, Weiter, Ende };  // what becomes of the rest of the files
+  enum class Einfuhr { Fertig, Weiter, Ende };  // whether the import goes on with the other files
   void VieleDateien();
   Einfuhr EineDatei(const Text& datei, bool mehrere);
   Einfuhr WaveDatei(const Text& datei, bool mehrere, Text& fertig);
@@ -50,7 +50,7 @@ class LiedImport {
   Teile t_;
   HauptFenster& fenster_;
   std::int16_t DateienGesamt_ = 0, DateienOffen_ = 0;
-  std::int16_t DateiNummer = 0;  // from 0, of several files
+  std::int16_t DateiNummer = 0;  // number of the present file among several, from 0
 };
 
 }  // namespace vantora

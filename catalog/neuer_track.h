@@ -1,5 +1,5 @@
-// The record of a new track. Its title and performer come from earlier catalogs, from the name of
-// its file, or from the usual texts, as the settings say.
+// Makes the record of a new track. Depending on the settings, title and performer come from earlier
+// catalogs, from the name of the file, or from the usual texts.
 #pragma once
 
 #include "app/zustand/katalog_eintrag.h"

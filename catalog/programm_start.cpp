@@ -120,7 +120,7 @@ void ProgrammStart::Optionen() {
   Schritt([&] { Status(1103); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastDir"); });
   Schritt([&] { prog.LoadLastDir(); });
-  // Unfinished edits are mended before any file of the user's is examined.
+  // Unfinished edits are mended before any of the user's files is examined.
   Schritt([&] { Ausgebessert_ = prog.plattform.edits.Mend(); });
   Schritt([&] { prog.AppLog(kOrt, L"LoadLastCatalog"); });
   Schritt([&] { t_.Ablage.LoadLastCat(); });

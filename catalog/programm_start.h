@@ -26,7 +26,7 @@ class ProgrammStart {
 
   // Raises ProgrammEnde when the user gives up at an error.
   void Init_Prog();
-  // Reports edits and burns that a killed program had left unfinished, once.
+  // Reports once the edits and burns that a killed program had left unfinished.
   void AusgebessertZeigen();
 
  private:

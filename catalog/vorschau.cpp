@@ -13,7 +13,7 @@ namespace {
 constexpr int kLetzteMixerLinie = 4;
 constexpr int kLeiserPegel = 4001, kHoerbarerPegel = 50;
 constexpr int kAnlaufMs = 100;
-constexpr int kNachlaufMs = 250;                 // until a stopped preview is silent
+constexpr int kNachlaufMs = 250;                 // time until a stopped preview is silent
 constexpr std::int64_t kWerteJeSekunde = 88200;  // samples of both channels
 
 }  // namespace
@@ -39,7 +39,7 @@ void Vorschau::MMConnectorX1() {
   };
 }
 
-// The user is asked when the mixer would make the preview inaudible.
+// If the mixer would make the preview inaudible, asks the user whether to change that.
 void Vorschau::MixerFragen() {
   vantora::frmMixer& mixer = prog.frmMixer();
   for (int i = 1; i <= kLetzteMixerLinie; ++i) {

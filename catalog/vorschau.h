@@ -24,7 +24,7 @@ class Vorschau {
   void Vorspielen(const Text& datei);  // the play button
   void Stop();                         // the stop button
   void Ausklingen();                   // stops a preview, and waits until it is silent
-  void PegelErneuern();                // the meter runs again; events run
+  void PegelErneuern();                // switches the meter on again; events run meanwhile
 
   // The flag that the main window and the medley window share: a preview has been started.
   bool Spielt() const { return Abspielen; }

@@ -8,7 +8,7 @@
 
 namespace vantora {
 
-// The result of examining a file once.
+// The result of one examination of a file.
 struct WaveBefund {
   bool Gueltig = false;
   double LaengeMs = 0;     // of a valid file; not rounded
@@ -21,7 +21,7 @@ struct WaveBefund {
 WaveBefund WavePruefen(Plattform& plattform, MMWave& wave, const Text& datei);
 bool CheckWaveValid(Plattform& plattform, MMWave& wave, const Text& datei);
 
-// Length in ms, not rounded. Raises the errors of opening.
+// Returns the length in ms, not rounded. Raises the errors of opening.
 double WaveLaenge(MMWave& wave, const Text& datei);
 
 }  // namespace vantora

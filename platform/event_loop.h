@@ -18,7 +18,8 @@ namespace vantora {
 
 enum class Pointer { Normal = 0, SizeWE = 9, Hourglass = 11, ArrowHourglass = 13 };
 
-// A substitute for a human user, asked whenever the loop would wait for input.
+// A substitute for a human user. The loop asks the substitute whenever the loop would wait for
+// input.
 class User {
  public:
   virtual ~User() = default;
@@ -71,14 +72,15 @@ class EventLoop {
 
   const std::vector<Form*>& Forms() const { return forms_; }  // all loaded forms
 
-  // Runs a handler of a window by the rules above.
+  // Runs a handler of a window. The exceptions of the handler are treated as the beginning of this
+  // file describes.
   void Dispatch(const std::function<void()>& handler);
   bool Ended() const { return ended_; }
 
  protected:
   friend class Form;
-  virtual void Attach(Form& form);  // it is loaded
-  virtual void Detach(Form& form);  // it goes
+  virtual void Attach(Form& form);  // the form is loaded
+  virtual void Detach(Form& form);  // the form is destroyed
   static void SetVisible(Form& form, bool visible);
   void LeaveIfEnded() const;  // throws ProgrammEnde after the end
 

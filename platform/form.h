@@ -1,5 +1,5 @@
 // A window: its controls in the order in which they were made, and the events of the window itself.
-// A form draws nothing and waits for nothing; that is the event loop's work.
+// A form draws nothing and waits for nothing; the event loop does both.
 #pragma once
 
 #include "platform/controls.h"
@@ -18,40 +18,43 @@ class Form {
   const Text Name;
 
   std::vector<Control*> Controls;
-  std::vector<Timer*> Timers;  // those among the controls
+  std::vector<Timer*> Timers;  // the timers among the controls
   std::vector<Menu> Menus;
 
-  // The window's own values live on a hidden control, so that they are properties like all others.
+  // The window's own values are properties of a hidden control, so that they behave like all other
+  // properties.
   class Frame : public Control {
    public:
     using Control::Control;
     ControlKind Kind() const override { return ControlKind::Shape; }
   };
-  // Left, Top, Width, Height (of the inner area, twips), Enabled, BackColor. One that is shown over
-  // another window stands over the middle of that, wherever it was placed before.
+  // Left, Top, Width and Height of the inner area in twips, Enabled, and BackColor. A window that
+  // is shown over another window is centred over that window, wherever it was placed before.
   Frame Window;
   Property<Text> Caption{Window, Text()};
-  Property<Text> Picture{Window, Text()};  // ground, fills the inner area
-  bool HasBorder = true;                   // title bar of the desktop
-  bool FillsScreen = false;                // without a border, over the desktop's own bars
-  bool CloseWhileDisabled = false;         // Form_Close comes also while the window is disabled
-  bool EscapeWhileDisabled = false;        // so does Escape, to Form_KeyDown alone
-  bool FirstFocus = true;  // false: no control has the focus before the user has given it to one
+  Property<Text> Picture{Window, Text()};  // background; fills the inner area
+  bool HasBorder = true;                   // the window has the desktop's title bar
+  bool FillsScreen = false;          // the window covers the desktop's own bars and has no border
+  bool CloseWhileDisabled = false;   // Form_Close is called even while the window is disabled
+  bool EscapeWhileDisabled = false;  // Form_KeyDown gets Escape even while the window is disabled
+  bool FirstFocus = true;            // false: no control has the focus until the user chooses one
 
-  bool Visible() const { return visible_; }  // shown by the event loop and not hidden since
-  bool Dirty = true;                         // some control is dirty; cleared by the renderer
+  bool Visible() const { return visible_; }  // the window is shown and not hidden
+  bool Dirty = true;                         // a control has changed; the renderer clears the flag
 
   Control* Find(const Text& name, int index = -1) const;
   Menu* FindMenu(const Text& name);
 
-  virtual void Form_Activate() {}  // it came to the front
-  virtual void Form_GotFocus() {}  // it has the focus again after another window had it
+  virtual void Form_Activate() {}  // the window came to the front
+  virtual void Form_GotFocus() {}  // the window has the focus again after another window had it
   virtual void Form_Paint() {}
-  // True: the key is used up, and reaches no control.
+  // Returns true if the window has used the key. No control gets the key then.
   virtual bool Form_KeyDown(int /*key*/, bool /*control*/) { return false; }
-  // The key is let go; once for each that was pressed, also when another window has it by then.
+  // Called once for each pressed key when the key is released, even if another window has the focus
+  // by then.
   virtual void Form_KeyUp(int /*key*/) {}
-  virtual void Form_Close() {}  // the desktop's close button; the window decides what it means
+  // The user has pressed the desktop's close button. The window decides how it reacts.
+  virtual void Form_Close() {}
 
  private:
   friend class EventLoop;

@@ -39,7 +39,7 @@ std::int64_t GanzeFrames(std::int64_t bytes) {
   return std::max<std::int64_t>(bytes / kFrameBytes * kFrameBytes, 0);
 }
 
-// Where an edit writes behind the end of the file, silence fills the gap.
+// If an edit writes beyond the end of the file, silence fills the gap.
 void Fuellen(WaveEdit& vorhaben, std::int64_t bis) {
   if (vorhaben.Before < bis) {
     vorhaben.Steps.push_back(ZeroStep(vorhaben.Before, bis - vorhaben.Before));
@@ -74,7 +74,7 @@ void Bearbeitung::Beenden() {
   }
 }
 
-// An unfinished edit may still have to read the file of that name. Then another name is taken.
+// Returns another name if an unfinished edit may still have to read the file of that name.
 Text Bearbeitung::FreierName(const wchar_t* name) const {
   const Text ordner = AddBackslash(prog.Temporary_Directory.Getrimmt());
   Text datei = ordner + name;
@@ -106,7 +106,7 @@ WaveEdit Bearbeitung::Vorhaben() {
 }
 
 // When an edit fails before it has changed the file, there is nothing to undo. When an undo fails
-// so, it can be tried again.
+// before it has changed the file, the undo can be tried again.
 void Bearbeitung::Aendern(const std::function<void()>& arbeit) {
   try {
     arbeit();
@@ -156,7 +156,7 @@ bool Bearbeitung::PrepareUndo() {
     quelle.Open();
     quelle.PlayStart = auswahl_.MarkerAnfang;
     quelle.PlayEnd = auswahl_.MarkerEnde;
-    UndoVorhanden_ = false;  // the older one is written over
+    UndoVorhanden_ = false;  // the older undo is overwritten
     quelle.SaveRange(UndoDatei);
     quelle.Close();
     quelle.PlayStart = 0;

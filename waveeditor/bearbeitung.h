@@ -1,8 +1,8 @@
-// The edits of the wave editor, with its clipboard and its one step of undo. They change the file
-// on the disk at once, in place, each as one edit of platform/edits.h, so that a kill of the
+// The edits of the wave editor, with its clipboard and its one step of undo. The edits change the
+// file on the disk at once, in place. Each change is one edit of platform/edits.h, so that a killed
 // program cannot leave it half done.
 //
-// Places and lengths are frames of 4 bytes, whatever the file's header says.
+// Places and lengths are frames of 4 bytes, whatever the header of the file says.
 #pragma once
 
 #include "waveeditor/auswahl.h"
@@ -28,7 +28,7 @@ class Bearbeitung {
   bool Vorbereiten();  // finishes an edit that an error has interrupted; true when there was one
   void Beenden();      // deletes the clipboard and the undo store
 
-  // Each of them shows a message when it refuses its work. Errors of the file are raised.
+  // Each edit shows a message when it refuses its work. Errors of the file are raised.
   bool PrepareUndo();
   bool CopyWave();
   void CutWave();
@@ -40,18 +40,18 @@ class Bearbeitung {
   void NormalizeWave();  // the whole file
   bool UndoMoeglich();
   void UndoWave();
-  void NachFehler();  // has to follow an error of any of them
+  void NachFehler();  // has to be called after an error of any edit
 
   bool UndoVorhanden() const { return UndoVorhanden_; }
   bool ImUndo() const { return ImUndo_; }
   const Text& CopyDatei() const { return CopyDatei_; }
-  int NormalizePhase() const { return NormalizePhase_; }  // 0 looks for the peak, 1 writes
+  int NormalizePhase() const { return NormalizePhase_; }  // 0: looks for the peak, 1: writes
   int NormalizeProzent() const { return NormalizeProzent_; }
 
  private:
   bool NichtsGewaehlt();
   bool PlatzFehlt(const Text& ort, double bytes);
-  Text FreierName(const wchar_t* name) const;  // of a file in the temporary directory
+  Text FreierName(const wchar_t* name) const;  // a name in the temporary directory
   WaveEdit Vorhaben();                         // an edit without steps of the file as it is now
   void Aendern(const std::function<void()>& arbeit);
   void Ausfuehren(WaveEdit vorhaben);
@@ -62,7 +62,7 @@ class Bearbeitung {
   Auswahl& auswahl_;
   MMWaveFileX& SourceFile;
   EditorFenster& fenster_;
-  std::unique_ptr<MMWaveFileX> Wave1, Wave2;  // the file itself, and one to copy from
+  std::unique_ptr<MMWaveFileX> Wave1, Wave2;  // the edited file, and a file to copy from
 
   Text UndoDatei, CopyDatei_;
   bool UndoVorhanden_ = false;

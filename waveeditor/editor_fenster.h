@@ -1,4 +1,4 @@
-// The window of the wave editor, as its parts see it. All calls come from the interface thread
+// The operations of the editor window that its parts call. All calls come from the interface thread
 // while the window lives.
 #pragma once
 
@@ -16,16 +16,19 @@ class EditorFenster {
   virtual void Status(const Text& text) = 0;          // shows a line about the work
   virtual void StelleZeigen(std::int64_t frame) = 0;  // shows the place and scrolls to it
   virtual void NormalizeUhr(bool an) = 0;             // shows the progress of normalizing, or stops
-  virtual void KlangZeigen() = 0;    // reads the file and draws it; events run meanwhile
-  virtual void NeuZeigen() = 0;      // opens the file again and does the same; raises its errors
-  virtual void marker_update() = 0;  // selects what the marker covers
+  virtual void KlangZeigen() = 0;  // reads the file and draws it; events run meanwhile
+  // Opens the file again, reads it and draws it. Raises the errors of the file. Events run
+  // meanwhile.
+  virtual void NeuZeigen() = 0;
+  virtual void marker_update() = 0;  // selects the range that the marker covers
 
   // ---- when the user can work ----
   virtual void Freigeben(bool frei) = 0;  // enables the window, or disables it
   // Disables the window while a file is rendered. The user can still end the program, because a
   // render that has failed never unlocks the window.
   virtual void Sperren(bool gesperrt) = 0;
-  // The window opens or closes, or the file is being written: nothing may begin to play.
+  // True while the window opens or closes, or while the file is being written. Nothing may begin to
+  // play then.
   virtual bool Besetzt() const = 0;
 
   // ---- other parts ----

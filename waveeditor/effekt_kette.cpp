@@ -14,7 +14,7 @@ constexpr int kBibliothekBytes = 8192;
 struct KurvenPunkt {
   double Hertz, Gain;
 };
-// The gain in dB that makes up for what the ear loses at low volume, after the curves of equal
+// The gain in dB that balances the loss of hearing at low volume, after the curves of equal
 // loudness.
 constexpr std::array<KurvenPunkt, 20> kLoudnessKurve = {
     {{0, 0},        {22, 2},       {32, 4},    {38, 5},       {47, 6},

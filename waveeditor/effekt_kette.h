@@ -1,7 +1,7 @@
-// The sound chain of the wave editor: from the file through converter, peak detector, gate and
-// restoration, equalizer, loudness, hall, flanger and volume to the loudspeaker, or into another
-// file. An effect that is off is no part of the path. The chain owns its components; nothing else
-// connects them.
+// The sound chain of the wave editor. It leads from the file through converter, peak detector, gate
+// and restoration, equalizer, loudness, hall, flanger and volume to the loudspeaker, or into
+// another file. An effect that is off is no part of the path. The chain owns its components, and
+// only the chain connects them.
 #pragma once
 
 #include "waveeditor/gate.h"
@@ -25,19 +25,19 @@ class EffektKette {
   EffektKette(const EffektKette&) = delete;
   EffektKette& operator=(const EffektKette&) = delete;
 
-  // ---- life ----
+  // ---- start and end ----
   void Starten();  // starts the audio library and switches all effects off
   void SetEqualizer();
   void SetLoudness();
   void Beenden();  // ends the audio library
 
   // ---- connections ----
-  // Wires the effects that are on, and no others, in front of that end. The loudspeaker must not
-  // run meanwhile.
+  // Wires the effects that are on, and no others, before that end. The loudspeaker must not run
+  // meanwhile.
   void Verbinden(Ende ende);
   // Switches the component on or off. The next Verbinden brings it into the path or takes it out.
   void Schalten(Stufe stufe, bool an);
-  // Effects, gate and filters forget the sound that they have heard, as its echoes.
+  // Makes effects, gate and filters forget earlier sound, for example its echoes.
   void Auffrischen();
 
   // ---- settings: each effect's component takes its own ----
@@ -59,7 +59,7 @@ class EffektKette {
   // ---- events ----
   std::function<void(MMData& data)> OnPuffer;  // each buffer between peak detector and equalizer
   std::function<void(int links, int rechts)> OnPegel;  // peaks that are heard, 0 to 32767
-  // Takes the buffer that OnPuffer has brought through gate and filters.
+  // Passes a buffer of OnPuffer through gate and filters.
   void PufferFiltern(MMData& data);
 
   // ---- the other components, so that tests can follow the path ----

@@ -86,7 +86,7 @@ std::vector<EffektTafeln::PresetWert> EffektTafeln::PresetWerte(int panel) {
   }
 }
 
-// Each control beside its place in the record.
+// Calls `weg` for each control with its place in the record.
 template <typename Werte, typename Weg>
 void EffektTafeln::AlleWerte(Werte& w, Weg weg) {
   weg(chkEQBypass, w.EQAktiv);

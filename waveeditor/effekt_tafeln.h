@@ -1,6 +1,6 @@
-// The lower part of the wave editor's window: the panels of the effects, of which one is in front,
-// the list of presets, the small picture of the spectrum and the load. Which effects are on is held
-// by hidden check boxes and shown by buttons.
+// The lower part of the wave editor's window: the panels of the effects, the list of presets, the
+// small picture of the spectrum and the load. One panel is in front. Hidden check boxes hold the
+// state of the effects, and buttons show it.
 #pragma once
 
 #include "app/zustand/eq_baender.h"
@@ -29,9 +29,9 @@ struct EffektTafeln {
     CheckBox& Kasten;
     PictureButton& Knopf;
     const wchar_t* Bild;  // the beginning of the names of the button's pictures
-    Panel Tafel;          // the panel that it lies on
-    bool Licht;           // it lights the panel's own button, without regard to other effects
-    bool Preset;          // it is part of the presets of the panel
+    Panel Tafel;          // the panel on which the button lies
+    bool Licht;           // the effect alone decides the light of the panel's button
+    bool Preset;          // the presets of the panel contain the effect
 
     bool An() const { return Kasten.Value() == 1; }
     void Zeigen() const;      // makes the button show the state of the box
@@ -44,7 +44,7 @@ struct EffektTafeln {
   void PanelZeigen(int index);
   // Switches the light of a panel's button.
   void PanelLicht(int index, bool an);
-  void LichterZeigen();  // paints all of them again
+  void LichterZeigen();  // paints the lights of all panels again
   bool EffektAn(int index) const { return EffektAn_[static_cast<std::size_t>(index)]; }
   bool EinEffektAn() const;
 
@@ -52,9 +52,10 @@ struct EffektTafeln {
   using PresetWert = std::variant<Slider*, CheckBox*>;
   std::vector<PresetWert> PresetWerte(int panel);
 
-  // The values of all check boxes and sliders. The room of the hall is not among them.
+  // These functions store and set the values of all check boxes and sliders. The room of the hall
+  // is not among the values.
   void WerteMerken(EffektWerte& werte);
-  void WerteLaden(const EffektWerte& werte);  // runs the handlers of those that change
+  void WerteLaden(const EffektWerte& werte);  // runs the handlers of changed controls
 
  private:
   template <typename Werte, typename Weg>

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const wchar_t* kApplyDatei = L"temp001.dat";
 constexpr const wchar_t* kBatchDatei = L"temp.001";
-constexpr int kLoslassenMs = 500;  // until the system has released the file that was written
+constexpr int kLoslassenMs = 500;  // time until the system has released the written file
 constexpr int kWartenMs = 50;
 
 Text ImTempOrdner(const Programm& prog, const wchar_t* name) {
@@ -67,7 +67,7 @@ void Einrechnung::Einrechnen() {
 // ---- the end of a file ----
 
 void Einrechnung::Trigger_OnStop() {
-  // Also after a failure, the editor shows the source again.
+  // The editor shows the source again, even after a failure.
   Jedenfalls([this] { ErgebnisUebernehmen(); }, [this] { Abschliessen(); });
 }
 
@@ -83,8 +83,8 @@ void Einrechnung::ErgebnisUebernehmen() {
   prog.plattform.schleife.DoEvents();
   prog.Pausieren(kLoslassenMs);
   const Text ergebnis = ziel.FileName();
-  // The sound ends early where another program has shortened the file. Then the source stays as
-  // it is.
+  // If another program has shortened the file, the sound ends early. The source then stays as it
+  // is.
   if (prog.plattform.dateien.FileLen(ergebnis) < bytes) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
   }

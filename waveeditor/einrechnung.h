@@ -28,7 +28,7 @@ class Einrechnung {
 
   bool EinrechnenLaeuft() const { return EinrechnenLaeuft_; }
   bool BatchLaeuft() const { return BatchLaeuft_; }
-  // The end that the chain has to have now.
+  // Returns the end that the chain needs now.
   EffektKette::Ende Ende() const;
 
  private:

@@ -1,4 +1,4 @@
-// The spectrum of the range that the wave editor has drawn last, on the whole screen.
+// Shows the spectrum on the whole screen, for the range that the wave editor has drawn last.
 #pragma once
 
 #include "app/fenster.h"

@@ -153,10 +153,10 @@ void frmWaveEditor::BilderBereiten() {
   picPresets.Visible = false;
   CPUBack.Visible = false;
   imgZurück.Enabled = false;
-  EscapeWhileDisabled = true;  // a scan can be left
+  EscapeWhileDisabled = true;  // Escape can stop a scan
 }
 
-// A long file takes a moment to be read; the window is seen meanwhile.
+// Reading a long file takes a moment, so the window is shown first.
 void frmWaveEditor::Form_Activate() {
   if (WorkDatei_.empty()) DateiOeffnen();
 }

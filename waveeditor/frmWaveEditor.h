@@ -1,8 +1,9 @@
-// The wave editor: one wave file of the catalog as a picture of its sound, a range or a cursor on
-// it, and all that can be done with the range. The file is changed in place; there is no working
-// copy. Effects are heard live through a chain of components and get into the file on request.
+// The wave editor. It shows one wave file of the catalog as a picture of its sound, with a range or
+// a cursor on it, and edits the range. The file is changed in place; there is no working copy.
+// Effects are heard live through a chain of components. On request, the effects are written into
+// the file.
 //
-// Everything is counted in frames of 4 bytes at 44.1 frames a millisecond.
+// Everything is counted in frames of 4 bytes, with 44.1 frames in a millisecond.
 //
 // The window holds the controls and forwards: each handler hands the work to one of the parts,
 // which keep their state to themselves (selection, view, picture, chain, transport, edits,
@@ -190,7 +191,7 @@ class frmWaveEditor final : public VtrFenster,
   bool Besetzt() const override { return EinrechnenLaeuft() || Beschaeftigt; }
   void StapelFertig() override;
 
-  // making
+  // construction
   void BildEinrichten();
   void TransportEinrichten();
   void UhrenEinrichten();
@@ -211,13 +212,14 @@ class frmWaveEditor final : public VtrFenster,
   void LastMessungBeginnen();
 
   // picture
-  void ZugBis(int x);  // draws the marker to there, or sets a cursor there
+  void ZugBis(int x);  // draws the marker to `x`, or sets a cursor there
   void BefehlsTaste(int taste);
-  void SpektrumNeuStarten() { tmr3D.Restart(); }  // draws it two seconds after the last call
+  // Draws the spectrum two seconds after the last call.
+  void SpektrumNeuStarten() { tmr3D.Restart(); }
 
   // edits
   void Bearbeiten(Handler handler);  // runs the handler of an edit's button, with the file open
-  void Ausfuehren(const std::function<void()>& arbeit);  // with the window disabled
+  void Ausfuehren(const std::function<void()>& arbeit);  // disables the window meanwhile
   void InAblage(const std::function<void()>& arbeit);
 
   // effects

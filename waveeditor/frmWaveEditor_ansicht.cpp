@@ -1,4 +1,4 @@
-// The upper part of the window: the picture of the sound and what is selected on it, the transport,
+// The upper part of the window: the picture of the sound and the selection on it, the transport,
 // the edits and the small picture of the spectrum.
 
 #include "app/programm.h"
@@ -15,8 +15,8 @@ namespace vantora {
 
 namespace {
 
-constexpr int kSeiten = 10;  // steps of the keys for pages in the width of the window
-constexpr std::int32_t kMindestFrames = 0x1000, kHoechstFrames = 0x11800;  // of the spectrum
+constexpr int kSeiten = 10;  // page keys move by a tenth of the window's width
+constexpr std::int32_t kMindestFrames = 0x1000, kHoechstFrames = 0x11800;  // range of the spectrum
 
 }  // namespace
 
@@ -152,10 +152,10 @@ void frmWaveEditor::marker_update() {
   lblMarkerDelta.Caption = SmpToTime(a.NurCursor ? 0 : a.MarkerEnde - a.MarkerAnfang);
 }
 
-// ---- the same by the keyboard ----
+// ---- the marker by the keyboard ----
 
-// Arrow keys move the cursor by a pixel, so their steps are finer in a closer view. With Shift they
-// drag. Each key does what the mouse does at the same place.
+// Arrow keys move the cursor by a pixel, so their steps are finer in a closer view. With Shift,
+// arrow keys drag the marker. Each key does the same as the mouse at that place.
 void frmWaveEditor::picWave_KeyDown(int taste) {
   if (picWaveBack.ControlHeld) return BefehlsTaste(taste);
   const int pixel = Ganz32(prog.plattform.bildschirm.TwipsPerPixelX());

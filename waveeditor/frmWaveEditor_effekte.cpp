@@ -136,7 +136,8 @@ void frmWaveEditor::HallUndFilterEinrichten() {
   filter(slDecrackle, txtDecrackle, 30, Restauration::kDecrackle);
 }
 
-// The box counts in Hertz, its slider in twentieths. Only Return takes the number as Hertz.
+// The box counts in Hertz, and its slider in twentieths of a Hertz. Only Return takes the number as
+// Hertz.
 bool frmWaveEditor::txtFlangerRate_KeyPress(int taste) {
   if (taste != kKeyReturn) return NurZiffern(taste);
   Setzen(slFlangerRate, Val(txtFlangerRate.Text) * 20);
@@ -197,7 +198,7 @@ void frmWaveEditor::chkDenoiserAktiv_Click() {
   FilterSchalten(chkDenoiserAktiv, Restauration::kDenoiser);
 }
 
-// On a machine that is busy already no filter goes on, so that the sound does not begin to stutter.
+// On a busy machine no filter is switched on, so that the sound does not begin to stutter.
 void frmWaveEditor::FilterSchalten(CheckBox& kasten, Restauration::Filter filter) {
   if (last_.Hoch() && kasten.Value() == 1) kasten.Value = 0;
   kette_.Filter().Schalten(filter, kasten.Value() == 1);

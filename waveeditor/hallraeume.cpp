@@ -28,7 +28,8 @@ void Hallraeume::DateiAnlegen() const {
   if (bytes.empty()) return;
   const bool ganz = Weiter(
       [&] { prog.plattform.dateien.Open(datei, Zugriff::Neu)->Write(bytes.data(), bytes.size()); });
-  // Half a file would never be completed, because it would look like the user's own.
+  // A half-written file is deleted. Otherwise it would look like a file of the user, and would
+  // never be completed.
   if (!ganz) Weiter([&] { prog.plattform.dateien.Kill(datei); });
 }
 

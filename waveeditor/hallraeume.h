@@ -15,8 +15,8 @@ class Hallraeume {
   explicit Hallraeume(Programm& programm) : prog(programm) {}
 
   Text Datei() const;
-  // The rooms as the list shows them: a section "3.Cathedral" is "Cathedral". Without a file there
-  // are none.
+  // Returns the names of the rooms for the list: the section "3.Cathedral" is the room "Cathedral".
+  // Without a file there are no rooms.
   std::vector<Text> Namen() const;
 
  private:

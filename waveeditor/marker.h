@@ -25,14 +25,14 @@ class Marker {
   void Ziehen(int x);    // covers the range from the beginning of the drag to this place
   void Alles();          // covers the whole picture and shows it
   void Zuruecksetzen();  // sets a cursor at the beginning
-  void Aufheben();       // does the same and hides it
+  void Aufheben();       // sets a cursor at the beginning and hides the marker
   void Einblenden() { shpMarker_.Visible = true; }
-  int ZugX() const { return ZugX_; }  // the end of the drag
+  int ZugX() const { return ZugX_; }  // the place at which the drag ends
 
   // ---- between the picture and a sound of `laenge` frames ----
-  // Selects what the marker covers. A marker of one pixel is a cursor.
+  // Selects the range that the marker covers. A marker of one pixel is a cursor.
   void InFrames(std::int32_t laenge, Auswahl& auswahl) const;
-  // Covers what is selected, after the width of the picture has changed.
+  // Covers the selection with the marker, after the width of the picture has changed.
   void Zeigen(const Auswahl& auswahl, std::int32_t laenge);
 
   void PositionSetzen(double x);
@@ -47,7 +47,7 @@ class Marker {
   Shape& linPosition_;
   const PictureBox& flaeche_;
   Display& bildschirm_;
-  float MarkerStartX = 0;  // where the drag began
+  float MarkerStartX = 0;  // the place at which the drag began
   int ZugX_ = 0;
 };
 

@@ -25,7 +25,8 @@ class MMLevelX final : public LevelMeter {
   DecayModes DecayMode = dmStepUp;
   int Decay = 9;  // percent of its height that a peak loses in a step
 
-  // Shows the peaks that are heard now, 0 to 32767. A higher peak on show goes on sinking.
+  // Shows the peaks that are heard now, 0 to 32767. A higher peak that is still shown goes on
+  // sinking.
   void Zeigen(int links, int rechts) {
     PeakLeft = std::max<int>(PeakLeft, links);
     PeakRight = std::max<int>(PeakRight, rechts);

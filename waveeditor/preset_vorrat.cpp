@@ -16,7 +16,7 @@ namespace {
 constexpr const wchar_t* kPraefixe[] = {L"ZFXEQU", L"ZFXVOL", L"ZFXREV", L"ZFXRES", L"ZFXFLA"};
 constexpr const wchar_t* kTrenner = L";";
 constexpr int kMitgeliefert = 3;  // presets of equalizer and flanger that the program brings
-constexpr int kErsterEqualizer = 31000, kErsterFlanger = 31100;  // their texts
+constexpr int kErsterEqualizer = 31000, kErsterFlanger = 31100;  // numbers of their texts
 
 Text Schluessel(const Text& praefix, int platz) {
   return praefix + ZahlText(platz);

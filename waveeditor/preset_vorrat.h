@@ -1,7 +1,7 @@
-// Named sets of effect settings. Those of equalizer, volume, restoration and flanger lie in the
-// settings store, each as a line of text: the name and then the values, separated by semicolons. A
-// kind has ten places. This class knows no controls. The values are numbers in the kind's own
-// order.
+// Named sets of effect settings. The presets of equalizer, volume, restoration and flanger lie in
+// the settings store. Each preset is a line of text: the name and then the values, separated by
+// semicolons. A kind has ten places. This class knows no controls. The values are numbers in the
+// order of the kind.
 #pragma once
 
 #include "platform/plattform.h"
@@ -45,7 +45,7 @@ class PresetVorrat {
 
   Plattform& plattform_;
   int art_ = kEqualizer;
-  Text PresetPrefix;  // of the kind's names in the store
+  Text PresetPrefix;  // the beginning of the names of the kind in the store
   Feld PresetsEqu, PresetsVol, PresetsRes, PresetsFla;
 };
 

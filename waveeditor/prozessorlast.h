@@ -17,9 +17,9 @@ class Prozessorlast {
   void Beenden();
 
   std::int16_t CPULast() const { return CPULast_; }  // percent, smoothed
-  // Replaces the smoothed load when the measured one says nothing about the work to come.
+  // Replaces the smoothed load when the measured load does not show the load of the coming work.
   void Annehmen(std::int16_t prozent) { CPULast_ = prozent; }
-  // The machine is so busy that more work would make the sound stutter.
+  // True if the machine is so busy that more work would make the sound stutter.
   bool Hoch() const { return CPULast_ > 70; }
 
  private:

@@ -66,7 +66,8 @@ void ReglerBrett::FeldZeigen(Platz& platz) {
   platz.R.Feld->Text = platz.Vorher;
 }
 
-// Afterwards the box shows the value that the slider has taken, even when that was there before.
+// Takes the number in the box. Afterwards the box shows the value of the slider, even if the slider
+// has not moved.
 void ReglerBrett::FeldUebernehmen(Platz& platz, bool mitReturn) {
   if (platz.R.Eingabe) {
     platz.R.Eingabe(mitReturn);

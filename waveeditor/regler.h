@@ -10,8 +10,8 @@
 
 namespace vantora {
 
-// Set a control and run its handler if the value changes, as when the user sets it. A slider takes
-// the nearest whole number within its range.
+// These functions set a control and run its handler if the value changes, as when the user sets the
+// control. A slider takes the nearest whole number within its range.
 void Setzen(Slider& schieber, double wert);
 void Setzen(CheckBox& kasten, int wert);
 
@@ -20,9 +20,9 @@ struct Regler {
   TextBox* Feld;  // may be missing
   int Von, Bis, Anfang;
   std::function<void(int wert)> Wirkung;
-  std::function<Text(int wert)> Anzeige = {};  // in the box; missing: the value itself
-  // Takes the typed number, after Return or when the box is left; missing: it is the slider's
-  // value.
+  std::function<Text(int wert)> Anzeige = {};  // text in the box; missing: the value itself
+  // Takes the typed number after Return, or when the focus leaves the box. Missing: the number is
+  // the value of the slider.
   std::function<void(bool mitReturn)> Eingabe = {};
 };
 
@@ -38,7 +38,7 @@ class ReglerBrett {
  private:
   struct Platz {
     Regler R;
-    Text Vorher;  // in the box when it got the focus, or shown since
+    Text Vorher;  // text of the box when it got the focus, or shown since then
   };
   void Geaendert(Platz& platz);
   static void FeldZeigen(Platz& platz);

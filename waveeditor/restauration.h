@@ -19,7 +19,7 @@ class Restauration {
   void PegelSetzen(Filter filter, float pegel) { Level(filter) = pegel; }
   void Schalten(Filter filter, bool an);
   bool Aktiv() const { return an_[kDeclick] || an_[kDecrackle] || an_[kDenoiser]; }
-  // The filters that are on forget what they have heard.
+  // Makes the filters that are on forget earlier sound.
   void Auffrischen();
 
   // Filters a buffer of 16-bit samples. `hilfe` has room for another buffer of that size.

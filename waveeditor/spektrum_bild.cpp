@@ -16,12 +16,12 @@ namespace {
 constexpr int kBereich = 70;  // dB
 constexpr std::int32_t kBlock = 1024;
 
-// The range is rounded to whole blocks, up as well as down.
+// Rounds a range up or down to whole blocks.
 std::int32_t Bloecke(std::int32_t frames) {
   return Ganz32(Quotient(frames, kBlock));
 }
 
-// The left channel of the range that begins at the position of the file.
+// Reads the left channel of the range that begins at the position of the file.
 std::vector<std::int16_t> LinkerKanal(MMWaveObject& wave, std::int32_t frames) {
   std::vector<KlangFrame> klang(static_cast<std::size_t>(frames));
   klang.resize(wave.ReadData(klang.data(), klang.size() * kFrameBytes) / kFrameBytes);

@@ -20,8 +20,9 @@ class SpektrumBild {
   SpektrumBild(const SpektrumBild&) = delete;
   SpektrumBild& operator=(const SpektrumBild&) = delete;
 
-  // Reads a range of a wave file. Behind the end of the file there is silence, and behind the range
-  // too, where the last block reaches beyond it. False for a file that cannot be read.
+  // Reads a range of a wave file. Samples after the end of the file are silent. If the last block
+  // reaches beyond the range, its other samples are silent too. Returns false for a file that
+  // cannot be read.
   bool Lesen(const Text& datei, std::int32_t start, std::int32_t frames);
   std::int32_t Start() const { return start_; }  // the frame at which the reading began
   void Umrechnen();

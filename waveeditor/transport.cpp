@@ -13,12 +13,12 @@ namespace vantora {
 namespace {
 
 constexpr int kOeffnenMs = 50;
-constexpr int kRunden = 10000;                         // of a loop
+constexpr int kRunden = 10000;                         // repetitions of a loop
 constexpr std::int32_t kSpulFrames = kSampleRate / 2;  // half a second
 constexpr int kSpulErstMs = 500, kSpulWenigerMs = 40, kSpulSchnellMs = 100, kSpulLetztMs = 50;
 constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding distorts the measurement
 
-// Sets a flag for as long as it lives.
+// Sets a flag for as long as this object lives.
 class Waehrend {
  public:
   explicit Waehrend(bool& zeichen) : zeichen_(zeichen) { zeichen_ = true; }
@@ -109,7 +109,7 @@ void Transport::SpielEnde() {
   BereichSetzen();
   Anzeigen();
   KnoepfeFreigeben();
-  // The pause ends here as well.
+  // Stopping ends a pause too.
   if (Pausiert_) KnopfBild(t_.Tafel.imgSteuerung(WellenTafel::kPause));
   Pausiert_ = false;
   fenster_.Freigeben(true);
@@ -172,7 +172,7 @@ void Transport::Anzeigen() {
   prog.plattform.schleife.DoEvents();
 }
 
-// The sound ends before its range where another program has shortened or removed the file.
+// If another program has shortened or removed the file, the sound ends before the end of its range.
 void Transport::SpieltNochPruefen() {
   if (Spielt_ && !SpulAktiv_ && t_.Kette.Out().State() == MMWaveOutX::Stopped) PlayWave(false);
 }

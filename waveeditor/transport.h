@@ -1,5 +1,5 @@
-// Playing, pausing, looping and winding. The selected sound is played through the chain. The window
-// shows the place that is heard, and the buttons show the state.
+// Plays the selected sound through the chain, with pause, loop and winding. The window shows the
+// place that is heard, and the buttons show the state.
 #pragma once
 
 #include "waveeditor/auswahl.h"
@@ -17,7 +17,8 @@ struct Programm;
 
 class Transport {
  public:
-  // The parts that it works with. `Uhr` has to call Anzeigen; it runs while sound plays.
+  // The parts of the editor that the transport uses. `Uhr` has to call Anzeigen; `Uhr` runs while
+  // sound plays.
   struct Teile {
     EffektKette& Kette;
     vantora::Auswahl& Auswahl;
@@ -29,11 +30,12 @@ class Transport {
   Transport(Programm& programm, Teile teile, EditorFenster& fenster);
 
   // Starts to play the selection, or stops. When sound plays already, it begins anew with the
-  // present selection. Events run meanwhile; a call that one of them makes is done afterwards.
+  // present selection. Events run meanwhile. If an event calls this function, that call is carried
+  // out afterwards.
   void PlayWave(bool an);
   // Shows the place that is heard, and ends the playing at the end of its range.
   void Anzeigen();
-  // Wires the chain. Sound that plays goes on at the same place; a loop begins anew.
+  // Wires the chain. Playing sound goes on at the same place. A loop begins anew.
   void Verbinden(EffektKette::Ende ende);
 
   // ---- the buttons ----

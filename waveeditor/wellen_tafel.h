@@ -32,9 +32,9 @@ struct WellenTafel {
   Label lblDatei{fenster_, L"lblDatei"};
   PictureButton imgHelp{fenster_, L"imgHelp"};
   PictureBox picZeitAnzeige{fenster_, L"picZeitAnzeige"};  // the ruler of the times
-  PictureBox picZeitFront{fenster_, L"picZeitFront"};      // its surface, which is scrolled
+  PictureBox picZeitFront{fenster_, L"picZeitFront"};      // the scrolled surface of the ruler
   PictureBox picWave{fenster_, L"picWave"};                // the picture of the sound
-  PictureBox picWaveBack{fenster_, L"picWaveBack"};        // its surface, which is scrolled
+  PictureBox picWaveBack{fenster_, L"picWaveBack"};        // the scrolled surface of the picture
   Shape shpMarker{fenster_, L"shpMarker"};
   Shape linPosition{fenster_, L"linPosition"};
   Slider sliderWave{fenster_, L"sliderWave"};

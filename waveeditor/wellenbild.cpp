@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::int32_t kBlockFrames = 0x40000;
 constexpr std::int32_t kBlockBytes = kBlockFrames * kFrameBytes;
-constexpr int kSegmente = 16;  // of a trace; also the number of points for a twip of the window
+constexpr int kSegmente = 16;       // segments of a trace; also points for each twip of the window
 constexpr double kAusschlag = 0.9;  // full scale, as a share of a quarter of the height
 constexpr double kVollausschlag = 32768.0;
 constexpr int kMeldePunkte = 11025;
@@ -68,7 +68,7 @@ bool WellenBild::Lesen(MMWaveObject& quelle, int breite, int hoehe,
   return true;
 }
 
-// Reads one block from a frame on. Behind the end of the file there is silence.
+// Reads one block that begins at a frame. Samples after the end of the file are silent.
 void WellenBild::BlockLesen(MMWaveObject& quelle, std::int64_t frame) {
   std::size_t bytes = 0;
   Weiter([&] {
@@ -112,7 +112,8 @@ void WellenBild::Zeichnen(PictureBox& flaeche, float zoom) {
   const int breite = flaeche.Width;
   const int laenge = breite / kSegmente;
   if (laenge == 0 || WellenPunkte_.empty()) return;
-  const auto schritt = static_cast<std::size_t>(Ansicht::kMaxZoom / zoom);  // of the points
+  // The distance from one drawn point to the next.
+  const auto schritt = static_cast<std::size_t>(Ansicht::kMaxZoom / zoom);
   LinkePunkte.resize(static_cast<std::size_t>(laenge));
   RechtePunkte.resize(static_cast<std::size_t>(laenge));
   std::size_t stelle = 0;

@@ -25,12 +25,12 @@ class WellenBild {
   explicit WellenBild(Display& bildschirm) : bildschirm_(bildschirm) {}
 
   // ---- reading ----
-  // A scan begins and ends with these two. The flag of an earlier stop is cleared.
+  // These two functions begin and end a scan. ScanBeginnen clears the flag of an earlier stop.
   void ScanBeginnen();
   void ScanBeenden() { ScanLaeuft_ = false; }
   // Reads the points for a picture of that size in twips, and reports its progress by `melden`. A
-  // file that is not open counts as silent. False when the scan has been stopped; then the other
-  // points are 0.
+  // file that is not open counts as silent. Returns false when the scan has been stopped; the other
+  // points are 0 then.
   bool Lesen(MMWaveObject& quelle, int breite, int hoehe,
              const std::function<void(double prozent)>& melden);
   void Abbrechen() { ScanAbbruch_ = true; }
@@ -56,7 +56,7 @@ class WellenBild {
   bool ScanLaeuft_ = false, ScanAbbruch_ = false;
   std::vector<Punkt> WellenPunkte_;
   std::vector<Pixel> LinkePunkte, RechtePunkte;  // one segment of a trace
-  std::vector<KlangFrame> BlockPuffer;           // of the scan
+  std::vector<KlangFrame> BlockPuffer;           // one block of the scan
 };
 
 }  // namespace vantora

@@ -1,4 +1,4 @@
-// Places and lengths as the wave editor shows them.
+// Formats places and lengths as the wave editor shows them.
 #pragma once
 
 #include "platform/text.h"

@@ -54,7 +54,7 @@ bool SameGroup(const OptionButton& option, const Control* other) {
   return sibling != nullptr && sibling->Group() == option.Group();
 }
 
-// The option at which the Tab key enters a group.
+// Returns the option at which the Tab key enters a group.
 const Control* EntryOf(const std::vector<Control*>& order, const OptionButton& option) {
   const Control* first = nullptr;
   for (const Control* other : order) {
@@ -82,7 +82,7 @@ Control* NextFocus(const Form& form, const Control* from, bool back) {
     if (option == nullptr) return true;
     return !SameGroup(*option, from) && EntryOf(order, *option) == control;
   };
-  std::vector<Control*> way = order;  // from behind `from` round to it
+  std::vector<Control*> way = order;  // begins behind `from` and ends with `from`
   const auto place = std::find(way.begin(), way.end(), from);
   if (place != way.end()) std::rotate(way.begin(), place + 1, way.end());
   if (back) std::reverse(way.begin(), way.end());
@@ -95,7 +95,8 @@ Control* FocusReports::TakeReported(const Form& form) {
   return reported == reported_.end() ? nullptr : std::exchange(reported->second, nullptr);
 }
 
-// The handler of the loss may give the focus to a third control, which then has got its report.
+// The handler of the loss may give the focus to a third control. The third control has already got
+// its report then.
 void FocusReports::Came(Control& control) {
   const Form& form = control.Owner();
   Control*& reported = reported_[&form];

@@ -10,8 +10,8 @@ namespace vantora {
 
 namespace {
 
-// A user acts also in front of a program that is never idle, when it has had so much time and so
-// many turns. Where time stands still while the program works, a great many turns count as well.
+// If a program is never idle, the user acts after this time and this number of turns. Where time
+// stands still while the program works, a very large number of turns is enough.
 constexpr std::int64_t kPatienceUs = 4'000'000;
 constexpr int kPatienceTurns = 8;
 constexpr int kEndlessTurns = 100'000;
@@ -121,7 +121,7 @@ bool FormLoop::TakesInput(const Control& control) const {
   return Alive(control) && TakesInput(control.Owner()) && control.InSight() && control.InUse();
 }
 
-// ---- who is in front ----
+// ---- the front window ----
 
 void FormLoop::BringForward(Form& form) {
   if (Front() == &form) return;

@@ -6,9 +6,8 @@
 // the changes:
 //   Form_Activate   Show and ShowModal call it.
 //   Form_GotFocus   The window that is in front again gets it: before ShowModal returns, otherwise
-//   at
-//                   the end of the turn. It also comes when the user returns from another program.
-//                   Form_Paint follows at once.
+//                   at the end of the turn. It also comes when the user returns from another
+//                   program. Form_Paint follows at once.
 //   Form_Paint      A window gets it at the end of the first turn after it was shown.
 //   GotFocus        The first control gets it in the first turn after its window was shown; every
 //                   other control gets it with the focus, after LostFocus of the control before.
@@ -57,12 +56,12 @@ class FormLoop : public EventLoop {
 
   // ---- for hands and tests ----
 
-  bool Loaded(const Form& form) const;            // compares addresses: the form may be destroyed
-  bool Alive(const Control& control) const;       // the same
-  bool Blocked(const Form& form) const;           // behind a modal window, or the program has ended
-  bool Reachable(const Form& form) const;         // shown, not minimized and not blocked
-  bool TakesInput(const Form& form) const;        // reachable and not disabled
-  bool TakesInput(const Control& control) const;  // its window does; visible and enabled
+  bool Loaded(const Form& form) const;       // compares addresses: the form may be destroyed
+  bool Alive(const Control& control) const;  // compares addresses: the control may be destroyed
+  bool Blocked(const Form& form) const;      // behind a modal window, or the program has ended
+  bool Reachable(const Form& form) const;    // shown, not minimized and not blocked
+  bool TakesInput(const Form& form) const;   // reachable and not disabled
+  bool TakesInput(const Control& control) const;  // its window takes input; visible and enabled
   Control* Focus(const Form& form) const { return world_->FocusOf(form); }  // nothing for none
   const Text& LeftOpen() const { return leftOpen_; }
   // Does what a click on a window does first.

@@ -11,7 +11,7 @@ void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own&
   bool used = false;
   if (key.Code != 0) {
     down_[&form].insert(key.Code);
-    used = true;  // a handler that fails has used it
+    used = true;  // the key counts as used if the handler fails
     loop_.Handle([&] { used = form.Form_KeyDown(key.Code, key.Control); });
   }
   if (used) return;

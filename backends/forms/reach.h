@@ -1,5 +1,5 @@
-// What a user can reach; the hands of both worlds ask here. All functions throw Unreachable with
-// the reason.
+// Checks whether a user can reach a window or a control. The hands of both worlds use these
+// functions. All functions throw Unreachable with the reason.
 #pragma once
 
 #include "platform/hands.h"
@@ -13,7 +13,7 @@ class FormLoop;
 
 std::string Utf8(const Text& text);
 std::string NameOf(const Form& form);
-std::string NameOf(const Control& control);  // with its window
+std::string NameOf(const Control& control);  // including the name of the window
 [[noreturn]] void Refuse(const std::string& why);
 
 // Checks that the window takes input; with `evenDisabled` a disabled window passes. Brings the
@@ -24,7 +24,8 @@ void Reach(FormLoop& loop, Control& control);
 // Checks that the control has these rows, counted from 1, and can select all of them.
 void CheckRows(const Control& control, const std::vector<int>& rows);
 
-// The part of a control that lies between the edges of all that it lies in; twips from its corner.
+// The part of a control that no container cuts off, in twips from the upper left corner of the
+// control.
 struct SeenArea {
   int Left, Top, Right, Bottom;
 

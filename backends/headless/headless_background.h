@@ -1,5 +1,5 @@
-// Long work in slices on the headless loop: a slice a millisecond of virtual time, so that a story
-// plays the same way every time.
+// Runs long work in slices on the headless loop, one slice for each millisecond of virtual time. A
+// story therefore runs the same way every time.
 #pragma once
 
 #include "platform/background.h"

@@ -1,4 +1,4 @@
-// The clock of the headless back end: it stands still until somebody lets time pass.
+// The clock of the headless back end. Its time passes only by Advance.
 #pragma once
 
 #include "platform/clock.h"
@@ -15,9 +15,9 @@ class HeadlessClock final : public Clock {
   double Timer() override;
   std::int64_t Ticks() override { return ticks_; }
 
-  // Sets date and time of day; the ticks run on as they were.
+  // Sets date and time of day. The ticks do not change.
   void Set(const DateTime& now);
-  void Advance(std::int64_t ms);  // nothing for a negative number
+  void Advance(std::int64_t ms);  // a negative number has no effect
 
  private:
   std::int64_t ticks_ = 0;    // milliseconds passed

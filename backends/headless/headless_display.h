@@ -1,4 +1,4 @@
-// A screen that nobody sees, of any size.
+// A screen that shows nothing. Its size can be set.
 #pragma once
 
 #include "platform/display.h"

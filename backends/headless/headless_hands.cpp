@@ -1,4 +1,4 @@
-// The mouse of the hands without a screen.
+// The mouse actions of the hands without a screen.
 
 #include "backends/headless/headless_hands.h"
 
@@ -20,13 +20,14 @@ int OnPixel(int twips) {
   return twips - twips % kTwipsPerPixel;
 }
 
-// The pixel in the middle between two edges.
+// Returns the pixel in the middle between two edges.
 int Middle(int from, int to) {
   return OnPixel((from + to - kTwipsPerPixel) / 2);
 }
 
-// What the press and the release at two places, in thousandths, make of a slider's value. Where the
-// knob is gripped off its middle, it keeps its distance from the mouse.
+// Returns the values that a slider takes when the mouse is pressed at `from` and released at `to`,
+// in thousandths of the slider. If the mouse grips the knob off its middle, the knob keeps its
+// distance from the mouse.
 std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
   std::vector<int> values;
   if (dynamic_cast<const FaderKnob*>(&slider) != nullptr) {
@@ -47,7 +48,7 @@ std::vector<int> ValuesOfDrag(const Slider& slider, int from, int to) {
 
 }  // namespace
 
-// ---- what can be reached ----
+// ---- reaching ----
 
 void HeadlessHands::Reach(Form& form, bool evenDisabled) {
   vantora::Reach(loop_, form, evenDisabled);
@@ -57,10 +58,10 @@ void HeadlessHands::Reach(Form& form, bool evenDisabled) {
 void HeadlessHands::Reach(Control& control) {
   vantora::Reach(loop_, control);
   loop_.Touch(control.Owner());
-  if (loop_.OpenMenu(control.Owner()) != nullptr) loop_.CloseMenu();  // a click beside it
+  if (loop_.OpenMenu(control.Owner()) != nullptr) loop_.CloseMenu();  // a click beside the menu
 }
 
-// A copy runs: a handler that destroys its own form must not destroy itself.
+// A copy of the handler runs, because a handler that destroys its own form must not destroy itself.
 void HeadlessHands::Call(Control& control, const std::function<void()>& handler) {
   if (handler && loop_.TakesInput(control)) loop_.Deliver(std::function<void()>(handler));
 }
@@ -110,7 +111,7 @@ void HeadlessHands::DoubleClickAt(Control& control, int at) {
   Twice(control);
 }
 
-// A double click takes the place of the second press; its release follows. A button without a
+// The second press of a double click calls DblClick, and its release follows. A button without a
 // handler for double clicks gets a second press instead.
 void HeadlessHands::Twice(Control& control) {
   if (!loop_.TakesInput(control)) return;
@@ -160,9 +161,9 @@ void HeadlessHands::Down(Control& control, int button) {
     SelectRow(control, row_, false);
 }
 
-// A control that got the press gets the release too, also if it has been disabled meanwhile. Check
-// boxes and option buttons change and raise Click before MouseUp, all other controls raise Click
-// after it.
+// A control that got the press gets the release too, even if the control has been disabled
+// meanwhile. Check boxes and option buttons change and raise Click before MouseUp. All other
+// controls raise Click after MouseUp.
 void HeadlessHands::Up(Control& control, int button, bool inside) {
   if (!loop_.Alive(control)) return;
   const ControlKind kind = control.Kind();
@@ -184,7 +185,7 @@ void HeadlessHands::Up(Control& control, int button, bool inside) {
   if (loop_.TakesInput(control)) Call(control, control.Click);
 }
 
-// The actions of check boxes and option buttons themselves.
+// Changes the value of a check box or an option button, and raises Click.
 void HeadlessHands::Own(Control& control) {
   if (!loop_.TakesInput(control)) return;
   if (auto* check = dynamic_cast<CheckBox*>(&control)) check->Value = check->Value() == 0 ? 1 : 0;
@@ -196,7 +197,7 @@ void HeadlessHands::Own(Control& control) {
 
 namespace {
 
-// The controls that learn where the mouse is.
+// True for the controls that get the place of the mouse.
 bool IsPointed(const Control& control) {
   return control.Kind() == ControlKind::PictureBox || control.Kind() == ControlKind::Label;
 }
@@ -215,7 +216,8 @@ void HeadlessHands::Point(Control& control, int at) {
   control.MouseY = y;
 }
 
-// At the middle of the control or, if that is hidden, of its visible part.
+// Puts the mouse into the middle of the control. If that place is out of sight, puts it into the
+// middle of the visible part.
 void HeadlessHands::PointAtMiddle(Control& control) {
   row_ = PresentRow(control);
   if (!IsPointed(control)) return;
@@ -254,10 +256,10 @@ void HeadlessHands::Drag(Control& control, int from, int to) {
     if (!loop_.TakesInput(control)) break;
     SetSlider(*slider, value);
   }
-  Up(control, kLeftButton, to < 1000);  // a thousand is the edge
+  Up(control, kLeftButton, to < 1000);  // at 1000 the mouse is no longer inside
 }
 
-// Also beyond the edges, because a held mouse can go there.
+// The mouse may go beyond the edges, because a button is held.
 void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
   Point(box, from);
   const int start = box.MouseX, end = OnPixel(box.Width * to / 1000);
@@ -269,7 +271,7 @@ void HeadlessHands::DragOnPicture(PictureBox& box, int from, int to) {
   if (loop_.Alive(box)) Up(box, kLeftButton, UnderMouse(box));
 }
 
-// The label may follow the mouse, so the places are those of what it lies in.
+// The label may follow the mouse, so the places are counted in the container of the label.
 void HeadlessHands::Pull(Control& control, int x, int y) {
   Reach(control);
   row_ = 0;

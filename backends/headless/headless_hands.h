@@ -21,7 +21,8 @@ class HeadlessHands final : public Hands {
   void RightClick(Control& control) override;
   void PressAt(Control& control, int at) override;
   void DoubleClickAt(Control& control, int at) override;
-  // A slider takes the value of the place; a vertical one is dragged along its height.
+  // A slider takes the value at the place of the mouse. A vertical slider is dragged along its
+  // height.
   void Drag(Control& control, int from, int to) override;
   void Pull(Control& control, int x, int y) override;
   void ShiftPress(Control& control) override;
@@ -73,10 +74,10 @@ class HeadlessHands final : public Hands {
 
   HeadlessLoop& loop_;
   bool shift_ = false;                     // held while the mouse presses
-  int held_ = 0;                           // controls that are still to be let go
-  int row_ = 0;                            // of a list, where the mouse is; 0 for none
-  std::map<const Control*, int> current_;  // the row that a list stands on
-  const Control* marked_ = nullptr;        // the text box whose whole text is marked
+  int held_ = 0;                           // number of held controls that are not released yet
+  int row_ = 0;                            // the row of a list under the mouse; 0 for none
+  std::map<const Control*, int> current_;  // the current row of each list
+  const Control* marked_ = nullptr;        // the text box whose whole text is selected
   const Control* keyHeld_ = nullptr;       // the button that the space bar holds down
 };
 

@@ -43,8 +43,8 @@ bool StartsWith(const Bytes& bytes, std::size_t at, std::string_view words) {
                     [](char a, unsigned char b) { return static_cast<unsigned char>(a) == b; });
 }
 
-// Whether the camera was held on its side: the orientation, 5 to 8, in the first directory of the
-// segment of a jpg that begins at `start`.
+// Returns true if the camera was held on its side. The orientation is then 5 to 8. It stands in the
+// first directory of the segment of a jpg that begins at `start`.
 bool OnItsSide(const Bytes& bytes, std::size_t start, std::size_t end) {
   constexpr std::size_t kEntryBytes = 12;
   constexpr int kOrientation = 0x112, kFirstSideways = 5;
@@ -70,7 +70,7 @@ std::optional<Measures> OfJpg(const Bytes& bytes) {
     const auto length = static_cast<std::size_t>(Big16(bytes, at + 2));
     const std::size_t end = std::min(at + 2 + length, bytes.size());
     if (marker == kExif) sideways = sideways || OnItsSide(bytes, at + 4, end);
-    // Of these, three are tables and no frames.
+    // Three of these markers begin tables and no frames.
     if (marker >= kFirstFrame && marker <= kLastFrame && marker != 0xC4 && marker != 0xC8 &&
         marker != 0xCC) {
       Measures found{Big16(bytes, at + 7), Big16(bytes, at + 5)};
@@ -87,7 +87,7 @@ std::optional<Measures> MeasuresOf(const Bytes& bytes) {
   if (bytes.size() < kLeast) return std::nullopt;
   if (bytes[0] == 0xFF && bytes[1] == 0xD8) return OfJpg(bytes);
   if (StartsWith(bytes, 0, "GIF8")) return Measures{Little16(bytes, 6), Little16(bytes, 8)};
-  // One whose height is below 0 stands the right way up in its file.
+  // A bitmap with a negative height is stored with its top row first.
   if (StartsWith(bytes, 0, "BM")) {
     const int height = Little32(bytes, 22);
     return Measures{Little32(bytes, 18), height < 0 ? -height : height};

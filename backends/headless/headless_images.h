@@ -1,4 +1,5 @@
-// Pictures without a screen: a file is read as far as its measures, which is all that can be seen.
+// Loads pictures without a screen. Only the width and the height of a picture are read from its
+// file, because the picture is never drawn.
 #pragma once
 
 #include "platform/files.h"

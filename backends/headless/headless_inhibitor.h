@@ -1,4 +1,5 @@
-// Counts who wants the machine awake; a machine without a screen never sleeps.
+// Counts the requests to keep the machine awake. The requests have no other effect, because a
+// machine without a screen never sleeps.
 #pragma once
 
 #include "platform/inhibitor.h"
@@ -11,8 +12,8 @@ class HeadlessInhibitor final : public Inhibitor {
     Last = why;
     return std::make_unique<Held>(count_);
   }
-  int Awake() const { return *count_; }  // how many hold it
-  Text Last;                             // the reason given last
+  int Awake() const { return *count_; }  // number of requests that are held
+  Text Last;                             // reason of the last request
 
  private:
   class Held final : public Inhibition {

@@ -10,7 +10,7 @@ namespace vantora {
 
 namespace {
 
-constexpr std::int64_t kFrames = kBufferBytes / 4;  // of a buffer
+constexpr std::int64_t kFrames = kBufferBytes / 4;  // in a buffer
 
 std::int64_t FramesIn(std::int64_t ms) {
   return ms * kSampleRate / 1000;
@@ -18,7 +18,7 @@ std::int64_t FramesIn(std::int64_t ms) {
 
 }  // namespace
 
-// Who listens. Time counts in frames since he began, and what was lost counts too.
+// An open capture. Its time counts in frames from its start. Lost frames count too.
 struct HeadlessInput::Ear {
   EventLoop& Loop;
   Clock& Time;
@@ -27,7 +27,7 @@ struct HeadlessInput::Ear {
   std::shared_ptr<std::vector<Sound>> Sounds;
   std::function<void()> Ready;
   std::int64_t Start = 0;
-  std::int64_t Frame = 0;  // of the next buffer
+  std::int64_t Frame = 0;  // the first frame of the next buffer
   std::int64_t LostMs = 0;
   bool Wanted = true;
 
@@ -38,7 +38,7 @@ struct HeadlessInput::Ear {
   bool Gone() const { return !Present || Fleeting; }
   bool Waits() const { return !Gone() && Due() <= Time.Ticks(); }
 
-  // A sound is heard until the next one begins.
+  // Fills a buffer with the sounds. A sound ends early when the next sound begins.
   void Hear(MMData& data) const {
     data.Samples.fill(0);
     data.Bytes = kBufferBytes;
@@ -83,7 +83,8 @@ class Capture final : public SoundCapture {
   std::shared_ptr<HeadlessInput::Ear> ear_;
 };
 
-// Who does not take what waits is asked again a buffer later.
+// Calls Ready when the next buffer is due. If the waiting buffer is not taken, Ready is called
+// again a buffer later.
 void Schedule(const std::shared_ptr<HeadlessInput::Ear>& ear) {
   constexpr std::int64_t kBufferMs = kFrames * 1000 / kSampleRate;
   const std::int64_t ms = ear->Due() - ear->Time.Ticks();

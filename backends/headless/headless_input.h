@@ -1,6 +1,7 @@
-// What a sound card's input hears, on the loop's time: silence, and wave files that are played to
-// it, each from its moment on, whether or not anybody listens. Every buffer comes when its last
-// frame has been heard; if the loop was busy then, it comes later and is the same.
+// The input of a sound card, on the loop's time. The input hears silence and the wave files that
+// Play plays to it. A wave file sounds from the call of Play on, even if no capture is open. A
+// buffer comes when its last frame has been heard. If the loop was busy then, the buffer comes
+// later, with the same sound.
 #pragma once
 
 #include "backends/headless/headless_player.h"
@@ -22,13 +23,14 @@ class HeadlessInput final : public SoundInput {
 
   std::unique_ptr<SoundCapture> Listen(std::function<void()> ready) override;
 
-  // A file of the chain's format is heard once from now on; one that still sounds ends there.
+  // Plays a file of the chain's format once, from now on. An earlier file that still sounds ends
+  // now.
   void Play(const Text& file);
-  void Lose(int ms);  // the card loses so much from now on
+  void Lose(int ms);  // the card loses the next `ms` milliseconds of sound
 
-  bool Present = true;    // false: a start is refused, and who listens loses the device
-  bool Kept = false;      // the same for a start alone: somebody else has the device
-  bool Fleeting = false;  // a start succeeds, but nothing is heard and the device is gone at once
+  bool Present = true;    // false: a new capture is refused, and an open capture loses the device
+  bool Kept = false;      // true: a new capture is refused, because another program has the device
+  bool Fleeting = false;  // true: a new capture hears nothing, and its device is gone at once
 
   struct Sound {
     std::shared_ptr<MMWave> File;
@@ -41,7 +43,7 @@ class HeadlessInput final : public SoundInput {
   Clock& clock_;
   HeadlessPlayer::NewWaveFile newWaveFile_;
   std::shared_ptr<std::vector<Sound>> sounds_ = std::make_shared<std::vector<Sound>>();
-  std::weak_ptr<Ear> ear_;  // who listens
+  std::weak_ptr<Ear> ear_;  // the open capture
 };
 
 }  // namespace vantora

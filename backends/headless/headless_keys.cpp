@@ -1,4 +1,4 @@
-// The keyboard of the hands without a screen.
+// The key actions of the hands without a screen.
 
 #include "backends/forms/focus.h"
 #include "backends/forms/reach.h"
@@ -24,8 +24,8 @@ void HeadlessHands::Key(Form& form, const Text& key) {
   Strike(form, *stroke);
 }
 
-// The program may turn in the handlers of the press, so the release is on its way before. It
-// reaches the window that is in front by then.
+// The handlers of the press may turn the loop, so the release is posted before the press. The
+// release reaches the window that is in front at that time.
 void HeadlessHands::Strike(Form& form, const KeyStroke& stroke) {
   const auto letGo = std::make_shared<bool>(false);
   const auto release = [this, letGo, code = stroke.Code] {
@@ -44,7 +44,7 @@ void HeadlessHands::Strike(Form& form, const KeyStroke& stroke) {
   loop_.ThrowIfStopped();
 }
 
-// The action of the kind of control on a key.
+// The action of a control on a key. It depends on the kind of the control.
 void HeadlessHands::Effect(Control& control, const KeyStroke& stroke) {
   if (stroke.Code == kKeyTab) return MoveFocus(control.Owner(), stroke.Shift);
   const bool space = stroke.Code == kKeySpace;
@@ -81,7 +81,7 @@ void HeadlessHands::Effect(Control& control, const KeyStroke& stroke) {
   }
 }
 
-// The space bar acts on its release.
+// The space bar acts when it is released.
 void HeadlessHands::LetGo(Control& control, int key) {
   if (key != kKeySpace || std::exchange(keyHeld_, nullptr) != &control) return;
   if (control.Kind() == ControlKind::PictureButton) return Up(control, kLeftButton, true);
@@ -118,7 +118,8 @@ void HeadlessHands::Type(Control& control, const Text& text) {
 
 constexpr const wchar_t* kLineEnd = L"\r\n";
 
-// The cursor stands behind the last character; Home and Left are not needed by anyone here.
+// The cursor always stands behind the last character. Home and Left do nothing, because no test or
+// script needs them.
 void HeadlessHands::TypeInto(TextBox& box, const KeyStroke& stroke) {
   const bool marked = std::exchange(marked_, nullptr) == &box;
   Text text = box.Text;
@@ -145,7 +146,7 @@ void HeadlessHands::TypeInto(TextBox& box, const KeyStroke& stroke) {
   Call(box, box.Change);
 }
 
-// Up means more, but where the minimum is at the top.
+// The up key increases the value, except if the minimum is at the top.
 void HeadlessHands::MoveSlider(Slider& slider, int key) {
   const SliderScale scale = SliderScale::Of(slider);
   const bool downwards = slider.Vertical && !slider.Upwards;
@@ -171,8 +172,8 @@ void HeadlessHands::MoveSlider(Slider& slider, int key) {
 
 namespace {
 
-// How far an option lies from another one in the direction of an arrow key; 0 when it lies
-// elsewhere.
+// Returns the distance from one option to another in the direction of an arrow key, or 0 if the
+// other option lies elsewhere.
 int DistanceTo(const Control& from, const Control& to, int key) {
   const int across = to.Left + to.Width / 2 - from.Left - from.Width / 2;
   const int down = to.Top + to.Height / 2 - from.Top - from.Height / 2;
@@ -186,8 +187,8 @@ int DistanceTo(const Control& from, const Control& to, int key) {
 
 }  // namespace
 
-// An arrow leads from the option that is set to the nearest one of its group, and sets that; from
-// one that is not set it leads the focus alone.
+// An arrow key moves the focus to the nearest option of the group in its direction. If the present
+// option is set, the arrow key also sets the new option.
 void HeadlessHands::MoveOption(OptionButton& option, int key) {
   OptionButton* nearest = nullptr;
   int least = 0;

@@ -1,4 +1,4 @@
-// Lists under the hands without a screen.
+// The actions on lists of the hands without a screen.
 
 #include "backends/forms/reach.h"
 #include "backends/headless/headless_hands.h"
@@ -7,7 +7,8 @@
 
 namespace vantora {
 
-// The row that the list stands on, from 1. A list box without one has the line at its middle.
+// Returns the current row of a list, from 1. For a list box without a current row, returns the line
+// at the middle of the box.
 int HeadlessHands::PresentRow(const Control& control) const {
   if (const auto* view = dynamic_cast<const ListView*>(&control)) {
     const ListItems& items = view->ListItems;
@@ -26,7 +27,7 @@ int HeadlessHands::PresentRow(const Control& control) const {
   return middle < list->ListCount() ? middle + 1 : 0;
 }
 
-// A click selects only this row; with Ctrl held it switches this row.
+// A click selects this row and deselects all others. A click with Ctrl held switches this row.
 void HeadlessHands::SelectRow(Control& control, int row, bool toggles) {
   if (auto* view = dynamic_cast<ListView*>(&control)) {
     ListItems& items = view->ListItems;
@@ -62,8 +63,8 @@ void HeadlessHands::ClickRow(Control& control, int row, bool toggles) {
   Up(control, kLeftButton, true);
 }
 
-// A click on the first row, and a click with Ctrl held on every other row. Without rows: a click
-// with Ctrl held on every selected row.
+// Clicks the first row, and clicks every other row with Ctrl held. Without rows, clicks every
+// selected row with Ctrl held.
 void HeadlessHands::Select(Control& control, const std::vector<int>& rows) {
   Reach(control);
   CheckRows(control, rows);
@@ -91,7 +92,7 @@ namespace {
 
 constexpr int kPageRows = 10;
 
-// Where a key moves a place between `first` and `last`.
+// Returns the place between `first` and `last` to which a key moves.
 int Moved(int place, int key, int first, int last) {
   switch (key) {
     case kKeyUp:
@@ -162,7 +163,8 @@ void HeadlessHands::MoveInList(ListControl& list, const KeyStroke& stroke) {
   Call(list, list.Click);
 }
 
-// A table with the focus stands on a row, the first one at least. Keys raise ItemClick only.
+// A table with the focus has a current row, which is at first the first row. Keys raise ItemClick
+// and no other event.
 void HeadlessHands::MoveInView(ListView& list, const KeyStroke& stroke) {
   const int count = list.ListItems.Count();
   if (count == 0) return;

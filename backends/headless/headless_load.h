@@ -1,4 +1,4 @@
-// A processor load that the test says.
+// A processor load that a test sets.
 #pragma once
 
 #include "platform/perf_data.h"
@@ -8,7 +8,7 @@ namespace vantora {
 class HeadlessLoad final : public PerfData {
  public:
   int Percent = 10;
-  bool Present = true;  // false: a system without such counters
+  bool Present = true;  // false: the system has no performance counters
 
   bool RegOpenKey(const Text& key) override {
     if (key == L"PerfStats\\StartStat") counting_ = true;

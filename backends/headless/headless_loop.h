@@ -1,9 +1,9 @@
-// The event loop without a screen. Time is virtual: it passes in `Sleep`, a millisecond at a time
-// in a `DoEvents` that finds nothing to do, and in jumps to the next timer where the program waits
-// and nobody sits in front of it. So a job of an hour takes no longer than its computing.
+// The event loop without a screen. Time is virtual. It passes in `Sleep`. It passes by a
+// millisecond in a `DoEvents` that finds nothing to do. While the program waits and no user acts,
+// it jumps to the next timer. A job of an hour therefore takes no longer than its computation.
 //
-// A program that would wait for ever, or goes round without end, is stopped by a std::logic_error
-// that says so, whatever handlers lie between.
+// A program that would wait for ever, or that turns the loop without an end, is stopped. The loop
+// then throws a std::logic_error with the reason, even through handlers that are running.
 #pragma once
 
 #include "backends/forms/form_loop.h"
@@ -27,18 +27,19 @@ class HeadlessLoop final : public FormLoop {
 
   // ---- for hands and tests ----
 
-  // Lets time pass in front of an idle program: what becomes due runs at its time.
+  // Lets time pass while the program is idle. Work that becomes due runs at its time.
   void Pass(int ms);
-  // Runs a handler as the loop does; a stop of the loop is not swallowed.
+  // Runs a handler as the loop does. If the loop has been stopped, throws the error of the stop.
   void Deliver(const std::function<void()>& handler);
-  // What a person does to a window before he acts in it: it is in front and active at once.
+  // Brings a window to the front and activates it at once, as a user does before an action in the
+  // window.
   void Touch(Form& form);
-  Menu* OpenMenu(const Form& form) const;  // popped up and not yet answered
+  Menu* OpenMenu(const Form& form) const;  // the menu that is open; null for none
   void CloseMenu();
   int Beeps() const { return beeps_; }
 
-  std::int64_t MaxVirtualMs = 48LL * 3600 * 1000;  // of the loop's whole life
-  std::int64_t MaxTurns = 50'000'000;              // turns in the loop's whole life
+  std::int64_t MaxVirtualMs = 48LL * 3600 * 1000;  // limit for the loop's whole life
+  std::int64_t MaxTurns = 50'000'000;              // limit for the loop's whole life
 
  private:
   NoScreen& screen_;

@@ -1,5 +1,5 @@
-// A mixer whose lines are only numbers. Tests and scripts say which lines the card has, and move
-// them from outside. A copy is another card that is set alike.
+// The mixer of a sound card, whose lines are only numbers. Tests and scripts choose the lines of
+// the card and change their values. A copy is another card with the same lines.
 #pragma once
 
 #include "backends/headless/headless_player.h"
@@ -15,25 +15,25 @@ class HeadlessMixer {
     Text Name;
     MixerCard::Role Is = MixerCard::Role::Output;
     int Volume = 0;
-    bool On = true;  // not muted; selected
+    bool On = true;  // an output is not muted; an input is selected
     bool HasSwitch = true;
   };
 
-  // The card that there is when nobody says another one.
+  // The lines of the card until the first call of Put.
   std::deque<Line> Lines = {
       {L"Master", MixerCard::Role::Master, 49152}, {L"Line", MixerCard::Role::Output, 32768, false},
       {L"Wave", MixerCard::Role::Wave, 49152},     {L"CD", MixerCard::Role::Output, 32768},
       {L"Line", MixerCard::Role::Input, 49152},    {L"Mic", MixerCard::Role::Input, 32768, false}};
   bool Present = true;
 
-  // Puts a line behind those that were put so before; the first one takes the place of all lines
-  // but the master. "Wave" is the line of waves, "Master" the master.
+  // Adds a line after the lines that were put before. The first call removes all lines except the
+  // master. The name "Wave" makes an output the wave line. The name "Master" makes it the master.
   void Put(Line line);
-  // The first line of that name, the outputs before the inputs; nothing when there is none.
+  // Returns the first line with that name, or nothing if there is none. Outputs come before inputs.
   Line* Find(const Text& name, bool inputsOnly = false);
 
  private:
-  bool own_ = true;  // the lines are those of the card that nobody has said
+  bool own_ = true;  // Put has not been called yet
 };
 
 class HeadlessMixerCard final : public MixerCard {
@@ -41,7 +41,7 @@ class HeadlessMixerCard final : public MixerCard {
   HeadlessMixerCard(HeadlessMixer& mixer, const HeadlessSoundCard& card)
       : mixer_(mixer), card_(card) {}
 
-  void Search() override {}  // its lines are always those of this moment
+  void Search() override {}  // Lines always reads the present lines
   bool Present() override { return mixer_.Present && card_.Present; }
   Text Name() override { return Present() ? L"Tarjeta de prueba" : L""; }
   std::vector<Line> Lines() override;

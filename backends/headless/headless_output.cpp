@@ -20,13 +20,13 @@ struct Voice {
   std::function<void()> Ended;
   std::int64_t StartTicks = 0;
   std::int64_t Given = 0;  // frames that the source has given
-  bool AtEnd = false;      // it has no more
+  bool AtEnd = false;      // the source has no more frames
   bool Wanted = true;
 
   std::int64_t Due() const { return (Time.Ticks() - StartTicks) * kSampleRate / 1000; }
 };
 
-// Takes what will be heard until the next tick.
+// Fetches the frames that are due until the next tick.
 void Fetch(Voice& voice) {
   const std::int64_t wanted = voice.Due() + kTickMs * kSampleRate / 1000 - voice.Given;
   if (voice.AtEnd || wanted <= 0) return;

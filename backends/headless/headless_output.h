@@ -1,4 +1,5 @@
-// Sound through the loop's time: its source is asked for what is due, and nothing sounds.
+// A sound output on the loop's time. It fetches the sound from its source when the sound is due,
+// and stays silent.
 #pragma once
 
 #include "backends/headless/headless_player.h"

@@ -11,7 +11,7 @@ namespace {
 constexpr int kTickMs = 50;  // 20 levels a second
 constexpr int kLoudest = 32767;
 
-// The sample at `at` on the scale of 16 bits; 8-bit samples have their zero at 128.
+// Returns the sample at `at` on the scale of 16 bits. Samples of 8 bits have their zero at 128.
 int Loudness(const unsigned char* at, int bits) {
   if (bits == 8) return std::abs(*at - 128) * 256;
   const unsigned char* top = at + bits / 8 - 2;
@@ -23,13 +23,13 @@ int Loudness(const unsigned char* at, int bits) {
 struct HeadlessPlayer::Voice {
   std::unique_ptr<MMWave> File;
   std::int64_t StartTicks = 0;
-  std::int64_t LengthMs = 0;  // from where it begins
-  std::int64_t From = 0;      // frames
+  std::int64_t LengthMs = 0;  // from the first frame played
+  std::int64_t From = 0;      // the first frame played
 
   int Channels() const { return File->StereoMode() + 1; }
   int FrameBytes() const { return Channels() * File->BitsPerSample() / 8; }
 
-  // Loudest samples of the frames that are heard from `ms` on until the next level.
+  // Returns the loudest samples of both sides between `ms` and the next level.
   std::pair<int, int> Peaks(std::int64_t ms) const {
     if (File->BitsPerSample() < 8) return {0, 0};
     const std::int64_t from = From + ms * File->SampleRate() / 1000;

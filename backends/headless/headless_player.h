@@ -1,5 +1,5 @@
-// Plays a wave file through the loop's time: it starts, it is heard for as long as it lasts, it
-// stops, and the levels told are those of the file at that place. Nothing sounds.
+// Plays a wave file on the loop's time, without any sound. Playing takes as long as the file lasts.
+// The reported levels are those of the file at the present place.
 #pragma once
 
 #include "platform/clock.h"
@@ -14,9 +14,9 @@ namespace vantora {
 
 // The sound card that all players share.
 struct HeadlessSoundCard {
-  bool Present = true;       // false: every start is refused, a stream ends
+  bool Present = true;       // false: every start is refused, and streams end
   std::vector<Text> Played;  // files that were started, in order
-  std::int64_t From = 0;     // where the last of them began, in bytes of its sound
+  std::int64_t From = 0;     // start of the last playing, in bytes of the sound
 };
 
 class HeadlessPlayer final : public MMWavePlayerX {
@@ -48,12 +48,13 @@ class HeadlessPlayer final : public MMWavePlayerX {
   NewWaveFile newWaveFile_;
   Text file_;
   std::int64_t from_ = 0;          // bytes
-  std::shared_ptr<Voice> voice_;   // what plays now
-  std::int64_t lastPosition_ = 0;  // where the last voice ended
-  std::shared_ptr<bool> alive_;    // false when the player is gone
+  std::shared_ptr<Voice> voice_;   // the file that plays now; null for none
+  std::int64_t lastPosition_ = 0;  // the place at which the last voice ended
+  std::shared_ptr<bool> alive_;    // false after the player is destroyed
 };
 
-// Makes players that share one loop, clock and card; a set of sound tools takes it as its source.
+// Returns a function that makes players for a set of sound tools. The players share one loop, one
+// clock and one card.
 std::function<std::unique_ptr<MMWavePlayerX>()> HeadlessPlayers(
     EventLoop& loop, Clock& clock, HeadlessSoundCard& card,
     HeadlessPlayer::NewWaveFile newWaveFile);

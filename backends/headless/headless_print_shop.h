@@ -1,4 +1,4 @@
-// Paper, fonts and pictures of a machine that has none of them.
+// The fonts, the pictures and the printers of the headless back end.
 #pragma once
 
 #include "backends/headless/headless_images.h"

@@ -8,7 +8,8 @@ namespace vantora {
 
 namespace {
 
-constexpr double kLetterWidth = 0.5, kLineHeight = 7.0 / 6, kAscent = 0.9;  // of the letters
+// Shares of the height of the letters.
+constexpr double kLetterWidth = 0.5, kLineHeight = 7.0 / 6, kAscent = 0.9;
 
 [[noreturn]] void Gone() {
   throw Laufzeitfehler(kFehlerDrucker, L"La impresora no responde");
@@ -52,7 +53,7 @@ void HeadlessPrinters::Begin() {
 
 void HeadlessPrinters::Deliver(const PrintJob& job) {
   Begin();
-  // A folder that takes no file refuses the job as it does on a real machine.
+  // If the file cannot be made in its folder, the job fails, as on a real machine.
   if (WritesFile(Current()) && !job.OutputFile.empty()) {
     files_.Open(job.OutputFile, Zugriff::Neu);
   }

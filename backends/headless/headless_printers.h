@@ -1,4 +1,5 @@
-// Printers that print nothing: what is sent to them is kept, in twips, for a test to look at.
+// Printers that print nothing. The jobs that are sent to them are kept for tests, with measures in
+// twips.
 #pragma once
 
 #include "backends/printing/job_printer.h"
@@ -9,7 +10,7 @@
 
 namespace vantora {
 
-// Every letter is half as wide as it is high, and a line is as high as its letters and a sixth.
+// Every letter is half as wide as it is high. A line is higher than its letters by a sixth.
 class HeadlessFontBook final : public FontBook {
  public:
   std::vector<Text> Families() override {
@@ -35,9 +36,9 @@ class HeadlessPrinters final : public Printers, private PrintTarget {
   Text SuggestedFile() override;
 
   PrinterSetup Setup;
-  std::vector<Text> Queues;    // beside the one that writes files
+  std::vector<Text> Queues;    // all printers except the one that writes files
   bool Broken = false;         // every job fails
-  std::vector<PrintJob> Jobs;  // that were sent
+  std::vector<PrintJob> Jobs;  // the jobs that were sent
 
  private:
   PrintSheet Sheet() override;

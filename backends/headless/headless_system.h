@@ -1,4 +1,5 @@
-// The program's place in a system that is not there; what it opens is remembered.
+// A simulated operating system. Tests set its answers. It records the help pages, links and files
+// that the program opens.
 #pragma once
 
 #include "platform/system.h"
@@ -16,11 +17,11 @@ class HeadlessSystem final : public System {
       : major_(major), minor_(minor), revision_(revision) {}
 
   bool OtherInstance = false;
-  int CdPlayers = 0;                              // windows of a CD player that stand open
+  int CdPlayers = 0;                              // number of open windows of a CD player
   std::map<Text, Text> FileVersions;              // by path
   std::vector<std::pair<Text, Text>> HelpOpened;  // file, topic
   std::vector<Text> LinksOpened;
-  bool Viewer = true;  // the desktop has one for files
+  bool Viewer = true;  // the desktop has a viewer for files
   std::vector<std::filesystem::path> FilesOpened;
 
   bool PrevInstance() override { return OtherInstance; }

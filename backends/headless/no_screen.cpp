@@ -36,7 +36,8 @@ bool NoScreen::HandleInput() {
   return active_ != before;
 }
 
-// Otherwise a program that turns until a certain time would turn for ever.
+// A turn without work takes a millisecond. Otherwise a program that turns the loop until a certain
+// time would never end.
 void NoScreen::EndTurns(bool busy) {
   model_->Sync();
   if (!busy && !model_->Ended()) Advance(1);
@@ -93,7 +94,7 @@ void NoScreen::Bring(Form& form) {
   KeepFocus(form);
 }
 
-// A control that is hidden or disabled passes the focus to the next control.
+// If the control with the focus is hidden or disabled, the focus goes to the next control.
 void NoScreen::KeepFocus(Form& form) {
   const auto focus = focus_.find(&form);
   if (focus == focus_.end() || focus->second == nullptr) return;

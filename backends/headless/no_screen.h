@@ -33,7 +33,7 @@ class NoScreen final : public World {
 
   void Advance(std::int64_t ms);
   void CountTurn();
-  void Activate();  // the window in front
+  void Activate();  // activates the window in front
 
   const Form* MenuOwner = nullptr;
   Menu* OpenMenu = nullptr;
@@ -44,8 +44,8 @@ class NoScreen final : public World {
   HeadlessClock& clock_;
   FormLoop* model_ = nullptr;
   HeadlessLoop* loop_ = nullptr;
-  std::map<const Form*, Control*> focus_;  // may be gone
-  const Form* active_ = nullptr;           // may be gone
+  std::map<const Form*, Control*> focus_;  // may be destroyed
+  const Form* active_ = nullptr;           // may be destroyed
   std::int64_t turns_ = 0;
 };
 

@@ -19,7 +19,8 @@ struct MMData {
   std::size_t Bytes = 0;                               // 0: end of the sound
 };
 
-// Return the number of bytes in a buffer, copy its sound out, and copy sound into it.
+// These functions return the number of bytes in a buffer, copy sound out of a buffer, and copy
+// sound into a buffer.
 inline std::size_t ParseWaveHeader(const MMData& data) {
   return data.Bytes;
 }

@@ -38,7 +38,7 @@ class MMConnectorX : public MMComponentX {
   bool RealTime = false, EnterIdle = false;
   std::function<void(int left, int right)> OnLevel;  // peaks, 0 to 32767; about 20 a second
   // Called for every buffer before it goes downstream. A component that the handler opens gets this
-  // buffer, one that it closes does not.
+  // buffer. A component that the handler closes does not get it.
   std::function<void()> OnTrigger;
 };
 
@@ -55,7 +55,7 @@ class MMTriggerX : public MMComponentX {
   void Close() { Stop(); }             // at the end of the work
   std::function<void()> OnBufferLoad;  // before each buffer is pulled
   std::function<void()> OnStop;        // at the end of the sound
-  std::function<void()> OnError;       // after a failure, whose error then goes to the event loop
+  std::function<void()> OnError;       // after a failure; the error then goes to the event loop
   // When set, called in place of OnError; the error is not passed to the loop.
   std::function<void(const Laufzeitfehler& error)> OnFailure;
 };

@@ -45,8 +45,9 @@ class MMWaveObject {
   virtual void SaveHeader() = 0;
 };
 
-// At the start of a chain it plays its range. After a trigger or an input it records: its file is
-// created anew. Without a file name it passes the sound on.
+// A wave file in a chain. At the start of a chain, the component plays the range of its file. After
+// a trigger or an input, the component records, and its file is created anew. Without a file name
+// it passes the sound on.
 class MMWaveFileX : public MMComponentX {
  public:
   explicit MMWaveFileX(MMWaveObject& wave) : Wave(wave) {}

@@ -1,23 +1,25 @@
-// What a person presses, and what he puts on and off.
+// Controls that a user presses, and controls that a user switches on and off.
 #pragma once
 
 #include "platform/controls/control.h"
 
 namespace vantora {
 
-// A button drawn from pictures; also a plain picture when no handler hangs on it.
+// A button drawn from pictures. Without a handler the control is a plain picture.
 class PictureButton : public Control {
  public:
   using Control::Control;
   ControlKind Kind() const override { return ControlKind::PictureButton; }
   std::optional<Text> Read(const Text& property) const override;
 
-  Property<Text> Picture{*this, Text()};    // resource name; what is shown now
-  Property<Text> Icon{*this, Text()};       // resource name of a picture on top, centred
-  Property<double> ClipTop{*this, 0.0};     // shown part of the picture, in shares of its
-  Property<double> ClipHeight{*this, 1.0};  // height
-  Text PictureReleased, PicturePressed;     // blank: the picture does not change on a press
-  bool TabStop = true;  // false: takes no focus; the mouse and the window's own keys press it
+  Property<Text> Picture{*this, Text()};  // resource name of the picture that is shown now
+  Property<Text> Icon{*this, Text()};     // resource name of a picture that is centred on top
+  // The top and the height of the part that is shown, as shares of the height of the picture.
+  Property<double> ClipTop{*this, 0.0};
+  Property<double> ClipHeight{*this, 1.0};
+  Text PictureReleased, PicturePressed;  // blank: the picture does not change on a press
+  // False: the button takes no focus. The mouse and the window's own keys still press it.
+  bool TabStop = true;
 };
 
 class CheckBox : public Control {
@@ -30,7 +32,7 @@ class CheckBox : public Control {
   Property<int> Value{*this, 0};  // 0 or 1
 };
 
-// Of the option buttons of one group at most one is set; setting one clears the others.
+// At most one option button of a group is set. Setting an option button clears the others.
 class OptionButton : public Control {
  public:
   OptionButton(Form& form, Text name, int index, int group);

@@ -1,4 +1,4 @@
-// What is only drawn: panels, drawings and bars of light.
+// Controls that show drawings: shapes, picture boxes and level meters.
 #pragma once
 
 #include "platform/controls/control.h"
@@ -14,29 +14,35 @@ class Shape : public Control {
 
   Property<Color> FillColor{*this, Rgb(53, 55, 99)};
   Property<Color> BorderColor{*this, kTransparent};
-  Property<int> Opacity{*this, 100};  // percent; below 100 what lies beneath shines through
+  Property<int> Opacity{*this, 100};  // percent; below 100 the controls beneath shine through
 };
 
-// What a picture box draws, in twips from its upper left corner, in order.
+// One item of the drawing of a picture box. Items are drawn in their order. Places are in twips
+// from the upper left corner of the box.
 struct DrawItem {
   enum class What { Line, Polyline, Rectangle, Words, Picture, Polygon } Kind = What::Line;
-  std::vector<int> Points;  // x, y, x, y …; rectangle and picture: left, top, right, bottom
+  std::vector<int> Points;  // x, y, x, y …; for rectangle and picture: left, top, right, bottom
   Color Ink = 0;
   Text Content;  // the text, or the picture's resource name
   int FontSize = 9;
-  Color Fill = kTransparent;  // of a polygon, whose edge is the ink; either may be transparent
-  // Where words stand: from their point to the right, around it, or up to it.
+  // The colour inside a polygon. The edge of the polygon has the colour Ink. Either colour may be
+  // transparent.
+  Color Fill = kTransparent;
+  // The place of words: they begin at their point (Left), end there (Right), or have it in their
+  // middle (Center).
   Alignment Align = Alignment::Left;
-  // Of words in a font that is not the windows' own (FontName is not blank). They begin at their
-  // point, the corner of the first letter's cell, and are turned around it; Fill lies beneath them.
+  // For words in a font of their own (FontName is not blank). The words begin at their point, which
+  // is the corner of the cell of the first letter. They are turned around that point. The colour
+  // Fill lies beneath the words.
   Text FontName = {};
   double FontTwips = 0;  // the size of the letters
   bool Bold = false, Italic = false, Underline = false, StrikeOut = false;
-  int Angle = 0;    // tenths of a degree, against the clock
-  Bild Photo = {};  // of a picture: this one instead of a resource
+  int Angle = 0;    // tenths of a degree, counterclockwise
+  Bild Photo = {};  // for a picture: drawn instead of a resource
 };
 
-// Takes the focus when something hangs on its KeyDown.
+// A box that shows a drawing over a background picture. It takes the focus if its KeyDown has a
+// handler.
 class PictureBox : public Control {
  public:
   using Control::Control;
@@ -46,8 +52,8 @@ class PictureBox : public Control {
   void Cls();
   void Draw(DrawItem item);
   const std::vector<DrawItem>& Drawing() const { return drawing_; }
-  int Revision() const { return revision_; }  // another one when something else is drawn
-  Property<Text> Picture{*this, Text()};      // resource name of the ground
+  int Revision() const { return revision_; }  // changes together with the drawing
+  Property<Text> Picture{*this, Text()};      // resource name of the background
 
  private:
   std::vector<DrawItem> drawing_;
@@ -56,7 +62,8 @@ class PictureBox : public Control {
 
 enum class Ears { Both, Left, Right };
 
-// Bars of light for what is heard, left and right. A tall one stands upright.
+// Two bars that show the level of the sound heard on the left and on the right. The bars stand
+// upright if the control is higher than wide.
 class LevelMeter : public Control {
  public:
   using Control::Control;
@@ -65,7 +72,7 @@ class LevelMeter : public Control {
 
   Property<bool> Active{*this, false};
   Property<int> PeakLeft{*this, 0}, PeakRight{*this, 0};  // 0 to 32767
-  Property<int> Mark{*this, 0};                           // a peak that is marked, 0 for none
+  Property<int> Mark{*this, 0};  // the level at which a mark is drawn, 0 for none
   Ears Shown = Ears::Both;
 };
 

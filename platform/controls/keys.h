@@ -1,4 +1,4 @@
-// Key codes as handlers get them; letters and digits are their upper-case code.
+// Key codes, as handlers get them. The code of a letter or digit is its upper-case character.
 #pragma once
 
 namespace vantora {

@@ -1,4 +1,4 @@
-// Lines and rows that a person chooses from.
+// Lists from which a user chooses lines or rows.
 #pragma once
 
 #include "platform/controls/control.h"
@@ -7,7 +7,8 @@
 
 namespace vantora {
 
-// What combo box and list box share: lines of text and a line that is chosen, from 0, -1 for none.
+// The base of combo box and list box: lines of text, one of which is chosen. Lines count from 0. A
+// ListIndex of -1 means that no line is chosen.
 class ListControl : public Control {
  public:
   using Control::Control;
@@ -31,7 +32,7 @@ class ComboBox : public ListControl {
   std::optional<Text> Read(const Text& property) const override;
 };
 
-constexpr int kListLine = 240;  // twips; the height of a line of a list box
+constexpr int kListLine = 240;  // height of a line of a list box, in twips
 
 class ListBox : public ListControl {
  public:
@@ -40,12 +41,12 @@ class ListBox : public ListControl {
   std::optional<Text> Read(const Text& property) const override;
 
   bool MultiSelect = false;
-  void Clear() override;  // and nothing is selected
+  void Clear() override;  // removes the lines and the selection
   bool Selected(int index) const;
-  void Select(int index, bool selected);  // in a single list the others are cleared
+  void Select(int index, bool selected);  // without MultiSelect, deselects the other lines
   int SelCount() const;
-  Property<int> TopIndex{*this, 0};  // the first line in sight; who shows the list keeps it so
-  std::function<void()> Scroll;      // the user has moved the lines
+  Property<int> TopIndex{*this, 0};  // the first visible line; the renderer updates it
+  std::function<void()> Scroll;      // the user has scrolled the list
 
  private:
   std::vector<bool> selected_;
@@ -56,7 +57,7 @@ class ListView;
 class ListItem {
  public:
   explicit ListItem(ListView& list) : list_(list) {}
-  const Text& SubItems(int column) const;  // column 0 is the row's first text
+  const Text& SubItems(int column) const;  // column 0 is the first text of the row
   void SetSubItems(int column, const Text& content);
   bool Selected() const { return selected_; }
   void SetSelected(bool selected);
@@ -74,7 +75,7 @@ class ListItems {
   void Clear();
   int Count() const { return static_cast<int>(items_.size()); }
   bool empty() const { return items_.empty(); }
-  ListItem& operator()(int index) { return items_[Place(index)]; }  // error 9 for no such row
+  ListItem& operator()(int index) { return items_[Place(index)]; }  // raises 9 for a missing row
   const ListItem& operator()(int index) const { return items_[Place(index)]; }
 
  private:
@@ -84,7 +85,7 @@ class ListItems {
   std::deque<ListItem> items_;
 };
 
-// A table with a head; rows count from 1, several can be selected.
+// A table with column headers. Rows count from 1. Several rows can be selected.
 class ListView : public Control {
  public:
   using Control::Control;
@@ -100,7 +101,7 @@ class ListView : public Control {
 
   vantora::ListItems ListItems{*this};
   std::function<void(int row)> ItemClick;
-  std::function<bool(const std::vector<Text>& files)> OLEDragOver;  // false: no drop here
+  std::function<bool(const std::vector<Text>& files)> OLEDragOver;  // false: the drop is refused
   std::function<void(const std::vector<Text>& files)> OLEDragDrop;
 
  private:

@@ -1,4 +1,4 @@
-// A value of a control that knows when it changes, and what such values are made of.
+// The properties of controls, and the types of colours and alignments.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ enum class Alignment { Left, Right, Center };
 // Marks a control and its window as changed, so that the renderer looks at them.
 void MarkDirty(Control& control);
 
-// A value that marks its control dirty when it really changes.
+// A value of a control. Assigning a different value marks the control as changed.
 template <typename T>
 class Property {
  public:
@@ -35,7 +35,7 @@ class Property {
   }
 
   const T& operator()() const { return value_; }
-  operator const T&() const { return value_; }  // NOLINT: reads like the value it is
+  operator const T&() const { return value_; }  // NOLINT: a property is used like its value
 
  private:
   Control& owner_;

@@ -1,4 +1,4 @@
-// A value between two ends that a person pulls.
+// A slider: the user chooses a value between two ends by moving a knob.
 #pragma once
 
 #include "platform/controls/control.h"
@@ -13,8 +13,9 @@ class Slider : public Control {
 
   Property<int> Min{*this, 0}, Max{*this, 100}, Value{*this, 0};
   Property<bool> Vertical{*this, false};  // the minimum is at the top
-  bool Upwards = false;                   // of a vertical one: the greatest value is at the top
-  // Half of the way to the greatest value is its square root: for levels, from a minimum of 0.
+  bool Upwards = false;                   // for a vertical slider: the greatest value is at the top
+  // For levels. Equal distances on the slider multiply the value by equal factors: in the middle,
+  // the value is the square root of the greatest value. The minimum has to be 0.
   bool Logarithmic = false;
   std::function<void()> Change;
 };

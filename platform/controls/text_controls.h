@@ -1,4 +1,4 @@
-// Words that a window shows, and words that a person enters.
+// Labels, and boxes into which the user types text.
 #pragma once
 
 #include "platform/controls/control.h"
@@ -15,11 +15,14 @@ class Label : public Control {
   Property<Alignment> Align{*this, Alignment::Left};
   Property<bool> WordWrap{*this, false};
   Property<int> BorderStyle{*this, 0};  // 1: a thin frame
-  // How large words in a font of their own (FontName) are shown. They keep the breadth that they
-  // have on paper, so what stands beside each other there does so here.
+  // The scale at which words in a font of their own (FontName) are shown. The words keep the width
+  // that they have on paper. Words that stand side by side on paper therefore do so on the screen
+  // too.
   Property<double> FontScale{*this, 1.0};
-  bool TabStop = false;         // takes the focus; Return and the space bar then act as its click
-  const Control* Of = nullptr;  // the button that it is the caption of: with that it goes dim
+  // True: the label takes the focus, and Return and the space bar then act like a click.
+  bool TabStop = false;
+  // The button to which this label is the caption. The label is dimmed together with the button.
+  const Control* Of = nullptr;
 };
 
 class TextBox : public Control {
@@ -31,7 +34,9 @@ class TextBox : public Control {
   Property<vantora::Text> Text{*this, vantora::Text()};
   Property<int> MaxLength{*this, 0};  // characters, 0 for no limit
   bool SelectOnFocus = true;
-  bool MultiLine = false;  // Return begins a line; lines end in "\r\n". Fixed once it is shown.
+  // Return begins a new line, and lines end in "\r\n". The flag does not change once the box is
+  // shown.
+  bool MultiLine = false;
   std::function<void()> Change;
 };
 

@@ -1,4 +1,4 @@
-// What is particular to the kinds of controls that are no lists.
+// The methods of the controls that are no lists.
 
 #include "backends/forms/controls/property_text.h"
 

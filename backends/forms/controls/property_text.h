@@ -1,4 +1,4 @@
-// Values of properties as the text that a script or a screen reader asks for.
+// The values of properties as text for scripts and screen readers.
 #pragma once
 
 #include "platform/text.h"

@@ -1,4 +1,4 @@
-// Where a slider stands for a value, and which value stands at a place.
+// Converts the values of a slider to places on the slider, and places to values.
 
 #include "platform/fader_knob.h"
 #include "platform/slider_scale.h"
