@@ -49,8 +49,8 @@ Denoiser::Denoiser()
   }
 }
 
-void Denoiser::Process(float level, float* sound, std::size_t count) {
-  if (count == 0) return;
+std::size_t Denoiser::Process(float level, float* sound, std::size_t count, float*, std::size_t) {
+  if (count == 0) return 0;
   std::copy(past_.begin() + static_cast<std::ptrdiff_t>(count), past_.end(), past_.begin());
   std::copy_n(sound, count, past_.end() - static_cast<std::ptrdiff_t>(count));
   known_ = std::min(known_ + count, kSpan);
@@ -63,7 +63,7 @@ void Denoiser::Process(float level, float* sound, std::size_t count) {
     Look();
     fresh_ = 0;
   }
-  if (former == 0 && share_ == 0) return;
+  if (former == 0 && share_ == 0) return 0;
   Foretell();
   fft_.Forward(foretold_.data(), sound_.Re.data(), sound_.Im.data());
   Noise(former_, old_);
@@ -75,6 +75,7 @@ void Denoiser::Process(float level, float* sound, std::size_t count) {
   }
   for (std::size_t i = fade; i < count; ++i) new_[begin + i] *= share_;
   TakeOff(sound, new_.data() + begin, count);
+  return 0;
 }
 
 // The past, and a little future as far as it follows from it.

@@ -34,7 +34,8 @@ class Denoiser {
   Denoiser();
 
   // One piece in place, at most kBlock samples in the units of 16 bit.
-  void Process(float level, float* sound, std::size_t count);
+  std::size_t Process(float level, float* sound, std::size_t count, float* follows,
+                      std::size_t following);
 
  private:
   static constexpr std::size_t kSpan = 2048;
