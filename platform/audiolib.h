@@ -28,7 +28,8 @@ class Audiolib {
   virtual void func_04(const float& level) = 0;  // hiss
   virtual void func_10() = 0;
   // The sound that follows the buffer that is handed in next, as far as it is known, up to 1024
-  // frames. It lets a filter see ahead and counts for that buffer alone.
+  // frames, given before each buffer. It lets the filters see ahead; without it they see no further
+  // than the buffer's end.
   virtual void Follows(const std::int16_t* samples, const std::int16_t& channels, int frames) = 0;
   // One buffer of `frames` frames, 16 bit, interleaved, from `source` to `target`, which do not
   // overlap; as many frames come out as go in, without delay. A level may differ from buffer to

@@ -64,6 +64,12 @@ class MMComponentX {
     data.Bytes = 0;
     if (input_ != nullptr) input_->Pull(data);
   }
+  // What the next Pull brings, while nothing moves on. Components that change sound do not stand
+  // before one that looks ahead.
+  virtual void Peek(MMData& data) {
+    data.Bytes = 0;
+    if (input_ != nullptr) input_->Peek(data);
+  }
   // The sound begins anew: the source goes back to the start of its range. Echoes that still ring
   // go on ringing.
   virtual void Rewind() {
@@ -173,7 +179,8 @@ class MMPeakDetectX : public MMComponentX {
 
 class MMDSPInterfaceX : public MMComponentX {
  public:
-  std::function<void(MMData& data)> OnBufferFilled;  // may change the buffer
+  // May change the buffer. Peek shows the one that follows it.
+  std::function<void(MMData& data)> OnBufferFilled;
 };
 
 // ---- effects ----

@@ -43,6 +43,9 @@ void frmWaveEditor::DSP_OnBufferFilled(MMData& data) {
   }
   Audiolib& lib = prog.plattform.audiolib;
   const int frames = static_cast<int>(n) / kFrameBytes;
+  MMData folgt;
+  DSP->Peek(folgt);
+  lib.Follows(folgt.Samples.data(), kStereo, static_cast<int>(folgt.Bytes) / kFrameBytes);
   if (an(chkDeclickAktiv)) {
     lib.func_08(DeclickLevel, kStereo, b.data(), a.data(), frames);
     aNachB();

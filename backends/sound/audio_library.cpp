@@ -89,10 +89,17 @@ void AudioLibrary::Run(Stage<Filter>& stage, float level, int channels, const st
   std::size_t following = following_;
   for (std::size_t channel = 0; channel < std::min(apart, kChannels); ++channel) {
     float* const piece = piece_[channel].data();
-    for (std::size_t i = 0; i < total; ++i) piece[i] = target[i * apart + channel];
-    following =
-        (*stage)[channel].Process(level, piece, total, follows_[channel].data(), following_);
-    for (std::size_t i = 0; i < total; ++i) target[i * apart + channel] = Rounded(piece[i]);
+    std::int16_t* const samples = target + channel;
+    for (std::size_t from = 0; from < total; from += kPiece) {
+      const std::size_t count = std::min(kPiece, total - from);
+      const std::size_t rest = std::min(kPiece, total - from - count);
+      float* const follows = rest > 0 ? rest_.data() : follows_[channel].data();
+      for (std::size_t i = 0; i < count; ++i) piece[i] = samples[(from + i) * apart];
+      for (std::size_t i = 0; i < rest; ++i) rest_[i] = samples[(from + count + i) * apart];
+      following =
+          (*stage)[channel].Process(level, piece, count, follows, rest > 0 ? rest : following_);
+      for (std::size_t i = 0; i < count; ++i) samples[(from + i) * apart] = Rounded(piece[i]);
+    }
   }
   following_ = following;
 }

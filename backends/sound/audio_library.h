@@ -60,6 +60,7 @@ class AudioLibrary final : public Audiolib {
   // What follows the buffer that is handed in next, for each channel, and how much of it there is.
   std::array<std::vector<float>, kChannels> follows_;
   std::size_t following_ = 0;
+  std::array<float, kPiece> rest_{};  // what follows within a long buffer
 
   std::optional<Spectrum> spectrum_;  // the picture that is being made
 };

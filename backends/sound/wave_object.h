@@ -33,6 +33,7 @@ class WaveObject final : public MMWaveObject {
 
   // ---- for the component ----
   void ReadRange(MMData& data);  // whole frames of the range of playing, from the position
+  void PeekRange(MMData& data);  // the same, and the position stays; a failure shows no sound
   void MakeAnew();               // empty and open, its folder too
   void Append(const MMData& data);
 
@@ -64,6 +65,7 @@ class WaveComponent final : public MMWaveFileX {
   explicit WaveComponent(Dateien& dateien) : MMWaveFileX(object_), object_(dateien) {}
 
   void Pull(MMData& data) override { object_.ReadRange(data); }
+  void Peek(MMData& data) override { object_.PeekRange(data); }
   void Rewind() override { object_.SetPosition(object_.PlayStart); }
   void Receive() override {
     if (!object_.FileName().empty()) object_.MakeAnew();

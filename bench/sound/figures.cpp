@@ -24,7 +24,8 @@ Sound Above3k(const Sound& sound) {
   std::vector<double> taps(kHalf + 1);
   for (std::ptrdiff_t i = 0; i <= kHalf; ++i) {
     const double x = static_cast<double>(i), edge = 2 * 3000.0 / kRate;
-    const double sinc = i == 0 ? edge : std::sin(std::numbers::pi * edge * x) / (std::numbers::pi * x);
+    const double sinc =
+        i == 0 ? edge : std::sin(std::numbers::pi * edge * x) / (std::numbers::pi * x);
     taps[static_cast<std::size_t>(i)] =
         -sinc * (0.5 + 0.5 * std::cos(std::numbers::pi * x / (kHalf + 1)));
   }
@@ -52,17 +53,18 @@ double Left(const Sound& sound, const Sound& out, const std::vector<Place>& plac
 
 double HissChange(const Sound& out, std::size_t from) {
   const Sound hiss = Noise(out.size(), kHiss, 9);
-  return Db(Power(out, from, out.size()) / Power(hiss, from, out.size()));
+  return Db(Power(out, from, out.size() - kRate / 10) / Power(hiss, from, out.size() - kRate / 10));
 }
 
 double Kurtosis(const Sound& sound, std::size_t from) {
   double second = 0, fourth = 0;
-  for (std::size_t i = from; i < sound.size(); ++i) {
+  for (std::size_t i = from; i < sound.size() - kRate / 10; ++i) {
     const double square = sound[i] * sound[i];
     second += square;
     fourth += square * square;
   }
-  return fourth * static_cast<double>(sound.size() - from) / std::max(second * second, 1e-9);
+  return fourth * static_cast<double>(sound.size() - kRate / 10 - from) /
+         std::max(second * second, 1e-9);
 }
 
 // 10 ms from each hit on.
@@ -99,7 +101,8 @@ void FillKnown(Sound& sound, const std::vector<Place>& places) {
     const std::size_t end = std::min(place.First + place.Count + kAround, sound.size());
     std::vector<float> piece(sound.begin() + static_cast<std::ptrdiff_t>(first),
                              sound.begin() + static_cast<std::ptrdiff_t>(end));
-    std::fill_n(piece.begin() + static_cast<std::ptrdiff_t>(place.First - first), place.Count, 0.0F);
+    std::fill_n(piece.begin() + static_cast<std::ptrdiff_t>(place.First - first), place.Count,
+                0.0F);
     for (int round = 0; round < 4; ++round) {
       for (const Place& other : places) {
         if (other.First < first + 64 || other.First + other.Count >= end) continue;
@@ -136,10 +139,12 @@ double HissFigure(const std::string& name, const Sound& out) {
   if (name == "dying") return DyingChange(out);
   if (name == "piano") {
     const Sound music = Music("piano", out.size(), 1);
-    return Db(kHiss * kHiss / Power(Difference(out, music), kSettled, out.size()) *
-              static_cast<double>(out.size() - kSettled) / static_cast<double>(out.size() - kSettled));
+    return Db(kHiss * kHiss / Power(Difference(out, music), kSettled, out.size() - kRate / 10));
   }
-  const std::size_t from = name == "silence" ? kLead : name == "fade" ? kRate : name == "gate" ? 2 * kRate : 0;
+  const std::size_t from = name == "silence" ? kLead
+                           : name == "fade"  ? kRate
+                           : name == "gate"  ? 2 * kRate
+                                             : 0;
   return HissChange(out, from + kSettled);
 }
 

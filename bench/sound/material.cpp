@@ -75,8 +75,8 @@ void Hit(Sound& sound, Random& random, double at, double loudness, double decay,
   for (std::size_t i = first; i < end; ++i) {
     const double t = static_cast<double>(i - first) / kRate, noise = value(random);
     low += smooth * (noise - low);
-    sound[i] += loudness * std::exp(-decay * t) * std::min(1.0, t / 0.0004) *
-                (high ? noise - low : low);
+    sound[i] +=
+        loudness * std::exp(-decay * t) * std::min(1.0, t / 0.0004) * (high ? noise - low : low);
   }
 }
 
@@ -99,7 +99,8 @@ Sound Piano(std::size_t length, Random& random) {
   for (double at = 0.02; Frames(at) < length; at += Between(random, 0.22, 0.5)) {
     for (int note = 0; note < 3; ++note) {
       Voice voice;
-      voice.Hertz = Pitch(chord[random() % chord.size()] + 12 * (1 + static_cast<int>(random() % 2)));
+      voice.Hertz =
+          Pitch(chord[random() % chord.size()] + 12 * (1 + static_cast<int>(random() % 2)));
       voice.Inharmonic = 0.0003;
       voice.Harmonics = 24;
       voice.Strength = [](int h) { return std::abs(std::sin(h * 0.39)) / std::pow(h, 1.2); };
@@ -147,7 +148,8 @@ Sound Speech(std::size_t length, Random& random) {
     loud += 0.002 * (open - loud);
     phase -= std::floor(phase);
     // The flow of the glottis, of which the closing is sudden; derived.
-    double x = phase < 0.6 ? std::sin(kTurn * phase / 1.2) * phase * 4 : -2.2 * std::exp(-(phase - 0.6) * 40);
+    double x = phase < 0.6 ? std::sin(kTurn * phase / 1.2) * phase * 4
+                           : -2.2 * std::exp(-(phase - 0.6) * 40);
     x = loud * (x + 0.03 * value(random));
     for (std::size_t f = 0; f < vowel.size(); ++f) {
       const double r = std::exp(-std::numbers::pi * (60 + 40.0 * static_cast<double>(f)) / kRate);
@@ -197,7 +199,8 @@ Sound Held(const std::string& material, std::size_t length, Random& random) {
       voice.VibratoHertz = Between(random, 4.8, 6);
       const double bright = material == "trumpet" || brass ? 0.02 : 0;
       voice.Shape = [=](int h, double t) {
-        return Fade(t, in, each - 0.02, strings ? 0.2 : 0.03) * std::exp(-bright * h * (t < 0.1 ? 1 - t / 0.1 : 0));
+        return Fade(t, in, each - 0.02, strings ? 0.2 : 0.03) *
+               std::exp(-bright * h * (t < 0.1 ? 1 - t / 0.1 : 0));
       };
       Play(sound, random, at, each, 1, voice);
     }

@@ -47,7 +47,8 @@ std::vector<std::int16_t> Read(const std::string& file) {
   const auto size = static_cast<std::size_t>(std::max<std::streamoff>(in.tellg(), kHeader));
   std::vector<std::int16_t> samples((size - kHeader) / 2);
   in.seekg(kHeader);  // those that ffmpeg and sox write are as long when told to write no more
-  in.read(reinterpret_cast<char*>(samples.data()), static_cast<std::streamsize>(samples.size() * 2));
+  in.read(reinterpret_cast<char*>(samples.data()),
+          static_cast<std::streamsize>(samples.size() * 2));
   if (!in) throw std::runtime_error("cannot read " + file);
   return samples;
 }
@@ -188,9 +189,24 @@ void Clean(const Words& words) {
   std::printf("%.1f\n", std::min(Db(sound / changed), 99.9));
 }
 
-// The figure of one sound of HissSounds, after `file` was made of it.
+// Some programs give out their sound later: it is moved to where it fits what went in.
+Sound InPlace(const Sound& in, const Sound& out) {
+  constexpr std::size_t kMostDelay = 3000, kFrom = kRate, kLength = kRate;
+  std::size_t best = 0;
+  double most = 0;
+  for (std::size_t delay = 0; delay < kMostDelay; ++delay) {
+    double sum = 0;
+    for (std::size_t i = kFrom; i < kFrom + kLength; ++i) sum += in[i] * out[i + delay];
+    if (sum > most) most = sum, best = delay;
+  }
+  Sound moved(out.begin() + static_cast<std::ptrdiff_t>(best), out.end());
+  moved.resize(out.size());
+  return moved;
+}
+
+// The figure of one sound of HissSounds, and of what was made of it.
 void Hiss(const Words& words) {
-  const Sound out = Channels(words[1])[0];
+  const Sound out = InPlace(Channels(words[1])[0], Channels(words[2])[0]);
   std::printf("%.2f\n", HissFigure(words[0], out));
 }
 
@@ -201,7 +217,7 @@ struct Work {
 
 const std::map<std::string, Work> kWorks = {{"make", {2, Make}},   {"render", {4, Render}},
                                             {"known", {3, Known}}, {"score", {4, Score}},
-                                            {"clean", {2, Clean}}, {"hiss", {2, Hiss}}};
+                                            {"clean", {2, Clean}}, {"hiss", {3, Hiss}}};
 
 }  // namespace
 
@@ -213,7 +229,7 @@ int main(int argc, char** argv) {
   if (work == kWorks.end() || static_cast<std::size_t>(argc) != 2 + work->second.Count) {
     std::fputs(
         "sound-bench make FOLDER SECONDS | render FILTERS LEVEL IN OUT | known IN PLACES OUT |\n"
-        "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME OUT\n",
+        "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME IN OUT\n",
         stderr);
     return 2;
   }

@@ -13,8 +13,9 @@ constexpr float kEdgeOfDamage = 0.45F;      // of the limit: where damage that w
 constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves and damage does not
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
 constexpr float kLongTrace = 0.1F;
-constexpr std::size_t kNear = 24;     // samples between gaps that belong together
-constexpr int kRounds = 3;            // of repair on trial
+constexpr std::size_t kNear = 24;  // samples between gaps that belong together
+constexpr int kRounds = 3;         // of repair on trial
+constexpr int kLongRounds = 2;
 constexpr std::size_t kOrder = 400;   // of the long model: a period of 110 Hz
 constexpr std::size_t kHarmonic = 4;  // errors that come back, of which the long model is asked
 constexpr std::size_t kPulse = 3;     // samples within the edge of a period
@@ -120,14 +121,16 @@ void ClickFilter::Work(const Measure& measure) {
 void ClickFilter::WorkOnHarmonics(const Measure& measure) {
   const std::size_t total = length_ - base_;
   FillAll(model_);
-  long_.Fit(repaired_.data() + base_, total);
-  FillAll(long_);
-  long_.Fit(repaired_.data() + base_, total);
-  MeasureStretches(long_, measure);
-  before_ = gaps_;
-  Search(long_, measure);
-  Unite();
-  FillAll(long_);
+  for (int round = 0; round < kLongRounds; ++round) {
+    long_.Fit(repaired_.data() + base_, total);
+    FillAll(long_);
+    long_.Fit(repaired_.data() + base_, total);
+    MeasureStretches(long_, measure);
+    before_ = gaps_;
+    Search(long_, measure);
+    Unite();
+    FillAll(long_);
+  }
   Repair(long_);
 }
 
