@@ -9,7 +9,7 @@ namespace vantora {
 namespace {
 
 constexpr float kRate = 44100;
-constexpr float kDeepest = 45, kBend = 0.64F;  // dB at level 1; the power of the level
+constexpr float kDeepest = 48, kBend = 0.64F;  // dB at level 1; the power of the level
 constexpr float kKeep = 0.97F;                 // of the music found, from spectrum to spectrum
 constexpr float kExcess = 1.1F;                // the noise's own peaks are noise too
 constexpr float kLeastRatio = 0.002F;          // of music to noise

@@ -145,6 +145,9 @@ Sound Through(Filter filter, const Sound& sound, const Levels& level = At(0.5F),
   }
   for (std::size_t at = 0; at < sound.size();) {
     const std::size_t frames = std::min(static_cast<std::size_t>(buffer()), sound.size() - at);
+    const std::size_t behind = std::min<std::size_t>(1024, sound.size() - at - frames);
+    studio.Library.Follows(source.data() + 2 * (at + frames), studio.Channels,
+                           static_cast<int>(behind));
     studio.Run(filter, level(), &source[2 * at], &target[2 * at], static_cast<int>(frames));
     at += frames;
     EXPECT_EQ(target[2 * at], 77) << "more frames than went in";
