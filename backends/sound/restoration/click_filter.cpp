@@ -298,7 +298,8 @@ bool ClickFilter::ComesBack(std::size_t place) const {
       seen += here;
       side = std::max(side, here);
     }
-    if (seen >= 4 || side == 3 || (all <= 4 && all >= 3 && seen == 3)) return true;
+    if (seen >= 4 || side == 3 || (all <= 4 && all >= 2 && seen >= std::min<std::size_t>(all, 3)))
+      return true;
   }
   return false;
 }
@@ -355,15 +356,18 @@ bool ClickFilter::Loud(const Gap& gap) const {
   if (gap.Count <= kShort) return true;
   constexpr std::size_t kAround = 300;
   constexpr float kShare = 0.5F;
-  float damage = 0, music = 0;
+  float damage = 0;
   for (std::size_t i = gap.First; i < gap.End(); ++i) {
     damage += (heard_[i] - repaired_[i]) * (heard_[i] - repaired_[i]);
   }
+  // The louder side counts: an attack is short before a sound, and soft beside it.
+  float before = 0, behind = 0;
   const std::size_t from = std::max(base_, gap.First - std::min(gap.First, kAround));
   const std::size_t to = std::min(gap.End() + kAround, length_);
-  for (std::size_t i = from; i < to; ++i) music += repaired_[i] * repaired_[i];
-  return damage * static_cast<float>(to - from) >
-         kShare * kShare * music * static_cast<float>(gap.Count);
+  for (std::size_t i = from; i < gap.First; ++i) before += repaired_[i] * repaired_[i];
+  for (std::size_t i = gap.End(); i < to; ++i) behind += repaired_[i] * repaired_[i];
+  const float music = std::max(before, behind) / static_cast<float>(kAround);
+  return damage > kShare * kShare * music * static_cast<float>(gap.Count);
 }
 
 }  // namespace vantora
