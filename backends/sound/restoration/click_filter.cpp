@@ -355,7 +355,7 @@ bool ClickFilter::Plausible(const Gap& gap) const {
 bool ClickFilter::Loud(const Gap& gap) const {
   if (gap.Count <= kShort) return true;
   constexpr std::size_t kAround = 300;
-  constexpr float kShare = 0.5F;
+  constexpr float kShare = 1;
   float damage = 0;
   for (std::size_t i = gap.First; i < gap.End(); ++i) {
     damage += (heard_[i] - repaired_[i]) * (heard_[i] - repaired_[i]);
