@@ -130,7 +130,11 @@ void EffektKette::PufferFiltern(MMData& data) {
   if (bytes == 0) return;
   CopyWaveHeader(data, PufferA_.data(), bytes);
   if (gate_.An) gate_.Anwenden(PufferA_.data(), bytes, Peak_->PeakLeft() + Peak_->PeakRight());
-  restauration_.Anwenden(PufferA_.data(), PufferB_.data(), bytes);
+  if (restauration_.Aktiv()) {
+    MMData folgt;
+    DSP_->Peek(folgt);
+    restauration_.Anwenden(PufferA_.data(), PufferB_.data(), bytes, folgt);
+  }
   FillWaveHeader(data, PufferA_.data(), bytes);
 }
 

@@ -8,6 +8,7 @@
 #include "platform/audiolib.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -24,6 +25,7 @@ class AudioLibrary final : public Audiolib {
   void func_09() override;
   void func_04(const float& level) override;
   void func_10() override;
+  void Follows(const std::int16_t* samples, const std::int16_t& channels, int frames) override;
   void func_08(const float& level, const std::int16_t& channels, const std::int16_t* source,
                std::int16_t* target, int frames) override;
   void func_06(const float& level, const std::int16_t& channels, const std::int16_t* source,
@@ -54,7 +56,11 @@ class AudioLibrary final : public Audiolib {
 
   Stage<ClickFilter> clicks_, crackle_;
   Stage<Denoiser> hiss_;
-  std::vector<float> piece_;  // of one channel; empty before the start
+  std::array<std::vector<float>, kChannels> piece_;  // of each channel; empty before the start
+  // What follows the buffer that is handed in next, for each channel, and how much of it there is.
+  std::array<std::vector<float>, kChannels> follows_;
+  std::size_t following_ = 0;
+  std::array<float, kPiece> rest_{};  // what follows within a long buffer
 
   std::optional<Spectrum> spectrum_;  // the picture being drawn
 };

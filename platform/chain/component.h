@@ -60,6 +60,12 @@ class MMComponentX {
     data.Bytes = 0;
     if (input_ != nullptr) input_->Pull(data);
   }
+  // Returns what the next Pull will bring; no position moves. Components that change sound do not
+  // stand before one that looks ahead.
+  virtual void Peek(MMData& data) {
+    data.Bytes = 0;
+    if (input_ != nullptr) input_->Peek(data);
+  }
   // Restarts the sound: the source goes back to the start of its range. Echoes that are still
   // sounding continue.
   virtual void Rewind() {

@@ -182,6 +182,17 @@ void WaveObject::ReadRange(MMData& data) {
   data.Bytes = ReadData(data.Samples.data(), whole) / kFrameBytes * kFrameBytes;
 }
 
+void WaveObject::PeekRange(MMData& data) {
+  const std::int64_t position = position_, cursor = cursor_;
+  try {
+    ReadRange(data);
+  } catch (const Laufzeitfehler&) {
+    data.Bytes = 0;  // the reading that follows reports it
+  }
+  position_ = position;
+  cursor_ = cursor;
+}
+
 void WaveObject::MakeAnew() {
   Close();
   position_ = cursor_ = 0;
