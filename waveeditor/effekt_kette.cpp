@@ -133,7 +133,9 @@ void EffektKette::PufferFiltern(MMData& data) {
   if (restauration_.Aktiv()) {
     MMData folgt;
     DSP_->Peek(folgt);
-    restauration_.Anwenden(PufferA_.data(), PufferB_.data(), bytes, folgt);
+    Folgt_.Bytes = ParseWaveHeader(folgt);
+    CopyWaveHeader(folgt, Folgt_.Samples.data(), Folgt_.Bytes);
+    restauration_.Anwenden(PufferA_.data(), PufferB_.data(), bytes, Folgt_);
   }
   FillWaveHeader(data, PufferA_.data(), bytes);
 }

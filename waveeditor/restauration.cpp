@@ -46,7 +46,7 @@ void Restauration::Auffrischen() {
 }
 
 void Restauration::Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes,
-                            const MMData& folgt) {
+                            const PcmData& folgt) {
   const auto frames = [](std::size_t n) { return static_cast<int>(n) / kFrameBytes; };
   bibliothek_.Follows(folgt.Samples.data(), std::int16_t{kChannels}, frames(folgt.Bytes));
   for (const Filter filter : kAlle) {

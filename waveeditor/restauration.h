@@ -25,7 +25,7 @@ class Restauration {
 
   // Filters a buffer of 16-bit samples. `hilfe` has room for another buffer of that size, `folgt`
   // is the buffer that comes next, empty at the end of the sound.
-  void Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes, const MMData& folgt);
+  void Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes, const PcmData& folgt);
 
  private:
   float& Level(Filter filter);

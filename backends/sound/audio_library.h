@@ -3,6 +3,7 @@
 
 #include "backends/sound/restoration/click_filter.h"
 #include "backends/sound/restoration/denoiser.h"
+#include "backends/sound/restoration/side_thread.h"
 #include "backends/sound/spectrum/waterfall.h"
 
 #include "platform/audiolib.h"
@@ -50,17 +51,23 @@ class AudioLibrary final : public Audiolib {
   template <class Filter>
   using Stage = std::optional<std::vector<Filter>>;
 
+  // One channel on its way through a filter.
+  struct Ear {
+    std::vector<float> Piece, Rest;  // in hand, and what follows within a long buffer
+    std::vector<float> Follows;      // what follows the buffer that is handed in next
+    std::size_t Following = 0;       // samples of it
+  };
   template <class Filter>
   void Run(Stage<Filter>& stage, float level, int channels, const std::int16_t* source,
            std::int16_t* target, int frames);
+  template <class Filter>
+  static void RunEar(Filter& filter, Ear& ear, float level, std::int16_t* samples,
+                     std::size_t apart, std::size_t frames);
 
   Stage<ClickFilter> clicks_, crackle_;
   Stage<Denoiser> hiss_;
-  std::array<std::vector<float>, kChannels> piece_;  // of each channel; empty before the start
-  // What follows the buffer that is handed in next, for each channel, and how much of it there is.
-  std::array<std::vector<float>, kChannels> follows_;
-  std::size_t following_ = 0;
-  std::array<float, kPiece> rest_{};  // what follows within a long buffer
+  std::array<Ear, kChannels> ears_;
+  std::optional<SideThread> side_;  // computes the right channel; from the start to the end
 
   std::optional<Spectrum> spectrum_;  // the picture being drawn
 };

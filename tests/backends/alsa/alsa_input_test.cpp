@@ -24,7 +24,9 @@ class Sink final : public MMComponentX {
   explicit Sink(MMWaveInX& in) : in_(in) {}
   void Push(const MMData& data) override {
     if (Each) Each();
-    Sound.append(reinterpret_cast<const char*>(data.Samples.data()), data.Bytes);
+    PcmData heard;
+    CopyWaveHeader(data, heard.Samples.data(), data.Bytes);
+    Sound.append(reinterpret_cast<const char*>(heard.Samples.data()), data.Bytes);
     Times.push_back(in_.BufferTicks());
   }
   std::function<void()> Each;

@@ -145,7 +145,7 @@ TEST_F(Playing, ARewiringIsHeardSoonWithoutAGapAClickOrAJump) {
   Range(0, 88200);
   out.Start();
   const auto halve = [](MMData& data) {
-    for (std::int16_t& sample : data.Samples) sample = static_cast<std::int16_t>(sample / 2);
+    for (float& sample : data.Samples) sample = std::trunc(sample / 2);
   };
   std::vector<std::int64_t> changes;
   for (int i = 0; i < 12; ++i) {  // into the last half second

@@ -39,7 +39,7 @@ std::string Pulled(MMComponentX& component) {
   MMData data;
   for (component.Pull(data); data.Bytes > 0; component.Pull(data)) {
     std::string bytes(data.Bytes, '\0');
-    std::copy_n(reinterpret_cast<const char*>(data.Samples.data()), data.Bytes, bytes.data());
+    CopyWaveHeader(data, reinterpret_cast<std::int16_t*>(bytes.data()), data.Bytes);
     sound += bytes;
   }
   return sound;
