@@ -15,6 +15,7 @@
 #include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/print/qt_print_shop.h"
 #include "backends/samplerate/pitcher.h"
+#include "main/bundle.h"
 #include "main/kept_volume.h"
 #include "main/machine.h"
 
@@ -52,34 +53,7 @@ struct DesktopPlatform {
   QtPrintShop<SystemQueues> shop{machine.files};
   KeptVolume keptVolume{volume, machine.settings, loop};
 
-  Plattform bundle{
-      .schleife = loop,
-      .bildschirm = display,
-      .uhr = clock,
-      .system = system,
-      .dateien = machine.files,
-      .laufwerke = machine.letters,
-      .einstellungen = machine.settings,
-      .profile = machine.profiles,
-      .registry = machine.registry,
-      .ressourcen = machine.resources,
-      .mmtools = mmtools,
-      .tsCut = machine.cutter,
-      .edits = machine.edits,
-      .mp3 = machine.mp3,
-      .mcd = machine.writers,
-      .acd = machine.acd,
-      .cd = machine.cd,
-      .mci = machine.mci,
-      .sockets = machine.sockets,
-      .audiolib = machine.audiolib,
-      .perfData = load,
-      .eqpro = eqpro,
-      .wachhalter = inhibitor,
-      .drucker = shop.printers,
-      .bilder = shop.images,
-      .schriften = shop.fonts,
-  };
+  Plattform bundle = BundleOf(*this);
 };
 
 }  // namespace vantora

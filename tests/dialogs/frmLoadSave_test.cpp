@@ -1,21 +1,18 @@
 #include "dialogs/frmLoadSave.h"
 
-#include <gtest/gtest.h>
-
 #include "dialogs/datei_holen.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
 namespace {
 
-class Dateidialog : public ::testing::Test {
+class Dateidialog : public MitProgramm {
  protected:
-  void SetUp() override {
+  Dateidialog() {
     for (const wchar_t* datei : {L"C:\\Música\\a.wav", L"C:\\Música\\b.MP3", L"C:\\Música\\c.txt",
                                  L"C:\\Música\\Vieja\\d.wav", L"C:\\Vantora\\Catálogo\\uno.vtr"}) {
       b.Datei(datei, "x");
     }
-    b.Start();
     b.prog.Songs_Import_Dir = L"C:\\Música";
   }
   // Runs the dialog and calls `was` in it.
@@ -24,24 +21,21 @@ class Dateidialog : public ::testing::Test {
     b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<frmLoadSave&>(front)); });
     b.Tu([&] { DateiHolen(b.prog, typ, modus, vorschlag); });
   }
-  static std::vector<Text> Zeilen(const ListControl& liste) { return liste.Items(); }
-  Hands& hand() { return b.platform.hands; }
-  Buehne b;
 };
 
 TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     EXPECT_EQ(d.Caption(), b.prog.Text(11602));
     EXPECT_EQ(d.cbxLaufwerk.List(d.cbxLaufwerk.ListIndex), L"c:");
-    EXPECT_EQ(Zeilen(d.lstVerzeichnis), (std::vector<Text>{L"C:\\", L"  Música", L"    Vieja"}));
-    EXPECT_EQ(Zeilen(d.lstDatei), (std::vector<Text>{L"a.wav", L"b.MP3"}));
+    EXPECT_EQ(d.lstVerzeichnis.Items(), (std::vector<Text>{L"C:\\", L"  Música", L"    Vieja"}));
+    EXPECT_EQ(d.lstDatei.Items(), (std::vector<Text>{L"a.wav", L"b.MP3"}));
     EXPECT_EQ(d.txtDateiName.Text(), L".wav;*.mp3");
     EXPECT_FALSE(d.pbButton(0).Enabled());
     hand().Select(d.lstDatei, {1});
     EXPECT_TRUE(d.pbButton(0).Enabled());
     hand().Select(d.lstVerzeichnis, {3});
     hand().Key(d, L"Return");  // enters the folder
-    EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"d.wav"});
+    EXPECT_EQ(d.lstDatei.Items(), std::vector<Text>{L"d.wav"});
     hand().Select(d.lstVerzeichnis, {1});
     hand().Key(d, L"Return");  // returns to the root
     EXPECT_EQ(d.lblPfad.Caption(), L"C:\\");

@@ -3,9 +3,7 @@
 #include "backends/qt/desktop/qt_display.h"
 #include "tests/qt/stage.h"
 
-#include <QApplication>
 #include <QScreen>
-#include <QWidget>
 
 namespace vantora {
 namespace {

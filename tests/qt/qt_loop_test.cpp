@@ -1,13 +1,10 @@
 #include "tests/qt/stage.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
-#include <QWidget>
 
-#include <algorithm>
 #include <chrono>
 #include <thread>
 

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "backends/qt/faces/level_bars.h"
-#include "backends/qt/look/look.h"
 #include "tests/qt/stage.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QScreen>
 #include <QScrollBar>

@@ -1,7 +1,5 @@
 #include "backends/linux/linux_system.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/linux/file_resources.h"
 #include "backends/linux/thread_background.h"
 #include "tests/backends/linux/home.h"
@@ -28,25 +26,21 @@ bool Within(std::chrono::milliseconds time, const std::function<bool()>& done) {
 
 }  // namespace
 
-TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirst) {
-  const Home one, other;
-  auto first = std::make_unique<LinuxSystem>(one.Places, LinuxSystem::Options{});
-  EXPECT_FALSE(first->PrevInstance());
-  EXPECT_FALSE(first->PrevInstance());
-  LinuxSystem second(one.Places, {}), neighbour(other.Places, {});
-  EXPECT_TRUE(second.PrevInstance());
-  EXPECT_FALSE(neighbour.PrevInstance());
-  first.reset();
-  EXPECT_FALSE(second.PrevInstance());
-}
-
-TEST(LinuxSystem, WithoutAUsableRuntimeFolderTheMarkIsMadeInTheCache) {
-  Home home;
-  Put(home / "file", "x");
-  home.Places.Runtime = home / "file";
-  LinuxSystem first(home.Places, {}), second(home.Places, {});
-  EXPECT_FALSE(first.PrevInstance());
-  EXPECT_TRUE(second.PrevInstance());
+TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirstAlsoWithoutARuntimeFolder) {
+  Home one;
+  const Home other;
+  for (const bool runtime : {true, false}) {
+    Put(one / "file", "x");
+    if (!runtime) one.Places.Runtime = one / "file";
+    auto first = std::make_unique<LinuxSystem>(one.Places, LinuxSystem::Options{});
+    EXPECT_FALSE(first->PrevInstance());
+    EXPECT_FALSE(first->PrevInstance());
+    LinuxSystem second(one.Places, {}), neighbour(other.Places, {});
+    EXPECT_TRUE(second.PrevInstance());
+    EXPECT_FALSE(neighbour.PrevInstance());
+    first.reset();
+    EXPECT_FALSE(second.PrevInstance());
+  }
 }
 
 TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
