@@ -79,7 +79,7 @@ done
 DISPLAY=:$(cat "$scratch/display")
 export DISPLAY
 
-# Whoever made this machine knows from where and how it gets its packages.
+# apt of the new system uses the package sources of this machine, its proxy and its limits.
 sources=()
 for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list /etc/apt/sources.list.d/*.sources; do
   [ ! -s "$file" ] || sources+=("$file")
@@ -91,10 +91,11 @@ if [ "$(stat --file-system --format=%T /dev/shm)" = tmpfs ] &&
   export TMPDIR=/dev/shm
 fi
 . /etc/os-release
-if ! mmdebstrap --variant=apt --dpkgopt=force-unsafe-io --aptopt="$scratch/apt.conf" \
-  --customize-hook="'$(readlink -f "$0")' inside '$deb' \"\$1\"" \
-  "$VERSION_CODENAME" /dev/null "${sources[@]}" 2>&1 | tee "$scratch/log" >/dev/stderr; then
+if ! timeout 600 mmdebstrap --variant=apt --dpkgopt=force-unsafe-io \
+  --aptopt="$scratch/apt.conf" --customize-hook="'$(readlink -f "$0")' inside '$deb' \"\$1\"" \
+  "$VERSION_CODENAME" /dev/null "${sources[@]}" >"$scratch/log" 2>&1; then
   cat "$scratch/log" >&2
-  fail "el sistema mínimo no se ha podido crear (¿red, paquetes?), o la prueba ha fallado: véase arriba."
+  grep -q "^check_install.sh" "$scratch/log" && fail "el paquete no ha pasado la prueba: véase arriba."
+  fail "el sistema mínimo no se ha podido crear. ¿Hay red, y fuentes de paquetes para apt?"
 fi
-tail -4 "$scratch/log"
+grep -a "^El paquete" "$scratch/log"
