@@ -67,7 +67,8 @@ if [ "$1" = inside ]; then
   exit
 fi
 
-deb=$(readlink -f "$1")
+deb=$(readlink -m "$1")
+[ -f "$deb" ] || fail "no hay paquete $1."
 scratch=$(mktemp -d)
 trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$scratch"' EXIT
 

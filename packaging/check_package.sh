@@ -20,8 +20,8 @@ for program in "$build"/vantora "$build"/vantora-robot; do
     exit 1
   fi
 done
-# At another time, elsewhere, by a user with other habits.
-(cd "$build" && umask 027 && TZ=Pacific/Auckland LC_ALL=C cpack -G DEB -B "$scratch/again")
+# At another time, elsewhere.
+(cd "$build" && TZ=Pacific/Auckland LC_ALL=C cpack -G DEB -B "$scratch/again")
 cmp "$1" "$scratch"/again/*.deb
 
 dpkg-deb -x "$1" "$scratch/root"
