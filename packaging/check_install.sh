@@ -33,7 +33,9 @@ start_and_close() {
   windows 1 Asistente
   xdotool key Escape
   windows 0 Asistente
-  xdotool mousemove 956 718 click 1  # the exit button of the main window
+  # the exit button of the main window: its layout has left, top, width and height in twips
+  xdotool mousemove $(awk '$1 == "imgÜberblenden" { print int(($2 + $4 / 2) / 15), int(($3 + $5 / 2) / 15) }' \
+    "$root/usr/share/vantora/layouts/frmHauptForm_1000.layout") click 1
   windows 1 Mensaje
   xdotool key Return  # yes, leave
   local code=0
