@@ -12,10 +12,6 @@ namespace vantora {
 
 class HeadlessSystem final : public System {
  public:
-  HeadlessSystem() = default;
-  HeadlessSystem(int major, int minor, int revision)
-      : major_(major), minor_(minor), revision_(revision) {}
-
   bool OtherInstance = false;
   int CdPlayers = 0;                              // number of open windows of a CD player
   std::map<Text, Text> FileVersions;              // by path
@@ -51,7 +47,7 @@ class HeadlessSystem final : public System {
   void OpenLink(const Text& address) override { LinksOpened.push_back(address); }
 
  private:
-  int major_ = 0, minor_ = 1, revision_ = 0;
+  int major_ = 1, minor_ = 0, revision_ = 0;
 };
 
 }  // namespace vantora

@@ -17,7 +17,7 @@ namespace vantora {
 class LinuxSystem final : public System {
  public:
   struct Options {
-    Text Version;                      // "0.1.0"
+    Text Version;                      // "1.0.0"
     std::filesystem::path HelpFolder;  // holds TOPIC.html, and index.html for no topic
     std::string Opener = "xdg-open";   // shows a file or an address to the user
     // Versions of the components, by their product names in small letters. Files on Linux carry no

@@ -100,8 +100,8 @@ press frmAufnehmen.imgAbbrechen
 # a cover, with a picture on its front
 makepicture C:\Vantora\Pictures\mar.bmp 1200 900
 press frmHauptForm.imgPrintCover
-type frmPrintStart.txtTitel(0) "Verano"
-type frmPrintStart.txtTitel(1) "Varios"
+type frmPrintStart.txtTitel(0) "Varios"
+type frmPrintStart.txtTitel(1) "Verano"
 shot frmPrintStart_@SIZE@.png
 press frmPrintStart.imgReady
 press frmPrint.lblBeschriftung(1) shift

@@ -114,7 +114,7 @@ TEST_F(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   EXPECT_EQ(spur.find("an older run"), std::string::npos);
   std::size_t vorher = 0;  // the log's numbers rise from line to line
   for (const char* zeile :
-       {" : Startup... > Version 0.1.0\r\n", " : Init_Prog > TS_CUT found.\r\n"}) {
+       {" : Startup... > Version 1.0.0\r\n", " : Init_Prog > TS_CUT found.\r\n"}) {
     const std::size_t stelle = spur.find(zeile);
     ASSERT_NE(stelle, std::string::npos) << zeile;
     const std::size_t nummer = std::stoul(spur.substr(stelle - 4, 4));
