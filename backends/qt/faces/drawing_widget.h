@@ -57,14 +57,14 @@ class DrawingWidget final : public QWidget {
   static void DrawTurned(QPainter& painter, const Mark& mark);
   void DrawPicture(QPainter& painter, const Mark& mark);
   void TellWhetherOpaque();
-  void ShowRing(bool ringed);
+  void RenewRing();
 
   Pictures& pictures_;
   Text picture_;
   QColor ground_ = Qt::transparent;
   int revision_ = 0;
   double scale_ = 1;
-  bool ringed_ = false;  // true: the focus came by the keyboard
+  QRect ring_;  // around which the focus ring was drawn last
   std::vector<Mark> marks_;
 };
 

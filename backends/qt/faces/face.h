@@ -46,6 +46,8 @@ class Face {
   virtual void KeyPress(QKeyEvent& event) { PassKey(event); }
   virtual void KeyRelease(QKeyEvent& event) { PassKey(event); }
   virtual void FocusChanged(bool /*in*/) {}
+  // The selected line of a list on the screen; null for none.
+  virtual QRect SelectedPlace() const { return {}; }
   // Position on the screen of a menu opened by a key.
   virtual QPoint MenuPlace() const { return widget_->mapToGlobal(widget_->rect().center()); }
 

@@ -1,5 +1,6 @@
 // Faces of controls for user input: texts, choices, lists and sliders.
 
+#include "backends/qt/faces/cells.h"
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/slider_widget.h"
 #include "backends/qt/look/look.h"
@@ -9,16 +10,15 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
-#include <QToolTip>
+#include <QStyleOption>
 
 namespace vantora {
 
@@ -245,28 +245,56 @@ class OpenList final : public QListWidget {
   using QListWidget::viewportEvent;
 };
 
-// Keeps lines from being wider than their list. A line that is too long is elided in the middle,
-// since its end matters, and its tooltip shows the whole line.
-class LineDelegate final : public QStyledItemDelegate {
+// Keeps lines from being wider than their list. A line that is too long is shortened in its middle,
+// since its end matters. A line with tab characters is drawn in columns.
+class LineDelegate final : public CellDelegate {
  public:
-  LineDelegate(const FormWindow& window, QObject* parent)
-      : QStyledItemDelegate(parent), window_(window) {}
+  LineDelegate(const FormWindow& window, QObject* parent) : CellDelegate(parent), window_(window) {}
+
+  std::vector<int> TabStops;  // in twips
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const int needed = QStyledItemDelegate::sizeHint(option, index).height();
+    const int needed = CellDelegate::sizeHint(option, index).height();
     const int line = look::Pixels(kListLine, window_.Scale());
     return {1, option.fontMetrics.height() <= line ? line : needed};
   }
 
-  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                 const QModelIndex& index) override {
-    const QSize needed = QStyledItemDelegate::sizeHint(option, index);
-    if (!index.isValid() || needed.width() <= view->visualRect(index).width()) return false;
-    QToolTip::showText(event->globalPos(), look::Tip(index.data().toString()), view);
-    return true;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    if (TabStops.empty()) return QStyledItemDelegate::paint(painter, option, index);
+    QStyleOptionViewItem line(option);
+    initStyleOption(&line, index);
+    QStringList cells = line.text.split(u'\t');
+    cells.resize(static_cast<qsizetype>(TabStops.size()));
+    if (const QString note = index.data(kNoteRole).toString(); !note.isEmpty()) cells.back() = note;
+    line.text.clear();
+    const QWidget* list = option.widget;
+    list->style()->drawControl(QStyle::CE_ItemViewItem, &line, painter, list);
+    const bool chosen = line.state.testFlag(QStyle::State_Selected);
+    painter->setFont(line.font);
+    painter->setPen(line.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+    for (std::size_t i = 0; i < TabStops.size(); ++i) {
+      QRect cell = line.rect.adjusted(Pixels(TabStops[i]), 0, 0, 0);
+      if (i + 1 < TabStops.size()) cell.setRight(line.rect.left() + Pixels(TabStops[i + 1]) - 1);
+      cell.adjust(kCellMargin, 0, -kCellMargin, 0);
+      painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter,
+                        line.fontMetrics.elidedText(cells[static_cast<qsizetype>(i)],
+                                                    Qt::ElideRight, cell.width()));
+    }
+  }
+
+  static constexpr int kNoteRole = Qt::UserRole;
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->textElideMode = Qt::ElideMiddle;
   }
 
  private:
+  static constexpr int kCellMargin = 4;  // pixels
+  int Pixels(int twips) const { return look::Pixels(twips, window_.Scale()); }
+
   const FormWindow& window_;
 };
 
@@ -293,13 +321,12 @@ class ListFace final : public Face {
 
  private:
   ListFace(ListBox& box, FormWindow& window, OpenList* list)
-      : Face(box, window, list), list_(list) {
+      : Face(box, window, list), list_(list), lines_(new LineDelegate(window, list)) {
     SetSurface(list_->viewport());
     list_->setSelectionMode(box.MultiSelect ? QAbstractItemView::ExtendedSelection
                                             : QAbstractItemView::SingleSelection);
     list_->setUniformItemSizes(true);
-    list_->setItemDelegate(new LineDelegate(window, list_));
-    list_->setTextElideMode(Qt::ElideMiddle);
+    list_->setItemDelegate(lines_);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QObject::connect(list_->verticalScrollBar(), &QScrollBar::valueChanged, list_, [this](int top) {
       Take([&](Control& taken) { static_cast<ListBox&>(taken).TopIndex = top; });
@@ -322,6 +349,10 @@ class ListFace final : public Face {
     if (control() != nullptr) list_->viewportEvent(&event);
   }
 
+  static QString Spoken(QString line, const QString& note) {
+    return line.replace(u'\t', QLatin1String(", ")) + QLatin1String(", ") + note;
+  }
+
   void TakeChoice() {
     Take([&](Control& taken) {
       auto& box = static_cast<ListBox&>(taken);
@@ -340,6 +371,7 @@ class ListFace final : public Face {
     const int top = box.TopIndex;
     const bool moved = top != top_;
     look::InkField(*list_, box);
+    lines_->TabStops = box.TabStops;
     while (list_->count() > box.ListCount()) delete list_->takeItem(list_->count() - 1);
     for (int i = 0; i < box.ListCount(); ++i) {
       const QString text = look::FromText(box.List(i));
@@ -348,6 +380,10 @@ class ListFace final : public Face {
       } else if (list_->item(i)->text() != text) {
         list_->item(i)->setText(text);
       }
+      const QString note = look::FromText(box.Note(i));
+      if (note == list_->item(i)->data(LineDelegate::kNoteRole).toString()) continue;
+      list_->item(i)->setData(LineDelegate::kNoteRole, note);
+      list_->item(i)->setData(Qt::AccessibleTextRole, Spoken(text, note));
     }
     if (list_->currentRow() != box.ListIndex) {
       list_->setCurrentRow(box.ListIndex, QItemSelectionModel::NoUpdate);
@@ -360,6 +396,7 @@ class ListFace final : public Face {
   }
 
   OpenList* list_;
+  LineDelegate* lines_;
   int top_ = 0;  // first visible line, equal in widget and list
   bool changed_ = false;
 };
