@@ -12,6 +12,7 @@
 #include "backends/headless/headless_output.h"
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
+#include "backends/linux/utf8.h"
 #include "backends/samplerate/pitcher.h"
 #include "backends/sound/files/wave_file.h"
 #include "main/bundle.h"
@@ -50,6 +51,9 @@ struct StoryPlatform : World {
     system.FileVersions = ComponentVersions();
     shop.printers.Setup.Paper = L"A4";
     if constexpr (requires { World::loop.Stage; }) World::loop.Stage = &display;
+    if constexpr (requires { World::help; }) {
+      system.ShowHelp = [this](const Text& topic) { World::help.Show(ToUtf8(topic)); };
+    }
   }
 
   HeadlessDisplay display;

@@ -321,6 +321,8 @@ void frmWaveEditor::SetTexte() {
   Hinweis(picZeitFront, 21462);
   Hinweis(sliderWave, 21472);
   Hinweis(pic3D, 21460);
+  lblSpektrumAus.Caption = LoadResString(30083);
+  lblSpektrumAus.Visible = !prog.Show3DAnalysis;
   TexteEffekte();
   HinweiseEffekte();
   TextePresets();

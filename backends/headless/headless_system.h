@@ -4,6 +4,7 @@
 
 #include "platform/system.h"
 
+#include <functional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -16,6 +17,8 @@ class HeadlessSystem final : public System {
   int CdPlayers = 0;                              // number of open windows of a CD player
   std::map<Text, Text> FileVersions;              // by path
   std::vector<std::pair<Text, Text>> HelpOpened;  // file, topic
+  std::function<void(const Text& topic)>
+      ShowHelp;  // shows the page as well, where there is a screen
   std::vector<Text> LinksOpened;
   bool Viewer = true;  // the desktop has a viewer for files
   std::vector<std::filesystem::path> FilesOpened;
@@ -37,6 +40,7 @@ class HeadlessSystem final : public System {
   }
   bool OpenHelp(const Text& file, const Text& topic) override {
     HelpOpened.emplace_back(file, topic);
+    if (ShowHelp) ShowHelp(topic);
     return true;
   }
   bool OpenFile(const std::filesystem::path& file) override {
