@@ -226,8 +226,14 @@ void frmDatenbank::txtSuchtext_KeyDown(int taste) {
 void frmDatenbank::imgLöschen_MouseUp() {
   const int zeile = lstInterpreten.ListIndex;
   if (zeile < 0) return;
-  prog.plattform.profile.DeletePrivateProfileSection(Element(Datenbank, zeile + 1).Schluessel,
-                                                     kDatei);
+  const Text schluessel = Element(Datenbank, zeile + 1).Schluessel;
+  Profile& profile = prog.plattform.profile;
+  profile.DeletePrivateProfileSection(schluessel, kDatei);
+  // The profile reports no errors, so the file is looked at.
+  const bool gibtEs = prog.DateiExistiert(profile.GetWindowsDirectory() + L"\\" + kDatei);
+  if (!gibtEs || !profile.GetPrivateProfileSection(schluessel, 1, kDatei).empty()) {
+    prog.MsgBoxen(prog.Text(30127), kHinweis);
+  }
   imgGesammteListe_MouseUp();
 }
 

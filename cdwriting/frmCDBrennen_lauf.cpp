@@ -360,6 +360,11 @@ void frmCDBrennen::DBEintrag() {
   Spur(L"Trim entry.");
   schreibe(L"totaltime", ZahlText(summe));
   eingetragen_ = true;
+  // The profile reports no errors, so the last value is read again.
+  constexpr std::size_t kLaengsteZahl = 20;
+  const Text gelesen =
+      profile.GetPrivateProfileString(schluessel, L"totaltime", L"", kLaengsteZahl, kDatei);
+  if (!schluessel.empty() && gelesen != ZahlText(summe)) Melde(LoadResString(30128));
 }
 
 void frmCDBrennen::DeleteTempWavs() {

@@ -17,8 +17,20 @@ constexpr int kAfterPauseMs = 50;  // between two checks whether the last `after
 constexpr int kBehindMs = 1000;    // delay between two taps that a busy machine may cause
 constexpr int kPollMs = 20;
 constexpr int kYes = 6, kNo = 7;  // answers of a message box
+constexpr int kMostBoxes = 50;    // in a row
 constexpr int kGoodbyePauseMs = 100;
 constexpr int kGoodbyePatience = 600;  // pauses
+
+// The answer that fits the box: `wished` when it has two buttons, to go on when it has three.
+int Fitting(Form& box, int wished) {
+  constexpr int kButtons = 3, kSingle = 1, kIgnore = 5;
+  int shown = 0;
+  for (int i = 0; i < kButtons; ++i) {
+    const Control* button = box.Find(L"picMboxButton", i);
+    if (button != nullptr && button->Visible) ++shown;
+  }
+  return shown == 2 ? wished : shown == kButtons ? kIgnore : kSingle;
+}
 
 // The commands of all tables.
 const CommandTable& Commands() {
@@ -55,8 +67,9 @@ bool Robot::Run(std::string_view script) {
 
 void Robot::Perform(const ScriptLine& line, Form* front) {
   static const std::map<Text, void (Robot::*)(const ScriptLine&, Form*)> kOwn = {
-      {L"start", &Robot::Start}, {L"close", &Robot::Close},   {L"wait", &Robot::Wait},
-      {L"after", &Robot::After}, {L"within", &Robot::Within}, {L"echo", &Robot::Echo},
+      {L"start", &Robot::Start},          {L"close", &Robot::Close},   {L"wait", &Robot::Wait},
+      {L"after", &Robot::After},          {L"within", &Robot::Within}, {L"echo", &Robot::Echo},
+      {L"answer-all", &Robot::AnswerAll},
   };
   const auto own = kOwn.find(line.Verb);
   if (own != kOwn.end()) return (this->*own->second)(line, front);
@@ -177,6 +190,23 @@ void Robot::SayGoodbye(const ScriptLine& line, Form* front, int patience) {
   } else {
     turns_.Rest(kGoodbyePauseMs);
   }
+}
+
+// ---- boxes that a script cannot foresee ----
+
+void Robot::AnswerAll(const ScriptLine& line, Form* front) {
+  AnswerRest(line, front, kMostBoxes);
+}
+
+// The next step is registered before the press, because the next box may open during it.
+void Robot::AnswerRest(const ScriptLine& line, Form* front, int patience) {
+  std::optional<Text> said = TextOfBox(front);
+  if (!said) return;
+  if (patience == 0) throw Unreachable("the questions were to end, in front is " + Describe(front));
+  std::replace(said->begin(), said->end(), L'\n', L' ');
+  out_ << "box: " << ToUtf8(*said) << std::endl;
+  turns_.Then(line, [this, &line, patience](Form* next) { AnswerRest(line, next, patience - 1); });
+  PressAnswer(scene_, front, Fitting(*front, line.Numbers.front()));
 }
 
 // ---- time ----

@@ -47,6 +47,8 @@ class Robot final : public User {
   void After(const ScriptLine& line, Form* front);
   void Within(const ScriptLine& line, Form* front);
   void Poll(const ScriptLine& line, Form* front, int leftMs);
+  void AnswerAll(const ScriptLine& line, Form* front);
+  void AnswerRest(const ScriptLine& line, Form* front, int patience);
   void Echo(const ScriptLine& line, Form* front);
 
   const std::string name_;

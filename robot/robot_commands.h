@@ -1,5 +1,5 @@
 // The commands of the robot, by their verbs. docs/robot.md lists them. The commands that steer the
-// run itself (`start`, `close`, `wait`, `after`, `within`, `echo`) belong to Robot.
+// run itself (`start`, `close`, `wait`, `after`, `within`, `answer-all`, `echo`) belong to Robot.
 #pragma once
 
 #include "robot/robot_scene.h"

@@ -480,6 +480,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"menu", {ParseValue, When::Running, Does::Act, true}},
       {L"choose", {ParseChoose, When::Running, Does::Act}},
       {L"answer", {ParseAnswer, When::Running, Does::Act, true}},
+      {L"answer-all", {ParseAnswer, When::Running, Does::Act}},
       {L"window", {ParseWindowClose, When::Running, Does::Act, true}},
       {L"close", {ParseNothing, When::Running, Does::Act}},
       {L"expect", {ParseExpect, When::Running, Does::Look, true}},

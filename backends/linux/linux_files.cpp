@@ -155,6 +155,11 @@ void CopyBytes(int from, const fs::path& source, ReplacementFile& copy, const fs
 
 LinuxFiles::LinuxFiles(const DriveTable& table) : table_(table) {
   table_.MakeFolders();
+  const fs::path shown = table_.Places().Home / "Vantora";
+  for (const fs::path& folder :
+       {table_.Places().Data, shown, shown / "Wavs", shown / "Catálogo", shown / "Pictures"}) {
+    RemoveLeftovers(folder / "any");
+  }
 }
 
 std::unique_ptr<Datei> LinuxFiles::Open(const Text& path, Zugriff access) {
@@ -257,6 +262,7 @@ void LinuxFiles::FileCopy(const Text& from, const Text& to) {
     if (same || !MayWrite(target)) throw DateiFehler(kFehlerZugriff);
     RequireRegular(old);
   }
+  RemoveLeftovers(target);
   ReplacementFile copy(target);
   CopyBytes(file(), source, copy, target);
   const std::array<timespec, 2> times{info.st_atim, info.st_mtim};

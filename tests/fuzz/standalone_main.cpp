@@ -91,10 +91,10 @@ int main(int argc, char** argv) {
   for (const int signal : {SIGABRT, SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGALRM}) {
     std::signal(signal, TellNumber);
   }
-  const std::vector<std::string> seeds = FuzzSeeds();
+  const std::vector<std::string> seeds = AllSeeds();
   for (std::uint64_t number = first; number < first + count; ++number) {
     std::snprintf(message.data(), message.size(), "died of mutation number %" PRIu64 "\n", number);
-    // The first inputs are the seeds themselves.
+    // The first inputs are the seeds themselves, with those of the corpus.
     ::alarm(kSecondsAnInput);
     FuzzOne(number < seeds.size() ? seeds[number] : Mutator(number).Make(seeds));
   }

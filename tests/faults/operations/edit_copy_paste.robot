@@ -1,0 +1,21 @@
+# An edit in the wave editor.
+home home
+screen 1024 768
+clock 2026-11-24 10:00
+setting Show_Start_Assistant 0
+setting Show_TAO_Message 0
+makewave C:\m\uno.wav 3 300
+start
+press frmHauptForm.imgLiedImport
+choose C:\m\uno.wav
+key frmNeuerInterpret Return
+expect frmHauptForm.lvwKatalog.Count == 1
+press frmHauptForm.imgWaveEdit
+drag frmWaveEditor.picWaveBack 250 500
+writefile ${DISK} text ${FAULT}
+press frmWaveEditor.imgCopy
+answer-all 7
+press frmWaveEditor.imgPaste
+answer-all 7
+press frmWaveEditor.imgZurück
+answer-all 7

@@ -1,0 +1,20 @@
+# A take of three seconds.
+home home
+screen 1024 768
+clock 2026-11-24 10:00
+setting Show_Start_Assistant 0
+setting Show_TAO_Message 0
+makewave C:\m\disco.wav 6 440
+start
+press frmHauptForm.imgLPAufnehmen
+answer-all 7
+linein play C:\m\disco.wav
+press frmAufnehmen.imgAufnehmen
+writefile ${DISK} text ${FAULT}
+choose C:\Vantora\Wavs\vals.wav
+answer-all 7
+wait 3000
+answer-all 7
+press frmAufnehmen.imgRecordStop
+wait 2000
+answer-all 7

@@ -1,0 +1,66 @@
+// Random bytes as the presets of effects in the settings: chosen in the wave editor, each must set
+// its controls within their ranges or be reported as incomplete. One line is one preset.
+#include "tests/fuzz/fuzz_body.h"
+#include "tests/waveeditor/editor_stage.h"
+
+#include <array>
+#include <sstream>
+
+namespace vantora::test {
+
+namespace {
+
+constexpr std::array<const wchar_t*, 4> kKeys = {L"ZFXEQU0", L"ZFXVOL0", L"ZFXRES0", L"ZFXFLA0"};
+constexpr std::array<int, 4> kPanels = {0, 1, 3, 4};
+
+struct Editor : EditorBuehne {
+  Editor() { Oeffne(1000); }
+
+  PictureButton& Button(std::size_t kind) {
+    return *std::array<PictureButton*, 4>{&E().imgEQPresets, &E().imgVolumePresets,
+                                          &E().imgRestPresets, &E().imgFlangerPresets}[kind];
+  }
+};
+
+void CheckSliders(Form& window) {
+  for (Control* control : window.Controls) {
+    const auto* slider = dynamic_cast<Slider*>(control);
+    if (slider == nullptr) continue;
+    const int low = std::min(slider->Min(), slider->Max());
+    const int high = std::max(slider->Min(), slider->Max());
+    Require(slider->Value() >= low && slider->Value() <= high, "a slider stays in its range");
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> FuzzSeeds() {
+  return {
+      "Plano;0;0;0;0;0;0;0;0;0;0;0\nAlto;8192;1;12;30000;1\nLimpio;1;0;2;0;3;1\nf;83;33;49;70\n",
+      "x;-9;9;1e999;-1e999;0x7;nan;inf;;.5;99999999999;2\n;\n;;;;;;;;\nroto;abc;1.4\n", "", "\n\n"};
+}
+
+void FuzzOne(const std::string& bytes) {
+  static Editor editor;
+  std::istringstream lines(bytes);
+  editor.b.user.Said.clear();
+  for (std::size_t kind = 0; kind < kKeys.size(); ++kind) {
+    std::string line;
+    std::getline(lines, line);
+    Text preset;
+    for (const char byte : line) preset += static_cast<unsigned char>(byte);
+    SaveSetting(editor.b.platform.bundle, kKeys[kind], preset);
+    editor.Druecke(editor.E().imgEffekt(kPanels[kind]));
+    editor.Druecke(editor.Button(kind));
+    editor.b.Antwortet(kNein);  // to the message about a preset that is incomplete
+    if (!editor.E().lstPresets.Items().empty()) {
+      editor.b.platform.hands.Select(editor.E().lstPresets, {1});
+    }
+    CheckSliders(editor.E());
+    const auto parts = std::count(preset.begin(), preset.end(), L';');
+    Require(editor.b.user.Left() == 1 || parts < 11, "a complete preset is taken without a word");
+    editor.Druecke(editor.E().imgOK);
+  }
+}
+
+}  // namespace vantora::test
