@@ -82,6 +82,27 @@ TEST_F(Brennen, ATrackAtOnceDiscHoldsTheWavesAndTwoSecondsBetweenThem) {
   EXPECT_EQ(wert(L"totaltime"), L"8");
 }
 
+TEST_F(Brennen, AnImageIsShownWhereItLiesUnderASignOfSuccess) {
+  Oeffnen({L"a"});
+  OhneHinweis();
+  EXPECT_EQ(Fenster().lstCDRecorder.Note(0), Sagt(30066)) << "this device makes files";
+  EXPECT_EQ(Fenster().lblAblage.Caption(), L"");
+  std::vector<Text> zeichen;
+  for (int i = 0; i < 3; ++i) {
+    b.Macht([&](Form& front) {
+      zeichen.push_back(dynamic_cast<frmMBox&>(front).imgBoxType.Picture);
+      if (zeichen.size() > 1) {
+        EXPECT_EQ(Fenster().lblAblage.Caption(),
+                  Sagt(30067) + L"C:\\Vantora\\Discos\\Disco 001.cue");
+      }
+      b.platform.hands.Key(front, L"Escape");
+    });
+  }
+  b.Tu([&] { Fenster().imgBrennen_MouseUp(); });
+  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSRUF", L"MBOXERFOLG", L"MBOXFRAGE"}));
+  EXPECT_NE(Fenster().lblAblage.Caption(), L"") << "also when the window is opened again";
+}
+
 TEST_F(Brennen, AnImageStandsInTheDatabaseAsItselfWhateverLiesInTheTray) {
   const auto brenne = [this] {
     b.Tu([this] { b.Haupt().imgBrennen_MouseUp(); });
