@@ -69,6 +69,11 @@ void frmLoadSave::Form_Load() {
   }
 }
 
+// The decoder of MP3 files is needed for the import that follows.
+void frmLoadSave::Form_Unload() {
+  tmrLaenge.Enabled = false;
+}
+
 void frmLoadSave::SetTexte() {
   lblLaufwerk.Caption = LoadResString(30021);
   lblVerzeichnis.Caption = LoadResString(30022);

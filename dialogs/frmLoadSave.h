@@ -12,6 +12,7 @@ class frmLoadSave final : public VtrFenster {
   explicit frmLoadSave(Programm& programm);
 
   void Form_Load() override;
+  void Form_Unload() override;
   void Form_Activate() override;
   void SetTexte() override;
   bool Form_KeyDown(int taste, bool strg) override;
