@@ -82,7 +82,7 @@ class Flow:
         told = [box for box in run.boxes if box not in self.run.boxes]
         if told:
             return "told", told[0]
-        return ("done", "") if run.boxes == self.run.boxes else ("told", "fewer messages")
+        return ("done", "") if run.boxes == self.run.boxes else ("told", run.boxes[-1])
 
 
 def main():

@@ -12,6 +12,7 @@ evenly). After each the program starts again on a sound disk, and ends. Then:
   done      all files are as they would have been without the fault
   killed    after a kill, nothing is lost at the next start
   half      told or killed, and a new file stays that is not finished (see UNFINISHED)
+  waits     told, and the operation waits for the user to end it (see WAITING)
   quiet     no message, though something is missing that the user can do without (see QUIET)
 
 Nothing is lost when each file of the user is what it was before the operation or what the whole
@@ -57,6 +58,11 @@ UNFINISHED = {
               "the disk does not even let them be deleted."),
     "record": (r"^Vantora/Wavs/vals\.wav$",
                "What was recorded until then, with a header that is true to a second."),
+}
+
+# Operations that may wait for ever after the message, and why.
+WAITING = {
+    "batch": "The next file would fail in the same way. The user can close the window.",
 }
 
 # Why an operation may be silent about a fault.
@@ -116,6 +122,9 @@ class Run:
         self.boxes = re.findall(r"^box: (.*)", out, re.M)
         self.error = err.strip()
 
+    def waits(self):
+        return "of virtual time without an end" in self.error
+
     def crashed(self):
         return self.code is None or (self.code < 0 and self.code != -9) or self.code > 1
 
@@ -127,6 +136,12 @@ def lines_of(bytes_):
 def timeless(bytes_):
     """A file without the times of the user's waves, which differ in each run."""
     return re.sub(rb"20\d\d-\d\d-\d\d \d\d:\d\d:\d\d\.\d{9}", b"TIME", bytes_)
+
+
+def true_header(wave):
+    """The header of a wave tells its length, but for the last second."""
+    length = int.from_bytes(wave[40:44], "little")
+    return wave[36:40] == b"data" and 0 <= len(wave) - 44 - length <= 176_400
 
 
 def lost(name, now, before, after):
@@ -186,7 +201,8 @@ class Operation:
             now = machine.files()
         finally:
             machine.close()
-        if run.crashed() or again.crashed():
+        hangs = again.waits() or (run.waits() and self.name not in WAITING)
+        if hangs or run.crashed() or again.crashed():
             return "LOSS", f"the program ended with {run.code}, {again.code}: {run.error}"
         unfinished = False
         for name in sorted(set(now) | set(self.before) | set(self.after)):
@@ -195,6 +211,8 @@ class Operation:
                 unfinished = True
             elif why:
                 return "LOSS", f"{name} {why}; told: {self.told(run)}"
+        if run.waits() and self.told(run):
+            return "waits", self.told(run)[0]
         if unfinished and (fault == "kill" or self.told(run)):
             return "half", ""
         if fault == "kill":
@@ -202,7 +220,8 @@ class Operation:
         if self.told(run):
             return "told", self.told(run)[0]
         different = [name for name in sorted(set(now) | set(self.after))
-                     if now.get(name) != self.after.get(name) and not name.endswith(".pdf")]
+                     if now.get(name) != self.after.get(name)
+                     and not name.endswith(".pdf") and not name.startswith(".cache/")]
         if not different:
             return "done", ""
         if self.name in QUIET and all(re.search(QUIET[self.name][0], name) for name in different):
@@ -210,8 +229,9 @@ class Operation:
         return "LOSS", f"no message, but not as it should be: {', '.join(different)}"
 
     def may_stay(self, name, now):
-        return (name in now and name not in self.before and self.name in UNFINISHED
-                and re.search(UNFINISHED[self.name][0], name))
+        known = (name in now and name not in self.before and self.name in UNFINISHED
+                 and re.search(UNFINISHED[self.name][0], name))
+        return known and (self.name != "record" or true_header(now[name]))
 
     def told(self, run):
         """The messages that a user does not see without a fault."""
@@ -228,7 +248,7 @@ class Operation:
         counts = {}
         for kind, _ in results:
             counts[kind] = counts.get(kind, 0) + 1
-        return " ".join(f"{counts[k]} {k}" for k in ("told", "done", "killed", "half", "quiet", "LOSS")
+        return " ".join(f"{counts[k]} {k}" for k in ("told", "done", "killed", "half", "waits", "quiet", "LOSS")
                         if k in counts) or "-"
 
 
@@ -268,15 +288,15 @@ def main():
                     call = operation.calls[place - 1]
                     if kind == "LOSS":
                         losses.append(f"{operation.name}, {fault} at call {place} ({call}): {what}")
-                    elif kind == "told":
+                    elif kind in ("told", "waits"):
                         messages.setdefault((operation.name, what), f"{fault} {place} ({call})")
             print(f"| {operation.name} | {len(operation.calls)} |"
                   + "".join(f" {cell} |" for cell in cells), flush=True)
     finally:
         shutil.rmtree(scratch, ignore_errors=True)
-    for title, reasons in (("half", UNFINISHED), ("quiet", QUIET)):
-        for name, (_, why) in reasons.items():
-            print(f"\n{title}, {name}: {why}", end="")
+    for kind, reasons in (("half", UNFINISHED), ("waits", WAITING), ("quiet", QUIET)):
+        for name, why in reasons.items():
+            print(f"\n{kind}, {name}: {why[-1] if kind != 'waits' else why}", end="")
     print(f"\n\n{runs} runs in {time.monotonic() - start:.0f} s, {len(losses)} losses")
     for line in losses:
         print("LOSS: " + line)

@@ -75,6 +75,8 @@ QtImage::QtImage(QByteArray bytes) : bytes_(std::move(bytes)) {
   if (1LL * size_.width() * size_.height() > (lossy_ ? kMaxImagePoints : kMaxWholePoints)) {
     TooLarge();
   }
+  // A gif may claim to be far larger than its picture is. The toolkit then reads only the picture.
+  if (format == "gif") size_ = Decode(size_).size();
   const QImageIOHandler::Transformations turns = reader.transformation();
   const bool mirror = turns.testFlag(QImageIOHandler::TransformationMirror);
   const bool flip = turns.testFlag(QImageIOHandler::TransformationFlip);

@@ -16,3 +16,5 @@ type frmWaveEditor.txtPresName "Mi sonido"
 writefile ${DISK} text ${FAULT}
 key frmWaveEditor Return
 answer-all 7
+press frmWaveEditor.imgZurück
+answer-all 7
