@@ -35,7 +35,15 @@ for library in libc6 libasound2 libfftw3-single3 libmpg123-0 libsamplerate0 libq
   esac
 done
 
+# All pages that name the version name this one.
+version=$(dpkg-deb -f "$1" Version)
 cd "$scratch/root/usr"
+zcat share/doc/vantora/changelog.gz | grep -q "^vantora ($version) "
+grep -q "<release version=\"$version\"" share/metainfo/*.xml
+for page in share/man/man1/*.gz share/man/es/man1/*.gz; do
+  zcat "$page" | grep -q "^\.TH .*\"Vantora $version\""
+done
+
 desktop-file-validate share/applications/vantora.desktop
 appstreamcli validate --no-net --pedantic share/metainfo/org.vantora.vantora.metainfo.xml
 python3 -c 'import xml.dom.minidom as dom; dom.parse("share/mime/packages/vantora.xml")'

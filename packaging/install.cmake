@@ -26,8 +26,9 @@ set(CPACK_PACKAGE_CONTACT "Vantora maintainers <maintainers@vantora.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "make audio CDs at home")
 set(CPACK_PACKAGE_DESCRIPTION
 "Vantora keeps your music in catalogs and makes audio CDs from them: import
-wave and MP3 files, name and order the tracks, and burn the disc. Without a CD
-writer the disc is made as an image, a BIN file with its CUE sheet.")
+wave and MP3 files, record vinyl and tapes, copy CDs, edit and mend the sound,
+let tracks fade into each other, burn the disc and print its cover. Without a
+CD writer the disc is made as an image, a BIN file with its CUE sheet.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
