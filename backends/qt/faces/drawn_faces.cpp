@@ -51,7 +51,7 @@ class WordsWidget final : public QLabel {
   void Renew() {
     if (!isVisible()) return;
     if (sinceRenewed_.isValid() && sinceRenewed_.elapsed() < kReadingMs) {
-      if (!late_.isActive()) late_.start(2 * kReadingMs, this);
+      if (!late_.isActive()) late_.start(kLateMs, this);
       return;
     }
     late_.stop();
@@ -62,6 +62,7 @@ class WordsWidget final : public QLabel {
  protected:
   void timerEvent(QTimerEvent* event) override {
     if (event->timerId() != late_.timerId()) return QLabel::timerEvent(event);
+    late_.stop();  // words that are hidden meanwhile are not painted
     sinceRenewed_.invalidate();
     Renew();
   }
@@ -77,7 +78,7 @@ class WordsWidget final : public QLabel {
   }
 
  private:
-  static constexpr int kReadingMs = 100;
+  static constexpr int kReadingMs = 150, kLateMs = 250;
 
   // Light and dark dashes in turn, visible on any background.
   void DrawFrame(QPainter& painter) const {
@@ -178,16 +179,21 @@ class LabelFace final : public PointedFace {
   LabelFace(Label& label, FormWindow& window, WordsWidget* words)
       : PointedFace(label, window, words), words_(words) {}
 
+  void Dress(const Control& control) override {
+    Face::Dress(control);
+    const auto& label = static_cast<const Label&>(control);
+    words_->OwnFont = !label.FontName().empty();
+    words_->Full =
+        words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
+  }
+
   void Apply(Control& control) override {
     const auto& label = static_cast<const Label&>(control);
     LetMouseThrough(*words_, !HasMouseHandler(control));
     words_->setFocusPolicy(label.TabStop ? Qt::TabFocus : Qt::NoFocus);
     Invite(HasMouseHandler(control));
     words_->setMouseTracking(static_cast<bool>(control.MouseMove));
-    words_->OwnFont = !label.FontName().empty();
     words_->Framed = label.BorderStyle != 0;
-    words_->Full =
-        words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
     if (words_->OwnFont) words_->Scale *= label.FontScale / kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);

@@ -64,16 +64,26 @@ void Face::Sync() {
   shown->Dirty = false;
   const QRect place = look::Pixels(*shown, window_.Scale());
   if (widget_->geometry() != place) widget_->setGeometry(place);
-  const QFont font = look::FontOf(*shown, window_.Scale());
-  if (widget_->font() != font) widget_->setFont(font);
-  const QString tip = look::Tip(look::FromText(shown->ToolTipText));
-  if (widget_->toolTip() != tip) widget_->setToolTip(tip);
+  const auto dress = std::tie(shown->FontName(), shown->FontSize(), shown->FontBold(),
+                              shown->FontItalic(), shown->ToolTipText());
+  if (dress != dress_ || window_.Scale() != scale_) {
+    dress_ = dress;
+    scale_ = window_.Scale();
+    Dress(*shown);
+  }
   const QString name = SpokenName(*shown);
   if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
   widget_->setEnabled(Bright(*shown));
   Apply(*shown);
   const bool visible = shown->Visible && !place.isEmpty();
   if (widget_->isHidden() == visible) widget_->setVisible(visible);
+}
+
+void Face::Dress(const Control& control) {
+  const QFont font = look::FontOf(control, window_.Scale());
+  if (widget_->font() != font) widget_->setFont(font);
+  const QString tip = look::Tip(look::FromText(control.ToolTipText));
+  if (widget_->toolTip() != tip) widget_->setToolTip(tip);
 }
 
 void Face::Take(const std::function<void(Control&)>& change) {

@@ -12,6 +12,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <tuple>
 
 class QKeyEvent;
 class QMouseEvent;
@@ -52,6 +53,9 @@ class Face {
   virtual QPoint MenuPlace() const { return widget_->mapToGlobal(widget_->rect().center()); }
 
  protected:
+  // Sets the font and the tooltip. Levels and times change many times a second, fonts hardly ever,
+  // and making a font takes long, so this function is called only when one of them has changed.
+  virtual void Dress(const Control& control);
   virtual void Apply(Control& control) = 0;
   // True: a click with the left button raises Click. Controls that raise Click on a change of their
   // value do so themselves.
@@ -79,6 +83,9 @@ class Face {
   Control* control_;
   QWidget* widget_;
   QWidget* surface_;
+  // What the widget was dressed with: font, size, bold, italic, tooltip, and the window's scale.
+  std::tuple<Text, int, bool, bool, Text> dress_;
+  double scale_ = 0;
 };
 
 std::unique_ptr<Face> MakeFace(Control& control, FormWindow& window);

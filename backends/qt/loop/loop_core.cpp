@@ -278,7 +278,7 @@ std::optional<std::int64_t> QtEventLoop::Core::Stamp(std::uint64_t stamp) {
 // ---- events ----
 
 void QtEventLoop::Core::Wake() {
-  QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+  QAbstractEventDispatcher::instance(thread())->wakeUp();
 }
 
 bool QtEventLoop::Core::HandleInput() {
