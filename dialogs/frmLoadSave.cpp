@@ -248,7 +248,7 @@ void frmLoadSave::tmrLaenge_Timer() {
 // ---- the result ----
 
 std::vector<Text> frmLoadSave::Gewaehlte() const {
-  const std::vector<Text> namen = Markierte();
+  std::vector<Text> namen = Markierte();
   // A typed name takes precedence over the selection.
   const Text& getippt = txtDateiName.Text;
   const bool ausListe = std::find(namen.begin(), namen.end(), getippt) != namen.end();

@@ -224,13 +224,6 @@ OPEN(open64)
 OPENAT(openat)
 OPENAT(openat64)
 
-int __open_2(const char* path, int flags) {
-  return Open(AT_FDCWD, path, flags, 0);
-}
-int __open64_2(const char* path, int flags) {
-  return Open(AT_FDCWD, path, flags, 0);
-}
-
 ssize_t write(int file, const void* bytes, size_t count) {
   return Written("write", file, count,
                  [&](std::size_t some) { return ::syscall(SYS_write, file, bytes, some); });

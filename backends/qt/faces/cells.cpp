@@ -17,8 +17,12 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QStyle& style = *cell.widget->style();
   const int margin = style.pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
   const QRect room = style.subElementRect(QStyle::SE_ItemViewItemText, &cell, cell.widget);
-  cell.text = Shortened(cell.text, cell.fontMetrics, room.width() - 2 * margin);
+  cell.text = Short(cell.text, cell.fontMetrics, room.width() - 2 * margin);
   style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+}
+
+QString CellDelegate::Short(const QString& text, const QFontMetrics& metrics, int width) const {
+  return Shortened(text, metrics, width);
 }
 
 bool CellDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

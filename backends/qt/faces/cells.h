@@ -14,6 +14,9 @@ class CellDelegate : public QStyledItemDelegate {
              const QModelIndex& index) const override;
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override;
+
+ protected:
+  virtual QString Short(const QString& text, const QFontMetrics& metrics, int width) const;
 };
 
 }  // namespace vantora

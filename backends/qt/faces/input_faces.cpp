@@ -261,7 +261,7 @@ class LineDelegate final : public CellDelegate {
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override {
-    if (TabStops.empty()) return QStyledItemDelegate::paint(painter, option, index);
+    if (TabStops.empty()) return CellDelegate::paint(painter, option, index);
     QStyleOptionViewItem line(option);
     initStyleOption(&line, index);
     QStringList cells = line.text.split(u'\t');
@@ -286,9 +286,8 @@ class LineDelegate final : public CellDelegate {
   static constexpr int kNoteRole = Qt::UserRole;
 
  protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->textElideMode = Qt::ElideMiddle;
+  QString Short(const QString& text, const QFontMetrics& metrics, int width) const override {
+    return metrics.elidedText(text, Qt::ElideMiddle, width);
   }
 
  private:

@@ -30,7 +30,7 @@ QString Shortened(const QString& line, const QFontMetrics& metrics, int width) {
   const QString start = line.left(root + 2) + u'…';
   qsizetype folder = line.indexOf(u'\\', root + 2);
   for (; folder >= 0; folder = line.indexOf(u'\\', folder + 1)) {
-    const QString shorter = start + line.mid(folder);
+    QString shorter = start + line.mid(folder);
     if (metrics.horizontalAdvance(shorter) <= width) return shorter;
   }
   const QString file = u'…' + line.mid(line.lastIndexOf(u'\\'));
