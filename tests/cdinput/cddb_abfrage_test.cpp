@@ -94,10 +94,10 @@ TEST_F(CddbAbfrage, WhoCannotBeReachedIsToldFromWhoIsSilent) {
   }
   EXPECT_EQ(through(L"no-such-machine.invalid", L"80"), noProxy);
   request.Proxy.clear();
-  for (const wchar_t* server : {L"127.0.0.1:1", L"127.0.0.1:99999999999", L"", L":", L" : ",
-                                L"no-such-machine.invalid", L"256.256.256.256", L"a b:80"}) {
-    request.Server = server;
-    EXPECT_EQ(Ask(), noServer) << Text(server).size();
+  for (const wchar_t* address : {L"127.0.0.1:1", L"127.0.0.1:99999999999", L"", L":", L" : ",
+                                 L"no-such-machine.invalid", L"256.256.256.256", L"a b:80"}) {
+    request.Server = address;
+    EXPECT_EQ(Ask(), noServer) << Text(address).size();
   }
   EXPECT_EQ(sockets.Closed, sockets.Opened);
   EXPECT_TRUE(server.Requests().empty());
@@ -158,8 +158,8 @@ TEST_F(CddbAbfrage, ABadServerIsAnsweredWithAStatusOrARunTimeErrorAndNothingWors
   std::string titles = "210 rock x\r\nDTITLE=a / b\r\n";
   for (int i = 0; i < 130; ++i) titles += "TTITLE" + std::to_string(i) + "=t\r\n";
   const std::vector<Case> cases{
-      {"closes at once", 0, {.CloseAt = 0}, {202, 1, 0}},
-      {"closes inside the header", 0, {.CloseAt = 30}, {202, 1, 0}},
+      {"closes at once", 0, {.CloseAt = 0, .Instead = {}}, {202, 1, 0}},
+      {"closes inside the header", 0, {.CloseAt = 30, .Instead = {}}, {202, 1, 0}},
       {"no header", 0, noHeader, {202, 1, 0}},
       {"10 MB without an end", 0, instead("200 " + std::string(10 << 20, 'x')), {202, 1, 0}},
       {"number beyond all", 0, instead("1e999 rock 0b012a02 x"), {202, 1, 0}},
@@ -203,7 +203,7 @@ TEST_F(CddbAbfrage, TheSettingsSayWhomToAskAndWhoIsAsking) {
   const auto set = [&](const wchar_t* key, const wchar_t* value) {
     SaveSetting(bundle, key, value);
   };
-  CDDBAnfrage request = CDDBAnfrageAusEinstellungen(prog);
+  request = CDDBAnfrageAusEinstellungen(prog);
   EXPECT_EQ(request.Server, prog.Text(24004));
   EXPECT_EQ(request.Benutzer + L"@" + request.Rechner, L"anónimo@" + prog.Text(24006));
   EXPECT_EQ(request.Proxy, L"");

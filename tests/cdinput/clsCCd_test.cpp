@@ -34,12 +34,12 @@ TEST_F(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
       {"ninety-nine pieces of more than 4095 s", 99, 150, 3301, 173, 3500, L"a8110963"},
   };
   CddbStage s;
-  for (const Disc& disc : discs) {
-    SCOPED_TRACE(disc.Name);
+  for (const Disc& each : discs) {
+    SCOPED_TRACE(each.Name);
     s.disc.Starts.clear();
-    for (int i = 0; i < disc.Tracks; ++i) s.disc.Starts.push_back(StartOf(disc, i));
-    s.disc.LeadOut = s.disc.Starts.back() + disc.LastTrack;
-    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), disc.Id);
+    for (int i = 0; i < each.Tracks; ++i) s.disc.Starts.push_back(StartOf(each, i));
+    s.disc.LeadOut = s.disc.Starts.back() + each.LastTrack;
+    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), each.Id);
     EXPECT_EQ(s.disc.OpenDevices, 0);
   }
 }
