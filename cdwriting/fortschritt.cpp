@@ -43,7 +43,8 @@ int BalkenLaenge(double anteil, double twipsJePunkt) {
   return static_cast<int>(Abgeschnitten(twipsJePunkt == kGrosseSchrift ? laenge / 1.25 : laenge));
 }
 
-void BalkenVerlaengern(Shape& balken, double anteil, double twipsJePunkt) {
+void BalkenVerlaengern(Shape& balken, Shape& rahmen, double anteil, double twipsJePunkt) {
+  rahmen.Percent = Ganz32(std::clamp(anteil, 0.0, 1.0) * 100);
   if (twipsJePunkt != kUeblich && twipsJePunkt != kGrosseSchrift) return;
   const int ziel = BalkenLaenge(anteil, twipsJePunkt);
   if (ziel >= balken.Width + kMindestSchritt) balken.Width = ziel;

@@ -61,12 +61,16 @@ void frmSchreibFortschritt::SetTexte() {
   hinweis(lblAktKopieZeit, 18407);
   hinweis(imgKnightRider, 18409);
   hinweis(lblInsgKopiePro, 18410);
+  shpAktRahmen.AccessibleName = LoadResString(18405);
+  shpInsgRahmen.AccessibleName = LoadResString(18410);
 }
 
 void frmSchreibFortschritt::init_frmSchreibFortschritt() {
   bKnightRider = false;
   shpAktKopie.Width = 1;
   shpInsgKopie.Width = 1;
+  shpAktRahmen.Percent = 0;
+  shpInsgRahmen.Percent = 0;
   imgAbbrechen.ToolTipText = LoadResString(18408);
   KnopfBild(imgAbbrechen);
   lblAktKopie.Caption = LoadResString(18202);
