@@ -40,8 +40,8 @@ void Mp3Ereignisse::Mp3Play1_ActFrame(int frame) {
   f.lblKopieTrackNr.Caption = ZahlText(nummer);
   f.lblKopieNr.Caption = ZahlText(nummer);
   f.lblKopieInsgAnz.Caption = L" / " + ZahlText(gesamt);
-  BalkenVerlaengern(f.shpAktKopie, f.shpAktRahmen, anteil, twips);
-  BalkenVerlaengern(f.shpInsgKopie, f.shpInsgRahmen, insgesamt, twips);
+  BalkenVerlaengern(f.shpAktKopie, anteil, twips);
+  BalkenVerlaengern(f.shpInsgKopie, insgesamt, twips);
   f.lblInsgKopiePro.Caption = Format(insgesamt, L"0.00%");
 
   const auto vergangenMs =

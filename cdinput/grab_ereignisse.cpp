@@ -52,8 +52,8 @@ void GrabEreignisse::ACD_ActPosition(int position) {
     insgesamt =
         Quotient(prog.GrabAktuell + imTrack * prog.GrabTrackSektoren, prog.GrabGesamtSektoren);
   });
-  BalkenVerlaengern(f.shpAktKopie, f.shpAktRahmen, imTrack, twips);
-  BalkenVerlaengern(f.shpInsgKopie, f.shpInsgRahmen, insgesamt, twips);
+  BalkenVerlaengern(f.shpAktKopie, imTrack, twips);
+  BalkenVerlaengern(f.shpInsgKopie, insgesamt, twips);
   const double trackMs = imTrack * prog.GrabTrackMs;
   StreckeZeigen({f.lblAktKopiePro, f.lblAktKopieZeit, f.LblAktKopieRestzeit, f.lblAktKopieSpeed},
                 imTrack, trackMs, Verstrichen(prog.TrackStartZeit, jetzt));

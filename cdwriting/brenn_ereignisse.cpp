@@ -91,7 +91,7 @@ void BrennEreignisse::ProzentTAO(int percent) {
   if (track != Komponenten().AngezeigterTrack) Weiter([&] { NeuenTrackZeigen(); });
   const double seitTrack = Verstrichen(prog.TrackStartZeit, jetzt);
   f.lblAktKopiePro.Caption = ZahlText(percent) + L"%";
-  Weiter([&] { BalkenVerlaengern(f.shpAktKopie, f.shpAktRahmen, percent / 100.0, twips); });
+  Weiter([&] { BalkenVerlaengern(f.shpAktKopie, percent / 100.0, twips); });
   Weiter([&] { f.lblInsgKopieZeit.Caption = DauerText(seitStart * 1000); });
   Weiter([&] { f.lblAktKopieZeit.Caption = DauerText(seitTrack * 1000); });
   Weiter([&] {
@@ -133,7 +133,7 @@ void BrennEreignisse::ProzentDAO(int percent) {
   const double anteil = percent / 100.0;
   f.lblSonstiges.Caption = prog.Text(9608);
   f.lblInsgKopiePro.Caption = ZahlText(percent) + L"%";
-  Weiter([&] { BalkenVerlaengern(f.shpInsgKopie, f.shpInsgRahmen, anteil, twips); });
+  Weiter([&] { BalkenVerlaengern(f.shpInsgKopie, anteil, twips); });
   Weiter([&] { f.lblInsgKopieZeit.Caption = DauerText(seitStart * 1000); });
   if (percent <= 0) return;
   Weiter(

@@ -43,8 +43,7 @@ int BalkenLaenge(double anteil, double twipsJePunkt) {
   return static_cast<int>(Abgeschnitten(twipsJePunkt == kGrosseSchrift ? laenge / 1.25 : laenge));
 }
 
-void BalkenVerlaengern(Shape& balken, Shape& rahmen, double anteil, double twipsJePunkt) {
-  rahmen.Percent = Ganz32(std::clamp(anteil, 0.0, 1.0) * 100);
+void BalkenVerlaengern(Shape& balken, double anteil, double twipsJePunkt) {
   if (twipsJePunkt != kUeblich && twipsJePunkt != kGrosseSchrift) return;
   const int ziel = BalkenLaenge(anteil, twipsJePunkt);
   if (ziel >= balken.Width + kMindestSchritt) balken.Width = ziel;

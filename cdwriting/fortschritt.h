@@ -18,8 +18,7 @@ double TempoGrenze(double tempo);
 // Width in twips of a bar for a share of 0 to 1. With large fonts the picture of a bar is smaller.
 int BalkenLaenge(double anteil, double twipsJePunkt);
 
-// Widens a bar by at least 20 twips, and only on displays with 15 or 12 twips a pixel. The frame
-// holds the share for screen readers.
-void BalkenVerlaengern(Shape& balken, Shape& rahmen, double anteil, double twipsJePunkt);
+// Widens a bar by at least 20 twips, and only on displays with 15 or 12 twips a pixel.
+void BalkenVerlaengern(Shape& balken, double anteil, double twipsJePunkt);
 
 }  // namespace vantora

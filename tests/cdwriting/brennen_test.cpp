@@ -263,12 +263,11 @@ TEST(Fortschritt, BarsMoveInStepsThatShowAndSpeedsHaveALimit) {
   Buehne b;
   b.Start();
   Shape& balken = b.prog.frmSchreibFortschritt().shpAktKopie;
-  Shape& rahmen = b.prog.frmSchreibFortschritt().shpAktRahmen;
-  BalkenVerlaengern(balken, rahmen, 0.008, 15);  // 18 twips: less than is worth painting
+  BalkenVerlaengern(balken, 0.008, 15);  // 18 twips: less than is worth painting
   EXPECT_EQ(balken.Width(), 1);
-  BalkenVerlaengern(balken, rahmen, 0.5, 15);
+  BalkenVerlaengern(balken, 0.5, 15);
   EXPECT_EQ(balken.Width(), 1185);
-  BalkenVerlaengern(balken, rahmen, 1.0, 13);
+  BalkenVerlaengern(balken, 1.0, 13);
   EXPECT_EQ(balken.Width(), 1185);
   EXPECT_EQ(BalkenLaenge(1.0, 12), 1896);
   EXPECT_EQ(TempoText(3.14159), L"X3.14");
