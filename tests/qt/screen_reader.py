@@ -324,9 +324,10 @@ def main():
         (folder / stage).mkdir(parents=True)
     bus = accessibility_bus()
     faults = read_every_window(bus, robot, sources, folder / "windows", "--tree" in sys.argv)
-    faults += make_a_disc(bus, vantora, folder / "home")
-    print(*faults, sep="\n")
-    return 1 if faults else 0
+    print(*faults, sep="\n", flush=True)
+    burnt = list(make_a_disc(bus, vantora, folder / "home"))
+    print(*burnt, sep="\n")
+    return 1 if faults or burnt else 0
 
 
 def in_a_session():
