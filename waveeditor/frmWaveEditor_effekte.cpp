@@ -28,6 +28,8 @@ float Gleitend(int wert) {
 
 void frmWaveEditor::EffekteEinrichten() {
   ReglerEinrichten();
+  for (const Schalter& schalter : AlleSchalter()) schalter.Knopf.State = Lamp::Off;
+  for (int i = 0; i < kPanels; ++i) imgEffekt(i).State = Lamp::Off;
   const std::pair<CheckBox&, Handler> kaesten[] = {
       {chkEQBypass, &frmWaveEditor::chkEQBypass_Click},
       {chkLoudness, &frmWaveEditor::chkLoudness_Click},
@@ -384,6 +386,7 @@ void frmWaveEditor::comboPreset_Click() {
 void frmWaveEditor::LastMessungBeginnen() {
   if (!last_.Beginnen()) return;
   CPUBack.Width = 0;
+  CPUHintergrund.Percent = 0;
   CPUBack.Visible = true;
   tmrCPU.Enabled = true;
 }
@@ -392,6 +395,7 @@ void frmWaveEditor::tmrCPU_Timer() {
   const std::optional<int> last = last_.Messen();
   if (!last) return;
   CPUBack.Width = Ganz32(CPUHintergrund.Width / 100.0 * *last);
+  CPUHintergrund.Percent = std::clamp(*last, 0, 100);
   CPUBack.FillColor = *last <= kGruenBis ? kGruen : *last <= kGelbBis ? kGelb : kRot;
 }
 
@@ -475,6 +479,8 @@ void frmWaveEditor::HinweiseEffekte() {
       {txtDecrackle, 21475},     {lblDeclick, 21463},        {lblDecrackle, 21464},
       {lblDenoiser, 21465},      {CPUHintergrund, 21403}};
   for (const auto& h : hinweise) Hinweis(h.Feld, h.Hinweis);
+  LEDGaterAn.AccessibleName = LoadResString(21225) + LoadResString(30178);
+  LEDGaterAus.AccessibleName = LoadResString(21225) + LoadResString(30179);
 }
 
 void frmWaveEditor::TextePresets() {

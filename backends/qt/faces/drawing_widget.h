@@ -2,6 +2,7 @@
 // thousands of points, so only the part that needs repainting is painted.
 #pragma once
 
+#include "backends/qt/faces/spoken.h"
 #include "backends/qt/pictures/pictures.h"
 
 #include "platform/controls.h"
@@ -16,7 +17,7 @@
 
 namespace vantora {
 
-class DrawingWidget final : public QWidget {
+class DrawingWidget final : public QWidget, public Spoken {
  public:
   DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
   // Returns true when the drawing has changed. `scale` is that of the window: below 1, the box has

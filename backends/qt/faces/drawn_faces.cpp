@@ -35,7 +35,7 @@ void LetMouseThrough(QWidget& widget, bool through) {
 
 // A QLabel that draws its words itself. Screen readers get the words as its accessible name, since
 // the toolkit's own treatment of the text of focusable labels is not wanted.
-class WordsWidget final : public QLabel {
+class WordsWidget final : public QLabel, public Spoken {
  public:
   using QLabel::QLabel;
 
@@ -169,9 +169,7 @@ class LabelFace final : public PointedFace {
     const bool press = event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||
                        event.key() == Qt::Key_Enter;
     if (!press || event.isAutoRepeat()) return PassKey(event);
-    Fire([](Control& told) {
-      if (const auto act = told.Click ? told.Click : told.DblClick) act();
-    });
+    Act();
   }
   void FocusChanged(bool /*in*/) override { words_->update(); }
 
@@ -185,6 +183,14 @@ class LabelFace final : public PointedFace {
     words_->OwnFont = !label.FontName().empty();
     words_->Full =
         words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
+  }
+
+  // A caption is found as the name of its button.
+  Said Says(const Control& control) const override {
+    const auto& label = static_cast<const Label&>(control);
+    if (label.Of != nullptr || words_->accessibleName().isEmpty()) return {};
+    const bool opens = label.TabStop && (control.Click || control.DblClick);
+    return {opens ? QAccessible::Link : QAccessible::StaticText};
   }
 
   void Apply(Control& control) override {
@@ -202,7 +208,17 @@ class LabelFace final : public PointedFace {
     words_->setAlignment(Across(label.Align) | Qt::AlignTop);
     words_->Words = look::FromText(label.Caption);
     words_->Words.remove(u'\r');
+    words_->Press = nullptr;
+    if (control.Click || control.DblClick) {
+      words_->Press = [this] { PressedByReader([this] { Act(); }); };
+    }
     words_->Renew();
+  }
+
+  void Act() {
+    Fire([](Control& told) {
+      if (const auto act = told.Click ? told.Click : told.DblClick) act();
+    });
   }
 
   void Invite(bool toClick) {
@@ -229,6 +245,12 @@ class PictureFace final : public Face {
   PictureFace(PictureButton& picture, FormWindow& window, PictureWidget* widget)
       : Face(picture, window, widget), picture_(widget) {
     LetMouseThrough(*picture_, true);
+  }
+
+  Said Says(const Control& control) const override {
+    const Lamp lamp = static_cast<const PictureButton&>(control).State;
+    if (lamp != Lamp::None) return {QAccessible::CheckBox, -1, lamp};
+    return {control.AccessibleName().empty() ? QAccessible::NoRole : QAccessible::Graphic};
   }
 
   void Apply(Control& control) override {
@@ -299,8 +321,12 @@ class ButtonFace final : public Face {
  private:
   ButtonFace(PictureButton& button, FormWindow& window, ButtonWidget* widget)
       : Face(button, window, widget), button_(widget) {
-    // Only a screen reader's "press" action raises this signal: mouse and keys are handled above.
-    QObject::connect(button_, &QPushButton::clicked, button_, [this] { DownAndUp(); });
+    button_->Press = [this] { PressedByReader([this] { DownAndUp(); }); };
+  }
+
+  Said Says(const Control& control) const override {
+    const Lamp state = static_cast<const PictureButton&>(control).State;
+    return {state == Lamp::None ? QAccessible::Button : QAccessible::CheckBox, -1, state};
   }
 
   void Apply(Control& control) override {
@@ -357,7 +383,7 @@ class ButtonFace final : public Face {
   std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 
-class PanelWidget final : public QWidget {
+class PanelWidget final : public QWidget, public Spoken {
  public:
   using QWidget::QWidget;
   QColor Fill, Edge;
@@ -383,6 +409,12 @@ class ShapeFace final : public Face {
   ShapeFace(Shape& shape, FormWindow& window, PanelWidget* panel)
       : Face(shape, window, panel), panel_(panel) {}
 
+  Said Says(const Control& control) const override {
+    const int percent = static_cast<const Shape&>(control).Percent;
+    if (percent != kNoGauge) return {QAccessible::ProgressBar, percent};
+    return {control.AccessibleName().empty() ? QAccessible::NoRole : QAccessible::Graphic};
+  }
+
   void Apply(Control& control) override {
     const auto& shape = static_cast<const Shape&>(control);
     LetMouseThrough(*panel_, !HasMouseHandler(control) && !window().Holds(control));
@@ -404,12 +436,28 @@ class DrawingFace final : public PointedFace {
   DrawingFace(PictureBox& box, FormWindow& window, DrawingWidget* drawing)
       : PointedFace(box, window, drawing), drawing_(drawing) {}
 
+  Said Says(const Control& control) const override {
+    const bool named = !control.AccessibleName().empty() || !control.ToolTipText().empty();
+    if (!control.KeyDown && (!named || window().Holds(control))) return {};
+    return {QAccessible::Canvas, -1, Lamp::None, look::FromText(control.AccessibleValue)};
+  }
+
   void Apply(Control& control) override {
     const auto& box = static_cast<const PictureBox&>(control);
     LetMouseThrough(*drawing_, !HasMouseHandler(control) && !window().Holds(control));
     drawing_->setMouseTracking(static_cast<bool>(control.MouseMove));
     drawing_->setFocusPolicy(control.KeyDown ? Qt::StrongFocus : Qt::NoFocus);
+    drawing_->Press = nullptr;
+    if (control.DblClick && !control.KeyDown) {
+      drawing_->Press = [this] { PressedByReader([this] { Open(); }); };
+    }
     if (drawing_->Set(box, window().Scale())) window().PaintAtOnce();
+  }
+
+  void Open() {
+    Fire([](Control& told) {
+      if (const auto open = told.DblClick) open();
+    });
   }
 
   DrawingWidget* drawing_;
@@ -423,6 +471,8 @@ class MeterFace final : public Face {
  private:
   MeterFace(LevelMeter& meter, FormWindow& window, LevelBars* bars)
       : Face(meter, window, bars), bars_(bars) {}
+
+  Said Says(const Control& /*control*/) const override { return bars_->Says(); }
 
   void Apply(Control& control) override {
     const auto& meter = static_cast<const LevelMeter&>(control);

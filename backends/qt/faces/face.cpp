@@ -17,7 +17,9 @@ int ButtonOf(const QMouseEvent& event) {
   return event.button() == Qt::RightButton ? kRightButton : 0;
 }
 
+// The caption of a container is not shown.
 Text CaptionOf(const Control& control) {
+  if (control.Kind() == ControlKind::PictureBox) return {};
   return control.Read(L"Caption").value_or(Text());
 }
 
@@ -25,6 +27,7 @@ QString SpokenName(const Control& control) {
   if (!control.AccessibleName().empty()) return look::Plain(control.AccessibleName);
   const Text caption = CaptionOf(control);
   if (!caption.empty()) return look::Plain(caption);
+  if (control.Kind() == ControlKind::Label) return {};
   if (!HasMouseHandler(control) && control.Kind() == ControlKind::PictureButton) return {};
   return look::FromText(control.ToolTipText);
 }
@@ -55,6 +58,7 @@ Pictures& Face::pictures() const {
 
 void Face::Retire() {
   control_ = nullptr;
+  if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Press = nullptr;
   widget_->hide();
 }
 
@@ -74,6 +78,7 @@ void Face::Sync() {
   const QString name = SpokenName(*shown);
   if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
   widget_->setEnabled(Bright(*shown));
+  if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Say(*widget_, Says(*shown));
   Apply(*shown);
   const bool visible = shown->Visible && !place.isEmpty();
   if (widget_->isHidden() == visible) widget_->setVisible(visible);
@@ -99,6 +104,15 @@ void Face::Fire(const std::function<void(Control&)>& handler) {
   window_.Handle([&] {
     if (Control* told = control()) handler(*told);
   });
+}
+
+bool Face::ByReader() const {
+  return !window_.Syncing() && !window_.Touched();
+}
+
+void Face::PressedByReader(const std::function<void()>& act) {
+  const Control* pressed = control();
+  if (pressed != nullptr && window_.host().Model().TakesInput(*pressed)) act();
 }
 
 // The handler is copied before it runs: it may destroy its own form.

@@ -5,6 +5,8 @@
 // exist.
 #pragma once
 
+#include "backends/qt/faces/spoken.h"
+
 #include "platform/event_loop.h"
 
 #include <QObject>
@@ -57,6 +59,13 @@ class Face {
   // and making a font takes long, so this function is called only when one of them has changed.
   virtual void Dress(const Control& control);
   virtual void Apply(Control& control) = 0;
+  // What a screen reader learns of the control, for widgets that are Spoken.
+  virtual Said Says(const Control& /*control*/) const { return {}; }
+  // True: a widget changes, but neither by mouse or keys nor by Sync, so a screen reader changes
+  // it.
+  bool ByReader() const;
+  // Does what a screen reader's user presses, unless the control takes no input now.
+  void PressedByReader(const std::function<void()>& act);
   // True: a click with the left button raises Click. Controls that raise Click on a change of their
   // value do so themselves.
   virtual bool ClicksByMouse() const { return true; }

@@ -7,6 +7,7 @@
 #include "backends/qt/loop/keys.h"
 #include "backends/qt/windows/form_window.h"
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
@@ -18,7 +19,10 @@
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyleOption>
+#include <QStyledItemDelegate>
+#include <QToolTip>
 
 namespace vantora {
 
@@ -61,12 +65,24 @@ class TextFace final : public Face {
   TextFace(TextBox& box, FormWindow& window, LineWidget* line)
       : Face(box, window, line), line_(line) {
     line_->Accepts = [this](int character) { return Accepts(character); };
-    QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& text) {
+    QObject::connect(line_, &QLineEdit::textChanged, line_, [this](const QString& text) {
+      if (this->window().Syncing()) return;
+      if (ByReader() && !Welcome(text)) return;
       Take([&](Control& taken) { static_cast<TextBox&>(taken).Text = look::ToText(text); });
       Fire([](Control& told) {
         if (const auto change = static_cast<TextBox&>(told).Change) change();
       });
     });
+  }
+
+  // A screen reader writes the text at once, without keys. Keys that the box would have refused
+  // refuse the text, and the box keeps what it had.
+  bool Welcome(const QString& text) {
+    const auto taken = [this](const QChar letter) { return Accepts(letter.unicode()); };
+    if (std::all_of(text.begin(), text.end(), taken)) return true;
+    const QSignalBlocker quiet(line_);
+    if (const auto* box = As<TextBox>()) line_->setText(look::FromText(box->Text));
+    return false;
   }
 
   bool Accepts(int character) {
@@ -154,9 +170,13 @@ class CheckFace final : public Face {
  private:
   CheckFace(CheckBox& box, FormWindow& window, QCheckBox* check)
       : Face(box, window, check), check_(check) {
-    QObject::connect(check_, &QCheckBox::clicked, check_, [this](bool on) {
+    const auto take = [this](bool on) {
       Take([&](Control& taken) { static_cast<CheckBox&>(taken).Value = on ? 1 : 0; });
       FireClick();
+    };
+    QObject::connect(check_, &QCheckBox::clicked, check_, take);
+    QObject::connect(check_, &QCheckBox::toggled, check_, [this, take](bool on) {
+      if (ByReader()) take(on);
     });
   }
 
@@ -181,9 +201,13 @@ class OptionFace final : public Face {
   OptionFace(OptionButton& option, FormWindow& window, QRadioButton* radio)
       : Face(option, window, radio), radio_(radio) {
     window.Group(option.Group())->addButton(radio_);
-    QObject::connect(radio_, &QRadioButton::clicked, radio_, [this] {
+    const auto take = [this] {
       if (auto* chosen = As<OptionButton>()) chosen->SetValue(true);
       FireClick();
+    };
+    QObject::connect(radio_, &QRadioButton::clicked, radio_, take);
+    QObject::connect(radio_, &QRadioButton::toggled, radio_, [this, take](bool on) {
+      if (on && ByReader()) take();
     });
   }
 
@@ -216,9 +240,21 @@ class ComboFace final : public Face {
       Take([&](Control& taken) { static_cast<ComboBox&>(taken).ListIndex = line; });
       FireClick();
     });
+    // A screen reader selects a line of the list without opening it.
+    QObject::connect(combo_->view()->selectionModel(), &QItemSelectionModel::selectionChanged,
+                     combo_, [this](const QItemSelection& selected) {
+                       if (!ByReader() || selected.isEmpty() || combo_->view()->isVisible()) return;
+                       Choose(selected.indexes().first().row());
+                     });
   }
 
   bool ClicksByMouse() const override { return false; }
+
+  void Choose(int line) {
+    if (line == combo_->currentIndex() || this->window().Refused()) return;
+    combo_->setCurrentIndex(line);
+    emit combo_->activated(line);
+  }
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const ComboBox&>(control);
@@ -356,11 +392,13 @@ class ListFace final : public Face {
     Take([&](Control& taken) {
       auto& box = static_cast<ListBox&>(taken);
       const int lines = std::min(box.ListCount(), list_->count());
+      int line = list_->currentRow();
       for (int i = 0; i < lines; ++i) {
         const bool on = list_->item(i)->isSelected();
-        if (box.Selected(i) != on) box.Select(i, on);
+        if (box.Selected(i) == on) continue;
+        box.Select(i, on);
+        if (on && !window().Touched()) line = i;  // a screen reader does not move the current line
       }
-      const int line = list_->currentRow();
       if (box.MultiSelect && line < lines) box.ListIndex = line;
     });
   }

@@ -154,13 +154,14 @@ class TableFace final : public Face {
     table_->setItemDelegate(new CellDelegate(table_));
     table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     QObject::connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, table_,
-                     [this] {
+                     [this](const QItemSelection& selected) {
                        if (this->window().Syncing()) return;
                        TakeSelection();
                        changed_ = true;
-                       if (!this->window().Touched()) {
-                         FireItemClick(table_->currentIndex().row() + 1);
-                       }
+                       if (this->window().Touched()) return;
+                       // A screen reader does not move the current row.
+                       FireItemClick(1 + (selected.isEmpty() ? table_->currentIndex().row()
+                                                             : selected.last().bottom()));
                      });
     table_->Over = [this](const QStringList& files) { return Over(files); };
     table_->Dropped = [this](const QStringList& files) { Dropped(files); };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "backends/qt/faces/face.h"
+#include "backends/qt/faces/spoken.h"
 #include "backends/qt/windows/fit.h"
 #include "backends/qt/windows/window_host.h"
 
@@ -19,7 +20,7 @@ class QButtonGroup;
 
 namespace vantora {
 
-class FormWindow final : public QWidget {
+class FormWindow final : public QWidget, public Spoken {
  public:
   FormWindow(Form& form, WindowHost& host);
   ~FormWindow() override;
