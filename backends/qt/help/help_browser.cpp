@@ -92,6 +92,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
 // The picture has the pixels of the screen, because the toolkit shrinks pictures without smoothing.
 QImage HelpBrowser::Picture(const QString& file) const {
   QImage picture(file);
+  if (picture.isNull()) return picture;
   const int width = std::min(picture.width(), PictureWidth());
   const double ratio = devicePixelRatioF();
   picture =
