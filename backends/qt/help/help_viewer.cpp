@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QWindow>
 
 namespace vantora {
@@ -182,13 +183,10 @@ void HelpViewer::Frame::PageChanged() {
 // dialog, so that one can read what to answer.
 bool HelpViewer::Frame::event(QEvent* event) {
   if (event->type() == QEvent::WindowBlocked) {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-          QWindow* modal = QGuiApplication::modalWindow();
-          if (modal != nullptr) windowHandle()->setTransientParent(modal);
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] {
+      QWindow* modal = QGuiApplication::modalWindow();
+      if (modal != nullptr) windowHandle()->setTransientParent(modal);
+    });
   }
   return QWidget::event(event);
 }
