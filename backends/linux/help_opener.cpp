@@ -15,8 +15,6 @@
 #include <sys/wait.h>
 #include <system_error>
 
-extern char** environ;
-
 namespace vantora {
 
 namespace fs = std::filesystem;

@@ -96,6 +96,7 @@ TEST_F(Viewer, EveryPageOfTheFolderIsInTheNavigationAndShowsItsPictures) {
     EXPECT_TRUE(pages.Has(name)) << name.toStdString();
     const QString html = pages.RichText(name, 500);
     EXPECT_EQ(html.count("<section"), 0);
+    EXPECT_EQ(html.count("width=\"-1\""), 0) << "a picture is missing on " << name.toStdString();
     EXPECT_EQ(html.count("<img"), html.count("class=\"pie\"")) << name.toStdString();
   }
 }

@@ -1,5 +1,6 @@
 #include "backends/qt/faces/drawing_widget.h"
 
+#include "backends/qt/look/even_line.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/print/qt_image.h"
@@ -326,8 +327,10 @@ void DrawingWidget::DrawLine(QPainter& painter, const Mark& mark) {
     painter.drawPolyline(mark.Points.translated(0.5, 0.5));
     return;
   }
+  const bool line = mark.Points.size() == 2;
   for (qsizetype i = 0; i + 1 < mark.Points.size(); i += 2) {
-    painter.fillRect(QRectF(mark.Points[i], mark.Points[i + 1]), mark.Ink);
+    const QRectF bar(mark.Points[i], mark.Points[i + 1]);
+    painter.fillRect(line ? look::EvenLine(painter, bar) : bar, mark.Ink);
   }
 }
 

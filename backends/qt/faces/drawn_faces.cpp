@@ -6,6 +6,7 @@
 #include "backends/qt/faces/level_bars.h"
 #include "backends/qt/faces/picture_widgets.h"
 #include "backends/qt/faces/words.h"
+#include "backends/qt/look/even_line.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/windows/form_window.h"
@@ -393,7 +394,10 @@ class PanelWidget final : public QWidget, public Spoken {
   void paintEvent(QPaintEvent* event) override {
     QPainter painter(this);
     painter.setOpacity(Opacity);
-    if (Fill.alpha() > 0) painter.fillRect(event->rect(), Fill);
+    const bool line = width() == 1 || height() == 1;
+    if (Fill.alpha() > 0) {
+      painter.fillRect(line ? look::EvenLine(painter, rect()) : QRectF(event->rect()), Fill);
+    }
     if (Edge.alpha() == 0) return;
     painter.setPen(Edge);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -52,6 +52,8 @@ HelpBrowser::HelpBrowser(const HelpPages& pages, const std::filesystem::path& fo
   look::Ink(*this, QPalette::Base, look::Of(look::kGround));
   // By the keyboard too one can go through the links and select words.
   setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
+  // Pictures are as wide as the page, so the width must not depend on the page's length.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   refit_.setSingleShot(true);
   refit_.setInterval(kRefitMs);
   connect(&refit_, &QTimer::timeout, this, [this] { Refit(); });
@@ -92,6 +94,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
 // The picture has the pixels of the screen, because the toolkit shrinks pictures without smoothing.
 QImage HelpBrowser::Picture(const QString& file) const {
   QImage picture(file);
+  if (picture.isNull()) return picture;
   const int width = std::min(picture.width(), PictureWidth());
   const double ratio = devicePixelRatioF();
   picture =
@@ -149,6 +152,9 @@ void HelpBrowser::GoTo(qsizetype mark) {
   place.setPosition(place.selectionStart());
   setTextCursor(place);
   ensureCursorVisible();
+  // Words after the mark shall be seen as well.
+  QScrollBar& bar = *verticalScrollBar();
+  bar.setValue(bar.value() + cursorRect().top() - viewport()->height() / 3);
 }
 
 }  // namespace vantora

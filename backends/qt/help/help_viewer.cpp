@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
@@ -181,14 +182,13 @@ void HelpViewer::Frame::PageChanged() {
 // A dialog that opens blocks all windows but those that belong to it. The help then belongs to the
 // dialog, so that one can read what to answer.
 bool HelpViewer::Frame::event(QEvent* event) {
+  // The dialog is known only after this event.
   if (event->type() == QEvent::WindowBlocked) {
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-          QWindow* modal = QGuiApplication::modalWindow();
-          if (modal != nullptr) windowHandle()->setTransientParent(modal);
-        },
-        Qt::QueuedConnection);
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+  } else if (event->type() == QEvent::User) {
+    QWindow* modal = QGuiApplication::modalWindow();
+    if (modal != nullptr) windowHandle()->setTransientParent(modal);
+    return true;
   }
   return QWidget::event(event);
 }
