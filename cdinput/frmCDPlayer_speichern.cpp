@@ -68,10 +68,11 @@ Text frmCDPlayer::FreierName(int track, std::set<Text>& vergeben) const {
 void frmCDPlayer::imgSpeichern_MouseUp() {
   KnopfBild(imgSpeichern);
   NameBeenden();
-  if (!Komponenten().CD_Check() || lstTracks.SelCount() == 0) return;
   // The names belong to the disc that was here before, so the tracks of another disc are not saved
-  // under them.
-  if (AndereDisc()) {
+  // under them. A window without a disc says so when the drive is read again.
+  const bool discDa = Komponenten().CD_Check();
+  if (discDa && lstTracks.SelCount() == 0) return;
+  if (!discDa || AndereDisc()) {
     lstDriveLetter_Click();
     return;
   }

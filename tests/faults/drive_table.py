@@ -79,10 +79,10 @@ class Flow:
         for name in sorted(set(now) - set(self.after)):
             if name.startswith("Vantora/") and not name.endswith(".log"):
                 return "LOSS", f"{name} stays behind"
-        told = [box for box in run.boxes if box not in self.run.boxes]
-        if told:
-            return "told", told[0]
-        return ("done", "") if run.boxes == self.run.boxes else ("told", run.boxes[-1])
+        if run.boxes == self.run.boxes:
+            return "done", ""
+        told = [box for box in run.boxes if box not in self.run.boxes] or run.boxes[-1:]
+        return ("told", told[0]) if told else ("LOSS", f"no message at all {run.code} {run.error}")
 
 
 def main():

@@ -48,8 +48,8 @@ UNFINISHED = {
                    "The MP3 file is there, and the next import asks before it replaces the file. "
                    "It stays after a kill, and when the disk does not even let it be deleted."),
     "catalog_save": (r"^Vantora/Catálogo/uno\.vtr\.tmp$",
-                     "The draft beside the catalog, which is whole. It stays after a kill, and when "
-                     "the disk does not even let it be deleted."),
+                     "The draft beside the catalog, which itself is the old or the new one. It stays "
+                     "after a kill, and when the disk does not even let it be deleted."),
     "burn": (r"^Vantora/Discos/.*\.tmp$", "The next burn removes the temporary image."),
     "burn_at_once": (r"^Vantora/Discos/.*\.tmp$", "The next burn removes the temporary image."),
     "print": (r"^pdf/001\.pdf\..{6}$",

@@ -18,6 +18,7 @@ constexpr long long kManyPoints = 1'000'000;
 
 std::string Encoded(const char* format, QImage::Format pixels) {
   QImage image(9, 7, pixels);
+  if (pixels == QImage::Format_Indexed8) image.setColorTable({qRgb(255, 0, 0), 0});
   image.fill(Qt::red);
   image.setPixel(3, 2, 0);
   QByteArray bytes;
