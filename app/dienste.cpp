@@ -12,9 +12,15 @@ namespace {
 
 constexpr int kWarteSchrittMs = 50;
 
+// At least two digits; for times, which are never negative. A recording makes so many of them that
+// the general Format takes too long.
+Text Zweistellig(int zahl) {
+  return (zahl < 10 ? L"0" : L"") + std::to_wstring(zahl);
+}
+
 Text Uhrzeit(const DateTime& jetzt) {
-  return Format(jetzt.Hour, L"00") + L":" + Format(jetzt.Minute, L"00") + L":" +
-         Format(jetzt.Second, L"00");
+  return Zweistellig(jetzt.Hour) + L":" + Zweistellig(jetzt.Minute) + L":" +
+         Zweistellig(jetzt.Second);
 }
 
 }  // namespace
@@ -195,8 +201,8 @@ void MsNachHMSF(std::int64_t ms, int& stunden, int& minuten, int& sekunden, int&
 }
 
 Text HMSFText(int stunden, int minuten, int sekunden, int frames) {
-  return Format(stunden, L"00") + L":" + Format(minuten, L"00") + L":" + Format(sekunden, L"00") +
-         L":" + Format(frames, L"00");
+  return Zweistellig(stunden) + L":" + Zweistellig(minuten) + L":" + Zweistellig(sekunden) + L":" +
+         Zweistellig(frames);
 }
 
 Text MinutenText(std::int64_t ms) {

@@ -58,10 +58,11 @@ void frmMBox::Vorbereiten(const Text& text, int flags, const Text& titel, bool n
     case 0:
     case 1:
     case 64:
+    case kErfolg:
       KnopfZeigen(2, true);
       KnopfZeigen(0, false);
       KnopfZeigen(1, false);
-      imgBoxType.Picture = L"MBOXAUSRUF";
+      imgBoxType.Picture = flags == kErfolg ? L"MBOXERFOLG" : L"MBOXAUSRUF";
       break;
     case 4:
     case 36:

@@ -55,6 +55,7 @@ enum MeldungsArt : int {
   kFrage = 36,
   kWarnung = 48,
   kHinweis = 64,
+  kErfolg = 128,  // one button, and the sign of success
 };
 enum Antwort : int { kJa = 6, kNein = 7 };
 

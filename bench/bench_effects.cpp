@@ -76,11 +76,11 @@ void Chain::AddVolume() {
 void Chain::AddGate() {
   auto gate = tools_.NewDSPInterface();
   gate->OnBufferFilled = [waiting = 0](MMData& data) mutable {
-    int left = 0, right = 0;
+    float left = 0, right = 0;
     const std::size_t frames = ParseWaveHeader(data) / 4;
     for (std::size_t n = 0; n < frames; ++n) {
-      left = std::max(left, std::abs(int{data.Samples[2 * n]}));
-      right = std::max(right, std::abs(int{data.Samples[2 * n + 1]}));
+      left = std::max(left, std::abs(data.Samples[2 * n]));
+      right = std::max(right, std::abs(data.Samples[2 * n + 1]));
     }
     if (left + right >= 2 * 1000) {
       waiting = 0;
@@ -88,7 +88,7 @@ void Chain::AddGate() {
       waiting = 1;
     } else {
       waiting += static_cast<int>(frames);
-      if (50 * 44.1 < waiting) std::fill_n(data.Samples.begin(), frames * 2, std::int16_t{0});
+      if (50 * 44.1 < waiting) std::fill_n(data.Samples.begin(), frames * 2, 0.0F);
     }
   };
   Add(std::move(gate));

@@ -8,6 +8,8 @@
 #include "catalog/vorschau.h"
 #include "waveeditor/frmWaveEditor.h"
 
+#include <algorithm>
+
 namespace vantora {
 
 EffektStapel::EffektStapel(Programm& programm, Tafel tafel, KatalogListe& liste, Vorschau& vorschau,
@@ -39,6 +41,7 @@ void EffektStapel::Laufen(const std::vector<Text>& dateien) {
   fenster_.EndeErlauben(true);
   prog.EditorBatch = true;
   tafel_.Balken.Width = 0;
+  tafel_.Balken.AccessibleName = prog.Text(8218);
   tafel_.Balken.Visible = true;
   const auto anzahl = static_cast<std::int64_t>(dateien.size());
   std::int64_t nummer = 0;
@@ -47,6 +50,7 @@ void EffektStapel::Laufen(const std::vector<Text>& dateien) {
     prog.plattform.schleife.MousePointer(Pointer::Hourglass);
     tafel_.Balken.Width =
         Ganz32(static_cast<double>(nummer) / static_cast<double>(anzahl) * tafel_.Bahn.Width);
+    tafel_.Balken.Percent = tafel_.Balken.Width * 100 / std::max(tafel_.Bahn.Width(), 1);
     tafel_.Stand.Caption = ZahlText(nummer) + prog.Text(4219) + ZahlText(anzahl);
     prog.WaveEditorDatei = datei;
     prog.frmWaveEditor.Laden()->Einrechnen2(datei);

@@ -22,8 +22,8 @@ constexpr int kErsteSpalte = 8073, kErsteBeschriftung = 8200, kErsterHinweis = 8
 
 const std::vector<ListView::Column>& Spalten() {
   static const std::vector<ListView::Column> kSpalten = {
-      {L"", 300}, {L"", 420}, {L"", 2400}, {L"", 2100}, {L"", 900},
-      {L"", 840}, {L"", 840}, {L"", 3000}, {L"", 720},
+      {L"", 240}, {L"", 360}, {L"", 2400}, {L"", 2100}, {L"", 840},
+      {L"", 795}, {L"", 705}, {L"", 3000}, {L"", 660},
   };
   return kSpalten;
 }
@@ -97,20 +97,6 @@ void frmHauptForm::KnoepfeEinrichten() {
   shpStapel.Visible = false;
 }
 
-void frmHauptForm::MenueEinrichten() {
-  Menus.push_back({L"mnuKatalog",
-                   {{L"mnuAbspielen", L"", [this] { imgAbspielen_MouseUp(); }},
-                    {L"mnuWAVEditor", L"", [this] { mnuWAVEditor_Click(); }},
-                    {L"mnuUeberblenden", L"", [this] { imgTitel_MouseUp(); }},
-                    {L"mnuEigentschaft", L"",
-                     [this] {
-                       prog.KatalogGeaendert = true;
-                       TrackDatenAendern();
-                     }},
-                    {L"mnuDelete", L"", [this] { KatRowDelete(); }},
-                    {L"mnuWaveAssistent", L"", [this] { mnuWaveAssistent_Click(); }}}});
-}
-
 void frmHauptForm::SetTexte() {
   Caption = LoadResString(0);
   const std::vector<TabellenKnopf> tabelle = KnopfTabelle();
@@ -147,10 +133,7 @@ void frmHauptForm::SetTexte() {
   lblVersion.Caption = ZahlText(system.Major()) + L"." + ZahlText(system.Minor()) + L"." +
                        ZahlText(system.Revision());
   lblTimeOver.Caption = L"";
-  std::vector<MenuItem>& menue = FindMenu(L"mnuKatalog")->Items;
-  for (std::size_t i = 0; i < menue.size(); ++i) {
-    menue[i].Caption = LoadResString(8221 + static_cast<int>(i));
-  }
+  MenueBeschriften();
 }
 
 void frmHauptForm::Form_Load() {

@@ -171,6 +171,14 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst, private Haup
     void (frmHauptForm::*Aktion)();
   };
 
+  // A command of the list's menu, and the key that does the same.
+  struct Befehl {
+    Text Name;  // of its menu item
+    int Wort;   // number of its text; 0 for a line between items
+    Shortcut Taste;
+    std::function<void()> Klick;
+  };
+
   // HauptFenster
   void KnoepfeZeigen() override;
   void EndeErlauben(bool erlaubt) override { CloseWhileDisabled = erlaubt; }
@@ -178,8 +186,12 @@ class frmHauptForm final : public VtrFenster, public KatalogDienst, private Haup
   // construction
   std::vector<TabellenKnopf> KnopfTabelle();
   void KnoepfeEinrichten();
+  std::vector<Befehl> Befehle();
   void MenueEinrichten();
+  void MenueBeschriften();
   void GroesseAnpassen();
+
+  void VorspielUmschalten();
 
   // other windows
   void StartAssistentZeigen();

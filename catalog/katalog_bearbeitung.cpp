@@ -80,6 +80,7 @@ void KatalogBearbeitung::TrackDatenAendern(bool ohneUndo) {
   const std::shared_ptr<vantora::frmNeuerInterpret> fenster = prog.frmNeuerInterpret.Laden();
   const ListItem& gezeigt = liste_.Zeile(gewaehlt);
   fenster->TrackZeigen(gewaehlt, gezeigt.SubItems(2), gezeigt.SubItems(3));
+  fenster->KeepClear = &liste_.Tabelle();
   AngabenVergessen();
   prog.DialogBestaetigt = false;
   prog.ZeigeModal(fenster);

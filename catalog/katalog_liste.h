@@ -47,6 +47,7 @@ class KatalogListe {
   int Zeilen() const { return tafel_.Liste.ListItems.Count(); }
   ListItem& Zeile(int nummer) { return tafel_.Liste.ListItems(nummer); }
   const ListItem& Zeile(int nummer) const { return tafel_.Liste.ListItems(nummer); }
+  const ListView& Tabelle() const { return tafel_.Liste; }
   Text DateiDerZeile(int nummer) const;  // without blanks at both ends
   // These functions fill lists with the shown tracks, from index 1; index 0 is unused. Lengths are
   // in seconds and include the pause after the track, except for the last track.

@@ -169,7 +169,8 @@ void ProgrammStart::AusgebessertZeigen() {
   for (const auto& [text, dateien] : listen) {
     for (const Text& datei : dateien) prog.AppLog(kOrt, prog.Text(text) + L" " + datei);
     if (dateien.empty()) continue;
-    prog.MsgBoxen(prog.Text(text) + ZeilenListe(dateien), kWarnung);
+    const bool gelungen = &dateien == &fund.Finished || &dateien == &fund.SilenceTaken;
+    prog.MsgBoxen(prog.Text(text) + ZeilenListe(dateien), gelungen ? kErfolg : kWarnung);
   }
 }
 

@@ -195,7 +195,7 @@ int GrabLauf::Laufen() {
     Spur(L"kein Audiotrack");
   }
   if (ausgang != Ausgang::Fertig) return 1;
-  prog.MsgBoxen(prog.Text(23008), kOk);
+  prog.MsgBoxen(prog.Text(23008), kErfolg);
   return 0;
 }
 

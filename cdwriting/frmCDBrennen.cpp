@@ -17,6 +17,7 @@ constexpr int kErsterTyp = 1, kLetzterTyp = 99, kTypMitDAO = 10;
 constexpr Color kTafel = Rgb(53, 55, 99);
 constexpr const wchar_t* kTempo[] = {L"1", L"2", L"4", L"6", L"8"};
 constexpr int kAbschiedMs = 1500;
+constexpr int kSpaltenRand = 75;  // twips between the edge of a column and its words
 
 Text FlaggeText(bool flagge) {
   return flagge ? L"True" : L"False";
@@ -37,11 +38,15 @@ frmCDBrennen::frmCDBrennen(Programm& programm) : VtrFenster(programm, L"frmCDBre
 
 void frmCDBrennen::Form_Load() {
   FensterEinrichten();
+  for (int i = 0; i < lblKopf.Count(); ++i) {
+    lstCDRecorder.TabStops.push_back(lblKopf(i).Left - lstCDRecorder.Left - kSpaltenRand);
+  }
   bool gefunden = false;
   const bool geladen = Weiter([&] {
     lstCDRecorder.Clear();
     SetTexte();
     LadeBrennOptionen();
+    AblageZeigen();
     gefunden = Init_Brenner();
     for (int i = 0; i < picPanel.Count(); ++i) picPanel(i).FillColor = kTafel;
   });
@@ -66,6 +71,7 @@ void frmCDBrennen::SetTexte() {
   lblTitel.Caption = LoadResString(8216);
   lblHinweis.Caption = LoadResString(4207);
   lblRecorder.Caption = LoadResString(4213);
+  for (int i = 0; i < lblKopf.Count(); ++i) lblKopf(i).Caption = LoadResString(30060 + i);
   lblMethode.Caption = LoadResString(4208);
   lblGeschwindigkeit.Caption = LoadResString(4209);
   lblKopien.Caption = LoadResString(4212);
@@ -147,6 +153,8 @@ void frmCDBrennen::BrennerAufnehmen(int index) {
   if (typ >= kErsterTyp && typ <= kLetzterTyp) {
     mcd.SetDriveType(typ);
     lstCDRecorder.AddItem(beschreibung);
+    lstCDRecorder.SetNote(lstCDRecorder.ListCount() - 1,
+                          LoadResString(mcd.MakesFiles(index) ? 30066 : 30065));
     geraete_.push_back(index);
     prog.AppLog(ort, L"AddBurner:" + beschreibung + L" IC:" + ZahlText(index));
   }
@@ -158,6 +166,12 @@ void frmCDBrennen::BrennerAufnehmen(int index) {
   }
   optDiscAtOnce.Enabled = dao;
   if (!dao) optTrackAtOnce.SetValue(true);
+}
+
+void frmCDBrennen::AblageZeigen() {
+  const Text bild = prog.plattform.mcd.LastImage();
+  const bool da = !bild.empty() && prog.DateiExistiert(bild);
+  lblAblage.Caption = da ? LoadResString(30067) + bild : Text();
 }
 
 // Every pass of a burn looks for the devices again and takes the first, so the chosen device is

@@ -42,6 +42,7 @@ class frmCDBrennen final : public VtrFenster {
   Label lblTitel{*this, L"lblTitel"};
   Label lblHinweis{*this, L"lblHinweis"};
   Label lblRecorder{*this, L"lblRecorder"};
+  ControlArray<Label, 5> lblKopf{*this, L"lblKopf"};  // the heads of the list
   ListBox lstCDRecorder{*this, L"lstCDRecorder"};
   Label lblMethode{*this, L"lblMethode"};
   OptionButton optTrackAtOnce{*this, L"optTrackAtOnce", -1, 1};
@@ -52,6 +53,7 @@ class frmCDBrennen final : public VtrFenster {
   Label lblKopien{*this, L"lblKopien"};
   TextBox txtKopienAnzahl{*this, L"txtKopienAnzahl"};
   Label lblStatusBurner{*this, L"lblStatusBurner"};
+  Label lblAblage{*this, L"lblAblage"};
   PictureButton imgBrennen{*this, L"imgBrennen"};
   PictureButton imgAbbrechen{*this, L"imgAbbrechen"};
   PictureButton imgHelp{*this, L"imgHelp"};
@@ -80,6 +82,8 @@ class frmCDBrennen final : public VtrFenster {
   void Aufraeumen();
   void Zeiger(const wchar_t* datei);
   void Melde(const Text& text);
+  void Gelungen(const Text& text);
+  void AblageZeigen();  // the place of the image that was made last
   bool Frage(const Text& text);
   void Spur(const Text& text);
 

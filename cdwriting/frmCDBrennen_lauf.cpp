@@ -39,6 +39,10 @@ void frmCDBrennen::Melde(const Text& text) {
   Weiter([&] { prog.MsgBoxen(text, kOk, LoadResString(0)); });
 }
 
+void frmCDBrennen::Gelungen(const Text& text) {
+  Weiter([&] { prog.MsgBoxen(text, kErfolg, LoadResString(0)); });
+}
+
 bool frmCDBrennen::Frage(const Text& text) {
   bool ja = false;
   Weiter([&] { ja = prog.MsgBoxen(text, kJaNein, LoadResString(0)) == kJa; });
@@ -257,13 +261,14 @@ frmCDBrennen::Danach frmCDBrennen::NachDemBrennen() {
     return Danach::Fenster;
   }
   if (Simulation) {
-    Melde(kZeilenEnde + LoadResString(4016));
+    Gelungen(kZeilenEnde + LoadResString(4016));
     return Danach::Fenster;
   }
   if (prog.Auto_Database == 1 || Frage(LoadResString(5000))) Weiter([&] { DBEintrag(); });
   ++prog.Number_Burned_CD;
   Weiter([&] { prog.SaveExtrasSet(); });
-  Melde(LoadResString(4012));
+  Weiter([&] { AblageZeigen(); });
+  Gelungen(LoadResString(4012));
   return WeitereKopie();
 }
 

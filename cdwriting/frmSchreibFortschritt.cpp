@@ -2,7 +2,10 @@
 
 #include "app/frmKomponenten.h"
 #include "app/programm.h"
+#include "cdwriting/fortschritt.h"
 #include "cdwriting/frmCDBrennen.h"
+
+#include <algorithm>
 
 namespace vantora {
 
@@ -61,12 +64,15 @@ void frmSchreibFortschritt::SetTexte() {
   hinweis(lblAktKopieZeit, 18407);
   hinweis(imgKnightRider, 18409);
   hinweis(lblInsgKopiePro, 18410);
+  shpAktRahmen.AccessibleName = LoadResString(18405);
+  shpInsgRahmen.AccessibleName = LoadResString(18410);
 }
 
 void frmSchreibFortschritt::init_frmSchreibFortschritt() {
   bKnightRider = false;
   shpAktKopie.Width = 1;
   shpInsgKopie.Width = 1;
+  AnteileAnsagen();
   imgAbbrechen.ToolTipText = LoadResString(18408);
   KnopfBild(imgAbbrechen);
   lblAktKopie.Caption = LoadResString(18202);
@@ -150,7 +156,18 @@ void frmSchreibFortschritt::KnightRider(PictureButton& bild, frmSchreibFortschri
   fenster.tmrKnightRider.Interval = kBildMs;
 }
 
+// For screen readers. The jobs set only the bars, each in its own way.
+void frmSchreibFortschritt::AnteileAnsagen() {
+  const int ganz = std::max(BalkenLaenge(1.0, prog.plattform.bildschirm.TwipsPerPixelX()), 1);
+  const auto anteil = [ganz](const Shape& balken) {
+    return std::clamp(balken.Width() * 100 / ganz, 0, 100);
+  };
+  shpAktRahmen.Percent = anteil(shpAktKopie);
+  shpInsgRahmen.Percent = anteil(shpInsgKopie);
+}
+
 void frmSchreibFortschritt::KnightRiderSchritt() {
+  AnteileAnsagen();
   if (laeuftIn_ == nullptr) return;
   if (!bKnightRider) {
     laeuftIn_ = nullptr;

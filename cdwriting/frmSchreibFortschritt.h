@@ -58,6 +58,7 @@ class frmSchreibFortschritt final : public VtrFenster {
 
  private:
   void KnightRiderSchritt();
+  void AnteileAnsagen();
 
   PictureButton* laeuftIn_ = nullptr;  // the picture in which the light runs
   int schritt_ = 0;

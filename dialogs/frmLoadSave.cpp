@@ -3,6 +3,7 @@
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
+#include "app/werte/zahlen.h"
 
 #include <algorithm>
 
@@ -10,6 +11,7 @@ namespace vantora {
 
 namespace {
 
+constexpr int kMessPauseMs = 10;  // between two files, so that the dialog stays quick
 constexpr int kVorhoeren = 0, kUebernehmen = 1, kAbbrechen = 2;
 constexpr std::size_t kWurzel = 3;  // characters of "C:\"
 
@@ -22,13 +24,23 @@ std::vector<Text> Ordner(const Text& pfad) {
   return ordner;
 }
 
+Text Dauer(std::int64_t ms) {
+  int stunden = 0, minuten = 0, sekunden = 0, frames = 0;
+  MsNachHMSF(ms, stunden, minuten, sekunden, frames);
+  return Format(stunden, L"00") + L":" + Format(minuten, L"00") + L":" + Format(sekunden, L"00");
+}
+
 bool Absolut(const Text& name) {
   return name.size() >= kWurzel && name.substr(1, 2) == L":\\";
 }
 
 }  // namespace
 
-frmLoadSave::frmLoadSave(Programm& programm) : VtrFenster(programm, L"frmLoadSave") {
+frmLoadSave::frmLoadSave(Programm& programm)
+    : VtrFenster(programm, L"frmLoadSave"), laengen_(programm.plattform) {
+  tmrLaenge.Enabled = false;
+  tmrLaenge.Interval = kMessPauseMs;
+  tmrLaenge.OnTimer = [this] { tmrLaenge_Timer(); };
   lstDatei.MultiSelect = true;
   for (int i = 0; i < pbButton.Count(); ++i) Knopf(pbButton(i), [this, i] { pbButton_MouseUp(i); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
@@ -57,6 +69,11 @@ void frmLoadSave::Form_Load() {
   }
 }
 
+// The decoder of MP3 files is needed for the import that follows.
+void frmLoadSave::Form_Unload() {
+  tmrLaenge.Enabled = false;
+}
+
 void frmLoadSave::SetTexte() {
   lblLaufwerk.Caption = LoadResString(30021);
   lblVerzeichnis.Caption = LoadResString(30022);
@@ -67,6 +84,7 @@ void frmLoadSave::SetTexte() {
   lstVerzeichnis.AccessibleName = lblVerzeichnis.Caption;
   lstDatei.AccessibleName = lblDatei.Caption;
   lblPfad.Caption = L"";
+  lblAuswahl.Caption = L"";
   txtDateiName.Text = L"";
   Beschriften(lblButtCaption(0), pbButton(0), LoadResString(11200));
   Beschriften(lblButtCaption(1), pbButton(1), LoadResString(4));
@@ -137,6 +155,7 @@ void frmLoadSave::DateienZeigen() {
   for (const Text& name : prog.plattform.dateien.List(verzeichnis_, prog.DialogMuster)) {
     lstDatei.AddItem(name);
   }
+  AuswahlZeigen();
 }
 
 void frmLoadSave::cbxLaufwerk_Click() {
@@ -177,13 +196,59 @@ void frmLoadSave::lstDatei_Click() {
   const Text name = zeile < 0 ? prog.DialogName : lstDatei.List(zeile);
   txtDateiName.Text = name;
   pbButton(0).Enabled = Endet(Lcase(name), L".wav");
+  AuswahlZeigen();
 }
 
-std::vector<Text> frmLoadSave::Gewaehlte() const {
+std::vector<Text> frmLoadSave::Markierte() const {
   std::vector<Text> namen;
   for (int i = 0; i < lstDatei.ListCount(); ++i) {
     if (lstDatei.Selected(i)) namen.push_back(lstDatei.List(i));
   }
+  return namen;
+}
+
+// ---- the number and the length of the selected files ----
+
+bool frmLoadSave::NurZaehlen() const {
+  return !Enthaelt(Ucase(prog.DialogMuster), L"WAV");
+}
+
+// The length is shown when all files have been measured.
+void frmLoadSave::AuswahlZeigen() {
+  const std::vector<Text> namen = Markierte();
+  const bool leer = namen.empty() || prog.DialogModus == kModusSichern;
+  const bool fehlt =
+      !leer && !NurZaehlen() && std::any_of(namen.begin(), namen.end(), [this](const Text& name) {
+        return !laengen_.Gemessen(Voll(name));
+      });
+  tmrLaenge.Enabled = fehlt;
+  Text worte;
+  if (!leer) {
+    worte = namen.size() == 1
+                ? LoadResString(30056)
+                : ZahlText(static_cast<std::int64_t>(namen.size())) + LoadResString(30057);
+  }
+  if (!leer && !fehlt && !NurZaehlen()) {
+    std::int64_t ms = 0;
+    for (const Text& name : namen) ms += laengen_.Laenge(Voll(name));
+    worte += LoadResString(30058) + Dauer(ms);
+  }
+  lblAuswahl.Caption = worte;
+}
+
+void frmLoadSave::tmrLaenge_Timer() {
+  for (const Text& name : Markierte()) {
+    if (laengen_.Gemessen(Voll(name))) continue;
+    laengen_.Messen(Voll(name));
+    break;
+  }
+  AuswahlZeigen();
+}
+
+// ---- the result ----
+
+std::vector<Text> frmLoadSave::Gewaehlte() const {
+  std::vector<Text> namen = Markierte();
   // A typed name takes precedence over the selection.
   const Text& getippt = txtDateiName.Text;
   const bool ausListe = std::find(namen.begin(), namen.end(), getippt) != namen.end();

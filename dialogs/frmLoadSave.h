@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/fenster.h"
+#include "dialogs/klang_laengen.h"
 
 namespace vantora {
 
@@ -11,6 +12,7 @@ class frmLoadSave final : public VtrFenster {
   explicit frmLoadSave(Programm& programm);
 
   void Form_Load() override;
+  void Form_Unload() override;
   void Form_Activate() override;
   void SetTexte() override;
   bool Form_KeyDown(int taste, bool strg) override;
@@ -29,6 +31,7 @@ class frmLoadSave final : public VtrFenster {
   Label lblVerzeichnis{*this, L"lblVerzeichnis"};
   ListBox lstVerzeichnis{*this, L"lstVerzeichnis"};
   Label lblDatei{*this, L"lblDatei"};
+  Label lblAuswahl{*this, L"lblAuswahl"};
   ListBox lstDatei{*this, L"lstDatei"};
   Label lblName{*this, L"lblName"};
   TextBox txtDateiName{*this, L"txtDateiName"};
@@ -36,6 +39,7 @@ class frmLoadSave final : public VtrFenster {
   ControlArray<PictureButton, 3> pbButton{*this, L"pbButton"};
   ControlArray<Label, 3> lblButtCaption{*this, L"lblButtCaption"};
   PictureButton imgHelp{*this, L"imgHelp"};
+  Timer tmrLaenge{*this, L"tmrLaenge"};
 
  private:
   void Oeffne(const Text& verzeichnis);
@@ -49,6 +53,12 @@ class frmLoadSave final : public VtrFenster {
   bool NamenGueltig(const std::vector<Text>& namen) const;
   Text Voll(const Text& name) const;  // the name with its folder
 
+  std::vector<Text> Markierte() const;  // the names of the selected files
+  bool NurZaehlen() const;              // the files have no length
+  void AuswahlZeigen();
+  void tmrLaenge_Timer();  // measures one more selected file
+
+  KlangLaengen laengen_;
   Text verzeichnis_;  // with a backslash at the end
   bool aktiviert_ = false;
 };

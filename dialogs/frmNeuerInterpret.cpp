@@ -34,6 +34,7 @@ void frmNeuerInterpret::SetTexte() {
   lblFeld(0).Caption = LoadResString(8069);
   lblFeld(1).Caption = LoadResString(15202);
   lblFeld(2).Caption = LoadResString(15203);
+  lblFeld(3).Caption = LoadResString(30059);
   txtTitel.AccessibleName = lblFeld(0).Caption;
   txtInterpret.AccessibleName = lblFeld(1).Caption;
   cmbPause.AccessibleName = lblFeld(2).Caption;
@@ -47,12 +48,20 @@ void frmNeuerInterpret::SetTexte() {
   txtInterpret.ToolTipText = LoadResString(15403);
   txtTitel.ToolTipText = LoadResString(15404);
   imgHelp.ToolTipText = LoadResString(1);
+  DateiZeigen(L"");
+}
+
+void frmNeuerInterpret::DateiZeigen(const Text& pfad) {
+  lblFeld(3).Visible = lblDatei.Visible = !pfad.empty();
+  lblDatei.Caption = DateiNameOhnePfad(pfad);
+  lblDatei.ToolTipText = pfad;
 }
 
 void frmNeuerInterpret::TrackZeigen(int nummer, const Text& titel, const Text& interpret) {
   const KatalogEintrag& e = Element(prog.Katalog, nummer);
   Caption = LoadResString(8069);
   lblTitel.Caption = LoadResString(8069);
+  DateiZeigen(e.Datei.Getrimmt());
   cmbPause.Visible = true;
   cmbPause.Enabled = e.PauseSperre.Getrimmt().empty();
   cmbPause.ListIndex = cmbPause.Enabled ? std::clamp<int>(e.Pause, 0, kLaengstePause) : 0;
@@ -74,6 +83,7 @@ void frmNeuerInterpret::KatalogZeigen(const Text& titel, const Text& interpret) 
   Caption = LoadResString(15201);
   lblTitel.Caption = LoadResString(15201);
   lblFeld(0).Caption = LoadResString(15201);
+  DateiZeigen(Trim(prog.KatalogDatei));
   txtInterpret.Text = interpret;
   txtTitel.Text = titel;
   cmbPause.Enabled = false;

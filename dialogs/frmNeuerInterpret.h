@@ -20,10 +20,13 @@ class frmNeuerInterpret final : public VtrFenster {
   void imgControl_MouseUp(int index);  // 0 OK, 1 cancel
   bool cmbPause_KeyPress(int taste);
 
+  void DateiZeigen(const Text& pfad);
+
   bool Abbruch = true;  // closed by cancel
 
   Label lblTitel{*this, L"lblTitel"};
-  ControlArray<Label, 3> lblFeld{*this, L"lblFeld"};
+  ControlArray<Label, 4> lblFeld{*this, L"lblFeld"};
+  Label lblDatei{*this, L"lblDatei"};  // the name of the file; its tooltip is the path
   TextBox txtTitel{*this, L"txtTitel"};
   TextBox txtInterpret{*this, L"txtInterpret"};
   ComboBox cmbPause{*this, L"cmbPause"};

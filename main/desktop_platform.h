@@ -12,9 +12,12 @@
 #include "backends/linux/thread_background.h"
 #include "backends/qt/desktop/qt_display.h"
 #include "backends/qt/desktop/qt_inhibitor.h"
+#include "backends/qt/help/help_viewer.h"
 #include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/print/qt_print_shop.h"
 #include "backends/samplerate/pitcher.h"
+#include "main/bundle.h"
+#include "main/help_words.h"
 #include "main/kept_volume.h"
 #include "main/machine.h"
 
@@ -32,14 +35,16 @@ struct DesktopPlatform {
                  AlsaPlaybackDevices, sound, input},
                 [] { return std::make_unique<Pitcher>(); }) {
     SilenceAlsaMessages();
+    system.ShowHelpWith(background, loop,
+                        [this](const std::filesystem::path& page) { help.Show(page); });
   }
 
   LinuxPlaces places;
   QtEventLoop loop;
   LinuxClock clock;
   QtDisplay display;
-  LinuxSystem system;
   ThreadBackground background;
+  LinuxSystem system;
   OutputVolume volume;
   AlsaSoundOutput sound{loop, volume};
   AlsaSoundInput input{loop, clock};
@@ -51,35 +56,11 @@ struct DesktopPlatform {
   MixerLines eqpro{mixerCard, volume};
   QtPrintShop<SystemQueues> shop{machine.files};
   KeptVolume keptVolume{volume, machine.settings, loop};
+  HelpViewer help{machine.resources.Folder() / "help",
+                  [this] { return WordsOfHelp(machine.resources); },
+                  [this](const Text& address) { system.OpenLink(address); }};
 
-  Plattform bundle{
-      .schleife = loop,
-      .bildschirm = display,
-      .uhr = clock,
-      .system = system,
-      .dateien = machine.files,
-      .laufwerke = machine.letters,
-      .einstellungen = machine.settings,
-      .profile = machine.profiles,
-      .registry = machine.registry,
-      .ressourcen = machine.resources,
-      .mmtools = mmtools,
-      .tsCut = machine.cutter,
-      .edits = machine.edits,
-      .mp3 = machine.mp3,
-      .mcd = machine.writers,
-      .acd = machine.acd,
-      .cd = machine.cd,
-      .mci = machine.mci,
-      .sockets = machine.sockets,
-      .audiolib = machine.audiolib,
-      .perfData = load,
-      .eqpro = eqpro,
-      .wachhalter = inhibitor,
-      .drucker = shop.printers,
-      .bilder = shop.images,
-      .schriften = shop.fonts,
-  };
+  Plattform bundle = BundleOf(*this);
 };
 
 }  // namespace vantora

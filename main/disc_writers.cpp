@@ -78,6 +78,11 @@ void DiscWriters::SelectBurner(int index) {
   writer->SelectBurner(own);
 }
 
+bool DiscWriters::MakesFiles(int index) {
+  const auto [writer, own] = Find(index);
+  return writer->MakesFiles(own);
+}
+
 Text DiscWriters::GetDescription(int index) {
   const auto [writer, own] = Find(index);
   return writer->GetDescription(own);

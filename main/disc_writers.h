@@ -20,6 +20,8 @@ class DiscWriters final : public Mcd {
   int BurnerCount() override;
   void SelectBurner(int index) override;
   void PreferBurner(int index) override;
+  bool MakesFiles(int index) override;
+  Text LastImage() const override { return current_->LastImage(); }
   int DetermineDrive() override { return current_->DetermineDrive(); }
   void SetDriveType(int type) override { current_->SetDriveType(type); }
   Text GetDescription(int index) override;

@@ -89,7 +89,7 @@ inline constexpr const char* kDrawnPictures = "pictures.cache";
 // share/ of an installed one. Blank when the folder does not exist.
 std::filesystem::path ResourceFolder();
 
-// The version of the project, such as "0.1.0".
+// The version of the project, such as "1.0.0".
 Text ProgramVersion();
 
 // The versions of the parts that access discs, under the names of the drivers that they stand for:

@@ -12,8 +12,10 @@
 #include "backends/headless/headless_output.h"
 #include "backends/headless/headless_player.h"
 #include "backends/headless/headless_system.h"
+#include "backends/linux/utf8.h"
 #include "backends/samplerate/pitcher.h"
 #include "backends/sound/files/wave_file.h"
+#include "main/bundle.h"
 #include "main/kept_volume.h"
 #include "main/machine.h"
 
@@ -49,6 +51,9 @@ struct StoryPlatform : World {
     system.FileVersions = ComponentVersions();
     shop.printers.Setup.Paper = L"A4";
     if constexpr (requires { World::loop.Stage; }) World::loop.Stage = &display;
+    if constexpr (requires { World::help; }) {
+      system.ShowHelp = [this](const Text& topic) { World::help.Show(ToUtf8(topic)); };
+    }
   }
 
   HeadlessDisplay display;
@@ -68,34 +73,7 @@ struct StoryPlatform : World {
   typename World::PrintShop shop{machine.files};
   KeptVolume keptVolume{volume, machine.settings, World::loop};
 
-  Plattform bundle{
-      .schleife = World::loop,
-      .bildschirm = display,
-      .uhr = World::clock,
-      .system = system,
-      .dateien = machine.files,
-      .laufwerke = machine.letters,
-      .einstellungen = machine.settings,
-      .profile = machine.profiles,
-      .registry = machine.registry,
-      .ressourcen = machine.resources,
-      .mmtools = mmtools,
-      .tsCut = machine.cutter,
-      .edits = machine.edits,
-      .mp3 = machine.mp3,
-      .mcd = machine.writers,
-      .acd = machine.acd,
-      .cd = machine.cd,
-      .mci = machine.mci,
-      .sockets = machine.sockets,
-      .audiolib = machine.audiolib,
-      .perfData = load,
-      .eqpro = eqpro,
-      .wachhalter = inhibitor,
-      .drucker = shop.printers,
-      .bilder = shop.images,
-      .schriften = shop.fonts,
-  };
+  Plattform bundle = BundleOf(*this);
 };
 
 }  // namespace vantora

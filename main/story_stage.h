@@ -53,6 +53,14 @@ class StoryStage final : public RobotStage {
     Now().loop.TheUser = nullptr;
   }
   EventLoop& Loop() override { return Now().loop; }
+  Text HelpPage() override {
+    if constexpr (requires(Platform & platform) { platform.help; }) {
+      return Now().help.VisiblePage();
+    } else {
+      const auto& opened = Now().system.HelpOpened;
+      return opened.empty() ? Text() : opened.back().second;
+    }
+  }
   Hands& TheHands() override { return Now().hands; }
   Text ExitButton() override { return L"frmHauptForm.imgÜberblenden"; }
   bool AsksToLeave(const Text& message) override { return message == programm_->Text(23000); }

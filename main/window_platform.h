@@ -2,12 +2,15 @@
 // platform without a screen; time runs several times as fast as the real clock.
 #pragma once
 
+#include "backends/linux/file_resources.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/linux/thread_background.h"
+#include "backends/qt/help/help_viewer.h"
 #include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/loop/qt_hands.h"
 #include "backends/qt/print/qt_print_shop.h"
 #include "main/headless_platform.h"
+#include "main/help_words.h"
 #include "main/story_platform.h"
 
 namespace vantora {
@@ -36,12 +39,18 @@ struct WindowWorld {
   using PrintShop = QtPrintShop<NoQueues>;
 
   WindowWorld(const std::filesystem::path& resourceFolder, const std::filesystem::path& cache)
-      : loop(resourceFolder / "pictures", cache / kDrawnPictures, kStorySpeed) {}
+      : loop(resourceFolder / "pictures", cache / kDrawnPictures, kStorySpeed),
+        texts(resourceFolder),
+        help(
+            resourceFolder / "help", [this] { return WordsOfHelp(texts); },
+            [](const Text& /*address*/) {}) {}
 
   FastClock clock{kStorySpeed};
   QtEventLoop loop;
   ThreadBackground background{kStorySpeed};
   QtHands hands{loop};
+  FileResources texts;
+  HelpViewer help;
 };
 
 // The world without a screen, with printing.

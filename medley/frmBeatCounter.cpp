@@ -59,6 +59,7 @@ void frmBeatCounter::SetTexte() {
   lblTitel.Caption = LoadResString(3200);
   lblBeatDisplay.Caption = LoadResString(3203);
   lblRestzeit.Caption = LoadResString(3204);
+  shpZeitBack.AccessibleName = LoadResString(3204);
   lblHinweis.Caption = LoadResString(3205);
   lblTempo.Caption = LoadResString(3206);
   Beschriften(lblButtCaption(0), imgOK, LoadResString(3201));
@@ -118,9 +119,11 @@ void frmBeatCounter::tmrWaveAbspielen_Timer() {
     std::int32_t breite = 0;
     BalkenAktualisieren(verstrichen, Spielzeit, BalkenBreite, BalkenStart, -1, breite);
     shpZeitanzeige.Width = breite;
+    shpZeitBack.Percent = Ganz32(Quotient(breite * 100.0, BalkenBreite));
     return;
   }
   shpZeitanzeige.Width = BalkenBreite;
+  shpZeitBack.Percent = 100;
   imgStop_MouseUp();
 }
 

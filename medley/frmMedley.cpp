@@ -111,7 +111,8 @@ void frmMedley::SetTexte() {
   Beschriften(lblButtCaption(4), imgSpeedMeasure, LoadResString(13204));
   const auto hinweis = [this](Control& control, int nummer) {
     control.ToolTipText = LoadResString(nummer);
-    if (control.AccessibleName().empty()) control.AccessibleName = LoadResString(nummer);
+    const bool benannt = control.Kind() == ControlKind::Label || !control.AccessibleName().empty();
+    if (!benannt) control.AccessibleName = LoadResString(nummer);
   };
   hinweis(lstMedleyTracks, 13400);
   hinweis(chkPitch, 13401);

@@ -34,9 +34,12 @@ as_root() {
   fi
 }
 
+# A build server is thrown away: there dpkg need not wait for the disk after each file, which makes
+# the installation several times as fast.
 apt_get() {
   as_root env DEBIAN_FRONTEND=noninteractive apt-get -y -q -o Acquire::Retries=3 \
-    -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 "$@" </dev/null
+    -o DPkg::Lock::Timeout=600 -o Dpkg::Use-Pty=0 ${CI:+-o Dpkg::Options::=--force-unsafe-io} \
+    "$@" </dev/null
 }
 
 # install_missing PART...: asks no questions, and does not call apt when all packages are installed.

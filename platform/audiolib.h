@@ -25,6 +25,10 @@ class Audiolib {
   virtual void func_09() = 0;
   virtual void func_04(const float& level) = 0;  // hiss
   virtual void func_10() = 0;
+  // The sound that follows the buffer of the next call, as far as it is known: up to 1024 frames,
+  // given before each buffer. With it the filters look ahead; without it they see no further than
+  // the end of the buffer.
+  virtual void Follows(const std::int16_t* samples, const std::int16_t& channels, int frames) = 0;
   // Filter one buffer of `frames` interleaved 16-bit frames from `source` to `target`, which must
   // not overlap. The number of frames stays the same and there is no delay. `level` is 0 (leaves
   // the sound unchanged) to 1 and may change with each buffer. A filter that is off copies the

@@ -8,6 +8,15 @@ namespace vantora {
 
 class EventLoop;
 
+// A key that acts in a window without the focus on a button.
+struct Shortcut {
+  int Key = 0;                              // its code
+  bool Control = false, Alt = false;        // held with the key; Shift must not be held
+  const vantora::Control* Focus = nullptr;  // works only while this control has the focus
+  bool Repeats = false;                     // acts again and again while the key is held
+  std::function<void()> Act;
+};
+
 class Form {
  public:
   Form(EventLoop& loop, Text name);
@@ -20,6 +29,7 @@ class Form {
   std::vector<Control*> Controls;
   std::vector<Timer*> Timers;  // the timers among the controls
   std::vector<Menu> Menus;
+  std::vector<Shortcut> Shortcuts;  // for keys that Form_KeyDown has not used
 
   // The window's own values are properties of a hidden control, so that they behave like all other
   // properties.
@@ -38,6 +48,10 @@ class Form {
   bool CloseWhileDisabled = false;   // Form_Close is called even while the window is disabled
   bool EscapeWhileDisabled = false;  // Form_KeyDown gets Escape even while the window is disabled
   bool FirstFocus = true;            // false: no control has the focus until the user chooses one
+
+  // A list of the window behind. This window does not cover the selected row of the list, if the
+  // screen has room for that.
+  const Control* KeepClear = nullptr;
 
   bool Visible() const { return visible_; }  // the window is shown and not hidden
   bool Dirty = true;                         // a control has changed; the renderer clears the flag

@@ -50,8 +50,8 @@ class Hands {
   // empty `rows` deselects all.
   virtual void Select(Control& control, const std::vector<int>& rows) = 0;
   // Sends a key to the window in front: F1 to F12, Return, Escape, Delete, Space, Tab, Up, Down,
-  // Left, Right, Home, End, PageUp, PageDown, or a single letter or digit, optionally after "Ctrl+"
-  // or "Shift+".
+  // Left, Right, Home, End, PageUp, PageDown, or a single letter or digit, optionally after
+  // "Ctrl+", "Shift+" or "Alt+".
   virtual void Key(Form& form, const Text& key) = 0;
   virtual void ChooseMenu(Form& form, const Text& item) = 0;  // in the open popup menu
   virtual void Close(Form& form) = 0;                         // the desktop's close button

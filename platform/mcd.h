@@ -45,6 +45,9 @@ class Mcd {
   // Records that the user has chosen this device. The next Init_Prog gives it index 0. Has no
   // effect on a platform with one kind of devices.
   virtual void PreferBurner(int /*index*/) {}
+  virtual bool MakesFiles(int /*index*/) { return false; }  // the device writes files, no discs
+  // The sheet of the image that the current device has written last; blank for none.
+  virtual Text LastImage() const { return {}; }
   virtual int DetermineDrive() = 0;  // 1 to 99: supported; 10: also Disc At Once
   virtual void SetDriveType(int type) = 0;
   // "vendor<tab>product<tab>revision<tab>SCSI target ID"

@@ -11,7 +11,7 @@
 namespace vantora {
 
 struct CapturedSound {
-  MMData Data;
+  PcmData Data;
   std::int64_t Ticks = 0;   // when the last frame was recorded, as Clock::Ticks; never decreases
   std::int64_t LostMs = 0;  // of sound lost since the buffer before
 };

@@ -114,6 +114,7 @@ void frmAufnehmen::Form_Load() {
   lblPausenzeit.Visible = false;
   lblAufnahme.Visible = false;
   imgAufnahmeBild.Picture = Text();
+  imgAufnahmeBild.State = Lamp::Off;
   optManuell.SetValue(true);
   TippZeigen(0);
 }
@@ -199,6 +200,7 @@ void frmAufnehmen::HinweiseSetzen() {
     h.Feld.ToolTipText = LoadResString(h.Text);
     if (h.Feld.AccessibleName().empty()) h.Feld.AccessibleName = LoadResString(h.Text);
   }
+  imgAufnahmeBild.AccessibleName = LoadResString(2029);
   lblRecZeit.ToolTipText = LoadResString(2001);
   lblRecSize.ToolTipText = LoadResString(2002);
   for (int i = 0; i < optInput.Count(); ++i) optInput(i).ToolTipText = LoadResString(2007);

@@ -94,6 +94,7 @@ void frmAufnehmen::RecordStart() {
     geschrieben_ = 0;
     ungesichert_ = 0;
     imgAufnahmeBild.Picture = L"AUF_AUFNAHME_ON";
+    imgAufnahmeBild.State = Lamp::On;
     Wartet = false;
     NimmtAuf = true;
     WachBleiben();
@@ -130,6 +131,7 @@ void frmAufnehmen::RecordStop() {
   TakeSchliessen();
   tmrStatus.Enabled = false;
   imgAufnahmeBild.Picture = L"";
+  imgAufnahmeBild.State = Lamp::Off;
   lblAufnahme.Visible = false;
   NimmtAuf = false;
   Wartet = false;
@@ -353,8 +355,8 @@ void frmAufnehmen::PlatzZeigen(double frei) {
   const std::int32_t prozent = gesamt > 0 ? Ganz32(frei / gesamt * 100) : 0;
   if (prozent == freiProzent_) return;
   freiProzent_ = prozent;
-  gauFreeHD.AccessibleName = LoadResString(2016) + L": " + ZahlText(prozent) + L" %";
-  gauFreeHD.ToolTipText = gauFreeHD.AccessibleName();
+  gauFreeHD.Percent = std::clamp(prozent, 0, 100);
+  gauFreeHD.ToolTipText = LoadResString(2016) + L": " + ZahlText(prozent) + L" %";
   shpFreeHD.Width = gauFreeHD.Width * std::clamp(prozent, 0, 100) / 100;
 }
 

@@ -156,6 +156,13 @@ void ExpectMixer(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
         what == L"volume" ? std::to_wstring(volume) : Text(flag ? L"True" : L"False"), line);
 }
 
+void ExpectHelp(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
+  const Text& wanted = line.Subject->Form;
+  const Text found = scene.Stage().HelpPage();
+  if (found == wanted) return;
+  throw Unreachable("the help was to show " + ToUtf8(wanted) + ", it shows " + Quoted(found));
+}
+
 }  // namespace
 
 CommandTable Expectations() {
@@ -165,6 +172,7 @@ CommandTable Expectations() {
       {L"expect-window", ExpectWindow},
       {L"expect-file", ExpectFile},
       {L"expect-mixer", ExpectMixer},
+      {L"expect-help", ExpectHelp},
   };
 }
 

@@ -486,6 +486,7 @@ const std::map<Text, Grammar>& Commands() {
       {L"expect", {ParseExpect, When::Running, Does::Look, true}},
       {L"expect-box", {ParseExpectBox, When::Running, Does::Look, true}},
       {L"expect-window", {ParseWindow, When::Running, Does::Look, true}},
+      {L"expect-help", {ParseWindow, When::Running, Does::Look, true}},
       {L"expect-file", {ParseExpectFile, When::Any, Does::Look, true}},
       {L"wait", {ParseWait, When::Running, Does::Act}},
       {L"after", {ParseInner, When::Running, Does::Prepare}},

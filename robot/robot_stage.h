@@ -37,6 +37,8 @@ class RobotStage {
   virtual void Start(User& user) = 0;
   virtual EventLoop& Loop() = 0;  // of the running program or of the last one
   virtual Hands& TheHands() = 0;  // of the running program or of the last one
+  // The page that the help shows, "frmX". Blank if there is none.
+  virtual Text HelpPage() = 0;
   virtual Text ExitButton() = 0;  // the control that `close` presses, "frmX.imgExit"
   // Returns whether a message asks if the program is to end. `close` answers such messages with
   // yes, and all others with no.

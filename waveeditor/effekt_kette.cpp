@@ -130,7 +130,13 @@ void EffektKette::PufferFiltern(MMData& data) {
   if (bytes == 0) return;
   CopyWaveHeader(data, PufferA_.data(), bytes);
   if (gate_.An) gate_.Anwenden(PufferA_.data(), bytes, Peak_->PeakLeft() + Peak_->PeakRight());
-  restauration_.Anwenden(PufferA_.data(), PufferB_.data(), bytes);
+  if (restauration_.Aktiv()) {
+    MMData folgt;
+    DSP_->Peek(folgt);
+    Folgt_.Bytes = ParseWaveHeader(folgt);
+    CopyWaveHeader(folgt, Folgt_.Samples.data(), Folgt_.Bytes);
+    restauration_.Anwenden(PufferA_.data(), PufferB_.data(), bytes, Folgt_);
+  }
   FillWaveHeader(data, PufferA_.data(), bytes);
 }
 

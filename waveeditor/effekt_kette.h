@@ -94,6 +94,7 @@ class EffektKette {
   Restauration restauration_;
   // The buffer in work, and room for a second one. No buffer is allocated while sound runs.
   std::array<std::int16_t, kBufferBytes / sizeof(std::int16_t)> PufferA_{}, PufferB_{};
+  PcmData Folgt_{};  // the buffer after that in hand
 };
 
 }  // namespace vantora

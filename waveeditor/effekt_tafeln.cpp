@@ -33,6 +33,7 @@ EffektTafeln::Schalter EffektTafeln::SchalterVon(const CheckBox& kasten) {
 
 void EffektTafeln::Schalter::Zeigen() const {
   Knopf.Picture = Bild + Text(An() ? L"_ON" : L"_UNPRESSED");
+  Knopf.State = An() ? Lamp::On : Lamp::Off;
 }
 
 void EffektTafeln::Schalter::Umschalten() const {
@@ -54,6 +55,7 @@ void EffektTafeln::PanelLicht(int index, bool an) {
   EffektAn_[static_cast<std::size_t>(index)] = an;
   PictureButton& knopf = imgEffekt(index);
   knopf.PictureReleased = (an ? L"WAVEEFFEKTON_" : L"WAVEEFFEKTUNPRESSED_") + ZahlText(index);
+  knopf.State = an ? Lamp::On : Lamp::Off;
   KnopfBild(knopf);
 }
 

@@ -127,14 +127,17 @@ struct EffektTafeln {
   Slider slDeclick{fenster_, L"slDeclick"};
   TextBox txtDeclick{fenster_, L"txtDeclick"};
   PictureButton imgDeclickByPass{fenster_, L"imgDeclickByPass"};
+  Label lblDeclickByPass{fenster_, L"lblDeclickByPass"};
   Label lblDenoiser{fenster_, L"lblDenoiser"};
   Slider slDenoiser{fenster_, L"slDenoiser"};
   TextBox txtDenoiserLevel{fenster_, L"txtDenoiserLevel"};
   PictureButton imgDenoiserByPass{fenster_, L"imgDenoiserByPass"};
+  Label lblDenoiserByPass{fenster_, L"lblDenoiserByPass"};
   Label lblDecrackle{fenster_, L"lblDecrackle"};
   Slider slDecrackle{fenster_, L"slDecrackle"};
   TextBox txtDecrackle{fenster_, L"txtDecrackle"};
   PictureButton imgDecrackleByPass{fenster_, L"imgDecrackleByPass"};
+  Label lblDecrackleByPass{fenster_, L"lblDecrackleByPass"};
   PictureButton imgRestPresets{fenster_, L"imgRestPresets"};
   Label lblRestPresets{fenster_, L"lblRestPresets"};
 
@@ -164,7 +167,8 @@ struct EffektTafeln {
   ControlArray<PictureButton, 2> imgEddPres{fenster_, L"imgEddPres"};
   PictureButton imgOK{fenster_, L"imgOK"};
 
-  PictureBox pic3D{fenster_, L"pic3D"};  // the spectrum
+  PictureBox pic3D{fenster_, L"pic3D"};               // the spectrum
+  Label lblSpektrumAus{fenster_, L"lblSpektrumAus"};  // says why the picture stays empty
   Label lblCPU{fenster_, L"lblCPU"};
   Shape CPUHintergrund{fenster_, L"CPUHintergrund"};
   Shape CPUBack{fenster_, L"CPUBack"};  // the machine's load

@@ -78,6 +78,9 @@ void frmWaveEditor::BildEinrichten() {
 }
 
 void frmWaveEditor::TransportEinrichten() {
+  for (PictureButton* schalter : {&imgSteuerung(kWiedergabe), &imgSteuerung(kPause), &imgLoop}) {
+    schalter->State = Lamp::Off;
+  }
   for (int i = 0; i < imgSteuerung.Count(); ++i) {
     imgSteuerung(i).MouseDown = [this, i](int taste) {
       if (taste == kLeftButton) imgSteuerung_MouseDown(i);
@@ -305,6 +308,7 @@ void frmWaveEditor::SetTexte() {
   for (int i = 0; i < imgZoom.Count(); ++i) Hinweis(imgZoom(i), 21441 + i);
   Hinweis(imgZurück, 21444);
   Hinweis(cmdAllesAuswaehlen, 5215);
+  cmdAuswahlAufheben.AccessibleName = LoadResString(30174);
   Hinweis(lblMarkerAnfang, 21451);
   Hinweis(lblMarkerDelta, 21452);
   Hinweis(lblMarkerEnde, 21453);
@@ -321,6 +325,8 @@ void frmWaveEditor::SetTexte() {
   Hinweis(picZeitFront, 21462);
   Hinweis(sliderWave, 21472);
   Hinweis(pic3D, 21460);
+  lblSpektrumAus.Caption = LoadResString(30083);
+  lblSpektrumAus.Visible = !prog.Show3DAnalysis;
   TexteEffekte();
   HinweiseEffekte();
   TextePresets();
@@ -328,7 +334,8 @@ void frmWaveEditor::SetTexte() {
 
 void frmWaveEditor::Hinweis(Control& control, int nummer) {
   control.ToolTipText = LoadResString(nummer);
-  if (control.AccessibleName().empty()) control.AccessibleName = LoadResString(nummer);
+  const bool benannt = control.Kind() == ControlKind::Label || !control.AccessibleName().empty();
+  if (!benannt) control.AccessibleName = LoadResString(nummer);
 }
 
 }  // namespace vantora

@@ -183,6 +183,7 @@ class frmWaveEditor final : public VtrFenster,
   const Text& WorkDatei() const override { return WorkDatei_; }
   void Status(const Text& text) override { lblStatus.Caption = text; }
   void StelleZeigen(std::int64_t frame) override;
+  void WelleAnsagen(double stelle);
   void NormalizeUhr(bool an) override { tmrNormalize.Enabled = an; }
   void KlangZeigen() override;
   void NeuZeigen() override;

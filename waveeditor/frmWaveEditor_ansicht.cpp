@@ -104,6 +104,7 @@ void frmWaveEditor::StelleZeigen(std::int64_t frame) {
   const auto stelle = static_cast<double>(frame);
   if (frame <= laenge) marker_.PositionSetzen(1.0 * picWaveBack.Width / laenge * stelle);
   Status(SmpToTime(stelle));
+  WelleAnsagen(stelle);
   if (ansicht_.Ganz()) return;
   sliderWave.Value = Ansicht::Seite(marker_.Position(), picWave.Width, sliderWave.Max);
   sliderWave_OnChange();
@@ -150,6 +151,16 @@ void frmWaveEditor::marker_update() {
   lblMarkerAnfang.Caption = SmpToTime(a.Stelle());
   lblMarkerEnde.Caption = SmpToTime(a.NurCursor ? a.CursorPos : a.MarkerEnde);
   lblMarkerDelta.Caption = SmpToTime(a.NurCursor ? 0 : a.MarkerEnde - a.MarkerAnfang);
+  WelleAnsagen(a.Stelle());
+}
+
+// For screen readers: the position and the selection, which others see in the picture.
+void frmWaveEditor::WelleAnsagen(double stelle) {
+  const Auswahl& a = auswahl_;
+  const Text auswahl = a.NurCursor ? LoadResString(30177)
+                                   : LoadResString(30176) + SmpToTime(a.MarkerAnfang) + L" - " +
+                                         SmpToTime(a.MarkerEnde);
+  picWaveBack.AccessibleValue = LoadResString(30175) + SmpToTime(stelle) + L". " + auswahl;
 }
 
 // ---- the marker by the keyboard ----

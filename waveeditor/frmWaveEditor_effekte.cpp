@@ -28,6 +28,8 @@ float Gleitend(int wert) {
 
 void frmWaveEditor::EffekteEinrichten() {
   ReglerEinrichten();
+  for (const Schalter& schalter : AlleSchalter()) schalter.Knopf.State = Lamp::Off;
+  for (int i = 0; i < kPanels; ++i) imgEffekt(i).State = Lamp::Off;
   const std::pair<CheckBox&, Handler> kaesten[] = {
       {chkEQBypass, &frmWaveEditor::chkEQBypass_Click},
       {chkLoudness, &frmWaveEditor::chkLoudness_Click},
@@ -384,6 +386,7 @@ void frmWaveEditor::comboPreset_Click() {
 void frmWaveEditor::LastMessungBeginnen() {
   if (!last_.Beginnen()) return;
   CPUBack.Width = 0;
+  CPUHintergrund.Percent = 0;
   CPUBack.Visible = true;
   tmrCPU.Enabled = true;
 }
@@ -392,6 +395,7 @@ void frmWaveEditor::tmrCPU_Timer() {
   const std::optional<int> last = last_.Messen();
   if (!last) return;
   CPUBack.Width = Ganz32(CPUHintergrund.Width / 100.0 * *last);
+  CPUHintergrund.Percent = std::clamp(*last, 0, 100);
   CPUBack.FillColor = *last <= kGruenBis ? kGruen : *last <= kGelbBis ? kGelb : kRot;
 }
 
@@ -443,10 +447,16 @@ void frmWaveEditor::TexteEffekte() {
                  {lblFlangerBypass, imgFlangerBypass, 21214, 21420},
                  {lblVolumeByPass, imgVolumeByPass, 21219, 21439},
                  {lblGaterBypass, imgGaterBypass, 21220, 21422},
+                 {lblDeclickByPass, imgDeclickByPass, 21213, 21406},
+                 {lblDenoiserByPass, imgDenoiserByPass, 21213, 21408},
+                 {lblDecrackleByPass, imgDecrackleByPass, 21213, 21407},
                  {lblEQPresets, imgEQPresets, 21221, 21417},
                  {lblVolumePresets, imgVolumePresets, 21222, 21440},
                  {lblRestPresets, imgRestPresets, 21223, 21446},
                  {lblFlangerPresets, imgFlangerPresets, 21224, 21447}};
+  imgDeclickByPass.AccessibleName = LoadResString(21406);  // "On/Off" would not say of what
+  imgDenoiserByPass.AccessibleName = LoadResString(21408);
+  imgDecrackleByPass.AccessibleName = LoadResString(21407);
   for (const auto& k : knoepfe) {
     Beschriften(k.Schild, k.Knopf, LoadResString(k.Text));
     Hinweis(k.Knopf, k.Hinweis);
@@ -458,18 +468,19 @@ void frmWaveEditor::HinweiseEffekte() {
     Control& Feld;
     int Hinweis;
   } hinweise[] = {
-      {imgDeclickByPass, 21406}, {imgDecrackleByPass, 21407}, {imgDenoiserByPass, 21408},
-      {comboPreset, 21402},      {slVolume, 21473},           {txtVolume, 21484},
-      {slGaterThreshold, 21479}, {txtGaterThreshold, 21479},  {slGaterAttack, 21480},
-      {txtGaterTime, 21480},     {sliderOutputGain, 21468},   {txtHallMixing, 21486},
-      {sliderFeedBack, 21466},   {txtHallFeedback, 21487},    {slFlangerMix, 21471},
-      {txtFlangerMix, 21477},    {slFlangerFeedback, 21467},  {txtFlangerFeedback, 21481},
-      {slFlangerDepth, 21470},   {txtFlangerDepth, 21482},    {slFlangerRate, 21469},
-      {txtFlangerRate, 21478},   {slDeclick, 21474},          {txtDeclick, 21474},
-      {slDenoiser, 21476},       {txtDenoiserLevel, 21476},   {slDecrackle, 21475},
-      {txtDecrackle, 21475},     {lblDeclick, 21463},         {lblDecrackle, 21464},
+      {comboPreset, 21402},      {slVolume, 21473},          {txtVolume, 21484},
+      {slGaterThreshold, 21479}, {txtGaterThreshold, 21479}, {slGaterAttack, 21480},
+      {txtGaterTime, 21480},     {sliderOutputGain, 21468},  {txtHallMixing, 21486},
+      {sliderFeedBack, 21466},   {txtHallFeedback, 21487},   {slFlangerMix, 21471},
+      {txtFlangerMix, 21477},    {slFlangerFeedback, 21467}, {txtFlangerFeedback, 21481},
+      {slFlangerDepth, 21470},   {txtFlangerDepth, 21482},   {slFlangerRate, 21469},
+      {txtFlangerRate, 21478},   {slDeclick, 21474},         {txtDeclick, 21474},
+      {slDenoiser, 21476},       {txtDenoiserLevel, 21476},  {slDecrackle, 21475},
+      {txtDecrackle, 21475},     {lblDeclick, 21463},        {lblDecrackle, 21464},
       {lblDenoiser, 21465},      {CPUHintergrund, 21403}};
   for (const auto& h : hinweise) Hinweis(h.Feld, h.Hinweis);
+  LEDGaterAn.AccessibleName = LoadResString(21225) + LoadResString(30178);
+  LEDGaterAus.AccessibleName = LoadResString(21225) + LoadResString(30179);
 }
 
 void frmWaveEditor::TextePresets() {

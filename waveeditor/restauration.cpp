@@ -45,12 +45,14 @@ void Restauration::Auffrischen() {
   }
 }
 
-void Restauration::Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes) {
-  const int frames = static_cast<int>(bytes) / kFrameBytes;
+void Restauration::Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes,
+                            const PcmData& folgt) {
+  const auto frames = [](std::size_t n) { return static_cast<int>(n) / kFrameBytes; };
+  bibliothek_.Follows(folgt.Samples.data(), std::int16_t{kChannels}, frames(folgt.Bytes));
   for (const Filter filter : kAlle) {
     if (!an_[filter]) continue;
     (bibliothek_.*kFunktionen[filter].Puffer)(Level(filter), std::int16_t{kChannels}, klang, hilfe,
-                                              frames);
+                                              frames(bytes));
     std::copy_n(hilfe, bytes / sizeof *klang, klang);
   }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/audiolib.h"
+#include "platform/chain/component.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -22,8 +23,9 @@ class Restauration {
   // Makes the filters that are on forget earlier sound.
   void Auffrischen();
 
-  // Filters a buffer of 16-bit samples. `hilfe` has room for another buffer of that size.
-  void Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes);
+  // Filters a buffer of 16-bit samples. `hilfe` has room for another buffer of that size, `folgt`
+  // is the buffer that comes next, empty at the end of the sound.
+  void Anwenden(std::int16_t* klang, std::int16_t* hilfe, std::size_t bytes, const PcmData& folgt);
 
  private:
   float& Level(Filter filter);

@@ -72,6 +72,7 @@ void Transport::Beginnen() {
   out.Loop = LoopAktiv;
   if (LoopAktiv) {
     t_.Tafel.imgLoop.Picture = L"WAVELOOPPRESSED";
+    t_.Tafel.imgLoop.State = Lamp::On;
     out.LoopCount = kRunden;
   } else {
     t_.Tafel.GedruecktZeigen(WellenTafel::kWiedergabe);
@@ -110,19 +111,21 @@ void Transport::SpielEnde() {
   Anzeigen();
   KnoepfeFreigeben();
   // Stopping ends a pause too.
-  if (Pausiert_) KnopfBild(t_.Tafel.imgSteuerung(WellenTafel::kPause));
+  if (Pausiert_) WellenTafel::GeloestZeigen(t_.Tafel.imgSteuerung(WellenTafel::kPause));
   Pausiert_ = false;
   fenster_.Freigeben(true);
 }
 
 void Transport::KnoepfeFreigeben() {
   WellenTafel& tafel = t_.Tafel;
+  PictureButton& wiedergabe = tafel.imgSteuerung(WellenTafel::kWiedergabe);
   for (PictureButton* knopf :
-       {&tafel.imgSteuerung(WellenTafel::kWiedergabe), &tafel.imgLoop,
-        &tafel.imgSteuerung(WellenTafel::kEinrechnen), &tafel.imgNormalize}) {
+       {&wiedergabe, &tafel.imgLoop, &tafel.imgSteuerung(WellenTafel::kEinrechnen),
+        &tafel.imgNormalize}) {
     knopf->Enabled = true;
     KnopfBild(*knopf);
   }
+  for (PictureButton* schalter : {&wiedergabe, &tafel.imgLoop}) schalter->State = Lamp::Off;
   tafel.lblEinrechnen.Enabled = true;
 }
 
@@ -199,7 +202,7 @@ void Transport::PauseUmschalten() {
     t_.Uhr.Enabled = false;
   } else if (Spielt_ && (zustand == MMWaveOutX::Stopped || zustand == MMWaveOutX::Paused)) {
     t_.Uhr.Enabled = true;
-    KnopfBild(t_.Tafel.imgSteuerung(WellenTafel::kPause));
+    WellenTafel::GeloestZeigen(t_.Tafel.imgSteuerung(WellenTafel::kPause));
     Pausiert_ = false;
     out.Restart();
   }

@@ -21,8 +21,9 @@ struct WellenTafel {
 
   explicit WellenTafel(Form& fenster) : fenster_(fenster) {}
 
-  // Shows a button of the transport pressed; KnopfBild shows it released again.
+  // Shows a button of the transport pressed, as long as the sound plays or pauses.
   void GedruecktZeigen(Steuerung knopf);
+  static void GeloestZeigen(PictureButton& knopf);
 
  private:
   Form& fenster_;

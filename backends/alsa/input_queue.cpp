@@ -52,8 +52,9 @@ bool InputQueue::Next(CapturedSound& sound) {
   const std::lock_guard<std::mutex> lock(guard_);
   if (count_ == 0) return false;
   sound = ring_[first_];
-  first_ = (first_ + 1) % ring_.size();
   --count_;
+  // An empty ring starts again at its beginning, so its memory stays in the processor's cache.
+  first_ = count_ == 0 ? 0 : (first_ + 1) % ring_.size();
   return true;
 }
 

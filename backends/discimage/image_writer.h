@@ -44,6 +44,8 @@ class ImageWriter final : public Mcd {
   void SelectBurner(int index) override { current_ = index; }
   int DetermineDrive() override;
   void SetDriveType(int type) override { driveType_ = type; }
+  bool MakesFiles(int /*index*/) override { return true; }
+  Text LastImage() const override { return lastImage_; }
   Text GetDescription(int index) override;
   bool CanDAO() override;
   void Speed(int factor) override;  // rounded down to 1, 2, 4, 6 or 8
@@ -62,8 +64,6 @@ class ImageWriter final : public Mcd {
   // Raises MCD_UserStop and no event after it. Without effect when nothing is being written.
   void StopBurn() override;
   void ResetBurner() override;
-
-  Text LastImage() const { return lastImage_; }  // path of the last finished sheet; blank for none
 
  private:
   bool Selected() const { return current_ >= 0 && current_ < devices_; }

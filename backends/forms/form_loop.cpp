@@ -232,7 +232,7 @@ bool FormLoop::Turn() {
   const RestoredValue<std::optional<std::int64_t>> outer(eventMs_, std::nullopt);
   Sync();
   bool busy = RunDue();
-  Sync();
+  if (busy) Sync();
   busy = world_->HandleInput() || busy;
   busy = ReportFront() || busy;
   busy = PaintUncovered() || busy;

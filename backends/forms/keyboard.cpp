@@ -2,6 +2,7 @@
 
 #include "backends/forms/form_loop.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantora {
@@ -14,7 +15,7 @@ void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own&
     used = true;  // the key counts as used if the handler fails
     loop_.Handle([&] { used = form.Form_KeyDown(key.Code, key.Control); });
   }
-  if (used) return;
+  if (used || ActsAsShortcut(form, focus, key)) return;
   if (focus == nullptr) {
     if (loop_.TakesInput(form)) own();
     return;
@@ -32,6 +33,21 @@ void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own&
     loop_.Handle([&] { wanted = press(key.Character); });
   }
   if (wanted && reached()) own();
+}
+
+bool Keyboard::ActsAsShortcut(Form& form, const Control* focus, const KeyStroke& key) {
+  if (key.Code == 0 || key.Shift || !loop_.TakesInput(form)) return false;
+  const auto& all = form.Shortcuts;
+  const auto found = std::find_if(all.begin(), all.end(), [&](const Shortcut& shortcut) {
+    return shortcut.Key == key.Code && shortcut.Control == key.Control && shortcut.Alt == key.Alt &&
+           (shortcut.Focus == nullptr || shortcut.Focus == focus);
+  });
+  if (found == all.end()) return false;
+  // A key that has closed a window is often held a little longer. Its repetitions must not act in
+  // the window behind.
+  if (key.Repeats && !found->Repeats) return true;
+  loop_.Handle([act = found->Act] { act(); });  // a copy, because the handler may destroy the form
+  return true;
 }
 
 // Escape can end a long piece of work that has disabled its window.

@@ -1,11 +1,11 @@
 // The way of a key to its handlers.
 //
-// The window gets every key first (Form_KeyDown). If the window does not use it, the control with
-// the focus gets KeyDown, then KeyPress with the character, and then the control's kind acts on the
-// key. The way ends early when a handler closes, covers or disables the window or the control. The
-// release of a key reaches the window once, however often the key was repeated (Form_KeyUp), and
-// then the control that has the focus at that time. A window that loses the keyboard gets
-// Form_KeyUp for all keys that are still held.
+// The window gets every key first (Form_KeyDown). If the window does not use it, its shortcuts are
+// tried. If the key is no shortcut, the control with the focus gets KeyDown, then KeyPress with the
+// character, and then the control's kind acts on the key. The way ends early when a handler closes,
+// covers or disables the window or the control. The release of a key reaches the window once,
+// however often the key was repeated (Form_KeyUp), and then the control that has the focus at that
+// time. A window that loses the keyboard gets Form_KeyUp for all keys that are still held.
 //
 // A disabled window gets no key, except Escape if it asks for that.
 #pragma once
@@ -34,6 +34,8 @@ class Keyboard {
   void Forget(const Form& form) { down_.erase(&form); }
 
  private:
+  // Returns true if the key belongs to a shortcut of the window.
+  bool ActsAsShortcut(Form& form, const Control* focus, const KeyStroke& key);
   void Escape(Form& form, const KeyStroke& key);
 
   FormLoop& loop_;

@@ -75,11 +75,12 @@ KeyStroke KeyFor(wchar_t character) {
 
 std::optional<KeyStroke> KeyByName(const Text& name) {
   Text rest = name;
-  bool control = false, shift = false;
+  bool control = false, shift = false, alt = false;
   for (bool more = true; more;) {
     more = false;
     if (TakeOff(rest, L"Ctrl+")) control = more = true;
     if (TakeOff(rest, L"Shift+")) shift = more = true;
+    if (TakeOff(rest, L"Alt+")) alt = more = true;
   }
   KeyStroke stroke;
   if (rest.size() == 1) {
@@ -94,6 +95,7 @@ std::optional<KeyStroke> KeyByName(const Text& name) {
   }
   stroke.Control = control;
   stroke.Shift = shift;
+  stroke.Alt = alt;
   return stroke;
 }
 

@@ -39,7 +39,7 @@ struct HeadlessInput::Ear {
   bool Waits() const { return !Gone() && Due() <= Time.Ticks(); }
 
   // Fills a buffer with the sounds. A sound ends early when the next sound begins.
-  void Hear(MMData& data) const {
+  void Hear(PcmData& data) const {
     data.Samples.fill(0);
     data.Bytes = kBufferBytes;
     for (std::size_t i = 0; i < Sounds->size(); ++i) {

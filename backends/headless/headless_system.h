@@ -4,6 +4,7 @@
 
 #include "platform/system.h"
 
+#include <functional>
 #include <map>
 #include <utility>
 #include <vector>
@@ -12,14 +13,12 @@ namespace vantora {
 
 class HeadlessSystem final : public System {
  public:
-  HeadlessSystem() = default;
-  HeadlessSystem(int major, int minor, int revision)
-      : major_(major), minor_(minor), revision_(revision) {}
-
   bool OtherInstance = false;
   int CdPlayers = 0;                              // number of open windows of a CD player
   std::map<Text, Text> FileVersions;              // by path
   std::vector<std::pair<Text, Text>> HelpOpened;  // file, topic
+  std::function<void(const Text& topic)>
+      ShowHelp;  // shows the page as well, where there is a screen
   std::vector<Text> LinksOpened;
   bool Viewer = true;  // the desktop has a viewer for files
   std::vector<std::filesystem::path> FilesOpened;
@@ -41,6 +40,7 @@ class HeadlessSystem final : public System {
   }
   bool OpenHelp(const Text& file, const Text& topic) override {
     HelpOpened.emplace_back(file, topic);
+    if (ShowHelp) ShowHelp(topic);
     return true;
   }
   bool OpenFile(const std::filesystem::path& file) override {
@@ -51,7 +51,7 @@ class HeadlessSystem final : public System {
   void OpenLink(const Text& address) override { LinksOpened.push_back(address); }
 
  private:
-  int major_ = 0, minor_ = 1, revision_ = 0;
+  int major_ = 1, minor_ = 0, revision_ = 0;
 };
 
 }  // namespace vantora

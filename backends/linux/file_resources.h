@@ -19,6 +19,7 @@ class FileResources final : public Resources {
   Text LoadResString(int id) override;
   Text Layout(const Text& name) override;
   Text Supplement(const Text& name) override;
+  const std::filesystem::path& Folder() const { return folder_; }
 
  private:
   void ReadTexts();

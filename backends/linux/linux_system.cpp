@@ -63,7 +63,17 @@ bool LinuxSystem::OpenHelp(const Text& /*file*/, const Text& topic) {
   const bool plain = !topic.empty() && topic.find_first_of(L"/\\") == Text::npos;
   const fs::path wanted = options_.HelpFolder / (ToUtf8(topic) + ".html");
   if (plain && fs::is_regular_file(wanted, failed)) page = wanted;
-  return fs::is_regular_file(page, failed) && Show(page.string());
+  if (!fs::is_regular_file(page, failed)) return false;
+  if (!help_) return Show(page.string());
+  help_->Open(page);
+  return true;
+}
+
+void LinuxSystem::ShowHelpWith(Background& background, EventLoop& loop,
+                               std::function<void(const fs::path&)> viewer) {
+  help_ = std::make_unique<HelpOpener>(
+      HelpOpener::Programs{options_.Opener, "xdg-mime", HelpOpener::DataFoldersOfDesktop()},
+      background, loop, std::move(viewer));
 }
 
 void LinuxSystem::OpenLink(const Text& address) {

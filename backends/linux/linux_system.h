@@ -4,12 +4,14 @@
 #pragma once
 
 #include "backends/linux/descriptor.h"
+#include "backends/linux/help_opener.h"
 #include "backends/linux/linux_places.h"
 
 #include "platform/system.h"
 
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace vantora {
@@ -17,7 +19,7 @@ namespace vantora {
 class LinuxSystem final : public System {
  public:
   struct Options {
-    Text Version;                      // "0.1.0"
+    Text Version;                      // "1.0.0"
     std::filesystem::path HelpFolder;  // holds TOPIC.html, and index.html for no topic
     std::string Opener = "xdg-open";   // shows a file or an address to the user
     // Versions of the components, by their product names in small letters. Files on Linux carry no
@@ -34,7 +36,11 @@ class LinuxSystem final : public System {
   int Revision() override { return VersionPart(2); }
   bool CloseCdPlayer() override { return false; }  // Linux has no such program
   Text FileVersion(const Text& path) override;
+  // Without ShowHelpWith a page is only shown if the desktop has an opener.
   bool OpenHelp(const Text& file, const Text& topic) override;
+  // Pages that the desktop's browser does not show go to `viewer`.
+  void ShowHelpWith(Background& background, EventLoop& loop,
+                    std::function<void(const std::filesystem::path&)> viewer);
   bool OpenFile(const std::filesystem::path& file) override;
   void OpenLink(const Text& address) override;  // opens web and mail addresses only
 
@@ -46,6 +52,7 @@ class LinuxSystem final : public System {
   LinuxPlaces places_;
   Options options_;
   Descriptor lock_;
+  std::unique_ptr<HelpOpener> help_;
 };
 
 }  // namespace vantora

@@ -1,7 +1,5 @@
 #include "backends/samplerate/pitcher.h"
 
-#include "backends/sound/effects/switched_effect.h"
-
 #include "platform/cd_sound.h"
 #include "platform/laufzeitfehler.h"
 
@@ -72,8 +70,7 @@ void Pitcher::Pull(MMData& data) {
   const std::size_t frames = Bend(kFrames, speed);
   speed_ = speed;
   for (std::size_t n = 0; n < missing.size(); ++n) out_[n] += missing[n];
-  std::transform(out_.begin(), out_.begin() + static_cast<std::ptrdiff_t>(kChannels * frames),
-                 data.Samples.begin(), ToSample);
+  std::copy_n(out_.begin(), kChannels * frames, data.Samples.begin());
   data.Bytes = frames * 4;
 }
 

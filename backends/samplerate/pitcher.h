@@ -1,6 +1,5 @@
-// Changes the pitch of the sound with libsamplerate. It computes in float and rounds once, ties to
-// even. The filter needs later frames, so this component reads ahead; its position and length do
-// not show that.
+// Changes the pitch of the sound with libsamplerate. The filter needs later frames, so this
+// component reads ahead; its position and length do not show that.
 #pragma once
 
 #include "platform/mmchain.h"

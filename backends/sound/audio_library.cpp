@@ -1,29 +1,24 @@
 #include "backends/sound/audio_library.h"
 
+#include "platform/chain/component.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace vantora {
 
-namespace {
-
-constexpr float kLeast = -32768, kGreatest = 32767;
-
-std::int16_t Rounded(float sample) {
-  return static_cast<std::int16_t>(std::nearbyint(std::clamp(sample, kLeast, kGreatest)));
-}
-
-}  // namespace
-
 void AudioLibrary::func_01(int /*size*/) {
-  piece_.resize(ClickFilter::kBlock);
+  for (Ear& ear : ears_) {
+    for (std::vector<float>* part : {&ear.Piece, &ear.Rest, &ear.Follows}) part->resize(kPiece);
+    ear.Following = 0;
+  }
+  side_.emplace();
 }
 
 void AudioLibrary::func_02() {
   func_11();
   func_09();
   func_10();
-  piece_.clear();
+  side_.reset();
 }
 
 void AudioLibrary::func_05(const float& /*level*/) {
@@ -65,21 +60,46 @@ void AudioLibrary::func_07(const float& level, const std::int16_t& channels,
   Run(hiss_, level, channels, source, target, frames);
 }
 
+void AudioLibrary::Follows(const std::int16_t* samples, const std::int16_t& channels, int frames) {
+  if (!side_ || channels <= 0) return;
+  const auto apart = static_cast<std::size_t>(channels);
+  const std::size_t count = std::min(static_cast<std::size_t>(std::max(frames, 0)), kPiece);
+  for (std::size_t channel = 0; channel < std::min(apart, kChannels); ++channel) {
+    Ear& ear = ears_[channel];
+    ear.Following = count;
+    for (std::size_t i = 0; i < count; ++i) ear.Follows[i] = samples[i * apart + channel];
+  }
+}
+
+// The two channels are computed side by side.
 template <class Filter>
 void AudioLibrary::Run(Stage<Filter>& stage, float level, int channels, const std::int16_t* source,
                        std::int16_t* target, int frames) {
   if (frames <= 0 || channels <= 0) return;
   const auto total = static_cast<std::size_t>(frames), apart = static_cast<std::size_t>(channels);
   std::copy_n(source, total * apart, target);
-  if (!stage || piece_.empty()) return;
-  for (std::size_t channel = 0; channel < std::min(apart, kChannels); ++channel) {
-    for (std::size_t from = 0; from < total; from += piece_.size()) {
-      const std::size_t count = std::min(piece_.size(), total - from);
-      std::int16_t* const first = target + from * apart + channel;
-      for (std::size_t i = 0; i < count; ++i) piece_[i] = first[i * apart];
-      (*stage)[channel].Process(level, piece_.data(), count);
-      for (std::size_t i = 0; i < count; ++i) first[i * apart] = Rounded(piece_[i]);
-    }
+  if (!stage || !side_) return;
+  const auto run = [&](std::size_t channel) {
+    RunEar((*stage)[channel], ears_[channel], level, target + channel, apart, total);
+  };
+  if (channels == 1) return run(0);
+  side_->Both([&] { run(0); }, [&] { run(1); });
+}
+
+// What a filter has seen of what follows, the next filter gets in its final form.
+template <class Filter>
+void AudioLibrary::RunEar(Filter& filter, Ear& ear, float level, std::int16_t* samples,
+                          std::size_t apart, std::size_t frames) {
+  for (std::size_t from = 0; from < frames; from += kPiece) {
+    const std::size_t count = std::min(kPiece, frames - from);
+    const std::size_t rest = std::min(kPiece, frames - from - count);
+    for (std::size_t i = 0; i < count; ++i) ear.Piece[i] = samples[(from + i) * apart];
+    for (std::size_t i = 0; i < rest; ++i) ear.Rest[i] = samples[(from + count + i) * apart];
+    float* const follows = rest > 0 ? ear.Rest.data() : ear.Follows.data();
+    const std::size_t following =
+        filter.Process(level, ear.Piece.data(), count, follows, rest > 0 ? rest : ear.Following);
+    for (std::size_t i = 0; i < count; ++i) samples[(from + i) * apart] = ToSample(ear.Piece[i]);
+    if (rest == 0) ear.Following = following;
   }
 }
 

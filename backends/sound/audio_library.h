@@ -3,11 +3,13 @@
 
 #include "backends/sound/restoration/click_filter.h"
 #include "backends/sound/restoration/denoiser.h"
+#include "backends/sound/restoration/side_thread.h"
 #include "backends/sound/spectrum/waterfall.h"
 
 #include "platform/audiolib.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -24,6 +26,7 @@ class AudioLibrary final : public Audiolib {
   void func_09() override;
   void func_04(const float& level) override;
   void func_10() override;
+  void Follows(const std::int16_t* samples, const std::int16_t& channels, int frames) override;
   void func_08(const float& level, const std::int16_t& channels, const std::int16_t* source,
                std::int16_t* target, int frames) override;
   void func_06(const float& level, const std::int16_t& channels, const std::int16_t* source,
@@ -48,13 +51,23 @@ class AudioLibrary final : public Audiolib {
   template <class Filter>
   using Stage = std::optional<std::vector<Filter>>;
 
+  // One channel on its way through a filter.
+  struct Ear {
+    std::vector<float> Piece, Rest;  // in hand, and what follows within a long buffer
+    std::vector<float> Follows;      // what follows the buffer that is handed in next
+    std::size_t Following = 0;       // samples of it
+  };
   template <class Filter>
   void Run(Stage<Filter>& stage, float level, int channels, const std::int16_t* source,
            std::int16_t* target, int frames);
+  template <class Filter>
+  static void RunEar(Filter& filter, Ear& ear, float level, std::int16_t* samples,
+                     std::size_t apart, std::size_t frames);
 
   Stage<ClickFilter> clicks_, crackle_;
   Stage<Denoiser> hiss_;
-  std::vector<float> piece_;  // of one channel; empty before the start
+  std::array<Ear, kChannels> ears_;
+  std::optional<SideThread> side_;  // computes the right channel; from the start to the end
 
   std::optional<Spectrum> spectrum_;  // the picture being drawn
 };

@@ -100,9 +100,15 @@ press frmAufnehmen.imgAbbrechen
 # a cover, with a picture on its front
 makepicture C:\Vantora\Pictures\mar.bmp 1200 900
 press frmHauptForm.imgPrintCover
-type frmPrintStart.txtTitel(0) "Verano"
-type frmPrintStart.txtTitel(1) "Varios"
+type frmPrintStart.txtTitel(0) "Varios"
+type frmPrintStart.txtTitel(1) "Verano"
 shot frmPrintStart_@SIZE@.png
+press frmPrintStart.imgSchrift
+shot frmSchrift_@SIZE@.png
+font cancel
+press frmPrintStart.imgColor(0)
+shot frmFarbe_@SIZE@.png
+colour cancel
 press frmPrintStart.imgReady
 press frmPrint.lblBeschriftung(1) shift
 shot frmPrint_dorso_@SIZE@.png
@@ -115,6 +121,9 @@ pull frmPrint.lblCDTitel 3000 1200
 shot frmPrint_cubierta_@SIZE@.png
 press frmPrint.imgControl(2)
 shot frmPrint_etiqueta_@SIZE@.png
+press frmPrint.imgPrintMe
+shot frmDrucken_@SIZE@.png
+print cancel
 press frmPrint.imgAbbrechen
 # the medley: a crossfade of six seconds, and the counter in the middle of a tap
 select frmHauptForm.lvwKatalog 1 4

@@ -1,7 +1,9 @@
 // The base of all components of the sound chain. Components are connected by their inputs, which
 // may change while they play. The last component pulls the sound through the chain, buffer by
-// buffer. Between components sound is 44.1 kHz, 16 bit, stereo, so a frame is 4 bytes. Unless a
-// comment says otherwise, all calls and events are on the interface thread.
+// buffer. Between components sound is 44.1 kHz, stereo, in floats on the scale of 16-bit samples:
+// nothing is rounded or clipped on the way. Files, the card and the buffers of a callback have 16
+// bits, so bytes are counted in 16 bits everywhere, and a frame is 4 bytes. Unless a comment says
+// otherwise, all calls and events are on the interface thread.
 #pragma once
 
 #include <algorithm>
@@ -13,11 +15,25 @@ namespace vantora {
 
 inline constexpr std::size_t kBufferBytes = 4096;  // size of a buffer in a chain
 
-// A buffer in the chain.
+// A buffer in the chain. Sound that no effect has changed is in whole numbers.
 struct MMData {
-  std::array<std::int16_t, kBufferBytes / 2> Samples;  // left, right, left …
-  std::size_t Bytes = 0;                               // 0: end of the sound
+  std::array<float, kBufferBytes / 2> Samples;  // left, right, left …
+  std::size_t Bytes = 0;                        // of the sound in 16 bits; 0: end of the sound
 };
+// A buffer at an end of the chain.
+struct PcmData {
+  std::array<std::int16_t, kBufferBytes / 2> Samples;  // left, right, left …
+  std::size_t Bytes = 0;
+};
+
+// Rounds to the nearest sample, ties to even, and clips. Adding the constant leaves no bits for the
+// fraction.
+inline std::int16_t ToSample(float value) {
+  constexpr float kRounder = 12'582'912.0F;  // 1.5 * 2^23
+  const float low = value < -32768.0F ? -32768.0F : value;
+  const float inside = low > 32767.0F ? 32767.0F : low;
+  return static_cast<std::int16_t>(static_cast<int>((inside + kRounder) - kRounder));
+}
 
 // These functions return the number of bytes in a buffer, copy sound out of a buffer, and copy
 // sound into a buffer.
@@ -25,7 +41,8 @@ inline std::size_t ParseWaveHeader(const MMData& data) {
   return data.Bytes;
 }
 inline void CopyWaveHeader(const MMData& data, std::int16_t* buffer, std::size_t bytes) {
-  std::copy_n(data.Samples.begin(), bytes / 2, buffer);
+  std::transform(data.Samples.begin(),
+                 data.Samples.begin() + static_cast<std::ptrdiff_t>(bytes / 2), buffer, ToSample);
 }
 inline void FillWaveHeader(MMData& data, const std::int16_t* buffer, std::size_t bytes) {
   std::copy_n(buffer, bytes / 2, data.Samples.begin());
@@ -59,6 +76,12 @@ class MMComponentX {
   virtual void Pull(MMData& data) {
     data.Bytes = 0;
     if (input_ != nullptr) input_->Pull(data);
+  }
+  // Returns what the next Pull will bring; no position moves. Components that change sound do not
+  // stand before one that looks ahead.
+  virtual void Peek(MMData& data) {
+    data.Bytes = 0;
+    if (input_ != nullptr) input_->Peek(data);
   }
   // Restarts the sound: the source goes back to the start of its range. Echoes that are still
   // sounding continue.

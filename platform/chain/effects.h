@@ -17,7 +17,8 @@ class MMPeakDetectX : public MMComponentX {
 
 class MMDSPInterfaceX : public MMComponentX {
  public:
-  std::function<void(MMData& data)> OnBufferFilled;  // may change the buffer
+  // May change the buffer. Peek returns the one that follows it.
+  std::function<void(MMData& data)> OnBufferFilled;
 };
 
 // An effect is initially off, and then passes the sound unchanged. Enabling an effect that is on

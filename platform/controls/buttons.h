@@ -5,6 +5,8 @@
 
 namespace vantora {
 
+enum class Lamp { None, Off, On };
+
 // A button drawn from pictures. Without a handler the control is a plain picture.
 class PictureButton : public Control {
  public:
@@ -17,6 +19,8 @@ class PictureButton : public Control {
   // The top and the height of the part that is shown, as shares of the height of the picture.
   Property<double> ClipTop{*this, 0.0};
   Property<double> ClipHeight{*this, 1.0};
+  // Set for switches and lamps, whose picture shows a state. A screen reader speaks the state.
+  Property<Lamp> State{*this, Lamp::None};
   Text PictureReleased, PicturePressed;  // blank: the picture does not change on a press
   // False: the button takes no focus. The mouse and the window's own keys still press it.
   bool TabStop = true;

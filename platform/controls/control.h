@@ -62,6 +62,8 @@ class Control {
   Property<bool> Visible{*this, true}, Enabled{*this, true};
   Property<Text> ToolTipText{*this, Text()};
   Property<Text> AccessibleName{*this, Text()};  // blank: the caption or the tooltip is used
+  // For screen readers: a sentence that says what a drawing shows now.
+  Property<Text> AccessibleValue{*this, Text()};
   Property<Color> ForeColor{*this, Rgb(235, 238, 245)}, BackColor{*this, kTransparent};
   Property<int> FontSize{*this, 9};  // points
   Property<bool> FontBold{*this, false}, FontItalic{*this, false};

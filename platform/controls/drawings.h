@@ -6,6 +6,8 @@
 
 namespace vantora {
 
+constexpr int kNoGauge = -1;
+
 // A filled rectangle: a panel, a line (one side 15 twips) or a bar.
 class Shape : public Control {
  public:
@@ -15,6 +17,9 @@ class Shape : public Control {
   Property<Color> FillColor{*this, Rgb(53, 55, 99)};
   Property<Color> BorderColor{*this, kTransparent};
   Property<int> Opacity{*this, 100};  // percent; below 100 the controls beneath shine through
+  // Set for the frame of a progress bar or of a gauge: how full it is, in percent. A screen reader
+  // speaks it. The bar itself is another shape.
+  Property<int> Percent{*this, kNoGauge};
 };
 
 // One item of the drawing of a picture box. Items are drawn in their order. Places are in twips

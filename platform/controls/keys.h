@@ -19,6 +19,7 @@ enum Key : int {
   kKeyDown = 40,
   kKeyDelete = 46,
   kKeyF1 = 112,
+  kKeyF2 = 113,
   kKeyF12 = 123,
 };
 

@@ -44,12 +44,18 @@ class ListBox : public ListControl {
   void Clear() override;  // removes the lines and the selection
   bool Selected(int index) const;
   void Select(int index, bool selected);  // without MultiSelect, deselects the other lines
+  // Left edges of columns, in twips. A tab character in a line leads to the next column.
+  std::vector<int> TabStops;
+  // Words in the column behind the last one of a line. They are no part of the line's text.
+  void SetNote(int index, const Text& words);
+  const Text& Note(int index) const;
   int SelCount() const;
   Property<int> TopIndex{*this, 0};  // the first visible line; the renderer updates it
   std::function<void()> Scroll;      // the user has scrolled the list
 
  private:
   std::vector<bool> selected_;
+  std::vector<Text> notes_;
 };
 
 class ListView;
@@ -94,7 +100,7 @@ class ListView : public Control {
 
   struct Column {
     Text Header;
-    int Width;  // twips
+    int Width;  // twips; the widest column also takes the rest of the table
   };
   void SetColumns(std::vector<Column> columns);
   const std::vector<Column>& Columns() const { return columns_; }

@@ -12,6 +12,7 @@ struct MenuItem {
   Text Name, Caption;
   std::function<void()> Click;
   bool Enabled = true;
+  Text Key = {};  // the words of the key that does the same, such as "Ctrl+N"; blank for none
 };
 
 struct Menu {

@@ -1,32 +1,21 @@
 #include "app/einstellungen.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/buehne.h"
 
 namespace vantora {
 namespace {
 
-class Optionen : public ::testing::Test {
- protected:
-  void Setze(const Text& schluessel, const Text& wert) {
-    SaveSetting(b.platform.bundle, schluessel, wert);
-  }
-  Text Lies(const Text& schluessel) {
-    return GetSetting(b.platform.bundle, schluessel, L"(nichts)");
-  }
-  Buehne b;
-};
+using Optionen = VorDemStart;
 
 TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
-  Setze(L"CDDBactive", L"2");
-  Setze(L"Show_Start_Assistant", L"1e999");
-  Setze(L"Undo", L"2");
-  Setze(L"UndoMB", L"12 MB");
-  Setze(L"Write_Speed", L"70000");
-  Setze(L"Auto_Database", L"basura");
-  Setze(L"Number_Burned_CD", L"1e40");
-  Setze(L"Proxy_Port", L"123456789012");
+  b.Setze(L"CDDBactive", L"2");
+  b.Setze(L"Show_Start_Assistant", L"1e999");
+  b.Setze(L"Undo", L"2");
+  b.Setze(L"UndoMB", L"12 MB");
+  b.Setze(L"Write_Speed", L"70000");
+  b.Setze(L"Auto_Database", L"basura");
+  b.Setze(L"Number_Burned_CD", L"1e40");
+  b.Setze(L"Proxy_Port", L"123456789012");
   b.prog.LoadExtrasSet();
   EXPECT_FALSE(b.prog.CDDBactive);
   EXPECT_TRUE(b.prog.Show_Start_Assistant);
@@ -37,17 +26,17 @@ TEST_F(Optionen, FlagsAreOnForOneAloneAndNumbersOutOfRangeAreRepaired) {
   EXPECT_EQ(b.prog.Number_Burned_CD, 0);
   EXPECT_EQ(b.prog.Proxy_Port.Getrimmt(), L"1234567890");
   b.prog.SaveExtrasSet();
-  EXPECT_EQ(Lies(L"Undo"), L"1");
-  EXPECT_EQ(Lies(L"CDDBactive"), L"0");
-  EXPECT_EQ(Lies(L"LängeCD"), L"80");
+  EXPECT_EQ(b.Einstellung(L"Undo"), L"1");
+  EXPECT_EQ(b.Einstellung(L"CDDBactive"), L"0");
+  EXPECT_EQ(b.Einstellung(L"LängeCD"), L"80");
 }
 
 TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
-  Setze(L"Wave_Export_Dir", L"Q:\\memoria");
-  Setze(L"Songs_Import_Dir", L"   ");
+  b.Setze(L"Wave_Export_Dir", L"Q:\\memoria");
+  b.Setze(L"Songs_Import_Dir", L"   ");
   std::filesystem::create_directories(b.home.Path() / "mis catálogos vol. 2");
-  Setze(L"Catalogue_Open_Dir", L"C:\\mis catálogos vol. 2  ");
-  Setze(L"Picture_Save_Dir", L"C:\\falta vol. 2");
+  b.Setze(L"Catalogue_Open_Dir", L"C:\\mis catálogos vol. 2  ");
+  b.Setze(L"Picture_Save_Dir", L"C:\\falta vol. 2");
   b.Start();
   EXPECT_EQ(b.prog.Wave_Export_Dir, L"C:\\Vantora\\Wavs\\");
   EXPECT_EQ(b.prog.Standard_Wave_Name.Getrimmt(), b.prog.Wave_Export_Dir);
@@ -62,12 +51,9 @@ TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
 }
 
 TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
-  const auto sperren = [&] {  // a file cannot replace a folder
-    const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
-    std::filesystem::remove(datei);
-    std::filesystem::create_directory(datei);
-  };
-  sperren();
+  const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
+  std::filesystem::remove(datei);
+  std::filesystem::create_directory(datei);  // a file cannot replace a folder
   b.Antwortet(kNein);
   b.Start();
   ASSERT_EQ(b.Gesagt().size(), 1U);
@@ -76,7 +62,7 @@ TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
   b.Tu([&] { b.prog.SaveExtrasSet(); });
   EXPECT_EQ(b.user.Left(), 0U);
   EXPECT_TRUE(b.Haupt().Visible());
-  EXPECT_EQ(Lies(L"Undo"), L"1");
+  EXPECT_EQ(b.Einstellung(L"Undo"), L"1");
 }
 
 }  // namespace

@@ -1,60 +1,54 @@
-#include <gtest/gtest.h>
-
 #include "main/windows.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
 namespace {
 
-TEST(Start, TheScreenDecidesWhetherAndHowTheMainWindowStands) {
-  struct Fall {
+using Start = VorDemStart;
+using Ende = VorDemStart;
+
+TEST_F(Start, TheScreenAndAnotherInstanceDecideWhetherAndHowTheMainWindowStands) {
+  const Text zweite = L"Ya se ha iniciado el programa";
+  const struct {
     int Breite, Hoehe;
     double Twips;
-    int Meldung;  // 0: the window opens
-    Text Bild;
-  };
-  for (const Fall& fall : {Fall{640, 480, 15, 8012, L""},
-                           {800, 600, 15, 0, L"PICBACK_800"},
-                           {1024, 768, 15, 0, L"PICBACK_1000"},
-                           {1024, 1024, 15, 8083, L""},
-                           {1024, 768, 12, 0, L"PICBACK_1000"},
-                           {1280, 1024, 15, 8083, L""},
-                           {1280, 720, 12, 8083, L""},
-                           {1920, 1080, 15, 0, L"PICBACK_1000"}}) {
-    SCOPED_TRACE(fall.Breite * 10000 + fall.Hoehe);
-    Buehne b;
-    b.platform.display.PixelWidth = fall.Breite;
-    b.platform.display.PixelHeight = fall.Hoehe;
-    b.platform.display.TwipsPerPixel = fall.Twips;
-    b.Antwortet(kNein);
-    b.Start();
-    EXPECT_EQ(b.platform.loop.Ended(), fall.Meldung != 0);
-    if (fall.Meldung != 0) {
-      EXPECT_EQ(b.Gesagt(), std::vector<Text>{b.prog.Text(fall.Meldung)});
+    Text Meldung;  // blank: the window opens
+    Text Bild = {};
+    int Farben = 24;
+  } faelle[] = {{640, 480, 15, Sagt(8012)},
+                {800, 600, 15, L"", L"PICBACK_800"},
+                {1024, 768, 15, L"", L"PICBACK_1000"},
+                {1024, 768, 15, Sagt(8011), L"", 8},
+                {1024, 768, 15, zweite},
+                {1024, 1024, 15, Sagt(8083)},
+                {1024, 768, 12, L"", L"PICBACK_1000"},
+                {1280, 1024, 15, Sagt(8083)},
+                {1280, 720, 12, Sagt(8083)},
+                {1920, 1080, 15, L"", L"PICBACK_1000"}};
+  for (const auto& fall : faelle) {
+    SCOPED_TRACE(&fall - faelle);
+    Buehne start;
+    HeadlessDisplay& schirm = start.platform.display;
+    schirm.PixelWidth = fall.Breite;
+    schirm.PixelHeight = fall.Hoehe;
+    schirm.TwipsPerPixel = fall.Twips;
+    schirm.Bits = fall.Farben;
+    start.platform.system.OtherInstance = fall.Meldung == zweite;
+    start.Antwortet(kNein);
+    start.Start();
+    EXPECT_EQ(start.platform.loop.Ended(), !fall.Meldung.empty());
+    if (!fall.Meldung.empty()) {
+      EXPECT_EQ(start.Gesagt(), std::vector<Text>{fall.Meldung});
     } else {
-      EXPECT_TRUE(b.Haupt().Visible());
-      EXPECT_EQ(b.Haupt().Picture(), fall.Bild);
-      EXPECT_LE(b.Haupt().Window.Width(), b.platform.display.Width());
+      EXPECT_TRUE(start.Haupt().Visible());
+      EXPECT_EQ(start.Haupt().Picture(), fall.Bild);
+      EXPECT_LE(start.Haupt().Window.Width(), schirm.Width());
     }
   }
 }
 
-TEST(Start, ASecondInstanceAndTooFewColoursEndIt) {
-  for (const bool zweite : {true, false}) {
-    Buehne b;
-    b.platform.system.OtherInstance = zweite;
-    b.platform.display.Bits = zweite ? 24 : 8;
-    b.Antwortet(kNein);
-    b.Start();
-    EXPECT_EQ(b.Gesagt(),
-              std::vector<Text>{zweite ? L"Ya se ha iniciado el programa" : b.prog.Text(8011)});
-    EXPECT_TRUE(b.platform.loop.Ended());
-  }
-}
-
-TEST(Start, TheWizardStartsWhatWasChosen) {
-  Buehne b;
-  SaveSetting(b.platform.bundle, L"Show_Start_Assistant", L"1");
+TEST_F(Start, TheWizardStartsWhatWasChosen) {
+  b.Setze(L"Show_Start_Assistant", L"1");
   b.Macht([&](Form& front) {
      auto& assistent = dynamic_cast<frmStartAssistent&>(front);
      b.platform.hands.Press(assistent.StartOptionen(3));
@@ -62,13 +56,12 @@ TEST(Start, TheWizardStartsWhatWasChosen) {
    }).WaehltDatei({});  // the start's option that opens a catalog: shows the file dialog
   b.Start();
   EXPECT_EQ(b.user.Left(), 0U);
-  EXPECT_EQ(GetSetting(b.platform.bundle, L"Show_Start_Assistant", L"?"), L"1");
+  EXPECT_EQ(b.Einstellung(L"Show_Start_Assistant"), L"1");
 }
 
-TEST(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
-  Buehne b;
+TEST_F(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
   b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
-  SaveSetting(b.platform.bundle, L"Wave_Export_Dir", L"");
+  b.Setze(L"Wave_Export_Dir", L"");
   b.Macht([&](Form& front) {
     EXPECT_EQ(
         b.Gesagt().back(),
@@ -82,8 +75,7 @@ TEST(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
   EXPECT_EQ(b.prog.Wave_Export_Dir, L"C:\\Vantora\\Wavs\\");
 }
 
-TEST(Start, GoingOnBehindAFolderThatCannotBeMadeKeepsAllOthers) {
-  Buehne b;
+TEST_F(Start, GoingOnBehindAFolderThatCannotBeMadeKeepsAllOthers) {
   b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
   b.Antwortet(kNein);  // the last button, "ignore"
   b.Start();
@@ -96,12 +88,12 @@ TEST(Start, GoingOnBehindAFolderThatCannotBeMadeKeepsAllOthers) {
       {L"Catalogue_Save_Dir", L"C:\\Vantora\\Catálogo"},
       {L"Picture_Save_Dir", L"C:\\Vantora\\Pictures"}};
   for (const auto& [schluessel, wert] : alle) {
-    EXPECT_EQ(GetSetting(b.platform.bundle, schluessel, L"?"), wert);
+    EXPECT_EQ(b.Einstellung(schluessel), wert);
   }
   EXPECT_TRUE(std::filesystem::is_directory(b.home.Path() / "Vantora/Pictures"));
 }
 
-TEST(Start, ATextThatIsMissingEndsItWithAMessageThatNamesTheFile) {
+TEST_F(Start, ATextThatIsMissingEndsItWithAMessageThatNamesTheFile) {
   const TemporaryHome home, ressourcen;
   test::Put(ressourcen() / "strings.tsv", "0\tVantora\n");
   HeadlessPlatform platform(home(), ressourcen());
@@ -114,8 +106,7 @@ TEST(Start, ATextThatIsMissingEndsItWithAMessageThatNamesTheFile) {
   EXPECT_TRUE(Enthaelt(user.Said[0], L"strings.tsv"));
 }
 
-TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
-  Buehne b;
+TEST_F(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   b.Datei(L"C:\\Vantora\\vantora.APL", "an older run\r\n");
   b.platform.loop.Post([&] { b.prog.frmStartUp().Form_KeyDown(kKeyF12, false); });
   b.Start();
@@ -123,7 +114,7 @@ TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   EXPECT_EQ(spur.find("an older run"), std::string::npos);
   std::size_t vorher = 0;  // the log's numbers rise from line to line
   for (const char* zeile :
-       {" : Startup... > Version 0.1.0\r\n", " : Init_Prog > TS_CUT found.\r\n"}) {
+       {" : Startup... > Version 1.0.0\r\n", " : Init_Prog > TS_CUT found.\r\n"}) {
     const std::size_t stelle = spur.find(zeile);
     ASSERT_NE(stelle, std::string::npos) << zeile;
     const std::size_t nummer = std::stoul(spur.substr(stelle - 4, 4));
@@ -132,8 +123,7 @@ TEST(Start, TheTraceIsWrittenWhenF12WasPressedOnTheSplashWindow) {
   }
 }
 
-TEST(Ende, ASecondPressWhileTheFarewellWaitsDoesNothingAndDirectoriesAreSaved) {
-  Buehne b;
+TEST_F(Ende, ASecondPressWhileTheFarewellWaitsDoesNothingAndDirectoriesAreSaved) {
   b.Start();
   b.Antwortet(kJa).Antwortet(kNein);
   b.platform.loop.PostAfter(
@@ -141,7 +131,7 @@ TEST(Ende, ASecondPressWhileTheFarewellWaitsDoesNothingAndDirectoriesAreSaved) {
   b.Tu([&] { b.Haupt().imgÜberblenden_MouseUp(); });
   EXPECT_TRUE(b.platform.loop.Ended());
   EXPECT_EQ(b.user.Left(), 1U);
-  EXPECT_EQ(GetSetting(b.platform.bundle, L"Picture_Save_Dir", L""), L"C:\\Vantora\\Pictures");
+  EXPECT_EQ(b.Einstellung(L"Picture_Save_Dir"), L"C:\\Vantora\\Pictures");
 }
 
 }  // namespace

@@ -19,6 +19,16 @@ inline void Place(Control& control, int left, int top, int width, int height) {
   control.Height = height;
 }
 
+// Returns the reason why the loop or the hands refuse an action; blank when they accept it.
+inline std::string Refusal(const std::function<void()>& act) {
+  try {
+    act();
+  } catch (const std::exception& refused) {
+    return refused.what();
+  }
+  return {};
+}
+
 class TestForm : public Form {
  public:
   explicit TestForm(EventLoop& loop, const Text& name = L"frmTest") : Form(loop, name) {

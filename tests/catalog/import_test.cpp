@@ -1,29 +1,20 @@
-#include <gtest/gtest.h>
-
 #include "catalog/wave_pruefung.h"
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
-
-#include <cstdlib>
 
 namespace vantora {
 namespace {
 
 constexpr std::int64_t kZweiSekunden = 2 * 44100;
 
-std::string Zahl32(std::uint32_t wert) {
-  return test::Number(wert, 4);
-}
-
 std::string MitFremdemChunk(std::string wave, std::uint32_t bytes) {
-  wave.insert(36, "LIST" + Zahl32(bytes) + std::string(bytes, 'x'));
-  wave.replace(4, 4, Zahl32(static_cast<std::uint32_t>(wave.size()) - 8));
+  wave.insert(36, "LIST" + test::Number(bytes, 4) + std::string(bytes, 'x'));
+  wave.replace(4, 4, test::Number(static_cast<std::uint32_t>(wave.size()) - 8, 4));
   return wave;
 }
 
-class Import : public ::testing::Test {
+class Import : public MitProgramm {
  protected:
-  void SetUp() override { b.Start(); }
   void Importiere() {
     b.Tu([&] { b.Haupt().imgLiedImport_MouseUp(); });
   }
@@ -34,7 +25,6 @@ class Import : public ::testing::Test {
       b.platform.hands.Key(front, L"Return");
     };
   }
-  Buehne b;
 };
 
 TEST_F(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
@@ -51,14 +41,14 @@ TEST_F(Import, TheHeaderIsTakenAtItsWordAndNoOther) {
   const std::vector<Fall> faelle = {
       {"as it is", gut, true},
       {"no RIFF", ersetzt(0, "RF64"), false},
-      {"RIFF size one off", ersetzt(4, Zahl32(groesse - 9)), false},
+      {"RIFF size one off", ersetzt(4, test::Number(groesse - 9, 4)), false},
       {"no WAVE", ersetzt(8, "AVI "), false},
       {"no format first", ersetzt(12, "JUNK"), false},
-      {"format size beyond the file", ersetzt(16, Zahl32(0x7FFFFFF0)), false},
+      {"format size beyond the file", ersetzt(16, test::Number(0x7FFFFFF0, 4)), false},
       {"mono", ersetzt(22, std::string("\1\0", 2)), false},
-      {"48 kHz", ersetzt(24, Zahl32(48000)), false},
+      {"48 kHz", ersetzt(24, test::Number(48000, 4)), false},
       {"8 bit", ersetzt(34, std::string("\x08\0", 2)), false},
-      {"data beyond the file", ersetzt(40, Zahl32(groesse + 1)), false},
+      {"data beyond the file", ersetzt(40, test::Number(groesse + 1, 4)), false},
       {"foreign chunk of 200", MitFremdemChunk(gut, 200), true},
       {"foreign chunk of 201", MitFremdemChunk(gut, 201), false},
       {"foreign chunk of 199, not filled up", MitFremdemChunk(gut, 199), true},

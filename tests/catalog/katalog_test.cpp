@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include "app/werte/zahlen.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
@@ -8,12 +5,7 @@ namespace {
 
 using Liste = std::vector<Text>;
 
-class Katalog : public ::testing::Test {
- protected:
-  void SetUp() override { b.Start(); }
-  Buehne b;
-};
-
+using Katalog = MitProgramm;
 TEST_F(Katalog, ABlockOfCrossfadedTracksIsJumpedAsAWhole) {
   b.Katalog({L"a", L"b*", L"c*", L"d"});
   const Liste danach = {L"d", L"b", L"c", L"a"};

@@ -34,11 +34,7 @@ class CdBuehne {
     for (const int antwort : antworten) b.Antwortet(antwort);
     aktion();
   }
-  // The sound of a file in the home, without the 44 bytes of its header.
-  std::string Ton(const Text& datei) {
-    const std::string bytes = b.Lies(datei);
-    return bytes.size() < 44 ? bytes : bytes.substr(44);
-  }
+  std::string Ton(const Text& datei) { return test::SoundOf(b.Lies(datei)); }
   std::string Soll(int track) { return FakeDrive::Sound(track, cd->drive.Find(track)->Sectors); }
 
   Mci* questions_;

@@ -10,9 +10,7 @@
 
 #include <deque>
 #include <set>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace vantora::test {
 

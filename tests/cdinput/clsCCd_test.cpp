@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/cdinput/cddb_stage.h"
 
 namespace vantora::test {
@@ -15,7 +13,9 @@ int StartOf(const Disc& disc, int track) {
   return disc.First + track * disc.Step + track * track * 7 % disc.Wobble;
 }
 
-TEST(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
+class ClsCCd : public testing::Test, protected CddbStage {};
+
+TEST_F(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
   const Disc discs[] = {
       {"two tracks of an even second", 2, 150, 13350, 1, 9000, L"0b012a02"},
       {"one track", 1, 150, 0, 1, 15000, L"0200c801"},
@@ -34,43 +34,41 @@ TEST(ClsCCd, TheIdOfADiscIsTheOneByWhichEveryDatabaseKnowsIt) {
       {"ninety-nine pieces of more than 4095 s", 99, 150, 3301, 173, 3500, L"a8110963"},
   };
   CddbStage s;
-  for (const Disc& disc : discs) {
-    SCOPED_TRACE(disc.Name);
+  for (const Disc& each : discs) {
+    SCOPED_TRACE(each.Name);
     s.disc.Starts.clear();
-    for (int i = 0; i < disc.Tracks; ++i) s.disc.Starts.push_back(StartOf(disc, i));
-    s.disc.LeadOut = s.disc.Starts.back() + disc.LastTrack;
-    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), disc.Id);
+    for (int i = 0; i < each.Tracks; ++i) s.disc.Starts.push_back(StartOf(each, i));
+    s.disc.LeadOut = s.disc.Starts.back() + each.LastTrack;
+    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), each.Id);
     EXPECT_EQ(s.disc.OpenDevices, 0);
   }
 }
 
-TEST(ClsCCd, TheQueryNamesEveryTrackByItsFrameAndTheDiscByItsEnd) {
-  CddbStage s;
-  EXPECT_EQ(s.client.DiscID(), L"(unavailable)");
-  EXPECT_EQ(s.client.QueryString(), L"cddb+query+(unavailable)+0");
-  s.client.Init(L"D:\\");
-  EXPECT_EQ(s.client.QueryString(), L"cddb+query+0b012a02+2+150+13500+300");
-  s.disc.Starts = {182, 5000, 399999};
-  s.disc.LeadOut = 400074;
-  clsCCd other(s.bundle);
+TEST_F(ClsCCd, TheQueryNamesEveryTrackByItsFrameAndTheDiscByItsEnd) {
+  EXPECT_EQ(client.DiscID(), L"(unavailable)");
+  EXPECT_EQ(client.QueryString(), L"cddb+query+(unavailable)+0");
+  client.Init(L"D:\\");
+  EXPECT_EQ(client.QueryString(), L"cddb+query+0b012a02+2+150+13500+300");
+  disc.Starts = {182, 5000, 399999};
+  disc.LeadOut = 400074;
+  clsCCd other(bundle);
   other.Init(L"D:\\");
   EXPECT_EQ(other.QueryString(), L"cddb+query+" + other.DiscID() + L"+3+182+5000+399999+5334");
 }
 
-TEST(ClsCCd, ADriveThatFailsAtAnyQuestionIsClosedAndGivesNoId) {
-  CddbStage s;
-  s.disc.Has(3);
+TEST_F(ClsCCd, ADriveThatFailsAtAnyQuestionIsClosedAndGivesNoId) {
+  disc.Has(3);
   const int questions = 2 + 1 + 3 + 1;  // open, set format; number of tracks, positions, length
   for (int call = 0; call < questions; ++call) {
-    s.disc.FailingCall = call;
-    EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)") << call;
-    EXPECT_EQ(s.disc.OpenDevices, 0) << call;
+    disc.FailingCall = call;
+    EXPECT_EQ(DiscIDLesen(prog, L"D:\\"), L"(unavailable)") << call;
+    EXPECT_EQ(disc.OpenDevices, 0) << call;
   }
-  s.disc.FailingCall = -1;
-  EXPECT_NE(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)");
-  EXPECT_EQ(DiscIDLesen(s.prog, L""), L"(unavailable)");
-  s.disc.Has(0);
-  EXPECT_EQ(DiscIDLesen(s.prog, L"D:\\"), L"(unavailable)");
+  disc.FailingCall = -1;
+  EXPECT_NE(DiscIDLesen(prog, L"D:\\"), L"(unavailable)");
+  EXPECT_EQ(DiscIDLesen(prog, L""), L"(unavailable)");
+  disc.Has(0);
+  EXPECT_EQ(DiscIDLesen(prog, L"D:\\"), L"(unavailable)");
 }
 
 }  // namespace

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "app/werte/zahlen.h"
 #include "tests/cdinput/cd_stage.h"
 #include "tests/cdinput/cddb_stage.h"
-
-#include <set>
 
 namespace vantora {
 namespace {
@@ -21,7 +17,7 @@ class TitelHolen : public ::testing::Test, protected DiscFirst, protected CdBueh
     disc.LeadOut = 22500;
     Laufwerk().Disc = {{13350}, {9000}};
     b.prog.CDDBactive = true;
-    SaveSetting(b.bundle, L"CDDB_Server", test::CddbStage::Wide(server.Address()));
+    b.Setze(L"CDDB_Server", test::CddbStage::Wide(server.Address()));
   }
   // Looks the disc up with these answers. Returns the messages.
   std::vector<Text> Fragt(std::initializer_list<int> antworten) {
@@ -53,12 +49,12 @@ TEST_F(TitelHolen, WhatIsNotKnownGarbledOrOutOfReachIsToldAndTheDiscCanBePlayed)
   EXPECT_EQ(Fragt({kJa, kNein}), (std::vector<Text>{Sagt(5011), Sagt(5012)}));
   test::CddbServer andere;
   andere.Knows("rock", test::CddbStage::kId, "DTITLE=nada\r\nTTITLE300=x\r\n");
-  SaveSetting(b.bundle, L"CDDB_Server", test::CddbStage::Wide(andere.Address()));
+  b.Setze(L"CDDB_Server", test::CddbStage::Wide(andere.Address()));
   EXPECT_EQ(Fragt({kJa, kNein}), (std::vector<Text>{Sagt(5011), Sagt(5012)}));
   Mit({kNein}, [this] { Druecke(Player().imgDBAufnahme); });
   EXPECT_EQ(b.Gesagt(), std::vector<Text>{Sagt(30030)});
   EXPECT_EQ(Ini(L"numtracks"), L"") << "what was filed before must not give way to nothing";
-  SaveSetting(b.bundle, L"CDDB_Server", L"127.0.0.1:1");
+  b.Setze(L"CDDB_Server", L"127.0.0.1:1");
   EXPECT_EQ(Fragt({kJa, kNein}), (std::vector<Text>{Sagt(5011), Sagt(5014)}));
   b.prog.Proxy_Server = L"127.0.0.1";
   b.prog.Proxy_Port = L"1";

@@ -1,12 +1,7 @@
 #include "cover/frmPrint.h"
 
-#include <gtest/gtest.h>
-
 #include "cover/frmPrintStart.h"
 #include "tests/support/buehne.h"
-
-#include <string>
-#include <vector>
 
 namespace vantora {
 
@@ -14,12 +9,9 @@ namespace {
 
 using Ort = CoverZustand::Ort;
 
-class Cover : public testing::Test {
+class Cover : public MitProgramm {
  protected:
-  void SetUp() override {
-    b.Start();
-    b.prog.BildschirmBreite = 800;
-  }
+  Cover() { b.prog.BildschirmBreite = 800; }
   void Oeffnen(const std::vector<Text>& titel) {
     b.Katalog(titel);
     b.Tu([&] { b.Haupt().imgPrintCover_MouseUp(); });
@@ -34,9 +26,7 @@ class Cover : public testing::Test {
     b.Tu([&] { start().imgReady_MouseUp(); });
   }
   frmPrintStart& start() { return b.prog.frmPrintStart(); }
-  Hands& hand() { return b.platform.hands; }
   std::vector<PrintJob>& Jobs() { return b.platform.shop.printers.Jobs; }
-  Buehne b;
 };
 
 }  // namespace
@@ -159,20 +149,6 @@ TEST_F(Cover, APictureIsKeptUntilTheUserAgreesAndABadFileChangesNothing) {
   });
   // The loop of the dialogs ran inside the window, so its messages come after the picture's.
   EXPECT_EQ(b.Gesagt().back(), b.prog.Text(16000));
-}
-
-// ---- printing ----
-
-TEST_F(Cover, AJobThatFailsIsReportedAndTheWindowGoesOn) {
-  Oeffnen({L"uno"});
-  Weitergehen([&](frmPrint& w) {
-    b.platform.shop.printers.Broken = true;
-    EXPECT_THROW(w.PrintCentered(), Laufzeitfehler);
-    EXPECT_TRUE(Jobs().empty());
-    b.platform.shop.printers.Broken = false;
-    w.PrintCentered();
-    EXPECT_EQ(Jobs().size(), 1U);
-  });
 }
 
 }  // namespace vantora

@@ -1,7 +1,5 @@
 #include "dialogs/druck_dialoge.h"
 
-#include <gtest/gtest.h>
-
 #include "dialogs/frmDrucken.h"
 #include "dialogs/frmFarbe.h"
 #include "dialogs/frmSchrift.h"
@@ -12,14 +10,12 @@
 namespace vantora {
 namespace {
 
-class Druckdialoge : public ::testing::Test {
+class Druckdialoge : public MitProgramm {
  protected:
-  void SetUp() override { b.Start(); }
   template <typename Dialog>
   void Macht(std::function<void(Dialog&)> was) {
     b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<Dialog&>(front)); });
   }
-  Hands& hand() { return b.platform.hands; }
   HeadlessPrinters& drucker() { return b.platform.shop.printers; }
   // Runs the print dialog. Returns false when it was cancelled.
   bool Druckt() {
@@ -34,7 +30,6 @@ class Druckdialoge : public ::testing::Test {
     });
     return gewaehlt;
   }
-  Buehne b;
 };
 
 TEST_F(Druckdialoge, TheFontComesBackAsItWasChosenAndAFamilyThatIsNotThereKeepsItsName) {

@@ -1,7 +1,5 @@
 #include "dialogs/frmExtrasMenue.h"
 
-#include <gtest/gtest.h>
-
 #include "app/werte/zahlen.h"
 #include "tests/support/buehne.h"
 
@@ -10,26 +8,15 @@
 namespace vantora {
 namespace {
 
-class Extras : public ::testing::Test {
+class Extras : public MitProgramm {
  protected:
   void Offen(const std::function<void(frmExtrasMenue&)>& was) {
     b.Macht([was](Form& front) { was(dynamic_cast<frmExtrasMenue&>(front)); });
     b.Tu([&] { b.Haupt().imgExtras_MouseUp(); });
   }
-  // Types a name into the file dialog and confirms it.
-  void Getippt(const Text& name) {
-    b.Macht([name](Form& front) {
-      auto& dialog = dynamic_cast<frmLoadSave&>(front);
-      dialog.txtDateiName.Text = name;
-      dialog.pbButton_MouseUp(1);
-    });
-  }
-  Text Gespeichert(const Text& schluessel) { return GetSetting(b.prog.plattform, schluessel, L""); }
-  Buehne b;
 };
 
 TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
-  b.Start();
   b.Datei(L"C:\\Discoteca\\a.txt", "x");
   const Text vorher = b.prog.Temporary_Directory.Getrimmt();
   const Text lang = L"C:\\" + Text(60, L'x') + L"\\" + Text(60, L'y');
@@ -40,7 +27,7 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
                                          {lang + L"\\nuevo.txt", 7006},
                                          {L"C:\\Discoteca\\a.txt", 0}}) {
       const std::size_t gesagt = b.Gesagt().size();
-      Getippt(ordner);
+      b.WaehltDatei(ordner);
       if (nummer != 0) b.Antwortet(kNein);
       f.cmdTempDirEdit_Click();
       ASSERT_EQ(b.Gesagt().size(), gesagt + (nummer == 0 ? 0 : 1));
@@ -50,34 +37,26 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
       EXPECT_EQ(b.prog.Temporary_Directory.Getrimmt(), nummer == 0 ? L"C:\\Discoteca\\" : vorher);
     }
     // OK checks typed folders in the same way, and refuses texts too long for the settings.
-    f.txtWaveDir.Text = lang;
-    b.Antwortet(kNein);
-    f.imgOK_MouseUp();
-    EXPECT_EQ(b.Gesagt().back(), b.prog.Text(30171));
-    f.txtWaveDir.Text = L"Z:\\proc";
-    b.Antwortet(kNein);
-    f.imgOK_MouseUp();
-    EXPECT_NE(b.Gesagt().back(), b.prog.Text(30171));
-    EXPECT_TRUE(b.prog.frmExtrasMenue.Geladen());
+    const auto abgelehnt = [&](TextBox& feld, const Text& ordner) {
+      feld.Text = ordner;
+      b.Antwortet(kNein);
+      f.imgOK_MouseUp();
+      EXPECT_TRUE(b.prog.frmExtrasMenue.Geladen());
+      return b.Gesagt().back();
+    };
+    EXPECT_EQ(abgelehnt(f.txtWaveDir, lang), b.prog.Text(30171));
+    EXPECT_NE(abgelehnt(f.txtWaveDir, L"Z:\\proc"), b.prog.Text(30171));
     for (const wchar_t* nirgends : {L"", L".", L"\\Discoteca"}) {
-      f.txtWaveDir.Text = nirgends;
-      b.Antwortet(kNein);
-      f.imgOK_MouseUp();
-      EXPECT_EQ(b.Gesagt().back(), b.prog.Text(7006));
-      f.txtTempDir.Text = nirgends;
-      b.Antwortet(kNein);
-      f.imgOK_MouseUp();
-      EXPECT_EQ(b.Gesagt().back(), b.prog.Text(7001));
-      ASSERT_TRUE(b.prog.frmExtrasMenue.Geladen());
+      EXPECT_EQ(abgelehnt(f.txtWaveDir, nirgends), b.prog.Text(7006));
+      EXPECT_EQ(abgelehnt(f.txtTempDir, nirgends), b.prog.Text(7001));
       f.txtTempDir.Text = b.prog.Temporary_Directory.Getrimmt();
     }
     f.imgAbbrechen_MouseUp();
   });
-  EXPECT_EQ(Gespeichert(L"Temporary_Directory"), L"C:\\Discoteca\\");  // saved in spite of Cancel
+  EXPECT_EQ(b.Einstellung(L"Temporary_Directory"), L"C:\\Discoteca\\");  // saved in spite of Cancel
 }
 
 TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
-  b.Start();
   // A sparse file with 76 minutes of silence takes no disk space.
   constexpr std::uint32_t kBytes = 76 * 60 * 176400;
   b.Wave(L"C:\\larga.wav", 132300);
@@ -95,11 +74,10 @@ TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
     f.imgOK_MouseUp();
   });
   EXPECT_EQ(b.Haupt().lblKatalogLaenge.ForeColor(), Rgb(255, 0, 0));
-  EXPECT_EQ(Gespeichert(L"LängeCD"), L"74");
+  EXPECT_EQ(b.Einstellung(L"LängeCD"), L"74");
 }
 
 TEST_F(Extras, RoomIsSaidInTheLargestUnitAndAsTimeOfSound) {
-  b.Start();
   Offen([&](frmExtrasMenue& f) {
     const double frei = b.prog.FreierPlatz(b.prog.Wave_Export_Dir);
     const double stunden = Val(f.lblDauer(1).Caption().substr(b.prog.Text(7605).size() + 3));
@@ -113,7 +91,6 @@ TEST_F(Extras, RoomIsSaidInTheLargestUnitAndAsTimeOfSound) {
 }
 
 TEST_F(Extras, TheProtocolOpensInTheViewerOrAMessageSaysWhyNot) {
-  b.Start();
   b.Datei(L"C:\\Vantora\\VTRBurn.log", "x");
   Offen([&](frmExtrasMenue& f) {
     f.cmdShowOldLog_Click();
@@ -128,10 +105,9 @@ TEST_F(Extras, TheProtocolOpensInTheViewerOrAMessageSaysWhyNot) {
 }
 
 TEST_F(Extras, ASpeedThatNoLineOfTheListHasStays) {
-  b.Start();
   b.prog.BrennGeschwindigkeit = 16;
   Offen([](frmExtrasMenue& f) { f.imgOK_MouseUp(); });
-  EXPECT_EQ(Gespeichert(L"Write_Speed"), L"16");
+  EXPECT_EQ(b.Einstellung(L"Write_Speed"), L"16");
 }
 
 }  // namespace

@@ -1,21 +1,18 @@
 #include "dialogs/frmLoadSave.h"
 
-#include <gtest/gtest.h>
-
 #include "dialogs/datei_holen.h"
 #include "tests/support/buehne.h"
 
 namespace vantora {
 namespace {
 
-class Dateidialog : public ::testing::Test {
+class Dateidialog : public MitProgramm {
  protected:
-  void SetUp() override {
+  Dateidialog() {
     for (const wchar_t* datei : {L"C:\\Música\\a.wav", L"C:\\Música\\b.MP3", L"C:\\Música\\c.txt",
                                  L"C:\\Música\\Vieja\\d.wav", L"C:\\Vantora\\Catálogo\\uno.vtr"}) {
       b.Datei(datei, "x");
     }
-    b.Start();
     b.prog.Songs_Import_Dir = L"C:\\Música";
   }
   // Runs the dialog and calls `was` in it.
@@ -24,24 +21,21 @@ class Dateidialog : public ::testing::Test {
     b.Macht([was = std::move(was)](Form& front) { was(dynamic_cast<frmLoadSave&>(front)); });
     b.Tu([&] { DateiHolen(b.prog, typ, modus, vorschlag); });
   }
-  static std::vector<Text> Zeilen(const ListControl& liste) { return liste.Items(); }
-  Hands& hand() { return b.platform.hands; }
-  Buehne b;
 };
 
 TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     EXPECT_EQ(d.Caption(), b.prog.Text(11602));
     EXPECT_EQ(d.cbxLaufwerk.List(d.cbxLaufwerk.ListIndex), L"c:");
-    EXPECT_EQ(Zeilen(d.lstVerzeichnis), (std::vector<Text>{L"C:\\", L"  Música", L"    Vieja"}));
-    EXPECT_EQ(Zeilen(d.lstDatei), (std::vector<Text>{L"a.wav", L"b.MP3"}));
+    EXPECT_EQ(d.lstVerzeichnis.Items(), (std::vector<Text>{L"C:\\", L"  Música", L"    Vieja"}));
+    EXPECT_EQ(d.lstDatei.Items(), (std::vector<Text>{L"a.wav", L"b.MP3"}));
     EXPECT_EQ(d.txtDateiName.Text(), L".wav;*.mp3");
     EXPECT_FALSE(d.pbButton(0).Enabled());
     hand().Select(d.lstDatei, {1});
     EXPECT_TRUE(d.pbButton(0).Enabled());
     hand().Select(d.lstVerzeichnis, {3});
     hand().Key(d, L"Return");  // enters the folder
-    EXPECT_EQ(Zeilen(d.lstDatei), std::vector<Text>{L"d.wav"});
+    EXPECT_EQ(d.lstDatei.Items(), std::vector<Text>{L"d.wav"});
     hand().Select(d.lstVerzeichnis, {1});
     hand().Key(d, L"Return");  // returns to the root
     EXPECT_EQ(d.lblPfad.Caption(), L"C:\\");
@@ -61,6 +55,31 @@ TEST_F(Dateidialog, SeveralFilesComeBackWithASlashBehindEach) {
   EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav/C:\\Música\\b.MP3/");
   EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Música\\");
   EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern is that of waves
+}
+
+TEST_F(Dateidialog, SaysHowManyFilesAreChosenAndHowLongTheyAreTogether) {
+  b.Wave(L"C:\\Música\\a.wav", 75 * 44100);
+  b.Wave(L"C:\\Música\\d.wav", 50 * 44100);  // b.MP3 is none, so it has no length
+  const Text mehrere = b.prog.Text(30057) + b.prog.Text(30058);
+  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
+    const std::pair<std::vector<int>, Text> faelle[] = {
+        {{1}, b.prog.Text(30056) + b.prog.Text(30058) + L"00:01:15"},
+        {{1, 2, 3}, L"3" + mehrere + L"00:02:05"},
+        {{1, 3}, L"2" + mehrere + L"00:02:05"},
+        {{}, L""}};
+    for (const auto& [zeilen, worte] : faelle) {
+      hand().Select(d.lstDatei, zeilen);
+      b.prog.Pausieren(200);
+      EXPECT_EQ(d.lblAuswahl.Caption(), worte);
+    }
+    hand().Key(d, L"Escape");
+  });
+  b.prog.Catalogue_Open_Dir = L"C:\\Vantora\\Catálogo";
+  Fragt(kTypKatalog, kModusOeffnen, [&](frmLoadSave& d) {
+    hand().Select(d.lstDatei, {1});
+    EXPECT_EQ(d.lblAuswahl.Caption(), b.prog.Text(30056));
+    hand().Key(d, L"Escape");
+  });
 }
 
 TEST_F(Dateidialog, AFileThatIsTakenOutOfTheSelectionIsNotTheOneThatComesBack) {

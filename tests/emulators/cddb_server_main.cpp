@@ -17,7 +17,6 @@
 #include <fstream>
 #include <iostream>
 #include <list>
-#include <memory>
 #include <spawn.h>
 #include <sstream>
 #include <stdexcept>
@@ -42,14 +41,14 @@ class Servers {
   // Puts the ports into the environment of processes started from here.
   void TellPorts() const {
     for (const Named& one : servers_) {
-      ::setenv(one.Name.c_str(), std::to_string(one.Server->Port()).c_str(), 1);
+      ::setenv(one.Name.c_str(), std::to_string(one.Server.Port()).c_str(), 1);
     }
   }
 
  private:
   struct Named {
     std::string Name;
-    std::unique_ptr<CddbServer> Server;
+    CddbServer Server{kConnections};
   };
 
   void Take(const std::string& line) {
@@ -58,7 +57,7 @@ class Servers {
     words >> what >> first >> second;
     if (what == "server") {
       FinishDisc();
-      servers_.push_back({first, std::make_unique<CddbServer>(kConnections)});
+      servers_.emplace_back().Name = first;
     } else if (servers_.empty()) {
       throw std::runtime_error("no server has been named before: " + line);
     } else if (what == "disc") {
@@ -67,15 +66,15 @@ class Servers {
       id_ = second;
     } else if (what == "similar") {
       FinishDisc();
-      servers_.back().Server->KnowsOnlySimilar(first);
+      servers_.back().Server.KnowsOnlySimilar(first);
     } else if (what == "closes-at") {
-      servers_.back().Server->Faults.CloseAt = std::stol(first);
+      servers_.back().Server.Faults.CloseAt = std::stol(first);
     } else {
       lines_ += ToWindows1252(FromUtf8(line)) + "\r\n";
     }
   }
   void FinishDisc() {
-    if (!id_.empty()) servers_.back().Server->Knows(category_, id_, lines_);
+    if (!id_.empty()) servers_.back().Server.Knows(category_, id_, lines_);
     id_.clear();
     lines_.clear();
   }

@@ -10,11 +10,6 @@
 #include "platform/laufzeitfehler.h"
 #include "platform/mci.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <string>
-#include <vector>
-
 namespace vantora {
 
 struct FakeTrack {

@@ -50,7 +50,9 @@ void FuzzOne(const std::string& bytes) {
   Require(
       error == 0 || error == kFehlerDateiEnde || error == kFehlerIndex || error == kFehlerSpeicher,
       "a file that is no catalog raises the error for it");
-  Require(error != kFehlerIndex || katalog.size() == 3, "a count below 0 leaves all as it was");
+  const bool negative = bytes.size() >= 4 && (bytes[3] & 0x80) != 0;
+  Require(negative == (error == kFehlerIndex), "a count below 0 is an index out of range");
+  Require(!negative || katalog.size() == 3, "a count below 0 leaves all as it was");
   // The vector may grow to twice the records of the file, but must not reserve what a false count
   // promises.
   Require(katalog.capacity() <= 2 * (bytes.size() / kRecordBytes) + 3,

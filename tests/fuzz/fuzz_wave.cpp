@@ -8,8 +8,6 @@
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/fuzz/fuzz_body.h"
 
-#include <algorithm>
-
 namespace vantora::test {
 
 namespace {

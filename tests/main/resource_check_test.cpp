@@ -1,7 +1,5 @@
 #include "main/resource_check.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/backends/linux/home.h"
 
 namespace vantora::test {

@@ -1,7 +1,5 @@
 #include "medley/frmBeatCounter.h"
 
-#include <gtest/gtest.h>
-
 #include "medley/frmMedley.h"
 #include "tests/support/buehne.h"
 
@@ -9,9 +7,9 @@ namespace vantora {
 
 namespace {
 
-class Zaehler : public Buehne {
- public:
-  Zaehler() {
+class BeatCounter : public testing::Test, protected Buehne {
+ protected:
+  BeatCounter() {
     Start();
     Katalog({L"a", L"b"});
     Waehle(1);
@@ -22,71 +20,61 @@ class Zaehler : public Buehne {
     platform.hands.Press(prog.frmMedley().imgSpeedMeasure);
     return prog.frmBeatCounter();
   }
-  void Tippe(const std::vector<int>& abstaende) {
-    for (const int ms : abstaende) {
-      platform.hands.Key(prog.frmBeatCounter(), L"Space");
-      platform.loop.Pass(ms);
-    }
-  }
 };
 
 }  // namespace
 
-TEST(BeatCounter, TapsCountAtTheirOwnMomentsWhileTheWindowIsBusy) {
-  Zaehler b;
-  frmBeatCounter& z = b.Oeffne();
-  HeadlessLoop& loop = b.platform.loop;
+TEST_F(BeatCounter, TapsCountAtTheirOwnMomentsWhileTheWindowIsBusy) {
+  frmBeatCounter& z = Oeffne();
+  HeadlessLoop& loop = platform.loop;
   for (int i = 0; i < 4; ++i) {
-    loop.PostAfter(100 + 500 * i, [&] { b.platform.hands.Key(z, L"Space"); });
+    loop.PostAfter(100 + 500 * i, [&] { platform.hands.Key(z, L"Space"); });
   }
   loop.PostAfter(350, [&loop] { loop.Sleep(900); });
   loop.Pass(3000);
   EXPECT_EQ(z.lblBeatDisplay.Caption(), L"120");
 }
 
-TEST(BeatCounter, AHeldKeyIsOneTapAndThePictureAnswers) {
-  Zaehler b;
-  frmBeatCounter& z = b.Oeffne();
-  const bool vorher = b.prog.Umschalter;
+TEST_F(BeatCounter, AHeldKeyIsOneTapAndThePictureAnswers) {
+  frmBeatCounter& z = Oeffne();
+  const bool vorher = prog.Umschalter;
   for (int i = 0; i < 5; ++i) z.Form_KeyDown(kKeySpace, false);
-  EXPECT_NE(b.prog.Umschalter, vorher);
+  EXPECT_NE(prog.Umschalter, vorher);
   EXPECT_EQ(z.imgBeat.Picture(), L"BEATPIC");
   z.Form_KeyUp(kKeySpace);
   EXPECT_EQ(z.imgBeat.Picture(), L"");
   EXPECT_FALSE(z.TasteUnten);
 }
 
-TEST(BeatCounter, TheTempoIsHandedOverWithinItsLimitsOrNotAtAll) {
+TEST_F(BeatCounter, TheTempoIsHandedOverWithinItsLimitsOrNotAtAll) {
   for (const auto& [gezeigt, erwartet] :
        std::vector<std::pair<Text, Text>>{{L"0", L"50"}, {L"300", L"280"}, {L"124", L"124"}}) {
-    Zaehler b;
-    b.Oeffne().lblBeatDisplay.Caption = gezeigt;
-    EXPECT_FALSE(b.prog.frmMedley().Window.Enabled());
-    b.platform.hands.Press(b.prog.frmBeatCounter().imgOK);
-    frmMedley& m = b.prog.frmMedley();
+    Oeffne().lblBeatDisplay.Caption = gezeigt;
+    EXPECT_FALSE(prog.frmMedley().Window.Enabled());
+    platform.hands.Press(prog.frmBeatCounter().imgOK);
+    frmMedley& m = prog.frmMedley();
     EXPECT_TRUE(m.Window.Enabled());
     EXPECT_EQ(m.txtBPM.Text(), erwartet);
-    EXPECT_EQ(b.prog.Medley[0].BPM, erwartet);
-    b.Oeffne().lblBeatDisplay.Caption = L"99";
-    b.platform.hands.Close(b.prog.frmBeatCounter());
+    EXPECT_EQ(prog.Medley[0].BPM, erwartet);
+    Oeffne().lblBeatDisplay.Caption = L"99";
+    platform.hands.Close(prog.frmBeatCounter());
     EXPECT_EQ(m.txtBPM.Text(), erwartet);
     EXPECT_TRUE(m.Window.Enabled());
   }
 }
 
-TEST(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
-  Zaehler b;
-  frmBeatCounter& z = b.Oeffne();
-  EXPECT_EQ(b.platform.card.From, 0);  // starts at 0: the track has three seconds
-  b.platform.hands.Close(z);
-  b.Wave(L"C:\\Vantora\\Wavs\\a.wav", 20 * 44100 + 1);
-  frmBeatCounter& lang = b.Oeffne();
-  EXPECT_EQ(b.platform.card.From, 10 * 176400);  // starts at a whole frame
-  b.platform.loop.Pass(5000);
+TEST_F(BeatCounter, ALongTrackPlaysFromItsMiddleForTwentySeconds) {
+  frmBeatCounter& z = Oeffne();
+  EXPECT_EQ(platform.card.From, 0);  // starts at 0: the track has three seconds
+  platform.hands.Close(z);
+  Wave(L"C:\\Vantora\\Wavs\\a.wav", 20 * 44100 + 1);
+  frmBeatCounter& lang = Oeffne();
+  EXPECT_EQ(platform.card.From, 10 * 176400);  // starts at a whole frame
+  platform.loop.Pass(5000);
   EXPECT_NEAR(lang.shpZeitanzeige.Width(), lang.BalkenBreite / 4.0, lang.BalkenBreite / 100.0);
-  EXPECT_TRUE(b.Haupt().SpielerLaeuft());
-  b.platform.loop.Pass(16000);
-  EXPECT_FALSE(b.Haupt().SpielerLaeuft());
+  EXPECT_TRUE(Haupt().SpielerLaeuft());
+  platform.loop.Pass(16000);
+  EXPECT_FALSE(Haupt().SpielerLaeuft());
   std::int32_t breite = 0;
   frmBeatCounter::BalkenAktualisieren(5, 20, 1000, 0, 0, breite);
   EXPECT_EQ(breite, 0);  // never negative

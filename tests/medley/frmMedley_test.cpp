@@ -1,15 +1,12 @@
 #include "medley/frmMedley.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/buehne.h"
 
 namespace vantora {
 
 namespace {
 
-class MedleyFenster : public Buehne {
- public:
+struct MedleyFenster : Buehne {
   explicit MedleyFenster(const std::vector<Text>& titel = {L"a", L"b", L"c"}) {
     Start();
     Katalog(titel);
@@ -35,50 +32,50 @@ class MedleyFenster : public Buehne {
   }
 };
 
+class MedleyWindow : public testing::Test, protected MedleyFenster {};
+
 }  // namespace
 
-TEST(MedleyWindow, EveryValueReachesItsRowAtItsMoment) {
-  MedleyFenster b;
-  frmMedley& m = b.Oeffne();
-  EXPECT_EQ(b.Spur(0), L"50/1/-");  // opening applies the checks of typed values
-  EXPECT_EQ(b.Spur(1), L"/1/-");    // a row that has not been selected yet
-  b.Tippe(m.txtBPM, L"120", false);
-  EXPECT_EQ(b.Spur(0), L"50/1/-");
-  b.platform.hands.Press(m.chkPitch);
-  EXPECT_EQ(b.Spur(0), L"50/1/x");  // without leaving the row
-  b.Zeile(1);
-  EXPECT_EQ(b.Spur(0), L"120/1/x");
+TEST_F(MedleyWindow, EveryValueReachesItsRowAtItsMoment) {
+  frmMedley& m = Oeffne();
+  EXPECT_EQ(Spur(0), L"50/1/-");  // opening applies the checks of typed values
+  EXPECT_EQ(Spur(1), L"/1/-");    // a row that has not been selected yet
+  Tippe(m.txtBPM, L"120", false);
+  EXPECT_EQ(Spur(0), L"50/1/-");
+  platform.hands.Press(m.chkPitch);
+  EXPECT_EQ(Spur(0), L"50/1/x");  // without leaving the row
+  Zeile(1);
+  EXPECT_EQ(Spur(0), L"120/1/x");
   EXPECT_EQ(m.txtBPM.Text(), L"");
   EXPECT_EQ(m.chkPitch.Value(), 0);
-  b.platform.hands.Drag(m.imgMedleyKnopf, 500, 0);
+  platform.hands.Drag(m.imgMedleyKnopf, 500, 0);
   EXPECT_EQ(m.txtBPM.Text(), L"280");
-  EXPECT_EQ(b.Spur(1), L"/1/-");  // only the text box has changed
-  b.Tippe(m.txtDauer, L"12", true);
+  EXPECT_EQ(Spur(1), L"/1/-");  // only the text box has changed
+  Tippe(m.txtDauer, L"12", true);
   EXPECT_EQ(m.txtDauer.Text(), L"3");  // limited to the length of the track
-  EXPECT_EQ(b.Spur(1), L"/12/-");      // stored before it is limited
-  b.Zeile(2);
-  EXPECT_EQ(b.Spur(1), L"280/3/-");
+  EXPECT_EQ(Spur(1), L"/12/-");        // stored before it is limited
+  Zeile(2);
+  EXPECT_EQ(Spur(1), L"280/3/-");
   EXPECT_FALSE(m.txtDauer.Enabled());
   EXPECT_FALSE(m.chkPitch.Enabled());
   EXPECT_FALSE(m.picWaveToFade(1).Visible());
-  b.platform.hands.Key(m, L"Escape");
-  EXPECT_FALSE(b.prog.frmMedley.Geladen());
-  EXPECT_EQ(b.prog.Medley.size(), 1U);
-  EXPECT_TRUE(b.Haupt().Window.Enabled());
+  platform.hands.Key(m, L"Escape");
+  EXPECT_FALSE(prog.frmMedley.Geladen());
+  EXPECT_EQ(prog.Medley.size(), 1U);
+  EXPECT_TRUE(Haupt().Window.Enabled());
 }
 
-TEST(MedleyWindow, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
-  MedleyFenster b;
-  frmMedley& m = b.Oeffne(L"60000");
-  b.Tippe(m.txtDauer, L"12", true);
+TEST_F(MedleyWindow, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
+  frmMedley& m = Oeffne(L"60000");
+  Tippe(m.txtDauer, L"12", true);
   EXPECT_EQ(m.txtDauer.Text(), L"12");
   EXPECT_EQ(m.picWaveToFade(0).Left(), 1875);  // the picture shows at most ten seconds
-  b.platform.hands.Key(m, L"Tab");
+  platform.hands.Key(m, L"Tab");
   EXPECT_EQ(m.txtDauer.Text(), L"10");
-  EXPECT_EQ(b.Spur(0), L"50/10/-");
+  EXPECT_EQ(Spur(0), L"50/10/-");
 }
 
-TEST(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
+TEST_F(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
   struct {
     Text Erste, Zweite, Getippt, Erwartet;
   } const faelle[] = {
@@ -97,9 +94,8 @@ TEST(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
   }
 }
 
-TEST(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
-  MedleyFenster b;
-  frmMedley& m = b.Oeffne(L"60000");
+TEST_F(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds) {
+  frmMedley& m = Oeffne(L"60000");
   const auto ueberlappung = [&m] {
     return m.picWaveToFade(0).Left() + m.picWaveToFade(0).Width() - m.picWaveToFade(1).Left() -
            2 * Streifen::kRahmen;
@@ -109,64 +105,53 @@ TEST(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSeconds)
   const int breite = m.picWaveToFade(0).Width;
   const auto ziehe = [&](int twips) {
     const int promille = twips * 1000 / breite;
-    b.platform.hands.Drag(m.picWaveToFade(0), 500, 500 + promille);
+    platform.hands.Drag(m.picWaveToFade(0), 500, 500 + promille);
   };
   ziehe(180 * 4 + 60);
   EXPECT_EQ(m.txtDauer.Text(), L"5");
   EXPECT_EQ(ueberlappung(), 5 * eine);
-  EXPECT_EQ(b.Spur(0), L"50/1/-");  // only the text box has changed
-  b.platform.hands.Key(m, L"Right");
+  EXPECT_EQ(Spur(0), L"50/1/-");  // only the text box has changed
+  platform.hands.Key(m, L"Right");
   EXPECT_EQ(m.txtDauer.Text(), L"6");
-  b.platform.hands.Key(m, L"End");
-  b.platform.hands.Key(m, L"Right");
+  platform.hands.Key(m, L"End");
+  platform.hands.Key(m, L"Right");
   EXPECT_EQ(m.txtDauer.Text(), L"10");
   EXPECT_EQ(ueberlappung(), 10 * eine);
   ziehe(-2500);
   EXPECT_EQ(m.txtDauer.Text(), L"1");
   EXPECT_EQ(m.picWaveToFade(0).Left(), 255);
   EXPECT_EQ(ueberlappung(), eine);
-  EXPECT_EQ(b.platform.loop.MousePointer(), Pointer::Normal);
+  EXPECT_EQ(platform.loop.MousePointer(), Pointer::Normal);
 }
 
-TEST(MedleyWindow, TheKnobStandsWhereItsTempoSays) {
-  const KnobTravel weg{150, 22, 280, 50};
-  for (const int bpm : {50, 51, 120, 165, 279, 280}) {
-    const double oben = (150.0 - 22) / 230 * (230 - (bpm - 50));
-    EXPECT_NEAR(weg.TopOf(bpm), oben, 0.5);
-    EXPECT_NEAR(weg.ValueAt(weg.TopOf(bpm)), bpm, 1);
-  }
-}
-
-TEST(MedleyWindow, NothingReachesTheWindowWhileItJoinsTracks) {
-  MedleyFenster b;
-  frmMedley& m = b.Oeffne();
+TEST_F(MedleyWindow, NothingReachesTheWindowWhileItJoinsTracks) {
+  frmMedley& m = Oeffne();
   bool gesperrt = false;
-  b.platform.loop.PostAfter(0, [&] {
-    gesperrt = !m.Window.Enabled() && b.platform.loop.MousePointer() == Pointer::Hourglass;
+  platform.loop.PostAfter(0, [&] {
+    gesperrt = !m.Window.Enabled() && platform.loop.MousePointer() == Pointer::Hourglass;
     m.imgAbbrechen_MouseUp();
     m.imgOK_MouseUp();
   });
-  b.Antwortet(kNein).Antwortet(kNein);  // tracks of three seconds are too short
-  b.Tu([&m] { m.imgOK_MouseUp(); });
+  Antwortet(kNein).Antwortet(kNein);  // tracks of three seconds are too short
+  Tu([&m] { m.imgOK_MouseUp(); });
   EXPECT_TRUE(gesperrt);
-  EXPECT_EQ(b.Gesagt().size(), 2U);
-  EXPECT_FALSE(b.prog.frmMedley.Geladen());
-  EXPECT_EQ(b.Haupt().lvwKatalog.ListItems.Count(), 3);
+  EXPECT_EQ(Gesagt().size(), 2U);
+  EXPECT_FALSE(prog.frmMedley.Geladen());
+  EXPECT_EQ(Haupt().lvwKatalog.ListItems.Count(), 3);
 }
 
-TEST(MedleyWindow, ATrackWhoseFileIsGoneDoesNotPlay) {
-  MedleyFenster b;
-  frmMedley& m = b.Oeffne();
-  b.platform.machine.files.Kill(L"C:\\Vantora\\Wavs\\a.wav");
-  b.platform.hands.Press(m.imgStartStop);
-  EXPECT_FALSE(b.Haupt().Spielt());
-  EXPECT_EQ(m.lblButtCaption(3).Caption(), b.prog.Text(13200));
-  b.Zeile(1);
-  b.platform.hands.Press(m.imgStartStop);
-  EXPECT_TRUE(b.Haupt().Spielt());
-  EXPECT_EQ(b.prog.SpielIndex, 1);
-  b.platform.loop.Pass(4000);  // the track ends
-  EXPECT_EQ(m.lblButtCaption(3).Caption(), b.prog.Text(13200));
+TEST_F(MedleyWindow, ATrackWhoseFileIsGoneDoesNotPlay) {
+  frmMedley& m = Oeffne();
+  platform.machine.files.Kill(L"C:\\Vantora\\Wavs\\a.wav");
+  platform.hands.Press(m.imgStartStop);
+  EXPECT_FALSE(Haupt().Spielt());
+  EXPECT_EQ(m.lblButtCaption(3).Caption(), prog.Text(13200));
+  Zeile(1);
+  platform.hands.Press(m.imgStartStop);
+  EXPECT_TRUE(Haupt().Spielt());
+  EXPECT_EQ(prog.SpielIndex, 1);
+  platform.loop.Pass(4000);  // the track ends
+  EXPECT_EQ(m.lblButtCaption(3).Caption(), prog.Text(13200));
 }
 
 }  // namespace vantora

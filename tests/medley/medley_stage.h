@@ -7,8 +7,6 @@
 
 #include <cmath>
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace vantora {
 

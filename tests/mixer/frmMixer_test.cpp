@@ -1,12 +1,6 @@
 #include "mixer/frmMixer.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/recorder/aufnahme_stage.h"
-#include "tests/support/buehne.h"
-
-#include <string>
-#include <vector>
 
 namespace vantora {
 

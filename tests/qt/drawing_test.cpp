@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "backends/qt/faces/drawing_widget.h"
+#include "backends/qt/look/even_line.h"
 #include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/print/qt_font_book.h"
 #include "backends/qt/print/qt_image.h"
@@ -165,6 +166,24 @@ TEST(Drawing, APhotographFillsItsRectangle) {
   EXPECT_EQ(red.right(), 299);
   EXPECT_EQ(red.top(), 50);
   EXPECT_EQ(red.bottom(), 149);
+}
+
+// At a scale like 1.5 lines at odd and even places would otherwise differ.
+TEST(Drawing, LinesOfOnePixelAreEquallyThickAtEveryScale) {
+  for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+    QImage image((QSizeF(40, 40) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    for (int y = 2; y < 20; ++y) {
+      image.fill(Qt::black);
+      QPainter painter(&image);
+      painter.fillRect(look::EvenLine(painter, QRectF(5, y, 10, 1)), Qt::white);
+      painter.end();
+      const QRect ink = Marked(image);
+      EXPECT_EQ(ink.height(), static_cast<int>(scale)) << scale << " at " << y;
+      EXPECT_NEAR(ink.top(), y * scale, 0.5);
+      EXPECT_NEAR(ink.width(), 10 * scale, 1);
+    }
+  }
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 #include "tests/qt/stage.h"
 
-#include <QApplication>
 #include <QKeyEvent>
-#include <QWidget>
 
 #include <chrono>
 #include <thread>

@@ -3,9 +3,8 @@
 #include "backends/qt/desktop/qt_display.h"
 #include "tests/qt/stage.h"
 
-#include <QApplication>
 #include <QScreen>
-#include <QWidget>
+#include <QTreeView>
 
 namespace vantora {
 namespace {
@@ -87,6 +86,34 @@ TEST_F(Stage, ADialogStandsOverTheMiddleOfItsOwnerAndItsTitleIsOnTheScreen) {
       .Then(
           [&] { EXPECT_LT(loop.WindowOf(owner)->x(), -190) << "it stays where it was moved to"; });
   Play(owner);
+}
+
+TEST_F(Stage, ADialogLeavesTheRowFreeThatItIsAbout) {
+  QtDisplay screen(800, 800);
+  loop.Stage = &screen;
+  FullForm form(loop);  // 600 by 500 pixels, in the middle of the screen
+  Place(form.lvwTracks, 0, 0, 9000, 7500);
+  while (form.lvwTracks.ListItems.Count() < 20) form.lvwTracks.ListItems.Add();
+  TestForm dialog(loop, L"frmDialog");
+  Place(dialog.Window, 0, 0, 4500, 4500);
+  dialog.KeepClear = &form.lvwTracks;
+  for (const int row : {4, 12, 20}) {
+    person
+        .Then([&, row] {
+          for (int i = 1; i <= 20; ++i) form.lvwTracks.ListItems(i).SetSelected(i == row);
+          loop.Post([&] { loop.ShowModal(dialog); });
+        })
+        .Then([&, row] {
+          const auto* table = qobject_cast<const QTreeView*>(loop.WidgetOf(form.lvwTracks));
+          QRect line = table->visualRect(table->model()->index(row - 1, 1));
+          line.moveTopLeft(table->viewport()->mapToGlobal(line.topLeft()));
+          const QRect frame = loop.WindowOf(dialog)->frameGeometry();
+          EXPECT_FALSE(frame.intersects(line)) << row;
+          EXPECT_TRUE(QRect(0, 0, 800, 800).contains(frame)) << row;
+          loop.Hide(dialog);
+        });
+  }
+  Play(form);
 }
 
 }  // namespace

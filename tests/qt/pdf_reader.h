@@ -17,10 +17,6 @@ namespace vantora {
 // Places are in twips from the paper's upper left corner.
 class PdfPage {
  public:
-  struct Word {
-    std::string Text;
-    double Left = 0, Right = 0;
-  };
   struct Ink {
     bool Found = false;
     double Left = 0, Top = 0, Right = 0, Bottom = 0;
@@ -30,12 +26,8 @@ class PdfPage {
     const QString boxes = Run("pdftotext", {"-bbox", file_, "-"});
     static const QRegularExpression page("<page width=\"([0-9.]+)\" height=\"([0-9.]+)\"");
     width_ = page.match(boxes).captured(1).toDouble() * kTwipsPerPoint;
-    static const QRegularExpression word("xMin=\"([0-9.]+)\".*xMax=\"([0-9.]+)\".*>(.*)</word>");
-    for (auto found = word.globalMatch(boxes); found.hasNext();) {
-      const QRegularExpressionMatch one = found.next();
-      words_.push_back({one.captured(3).toStdString(), one.captured(1).toDouble() * kTwipsPerPoint,
-                        one.captured(2).toDouble() * kTwipsPerPoint});
-    }
+    static const QRegularExpression word("<word xMin=\"([0-9.]+)\"");
+    firstWord_ = word.match(boxes).captured(1).toDouble() * kTwipsPerPoint;
     // At 720 dots per inch, a pixel is two twips.
     Run("pdftoppm", {"-r", "720", "-gray", "-aa", "no", "-aaVector", "no", "-singlefile", file_,
                      folder_.filePath("page")});
@@ -49,7 +41,7 @@ class PdfPage {
   }
 
   double Width() const { return width_; }
-  const Word& Words(std::size_t index) const { return words_.at(index); }
+  double FirstWord() const { return firstWord_; }  // its left edge
   std::string Text() const {
     QString text = Run("pdftotext", {"-layout", file_, "-"});
     static const QRegularExpression blanks(" +");
@@ -104,8 +96,7 @@ class PdfPage {
 
   QString file_;
   QTemporaryDir folder_;
-  double width_ = 0;
-  std::vector<Word> words_;
+  double width_ = 0, firstWord_ = 0;
   QByteArray bytes_;
   QImage points_;  // uses the memory of bytes_
 };

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "backends/qt/print/qt_image.h"
 #include "backends/qt/print/qt_print_shop.h"
 #include "tests/backends/linux/home.h"
@@ -102,7 +100,7 @@ TEST_F(Printing, WhatIsOnThePageStandsWhereItWasPutWithinATenthOfAMillimetre) {
 
     const PdfPage page(Host("page.pdf"));
     EXPECT_NEAR(page.Width(), c.Width / 25.4 * 1440, 10);  // the page is measured in whole points
-    EXPECT_NEAR(page.Words(0).Left, 3402, kTolerance);
+    EXPECT_NEAR(page.FirstWord(), 3402, kTolerance);
     // The baselines of the letters: below an upright letter, and beside turned letters.
     EXPECT_NEAR(page.InkIn(3300, 1300, 4500, 2000).Bottom, 1361 + ascent, kTolerance);
     EXPECT_NEAR(page.InkIn(1600, 7500, 2300, 8900).Right, 1644 + ascent, kTolerance);

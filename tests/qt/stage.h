@@ -11,9 +11,6 @@
 #include <QMouseEvent>
 #include <QWidget>
 
-#include <string>
-#include <vector>
-
 namespace vantora {
 
 // Sends a mouse event of the left button to a place of a widget; `held` are the buttons that are
@@ -29,7 +26,7 @@ class Stage : public testing::Test {
  protected:
   Stage() {
     loop.TheUser = &person;
-    loop.OnError = [this](const Laufzeitfehler& error) { errors.push_back(error.what()); };
+    loop.OnError = [](const Laufzeitfehler& error) { ADD_FAILURE() << error.what(); };
   }
 
   // Shows the form and runs the loop until the person has performed all steps. The test fails if
@@ -44,7 +41,6 @@ class Stage : public testing::Test {
   QtEventLoop loop{"", {}, 20};  // no pictures; time runs 20 times as fast
   QtHands hands{loop};
   Person person;
-  std::vector<std::string> errors;
 };
 
 }  // namespace vantora

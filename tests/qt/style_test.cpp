@@ -1,10 +1,8 @@
-#include <gtest/gtest.h>
-
 #include "backends/qt/faces/level_bars.h"
+#include "backends/qt/faces/words.h"
 #include "backends/qt/look/look.h"
 #include "tests/qt/stage.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QScreen>
 #include <QScrollBar>
@@ -48,6 +46,21 @@ TEST(Style, TheHandleOfABarIsAPagesShareAndGoesWithTheHand) {
   on.bar.setRange(0, 1'000'000'000);
   on.bar.setValue(0);
   EXPECT_TRUE(on.HandleAt(20)) << "a handle can be gripped whatever the list's length";
+}
+
+TEST(Style, APathIsShortenedInItsMiddleAndKeepsItsFile) {
+  const QtEventLoop loop{"", {}, 20};
+  const QFontMetrics metrics(QApplication::font());
+  const QString path = "Imagen: C:\\Discos\\De verano\\Cara A\\El faro.wav";
+  const auto inRoomOf = [&](const QString& line, const QString& room) {
+    return Shortened(line, metrics, metrics.horizontalAdvance(room));
+  };
+  for (const char* shorter : {"Imagen: C:\\…\\Cara A\\El faro.wav", "Imagen: C:\\…\\El faro.wav"}) {
+    EXPECT_EQ(inRoomOf(path, QString(shorter) + "m"), shorter);
+  }
+  EXPECT_EQ(inRoomOf(path, path), path);
+  EXPECT_TRUE(inRoomOf(path, "Imagen: C:\\…").endsWith("wav"));
+  EXPECT_TRUE(inRoomOf("El faro de la isla", "El faro de…").endsWith(u'…'));
 }
 
 TEST(Style, AClickBesideTheHandleTurnsAPageAndTheEndsHaveNoArrows) {

@@ -6,8 +6,6 @@
 #include "tests/support/buehne.h"
 #include "tests/support/geraete.h"
 
-#include <string>
-
 namespace vantora {
 
 class AufnahmeBuehne : private Geraete {
@@ -52,12 +50,7 @@ class AufnahmeBuehne : private Geraete {
   }
   bool Gibt(const Text& name) { return b.prog.DateiExistiert(Ort(name)); }
   // The sound of a take; empty when the file is not a complete wave.
-  std::string Klang(const Text& name) {
-    const std::string datei = b.Lies(Ort(name));
-    if (datei.size() < 44) return {};
-    const std::string daten = datei.substr(44);
-    return datei == test::Wave(daten) ? daten : std::string();
-  }
+  std::string Klang(const Text& name) { return test::SoundOf(b.Lies(Ort(name))); }
 
   using Geraete::frei;
   using Geraete::platte;

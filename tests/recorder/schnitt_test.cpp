@@ -1,13 +1,8 @@
 // Compares takes with an independent model of the cut: bursts are played at known frames, and every
 // take must have exactly the frames that the rules keep.
 
-#include <gtest/gtest.h>
-
 #include "app/werte/zahlen.h"
 #include "tests/recorder/aufnahme_stage.h"
-
-#include <algorithm>
-#include <cstdlib>
 
 namespace vantora {
 

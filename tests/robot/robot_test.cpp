@@ -3,15 +3,12 @@
 #include "robot/robot.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "main/headless_platform.h"
 #include "main/story_stage.h"
 #include "tests/support/buehne.h"
 
-#include <filesystem>
 #include <sstream>
-#include <string>
 
 namespace vantora {
 

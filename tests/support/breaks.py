@@ -26,7 +26,7 @@ TEST_SECONDS = 120
 AREAS = {
     "catalog": ("product_tests backend_tests vantora-robot",
                 r"^(Katalog|KatalogDatei|Import|Start|Dienste|Extras|Zahlen|Zeichen|"
-                r"Optionen|Layout|Meldung|Ende|DriveTable|Linux.*|SettingsFile|ProfileFiles)\."),
+                r"Optionen|Layout|Meldung|Ende|DriveTable|Linux.*|FilesOnDisk|SettingsOnDisk|ProfilesOnDisk)\."),
     "cdinput": ("product_tests backend_tests vantora-robot cddb-server",
                 r"^(Cd.*|ClsCCd|Cddb.*|CDKopieren|CDPlayer.*|Datenbank.*|TitelHolen|Drive|Player|"
                 r"Playing|Reader|Room|Sheets|Import)\."),

@@ -24,7 +24,7 @@ bool ScriptedUser::Act(Form* front) {
 Buehne::Buehne(const Umbau& umbau)
     : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle, AllWindows) {
   platform.loop.TheUser = &user;
-  SaveSetting(platform.bundle, L"Show_Start_Assistant", L"0");
+  Setze(L"Show_Start_Assistant", L"0");
 }
 
 Buehne::~Buehne() {
@@ -52,6 +52,12 @@ std::string Buehne::Lies(const Text& pfad) {
   return test::Get(platform.machine.files.SystemPath(pfad));
 }
 
+bool Buehne::NochNotizen() {
+  const Text ordner = L"C:\\WINDOWS\\edits";
+  LinuxFiles& dateien = platform.machine.files;
+  return dateien.IsDirectory(ordner) && !dateien.List(ordner, L"*.*").empty();
+}
+
 void Buehne::Katalog(const std::vector<Text>& titel) {
   constexpr std::int64_t kDreiSekunden = 3 * 44100;
   for (Text name : titel) {
@@ -71,6 +77,14 @@ void Buehne::Katalog(const std::vector<Text>& titel) {
     prog.Katalog.push_back(eintrag);
   }
   Haupt().KatalogShow();
+}
+
+void Buehne::Setze(const Text& schluessel, const Text& wert) {
+  SaveSetting(platform.bundle, schluessel, wert);
+}
+
+Text Buehne::Einstellung(const Text& schluessel) {
+  return GetSetting(platform.bundle, schluessel, L"-");
 }
 
 void Buehne::Waehle(int zeile) {
@@ -108,28 +122,11 @@ Buehne& Buehne::Antwortet(int code) {
   });
 }
 
-Buehne& Buehne::WaehltDatei(const std::vector<Text>& dateien) {
-  return Macht([this, dateien](Form& front) {
+Buehne& Buehne::WaehltDatei(const Text& datei) {
+  return Macht([this, datei](Form& front) {
     auto& dialog = dynamic_cast<frmLoadSave&>(front);
-    if (dateien.empty()) {
-      platform.hands.Press(dialog.pbButton(2));
-    } else if (dateien.size() == 1) {
-      platform.hands.Type(dialog.txtDateiName, dateien.front());
-      platform.hands.Press(dialog.pbButton(1));
-    } else {
-      const Text name = DateiNameOhnePfad(dateien.front());
-      platform.hands.Type(dialog.txtDateiName,
-                          dateien.front().substr(0, dateien.front().size() - name.size() - 1));
-      platform.hands.Press(dialog.pbButton(1));
-      std::vector<int> zeilen;
-      for (int i = 0; i < dialog.lstDatei.ListCount(); ++i) {
-        for (const Text& datei : dateien) {
-          if (DateiNameOhnePfad(datei) == dialog.lstDatei.List(i)) zeilen.push_back(i + 1);
-        }
-      }
-      platform.hands.Select(dialog.lstDatei, zeilen);
-      platform.hands.Press(dialog.pbButton(1));
-    }
+    if (!datei.empty()) platform.hands.Type(dialog.txtDateiName, datei);
+    platform.hands.Press(dialog.pbButton(datei.empty() ? 2 : 1));
   });
 }
 

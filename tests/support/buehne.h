@@ -18,10 +18,6 @@
 #include "tests/backends/linux/home.h"
 #include "tests/support/exchange.h"
 
-#include <filesystem>
-#include <functional>
-#include <memory>
-#include <string>
 #include <vector>
 
 namespace vantora {
@@ -62,15 +58,18 @@ class Buehne {
   void Wave(const Text& datei, std::int64_t frames);
   void Datei(const Text& pfad, const std::string& bytes);
   std::string Lies(const Text& pfad);
+  bool NochNotizen();  // of edits that have not been finished
   // Creates a catalog of valid 3-second waves with these titles. "*" after a title marks a
   // crossfade.
   void Katalog(const std::vector<Text>& titel);
+  void Setze(const Text& schluessel, const Text& wert);
+  Text Einstellung(const Text& schluessel);  // "-" when it has no value
   void Waehle(int zeile);
   std::vector<Text> Titel();  // as shown in the list
 
   // Answers of the user, in the order in which the windows will ask.
-  Buehne& Antwortet(int code);  // a message box: 6 yes, 7 no or the only button
-  Buehne& WaehltDatei(const std::vector<Text>& dateien);  // a file dialog; an empty list cancels
+  Buehne& Antwortet(int code);             // a message box: 6 yes, 7 no or the only button
+  Buehne& WaehltDatei(const Text& datei);  // a file dialog; blank cancels
   Buehne& Macht(ScriptedUser::Action aktion);
 
   frmHauptForm& Haupt() { return prog.frmHauptForm(); }
@@ -81,6 +80,20 @@ class Buehne {
   ScriptedUser user;
   Plattform bundle;
   Programm prog;
+};
+
+// Tests of a program, before its start and after it.
+class VorDemStart : public testing::Test {
+ protected:
+  Text Sagt(int nummer) { return b.prog.Text(nummer); }
+  Hands& hand() { return b.platform.hands; }
+
+  Buehne b;
+};
+
+class MitProgramm : public VorDemStart {
+ protected:
+  MitProgramm() { b.Start(); }
 };
 
 }  // namespace vantora

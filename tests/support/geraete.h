@@ -10,7 +10,6 @@
 #include "tests/support/exchange.h"
 
 #include <map>
-#include <memory>
 #include <optional>
 #include <vector>
 

@@ -5,10 +5,6 @@
 #include "tests/support/buehne.h"
 #include "waveeditor/frmWaveEditor.h"
 
-#include <cstdint>
-#include <functional>
-#include <vector>
-
 namespace vantora {
 
 class EditorBuehne {

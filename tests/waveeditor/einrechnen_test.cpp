@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "tests/waveeditor/editor_stage.h"
 
 #include <cmath>
-#include <string>
-#include <vector>
 
 namespace vantora {
 namespace {

@@ -1,7 +1,5 @@
 #include "waveeditor/frmSpektrum.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/waveeditor/editor_stage.h"
 
 namespace vantora {

@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "tests/support/geraete.h"
 #include "tests/waveeditor/editor_stage.h"
 
-#include <algorithm>
 #include <cmath>
-#include <optional>
 #include <random>
 
 namespace vantora {

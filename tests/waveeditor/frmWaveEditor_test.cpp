@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
 #include "tests/waveeditor/editor_stage.h"
 
-#include <algorithm>
 #include <cmath>
-#include <vector>
 
 namespace vantora {
 namespace {

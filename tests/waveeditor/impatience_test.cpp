@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "catalog/frmHauptForm.h"
 #include "tests/waveeditor/editor_stage.h"
 

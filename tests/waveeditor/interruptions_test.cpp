@@ -1,12 +1,7 @@
 // Actions that begin while the editor processes events during its work, and changes of the file by
 // another program.
 
-#include <gtest/gtest.h>
-
 #include "tests/waveeditor/editor_stage.h"
-
-#include <filesystem>
-#include <string>
 
 namespace vantora {
 namespace {

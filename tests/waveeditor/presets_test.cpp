@@ -1,11 +1,7 @@
-#include <gtest/gtest.h>
-
 #include "tests/waveeditor/editor_stage.h"
 
-#include <algorithm>
 #include <array>
 #include <random>
-#include <string>
 
 namespace vantora {
 namespace {
@@ -14,12 +10,6 @@ enum : int { kEqualizer = 0, kLautstaerke = 1, kRestauration = 3, kFlanger = 4 }
 
 class Presets : public ::testing::Test, protected EditorBuehne {
  protected:
-  Text Gespeichert(const Text& schluessel) {
-    return GetSetting(b.platform.bundle, schluessel, L"-");
-  }
-  void Speichere(const Text& schluessel, const Text& wert) {
-    SaveSetting(b.platform.bundle, schluessel, wert);
-  }
   void ZeigePresets(int panel) {
     Druecke(E().imgEffekt(panel));
     PictureButton* const knoepfe[] = {&E().imgEQPresets, &E().imgVolumePresets, nullptr,
@@ -35,12 +25,12 @@ class Presets : public ::testing::Test, protected EditorBuehne {
 };
 
 TEST_F(Presets, WhatTheProgramBringsIsThereWhereItsPlaceIsFree) {
-  Speichere(L"ZFXEQU1", L"Mío;1;1;1;1;1;1;1;1;1;1;0");
+  b.Setze(L"ZFXEQU1", L"Mío;1;1;1;1;1;1;1;1;1;1;0");
   Oeffne(1000);
   ZeigePresets(kEqualizer);
   EXPECT_EQ(Namen(), (std::vector<Text>{L"Sonido plano", L"Mío", L"Sonido claro"}));
-  EXPECT_EQ(Gespeichert(L"ZFXEQU0"), L"Sonido plano;0;0;0;0;0;0;0;0;0;0;0");
-  EXPECT_EQ(Gespeichert(L"ZFXFLA1"), L"Flanger espacial;83;33;49;70");
+  EXPECT_EQ(b.Einstellung(L"ZFXEQU0"), L"Sonido plano;0;0;0;0;0;0;0;0;0;0;0");
+  EXPECT_EQ(b.Einstellung(L"ZFXFLA1"), L"Flanger espacial;83;33;49;70");
 }
 
 TEST_F(Presets, EachKindKeepsItsControlsInOrderSetsThemAgainAndLightsItsPanel) {
@@ -72,7 +62,7 @@ TEST_F(Presets, EachKindKeepsItsControlsInOrderSetsThemAgainAndLightsItsPanel) {
     SCOPED_TRACE(fall.Panel);
     ZeigePresets(fall.Panel);
     Nenne(L"n");
-    EXPECT_EQ(Gespeichert(fall.Schluessel), fall.Text);
+    EXPECT_EQ(b.Einstellung(fall.Schluessel), fall.Text);
   }
   Druecke(E().imgEffekt(5));
   for (Slider* s : {&E().MMSliderX1(9), &E().slGaterThreshold, &E().slFlangerRate}) s->Value = 0;
@@ -110,7 +100,7 @@ TEST_F(Presets, ANameIsTakenOnceAndThereAreTenPlaces) {
   EXPECT_EQ(Namen().size(), 11U);
   ASSERT_EQ(b.Gesagt().size(), 2U);
   EXPECT_TRUE(b.Gesagt()[1].ends_with(L"(9)"));
-  EXPECT_EQ(Gespeichert(L"ZFXFLA10"), L"-");
+  EXPECT_EQ(b.Einstellung(L"ZFXFLA10"), L"-");
 }
 
 // The store keeps gaps in its numbering, the list does not. A new preset gets the number after the
@@ -155,7 +145,7 @@ TEST_F(Presets, AdditionsAndDeletionsAgreeWithAStoreOfTenPlaces) {
 }
 
 TEST_F(Presets, ABrokenPresetGivesZerosForWordsAndAnErrorForWhatIsMissing) {
-  Speichere(L"ZFXRES0", L"roto;abc;1.4;99999;0;7");
+  b.Setze(L"ZFXRES0", L"roto;abc;1.4;99999;0;7");
   Oeffne(1000);
   ZeigePresets(kRestauration);
   b.Antwortet(kNein);

@@ -36,6 +36,7 @@ std::optional<Text> ListBox::Read(const Text& property) const {
 
 void ListBox::Clear() {
   selected_.clear();
+  notes_.clear();
   ListControl::Clear();
 }
 
@@ -58,6 +59,19 @@ void ListBox::Select(int index, bool selected) {
   selected_.at(static_cast<std::size_t>(index)) = selected;
   if (selected) ListIndex = index;
   MarkDirty();
+}
+
+void ListBox::SetNote(int index, const Text& words) {
+  const auto place = static_cast<std::size_t>(index);
+  if (notes_.size() <= place) notes_.resize(place + 1);
+  notes_[place] = words;
+  MarkDirty();
+}
+
+const Text& ListBox::Note(int index) const {
+  static const Text kNone;
+  const auto place = static_cast<std::size_t>(index);
+  return place < notes_.size() ? notes_[place] : kNone;
 }
 
 int ListBox::SelCount() const {

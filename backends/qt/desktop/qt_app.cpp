@@ -1,5 +1,6 @@
 #include "backends/qt/desktop/qt_app.h"
 
+#include "backends/qt/faces/spoken.h"
 #include "backends/qt/look/fonts.h"
 #include "backends/qt/look/look.h"
 
@@ -36,6 +37,7 @@ QtApp::QtApp(int argc, char** argv) : argc_(argc), words_(argv, argv + argc) {
   QApplication::setApplicationDisplayName(QStringLiteral("Vantora"));
   QGuiApplication::setDesktopFileName(QStringLiteral("vantora"));
   look::Dress();
+  LetScreenReadersIn();
 }
 
 QtApp::~QtApp() = default;

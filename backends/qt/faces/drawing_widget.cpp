@@ -1,5 +1,6 @@
 #include "backends/qt/faces/drawing_widget.h"
 
+#include "backends/qt/look/even_line.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/print/qt_image.h"
@@ -20,6 +21,7 @@ namespace vantora {
 namespace {
 
 constexpr double kDimmed = 0.38;
+constexpr int kRing = 4;  // pixels that the focus ring takes at an edge, with its round corners
 constexpr qsizetype kPiecePoints = 128;  // points in a piece of a line; unseen pieces are skipped
 
 // A trace that moves up and down by more pixels than this per column is drawn as bars.
@@ -143,23 +145,26 @@ void DrawingWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
-void DrawingWidget::focusInEvent(QFocusEvent* event) {
-  ShowRing(event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason);
+void DrawingWidget::focusInEvent(QFocusEvent* /*event*/) {
+  RenewRing();
 }
 
 void DrawingWidget::focusOutEvent(QFocusEvent* /*event*/) {
-  ShowRing(false);
-}
-
-void DrawingWidget::ShowRing(bool ringed) {
-  if (std::exchange(ringed_, ringed) != ringed) update();
+  RenewRing();
 }
 
 // The focus ring surrounds the visible part of the picture, so it must be redrawn when the picture
-// moves.
+// moves. Only the ring is painted again: the picture itself is scrolled.
+void DrawingWidget::RenewRing() {
+  const QRect seen = hasFocus() ? visibleRegion().boundingRect() : QRect();
+  for (const QRect& ring : {std::exchange(ring_, seen), seen}) {
+    if (!ring.isEmpty()) update(QRegion(ring) - ring.adjusted(kRing, kRing, -kRing, -kRing));
+  }
+}
+
 void DrawingWidget::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (ringed_) update();
+  if (hasFocus()) RenewRing();
 }
 
 double DrawingWidget::Twips() const {
@@ -259,7 +264,7 @@ void DrawingWidget::paintEvent(QPaintEvent* event) {
   for (const Mark& mark : marks_) {
     if (event->region().intersects(mark.Reach)) Draw(painter, mark);
   }
-  if (ringed_) look::DrawFocusRing(painter, visibleRegion().boundingRect());
+  if (hasFocus()) look::DrawFocusRing(painter, visibleRegion().boundingRect());
 }
 
 void DrawingWidget::Draw(QPainter& painter, const Mark& mark) {
@@ -322,8 +327,10 @@ void DrawingWidget::DrawLine(QPainter& painter, const Mark& mark) {
     painter.drawPolyline(mark.Points.translated(0.5, 0.5));
     return;
   }
+  const bool line = mark.Points.size() == 2;
   for (qsizetype i = 0; i + 1 < mark.Points.size(); i += 2) {
-    painter.fillRect(QRectF(mark.Points[i], mark.Points[i + 1]), mark.Ink);
+    const QRectF bar(mark.Points[i], mark.Points[i + 1]);
+    painter.fillRect(line ? look::EvenLine(painter, bar) : bar, mark.Ink);
   }
 }
 

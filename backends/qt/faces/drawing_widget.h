@@ -2,6 +2,7 @@
 // thousands of points, so only the part that needs repainting is painted.
 #pragma once
 
+#include "backends/qt/faces/spoken.h"
 #include "backends/qt/pictures/pictures.h"
 
 #include "platform/controls.h"
@@ -16,7 +17,7 @@
 
 namespace vantora {
 
-class DrawingWidget final : public QWidget {
+class DrawingWidget final : public QWidget, public Spoken {
  public:
   DrawingWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
   // Returns true when the drawing has changed. `scale` is that of the window: below 1, the box has
@@ -57,14 +58,14 @@ class DrawingWidget final : public QWidget {
   static void DrawTurned(QPainter& painter, const Mark& mark);
   void DrawPicture(QPainter& painter, const Mark& mark);
   void TellWhetherOpaque();
-  void ShowRing(bool ringed);
+  void RenewRing();
 
   Pictures& pictures_;
   Text picture_;
   QColor ground_ = Qt::transparent;
   int revision_ = 0;
   double scale_ = 1;
-  bool ringed_ = false;  // true: the focus came by the keyboard
+  QRect ring_;  // around which the focus ring was drawn last
   std::vector<Mark> marks_;
 };
 

@@ -6,6 +6,7 @@
 #include "backends/qt/faces/level_bars.h"
 #include "backends/qt/faces/picture_widgets.h"
 #include "backends/qt/faces/words.h"
+#include "backends/qt/look/even_line.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/print/print_font.h"
 #include "backends/qt/windows/form_window.h"
@@ -35,7 +36,7 @@ void LetMouseThrough(QWidget& widget, bool through) {
 
 // A QLabel that draws its words itself. Screen readers get the words as its accessible name, since
 // the toolkit's own treatment of the text of focusable labels is not wanted.
-class WordsWidget final : public QLabel {
+class WordsWidget final : public QLabel, public Spoken {
  public:
   using QLabel::QLabel;
 
@@ -51,7 +52,7 @@ class WordsWidget final : public QLabel {
   void Renew() {
     if (!isVisible()) return;
     if (sinceRenewed_.isValid() && sinceRenewed_.elapsed() < kReadingMs) {
-      if (!late_.isActive()) late_.start(2 * kReadingMs, this);
+      if (!late_.isActive()) late_.start(kLateMs, this);
       return;
     }
     late_.stop();
@@ -62,6 +63,7 @@ class WordsWidget final : public QLabel {
  protected:
   void timerEvent(QTimerEvent* event) override {
     if (event->timerId() != late_.timerId()) return QLabel::timerEvent(event);
+    late_.stop();  // words that are hidden meanwhile are not painted
     sinceRenewed_.invalidate();
     Renew();
   }
@@ -77,7 +79,7 @@ class WordsWidget final : public QLabel {
   }
 
  private:
-  static constexpr int kReadingMs = 100;
+  static constexpr int kReadingMs = 150, kLateMs = 250;
 
   // Light and dark dashes in turn, visible on any background.
   void DrawFrame(QPainter& painter) const {
@@ -168,9 +170,7 @@ class LabelFace final : public PointedFace {
     const bool press = event.key() == Qt::Key_Space || event.key() == Qt::Key_Return ||
                        event.key() == Qt::Key_Enter;
     if (!press || event.isAutoRepeat()) return PassKey(event);
-    Fire([](Control& told) {
-      if (const auto act = told.Click ? told.Click : told.DblClick) act();
-    });
+    Act();
   }
   void FocusChanged(bool /*in*/) override { words_->update(); }
 
@@ -178,16 +178,29 @@ class LabelFace final : public PointedFace {
   LabelFace(Label& label, FormWindow& window, WordsWidget* words)
       : PointedFace(label, window, words), words_(words) {}
 
+  void Dress(const Control& control) override {
+    Face::Dress(control);
+    const auto& label = static_cast<const Label&>(control);
+    words_->OwnFont = !label.FontName().empty();
+    words_->Full =
+        words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
+  }
+
+  // A caption is found as the name of its button.
+  Said Says(const Control& control) const override {
+    const auto& label = static_cast<const Label&>(control);
+    if (label.Of != nullptr || words_->accessibleName().isEmpty()) return {};
+    const bool opens = label.TabStop && (control.Click || control.DblClick);
+    return {opens ? QAccessible::Link : QAccessible::StaticText};
+  }
+
   void Apply(Control& control) override {
     const auto& label = static_cast<const Label&>(control);
     LetMouseThrough(*words_, !HasMouseHandler(control));
     words_->setFocusPolicy(label.TabStop ? Qt::TabFocus : Qt::NoFocus);
     Invite(HasMouseHandler(control));
     words_->setMouseTracking(static_cast<bool>(control.MouseMove));
-    words_->OwnFont = !label.FontName().empty();
     words_->Framed = label.BorderStyle != 0;
-    words_->Full =
-        words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
     words_->Scale = window().Scale();
     if (words_->OwnFont) words_->Scale *= label.FontScale / kTwipsPerPixel;
     words_->Ink = look::Of(label.ForeColor);
@@ -196,7 +209,17 @@ class LabelFace final : public PointedFace {
     words_->setAlignment(Across(label.Align) | Qt::AlignTop);
     words_->Words = look::FromText(label.Caption);
     words_->Words.remove(u'\r');
+    words_->Press = nullptr;
+    if (control.Click || control.DblClick) {
+      words_->Press = [this] { PressedByReader([this] { Act(); }); };
+    }
     words_->Renew();
+  }
+
+  void Act() {
+    Fire([](Control& told) {
+      if (const auto act = told.Click ? told.Click : told.DblClick) act();
+    });
   }
 
   void Invite(bool toClick) {
@@ -223,6 +246,12 @@ class PictureFace final : public Face {
   PictureFace(PictureButton& picture, FormWindow& window, PictureWidget* widget)
       : Face(picture, window, widget), picture_(widget) {
     LetMouseThrough(*picture_, true);
+  }
+
+  Said Says(const Control& control) const override {
+    const Lamp lamp = static_cast<const PictureButton&>(control).State;
+    if (lamp != Lamp::None) return {QAccessible::CheckBox, -1, lamp};
+    return {control.AccessibleName().empty() ? QAccessible::NoRole : QAccessible::Graphic};
   }
 
   void Apply(Control& control) override {
@@ -293,8 +322,12 @@ class ButtonFace final : public Face {
  private:
   ButtonFace(PictureButton& button, FormWindow& window, ButtonWidget* widget)
       : Face(button, window, widget), button_(widget) {
-    // Only a screen reader's "press" action raises this signal: mouse and keys are handled above.
-    QObject::connect(button_, &QPushButton::clicked, button_, [this] { DownAndUp(); });
+    button_->Press = [this] { PressedByReader([this] { DownAndUp(); }); };
+  }
+
+  Said Says(const Control& control) const override {
+    const Lamp state = static_cast<const PictureButton&>(control).State;
+    return {state == Lamp::None ? QAccessible::Button : QAccessible::CheckBox, -1, state};
   }
 
   void Apply(Control& control) override {
@@ -351,7 +384,7 @@ class ButtonFace final : public Face {
   std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 
-class PanelWidget final : public QWidget {
+class PanelWidget final : public QWidget, public Spoken {
  public:
   using QWidget::QWidget;
   QColor Fill, Edge;
@@ -361,7 +394,10 @@ class PanelWidget final : public QWidget {
   void paintEvent(QPaintEvent* event) override {
     QPainter painter(this);
     painter.setOpacity(Opacity);
-    if (Fill.alpha() > 0) painter.fillRect(event->rect(), Fill);
+    const bool line = width() == 1 || height() == 1;
+    if (Fill.alpha() > 0) {
+      painter.fillRect(line ? look::EvenLine(painter, rect()) : QRectF(event->rect()), Fill);
+    }
     if (Edge.alpha() == 0) return;
     painter.setPen(Edge);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
@@ -376,6 +412,12 @@ class ShapeFace final : public Face {
  private:
   ShapeFace(Shape& shape, FormWindow& window, PanelWidget* panel)
       : Face(shape, window, panel), panel_(panel) {}
+
+  Said Says(const Control& control) const override {
+    const int percent = static_cast<const Shape&>(control).Percent;
+    if (percent != kNoGauge) return {QAccessible::ProgressBar, percent};
+    return {control.AccessibleName().empty() ? QAccessible::NoRole : QAccessible::Graphic};
+  }
 
   void Apply(Control& control) override {
     const auto& shape = static_cast<const Shape&>(control);
@@ -398,12 +440,28 @@ class DrawingFace final : public PointedFace {
   DrawingFace(PictureBox& box, FormWindow& window, DrawingWidget* drawing)
       : PointedFace(box, window, drawing), drawing_(drawing) {}
 
+  Said Says(const Control& control) const override {
+    const bool named = !control.AccessibleName().empty() || !control.ToolTipText().empty();
+    if (!control.KeyDown && (!named || window().Holds(control))) return {};
+    return {QAccessible::Canvas, -1, Lamp::None, look::FromText(control.AccessibleValue)};
+  }
+
   void Apply(Control& control) override {
     const auto& box = static_cast<const PictureBox&>(control);
     LetMouseThrough(*drawing_, !HasMouseHandler(control) && !window().Holds(control));
     drawing_->setMouseTracking(static_cast<bool>(control.MouseMove));
     drawing_->setFocusPolicy(control.KeyDown ? Qt::StrongFocus : Qt::NoFocus);
+    drawing_->Press = nullptr;
+    if (control.DblClick && !control.KeyDown) {
+      drawing_->Press = [this] { PressedByReader([this] { Open(); }); };
+    }
     if (drawing_->Set(box, window().Scale())) window().PaintAtOnce();
+  }
+
+  void Open() {
+    Fire([](Control& told) {
+      if (const auto open = told.DblClick) open();
+    });
   }
 
   DrawingWidget* drawing_;
@@ -417,6 +475,8 @@ class MeterFace final : public Face {
  private:
   MeterFace(LevelMeter& meter, FormWindow& window, LevelBars* bars)
       : Face(meter, window, bars), bars_(bars) {}
+
+  Said Says(const Control& /*control*/) const override { return bars_->Says(); }
 
   void Apply(Control& control) override {
     const auto& meter = static_cast<const LevelMeter&>(control);

@@ -17,7 +17,9 @@ int ButtonOf(const QMouseEvent& event) {
   return event.button() == Qt::RightButton ? kRightButton : 0;
 }
 
+// The caption of a container is not shown.
 Text CaptionOf(const Control& control) {
+  if (control.Kind() == ControlKind::PictureBox) return {};
   return control.Read(L"Caption").value_or(Text());
 }
 
@@ -25,6 +27,7 @@ QString SpokenName(const Control& control) {
   if (!control.AccessibleName().empty()) return look::Plain(control.AccessibleName);
   const Text caption = CaptionOf(control);
   if (!caption.empty()) return look::Plain(caption);
+  if (control.Kind() == ControlKind::Label) return {};
   if (!HasMouseHandler(control) && control.Kind() == ControlKind::PictureButton) return {};
   return look::FromText(control.ToolTipText);
 }
@@ -55,6 +58,7 @@ Pictures& Face::pictures() const {
 
 void Face::Retire() {
   control_ = nullptr;
+  if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Press = nullptr;
   widget_->hide();
 }
 
@@ -64,16 +68,27 @@ void Face::Sync() {
   shown->Dirty = false;
   const QRect place = look::Pixels(*shown, window_.Scale());
   if (widget_->geometry() != place) widget_->setGeometry(place);
-  const QFont font = look::FontOf(*shown, window_.Scale());
-  if (widget_->font() != font) widget_->setFont(font);
-  const QString tip = look::Tip(look::FromText(shown->ToolTipText));
-  if (widget_->toolTip() != tip) widget_->setToolTip(tip);
+  const auto dress = std::tie(shown->FontName(), shown->FontSize(), shown->FontBold(),
+                              shown->FontItalic(), shown->ToolTipText());
+  if (dress != dress_ || window_.Scale() != scale_) {
+    dress_ = dress;
+    scale_ = window_.Scale();
+    Dress(*shown);
+  }
   const QString name = SpokenName(*shown);
   if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
   widget_->setEnabled(Bright(*shown));
+  if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Say(*widget_, Says(*shown));
   Apply(*shown);
   const bool visible = shown->Visible && !place.isEmpty();
   if (widget_->isHidden() == visible) widget_->setVisible(visible);
+}
+
+void Face::Dress(const Control& control) {
+  const QFont font = look::FontOf(control, window_.Scale());
+  if (widget_->font() != font) widget_->setFont(font);
+  const QString tip = look::Tip(look::FromText(control.ToolTipText));
+  if (widget_->toolTip() != tip) widget_->setToolTip(tip);
 }
 
 void Face::Take(const std::function<void(Control&)>& change) {
@@ -89,6 +104,15 @@ void Face::Fire(const std::function<void(Control&)>& handler) {
   window_.Handle([&] {
     if (Control* told = control()) handler(*told);
   });
+}
+
+bool Face::ByReader() const {
+  return !window_.Syncing() && !window_.Touched();
+}
+
+void Face::PressedByReader(const std::function<void()>& act) {
+  const Control* pressed = control();
+  if (pressed != nullptr && window_.host().Model().TakesInput(*pressed)) act();
 }
 
 // The handler is copied before it runs: it may destroy its own form.

@@ -5,6 +5,8 @@
 // exist.
 #pragma once
 
+#include "backends/qt/faces/spoken.h"
+
 #include "platform/event_loop.h"
 
 #include <QObject>
@@ -12,6 +14,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <tuple>
 
 class QKeyEvent;
 class QMouseEvent;
@@ -46,11 +49,23 @@ class Face {
   virtual void KeyPress(QKeyEvent& event) { PassKey(event); }
   virtual void KeyRelease(QKeyEvent& event) { PassKey(event); }
   virtual void FocusChanged(bool /*in*/) {}
+  // The selected line of a list on the screen; null for none.
+  virtual QRect SelectedPlace() const { return {}; }
   // Position on the screen of a menu opened by a key.
   virtual QPoint MenuPlace() const { return widget_->mapToGlobal(widget_->rect().center()); }
 
  protected:
+  // Sets the font and the tooltip. Levels and times change many times a second, fonts hardly ever,
+  // and making a font takes long, so this function is called only when one of them has changed.
+  virtual void Dress(const Control& control);
   virtual void Apply(Control& control) = 0;
+  // What a screen reader learns of the control, for widgets that are Spoken.
+  virtual Said Says(const Control& /*control*/) const { return {}; }
+  // True: a widget changes, but neither by mouse or keys nor by Sync, so a screen reader changes
+  // it.
+  bool ByReader() const;
+  // Does what a screen reader's user presses, unless the control takes no input now.
+  void PressedByReader(const std::function<void()>& act);
   // True: a click with the left button raises Click. Controls that raise Click on a change of their
   // value do so themselves.
   virtual bool ClicksByMouse() const { return true; }
@@ -77,6 +92,9 @@ class Face {
   Control* control_;
   QWidget* widget_;
   QWidget* surface_;
+  // What the widget was dressed with: font, size, bold, italic, tooltip, and the window's scale.
+  std::tuple<Text, int, bool, bool, Text> dress_;
+  double scale_ = 0;
 };
 
 std::unique_ptr<Face> MakeFace(Control& control, FormWindow& window);

@@ -1,22 +1,26 @@
 // Faces of controls for user input: texts, choices, lists and sliders.
 
+#include "backends/qt/faces/cells.h"
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/slider_widget.h"
 #include "backends/qt/look/look.h"
 #include "backends/qt/loop/keys.h"
 #include "backends/qt/windows/form_window.h"
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QSignalBlocker>
+#include <QStyleOption>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
@@ -61,12 +65,24 @@ class TextFace final : public Face {
   TextFace(TextBox& box, FormWindow& window, LineWidget* line)
       : Face(box, window, line), line_(line) {
     line_->Accepts = [this](int character) { return Accepts(character); };
-    QObject::connect(line_, &QLineEdit::textEdited, line_, [this](const QString& text) {
+    QObject::connect(line_, &QLineEdit::textChanged, line_, [this](const QString& text) {
+      if (this->window().Syncing()) return;
+      if (ByReader() && !Welcome(text)) return;
       Take([&](Control& taken) { static_cast<TextBox&>(taken).Text = look::ToText(text); });
       Fire([](Control& told) {
         if (const auto change = static_cast<TextBox&>(told).Change) change();
       });
     });
+  }
+
+  // A screen reader writes the text at once, without keys. Keys that the box would have refused
+  // refuse the text, and the box keeps what it had.
+  bool Welcome(const QString& text) {
+    const auto taken = [this](const QChar letter) { return Accepts(letter.unicode()); };
+    if (std::all_of(text.begin(), text.end(), taken)) return true;
+    const QSignalBlocker quiet(line_);
+    if (const auto* box = As<TextBox>()) line_->setText(look::FromText(box->Text));
+    return false;
   }
 
   bool Accepts(int character) {
@@ -154,9 +170,13 @@ class CheckFace final : public Face {
  private:
   CheckFace(CheckBox& box, FormWindow& window, QCheckBox* check)
       : Face(box, window, check), check_(check) {
-    QObject::connect(check_, &QCheckBox::clicked, check_, [this](bool on) {
+    const auto take = [this](bool on) {
       Take([&](Control& taken) { static_cast<CheckBox&>(taken).Value = on ? 1 : 0; });
       FireClick();
+    };
+    QObject::connect(check_, &QCheckBox::clicked, check_, take);
+    QObject::connect(check_, &QCheckBox::toggled, check_, [this, take](bool on) {
+      if (ByReader()) take(on);
     });
   }
 
@@ -181,9 +201,13 @@ class OptionFace final : public Face {
   OptionFace(OptionButton& option, FormWindow& window, QRadioButton* radio)
       : Face(option, window, radio), radio_(radio) {
     window.Group(option.Group())->addButton(radio_);
-    QObject::connect(radio_, &QRadioButton::clicked, radio_, [this] {
+    const auto take = [this] {
       if (auto* chosen = As<OptionButton>()) chosen->SetValue(true);
       FireClick();
+    };
+    QObject::connect(radio_, &QRadioButton::clicked, radio_, take);
+    QObject::connect(radio_, &QRadioButton::toggled, radio_, [this, take](bool on) {
+      if (on && ByReader()) take();
     });
   }
 
@@ -216,9 +240,21 @@ class ComboFace final : public Face {
       Take([&](Control& taken) { static_cast<ComboBox&>(taken).ListIndex = line; });
       FireClick();
     });
+    // A screen reader selects a line of the list without opening it.
+    QObject::connect(combo_->view()->selectionModel(), &QItemSelectionModel::selectionChanged,
+                     combo_, [this](const QItemSelection& selected) {
+                       if (!ByReader() || selected.isEmpty() || combo_->view()->isVisible()) return;
+                       Choose(selected.indexes().first().row());
+                     });
   }
 
   bool ClicksByMouse() const override { return false; }
+
+  void Choose(int line) {
+    if (line == combo_->currentIndex() || this->window().Refused()) return;
+    combo_->setCurrentIndex(line);
+    emit combo_->activated(line);
+  }
 
   void Apply(Control& control) override {
     const auto& box = static_cast<const ComboBox&>(control);
@@ -245,28 +281,55 @@ class OpenList final : public QListWidget {
   using QListWidget::viewportEvent;
 };
 
-// Keeps lines from being wider than their list. A line that is too long is elided in the middle,
-// since its end matters, and its tooltip shows the whole line.
-class LineDelegate final : public QStyledItemDelegate {
+// Keeps lines from being wider than their list. A line that is too long is shortened in its middle,
+// since its end matters. A line with tab characters is drawn in columns.
+class LineDelegate final : public CellDelegate {
  public:
-  LineDelegate(const FormWindow& window, QObject* parent)
-      : QStyledItemDelegate(parent), window_(window) {}
+  LineDelegate(const FormWindow& window, QObject* parent) : CellDelegate(parent), window_(window) {}
+
+  std::vector<int> TabStops;  // in twips
 
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const int needed = QStyledItemDelegate::sizeHint(option, index).height();
+    const int needed = CellDelegate::sizeHint(option, index).height();
     const int line = look::Pixels(kListLine, window_.Scale());
     return {1, option.fontMetrics.height() <= line ? line : needed};
   }
 
-  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                 const QModelIndex& index) override {
-    const QSize needed = QStyledItemDelegate::sizeHint(option, index);
-    if (!index.isValid() || needed.width() <= view->visualRect(index).width()) return false;
-    QToolTip::showText(event->globalPos(), look::Tip(index.data().toString()), view);
-    return true;
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    if (TabStops.empty()) return CellDelegate::paint(painter, option, index);
+    QStyleOptionViewItem line(option);
+    initStyleOption(&line, index);
+    QStringList cells = line.text.split(u'\t');
+    cells.resize(static_cast<qsizetype>(TabStops.size()));
+    if (const QString note = index.data(kNoteRole).toString(); !note.isEmpty()) cells.back() = note;
+    line.text.clear();
+    const QWidget* list = option.widget;
+    list->style()->drawControl(QStyle::CE_ItemViewItem, &line, painter, list);
+    const bool chosen = line.state.testFlag(QStyle::State_Selected);
+    painter->setFont(line.font);
+    painter->setPen(line.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+    for (std::size_t i = 0; i < TabStops.size(); ++i) {
+      QRect cell = line.rect.adjusted(Pixels(TabStops[i]), 0, 0, 0);
+      if (i + 1 < TabStops.size()) cell.setRight(line.rect.left() + Pixels(TabStops[i + 1]) - 1);
+      cell.adjust(kCellMargin, 0, -kCellMargin, 0);
+      painter->drawText(cell, Qt::AlignLeft | Qt::AlignVCenter,
+                        line.fontMetrics.elidedText(cells[static_cast<qsizetype>(i)],
+                                                    Qt::ElideRight, cell.width()));
+    }
+  }
+
+  static constexpr int kNoteRole = Qt::UserRole;
+
+ protected:
+  QString Short(const QString& text, const QFontMetrics& metrics, int width) const override {
+    return metrics.elidedText(text, Qt::ElideMiddle, width);
   }
 
  private:
+  static constexpr int kCellMargin = 4;  // pixels
+  int Pixels(int twips) const { return look::Pixels(twips, window_.Scale()); }
+
   const FormWindow& window_;
 };
 
@@ -293,13 +356,12 @@ class ListFace final : public Face {
 
  private:
   ListFace(ListBox& box, FormWindow& window, OpenList* list)
-      : Face(box, window, list), list_(list) {
+      : Face(box, window, list), list_(list), lines_(new LineDelegate(window, list)) {
     SetSurface(list_->viewport());
     list_->setSelectionMode(box.MultiSelect ? QAbstractItemView::ExtendedSelection
                                             : QAbstractItemView::SingleSelection);
     list_->setUniformItemSizes(true);
-    list_->setItemDelegate(new LineDelegate(window, list_));
-    list_->setTextElideMode(Qt::ElideMiddle);
+    list_->setItemDelegate(lines_);
     list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     QObject::connect(list_->verticalScrollBar(), &QScrollBar::valueChanged, list_, [this](int top) {
       Take([&](Control& taken) { static_cast<ListBox&>(taken).TopIndex = top; });
@@ -322,15 +384,21 @@ class ListFace final : public Face {
     if (control() != nullptr) list_->viewportEvent(&event);
   }
 
+  static QString Spoken(QString line, const QString& note) {
+    return line.replace(u'\t', QLatin1String(", ")) + QLatin1String(", ") + note;
+  }
+
   void TakeChoice() {
     Take([&](Control& taken) {
       auto& box = static_cast<ListBox&>(taken);
       const int lines = std::min(box.ListCount(), list_->count());
+      int line = list_->currentRow();
       for (int i = 0; i < lines; ++i) {
         const bool on = list_->item(i)->isSelected();
-        if (box.Selected(i) != on) box.Select(i, on);
+        if (box.Selected(i) == on) continue;
+        box.Select(i, on);
+        if (on && !window().Touched()) line = i;  // a screen reader does not move the current line
       }
-      const int line = list_->currentRow();
       if (box.MultiSelect && line < lines) box.ListIndex = line;
     });
   }
@@ -340,6 +408,7 @@ class ListFace final : public Face {
     const int top = box.TopIndex;
     const bool moved = top != top_;
     look::InkField(*list_, box);
+    lines_->TabStops = box.TabStops;
     while (list_->count() > box.ListCount()) delete list_->takeItem(list_->count() - 1);
     for (int i = 0; i < box.ListCount(); ++i) {
       const QString text = look::FromText(box.List(i));
@@ -348,6 +417,10 @@ class ListFace final : public Face {
       } else if (list_->item(i)->text() != text) {
         list_->item(i)->setText(text);
       }
+      const QString note = look::FromText(box.Note(i));
+      if (note == list_->item(i)->data(LineDelegate::kNoteRole).toString()) continue;
+      list_->item(i)->setData(LineDelegate::kNoteRole, note);
+      list_->item(i)->setData(Qt::AccessibleTextRole, Spoken(text, note));
     }
     if (list_->currentRow() != box.ListIndex) {
       list_->setCurrentRow(box.ListIndex, QItemSelectionModel::NoUpdate);
@@ -360,6 +433,7 @@ class ListFace final : public Face {
   }
 
   OpenList* list_;
+  LineDelegate* lines_;
   int top_ = 0;  // first visible line, equal in widget and list
   bool changed_ = false;
 };

@@ -2,7 +2,6 @@
 
 #include "backends/qt/look/look.h"
 
-#include <QAccessibleWidget>
 #include <QPainter>
 
 #include <algorithm>
@@ -28,38 +27,10 @@ int LampPlace(const QRect& row, int lamp) {
   return row.left() + lamp * row.width() / Lamps(row);
 }
 
-// Levels change too often to be announced. A screen reader gets the level when it asks.
-class SpokenLevel final : public QAccessibleWidget, public QAccessibleValueInterface {
- public:
-  explicit SpokenLevel(LevelBars* bars) : QAccessibleWidget(bars, QAccessible::ProgressBar) {}
-
-  void* interface_cast(QAccessible::InterfaceType type) override {
-    if (type != QAccessible::ValueInterface) return QAccessibleWidget::interface_cast(type);
-    return static_cast<QAccessibleValueInterface*>(this);
-  }
-  QString text(QAccessible::Text wanted) const override {
-    if (wanted != QAccessible::Value) return QAccessibleWidget::text(wanted);
-    return QString::number(Percent()) + QStringLiteral(" %");
-  }
-  QVariant currentValue() const override { return Percent(); }
-  void setCurrentValue(const QVariant& /*value*/) override {}
-  QVariant minimumValue() const override { return 0; }
-  QVariant maximumValue() const override { return 100; }
-  QVariant minimumStepSize() const override { return 1; }
-
- private:
-  int Percent() const { return static_cast<const LevelBars*>(widget())->Percent(); }
-};
-
-QAccessibleInterface* Speak(const QString& /*kind*/, QObject* object) {
-  auto* bars = dynamic_cast<LevelBars*>(object);
-  return bars == nullptr ? nullptr : new SpokenLevel(bars);
-}
-
 }  // namespace
 
 LevelBars::LevelBars(QWidget* parent) : QWidget(parent) {
-  QAccessible::installFactory(Speak);     // repeated calls do no harm
+  Say(*this, {QAccessible::ProgressBar, 0});
   setAttribute(Qt::WA_OpaquePaintEvent);  // avoids repainting the widgets below with each level
 }
 
@@ -86,6 +57,7 @@ void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
   active_ = active;
   left_ = left;
   right_ = right;
+  SayPercent(Percent());
   if (!lamps.isEmpty()) update(lamps);
 }
 

@@ -1,7 +1,10 @@
 // Rows of small lamps, green, amber and red, that show the level of the left channel, the right
 // channel or both. They are vertical when the widget is higher than wide. A screen reader finds a
-// bar whose value is the louder channel, in percent of the row.
+// bar whose value is the louder channel, in percent of the row. Levels change too often to be
+// announced, so it gets the level when it asks.
 #pragma once
+
+#include "backends/qt/faces/spoken.h"
 
 #include "platform/controls.h"
 
@@ -9,7 +12,7 @@
 
 namespace vantora {
 
-class LevelBars final : public QWidget {
+class LevelBars final : public QWidget, public Spoken {
  public:
   explicit LevelBars(QWidget* parent);
   // Peaks from 0 to 32767. Repaints only lamps that change.

@@ -1,6 +1,7 @@
 // Widgets that show pictures: plain ones and buttons.
 #pragma once
 
+#include "backends/qt/faces/spoken.h"
 #include "backends/qt/pictures/pictures.h"
 
 #include "platform/text.h"
@@ -17,7 +18,7 @@ struct ShownPicture {
   double IconScale = 1;
 };
 
-class PictureWidget final : public QWidget {
+class PictureWidget final : public QWidget, public Spoken {
  public:
   PictureWidget(Pictures& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {}
   ShownPicture Shown;
@@ -29,8 +30,8 @@ class PictureWidget final : public QWidget {
   Pictures& pictures_;
 };
 
-// A push button that a screen reader finds as well. Without pictures it shows words.
-class ButtonWidget final : public QPushButton {
+// A push button. Without pictures it shows words.
+class ButtonWidget final : public QPushButton, public Spoken {
  public:
   ButtonWidget(Pictures& pictures, QWidget* parent);
 

@@ -1,6 +1,7 @@
 // The face of a list view: a table with a header and multiple selection, onto which files can be
 // dropped.
 
+#include "backends/qt/faces/cells.h"
 #include "backends/qt/faces/face.h"
 #include "backends/qt/faces/rows_model.h"
 #include "backends/qt/faces/words.h"
@@ -17,6 +18,7 @@
 #include <QTreeView>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 
 namespace vantora {
@@ -30,7 +32,6 @@ constexpr double kLineShare = 1.15;  // height of a line relative to the letters
 class HeadWidget final : public QHeaderView {
  public:
   explicit HeadWidget(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
-    setStretchLastSection(true);
     setSectionsMovable(false);
     setMinimumSectionSize(8);
   }
@@ -117,6 +118,16 @@ class TableFace final : public Face {
     if (changed_) FireItemClick(table_->currentIndex().row() + 1);
   }
 
+  QRect SelectedPlace() const override {
+    const QModelIndexList rows = table_->selectionModel()->selectedRows();
+    if (rows.isEmpty()) return {};
+    const QModelIndex current = table_->currentIndex().siblingAtColumn(0);
+    QRect place = table_->visualRect(rows.contains(current) ? current : rows.first());
+    place.setLeft(0);
+    place.setRight(table_->viewport()->width() - 1);
+    return {table_->viewport()->mapToGlobal(place.topLeft()), place.size()};
+  }
+
   QPoint MenuPlace() const override {
     const QRect row = table_->visualRect(table_->currentIndex());
     return row.isValid() ? table_->viewport()->mapToGlobal(row.bottomLeft() + QPoint(40, 0))
@@ -140,15 +151,17 @@ class TableFace final : public Face {
     table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setItemDelegate(new CellDelegate(table_));
     table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     QObject::connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, table_,
-                     [this] {
+                     [this](const QItemSelection& selected) {
                        if (this->window().Syncing()) return;
                        TakeSelection();
                        changed_ = true;
-                       if (!this->window().Touched()) {
-                         FireItemClick(table_->currentIndex().row() + 1);
-                       }
+                       if (this->window().Touched()) return;
+                       // A screen reader does not move the current row.
+                       FireItemClick(1 + (selected.isEmpty() ? table_->currentIndex().row()
+                                                             : selected.last().bottom()));
                      });
     table_->Over = [this](const QStringList& files) { return Over(files); };
     table_->Dropped = [this](const QStringList& files) { Dropped(files); };
@@ -217,8 +230,11 @@ class TableFace final : public Face {
     rows_->SetHeads(heads);
     if (widths == widths_) return;
     widths_ = widths;
-    for (std::size_t i = 0; i < widths.size(); ++i) {
-      table_->header()->resizeSection(static_cast<int>(i), widths[i]);
+    if (widths.empty()) return;
+    const auto widest = std::max_element(widths.begin(), widths.end()) - widths.begin();
+    for (int i = 0; i < static_cast<int>(widths.size()); ++i) {
+      head_->setSectionResizeMode(i, i == widest ? QHeaderView::Stretch : QHeaderView::Interactive);
+      head_->resizeSection(i, widths[static_cast<std::size_t>(i)]);
     }
   }
 

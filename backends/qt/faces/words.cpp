@@ -23,6 +23,20 @@ bool Fits(const QString& line, const QFontMetrics& metrics, int width) {
 
 }  // namespace
 
+QString Shortened(const QString& line, const QFontMetrics& metrics, int width) {
+  const qsizetype root = line.indexOf(QLatin1String(":\\"));
+  if (root < 0) return metrics.elidedText(line, Qt::ElideRight, width);
+  if (metrics.horizontalAdvance(line) <= width) return line;
+  const QString start = line.left(root + 2) + u'…';
+  qsizetype folder = line.indexOf(u'\\', root + 2);
+  for (; folder >= 0; folder = line.indexOf(u'\\', folder + 1)) {
+    QString shorter = start + line.mid(folder);
+    if (metrics.horizontalAdvance(shorter) <= width) return shorter;
+  }
+  const QString file = u'…' + line.mid(line.lastIndexOf(u'\\'));
+  return metrics.elidedText(file, Qt::ElideMiddle, width);
+}
+
 void DrawWords(QPainter& painter, const WordsLook& look) {
   if (look.Words.isEmpty() || look.Place.isEmpty()) return;
   painter.save();
@@ -41,7 +55,7 @@ void DrawWords(QPainter& painter, const WordsLook& look) {
     QStringList lines = look.Words.split(u'\n');
     for (QString& line : lines) {
       if (look.OwnFont || Fits(line, metrics, width)) continue;
-      line = metrics.elidedText(line, Qt::ElideRight, width);
+      line = Shortened(line, metrics, width);
     }
     painter.drawText(place, static_cast<int>(look.Align) | Qt::TextDontClip, lines.join(u'\n'));
   }

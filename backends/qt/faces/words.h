@@ -9,12 +9,13 @@
 #include <QRect>
 #include <QString>
 
+class QFontMetrics;
 class QPainter;
 
 namespace vantora {
 
 struct WordsLook {
-  QString Words;  // a line that is too long is elided at its end
+  QString Words;  // a line that is too long is elided
   QFont Font;     // at full size
   QColor Ink;
   QRect Place;  // pixels
@@ -23,6 +24,10 @@ struct WordsLook {
   double Scale = 1;      // lines break and end as at full size
   bool OwnFont = false;  // a font of the user's choice: lines are not elided
 };
+
+// Shortens a line that is wider than `width` pixels. A path loses folders in its middle, because
+// its beginning and the name of the file matter most. Other texts lose their end.
+QString Shortened(const QString& line, const QFontMetrics& metrics, int width);
 
 void DrawWords(QPainter& painter, const WordsLook& look);
 

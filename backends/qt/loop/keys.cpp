@@ -47,6 +47,8 @@ KeyStroke StrokeOf(const QKeyEvent& event) {
   stroke.Code = Code(event);
   stroke.Control = event.modifiers().testFlag(Qt::ControlModifier);
   stroke.Shift = event.modifiers().testFlag(Qt::ShiftModifier);
+  stroke.Alt = event.modifiers().testFlag(Qt::AltModifier);
+  stroke.Repeats = event.isAutoRepeat();
   const QString words = event.text();
   const int written = words.isEmpty() || !words[0].isPrint() ? 0 : words[0].unicode();
   const bool silent = stroke.Control || event.modifiers().testFlag(Qt::MetaModifier);
@@ -58,6 +60,7 @@ QKeyEvent EventOf(const KeyStroke& stroke, QEvent::Type type) {
   Qt::KeyboardModifiers held;
   held.setFlag(Qt::ControlModifier, stroke.Control);
   held.setFlag(Qt::ShiftModifier, stroke.Shift);
+  held.setFlag(Qt::AltModifier, stroke.Alt);
   QString words;
   if (stroke.Character == kKeyReturn) words = QStringLiteral("\r");
   if (stroke.Character >= kKeySpace) words = QChar(static_cast<char16_t>(stroke.Character));

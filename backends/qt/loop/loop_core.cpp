@@ -1,6 +1,7 @@
 #include "backends/qt/loop/loop_core.h"
 
 #include "backends/qt/look/look.h"
+#include "backends/qt/loop/menu_words.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -88,7 +89,10 @@ void QtEventLoop::Core::Appear(Form& form, bool modal, Form* behind) {
   if (!window.isVisible() && window.windowHandle() != nullptr) {
     window.windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->windowHandle());
   }
-  if (!window.isVisible() && owner != nullptr) window.StandOver(*owner);
+  if (!window.isVisible() && owner != nullptr) {
+    if (form.KeepClear != nullptr) owner->Sync();  // shows the row that is selected now
+    window.StandOver(*owner);
+  }
   window.Sync();
   GiveFirstFocus(window);
   if (window.isMinimized()) {
@@ -172,12 +176,15 @@ void QtEventLoop::Core::PopupMenu(Form& form, Menu& shown) {
   menuOwner_ = &form;
   menu->setObjectName(look::FromText(shown.Name));
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const MenuItem& item : shown.Items) {
+  const QStringList words = MenuWords(shown.Items);
+  for (std::size_t i = 0; i < shown.Items.size(); ++i) {
+    const MenuItem& item = shown.Items[i];
     if (item.Caption == L"-") {
       menu->addSeparator();
       continue;
     }
-    QAction* action = menu->addAction(look::Plain(item.Caption).replace(u'&', QLatin1String("&&")));
+    QAction* action = menu->addAction(words[static_cast<qsizetype>(i)]);
+    action->setData(look::Plain(item.Caption));
     action->setObjectName(look::FromText(item.Name));
     action->setEnabled(item.Enabled);
     // The handler runs after the menu has closed, so that the handler can open windows.
@@ -271,7 +278,7 @@ std::optional<std::int64_t> QtEventLoop::Core::Stamp(std::uint64_t stamp) {
 // ---- events ----
 
 void QtEventLoop::Core::Wake() {
-  QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+  QAbstractEventDispatcher::instance(thread())->wakeUp();
 }
 
 bool QtEventLoop::Core::HandleInput() {

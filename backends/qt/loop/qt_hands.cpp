@@ -438,8 +438,8 @@ void QtHands::ChooseMenu(Form& form, const Text& item) {
   const QString wanted = look::Plain(item);
   const QList<QAction*> actions = menu->actions();
   for (QAction* action : actions) {
-    const QString shown = action->text().replace(QLatin1String("&&"), QLatin1String("&"));
-    if (shown != wanted && action->objectName() != look::FromText(item)) continue;
+    if (action->data().toString() != wanted && action->objectName() != look::FromText(item))
+      continue;
     if (!action->isEnabled()) Refuse("the menu's " + wanted.toStdString() + " is disabled");
     fingers_->Do({[menu, chosen = QPointer<QAction>(action)] {
       if (menu == nullptr || chosen == nullptr) return;

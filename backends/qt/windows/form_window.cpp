@@ -88,6 +88,8 @@ FormWindow::FormWindow(Form& form, WindowHost& host) : form_(&form), host_(host)
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::NoFocus);
   setObjectName(look::FromText(form.Name));
+  LetScreenReadersIn();
+  Say(*this, {form.HasBorder ? QAccessible::Dialog : QAccessible::Window});
   held_.setSingleShot(true);
   connect(&held_, &QTimer::timeout, this, [this] {
     paintDue_ = true;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "backends/qt/faces/face.h"
+#include "backends/qt/faces/spoken.h"
 #include "backends/qt/windows/fit.h"
 #include "backends/qt/windows/window_host.h"
 
@@ -19,7 +20,7 @@ class QButtonGroup;
 
 namespace vantora {
 
-class FormWindow final : public QWidget {
+class FormWindow final : public QWidget, public Spoken {
  public:
   FormWindow(Form& form, WindowHost& host);
   ~FormWindow() override;
@@ -38,10 +39,11 @@ class FormWindow final : public QWidget {
   void FocusOn(const Control& control, Qt::FocusReason reason = Qt::OtherFocusReason);
   bool Holds(const Control& control) const;  // true: other controls lie in this one
   bool Pressed(const Face& face) const { return pressed_ == &face; }
-  double Scale() const { return scale_; }   // pixels of the window for a pixel of the form
-  void StandOver(const FormWindow& owner);  // centres this window over its owner
-  void PaintAtOnce();                       // paints soon, even if the last paint was just now
-  void Restore();                           // shows the window again after it was minimized
+  double Scale() const { return scale_; }  // pixels of the window for a pixel of the form
+  // Centres this window over its owner, clear of the row that the form wants to be seen.
+  void StandOver(const FormWindow& owner);
+  void PaintAtOnce();              // paints soon, even if the last paint was just now
+  void Restore();                  // shows the window again after it was minimized
   bool Refused() const;            // true: disabled, behind a modal window or without a form
   QButtonGroup* Group(int group);  // a group of option buttons
 
@@ -64,6 +66,7 @@ class FormWindow final : public QWidget {
   void ApplyGround(Color back);
   bool FillScreen(const QRect& place);
   void Stand(const QPoint& middle);
+  void StandClearOf(const QRect& seen);
   void Resize(const Fit& fit);
   void TellPlace();
   void LearnBorder();

@@ -83,6 +83,19 @@ void FormWindow::Resize(const Fit& fit) {
 void FormWindow::StandOver(const FormWindow& owner) {
   if (form_ == nullptr || isFullScreen()) return;
   Stand(MiddleOf(owner.geometry().marginsAdded(owner.border_)));
+  const Face* list = form_->KeepClear == nullptr ? nullptr : owner.FaceOf(*form_->KeepClear);
+  if (list != nullptr) StandClearOf(list->SelectedPlace());
+}
+
+// Below what is to be seen, or else above it.
+void FormWindow::StandClearOf(const QRect& seen) {
+  constexpr int kGap = 16;  // pixels; the rows beside it are seen as well
+  const QRect frame = geometry().marginsAdded(border_);
+  if (seen.isEmpty() || !frame.intersects(seen.adjusted(0, -kGap, 0, kGap))) return;
+  QRect place = frame;
+  place.moveTop(seen.bottom() + 1 + kGap);
+  if (!room_.contains(place)) place.moveBottom(seen.top() - 1 - kGap);
+  if (room_.contains(place)) Stand(MiddleOf(place));
 }
 
 // Writes the window's place to the form. The form is not marked as dirty for this, because the

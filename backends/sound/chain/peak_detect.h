@@ -4,6 +4,8 @@
 #include "platform/mmchain.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 
 namespace vantora {
 
@@ -11,28 +13,26 @@ struct Peaks {
   int Left = 0, Right = 0;  // 0 to 32768
 };
 
-// Finds the maximum and the minimum separately, so that the vector unit can work on 16-bit samples.
+// Keeps a maximum for each place in a vector, so that the vector unit finds them side by side.
 inline Peaks PeaksOf(const MMData& data) {
   constexpr std::size_t kLanes = 16;
-  std::array<std::int16_t, kLanes> high{}, low{};
-  std::size_t at = 0;
-  for (; at + kLanes <= data.Bytes / 2; at += kLanes) {
-    for (std::size_t lane = 0; lane < kLanes; ++lane) {
-      const std::int16_t sample = data.Samples[at + lane];
-      high[lane] = std::max(high[lane], sample);
-      low[lane] = std::min(low[lane], sample);
-    }
+  std::array<float, kLanes> peaks{};
+  const std::size_t count = data.Bytes / 2, whole = count / kLanes * kLanes;
+  const auto raise = [&](std::size_t lane, float sample) {
+    const float size = std::abs(sample);
+    peaks[lane] = size > peaks[lane] ? size : peaks[lane];
+  };
+  for (std::size_t at = 0; at < whole; at += kLanes) {
+    for (std::size_t lane = 0; lane < kLanes; ++lane) raise(lane, data.Samples[at + lane]);
   }
-  for (; at < data.Bytes / 2; ++at) {
-    high[at % kLanes] = std::max(high[at % kLanes], data.Samples[at]);
-    low[at % kLanes] = std::min(low[at % kLanes], data.Samples[at]);
-  }
-  Peaks peaks;
+  for (std::size_t at = whole; at < count; ++at) raise(at % kLanes, data.Samples[at]);
+  float left = 0, right = 0;
   for (std::size_t lane = 0; lane < kLanes; lane += 2) {
-    peaks.Left = std::max({peaks.Left, int{high[lane]}, -low[lane]});
-    peaks.Right = std::max({peaks.Right, int{high[lane + 1]}, -low[lane + 1]});
+    left = std::max(left, peaks[lane]);
+    right = std::max(right, peaks[lane + 1]);
   }
-  return peaks;
+  constexpr float kLoudest = 32768;
+  return {static_cast<int>(std::min(left, kLoudest)), static_cast<int>(std::min(right, kLoudest))};
 }
 
 class PeakDetect final : public MMPeakDetectX {

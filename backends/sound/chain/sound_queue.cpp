@@ -38,7 +38,8 @@ std::int64_t SoundQueue::Given() const {
 void SoundQueue::Append(const MMData& data, std::int64_t round) {
   const std::lock_guard lock(guard_);
   Piece& piece = ring_[(first_ + count_) % ring_.size()];
-  FillWaveHeader(piece.Sound, data.Samples.data(), data.Bytes);
+  CopyWaveHeader(data, piece.Sound.Samples.data(), data.Bytes);
+  piece.Sound.Bytes = data.Bytes;
   piece.Start = end_;
   piece.Round = round;
   end_ = piece.End();

@@ -45,7 +45,7 @@ class SoundQueue {
 
  private:
   struct Piece {
-    MMData Sound;
+    PcmData Sound;
     std::int64_t Start = 0, Round = 0;
 
     std::int64_t Frames() const { return static_cast<std::int64_t>(Sound.Bytes / 4); }

@@ -68,7 +68,10 @@ bool WaveIn::DeliverOne() {
   delivering_ = true;
   try {
     if (piece_.LostMs > 0 && OnOverrun) OnOverrun(piece_.LostMs);
-    if (!watch.expired()) Push(piece_.Data);
+    if (watch.expired()) return false;
+    MMData data;
+    FillWaveHeader(data, piece_.Data.Samples.data(), piece_.Data.Bytes);
+    Push(data);
   } catch (const Laufzeitfehler& error) {
     if (watch.expired()) return false;
     delivering_ = false;

@@ -135,7 +135,7 @@ void Equalizer::Hush() {
   }
 }
 
-void Equalizer::Process(std::int16_t* samples, std::size_t frames) {
+void Equalizer::Process(float* samples, std::size_t frames) {
   if (changed_) Solve();
   const bool flat = std::all_of(turned_.begin(), turned_.end(), [](double db) { return db == 0; });
   if (left_ == 0 && flat) return;
@@ -154,8 +154,8 @@ void Equalizer::Process(std::int16_t* samples, std::size_t frames) {
   RunAll<false>(work_.data() + done, frames - done);
   Hush();
   for (std::size_t n = 0; n < frames; ++n) {
-    samples[2 * n] = ToSample(static_cast<float>(work_[n][0]));
-    samples[2 * n + 1] = ToSample(static_cast<float>(work_[n][1]));
+    samples[2 * n] = static_cast<float>(work_[n][0]);
+    samples[2 * n + 1] = static_cast<float>(work_[n][1]);
   }
 }
 

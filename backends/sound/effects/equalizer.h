@@ -39,7 +39,7 @@ class Equalizer final : public SwitchedEffect<MMEqualizerX> {
 
   void Clear() override;
   void Settle() override;
-  void Process(std::int16_t* samples, std::size_t frames) override;
+  void Process(float* samples, std::size_t frames) override;
   void Solve();
   void Hush();
   void Glide(std::size_t frames);

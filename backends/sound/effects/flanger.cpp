@@ -153,7 +153,7 @@ inline void Flanger::Put(Channel& channel, float frame, float echo) {
   channel.Line[head_] = channel.Line[head_ + kLine] = next;
 }
 
-void Flanger::Sweep(const std::int16_t* samples, std::size_t frames) {
+void Flanger::Sweep(const float* samples, std::size_t frames) {
   const Course next = NextKnot(frames);
   const float share = 1 / static_cast<float>(static_cast<int>(frames));
   const auto step = [share](float from, float to) { return (to - from) * share; };
@@ -166,8 +166,7 @@ void Flanger::Sweep(const std::int16_t* samples, std::size_t frames) {
     at_.Late += move.Late;
     at_.Feedback += move.Feedback;
     at_.Strength += move.Strength;
-    const auto left = static_cast<float>(samples[2 * n]);
-    const auto right = static_cast<float>(samples[2 * n + 1]);
+    const float left = samples[2 * n], right = samples[2 * n + 1];
     const Reader reader = At(at_.Delay);
     const float middle = Read(middle_, reader), beside = Read(side_, reader);
     const float wide = Read(middle_, At(at_.Early)) - Read(middle_, At(at_.Late));
@@ -181,7 +180,7 @@ void Flanger::Sweep(const std::int16_t* samples, std::size_t frames) {
   at_ = next;
 }
 
-void Flanger::Process(std::int16_t* samples, std::size_t frames) {
+void Flanger::Process(float* samples, std::size_t frames) {
   if (dry_.RestsAt(1) && wet_.RestsAt(0)) return;
   if (!placed_) at_ = NextKnot(0);
   placed_ = true;
@@ -192,8 +191,8 @@ void Flanger::Process(std::int16_t* samples, std::size_t frames) {
     Sweep(samples + 2 * done, some);
     for (std::size_t i = 0; i < 2 * some; ++i) {
       const std::size_t n = done + i / 2;
-      std::int16_t& sample = samples[2 * done + i];
-      sample = ToSample(dryPath_[n] * static_cast<float>(sample) + wetPath_[n] * late_[i]);
+      float& sample = samples[2 * done + i];
+      sample = dryPath_[n] * sample + wetPath_[n] * late_[i];
     }
   }
 }

@@ -49,8 +49,8 @@ class Flanger final : public SwitchedEffect<MMFlangerX> {
 
   void Clear() override;
   void Settle() override;
-  void Process(std::int16_t* samples, std::size_t frames) override;
-  void Sweep(const std::int16_t* samples, std::size_t frames);  // result in late_
+  void Process(float* samples, std::size_t frames) override;
+  void Sweep(const float* samples, std::size_t frames);  // result in late_
   Course NextKnot(std::size_t frames);
   static Kernels MakeKernels();
   static const Kernels& SharedKernels();

@@ -178,12 +178,11 @@ void Reverb::Settle() {
 }
 
 // The input without constant offsets, scaled by the entrance glide.
-void Reverb::Enter(const std::int16_t* samples, std::size_t frames) {
+void Reverb::Enter(const float* samples, std::size_t frames) {
   entrance_.Fill(door_.data(), frames);
   const float step = (strength_ - strengthBefore_) / static_cast<float>(static_cast<int>(frames));
   for (std::size_t n = 0; n < frames; ++n) {
-    const float left = static_cast<float>(samples[2 * n]);
-    const float right = static_cast<float>(samples[2 * n + 1]);
+    const float left = samples[2 * n], right = samples[2 * n + 1];
     lastOut_[0] = Hushed(left - lastIn_[0] + kConstants * lastOut_[0]);
     lastOut_[1] = Hushed(right - lastIn_[1] + kConstants * lastOut_[1]);
     lastIn_ = {left, right};
@@ -245,7 +244,7 @@ void Reverb::Feed(Line& line, const Block& echo, std::size_t frames) const {
   line.Head += frames;
 }
 
-void Reverb::Work(std::int16_t* samples, std::size_t frames) {
+void Reverb::Work(float* samples, std::size_t frames) {
   strengthBefore_ = strength_;
   for (Line& line : lines_) line.Before = line.Again;
   const float feedback = feedback_.After(frames);
@@ -260,12 +259,12 @@ void Reverb::Work(std::int16_t* samples, std::size_t frames) {
   for (std::size_t i = 0; i < kEchoes; ++i) Feed(lines_[i], echoes_[i], frames);
   for (std::size_t n = 0; n < frames; ++n) {
     const float loud = loud_[n] * door_[n];
-    samples[2 * n] = ToSample(static_cast<float>(samples[2 * n]) + loud * wetLeft_[n]);
-    samples[2 * n + 1] = ToSample(static_cast<float>(samples[2 * n + 1]) + loud * wetRight_[n]);
+    samples[2 * n] += loud * wetLeft_[n];
+    samples[2 * n + 1] += loud * wetRight_[n];
   }
 }
 
-void Reverb::Process(std::int16_t* samples, std::size_t frames) {
+void Reverb::Process(float* samples, std::size_t frames) {
   for (std::size_t done = 0; done < frames;) {
     if (next_ && (silent_ || exit_.RestsAt(0))) MoveIn();
     if (silent_) return;

@@ -62,13 +62,13 @@ class Reverb final : public SwitchedEffect<MMReverbX> {
 
   void Clear() override;
   void Settle() override;
-  void Process(std::int16_t* samples, std::size_t frames) override;
+  void Process(float* samples, std::size_t frames) override;
   Room Read(const Text& iniFile, const Text& section);
   void MoveIn();  // switches to next_
   void Empty();
   void Aim(float feedback);  // sets the gains of the repeats
-  void Work(std::int16_t* samples, std::size_t frames);
-  void Enter(const std::int16_t* samples, std::size_t frames);
+  void Work(float* samples, std::size_t frames);
+  void Enter(const float* samples, std::size_t frames);
   void Listen(const Line& line, Block& echo, std::size_t frames);
   void Exchange(std::size_t frames);
   void Feed(Line& line, const Block& echo, std::size_t frames) const;

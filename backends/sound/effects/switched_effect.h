@@ -5,7 +5,6 @@
 #include "platform/mmchain.h"
 
 #include <cstddef>
-#include <cstdint>
 
 namespace vantora {
 
@@ -14,15 +13,6 @@ namespace vantora {
 inline constexpr int kGlideFrames = 1323;  // 30 ms
 
 inline constexpr std::size_t kBufferFrames = kBufferBytes / 4;
-
-// Rounds to the nearest sample, ties to even, and clips. Adding the constant leaves no bits for the
-// fraction.
-inline std::int16_t ToSample(float value) {
-  constexpr float kRounder = 12'582'912.0F;  // 1.5 * 2^23
-  const float low = value < -32768.0F ? -32768.0F : value;
-  const float inside = low > 32767.0F ? 32767.0F : low;
-  return static_cast<std::int16_t>(static_cast<int>((inside + kRounder) - kRounder));
-}
 
 // Flushes tiny values in a feedback loop to 0: they are inaudible but slow to compute.
 inline float Hushed(float value) {
@@ -56,7 +46,7 @@ class SwitchedEffect : public Interface {
  protected:
   virtual void Clear() = 0;   // forgets past sound, and restarts from the neutral setting
   virtual void Settle() = 0;  // completes all glides at once
-  virtual void Process(std::int16_t* samples, std::size_t frames) = 0;
+  virtual void Process(float* samples, std::size_t frames) = 0;
 
  private:
   bool on_ = false;

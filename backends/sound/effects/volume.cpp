@@ -1,4 +1,3 @@
-// Samples and volume are integers, so the product is exact and is rounded once, ties to even.
 #include "backends/sound/effects/volume.h"
 
 #include <algorithm>
@@ -7,8 +6,7 @@ namespace vantora {
 
 namespace {
 
-constexpr int kUnityBits = 14;
-constexpr float kUnity = 1U << kUnityBits;
+constexpr float kUnity = 16384;
 
 }  // namespace
 
@@ -22,16 +20,10 @@ void Volume::Clear() {
   volume_.From(kUnity);
 }
 
-void Volume::Process(std::int16_t* samples, std::size_t frames) {
+void Volume::Process(float* samples, std::size_t frames) {
   if (volume_.RestsAt(kUnity)) return;
   volume_.Fill(path_.data(), frames);
-  for (std::size_t i = 0; i < 2 * frames; ++i) {
-    const auto volume = static_cast<std::int16_t>(path_[i / 2]);
-    const int product = int{samples[i]} * int{volume};
-    const int odd = (product >> kUnityBits) & 1;
-    const int rounded = (product + (1 << (kUnityBits - 1)) - 1 + odd) >> kUnityBits;
-    samples[i] = static_cast<std::int16_t>(std::clamp(rounded, -32768, 32767));
-  }
+  for (std::size_t i = 0; i < 2 * frames; ++i) samples[i] *= path_[i / 2] / kUnity;
 }
 
 }  // namespace vantora

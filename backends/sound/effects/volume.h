@@ -16,7 +16,7 @@ class Volume final : public SwitchedEffect<MMVolumeX> {
  private:
   void Clear() override;
   void Settle() override { volume_.Settle(); }
-  void Process(std::int16_t* samples, std::size_t frames) override;
+  void Process(float* samples, std::size_t frames) override;
 
   Glide volume_;
   std::array<float, kBufferFrames> path_{};

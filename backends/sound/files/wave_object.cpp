@@ -179,7 +179,20 @@ void WaveObject::ReadRange(MMData& data) {
   if (start != cursor_) position_ = cursor_ = start;
   const std::int64_t bytes = std::min(end - start, std::int64_t{kBufferBytes});
   const auto whole = static_cast<std::size_t>(bytes / kFrameBytes * kFrameBytes);
-  data.Bytes = ReadData(data.Samples.data(), whole) / kFrameBytes * kFrameBytes;
+  PcmData sound;
+  sound.Bytes = ReadData(sound.Samples.data(), whole) / kFrameBytes * kFrameBytes;
+  FillWaveHeader(data, sound.Samples.data(), sound.Bytes);
+}
+
+void WaveObject::PeekRange(MMData& data) {
+  const std::int64_t position = position_, cursor = cursor_;
+  try {
+    ReadRange(data);
+  } catch (const Laufzeitfehler&) {
+    data.Bytes = 0;  // the reading that follows reports it
+  }
+  position_ = position;
+  cursor_ = cursor;
 }
 
 void WaveObject::MakeAnew() {
@@ -206,7 +219,9 @@ void WaveObject::Append(const MMData& data) {
   if (state_ != State::Open) RaiseClosed();
   aheadBytes_ = 0;
   wave_.SetPosition(wave_.DataBytes());
-  wave_.Write(data.Samples.data(), data.Bytes);
+  PcmData sound;
+  CopyWaveHeader(data, sound.Samples.data(), data.Bytes);
+  wave_.Write(sound.Samples.data(), data.Bytes);
 }
 
 }  // namespace vantora

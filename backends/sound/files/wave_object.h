@@ -34,6 +34,7 @@ class WaveObject final : public MMWaveObject {
 
   // Used by the component.
   void ReadRange(MMData& data);  // whole frames of the playing range from the position
+  void PeekRange(MMData& data);  // the same, but the position stays; empty when reading fails
   void MakeAnew();               // creates an empty file and its folder, and opens it
   void Append(const MMData& data);
 
@@ -65,6 +66,7 @@ class WaveComponent final : public MMWaveFileX {
   explicit WaveComponent(Dateien& dateien) : MMWaveFileX(object_), object_(dateien) {}
 
   void Pull(MMData& data) override { object_.ReadRange(data); }
+  void Peek(MMData& data) override { object_.PeekRange(data); }
   void Rewind() override { object_.SetPosition(object_.PlayStart); }
   void Receive() override {
     if (!object_.FileName().empty()) object_.MakeAnew();

@@ -1,5 +1,7 @@
 #include "backends/sound/restoration/ar_model.h"
 
+#include "backends/sound/edits/vector_unit.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,10 +11,11 @@ namespace {
 
 constexpr double kMostReflection = 0.999999;  // with 1 the model would never forget
 
-// The reflection that leaves least of both errors. Sums in eight parts, so that the vector unit can
-// take them side by side.
-double Reflection(const float* forward, const float* backward, std::size_t count) {
-  constexpr std::size_t kParts = 8;
+// The reflection that leaves least of both errors. Sums in sixteen parts, so that the vector unit
+// can take them side by side.
+VANTORA_VECTOR_UNIT double Reflection(const float* forward, const float* backward,
+                                      std::size_t count) {
+  constexpr std::size_t kParts = 16;
   std::array<float, kParts> both{}, cross{};
   std::size_t i = 0;
   for (; i + kParts <= count; i += kParts) {
@@ -37,7 +40,8 @@ double Reflection(const float* forward, const float* backward, std::size_t count
 
 // One stage of the lattice: both errors of the next order. `backward` belongs to the sample at
 // which its prediction aims, so that nothing moves from stage to stage.
-void Stage(float* __restrict forward, float* __restrict backward, std::size_t count, float k) {
+VANTORA_VECTOR_UNIT void Stage(float* __restrict forward, float* __restrict backward,
+                               std::size_t count, float k) {
   for (std::size_t i = 0; i < count; ++i) {
     const float f = forward[i], b = backward[i];
     forward[i] = f + k * b;
@@ -45,10 +49,32 @@ void Stage(float* __restrict forward, float* __restrict backward, std::size_t co
   }
 }
 
+VANTORA_VECTOR_UNIT double Weighted(const float* sound, const double* weights, std::size_t count) {
+  constexpr std::size_t kParts = 8;
+  std::array<double, kParts> parts{};
+  std::size_t i = 0;
+  for (; i + kParts <= count; i += kParts) {
+    for (std::size_t part = 0; part < kParts; ++part) {
+      parts[part] += weights[i + part] * double{sound[i + part]};
+    }
+  }
+  double sum = 0;
+  for (; i < count; ++i) sum += weights[i] * double{sound[i]};
+  for (const double part : parts) sum += part;
+  return sum;
+}
+
 }  // namespace
 
 ArModel::ArModel(std::size_t order, std::size_t longest)
-    : order_(order), forward_(longest), backward_(longest) {
+    : order_(order),
+      forward_(longest),
+      backward_(longest),
+      reflection_(order),
+      a_(order + 1),
+      backwards_(order + 1),
+      band_(kLongestGap, std::vector<double>(std::min(order, kLongestGap) + 1)),
+      errors_(kLongestGap + order) {
   a_[0] = 1;
 }
 
@@ -57,7 +83,7 @@ void ArModel::Fit(const float* sound, std::size_t length) {
   std::copy_n(sound, length, backward_.begin());
   float* const forward = forward_.data();
   float* const backward = backward_.data();
-  a_.fill(0);
+  std::fill(a_.begin(), a_.end(), 0.0);
   a_[0] = 1;
   for (std::size_t m = 1; m <= order_ && m < length; ++m) {
     const std::size_t count = length - m;
@@ -82,11 +108,9 @@ void ArModel::Filter(const float* sound, std::size_t length) {
 }
 
 void ArModel::Errors(const float* sound, std::size_t first, std::size_t rows) {
+  for (std::size_t k = 0; k <= order_; ++k) backwards_[order_ - k] = a_[k];
   for (std::size_t row = 0; row < rows; ++row) {
-    const float* const newest = sound + first + row;
-    double error = 0;
-    for (std::size_t k = 0; k <= order_; ++k) error += a_[k] * double{*(newest - k)};
-    errors_[row] = error;
+    errors_[row] = Weighted(sound + first + row - order_, backwards_.data(), order_ + 1);
   }
 }
 
@@ -140,13 +164,13 @@ float ArModel::Fill(float* sound, std::size_t first, std::size_t count, std::siz
     for (std::size_t row = 0; row < rows; ++row) sum += errors_[row] * errors_[row];
     return sum;
   };
-  const double before = energy();
+  before_ = energy();
   std::fill_n(sound + first, count, 0.0F);
   Errors(sound, first, rows);
   Equations(count, rows);
   Solve(count);
   for (std::size_t i = 0; i < count; ++i) sound[first + i] = static_cast<float>(gap_[i]);
-  return before > 0 ? static_cast<float>(std::min(energy() / before, 1.0)) : 0.0F;
+  return before_ > 0 ? static_cast<float>(std::min(energy() / before_, 1.0)) : 0.0F;
 }
 
 }  // namespace vantora

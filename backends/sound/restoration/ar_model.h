@@ -1,6 +1,6 @@
 // A short piece of sound as the output of an all-pole filter: each sample is a weighted sum of the
 // ones before it plus an error. Music is predicted well by such a model, damage is not, so the
-// error shows the damage and the model tells what should have been there.
+// error shows the damage and the model shows what should have been there.
 //
 // Fit: Burg's recursion (J. P. Burg, "Maximum entropy spectral analysis", 1967). It needs no window
 // and leaves both prediction errors behind. Fill: least-squares interpolation (A. J. E. M. Janssen,
@@ -16,10 +16,9 @@ namespace vantora {
 
 class ArModel {
  public:
-  static constexpr std::size_t kMostOrder = 64;
-  static constexpr std::size_t kLongestGap = 160;
+  static constexpr std::size_t kLongestGap = 240;
 
-  // How many samples a prediction rests on, at most kMostOrder; the longest piece, in samples.
+  // How many samples a prediction rests on; the longest piece, in samples.
   ArModel(std::size_t order, std::size_t longest);
 
   std::size_t Order() const { return order_; }
@@ -38,6 +37,7 @@ class ArModel {
   // `length`; with nothing behind it the gap is the prediction of what stands before. Returns the
   // part of the error's energy that is left; 0 to 1.
   float Fill(float* sound, std::size_t first, std::size_t count, std::size_t length);
+  double Before() const { return before_; }  // the error's energy before the last Fill
 
  private:
   void Errors(const float* sound, std::size_t first, std::size_t rows);
@@ -45,13 +45,15 @@ class ArModel {
   void Solve(std::size_t count);
 
   const std::size_t order_;
+  double before_ = 0;
   std::vector<float> forward_, backward_;
-  std::array<float, kMostOrder> reflection_{};
-  std::array<double, kMostOrder + 1> a_{};  // error = sum of a_[k] * sample[n - k], a_[0] = 1
+  std::vector<float> reflection_;
+  std::vector<double> a_;          // error = sum of a_[k] * sample[n - k], a_[0] = 1
+  std::vector<double> backwards_;  // a_ from its end on
   // The equations of a gap, of which only the band up to the order beside the diagonal is not 0.
-  std::array<std::array<double, kMostOrder + 1>, kLongestGap> band_{};
+  std::vector<std::vector<double>> band_;
   std::array<double, kLongestGap> gap_{};
-  std::array<double, kLongestGap + kMostOrder> errors_{};
+  std::vector<double> errors_;
 };
 
 }  // namespace vantora

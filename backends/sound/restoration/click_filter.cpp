@@ -9,204 +9,365 @@ namespace {
 
 constexpr float kMedianOfNormal = 0.6745F;  // of the magnitudes, in standard deviations
 constexpr float kLeastError = 0.5F;         // what counts as usual in silence, in 16-bit units
-constexpr float kEdgeOfDamage = 0.4F;       // of the limit: where damage that was found ends
-constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves and damage not
+constexpr float kEdgeOfDamage = 0.45F;      // of the limit: where damage that was found ends
+constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves and damage does not
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
 constexpr float kLongTrace = 0.1F;
-constexpr float kSwellTrace = 0.15F;
-constexpr std::size_t kBlind = 12;  // samples behind a gap that it takes to tell the two
-constexpr std::size_t kLongestBlind = 16;
-constexpr float kBlindTimes = 1.5F;  // the limit where there are fewer
-constexpr std::size_t kNear = 24;    // samples between gaps that belong together
-constexpr int kSwellTries = 4;       // in a piece
+constexpr std::size_t kNear = 24;  // samples between gaps that belong together
+constexpr int kRounds = 3;         // of repair on trial
+constexpr int kLongRounds = 2;
+constexpr std::size_t kOrder = 400;   // of the long model: a period of 110 Hz
+constexpr std::size_t kHarmonic = 4;  // errors that come back, of which the long model is asked
+constexpr std::size_t kPulse = 3;     // samples within the edge of a period
+constexpr float kAgain = 0.6F;        // of an error: as great it must come back
 
 std::size_t OrderOf(ClickFilter::Damage damage) {
-  return damage == ClickFilter::Damage::kClicks ? 64 : 32;
+  return damage == ClickFilter::Damage::kClicks ? std::size_t{48} : std::size_t{32};
+}
+
+std::size_t MarginOf(ClickFilter::Damage damage) {  // samples that are seen, but not decided yet
+  return damage == ClickFilter::Damage::kClicks ? 384 : 128;
 }
 
 }  // namespace
 
 ClickFilter::ClickFilter(Damage damage)
     : damage_(damage),
-      model_(OrderOf(damage), kPast + kBlock),
-      heard_(kPast + kBlock),
-      repaired_(kPast + kBlock),
-      error_(kPast + kBlock),
-      sorted_(kStretch) {
-  gaps_.reserve(kBlock);
+      model_(OrderOf(damage), kLongest),
+      long_(kOrder, kLongest),
+      raw_(2 * kBlock),
+      heard_(kLongest),
+      repaired_(kLongest),
+      forward_(kLongest),
+      error_(kLongest),
+      sorted_(kStretch),
+      limit_(kLongest),
+      up_(kLongest),
+      down_(kLongest) {
+  gaps_.reserve(kLongest);
+  before_.reserve(kLongest);
 }
 
-void ClickFilter::Process(float level, float* sound, std::size_t count) {
-  length_ = kPast + count;
-  std::copy_n(sound, count, heard_.begin() + kPast);
-  std::copy_n(heard_.begin(), length_, repaired_.begin());
-  gaps_.clear();
-  if (level > 0) {
-    const Measure measure = MeasureOf(level);
-    model_.Fit(heard_.data(), length_);
-    Search(measure);
-    for (int round = 0; round < kRounds && !gaps_.empty(); ++round) {
-      std::copy_n(heard_.begin(), length_, repaired_.begin());
-      for (const Gap& gap : gaps_) model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
-      model_.Fit(repaired_.data(), length_);
-      model_.Filter(heard_.data(), length_);
-      Search(measure);
-    }
-    CloseOpenGap(measure);
-    Repair();
-    if (damage_ == Damage::kClicks) RepairSwells(measure);
-  }
+std::size_t ClickFilter::Process(float level, float* sound, std::size_t count, float* follows,
+                                 std::size_t following) {
+  Take(sound, count, follows, following);
+  const std::size_t margin = std::min(MarginOf(damage_), following);
+  begin_ = kPast + done_;
+  end_ = std::max(kPast + count + following - margin, begin_);
+  base_ = begin_ - kPast;
+  length_ = kPast + count + following;
+  if (level > 0 && end_ > begin_) Work(MeasureOf(level));
   std::copy_n(repaired_.begin() + kPast, count, sound);
-  Keep(count);
+  const std::size_t final = end_ - kPast - count;
+  std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(kPast + count), final, follows);
+  done_ = final;
+  known_ = following;
+  const auto shift = static_cast<std::ptrdiff_t>(count);
+  std::copy(repaired_.begin() + shift, repaired_.begin() + static_cast<std::ptrdiff_t>(end_),
+            repaired_.begin());
+  return final;
+}
+
+// What was decided about samples holds as long as they come as they were announced.
+void ClickFilter::Take(const float* sound, std::size_t count, const float* follows,
+                       std::size_t following) {
+  const std::size_t same = std::min({count, known_, done_});
+  if (done_ > count + following || !std::equal(sound, sound + same, raw_.begin())) done_ = 0;
+  std::copy_n(repaired_.begin(), kPast + done_, heard_.begin());
+  const auto behind = raw_.begin() + static_cast<std::ptrdiff_t>(count);
+  std::copy_n(sound, count, raw_.begin());
+  std::copy_n(follows, following, behind);
+  const auto done = static_cast<std::ptrdiff_t>(done_);
+  std::copy(raw_.begin() + done, behind + static_cast<std::ptrdiff_t>(following),
+            heard_.begin() + kPast + done);
+  std::copy_n(heard_.begin(), kPast + count + following, repaired_.begin());
+  std::copy_n(raw_.begin() + static_cast<std::ptrdiff_t>(count), following, raw_.begin());
 }
 
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
-    const float times = 3.5F + 9 * mild;
-    return {times, 0.3F * times, 16 + static_cast<std::size_t>(96 * s), 6, 1};
+    return {3.5F + 2.5F * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1};
   }
-  return {3 + 8 * mild, 0, 4 + static_cast<std::size_t>(16 * s), 2, 4};
+  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4};
 }
 
-// The limit over which a sample is suspected, for each stretch. That of a neighbour counts too, so
-// that the music's own changes are not taken for damage.
-void ClickFilter::MeasureStretches(const Measure& measure) {
-  const float* const forward = model_.Forward();
-  const float* const backward = model_.Backward();
-  std::array<float, kStretches> usual{}, peak{};
-  std::size_t count = 0;
-  for (; count * kStretch < length_; ++count) {
-    const std::size_t from = std::min(count * kStretch, length_ - kStretch);
-    for (std::size_t i = 0; i < kStretch; ++i) {
-      sorted_[i] = std::abs(forward[from + i]);
-      error_[from + i] = std::min(sorted_[i], std::abs(backward[from + i]));
-      peak[count] = std::max(peak[count], error_[from + i]);
+void ClickFilter::Work(const Measure& measure) {
+  const std::size_t total = length_ - base_;
+  model_.Fit(heard_.data() + base_, total);
+  MeasureStretches(model_, measure);
+  Search(model_, measure);
+  for (int round = 0; round < kRounds && !gaps_.empty(); ++round) {
+    FillAll(model_);
+    model_.Fit(repaired_.data() + base_, total);
+    MeasureStretches(model_, measure);
+    model_.Filter(heard_.data() + base_, total);
+    before_ = gaps_;
+    Search(model_, measure);
+    const bool same = gaps_.size() == before_.size() &&
+                      std::equal(gaps_.begin(), gaps_.end(), before_.begin(), [](auto& a, auto& b) {
+                        return a.First == b.First && a.Count == b.Count;
+                      });
+    if (same) break;
+  }
+  if (spared_ >= kHarmonic)
+    WorkOnHarmonics(measure);
+  else
+    Repair(model_);
+}
+
+// Damage in the middle of a period's edge hides it, and a short model would smooth the edge away
+// with the damage. A long one knows the edge from the periods around.
+void ClickFilter::WorkOnHarmonics(const Measure& measure) {
+  const std::size_t total = length_ - base_;
+  FillAll(model_);
+  for (int round = 0; round < kLongRounds; ++round) {
+    long_.Fit(repaired_.data() + base_, total);
+    FillAll(long_);
+    long_.Fit(repaired_.data() + base_, total);
+    MeasureStretches(long_, measure);
+    before_ = gaps_;
+    Search(long_, measure);
+    Unite();
+    FillAll(long_);
+  }
+  Repair(long_);
+}
+
+// The gaps that were found now and before.
+void ClickFilter::Unite() {
+  gaps_.insert(gaps_.end(), before_.begin(), before_.end());
+  std::sort(gaps_.begin(), gaps_.end(),
+            [](const Gap& a, const Gap& b) { return a.First < b.First; });
+  std::size_t last = 0;
+  for (std::size_t i = 1; i < gaps_.size(); ++i) {
+    if (gaps_[i].First <= gaps_[last].End() + 1) {
+      gaps_[last].Count = std::max(gaps_[last].End(), gaps_[i].End()) - gaps_[last].First;
+    } else {
+      gaps_[++last] = gaps_[i];
     }
-    const auto middle = sorted_.begin() + kStretch / 2;
-    std::nth_element(sorted_.begin(), middle, sorted_.end());
-    usual[count] = std::max(*middle / kMedianOfNormal, kLeastError);
   }
-  std::sort(peak.begin(), peak.begin() + static_cast<std::ptrdiff_t>(count));
-  const float crest = measure.Crest * peak[(count - 1) / 2];
-  for (std::size_t i = 0; i < count; ++i) {
-    const float around =
-        std::max({usual[i > 0 ? i - 1 : 0], usual[i], usual[std::min(i + 1, count - 1)]});
-    limit_[i] = std::max(measure.Times * around, crest);
-  }
-  blindLimit_ = std::max(kBlindTimes * limit_[count - 1], kBlindTimes * peak[(count - 1) / 2]);
+  if (!gaps_.empty()) gaps_.resize(last + 1);
+  std::erase_if(gaps_, [](const Gap& gap) { return gap.Count > ArModel::kLongestGap; });
 }
 
-void ClickFilter::Search(const Measure& measure) {
-  MeasureStretches(measure);
+// The long model reaches from gap to gap, so it starts from what was filled in before.
+void ClickFilter::FillAll(ArModel& model) {
+  const auto base = static_cast<std::ptrdiff_t>(base_),
+             length = static_cast<std::ptrdiff_t>(length_);
+  if (&model == &model_) {
+    std::copy(heard_.begin() + base, heard_.begin() + length, repaired_.begin() + base);
+  }
+  for (const Gap& gap : gaps_) {
+    model.Fill(repaired_.data() + base_, gap.First - base_, gap.Count, length_ - base_);
+  }
+}
+
+// The limit over which a sample is suspected, for each stretch: by the middle one of the three
+// medians before it and of the three behind it, so that damage of a stretch's length counts
+// nowhere, and of these the greater one, so that a sound that begins is not taken for damage.
+void ClickFilter::MeasureStretches(const ArModel& model, const Measure& measure) {
+  const float* const forward = model.Forward();
+  const std::size_t total = length_ - base_;
+  std::size_t count = 0;
+  for (; count * kStretch < total; ++count) {
+    const std::size_t from = total < kStretch ? 0 : std::min(count * kStretch, total - kStretch);
+    const std::size_t size = std::min(kStretch, total);
+    for (std::size_t i = 0; i < size; ++i) sorted_[i] = std::abs(forward[from + i]);
+    const auto middle = sorted_.begin() + static_cast<std::ptrdiff_t>(size / 2);
+    std::nth_element(sorted_.begin(), middle, sorted_.begin() + static_cast<std::ptrdiff_t>(size));
+    usual_[count] = std::max(*middle / kMedianOfNormal, kLeastError);
+  }
+  const auto middle = [](float a, float b, float c) {
+    return std::max(std::min(a, b), std::min(std::max(a, b), c));
+  };
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto at = [&](std::ptrdiff_t place) {
+      return usual_[static_cast<std::size_t>(
+          std::clamp<std::ptrdiff_t>(place, 0, static_cast<std::ptrdiff_t>(count) - 1))];
+    };
+    const auto here = static_cast<std::ptrdiff_t>(i);
+    const float past = middle(at(here - 3), at(here - 2), at(here - 1));
+    const float next = i + 1 < count ? middle(at(here + 1), at(here + 2), at(here + 3)) : 0;
+    stretchLimit_[i] = measure.Times * std::max(past, next);
+  }
+}
+
+void ClickFilter::Search(const ArModel& model, const Measure& measure) {
+  const std::size_t total = length_ - base_, first = begin_ - base_;
+  const std::size_t last = std::min(end_, length_ - std::min(length_, model_.Order())) - base_;
+  std::copy_n(model.Forward(), total, forward_.begin());
+  const float* const backward = model.Backward();
+  for (std::size_t i = 0; i < total; ++i) {
+    error_[i] = std::min(std::abs(forward_[i]), std::abs(backward[i]));
+    limit_[i] = stretchLimit_[i / kStretch];
+  }
+  if (&model == &model_) SparePeriods();
   gaps_.clear();
-  std::size_t from = kPast;                   // where a gap may begin
+  std::size_t from = first;                   // where a gap may begin
   std::size_t cluster = 0, clusterTotal = 0;  // first gap and samples of those that lie together
   const auto closeCluster = [&] {
     if (clusterTotal > measure.Longest * measure.Together) gaps_.resize(cluster);
     cluster = gaps_.size();
     clusterTotal = 0;
   };
-  for (std::size_t i = kPast; i < length_; ++i) {
-    const bool blind = i + kBlind >= length_;
-    if (error_[i] <= (blind ? blindLimit_ : limit_[i / kStretch])) continue;
+  for (std::size_t i = first; i < last; ++i) {
+    if (error_[i] <= limit_[i]) continue;
     if (i >= from + kNear) closeCluster();
     Gap gap{i, 1};
     Extend(gap, from, measure.Bridge);
     from = gap.End();
     i = from - 1;
     clusterTotal += gap.Count;
-    if (gap.Count <= (from + kBlind < length_ ? measure.Longest : kLongestBlind)) {
-      gaps_.push_back(gap);
-    }
+    if (gap.Count > measure.Longest) continue;
+    gap.First += base_;
+    gaps_.push_back(gap);
   }
   closeCluster();
 }
 
+// Damage goes on as long as the limit is exceeded again soon, and a little farther, as long as the
+// error is great.
 void ClickFilter::Extend(Gap& gap, std::size_t from, std::size_t bridge) const {
-  const float edge = kEdgeOfDamage * limit_[gap.First / kStretch];
+  const std::size_t total = length_ - base_;
   std::size_t end = gap.First + 1;
-  for (std::size_t i = end; i < length_ && i < end + bridge; ++i) {
-    if (error_[i] > edge) end = i + 1;
+  for (std::size_t i = end; i < total && i < end + bridge; ++i) {
+    if (error_[i] > limit_[i]) end = i + 1;
   }
-  for (std::size_t i = gap.First; i > from && i + bridge > gap.First; --i) {
-    if (error_[i - 1] > edge) gap.First = i - 1;
+  const std::size_t narrow = std::min<std::size_t>(bridge, 4);
+  for (std::size_t i = end; i < total && i < end + narrow; ++i) {
+    if (error_[i] > kEdgeOfDamage * limit_[i]) end = i + 1;
+  }
+  for (std::size_t i = gap.First; i > from && i + narrow > gap.First; --i) {
+    if (error_[i - 1] > kEdgeOfDamage * limit_[i - 1]) gap.First = i - 1;
   }
   gap.Count = end - gap.First;
 }
 
-// What had to be foretold is known better now that its right side is there. It has been heard as it
-// was, but what comes is measured against it.
-void ClickFilter::CloseOpenGap(const Measure& measure) {
-  if (open_ == 0) return;
-  Gap gap{kPast - open_, open_};
-  if (!gaps_.empty() && gaps_.front().First <= kPast + 2) {
-    const std::size_t whole = gaps_.front().End() - gap.First;
-    if (whole <= measure.Longest) {
-      gap.Count = whole;
-      gaps_.erase(gaps_.begin());
+// Raises the limit where an error comes back at equal distances.
+void ClickFilter::SparePeriods() {
+  const std::size_t total = length_ - base_, first = begin_ - base_;
+  constexpr std::size_t kNextTo = 2;
+  std::size_t over = 0;
+  for (std::size_t i = first; i < total; ++i) over += error_[i] > limit_[i];
+  spared_ = 0;
+  if (over == 0) return;
+  for (std::size_t i = 0; i < total; ++i) {
+    float up = 0, down = 0;
+    for (std::size_t j = i - std::min(i, kNextTo); j <= std::min(i + kNextTo, total - 1); ++j) {
+      const float error = forward_[j] > 0 ? error_[j] : -error_[j];
+      up = std::max(up, error);
+      down = std::max(down, -error);
     }
+    up_[i] = up;
+    down_[i] = down;
   }
-  model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
+  constexpr float kNever = 1e9F;
+  for (std::size_t i = first; i < total; ++i) {
+    if (error_[i] <= limit_[i]) continue;
+    std::size_t end = i + 1, peak = i;
+    for (std::size_t j = i; j < std::min(end + kPulse, total); ++j) {
+      if (error_[j] <= limit_[j]) continue;
+      end = j + 1;
+      if (error_[j] > error_[peak]) peak = j;
+    }
+    if (ComesBack(peak)) {
+      ++spared_;
+      for (std::size_t j = i - std::min(i, kPulse); j < std::min(end + kPulse, total); ++j)
+        limit_[j] = kNever;
+    }
+    i = end - 1;
+  }
 }
 
-void ClickFilter::Repair() {
-  for (Gap& gap : gaps_) {
-    if (!Replaced(gap, gap.Count > kShort ? kLongTrace : kTrace) && gap.End() + kBlind <= length_)
-      gap.Count = 0;
+bool ClickFilter::ComesBack(std::size_t place) const {
+  const std::size_t total = length_ - base_;
+  const std::vector<float>& same = forward_[place] > 0 ? up_ : down_;
+  const float least = kAgain * error_[place];
+  for (std::size_t period = kLeastPeriod; period <= kMostPeriod; ++period) {
+    std::size_t seen = 0, all = 0, side = 0;
+    for (const int way : {-1, 1}) {
+      std::size_t here = 0;
+      for (std::size_t k = 1; k <= 3; ++k) {
+        const std::size_t far = k * period;
+        if (way < 0 ? far + 2 > place : place + far + 2 >= total) break;
+        const float* const at = same.data() + (way < 0 ? place - far : place + far);
+        ++all;
+        here += *at >= least || (k > 1 && std::max(at[-2], at[2]) >= least);
+      }
+      seen += here;
+      side = std::max(side, here);
+    }
+    if (seen >= 4 || side == 3 || (all <= 4 && all >= 2 && seen >= std::min<std::size_t>(all, 3)))
+      return true;
   }
+  return false;
+}
+
+void ClickFilter::Repair(ArModel& model) {
+  if (&model == &model_) FillAll(model);
+  std::copy_n(heard_.begin() + static_cast<std::ptrdiff_t>(base_), begin_ - base_,
+              repaired_.begin() + static_cast<std::ptrdiff_t>(base_));
+  std::size_t end = end_;
+  for (const Gap& gap : gaps_) {
+    if (Replaced(model, gap)) end = std::max(end, gap.End());
+  }
+  end_ = end;
 }
 
 // Replaces a gap if that takes away all of the error but a share.
-bool ClickFilter::Replaced(const Gap& gap, float most) {
+bool ClickFilter::Replaced(ArModel& model, const Gap& gap) {
   const auto damaged = heard_.begin() + static_cast<std::ptrdiff_t>(gap.First);
   const auto place = repaired_.begin() + static_cast<std::ptrdiff_t>(gap.First);
   std::copy_n(damaged, gap.Count, place);
-  const float left = model_.Fill(repaired_.data(), gap.First, gap.Count, length_);
-  if (left <= most || gap.End() + kBlind > length_) return true;
+  const float left =
+      model.Fill(repaired_.data() + base_, gap.First - base_, gap.Count, length_ - base_);
+  if (&model == &long_) {
+    const double limit = stretchLimit_[(gap.First - base_) / kStretch];
+    if (model.Before() < 4 * limit * limit) {
+      std::copy_n(damaged, gap.Count, place);
+      return false;
+    }
+  }
+  if (left <= (&model == &model_ && gap.Count > kShort ? kLongTrace : kTrace) && Loud(gap) &&
+      Plausible(gap))
+    return true;
   std::copy_n(damaged, gap.Count, place);
   return false;
 }
 
-// Damage that swells smoothly, a thump or a jump of the level, errs only where it begins, seen from
-// before, and where it ends, seen from behind.
-void ClickFilter::RepairSwells(const Measure& measure) {
-  if (!gaps_.empty()) model_.Filter(repaired_.data(), length_);
-  const float* const forward = model_.Forward();
-  const float* const backward = model_.Backward();
-  int tries = 0;
-  std::size_t restless = kPast - kNear;  // the last sample that was hard to foretell
-  for (std::size_t i = restless; i + kBlind < length_ && tries < kSwellTries; ++i) {
-    const float limit = limit_[i / kStretch];
-    if (std::abs(forward[i]) <= limit) continue;
-    const bool sudden = i >= restless + kNear;
-    restless = i;
-    if (!sudden || i < kPast) continue;
-    const std::size_t latest = std::min(i + measure.Longest, length_ - kBlind);
-    std::size_t end = i;
-    bool found = false;
-    for (std::size_t j = i; j < latest; ++j) {
-      if (std::abs(backward[j]) > kEdgeOfDamage * limit) end = j + 1;
-      found = found || std::abs(backward[j]) > limit;
-    }
-    if (!found) continue;
-    ++tries;
-    const Gap gap{i, end - i};
-    std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(i), gap.Count,
-                heard_.begin() + static_cast<std::ptrdiff_t>(i));
-    if (Replaced(gap, kSwellTrace)) {
-      model_.Fit(repaired_.data(), length_);
-      Replaced(gap, kSwellTrace);
-      model_.Filter(repaired_.data(), length_);
-    }
-    restless = i = end;
+// Where the model hardly holds, an interpolation may swing up.
+bool ClickFilter::Plausible(const Gap& gap) const {
+  constexpr std::size_t kAround = 300;
+  constexpr float kMost = 1.2F;
+  float inside = 0, outside = 0;
+  for (std::size_t i = gap.First; i < gap.End(); ++i)
+    inside = std::max(inside, std::abs(repaired_[i]));
+  const std::size_t from = std::max(base_, gap.First - std::min(gap.First, kAround));
+  const std::size_t to = std::min(gap.End() + kAround, length_);
+  for (std::size_t i = from; i < to; ++i) {
+    if (i < gap.First || i >= gap.End()) outside = std::max(outside, std::abs(repaired_[i]));
   }
+  return inside <= kMost * outside;
 }
 
-void ClickFilter::Keep(std::size_t count) {
-  const bool open = !gaps_.empty() && gaps_.back().Count > 0 && gaps_.back().End() == length_;
-  open_ = open ? gaps_.back().Count : 0;
-  std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(count), kPast, heard_.begin());
+// Long damage must stand out of the music around it.
+bool ClickFilter::Loud(const Gap& gap) const {
+  if (gap.Count <= kShort) return true;
+  constexpr std::size_t kAround = 300;
+  constexpr float kShare = 1;
+  float damage = 0;
+  for (std::size_t i = gap.First; i < gap.End(); ++i) {
+    damage += (heard_[i] - repaired_[i]) * (heard_[i] - repaired_[i]);
+  }
+  // The louder side counts: an attack is short before a sound, and soft beside it.
+  float before = 0, behind = 0;
+  const std::size_t from = std::max(base_, gap.First - std::min(gap.First, kAround));
+  const std::size_t to = std::min(gap.End() + kAround, length_);
+  for (std::size_t i = from; i < gap.First; ++i) before += repaired_[i] * repaired_[i];
+  for (std::size_t i = gap.End(); i < to; ++i) behind += repaired_[i] * repaired_[i];
+  const float music = std::max(before, behind) / static_cast<float>(kAround);
+  return damage > kShare * kShare * music * static_cast<float>(gap.Count);
 }
 
 }  // namespace vantora

@@ -2,22 +2,25 @@
 //
 // Finding (S. V. Vaseghi, P. J. W. Rayner, "Detection and suppression of impulsive noise in speech
 // communication systems", 1990; S. J. Godsill, P. J. W. Rayner, "Digital Audio Restoration", 1998):
-// a sample is suspected when an autoregressive model of its surroundings foretells it badly from
-// both sides, measured against the median of the errors nearby. Damage spoils the model too, so the
-// piece is repaired on trial and the search repeated with the model of the repaired piece.
+// a sample is suspected when an autoregressive model of its surroundings predicts it badly from
+// both sides, measured against the median of the errors before and behind it. Damage spoils the
+// model too, so the piece is repaired on trial and the search repeated with the model of the
+// repaired piece.
 //
-// Telling damage from music: the attack of a drum, a plucked string or a voice's pulse is foretold
-// badly as well, but everything after it follows from it. Damage leaves no trace behind. Where
-// replacing the suspected samples does not take away nearly all of the error of the samples after
-// them too, they were music and stay. Clicks are rare: peaks of the error that come back every few
-// milliseconds raise the measure for them.
+// Telling damage from music. The period of a voice, a reed or a string errs in the same way again
+// and again: what comes back at equal distances is music. An attack goes on: where the samples
+// behind the suspected ones still err after the repair, they were the beginning of a sound. Long
+// damage that is softer than the music around it is left alone, because attacks look like that.
 //
-// Replacing: least-squares interpolation from both sides. There is no delay, so damage at the end
-// of a buffer is replaced by what the music before it foretells, and the next buffer, in which the
-// right side is known, goes on from a better guess at it.
+// Replacing: least-squares interpolation from both sides. Damage that lies on the edge of a period
+// would take the edge with it, so where errors come back a long model, which predicts a period from
+// the one before it, fills the gaps.
 //
-// The level, 0 to 1, lowers the measure (from about 12 to 3 times the usual error) and lengthens
-// the longest damage that is looked for. At 0 nothing is done.
+// The filter sees what follows the buffer in hand. What it has decided about the samples that
+// follow stays decided when they come; when others come in their place, they are decided anew.
+//
+// The level, 0 to 1, lowers the measure and lengthens the longest damage that is looked for. At 0
+// nothing is done.
 #pragma once
 
 #include "backends/sound/restoration/ar_model.h"
@@ -35,48 +38,62 @@ class ClickFilter {
 
   explicit ClickFilter(Damage damage);
 
-  // One piece of one channel in place, at most kBlock samples in the units of 16 bit.
-  void Process(float level, float* sound, std::size_t count);
+  // One piece of one channel in place, at most kBlock samples in the units of 16 bit, and what
+  // follows it, at most kBlock samples. Returns how many of those are in their final form now.
+  std::size_t Process(float level, float* sound, std::size_t count, float* follows,
+                      std::size_t following);
 
  private:
-  static constexpr std::size_t kPast = 512;
-  static constexpr std::size_t kStretch = 256;  // samples that share one limit
-  static constexpr std::size_t kStretches = (kPast + kBlock) / kStretch;
-  static constexpr int kRounds = 2;  // of repair on trial
+  static constexpr std::size_t kPast = 768;
+  static constexpr std::size_t kLongest = kPast + 2 * kBlock;
+  static constexpr std::size_t kStretch = 128;  // samples that share one limit
+  static constexpr std::size_t kStretches = kLongest / kStretch;
+  static constexpr std::size_t kLeastPeriod = 40, kMostPeriod = 720;  // samples
 
   struct Gap {
     std::size_t First, Count;
     std::size_t End() const { return First + Count; }
   };
   struct Measure {  // what a level means
-    float Times;    // the limit: so many usual errors,
-    float Crest;    // and so many usual peaks of the error
+    float Times;    // the limit: so many usual errors
     std::size_t Longest;
     std::size_t Bridge;    // good samples within damage
     std::size_t Together;  // gaps of the longest that may lie close together
   };
 
   Measure MeasureOf(float level) const;
-  void Search(const Measure& measure);
-  void MeasureStretches(const Measure& measure);
+  void Take(const float* sound, std::size_t count, const float* follows, std::size_t following);
+  void Work(const Measure& measure);
+  void MeasureStretches(const ArModel& model, const Measure& measure);
+  void Search(const ArModel& model, const Measure& measure);
   void Extend(Gap& gap, std::size_t from, std::size_t bridge) const;
-  void CloseOpenGap(const Measure& measure);
-  void Repair();
-  bool Replaced(const Gap& gap, float most);
-  void RepairSwells(const Measure& measure);
-  void Keep(std::size_t count);
+  void SparePeriods();
+  bool ComesBack(std::size_t place) const;
+  void WorkOnHarmonics(const Measure& measure);
+  void Unite();
+  void FillAll(ArModel& model);
+  void Repair(ArModel& model);
+  bool Replaced(ArModel& model, const Gap& gap);
+  bool Loud(const Gap& gap) const;
+  bool Plausible(const Gap& gap) const;
 
   const Damage damage_;
   ArModel model_;
-  std::size_t length_ = 0;  // of the past and the new piece
-  std::vector<float> heard_,
-      repaired_;              // kPast samples, repaired as well as is known, and the piece
-  std::vector<float> error_;  // the lesser of both predictions'
+  ArModel long_;            // that predicts a period from the one before
+  std::size_t spared_ = 0;  // errors that came back
+  std::vector<float> raw_;  // as it came: the piece and what follows
+  // kPast samples repaired, then the piece and what follows: as they came, and repaired.
+  std::vector<float> heard_, repaired_;
+  std::size_t done_ = 0;   // of the piece and what follows, final already
+  std::size_t known_ = 0;  // of raw_, announced before
+  // The piece that is being worked on, within the above.
+  std::size_t base_ = 0, length_ = 0, begin_ = 0, end_ = 0;
+  std::vector<float> forward_, error_;  // the forward error, the lesser of both predictions'
   std::vector<float> sorted_;
-  std::array<float, kStretches> limit_{};
-  float blindLimit_ = 0;  // at the end of the piece, where the right side is missing
-  std::vector<Gap> gaps_;
-  std::size_t open_ = 0;  // samples at the end of the past that were foretold
+  std::array<float, kStretches> usual_{}, stretchLimit_{};
+  std::vector<float> limit_;      // for each sample
+  std::vector<float> up_, down_;  // the greatest errors near it, of either sign
+  std::vector<Gap> gaps_, before_;
 };
 
 }  // namespace vantora

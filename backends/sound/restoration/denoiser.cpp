@@ -9,24 +9,15 @@ namespace vantora {
 namespace {
 
 constexpr float kRate = 44100;
-constexpr float kDeepest = 36;           // dB, at level 1
-constexpr float kMemory = 0.12F;         // seconds for which music found is believed in
-constexpr float kExcess = 1.6F;          // the noise's own peaks are noise too
-constexpr float kLeastRatio = 0.003F;    // of music to noise
-constexpr std::size_t kLookEvery = 512;  // samples, at least
-constexpr std::size_t kFade = 256;       // samples from one filter to the next
-constexpr std::size_t kOrder = 32;       // of the model that foretells
-constexpr std::size_t kModelled = 512;   // samples
-constexpr std::size_t kMoment = 32;      // samples
-constexpr std::size_t kRise = 1536;      // of the window; the rest falls
-constexpr float kMostNoise = 2;  // the power that noise takes on for a moment, beside its usual
+constexpr float kDeepest = 48, kBend = 0.64F;  // dB at level 1; the power of the level
+constexpr float kKeep = 0.97F;                 // of the music found, from spectrum to spectrum
+constexpr float kExcess = 1.1F;                // the noise's own peaks are noise too
+constexpr float kLeastRatio = 0.002F;          // of music to noise
+constexpr float kRise = 1.6F, kRisen = 1.2F;   // times the noise, where a sound begins; and more
 
-float Bell(float x) {  // 0 to 1 for 0 to 1, smooth at both ends
-  return 0.5F - 0.5F * std::cos(std::numbers::pi_v<float> * x);
-}
-
-float Share(std::size_t part, std::size_t whole) {
-  return (static_cast<float>(part) + 0.5F) / static_cast<float>(whole);
+float Quarter(std::size_t part, std::size_t whole) {  // 0 to 1, a quarter of a sine
+  return std::sin(0.5F * std::numbers::pi_v<float> * (static_cast<float>(part) + 0.5F) /
+                  static_cast<float>(whole));
 }
 
 }  // namespace
@@ -34,159 +25,114 @@ float Share(std::size_t part, std::size_t whole) {
 Denoiser::Denoiser()
     : fft_(kSpan),
       floor_(kBins),
-      model_(kOrder, kModelled),
-      past_(kSpan),
-      foretold_(kSpan),
       window_(kSpan),
-      power_(kBins),
-      music_(kBins),
-      ratio_(kBins),
+      spoken_(kSpoken),
+      sound_(kSpan + 2 * kBlock + kSpoken),
+      out_(kBlock + 2 * kSpoken),
       time_(kSpan),
-      old_(kSpan),
-      new_(kSpan) {
+      real_(kBins),
+      imaginary_(kBins),
+      power_(kBins),
+      around_(kBins + 1),
+      gain_(kBins),
+      music_(kBins) {
   for (std::size_t i = 0; i < kSpan; ++i) {
-    window_[i] = i < kRise ? Bell(Share(i, kRise)) : Bell(Share(kSpan - 1 - i, kSpan - kRise));
+    window_[i] = i < kSpan - kHop ? Quarter(i, kSpan - kHop) : Quarter(kSpan - 1 - i, kHop);
+    weight_ += window_[i] * window_[i];
+  }
+  for (std::size_t i = 0; i < kSpoken; ++i) {
+    const float bell = Quarter(std::min(i, kSpoken - 1 - i), kHop);
+    spoken_[i] = bell * bell / window_[kSpan - kSpoken + i];
   }
 }
 
-void Denoiser::Process(float level, float* sound, std::size_t count) {
-  if (count == 0) return;
-  std::copy(past_.begin() + static_cast<std::ptrdiff_t>(count), past_.end(), past_.begin());
-  std::copy_n(sound, count, past_.end() - static_cast<std::ptrdiff_t>(count));
-  known_ = std::min(known_ + count, kSpan);
-  fresh_ += count;
-  const float depth = kDeepest * std::clamp(level, 0.0F, 1.0F);
-  const float former = share_;
-  share_ = level > 0 ? 1 - std::pow(10.0F, -depth / 20) : 0;
-  former_ = filter_;
-  if (fresh_ >= kLookEvery) {
-    Look();
-    fresh_ = 0;
-  }
-  if (former == 0 && share_ == 0) return;
-  Foretell();
-  fft_.Forward(foretold_.data(), sound_.Re.data(), sound_.Im.data());
-  Noise(former_, old_);
-  Noise(filter_, new_);
-  const std::size_t begin = kSpan - kAhead - count, fade = std::min(kFade, count);
-  for (std::size_t i = 0; i < fade; ++i) {
-    const float x = Bell(Share(i, fade));
-    new_[begin + i] = (1 - x) * former * old_[begin + i] + x * share_ * new_[begin + i];
-  }
-  for (std::size_t i = fade; i < count; ++i) new_[begin + i] *= share_;
-  TakeOff(sound, new_.data() + begin, count);
-}
-
-// The past, and a little future as far as it follows from it.
-void Denoiser::Foretell() {
-  std::copy(past_.begin() + kAhead, past_.end(), foretold_.begin());
-  float* const modelled = foretold_.data() + (kSpan - kAhead - kModelled);
-  model_.Fit(modelled, kModelled);
-  model_.Fill(modelled, kModelled, kAhead, kModelled + kAhead);
-}
-
-// What looks like more than noise can be is the beginning of a sound that the filter does not know
-// yet: of that no more is taken off than noise would be.
-void Denoiser::TakeOff(float* sound, const float* noise, std::size_t count) {
-  const float most = kMostNoise * share_ * share_ * usual_;
-  for (std::size_t from = 0; from < count; from += kMoment) {
-    const std::size_t moment = std::min(kMoment, count - from);
-    float power = 0;
-    for (std::size_t i = from; i < from + moment; ++i) power += noise[i] * noise[i];
-    power /= static_cast<float>(moment);
-    const float trust = power > most ? std::sqrt(most / power) : 1;
-    const float step = (trust - trust_) / static_cast<float>(moment);
-    for (std::size_t i = 0; i < moment; ++i) {
-      const float now = trust_ + step * static_cast<float>(i + 1);
-      sound[from + i] -= now * noise[from + i];
+std::size_t Denoiser::Process(float level, float* sound, std::size_t count, const float* follows,
+                              std::size_t following) {
+  Take(sound, count, follows, following);
+  if (level > 0) {
+    if (stale_) {
+      std::fill(out_.begin(), out_.end(), 0.0F);
+      next_ = (next_ - 1) % kHop + 1;
     }
-    trust_ = trust;
+    const float depth = kDeepest * std::pow(std::min(level, 1.0F), kBend);
+    while (next_ < count + kSpoken) {
+      Frame(std::pow(10.0F, -depth / 20));
+      next_ += kHop;
+    }
+    std::copy_n(out_.begin(), count, sound);
+  } else {
+    next_ += (count + kSpoken - std::min(next_, count + kSpoken) + kHop - 1) / kHop * kHop;
   }
+  stale_ = level <= 0;
+  next_ -= count;
+  const auto shift = static_cast<std::ptrdiff_t>(count);
+  std::copy(sound_.begin() + shift, sound_.end(), sound_.begin());
+  std::fill(sound_.end() - shift, sound_.end(), 0.0F);
+  std::copy(out_.begin() + shift, out_.end(), out_.begin());
+  std::fill(out_.end() - shift, out_.end(), 0.0F);
+  return 0;
 }
 
-void Denoiser::Look() {
-  std::fill(time_.begin(), time_.end(), 0.0F);
-  const std::size_t begin = kSpan - known_;
-  float weight = 0;
-  for (std::size_t i = begin; i < kSpan; ++i) {
-    const float w = window_[(i - begin) * kSpan / known_];
-    time_[i] = w * past_[i];
-    weight += w * w;
-  }
-  fft_.Forward(time_.data(), work_.Re.data(), work_.Im.data());
-  const float scale = 1 / weight;
+// What was put together of sound that followed holds as long as that comes as it was announced.
+void Denoiser::Take(const float* sound, std::size_t count, const float* follows,
+                    std::size_t following) {
+  auto put = [this, place = kSpan](const float* from, std::size_t length) mutable {
+    const std::size_t heard = kSpan + next_ - kHop;  // where the last spectrum ended
+    const std::size_t same = std::min(length, heard - std::min(place, heard));
+    const auto target = sound_.begin() + static_cast<std::ptrdiff_t>(place);
+    stale_ = stale_ || !std::equal(from, from + same, target);
+    std::copy_n(from, length, target);
+    place += length;
+  };
+  put(sound, count);
+  put(follows, following);
+}
+
+void Denoiser::Frame(float least) {
+  const float* const span = sound_.data() + next_;
+  Listen(span + kSpan - kHop);
+  for (std::size_t i = 0; i < kSpan; ++i) time_[i] = window_[i] * span[i];
+  fft_.Forward(time_.data(), real_.data(), imaginary_.data());
   for (std::size_t k = 0; k < kBins; ++k) {
-    power_[k] = scale * (work_.Re[k] * work_.Re[k] + work_.Im[k] * work_.Im[k]);
+    power_[k] = (real_[k] * real_[k] + imaginary_[k] * imaginary_[k]) / weight_;
   }
-  const float seconds = static_cast<float>(fresh_) / kRate;
-  floor_.Hear(power_.data(), seconds);
-  FollowMusic(seconds);
-  Design();
+  if (loud_ >= kSpan) floor_.Hear(power_.data(), static_cast<float>(kHop) / kRate);
+  FindGains(least);
+  for (std::size_t k = 0; k < kBins; ++k) real_[k] *= gain_[k], imaginary_[k] *= gain_[k];
+  fft_.Inverse(real_.data(), imaginary_.data(), time_.data());
+  // The first spectra after a change speak for samples before the piece, too: those are gone.
+  const std::size_t before = kSpoken - std::min(next_, kSpoken);
+  float* const target = out_.data() + (next_ + before - kSpoken);
+  for (std::size_t i = before; i < kSpoken; ++i) {
+    target[i - before] += spoken_[i] * time_[kSpan - kSpoken + i];
+  }
 }
 
-void Denoiser::FollowMusic(float seconds) {
+// Digital silence is no hiss, so no floor is learnt from it.
+void Denoiser::Listen(const float* newest) {
+  const bool silent = std::all_of(newest, newest + kHop, [](float x) { return x == 0; });
+  loud_ = silent ? 0 : std::min(loud_ + kHop, kSpan);
+}
+
+void Denoiser::FindGains(float least) {
   const float* const noise = floor_.Power();
-  const float keep = std::exp(-seconds / kMemory);
+  around_[0] = 0;  // sums of ratios up to each bin
   for (std::size_t k = 0; k < kBins; ++k) {
-    const float around =
-        0.25F * (power_[k > 0 ? k - 1 : 1] + 2 * power_[k] + power_[k + 1 < kBins ? k + 1 : k - 1]);
-    const float usual = kExcess * noise[k];
-    const float found = std::max(around / usual - 1, 0.0F);
-    const float ratio = std::max(keep * music_[k] / usual + (1 - keep) * found, kLeastRatio);
-    const float gain = ratio / (1 + ratio);
-    ratio_[k] = ratio;
-    music_[k] = gain * gain * power_[k];
+    around_[k + 1] = around_[k] + power_[k] / std::max(noise[k], 1e-3F);
   }
-}
-
-// With P the power spectrum of noise and music and P = F F* the factor F that is causal, as its
-// inverse is, the filter is [N / F*] / F, N the noise's spectrum, [] the part from time -kAhead on.
-void Denoiser::Design() {
-  const float* const noise = floor_.Power();
   for (std::size_t k = 0; k < kBins; ++k) {
-    power_[k] = kExcess * noise[k] * (1 + ratio_[k]);
-    work_.Re[k] = 0.5F * std::log(power_[k]);
-    work_.Im[k] = 0;
+    const float usual = kExcess * std::max(noise[k], 1e-3F), now = power_[k] / usual;
+    const std::size_t low = k - std::min(k, kAround), high = std::min(k + kAround + 1, kBins);
+    const float rise = (around_[high] - around_[low]) / static_cast<float>(high - low);
+    const float begins = std::clamp((rise - kRise) / kRisen, 0.0F, 1.0F);
+    const float found = std::max(now - 1, 0.0F);
+    const float followed = kKeep * music_[k] / usual + (1 - kKeep) * found;
+    const float ratio = std::max({followed, begins * std::max(found, rise - 1), kLeastRatio});
+    float wiener = ratio / (1 + ratio);
+    music_[k] = wiener * wiener * power_[k];
+    wiener += begins * (std::sqrt(wiener) - wiener);  // a beginning is short within its spectrum
+    gain_[k] = noise[k] > 0 ? least + (1 - least) * wiener : 1;
   }
-  fft_.Inverse(work_.Re.data(), work_.Im.data(), time_.data());
-  for (std::size_t i = 1; i < kSpan / 2; ++i) {
-    time_[i] *= 2;
-    time_[kSpan - i] = 0;
-  }
-  fft_.Forward(time_.data(), work_.Re.data(), work_.Im.data());
-  for (std::size_t k = 0; k < kBins; ++k) {
-    const float magnitude = 1 / std::sqrt(power_[k]), share = 1 / (1 + ratio_[k]);
-    factor_.Re[k] = magnitude * std::cos(work_.Im[k]);  // 1 / F*
-    factor_.Im[k] = magnitude * std::sin(work_.Im[k]);
-    const float n = share * power_[k];
-    work_.Re[k] = n * factor_.Re[k];
-    work_.Im[k] = n * factor_.Im[k];
-  }
-  fft_.Inverse(work_.Re.data(), work_.Im.data(), time_.data());
-  std::fill(time_.begin() + kSpan / 2, time_.end() - kAhead, 0.0F);
-  fft_.Forward(time_.data(), work_.Re.data(), work_.Im.data());
-  usual_ = 0;
-  for (std::size_t k = 0; k < kBins; ++k) {
-    const float re = work_.Re[k], im = work_.Im[k];
-    work_.Re[k] = re * factor_.Re[k] + im * factor_.Im[k];
-    work_.Im[k] = im * factor_.Re[k] - re * factor_.Im[k];
-    usual_ += noise[k] * (work_.Re[k] * work_.Re[k] + work_.Im[k] * work_.Im[k]);
-  }
-  usual_ /= static_cast<float>(kBins);
-  fft_.Inverse(work_.Re.data(), work_.Im.data(), time_.data());
-  for (std::size_t i = kTaps / 2; i < kTaps; ++i) time_[i] *= Bell(2 * Share(kTaps - 1 - i, kTaps));
-  std::fill(time_.begin() + kTaps, time_.end() - kAhead, 0.0F);
-  fft_.Forward(time_.data(), filter_.Re.data(), filter_.Im.data());
-}
-
-// The kBlock samples of `noise` before the foretold ones count; the others are what a circle makes
-// of the past.
-void Denoiser::Noise(const Spectrum& filter, std::vector<float>& noise) {
-  for (std::size_t k = 0; k < kBins; ++k) {
-    work_.Re[k] = sound_.Re[k] * filter.Re[k] - sound_.Im[k] * filter.Im[k];
-    work_.Im[k] = sound_.Re[k] * filter.Im[k] + sound_.Im[k] * filter.Re[k];
-  }
-  fft_.Inverse(work_.Re.data(), work_.Im.data(), noise.data());
 }
 
 }  // namespace vantora

@@ -15,6 +15,10 @@ constexpr float kSettled = 0.15F;        // seconds after which a minimum can be
 constexpr float kPeriod = 1.2F;          // seconds; the minimum reaches back over all periods
 constexpr float kLeastPower = 0.02F;     // less than the rounding to 16 bit makes: digital silence
 constexpr std::size_t kNarrowest = 16;   // bins
+constexpr float kWatch = 0.3F;           // seconds for which a hiss is steady
+constexpr float kSteady = 10;            // the range of a single bin; less in wider bands
+constexpr float kMostSpread = 1.6F;      // of the mean to that of noise with the same quantile
+constexpr float kNearlyAll = 0.8F;       // of the bands
 
 }  // namespace
 
@@ -48,10 +52,42 @@ void NoiseFloor::Hear(const float* power, float seconds) {
       float& least = band.Least[period_];
       least = next ? band.Smooth : std::min(least, band.Smooth);
     }
+    Watch(band, power);
     const float mean = 1 + kMinimumOfBin / std::sqrt(static_cast<float>(band.Count));
     band.Level = mean * *std::min_element(band.Least.begin(), band.Least.end());
   }
+  ++looks_;
+  watched_ += seconds;
+  if (watched_ > kWatch) TakeOver();
   Spread();
+}
+
+void NoiseFloor::Watch(Band& band, const float* power) {
+  const bool first = looks_ == 0;
+  float sum = 0;
+  for (std::size_t i = band.First; i < band.First + band.Count; ++i) sum += power[i];
+  band.Low = first ? band.Smooth : std::min(band.Low, band.Smooth);
+  band.High = first ? band.Smooth : std::max(band.High, band.Smooth);
+  band.Sum = (first ? 0 : band.Sum) + band.Smooth;
+  band.Spread = (first ? 0 : band.Spread) + sum / static_cast<float>(band.Count);
+}
+
+// Ends a look at steadiness.
+void NoiseFloor::TakeOver() {
+  std::size_t steady = 0;
+  for (const Band& band : bands_) {
+    const float most = 1 + kSteady / std::sqrt(static_cast<float>(band.Count));
+    steady += band.High < most * band.Low && band.Spread < kMostSpread * band.Sum;
+  }
+  const bool hiss = static_cast<float>(steady) >= kNearlyAll * static_cast<float>(bands_.size());
+  for (Band& band : bands_) {
+    if (!hiss) break;
+    const float mean = 1 + kMinimumOfBin / std::sqrt(static_cast<float>(band.Count));
+    band.Level = band.Sum / static_cast<float>(looks_);
+    band.Least.fill(band.Level / mean);
+  }
+  looks_ = 0;
+  watched_ = 0;
 }
 
 float NoiseFloor::Quantile(const Band& band, const float* power) {

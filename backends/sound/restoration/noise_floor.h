@@ -5,6 +5,10 @@
 // And it is always there while music pauses somewhere: so over time the minimum of some seconds
 // counts (R. Martin, "Noise power spectral density estimation based on optimal smoothing and
 // minimum statistics", 2001). The quantile makes a usable estimate of the very first spectrum.
+//
+// After a fade-in or a change of the record those minima are of another noise. Where nearly all
+// bands have been steady for a third of a second, and their bins spread as those of noise do, what
+// is heard is the hiss itself, and its level is taken over at once.
 #pragma once
 
 #include <array>
@@ -23,7 +27,6 @@ class NoiseFloor {
   const float* Power() const { return power_.data(); }  // for each bin; 0 before anything was heard
 
  private:
-  static constexpr std::size_t kBands = 32;
   static constexpr std::size_t kPeriods = 8;  // of which the minima are kept
 
   struct Band {
@@ -31,16 +34,19 @@ class NoiseFloor {
     float Smooth = 0;
     std::array<float, kPeriods> Least{};  // of each period; the newest at period_
     float Level = 0;
+    // Of the look at steadiness: the range and the sum of Smooth, and of the mean to it.
+    float Low = 0, High = 0, Sum = 0, Spread = 0;
   };
 
   float Quantile(const Band& band, const float* power);
-  void Smooth(Band& band, float now, float keep);
+  void Watch(Band& band, const float* power);
+  void TakeOver();
   void Spread();
 
   std::vector<Band> bands_;
   std::vector<float> sorted_, power_;
-  float heard_ = 0, inPeriod_ = 0;  // seconds
-  std::size_t period_ = 0;
+  float heard_ = 0, inPeriod_ = 0, watched_ = 0;  // seconds
+  std::size_t period_ = 0, looks_ = 0;
 };
 
 }  // namespace vantora

@@ -3,16 +3,11 @@
 
 #include "backends/alsa/alsa_input.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/alsa/alsa_stream.h"
 #include "backends/alsa/input_queue.h"
 #include "backends/linux/linux_clock.h"
 #include "backends/sound/chain/wave_in.h"
 #include "tests/backends/alsa/listener.h"
-
-#include <atomic>
-#include <cstring>
 
 namespace vantora::test {
 
@@ -24,7 +19,9 @@ class Sink final : public MMComponentX {
   explicit Sink(MMWaveInX& in) : in_(in) {}
   void Push(const MMData& data) override {
     if (Each) Each();
-    Sound.append(reinterpret_cast<const char*>(data.Samples.data()), data.Bytes);
+    PcmData heard;
+    CopyWaveHeader(data, heard.Samples.data(), data.Bytes);
+    Sound.append(reinterpret_cast<const char*>(heard.Samples.data()), data.Bytes);
     Times.push_back(in_.BufferTicks());
   }
   std::function<void()> Each;
@@ -78,7 +75,11 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
   const std::string played = std::string(2 * kSecond, '\0') + noise + std::string(kSecond, '\0');
   std::size_t at = 0;
   const double start = Now();
-  const auto stream = output.Play(Player(played, at), {}, kSoundAheadMs);
+  int ends = 0;
+  const auto ended = [&ends, self = std::this_thread::get_id()] {
+    ends += std::this_thread::get_id() == self ? 1 : 100;
+  };
+  const auto stream = output.Play(Player(played, at), ended, kSoundAheadMs);
   bool slept = false;
   while (Now() - start < 10.5) {
     loop.DoEvents();
@@ -90,6 +91,8 @@ TEST(AlsaInput, WhatIsPlayedIsRecordedBitForBitHoweverBusyTheWindowIs) {
   in.Stop();
   in.Close();
   loop.DoEvents();
+  EXPECT_EQ(ends, 1) << "the end is reported once, on the interface thread";
+  EXPECT_EQ(stream->Heard(), static_cast<std::int64_t>(played.size() / 4));
   EXPECT_EQ(lost, 0);
   EXPECT_NE(sink.Sound.find(noise), std::string::npos);
   // The times are those of the recording, not of the delivery.

@@ -2,8 +2,6 @@
 // server's control has the elements Master and Capture, and none for the sound of this program.
 #include "backends/alsa/alsa_mixer.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/alsa/alsa_stream.h"
 #include "mixer/frmMixer.h"
 #include "tests/backends/alsa/listener.h"
@@ -11,8 +9,6 @@
 
 #include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
 
 namespace vantora::test {
 

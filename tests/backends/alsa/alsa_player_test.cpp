@@ -1,10 +1,6 @@
 #include "backends/alsa/alsa_player.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/backends/alsa/listener.h"
-
-#include <algorithm>
 
 namespace vantora::test {
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/alsa_input.h"
 #include "backends/alsa/alsa_mixer.h"
@@ -8,8 +6,6 @@
 #include "backends/sound/edits/wave_edits.h"
 #include "backends/sound/sound_tools.h"
 #include "tests/backends/alsa/listener.h"
-
-#include <cstdlib>
 
 namespace vantora::test {
 

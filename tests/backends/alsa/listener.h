@@ -2,15 +2,7 @@
 #pragma once
 
 #include "backends/alsa/alsa_player.h"
-#include "backends/headless/headless_loop.h"
-#include "tests/backends/linux/home.h"
-#include "tests/backends/sound/wave_bytes.h"
-
-#include <chrono>
-#include <string>
-#include <thread>
-#include <utility>
-#include <vector>
+#include "tests/backends/bench.h"
 
 namespace vantora::test {
 
@@ -33,7 +25,7 @@ inline std::string Steps(const std::vector<int>& loudness) {
   return data;
 }
 
-class Listener : public testing::Test {
+class Listener : public Bench {
  protected:
   Listener() {
     player.OnStart = [this] { Note("start"); };
@@ -48,7 +40,7 @@ class Listener : public testing::Test {
     };
   }
   void Note(const std::string& what) {
-    Elsewhere = Elsewhere || std::this_thread::get_id() != self_;
+    Bench::Note();
     if (!what.empty()) Log += Log.empty() ? what : " " + what;
   }
   void Wave(const std::string& data, Format format = {}) {
@@ -64,18 +56,11 @@ class Listener : public testing::Test {
     }
   }
 
-  Home home;
-  HeadlessClock clock;
-  HeadlessLoop loop{clock};
   OutputVolume volume;
   AlsaPlayer player{home.Files, loop, volume};
   std::string Log;
   std::vector<std::pair<int, int>> Levels;
   double StoppedAt = 0;
-  bool Elsewhere = false;
-
- private:
-  std::thread::id self_ = std::this_thread::get_id();
 };
 
 }  // namespace vantora::test

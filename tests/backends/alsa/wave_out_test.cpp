@@ -1,7 +1,5 @@
 #include "backends/sound/chain/wave_out.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/alsa/alsa_stream.h"
 #include "backends/sound/chain/dsp_interface.h"
 #include "backends/sound/files/wave_object.h"

@@ -3,10 +3,6 @@
 #include "tests/backends/cdio/tray.h"
 #include "tests/backends/mpg123/tones.h"
 
-#include <chrono>
-#include <cstring>
-#include <thread>
-
 namespace vantora::test {
 
 namespace {
@@ -25,14 +21,6 @@ class Reader : public Tray {
       ++Failures;
     };
   }
-  // Waits for a condition that another thread makes true.
-  bool Until(const std::function<bool()>& done) {
-    for (int i = 0; i < 1000 && !done(); ++i) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
-      loop.Pass(1);
-    }
-    return done();
-  }
   // Reads a track of the disc in the tray to its end and returns the sound of its wave.
   std::string Grab(int track) {
     reader.SelectDevice(1);
@@ -45,10 +33,8 @@ class Reader : public Tray {
   }
   // Returns the sound of the target file and checks its header.
   std::string SoundOfTarget() {
-    const std::string file = File("pista.wav");
-    EXPECT_GE(file.size(), 44U);
-    const std::string sound = file.substr(std::min<std::size_t>(file.size(), 44));
-    EXPECT_TRUE(file == Wave(sound)) << "the header is that of another length";
+    const std::string file = File("pista.wav"), sound = SoundOf(file);
+    EXPECT_EQ(file.size(), 44 + sound.size()) << "the header is that of another length";
     return sound;
   }
 
@@ -97,8 +83,7 @@ TEST_F(Reader, PreemphasisIsTakenOffByItsCurveAndJointsStayWhole) {
         "TRACK 02 AUDIO\nFLAGS PRE\nINDEX 01 00:00:40\n");
     const std::string sound = Grab(1) + Grab(2);
     EXPECT_TRUE(reader.TrackPreemphasis(2));
-    std::vector<std::int16_t> samples(sound.size() / 2);
-    std::memcpy(samples.data(), sound.data(), sound.size());
+    const std::vector<std::int16_t> samples = SamplesOf(sound);
     for (std::size_t channel = 0; channel < 2; ++channel) {
       const double hertz = channel == 0 ? left : right, turn = 2 * std::numbers::pi * hertz;
       const double curve = std::hypot(1, turn * 15e-6) / std::hypot(1, turn * 50e-6);

@@ -1,8 +1,6 @@
 #include "backends/cdio/image_disc.h"
 #include "tests/backends/cdio/tray.h"
 
-#include <algorithm>
-
 namespace vantora::test {
 
 namespace {

@@ -1,20 +1,11 @@
 // A home with a tray, disc images built byte by byte, and the back ends that read them.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "backends/cdio/disc_mci.h"
 #include "backends/cdio/disc_player.h"
 #include "backends/cdio/disc_reader.h"
-#include "backends/headless/headless_background.h"
-#include "backends/headless/headless_loop.h"
 #include "backends/headless/headless_output.h"
-#include "tests/backends/linux/home.h"
-#include "tests/backends/running_out.h"
-#include "tests/backends/sound/wave_bytes.h"
-
-#include <string>
-#include <vector>
+#include "tests/backends/bench.h"
 
 namespace vantora::test {
 
@@ -27,7 +18,7 @@ inline std::string CueTime(int sectors) {
   return text;
 }
 
-class Tray : public testing::Test {
+class Tray : public Bench {
  protected:
   fs::path Folder() const { return home / "Vantora/Bandeja"; }
 
@@ -53,11 +44,6 @@ class Tray : public testing::Test {
   }
   std::string File(const char* name) const { return Get(home / name); }
 
-  Home home;
-  RunningOut disk{home.Files};
-  HeadlessClock clock;
-  HeadlessLoop loop{clock};
-  HeadlessBackground background{loop};
   std::vector<DiscDrive> Machine{{L'D', "", L"C:\\Vantora\\Bandeja", L"VANTORA IMAGE", 7, 0}};
   DiscDrives drives{disk, [this] { return Machine; }};
 };

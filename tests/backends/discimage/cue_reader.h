@@ -7,7 +7,6 @@
 #include <map>
 #include <regex>
 #include <sstream>
-#include <string>
 #include <vector>
 
 namespace vantora::test {

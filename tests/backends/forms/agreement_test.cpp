@@ -156,8 +156,8 @@ std::vector<Deed> EveryDeed() {
 }
 
 // Performs the deeds in a world. Returns a line for each deed: its events and the state after it.
-std::vector<std::string> Play(const std::string& name, const std::vector<Deed>& deeds) {
-  const auto world = TestWorld::Make(name);
+std::vector<std::string> Play(const std::unique_ptr<TestWorld>& world,
+                              const std::vector<Deed>& deeds) {
   FullForm form(world->Loop());
   Heard heard(form, world->Loop());
   form.FirstFocus = deeds.size() % 2 == 0;
@@ -198,7 +198,8 @@ TEST(Agreement, BothWorldsReportTheSameOfEveryDeed) {
     std::vector<Deed> deeds = all;
     if (round > 0) std::shuffle(deeds.begin(), deeds.end(), random);
     if (round > 6) deeds.pop_back();  // an odd number of deeds: no control has the focus at first
-    const auto headless = Play("Headless", deeds), windows = Play("Windows", deeds);
+    const auto headless = Play(MakeWorldWithoutScreen(), deeds),
+               windows = Play(MakeWorldWithWidgets(), deeds);
     ASSERT_EQ(headless.size(), windows.size());
     for (std::size_t i = 0; i < headless.size(); ++i) {
       ASSERT_EQ(headless[i], windows[i])

@@ -79,11 +79,42 @@ TEST_P(Worlds, AMenuIsAnsweredOnceAndClosedByEscape) {
   EXPECT_EQ(form.Log, (std::vector<std::string>{"activate", "play"}));
 }
 
+TEST_P(Worlds, AShortcutActsWhereItIsMeantAndAHeldKeyActsOnce) {
+  FullForm form(loop);
+  form.FirstFocus = false;
+  form.OnKey = [](int key, bool) { return key == 'O'; };
+  const auto shortcut = [&](const char* name, const wchar_t* key, const Control* focus = nullptr,
+                            bool repeats = false) {
+    const KeyStroke stroke = *KeyByName(key);
+    form.Shortcuts.push_back(
+        {stroke.Code, stroke.Control, stroke.Alt, focus, repeats, form.Note(name)});
+  };
+  shortcut("new", L"Ctrl+N");
+  shortcut("open", L"Ctrl+O");
+  shortcut("up", L"Alt+Up", nullptr, true);
+  shortcut("play", L"Space", &form.lvwTracks);
+  const auto held = [&](const wchar_t* key) {
+    KeyStroke stroke = *KeyByName(key);
+    stroke.Repeats = true;
+    loop.Keys().Down(form, nullptr, stroke, form.Note("not used"));
+  };
+  for (const wchar_t* key : {L"Ctrl+N", L"n", L"Ctrl+Shift+N", L"Ctrl+O", L"Alt+Up", L"Space"}) {
+    person.Then([&form, key, this] { hands.Key(form, key); });
+  }
+  person.Then([&] { held(L"Ctrl+N"); }).Then([&] { held(L"Alt+Up"); });
+  person.Then([&] { loop.SetFocus(form.lvwTracks); }).Then([&] { hands.Key(form, L"Space"); });
+  person.Then([&] { loop.SetFocus(form.imgButton); }).Then([&] { hands.Key(form, L"Space"); });
+  Play(form);
+  EXPECT_EQ(form.Log,
+            (std::vector<std::string>{"activate", "new", "up", "up", "play", "button 1"}));
+}
+
 }  // namespace
 
 TEST(KeyNames, SayWhatAKeyReportsAndWrites) {
   const std::pair<const wchar_t*, std::optional<KeyStroke>> names[] = {
       {L"down", KeyStroke{kKeyDown, 0, false, false}},
+      {L"alt+Up", KeyStroke{kKeyUp, 0, false, false, true}},
       {L"F12", KeyStroke{kKeyF12, 0, false, false}},
       {L"CTRL+a", KeyStroke{'A', 0, true, false}},
       {L"Shift+Ctrl+End", KeyStroke{kKeyEnd, 0, true, true}},

@@ -197,7 +197,7 @@ TEST_P(Worlds, AUserWhoHasNoMoreToDoOrFailsEndsTheProgram) {
   person.Then([&] { loop.Post([&] { loop.ShowModal(modal); }); });
   EXPECT_THROW(loop.Run(), ProgrammEnde);
   EXPECT_EQ(loop.LeftOpen(), L"frmModal");
-  const auto other = TestWorld::Make(GetParam());
+  const auto other = GetParam()();
   TestForm tired(other->Loop(), L"frmTired");
   Person broken;
   other->Loop().TheUser = &broken;

@@ -10,8 +10,6 @@
 #include "platform/hands.h"
 
 #include <memory>
-#include <string>
-#include <vector>
 
 namespace vantora {
 
@@ -22,11 +20,13 @@ class TestWorld {
   virtual FormLoop& Loop() = 0;
   virtual Hands& TheHands() = 0;
   virtual void Settle() {}  // throws the error of an action that failed after its call
-
-  static std::unique_ptr<TestWorld> Make(const std::string& name);
 };
 
-class Worlds : public testing::TestWithParam<const char*> {
+// Each is in a file of its own, and the programs that can hold it run the tests in it.
+std::unique_ptr<TestWorld> MakeWorldWithoutScreen();
+std::unique_ptr<TestWorld> MakeWorldWithWidgets();
+
+class Worlds : public testing::TestWithParam<std::unique_ptr<TestWorld> (*)()> {
  protected:
   Worlds() {
     loop.TheUser = &person;
@@ -41,17 +41,8 @@ class Worlds : public testing::TestWithParam<const char*> {
     EXPECT_TRUE(person.Done());
     EXPECT_NO_THROW(world->Settle());
   }
-  // Returns the reason why the hands refuse an action; blank when the hands accept it.
-  static std::string Refusal(const std::function<void()>& act) {
-    try {
-      act();
-    } catch (const Unreachable& refused) {
-      return refused.what();
-    }
-    return {};
-  }
 
-  const std::unique_ptr<TestWorld> world = TestWorld::Make(GetParam());
+  const std::unique_ptr<TestWorld> world = GetParam()();
   FormLoop& loop = world->Loop();
   Hands& hands = world->TheHands();
   Person person;

@@ -3,24 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "backends/headless/headless_background.h"
-
-#include <stdexcept>
+#include "tests/backends/full_form.h"
 
 namespace vantora {
 namespace {
 
 class Room : public testing::Test {
  protected:
-  // What the loop says when the program can't go on; blank when it can.
-  static std::string Refusal(const std::function<void()>& act) {
-    try {
-      act();
-    } catch (const std::exception& refused) {
-      return refused.what();
-    }
-    return {};
-  }
-
   HeadlessClock clock;
   HeadlessLoop loop{clock};
 };

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "backends/linux/device_registry.h"
 #include "backends/linux/linux_drives.h"
 #include "backends/linux/utf8.h"
@@ -8,8 +6,6 @@
 #include "platform/drives.h"
 
 #include <random>
-#include <set>
-
 namespace vantora::test {
 
 namespace {

@@ -1,10 +1,6 @@
-#include <gtest/gtest.h>
-
-#include "backends/linux/utf8.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/running_out.h"
 
-#include <algorithm>
 #include <cstring>
 #include <fcntl.h>
 #include <random>
@@ -13,8 +9,12 @@
 
 namespace vantora::test {
 
-TEST(LinuxFiles, EveryRefusalHasItsNumber) {
+class FilesOnDisk : public testing::Test {
+ protected:
   Home home;
+};
+
+TEST_F(FilesOnDisk, EveryRefusalHasItsNumber) {
   Put(home / "a.wav", "abc");
   fs::create_directory(home / "folder.x");
   ASSERT_EQ(::mkfifo((home / "pipe").c_str(), 0600), 0);
@@ -54,8 +54,7 @@ TEST(LinuxFiles, EveryRefusalHasItsNumber) {
   EXPECT_EQ(Get(home / "a.wav"), "abc");
 }
 
-TEST(LinuxFiles, PermissionsAreRespected) {
-  Home home;
+TEST_F(FilesOnDisk, PermissionsAreRespected) {
   Put(home / "locked.wav", "abc");
   Put(home / "shut/a.wav", "abc");
   Nobody nobody(home.Folder());
@@ -72,22 +71,20 @@ TEST(LinuxFiles, PermissionsAreRespected) {
   fs::permissions(home / "shut", fs::perms::owner_all);
 }
 
-TEST(LinuxFiles, ANameInOtherLettersOpensTheFileThatIsThereAndMakesNoSecond) {
+TEST_F(FilesOnDisk, ANameInOtherLettersOpensTheFileThatIsThereAndMakesNoSecond) {
   for (const Zugriff access : {Zugriff::Binaer, Zugriff::Anhaengen, Zugriff::Neu}) {
-    Home home;
-    Put(home / "Canción.wav", "abc");
-    home.Files.Open(L"C:\\canCIÓN.WAV", access)->Write("xyz", 3);
-    EXPECT_EQ(Get(home / "Canción.wav"), access == Zugriff::Anhaengen ? "abcxyz" : "xyz");
-    EXPECT_EQ(home.Files.List(L"C:\\", L"*.wav"), std::vector<Text>{L"Canción.wav"});
+    Home one;
+    Put(one / "Canción.wav", "abc");
+    one.Files.Open(L"C:\\canCIÓN.WAV", access)->Write("xyz", 3);
+    EXPECT_EQ(Get(one / "Canción.wav"), access == Zugriff::Anhaengen ? "abcxyz" : "xyz");
+    EXPECT_EQ(one.Files.List(L"C:\\", L"*.wav"), std::vector<Text>{L"Canción.wav"});
   }
-  Home home;
   fs::create_symlink("target.txt", home / "link.txt");  // the target does not exist yet
   home.Files.Open(L"C:\\link.txt", Zugriff::Neu)->Write("x", 1);
   EXPECT_EQ(Get(home / "target.txt"), "x");
 }
 
-TEST(LinuxFiles, TheLengthOfAnOpenFileFollowsWhatOthersWrite) {
-  Home home;
+TEST_F(FilesOnDisk, TheLengthOfAnOpenFileFollowsWhatOthersWrite) {
   Put(home / "a.wav", "abc");
   const auto file = home.Files.Open(L"C:\\a.wav", Zugriff::Lesen);
   EXPECT_EQ(file->Length(), 3);
@@ -96,8 +93,7 @@ TEST(LinuxFiles, TheLengthOfAnOpenFileFollowsWhatOthersWrite) {
 }
 
 // Small reads use a buffer, which must never return bytes older than the last write.
-TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
-  Home home;
+TEST_F(FilesOnDisk, ReadsAndWritesInAnyOrderAgreeWithAModel) {
   const auto file = home.Files.Open(L"C:\\a.dat", Zugriff::Binaer);
   std::vector<char> model;
   std::mt19937 random(11);
@@ -139,8 +135,7 @@ TEST(LinuxFiles, ReadsAndWritesInAnyOrderAgreeWithAModel) {
 }
 
 // A copy between two such files uses no buffer; a copy to any other file does.
-TEST(LinuxFiles, FromOneFileIntoAnotherGoesWhatIsThereAndBothMoveOn) {
-  Home home;
+TEST_F(FilesOnDisk, FromOneFileIntoAnotherGoesWhatIsThereAndBothMoveOn) {
   std::mt19937 random(12);
   std::string model[2];
   const auto source = home.Files.Open(L"C:\\a.dat", Zugriff::Binaer);
@@ -167,8 +162,7 @@ TEST(LinuxFiles, FromOneFileIntoAnotherGoesWhatIsThereAndBothMoveOn) {
   }
 }
 
-TEST(LinuxFiles, ACopyIsWholeOrNotThere) {
-  Home home;
+TEST_F(FilesOnDisk, ACopyIsWholeOrNotThere) {
   std::string song(3'500'000, 'x');
   for (std::size_t i = 0; i < song.size(); i += 1000) song[i] = static_cast<char>(i / 1000);
   Put(home / "Music/a.wav", song);
@@ -195,8 +189,7 @@ TEST(LinuxFiles, ACopyIsWholeOrNotThere) {
   EXPECT_EQ(fs::file_size(home / "Copies.wav"), fs::file_size(home / "Full/old.wav"));
 }
 
-TEST(LinuxFiles, AListShowsTheFilesOfItsPatternsAndNothingElse) {
-  Home home;
+TEST_F(FilesOnDisk, AListShowsTheFilesOfItsPatternsAndNothingElse) {
   for (const char* name : {"b.wav", "A.WAV", "c.mp3", "d.mp3.txt", ".hidden.wav", "a\\b.wav",
                            "ñandú.wav", "e.wavx", "f"}) {
     Put(home / "m" / name, "x");

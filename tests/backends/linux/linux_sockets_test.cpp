@@ -4,10 +4,7 @@
 
 #include "tests/emulators/cddb_server.h"
 
-#include <atomic>
-#include <chrono>
 #include <memory>
-#include <thread>
 
 namespace vantora::test {
 namespace {

@@ -1,8 +1,9 @@
 #include "backends/linux/linux_system.h"
 
-#include <gtest/gtest.h>
-
+#include "backends/headless/headless_clock.h"
+#include "backends/headless/headless_loop.h"
 #include "backends/linux/file_resources.h"
+#include "backends/linux/help_opener.h"
 #include "backends/linux/thread_background.h"
 #include "tests/backends/linux/home.h"
 
@@ -28,25 +29,21 @@ bool Within(std::chrono::milliseconds time, const std::function<bool()>& done) {
 
 }  // namespace
 
-TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirst) {
-  const Home one, other;
-  auto first = std::make_unique<LinuxSystem>(one.Places, LinuxSystem::Options{});
-  EXPECT_FALSE(first->PrevInstance());
-  EXPECT_FALSE(first->PrevInstance());
-  LinuxSystem second(one.Places, {}), neighbour(other.Places, {});
-  EXPECT_TRUE(second.PrevInstance());
-  EXPECT_FALSE(neighbour.PrevInstance());
-  first.reset();
-  EXPECT_FALSE(second.PrevInstance());
-}
-
-TEST(LinuxSystem, WithoutAUsableRuntimeFolderTheMarkIsMadeInTheCache) {
-  Home home;
-  Put(home / "file", "x");
-  home.Places.Runtime = home / "file";
-  LinuxSystem first(home.Places, {}), second(home.Places, {});
-  EXPECT_FALSE(first.PrevInstance());
-  EXPECT_TRUE(second.PrevInstance());
+TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirstAlsoWithoutARuntimeFolder) {
+  Home one;
+  const Home other;
+  for (const bool runtime : {true, false}) {
+    Put(one / "file", "x");
+    if (!runtime) one.Places.Runtime = one / "file";
+    auto first = std::make_unique<LinuxSystem>(one.Places, LinuxSystem::Options{});
+    EXPECT_FALSE(first->PrevInstance());
+    EXPECT_FALSE(first->PrevInstance());
+    LinuxSystem second(one.Places, {}), neighbour(other.Places, {});
+    EXPECT_TRUE(second.PrevInstance());
+    EXPECT_FALSE(neighbour.PrevInstance());
+    first.reset();
+    EXPECT_FALSE(second.PrevInstance());
+  }
 }
 
 TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
@@ -76,6 +73,50 @@ TEST(LinuxSystem, ViewersGetTheAddressAsItIsAndOnlyOfTheWebOrMail) {
   shows(help + "/index.html");
   EXPECT_FALSE(LinuxSystem(home.Places, {L"1", home / "help", "no-viewer"}).OpenHelp(L"", L""));
   EXPECT_FALSE(LinuxSystem(home.Places, {L"1", home / "none", viewer}).OpenHelp(L"", L""));
+}
+
+// A page goes to the browser, or to the program's own viewer if the browser cannot show it.
+TEST(HelpOpener, APageThatNoBrowserShowsGoesToTheViewer) {
+  struct Case {
+    const char* What;
+    const char* Opener;   // its script; null: there is none
+    const char* Handler;  // the browser's desktop file
+    bool Viewer;
+  };
+  for (const Case& c : std::vector<Case>{
+           {"a browser that shows it", "exit 0", "web.desktop", false},
+           {"no opener", nullptr, "web.desktop", true},
+           {"an opener that finds no browser", "exit 3", "", true},
+           {"a browser that soon fails", "sleep 0.2; kill -9 $$", "web.desktop", true},
+           {"a browser that cannot see the program's files", "exit 0", "boxed.desktop", true}}) {
+    SCOPED_TRACE(c.What);
+    const Home home;
+    const fs::path opener = home / "opener", asker = home / "asker", told = home / "told";
+    const auto script = [](const fs::path& file, const std::string& text) {
+      Put(file, "#!/bin/sh\n" + text + "\n");
+      fs::permissions(file, fs::perms::owner_all);
+    };
+    if (c.Opener != nullptr) script(opener, "echo \"$1\" >>'" + told.string() + "'\n" + c.Opener);
+    script(asker, std::string("echo ") + c.Handler);
+    Put(home / "share/applications/web.desktop", "x");
+    Put(home / "flatpak/exports/share/applications/boxed.desktop", "x");
+    HeadlessClock clock;
+    HeadlessLoop loop(clock);
+    ThreadBackground background;
+    std::vector<fs::path> shown;
+    HelpOpener help(
+        {opener.string(), asker.string(), {home / "share", home / "flatpak/exports/share"}},
+        background, loop, [&](const fs::path& page) { shown.push_back(page); });
+    help.Open("page.html");
+    const auto seen = [&] {
+      loop.DoEvents();
+      return c.Viewer ? !shown.empty() : fs::exists(told);
+    };
+    EXPECT_TRUE(Within(10'000ms, seen));
+    help.Open("next.html");  // waits for nothing once the viewer has shown a page
+    EXPECT_EQ(shown, c.Viewer ? (std::vector<fs::path>{"page.html", "next.html"})
+                              : std::vector<fs::path>{});
+  }
 }
 
 TEST(ThreadBackground, NoSliceRunsAfterTheJobIsGone) {

@@ -1,7 +1,5 @@
 #include "backends/linux/processor_load.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/backends/linux/home.h"
 
 namespace vantora::test {

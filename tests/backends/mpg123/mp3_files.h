@@ -6,11 +6,6 @@
 #include "tests/backends/mpg123/tones.h"
 #include "tests/backends/sound/wave_bytes.h"
 
-#include <cstdlib>
-#include <cstring>
-#include <string>
-#include <vector>
-
 namespace vantora::test {
 
 inline bool EncoderIsThere() {
@@ -38,9 +33,7 @@ inline std::vector<std::int16_t> DecodedByOthers(const std::string& mp3) {
       "cd " + folder().string() + " && lame --quiet --decode a.mp3 a.wav 2>/dev/null";
   EXPECT_EQ(std::system(command.c_str()), 0) << command;
   const std::string wave = Get(folder() / "a.wav");
-  std::vector<std::int16_t> samples(wave.size() < 44 ? 0 : (wave.size() - 44) / 2);
-  if (!samples.empty()) std::memcpy(samples.data(), wave.data() + 44, 2 * samples.size());
-  return samples;
+  return SamplesOf(wave.substr(std::min<std::size_t>(wave.size(), 44)));
 }
 
 // A tag with a picture of `bytes` bytes that is full of false frame marks.

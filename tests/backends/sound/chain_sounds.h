@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <numbers>
 #include <random>
 #include <vector>
@@ -53,21 +54,28 @@ inline Sound Hiss(double amplitude, std::size_t frames, std::uint32_t seed = 1) 
   return sound;
 }
 
-// The output of an effect for `sound`. `before` is called with the first frame of each buffer.
+// The output of an effect behind its source. `before` is called with the first frame of each
+// buffer.
 template <class Before>
-Sound Through(MMComponentX& effect, const Sound& sound, Before before) {
-  Source source(sound);
+Sound Behind(MMComponentX& effect, MMComponentX& source, Before before) {
   effect.SetInput(&source);
   Sound out;
   for (MMData data;;) {
     before(out.size() / 2);
     effect.Pull(data);
     if (data.Bytes == 0) break;
-    out.insert(out.end(), data.Samples.begin(),
-               data.Samples.begin() + static_cast<std::ptrdiff_t>(data.Bytes / 2));
+    std::transform(data.Samples.begin(),
+                   data.Samples.begin() + static_cast<std::ptrdiff_t>(data.Bytes / 2),
+                   std::back_inserter(out), ToSample);
   }
   effect.SetInput(nullptr);
   return out;
+}
+// The output of an effect for `sound`.
+template <class Before>
+Sound Through(MMComponentX& effect, const Sound& sound, Before before) {
+  Source source(sound);
+  return Behind(effect, source, before);
 }
 inline Sound Through(MMComponentX& effect, const Sound& sound) {
   return Through(effect, sound, [](std::size_t) {});

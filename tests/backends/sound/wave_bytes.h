@@ -1,6 +1,7 @@
 // Wave files built byte by byte, for tests with wrong headers.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -52,6 +53,12 @@ inline std::string BytesOf(const std::vector<std::int16_t>& samples) {
   std::string bytes(samples.size() * 2, '\0');
   std::memcpy(bytes.data(), samples.data(), bytes.size());
   return bytes;
+}
+
+// The sound of a plain wave file; blank when the file is none or its header is false.
+inline std::string SoundOf(const std::string& wave) {
+  std::string sound = wave.substr(std::min<std::size_t>(wave.size(), 44));
+  return wave == Wave(sound) ? sound : std::string();
 }
 
 // Bytes that differ from their neighbours, so that every shift is noticed.

@@ -4,23 +4,14 @@
 #include "backends/burn/drive_writer.h"
 #include "backends/cdio/drive_disc.h"
 #include "backends/discimage/image_writer.h"
-#include "backends/headless/headless_background.h"
-#include "backends/headless/headless_loop.h"
 #include "backends/linux/device_registry.h"
 #include "main/machine.h"
-#include "tests/backends/running_out.h"
-#include "tests/backends/sound/wave_bytes.h"
+#include "tests/backends/burning.h"
 #include "tests/emulators/drive/drive_home.h"
-#include "tests/support/mcd_log.h"
 
 #include <cdio/cdtext.h>
 
-#include <chrono>
 #include <fcntl.h>
-#include <memory>
-#include <thread>
-#include <unistd.h>
-#include <utility>
 
 namespace vantora::test {
 
@@ -36,30 +27,9 @@ std::string Padded(std::string sound, std::size_t sectors) {
   return sound;
 }
 
-bool DriveIsFree() {
-  const int file = ::open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_EXCL);
-  if (file >= 0) ::close(file);
-  return file >= 0;
-}
-
-class DriveBurn : public testing::Test {
+class DriveBurn : public Burning {
  protected:
-  DriveBurn() {
-    const auto note = [this](const std::string& what) { Log.push_back(what); };
-    McdEvents& e = writer.Events;
-    NoteEvents(e, note);
-    e.MCD_TrackPercent = [=, this](int percent) { Percents.push_back(percent); };
-    e.MCD_InfoMessage = [=, this](int, const Text& text) {
-      if (text.starts_with(L"Open")) note("open");
-      if (text.starts_with(L"Close")) note("close");
-      if (text.starts_with(L"Grabadora: ")) ForTheLog += text + L"\n";
-    };
-    e.MCD_ScsiEvents = [=, this](int, int, int code, int, const Text& text) {
-      note("scsi " + std::to_string(code));
-      Words = text;
-    };
-    e.MCD_ASPIEvent = [=](int, const Text&) { note("aspi"); };
-  }
+  DriveBurn() { Listen(writer); }
 
   static LinuxPlaces WithDrives(LinuxPlaces places) {
     places.Optical = OpticalDrives("/sys");
@@ -69,9 +39,7 @@ class DriveBurn : public testing::Test {
   std::string Add(int sectors, int rest = 0, std::uint32_t seed = 1) {
     std::string sound =
         Noise(static_cast<std::size_t>(sectors) * kSector + static_cast<std::size_t>(rest), seed);
-    const std::string name = std::to_string(++waves_) + ".wav";
-    Put(home / "" / name, Wave(sound));
-    EXPECT_EQ(writer.AddTrack(Text(L"C:\\") + Text(name.begin(), name.end()), 0), 0);
+    Burning::Add(writer, Wave(sound));
     return sound;
   }
   void Find() {
@@ -79,35 +47,20 @@ class DriveBurn : public testing::Test {
     ASSERT_EQ(writer.BurnerCount(), 1);
     writer.SelectBurner(0);
   }
-  // Waits until the last event begins with `last`, and returns all events.
+  // Waits for an event that begins with `last`, and returns all events.
   std::string Until(const std::string& last) {
-    const auto limit = Time::now() + 20s;
-    while ((Log.empty() || !Log.back().starts_with(last)) && Time::now() < limit) {
-      loop.Pass(20);
-      std::this_thread::sleep_for(1ms);
-    }
+    Bench::Until(
+        [&] {
+          return std::any_of(Log.begin(), Log.end(),
+                             [&](const std::string& what) { return what.starts_with(last); });
+        },
+        20);
     return Story();
-  }
-  std::string Story() const {
-    std::string story;
-    for (const std::string& what : Log) story += (story.empty() ? "" : ", ") + what;
-    return story;
   }
 
   DriveHome drive;
-  Home home;
   DriveTable table{WithDrives(home.Places)};
-  RunningOut disk{home.Files};
-  HeadlessClock clock;
-  HeadlessLoop loop{clock};
-  HeadlessBackground background{loop};
-  std::vector<std::string> Log;
-  std::vector<int> Percents;
-  Text Words, ForTheLog;
   DriveWriter writer{disk, loop, background, [this] { return DrivesForWriting(table); }};
-
- private:
-  int waves_ = 0;
 };
 
 }  // namespace
@@ -266,7 +219,9 @@ TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
     bool ready = false;
     for (int i = 0; i < 5 && !ready; ++i) ready = writer.CheckIfBurnerOK();
     EXPECT_TRUE(ready);
-    EXPECT_TRUE(DriveIsFree());
+    const int device = ::open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_EXCL);
+    EXPECT_GE(device, 0) << "the drive is in use";
+    ::close(device);
     EXPECT_LT(drive.Image(dao ? "dao" : "tao").size(), 8000 * kSector);
     Log.clear();
     loop.Pass(1000);
@@ -283,7 +238,7 @@ TEST_F(DriveBurn, AMethodThatTheDriveRefusesLateIsRefusedAllTheSame) {
   EXPECT_EQ(writer.WriteDAO(), -1);
   loop.Pass(1000);
   EXPECT_EQ(Story(), "");
-  EXPECT_NE(ForTheLog, L"") << "the reason";
+  EXPECT_NE(Reasons, L"") << "the reason";
   EXPECT_EQ(drive.Image(), "");
   ASSERT_EQ(writer.WriteTAO(), 0) << "as soon as the drive is at rest";
   EXPECT_TRUE(Until("complete").ends_with("complete 1"));

@@ -8,7 +8,6 @@
 // at the end of a program. Requests by ioctl go to the emulated drive.
 #include "tests/emulators/drive/requests.h"
 
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
@@ -19,7 +18,6 @@
 #include <fstream>
 #include <linux/cdrom.h>
 #include <mutex>
-#include <string>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <unistd.h>
@@ -160,7 +158,6 @@ extern "C" {
 // Names used by programs that were built against an older C library or with fortified functions.
 int OpenWithoutMode(const char* path, int flags) asm("__open_2");
 int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xstat");
-int OldLinkStat(int version, const char* path, struct stat* info) noexcept asm("__lxstat");
 
 int open(const char* path, int flags, ...) {
   va_list rest;
@@ -206,20 +203,10 @@ int OldStat(int version, const char* path, struct stat* info) noexcept {
   return StatInstead("__xstat", version, path, info);
 }
 
-int OldLinkStat(int version, const char* path, struct stat* info) noexcept {
-  return StatInstead("__lxstat", version, path, info);
-}
-
 int fstat(int file, struct stat* info) noexcept {
   static const auto next = Next<int (*)(int, struct stat*)>("fstat");
   const int result = next(file, info);
   return IsDrive(file) ? Device(info, result) : result;
-}
-
-int access(const char* path, int way) noexcept {
-  static const auto next = Next<int (*)(const char*, int)>("access");
-  const std::string instead = Instead(path);
-  return next(instead.empty() ? path : instead.c_str(), way);
 }
 
 int close(int file) {

@@ -13,9 +13,6 @@
 #include "tests/emulators/drive/script.h"
 
 #include <array>
-#include <filesystem>
-#include <optional>
-#include <string>
 
 namespace vantora::emulated {
 

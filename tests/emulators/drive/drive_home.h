@@ -4,9 +4,6 @@
 
 #include "tests/backends/linux/home.h"
 
-#include <cstdlib>
-#include <string>
-
 namespace vantora::test {
 
 class DriveHome {

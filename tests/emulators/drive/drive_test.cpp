@@ -1,7 +1,6 @@
 // Reads discs in the emulated drive with libcdio, its paranoia reader and the back end above them.
 #include "backends/cdio/de_emphasis.h"
 #include "backends/cdio/drive_disc.h"
-#include "backends/linux/linux_places.h"
 #include "tests/backends/cdio/tray.h"
 #include "tests/emulators/drive/drive_home.h"
 
@@ -59,7 +58,7 @@ TEST_F(InTheEmulatedDrive, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis
     reader.ReadOffset(offset);
     EXPECT_EQ(reader.ReadTrack(track, L"C:\\a.wav"), 0);
     loop.Pass(60'000);
-    return File("a.wav").substr(44);
+    return SoundOf(File("a.wav"));
   };
   EXPECT_TRUE(grab(1, -667) ==
               std::string(4 * 667, '\0') + image.substr(0, 300 * kSector - 4 * 667));

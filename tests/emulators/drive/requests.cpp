@@ -157,26 +157,20 @@ int Requests::DriveStatus() {
 
 int Requests::WithStructure(unsigned long request, void* argument) {
   if (argument == nullptr) return EFAULT;
-  switch (request) {
-    case SG_IO:
-      return Generic(argument);
-    case CDROM_SEND_PACKET:
-      return Packet(argument);
-    case CDROMREADTOCHDR:
-      return TocHeader(argument);
-    case CDROMREADTOCENTRY:
-      return TocEntry(argument);
-    case CDROMMULTISESSION:
-      return Session(argument);
-    case kGetBusNumber:
-      *static_cast<int*>(argument) = 0;
-      return 0;
-    case kGetIdLun:
-      std::memset(argument, 0, 2 * sizeof(int));
-      return 0;
-    default:
-      return ENOTTY;
+  constexpr struct {
+    unsigned long Number;
+    int (Requests::*Do)(void*);
+  } kRequests[] = {{SG_IO, &Requests::Generic},
+                   {CDROM_SEND_PACKET, &Requests::Packet},
+                   {CDROMREADTOCHDR, &Requests::TocHeader},
+                   {CDROMREADTOCENTRY, &Requests::TocEntry},
+                   {CDROMMULTISESSION, &Requests::Session}};
+  for (const auto& each : kRequests) {
+    if (each.Number == request) return (this->*each.Do)(argument);
   }
+  if (request != kGetBusNumber && request != kGetIdLun) return ENOTTY;
+  std::memset(argument, 0, (request == kGetIdLun ? 2 : 1) * sizeof(int));
+  return 0;
 }
 
 int Requests::Do(unsigned long request, void* argument) {

@@ -1,21 +1,15 @@
 #include "backends/sound/chain/trigger.h"
 
-#include <gtest/gtest.h>
-
-#include "backends/headless/headless_loop.h"
 #include "backends/sound/chain/dsp_interface.h"
 #include "backends/sound/files/wave_object.h"
-#include "tests/backends/linux/home.h"
-#include "tests/backends/sound/wave_bytes.h"
-
-#include <chrono>
+#include "tests/backends/bench.h"
 
 namespace vantora::test {
 
 namespace {
 
 // A chain from one file to another. Each event adds a letter to the log.
-class Pumping : public testing::Test {
+class Pumping : public Bench {
  protected:
   Pumping() {
     Put(home / "a.wav", Wave(data));
@@ -35,9 +29,6 @@ class Pumping : public testing::Test {
     return Get(home / "b.wav");
   }
 
-  Home home;
-  HeadlessClock clock;
-  HeadlessLoop loop{clock};
   const std::string data = Noise(6'000'004);
   WaveComponent source{home.Files}, target{home.Files};
   DspInterface dsp;

@@ -1,14 +1,10 @@
 #include "backends/sound/chain/wave_out.h"
 
-#include <gtest/gtest.h>
-
-#include "backends/headless/headless_loop.h"
-#include "backends/headless/headless_output.h"
 #include "backends/sound/chain/connector.h"
 #include "backends/sound/chain/dsp_interface.h"
 #include "backends/sound/files/wave_object.h"
-#include "tests/backends/linux/home.h"
-#include "tests/backends/sound/wave_bytes.h"
+#include "tests/backends/bench.h"
+#include "tests/backends/ear.h"
 
 #include <cmath>
 #include <random>
@@ -20,29 +16,7 @@ namespace {
 constexpr std::int64_t kMs = 441;  // frames in 10 ms
 constexpr int kJoint = 220;        // frames over which a step fades out
 
-// A sound output that stores the sound of all its streams.
-class Ear final : public SoundOutput {
- public:
-  explicit Ear(SoundOutput& card) : card_(card) {}
-  std::unique_ptr<SoundStream> Play(Source source, std::function<void()> ended,
-                                    int aheadMs) override {
-    ++Streams;
-    const auto listen = [this, source = std::move(source)](std::int16_t* target,
-                                                           std::size_t frames) {
-      const std::size_t given = source(target, frames);
-      for (std::size_t i = 0; i < given; ++i) Left.push_back(target[2 * i]);
-      return given;
-    };
-    return card_.Play(listen, std::move(ended), aheadMs);
-  }
-  std::vector<std::int16_t> Left;
-  int Streams = 0;
-
- private:
-  SoundOutput& card_;
-};
-
-class Playing : public testing::Test {
+class Playing : public Bench {
  protected:
   // Two seconds of sound whose left samples identify their position: a slow sine plus a ramp.
   static std::int16_t Sample(std::int64_t frame) {
@@ -78,9 +52,6 @@ class Playing : public testing::Test {
   }
   std::int64_t Told() const { return static_cast<std::int64_t>(ear_.Left.size()); }
 
-  Home home;
-  HeadlessClock clock;
-  HeadlessLoop loop{clock};
   HeadlessSoundCard card;
   HeadlessOutput device{loop, clock, card};
   Ear ear_{device};
@@ -145,7 +116,7 @@ TEST_F(Playing, ARewiringIsHeardSoonWithoutAGapAClickOrAJump) {
   Range(0, 88200);
   out.Start();
   const auto halve = [](MMData& data) {
-    for (std::int16_t& sample : data.Samples) sample = static_cast<std::int16_t>(sample / 2);
+    for (float& sample : data.Samples) sample = std::trunc(sample / 2);
   };
   std::vector<std::int64_t> changes;
   for (int i = 0; i < 12; ++i) {  // into the last half second

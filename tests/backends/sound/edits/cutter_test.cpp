@@ -1,12 +1,8 @@
 #include "backends/sound/edits/cutter.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/sound/edits/wave_edits.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
-
-#include <algorithm>
 
 namespace vantora::test {
 

@@ -1,7 +1,5 @@
 // Tests that no edit can lose a sample. Each edit is killed in every call that changes a file, and
 // so is its completion; each such call also fails once, and permanently.
-#include <gtest/gtest.h>
-
 #include "backends/sound/edits/wave_edits.h"
 #include "klang/rampe.h"
 #include "tests/backends/linux/home.h"
@@ -9,11 +7,8 @@
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/kill_switch.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cmath>
-#include <cstring>
-#include <memory>
 
 namespace vantora::test {
 

@@ -1,31 +1,13 @@
 #include "backends/sound/edits/normalizer.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/sound/edits/wave_edits.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <random>
-#include <vector>
 
 namespace vantora::test {
-
-namespace {
-
-constexpr std::size_t kWaveHeader = 44;
-using Samples = std::vector<std::int16_t>;
-
-std::string Bytes(const Samples& samples) {
-  std::string bytes(samples.size() * 2, '\0');
-  std::memcpy(bytes.data(), samples.data(), bytes.size());
-  return bytes;
-}
-
-}  // namespace
 
 TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
   const std::string tail = Chunk("LIST", Noise(33, 4));
@@ -38,7 +20,7 @@ TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
     for (const std::size_t count : {1U, 2U, 131'071U, 131'072U, 700'003U}) {
       SCOPED_TRACE(each.High);
       std::mt19937 random(7);
-      Samples samples(count);
+      std::vector<std::int16_t> samples(count);
       for (auto& sample : samples) {
         const auto span = static_cast<unsigned>(each.High - each.Low + 1);
         sample = static_cast<std::int16_t>(each.Low + static_cast<int>(random() % span));
@@ -47,7 +29,7 @@ TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
       samples.back() = static_cast<std::int16_t>(
           std::max(each.High, -each.Low) == -each.Low ? each.Low : each.High);
       Home home;
-      Put(home / "a.wav", Wave(Bytes(samples) + "x", tail));
+      Put(home / "a.wav", Wave(BytesOf(samples) + "x", tail));
       std::vector<std::pair<int, int>> heard;
       WaveEdits edits(home.Files, {});
       NormalizeWaveFile(
@@ -55,10 +37,9 @@ TEST(Normalizer, ThePeakReachesItsShareAndEverySampleFollows) {
           [&heard](int phase, int percent) { heard.emplace_back(phase, percent); }, each.Percent);
       const int peak = std::max(each.High, -each.Low);
       const std::string written = Get(home / "a.wav");
-      Samples now(count);
-      ASSERT_GE(written.size(), kWaveHeader + 2 * count);
-      std::memcpy(now.data(), written.data() + kWaveHeader, 2 * count);
-      EXPECT_TRUE(written == Wave(Bytes(now) + "x", tail));
+      ASSERT_GE(written.size(), 44 + 2 * count);
+      const std::vector<std::int16_t> now = SamplesOf(written.substr(44, 2 * count));
+      EXPECT_TRUE(written == Wave(BytesOf(now) + "x", tail));
       EXPECT_EQ(std::abs(now.back()), peak > 0 ? each.Target : 0);
       const double factor = peak > 0 ? static_cast<double>(each.Target) / peak : 1;
       double farthest = 0;

@@ -1,14 +1,11 @@
 #include "backends/sound/effects/reverb.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/linux/profile_file.h"
 #include "backends/linux/utf8.h"
 #include "backends/linux/windows1252.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/chain_sounds.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <deque>
@@ -23,6 +20,15 @@ const Text kFile = L"C:\\Reverb.ini";
 struct Rooms : Home {
   ProfileFiles Profiles{Table};
   explicit Rooms(const std::string& content) { Put(*this / "Reverb.ini", content); }
+  // The sound in a room, as loud as it gets.
+  Sound In(const Text& room, int feedback, const Sound& sound) {
+    Reverb reverb(Profiles);
+    reverb.LoadFromIni(kFile, room);
+    reverb.SetFeedback(feedback);
+    reverb.SetOutputGain(99);
+    reverb.Enable();
+    return Through(reverb, sound);
+  }
 };
 
 // A reference implementation of the eight echoes, frame by frame and without blocks or vectors.
@@ -164,12 +170,7 @@ TEST(Reverb, RoomsLastAsTheirNamesPromiseAndHaveTwoEars) {
   for (std::size_t n = 0; n < mono.size(); n += 2) mono[n + 1] = mono[n];
   mono.resize(mono.size() + std::size_t{2} * 8 * 44'100);
   const auto tail = [&](const Text& room, int feedback) {
-    Reverb reverb(rooms.Profiles);
-    reverb.LoadFromIni(kFile, room);
-    reverb.SetFeedback(feedback);
-    reverb.SetOutputGain(99);
-    reverb.Enable();
-    return Tail(Through(reverb, mono), 22'050);
+    return Tail(rooms.In(room, feedback, mono), 22'050);
   };
   const std::vector<std::pair<Text, double>> lengths{{L"01.Habitaci\u00f3n peque\u00f1a", 0.45},
                                                      {L"Sal\u00f3n", 0.7},
@@ -202,16 +203,11 @@ TEST(Reverb, EveryRoomOfTheProgramDiesAwayAfterTheLoudestSoundAtFullFeedback) {
     SCOPED_TRACE(ToWindows1252(name));
     EXPECT_EQ(name.find(L'.'), 2U);
     for (const int feedback : {-99, 99}) {
-      Reverb reverb(rooms.Profiles);
-      reverb.LoadFromIni(kFile, name.substr(3));
-      reverb.SetFeedback(feedback);
-      reverb.SetOutputGain(99);
-      reverb.Enable();
       Sound sound = Hiss(8000, 132'300);
       for (std::int16_t& sample : sound) sample = Sample(sample + 12'000.0);  // large offset
       const std::size_t end = sound.size() / 2;
       sound.resize(sound.size() + std::size_t{2} * 30 * 44'100);
-      const Sound out = Through(reverb, sound);
+      const Sound out = rooms.In(name.substr(3), feedback, sound);
       EXPECT_GT(Loudness(out, end + 500, end + 1500), 300);
       EXPECT_LT(Loudness(out, end - 44'100, end), 20'000);
       EXPECT_LT(Loudness(out, out.size() / 2 - 44'100, out.size() / 2), 1);

@@ -1,12 +1,9 @@
 #include "backends/sound/files/wave_file.h"
 
-#include <gtest/gtest.h>
-
 #include "backends/sound/files/wave_header.h"
 #include "tests/backends/linux/home.h"
 #include "tests/backends/sound/wave_bytes.h"
 
-#include <algorithm>
 #include <chrono>
 #include <random>
 
@@ -92,38 +89,6 @@ TEST(WaveFile, AHeaderMayLieAboutEverything) {
   }
 }
 
-// Compares random sequences of calls with a model of the sound, and finally every byte of the file.
-TEST(WaveFile, WhatIsWrittenAgreesWithAModelAndAForeignChunkIsNeverWrittenOver) {
-  std::mt19937 random(17);
-  for (const std::string& tail : {std::string(), Chunk("LIST", Noise(9, 5))}) {
-    SCOPED_TRACE(tail.size());
-    Studio studio;
-    std::string model = Noise(40'000);
-    Put(studio.File, Wave(model, tail));
-    auto wave = studio.Opened();
-    for (int step = 0; step < 100; ++step) {
-      const std::size_t size = random() % 5000;
-      std::size_t place = random() % (model.size() + (random() % 4 == 0 ? 5000 : 1));
-      if (random() % 3 == 0) place = model.size();  // continues at the end
-      const std::string bytes = Noise(size, static_cast<std::uint32_t>(step));
-      wave->SetPosition(static_cast<std::int64_t>(place));
-      const bool refused = size > 0 && !tail.empty() && place + size > model.size();
-      EXPECT_EQ(ErrorOf([&] { wave->Write(bytes.data(), size); }), refused ? 70 : 0);
-      if (size > 0 && !refused) {
-        model.resize(std::max(model.size(), place + size));
-        model.replace(place, size, bytes);
-      }
-      if (random() % 4 == 0) wave->Save();
-      if (random() % 4 == 0) {
-        wave->Close();
-        wave = studio.Opened();
-        EXPECT_TRUE(Get(studio.File) == Wave(model, tail));
-      }
-      ASSERT_TRUE(Sound(*wave) == model);
-    }
-  }
-}
-
 TEST(WaveFile, AFullDiskLeavesAWholeFileBehind) {
   Studio studio;
   const std::string data = Noise(200'000), more = Noise(1'000'000, 3);
@@ -158,14 +123,6 @@ TEST(WaveFile, MoreThanASizeFieldHoldsIsRefused) {
   EXPECT_EQ(ErrorOf([&] { wave->Write("x", 1); }), 61);
   wave->Close();
   EXPECT_EQ(Get(studio.File), Wave("abcd"));
-}
-
-TEST(WaveHeader, ItIsTheHeaderOfAPlainWaveFile) {
-  Home home;
-  const auto file = home.Files.Open(L"C:\\b.wav", Zugriff::Neu);
-  WriteWaveHeader(*file, 8);
-  file->Write("abcdefgh", 8);
-  EXPECT_EQ(Get(home / "b.wav"), Wave("abcdefgh"));
   EXPECT_EQ(ErrorOf([] { MakeWaveHeader(0xFFFFFFFF); }), 61);
   EXPECT_EQ(ErrorOf([] { MakeWaveHeader(-1); }), 5);
 }

@@ -1,7 +1,5 @@
 #include "backends/sound/files/wave_object.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/backends/linux/home.h"
 #include "tests/backends/running_out.h"
 #include "tests/backends/sound/wave_bytes.h"
@@ -39,7 +37,7 @@ std::string Pulled(MMComponentX& component) {
   MMData data;
   for (component.Pull(data); data.Bytes > 0; component.Pull(data)) {
     std::string bytes(data.Bytes, '\0');
-    std::copy_n(reinterpret_cast<const char*>(data.Samples.data()), data.Bytes, bytes.data());
+    CopyWaveHeader(data, reinterpret_cast<std::int16_t*>(bytes.data()), data.Bytes);
     sound += bytes;
   }
   return sound;
@@ -174,8 +172,16 @@ TEST(WaveObject, WhatIsNoSoundIsAnErrorOrNothing) {
     EXPECT_EQ(Get(home / (there ? "b.wav" : "a.wav")), Wave(std::string(4, '\0') + "abcd"));
   }
 
-  Put(home / "a.wav", Wave(Noise(3'000'000)));
+  const std::string withTail = Wave(Noise(8), Chunk("LIST", Noise(9)));
+  Put(home / "a.wav", withTail);
   wave.SetFileName(kWave);
+  wave.Open();
+  wave.SetPosition(1);
+  EXPECT_EQ(ErrorOf([&] { wave.WriteData("abcdefgh", 8); }), 70) << "over a foreign chunk";
+  wave.Close();
+  EXPECT_EQ(Get(home / "a.wav"), withTail);
+
+  Put(home / "a.wav", Wave(Noise(3'000'000)));
   wave.Open();
   wave.PlayEnd = 750'000;
   fs::resize_file(home / "a.wav", 1'000'000);  // done by another program
