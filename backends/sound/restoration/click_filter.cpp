@@ -140,12 +140,15 @@ void ClickFilter::WorkOnHarmonics() {
   FillAll(model_);
   for (int round = 0; round < kLongRounds; ++round) {
     long_.Fit(repaired_.data() + base_, total);
-    FillAll(long_);
-    long_.Fit(repaired_.data() + base_, total);
+    if (!gaps_.empty()) {
+      FillAll(long_);
+      long_.Fit(repaired_.data() + base_, total);
+    }
     MeasureStretches(long_);
     before_ = gaps_;
     Search(long_);
     Unite();
+    if (gaps_.empty()) break;  // a further round would find the same
     FillAll(long_);
   }
   Repair(long_);
