@@ -18,7 +18,7 @@ constexpr std::size_t kNear = 24;  // samples between gaps that belong together
 // pulse drives what follows, so the error ends with it. The error that a replacement may leave at
 // most, in parts of the one behind the gap; and that of the short model, before the long one is
 // asked.
-constexpr double kPulse = 0.75, kLongPulse = 2;
+constexpr double kPulse = 0.75, kLongPulse = 1.5;
 constexpr std::size_t kHidesEnd = 13;  // samples from which on damage may have a soft end
 constexpr double kWorth = 3;
 constexpr int kWideRounds = 2;
