@@ -58,13 +58,13 @@ double HissChange(const Sound& out, std::size_t from, unsigned seed) {
 
 double Kurtosis(const Sound& sound, std::size_t from) {
   double second = 0, fourth = 0;
-  for (std::size_t i = from; i < sound.size() - kRate / 10; ++i) {
+  const std::size_t end = sound.size() - kRate / 10;
+  for (std::size_t i = from; i < end; ++i) {
     const double square = sound[i] * sound[i];
     second += square;
     fourth += square * square;
   }
-  return fourth * static_cast<double>(sound.size() - kRate / 10 - from) /
-         std::max(second * second, 1e-9);
+  return fourth * static_cast<double>(end - from) / std::max(second * second, 1e-9);
 }
 
 // 10 ms from each hit on.
