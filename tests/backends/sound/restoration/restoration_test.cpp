@@ -2,6 +2,7 @@
 
 #include "backends/sound/audio_library.h"
 #include "backends/sound/spectrum/fft.h"
+#include "bench/sound/material.h"
 
 #include <cmath>
 #include <functional>
@@ -242,6 +243,39 @@ TEST(Restoration, CleanMusicAndDrumsAreNotTakenForDamage) {
       EXPECT_GT(Db(Power(clean, 0, clean.size()) / Power(out - clean, 0, clean.size())), 45)
           << filter;
     }
+  }
+}
+
+// A short form of the table that `bench/sound/run` makes. The limits lie a little below what is
+// measured there.
+TEST(Restoration, AtTheStartValuesMaterialIsRestoredAsTheTableSays) {
+  constexpr std::size_t kLength = 8 * kRate;
+  const struct {
+    const char* Material;
+    bench::Damage Damage;
+    double Share, Gain;  // of places reduced by 10 dB; dB
+  } cases[] = {{"piano", bench::Damage::kShort, 0.95, 14},
+               {"drums", bench::Damage::kLong, 0.35, 3},
+               {"saw", bench::Damage::kCrackle, 0.9, 8}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Material);
+    const bool crackle = each.Damage == bench::Damage::kCrackle;
+    const Sound clean = bench::Music(each.Material, kLength, 1);
+    const auto restored = [&](const Sound& sound) {
+      return Through(crackle ? kDecrackle : kDeclick, sound, At(crackle ? 0.3F : 0.1F));
+    };
+    Sound damaged = clean;
+    const auto places = bench::AddDamage(damaged, each.Damage, 6, 7);
+    const Sound damage = damaged - clean, left = restored(damaged) - clean;
+    double gone = 0;
+    for (const bench::Place& place : places) {
+      const std::size_t end = place.First + place.Count;
+      gone += Power(left, place.First, end) < 0.1 * Power(damage, place.First, end);
+    }
+    EXPECT_GE(gone / static_cast<double>(places.size()), each.Share);
+    EXPECT_GE(Db(Power(damage, 0, kLength) / Power(left, 0, kLength)), each.Gain);
+    const double changed = Power(restored(clean) - clean, 0, kLength);
+    EXPECT_GT(Db(Power(clean, 0, kLength) / std::max(changed, 1e-9)), 45);
   }
 }
 
