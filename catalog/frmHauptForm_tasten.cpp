@@ -64,6 +64,14 @@ std::vector<frmHauptForm::Befehl> frmHauptForm::Befehle() {
     taste.Focus = &lvwKatalog;  // on a button, these keys press the button
     return taste;
   };
+  // At the end of the list, a step moves nothing but replaces the undo copy. A key that is held
+  // a little too long must not lose this copy.
+  const auto schieben = [this, knopf](int index) {
+    const int schritt = index == 0 ? -1 : 1;
+    return [this, schritt, druck = knopf(imgMove(index))] {
+      if (bearbeitung_.KannVerschieben(schritt)) druck();
+    };
+  };
   const auto mitKnopf = [&](const wchar_t* name, int wort, PictureButton& gedrueckt,
                             Shortcut (*halten)(int, std::function<void()>), int taste) {
     return Befehl{name, wort, halten(taste, knopf(gedrueckt)), knopf(gedrueckt)};
@@ -83,8 +91,8 @@ std::vector<frmHauptForm::Befehl> frmHauptForm::Befehle() {
       {L"mnuDelete", 8225, Taste(kKeyDelete, nullptr), [this] { KatRowDelete(); }},
       {L"mnuWaveAssistent", 8226, {}, [this] { mnuWaveAssistent_Click(); }},
       {kTrennung, 0, {}, nullptr},
-      mitKnopf(L"mnuAuf", 30050, imgMove(0), Alt, kKeyUp),
-      mitKnopf(L"mnuAb", 30051, imgMove(1), Alt, kKeyDown),
+      {L"mnuAuf", 30050, Alt(kKeyUp, schieben(0)), knopf(imgMove(0))},
+      {L"mnuAb", 30051, Alt(kKeyDown, schieben(1)), knopf(imgMove(1))},
       {kTrennung, 0, {}, nullptr},
       mitKnopf(L"mnuNeuerKatalog", 30052, imgNeuerKatalog, Strg, L'N'),
       mitKnopf(L"mnuKatalogOeffnen", 30053, imgKatalogÖffnen, Strg, L'O'),

@@ -48,10 +48,19 @@ void KatalogBearbeitung::SetNewPos(std::int16_t von, std::int16_t nach) {
   liste_.KatalogShow();
 }
 
+bool KatalogBearbeitung::Beweglich(int nummer) const {
+  return nummer >= 1 && nummer <= UBound(prog.Katalog) &&
+         Element(prog.Katalog, nummer).Ueberblendet == 0;
+}
+
+bool KatalogBearbeitung::KannVerschieben(int schritt) const {
+  const int alt = liste_.AktuellerTitel();
+  return Beweglich(alt) && ZielDesSchritts(prog.Katalog, alt, schritt) != 0;
+}
+
 void KatalogBearbeitung::Verschieben(int schritt) {
   const int alt = liste_.AktuellerTitel();
-  if (alt < 1 || alt > UBound(prog.Katalog)) return;
-  if (Element(prog.Katalog, alt).Ueberblendet != 0) return;
+  if (!Beweglich(alt)) return;
   vorschau_.PlayWaveNormal(L"");
   prog.KatalogGeaendert = true;
   liste_.KatalogLastStepSave();

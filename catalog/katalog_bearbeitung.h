@@ -27,6 +27,7 @@ class KatalogBearbeitung {
   void LiedAusKatalogImport();  // appends the tracks that the user has chosen in another catalog
   void SetNewPos(std::int16_t von, std::int16_t nach);  // exchanges two tracks
   void Verschieben(int schritt);  // moves the track in work up (-1) or down (1)
+  bool KannVerschieben(int schritt) const;
 
   // ---- properties, which the user changes in a dialog ----
   void TrackDatenAendern(bool ohneUndo = false);  // asks for changes of the track in work
@@ -36,6 +37,7 @@ class KatalogBearbeitung {
   void NeuenTrackBearbeiten(int nummer);  // deselects all rows before the new track
 
  private:
+  bool Beweglich(int nummer) const;  // a track that is not part of a crossfade
   void TrackUebernehmen();
   void AngabenVergessen();
 

@@ -28,6 +28,13 @@ key frmHauptForm Alt+Up
 expect frmHauptForm.lvwKatalog(2,2) == "dos"
 key frmHauptForm Ctrl+Z
 expect frmHauptForm.lvwKatalog(3,2) == "dos"
+# a key that is held to the end of the list loses no undo
+key frmHauptForm Alt+Down
+expect frmHauptForm.lvwKatalog(2,2) == "dos"
+key frmHauptForm Alt+Down
+key frmHauptForm Ctrl+Z
+expect frmHauptForm.lvwKatalog(3,2) == "dos"
+select frmHauptForm.lvwKatalog 2
 key frmHauptForm F2
 type frmNeuerInterpret.txtTitel "La primera"
 key frmNeuerInterpret Return
