@@ -71,8 +71,7 @@ void Face::Sync() {
     scale_ = window_.Scale();
     Dress(*shown);
   }
-  const QString name = SpokenName(*shown);
-  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  Speak(*shown);
   widget_->setEnabled(Bright(*shown));
   Apply(*shown);
   const bool visible = shown->Visible && !place.isEmpty();
@@ -84,6 +83,11 @@ void Face::Dress(const Control& control) {
   if (widget_->font() != font) widget_->setFont(font);
   const QString tip = look::Tip(look::FromText(control.ToolTipText));
   if (widget_->toolTip() != tip) widget_->setToolTip(tip);
+}
+
+void Face::Speak(const Control& control) {
+  const QString name = SpokenName(control);
+  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
 }
 
 void Face::Take(const std::function<void(Control&)>& change) {

@@ -56,6 +56,7 @@ class Face {
   // Sets the font and the tooltip. Levels and times change many times a second, fonts hardly ever,
   // and making a font takes long, so this function is called only when one of them has changed.
   virtual void Dress(const Control& control);
+  virtual void Speak(const Control& control);  // sets the name that a screen reader speaks
   virtual void Apply(Control& control) = 0;
   // True: a click with the left button raises Click. Controls that raise Click on a change of their
   // value do so themselves.
