@@ -8,7 +8,7 @@
 #include "platform/laufzeitfehler.h"
 #include "platform/printer.h"
 
-#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace vantora::test {
@@ -41,9 +41,10 @@ constexpr const wchar_t* kKeys[] = {
     L"Ctrl+A", L"Ctrl+S",    L"Ctrl+Z", L"Ctrl+N", L"Ctrl+O",   L"Ctrl+I", L"Ctrl+B",    L"Ctrl+C",
     L"Ctrl+X", L"Ctrl+V",    L"F1",     L"F2",     L"Alt+Down", L"F5",     L"a",         L"7"};
 constexpr const wchar_t* kDisc = L"C:\\Vantora\\Discos";
-constexpr const wchar_t* kMusic = L"C:\\Música";
 constexpr const wchar_t* kMainWindow = L"frmHauptForm";
-constexpr int kOftenPatience = 2000;  // steps on the way out of the program
+constexpr const wchar_t* kAboutRows[] = {L"imgTitel",      L"imgBrennen",          L"imgWaveEdit",
+                                         L"imgPrintCover", L"imgKatalogSpeichern", L"imgTitel"};
+constexpr int kOftenPatience = 20'000;  // steps on the way out of the program
 constexpr int kStepMs = 100;
 
 bool IsBox(const Form& form) {
@@ -156,14 +157,16 @@ void RandomUser::AnyDeed(Form& front) {
   if (dice_->OneIn(30)) return Machine();
   if (IsBox(front) && !dice_->OneIn(10)) return Answer(front);
   if (dice_->OneIn(40)) return LookElsewhere();
-  if (front.Find(L"lstDatei") != nullptr && dice_->OneIn(3)) return ChooseFile(front);
+  if (std::exchange(menuNext_, false) && !dice_->OneIn(5)) return ChooseMenu(front);
+  if (front.Find(L"lstDatei") != nullptr && dice_->OneIn(2)) return ChooseFile(front);
+  if (front.Name == kMainWindow && dice_->OneIn(3)) return UseCatalog(front);
   Use(front);
 }
 
 void RandomUser::Use(Form& form) {
   const int what = dice_->From(1, 100);
   if (what <= 14) return Strike(form);
-  if (what <= 20 && !form.Menus.empty()) return ChooseMenu(form);
+  if (what <= 18 && !form.Menus.empty()) return ChooseMenu(form);
   if (what <= 22) {
     Note("close " + ToUtf8(form.Name));
     return Try([&] { stage_.TheHands().Close(form); });
@@ -226,25 +229,25 @@ void RandomUser::UseList(Control& control, int rows) {
   Hands& hands = stage_.TheHands();
   const bool combo = control.Kind() == ControlKind::ComboBox;
   const int what = combo ? 9 : dice_->From(1, 10);
-  if (what == 1 && control.Kind() == ControlKind::ListView) {
-    std::vector<Text> files;
-    Try([&] {
-      for (const Text& name : stage_.Files().List(kMusic, L"*.*")) {
-        if (dice_->OneIn(3)) files.push_back(kMusic + (L"\\" + name));
-      }
-      Note("drop " + std::to_string(files.size()) + " " + NameOf(control));
-      hands.Drop(control, files);
-    });
-    return;
-  }
   if (rows == 0 || what <= 4) {
     Note("list " + std::to_string(what) + " " + NameOf(control));
+    menuNext_ = what <= 2;
     return Try([&] { what <= 2 ? hands.RightClick(control) : hands.DoubleClick(control); });
   }
   std::vector<int> chosen{dice_->From(1, rows)};
-  if (!combo && dice_->OneIn(4) && chosen.front() < rows) chosen.push_back(chosen.front() + 1);
+  while (!combo && dice_->OneIn(2) && chosen.back() < rows) chosen.push_back(chosen.back() + 1);
   Note("select " + NameOf(control) + " " + std::to_string(chosen.front()));
   Try([&] { hands.Select(control, chosen); });
+}
+
+// Fills the list of the main window, or works on its rows: most windows are about them.
+void RandomUser::UseCatalog(Form& form) {
+  auto& list = dynamic_cast<ListView&>(*form.Find(L"lvwKatalog"));
+  if (list.ListItems.Count() > 1 && !dice_->OneIn(4)) {
+    if (dice_->OneIn(2)) return UseList(list, list.ListItems.Count());
+    return UseButton(*form.Find(dice_->Of(kAboutRows)));
+  }
+  UseButton(*form.Find(L"imgLiedImport"));
 }
 
 void RandomUser::UsePicture(Control& control) {
@@ -290,15 +293,21 @@ void RandomUser::Answer(Form& box) {
 void RandomUser::ChooseFile(Form& dialog) {
   auto* files = dynamic_cast<ListControl*>(dialog.Find(L"lstDatei"));
   if (files == nullptr || files->ListCount() == 0) return Use(dialog);
-  const int row = dice_->From(1, files->ListCount());
-  Note("choose " + ToUtf8(files->List(row - 1)));
+  std::vector<int> rows{dice_->From(1, files->ListCount())};
+  const auto* box = dynamic_cast<const ListBox*>(files);
+  const bool several = box != nullptr && box->MultiSelect;
+  while (several && dice_->OneIn(2) && rows.back() < files->ListCount()) {
+    rows.push_back(rows.back() + 1);
+  }
+  Note("choose " + std::to_string(rows.size()) + " " + ToUtf8(files->List(rows.front() - 1)));
   Try([&] {
-    stage_.TheHands().Select(*files, {row});
+    stage_.TheHands().Select(*files, rows);
     stage_.TheHands().Key(dialog, L"Return");
   });
 }
 
 void RandomUser::ChooseMenu(Form& form) {
+  if (form.Menus.empty()) return Strike(form);
   const Menu& menu = dice_->Of(form.Menus);
   if (menu.Items.empty()) return;
   const Text item = dice_->Of(menu.Items).Name;

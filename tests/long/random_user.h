@@ -44,6 +44,7 @@ class RandomUser final : public User {
   void UseButton(Control& control);
   void UseLabel(Control& control);
   void UseList(Control& control, int rows);
+  void UseCatalog(Form& form);
   void UsePicture(Control& control);
   void UseSlider(Control& control);
   void Strike(Form& form);
@@ -62,6 +63,7 @@ class RandomUser final : public User {
   Dice* dice_ = nullptr;
   int left_ = 0, done_ = 0, patience_ = 0;
   bool resting_ = false, fresh_ = false;
+  bool menuNext_ = false;  // a click has probably opened a menu
   std::int64_t lastMs_ = 0, programMs_ = 0;
   std::map<Text, int> seen_;
   std::map<std::string, int> errors_;
