@@ -20,6 +20,7 @@ class BrennEmpfaenger {
   virtual void MCD_WriteLeadIn(int mode) = 0;
   virtual void MCD_WriteLeadOut(int mode) = 0;
   virtual void MCD_Fixating() = 0;
+  virtual void MCD_Verify(int track, int state) = 0;
   virtual void MCD_BurningProcessComplete(int success) = 0;
   virtual void MCD_UserStop() = 0;
   virtual void MCD_Failure(int code, const Text& text) = 0;

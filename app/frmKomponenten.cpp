@@ -47,6 +47,7 @@ void frmKomponenten::EreignisseVerbinden() {
   e.MCD_WriteLeadIn = [&brennen](int mode) { brennen.MCD_WriteLeadIn(mode); };
   e.MCD_WriteLeadOut = [&brennen](int mode) { brennen.MCD_WriteLeadOut(mode); };
   e.MCD_Fixating = [&brennen] { brennen.MCD_Fixating(); };
+  e.MCD_Verify = [&brennen](int track, int state) { brennen.MCD_Verify(track, state); };
   e.MCD_BurningProcessComplete = [&brennen](int success) {
     brennen.MCD_BurningProcessComplete(success);
   };

@@ -12,6 +12,8 @@
 #include "platform/mp3.h"
 
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 namespace vantora {
 
@@ -62,8 +64,10 @@ class frmKomponenten final : public VtrFenster {
   int LeseFehler = 0;  // failed tries at the track being read
 
   bool BrennLaeuft = false;  // from the start of a write to MCD_BurningProcessComplete
-  bool Abgebrochen = false;  // the run has failed or was cancelled
-  Text BrennerLaufwerk;      // root of the burner's drive
+  bool Vergleich = false;    // the disc is complete and is compared with its waves
+  std::vector<std::pair<int, int>> Abweichungen;  // what the comparison found: track and McdVerify
+  bool Abgebrochen = false;                       // the run has failed or was cancelled
+  Text BrennerLaufwerk;                           // root of the burner's drive
   std::int16_t AktTrack = 0;
   std::int16_t AngezeigterTrack = 0;
 

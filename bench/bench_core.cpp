@@ -8,6 +8,8 @@
 #include "main/headless_platform.h"
 
 #include <array>
+#include <chrono>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
@@ -36,20 +38,29 @@ int Decode(const fs::path& home) {
   return failure;
 }
 
-// Burns all waves to one disc, in the order of their names, at full speed.
-int Burn(const fs::path& home) {
+// Burns all waves to one disc, in the order of their names, at full speed. With `verify`, the image
+// is read again as after every burn, and the seconds that this takes are printed.
+int Burn(const fs::path& home, bool verify) {
   HeadlessPlatform platform(home);
   ImageWriter& writer = platform.machine.writer;
-  int success = -1;
+  int success = -1, same = 0;
+  std::chrono::steady_clock::time_point begin;
   writer.Events.MCD_BurningProcessComplete = [&success](int result) { success = result; };
+  writer.Events.MCD_Fixating = [&begin] { begin = std::chrono::steady_clock::now(); };
+  writer.Events.MCD_Verify = [&same](int, int state) { same += state == kMcdVerifySame; };
   writer.Init_Prog();
   writer.SelectBurner(0);
   const Text folder = L"C:\\Vantora\\Wavs\\";
-  for (const Text& name : platform.machine.files.List(folder, L"*.wav")) {
+  const std::vector<Text> waves = platform.machine.files.List(folder, L"*.wav");
+  for (const Text& name : waves) {
     if (writer.AddTrack(folder + name, 0) != 0) return 1;
   }
   if (!writer.CheckIfBurnerOK() || writer.WriteDAO() != 0) return 1;
+  if (!verify) writer.StopVerify();
   while (success < 0) platform.loop.DoEvents();
+  const std::chrono::duration<double> compared = std::chrono::steady_clock::now() - begin;
+  if (verify) std::printf("%.4f\n", compared.count());
+  if (same != (verify ? static_cast<int>(waves.size()) : 0)) return 1;
   writer.ResetBurner();
   return success == 1 ? 0 : 1;
 }
@@ -192,12 +203,16 @@ int Restore(const fs::path& home) {
 int main(int argc, char** argv) {
   const std::string work = argc == 3 ? argv[1] : "";
   if (work == "mp3") return vantora::RunWork(vantora::Decode, argv[2]);
-  if (work == "burn") return vantora::RunWork(vantora::Burn, argv[2]);
+  if (work == "burn" || work == "burn-verify") {
+    const auto burn = [&](const auto& home) { return vantora::Burn(home, work != "burn"); };
+    return vantora::RunWork(burn, argv[2]);
+  }
   if (work == "show") return vantora::RunWork(vantora::Show, argv[2]);
   if (work == "grab") return vantora::RunWork(vantora::GrabFromTray, argv[2]);
   if (work == "grab-carefully") return vantora::RunWork(vantora::GrabFromDrive, argv[2]);
   if (work == "database") return vantora::RunWork(vantora::Database, argv[2]);
   if (work == "restore") return vantora::RunWork(vantora::Restore, argv[2]);
-  std::fputs("bench-core mp3|burn|show|grab|grab-carefully|database|restore HOME\n", stderr);
+  std::fputs("bench-core mp3|burn|burn-verify|show|grab|grab-carefully|database|restore HOME\n",
+             stderr);
   return 2;
 }

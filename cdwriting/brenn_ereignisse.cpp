@@ -193,11 +193,30 @@ void BrennEreignisse::MCD_Fixating() {
   prog.frmSchreibFortschritt().Window.Enabled = false;
 }
 
+// The disc is complete, so the window is enabled again: a cancel ends only the comparison.
+void BrennEreignisse::MCD_Verify(int track, int state) {
+  Komponenten().Vergleich = true;
+  if (state == kMcdVerifyBegins) {
+    prog.plattform.schleife.MousePointer(Pointer::ArrowHourglass);
+    if (!prog.frmSchreibFortschritt.Geladen()) return;
+    vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
+    f.Window.Enabled = true;
+    f.lblSonstiges.Caption = prog.Text(30129) + ZahlText(track);
+    return;
+  }
+  const Text ergebnis = state == kMcdVerifySame      ? L"same"
+                        : state == kMcdVerifyDiffers ? L"different"
+                                                     : L"failed";
+  prog.AppLog(L"MCD_Verify", L"Track:" + ZahlText(track) + L" Result:" + ergebnis);
+  if (state != kMcdVerifySame) Komponenten().Abweichungen.emplace_back(track, state);
+}
+
 void BrennEreignisse::MCD_BurningProcessComplete(int success) {
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   if (prog.frmSchreibFortschritt.Geladen()) prog.frmSchreibFortschritt().Window.Enabled = true;
   prog.AppLog(L"MCD_BurningProcessCompletet", L"Success:" + ZahlText(success));
   Komponenten().BrennLaeuft = false;
+  Komponenten().Vergleich = false;
 }
 
 void BrennEreignisse::MCD_UserStop() {

@@ -20,6 +20,7 @@ class BrennEreignisse final : public BrennEmpfaenger {
   void MCD_WriteLeadIn(int mode) override;
   void MCD_WriteLeadOut(int mode) override;
   void MCD_Fixating() override;
+  void MCD_Verify(int track, int state) override;
   void MCD_BurningProcessComplete(int success) override;
   void MCD_UserStop() override;
   void MCD_Failure(int code, const Text& text) override;

@@ -1,5 +1,6 @@
 #include "cdwriting/frmCDBrennen.h"
 
+#include "app/einstellungen.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
 #include "app/werte/weiter.h"
@@ -200,6 +201,7 @@ void frmCDBrennen::SetBurnerParameter() {
   Simulation = chkSimulation.Value != 0;
   mcd.Eject(false);
   mcd.Fixate(!Simulation);
+  mcd.VerifyDiscs(GetZahl(prog.plattform, L"Verify_Burn", L"0") == 1);
   prog.AppLog(ort, L"Set Simulation :" + FlaggeText(Simulation));
   for (int i = 0; i < optBurnSpeed.Count(); ++i) {
     if (!optBurnSpeed(i).Value()) continue;

@@ -77,6 +77,7 @@ class frmCDBrennen final : public VtrFenster {
   void AufEndeWarten();
   void CdTextAnmelden();
   Danach NachDemBrennen();
+  void ErgebnisMelden();
   Danach WeitereKopie();
   void ProtokollSchreiben();
   void Aufraeumen();

@@ -5,6 +5,7 @@
 #include "app/frmKomponenten.h"
 #include "app/katalog_dienst.h"
 #include "app/programm.h"
+#include "app/werte/feld.h"
 #include "app/werte/weiter.h"
 #include "app/werte/zahlen.h"
 #include "app/werte/zeichen.h"
@@ -23,7 +24,8 @@ constexpr const wchar_t* kOrt = L"BurnCD";
 constexpr int kEinlegeMs = 2500;  // until the drive has noticed its disc
 constexpr int kWarteMs = 750;
 constexpr int kMethodeVerweigert = -1;
-constexpr int kKeinText = 400;  // a number that the string table does not have
+constexpr std::size_t kMeisteZeilen = 10;  // of tracks in a message
+constexpr int kKeinText = 400;             // a number that the string table does not have
 
 Text FlaggeText(bool flagge) {
   return flagge ? L"True" : L"False";
@@ -186,6 +188,7 @@ int frmCDBrennen::SchreibenStarten() {
   vantora::frmKomponenten& komponenten = prog.frmKomponenten();
   vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
   komponenten.AktTrack = 0;
+  komponenten.Abweichungen.clear();
   komponenten.AngezeigterTrack = 0;
   int ergebnis = 0;
   f.lblInsgKopie.Caption = LoadResString(4216);
@@ -268,8 +271,27 @@ frmCDBrennen::Danach frmCDBrennen::NachDemBrennen() {
   ++prog.Number_Burned_CD;
   Weiter([&] { prog.SaveExtrasSet(); });
   Weiter([&] { AblageZeigen(); });
-  Gelungen(LoadResString(4012));
+  ErgebnisMelden();
   return WeitereKopie();
+}
+
+// A disc with differences stays as it is: the user decides whether it is good enough.
+void frmCDBrennen::ErgebnisMelden() {
+  const auto& abweichungen = prog.frmKomponenten().Abweichungen;
+  if (abweichungen.empty()) return Gelungen(LoadResString(4012));
+  if (abweichungen.front().first == 0) return Melde(LoadResString(30131));
+  Text text = LoadResString(30130);
+  for (std::size_t i = 0; i < abweichungen.size(); ++i) {
+    if (i == kMeisteZeilen) {
+      text += Text(kZeilenEnde) + L"...";
+      break;
+    }
+    const auto [track, befund] = abweichungen[i];
+    text += kZeilenEnde + ZahlText(track) + L". ";
+    Weiter([&] { text += Element(prog.Katalog, track).Titel.Getrimmt(); });
+    if (befund == kMcdVerifyFailed) text += LoadResString(30132);
+  }
+  Melde(text);
 }
 
 frmCDBrennen::Danach frmCDBrennen::WeitereKopie() {

@@ -138,6 +138,11 @@ void frmSchreibFortschritt::imgAbbrechen_MouseUp() {
       prog.FortschrittModus == kModusBrennen && !prog.frmKomponenten().BrennLaeuft;
   if (!imgAbbrechen.Enabled || gebrannt) return;
   imgAbbrechen.Enabled = false;  // pressing again would not stop the drive sooner
+  if (prog.FortschrittModus == kModusBrennen && prog.frmKomponenten().Vergleich) {
+    prog.AppLog(L"StopVerify", L"User cancel comparison!");
+    prog.plattform.mcd.StopVerify();
+    return;
+  }
   CloseMe(true);
 }
 

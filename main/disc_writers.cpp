@@ -32,6 +32,7 @@ void DiscWriters::PassOn(McdEvents& from) {
   Lead(from.MCD_WriteLeadIn, Events.MCD_WriteLeadIn);
   Lead(from.MCD_WriteLeadOut, Events.MCD_WriteLeadOut);
   Lead(from.MCD_Fixating, Events.MCD_Fixating);
+  Lead(from.MCD_Verify, Events.MCD_Verify);
   Lead(from.MCD_BurningProcessComplete, Events.MCD_BurningProcessComplete);
   Lead(from.MCD_UserStop, Events.MCD_UserStop);
   Lead(from.MCD_Failure, Events.MCD_Failure);
@@ -114,6 +115,14 @@ void DiscWriters::Fixate(bool close) {
 
 void DiscWriters::SetBurnMode(int mode) {
   for (Mcd* writer : writers_) writer->SetBurnMode(mode);
+}
+
+void DiscWriters::VerifyDiscs(bool verify) {
+  for (Mcd* writer : writers_) writer->VerifyDiscs(verify);
+}
+
+void DiscWriters::StopVerify() {
+  for (Mcd* writer : writers_) writer->StopVerify();
 }
 
 void DiscWriters::StopBurn() {

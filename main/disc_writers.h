@@ -31,6 +31,8 @@ class DiscWriters final : public Mcd {
   void TestMode(bool simulation) override;
   void Eject(bool afterwards) override;
   void Fixate(bool close) override;
+  void VerifyDiscs(bool verify) override;
+  void StopVerify() override;
   int AddTrack(const Text& file, int reserved) override {
     return current_->AddTrack(file, reserved);
   }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <memory>
 #include <string_view>
 
 namespace vantora {
@@ -28,6 +29,18 @@ std::vector<BurnDevice> DrivesForWriting(const DriveTable& table) {
         {drive.Device, drive.Vendor, KeyWord(drive.Product), drive.Revision, drive.Target});
   }
   return devices;
+}
+
+std::optional<BurntDisc> OpenWritten(const std::string& device) {
+  const std::shared_ptr<DriveDisc> disc = DriveDisc::Open(device);
+  if (!disc) return std::nullopt;
+  BurntDisc burnt;
+  for (const CdTrack& track : disc->Toc().Tracks) burnt.Starts.push_back(track.Start);
+  burnt.LeadOut = disc->Toc().LeadOut;
+  burnt.Read = [disc](int sector, int count, void* target) {
+    return disc->ReadCarefully(sector, count, target);
+  };
+  return burnt;
 }
 
 std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registry) {

@@ -29,6 +29,8 @@
 
 #include <filesystem>
 #include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace vantora {
@@ -39,6 +41,10 @@ std::vector<DiscDrive> DrivesForDiscs(const DriveTable& table, Registry& registr
 
 // The optical drives as writers; the embedded drive has its own writer.
 std::vector<BurnDevice> DrivesForWriting(const DriveTable& table);
+
+// Opens a disc that was just written, so that its tracks can be compared. Returns nothing when the
+// drive has no such disc.
+std::optional<BurntDisc> OpenWritten(const std::string& device);
 
 struct Machine {
   Machine(const LinuxPlaces& places, const std::filesystem::path& resourceFolder, EventLoop& loop,
@@ -53,7 +59,8 @@ struct Machine {
         edits(files, Rampe),
         cutter(files, edits),
         mp3(files, loop, background),
-        burner(files, loop, background, [this] { return DrivesForWriting(drives); }),
+        burner(
+            files, loop, background, [this] { return DrivesForWriting(drives); }, OpenWritten),
         writer(files, loop, background),
         writers({&burner, &writer}),
         discDrives(files, [this] { return DrivesForDiscs(drives, registry); }),

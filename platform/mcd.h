@@ -16,6 +16,13 @@ enum McdStatus : int {  // values of MCD_StatusChange
   kMcdNoDisc = 6,
 };
 
+enum McdVerify : int {  // values of MCD_Verify
+  kMcdVerifyBegins,
+  kMcdVerifySame,
+  kMcdVerifyDiffers,
+  kMcdVerifyFailed,  // the track, or its wave, cannot be read
+};
+
 struct McdEvents {
   std::function<void(int track)> MCD_ActTrack;        // from 1
   std::function<void(int percent)> MCD_TrackPercent;  // of the track (TAO) or of the disc (DAO)
@@ -23,6 +30,9 @@ struct McdEvents {
   std::function<void(int state)> MCD_StatusChange;
   std::function<void(int mode)> MCD_WriteLeadIn, MCD_WriteLeadOut;
   std::function<void()> MCD_Fixating;
+  // After a successful write, while its tracks are read again and compared with their waves: twice
+  // for each track. Track 0 stands for a disc that cannot be read at all.
+  std::function<void(int track, int state)> MCD_Verify;
   // The last event of every write that ends by itself, successfully or not. Writes ended by
   // StopBurn or ResetBurner do not raise it.
   std::function<void(int success)> MCD_BurningProcessComplete;
@@ -60,6 +70,9 @@ class Mcd {
   virtual void TestMode(bool simulation) = 0;  // true: the next writes are simulations
   virtual void Eject(bool afterwards) = 0;     // true: eject the disc after a write
   virtual void Fixate(bool close) = 0;         // true: close the disc after a write
+  // True: discs are read again after a write. A device that makes files always does so.
+  virtual void VerifyDiscs(bool /*verify*/) {}
+  virtual void StopVerify() {}  // the write then ends, successfully, without further comparing
   virtual int AddTrack(const Text& file, int reserved) = 0;  // 0: accepted for the next write
   // Sets title and performer for the disc's CD-TEXT. Index 0 is the disc; tracks count from 1. Only
   // Disc At Once writes them. ResetBurner deletes them.

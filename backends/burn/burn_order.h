@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,11 +28,19 @@ using CdTexts = std::map<int, std::pair<Text, Text>>;  // title, performer; 0 is
 
 struct DiscOrder {
   std::string Device;
-  bool DiscAtOnce = false, Simulation = false, Fixate = true, Eject = false;
+  bool DiscAtOnce = false, Simulation = false, Fixate = true, Eject = false, Verify = false;
   int Speed = 0;  // kB a second
   std::vector<Text> Waves;
   CdTexts CdText;
 };
+
+// A disc that was just written, as the reading back end sees it.
+struct BurntDisc {
+  std::vector<int> Starts;  // first sectors of the tracks
+  int LeadOut = 0;
+  std::function<bool(int sector, int count, void* target)> Read;
+};
+using OpenBurnt = std::function<std::optional<BurntDisc>(const std::string& device)>;
 
 using BurnEvent = std::function<void(McdEvents&)>;
 using PostEvent = std::function<void(BurnEvent)>;  // posts it to the interface thread

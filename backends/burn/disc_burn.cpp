@@ -1,6 +1,7 @@
 #include "backends/burn/disc_burn.h"
 
 #include "backends/burn/cd_text.h"
+#include "backends/burn/disc_check.h"
 
 #include "platform/laufzeitfehler.h"
 
@@ -51,13 +52,21 @@ struct DiscBurn::Parts {
   std::unique_ptr<burn_write_opts, With<burn_write_opts_free>> Options;
 };
 
-DiscBurn::DiscBurn(Dateien& files, DiscOrder order, PostEvent tell, PostEvent words)
-    : files_(files), order_(std::move(order)), tell_(std::move(tell)), words_(std::move(words)) {}
+DiscBurn::DiscBurn(Dateien& files, DiscOrder order, OpenBurnt open, PostEvent tell, PostEvent words)
+    : files_(files),
+      order_(std::move(order)),
+      open_(std::move(open)),
+      tell_(std::move(tell)),
+      words_(std::move(words)) {
+  // A simulation leaves nothing to read, and the contents of an open disc have not been written.
+  order_.Verify = order_.Verify && order_.Fixate && !order_.Simulation && open_;
+}
 
 BurnEvent DiscBurn::Run() noexcept {
   BurnEvent failure;
   try {
     Burn();
+    if (order_.Verify && !Stopped()) Verify();
   } catch (const Failed& failed) {
     failure = failed.Event;
   } catch (const Laufzeitfehler& fehler) {
@@ -103,8 +112,31 @@ bool DiscBurn::Try(BurnLibrary& library, bool withText) {
   }
   if (order_.Speed > 0) burn_drive_set_speed(drive.Get(), 0, order_.Speed);
   const bool done = Write(library, drive, withText);
-  drive.EjectAtTheEnd(done && order_.Eject);
+  drive.EjectAtTheEnd(done && order_.Eject && !order_.Verify);
   return done;
+}
+
+// The disc is complete, so nothing that goes wrong here is a failure of the write.
+void DiscBurn::Verify() {
+  const auto report = [this](int track, int state) {
+    tell_([track, state](McdEvents& events) {
+      if (events.MCD_Verify) events.MCD_Verify(track, state);
+    });
+  };
+  const auto unwanted = [this] { return stopVerify_ || Stopped(); };
+  report(1, kMcdVerifyBegins);  // a drive may need long to load its disc
+  if (WaitForDrive(order_.Device, kForReady, unwanted) != DriveState::Ready) {
+    if (!unwanted()) report(0, kMcdVerifyFailed);
+    return;
+  }
+  if (std::optional<BurntDisc> disc = open_(order_.Device)) {
+    DiscCheck(files_, std::move(*disc), unwanted).Run(tracks_, report);
+  } else {
+    report(0, kMcdVerifyFailed);
+  }
+  if (!order_.Eject || Stopped()) return;
+  const BurnLibrary library;
+  HeldDrive(library, order_.Device).EjectAtTheEnd(true);
 }
 
 // Returns false when the write was stopped meanwhile.

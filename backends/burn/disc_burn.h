@@ -12,6 +12,7 @@
 
 #include "platform/files.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <memory>
@@ -24,16 +25,19 @@ class DiscBurn {
  public:
   enum class State { Starting, Writing, Refused, Over };
 
-  // `words` receives the messages for the log.
-  DiscBurn(Dateien& files, DiscOrder order, PostEvent tell, PostEvent words);
+  // `open` opens the disc for an order that is to be verified. `words` receives the messages for
+  // the log.
+  DiscBurn(Dateien& files, DiscOrder order, OpenBurnt open, PostEvent tell, PostEvent words);
 
-  // Writes the whole disc; meant for a separate thread. Returns nothing for success, else the event
-  // that reports the failure. The drive is free afterwards.
+  // Writes the whole disc, and reads it again if the order says so; meant for a separate thread.
+  // Returns nothing for success, else the event that reports the failure. The drive is free
+  // afterwards.
   BurnEvent Run() noexcept;
 
   // From any thread. Stop ends a write so that the drive can be used again, which takes as long as
   // the drive needs.
   void Stop();
+  void StopVerify() { stopVerify_ = true; }  // the write then ends as successful
   State WaitWhileStarting(std::chrono::milliseconds most);
   bool WaitUntilOver(std::chrono::milliseconds most);
 
@@ -41,6 +45,7 @@ class DiscBurn {
   struct Parts;
 
   void Burn();
+  void Verify();
   void Plan();
   bool Await();
   bool Try(BurnLibrary& library, bool withText);
@@ -57,6 +62,7 @@ class DiscBurn {
 
   Dateien& files_;
   DiscOrder order_;
+  OpenBurnt open_;
   PostEvent tell_, words_;
   std::vector<PlannedTrack> tracks_;
   std::unique_ptr<BurnProgress> progress_;
@@ -66,6 +72,7 @@ class DiscBurn {
   std::condition_variable changed_;
   State state_ = State::Starting;
   bool stop_ = false;
+  std::atomic<bool> stopVerify_ = false;
   BurnEvent failure_;  // first failure
 };
 

@@ -42,8 +42,13 @@ bool Ready(const std::shared_future<Result>& answer, std::chrono::milliseconds m
 
 }  // namespace
 
-DriveWriter::DriveWriter(Dateien& files, EventLoop& loop, Background& background, ListCall list)
-    : files_(files), loop_(loop), background_(background), list_(std::move(list)) {}
+DriveWriter::DriveWriter(Dateien& files, EventLoop& loop, Background& background, ListCall list,
+                         OpenBurnt open)
+    : files_(files),
+      loop_(loop),
+      background_(background),
+      list_(std::move(list)),
+      open_(std::move(open)) {}
 
 DriveWriter::~DriveWriter() {
   ending_.request_stop();
@@ -212,6 +217,7 @@ int DriveWriter::Write(bool discAtOnce) {
   order.Simulation = testMode_;
   order.Fixate = fixate_;
   order.Eject = eject_;
+  order.Verify = verify_;
   order.Speed = KilobytesASecond();
   order.Waves = tracks_;
   order.CdText = cdText_;
@@ -222,7 +228,7 @@ int DriveWriter::Write(bool discAtOnce) {
       if (!watch.expired()) Ended(failure);
     });
   };
-  burn_ = std::make_shared<DiscBurn>(files_, std::move(order), Teller(), Teller(words_));
+  burn_ = std::make_shared<DiscBurn>(files_, std::move(order), open_, Teller(), Teller(words_));
   work_ = thread_.Do<void>([burn = burn_, end] { end(burn->Run()); });
   pace_ = background_.Start([burn = burn_] {
     return burn->WaitUntilOver(std::chrono::milliseconds(kTurnMs)) ? -1 : kTurnMs;
@@ -247,6 +253,10 @@ void DriveWriter::StopBurn() {
   Teller()([](McdEvents& events) {
     if (events.MCD_UserStop) events.MCD_UserStop();
   });
+}
+
+void DriveWriter::StopVerify() {
+  if (burn_) burn_->StopVerify();
 }
 
 void DriveWriter::ResetBurner() {

@@ -33,7 +33,9 @@ class DriveWriter final : public Mcd {
  public:
   // `list` returns all optical drives, whether they can write or not.
   using ListCall = std::function<std::vector<BurnDevice>()>;
-  DriveWriter(Dateien& files, EventLoop& loop, Background& background, ListCall list);
+  // `open` opens a disc that was written, so that it can be verified; without it none is.
+  DriveWriter(Dateien& files, EventLoop& loop, Background& background, ListCall list,
+              OpenBurnt open = {});
   ~DriveWriter() override;  // waits until a stopped write has released its drive
 
   void BufferSize(int /*sectors*/) override {}  // the library has its own buffer
@@ -50,6 +52,8 @@ class DriveWriter final : public Mcd {
   void TestMode(bool simulation) override { testMode_ = simulation; }
   void Eject(bool afterwards) override { eject_ = afterwards; }
   void Fixate(bool close) override { fixate_ = close; }
+  void VerifyDiscs(bool verify) override { verify_ = verify; }
+  void StopVerify() override;
   // Refuses a file that is not a wave of 44.1 kHz, 16 bit, stereo with sound in it, and the 100th
   // track.
   int AddTrack(const Text& file, int reserved) override;
@@ -94,9 +98,10 @@ class DriveWriter final : public Mcd {
   EventLoop& loop_;
   Background& background_;
   ListCall list_;
+  OpenBurnt open_;
   std::vector<Burner> burners_;
   int current_ = 0, speed_ = 1;
-  bool testMode_ = false, eject_ = false, fixate_ = true;
+  bool testMode_ = false, eject_ = false, fixate_ = true, verify_ = false;
   std::vector<Text> tracks_;
   CdTexts cdText_;
   // Posted events carry the token of their write. When a write is given up, its token is replaced

@@ -69,8 +69,12 @@ int ImageBurn::Slice() noexcept {
   Event failure;
   try {
     if (tracks_.empty()) Begin();
-    if (Move(Budget())) return Delay();
-    End();
+    if (!check_) {
+      if (Move(Budget())) return Delay();
+      End();
+      return 0;  // the events of the end come before the comparison
+    }
+    if (Verify()) return 0;
     ended_({});
     return -1;
   } catch (const MediumFailed&) {
@@ -191,6 +195,16 @@ void ImageBurn::End() {
     dateien_.Open(CueTemp(), Zugriff::Neu)->Write(sheet.data(), sheet.size());
   }
   if (order_.fixate) tell_([](McdEvents& events) { Call(events.MCD_Fixating); });
+  check_ = std::make_unique<ImageCheck>(dateien_, BinTemp(), tracks_, [this](int track, int state) {
+    tell_([track, state](McdEvents& events) { Call(events.MCD_Verify, track, state); });
+  });
+}
+
+// Compares a slice of the image with the waves. Returns false when there is nothing left to do.
+bool ImageBurn::Verify() {
+  if (made_ && !stopVerify_ && check_->Slice()) return true;
+  check_.reset();  // closes the image before it is renamed or deleted
+  return false;
 }
 
 void ImageBurn::ReportPercent(bool always) {
@@ -246,6 +260,7 @@ void ImageBurn::Keep() {
 void ImageBurn::Discard() noexcept {
   image_.reset();
   sound_.reset();
+  check_.reset();
   if (!made_) return;
   for (const Text& file : {BinTemp(), CueTemp()}) {
     try {

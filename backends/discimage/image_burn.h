@@ -3,12 +3,14 @@
 #pragma once
 
 #include "backends/discimage/cue_sheet.h"
+#include "backends/discimage/image_check.h"
 #include "backends/discimage/writer_faults.h"
 #include "backends/sound/disc/disc_plan.h"
 
 #include "platform/files.h"
 #include "platform/mcd.h"
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <map>
@@ -39,6 +41,9 @@ class ImageBurn {
 
   int Slice() noexcept;  // a step of a Background job
 
+  // From any thread: a comparison ends, or does not begin. The image is complete without it.
+  void StopVerify() { stopVerify_ = true; }
+
   // Both are for the interface thread, after the last slice.
   void Keep();              // after success; raises, and leaves no file, when it fails
   void Discard() noexcept;  // deletes both files
@@ -62,6 +67,7 @@ class ImageBurn {
   void BeginTrack();
   void EndTrack();
   void End();
+  bool Verify();
   void ReportPercent(bool always);
   int Delay();
   std::int64_t Budget() const;
@@ -84,6 +90,8 @@ class ImageBurn {
   std::chrono::steady_clock::time_point toldAt_;
   double nominalMs_ = 0, toldMs_ = 0, passedMs_ = 0;  // at the pace ordered
   bool made_ = false;                                 // temporary files may exist
+  std::unique_ptr<ImageCheck> check_;                 // exists when everything has been written
+  std::atomic<bool> stopVerify_ = false;
 };
 
 }  // namespace vantora

@@ -167,6 +167,10 @@ void ImageWriter::StopBurn() {
   });
 }
 
+void ImageWriter::StopVerify() {
+  if (burn_) burn_->StopVerify();
+}
+
 void ImageWriter::ResetBurner() {
   Abandon();
   tracks_.clear();

@@ -7,6 +7,8 @@
 // the sheet. The first track starts at 00:00:00 of the image: the pause in the lead-in is not
 // stored.
 //
+// After a write, the image is read again and compared with the waves.
+//
 // The files have temporary names while they grow and are renamed at the end, on the interface
 // thread. A write that failed, was stopped or was a simulation leaves no file. The next write
 // removes the files of a program that was killed.
@@ -53,6 +55,7 @@ class ImageWriter final : public Mcd {
   void TestMode(bool simulation) override { testMode_ = simulation; }
   void Eject(bool afterwards) override { eject_ = afterwards; }
   void Fixate(bool close) override { fixate_ = close; }
+  void StopVerify() override;
   // Refuses a file that cannot be read, is not a wave of 44.1 kHz, 16 bit, stereo, or holds no
   // sound, and the 100th track.
   int AddTrack(const Text& file, int reserved) override;

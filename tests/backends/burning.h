@@ -23,6 +23,14 @@ class Burning : public Bench {
     events.MCD_WriteLeadOut = [=](int) { note("lead-out"); };
     events.MCD_Fixating = [=] { note("fixating"); };
     events.MCD_BurningProcessComplete = [=](int success) { note("complete " + number(success)); };
+    events.MCD_Verify = [=, this](int track, int state) {
+      Note();
+      if (state == kMcdVerifyBegins) return;
+      Verified += (Verified.empty() ? "" : ", ") + number(track) +
+                  (state == kMcdVerifySame      ? " same"
+                   : state == kMcdVerifyDiffers ? " differs"
+                                                : " failed");
+    };
     events.MCD_UserStop = [=] { note("stopped"); };
     events.MCD_Failure = [=](int code, const Text&) { note("failure " + number(code)); };
     events.MCD_ScsiEvents = [=](int, int, int code, int, const Text&) {
@@ -55,6 +63,7 @@ class Burning : public Bench {
   }
 
   std::vector<std::string> Log;
+  std::string Verified;  // the results of reading the disc again
   std::vector<int> Percents;
   Text Reasons;  // what the writer says for the program's log
 

@@ -4,6 +4,8 @@
 #include "tests/backends/burning.h"
 #include "tests/backends/discimage/cue_reader.h"
 
+#include <fstream>
+
 namespace vantora::test {
 
 namespace {
@@ -136,6 +138,49 @@ TEST_F(Burner, TheEventsComeInADrivesOrderAndEndWithComplete) {
     }
   }
   EXPECT_EQ(FilesLeft(), 4U) << "two discs; a simulation leaves nothing";
+}
+
+TEST_F(Burner, ADifferenceOnTheDiskIsToldWithItsTrackAndTheImageStays) {
+  AddFrames(300'000);  // 511 sectors each
+  AddFrames(300'000);
+  const fs::path image = Discs() / "Disco 001.bin.tmp";
+  const auto flip = [image](std::size_t byte) {
+    return [image, byte] {
+      std::fstream file(image, std::ios::in | std::ios::out | std::ios::binary);
+      file.seekp(static_cast<std::streamoff>(byte)).put('!');
+    };
+  };
+  const struct {
+    std::function<void()> Fault;
+    const char* Result;
+  } cases[] = {
+      {[] {}, "1 same, 2 same"},
+      {flip(0), "1 differs, 2 same"},
+      {flip(511 * kSector - 1), "1 differs, 2 same"},
+      {flip(511 * kSector), "1 same, 2 differs"},  // in the gap
+      {flip((511 + 150 + 300) * kSector), "1 same, 2 differs"},
+      {[image] { fs::resize_file(image, 800 * kSector); }, "1 same, 2 differs"},
+      {[this] { writer.StopVerify(); }, ""},
+      {[this] { fs::rename(home / "1.wav", home / "x"); }, "1 failed, 2 same"},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.Result);
+    Log.clear();
+    Verified.clear();
+    writer.Events.MCD_Fixating = each.Fault;
+    ASSERT_EQ(writer.WriteTAO(), 0);
+    Play();
+    EXPECT_EQ(Verified, each.Result);
+    EXPECT_TRUE(Story().ends_with("complete 1")) << Story();
+    EXPECT_EQ(FilesLeft(), 2U);
+    fs::remove_all(Discs());
+  }
+  fs::rename(home / "x", home / "1.wav");
+  Verified.clear();
+  writer.TestMode(true);
+  ASSERT_EQ(writer.WriteTAO(), 0);
+  Play();
+  EXPECT_EQ(Verified, "") << "a simulation has nothing to read";
 }
 
 TEST_F(Burner, AFullDiskIsAFailureAndLeavesNothing) {

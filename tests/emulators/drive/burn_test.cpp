@@ -60,7 +60,8 @@ class DriveBurn : public Burning {
 
   DriveHome drive;
   DriveTable table{WithDrives(home.Places)};
-  DriveWriter writer{disk, loop, background, [this] { return DrivesForWriting(table); }};
+  DriveWriter writer{disk, loop, background, [this] { return DrivesForWriting(table); },
+                     OpenWritten};
 };
 
 }  // namespace
@@ -195,6 +196,47 @@ TEST_F(DriveBurn, ADiscAtOnceIsOneStreamAsAnImageIsAndHasItsTextInLatin1) {
   using namespace std::string_literals;
   EXPECT_TRUE(titles.starts_with("Verano\0Canci\xF3n EUR '?\0\0"s)) << titles;
   EXPECT_TRUE(performers.starts_with("\0Las olas\0\0"s)) << performers;
+}
+
+TEST_F(DriveBurn, ADiscIsReadAgainWhenAskedAndAnHonestDriveIsNotBlamed) {
+  Find();
+  Add(400);
+  Add(310, 2348, 2);
+  Add(400, 0, 3);
+  const struct {
+    bool Dao, Verify;
+    const char *Script, *Result;
+  } cases[] = {
+      {false, false, "wrong-sample 100\n", ""},
+      {true, true, "late 1206\n", "1 same, 2 same, 3 same"},
+      {false, true, "late -667\n", "1 same, 2 same, 3 same"},
+      {true, true, "late 30\nwrong-sample 700\n", "1 same, 2 differs, 3 same"},
+      {true, true, "wrong-sample 0\nread-error 1000\n", "1 differs, 2 same, 3 failed"},
+  };
+  int number = 0;
+  for (const auto& each : cases) {
+    SCOPED_TRACE(++number);
+    drive.Say("disc " + std::to_string(number) + "\n" + each.Script);
+    Log.clear();
+    Verified.clear();
+    writer.VerifyDiscs(each.Verify);
+    const int read = drive.Told("READ CD:");
+    ASSERT_EQ(each.Dao ? writer.WriteDAO() : writer.WriteTAO(), 0);
+    EXPECT_TRUE(Until("complete").ends_with("fixating, complete 1")) << Story();
+    EXPECT_EQ(Verified, each.Result);
+    EXPECT_EQ(drive.Told("READ CD:") > read, each.Verify);
+  }
+  drive.Say("disc largo\npace 400\n");
+  Log.clear();
+  Verified.clear();
+  int compared = 0;
+  writer.Events.MCD_Verify = [&](int, int state) {
+    compared += state != kMcdVerifyBegins;
+    writer.StopVerify();
+  };
+  ASSERT_EQ(writer.WriteDAO(), 0);
+  EXPECT_TRUE(Until("complete").ends_with("fixating, complete 1")) << "only the comparison ends";
+  EXPECT_EQ(compared, 0);
 }
 
 TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {

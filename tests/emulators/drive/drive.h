@@ -73,6 +73,7 @@ class Drive {
 
   Bytes Capabilities() const;
   bool OnAudio(int sector) const;
+  bool ReadSound(int sector, int count, Bytes& sectors) const;
   bool AtOnce() const { return (writeParameters_[2] & 0xf) == 2; }
   int Profile() const;
   Disc& Target() { return dry_ ? *dry_ : *disc_; }

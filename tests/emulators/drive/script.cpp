@@ -15,6 +15,8 @@ Script Script::Load(const std::filesystem::path& folder) {
     if (word == "disc") words >> script.Disc >> script.MadeAs;
     if (word == "getting-ready") words >> script.GettingReady;
     if (word == "read-error") words >> script.ReadError;
+    if (word == "wrong-sample") words >> script.WrongSample;
+    if (word == "late") words >> script.Late;
     if (word == "write-error") words >> script.WriteError;
     if (word == "disconnect-at") words >> script.DisconnectAt;
     if (word == "pace") words >> script.Pace;

@@ -8,6 +8,8 @@
 //   disc none            the tray is empty
 //   getting-ready N      during the next N commands the drive is still loading the disc
 //   read-error N         sector N cannot be read
+//   wrong-sample N       the first sample of sector N is read wrong
+//   late N               sound is read N frames late, or early for a negative number
 //   write-error N        sector N cannot be written
 //   no-sao               the drive cannot write Disc At Once
 //   no-cdtext            it cannot write text into the lead-in
@@ -32,10 +34,10 @@ struct Script {
 
   std::string Disc = "disc", MadeAs;
   int GettingReady = 0;
-  int ReadError = kNone, WriteError = kNone, DisconnectAt = kNone;
+  int ReadError = kNone, WrongSample = kNone, WriteError = kNone, DisconnectAt = kNone;
   bool NoSao = false, NoCdText = false, NoWriter = false, Busy = false, Disconnected = false,
        Log = false;
-  int Pace = 0;
+  int Pace = 0, Late = 0;
 
   static Script Load(const std::filesystem::path& folder);
 };
