@@ -6,21 +6,31 @@
 
 #include "platform/plattform.h"
 
+#include <initializer_list>
+
 namespace vantora {
 
 namespace {
 
 constexpr int kWarteSchrittMs = 50;
 
-// At least two digits; for times, which are never negative. A recording makes so many of them that
-// the general Format takes too long.
-Text Zweistellig(int zahl) {
-  return (zahl < 10 ? L"0" : L"") + std::to_wstring(zahl);
+// At least two digits for each number, with colons between them. A recording makes so many times
+// that the general Format takes too long; they are never negative.
+Text MitDoppelpunkten(std::initializer_list<int> zahlen) {
+  Text zeit;
+  for (const int zahl : zahlen) {
+    if (!zeit.empty()) zeit += L':';
+    if (zahl > 99) {
+      zeit += std::to_wstring(zahl);
+    } else {
+      zeit += {static_cast<wchar_t>(L'0' + zahl / 10), static_cast<wchar_t>(L'0' + zahl % 10)};
+    }
+  }
+  return zeit;
 }
 
 Text Uhrzeit(const DateTime& jetzt) {
-  return Zweistellig(jetzt.Hour) + L":" + Zweistellig(jetzt.Minute) + L":" +
-         Zweistellig(jetzt.Second);
+  return MitDoppelpunkten({jetzt.Hour, jetzt.Minute, jetzt.Second});
 }
 
 }  // namespace
@@ -201,8 +211,7 @@ void MsNachHMSF(std::int64_t ms, int& stunden, int& minuten, int& sekunden, int&
 }
 
 Text HMSFText(int stunden, int minuten, int sekunden, int frames) {
-  return Zweistellig(stunden) + L":" + Zweistellig(minuten) + L":" + Zweistellig(sekunden) + L":" +
-         Zweistellig(frames);
+  return MitDoppelpunkten({stunden, minuten, sekunden, frames});
 }
 
 Text MinutenText(std::int64_t ms) {

@@ -26,11 +26,15 @@ namespace vantora {
 
 // The environment variable with the folder of an emulated drive.
 inline constexpr const char* kEmulatedDrive = "VANTORA_EMULATED_DRIVE";
+// The environment variable with the folder that stands for the whole machine, for users who could do
+// damage there.
+inline constexpr const char* kSmallMachine = "VANTORA_SMALL_MACHINE";
 
 // The folders of a story. A story never uses real drives: it has no drives, or an emulated one.
 inline LinuxPlaces PlacesOfStory(const std::filesystem::path& home) {
   LinuxPlaces places = PlacesBelow(home);
   if (std::getenv(kEmulatedDrive) != nullptr) places.Optical = OpticalDrives(places.Sys);
+  if (const char* whole = std::getenv(kSmallMachine)) places.Whole = whole;
   return places;
 }
 

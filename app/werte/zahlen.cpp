@@ -31,8 +31,9 @@ T Ganz(double wert) {
 }
 
 // Digits of a rounded value with `stellen` decimals, without sign.
+// With no decimals or two.
 std::string Dezimal(double wert, int stellen) {
-  const double zehner = std::pow(10.0, stellen);
+  const double zehner = stellen == 2 ? 100 : 1;
   const auto ganze = Ganz<std::int64_t>(std::fabs(wert) * zehner);
   std::string ziffern = std::to_string(ganze);
   const auto laenge = static_cast<std::size_t>(stellen);

@@ -16,7 +16,7 @@ constexpr std::int64_t kMostSheetBytes = 1 << 20;
 bool Exists(Dateien& files, const Text& path) {
   try {
     files.FileLen(path);
-    return true;
+    return !files.IsDirectory(path);
   } catch (const Laufzeitfehler&) {
     return false;
   }

@@ -119,7 +119,7 @@ DriveTable::DriveTable(LinuxPlaces places) : places_(std::move(places)) {
     entries_.push_back({imageLetter_++, kDriveCdRom, {}, drive.Device, {}});
   }
   entries_.push_back({imageLetter_, kDriveCdRom, places_.Home / "Vantora/Bandeja", {}, {}});
-  entries_.push_back({kWholeSystem, kDriveFixed, "/", {}, {}});
+  entries_.push_back({kWholeSystem, kDriveFixed, Plain(places_.Whole), {}, {}});
   LookAtMounts();
 }
 

@@ -24,6 +24,7 @@ struct LinuxPlaces {
   std::filesystem::path Config;   // ~/.config/vantora
   std::filesystem::path Runtime;  // for the lock of the running instance; may be blank
   std::filesystem::path Sys = "/sys";
+  std::filesystem::path Whole = "/";  // what Z: shows
   std::vector<OpticalDrive> Optical;
   // Returns the mount table in the format of /proc/self/mountinfo. Called each time drives are
   // listed.

@@ -51,25 +51,25 @@ double Left(const Sound& sound, const Sound& out, const std::vector<Place>& plac
   return 20 * std::log10(std::max(product / power, 1e-6));
 }
 
-double HissChange(const Sound& out, std::size_t from) {
-  const Sound hiss = Noise(out.size(), kHiss, 9);
+double HissChange(const Sound& out, std::size_t from, unsigned seed) {
+  const Sound hiss = Noise(out.size(), kHiss, seed + 8);
   return Db(Power(out, from, out.size() - kRate / 10) / Power(hiss, from, out.size() - kRate / 10));
 }
 
 double Kurtosis(const Sound& sound, std::size_t from) {
   double second = 0, fourth = 0;
-  for (std::size_t i = from; i < sound.size() - kRate / 10; ++i) {
+  const std::size_t end = sound.size() - kRate / 10;
+  for (std::size_t i = from; i < end; ++i) {
     const double square = sound[i] * sound[i];
     second += square;
     fourth += square * square;
   }
-  return fourth * static_cast<double>(sound.size() - kRate / 10 - from) /
-         std::max(second * second, 1e-9);
+  return fourth * static_cast<double>(end - from) / std::max(second * second, 1e-9);
 }
 
 // 10 ms from each hit on.
-double AttackChange(const Sound& out) {
-  const Sound attacks = Attacks(out.size());
+double AttackChange(const Sound& out, unsigned seed) {
+  const Sound attacks = Attacks(out.size(), seed + 4);
   std::vector<Place> places;
   for (double at = 0.6; at * kRate + 441 < static_cast<double>(out.size()); at += 0.31) {
     places.push_back({static_cast<std::size_t>(at * kRate), 441});
@@ -78,8 +78,8 @@ double AttackChange(const Sound& out) {
 }
 
 // From where the tone is as strong as the hiss until it lies 20 dB below it.
-double DyingChange(const Sound& out) {
-  const Sound tones = DyingTones(out.size());
+double DyingChange(const Sound& out, unsigned seed) {
+  const Sound tones = DyingTones(out.size(), seed + 5);
   constexpr std::size_t kStretch = 1024;
   std::vector<Place> places;
   for (std::size_t at = 0; at + kStretch <= tones.size(); at += kStretch) {
@@ -104,9 +104,9 @@ void FillKnown(Sound& sound, const std::vector<Place>& places) {
     std::fill_n(piece.begin() + static_cast<std::ptrdiff_t>(place.First - first), place.Count,
                 0.0F);
     for (int round = 0; round < 4; ++round) {
+      model.Fit(piece.data(), piece.size());
       for (const Place& other : places) {
         if (other.First < first + 64 || other.First + other.Count >= end) continue;
-        model.Fit(piece.data(), piece.size());
         model.Fill(piece.data(), other.First - first, other.Count, piece.size());
       }
     }
@@ -117,35 +117,35 @@ void FillKnown(Sound& sound, const std::vector<Place>& places) {
   sound = Rounded(std::move(sound));
 }
 
-std::vector<std::pair<std::string, Sound>> HissSounds(std::size_t length) {
-  const Sound hiss = Noise(length, kHiss, 9), pure = Rounded(hiss);
+std::vector<std::pair<std::string, Sound>> HissSounds(std::size_t length, unsigned seed) {
+  const Sound hiss = Noise(length, kHiss, seed + 8), pure = Rounded(hiss);
   Sound silence = pure, fade = pure, gate = pure;
   std::fill_n(silence.begin(), kLead, 0.0);
   for (std::size_t i = 0; i < kRate; ++i) fade[i] *= static_cast<double>(i) / kRate;
   std::fill_n(gate.begin() + kRate, kRate, 0.0);
   return {{"hiss", pure},
           {"kurtosis", pure},
-          {"attacks", Sum(Attacks(length), hiss)},
-          {"dying", Sum(DyingTones(length), hiss)},
-          {"piano", Sum(Music("piano", length, 1), hiss)},
+          {"attacks", Sum(Attacks(length, seed + 4), hiss)},
+          {"dying", Sum(DyingTones(length, seed + 5), hiss)},
+          {"piano", Sum(Music("piano", length, 2 * seed - 1), hiss)},
           {"silence", Rounded(silence)},
           {"fade", Rounded(fade)},
           {"gate", gate}};
 }
 
-double HissFigure(const std::string& name, const Sound& out) {
+double HissFigure(const std::string& name, const Sound& out, unsigned seed) {
   if (name == "kurtosis") return Kurtosis(out, kSettled);
-  if (name == "attacks") return AttackChange(out);
-  if (name == "dying") return DyingChange(out);
+  if (name == "attacks") return AttackChange(out, seed);
+  if (name == "dying") return DyingChange(out, seed);
   if (name == "piano") {
-    const Sound music = Music("piano", out.size(), 1);
+    const Sound music = Music("piano", out.size(), 2 * seed - 1);
     return Db(kHiss * kHiss / Power(Difference(out, music), kSettled, out.size() - kRate / 10));
   }
   const std::size_t from = name == "silence" ? kLead
                            : name == "fade"  ? kRate
                            : name == "gate"  ? 2 * kRate
                                              : 0;
-  return HissChange(out, from + kSettled);
+  return HissChange(out, from + kSettled, seed);
 }
 
 }  // namespace vantora::bench

@@ -20,7 +20,7 @@ void FillKnown(Sound& sound, const std::vector<Place>& places);
 //   piano        gain of the ratio of sound to noise, dB
 //   silence, fade, gate
 //                change of hiss, dB, from 0.5 s after digital silence, a fade in, a gate
-std::vector<std::pair<std::string, Sound>> HissSounds(std::size_t length);
-double HissFigure(const std::string& name, const Sound& out);
+std::vector<std::pair<std::string, Sound>> HissSounds(std::size_t length, unsigned seed);
+double HissFigure(const std::string& name, const Sound& out, unsigned seed);
 
 }  // namespace vantora::bench

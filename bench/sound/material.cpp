@@ -252,8 +252,8 @@ Sound Noise(std::size_t length, double deviation, unsigned seed) {
   return sound;
 }
 
-Sound Attacks(std::size_t length) {
-  Random random(5);
+Sound Attacks(std::size_t length, unsigned seed) {
+  Random random(seed);
   Sound sound(length);
   for (double at = 0.6; Frames(at) < length; at += 0.31) {
     Hit(sound, random, at, 700, 45, 0.5, true);
@@ -268,8 +268,8 @@ Sound Attacks(std::size_t length) {
   return Rounded(std::move(sound));
 }
 
-Sound DyingTones(std::size_t length) {
-  Random random(6);
+Sound DyingTones(std::size_t length, unsigned seed) {
+  Random random(seed);
   Sound sound(length);
   int note = 0;
   for (double at = 0.6; Frames(at + 2) < length; at += 2, note += 5) {

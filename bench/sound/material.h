@@ -20,8 +20,8 @@ Sound Music(const std::string& material, std::size_t length, unsigned seed);
 Sound Noise(std::size_t length, double deviation, unsigned seed);
 
 // Hits with all of their sound above 3 kHz, and tones that fade away below the hiss.
-Sound Attacks(std::size_t length);
-Sound DyingTones(std::size_t length);
+Sound Attacks(std::size_t length, unsigned seed);
+Sound DyingTones(std::size_t length, unsigned seed);
 
 struct Place {
   std::size_t First, Count;

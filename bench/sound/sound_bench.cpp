@@ -78,8 +78,9 @@ const std::map<std::string, Damage> kDamages = {{"short", Damage::kShort},
                                                 {"seams", Damage::kSeams}};
 
 // NAME.clean.wav, and for each damage NAME.DAMAGE.DB.wav with its places beside it.
-void MakeDamaged(const std::string& name, const std::string& folder, std::size_t length) {
-  const Stereo clean = {Music(name, length, 1), Music(name, length, 2)};
+void MakeDamaged(const std::string& name, const std::string& folder, std::size_t length,
+                 unsigned seed) {
+  const Stereo clean = {Music(name, length, 2 * seed - 1), Music(name, length, 2 * seed)};
   Write(folder + "/" + name + ".clean.wav", clean);
   for (const auto& [word, damage] : kDamages) {
     for (const int db : {0, 6, 12}) {
@@ -88,7 +89,7 @@ void MakeDamaged(const std::string& name, const std::string& folder, std::size_t
       const std::string file = folder + "/" + name + "." + word + "." + std::to_string(db);
       std::ofstream places(file + ".txt");
       for (unsigned channel = 0; channel < 2; ++channel) {
-        for (const Place& place : AddDamage(sound[channel], damage, db, 7 + channel)) {
+        for (const Place& place : AddDamage(sound[channel], damage, db, 2 * seed + 5 + channel)) {
           places << channel << ' ' << place.First << ' ' << place.Count << '\n';
         }
       }
@@ -97,10 +98,15 @@ void MakeDamaged(const std::string& name, const std::string& folder, std::size_t
   }
 }
 
+unsigned Seed(const std::string& word) {  // from 1 on
+  return static_cast<unsigned>(std::max(std::strtoul(word.c_str(), nullptr, 10), 1UL));
+}
+
 void Make(const Words& words) {
+  const unsigned seed = Seed(words[2]);
   const std::size_t length = std::strtoul(words[1].c_str(), nullptr, 10) * kRate;
-  for (const std::string& name : kMaterials) MakeDamaged(name, words[0], length);
-  for (const auto& [name, noisy] : HissSounds(length)) {
+  for (const std::string& name : kMaterials) MakeDamaged(name, words[0], length, seed);
+  for (const auto& [name, noisy] : HissSounds(length, seed)) {
     Write(words[0] + "/" + name + ".wav", {noisy, noisy});
   }
 }
@@ -206,8 +212,8 @@ Sound InPlace(const Sound& in, const Sound& out) {
 
 // The figure of one sound of HissSounds, and of what was made of it.
 void Hiss(const Words& words) {
-  const Sound out = InPlace(Channels(words[1])[0], Channels(words[2])[0]);
-  std::printf("%.2f\n", HissFigure(words[0], out));
+  const Sound out = InPlace(Channels(words[2])[0], Channels(words[3])[0]);
+  std::printf("%.2f\n", HissFigure(words[0], out, Seed(words[1])));
 }
 
 struct Work {
@@ -215,9 +221,9 @@ struct Work {
   std::function<void(const Words&)> Do;
 };
 
-const std::map<std::string, Work> kWorks = {{"make", {2, Make}},   {"render", {4, Render}},
+const std::map<std::string, Work> kWorks = {{"make", {3, Make}},   {"render", {4, Render}},
                                             {"known", {3, Known}}, {"score", {4, Score}},
-                                            {"clean", {2, Clean}}, {"hiss", {3, Hiss}}};
+                                            {"clean", {2, Clean}}, {"hiss", {4, Hiss}}};
 
 }  // namespace
 
@@ -228,8 +234,9 @@ int main(int argc, char** argv) {
   const auto work = kWorks.find(argc > 1 ? argv[1] : "");
   if (work == kWorks.end() || static_cast<std::size_t>(argc) != 2 + work->second.Count) {
     std::fputs(
-        "sound-bench make FOLDER SECONDS | render FILTERS LEVEL IN OUT | known IN PLACES OUT |\n"
-        "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME IN OUT\n",
+        "sound-bench make FOLDER SECONDS SEED | render FILTERS LEVEL IN OUT | known IN PLACES OUT "
+        "|\n"
+        "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME SEED IN OUT\n",
         stderr);
     return 2;
   }

@@ -189,9 +189,8 @@ int Open(int folder, const char* path, int flags, mode_t mode) {
   return static_cast<int>(::syscall(SYS_openat, folder, path, flags, mode));
 }
 
-mode_t Mode(int flags, va_list rest) {
-  const bool has = (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
-  return has ? va_arg(rest, mode_t) : 0;
+bool HasMode(int flags) {
+  return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
 }
 
 int Made(long result) {
@@ -202,24 +201,24 @@ int Made(long result) {
 
 extern "C" {
 
-#define OPEN(name)                             \
-  int name(const char* path, int flags, ...) { \
-    va_list rest;                              \
-    va_start(rest, flags);                     \
-    const mode_t mode = Mode(flags, rest);     \
-    va_end(rest);                              \
-    return Open(AT_FDCWD, path, flags, mode);  \
+#define OPEN(name)                                                 \
+  int name(const char* path, int flags, ...) {                     \
+    va_list rest;                                                  \
+    va_start(rest, flags);                                         \
+    const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0; \
+    va_end(rest);                                                  \
+    return Open(AT_FDCWD, path, flags, mode);                      \
   }
 OPEN(open)
 OPEN(open64)
 
-#define OPENAT(name)                                       \
-  int name(int folder, const char* path, int flags, ...) { \
-    va_list rest;                                          \
-    va_start(rest, flags);                                 \
-    const mode_t mode = Mode(flags, rest);                 \
-    va_end(rest);                                          \
-    return Open(folder, path, flags, mode);                \
+#define OPENAT(name)                                               \
+  int name(int folder, const char* path, int flags, ...) {         \
+    va_list rest;                                                  \
+    va_start(rest, flags);                                         \
+    const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0; \
+    va_end(rest);                                                  \
+    return Open(folder, path, flags, mode);                        \
   }
 OPENAT(openat)
 OPENAT(openat64)

@@ -40,46 +40,54 @@ class WordsWidget final : public QLabel, public Spoken {
  public:
   using QLabel::QLabel;
 
-  QString Words;
-  QFont Full;  // its font without scaling
+  Text Caption;
+  bool SpeaksCaption = true;  // to a screen reader
+  QFont Full;                 // its font without scaling
   double Scale = 1;
   QColor Ink, Ground;
   bool Wrap = false, OwnFont = false, Framed = false;
 
-  // Paints the words again after a change. Words that change faster than they can be read are
-  // painted less often. The timer paints the last change: its delay is so long that it does not
-  // fire while changes go on.
+  // Shows the caption again after a change. Words that change faster than they can be read are
+  // shown less often. The timer shows the last change: its delay is so long that it does not fire
+  // while changes go on.
   void Renew() {
-    if (!isVisible()) return;
-    if (sinceRenewed_.isValid() && sinceRenewed_.elapsed() < kReadingMs) {
+    if (isVisible() && sinceRenewed_.isValid() && sinceRenewed_.elapsed() < kReadingMs) {
       if (!late_.isActive()) late_.start(kLateMs, this);
       return;
     }
-    late_.stop();
-    sinceRenewed_.start();
+    if (isVisible()) sinceRenewed_.start();
+    TakeCaption();
     update();
   }
 
  protected:
   void timerEvent(QTimerEvent* event) override {
     if (event->timerId() != late_.timerId()) return QLabel::timerEvent(event);
-    late_.stop();  // words that are hidden meanwhile are not painted
     sinceRenewed_.invalidate();
     Renew();
   }
   void paintEvent(QPaintEvent* /*event*/) override {
+    if (late_.isActive()) TakeCaption();  // painted for another reason
     QPainter painter(this);
     if (Ground.alpha() > 0) painter.fillRect(rect(), Ground);
     QColor ink = Ink;
     if (!isEnabled()) ink.setAlpha(120);
     const Qt::Alignment across = alignment() & Qt::AlignHorizontal_Mask;
-    DrawWords(painter, {Words, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont});
+    DrawWords(painter, {words_, Full, ink, rect(), across | Qt::AlignTop, Wrap, Scale, OwnFont});
     if (Framed) DrawFrame(painter);
     if (hasFocus()) look::DrawFocusRing(painter, rect());
   }
 
  private:
-  static constexpr int kReadingMs = 150, kLateMs = 250;
+  static constexpr int kReadingMs = 250, kLateMs = 350;
+
+  void TakeCaption() {
+    late_.stop();
+    words_ = look::FromText(Caption);
+    words_.remove(u'\r');
+    const QString name = look::Plain(Caption);
+    if (SpeaksCaption && accessibleName() != name) setAccessibleName(name);
+  }
 
   // Light and dark dashes in turn, visible on any background.
   void DrawFrame(QPainter& painter) const {
@@ -91,6 +99,7 @@ class WordsWidget final : public QLabel, public Spoken {
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
   }
 
+  QString words_;
   QElapsedTimer sinceRenewed_;
   QBasicTimer late_;
 };
@@ -186,10 +195,18 @@ class LabelFace final : public PointedFace {
         words_->OwnFont ? FontOnPaper(label) : look::FontOf(label.FontSize, label.FontBold);
   }
 
+  // A label without a name of its own is spoken as it is shown.
+  void Speak(const Control& control) override {
+    words_->SpeaksCaption =
+        control.AccessibleName().empty() && !static_cast<const Label&>(control).Caption().empty();
+    if (!words_->SpeaksCaption) Face::Speak(control);
+  }
+
   // A caption is found as the name of its button.
   Said Says(const Control& control) const override {
     const auto& label = static_cast<const Label&>(control);
-    if (label.Of != nullptr || words_->accessibleName().isEmpty()) return {};
+    if (label.Of != nullptr || (control.AccessibleName().empty() && label.Caption().empty()))
+      return {};
     const bool opens = label.TabStop && (control.Click || control.DblClick);
     return {opens ? QAccessible::Link : QAccessible::StaticText};
   }
@@ -207,8 +224,7 @@ class LabelFace final : public PointedFace {
     words_->Ground = look::Of(label.BackColor);
     words_->Wrap = label.WordWrap;
     words_->setAlignment(Across(label.Align) | Qt::AlignTop);
-    words_->Words = look::FromText(label.Caption);
-    words_->Words.remove(u'\r');
+    words_->Caption = label.Caption;
     words_->Press = nullptr;
     if (control.Click || control.DblClick) {
       words_->Press = [this] { PressedByReader([this] { Act(); }); };

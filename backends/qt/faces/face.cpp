@@ -75,8 +75,7 @@ void Face::Sync() {
     scale_ = window_.Scale();
     Dress(*shown);
   }
-  const QString name = SpokenName(*shown);
-  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
+  Speak(*shown);
   widget_->setEnabled(Bright(*shown));
   if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Say(*widget_, Says(*shown));
   Apply(*shown);
@@ -89,6 +88,11 @@ void Face::Dress(const Control& control) {
   if (widget_->font() != font) widget_->setFont(font);
   const QString tip = look::Tip(look::FromText(control.ToolTipText));
   if (widget_->toolTip() != tip) widget_->setToolTip(tip);
+}
+
+void Face::Speak(const Control& control) {
+  const QString name = SpokenName(control);
+  if (widget_->accessibleName() != name) widget_->setAccessibleName(name);
 }
 
 void Face::Take(const std::function<void(Control&)>& change) {

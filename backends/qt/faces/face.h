@@ -58,6 +58,7 @@ class Face {
   // Sets the font and the tooltip. Levels and times change many times a second, fonts hardly ever,
   // and making a font takes long, so this function is called only when one of them has changed.
   virtual void Dress(const Control& control);
+  virtual void Speak(const Control& control);  // sets the name that a screen reader speaks
   virtual void Apply(Control& control) = 0;
   // What a screen reader learns of the control, for widgets that are Spoken.
   virtual Said Says(const Control& /*control*/) const { return {}; }

@@ -291,11 +291,13 @@ void QtEventLoop::Core::EndTurns(bool /*busy*/) {
 }
 
 void QtEventLoop::Core::Rest(std::optional<std::int64_t> until, const Form* /*modal*/) {
-  wake_.stop();
-  if (until) {
+  if (!until) {
+    wake_.stop();
+  } else if (!wake_.isActive() || until != wakesAt_) {
     const double ms = static_cast<double>(*until - NowUs()) / kUsPerMs / speed;
     if (ms <= 0) return;
     wake_.start(static_cast<int>(std::ceil(std::min(ms, kLongestRestMs))));
+    wakesAt_ = until;
   }
   QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents |
                                                       QEventLoop::WaitForMoreEvents);

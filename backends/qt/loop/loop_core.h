@@ -84,6 +84,7 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   std::vector<FormWindow*> graves_;  // windows of destroyed forms whose handlers still run
   const Form* menuOwner_ = nullptr;
   QTimer wake_, activation_;
+  std::optional<std::int64_t> wakesAt_;  // time that wake_ was started for
   QMargins border_ = {0, 30, 0, 0};
   QElapsedTimer away_;                  // runs while another program is in front
   std::optional<std::int64_t> behind_;  // our clock minus an event's stamp in ms, the least so far

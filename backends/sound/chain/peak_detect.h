@@ -4,8 +4,9 @@
 #include "platform/mmchain.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstring>
 
 namespace vantora {
 
@@ -13,23 +14,21 @@ struct Peaks {
   int Left = 0, Right = 0;  // 0 to 32768
 };
 
-// Keeps a maximum for each place in a vector, so that the vector unit finds them side by side.
 inline Peaks PeaksOf(const MMData& data) {
-  constexpr std::size_t kLanes = 16;
-  std::array<float, kLanes> peaks{};
+  using Lanes = float __attribute__((vector_size(16)));  // left, right, left, right
+  constexpr std::size_t kLanes = 4;
+  Lanes peaks{};
   const std::size_t count = data.Bytes / 2, whole = count / kLanes * kLanes;
-  const auto raise = [&](std::size_t lane, float sample) {
-    const float size = std::abs(sample);
-    peaks[lane] = size > peaks[lane] ? size : peaks[lane];
-  };
   for (std::size_t at = 0; at < whole; at += kLanes) {
-    for (std::size_t lane = 0; lane < kLanes; ++lane) raise(lane, data.Samples[at + lane]);
+    Lanes sound;
+    std::memcpy(&sound, &data.Samples[at], sizeof sound);
+    const Lanes size = sound > -sound ? sound : -sound;
+    peaks = size > peaks ? size : peaks;
   }
-  for (std::size_t at = whole; at < count; ++at) raise(at % kLanes, data.Samples[at]);
-  float left = 0, right = 0;
-  for (std::size_t lane = 0; lane < kLanes; lane += 2) {
-    left = std::max(left, peaks[lane]);
-    right = std::max(right, peaks[lane + 1]);
+  float left = std::max(peaks[0], peaks[2]), right = std::max(peaks[1], peaks[3]);
+  for (std::size_t at = whole; at + 1 < count; at += 2) {
+    left = std::max(left, std::abs(data.Samples[at]));
+    right = std::max(right, std::abs(data.Samples[at + 1]));
   }
   constexpr float kLoudest = 32768;
   return {static_cast<int>(std::min(left, kLoudest)), static_cast<int>(std::min(right, kLoudest))};

@@ -165,6 +165,8 @@ float ArModel::Fill(float* sound, std::size_t first, std::size_t count, std::siz
     return sum;
   };
   before_ = energy();
+  behind_ = 0;
+  for (std::size_t row = count; row < rows; ++row) behind_ += errors_[row] * errors_[row];
   std::fill_n(sound + first, count, 0.0F);
   Errors(sound, first, rows);
   Equations(count, rows);

@@ -38,6 +38,7 @@ class ArModel {
   // part of the error's energy that is left; 0 to 1.
   float Fill(float* sound, std::size_t first, std::size_t count, std::size_t length);
   double Before() const { return before_; }  // the error's energy before the last Fill
+  double Behind() const { return behind_; }  // of it, behind the gap
 
  private:
   void Errors(const float* sound, std::size_t first, std::size_t rows);
@@ -45,7 +46,7 @@ class ArModel {
   void Solve(std::size_t count);
 
   const std::size_t order_;
-  double before_ = 0;
+  double before_ = 0, behind_ = 0;
   std::vector<float> forward_, backward_;
   std::vector<float> reflection_;
   std::vector<double> a_;          // error = sum of a_[k] * sample[n - k], a_[0] = 1

@@ -14,11 +14,19 @@ constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
 constexpr float kLongTrace = 0.1F;
 constexpr std::size_t kNear = 24;  // samples between gaps that belong together
-constexpr int kRounds = 3;         // of repair on trial
+// Damage is added to what was there, so its error goes on behind it as far as the model reaches. A
+// pulse drives what follows, so the error ends with it. The error that a replacement may leave at
+// most, in parts of the one behind the gap; and that of the short model, before the long one is
+// asked.
+constexpr double kPulse = 0.75, kLongPulse = 1.5;
+constexpr std::size_t kHidesEnd = 13;  // samples from which on damage may have a soft end
+constexpr double kWorth = 3;
+constexpr int kWideRounds = 2;
+constexpr int kRounds = 3;  // of repair on trial
 constexpr int kLongRounds = 2;
 constexpr std::size_t kOrder = 400;   // of the long model: a period of 110 Hz
 constexpr std::size_t kHarmonic = 4;  // errors that come back, of which the long model is asked
-constexpr std::size_t kPulse = 3;     // samples within the edge of a period
+constexpr std::size_t kEdge = 3;      // samples within the edge of a period
 constexpr float kAgain = 0.6F;        // of an error: as great it must come back
 
 std::size_t OrderOf(ClickFilter::Damage damage) {
@@ -56,7 +64,8 @@ std::size_t ClickFilter::Process(float level, float* sound, std::size_t count, f
   end_ = std::max(kPast + count + following - margin, begin_);
   base_ = begin_ - kPast;
   length_ = kPast + count + following;
-  if (level > 0 && end_ > begin_) Work(MeasureOf(level));
+  measure_ = MeasureOf(level);
+  if (level > 0 && end_ > begin_) Work();
   std::copy_n(repaired_.begin() + kPast, count, sound);
   const std::size_t final = end_ - kPast - count;
   std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(kPast + count), final, follows);
@@ -87,48 +96,59 @@ void ClickFilter::Take(const float* sound, std::size_t count, const float* follo
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
-    return {3.5F + 2.5F * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1};
+    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1};
   }
   return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4};
 }
 
-void ClickFilter::Work(const Measure& measure) {
+void ClickFilter::Work() {
   const std::size_t total = length_ - base_;
   model_.Fit(heard_.data() + base_, total);
-  MeasureStretches(model_, measure);
-  Search(model_, measure);
+  MeasureStretches(model_);
+  Search(model_);
   for (int round = 0; round < kRounds && !gaps_.empty(); ++round) {
     FillAll(model_);
     model_.Fit(repaired_.data() + base_, total);
-    MeasureStretches(model_, measure);
+    MeasureStretches(model_);
     model_.Filter(heard_.data() + base_, total);
     before_ = gaps_;
-    Search(model_, measure);
+    Search(model_);
     const bool same = gaps_.size() == before_.size() &&
                       std::equal(gaps_.begin(), gaps_.end(), before_.begin(), [](auto& a, auto& b) {
                         return a.First == b.First && a.Count == b.Count;
                       });
     if (same) break;
   }
+  sincePulse_ = spared_ > 0 ? 0 : std::min(sincePulse_ + 1, kRecently);
+  // A long gap leaves the model little to go by, so its replacement is looked at again.
+  const bool wide =
+      std::any_of(gaps_.begin(), gaps_.end(), [](const Gap& gap) { return gap.Count > kShort; });
+  for (int round = 0; wide && round < kWideRounds; ++round) {
+    FillAll(model_);
+    model_.Fit(repaired_.data() + base_, total);
+  }
   if (spared_ >= kHarmonic)
-    WorkOnHarmonics(measure);
+    WorkOnHarmonics();
   else
     Repair(model_);
 }
 
 // Damage in the middle of a period's edge hides it, and a short model would smooth the edge away
 // with the damage. A long one knows the edge from the periods around.
-void ClickFilter::WorkOnHarmonics(const Measure& measure) {
+void ClickFilter::WorkOnHarmonics() {
   const std::size_t total = length_ - base_;
   FillAll(model_);
   for (int round = 0; round < kLongRounds; ++round) {
     long_.Fit(repaired_.data() + base_, total);
-    FillAll(long_);
-    long_.Fit(repaired_.data() + base_, total);
-    MeasureStretches(long_, measure);
+    if (!gaps_.empty()) {
+      FillAll(long_);
+      long_.Fit(repaired_.data() + base_, total);
+    }
+    MeasureStretches(long_);
     before_ = gaps_;
-    Search(long_, measure);
+    Search(long_);
     Unite();
+    if (gaps_.empty()) break;  // a further round would find the same
     FillAll(long_);
   }
   Repair(long_);
@@ -166,7 +186,7 @@ void ClickFilter::FillAll(ArModel& model) {
 // The limit over which a sample is suspected, for each stretch: by the middle one of the three
 // medians before it and of the three behind it, so that damage of a stretch's length counts
 // nowhere, and of these the greater one, so that a sound that begins is not taken for damage.
-void ClickFilter::MeasureStretches(const ArModel& model, const Measure& measure) {
+void ClickFilter::MeasureStretches(const ArModel& model) {
   const float* const forward = model.Forward();
   const std::size_t total = length_ - base_;
   std::size_t count = 0;
@@ -189,11 +209,11 @@ void ClickFilter::MeasureStretches(const ArModel& model, const Measure& measure)
     const auto here = static_cast<std::ptrdiff_t>(i);
     const float past = middle(at(here - 3), at(here - 2), at(here - 1));
     const float next = i + 1 < count ? middle(at(here + 1), at(here + 2), at(here + 3)) : 0;
-    stretchLimit_[i] = measure.Times * std::max(past, next);
+    stretchLimit_[i] = measure_.Times * std::max(past, next);
   }
 }
 
-void ClickFilter::Search(const ArModel& model, const Measure& measure) {
+void ClickFilter::Search(const ArModel& model) {
   const std::size_t total = length_ - base_, first = begin_ - base_;
   const std::size_t last = std::min(end_, length_ - std::min(length_, model_.Order())) - base_;
   std::copy_n(model.Forward(), total, forward_.begin());
@@ -207,7 +227,7 @@ void ClickFilter::Search(const ArModel& model, const Measure& measure) {
   std::size_t from = first;                   // where a gap may begin
   std::size_t cluster = 0, clusterTotal = 0;  // first gap and samples of those that lie together
   const auto closeCluster = [&] {
-    if (clusterTotal > measure.Longest * measure.Together) gaps_.resize(cluster);
+    if (clusterTotal > measure_.Longest * measure_.Together) gaps_.resize(cluster);
     cluster = gaps_.size();
     clusterTotal = 0;
   };
@@ -215,11 +235,11 @@ void ClickFilter::Search(const ArModel& model, const Measure& measure) {
     if (error_[i] <= limit_[i]) continue;
     if (i >= from + kNear) closeCluster();
     Gap gap{i, 1};
-    Extend(gap, from, measure.Bridge);
+    Extend(gap, from, measure_.Bridge);
     from = gap.End();
     i = from - 1;
     clusterTotal += gap.Count;
-    if (gap.Count > measure.Longest) continue;
+    if (gap.Count > measure_.Longest) continue;
     gap.First += base_;
     gaps_.push_back(gap);
   }
@@ -266,14 +286,14 @@ void ClickFilter::SparePeriods() {
   for (std::size_t i = first; i < total; ++i) {
     if (error_[i] <= limit_[i]) continue;
     std::size_t end = i + 1, peak = i;
-    for (std::size_t j = i; j < std::min(end + kPulse, total); ++j) {
+    for (std::size_t j = i; j < std::min(end + kEdge, total); ++j) {
       if (error_[j] <= limit_[j]) continue;
       end = j + 1;
       if (error_[j] > error_[peak]) peak = j;
     }
     if (ComesBack(peak)) {
       ++spared_;
-      for (std::size_t j = i - std::min(i, kPulse); j < std::min(end + kPulse, total); ++j)
+      for (std::size_t j = i - std::min(i, kEdge); j < std::min(end + kEdge, total); ++j)
         limit_[j] = kNever;
     }
     i = end - 1;
@@ -308,47 +328,82 @@ void ClickFilter::Repair(ArModel& model) {
   if (&model == &model_) FillAll(model);
   std::copy_n(heard_.begin() + static_cast<std::ptrdiff_t>(base_), begin_ - base_,
               repaired_.begin() + static_cast<std::ptrdiff_t>(base_));
-  std::size_t end = end_;
-  for (const Gap& gap : gaps_) {
-    if (Replaced(model, gap)) end = std::max(end, gap.End());
+  std::size_t end = end_, replaced = 0;
+  for (Gap gap : gaps_) {
+    if (gap.First >= replaced && Replaced(model, gap)) replaced = gap.End();
   }
+  end = std::max(end, replaced);
   end_ = end;
 }
 
 // Replaces a gap if that takes away all of the error but a share.
-bool ClickFilter::Replaced(ArModel& model, const Gap& gap) {
+bool ClickFilter::Replaced(ArModel& model, Gap& gap) {
+  const bool brief = &model == &model_;
+  const bool pulses = sincePulse_ < kRecently;
+  if (brief && !pulses && damage_ == Damage::kClicks) FindEnd(gap);
   const auto damaged = heard_.begin() + static_cast<std::ptrdiff_t>(gap.First);
   const auto place = repaired_.begin() + static_cast<std::ptrdiff_t>(gap.First);
-  std::copy_n(damaged, gap.Count, place);
-  const float left =
-      model.Fill(repaired_.data() + base_, gap.First - base_, gap.Count, length_ - base_);
-  if (&model == &long_) {
-    const double limit = stretchLimit_[(gap.First - base_) / kStretch];
-    if (model.Before() < 4 * limit * limit) {
-      std::copy_n(damaged, gap.Count, place);
-      return false;
-    }
+  const auto fill = [&](ArModel& by) {
+    std::copy_n(damaged, gap.Count, place);
+    return by.Fill(repaired_.data() + base_, gap.First - base_, gap.Count, length_ - base_);
+  };
+  const double limit = double{stretchLimit_[(gap.First - base_) / kStretch]};
+  const float trace = brief && gap.Count > kShort ? kLongTrace : kTrace;
+  bool replaced = brief || fill(model_) * model_.Before() <= kLongPulse * model_.Behind();
+  if (replaced) {
+    const float left = fill(model);
+    replaced = left <= trace &&
+               (!brief || !pulses || left * model.Before() <= kPulse * model.Behind()) &&
+               (brief || model.Before() >= 4 * limit * limit) && Loud(gap) && Plausible(gap);
   }
-  if (left <= (&model == &model_ && gap.Count > kShort ? kLongTrace : kTrace) && Loud(gap) &&
-      Plausible(gap))
-    return true;
-  std::copy_n(damaged, gap.Count, place);
-  return false;
+  if (!replaced) std::copy_n(damaged, gap.Count, place);
+  return replaced;
+}
+
+// Loud damage hides its own soft end. Where the error stays great behind a replacement, the gap is
+// made longer as long as that lowers the errors by more than `kWorth` usual ones a sample.
+void ClickFilter::FindEnd(Gap& gap) {
+  const std::size_t first = gap.First - base_, total = length_ - base_, order = model_.Order();
+  const std::size_t longest =
+      std::min({measure_.Longest, ArModel::kLongestGap, total - std::min(total, first + order)});
+  if (gap.Count < kHidesEnd || gap.Count >= longest) return;
+  float* const sound = repaired_.data() + base_;
+  const double usual = double{stretchLimit_[first / kStretch] / measure_.Times};
+  const auto error = [this](std::size_t i) { return double{forward_[i]} * double{forward_[i]}; };
+  double behind = 0, least = 0;  // errors behind the gap and the model's reach; the least price
+  for (std::size_t i = first + gap.Count; i < first + longest + order; ++i) behind += error(i);
+  std::size_t from = first + gap.Count, best = gap.Count;
+  for (std::size_t count = gap.Count; count <= longest;
+       count += std::max<std::size_t>(4, count / 6)) {
+    for (; from < first + count + order; ++from) behind -= error(from);
+    std::copy_n(heard_.data() + gap.First, longest, sound + first);
+    const double left = double{model_.Fill(sound, first, count, total)} * model_.Before();
+    if (count == gap.Count && left < 2 * usual * usual * static_cast<double>(order)) break;
+    const double price = left + behind + kWorth * usual * usual * static_cast<double>(count);
+    if (count > gap.Count && price >= least) continue;
+    least = price;
+    best = count;
+  }
+  std::copy_n(heard_.data() + gap.First, longest, sound + first);
+  gap.Count = best;
 }
 
 // Where the model hardly holds, an interpolation may swing up.
 bool ClickFilter::Plausible(const Gap& gap) const {
   constexpr std::size_t kAround = 300;
-  constexpr float kMost = 1.2F;
-  float inside = 0, outside = 0;
-  for (std::size_t i = gap.First; i < gap.End(); ++i)
+  constexpr float kMost = 1.2F, kMostLoud = 2;
+  float inside = 0, outside = 0, damaged = 0;
+  for (std::size_t i = gap.First; i < gap.End(); ++i) {
     inside = std::max(inside, std::abs(repaired_[i]));
+    damaged = std::max(damaged, std::abs(heard_[i]));
+  }
   const std::size_t from = std::max(base_, gap.First - std::min(gap.First, kAround));
   const std::size_t to = std::min(gap.End() + kAround, length_);
   for (std::size_t i = from; i < to; ++i) {
     if (i < gap.First || i >= gap.End()) outside = std::max(outside, std::abs(repaired_[i]));
   }
-  return inside <= kMost * outside;
+  // Where the damage is far louder than the replacement, that may rise a little more.
+  return inside <= kMost * outside || (inside <= kMostLoud * outside && inside <= 0.6F * damaged);
 }
 
 // Long damage must stand out of the music around it.

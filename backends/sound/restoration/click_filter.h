@@ -9,7 +9,8 @@
 //
 // Telling damage from music. The period of a voice, a reed or a string errs in the same way again
 // and again: what comes back at equal distances is music. An attack goes on: where the samples
-// behind the suspected ones still err after the repair, they were the beginning of a sound. Long
+// behind the suspected ones still err after the repair, they were the beginning of a sound. Where
+// pulses were heard of late, an error that ends with the suspected samples is another pulse. Long
 // damage that is softer than the music around it is left alone, because attacks look like that.
 //
 // Replacing: least-squares interpolation from both sides. Damage that lies on the edge of a period
@@ -48,6 +49,7 @@ class ClickFilter {
   static constexpr std::size_t kLongest = kPast + 2 * kBlock;
   static constexpr std::size_t kStretch = 128;  // samples that share one limit
   static constexpr std::size_t kStretches = kLongest / kStretch;
+  static constexpr std::size_t kRecently = 4;                         // pieces
   static constexpr std::size_t kLeastPeriod = 40, kMostPeriod = 720;  // samples
 
   struct Gap {
@@ -63,25 +65,28 @@ class ClickFilter {
 
   Measure MeasureOf(float level) const;
   void Take(const float* sound, std::size_t count, const float* follows, std::size_t following);
-  void Work(const Measure& measure);
-  void MeasureStretches(const ArModel& model, const Measure& measure);
-  void Search(const ArModel& model, const Measure& measure);
+  void Work();
+  void MeasureStretches(const ArModel& model);
+  void Search(const ArModel& model);
   void Extend(Gap& gap, std::size_t from, std::size_t bridge) const;
   void SparePeriods();
   bool ComesBack(std::size_t place) const;
-  void WorkOnHarmonics(const Measure& measure);
+  void WorkOnHarmonics();
   void Unite();
   void FillAll(ArModel& model);
   void Repair(ArModel& model);
-  bool Replaced(ArModel& model, const Gap& gap);
+  bool Replaced(ArModel& model, Gap& gap);
+  void FindEnd(Gap& gap);
   bool Loud(const Gap& gap) const;
   bool Plausible(const Gap& gap) const;
 
   const Damage damage_;
+  Measure measure_{};
   ArModel model_;
-  ArModel long_;            // that predicts a period from the one before
-  std::size_t spared_ = 0;  // errors that came back
-  std::vector<float> raw_;  // as it came: the piece and what follows
+  ArModel long_;                        // that predicts a period from the one before
+  std::size_t spared_ = 0;              // errors that came back
+  std::size_t sincePulse_ = kRecently;  // pieces
+  std::vector<float> raw_;              // as it came: the piece and what follows
   // kPast samples repaired, then the piece and what follows: as they came, and repaired.
   std::vector<float> heard_, repaired_;
   std::size_t done_ = 0;   // of the piece and what follows, final already
