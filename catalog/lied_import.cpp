@@ -251,8 +251,8 @@ LiedImport::Einfuhr LiedImport::Mp3Konvertieren(const Text& quelle, const Text& 
     fenster_.FreiSetzen(true);
     return Einfuhr::Ende;
   }
+  prog.plattform.schleife.DoEvents();  // while the window is still locked: more files may follow
   fenster_.FreiSetzen(true);
-  prog.plattform.schleife.DoEvents();
   prog.frmSchreibFortschritt.Entladen();
   return Einfuhr::Fertig;
 }

@@ -63,6 +63,7 @@ void frmCDBrennen::BurnCD() {
   Weiter([&] { KopienAnzahl = Ganz16(Val(txtKopienAnzahl.Text)); });
   KopieNr = 1;
   eingetragen_ = false;
+  lblAblage.Caption = L"";  // the place of an older image does not belong to this burn
   Danach danach = Danach::NaechsteKopie;
   while (danach == Danach::NaechsteKopie) {
     PassVorbereiten();

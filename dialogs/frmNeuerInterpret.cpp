@@ -20,6 +20,10 @@ frmNeuerInterpret::frmNeuerInterpret(Programm& programm)
     Knopf(imgControl(i), [this, i] { imgControl_MouseUp(i); });
   }
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  for (PictureButton* knopf : {&imgControl(1), &imgHelp}) {
+    knopf->GotFocus = [this] { aufKnopf_ = true; };
+    knopf->LostFocus = [this] { aufKnopf_ = false; };
+  }
   cmbPause.KeyPress = [this](int taste) { return cmbPause_KeyPress(taste); };
 }
 
@@ -108,6 +112,7 @@ bool frmNeuerInterpret::cmbPause_KeyPress(int taste) {
 }
 
 bool frmNeuerInterpret::Form_KeyDown(int taste, bool strg) {
+  if (taste == kKeyReturn && aufKnopf_) return false;
   if (taste == kKeyReturn) imgControl_MouseUp(0);
   if (taste == kKeyEscape) imgControl_MouseUp(1);
   return taste == kKeyReturn || taste == kKeyEscape || VtrFenster::Form_KeyDown(taste, strg);

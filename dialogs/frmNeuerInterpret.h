@@ -33,6 +33,9 @@ class frmNeuerInterpret final : public VtrFenster {
   ControlArray<PictureButton, 2> imgControl{*this, L"imgControl"};
   ControlArray<Label, 2> lblButtCaption{*this, L"lblButtCaption"};
   PictureButton imgHelp{*this, L"imgHelp"};
+
+ private:
+  bool aufKnopf_ = false;  // a button with the focus, other than OK: Return presses this button
 };
 
 }  // namespace vantora

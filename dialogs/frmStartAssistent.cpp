@@ -17,6 +17,10 @@ frmStartAssistent::frmStartAssistent(Programm& programm)
   };
   Knopf(imgAbbrechen, [this] { imgAbbrechen_MouseUp(); });
   Knopf(imgHelp, [this] { prog.Hilfe(Name); });
+  for (PictureButton* knopf : {&imgAbbrechen, &imgHelp}) {
+    knopf->GotFocus = [this] { aufKnopf_ = true; };
+    knopf->LostFocus = [this] { aufKnopf_ = false; };
+  }
   for (int i = 0; i < StartOptionen.Count(); ++i) {
     StartOptionen(i).DblClick = [this] { imgOK_MouseDown(); };
   }
@@ -64,6 +68,7 @@ void frmStartAssistent::imgAbbrechen_MouseUp() {
 }
 
 bool frmStartAssistent::Form_KeyDown(int taste, bool strg) {
+  if (taste == kKeyReturn && aufKnopf_) return false;
   if (taste == kKeyReturn) imgOK_MouseDown();
   if (taste == kKeyEscape) imgAbbrechen_MouseUp();
   return taste == kKeyReturn || taste == kKeyEscape || VtrFenster::Form_KeyDown(taste, strg);

@@ -30,6 +30,8 @@ class frmStartAssistent final : public VtrFenster {
 
  private:
   void Merken();
+
+  bool aufKnopf_ = false;  // a button with the focus, other than OK: Return presses this button
 };
 
 }  // namespace vantora

@@ -8,6 +8,12 @@
 namespace vantora {
 
 void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own& own) {
+  // A key that opened or closed a window is often held a little longer. It must not answer the
+  // question that has just come up.
+  const auto down = down_.find(&form);
+  const bool pressedHere = down != down_.end() && down->second.contains(key.Code);
+  const bool function = key.Code >= kKeyF1 && key.Code <= kKeyF12;
+  if (key.Repeats && key.Code != 0 && (function || !pressedHere)) return;
   if (!loop_.TakesInput(form)) return Escape(form, key);
   bool used = false;
   if (key.Code != 0) {
@@ -24,8 +30,8 @@ void Keyboard::Down(Form& form, Control* focus, const KeyStroke& key, const Own&
   if (!reached()) return;
   focus->ShiftHeld = key.Shift;
   focus->ControlHeld = key.Control;
-  if (const auto down = focus->KeyDown; down && key.Code != 0) {
-    loop_.Handle([&] { down(key.Code); });
+  if (const auto act = focus->KeyDown; act && key.Code != 0) {
+    loop_.Handle([&] { act(key.Code); });
     if (!reached()) return;
   }
   bool wanted = true;
@@ -43,8 +49,6 @@ bool Keyboard::ActsAsShortcut(Form& form, const Control* focus, const KeyStroke&
            (shortcut.Focus == nullptr || shortcut.Focus == focus);
   });
   if (found == all.end()) return false;
-  // A key that has closed a window is often held a little longer. Its repetitions must not act in
-  // the window behind.
   if (key.Repeats && !found->Repeats) return true;
   loop_.Handle([act = found->Act] { act(); });  // a copy, because the handler may destroy the form
   return true;

@@ -7,7 +7,8 @@
 // however often the key was repeated (Form_KeyUp), and then the control that has the focus at that
 // time. A window that loses the keyboard gets Form_KeyUp for all keys that are still held.
 //
-// A disabled window gets no key, except Escape if it asks for that.
+// A disabled window gets no key, except Escape if it asks for that. A repetition of a held key goes
+// only to the window in which the key was pressed; function keys do not repeat.
 #pragma once
 
 #include "backends/forms/keys.h"

@@ -44,7 +44,7 @@ SystemBox::SystemBox(EventLoop& loop, const Text& text, int flags, const Text& t
     button.Visible = i < count;
     if (i >= count) continue;
     const Answer answer = answers[static_cast<std::size_t>(i)];
-    Place(button, 6900 / 2 - count * 930 + i * 1860, 2340, 1740, 450);
+    Place(button, 6900 / 2 - (count * 1860 - 120) / 2 + i * 1860, 2340, 1740, 450);
     button.AccessibleName = answer.Caption;
     button.MouseUp = [this, answer](int) { Leave(answer.Code); };
   }

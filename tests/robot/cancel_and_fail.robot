@@ -18,10 +18,19 @@ answer 6
 expect-box ~ "Operación cancelada"
 answer 7
 expect-window frmCDBrennen
+press frmCDBrennen.imgBrennen
+answer 7
+expect-box ~ "Finalizó"
+answer 7
+answer 7
+press frmHauptForm.imgBrennen
+expect frmCDBrennen.lblAblage.Caption ~ "Disco 001"
+# the place of the image before does not stand below a burn that failed
 writer fail at 40 %
 press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Error de grabado: 803"
+expect frmCDBrennen.lblAblage.Caption == ""
 answer 7
 expect-box ~ "Operación cancelada"
 answer 7
@@ -38,8 +47,8 @@ press frmCDBrennen.imgBrennen
 answer 7
 expect-box ~ "Operación cancelada"
 answer 7
-expect-file "C:\Vantora\Discos\Disco 001.bin" missing
-expect-file "C:\Vantora\Discos\Disco 001.cue" missing
+expect-file "C:\Vantora\Discos\Disco 002.bin" missing
+expect-file "C:\Vantora\Discos\Disco 002.cue" missing
 key frmCDBrennen Escape
 wait 2000
 expect-window frmHauptForm

@@ -33,6 +33,7 @@ class HelpViewer::Frame final : public QWidget {
         const std::function<void(const Text&)>& openLink);
 
   void Open(const QString& page);
+  void ForgetSearch() { search_->clear(); }
   QString VisiblePage() const { return isVisible() ? browser_->PageName() : QString(); }
 
  protected:
@@ -210,6 +211,8 @@ HelpViewer::~HelpViewer() = default;
 
 void HelpViewer::Show(const std::filesystem::path& page) {
   if (!frame_) frame_ = std::make_unique<Frame>(folder_, words_(), openLink_);
+  // The list of an earlier search would hide most pages.
+  if (!frame_->isVisible()) frame_->ForgetSearch();
   frame_->winId();  // creates the native window, which setTransientParent needs
   QWindow* modal = QGuiApplication::modalWindow();
   frame_->windowHandle()->setTransientParent(modal);

@@ -82,7 +82,10 @@ TEST_P(Worlds, AMenuIsAnsweredOnceAndClosedByEscape) {
 TEST_P(Worlds, AShortcutActsWhereItIsMeantAndAHeldKeyActsOnce) {
   FullForm form(loop);
   form.FirstFocus = false;
-  form.OnKey = [](int key, bool) { return key == 'O'; };
+  form.OnKey = [&form](int key, bool) {
+    if (key == kKeyReturn) form.Log.emplace_back("return");
+    return key == 'O';
+  };
   const auto shortcut = [&](const char* name, const wchar_t* key, const Control* focus = nullptr,
                             bool repeats = false) {
     const KeyStroke stroke = *KeyByName(key);
@@ -93,20 +96,24 @@ TEST_P(Worlds, AShortcutActsWhereItIsMeantAndAHeldKeyActsOnce) {
   shortcut("open", L"Ctrl+O");
   shortcut("up", L"Alt+Up", nullptr, true);
   shortcut("play", L"Space", &form.lvwTracks);
-  const auto held = [&](const wchar_t* key) {
+  const auto down = [&](const wchar_t* key, bool repeats) {
     KeyStroke stroke = *KeyByName(key);
-    stroke.Repeats = true;
-    loop.Keys().Down(form, nullptr, stroke, form.Note("not used"));
+    stroke.Repeats = repeats;
+    loop.Keys().Down(form, nullptr, stroke, [] {});
   };
   for (const wchar_t* key : {L"Ctrl+N", L"n", L"Ctrl+Shift+N", L"Ctrl+O", L"Alt+Up", L"Space"}) {
     person.Then([&form, key, this] { hands.Key(form, key); });
   }
-  person.Then([&] { held(L"Ctrl+N"); }).Then([&] { held(L"Alt+Up"); });
+  // A key that was pressed in another window does nothing here.
+  person.Then([&] { down(L"Return", true); }).Then([&] { down(L"Alt+Up", true); });
+  for (const wchar_t* key : {L"Ctrl+N", L"Alt+Up", L"Return"}) {
+    person.Then([key, down] { down(key, false); }).Then([key, down] { down(key, true); });
+  }
   person.Then([&] { loop.SetFocus(form.lvwTracks); }).Then([&] { hands.Key(form, L"Space"); });
   person.Then([&] { loop.SetFocus(form.imgButton); }).Then([&] { hands.Key(form, L"Space"); });
   Play(form);
-  EXPECT_EQ(form.Log,
-            (std::vector<std::string>{"activate", "new", "up", "up", "play", "button 1"}));
+  EXPECT_EQ(form.Log, (std::vector<std::string>{"activate", "new", "up", "new", "up", "up",
+                                                "return", "return", "play", "button 1"}));
 }
 
 }  // namespace
