@@ -3,6 +3,8 @@
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
 
+#include <fstream>
+
 namespace vantora {
 namespace {
 
@@ -225,6 +227,34 @@ TEST_F(Brennen, ARunThatFallsBackToTrackAtOnceGivesThePausesBackFirst) {
   EXPECT_EQ(Ton(b, L"a"), a);
   const std::size_t sektoren = (a.size() + kSektor - 1) / kSektor * kSektor;
   EXPECT_EQ(Bin(1).size(), 2 * sektoren + kLuecke);
+}
+
+TEST_F(Brennen, ADifferenceIsToldWithTheNameOfItsTrackAndACancelEndsOnlyTheComparison) {
+  Oeffnen({L"a", L"b"});
+  OhneHinweis();
+  McdEvents& ereignisse = b.platform.machine.writer.Events;
+  const McdEvents sonst = ereignisse;
+  const std::size_t aSektoren = (Ton(b, L"a").size() + kSektor - 1) / kSektor * kSektor;
+  ereignisse.MCD_Fixating = [&] {
+    sonst.MCD_Fixating();
+    std::fstream bin(b.home.Path() / "Vantora/Discos/Disco 001.bin.tmp",
+                     std::ios::in | std::ios::out | std::ios::binary);
+    bin.seekp(static_cast<std::streamoff>(aSektoren + kLuecke + 1000)).put('!');
+  };
+  EXPECT_EQ(Brennt({kNein, kNein, kNein}), (std::vector<Text>{Sagt(4006), Sagt(30130) + L"\r\n2. b",
+                                                              Sagt(4018) + L"\r\n" + Sagt(4019)}));
+  EXPECT_EQ(b.prog.Number_Burned_CD, 1) << "the disc stays";
+  EXPECT_EQ(Bin(1).size(), 2 * aSektoren + kLuecke);
+  ereignisse = sonst;
+  ereignisse.MCD_Verify = [&](int track, int befund) {
+    sonst.MCD_Verify(track, befund);
+    EXPECT_EQ(track, 1) << "compared after the cancel";
+    b.prog.frmSchreibFortschritt().imgAbbrechen_MouseUp();
+  };
+  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
+  EXPECT_EQ(Brennt({kNein, kNein, kNein})[1], Sagt(4012));
+  EXPECT_EQ(Bin(2).size(), Bin(1).size()) << "complete";
+  ereignisse = sonst;
 }
 
 TEST_F(Brennen, ACancelAfterTheEndComesTooLate) {
