@@ -43,7 +43,7 @@ QtApp::QtApp(int argc, char** argv) : argc_(argc), words_(argv, argv + argc) {
 QtApp::~QtApp() = default;
 
 void QtApp::AwaitFonts() {
-  if (auto* app = dynamic_cast<Application*>(qApp)) app->AwaitAll();
+  if (auto* app = dynamic_cast<Application*>(QCoreApplication::instance())) app->AwaitAll();
 }
 
 std::vector<std::string> QtApp::Arguments() const {
