@@ -287,7 +287,7 @@ void frmCDBrennen::ErgebnisMelden() {
       text += Text(kZeilenEnde) + L"...";
       break;
     }
-    const auto [track, befund] = abweichungen[i];
+    const int track = abweichungen[i].first, befund = abweichungen[i].second;
     text += kZeilenEnde + ZahlText(track) + L". ";
     Weiter([&] { text += Element(prog.Katalog, track).Titel.Getrimmt(); });
     if (befund == kMcdVerifyFailed) text += LoadResString(30132);

@@ -4,6 +4,7 @@
 #include "platform/mcd.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -85,7 +86,7 @@ bool DiscCheck::Same(const PlannedTrack& track, int start, int shift) {
 std::vector<int> DiscCheck::Shifts(const PlannedTrack& track, int start) {
   const int sectors = static_cast<int>(track.Sectors);
   PartReader wave(files_, track.Parts);
-  Skip(wave, kShiftSectors * kSectorFrames);
+  Skip(wave, std::int64_t{kShiftSectors} * kSectorFrames);
   std::vector<char> block(static_cast<std::size_t>(kBlockSectors * kSectorBytes));
   auto sound = block.end();
   int at = kShiftSectors;  // sector of the block in the track
@@ -97,13 +98,14 @@ std::vector<int> DiscCheck::Shifts(const PlannedTrack& track, int start) {
   }
   std::vector<int> shifts;
   if (sound == block.end()) return shifts;
-  constexpr std::size_t kProbe = kProbeFrames * kFrameBytes;
+  constexpr std::size_t kProbe = std::size_t{kProbeFrames} * kFrameBytes;
   const auto first = static_cast<std::size_t>(sound - block.begin());
   const std::size_t from = std::min(first - first % kFrameBytes, block.size() - kProbe);
   std::vector<char> disc;
   Read(start + at - kShiftSectors, kBlockSectors + 2 * kShiftSectors, disc);
   for (int shift = -kMostShift; shift <= kMostShift; ++shift) {
-    const char* place = disc.data() + from + kShiftSectors * kSectorBytes + shift * kFrameBytes;
+    const std::ptrdiff_t back = std::ptrdiff_t{kShiftSectors} * kSectorBytes;
+    const char* place = disc.data() + from + back + std::ptrdiff_t{shift} * kFrameBytes;
     if (std::memcmp(block.data() + from, place, kProbe) == 0) shifts.push_back(shift);
   }
   std::sort(shifts.begin(), shifts.end(), [](int a, int b) { return std::abs(a) < std::abs(b); });
@@ -113,7 +115,7 @@ std::vector<int> DiscCheck::Shifts(const PlannedTrack& track, int start) {
 
 void DiscCheck::Read(int sector, int count, std::vector<char>& target) {
   if (unwanted_()) throw GivenUp{};
-  target.resize(static_cast<std::size_t>(count * kSectorBytes));
+  target.resize(static_cast<std::size_t>(count) * kSectorBytes);
   if (!disc_.Read(sector, count, target.data())) throw Unreadable{};
 }
 

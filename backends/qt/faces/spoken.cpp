@@ -92,6 +92,7 @@ class SpokenWidget final : public QAccessibleWidget,
     state.readOnly = role() == QAccessible::StaticText;
     return state;
   }
+  using WholeText::text;
   // A hint that only repeats the name would be read twice.
   QString text(QAccessible::Text wanted) const override {
     if (wanted == QAccessible::Value && Says().Percent >= 0) {
@@ -158,6 +159,7 @@ class SpokenCombo final : public QAccessibleWidget, public WholeText {
     state.hasPopup = true;
     return state;
   }
+  using WholeText::text;
   QString text(QAccessible::Text wanted) const override {
     return wanted == QAccessible::Value ? Whole() : QAccessibleWidget::text(wanted);
   }

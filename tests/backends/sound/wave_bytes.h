@@ -45,7 +45,7 @@ inline std::string Wave(const std::string& data, const std::string& tail = "", F
 // The 16-bit values of a sound, and back.
 inline std::vector<std::int16_t> SamplesOf(const std::string& bytes) {
   std::vector<std::int16_t> samples(bytes.size() / 2);
-  std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+  if (!samples.empty()) std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
   return samples;
 }
 
