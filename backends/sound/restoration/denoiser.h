@@ -1,10 +1,10 @@
 // Takes hiss off one channel of music, in overlapping spectra.
 //
-// Each spectrum looks at 46 ms, of which most lie in the past, and speaks for the newest 12 ms
-// alone (D. Mauler, R. Martin, "A low delay, variable resolution, perfect reconstruction spectral
-// analysis-synthesis system for speech enhancement", 2007). So tones are told apart finely, and
-// what is taken off before an attack does not reach into it. For the newest samples the filter sees
-// 512 samples that follow.
+// Each spectrum covers 46 ms, mostly of the past, but changes only the newest 12 ms (D. Mauler, R.
+// Martin, "A low delay, variable resolution, perfect reconstruction spectral analysis-synthesis
+// system for speech enhancement", 2007). The long window separates close tones. The short one keeps
+// the reduction before an attack out of the attack. For the newest samples the filter also reads
+// the 512 samples that follow.
 //
 // The spectrum of the noise comes from NoiseFloor. That of the music is followed with the
 // decision-directed rule (Y. Ephraim, D. Malah, "Speech enhancement using a minimum mean-square
