@@ -116,7 +116,7 @@ class LongRun {
     stage_.Writer() = {};
     for (int start = 0; start < kStarts; ++start) {
       const int before = user_.Deeds();
-      user_.Begin(dice, kDeeds);
+      user_.Begin(dice, kDeeds, start + 1 < kStarts ? L"" : L"imgWaveEdit");
       stage_.Start(user_);
       if (user_.Deeds() == before) return Fail(seed, "the program did not start");
       if (!user_.Failure().empty()) return Fail(seed, user_.Failure());
