@@ -16,6 +16,7 @@ import subprocess
 import sys
 import time
 
+SEEDS = pathlib.Path(__file__).resolve().parent / "corpus"
 MOST_FINDINGS = 10  # of a fuzzer; then its search ends
 ROW = "{:16} {:>9} {:>7} {:>7} {:>6} {:>8}"
 
@@ -36,8 +37,6 @@ class Search:
     def run(self, inputs, minutes):
         self.corpus.mkdir(parents=True, exist_ok=True)
         self.findings.mkdir(exist_ok=True)
-        subprocess.run([self.binary], check=True, stderr=subprocess.DEVNULL,
-                       env={**os.environ, "VANTORA_FUZZ_SEEDS": str(self.corpus)})
         start = time.monotonic()
         while self.inputs < inputs and self.found < MOST_FINDINGS:
             left = minutes * 60 - (time.monotonic() - start)
@@ -50,7 +49,8 @@ class Search:
         run = subprocess.run(
             ["nice", "-n", "10", self.binary, f"-runs={inputs}", f"-max_total_time={seconds}",
              "-max_len=8192", "-timeout=20", "-rss_limit_mb=3000", "-print_final_stats=1",
-             f"-artifact_prefix={self.findings}/{self.binary.name}-", self.corpus],
+             f"-artifact_prefix={self.findings}/{self.binary.name}-", self.corpus,
+             SEEDS / self.binary.name],
             stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env={**os.environ,
             "QT_QPA_PLATFORM": "offscreen", "UBSAN_OPTIONS": "halt_on_error=1"})
         text = run.stderr.decode(errors="replace")
