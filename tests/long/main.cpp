@@ -7,6 +7,7 @@
 // stopped; --seed with the seed of that life and --lives 1 repeat it without a screen.
 
 #include "backends/qt/desktop/qt_app.h"
+#include "catalog/katalog_datei.h"
 #include "main/story_stage.h"
 #include "main/window_platform.h"
 #include "robot/made_files.h"
@@ -108,7 +109,6 @@ class LongRun {
     stage_.Home(home.string());
     stage_.Screen(life % 2 == 0 ? 1024 : 800, life % 2 == 0 ? 768 : 600);
     stage_.SetClock({2026, 11, 24, 10, 0, 0});
-    stage_.Setting(L"Wave_Import_Dir", L"C:\\Música\\");
     stage_.Setting(L"CDDBactive", L"1");
     stage_.Setting(L"CDDB_Server", L"127.0.0.1:" + std::to_wstring(port_));
     stage_.Printing().Present = true;
@@ -116,6 +116,7 @@ class LongRun {
     stage_.Writer() = {};
     for (int start = 0; start < kStarts; ++start) {
       const int before = user_.Deeds();
+      if (!dice.OneIn(4)) GiveList();
       user_.Begin(dice, kDeeds);
       stage_.Start(user_);
       if (user_.Deeds() == before) return Fail(seed, "the program did not start");
@@ -156,6 +157,23 @@ class LongRun {
                                               "  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n"
                                               "  TRACK 02 AUDIO\n    INDEX 01 00:06:00\n"
                                               "  TRACK 03 AUDIO\n    INDEX 01 00:15:00\n";
+  }
+
+  // A list to begin with, so that there is something to edit, mix and burn at once.
+  void GiveList() {
+    const Text file = L"C:\\Vantora\\lista.vtr";
+    KatalogFeld list(1);
+    for (const wchar_t* name : {L"azul", L"faro", L"luz", L"azul", L"faro"}) {
+      KatalogEintrag& track = list.emplace_back();
+      track.Titel = name;
+      track.Datei = L"C:\\Música\\" + Text(name) + L".wav";
+    }
+    KatalogSchreiben(stage_.Files(), file, list);
+    for (const wchar_t* key : {L"Wave_Import_Dir", L"Songs_Import_Dir"}) {
+      stage_.Setting(key, L"C:\\Música\\");
+    }
+    stage_.Setting(L"Last_Catalogue_Name", file);
+    stage_.Setting(L"Last_Catalog_Load", L"1");
   }
 
   // Compares what the process holds with the most that it held after the first lives.
