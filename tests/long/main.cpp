@@ -21,6 +21,7 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
+#include <numeric>
 #include <unistd.h>
 
 namespace vantora::test {
@@ -28,10 +29,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kStarts = 3, kDeeds = 250;  // of a life; deeds of a start
-constexpr int kWarmLives = 8;             // caches may fill that long
-constexpr std::size_t kMoreKb = 2048;     // memory that a later end may hold more
-constexpr unsigned kHangSeconds = 900;    // without a deed; far more than a job of a sanitizer
+constexpr int kStarts = 3, kDeeds = 250;        // of a life; deeds of a start
+constexpr int kWarmLives = 8;                   // caches may fill that long
+constexpr std::size_t kMoreKb = 512;            // memory that a later end may hold more
+constexpr double kKbPerStart = 4;               // that a long run may use more from start to start
+constexpr std::ptrdiff_t kThirdOfLongRun = 10;  // starts
+constexpr unsigned kHangSeconds = 900;  // without a deed; far more than a job of a sanitizer
 constexpr int kGraceTurns = 100, kGraceUs = 100'000;
 constexpr int kCalls = 1'000'000;  // of the server for titles
 
@@ -85,7 +88,8 @@ class LongRun {
     for (int life = 0; good && !Over(life); ++life) good = Live(life);
     ::alarm(0);
     Summary();
-    return good && user_.Failure().empty();
+    if (good && KbPerStart() > kKbPerStart) return Fail(options_.Seed, "the memory grows");
+    return good;
   }
 
  private:
@@ -123,6 +127,7 @@ class LongRun {
       if (!user_.Failure().empty()) return Fail(seed, user_.Failure());
       if (!stage_.Loop().Forms().empty()) return Fail(seed, "a window is left");
       stage_.Home(home.string());  // ends the process of the program
+      ForgetCaches();
       if (!Check(life, seed)) return false;
     }
     return true;
@@ -199,7 +204,19 @@ class LongRun {
     if (now.Handles > most_.Handles) return Fail(seed, "there are more handles");
     if (now.Threads > most_.Threads) return Fail(seed, "there are more threads");
     if (now.LiveKb > most_.LiveKb + kMoreKb) return Fail(seed, "there is more memory");
+    later_.push_back(static_cast<double>(now.LiveKb));
     return true;
+  }
+
+  // The growth from the first third of the later starts to the last one. A window or a font that is
+  // used for the first time makes a step, so a short run shows nothing.
+  double KbPerStart() const {
+    const auto third = static_cast<std::ptrdiff_t>(later_.size() / 3);
+    if (third < kThirdOfLongRun) return 0;
+    const double first = std::accumulate(later_.begin(), later_.begin() + third, 0.0),
+                 last = std::accumulate(later_.end() - third, later_.end(), 0.0);
+    return (last - first) / static_cast<double>(third) /
+           static_cast<double>(std::ssize(later_) - third);
   }
 
   bool Fail(std::uint32_t seed, const std::string& what) {
@@ -209,7 +226,7 @@ class LongRun {
 
   void Summary() {
     std::cout << user_.Deeds() << " deeds, " << user_.ProgramMs() / 1000
-              << " s of the program's clock\n";
+              << " s of the program's clock; memory grows by " << KbPerStart() << " kB a start\n";
     for (const auto& [window, deeds] : user_.Windows()) {
       std::cout << "  " << ToUtf8(window) << ": " << deeds << "\n";
     }
@@ -224,6 +241,7 @@ class LongRun {
   std::ofstream diary_;
   RandomUser user_;
   Level most_;
+  std::vector<double> later_;  // memory in use after the starts of the later lives, kB
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
