@@ -37,8 +37,7 @@ std::vector<std::string> FuzzSeeds() {
 
 void FuzzOne(const std::string& bytes) {
   static Home home;
-  fs::remove(home / "a.vtr");
-  Put(home / "a.vtr", bytes);
+  Lay(home / "a.vtr", bytes);
 
   KatalogFeld katalog(3);
   int error = 0;
@@ -62,9 +61,8 @@ void FuzzOne(const std::string& bytes) {
   Require(UBound(katalog) >= 0 &&
               Number(static_cast<std::uint64_t>(UBound(katalog)), 4) == bytes.substr(0, 4),
           "the count is the highest index");
-  fs::remove(home / "b.vtr");
   KatalogSchreiben(home.Files, L"C:\\b.vtr", katalog);
-  const std::string written = Get(home / "b.vtr");
+  const std::string written = Taken(home / "b.vtr");
   Require(written.size() >= 4 + kRecordBytes * katalog.size(), "every record is written");
   Require(bytes.starts_with(written), "what was read is written again, byte by byte");
 }
