@@ -403,22 +403,11 @@ void RandomUser::ChangeWriter() {
   WriterFaults& writer = stage_.Writer();
   writer = {};
   writer.Pace = dice_->From(0, 3) * 4;
-  switch (dice_->From(1, 8)) {
-    case 1:
-      writer.RefuseTrack = dice_->From(1, 3);
-      break;
-    case 2:
-      writer.FailAtPercent = dice_->From(0, 99);
-      break;
-    case 3:
-      writer.NotReady = dice_->From(1, 3);
-      break;
-    case 4:
-      writer.WriteDao = -1;
-      break;
-    default:
-      break;
-  }
+  const int what = dice_->From(1, 8);
+  if (what == 1) writer.RefuseTrack = dice_->From(1, 3);
+  if (what == 2) writer.FailAtPercent = dice_->From(0, 99);
+  if (what == 3) writer.NotReady = dice_->From(1, 3);
+  if (what == 4) writer.WriteDao = -1;
 }
 
 // ---- the way out ----
