@@ -10,7 +10,7 @@ namespace vantora::test {
 
 namespace {
 
-constexpr std::size_t kFrame = 4, kSector = 2352, kSectorFrames = 588;
+constexpr std::size_t kFrame = kFrameBytes, kSector = kSectorBytes;
 
 std::string Constant(std::size_t frames, char byte) {
   return std::string(frames * kFrame, byte);
@@ -48,8 +48,9 @@ class Checking : public Bench {
     const auto end = static_cast<int>(image.size() / kSector);
     outside = outside || sector < 0 || sector + count > end;
     if (outside || refused || (broken >= sector && broken < sector + count)) return false;
-    const auto from = static_cast<std::ptrdiff_t>(sector) * 2352 - late * 4;
-    for (std::ptrdiff_t i = 0; i < count * 2352; ++i) {
+    const std::ptrdiff_t from = (std::ptrdiff_t{sector} * kSectorFrames - late) * kFrameBytes;
+    const std::ptrdiff_t bytes = std::ptrdiff_t{count} * kSectorBytes;
+    for (std::ptrdiff_t i = 0; i < bytes; ++i) {
       const auto at = static_cast<std::size_t>(from + i);
       static_cast<char*>(target)[i] = from + i < 0 || at >= image.size() ? '\0' : image[at];
     }
@@ -104,7 +105,7 @@ TEST_F(Checking, AnHonestDriveIsNotBlamedWhateverTheTracksBeginWith) {
 }
 
 TEST_F(Checking, DamageIsFoundAtAnyShift) {
-  const std::size_t frames = 5 * 44'100;
+  const std::size_t frames = 220'500;
   for (const std::string& first : {Noise(frames * kFrame), Tone(frames), Constant(frames, '\0')}) {
     for (const int shift : {0, 30, -1164}) {
       Write({first, Noise(frames * kFrame, 2), Noise(frames * kFrame, 3)}, {true, 0, 300});
