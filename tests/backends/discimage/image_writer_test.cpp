@@ -160,6 +160,7 @@ TEST_F(Burner, ADifferenceOnTheDiskIsToldWithItsTrackAndTheImageStays) {
       {flip(511 * kSector), "1 same, 2 differs"},  // in the gap
       {flip((511 + 150 + 300) * kSector), "1 same, 2 differs"},
       {[image] { fs::resize_file(image, 800 * kSector); }, "1 same, 2 differs"},
+      {[this] { Put(Discs() / "Disco 001.cue.tmp", "FILE"); }, "0 failed"},
       {[this] { writer.StopVerify(); }, ""},
       {[this] { fs::rename(home / "1.wav", home / "x"); }, "1 failed, 2 same"},
   };
