@@ -95,7 +95,7 @@ TEST_F(Brennen, AnImageIsShownWhereItLiesUnderASignOfSuccess) {
     });
   }
   b.Tu([&] { Fenster().imgBrennen_MouseUp(); });
-  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSRUF", L"MBOXERFOLG", L"MBOXFRAGE"}));
+  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSKUNFT", L"MBOXERFOLG", L"MBOXFRAGE"}));
   EXPECT_NE(Fenster().lblAblage.Caption(), L"") << "also when the window is opened again";
 }
 
