@@ -86,7 +86,7 @@ TEST_F(Brennen, AnImageIsShownWhereItLiesUnderASignOfSuccess) {
     });
   }
   Brennt({});
-  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSRUF", L"MBOXERFOLG", L"MBOXFRAGE"}));
+  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSKUNFT", L"MBOXERFOLG", L"MBOXFRAGE"}));
   EXPECT_EQ(Fenster().lblAblage.Caption(), Sagt(30067) + L"C:\\Vantora\\Discos\\Disco 001.cue");
 }
 
