@@ -121,7 +121,7 @@ class LongRun {
     for (int start = 0; start < kStarts; ++start) {
       const int before = user_.Deeds();
       if (!dice.OneIn(4)) GiveList();
-      user_.Begin(dice, kDeeds);
+      user_.Begin(dice, kDeeds, start + 1 < kStarts ? L"" : L"imgWaveEdit");
       stage_.Start(user_);
       if (user_.Deeds() == before) return Fail(seed, "the program did not start");
       if (!user_.Failure().empty()) return Fail(seed, user_.Failure());

@@ -96,8 +96,9 @@ std::vector<Control*> ButtonsOf(const Form& box) {
 
 }  // namespace
 
-void RandomUser::Begin(Dice& dice, int deeds) {
+void RandomUser::Begin(Dice& dice, int deeds, const Text& fond) {
   dice_ = &dice;
+  fond_ = fond;
   left_ = deeds;
   patience_ = kOftenPatience;
   resting_ = false;
@@ -167,7 +168,7 @@ void RandomUser::AnyDeed(Form& front) {
   if (dice_->OneIn(40)) return LookElsewhere();
   if (std::exchange(menuNext_, false) && !dice_->OneIn(5)) return ChooseMenu(front);
   if (front.Find(L"lstDatei") != nullptr && dice_->OneIn(2)) return ChooseFile(front);
-  if (front.Name == kMainWindow && dice_->OneIn(2)) return UseCatalog(front);
+  if (front.Name == kMainWindow && (!fond_.empty() || dice_->OneIn(2))) return UseCatalog(front);
   Use(front);
 }
 
@@ -175,7 +176,9 @@ void RandomUser::Use(Form& form) {
   const int what = dice_->From(1, 100);
   if (what <= 14) return Strike(form);
   if (what <= 18 && !form.Menus.empty()) return ChooseMenu(form);
-  if (what <= 20) return Do("close " + ToUtf8(form.Name), [&](Hands& h) { h.Close(form); });
+  if (what <= 20 && fond_.empty()) {
+    return Do("close " + ToUtf8(form.Name), [&](Hands& hands) { hands.Close(form); });
+  }
   const std::vector<Control*> usable = Usable(form);
   if (usable.empty()) return Strike(form);
   UseControl(*dice_->Of(usable));
@@ -256,7 +259,7 @@ void RandomUser::UseCatalog(Form& form) {
   auto& list = dynamic_cast<ListView&>(*form.Find(L"lvwKatalog"));
   if (list.ListItems.Count() > 1 && !dice_->OneIn(4)) {
     if (dice_->OneIn(2)) return UseList(list, list.ListItems.Count());
-    return Press(*form.Find(dice_->Of(kAboutRows)), 30);
+    return Press(*form.Find(fond_.empty() ? dice_->Of(kAboutRows) : fond_), 30);
   }
   Press(*form.Find(L"imgLiedImport"), 30);
 }
@@ -324,12 +327,13 @@ void RandomUser::LookElsewhere() {
 // ---- the machine ----
 
 void RandomUser::Machine() {
-  const int what = dice_->From(1, 6), number = dice_->From(0, 100);
+  const int what = dice_->From(1, 7), number = dice_->From(0, 100);
   Do("machine " + std::to_string(what) + " " + std::to_string(number), [&](Hands&) {
     if (what <= 2) return ChangeDisc();
     if (what == 3) return ChangeWriter();
     if (what == 4) return stage_.Load(number);
-    if (what == 5) return stage_.LineIn(L"C:\\Música\\faro.wav");
+    if (what == 5) return Spoil();
+    if (what == 6) return stage_.LineIn(L"C:\\Música\\faro.wav");
     stage_.LineInOverrun(number);
   });
 }
@@ -339,6 +343,18 @@ void RandomUser::ChangeDisc() {
   const std::vector<Text> discs = stage_.Files().List(kDisc, L"*.cue");
   if (discs.empty() || dice_->OneIn(4)) return;
   stage_.InsertDisc(kDisc + (L"\\" + dice_->Of(discs)));
+}
+
+// Another program deletes or shortens a wave that may be open.
+void RandomUser::Spoil() {
+  const std::vector<Text> waves = stage_.Files().List(L"C:\\Música", L"*.wav");
+  if (waves.empty()) return;
+  const auto file = stage_.Files().SystemPath(L"C:\\Música\\" + dice_->Of(waves));
+  if (dice_->OneIn(3)) {
+    std::filesystem::remove(file);
+  } else {
+    std::filesystem::resize_file(file, std::filesystem::file_size(file) / dice_->From(1, 9));
+  }
 }
 
 void RandomUser::ChangeWriter() {
