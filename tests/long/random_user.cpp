@@ -187,7 +187,8 @@ void RandomUser::Use(Form& form) {
 void RandomUser::UseControl(Control& control) {
   switch (control.Kind()) {
     case ControlKind::TextBox: {
-      const Text words = dice_->Of(kWords);
+      // More copies of a disc would fill the whole run.
+      const Text words = control.Name == L"txtKopienAnzahl" ? L"2" : dice_->Of(kWords);
       return Do("type " + NameOf(control) + " \"" + ToUtf8(words) + "\"",
                 [&](Hands& hands) { hands.Type(control, words); });
     }
