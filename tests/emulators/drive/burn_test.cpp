@@ -251,13 +251,17 @@ TEST_F(DriveBurn, AStopIsAnsweredAtOnceAndTheDriveComesToRestBehindIt) {
     EXPECT_EQ(writer.Init_Prog(), 0);
     EXPECT_EQ(writer.BurnerCount(), 1) << "what was seen before holds";
     writer.ResetBurner();
+    int device = -1;
+    const auto free = [&] {
+      device = ::open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_EXCL);
+      return device >= 0;
+    };
+    EXPECT_TRUE(Bench::Until(free)) << "the drive is in use";
+    ::close(device);
     drive.Say("disc nuevo\n");
     bool ready = false;
     for (int i = 0; i < 5 && !ready; ++i) ready = writer.CheckIfBurnerOK();
     EXPECT_TRUE(ready);
-    const int device = ::open("/dev/sr0", O_RDONLY | O_NONBLOCK | O_EXCL);
-    EXPECT_GE(device, 0) << "the drive is in use";
-    ::close(device);
     EXPECT_LT(drive.Image(dao ? "dao" : "tao").size(), 8000 * kSector);
     Log.clear();
     loop.Pass(1000);
