@@ -11,8 +11,7 @@ constexpr std::size_t kRecordBytes = 822;  // size of a record without a date
 
 void FuzzOne(const std::string& bytes) {
   static Home home;
-  fs::remove(home / "a.vtr");
-  Put(home / "a.vtr", bytes);
+  Lay(home / "a.vtr", bytes);
 
   KatalogFeld katalog(3);
   const int error = ErrorOf([&] { KatalogLesen(home.Files, L"C:\\a.vtr", katalog); });
@@ -31,9 +30,8 @@ void FuzzOne(const std::string& bytes) {
   Require(UBound(katalog) >= 0 &&
               Number(static_cast<std::uint64_t>(UBound(katalog)), 4) == bytes.substr(0, 4),
           "the count is the highest index");
-  fs::remove(home / "b.vtr");
   KatalogSchreiben(home.Files, L"C:\\b.vtr", katalog);
-  const std::string written = Get(home / "b.vtr");
+  const std::string written = Taken(home / "b.vtr");
   Require(written.size() >= 4 + kRecordBytes * katalog.size(), "every record is written");
   Require(bytes.starts_with(written), "what was read is written again, byte by byte");
 }

@@ -8,7 +8,10 @@ namespace vantora::test {
 void FuzzOne(const std::string& bytes) {
   static Home home;
   const Text name = L"qmaudio.ini";
-  Put(home / ".local/share/vantora/qmaudio.ini", bytes);
+  static const fs::path file = home / ".local/share/vantora/qmaudio.ini";
+  static const bool folder = fs::create_directories(file.parent_path());
+  static_cast<void>(folder);
+  Lay(file, bytes);
   ProfileFiles profile(home.Table);
   const auto read = [&](const Text& section, const Text& key) {
     return profile.GetPrivateProfileString(section, key, L"none", 5000, name);

@@ -9,22 +9,25 @@ namespace vantora::test {
 
 void FuzzOne(const std::string& bytes) {
   static Home home;
-  Put(home / "Reverb.ini", bytes);
+  Lay(home / "Reverb.ini", bytes);
   ProfileFiles profiles(home.Table);
   Reverb reverb(profiles);
   reverb.SetFeedback(99);
   reverb.Enable();
-  const Sound hiss = Hiss(20'000, 3000);
+  // A room is changed and faded out in less than the half of it.
+  static const Sound hiss = Hiss(20'000, 2 * kGlideFrames);
   int rounds = 0;
   for (const Text& name : profiles.GetPrivateProfileSectionNames(L"C:\\Reverb.ini", 999)) {
-    if (++rounds > 4) break;
+    if (++rounds > 3) break;
     reverb.LoadFromIni(L"C:\\Reverb.ini", name);
     reverb.SetOutputGain(99);
     Through(reverb, hiss);
     reverb.SetOutputGain(0);
-    Through(reverb, hiss);
+    const Sound out = Through(reverb, hiss);
     // NaN in an echo would change the sound.
-    Require(Through(reverb, hiss) == hiss, "without echoes the sound is what it was");
+    Require(out.size() == hiss.size() && std::equal(hiss.begin() + std::ssize(hiss) / 2, hiss.end(),
+                                                    out.begin() + std::ssize(hiss) / 2),
+            "without echoes the sound is what it was");
   }
 }
 

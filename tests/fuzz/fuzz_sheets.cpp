@@ -39,8 +39,7 @@ void FuzzOne(const std::string& bytes) {
   }();
   static_cast<void>(laid);
   for (const char* name : {"s.cue", "s.toc"}) {
-    fs::remove(home / name);  // overwriting makes some file systems wait for the disk
-    Put(home / name, bytes);
+    Lay(home / name, bytes);
     const Text sheet(name, name + 5);
     try {
       ReadAll(std::make_shared<ImageDisc>(home.Files, L"C:\\" + sheet));

@@ -22,7 +22,7 @@ std::string Sound(WaveFile& wave) {
 }
 
 std::string SoundInTrueFile(const Home& home, Dateien& files) {
-  const std::string bytes = Get(home / "a.wav");
+  const std::string bytes = Taken(home / "a.wav");
   Require(bytes.substr(4, 4) == Number(bytes.size() - 8, 4), "RIFF tells the file's length");
   WaveFile wave(files);
   wave.Open(kWave);
@@ -36,8 +36,7 @@ std::string SoundInTrueFile(const Home& home, Dateien& files) {
 
 void FuzzOne(const std::string& bytes) {
   static Home home;
-  fs::remove(home / "a.wav");  // overwriting makes some file systems wait for the disk
-  Put(home / "a.wav", bytes);
+  Lay(home / "a.wav", bytes);
   std::string sound;
   {
     WaveFile wave(home.Files);
