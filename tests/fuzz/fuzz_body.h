@@ -1,23 +1,17 @@
-// The functions of a fuzz test. With clang's fuzzer it is guided by coverage. Without it,
-// `standalone_main.cpp` runs mutations of its seeds that are the same in every run.
+// The frame of a fuzz test. With clang's fuzzer it is guided by coverage. Without it,
+// `standalone_main.cpp` runs mutations of its seeds that are the same in every run. The seeds are
+// the files in `corpus/NAME`.
 #pragma once
 
-#include <algorithm>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <string>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 namespace vantora::test {
-
-// Valid inputs from which mutations start.
-std::vector<std::string> FuzzSeeds();
 
 // Tries one input.
 void FuzzOne(const std::string& bytes);
@@ -48,22 +42,6 @@ inline std::string Taken(const std::filesystem::path& place) {
   Require(::pread(file, bytes.data(), bytes.size(), 0) == info.st_size, "a file can be read");
   ::close(file);
   return bytes;
-}
-
-// The seeds, then the inputs of the corpus in the source tree, in the order of their names.
-inline std::vector<std::string> AllSeeds() {
-  std::vector<std::string> seeds = FuzzSeeds();
-  std::vector<std::filesystem::path> files;
-  std::error_code none;
-  for (const auto& entry : std::filesystem::directory_iterator(VANTORA_FUZZ_CORPUS, none)) {
-    files.push_back(entry.path());
-  }
-  std::sort(files.begin(), files.end());
-  for (const auto& file : files) {
-    std::ifstream in(file, std::ios::binary);
-    seeds.emplace_back(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-  }
-  return seeds;
 }
 
 }  // namespace vantora::test

@@ -5,12 +5,6 @@
 
 namespace vantora::test {
 
-std::vector<std::string> FuzzSeeds() {
-  return {
-      "[1A2B3C]\r\nartist=A\r\ntitle=\"T\"\r\nnumtracks=2\r\n0=a;b;1\r\n1=c;d;2\r\ntotaltime=3\r\n",
-      "; x\n[one]\nkey = 'v'\n\n[two]\n=\nkey\n[ONE]\nkey=w\n[", "\xEF\xBB\xBF[a]\rb=c\n", ""};
-}
-
 void FuzzOne(const std::string& bytes) {
   static Home home;
   const Text name = L"qmaudio.ini";

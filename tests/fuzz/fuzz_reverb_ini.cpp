@@ -7,15 +7,6 @@
 
 namespace vantora::test {
 
-std::vector<std::string> FuzzSeeds() {
-  return {
-      "[01.Sala]\r\nDifusion=95\r\nEco1=31.1,64,91,35,-35\r\nEco2=37.9,-62,-89,37,40\r\n"
-      "Eco8=2000,99,99,100,100\r\n[B]\r\nEco1=2,1,1,1,1\r\n",
-      "[.]\nDifusion=1e999\nEco1=nan,inf,-inf,0x7,1e-300\nEco2=,,,,\nEco3=-5;3\nEco4=99999999999,"
-      "1\n",
-      "[1.]\nEco1\nEco2=1e5,1e5,1e5,1e5,1e5,1e5\nDifusion=-1\n[x.y.z]\n", ""};
-}
-
 void FuzzOne(const std::string& bytes) {
   static Home home;
   Lay(home / "Reverb.ini", bytes);

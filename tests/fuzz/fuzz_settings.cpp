@@ -7,12 +7,6 @@
 
 namespace vantora::test {
 
-std::vector<std::string> FuzzSeeds() {
-  return {"[Quillmark\\VTR]\nUndo=1\nCopies=2\nWave_Export_Dir=C:\\M%C3%BAsica\\\n",
-          "# mine\r\n[Quillmark\\VTR]\r\n copies = 1 \r\n\r\n[Quillmark\\Presets]\nx%3D=%20a%20\n",
-          "[Quillmark\\VTR]\n[]\n[\\]\n=\nUndo\nCopies=%\nUndo=%4\nUndo=%00%FF\n", ""};
-}
-
 void FuzzOne(const std::string& bytes) {
   static const TempFolder folder;
   const fs::path file = folder() / "settings.conf";

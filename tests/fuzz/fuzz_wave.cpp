@@ -34,14 +34,6 @@ std::string SoundInTrueFile(const Home& home, Dateien& files) {
 
 }  // namespace
 
-std::vector<std::string> FuzzSeeds() {
-  const std::string tail = Chunk("LIST", "INFOIART" + Number(5, 4) + std::string("name\0\0", 6));
-  return {Wave(Noise(400)), Wave(Noise(401), tail, {1, 1, 8000, 8}),
-          Riff(Chunk("LIST", Noise(30)) + Chunk("fmt ", Format{}.Bytes() + Number(0, 2)) +
-               Chunk("fact", Noise(4)) + Chunk("data", Noise(4000)) + tail),
-          Riff(Chunk("data", Noise(20)) + Chunk("fmt ", Format{}.Bytes()))};
-}
-
 void FuzzOne(const std::string& bytes) {
   static Home home;
   Lay(home / "a.wav", bytes);

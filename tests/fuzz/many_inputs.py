@@ -20,6 +20,7 @@ import subprocess
 import sys
 import time
 
+SEEDS = pathlib.Path(__file__).resolve().parent / "corpus"
 TURN = 20_000       # inputs
 MOST_FINDINGS = 10  # of a fuzzer; then its search ends
 HANGS = 120         # seconds of an input; on a busy machine the search gets little of each
@@ -46,6 +47,7 @@ class Search:
     def __init__(self, build, name, tally):
         self.binary = build / name
         self.corpus = build / "corpus" / name
+        self.seeds = SEEDS / name
         self.findings = build / "findings"
         new = {"inputs": 0, "seconds": 0, "edges": 0, "findings": 0, "said": []}
         self.tally = tally.setdefault(name, new)
@@ -56,16 +58,15 @@ class Search:
     def prepare(self):
         self.corpus.mkdir(parents=True, exist_ok=True)
         self.findings.mkdir(exist_ok=True)
-        subprocess.run([self.binary], check=True, stderr=subprocess.DEVNULL,
-                       env={**os.environ, "VANTORA_FUZZ_SEEDS": str(self.corpus)})
 
     def turn(self, inputs, seconds):
-        before, known = processor_seconds(), len(list(self.corpus.iterdir()))
+        before = processor_seconds()
+        known = sum(len(list(folder.iterdir())) for folder in (self.corpus, self.seeds))
         with subprocess.Popen(
             ["nice", "-n", "15", self.binary, f"-runs={known + inputs}",
              f"-max_total_time={seconds}", "-max_len=4096", "-entropic=0", "-print_funcs=0",
              f"-timeout={HANGS}", "-rss_limit_mb=3000", "-print_final_stats=1",
-             f"-artifact_prefix={self.findings}/{self.binary.name}-", self.corpus],
+             f"-artifact_prefix={self.findings}/{self.binary.name}-", self.corpus, self.seeds],
             stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env={**os.environ,
             "QT_QPA_PLATFORM": "offscreen", "UBSAN_OPTIONS": "halt_on_error=1",
             "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", SANITIZERS)},

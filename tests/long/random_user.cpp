@@ -8,6 +8,7 @@
 #include "platform/laufzeitfehler.h"
 #include "platform/printer.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -44,6 +45,22 @@ constexpr const wchar_t* kDisc = L"C:\\Vantora\\Discos";
 constexpr const wchar_t* kMainWindow = L"frmHauptForm";
 constexpr const wchar_t* kAboutRows[] = {L"imgTitel",      L"imgBrennen",          L"imgWaveEdit",
                                          L"imgPrintCover", L"imgKatalogSpeichern", L"imgTitel"};
+// Pressed more often than others, so that sound is recorded, filtered while it plays, mixed and
+// burnt.
+constexpr const char* kHabits[] = {"frmWaveEditor.imgEffekt(3)",
+                                   "frmWaveEditor.imgDeclickByPass",
+                                   "frmWaveEditor.imgDecrackleByPass",
+                                   "frmWaveEditor.imgDenoiserByPass",
+                                   "frmWaveEditor.imgSteuerung(0)",
+                                   "frmWaveEditor.imgSteuerung(5)",
+                                   "frmWaveEditor.pic3D",
+                                   "frmCDBrennen.imgBrennen",
+                                   "frmHauptForm.imgTitel",
+                                   "frmMedley.imgPreview",
+                                   "frmMedley.imgOK",
+                                   "frmAufnehmen.imgAufnehmen",
+                                   "frmAufnehmen.imgOkay"};
+constexpr int kHabitWeight = 6;
 constexpr int kOftenPatience = 20'000;  // steps on the way out of the program
 constexpr int kStepMs = 100;
 
@@ -70,7 +87,9 @@ bool Answers(const Control& control) {
 std::vector<Control*> Usable(const Form& form) {
   std::vector<Control*> usable;
   for (Control* control : form.Controls) {
-    if (Answers(*control) && control->InSight() && control->InUse()) usable.push_back(control);
+    if (!Answers(*control) || !control->InSight() || !control->InUse()) continue;
+    const bool habit = std::ranges::find(kHabits, NameOf(*control)) != std::end(kHabits);
+    usable.insert(usable.end(), habit ? kHabitWeight : 1, control);
   }
   return usable;
 }
@@ -85,8 +104,9 @@ std::vector<Control*> ButtonsOf(const Form& box) {
 
 }  // namespace
 
-void RandomUser::Begin(Dice& dice, int deeds) {
+void RandomUser::Begin(Dice& dice, int deeds, const Text& fond) {
   dice_ = &dice;
+  fond_ = fond;
   left_ = deeds;
   patience_ = kOftenPatience;
   resting_ = false;
@@ -159,7 +179,7 @@ void RandomUser::AnyDeed(Form& front) {
   if (dice_->OneIn(40)) return LookElsewhere();
   if (std::exchange(menuNext_, false) && !dice_->OneIn(5)) return ChooseMenu(front);
   if (front.Find(L"lstDatei") != nullptr && dice_->OneIn(2)) return ChooseFile(front);
-  if (front.Name == kMainWindow && dice_->OneIn(3)) return UseCatalog(front);
+  if (front.Name == kMainWindow && (!fond_.empty() || dice_->OneIn(2))) return UseCatalog(front);
   Use(front);
 }
 
@@ -167,7 +187,7 @@ void RandomUser::Use(Form& form) {
   const int what = dice_->From(1, 100);
   if (what <= 14) return Strike(form);
   if (what <= 18 && !form.Menus.empty()) return ChooseMenu(form);
-  if (what <= 22) {
+  if (what <= 20 && fond_.empty()) {
     Note("close " + ToUtf8(form.Name));
     return Try([&] { stage_.TheHands().Close(form); });
   }
@@ -235,7 +255,9 @@ void RandomUser::UseList(Control& control, int rows) {
     return Try([&] { what <= 2 ? hands.RightClick(control) : hands.DoubleClick(control); });
   }
   std::vector<int> chosen{dice_->From(1, rows)};
-  while (!combo && dice_->OneIn(2) && chosen.back() < rows) chosen.push_back(chosen.back() + 1);
+  const auto* box = dynamic_cast<const ListBox*>(&control);
+  const bool single = combo || (box != nullptr && !box->MultiSelect);
+  while (!single && dice_->OneIn(2) && chosen.back() < rows) chosen.push_back(chosen.back() + 1);
   Note("select " + NameOf(control) + " " + std::to_string(chosen.front()));
   Try([&] { hands.Select(control, chosen); });
 }
@@ -245,7 +267,7 @@ void RandomUser::UseCatalog(Form& form) {
   auto& list = dynamic_cast<ListView&>(*form.Find(L"lvwKatalog"));
   if (list.ListItems.Count() > 1 && !dice_->OneIn(4)) {
     if (dice_->OneIn(2)) return UseList(list, list.ListItems.Count());
-    return UseButton(*form.Find(dice_->Of(kAboutRows)));
+    return UseButton(*form.Find(fond_.empty() ? dice_->Of(kAboutRows) : fond_));
   }
   UseButton(*form.Find(L"imgLiedImport"));
 }
@@ -292,7 +314,11 @@ void RandomUser::Answer(Form& box) {
 // Marks a file and presses Return, as users of a file dialog mostly do.
 void RandomUser::ChooseFile(Form& dialog) {
   auto* files = dynamic_cast<ListControl*>(dialog.Find(L"lstDatei"));
-  if (files == nullptr || files->ListCount() == 0) return Use(dialog);
+  if (files == nullptr || files->ListCount() == 0) {
+    if (!dice_->OneIn(3)) return Use(dialog);
+    Note("gives up choosing");
+    return Try([&] { stage_.TheHands().Key(dialog, L"Escape"); });
+  }
   std::vector<int> rows{dice_->From(1, files->ListCount())};
   const auto* box = dynamic_cast<const ListBox*>(files);
   const bool several = box != nullptr && box->MultiSelect;
@@ -342,13 +368,14 @@ void RandomUser::LookElsewhere() {
 // ---- the machine ----
 
 void RandomUser::Machine() {
-  const int what = dice_->From(1, 6), number = dice_->From(0, 100);
+  const int what = dice_->From(1, 7), number = dice_->From(0, 100);
   Note("machine " + std::to_string(what) + " " + std::to_string(number));
   Try([&] {
     if (what <= 2) return ChangeDisc();
     if (what == 3) return ChangeWriter();
     if (what == 4) return stage_.Load(number);
-    if (what == 5) return stage_.LineIn(L"C:\\Música\\faro.wav");
+    if (what == 5) return Spoil();
+    if (what == 6) return stage_.LineIn(L"C:\\Música\\faro.wav");
     stage_.LineInOverrun(number);
   });
 }
@@ -358,6 +385,18 @@ void RandomUser::ChangeDisc() {
   const std::vector<Text> discs = stage_.Files().List(kDisc, L"*.cue");
   if (discs.empty() || dice_->OneIn(4)) return;
   stage_.InsertDisc(kDisc + (L"\\" + dice_->Of(discs)));
+}
+
+// Another program deletes or shortens a wave that may be open.
+void RandomUser::Spoil() {
+  const std::vector<Text> waves = stage_.Files().List(L"C:\\Música", L"*.wav");
+  if (waves.empty()) return;
+  const auto file = stage_.Files().SystemPath(L"C:\\Música\\" + dice_->Of(waves));
+  if (dice_->OneIn(3)) {
+    std::filesystem::remove(file);
+  } else {
+    std::filesystem::resize_file(file, std::filesystem::file_size(file) / dice_->From(1, 9));
+  }
 }
 
 void RandomUser::ChangeWriter() {

@@ -19,7 +19,9 @@ class RandomUser final : public User {
   // Each deed is a line of `diary`, written before it is done.
   RandomUser(RobotStage& stage, std::ostream& diary) : stage_(stage), diary_(diary) {}
 
-  void Begin(Dice& dice, int deeds);  // before each start of the program
+  // Comes before each start of the program. `fond` is the button of the main window whose window
+  // the user opens again and again and does not close, or blank.
+  void Begin(Dice& dice, int deeds, const Text& fond);
   bool Act(Form* front) override;
   bool Resting() const override { return resting_; }
 
@@ -54,6 +56,7 @@ class RandomUser final : public User {
   void LaterToo();
   void Machine();
   void ChangeDisc();
+  void Spoil();
   void ChangeWriter();
   void LookElsewhere();
   void GoHome(Form* front);
@@ -61,6 +64,7 @@ class RandomUser final : public User {
   RobotStage& stage_;
   std::ostream& diary_;
   Dice* dice_ = nullptr;
+  Text fond_;
   int left_ = 0, done_ = 0, patience_ = 0;
   bool resting_ = false, fresh_ = false;
   bool menuNext_ = false;  // a click has probably opened a menu

@@ -35,7 +35,7 @@ AREAS = {
                   r"MedleyDisc|Neustart)\.|^DriveBurn\.ADiscAtOnce"),
     "sound": ("product_tests backend_tests vantora-robot",
               r"^(Abbruch|Bearbeiten|Einrechnen|Edits|Equalizer|Flanger|Restoration|Reverb|Volume|"
-              r"Cutter|Normalizer|Presets|Impatience|Interruptions|WaveEditor|Wave.*|Playing|"
+              r"Cutter|Normalizer|Presets|Interruptions|WaveEditor|Wave.*|Playing|"
               r"Pumping|Pegel|Spektrum|Spectrum|Polyphase|Mp3.*|SoundCheck|Decoder.*|Player)\."),
     "medley": ("product_tests backend_tests vantora-robot",
                r"^(Aufnahme|BeatCounter|Medley.*|Mixer|Pult|Schnitt|Pitcher|Rampe|Pegel.*)\."),

@@ -79,7 +79,7 @@ class WordsWidget final : public QLabel, public Spoken {
   }
 
  private:
-  static constexpr int kReadingMs = 250, kLateMs = 350;
+  static constexpr int kReadingMs = 330, kLateMs = 350;
 
   void TakeCaption() {
     late_.stop();
