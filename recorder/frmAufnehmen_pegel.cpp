@@ -80,8 +80,7 @@ void frmAufnehmen::txtMaxVolume_LostFocus() {
   // If the user only passes through the text box, the threshold stays unchanged.
   if (NimmtAuf || txtMaxVolume.Text() == schwelleAus_) return;
   schwelleAus_ = txtMaxVolume.Text;
-  // Silence would reach a threshold of 0, so each of its buffers would become a take.
-  Pegelschwelle = std::max(1, Ganz32(Runden(wert / 100 * kVoll)));
+  Pegelschwelle = Ganz32(Runden(wert / 100 * kVoll));
   SchwelleZeigen();
 }
 
