@@ -41,6 +41,10 @@ void frmCDBrennen::Melde(const Text& text) {
   Weiter([&] { prog.MsgBoxen(text, kOk, LoadResString(0)); });
 }
 
+void frmCDBrennen::Auskunft(const Text& text) {
+  Weiter([&] { prog.MsgBoxen(text, kAuskunft, LoadResString(0)); });
+}
+
 void frmCDBrennen::Gelungen(const Text& text) {
   Weiter([&] { prog.MsgBoxen(text, kErfolg, LoadResString(0)); });
 }
@@ -137,7 +141,7 @@ bool frmCDBrennen::AufDiscWarten() {
   Mcd& mcd = prog.plattform.mcd;
   for (;;) {
     meldung_ = LoadResString(prog.KatalogUeberLaenge ? 4020 : 4006);
-    Melde(meldung_);
+    prog.KatalogUeberLaenge ? Melde(meldung_) : Auskunft(meldung_);
     Window.Enabled = false;
     schleife.MousePointer(Pointer::Hourglass);
     prog.Pausieren(kEinlegeMs);
@@ -302,8 +306,8 @@ void frmCDBrennen::ErgebnisMelden() {
 frmCDBrennen::Danach frmCDBrennen::WeitereKopie() {
   ++KopieNr;
   if (KopieNr <= KopienAnzahl) {
-    Melde(LoadResString(4013) + ZahlText(KopieNr) + LoadResString(4014) + ZahlText(KopienAnzahl) +
-          LoadResString(4015));
+    Auskunft(LoadResString(4013) + ZahlText(KopieNr) + LoadResString(4014) +
+             ZahlText(KopienAnzahl) + LoadResString(4015));
     return Danach::NaechsteKopie;
   }
   if (!Frage(LoadResString(4018) + kZeilenEnde + LoadResString(4019))) return Danach::Schluss;
