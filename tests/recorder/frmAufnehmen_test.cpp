@@ -267,6 +267,7 @@ TEST_F(Aufnahme, AThresholdBoxThatIsPassedThroughChangesNothing) {
 TEST_F(Aufnahme, SilenceBeginsNoTakeEvenAtAThresholdOfZero) {
   OeffneLP();
   A().txtMaxVolume.Text = L"0";
+  A().txtMaxVolume_LostFocus();
   Druecke(A().imgAufnehmen);
   Warte(10'000);
   EXPECT_EQ(A().AufnahmeZahl, 1);
