@@ -16,7 +16,7 @@ namespace {
 constexpr float kMedianOfNormal = 0.6745F;  // of the magnitudes, in standard deviations
 constexpr float kLeastError = 0.5F;         // what counts as usual in silence, in 16-bit units
 constexpr float kEdgeOfDamage = 0.45F;      // of the limit: where damage that was found ends
-constexpr float kTrace = 0.25F;     // of the error's energy, which music leaves and damage does not
+constexpr float kTrace = 0.24F;     // of the error's energy, which music leaves and damage does not
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
 constexpr float kLongTrace = 0.1F;
 constexpr std::size_t kAround = 300;  // samples on each side to which a gap is compared
@@ -32,7 +32,7 @@ constexpr double kLeastTail = 6;  // by which it must be less at least, in usual
 constexpr double kSure = 1.5, kSureOfPulse = 12, kSureOfEach = 0.6;
 constexpr std::size_t kFew = 3;
 // What it leaves, in usual energies of as many errors: chance, damage beside it, and too much.
-constexpr double kChance = 1.6, kLongChance = 1.3, kMostLeft = 20;
+constexpr double kChance = 1.6, kLongChance = 1.3, kMostLeft = 26;
 constexpr double kLittle = 0.03;  // of the error, whatever else is in it
 // The least share of what a replacement takes off that must lie within the gap, for each sample
 // beyond a few. With less, the damage is behind the gap.
@@ -136,9 +136,9 @@ void ClickFilter::Take(const float* sound, std::size_t count, const float* follo
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
-    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400};
+    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400, 12};
   }
-  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4, 50};
+  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4, 50, kSureOfEach};
 }
 
 void ClickFilter::Work() {
@@ -481,7 +481,8 @@ bool ClickFilter::Fits(const Errors& errors, const ArModel& model, const Gap& ga
   const double beyond = static_cast<double>(gap.Count - std::min(gap.Count, kFew));
   const double sure =
       !brief ? measure_.LongSure * (1 + std::min(kLongSureOfEach * beyond, 4.0))
-             : (pulses ? kSureOfPulse : kSure) + kSureOfEach * static_cast<double>(gap.Count - 1);
+             : (pulses ? kSureOfPulse : kSure) +
+                   (pulses ? measure_.PulseSure : kSureOfEach) * static_cast<double>(gap.Count - 1);
   const double taken = errors.Before - errors.Left;
   const bool here = errors.Behind - errors.Left <= (1 - kElsewhere * beyond) * taken;
   return explained && here && taken >= sure * errors.Limit;
