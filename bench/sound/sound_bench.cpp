@@ -164,6 +164,24 @@ void Known(const Words& words) {
   Write(words[2], sound);
 }
 
+// The best that can be made of the places that a filter found: those in which it changed anything,
+// filled as FillKnown does.
+void Found(const Words& words) {
+  Stereo sound = Channels(words[0]);
+  const Stereo out = Channels(words[2]), known = Channels(words[3]);
+  const auto places = Places(words[1]);
+  for (std::size_t channel = 0; channel < 2; ++channel) {
+    for (const Place& place : places[channel]) {
+      const auto from = static_cast<std::ptrdiff_t>(place.First);
+      const auto to = from + static_cast<std::ptrdiff_t>(place.Count);
+      const auto start = sound[channel].begin();
+      if (std::equal(start + from, start + to, out[channel].begin() + from)) continue;
+      std::copy(known[channel].begin() + from, known[channel].begin() + to, start + from);
+    }
+  }
+  Write(words[4], sound);
+}
+
 // ---- figures ----
 
 // Share of the places reduced by 10 dB, gain of the ratio of sound to damage in dB.
@@ -221,9 +239,9 @@ struct Work {
   std::function<void(const Words&)> Do;
 };
 
-const std::map<std::string, Work> kWorks = {{"make", {3, Make}},   {"render", {4, Render}},
-                                            {"known", {3, Known}}, {"score", {4, Score}},
-                                            {"clean", {2, Clean}}, {"hiss", {4, Hiss}}};
+const std::map<std::string, Work> kWorks = {
+    {"make", {3, Make}},   {"render", {4, Render}}, {"known", {3, Known}}, {"found", {5, Found}},
+    {"score", {4, Score}}, {"clean", {2, Clean}},   {"hiss", {4, Hiss}}};
 
 }  // namespace
 
@@ -236,6 +254,7 @@ int main(int argc, char** argv) {
     std::fputs(
         "sound-bench make FOLDER SECONDS SEED | render FILTERS LEVEL IN OUT | known IN PLACES OUT "
         "|\n"
+        "            found IN PLACES RENDERED KNOWN OUT |\n"
         "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME SEED IN OUT\n",
         stderr);
     return 2;

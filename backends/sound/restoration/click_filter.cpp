@@ -16,7 +16,7 @@ namespace {
 constexpr float kMedianOfNormal = 0.6745F;  // of the magnitudes, in standard deviations
 constexpr float kLeastError = 0.5F;         // what counts as usual in silence, in 16-bit units
 constexpr float kEdgeOfDamage = 0.45F;      // of the limit: where damage that was found ends
-constexpr float kTrace = 0.25F;     // of the error's energy, which music leaves and damage does not
+constexpr float kTrace = 0.24F;     // of the error's energy, which music leaves and damage does not
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
 constexpr float kLongTrace = 0.1F;
 constexpr std::size_t kAround = 300;  // samples on each side to which a gap is compared
@@ -28,11 +28,11 @@ constexpr std::size_t kNear = 24;     // samples between gaps that belong togeth
 constexpr double kPulse = 0.75, kLongPulse = 1.5;
 constexpr double kLeastTail = 6;  // by which it must be less at least, in usual energies
 // What a replacement takes off the error at least, in energies of the limit: alone, where pulses
-// were heard, and for each sample beyond a few. For the long model see Measure.
-constexpr double kSure = 1.5, kSureOfPulse = 12, kSureOfEach = 0.5;
+// were heard, and for each further sample. For the long model see Measure.
+constexpr double kSure = 1.5, kSureOfPulse = 12, kSureOfEach = 0.6;
 constexpr std::size_t kFew = 3;
 // What it leaves, in usual energies of as many errors: chance, damage beside it, and too much.
-constexpr double kChance = 1.6, kLongChance = 1.3, kMostLeft = 20;
+constexpr double kChance = 1.6, kLongChance = 1.3, kMostLeft = 26;
 constexpr double kLittle = 0.03;  // of the error, whatever else is in it
 // The least share of what a replacement takes off that must lie within the gap, for each sample
 // beyond a few. With less, the damage is behind the gap.
@@ -136,9 +136,9 @@ void ClickFilter::Take(const float* sound, std::size_t count, const float* follo
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
-    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400};
+    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400, 12};
   }
-  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4, 50};
+  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4, 50, kSureOfEach};
 }
 
 void ClickFilter::Work() {
@@ -237,7 +237,8 @@ void ClickFilter::FillAll(ArModel& model) {
 
 // The limit over which a sample is suspected, for each stretch: by the middle one of the three
 // medians before it and of the three behind it, so that damage of a stretch's length counts
-// nowhere, and of these the greater one, so that a sound that begins is not taken for damage.
+// nowhere, and of these the greater one, so that a sound that begins is not taken for damage. In a
+// sound that dies away the stretch itself counts, and what lies in the middle between the two.
 void ClickFilter::MeasureStretches(const ArModel& model) {
   const float* const forward = model.Forward();
   const std::size_t total = length_ - base_;
@@ -258,7 +259,9 @@ void ClickFilter::MeasureStretches(const ArModel& model) {
     const auto here = static_cast<std::ptrdiff_t>(i);
     const float past = middle(at(here - 3), at(here - 2), at(here - 1));
     const float next = i + 1 < count ? middle(at(here + 1), at(here + 2), at(here + 3)) : 0;
-    stretchLimit_[i] = measure_.Times * std::max(past, next);
+    float error = std::max(past, next);
+    if (past > next) error = std::min(past, std::max(usual_[i], std::sqrt(past * next)));
+    stretchLimit_[i] = measure_.Times * error;
   }
 }
 
@@ -476,8 +479,10 @@ bool ClickFilter::Fits(const Errors& errors, const ArModel& model, const Gap& ga
       (errors.Left <= trace * errors.Before && errors.Left <= kMostLeft * chance) ||
       (gap.Count <= kShort && errors.Left <= (brief ? kChance : kLongChance) * chance);
   const double beyond = static_cast<double>(gap.Count - std::min(gap.Count, kFew));
-  const double sure = !brief ? measure_.LongSure * (1 + std::min(kLongSureOfEach * beyond, 4.0))
-                             : (pulses ? kSureOfPulse : kSure) + kSureOfEach * beyond;
+  const double sure =
+      !brief ? measure_.LongSure * (1 + std::min(kLongSureOfEach * beyond, 4.0))
+             : (pulses ? kSureOfPulse : kSure) +
+                   (pulses ? measure_.PulseSure : kSureOfEach) * static_cast<double>(gap.Count - 1);
   const double taken = errors.Before - errors.Left;
   const bool here = errors.Behind - errors.Left <= (1 - kElsewhere * beyond) * taken;
   return explained && here && taken >= sure * errors.Limit;
@@ -520,25 +525,24 @@ void ClickFilter::FindEnd(Gap& gap) {
   const std::size_t longest =
       std::min({measure_.Longest, ArModel::kLongestGap, total - std::min(total, first + order)});
   if (gap.Count < kHidesEnd || gap.Count >= longest) return;
-  float* const sound = repaired_.data() + base_;
+  std::array<float, ArModel::kLongestGap> filled{};  // other gaps that lie behind this one
+  const auto place = repaired_.begin() + static_cast<std::ptrdiff_t>(gap.First);
+  std::copy_n(place, longest, filled.begin());
+  Damaged({gap.First, longest});
   const double usual = double{stretchLimit_[first / kStretch] / measure_.Times};
-  const auto error = [this](std::size_t i) { return double{forward_[i]} * double{forward_[i]}; };
-  double behind = 0, least = 0;  // errors behind the gap and the model's reach; the least price
-  for (std::size_t i = first + gap.Count; i < first + longest + order; ++i) behind += error(i);
-  std::size_t from = first + gap.Count, best = gap.Count;
-  for (std::size_t count = gap.Count; count <= longest;
-       count += std::max<std::size_t>(4, count / 6)) {
-    for (; from < first + count + order; ++from) behind -= error(from);
-    std::copy_n(heard_.data() + gap.First, longest, sound + first);
-    const double left = double{model_.Fill(sound, first, count, total)} * model_.Before();
-    if (count == gap.Count && left < 2 * usual * usual * static_cast<double>(order)) break;
-    const double price = left + behind + kWorth * usual * usual * static_cast<double>(count);
-    if (count > gap.Count && price >= least) continue;
-    least = price;
-    best = count;
+  model_.Look(repaired_.data() + base_, first, longest, total);
+  double worth = 0, most = 0;
+  std::size_t best = gap.Count;
+  for (std::size_t i = gap.Count; i < longest; ++i) {
+    worth += model_.Taken()[i] - kWorth * usual * usual;
+    if (worth <= most) continue;
+    most = worth;
+    best = i + 1;
   }
-  std::copy_n(heard_.data() + gap.First, longest, sound + first);
   gap.Count = best;
+  std::copy(filled.begin() + static_cast<std::ptrdiff_t>(best),
+            filled.begin() + static_cast<std::ptrdiff_t>(longest),
+            place + static_cast<std::ptrdiff_t>(best));
 }
 
 // Where the model hardly holds, an interpolation may swing up.

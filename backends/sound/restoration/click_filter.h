@@ -62,6 +62,7 @@ class ClickFilter {
     std::size_t Bridge;    // good samples within damage
     std::size_t Together;  // gaps of the longest that may lie close together
     double LongSure;       // what the long model must take off the error, in energies of the limit
+    double PulseSure;      // the short model where pulses were heard, for each further sample
   };
 
   struct Errors {  // energies of a gap's errors
