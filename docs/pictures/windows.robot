@@ -71,6 +71,7 @@ press frmHauptForm.imgLiedImport
 type frmLoadSave.txtDateiName C:\Música
 press frmLoadSave.pbButton(1)
 select frmLoadSave.lstDatei 1 3
+within 60000 expect frmLoadSave.lblAuswahl.Caption ~ "en total"
 shot frmLoadSave_@SIZE@.png
 key frmLoadSave Escape
 writer pace 16
@@ -191,7 +192,13 @@ shot frmSpektrum_@SIZE@.png
 key frmSpektrum Escape
 press frmWaveEditor.imgEffekt(1)
 press frmWaveEditor.imgVolumeByPass
+press frmWaveEditor.imgGaterBypass
+drag frmWaveEditor.slGaterThreshold 20 400
+press frmWaveEditor.imgSteuerung(0)
+wait 4000
 shot frmWaveEditor_volumen_@SIZE@.png
+press frmWaveEditor.imgSteuerung(1)
+wait 4000
 press frmWaveEditor.imgEffekt(2)
 press frmWaveEditor.imgHallByPass
 shot frmWaveEditor_hall_@SIZE@.png

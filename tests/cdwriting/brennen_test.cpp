@@ -3,7 +3,7 @@
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
 
-#include <fstream>
+#include <filesystem>
 
 namespace vantora {
 namespace {
@@ -86,7 +86,7 @@ TEST_F(Brennen, AnImageIsShownWhereItLiesUnderASignOfSuccess) {
     });
   }
   Brennt({});
-  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSRUF", L"MBOXERFOLG", L"MBOXFRAGE"}));
+  EXPECT_EQ(zeichen, (std::vector<Text>{L"MBOXAUSKUNFT", L"MBOXERFOLG", L"MBOXFRAGE"}));
   EXPECT_EQ(Fenster().lblAblage.Caption(), Sagt(30067) + L"C:\\Vantora\\Discos\\Disco 001.cue");
 }
 
@@ -222,26 +222,46 @@ TEST_F(Brennen, ADifferenceIsToldWithTheNameOfItsTrackAndACancelEndsOnlyTheCompa
   McdEvents& ereignisse = b.platform.machine.writer.Events;
   const McdEvents sonst = ereignisse;
   const std::size_t aSektoren = InSektoren(Ton(b, L"a").size());
-  ereignisse.MCD_Fixating = [&] {
+  b.platform.machine.writer.Faults.WrongAtPercent = 80;
+  const Text spur = AddBackslash(b.bundle.system.Path()) + b.bundle.system.ExeName() + L".APL";
+  ereignisse.MCD_Fixating = [&] {  // from here on the trace cannot be written
     sonst.MCD_Fixating();
-    std::fstream bin(b.home.Path() / "Vantora/Discos/Disco 001.bin.tmp",
-                     std::ios::in | std::ios::out | std::ios::binary);
-    bin.seekp(static_cast<std::streamoff>(aSektoren + kLuecke + 1000)).put('!');
+    b.bundle.dateien.MkDir(spur);
+    b.prog.LogAktiv = true;
   };
   EXPECT_EQ(Brennt({kNein, kNein, kNein}), (std::vector<Text>{Sagt(4006), Sagt(30130) + L"\r\n2. b",
                                                               Sagt(4018) + L"\r\n" + Sagt(4019)}));
   EXPECT_EQ(b.prog.Number_Burned_CD, 1) << "the disc stays";
   EXPECT_EQ(Bin(1).size(), 2 * aSektoren + kLuecke);
+  b.prog.LogAktiv = false;
+  b.platform.machine.writer.Faults = {};
   ereignisse = sonst;
   ereignisse.MCD_Verify = [&](int track, int befund) {
     sonst.MCD_Verify(track, befund);
     EXPECT_EQ(track, 1) << "compared after the cancel";
+    ereignisse.MCD_TrackPercent(45);
+    EXPECT_EQ(b.prog.frmSchreibFortschritt().lblSonstiges.Caption(), Sagt(30129) + L"1 (45%)");
     b.prog.frmSchreibFortschritt().imgAbbrechen_MouseUp();
   };
   b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
   EXPECT_EQ(Brennt({kNein, kNein, kNein})[1], Sagt(4012));
   EXPECT_EQ(Bin(2).size(), Bin(1).size()) << "complete";
   ereignisse = sonst;
+}
+
+TEST_F(Brennen, ADiscOfWhichNothingCouldBeComparedIsNotCalledDifferent) {
+  Oeffnen({L"a", L"b"});
+  OhneHinweis();
+  McdEvents& ereignisse = b.platform.machine.writer.Events;
+  const auto sonst = ereignisse.MCD_Fixating;
+  ereignisse.MCD_Fixating = [&] {
+    sonst();
+    for (const char* name : {"a.wav", "b.wav"}) {
+      std::filesystem::remove(b.home.Path() / "Vantora/Wavs" / name);
+    }
+  };
+  EXPECT_EQ(Brennt({kNein, kNein, kNein})[1], Sagt(30131));
+  ereignisse.MCD_Fixating = sonst;
 }
 
 TEST_F(Brennen, ACancelAfterTheEndComesTooLate) {

@@ -2,7 +2,7 @@
 // and reads, and can have faults. As a proxy it expects requests in proxy form and passes them on
 // to the server named in them.
 //
-// It serves one connection at a time, at most the given number in all and none longer than 10 s, so
+// It serves one connection at a time, at most the given number in all, and waits 10 s at most, so
 // that a failing test comes to an end.
 #pragma once
 
@@ -19,8 +19,6 @@ namespace vantora::test {
 
 struct ServerFaults {
   int FromRequest = 0;        // number of the first faulty request, from 0
-  int PieceBytes = 0;         // bytes sent at a time; 0: all at once
-  int PieceMs = 0;            // pause between two pieces
   std::int64_t CloseAt = -1;  // closes the connection after this many bytes of the answer
   bool Silent = false;        // accepts the request and never answers
   std::string Instead;        // sent in place of the answer, unless blank
@@ -49,16 +47,12 @@ class CddbServer {
  private:
   void Serve();
   void ServeOne(int client);
-  std::string ReadRequest(int client) const;
   std::string Answer(const std::string& request) const;
   std::string Direct(const std::string& path) const;
   std::string Faulty(std::string answer) const;
-  void Send(int client, const std::string& answer, bool faulty) const;
-  void WaitForEnd(int client) const;
-  bool Patient(std::int64_t since) const;
 
   const int connections_;
-  int listener_ = -1;
+  int listener_ = -1, client_ = -1;
   std::uint16_t port_ = 0;
   std::map<std::string, std::pair<std::string, std::string>> discs_;  // category and lines by ID
   std::string similar_;
@@ -66,7 +60,7 @@ class CddbServer {
 
   mutable std::mutex mutex_;
   std::vector<std::string> requests_;
-  std::atomic<bool> stopped_ = false;
+  bool stopped_ = false;
   std::atomic<std::int64_t> busyNs_ = 0;
   std::thread thread_;  // last, since the thread uses all other members
 };

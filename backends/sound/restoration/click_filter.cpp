@@ -1,7 +1,12 @@
 #include "backends/sound/restoration/click_filter.h"
 
+#include "backends/sound/edits/vector_unit.h"
+
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 
 namespace vantora {
 
@@ -37,6 +42,27 @@ std::size_t MarginOf(ClickFilter::Damage damage) {  // samples that are seen, bu
   return damage == ClickFilter::Damage::kClicks ? 384 : 128;
 }
 
+// The median of magnitudes, of at most kMost numbers, a thousandth too small at most: bit for bit
+// the greatest number below which no more than half of them lie. Positive floats are in the order
+// of their bits.
+constexpr std::size_t kMost = 128;
+VANTORA_VECTOR_UNIT float Median(const float* numbers, std::size_t count) {
+  constexpr int kHighest = 30, kLowest = 13;
+  std::array<std::int32_t, kMost> bits{};
+  for (std::size_t i = 0; i < kMost; ++i) {
+    bits[i] = i < count ? std::bit_cast<std::int32_t>(std::abs(numbers[i]))
+                        : std::numeric_limits<std::int32_t>::max();
+  }
+  std::int32_t median = 0;
+  for (int bit = kHighest; bit >= kLowest; --bit) {
+    const std::int32_t more = median | std::int32_t{1} << bit;
+    std::int32_t below = 0;
+    for (std::size_t i = 0; i < kMost; ++i) below += bits[i] < more ? 1 : 0;
+    if (below <= static_cast<std::int32_t>(count / 2)) median = more;
+  }
+  return std::bit_cast<float>(median);
+}
+
 }  // namespace
 
 ClickFilter::ClickFilter(Damage damage)
@@ -48,7 +74,6 @@ ClickFilter::ClickFilter(Damage damage)
       repaired_(kLongest),
       forward_(kLongest),
       error_(kLongest),
-      sorted_(kStretch),
       limit_(kLongest),
       up_(kLongest),
       down_(kLongest) {
@@ -110,7 +135,7 @@ void ClickFilter::Work() {
     FillAll(model_);
     model_.Fit(repaired_.data() + base_, total);
     MeasureStretches(model_);
-    model_.Filter(heard_.data() + base_, total);
+    HearGaps();
     before_ = gaps_;
     Search(model_);
     const bool same = gaps_.size() == before_.size() &&
@@ -131,6 +156,17 @@ void ClickFilter::Work() {
     WorkOnHarmonics();
   else
     Repair(model_);
+}
+
+// From the errors of the repaired piece to those of the piece as it came.
+void ClickFilter::HearGaps() {
+  std::array<float, ArModel::kLongestGap> difference{};
+  for (const Gap& gap : gaps_) {
+    for (std::size_t i = 0; i < gap.Count; ++i) {
+      difference[i] = heard_[gap.First + i] - repaired_[gap.First + i];
+    }
+    model_.Add(difference.data(), gap.First - base_, gap.Count, length_ - base_);
+  }
 }
 
 // Damage in the middle of a period's edge hides it, and a short model would smooth the edge away
@@ -193,10 +229,7 @@ void ClickFilter::MeasureStretches(const ArModel& model) {
   for (; count * kStretch < total; ++count) {
     const std::size_t from = total < kStretch ? 0 : std::min(count * kStretch, total - kStretch);
     const std::size_t size = std::min(kStretch, total);
-    for (std::size_t i = 0; i < size; ++i) sorted_[i] = std::abs(forward[from + i]);
-    const auto middle = sorted_.begin() + static_cast<std::ptrdiff_t>(size / 2);
-    std::nth_element(sorted_.begin(), middle, sorted_.begin() + static_cast<std::ptrdiff_t>(size));
-    usual_[count] = std::max(*middle / kMedianOfNormal, kLeastError);
+    usual_[count] = std::max(Median(forward + from, size) / kMedianOfNormal, kLeastError);
   }
   const auto middle = [](float a, float b, float c) {
     return std::max(std::min(a, b), std::min(std::max(a, b), c));

@@ -74,6 +74,7 @@ class ClickFilter {
   void WorkOnHarmonics();
   void Unite();
   void FillAll(ArModel& model);
+  void HearGaps();
   void Repair(ArModel& model);
   bool Replaced(ArModel& model, Gap& gap);
   void FindEnd(Gap& gap);
@@ -94,7 +95,6 @@ class ClickFilter {
   // The piece that is being worked on, within the above.
   std::size_t base_ = 0, length_ = 0, begin_ = 0, end_ = 0;
   std::vector<float> forward_, error_;  // the forward error, the lesser of both predictions'
-  std::vector<float> sorted_;
   std::array<float, kStretches> usual_{}, stretchLimit_{};
   std::vector<float> limit_;      // for each sample
   std::vector<float> up_, down_;  // the greatest errors near it, of either sign
