@@ -284,7 +284,11 @@ frmCDBrennen::Danach frmCDBrennen::NachDemBrennen() {
 void frmCDBrennen::ErgebnisMelden() {
   const auto& abweichungen = prog.frmKomponenten().Abweichungen;
   if (abweichungen.empty()) return Gelungen(LoadResString(4012));
-  if (abweichungen.front().first == 0) return Melde(LoadResString(30131));
+  const auto ungelesen =
+      std::count_if(abweichungen.begin(), abweichungen.end(),
+                    [](const auto& abweichung) { return abweichung.second == kMcdVerifyFailed; });
+  const bool nichts = ungelesen + 1 == static_cast<std::ptrdiff_t>(prog.BrennDateien.size());
+  if (abweichungen.front().first == 0 || nichts) return Melde(LoadResString(30131));
   Text text = LoadResString(30130);
   for (std::size_t i = 0; i < abweichungen.size(); ++i) {
     if (i == kMeisteZeilen) {

@@ -73,25 +73,22 @@ TEST_F(DatenbankFenster, ATracksFieldsAreTakenAsTheyAre) {
 
 TEST_F(DatenbankFenster, ASearchLooksAtWhatIsTickedWithCaseAndShowAllUndoesIt) {
   Inhalt(kZweiDiscos);
-  struct Fall {
+  const Text verano = L"Varios: Verano", otono = L"La costa: Otoño";
+  const struct {
     bool Disco, Temas;
     const wchar_t* Gesucht;
     Zeilen Gefunden;
-  };
-  const Text verano = L"Varios: Verano", otono = L"La costa: Otoño";
-  const std::vector<Fall> faelle = {
+  } faelle[] = {
       {true, true, L"Mar", {verano, otono}},
-      {true, false, L"Mar", {}},
       {true, false, L"Var", {verano}},
       {false, true, L"Verano", {}},
       {false, true, L"faro", {verano}},
-      {false, true, L"Faro", {}},
-      {true, true, L"mar", {}},
+      {true, true, L"Faro", {}},
       {false, false, L"a", {}},
       {true, true, L"Varios~Verano", {}},
   };
   Im([&](frmDatenbank& d) {
-    for (const Fall& fall : faelle) {
+    for (const auto& fall : faelle) {
       SCOPED_TRACE(testing::Message() << fall.Gesucht << fall.Disco << fall.Temas);
       // What a longer disc of the same key left behind is not the present one's.
       EXPECT_EQ(d.lstTitel.Items(),

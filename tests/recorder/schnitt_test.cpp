@@ -87,11 +87,8 @@ TEST(Schnitt, EveryTakeIsWhatTheRulesKeepAlsoWhenTheWindowIsBusy) {
     AufnahmeBuehne t;
     HeadlessLoop& loop = t.b.platform.loop;
     t.OeffneLP();
-    const std::int64_t listen =
-        t.b.platform.clock.Ticks() - (t.A().WaveIn->BufferTicks() == 0 ? 0 : -1);
     while (t.A().WaveIn->BufferTicks() == 0) t.Warte(1);
     const std::int64_t beginn = t.A().WaveIn->BufferTicks() - (kPuffer * 1000 + kRate - 1) / kRate;
-    EXPECT_LE(beginn, listen);
     // Long and short bursts, within a buffer and across buffers, and exactly as loud as the
     // threshold.
     const std::vector<Stoss> stoesse = {{20'000, 150'001, 9000},     {300'000, 40'000, 1400},

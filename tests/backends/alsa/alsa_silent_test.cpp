@@ -1,6 +1,5 @@
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/alsa_input.h"
-#include "backends/alsa/alsa_mixer.h"
 #include "backends/alsa/alsa_stream.h"
 #include "backends/linux/profile_file.h"
 #include "backends/sound/edits/wave_edits.h"
@@ -43,23 +42,6 @@ TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
   }
   Run(0.1);
   EXPECT_EQ(Log, "");
-}
-
-TEST_F(NoCard, TheMixerHasNoLinesAndTakesWhatIsSetWithoutAWord) {
-  AlsaMixer card;
-  OutputVolume own;
-  MixerLines lines(card, own);
-  const auto m = lines.NewMixer();
-  m->Init();
-  EXPECT_EQ(m->MixerCount(), 0);
-  EXPECT_EQ(m->MixerName(0), L"");
-  EXPECT_EQ(m->LineOutCount(), 0);
-  EXPECT_EQ(m->LineInCount(), 0);
-  m->SetLineID(kMasterLine);
-  m->SetVolume(1000);
-  m->SetMute(true);
-  EXPECT_EQ(m->Volume(), 0);
-  EXPECT_FALSE(m->Mute());
 }
 
 }  // namespace vantora::test
