@@ -50,18 +50,5 @@ TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
   }
 }
 
-TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
-  const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
-  std::filesystem::remove(datei);
-  std::filesystem::create_directory(datei);  // a file cannot replace a folder
-  b.Antwortet(kNein);
-  b.Start();
-  b.Tu([&] { b.prog.SaveExtrasSet(); });
-  ASSERT_EQ(b.Gesagt().size(), 1U);
-  EXPECT_TRUE(b.Gesagt()[0].starts_with(Sagt(30040)));
-  EXPECT_TRUE(Enthaelt(b.Gesagt()[0], L"settings.conf: Error de acceso"));
-  EXPECT_EQ(b.Einstellung(L"Undo"), L"1");
-}
-
 }  // namespace
 }  // namespace vantora
