@@ -256,12 +256,9 @@ int main(int argc, char** argv) {
   const auto work = kWorks.find(argc > 1 ? argv[1] : "");
   if (work == kWorks.end() || static_cast<std::size_t>(argc) != 2 + work->second.Count) {
     std::fputs(
-        "sound-bench make FOLDER SECONDS SEED | render FILTERS LEVEL|start IN OUT |
-"
-        "            known IN PLACES OUT | found IN PLACES RENDERED KNOWN OUT |
-"
-        "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME SEED IN OUT
-",
+        "sound-bench make FOLDER SECONDS SEED | render FILTERS LEVEL|start IN OUT |\n"
+        "            known IN PLACES OUT | found IN PLACES RENDERED KNOWN OUT |\n"
+        "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME SEED IN OUT\n",
         stderr);
     return 2;
   }
