@@ -48,7 +48,7 @@ class Bytes {
   }
 
  private:
-  static constexpr std::int64_t kHeld = 256 * 1024;
+  static constexpr std::int64_t kHeld = 1 << 18;
   static constexpr std::int64_t kBehind = 32768;  // more than kProof frames need
 
   Datei& file_;

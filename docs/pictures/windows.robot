@@ -85,15 +85,14 @@ choose C:\Vantora\Wavs\vinilo.wav
 press frmAufnehmen.imgAufnehmen
 linein play "C:\Música\El faro.wav"
 wait 20000
+after 8000 linein play "C:\Música\Azul oscuro.wav"
 linein play C:\Música\silencio.wav
-within 30000 expect frmAufnehmen.imgAbbrechen.Enabled == True
+within 60000 expect frmAufnehmen.lvwAufnehmen.Count == 2
 select frmAufnehmen.lvwAufnehmen 1
 doubleclick frmAufnehmen.lvwAufnehmen
 type frmNeuerInterpret.txtTitel "Vals del puerto"
 type frmNeuerInterpret.txtInterpret "Las olas"
 key frmNeuerInterpret Return
-linein play "C:\Música\Azul oscuro.wav"
-within 30000 expect frmAufnehmen.lvwAufnehmen.Count == 2
 wait 20000
 shot frmAufnehmen_@SIZE@.png
 press frmAufnehmen.imgRecordStop

@@ -12,7 +12,6 @@
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace vantora::test {
 
@@ -37,7 +36,7 @@ class CddbServer {
 
   std::uint16_t Port() const { return port_; }
   std::string Address() const { return "127.0.0.1:" + std::to_string(port_); }
-  std::vector<std::string> Requests() const;  // unchanged and in order
+  int Requests() const { return requests_; }
   // Total time from complete requests to sent answers.
   std::chrono::nanoseconds Busy() const { return std::chrono::nanoseconds(busyNs_); }
 
@@ -47,14 +46,15 @@ class CddbServer {
   std::string Answer(const std::string& request) const;
 
   const int connections_;
-  int listener_ = -1, client_ = -1;
+  int listener_ = -1;
   std::uint16_t port_ = 0;
   std::map<std::string, std::pair<std::string, std::string>> discs_;  // category and lines by ID
   std::string similar_;
 
-  mutable std::mutex mutex_;
-  std::vector<std::string> requests_;
+  std::mutex mutex_;  // of the next two
+  int client_ = -1;
   bool stopped_ = false;
+  std::atomic<int> requests_ = 0;
   std::atomic<std::int64_t> busyNs_ = 0;
   std::thread thread_;  // last, since the thread uses all other members
 };

@@ -14,8 +14,8 @@ void FuzzOne(const std::string& bytes) {
   Reverb reverb(profiles);
   reverb.SetFeedback(99);
   reverb.Enable();
-  // A room is changed and faded out in less than the half of it.
-  static const Sound hiss = Hiss(20'000, 2 * kGlideFrames);
+  constexpr std::size_t kFrames = 2646;  // a room is changed, and is faded out, in half of them
+  static const Sound hiss = Hiss(20'000, kFrames);
   int rounds = 0;
   for (const Text& name : profiles.GetPrivateProfileSectionNames(L"C:\\Reverb.ini", 999)) {
     if (++rounds > 3) break;

@@ -47,6 +47,7 @@ class Search:
     def __init__(self, build, name, tally):
         self.binary = build / name
         self.corpus = build / "corpus" / name
+        self.seeds = SEEDS / name
         self.findings = build / "findings"
         new = {"inputs": 0, "seconds": 0, "edges": 0, "findings": 0, "said": []}
         self.tally = tally.setdefault(name, new)
@@ -58,17 +59,14 @@ class Search:
         self.corpus.mkdir(parents=True, exist_ok=True)
         self.findings.mkdir(exist_ok=True)
 
-    def known(self):
-        return sum(1 for folder in (self.corpus, SEEDS / self.binary.name) for _ in folder.iterdir())
-
     def turn(self, inputs, seconds):
-        before, known = processor_seconds(), self.known()
+        before = processor_seconds()
+        known = sum(len(list(folder.iterdir())) for folder in (self.corpus, self.seeds))
         with subprocess.Popen(
             ["nice", "-n", "15", self.binary, f"-runs={known + inputs}",
              f"-max_total_time={seconds}", "-max_len=4096", "-entropic=0", "-print_funcs=0",
              f"-timeout={HANGS}", "-rss_limit_mb=3000", "-print_final_stats=1",
-             f"-artifact_prefix={self.findings}/{self.binary.name}-", self.corpus,
-             SEEDS / self.binary.name],
+             f"-artifact_prefix={self.findings}/{self.binary.name}-", self.corpus, self.seeds],
             stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env={**os.environ,
             "QT_QPA_PLATFORM": "offscreen", "UBSAN_OPTIONS": "halt_on_error=1",
             "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", SANITIZERS)},

@@ -3,6 +3,7 @@
 #include "tests/qt/stage.h"
 
 #include <QAbstractEventDispatcher>
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QListWidget>
 #include <QMenu>
@@ -290,6 +291,22 @@ TEST_F(Stage, APictureHearsOfTheMouseAboveItAndOfNoButtonThatWasNotPressedOnIt) 
     send(QEvent::MouseButtonPress, {11, 4}, Qt::LeftButton);
     send(QEvent::MouseMove, {-2, 300}, Qt::LeftButton);
     EXPECT_EQ(said, "0@150,60 0@165,60 1@-30,4500 ");
+  });
+  Play(form);
+}
+
+TEST_F(Stage, AScreenReaderMovesAFaderAndReadsALevelAsAShareOfItsBar) {
+  FullForm form(loop);
+  form.Level.Active = true;
+  form.Level.PeakLeft = 1037;  // 30 of the 60 decibels
+  form.Level.Shown = Ears::Left;
+  person.Then([&] {
+    const auto read = [&](const Control& control) {
+      return QAccessible::queryAccessibleInterface(loop.WidgetOf(control));
+    };
+    read(form.knob)->valueInterface()->setCurrentValue(60);
+    EXPECT_EQ(form.knob.Value, 60);
+    EXPECT_EQ(read(form.Level)->text(QAccessible::Value), "50 %");
   });
   Play(form);
 }

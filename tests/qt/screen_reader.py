@@ -221,6 +221,10 @@ def script_of(sources, stage):
         if line.startswith("copy song.wav"):
             line = 'makewave "C:\\Música\\Azul oscuro.wav" 214 220'
         line = re.sub(r"^after \d+ (shot frmBeatCounter)", r"\1", line)  # without the held button
+        if line.startswith("# the recorder"):  # it is read while it records
+            line = "makewave C:\\lp.wav 900 262"
+        if line.startswith("after") and "linein" in line:
+            line = "after 8000 linein play C:\\lp.wav"
         script.append(line)
         shot = re.match(r"shot (\S+)_1\.png", line)
         if shot:

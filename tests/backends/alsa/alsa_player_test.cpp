@@ -98,6 +98,19 @@ TEST_F(Sounding, ASoundOfAFewFramesEndsToo) {
   }
 }
 
+TEST_F(Sounding, AFileThatCannotBePlayedIsRefusedWithoutAnEvent) {
+  player.SetFileName(L"C:\\b.wav");
+  EXPECT_EQ(ErrorOf([&] { player.Start(); }), kFehlerDateiFehlt);
+  for (const std::string& bytes : {std::string("text"), test::Wave(Noise(400), "", {1, 1}),
+                                   test::Wave(Noise(400), "", {1, 2, 48000})}) {
+    Put(home / "b.wav", bytes);
+    EXPECT_EQ(ErrorOf([&] { player.Start(); }), 57);
+    EXPECT_FALSE(player.Playing());
+  }
+  Run(0.1);
+  EXPECT_EQ(Log, "");
+}
+
 TEST_F(Sounding, AFileThatGoesOrIsCutWhileItPlaysEndsItsSound) {
   Wave(Steps(std::vector<int>(60, 3000)));
   player.Start();

@@ -1,5 +1,6 @@
 #include "backends/alsa/alsa_devices.h"
 #include "backends/alsa/alsa_input.h"
+#include "backends/alsa/alsa_mixer.h"
 #include "backends/alsa/alsa_stream.h"
 #include "backends/linux/profile_file.h"
 #include "backends/sound/edits/wave_edits.h"
@@ -42,6 +43,18 @@ TEST_F(NoCard, ThereIsNoOutputAndStartingIsRefusedWithoutAnEvent) {
   }
   Run(0.1);
   EXPECT_EQ(Log, "");
+}
+
+TEST_F(NoCard, TheMixerHasNoLinesAndTakesWhatIsSetWithoutAWord) {
+  AlsaMixer card;
+  OutputVolume own;
+  MixerLines lines(card, own);
+  const auto m = lines.NewMixer();
+  m->Init();
+  EXPECT_EQ(m->MixerCount() + m->LineOutCount() + m->LineInCount(), 0);
+  m->SetLineID(kMasterLine);
+  m->SetVolume(1000);
+  EXPECT_EQ(m->Volume(), 0);
 }
 
 }  // namespace vantora::test

@@ -84,6 +84,18 @@ TEST(Flanger, ABrightToneGainsNoProducts) {
     }
   }
   EXPECT_LT(Decibels(strongest / 10'000), -60);
+  // A slow modulation gathers all products in few lines: they are what the loudness of the tone
+  // varies by between the delays.
+  double sum = 0, squares = 0;
+  constexpr int kDelays = 16;  // two frames
+  for (int i = 0; i < kDelays; ++i) {
+    const auto depth = static_cast<float>(30 + i * 0.1004);
+    const Sound still = MonoSum(Flanged(Sine(12'000, 10'000, 12'000), {0, 99, 0, depth, 0}));
+    const double level = Amplitude(still, 12'000, 2000, 11'975) / 10'000;
+    sum += level, squares += level * level;
+  }
+  const double mean = sum / kDelays;
+  EXPECT_LT(Decibels(std::sqrt(squares / kDelays - mean * mean) / mean), -60);
 }
 
 TEST(Flanger, TheMonoSumIsAsLoudAsTheSound) {

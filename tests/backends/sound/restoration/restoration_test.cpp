@@ -214,6 +214,20 @@ TEST(Restoration, WhereBuffersMeetIsNotHeardEvenWhenTheLevelMoves) {
   }
 }
 
+// A track that was cut out of a concert joins the next one.
+TEST(Restoration, TheLastSamplesOfACutTrackAreThoseOfTheWholeConcert) {
+  const Sound concert = Music("piano", 2 * kRate, 3) + Noise(2 * kRate, 100, 13);
+  const Sound whole = Through(kDenoise, concert, At(0.2F));
+  for (const std::size_t end : {20'000U, 44'100U, 51'713U, 65'536U, 80'001U}) {
+    const auto cut = [end](const Sound& sound) {
+      return Sound(sound.begin(), sound.begin() + static_cast<std::ptrdiff_t>(end));
+    };
+    const Sound track = cut(concert),
+                bent = Difference(Through(kDenoise, track, At(0.2F)), cut(whole));
+    EXPECT_LT(Db(Power(bent, end - 64, end) / Power(track, end - 64, end)), -30) << end;
+  }
+}
+
 // For any sound, buffer size and level, the number of frames stays the same and the sound gets no
 // louder.
 TEST(Restoration, HostileSoundNeverExplodes) {
