@@ -161,21 +161,18 @@ TEST_F(CddbAbfrage, ACategoryCannotAddALineToTheNextRequest) {
 }
 
 TEST_F(CddbAbfrage, TheSettingsSayWhomToAskAndWhoIsAsking) {
-  const auto set = [&](const wchar_t* key, const wchar_t* value) {
-    SaveSetting(bundle, key, value);
-  };
   request = CDDBAnfrageAusEinstellungen(prog);
   EXPECT_EQ(request.Server, prog.Text(24004));
   EXPECT_EQ(request.Benutzer + L"@" + request.Rechner, L"anónimo@" + prog.Text(24006));
   EXPECT_EQ(request.Proxy, L"");
   prog.Proxy_Server = L" proxy.casa ";
-  set(L"CDDB_Server", L" 127.0.0.1:8880 ");
-  set(L"CDDB_Hello_User", L"ana@casa.example");
+  SaveSetting(bundle, L"CDDB_Server", L" 127.0.0.1:8880 ");
+  SaveSetting(bundle, L"CDDB_Hello_User", L"ana@casa.example");
   request = CDDBAnfrageAusEinstellungen(prog);
   EXPECT_EQ(request.Proxy, L"proxy.casa");
   EXPECT_EQ(request.Server, L"127.0.0.1:8880");
   EXPECT_EQ(request.Benutzer + L"@" + request.Rechner, L"ana@casa.example");
-  set(L"CDDB_Hello_Host", L"otra.example");
+  SaveSetting(bundle, L"CDDB_Hello_Host", L"otra.example");
   EXPECT_EQ(CDDBAnfrageAusEinstellungen(prog).Rechner, L"otra.example");
 }
 
@@ -203,15 +200,11 @@ TEST_F(CdPlayerIni, WhatAServerSaysStaysInItsValue) {
   info.Titel = Text(L"a\0b", 3) + Text(100000, L'z');
   for (std::size_t i = 1; i <= 100; ++i) info.TrackTitel[i] = L"[evil]\n0=w";
   CDPlayerIniSchreiben(prog, L"D:\\", info);
-  EXPECT_EQ(bundle.profile.GetPrivateProfileSectionNames(L"cdplayer.ini", 5000),
-            std::vector<Text>{L"A98AC7"});
-  const auto file = platform.machine.files.SystemPath(L"C:\\WINDOWS\\cdplayer.ini");
-  EXPECT_LT(std::filesystem::file_size(file), 10000U);
-  EXPECT_EQ(
-      bundle.profile.GetPrivateProfileString(L"A98AC7", L"numtracks", L"", 10, L"cdplayer.ini"),
-      L"100");
-  EXPECT_EQ(bundle.profile.GetPrivateProfileString(L"A98AC7", L"99", L"", 100, L"cdplayer.ini"),
-            L"[evil] 0=w");
+  const std::string file = Get(home.Path() / ".local/share/vantora/cdplayer.ini");
+  EXPECT_LT(file.size(), 10000U);
+  EXPECT_TRUE(file.starts_with("[A98AC7]\r\nEntryType=1\r\nnumtracks=100\r\n"));
+  EXPECT_TRUE(file.ends_with("\r\n99=[evil] 0=w\r\n"));
+  EXPECT_EQ(file.find("\n["), std::string::npos);
 }
 
 }  // namespace

@@ -144,7 +144,7 @@ struct CddbStage {
   const std::string lines = "DTITLE=Alguien / Algo\r\nTTITLE0=uno\r\nTTITLE1=dos\r\n";
 
   TemporaryHome home;
-  HeadlessPlatform platform{home.Path(), std::filesystem::path(VANTORA_SOURCE_DIR) / "resources"};
+  HeadlessPlatform platform{home.Path(), VANTORA_SOURCE_DIR "/resources"};
   FakeDisc disc;
   AnsweringSockets network;
   Plattform bundle;

@@ -12,6 +12,11 @@
 
 // Present in programs that the address sanitizer watches.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
+// That library keeps distances instead of pointers, which the leak sanitizer does not follow.
+extern "C" const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() {
+  return "leak:libfontconfig\n";
+}
 
 namespace vantora::test {
 

@@ -50,18 +50,13 @@ Options Read(int argc, char** argv) {
   Options options;
   for (int i = 1; i < argc; ++i) {
     const std::string word = argv[i];
-    const char* next = i + 1 < argc ? argv[i + 1] : "0";
-    if (word == "--windows") {
-      options.Windows = true;
-    } else if (word == "--seed") {
-      options.Seed = static_cast<std::uint32_t>(std::atol(next)), ++i;
-    } else if (word == "--lives") {
-      options.Lives = std::atoi(next), ++i;
-    } else if (word == "--hours") {
-      options.Hours = std::atof(next), ++i;
-    } else {
-      options.Folder = fs::absolute(word);
-    }
+    const double number = i + 1 < argc ? std::atof(argv[i + 1]) : 0;
+    if (word == "--windows") options.Windows = true;
+    if (word == "--seed") options.Seed = static_cast<std::uint32_t>(number);
+    if (word == "--lives") options.Lives = static_cast<int>(number);
+    if (word == "--hours") options.Hours = number;
+    if (!word.starts_with("--")) options.Folder = fs::absolute(word);
+    if (word.starts_with("--") && word != "--windows") ++i;
   }
   return options;
 }

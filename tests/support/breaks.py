@@ -114,7 +114,7 @@ BREAKS = [
     ("sound", "normalizer.cpp", "return std::max(-lowest, int{highest});",
      "return std::max(int{lowest}, int{highest});"),
     ("sound", "flanger.cpp", "kReach = 4, kShape = 6", "kReach = 4, kShape = 20"),
-    ("sound", "volume.cpp", "(1 << (kUnityBits - 1)) - 1 + odd)", "(1 << (kUnityBits - 1)) + 0 * odd)"),
+    ("sound", "volume.cpp", "path_[i / 2] / kUnity;", "path_[i / 2] * kUnity;"),
     ("sound", "mpeg_frame.cpp", "(header.channels == 1 ? 17 : 32) :", "(header.channels == 1 ? 32 : 17) :"),
 
     ("medley", "mischung.cpp", "static_cast<double>(i) / alle;", "static_cast<double>(i + 1) / alle;"),

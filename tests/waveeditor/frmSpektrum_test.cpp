@@ -102,10 +102,6 @@ TEST_F(Spektrum, IsNotDrawnWhileTheEditorWorksOrTheSettingIsOff) {
   b.prog.frmWaveEditor.Entladen();
   b.Tu([&] { nichts(E().imgZurück.Enabled == false); });  // the editor is being opened
   b.prog.frmWaveEditor.Entladen();
-  b.prog.EditorBatch = true;
-  b.Tu([&] { nichts(E().BatchLaeuft()); });
-  b.prog.EditorBatch = false;
-  b.prog.frmWaveEditor.Entladen();
   Oeffne();
   b.prog.Show3DAnalysis = false;
   Waehle(0, 50000);

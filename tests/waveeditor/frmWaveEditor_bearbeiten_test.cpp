@@ -82,77 +82,72 @@ class Bearbeiten : public ::testing::Test, protected Geraete, protected EditorBu
     }
     ASSERT_TRUE(E().Window.Enabled());
   }
-  void ZufaelligeSchritte(unsigned seed, std::size_t frames, int schritte, bool gezeichnet);
-  void Schritt(Modell& m, std::mt19937& zufall);
+  void Schritt(Modell& m, std::mt19937& zufall) {
+    const std::size_t a = zufall() % (m.Frames() + 1), e = zufall() % (m.Frames() + 1);
+    const bool nichts = zufall() % 8 == 0 || a == e;
+    m.Anfang = nichts ? 0 : std::min(a, e);
+    m.Ende = nichts ? 0 : std::max(a, e);
+    if (nichts) {
+      Cursor(a);
+    } else {
+      Waehle(static_cast<std::int32_t>(m.Anfang), static_cast<std::int32_t>(m.Ende));
+    }
+    b.prog.Undo = m.Undo = zufall() % 6 != 0;
+    const int ohneWahl = nichts ? 21003 : 0;
+    switch (zufall() % 9) {
+      case 0:
+        if (!nichts) m.Ablage = m.Teil(m.Anfang, m.Ende);
+        return Druecke(E().imgCopy, ohneWahl);
+      case 1:
+        if (!nichts && m.Frames() < 1000) return;
+        if (!nichts) m.Ausschneiden();
+        return Druecke(E().imgCut, ohneWahl);
+      case 2:
+      case 3: {
+        if (!E().imgPaste.Enabled() || m.Klang.size() > grenze) return;
+        const std::size_t stelle = nichts ? a : m.Anfang;
+        m.Sichern(stelle, m.Frames(), 3);
+        return Druecke(E().imgPaste, m.Einfuegen(stelle));
+      }
+      case 4:
+        if (!nichts) m.Blenden([](double, double) { return 0.0; });
+        return Druecke(E().imgMute, ohneWahl);
+      case 5:
+        if (!nichts) m.Blenden([](double k, double s) { return k * s; });
+        return Druecke(E().imgFadeIn, ohneWahl);
+      case 6:
+        if (!nichts) m.Blenden([](double k, double s) { return 1 - k * s; });
+        return Druecke(E().imgFadeOut, ohneWahl);
+      case 7:
+        if (zufall() % 4 != 0) break;
+        m.Ablage.reset();
+        std::filesystem::remove(b.platform.machine.files.SystemPath(E().Edits().CopyDatei()));
+        return;
+      default:
+        break;
+    }
+    Druecke(E().imgSteuerung(6), m.Rueckgaengig());
+  }
+  void ZufaelligeSchritte(unsigned seed, std::size_t frames, int schritte, bool gezeichnet) {
+    SCOPED_TRACE(seed);
+    std::mt19937 zufall(seed);
+    Modell m;
+    m.Klang = test::Noise(frames * 4 + seed % 4, seed);
+    grenze = 2 * m.Klang.size();
+    b.Datei(kDatei, test::Wave(m.Klang, kAnhang));
+    b.prog.EditorBatch = !gezeichnet;  // saves time: without scans nothing stays selected
+    Oeffne();
+    for (int i = 0; i < schritte; ++i) {
+      SCOPED_TRACE(i);
+      Schritt(m, zufall);
+      ASSERT_TRUE(b.Lies(kDatei) == test::Wave(m.Klang, kAnhang));
+      ASSERT_EQ(E().Edits().UndoVorhanden(), m.UndoVorhanden);
+      if (HasFailure()) return;
+    }
+    b.prog.frmWaveEditor.Entladen();
+  }
   std::size_t grenze = 0;  // maximum size of a file
 };
-
-void Bearbeiten::Schritt(Modell& m, std::mt19937& zufall) {
-  const std::size_t a = zufall() % (m.Frames() + 1), e = zufall() % (m.Frames() + 1);
-  const bool nichts = zufall() % 8 == 0 || a == e;
-  m.Anfang = nichts ? 0 : std::min(a, e);
-  m.Ende = nichts ? 0 : std::max(a, e);
-  if (nichts) {
-    Cursor(a);
-  } else {
-    Waehle(static_cast<std::int32_t>(m.Anfang), static_cast<std::int32_t>(m.Ende));
-  }
-  b.prog.Undo = m.Undo = zufall() % 6 != 0;
-  const int ohneWahl = nichts ? 21003 : 0;
-  switch (zufall() % 9) {
-    case 0:
-      if (!nichts) m.Ablage = m.Teil(m.Anfang, m.Ende);
-      return Druecke(E().imgCopy, ohneWahl);
-    case 1:
-      if (!nichts && m.Frames() < 1000) return;
-      if (!nichts) m.Ausschneiden();
-      return Druecke(E().imgCut, ohneWahl);
-    case 2:
-    case 3: {
-      if (!E().imgPaste.Enabled() || m.Klang.size() > grenze) return;
-      const std::size_t stelle = nichts ? a : m.Anfang;
-      m.Sichern(stelle, m.Frames(), 3);
-      return Druecke(E().imgPaste, m.Einfuegen(stelle));
-    }
-    case 4:
-      if (!nichts) m.Blenden([](double, double) { return 0.0; });
-      return Druecke(E().imgMute, ohneWahl);
-    case 5:
-      if (!nichts) m.Blenden([](double k, double s) { return k * s; });
-      return Druecke(E().imgFadeIn, ohneWahl);
-    case 6:
-      if (!nichts) m.Blenden([](double k, double s) { return 1 - k * s; });
-      return Druecke(E().imgFadeOut, ohneWahl);
-    case 7:
-      if (zufall() % 4 != 0) break;
-      m.Ablage.reset();
-      std::filesystem::remove(b.platform.machine.files.SystemPath(E().Edits().CopyDatei()));
-      return;
-    default:
-      break;
-  }
-  Druecke(E().imgSteuerung(6), m.Rueckgaengig());
-}
-
-void Bearbeiten::ZufaelligeSchritte(unsigned seed, std::size_t frames, int schritte,
-                                    bool gezeichnet) {
-  SCOPED_TRACE(seed);
-  std::mt19937 zufall(seed);
-  Modell m;
-  m.Klang = test::Noise(frames * 4 + seed % 4, seed);
-  grenze = 2 * m.Klang.size();
-  b.Datei(kDatei, test::Wave(m.Klang, kAnhang));
-  b.prog.EditorBatch = !gezeichnet;  // saves time: without scans nothing stays selected
-  Oeffne();
-  for (int i = 0; i < schritte; ++i) {
-    SCOPED_TRACE(i);
-    Schritt(m, zufall);
-    ASSERT_TRUE(b.Lies(kDatei) == test::Wave(m.Klang, kAnhang));
-    ASSERT_EQ(E().Edits().UndoVorhanden(), m.UndoVorhanden);
-    if (HasFailure()) return;
-  }
-  b.prog.frmWaveEditor.Entladen();
-}
 
 TEST_F(Bearbeiten, FileAndModelAgreeToTheSampleWhateverIsDone) {
   for (const unsigned seed : {1U, 2U, 3U, 4U}) ZufaelligeSchritte(seed, 3000, 300, false);

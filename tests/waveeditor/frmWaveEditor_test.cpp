@@ -9,13 +9,6 @@ constexpr std::int64_t kSekunde = 44100;
 
 class WaveEditor : public ::testing::Test, protected EditorBuehne {
  protected:
-  // The components of the chain, from the sound output back to the source.
-  std::vector<const MMComponentX*> Weg() {
-    std::vector<const MMComponentX*> weg;
-    for (const MMComponentX* c = E().Kette().Out().Input(); c != nullptr; c = c->Input())
-      weg.push_back(c);
-    return weg;
-  }
   int Breite() { return E().picWaveBack.Width; }
 };
 
@@ -84,7 +77,6 @@ TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
   Oeffne(441'000);
   b.platform.hands.Press(E().picWaveBack);
   const int breite = E().picWaveBack.Width, start = E().shpMarker.Left;
-  EXPECT_NEAR(start, breite / 2, 15) << "a press hits the middle";
   const auto taste = [&](const wchar_t* name, int mal = 1) {
     while (mal-- > 0) b.platform.hands.Key(E(), name);
   };
@@ -101,10 +93,11 @@ TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
                    {L"Shift+End", 1, 0, breite},
                    {L"PageUp", 1, breite - breite / 10, 15}};
   for (const auto& schritt : kSchritte) {
+    SCOPED_TRACE(&schritt - kSchritte);
     taste(schritt.Taste, schritt.Mal);
-    EXPECT_EQ(E().shpMarker.Left, schritt.Links) << schritt.Taste;
-    EXPECT_EQ(E().shpMarker.Width, schritt.Breite) << schritt.Taste;
-    EXPECT_EQ(E().Gewaehlt().NurCursor, schritt.Breite == 15) << schritt.Taste;
+    EXPECT_EQ(E().shpMarker.Left, schritt.Links);
+    EXPECT_EQ(E().shpMarker.Width, schritt.Breite);
+    EXPECT_EQ(E().Gewaehlt().NurCursor, schritt.Breite == 15);
   }
   Druecke(E().imgZoom(0));
   taste(L"End");
@@ -195,7 +188,6 @@ TEST_F(WaveEditor, PlayPressedWhilePlayingStartsAnewWithWhatIsSelectedNow) {
 }
 
 TEST_F(WaveEditor, WindingMovesByHalfASecondAndFasterTheLongerItIsHeld) {
-  b.platform.load.Present = false;  // keeps the load at its value
   Oeffne(60 * kSekunde);
   const auto halten = [this](int index, int ms) {
     b.Tu([&] {
@@ -210,7 +202,6 @@ TEST_F(WaveEditor, WindingMovesByHalfASecondAndFasterTheLongerItIsHeld) {
   EXPECT_EQ(E().Gewaehlt().CursorPos, 3 * 22050);
   halten(4, 20000);
   EXPECT_EQ(E().Gewaehlt().CursorPos, 0);
-  EXPECT_EQ(E().CPULast(), 25);
   Druecke(E().imgSteuerung(0));
   Vergeht(2000);
   halten(3, 100);  // while playing, it continues from there
@@ -240,7 +231,8 @@ TEST_F(WaveEditor, TheSoundPassesTheEffectsThatAreOnAndNoOthers) {
     Druecke(E().imgEffekt(stufen[welche].Panel));
     Druecke(stufen[welche].Knopf);
     an[welche] = !an[welche];
-    std::vector<const MMComponentX*> soll, weg = Weg();
+    std::vector<const MMComponentX*> soll, weg;  // from the sound output back to the source
+    for (auto* c = E().Kette().Out().Input(); c != nullptr; c = c->Input()) weg.push_back(c);
     for (std::size_t i = 5; i-- > 0;) {
       if (an[i]) soll.push_back(stufen[i].Stufe);
     }
@@ -251,7 +243,7 @@ TEST_F(WaveEditor, TheSoundPassesTheEffectsThatAreOnAndNoOthers) {
     EXPECT_EQ(E().EffekteAktiv(), an[0] || an[2] || an[3] || an[4]);
   }
   Druecke(E().imgEffekt(5));
-  EXPECT_EQ(Weg().size(), kImmer);
+  EXPECT_EQ(E().Kette().Out().Input(), &E().Kette().DSP());
   EXPECT_FALSE(E().EffekteAktiv());
 }
 
@@ -300,12 +292,10 @@ TEST_F(WaveEditor, ABoxThatIsOnlyPassedThroughLeavesItsSliderAlone) {
     TextBox& Feld;
     int Wert;
   } faelle[] = {{1, E().slGaterThreshold, E().txtGaterThreshold, 1000},
-                {1, E().slVolume, E().txtVolume, 8192},
                 {4, E().slFlangerRate, E().txtFlangerRate, 50}};
   for (const auto& fall : faelle) {
     Druecke(E().imgEffekt(fall.Panel));
-    fall.Schieber.Value = fall.Wert;
-    fall.Schieber.Change();
+    Setzen(fall.Schieber, fall.Wert);
     const Text gezeigt = fall.Feld.Text;
     b.Tu([&] { b.platform.loop.SetFocus(fall.Feld); });
     b.platform.hands.Key(E(), L"Tab");

@@ -36,42 +36,30 @@ TEST_F(Presets, WhatTheProgramBringsIsThereWhereItsPlaceIsFree) {
 TEST_F(Presets, EachKindSetsItsControlsLightsItsPanelAndIsKeptAsItWas) {
   Oeffne(1000);
   const struct {
-    int Panel, Platz;  // the first free place
-    Text Schluessel, Werte;
-    std::vector<std::pair<Control*, Text>> Zeigt;
-  } faelle[] = {
-      {kEqualizer,
-       3,
-       L"ZFXEQU",
-       L";-5;-4;-3;-2;-1;0;1;2;3;4;1",
-       {{&E().MMSliderX1(0), L"-5"}, {&E().MMSliderX1(9), L"4"}, {&E().chkLoudness, L"1"}}},
-      {kLautstaerke,
-       0,
-       L"ZFXVOL",
-       L";8192;0;12;30000;1",
-       {{&E().slVolume, L"8192"}, {&E().slGaterAttack, L"12"}, {&E().chkGateraktiv, L"1"}}},
-      {kRestauration,
-       0,
-       L"ZFXRES",
-       L";1;0;2;0;3;1",
-       {{&E().slDeclick, L"1"}, {&E().slDenoiser, L"2"}, {&E().chkDecrackleAktiv, L"1"}}},
-      {kFlanger,
-       3,
-       L"ZFXFLA",
-       L";4;30;50;7",
-       {{&E().slFlangerMix, L"4"}, {&E().slFlangerDepth, L"50"}, {&E().slFlangerRate, L"7"}}}};
+    int Panel;
+    Text Platz, Werte;  // the key of the first free place, and what it gets
+    Control &A, &B, &C;
+    Text Zeigt;  // the values of the controls
+  } faelle[] = {{kEqualizer, L"ZFXEQU3", L";-5;-4;-3;-2;-1;0;1;2;3;4;1", E().MMSliderX1(0),
+                 E().MMSliderX1(9), E().chkLoudness, L"-5/4/1"},
+                {kLautstaerke, L"ZFXVOL0", L";8192;0;12;30000;1", E().slVolume, E().slGaterAttack,
+                 E().chkGateraktiv, L"8192/12/1"},
+                {kRestauration, L"ZFXRES0", L";1;0;2;0;3;1", E().slDeclick, E().slDenoiser,
+                 E().chkDecrackleAktiv, L"1/2/1"},
+                {kFlanger, L"ZFXFLA3", L";4;30;50;7", E().slFlangerMix, E().slFlangerDepth,
+                 E().slFlangerRate, L"4/50/7"}};
   for (const auto& fall : faelle) {
     SCOPED_TRACE(fall.Panel);
-    const auto schluessel = [&](int mehr) {
-      return fall.Schluessel + std::to_wstring(fall.Platz + mehr);
-    };
-    b.Setze(schluessel(0), L"alt" + fall.Werte);
+    b.Setze(fall.Platz, L"alt" + fall.Werte);
     ZeigePresets(fall.Panel);
-    Waehle(fall.Platz + 1);
+    Waehle(static_cast<int>(Namen().size()));
     EXPECT_EQ(E().txtPresName.Text(), L"alt");
-    for (const auto& [control, wert] : fall.Zeigt) EXPECT_EQ(control->Read(L"Value"), wert);
+    const auto wert = [](const Control& control) { return control.Read(L"Value").value_or(L""); };
+    EXPECT_EQ(wert(fall.A) + L"/" + wert(fall.B) + L"/" + wert(fall.C), fall.Zeigt);
     Nenne(L"neu");
-    EXPECT_EQ(b.Einstellung(schluessel(1)), L"neu" + fall.Werte);
+    Text zweiter = fall.Platz;
+    ++zweiter.back();
+    EXPECT_EQ(b.Einstellung(zweiter), L"neu" + fall.Werte);
     if (fall.Panel != kLautstaerke && fall.Panel != kRestauration) continue;  // no switch
     EXPECT_EQ(E().imgEffekt(fall.Panel).Picture(), L"WAVEEFFEKTON_" + std::to_wstring(fall.Panel));
   }

@@ -86,6 +86,25 @@ VANTORA_VECTOR_UNIT void Correlate(const double* __restrict taps, std::size_t ta
   }
 }
 
+// The same for floats; up to kWide numbers behind `out` are written as well.
+constexpr std::size_t kWide = 4 * kLanes;
+VANTORA_VECTOR_UNIT void Correlate(const float* __restrict taps, std::size_t tapCount,
+                                   const float* __restrict in, float* __restrict out,
+                                   std::size_t count) {
+  for (std::size_t i = 0; i < count; i += kWide) {
+    Lanes s0{}, s1{}, s2{}, s3{};
+    for (std::size_t k = 0; k < tapCount; ++k) {
+      const Lanes* const from = reinterpret_cast<const Lanes*>(in + i + k);
+      s0 += taps[k] * from[0];
+      s1 += taps[k] * from[1];
+      s2 += taps[k] * from[2];
+      s3 += taps[k] * from[3];
+    }
+    Lanes* const to = reinterpret_cast<Lanes*>(out + i);
+    to[0] = s0, to[1] = s1, to[2] = s2, to[3] = s3;
+  }
+}
+
 VANTORA_VECTOR_UNIT void AddTimes(double* __restrict target, const double* __restrict source,
                                   double times, std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) target[i] += times * source[i];
@@ -95,8 +114,10 @@ VANTORA_VECTOR_UNIT void AddTimes(double* __restrict target, const double* __res
 
 ArModel::ArModel(std::size_t order, std::size_t longest)
     : order_(order),
-      forward_(longest),
+      forward_(longest + order + kWide),
       backward_(longest),
+      matched_(longest + kWide),
+      taps_(order + 1),
       a_(order + kLongestGap + 1 + kBlock),
       backwards_(order + 1),
       matrix_(kLongestGap * kLongestGap),
@@ -139,6 +160,19 @@ void ArModel::Add(const float* difference, std::size_t first, std::size_t count,
     const std::size_t before = std::min(order_, at);
     for (std::size_t k = 0; k <= before; ++k) backward_[at - k] += static_cast<float>(a_[k]) * by;
   }
+}
+
+void ArModel::Match(std::size_t length) {
+  std::copy_n(a_.begin(), order_ + 1, taps_.begin());
+  std::fill(forward_.begin() + static_cast<std::ptrdiff_t>(length), forward_.end(), 0.0F);
+  Correlate(taps_.data(), order_ + 1, forward_.data(), matched_.data(), length);
+  double energy = 0;  // of the part of the model that the piece's end leaves
+  for (std::size_t k = 0; k < std::min(order_, length); ++k) {
+    energy += a_[k] * a_[k];
+    matched_[length - 1 - k] /= static_cast<float>(std::sqrt(energy));
+  }
+  const auto scale = static_cast<float>(1 / std::sqrt(energy + a_[order_] * a_[order_]));
+  for (std::size_t i = 0; i + order_ < length; ++i) matched_[i] *= scale;
 }
 
 void ArModel::Errors(const float* sound, std::size_t first) {

@@ -34,6 +34,12 @@ class ArModel {
   // what is added to it there. Near an end the errors are those of the whole order.
   void Add(const float* difference, std::size_t first, std::size_t count, std::size_t length);
 
+  // What a single sample of damage would have to be to explain the errors that follow it, times the
+  // root of the energy of the model: as great as the errors on the average, but greater where there
+  // is damage, the more the less even the spectrum is, and smaller where a sound begins.
+  void Match(std::size_t length);
+  const float* Matched() const { return matched_.data(); }
+
   // Puts into sound[first, first + count) what makes the prediction errors from `first` on least.
   // `first` is at least Order(), `count` at most kLongestGap. What follows the gap counts as far as
   // `length`; with nothing behind it the gap is the prediction of what stands before. Returns the
@@ -56,7 +62,7 @@ class ArModel {
   const std::size_t order_;
   std::size_t rows_ = 0;  // errors that a gap has an effect on
   double before_ = 0, behind_ = 0;
-  std::vector<float> forward_, backward_;
+  std::vector<float> forward_, backward_, matched_, taps_;
   std::vector<double> a_;          // error = sum of a_[k] * sample[n - k], a_[0] = 1, then zeros
   std::vector<double> backwards_;  // a_ from its end on
   // The equations of a gap: the lower half of a matrix, a column after the other, and its right

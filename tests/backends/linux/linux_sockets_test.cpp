@@ -13,7 +13,7 @@ using namespace std::chrono;
 
 constexpr int kSliceMs = 20, kSilenceMs = 300, kWholeMs = 900;
 
-TEST(LinuxSockets, ASilentMachineIsGivenUpInSlicesAndATalkativeOneToo) {
+TEST(LinuxSockets, AClosedPortRefusesAndASilentMachineIsGivenUpInSlicesAsIsATalkativeOne) {
   LinuxSockets sockets{SocketPatience{kSliceMs, kSilenceMs, kWholeMs}};
   milliseconds longest{0};  // longest single call
   const auto repeat = [&](const std::function<int()>& call) {
@@ -24,7 +24,12 @@ TEST(LinuxSockets, ASilentMachineIsGivenUpInSlicesAndATalkativeOneToo) {
       if (result != kNochNicht) return result;
     }
   };
-  SocketAdresse to{2, 0, 0};
+  SocketAdresse to{2, sockets.Htons(CddbServer(0).Port()), sockets.inet_addr("127.0.0.1")};
+  const int refused = sockets.socket();
+  EXPECT_EQ(repeat([&] { return sockets.connect(refused, to); }), kSocketFehler);
+  EXPECT_EQ(sockets.WSAGetLastError(), ECONNREFUSED);
+  sockets.closesocket(refused);
+  EXPECT_EQ(repeat([&] { return sockets.gethostbyname("no.invalid", to.Adresse); }), kSocketFehler);
   ASSERT_EQ(repeat([&] { return sockets.gethostbyname("localhost", to.Adresse); }), 0);
   EXPECT_EQ(sockets.inet_ntoa(to.Adresse), "127.0.0.1");
   CddbServer silent, talkative;
