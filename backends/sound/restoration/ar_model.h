@@ -25,12 +25,20 @@ class ArModel {
 
   void Fit(const float* sound, std::size_t length);
 
-  // The prediction errors of the piece that Fit saw last, or of any other one through Filter: of
-  // sample n from the Order() samples before it, and from those behind it. Towards the two ends,
-  // where fewer samples are left, the prediction is of a lower order and so the error greater.
+  // The prediction errors of the piece that Fit saw last: of sample n from the Order() samples
+  // before it, and from those behind it. Towards the two ends, where fewer samples are left, the
+  // prediction is of a lower order and so the error greater.
   const float* Forward() const { return forward_.data(); }
   const float* Backward() const { return backward_.data(); }
-  void Filter(const float* sound, std::size_t length);
+  // Makes them the errors of a piece that differs from that one in [first, first + count) alone, by
+  // what is added to it there. Near an end the errors are those of the whole order.
+  void Add(const float* difference, std::size_t first, std::size_t count, std::size_t length);
+
+  // What a single sample of damage would have to be to explain the errors that follow it, times the
+  // root of the energy of the model: as great as the errors on the average, but greater where there
+  // is damage, the more the less even the spectrum is, and smaller where a sound begins.
+  void Match(std::size_t length);
+  const float* Matched() const { return matched_.data(); }
 
   // Puts into sound[first, first + count) what makes the prediction errors from `first` on least.
   // `first` is at least Order(), `count` at most kLongestGap. What follows the gap counts as far as
@@ -40,21 +48,27 @@ class ArModel {
   double Before() const { return before_; }  // the error's energy before the last Fill
   double Behind() const { return behind_; }  // of it, behind the gap
 
+  // Looks at gaps from `first` on, of each length up to `count`, and changes nothing. After that
+  // Taken()[i] is the energy that sample i of the gap takes off the error when it is replaced
+  // together with those before it.
+  void Look(const float* sound, std::size_t first, std::size_t count, std::size_t length);
+  const double* Taken() const { return taken_.data(); }
+
  private:
-  void Errors(const float* sound, std::size_t first, std::size_t rows);
-  void Equations(std::size_t count, std::size_t rows);
-  void Solve(std::size_t count);
+  void Errors(const float* sound, std::size_t first);
+  void Equations(std::size_t count);
+  void Factor(std::size_t count);
 
   const std::size_t order_;
+  std::size_t rows_ = 0;  // errors that a gap has an effect on
   double before_ = 0, behind_ = 0;
-  std::vector<float> forward_, backward_;
-  std::vector<float> reflection_;
-  std::vector<double> a_;          // error = sum of a_[k] * sample[n - k], a_[0] = 1
+  std::vector<float> forward_, backward_, matched_, taps_;
+  std::vector<double> a_;          // error = sum of a_[k] * sample[n - k], a_[0] = 1, then zeros
   std::vector<double> backwards_;  // a_ from its end on
-  // The equations of a gap, of which only the band up to the order beside the diagonal is not 0.
-  std::vector<std::vector<double>> band_;
-  std::array<double, kLongestGap> gap_{};
-  std::vector<double> errors_;
+  // The equations of a gap: the lower half of a matrix, a column after the other, and its right
+  // side, which Factor divides by the matrix's root.
+  std::vector<double> matrix_, gap_, taken_;
+  std::vector<double> around_, errors_, alike_;
 };
 
 }  // namespace vantora

@@ -1,7 +1,13 @@
 #include "backends/sound/restoration/click_filter.h"
 
+#include "backends/sound/edits/vector_unit.h"
+
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
+#include <limits>
+#include <numeric>
 
 namespace vantora {
 
@@ -10,15 +16,29 @@ namespace {
 constexpr float kMedianOfNormal = 0.6745F;  // of the magnitudes, in standard deviations
 constexpr float kLeastError = 0.5F;         // what counts as usual in silence, in 16-bit units
 constexpr float kEdgeOfDamage = 0.45F;      // of the limit: where damage that was found ends
-constexpr float kTrace = 0.3F;      // of the error's energy, which music leaves and damage does not
+constexpr float kTrace = 0.25F;     // of the error's energy, which music leaves and damage does not
 constexpr std::size_t kShort = 24;  // longer gaps could take on any shape, and must fit better
 constexpr float kLongTrace = 0.1F;
-constexpr std::size_t kNear = 24;  // samples between gaps that belong together
+constexpr std::size_t kAround = 300;  // samples on each side to which a gap is compared
+constexpr std::size_t kNear = 24;     // samples between gaps that belong together
 // Damage is added to what was there, so its error goes on behind it as far as the model reaches. A
 // pulse drives what follows, so the error ends with it. The error that a replacement may leave at
 // most, in parts of the one behind the gap; and that of the short model, before the long one is
 // asked.
 constexpr double kPulse = 0.75, kLongPulse = 1.5;
+constexpr double kLeastTail = 6;  // by which it must be less at least, in usual energies
+// What a replacement takes off the error at least, in energies of the limit: alone, where pulses
+// were heard, and for each sample beyond a few. For the long model see Measure.
+constexpr double kSure = 1.5, kSureOfPulse = 12, kSureOfEach = 0.5;
+constexpr std::size_t kFew = 3;
+// What it leaves, in usual energies of as many errors: chance, damage beside it, and too much.
+constexpr double kChance = 1.6, kLongChance = 1.3, kMostLeft = 20;
+constexpr double kLittle = 0.03;  // of the error, whatever else is in it
+// The least share of what a replacement takes off that must lie within the gap, for each sample
+// beyond a few. With less, the damage is behind the gap.
+constexpr double kElsewhere = 0.001;
+constexpr double kLongSureOfEach = 0.2;
+constexpr double kNeeded = 20;  // of usual energies: what a sample at an end of a gap must take off
 constexpr std::size_t kHidesEnd = 13;  // samples from which on damage may have a soft end
 constexpr double kWorth = 3;
 constexpr int kWideRounds = 2;
@@ -37,6 +57,27 @@ std::size_t MarginOf(ClickFilter::Damage damage) {  // samples that are seen, bu
   return damage == ClickFilter::Damage::kClicks ? 384 : 128;
 }
 
+// The median of magnitudes, of at most kMost numbers, a thousandth too small at most: bit for bit
+// the greatest number below which no more than half of them lie. Positive floats are in the order
+// of their bits.
+constexpr std::size_t kMost = 128;
+VANTORA_VECTOR_UNIT float Median(const float* numbers, std::size_t count) {
+  constexpr int kHighest = 30, kLowest = 13;
+  std::array<std::int32_t, kMost> bits{};
+  for (std::size_t i = 0; i < kMost; ++i) {
+    bits[i] = i < count ? std::bit_cast<std::int32_t>(std::abs(numbers[i]))
+                        : std::numeric_limits<std::int32_t>::max();
+  }
+  std::int32_t median = 0;
+  for (int bit = kHighest; bit >= kLowest; --bit) {
+    const std::int32_t more = median | std::int32_t{1} << bit;
+    std::int32_t below = 0;
+    for (std::size_t i = 0; i < kMost; ++i) below += bits[i] < more ? 1 : 0;
+    if (below <= static_cast<std::int32_t>(count / 2)) median = more;
+  }
+  return std::bit_cast<float>(median);
+}
+
 }  // namespace
 
 ClickFilter::ClickFilter(Damage damage)
@@ -48,7 +89,6 @@ ClickFilter::ClickFilter(Damage damage)
       repaired_(kLongest),
       forward_(kLongest),
       error_(kLongest),
-      sorted_(kStretch),
       limit_(kLongest),
       up_(kLongest),
       down_(kLongest) {
@@ -96,9 +136,9 @@ void ClickFilter::Take(const float* sound, std::size_t count, const float* follo
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
-    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1};
+    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400};
   }
-  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4};
+  return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4, 50};
 }
 
 void ClickFilter::Work() {
@@ -110,7 +150,7 @@ void ClickFilter::Work() {
     FillAll(model_);
     model_.Fit(repaired_.data() + base_, total);
     MeasureStretches(model_);
-    model_.Filter(heard_.data() + base_, total);
+    HearGaps();
     before_ = gaps_;
     Search(model_);
     const bool same = gaps_.size() == before_.size() &&
@@ -133,10 +173,22 @@ void ClickFilter::Work() {
     Repair(model_);
 }
 
+// From the errors of the repaired piece to those of the piece as it came.
+void ClickFilter::HearGaps() {
+  std::array<float, ArModel::kLongestGap> difference{};
+  for (const Gap& gap : gaps_) {
+    for (std::size_t i = 0; i < gap.Count; ++i) {
+      difference[i] = heard_[gap.First + i] - repaired_[gap.First + i];
+    }
+    model_.Add(difference.data(), gap.First - base_, gap.Count, length_ - base_);
+  }
+}
+
 // Damage in the middle of a period's edge hides it, and a short model would smooth the edge away
 // with the damage. A long one knows the edge from the periods around.
 void ClickFilter::WorkOnHarmonics() {
   const std::size_t total = length_ - base_;
+  shortLimit_ = stretchLimit_;
   FillAll(model_);
   for (int round = 0; round < kLongRounds; ++round) {
     long_.Fit(repaired_.data() + base_, total);
@@ -193,10 +245,7 @@ void ClickFilter::MeasureStretches(const ArModel& model) {
   for (; count * kStretch < total; ++count) {
     const std::size_t from = total < kStretch ? 0 : std::min(count * kStretch, total - kStretch);
     const std::size_t size = std::min(kStretch, total);
-    for (std::size_t i = 0; i < size; ++i) sorted_[i] = std::abs(forward[from + i]);
-    const auto middle = sorted_.begin() + static_cast<std::ptrdiff_t>(size / 2);
-    std::nth_element(sorted_.begin(), middle, sorted_.begin() + static_cast<std::ptrdiff_t>(size));
-    usual_[count] = std::max(*middle / kMedianOfNormal, kLeastError);
+    usual_[count] = std::max(Median(forward + from, size) / kMedianOfNormal, kLeastError);
   }
   const auto middle = [](float a, float b, float c) {
     return std::max(std::min(a, b), std::min(std::max(a, b), c));
@@ -213,15 +262,16 @@ void ClickFilter::MeasureStretches(const ArModel& model) {
   }
 }
 
-void ClickFilter::Search(const ArModel& model) {
+void ClickFilter::Search(ArModel& model) {
   const std::size_t total = length_ - base_, first = begin_ - base_;
-  const std::size_t last = std::min(end_, length_ - std::min(length_, model_.Order())) - base_;
+  const std::size_t last = std::max(base_, length_ - std::min(length_, model_.Order())) - base_;
   std::copy_n(model.Forward(), total, forward_.begin());
   const float* const backward = model.Backward();
   for (std::size_t i = 0; i < total; ++i) {
     error_[i] = std::min(std::abs(forward_[i]), std::abs(backward[i]));
     limit_[i] = stretchLimit_[i / kStretch];
   }
+  AddMatches(model);
   if (&model == &model_) SparePeriods();
   gaps_.clear();
   std::size_t from = first;                   // where a gap may begin
@@ -238,12 +288,48 @@ void ClickFilter::Search(const ArModel& model) {
     Extend(gap, from, measure_.Bridge);
     from = gap.End();
     i = from - 1;
+    const bool narrowed = gap.Count > measure_.Longest && Narrow(gap, model);
     clusterTotal += gap.Count;
-    if (gap.Count > measure_.Longest) continue;
+    if (gap.Count > measure_.Longest && !narrowed) continue;
     gap.First += base_;
     gaps_.push_back(gap);
   }
   closeCluster();
+}
+
+// Damage whose single errors lie below the limit shows in what all of them say together. The match
+// of great damage has hills beside it, so only the highest place within the model's reach counts.
+void ClickFilter::AddMatches(ArModel& model) {
+  const std::size_t total = length_ - base_, reach = model_.Order();
+  model.Match(total);
+  const float* const matched = model.Matched();
+  for (std::size_t i = 0; i < total; ++i) {
+    const float match = std::abs(matched[i]);
+    if (match <= limit_[i] || match <= error_[i]) continue;
+    bool highest = true;
+    const std::size_t end = std::min(i + reach + 1, total);
+    for (std::size_t j = i - std::min(i, reach); j < end && highest; ++j) {
+      highest = std::abs(matched[j]) <= match;
+    }
+    if (highest) error_[i] = match;
+  }
+}
+
+// Crackle beside the edge of a period looks longer than crackle is. Its own place is where the
+// match is highest.
+bool ClickFilter::Narrow(Gap& gap, const ArModel& model) const {
+  if (damage_ != Damage::kCrackle) return false;
+  constexpr std::size_t kBeside = 2;
+  const auto match = [&](std::size_t i) { return std::abs(model.Matched()[i]); };
+  std::size_t peak = gap.First;
+  for (std::size_t i = gap.First; i < gap.End(); ++i) {
+    if (match(i) > match(peak)) peak = i;
+  }
+  if (match(peak) <= limit_[peak]) return false;
+  const std::size_t end = std::min(gap.End(), peak + kBeside + 1);
+  gap.First = std::max(gap.First, peak - std::min(peak, kBeside));
+  gap.Count = end - gap.First;
+  return true;
 }
 
 // Damage goes on as long as the limit is exceeded again soon, and a little farther, as long as the
@@ -328,36 +414,103 @@ void ClickFilter::Repair(ArModel& model) {
   if (&model == &model_) FillAll(model);
   std::copy_n(heard_.begin() + static_cast<std::ptrdiff_t>(base_), begin_ - base_,
               repaired_.begin() + static_cast<std::ptrdiff_t>(base_));
-  std::size_t end = end_, replaced = 0;
+  // Gaps behind `end_` are filled as well, so that they don't spoil the errors of those before
+  // them.
+  std::size_t replaced = 0;
   for (Gap gap : gaps_) {
-    if (gap.First >= replaced && Replaced(model, gap)) replaced = gap.End();
+    if (gap.First >= replaced && gap.First < end_ && Replaced(model, gap)) replaced = gap.End();
   }
-  end = std::max(end, replaced);
-  end_ = end;
+  end_ = std::max(end_, replaced);
 }
 
-// Replaces a gap if that takes away all of the error but a share.
+void ClickFilter::Damaged(const Gap& gap) {
+  const auto first = static_cast<std::ptrdiff_t>(gap.First);
+  std::copy_n(heard_.begin() + first, gap.Count, repaired_.begin() + first);
+}
+
+// Fills a gap that is damaged so far.
+ClickFilter::Errors ClickFilter::Filled(ArModel& model, const Gap& gap) {
+  Damaged(gap);
+  const double left =
+      double{model.Fill(repaired_.data() + base_, gap.First - base_, gap.Count, length_ - base_)};
+  const std::size_t stretch = (gap.First - base_) / kStretch;
+  const bool other = &model == &model_ && &model != working_;
+  const double limit = double{other ? shortLimit_[stretch] : stretchLimit_[stretch]};
+  const double usual = limit / double{measure_.Times};
+  return {model.Before(), left * model.Before(), model.Behind(), limit * limit, usual * usual};
+}
+
+// Replaces a gap if the errors speak for damage that was added to the music.
 bool ClickFilter::Replaced(ArModel& model, Gap& gap) {
+  working_ = &model;
   const bool brief = &model == &model_;
   const bool pulses = sincePulse_ < kRecently;
+  const Gap whole = gap;
   if (brief && !pulses && damage_ == Damage::kClicks) FindEnd(gap);
-  const auto damaged = heard_.begin() + static_cast<std::ptrdiff_t>(gap.First);
-  const auto place = repaired_.begin() + static_cast<std::ptrdiff_t>(gap.First);
-  const auto fill = [&](ArModel& by) {
-    std::copy_n(damaged, gap.Count, place);
-    return by.Fill(repaired_.data() + base_, gap.First - base_, gap.Count, length_ - base_);
-  };
-  const double limit = double{stretchLimit_[(gap.First - base_) / kStretch]};
-  const float trace = brief && gap.Count > kShort ? kLongTrace : kTrace;
-  bool replaced = brief || fill(model_) * model_.Before() <= kLongPulse * model_.Behind();
-  if (replaced) {
-    const float left = fill(model);
-    replaced = left <= trace &&
-               (!brief || !pulses || left * model.Before() <= kPulse * model.Behind()) &&
-               (brief || model.Before() >= 4 * limit * limit) && Loud(gap) && Plausible(gap);
+  Trim(model, gap);
+  bool replaced = gap.Count <= measure_.Longest;
+  if (replaced && !brief) {
+    const Errors errors = Filled(model_, gap);
+    replaced = Drives(errors, model_, kLongPulse);
   }
-  if (!replaced) std::copy_n(damaged, gap.Count, place);
+  if (replaced) {
+    const Errors errors = Filled(model, gap);
+    replaced = Fits(errors, model, gap) && Plausible(gap) && Loud(gap) &&
+               (!pulses || (Drives(errors, model, kPulse) &&
+                            errors.Behind - errors.Left >= kLeastTail * errors.Usual));
+  }
+  if (!replaced) Damaged(gap);
+  for (std::size_t i = whole.First; i < whole.End(); ++i) {
+    if (i < gap.First || i >= gap.End()) repaired_[i] = heard_[i];
+  }
   return replaced;
+}
+
+// Damage takes most of the error along, or all but chance, and more than chance can make.
+bool ClickFilter::Fits(const Errors& errors, const ArModel& model, const Gap& gap) const {
+  const bool brief = &model == &model_, pulses = sincePulse_ < kRecently;
+  const double chance = errors.Usual * static_cast<double>(gap.Count + model.Order());
+  const double trace = double{brief && gap.Count > kShort ? kLongTrace : kTrace};
+  const bool explained =
+      errors.Left <= kLittle * errors.Before ||
+      (errors.Left <= trace * errors.Before && errors.Left <= kMostLeft * chance) ||
+      (gap.Count <= kShort && errors.Left <= (brief ? kChance : kLongChance) * chance);
+  const double beyond = static_cast<double>(gap.Count - std::min(gap.Count, kFew));
+  const double sure = !brief ? measure_.LongSure * (1 + std::min(kLongSureOfEach * beyond, 4.0))
+                             : (pulses ? kSureOfPulse : kSure) + kSureOfEach * beyond;
+  const double taken = errors.Before - errors.Left;
+  const bool here = errors.Behind - errors.Left <= (1 - kElsewhere * beyond) * taken;
+  return explained && here && taken >= sure * errors.Limit;
+}
+
+// Whether the error goes on behind the gap as that of damage does. The usual errors of the music
+// are there in any case.
+bool ClickFilter::Drives(const Errors& errors, const ArModel& model, double share) {
+  const double usual = errors.Usual * static_cast<double>(model.Order());
+  return errors.Left <= share * errors.Behind + std::abs(1 - share) * usual;
+}
+
+// Takes samples off the ends of a short gap that the errors can do without.
+void ClickFilter::Trim(ArModel& model, Gap& gap) {
+  if (gap.Count > kShort) return;
+  Damaged(gap);
+  const double limit = double{stretchLimit_[(gap.First - base_) / kStretch] / measure_.Times};
+  const auto look = [&](std::size_t first, std::size_t count) {
+    model.Look(repaired_.data() + base_, first - base_, count, length_ - base_);
+    return std::accumulate(model.Taken(), model.Taken() + count, 0.0);
+  };
+  double taken = look(gap.First, gap.Count);
+  const double needed = kNeeded * limit * limit;
+  while (gap.Count > 1 && model.Taken()[gap.Count - 1] < needed) {
+    taken -= model.Taken()[--gap.Count];
+  }
+  while (gap.Count > 1) {
+    const double rest = look(gap.First + 1, gap.Count - 1);
+    if (taken - rest >= needed) break;
+    taken = rest;
+    ++gap.First;
+    --gap.Count;
+  }
 }
 
 // Loud damage hides its own soft end. Where the error stays great behind a replacement, the gap is
@@ -390,18 +543,24 @@ void ClickFilter::FindEnd(Gap& gap) {
 
 // Where the model hardly holds, an interpolation may swing up.
 bool ClickFilter::Plausible(const Gap& gap) const {
-  constexpr std::size_t kAround = 300;
-  constexpr float kMost = 1.2F, kMostLoud = 2;
-  float inside = 0, outside = 0, damaged = 0;
+  constexpr float kMost = 1.2F, kMostLoud = 2, kSwing = 20;
+  float inside = 0, outside = 0, damaged = 0, power = 0, powerHeard = 0, powerAround = 0;
   for (std::size_t i = gap.First; i < gap.End(); ++i) {
     inside = std::max(inside, std::abs(repaired_[i]));
     damaged = std::max(damaged, std::abs(heard_[i]));
+    power += repaired_[i] * repaired_[i];
+    powerHeard += heard_[i] * heard_[i];
   }
   const std::size_t from = std::max(base_, gap.First - std::min(gap.First, kAround));
   const std::size_t to = std::min(gap.End() + kAround, length_);
   for (std::size_t i = from; i < to; ++i) {
-    if (i < gap.First || i >= gap.End()) outside = std::max(outside, std::abs(repaired_[i]));
+    if (i >= gap.First && i < gap.End()) continue;
+    outside = std::max(outside, std::abs(repaired_[i]));
+    powerAround += repaired_[i] * repaired_[i];
   }
+  // Damage makes the music louder, as a rule, so its replacement is not far louder than both.
+  const float share = static_cast<float>(gap.Count) / static_cast<float>(to - from - gap.Count);
+  if (power > powerHeard && power > kSwing * share * powerAround) return false;
   // Where the damage is far louder than the replacement, that may rise a little more.
   return inside <= kMost * outside || (inside <= kMostLoud * outside && inside <= 0.6F * damaged);
 }
@@ -409,7 +568,6 @@ bool ClickFilter::Plausible(const Gap& gap) const {
 // Long damage must stand out of the music around it.
 bool ClickFilter::Loud(const Gap& gap) const {
   if (gap.Count <= kShort) return true;
-  constexpr std::size_t kAround = 300;
   constexpr float kShare = 1;
   float damage = 0;
   for (std::size_t i = gap.First; i < gap.End(); ++i) {

@@ -61,21 +61,35 @@ class ClickFilter {
     std::size_t Longest;
     std::size_t Bridge;    // good samples within damage
     std::size_t Together;  // gaps of the longest that may lie close together
+    double LongSure;       // what the long model must take off the error, in energies of the limit
+  };
+
+  struct Errors {  // energies of a gap's errors
+    double Before, Left, Behind;
+    double Limit, Usual;  // of one error
   };
 
   Measure MeasureOf(float level) const;
   void Take(const float* sound, std::size_t count, const float* follows, std::size_t following);
   void Work();
   void MeasureStretches(const ArModel& model);
-  void Search(const ArModel& model);
+  void Search(ArModel& model);
+  void AddMatches(ArModel& model);
+  bool Narrow(Gap& gap, const ArModel& model) const;
   void Extend(Gap& gap, std::size_t from, std::size_t bridge) const;
   void SparePeriods();
   bool ComesBack(std::size_t place) const;
   void WorkOnHarmonics();
   void Unite();
   void FillAll(ArModel& model);
+  void HearGaps();
   void Repair(ArModel& model);
   bool Replaced(ArModel& model, Gap& gap);
+  void Damaged(const Gap& gap);
+  Errors Filled(ArModel& model, const Gap& gap);
+  bool Fits(const Errors& errors, const ArModel& model, const Gap& gap) const;
+  static bool Drives(const Errors& errors, const ArModel& model, double share);
+  void Trim(ArModel& model, Gap& gap);
   void FindEnd(Gap& gap);
   bool Loud(const Gap& gap) const;
   bool Plausible(const Gap& gap) const;
@@ -94,10 +108,10 @@ class ClickFilter {
   // The piece that is being worked on, within the above.
   std::size_t base_ = 0, length_ = 0, begin_ = 0, end_ = 0;
   std::vector<float> forward_, error_;  // the forward error, the lesser of both predictions'
-  std::vector<float> sorted_;
-  std::array<float, kStretches> usual_{}, stretchLimit_{};
-  std::vector<float> limit_;      // for each sample
-  std::vector<float> up_, down_;  // the greatest errors near it, of either sign
+  std::array<float, kStretches> usual_{}, stretchLimit_{}, shortLimit_{};
+  const ArModel* working_ = nullptr;  // to which stretchLimit_ belongs
+  std::vector<float> limit_;          // for each sample
+  std::vector<float> up_, down_;      // the greatest errors near it, of either sign
   std::vector<Gap> gaps_, before_;
 };
 

@@ -1,5 +1,7 @@
 #include "backends/sound/restoration/denoiser.h"
 
+#include "backends/sound/edits/vector_unit.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -20,6 +22,34 @@ float Quarter(std::size_t part, std::size_t whole) {  // 0 to 1, a quarter of a 
                   static_cast<float>(whole));
 }
 
+float Least(float noise) {
+  return noise > 1e-3F ? noise : 1e-3F;
+}
+
+float More(float a, float b) {
+  return a > b ? a : b;
+}
+
+// The gain of each bin by its noise, its power and how far the bins around it rise, and with the
+// music found in the spectrum before, of which it makes that found now.
+VANTORA_VECTOR_UNIT void Gains(const float* __restrict noise, const float* __restrict power,
+                               const float* __restrict rise, float least, float* __restrict music,
+                               float* __restrict gain, std::size_t count) {
+  for (std::size_t k = 0; k < count; ++k) {
+    const float usual = kExcess * Least(noise[k]), now = power[k] / usual;
+    const float part = (rise[k] - kRise) / kRisen, begun = part < 1 ? part : 1;
+    const float begins = More(begun, 0);
+    const float found = More(now - 1, 0);
+    const float followed = kKeep * music[k] / usual + (1 - kKeep) * found;
+    const float sudden = begins * More(found, rise[k] - 1);
+    const float ratio = More(More(followed, sudden), kLeastRatio);
+    float wiener = ratio / (1 + ratio);
+    music[k] = wiener * wiener * power[k];
+    wiener += begins * (std::sqrt(wiener) - wiener);  // a beginning is short within its spectrum
+    gain[k] = noise[k] > 0 ? least + (1 - least) * wiener : 1;
+  }
+}
+
 }  // namespace
 
 Denoiser::Denoiser()
@@ -34,6 +64,7 @@ Denoiser::Denoiser()
       imaginary_(kBins),
       power_(kBins),
       around_(kBins + 1),
+      rise_(kBins),
       gain_(kBins),
       music_(kBins) {
   for (std::size_t i = 0; i < kSpan; ++i) {
@@ -123,22 +154,13 @@ void Denoiser::Listen(const float* newest) {
 void Denoiser::FindGains(float least) {
   const float* const noise = floor_.Power();
   around_[0] = 0;  // sums of ratios up to each bin
+  for (std::size_t k = 0; k < kBins; ++k) rise_[k] = power_[k] / Least(noise[k]);
+  for (std::size_t k = 0; k < kBins; ++k) around_[k + 1] = around_[k] + rise_[k];
   for (std::size_t k = 0; k < kBins; ++k) {
-    around_[k + 1] = around_[k] + power_[k] / std::max(noise[k], 1e-3F);
-  }
-  for (std::size_t k = 0; k < kBins; ++k) {
-    const float usual = kExcess * std::max(noise[k], 1e-3F), now = power_[k] / usual;
     const std::size_t low = k - std::min(k, kAround), high = std::min(k + kAround + 1, kBins);
-    const float rise = (around_[high] - around_[low]) / static_cast<float>(high - low);
-    const float begins = std::clamp((rise - kRise) / kRisen, 0.0F, 1.0F);
-    const float found = std::max(now - 1, 0.0F);
-    const float followed = kKeep * music_[k] / usual + (1 - kKeep) * found;
-    const float ratio = std::max({followed, begins * std::max(found, rise - 1), kLeastRatio});
-    float wiener = ratio / (1 + ratio);
-    music_[k] = wiener * wiener * power_[k];
-    wiener += begins * (std::sqrt(wiener) - wiener);  // a beginning is short within its spectrum
-    gain_[k] = noise[k] > 0 ? least + (1 - least) * wiener : 1;
+    rise_[k] = (around_[high] - around_[low]) / static_cast<float>(high - low);
   }
+  Gains(noise, power_.data(), rise_.data(), least, music_.data(), gain_.data(), kBins);
 }
 
 }  // namespace vantora

@@ -56,7 +56,7 @@ class Denoiser {
   std::size_t next_ = kHop;   // where the next spectrum ends, from the piece on
   bool stale_ = true;         // what has been put together is not of this sound
   std::size_t loud_ = 0;      // samples since the last digital silence
-  std::vector<float> time_, real_, imaginary_, power_, around_, gain_, music_;
+  std::vector<float> time_, real_, imaginary_, power_, around_, rise_, gain_, music_;
 };
 
 }  // namespace vantora

@@ -1,4 +1,6 @@
-// A thread that does half of a job while the caller does the other half.
+// A thread that does half of a job while the caller does the other half. Where all processors are
+// busy, the thread may not have begun by the time at which the caller is done: then the caller does
+// both halves, so that no job waits for a processor.
 #pragma once
 
 #include <atomic>
@@ -21,7 +23,8 @@ class SideThread {
  private:
   void Run();
 
-  const std::function<void()>* job_ = nullptr;  // null: the thread ends
+  std::atomic<const std::function<void()>*> job_ = nullptr;  // that nobody has begun
+  std::atomic<bool> ends_ = false;
   std::atomic<unsigned> asked_ = 0, done_ = 0;  // jobs
   std::thread thread_;
 };
