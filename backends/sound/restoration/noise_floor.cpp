@@ -18,6 +18,7 @@ constexpr std::size_t kNarrowest = 16;   // bins
 constexpr float kWatch = 0.3F;           // seconds for which a hiss is steady
 constexpr float kSteady = 10;            // the range of a single bin; less in wider bands
 constexpr float kMostSpread = 1.6F;      // of the mean to that of noise with the same quantile
+constexpr float kLoose = 1.5F;           // of the steepness of a hiss that was heard alone
 constexpr float kNearlyAll = 0.8F;       // of the bands
 
 }  // namespace
@@ -74,17 +75,21 @@ void NoiseFloor::Watch(Band& band, const float* power) {
 
 // Ends a look at steadiness.
 void NoiseFloor::TakeOver() {
-  std::size_t steady = 0;
-  for (const Band& band : bands_) {
+  const auto isSteady = [](const Band& band) {
     const float most = 1 + kSteady / std::sqrt(static_cast<float>(band.Count));
-    steady += band.High < most * band.Low && band.Spread < kMostSpread * band.Sum;
-  }
+    return band.High < most * band.Low && band.Spread < kMostSpread * band.Sum;
+  };
+  const auto steady = std::count_if(bands_.begin(), bands_.end(), isSteady);
   const bool hiss = static_cast<float>(steady) >= kNearlyAll * static_cast<float>(bands_.size());
   for (Band& band : bands_) {
     if (!hiss) break;
     const float mean = 1 + kMinimumOfBin / std::sqrt(static_cast<float>(band.Count));
     band.Level = band.Sum / static_cast<float>(looks_);
     band.Least.fill(band.Level / mean);
+  }
+  for (std::size_t i = 0; hiss && i + 1 < bands_.size(); ++i) {
+    Band& band = bands_[i];
+    band.Steepest = isSteady(band) ? kLoose * band.Level / bands_[i + 1].Level : 0;
   }
   looks_ = 0;
   watched_ = 0;
@@ -100,13 +105,16 @@ float NoiseFloor::Quantile(const Band& band, const float* power) {
 }
 
 // From the bands to the bins. Where the low harmonics of music leave no gap, the bands above tell
-// how strong hiss can be: it does not rise downwards by more than 3 dB an octave.
+// how strong hiss can be: it does not rise downwards by more than 3 dB an octave, unless it was
+// heard to do so where nothing else sounded. That of records does, and that of radio and tapes has
+// an end.
 void NoiseFloor::Spread() {
   const auto middle = [](const Band& band) {
     return static_cast<float>(band.First) + 0.5F * static_cast<float>(band.Count);
   };
   for (std::size_t i = bands_.size() - 1; i-- > 0;) {
-    const float steepest = middle(bands_[i + 1]) / middle(bands_[i]);
+    const float usual = middle(bands_[i + 1]) / middle(bands_[i]);
+    const float steepest = std::max(usual, bands_[i].Steepest);
     bands_[i].Level = std::min(bands_[i].Level, steepest * bands_[i + 1].Level);
   }
   std::size_t upper = 0;

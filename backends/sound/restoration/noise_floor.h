@@ -34,6 +34,7 @@ class NoiseFloor {
     float Smooth = 0;
     std::array<float, kPeriods> Least{};  // of each period; the newest at period_
     float Level = 0;
+    float Steepest = 0;  // of a hiss that was heard alone: its level to that of the band above
     // Of the look at steadiness: the range and the sum of Smooth, and of the mean to it.
     float Low = 0, High = 0, Sum = 0, Spread = 0;
   };

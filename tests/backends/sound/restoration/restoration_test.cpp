@@ -214,6 +214,21 @@ TEST(Restoration, WhereBuffersMeetIsNotHeardEvenWhenTheLevelMoves) {
   }
 }
 
+TEST(Restoration, HissOfRadioAndRecordsGoesDownAsWhiteNoiseDoes) {
+  const Sound white = Noise(3 * kRate, 1e5, 14);
+  Sound record = white, radio = white;  // falling by 6 dB an octave; without its treble
+  for (std::size_t i = 1; i < white.size(); ++i) {
+    record[i] = record[i - 1] + 0.07 * (white[i] - record[i - 1]);
+  }
+  for (int pass = 0; pass < 24; ++pass) {
+    for (std::size_t i = radio.size(); --i > 0;) radio[i] = 0.5 * (radio[i] + radio[i - 1]);
+  }
+  for (const Sound& hiss : {white, record, radio}) {
+    const Sound left = Through(kDenoise, hiss, At(0.2F));
+    EXPECT_LT(Db(Power(left, kRate, hiss.size()) / Power(hiss, kRate, hiss.size())), -12);
+  }
+}
+
 // A track that was cut out of a concert joins the next one.
 TEST(Restoration, TheLastSamplesOfACutTrackAreThoseOfTheWholeConcert) {
   const Sound concert = Music("piano", 2 * kRate, 3) + Noise(2 * kRate, 100, 13);
