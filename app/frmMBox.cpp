@@ -59,10 +59,13 @@ void frmMBox::Vorbereiten(const Text& text, int flags, const Text& titel, bool n
     case 1:
     case 64:
     case kErfolg:
+    case kAuskunft:
       KnopfZeigen(2, true);
       KnopfZeigen(0, false);
       KnopfZeigen(1, false);
-      imgBoxType.Picture = flags == kErfolg ? L"MBOXERFOLG" : L"MBOXAUSRUF";
+      imgBoxType.Picture = flags == kErfolg     ? L"MBOXERFOLG"
+                           : flags == kAuskunft ? L"MBOXAUSKUNFT"
+                                                : L"MBOXAUSRUF";
       break;
     case 4:
     case 36:

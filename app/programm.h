@@ -55,7 +55,8 @@ enum MeldungsArt : int {
   kFrage = 36,
   kWarnung = 48,
   kHinweis = 64,
-  kErfolg = 128,  // one button, and the sign of success
+  kErfolg = 128,    // one button, and the sign of success
+  kAuskunft = 256,  // one button, and the sign of information
 };
 enum Antwort : int { kJa = 6, kNein = 7 };
 

@@ -28,6 +28,11 @@ vantora::frmKomponenten& BrennEreignisse::Komponenten() const {
   return prog.frmKomponenten();
 }
 
+// For the events after which the run goes on or ends: it must do so without a trace, too.
+void BrennEreignisse::Spur(const Text& wo, const Text& was) {
+  Weiter([&] { prog.AppLog(wo, was); });
+}
+
 void BrennEreignisse::MCD_ActTrack(int track) {
   Komponenten().AktTrack = Ganz16(track);
   prog.AppLog(L"MCD_ActTrack", L"ChangeToTrack:" + ZahlText(track));
@@ -41,7 +46,9 @@ void BrennEreignisse::MCD_TrackPercent(int percent) {
     prog.plattform.schleife.MousePointer(Pointer::ArrowHourglass);
     f.Window.Enabled = true;
   });
-  if (prog.frmCDBrennen().ModusTAO) {
+  if (Komponenten().Vergleich) {
+    VergleichZeigen(L" (" + ZahlText(percent) + L"%)");
+  } else if (prog.frmCDBrennen().ModusTAO) {
     ProzentTAO(percent);
   } else {
     ProzentDAO(percent);
@@ -199,28 +206,32 @@ void BrennEreignisse::MCD_Verify(int track, int state) {
   if (state == kMcdVerifyBegins) {
     prog.plattform.schleife.MousePointer(Pointer::ArrowHourglass);
     if (!prog.frmSchreibFortschritt.Geladen()) return;
-    vantora::frmSchreibFortschritt& f = prog.frmSchreibFortschritt();
-    f.Window.Enabled = true;
-    f.lblSonstiges.Caption = prog.Text(30129) + ZahlText(track);
-    return;
+    Komponenten().AktTrack = Ganz16(track);
+    prog.frmSchreibFortschritt().Window.Enabled = true;
+    return VergleichZeigen(L"");
   }
   const Text ergebnis = state == kMcdVerifySame      ? L"same"
                         : state == kMcdVerifyDiffers ? L"different"
                                                      : L"failed";
-  prog.AppLog(L"MCD_Verify", L"Track:" + ZahlText(track) + L" Result:" + ergebnis);
+  Spur(L"MCD_Verify", L"Track:" + ZahlText(track) + L" Result:" + ergebnis);
   if (state != kMcdVerifySame) Komponenten().Abweichungen.emplace_back(track, state);
+}
+
+void BrennEreignisse::VergleichZeigen(const Text& anteil) {
+  prog.frmSchreibFortschritt().lblSonstiges.Caption =
+      prog.Text(30129) + ZahlText(Komponenten().AktTrack) + anteil;
 }
 
 void BrennEreignisse::MCD_BurningProcessComplete(int success) {
   prog.plattform.schleife.MousePointer(Pointer::Normal);
   if (prog.frmSchreibFortschritt.Geladen()) prog.frmSchreibFortschritt().Window.Enabled = true;
-  prog.AppLog(L"MCD_BurningProcessCompletet", L"Success:" + ZahlText(success));
+  Spur(L"MCD_BurningProcessCompletet", L"Success:" + ZahlText(success));
   Komponenten().BrennLaeuft = false;
   Komponenten().Vergleich = false;
 }
 
 void BrennEreignisse::MCD_UserStop() {
-  prog.AppLog(L"MCD_UserStop", L"User cancel burn process!");
+  Spur(L"MCD_UserStop", L"User cancel burn process!");
   MCD_BurningProcessComplete(0);
 }
 
@@ -229,7 +240,7 @@ void BrennEreignisse::MCD_Failure(int code, const Text& /*text*/) {
   if (code == kFehlerOhneDisc) MCD_BurningProcessComplete(0);
   prog.frmMBox.Entladen();
   schleife.MousePointer(Pointer::Normal);
-  prog.AppLog(L"MCD_Failure", L"!!!!");
+  Spur(L"MCD_Failure", L"!!!!");
   prog.MsgBoxen(prog.Text(9004) + ZahlText(code) + L"\r" + prog.Text(9010), kOk);
   schleife.MousePointer(Pointer::Hourglass);
   schleife.Sleep(kFehlerPauseMs);
@@ -241,7 +252,7 @@ void BrennEreignisse::MCD_Failure(int code, const Text& /*text*/) {
 
 void BrennEreignisse::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, int /*fourth*/,
                                      const Text& text) {
-  prog.AppLog(L"MCD_ScsiEvents", L"");
+  Spur(L"MCD_ScsiEvents", L"");
   prog.MsgBoxen(prog.Text(9005) + kZeilenEnde + prog.Text(9002) + ZahlText(code) + kZeilenEnde +
                     prog.Text(9003) + text,
                 kOk);
@@ -250,7 +261,7 @@ void BrennEreignisse::MCD_ScsiEvents(int /*first*/, int /*second*/, int code, in
 }
 
 void BrennEreignisse::MCD_ASPIEvent(int code, const Text& text) {
-  prog.AppLog(L"MCD_ASPIEvent", L"Error:" + ZahlText(code));
+  Spur(L"MCD_ASPIEvent", L"Error:" + ZahlText(code));
   prog.MsgBoxen(prog.Text(9006) + ZahlText(code) + kZeilenEnde + prog.Text(9002) + ZahlText(code) +
                     prog.Text(9003) + text,
                 kOk);

@@ -29,6 +29,8 @@ class BrennEreignisse final : public BrennEmpfaenger {
 
  private:
   frmKomponenten& Komponenten() const;
+  void Spur(const Text& wo, const Text& was);
+  void VergleichZeigen(const Text& anteil);
   void ProzentTAO(int percent);
   void ProzentDAO(int percent);
   void NeuenTrackZeigen();

@@ -83,6 +83,7 @@ class frmCDBrennen final : public VtrFenster {
   void Aufraeumen();
   void Zeiger(const wchar_t* datei);
   void Melde(const Text& text);
+  void Auskunft(const Text& text);
   void Gelungen(const Text& text);
   void AblageZeigen();  // the place of the image that was made last
   bool Frage(const Text& text);

@@ -41,6 +41,10 @@ void frmCDBrennen::Melde(const Text& text) {
   Weiter([&] { prog.MsgBoxen(text, kOk, LoadResString(0)); });
 }
 
+void frmCDBrennen::Auskunft(const Text& text) {
+  Weiter([&] { prog.MsgBoxen(text, kAuskunft, LoadResString(0)); });
+}
+
 void frmCDBrennen::Gelungen(const Text& text) {
   Weiter([&] { prog.MsgBoxen(text, kErfolg, LoadResString(0)); });
 }
@@ -137,7 +141,7 @@ bool frmCDBrennen::AufDiscWarten() {
   Mcd& mcd = prog.plattform.mcd;
   for (;;) {
     meldung_ = LoadResString(prog.KatalogUeberLaenge ? 4020 : 4006);
-    Melde(meldung_);
+    prog.KatalogUeberLaenge ? Melde(meldung_) : Auskunft(meldung_);
     Window.Enabled = false;
     schleife.MousePointer(Pointer::Hourglass);
     prog.Pausieren(kEinlegeMs);
@@ -280,7 +284,11 @@ frmCDBrennen::Danach frmCDBrennen::NachDemBrennen() {
 void frmCDBrennen::ErgebnisMelden() {
   const auto& abweichungen = prog.frmKomponenten().Abweichungen;
   if (abweichungen.empty()) return Gelungen(LoadResString(4012));
-  if (abweichungen.front().first == 0) return Melde(LoadResString(30131));
+  const auto ungelesen =
+      std::count_if(abweichungen.begin(), abweichungen.end(),
+                    [](const auto& abweichung) { return abweichung.second == kMcdVerifyFailed; });
+  const bool nichts = ungelesen + 1 == static_cast<std::ptrdiff_t>(prog.BrennDateien.size());
+  if (abweichungen.front().first == 0 || nichts) return Melde(LoadResString(30131));
   Text text = LoadResString(30130);
   for (std::size_t i = 0; i < abweichungen.size(); ++i) {
     if (i == kMeisteZeilen) {
@@ -298,8 +306,8 @@ void frmCDBrennen::ErgebnisMelden() {
 frmCDBrennen::Danach frmCDBrennen::WeitereKopie() {
   ++KopieNr;
   if (KopieNr <= KopienAnzahl) {
-    Melde(LoadResString(4013) + ZahlText(KopieNr) + LoadResString(4014) + ZahlText(KopienAnzahl) +
-          LoadResString(4015));
+    Auskunft(LoadResString(4013) + ZahlText(KopieNr) + LoadResString(4014) +
+             ZahlText(KopienAnzahl) + LoadResString(4015));
     return Danach::NaechsteKopie;
   }
   if (!Frage(LoadResString(4018) + kZeilenEnde + LoadResString(4019))) return Danach::Schluss;

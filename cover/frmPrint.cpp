@@ -160,7 +160,9 @@ void frmPrint::ShowPic(int seite) {
   Lead2Container.Top = platz_.Oben + (platz_.Hoehe - Lead2Container.Height) / 2;
   for (int i = 0; i < imgControl.Count(); ++i) {
     PictureButton& knopf = imgControl(i);
-    knopf.Picture = TeilDerSeite(seite) == i ? knopf.PicturePressed : knopf.PictureReleased;
+    const bool gezeigt = TeilDerSeite(seite) == i;
+    knopf.Picture = gezeigt ? knopf.PicturePressed : knopf.PictureReleased;
+    knopf.State = gezeigt ? Lamp::On : Lamp::Off;
   }
   SeiteMalen();
   FalzeZeigen(mass);

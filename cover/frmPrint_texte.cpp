@@ -196,7 +196,7 @@ void frmPrint::Sagen() {
   for (const Beweglich& text : Texte()) {
     if (text.Schild.Tag == L"1") gewaehlt.push_back(text);
   }
-  gesagt_ = gewaehlt.empty() ? Text()
+  gesagt_ = gewaehlt.empty() ? LoadResString(30169)
             : gewaehlt.size() == 1
                 ? Beschreibung(gewaehlt.front())
                 : ZahlText(static_cast<std::int64_t>(gewaehlt.size())) + LoadResString(30167);

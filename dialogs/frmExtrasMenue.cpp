@@ -161,6 +161,8 @@ void frmExtrasMenue::KnoepfeBeschriften() {
   knopf(2, cmdShowOldLog, LoadResString(7206) + L" " + LoadResString(7207), 7409);
   knopf(3, cmdTempDirEdit, LoadResString(7208), 7410);
   knopf(4, cmdWaveDirEdit, LoadResString(7209), 7411);
+  cmdTempDirEdit.AccessibleName = LoadResString(7208) + L": " + LoadResString(7236);
+  cmdWaveDirEdit.AccessibleName = LoadResString(7209) + L": " + LoadResString(7237);
   imgHelp.ToolTipText = LoadResString(7413);
   lblBrennvorgaenge.ToolTipText = LoadResString(7415);
 }

@@ -96,6 +96,11 @@ void frmFarbe::Setzen(Color farbe) {
 void frmFarbe::MusterZeigen() {
   const Color farbe = Wahl();
   shpMuster.FillColor = farbe;
+  Text worte;
+  for (int i = 0; i < lblAnteil.Count(); ++i) {
+    worte += (i == 0 ? L"" : L", ") + lblAnteil(i).Caption() + L" " + ZahlText(sldAnteil(i).Value);
+  }
+  picFelder.AccessibleValue = worte;
   const auto gefunden = std::find(kFarben.begin(), kFarben.end(), farbe);
   feld_ = gefunden == kFarben.end() ? -1 : static_cast<int>(gefunden - kFarben.begin());
   FelderZeichnen();

@@ -38,6 +38,9 @@ std::optional<BurntDisc> OpenWritten(const std::string& device) {
   for (const CdTrack& track : disc->Toc().Tracks) burnt.Starts.push_back(track.Start);
   burnt.LeadOut = disc->Toc().LeadOut;
   burnt.Read = [disc](int sector, int count, void* target) {
+    return disc->Read(sector, count, target);
+  };
+  burnt.ReadCarefully = [disc](int sector, int count, void* target) {
     return disc->ReadCarefully(sector, count, target);
   };
   return burnt;

@@ -151,6 +151,10 @@ void frmMixer::LinieZeigen(int i, int lineID) {
   Fader(i).MuteEnabled = M(i).HasMute(lineID);
   Fader(i).Check1.Visible = Fader(i).MuteEnabled();
   Fader(i).Hinweis(LoadResString(14401) + name);
+  if (i >= kErsterEingang) {  // an output may have the same name
+    Fader(i).AccessibleName = LoadResString(14202) + L": " + LoadResString(14401) + name;
+    Fader(i).imgKnopf.AccessibleName = Fader(i).AccessibleName;
+  }
   const Text schalter = LoadResString(i < kErsterEingang ? 14204 : 14205);
   Fader(i).Check1.AccessibleName = schalter + L": " + name;
 }

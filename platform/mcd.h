@@ -25,7 +25,7 @@ enum McdVerify : int {  // values of MCD_Verify
 
 struct McdEvents {
   std::function<void(int track)> MCD_ActTrack;        // from 1
-  std::function<void(int percent)> MCD_TrackPercent;  // of the track (TAO) or of the disc (DAO)
+  std::function<void(int percent)> MCD_TrackPercent;  // of the track (TAO, compared) or disc (DAO)
   std::function<void(int code, const Text& text)> MCD_InfoMessage;
   std::function<void(int state)> MCD_StatusChange;
   std::function<void(int mode)> MCD_WriteLeadIn, MCD_WriteLeadOut;

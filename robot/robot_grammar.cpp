@@ -332,13 +332,14 @@ void ParseDisc(ScriptLine& line, Words& words) {
 void ParseWriter(ScriptLine& line, Words& words) {
   if (words.Skip(L"fail")) {
     line.Value = words.Take("what is to fail");
-    if (line.Value == L"at") {
+    if (line.Value == L"unnoticed" && !words.Skip(L"at")) words.Refuse("at is missing");
+    if (line.Value == L"at" || line.Value == L"unnoticed") {
       line.Numbers = {words.Number("a share of the disc", 0, 99)};
       if (!words.Skip(L"%")) words.Refuse("% is missing");
     } else if (line.Value == L"AddTrack") {
       line.Numbers = {words.More() ? words.Number("which track", 1, 99) : 1};
     } else if (line.Value != L"WriteTAO" && line.Value != L"WriteDAO" && line.Value != L"none") {
-      words.RefuseLast("AddTrack, WriteTAO, WriteDAO, at N % or none");
+      words.RefuseLast("AddTrack, WriteTAO, WriteDAO, at N %, unnoticed at N % or none");
     }
   } else if (words.Skip(L"not-ready")) {
     line.Value = L"not-ready";

@@ -108,6 +108,7 @@ void Writer(RobotScene& scene, const ScriptLine& line, Form* /*front*/) {
   const WriterFaults none;
   faults.RefuseTrack = line.Value == L"AddTrack" ? line.Numbers[0] : none.RefuseTrack;
   faults.FailAtPercent = line.Value == L"at" ? line.Numbers[0] : none.FailAtPercent;
+  faults.WrongAtPercent = line.Value == L"unnoticed" ? line.Numbers[0] : none.WrongAtPercent;
   faults.WriteTao = line.Value == L"WriteTAO" ? -1 : none.WriteTao;
   faults.WriteDao = line.Value == L"WriteDAO" ? -1 : none.WriteDao;
 }

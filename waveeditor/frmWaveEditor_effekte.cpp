@@ -61,7 +61,8 @@ void frmWaveEditor::EffekteEinrichten() {
     Knopf(imgEffekt(i), [this, i] { imgEffekt_MouseUp(i); });
   }
   PanelZeigen(0);
-  LEDGaterAn.Visible = LEDGaterAus.Visible = false;
+  LEDGaterAn.Visible = LEDGaterAus.Visible = false;  // each of them is shown while it is lit
+  LEDGaterAn.State = LEDGaterAus.State = Lamp::On;
 }
 
 void frmWaveEditor::ReglerEinrichten() {
@@ -464,6 +465,22 @@ void frmWaveEditor::TexteEffekte() {
 }
 
 void frmWaveEditor::HinweiseEffekte() {
+  // Names that are used by more than one effect get the name of their effect in front.
+  const auto zusatz = [](const Label& gruppe, const Label& teil,
+                         const std::vector<Control*>& felder) {
+    for (Control* feld : felder) feld->AccessibleName = gruppe.Caption() + L": " + teil.Caption();
+  };
+  zusatz(lblEqualizer, lblByPass, {&imgByPass});
+  zusatz(lblVolumePanel, lblVolumeByPass, {&imgVolumeByPass});
+  zusatz(lblHall, lblHallByPass, {&imgHallByPass});
+  zusatz(lblFlanger, lblFlangerBypass, {&imgFlangerBypass});
+  zusatz(lblFlanger, lblFlangerMix, {&slFlangerMix, &txtFlangerMix});
+  zusatz(lblFlanger, lblFlangerFeedback, {&slFlangerFeedback, &txtFlangerFeedback});
+  zusatz(lblFlanger, lblFlangerDepth, {&slFlangerDepth, &txtFlangerDepth});
+  zusatz(lblFlanger, lblFlangerRate, {&slFlangerRate, &txtFlangerRate});
+  zusatz(lblGater, lblGaterBypass, {&imgGaterBypass});
+  zusatz(lblGater, lblGaterThreshold, {&slGaterThreshold, &txtGaterThreshold});
+  zusatz(lblGater, lblGaterAttack, {&slGaterAttack, &txtGaterTime});
   const struct {
     Control& Feld;
     int Hinweis;

@@ -38,7 +38,9 @@ struct DiscOrder {
 struct BurntDisc {
   std::vector<int> Starts;  // first sectors of the tracks
   int LeadOut = 0;
-  std::function<bool(int sector, int count, void* target)> Read;
+  // Both return false when a sector cannot be read. Reading carefully takes longer, and reads a
+  // sector again until the drive returns the same twice.
+  std::function<bool(int sector, int count, void*target)> Read, ReadCarefully;
 };
 using OpenBurnt = std::function<std::optional<BurntDisc>(const std::string& device)>;
 

@@ -130,7 +130,11 @@ void DiscBurn::Verify() {
     return;
   }
   if (std::optional<BurntDisc> disc = open_(order_.Device)) {
-    DiscCheck(files_, std::move(*disc), unwanted).Run(tracks_, report);
+    DiscCheck(files_, std::move(*disc), unwanted).Run(tracks_, report, [this](int percent) {
+      tell_([percent](McdEvents& events) {
+        if (events.MCD_TrackPercent) events.MCD_TrackPercent(percent);
+      });
+    });
   } else {
     report(0, kMcdVerifyFailed);
   }

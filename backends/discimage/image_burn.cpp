@@ -102,6 +102,7 @@ int ImageBurn::Slice() noexcept {
 void ImageBurn::Begin() {
   Plan();
   buffer_.resize(kBlockBytes);
+  if (order_.faults.WrongAtPercent >= 0) wrongAt_ = total_ * order_.faults.WrongAtPercent / 100;
   if (order_.faults.FailAtPercent >= 0) failAt_ = total_ * order_.faults.FailAtPercent / 100;
   if (!order_.simulation) {
     made_ = true;
@@ -153,6 +154,9 @@ bool ImageBurn::Move(std::int64_t budget) {
       most = std::min(most, failAt_ - done_);
     }
     sound_->Read(buffer_.data(), most);
+    if (wrongAt_ >= done_ && wrongAt_ < done_ + most) {
+      buffer_[static_cast<std::size_t>(wrongAt_ - done_)] ^= 1;
+    }
     if (image_) image_->Write(buffer_.data(), static_cast<std::size_t>(most));
     inTrack_ += most;
     done_ += most;
@@ -189,15 +193,17 @@ void ImageBurn::EndTrack() {
 
 void ImageBurn::End() {
   tell_([](McdEvents& events) { Call(events.MCD_WriteLeadOut, 0); });
+  const std::string sheet = FormatCueSheet(sheet_);
   if (image_) {
     image_.reset();
-    const std::string sheet = FormatCueSheet(sheet_);
     dateien_.Open(CueTemp(), Zugriff::Neu)->Write(sheet.data(), sheet.size());
   }
   if (order_.fixate) tell_([](McdEvents& events) { Call(events.MCD_Fixating); });
-  check_ = std::make_unique<ImageCheck>(dateien_, BinTemp(), tracks_, [this](int track, int state) {
-    tell_([track, state](McdEvents& events) { Call(events.MCD_Verify, track, state); });
-  });
+  check_ = std::make_unique<ImageCheck>(
+      dateien_, ImageCheck::Image{BinTemp(), CueTemp(), sheet}, tracks_,
+      [this](int track, int state) {
+        tell_([track, state](McdEvents& events) { Call(events.MCD_Verify, track, state); });
+      });
 }
 
 // Compares a slice of the image with the waves. Returns false when there is nothing left to do.

@@ -83,10 +83,11 @@ class ImageBurn {
   std::unique_ptr<Datei> image_;
   std::unique_ptr<PartReader> sound_;  // of the track being written
   std::vector<char> buffer_;
-  std::size_t track_ = 0;                            // being written, from 0
-  std::int64_t inTrack_ = 0;                         // bytes of it that are in the image
-  std::int64_t done_ = 0, total_ = 0, failAt_ = -1;  // bytes of the image
-  int percent_ = -1;                                 // reported last
+  std::size_t track_ = 0;                    // being written, from 0
+  std::int64_t inTrack_ = 0;                 // bytes of it that are in the image
+  std::int64_t done_ = 0, total_ = 0;        // bytes of the image
+  std::int64_t failAt_ = -1, wrongAt_ = -1;  // places of the faults in it
+  int percent_ = -1;                         // reported last
   std::chrono::steady_clock::time_point toldAt_;
   double nominalMs_ = 0, toldMs_ = 0, passedMs_ = 0;  // at the pace ordered
   bool made_ = false;                                 // temporary files may exist

@@ -19,7 +19,7 @@ constexpr auto kSliceTime = std::chrono::milliseconds(25);
 
 }  // namespace
 
-ImageCheck::ImageCheck(Dateien& files, Text image, std::vector<PlannedTrack> tracks, Report report)
+ImageCheck::ImageCheck(Dateien& files, Image image, std::vector<PlannedTrack> tracks, Report report)
     : files_(files),
       image_(std::move(image)),
       tracks_(std::move(tracks)),
@@ -30,9 +30,7 @@ ImageCheck::ImageCheck(Dateien& files, Text image, std::vector<PlannedTrack> tra
 // The image has been written well as far as the system knows, so an error of this check concerns a
 // track or the check, and never the burn.
 bool ImageCheck::Slice() noexcept {
-  try {
-    if (!written_) written_ = files_.Open(image_, Zugriff::Lesen);
-  } catch (const std::exception&) {
+  if (!written_ && !Open()) {
     report_(0, kMcdVerifyFailed);
     return false;
   }
@@ -46,6 +44,18 @@ bool ImageCheck::Slice() noexcept {
     }
   }
   return track_ < tracks_.size();
+}
+
+// Without its sheet, no track of an image can be found.
+bool ImageCheck::Open() {
+  try {
+    written_ = files_.Open(image_.Sound, Zugriff::Lesen);
+    std::string sheet(image_.Wanted.size() + 1, '\0');
+    sheet.resize(files_.Open(image_.Sheet, Zugriff::Lesen)->ReadSome(sheet.data(), sheet.size()));
+    return sheet == image_.Wanted;
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 void ImageCheck::Compare() {

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace vantora {
@@ -15,19 +16,25 @@ class ImageCheck {
  public:
   using Report = std::function<void(int track, int state)>;  // as MCD_Verify
 
+  struct Image {
+    Text Sound, Sheet;   // files
+    std::string Wanted;  // content of the sheet
+  };
+
   // The parts of a track include its gap.
-  ImageCheck(Dateien& files, Text image, std::vector<PlannedTrack> tracks, Report report);
+  ImageCheck(Dateien& files, Image image, std::vector<PlannedTrack> tracks, Report report);
 
   // Compares a part of a track. Returns false when there is nothing left to compare.
   bool Slice() noexcept;
 
  private:
+  bool Open();
   void Compare();
   void BeginTrack();
   void EndTrack(int state);
 
   Dateien& files_;
-  Text image_;
+  Image image_;
   std::vector<PlannedTrack> tracks_;
   Report report_;
   std::unique_ptr<Datei> written_;

@@ -24,7 +24,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kCopyBlock = 1U << 20U;
+constexpr std::size_t kCopyAtOnce = 1U << 26U;  // by the system
+constexpr std::size_t kCopyBlock = 1U << 16U;
 constexpr mode_t kNewFile = 0666;  // before the user's umask
 
 void RequireRegular(const struct stat& info) {
@@ -134,14 +135,14 @@ std::vector<Text> Names(const fs::path& folder, bool folders) {
 void CopyBytes(int from, const fs::path& source, ReplacementFile& copy, const fs::path& target) {
   // copy_file_range shares the blocks where the file system supports that.
   for (;;) {
-    const ssize_t some = ::copy_file_range(from, nullptr, copy(), nullptr, kCopyBlock * 64, 0);
+    const ssize_t some = ::copy_file_range(from, nullptr, copy(), nullptr, kCopyAtOnce, 0);
     if (some > 0 || (some < 0 && errno == EINTR)) continue;
     if (some < 0 && (errno == ENOSPC || errno == EDQUOT || errno == EFBIG)) {
       RaiseErrno(errno, target);
     }
     break;  // at the end, or unsupported for these two files: the rest is read and written
   }
-  std::vector<char> block(kCopyBlock);
+  std::array<char, kCopyBlock> block;
   for (;;) {
     const ssize_t some = ::read(from, block.data(), block.size());
     if (some < 0 && errno == EINTR) continue;

@@ -18,7 +18,10 @@ constexpr int kProof = 4;                   // consecutive frames that prove a s
 // Reads a file through a buffer. Reads may go back a little.
 class Bytes {
  public:
-  explicit Bytes(Datei& file) : file_(file), length_(file.Length()), buffer_(kHeld) {}
+  explicit Bytes(Datei& file)
+      : file_(file),
+        length_(file.Length()),
+        buffer_(static_cast<std::size_t>(std::clamp<std::int64_t>(length_, 1, kHeld))) {}
 
   std::int64_t Length() const { return length_; }
   // `count` bytes from `place`; null when the file ends before.
@@ -45,7 +48,7 @@ class Bytes {
   }
 
  private:
-  static constexpr std::size_t kHeld = std::size_t{256} * 1024;
+  static constexpr std::int64_t kHeld = 1 << 18;
   static constexpr std::int64_t kBehind = 32768;  // more than kProof frames need
 
   Datei& file_;

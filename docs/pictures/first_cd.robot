@@ -17,6 +17,7 @@ press frmStartAssistent.imgOK
 type frmLoadSave.txtDateiName C:\Música
 press frmLoadSave.pbButton(1)
 select frmLoadSave.lstDatei 1 2 3 4
+within 60000 expect frmLoadSave.lblAuswahl.Caption ~ "en total"
 shot first_cd_2.png
 press frmLoadSave.pbButton(1)
 type frmNeuerInterpret.txtTitel "Azul oscuro"

@@ -71,6 +71,7 @@ press frmHauptForm.imgLiedImport
 type frmLoadSave.txtDateiName C:\Música
 press frmLoadSave.pbButton(1)
 select frmLoadSave.lstDatei 1 3
+within 60000 expect frmLoadSave.lblAuswahl.Caption ~ "en total"
 shot frmLoadSave_@SIZE@.png
 key frmLoadSave Escape
 writer pace 16
@@ -84,15 +85,14 @@ choose C:\Vantora\Wavs\vinilo.wav
 press frmAufnehmen.imgAufnehmen
 linein play "C:\Música\El faro.wav"
 wait 20000
+after 8000 linein play "C:\Música\Azul oscuro.wav"
 linein play C:\Música\silencio.wav
-within 30000 expect frmAufnehmen.imgAbbrechen.Enabled == True
+within 60000 expect frmAufnehmen.lvwAufnehmen.Count == 2
 select frmAufnehmen.lvwAufnehmen 1
 doubleclick frmAufnehmen.lvwAufnehmen
 type frmNeuerInterpret.txtTitel "Vals del puerto"
 type frmNeuerInterpret.txtInterpret "Las olas"
 key frmNeuerInterpret Return
-linein play "C:\Música\Azul oscuro.wav"
-within 30000 expect frmAufnehmen.lvwAufnehmen.Count == 2
 wait 20000
 shot frmAufnehmen_@SIZE@.png
 press frmAufnehmen.imgRecordStop
@@ -191,7 +191,13 @@ shot frmSpektrum_@SIZE@.png
 key frmSpektrum Escape
 press frmWaveEditor.imgEffekt(1)
 press frmWaveEditor.imgVolumeByPass
+press frmWaveEditor.imgGaterBypass
+drag frmWaveEditor.slGaterThreshold 20 400
+press frmWaveEditor.imgSteuerung(0)
+wait 4000
 shot frmWaveEditor_volumen_@SIZE@.png
+press frmWaveEditor.imgSteuerung(1)
+wait 4000
 press frmWaveEditor.imgEffekt(2)
 press frmWaveEditor.imgHallByPass
 shot frmWaveEditor_hall_@SIZE@.png

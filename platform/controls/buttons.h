@@ -5,8 +5,6 @@
 
 namespace vantora {
 
-enum class Lamp { None, Off, On };
-
 // A button drawn from pictures. Without a handler the control is a plain picture.
 class PictureButton : public Control {
  public:

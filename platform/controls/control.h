@@ -18,6 +18,8 @@ class Form;
 
 enum MouseButton : int { kLeftButton = 1, kRightButton = 2 };
 
+enum class Lamp { None, Off, On };  // the state of a switch or of a lamp
+
 enum class ControlKind {
   Label,
   PictureButton,

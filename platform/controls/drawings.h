@@ -20,6 +20,8 @@ class Shape : public Control {
   // Set for the frame of a progress bar or of a gauge: how full it is, in percent. A screen reader
   // speaks it. The bar itself is another shape.
   Property<int> Percent{*this, kNoGauge};
+  // Set for a lamp. A screen reader speaks the state.
+  Property<Lamp> State{*this, Lamp::None};
 };
 
 // One item of the drawing of a picture box. Items are drawn in their order. Places are in twips

@@ -50,20 +50,5 @@ TEST_F(Optionen, DirectoriesThatAreGoneFallBackAndAreMade) {
   }
 }
 
-TEST_F(Optionen, WhatCannotBeWrittenIsReportedOnceAndTheProgramRunsOn) {
-  const std::filesystem::path datei = b.home.Path() / ".config/vantora/settings.conf";
-  std::filesystem::remove(datei);
-  std::filesystem::create_directory(datei);  // a file cannot replace a folder
-  b.Antwortet(kNein);
-  b.Start();
-  ASSERT_EQ(b.Gesagt().size(), 1U);
-  EXPECT_TRUE(b.Gesagt()[0].starts_with(b.prog.Text(30040)));
-  EXPECT_TRUE(Enthaelt(b.Gesagt()[0], L"settings.conf: Error de acceso"));
-  b.Tu([&] { b.prog.SaveExtrasSet(); });
-  EXPECT_EQ(b.user.Left(), 0U);
-  EXPECT_TRUE(b.Haupt().Visible());
-  EXPECT_EQ(b.Einstellung(L"Undo"), L"1");
-}
-
 }  // namespace
 }  // namespace vantora

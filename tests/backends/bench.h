@@ -16,11 +16,12 @@ class Bench : public testing::Test {
   void Note() { Elsewhere = Elsewhere || std::this_thread::get_id() != self_; }
   // Lets the loop turn in real time until `done`, for 20 seconds at the most.
   bool Until(const std::function<bool()>& done, int msATurn = 1) {
-    for (int turn = 0; turn < 20'000 && !done(); ++turn) {
+    for (int turn = 0; turn < 20'000; ++turn) {
+      if (done()) return true;
       loop.Pass(msATurn);
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
-    return done();
+    return false;
   }
 
   Home home;

@@ -44,7 +44,6 @@ class Burning : public Bench {
     events.MCD_InfoMessage = [=, this](int, const Text& text) {
       if (text.starts_with(L"Open")) note("open");
       if (text.starts_with(L"Close")) note("close");
-      if (text.starts_with(L"Grabadora: ")) Reasons += text;
     };
   }
   // Creates a wave file and adds it to the next write.
@@ -65,7 +64,6 @@ class Burning : public Bench {
   std::vector<std::string> Log;
   std::string Verified;  // the results of reading the disc again
   std::vector<int> Percents;
-  Text Reasons;  // what the writer says for the program's log
 
  private:
   int waves_ = 0;

@@ -28,11 +28,12 @@ class CdBuehne {
   FakeDrive& Laufwerk() { return cd->drive; }
   Text Sagt(int nummer) { return b.prog.Text(nummer); }
   void Druecke(Control& control) { b.platform.hands.Press(control); }
-  // Clears the earlier messages and runs `aktion` with these answers to coming questions.
-  void Mit(std::initializer_list<int> antworten, const std::function<void()>& aktion) {
+  // Runs `aktion` with these answers to coming questions. Returns the messages.
+  std::vector<Text> Mit(std::initializer_list<int> antworten, const std::function<void()>& aktion) {
     b.user.Said.clear();
     for (const int antwort : antworten) b.Antwortet(antwort);
     aktion();
+    return b.Gesagt();
   }
   std::string Ton(const Text& datei) { return test::SoundOf(b.Lies(datei)); }
   std::string Soll(int track) { return FakeDrive::Sound(track, cd->drive.Find(track)->Sectors); }

@@ -1,3 +1,4 @@
+#include "backends/linux/linux_sockets.h"
 #include "tests/cdinput/cddb_stage.h"
 
 namespace vantora::test {
@@ -11,38 +12,37 @@ const Outcome kAllWell{11, 0, 0}, kNotFound{202, kUnset, 0};
 class CddbAbfrage : public testing::Test, protected CddbStage {};
 using CdPlayerIni = CddbAbfrage;
 
-TEST_F(CddbAbfrage, ADirectRequestIsThisToTheByte) {
+// Calls at one status never follow each other without any event processed between them: on this
+// clock, time passes only while events are processed.
+TEST_F(CddbAbfrage, ADirectRequestIsThisToTheByteAndEventsAreProcessedAfterEvery20Bytes) {
+  std::vector<std::pair<int, std::int64_t>> calls;
+  std::vector<int> statuses;
+  network.OnCall = [&] {
+    calls.emplace_back(status, platform.clock.Ticks());
+    if (statuses.empty() || statuses.back() != status) statuses.push_back(status);
+  };
   EXPECT_EQ(AskFor(lines), kAllWell);
+  EXPECT_EQ(statuses, (std::vector<int>{0, 1, 2, 5, 6, 7}));
+  EXPECT_EQ(std::adjacent_find(calls.begin(), calls.end()), calls.end());
+  EXPECT_EQ(network.LongestRead, 20);
   const std::string rest =
       "&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1\r\nConnection: Keep-Alive\r\n\r\n";
-  EXPECT_EQ(server.Requests(),
+  EXPECT_EQ(network.Requests,
             (Requests{"GET /~cddb/cddb.cgi?cmd=cddb+query+0b012a02+2+150+13500+300" + rest,
                       "GET /~cddb/cddb.cgi?cmd=cddb+read+rock+0b012a02" + rest}));
 }
 
-TEST_F(CddbAbfrage, AProxyIsToldTheServerAndPassesTheAnswerOn) {
-  CddbServer proxy;
-  proxy.PassesOnTo(server);
+TEST_F(CddbAbfrage, AProxyIsToldTheServerAtAPortWithTheSame16Bits) {
   request.Proxy = L"127.0.0.1";
-  request.ProxyPort = std::to_wstring(proxy.Port());
+  request.ProxyPort = L"40000";
   EXPECT_EQ(AskFor(lines), kAllWell);
-  EXPECT_EQ(client.CDDBGetInfo().Titel, L"Algo");
-  const std::string asked = server.Address();
-  const std::string rest = "&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1\r\nHost: " + asked +
-                           "\r\nProxy-Connection: Keep-Alive\r\n\r\n";
-  const std::string start = "GET http://" + asked + "/~cddb/cddb.cgi?cmd=cddb+";
-  EXPECT_EQ(proxy.Requests(), (Requests{start + "query+0b012a02+2+150+13500+300" + rest,
+  const std::string rest =
+      "&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1\r\n"
+      "Host: servidor:8880\r\nProxy-Connection: Keep-Alive\r\n\r\n";
+  const std::string start = "GET http://servidor:8880/~cddb/cddb.cgi?cmd=cddb+";
+  EXPECT_EQ(network.Requests, (Requests{start + "query+0b012a02+2+150+13500+300" + rest,
                                         start + "read+rock+0b012a02" + rest}));
-  EXPECT_TRUE(server.Requests().empty());
-}
-
-TEST_F(CddbAbfrage, TheStatusesComeInOrderAndEventsAreProcessedAfterEvery20Bytes) {
-  EXPECT_EQ(AskFor(lines), kAllWell);
-  EXPECT_EQ(sockets.Statuses, (std::vector<int>{0, 1, 2, 5, 6, 7}));
-  EXPECT_EQ(sockets.LongestRead, 20);
-  EXPECT_EQ(sockets.ReadsWithoutEvents, 0);
-  EXPECT_EQ(sockets.Opened, 2);
-  EXPECT_EQ(sockets.Closed, 2);
+  EXPECT_EQ(network.Ports, (std::vector<int>{40000, 40000}));
 }
 
 TEST_F(CddbAbfrage, AnAnswerIsTakenApartLineByLine) {
@@ -66,7 +66,8 @@ TEST_F(CddbAbfrage, AnAnswerIsTakenApartLineByLine) {
   EXPECT_EQ(info.ExtD, L"Primera\r\nSegunda\r\nTercera");
   EXPECT_EQ(info.TrackExt[1], L"a\r\nbc");
   // The data of an earlier disc must not remain.
-  server.Knows("data", kId, "DTITLE=x / y\r\nTTITLE0=z\r\n");
+  network.Answers = {kPage + "200 data 1 x\r\n",
+                     kPage + "210 data x\r\nDTITLE=x / y\r\nTTITLE0=z\r\n"};
   EXPECT_EQ(Ask(), kAllWell);
   EXPECT_EQ(client.Kategorie(), L"data");
   EXPECT_EQ(client.CDDBGetInfo().TrackTitel[1], L"z");
@@ -74,55 +75,29 @@ TEST_F(CddbAbfrage, AnAnswerIsTakenApartLineByLine) {
   EXPECT_EQ(client.CDDBGetInfo().ExtD, L"");
 }
 
-TEST_F(CddbAbfrage, ADiscThatTheServerDoesNotKnowExactlyIsNotReadAtAll) {
-  EXPECT_EQ(Ask(), kNotFound);
-  server.KnowsOnlySimilar(kId);
-  EXPECT_EQ(Ask(), (Outcome{201, kUnset, 0}));
-  EXPECT_EQ(server.Requests().size(), 2U);
-  EXPECT_EQ(sockets.Closed, sockets.Opened);
-}
-
-TEST_F(CddbAbfrage, WhoCannotBeReachedIsToldFromWhoIsSilent) {
-  const auto through = [&](const Text& proxy, const Text& port) {
-    request.Proxy = proxy;
-    request.ProxyPort = port;
-    return Ask();
-  };
-  const Outcome noProxy{99, kUnset, 0}, noServer{100, kUnset, 0};
+TEST_F(CddbAbfrage, WhoCannotBeReachedIsReportedAsProxyOrAsServer) {
+  LinuxSockets real{SocketPatience{20, 800, 8000}};
+  CddbStage s(&real);
+  s.request.Proxy = L"127.0.0.1";
   for (const wchar_t* port : {L"1", L"", L"puerto", L"70000", L"200000", L"-40000", L"1e400"}) {
-    EXPECT_EQ(through(L"127.0.0.1", port), noProxy) << Ucase(port).size();
+    s.request.ProxyPort = port;
+    EXPECT_EQ(s.Ask(), (Outcome{99, kUnset, 0})) << Ucase(port).size();
   }
-  EXPECT_EQ(through(L"no-such-machine.invalid", L"80"), noProxy);
-  request.Proxy.clear();
+  s.request.Proxy.clear();
   for (const wchar_t* address : {L"127.0.0.1:1", L"127.0.0.1:99999999999", L"", L":", L" : ",
                                  L"no-such-machine.invalid", L"256.256.256.256", L"a b:80"}) {
-    request.Server = address;
-    EXPECT_EQ(Ask(), noServer) << Text(address).size();
+    s.request.Server = address;
+    EXPECT_EQ(s.Ask(), (Outcome{100, kUnset, 0})) << Text(address).size();
   }
-  EXPECT_EQ(sockets.Closed, sockets.Opened);
-  EXPECT_TRUE(server.Requests().empty());
-}
-
-TEST_F(CddbAbfrage, APortAbove32767StaysTheSame16Bits) {
-  AnsweringSockets network;
-  CddbStage s(&network);
-  s.request.Proxy = L"127.0.0.1";
-  s.request.ProxyPort = L"40000";
-  s.Ask();
-  EXPECT_EQ(s.sockets.Ports, std::set<std::uint16_t>{40000});
 }
 
 TEST_F(CddbAbfrage, ACancelIsSeenWhereverEventsAreProcessed) {
-  const std::string head = "HTTP/1.1 200 OK\r\n\r\n";
-  AnsweringSockets network;
   const auto ask = [&](int cancelAfterMs, std::int64_t& tookMs) {
-    CddbStage s(&network);
-    network.Answers = {head + "200 rock 0b012a02 x\r\n", head + "210 rock x\r\n" + s.lines};
+    CddbStage s;
     s.platform.loop.PostAfter(cancelAfterMs, [&] { s.status = 77; });
     const std::int64_t start = s.platform.clock.Ticks();
-    const Outcome outcome = s.Ask();
+    const Outcome outcome = s.AskFor(s.lines);
     tookMs = s.platform.clock.Ticks() - start;
-    EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
     return outcome;
   };
   std::int64_t whole = 0, took = 0;
@@ -134,87 +109,70 @@ TEST_F(CddbAbfrage, ACancelIsSeenWhereverEventsAreProcessed) {
   }
 }
 
-TEST_F(CddbAbfrage, AServerThatSaysNothingForTooLongHasNotFoundTheDisc) {
-  server.Faults.Silent = true;
-  EXPECT_EQ(Ask(), kNotFound);
-  server.Knows("rock", kId, lines);
-  server.Faults.FromRequest = 2;
-  EXPECT_EQ(Ask().Status, 202);
-}
-
-// Each row: a fault, the answer to which it happens, and the expected outcome.
+// Each row: the answer that is bad, from 0, and the expected outcome. After "one close match" and
+// "no match" nothing is read.
 TEST_F(CddbAbfrage, ABadServerIsAnsweredWithAStatusOrARunTimeErrorAndNothingWorse) {
-  struct Case {
-    const char* Name;
-    int FromRequest;
-    ServerFaults Faults;
-    Outcome Expected;
-  };
-  const std::string page = "HTTP/1.1 200 OK\r\n\r\n";
-  const auto instead = [&](const std::string& text) {
-    return ServerFaults{.Instead = page + text};
-  };
-  const ServerFaults noHeader{.Instead = std::string("\0\xFF\r\n\x80", 5)};
   std::string titles = "210 rock x\r\nDTITLE=a / b\r\n";
   for (int i = 0; i < 130; ++i) titles += "TTITLE" + std::to_string(i) + "=t\r\n";
-  const std::vector<Case> cases{
-      {"closes at once", 0, {.CloseAt = 0, .Instead = {}}, {202, 1, 0}},
-      {"closes inside the header", 0, {.CloseAt = 30, .Instead = {}}, {202, 1, 0}},
-      {"no header", 0, noHeader, {202, 1, 0}},
-      {"10 MB without an end", 0, instead("200 " + std::string(10 << 20, 'x')), {202, 1, 0}},
-      {"number beyond all", 0, instead("1e999 rock 0b012a02 x"), {202, 1, 0}},
-      {"a code and no more", 0, instead("200"), {11, 0, 0}},
-      {"no blank in 300 characters", 0, instead("200 " + std::string(300, 'r')), {200, 1, 6}},
-      {"no header, second", 1, noHeader, {202, 1, 0}},
-      {"nothing behind the header", 1, instead(""), {11, 0, 0}},
-      {"130 titles", 1, instead(titles), {7, 1, 9}},
-      {"track 101", 1, instead("210 r x\r\nTTITLE100=x\r\n"), {7, 1, 9}},
-      {"track 0", 1, instead("210 r x\r\nTTITLE-1=x\r\n"), {7, 1, 9}},
-      {"beyond all numbers", 1, instead("210 r x\r\nTTITLE1e999=x\r\n"), {7, 1, 6}},
-      {"title without performer", 1, instead("210 r x\r\nDTITLE=Algo\r\n"), {7, 1, 5}},
+  const std::string noHeader("\0\xFF\r\n\x80", 5);
+  const struct {
+    const char* Name;
+    std::size_t Answer;
+    std::string Instead;
+    Outcome Expected;
+  } cases[] = {
+      {"not known", 0, kPage + "202 No match\r\n", kNotFound},
+      {"one close match", 0, kPage + "211 close\r\nrock 0b012a03 x\r\n.\r\n", {201, 1, 0}},
+      {"closes at once", 0, "", kNotFound},
+      {"closes inside the header", 0, kPage.substr(0, 15), kNotFound},
+      {"no header", 0, noHeader, kNotFound},
+      {"10 MB without an end", 0, kPage + "200 " + std::string(10 << 20, 'x'), kNotFound},
+      {"number beyond all", 0, kPage + "1e999 rock 0b012a02 x", kNotFound},
+      {"a code and no more", 0, kPage + "200", kAllWell},
+      {"no blank in 300 characters", 0, kPage + "200 " + std::string(300, 'r'), {200, 1, 6}},
+      {"no header, second", 1, noHeader, kNotFound},
+      {"nothing behind the header", 1, kPage, kAllWell},
+      {"130 titles", 1, kPage + titles, {7, 1, 9}},
+      {"track 101", 1, kPage + "210 r x\r\nTTITLE100=x\r\n", {7, 1, 9}},
+      {"track 0", 1, kPage + "210 r x\r\nTTITLE-1=x\r\n", {7, 1, 9}},
+      {"beyond all numbers", 1, kPage + "210 r x\r\nTTITLE1e999=x\r\n", {7, 1, 6}},
+      {"title without performer", 1, kPage + "210 r x\r\nDTITLE=Algo\r\n", {7, 1, 5}},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.Name);
-    CddbStage s;
-    s.server.Faults = c.Faults;
-    s.server.Faults.FromRequest = c.FromRequest;
-    const Outcome outcome = s.AskFor(s.lines);
-    EXPECT_EQ(outcome.Status, c.Expected.Status);
-    EXPECT_EQ(outcome.Ergebnis, c.Expected.Ergebnis);
-    EXPECT_EQ(outcome.Error, c.Expected.Error);
-    EXPECT_EQ(s.sockets.Closed, s.sockets.Opened);
-    EXPECT_LE(s.sockets.Reads, 2 * 1024 * 1024 / 20);
+    network.Requests.clear();
+    network.Reads = 0;
+    network.Answers = {kFound, kPage + "210 rock 0b012a02 x\r\n" + lines};
+    network.Answers[c.Answer] = c.Instead;
+    EXPECT_EQ(Ask(), c.Expected);
+    EXPECT_EQ(network.Requests.size(), c.Answer == 0 && c.Expected.Status >= 200 ? 1U : 2U);
+    EXPECT_LE(network.Reads, 2 * 1024 * 1024 / 20);
     // The same client works again when the server does.
-    s.server.Faults = {};
-    EXPECT_EQ(s.Ask(), kAllWell);
+    EXPECT_EQ(AskFor(lines), kAllWell);
   }
 }
 
 TEST_F(CddbAbfrage, ACategoryCannotAddALineToTheNextRequest) {
-  server.Faults.Instead = "HTTP/1.1 200 OK\r\n\r\n200 rock\r\nHost: elsewhere x 0b012a02\r\n";
+  network.Answers = {kPage + "200 rock\r\nHost: elsewhere x 0b012a02\r\n"};
   Ask();
-  ASSERT_EQ(server.Requests().size(), 2U);
-  EXPECT_EQ(server.Requests()[1],
+  EXPECT_EQ(network.Requests.at(1),
             "GET /~cddb/cddb.cgi?cmd=cddb+read+rock&hello=an\xF3nimo+casa+VTR+1.0&proto=4 HTTP/1.1"
             "\r\nConnection: Keep-Alive\r\n\r\n");
 }
 
 TEST_F(CddbAbfrage, TheSettingsSayWhomToAskAndWhoIsAsking) {
-  const auto set = [&](const wchar_t* key, const wchar_t* value) {
-    SaveSetting(bundle, key, value);
-  };
   request = CDDBAnfrageAusEinstellungen(prog);
   EXPECT_EQ(request.Server, prog.Text(24004));
   EXPECT_EQ(request.Benutzer + L"@" + request.Rechner, L"anónimo@" + prog.Text(24006));
   EXPECT_EQ(request.Proxy, L"");
   prog.Proxy_Server = L" proxy.casa ";
-  set(L"CDDB_Server", L" 127.0.0.1:8880 ");
-  set(L"CDDB_Hello_User", L"ana@casa.example");
+  SaveSetting(bundle, L"CDDB_Server", L" 127.0.0.1:8880 ");
+  SaveSetting(bundle, L"CDDB_Hello_User", L"ana@casa.example");
   request = CDDBAnfrageAusEinstellungen(prog);
   EXPECT_EQ(request.Proxy, L"proxy.casa");
   EXPECT_EQ(request.Server, L"127.0.0.1:8880");
   EXPECT_EQ(request.Benutzer + L"@" + request.Rechner, L"ana@casa.example");
-  set(L"CDDB_Hello_Host", L"otra.example");
+  SaveSetting(bundle, L"CDDB_Hello_Host", L"otra.example");
   EXPECT_EQ(CDDBAnfrageAusEinstellungen(prog).Rechner, L"otra.example");
 }
 
@@ -242,15 +200,11 @@ TEST_F(CdPlayerIni, WhatAServerSaysStaysInItsValue) {
   info.Titel = Text(L"a\0b", 3) + Text(100000, L'z');
   for (std::size_t i = 1; i <= 100; ++i) info.TrackTitel[i] = L"[evil]\n0=w";
   CDPlayerIniSchreiben(prog, L"D:\\", info);
-  EXPECT_EQ(bundle.profile.GetPrivateProfileSectionNames(L"cdplayer.ini", 5000),
-            std::vector<Text>{L"A98AC7"});
-  const auto file = platform.machine.files.SystemPath(L"C:\\WINDOWS\\cdplayer.ini");
-  EXPECT_LT(std::filesystem::file_size(file), 10000U);
-  EXPECT_EQ(
-      bundle.profile.GetPrivateProfileString(L"A98AC7", L"numtracks", L"", 10, L"cdplayer.ini"),
-      L"100");
-  EXPECT_EQ(bundle.profile.GetPrivateProfileString(L"A98AC7", L"99", L"", 100, L"cdplayer.ini"),
-            L"[evil] 0=w");
+  const std::string file = Get(home.Path() / ".local/share/vantora/cdplayer.ini");
+  EXPECT_LT(file.size(), 10000U);
+  EXPECT_TRUE(file.starts_with("[A98AC7]\r\nEntryType=1\r\nnumtracks=100\r\n"));
+  EXPECT_TRUE(file.ends_with("\r\n99=[evil] 0=w\r\n"));
+  EXPECT_EQ(file.find("\n["), std::string::npos);
 }
 
 }  // namespace

@@ -1,16 +1,14 @@
-// A program with a disc in its drive and a CDDB server. The sockets between them record the
-// client's calls, and can stall at any step.
+// A program with a disc in its drive, and sockets that answer as a CDDB server does and record the
+// client's calls.
 #pragma once
 
-#include "backends/linux/linux_sockets.h"
 #include "cdinput/clsCCd.h"
 #include "main/windows.h"
-#include "tests/emulators/cddb_server.h"
 #include "tests/support/buehne.h"
 
+#include <algorithm>
 #include <deque>
-#include <set>
-#include <utility>
+#include <functional>
 
 namespace vantora::test {
 
@@ -22,13 +20,6 @@ class FakeDisc final : public Mci {
   int FailingCall = -1;  // number of the call that fails, from 0; -1: none
   Text Identity = L"11111111";
   int OpenDevices = 0;
-
-  // Sets up tracks of about 13 seconds each.
-  void Has(int tracks) {
-    Starts.clear();
-    for (int i = 0; i < tracks; ++i) Starts.push_back(150 + i * 1000);
-    LeadOut = 150 + tracks * 1000;
-  }
 
   Text mciSendString(const Text& /*command*/) override { return {}; }
   Text MediaIdentity(const Text& /*drive*/) override { return Identity; }
@@ -63,72 +54,15 @@ class FakeDisc final : public Mci {
   bool msf_ = false;
 };
 
-class WatchedSockets final : public Sockets {
- public:
-  WatchedSockets(Sockets& real, Clock& clock) : real_(real), clock_(clock) {}
-
-  const std::uint8_t* Status = nullptr;
-
-  std::vector<int> Statuses;  // statuses seen at the steps, without repeats
-  int Reads = 0;
-  int LongestRead = 0;         // most bytes asked for in one call
-  int ReadsWithoutEvents = 0;  // reads without any event processed since the read before
-  int Opened = 0, Closed = 0;
-  std::set<std::uint16_t> Ports;  // in network byte order
-
-  int WSAStartup(int version) override { return real_.WSAStartup(version); }
-  int WSAGetLastError() override { return real_.WSAGetLastError(); }
-  std::uint16_t Htons(std::uint16_t value) override { return real_.Htons(value); }
-  std::uint32_t inet_addr(const std::string& host) override { return real_.inet_addr(host); }
-  std::string inet_ntoa(std::uint32_t address) override { return real_.inet_ntoa(address); }
-  int gethostbyname(const std::string& host, std::uint32_t& address) override {
-    Look();
-    return real_.gethostbyname(host, address);
-  }
-  int socket() override {
-    ++Opened;
-    return real_.socket();
-  }
-  int setsockopt_LINGER(int number, bool on, int seconds) override {
-    return real_.setsockopt_LINGER(number, on, seconds);
-  }
-  int connect(int number, const SocketAdresse& address) override {
-    Ports.insert(address.Port);
-    Look();
-    return real_.connect(number, address);
-  }
-  int send(int number, const std::string& bytes) override {
-    Look();
-    return real_.send(number, bytes);
-  }
-  int recv(int number, char* bytes, int limit) override {
-    ++Reads;
-    LongestRead = std::max(LongestRead, limit);
-    // On this clock, time passes only while events are processed.
-    if (std::exchange(lastRead_, clock_.Ticks()) == clock_.Ticks()) ++ReadsWithoutEvents;
-    Look();
-    return real_.recv(number, bytes, limit);
-  }
-  void closesocket(int number) override {
-    ++Closed;
-    real_.closesocket(number);
-  }
-
- private:
-  void Look() {
-    if (Status && (Statuses.empty() || Statuses.back() != *Status)) Statuses.push_back(*Status);
-  }
-
-  Sockets& real_;
-  Clock& clock_;
-  std::int64_t lastRead_ = -1;
-};
-
 // Sockets without a network: each connection receives the next of the answers.
 class AnsweringSockets final : public Sockets {
  public:
   std::deque<std::string> Answers;
   std::vector<std::string> Requests;
+  std::vector<int> Ports;                // of all connections
+  std::function<void()> OnCall = [] {};  // before connecting, sending and reading
+  int Open = 0;                          // sockets that are open
+  int Reads = 0, LongestRead = 0;        // their number; most bytes asked for in one call
 
   int WSAStartup(int /*version*/) override { return 0; }
   int WSAGetLastError() override { return 0; }
@@ -137,25 +71,35 @@ class AnsweringSockets final : public Sockets {
   std::string inet_ntoa(std::uint32_t /*address*/) override { return {}; }
   int gethostbyname(const std::string& /*h*/, std::uint32_t& /*a*/) override { return 0; }
   int socket() override {
-    rest_ = Answers.empty() ? "" : Answers.front();
+    answer_ = Answers.empty() ? "" : Answers.front();
     if (!Answers.empty()) Answers.pop_front();
-    return 1;
+    at_ = 0;
+    return ++Open;
   }
   int setsockopt_LINGER(int /*n*/, bool /*on*/, int /*seconds*/) override { return 0; }
-  int connect(int /*n*/, const SocketAdresse& /*address*/) override { return 0; }
+  int connect(int /*n*/, const SocketAdresse& address) override {
+    OnCall();
+    Ports.push_back(address.Port);
+    return 0;
+  }
   int send(int /*n*/, const std::string& bytes) override {
+    OnCall();
     Requests.push_back(bytes);
     return static_cast<int>(bytes.size());
   }
   int recv(int /*n*/, char* bytes, int limit) override {
-    const auto count = rest_.copy(bytes, static_cast<std::size_t>(limit));
-    rest_.erase(0, count);
+    OnCall();
+    ++Reads;
+    LongestRead = std::max(LongestRead, limit);
+    const auto count = answer_.copy(bytes, static_cast<std::size_t>(limit), at_);
+    at_ += count;
     return static_cast<int>(count);
   }
-  void closesocket(int /*n*/) override {}
+  void closesocket(int /*n*/) override { --Open; }
 
  private:
-  std::string rest_;
+  std::string answer_;
+  std::size_t at_ = 0;
 };
 
 // The outcome of a look-up.
@@ -167,22 +111,17 @@ struct Outcome {
 
 struct CddbStage {
   explicit CddbStage(Sockets* other = nullptr)
-      : lines("DTITLE=Alguien / Algo\r\nTTITLE0=uno\r\nTTITLE1=dos\r\n"),
-        sockets(other ? *other : real, platform.clock) {
+      : bundle(With(platform.bundle, disc, other != nullptr ? *other : network)) {
     disc.Starts = {150, 13500};
     disc.LeadOut = 22500;
-    request = {L"", L"", L"", L"anónimo", L"casa", L"VTR", L"1.0"};
-    request.Server = Wide(server.Address());
+    request = {L"servidor:8880", L"", L"", L"anónimo", L"casa", L"VTR", L"1.0"};
   }
-
-  static Text Wide(const std::string& text) { return {text.begin(), text.end()}; }
 
   Outcome Ask() {
     client.Init(L"D:\\");
     Outcome outcome;
     std::int16_t result = -1;
     status = 0;
-    sockets.Status = &status;
     try {
       client.CDDBAbfrage(request, status, result);
     } catch (const Laufzeitfehler& error) {
@@ -190,24 +129,26 @@ struct CddbStage {
     }
     outcome.Status = status;
     outcome.Ergebnis = result;
+    EXPECT_EQ(network.Open, 0);
     return outcome;
   }
+  // Asks a server that knows the disc and tells these lines of it.
   Outcome AskFor(const std::string& tellingLines) {
-    server.Knows("rock", kId, tellingLines);
+    network.Answers = {kFound, kPage + "210 rock 0b012a02 x\r\n" + tellingLines};
     return Ask();
   }
 
   static constexpr const char* kId = "0b012a02";
-  const std::string lines;
+  const std::string kPage = "HTTP/1.1 200 OK\r\n\r\n";
+  const std::string kFound = kPage + "200 rock 0b012a02 Alguien / Algo\r\n";
+  const std::string lines = "DTITLE=Alguien / Algo\r\nTTITLE0=uno\r\nTTITLE1=dos\r\n";
 
   TemporaryHome home;
-  HeadlessPlatform platform{home.Path(), std::filesystem::path(VANTORA_SOURCE_DIR) / "resources"};
+  HeadlessPlatform platform{home.Path(), VANTORA_SOURCE_DIR "/resources"};
   FakeDisc disc;
-  LinuxSockets real{SocketPatience{20, 800, 8000}};
-  WatchedSockets sockets;
-  Plattform bundle{With(platform.bundle, disc, sockets)};
+  AnsweringSockets network;
+  Plattform bundle;
   Programm prog{bundle, AllWindows};
-  CddbServer server;
   CDDBAnfrage request;
   clsCCd client{bundle};
   std::uint8_t status = 0;

@@ -73,25 +73,22 @@ TEST_F(DatenbankFenster, ATracksFieldsAreTakenAsTheyAre) {
 
 TEST_F(DatenbankFenster, ASearchLooksAtWhatIsTickedWithCaseAndShowAllUndoesIt) {
   Inhalt(kZweiDiscos);
-  struct Fall {
+  const Text verano = L"Varios: Verano", otono = L"La costa: Otoño";
+  const struct {
     bool Disco, Temas;
     const wchar_t* Gesucht;
     Zeilen Gefunden;
-  };
-  const Text verano = L"Varios: Verano", otono = L"La costa: Otoño";
-  const std::vector<Fall> faelle = {
+  } faelle[] = {
       {true, true, L"Mar", {verano, otono}},
-      {true, false, L"Mar", {}},
       {true, false, L"Var", {verano}},
       {false, true, L"Verano", {}},
       {false, true, L"faro", {verano}},
-      {false, true, L"Faro", {}},
-      {true, true, L"mar", {}},
+      {true, true, L"Faro", {}},
       {false, false, L"a", {}},
       {true, true, L"Varios~Verano", {}},
   };
   Im([&](frmDatenbank& d) {
-    for (const Fall& fall : faelle) {
+    for (const auto& fall : faelle) {
       SCOPED_TRACE(testing::Message() << fall.Gesucht << fall.Disco << fall.Temas);
       // What a longer disc of the same key left behind is not the present one's.
       EXPECT_EQ(d.lstTitel.Items(),
@@ -127,18 +124,13 @@ TEST_F(DatenbankFenster, ASecondSearchNarrowsTheFirstAndALineOfItIsTheDiscThatGo
 }
 
 TEST_F(DatenbankFenster, ALargeFileIsQuicklyThereAsFarAsItsNamesGoAndQuicklySearched) {
-  std::string tracks, discs, many, full = "[1]\nartist=a\nnumtracks=32767\n";
+  std::string tracks, discs, full = "[1]\nartist=a\nnumtracks=32767\n";
   for (int i = 0; i < 12; ++i) tracks += std::to_string(i) + "=Grupo;Tema;200\r\n";
   for (int i = 10000000; i < 10002000; ++i) {
     discs += "[" + std::to_string(i) + "]\r\nnumtracks=12\r\n" + tracks;
   }
-  for (int i = 0; i < 1250; ++i) {  // names of three letters, as many as the window lists
-    many += "[" + std::string(1, static_cast<char>('A' + i / 90)) + std::to_string(10 + i % 90) +
-            "]\nnumtracks=32767\n5=a;b;1\n";
-  }
   for (int i = 0; full.size() < 1'000'000; ++i) full += std::to_string(i % 40'000) + "=a;b;1\n";
-  const std::pair<std::string, Text> cases[] = {
-      {discs, L"555"}, {many, L"1250"}, {full, L"1"}};  // 9 characters each, with the NUL
+  const std::pair<std::string, Text> cases[] = {{discs, L"555"}, {full, L"1"}};
   for (const auto& [ini, listed] : cases) {
     Inhalt(ini);
     const auto anfang = std::chrono::steady_clock::now();

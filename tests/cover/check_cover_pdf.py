@@ -5,6 +5,7 @@ usage: check_cover_pdf.py ROBOT FOLDER
 
 Every side, on A4 and on Letter, with margins of 0 and of 5 mm: the left edge of each text, the
 frame, the folds, the marks and the picture stand within a tenth of a millimetre of where they belong.
+The fonts are in the file, and a photograph keeps all its points as they were, also when it is turned.
 """
 
 import os
@@ -18,6 +19,7 @@ TWIPS = 1440
 TOLERANCE = 0.1 / 25.4 * TWIPS
 PAPERS = {"A4": (11906, 16838), "Letter": (12240, 15840)}
 FIVE_MM = 283
+PHOTO = pathlib.Path(__file__).resolve().parents[1] / "fuzz/corpus/fuzz_picture/turned.jpg"  # 9 by 7
 BACK, DOUBLE, FRONT, LABEL = (8565, 6690), (13605, 6810), (6802, 6810), (6810, 6810)
 # Positions of cover, back and labels on the pre-cut sheet, from the edge of the paper.
 COVER_AT, BACK_AT, LABELS_AT = (3402, 1361), (1644, 8781), [(2608, 963), (2608, 9327)]
@@ -30,11 +32,10 @@ printer pdf {name}
 printer paper {paper}
 printer margins {margin} {margin}
 makewave C:\\m\\uno.wav 3 300
-makepicture C:\\Vantora\\Pictures\\p.bmp 90 60
 start
 press frmHauptForm.imgLiedImport
 choose C:\\m\\uno.wav
-type frmNeuerInterpret.txtTitel "Hache"
+type frmNeuerInterpret.txtTitel "Otoño"
 key frmNeuerInterpret Return
 within 5000 expect frmHauptForm.lvwKatalog.Count == 1
 press frmHauptForm.imgPrintCover
@@ -44,7 +45,7 @@ press frmPrintStart.imgReady
 {sides}press frmPrint.imgAbbrechen
 close
 """
-PICTURE = "press frmPrint.imgControl({0})\npress frmPrint.imgLoadPic\nchoose C:\\Vantora\\Pictures\\p.bmp\n"
+PICTURE = "press frmPrint.imgControl({0})\npress frmPrint.imgLoadPic\nchoose C:\\Vantora\\Pictures\\p.jpg\n"
 PRINT = "press frmPrint.imgPrintMe\nprint ok\n"
 
 
@@ -57,6 +58,11 @@ def script(name, paper, margin):
     return SCRIPT.format(name=name, paper=paper, margin=margin, sides=sides)
 
 
+def listed(program, *words):
+    """The lines of a table below its head."""
+    return subprocess.run([program, *words], check=True, capture_output=True, text=True).stdout.splitlines()[2:]
+
+
 class Page:
     """Twips from the paper's upper left corner."""
 
@@ -65,6 +71,8 @@ class Page:
         self.size = tuple(20 * float(n) for n in re.search(r'page width="([\d.]+)" height="([\d.]+)"', boxes).groups())
         self.words = [(w, 20 * float(x), 20 * float(x2)) for x, x2, w in
                       re.findall(r'xMin="([\d.]+)".*?xMax="([\d.]+)".*?>(.*?)</word>', boxes)]
+        self.photos = {" ".join(line.split()[3:9]) for line in listed("pdfimages", "-list", pdf)}
+        self.fonts = {re.search(r"\s(yes|no)\s+(yes|no)\s+(yes|no)\s", line)[1] for line in listed("pdffonts", pdf)}
         grey = subprocess.run(["pdftoppm", "-r", "720", "-gray", "-aa", "no", "-aaVector", "no", "-singlefile", pdf],
                               check=True, capture_output=True).stdout
         head = re.match(rb"P5\s+(\d+)\s+(\d+)\s+255\s", grey)
@@ -98,6 +106,11 @@ class Checker:
         self.looked += 1
         if have is None or abs(have - want) > tolerance:
             self.wrong.append(f"{what}: {have}, was to be {want:.0f}")
+
+    def same(self, what, have, want):
+        self.looked += 1
+        if have != want:
+            self.wrong.append(f"{what}: {have}, was to be {want}")
 
     def text(self, where, page, word, left):
         """The first word of that line; its first letter stands a little inside its cell."""
@@ -176,6 +189,9 @@ def main():
             name = f"{paper}-{margin}"
             story = folder / f"{name}.robot"
             story.write_text(script(name, paper, margin))
+            pictures = folder / f"home-{name}/Vantora/Pictures"
+            pictures.mkdir(parents=True)
+            shutil.copy(PHOTO, pictures / "p.jpg")
             subprocess.run([robot, story.name], cwd=folder, check=True,
                            env={**os.environ, "QT_QPA_PLATFORM": "offscreen"})
             pages = [Page(pdf) for pdf in sorted((folder / name).glob("*.pdf"))]
@@ -184,6 +200,9 @@ def main():
             for i, page in enumerate(pages):
                 size = PAPERS[paper] if i > 2 else PAPERS[paper][::-1]
                 check.near(f"{name} page {i + 1} width", page.size[0], size[0], 30)
+                check.same(f"{name} page {i + 1} fonts in the file", page.fonts, {"yes"})
+                check.same(f"{name} page {i + 1} photograph", page.photos, {"9 7 rgb 3 8 jpeg"})
+                check.same(f"{name} page {i + 1} title", "Otoño" in [w for w, _, _ in page.words], True)
             check_centred(check, f"{name} centred", *pages[:3])
             check_paper(check, f"{name} pre-cut", pages[3], pages[4:])
     print("\n".join(check.wrong) or f"{check.looked} places are right")

@@ -1,9 +1,8 @@
 #include "dialogs/frmExtrasMenue.h"
 
 #include "app/werte/zahlen.h"
+#include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
-
-#include <cstring>
 
 namespace vantora {
 namespace {
@@ -26,14 +25,11 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
                                          {L"C:\\No existe", 7006},
                                          {lang + L"\\nuevo.txt", 7006},
                                          {L"C:\\Discoteca\\a.txt", 0}}) {
-      const std::size_t gesagt = b.Gesagt().size();
+      b.user.Said.clear();
       b.WaehltDatei(ordner);
       if (nummer != 0) b.Antwortet(kNein);
       f.cmdTempDirEdit_Click();
-      ASSERT_EQ(b.Gesagt().size(), gesagt + (nummer == 0 ? 0 : 1));
-      if (nummer != 0) {
-        EXPECT_EQ(b.Gesagt().back(), b.prog.Text(nummer));
-      }
+      EXPECT_EQ(b.Gesagt(), nummer == 0 ? std::vector<Text>{} : std::vector{Sagt(nummer)});
       EXPECT_EQ(b.prog.Temporary_Directory.Getrimmt(), nummer == 0 ? L"C:\\Discoteca\\" : vorher);
     }
     // OK checks typed folders in the same way, and refuses texts too long for the settings.
@@ -59,13 +55,10 @@ TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
 TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
   // A sparse file with 76 minutes of silence takes no disk space.
   constexpr std::uint32_t kBytes = 76 * 60 * 176400;
-  b.Wave(L"C:\\larga.wav", 132300);
-  std::string kopf = b.Lies(L"C:\\larga.wav").substr(0, 44);
-  const std::uint32_t groesse[] = {kBytes + 36, kBytes};
-  std::memcpy(&kopf[4], &groesse[0], sizeof groesse[0]);
-  std::memcpy(&kopf[40], &groesse[1], sizeof groesse[1]);
+  std::string kopf = test::Wave("");
+  kopf.replace(4, 4, test::Number(kBytes + 36, 4)).replace(40, 4, test::Number(kBytes, 4));
   b.Datei(L"C:\\larga.wav", kopf);
-  std::filesystem::resize_file(b.prog.plattform.dateien.SystemPath(L"C:\\larga.wav"), kBytes + 44);
+  std::filesystem::resize_file(b.home.Path() / "larga.wav", kBytes + 44);
   b.Haupt().Katalog_AddWaveFile(L"C:\\larga.wav", L"Larga");
   b.Haupt().KatalogShow();
   EXPECT_EQ(b.Haupt().lblKatalogLaenge.ForeColor(), Rgb(0, 255, 0));

@@ -99,15 +99,13 @@ TEST_F(Dateidialog, NamesThatTheCatalogCannotHoldAreRefusedAndTheDialogStays) {
   b.Datei(L"C:\\日本\\a.wav", "x");
   b.prog.Songs_Import_Dir = L"C:\\日本";
   const auto lehntAb = [&](int typ, int modus, const std::function<void(frmLoadSave&)>& nennen) {
-    b.Macht([&](Form& front) {
-       nennen(dynamic_cast<frmLoadSave&>(front));
-       hand().Press(dynamic_cast<frmLoadSave&>(front).pbButton(1));
-     })
-        .Antwortet(kNein)
-        .Macht([&](Form& front) { hand().Key(front, L"Escape"); });
-    b.Tu([&] { DateiHolen(b.prog, typ, modus); });
-    EXPECT_EQ(b.Gesagt().back(), b.prog.Text(8038));
-    EXPECT_EQ(b.user.Left(), 0U);
+    Fragt(typ, modus, [&](frmLoadSave& d) {
+      nennen(d);
+      b.Antwortet(kNein);
+      hand().Press(d.pbButton(1));
+      hand().Key(d, L"Escape");
+    });
+    EXPECT_EQ(b.Gesagt().back(), Sagt(8038));
   };
   for (const wchar_t* name : {L"日本.vtr", L"a\\b.vtr"}) {
     lehntAb(kTypKatalog, kModusSichern, [&](frmLoadSave& d) { hand().Type(d.txtDateiName, name); });

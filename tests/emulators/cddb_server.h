@@ -1,8 +1,7 @@
 // A CDDB server on 127.0.0.1 with its own thread. It knows discs, answers the protocol's queries
-// and reads, and can have faults. As a proxy it expects requests in proxy form and passes them on
-// to the server named in them.
+// and reads, and can have faults.
 //
-// It serves one connection at a time, at most the given number in all and none longer than 10 s, so
+// It serves one connection at a time, at most the given number in all, and waits 10 s at most, so
 // that a failing test comes to an end.
 #pragma once
 
@@ -13,14 +12,10 @@
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace vantora::test {
 
 struct ServerFaults {
-  int FromRequest = 0;        // number of the first faulty request, from 0
-  int PieceBytes = 0;         // bytes sent at a time; 0: all at once
-  int PieceMs = 0;            // pause between two pieces
   std::int64_t CloseAt = -1;  // closes the connection after this many bytes of the answer
   bool Silent = false;        // accepts the request and never answers
   std::string Instead;        // sent in place of the answer, unless blank
@@ -37,36 +32,29 @@ class CddbServer {
   // in CR LF.
   void Knows(const std::string& category, const std::string& id, const std::string& lines);
   void KnowsOnlySimilar(const std::string& id) { similar_ = id; }
-  void PassesOnTo(const CddbServer& server) { upstream_ = &server; }  // makes this server a proxy
   ServerFaults Faults;
 
   std::uint16_t Port() const { return port_; }
   std::string Address() const { return "127.0.0.1:" + std::to_string(port_); }
-  std::vector<std::string> Requests() const;  // unchanged and in order
+  int Requests() const { return requests_; }
   // Total time from complete requests to sent answers.
   std::chrono::nanoseconds Busy() const { return std::chrono::nanoseconds(busyNs_); }
 
  private:
   void Serve();
   void ServeOne(int client);
-  std::string ReadRequest(int client) const;
   std::string Answer(const std::string& request) const;
-  std::string Direct(const std::string& path) const;
-  std::string Faulty(std::string answer) const;
-  void Send(int client, const std::string& answer, bool faulty) const;
-  void WaitForEnd(int client) const;
-  bool Patient(std::int64_t since) const;
 
   const int connections_;
   int listener_ = -1;
   std::uint16_t port_ = 0;
   std::map<std::string, std::pair<std::string, std::string>> discs_;  // category and lines by ID
   std::string similar_;
-  const CddbServer* upstream_ = nullptr;
 
-  mutable std::mutex mutex_;
-  std::vector<std::string> requests_;
-  std::atomic<bool> stopped_ = false;
+  std::mutex mutex_;  // of the next two
+  int client_ = -1;
+  bool stopped_ = false;
+  std::atomic<int> requests_ = 0;
   std::atomic<std::int64_t> busyNs_ = 0;
   std::thread thread_;  // last, since the thread uses all other members
 };

@@ -28,6 +28,7 @@ namespace {
 
 constexpr int kConnections = 1000;
 
+// Starts the servers and puts their ports into the environment of processes started from here.
 class Servers {
  public:
   explicit Servers(const std::string& file) {
@@ -36,50 +37,33 @@ class Servers {
     for (std::string line; std::getline(text, line);) {
       if (!line.starts_with('#') && !line.empty()) Take(line);
     }
-    FinishDisc();
-  }
-  // Puts the ports into the environment of processes started from here.
-  void TellPorts() const {
-    for (const Named& one : servers_) {
-      ::setenv(one.Name.c_str(), std::to_string(one.Server.Port()).c_str(), 1);
-    }
   }
 
  private:
-  struct Named {
-    std::string Name;
-    CddbServer Server{kConnections};
-  };
-
   void Take(const std::string& line) {
     std::istringstream words(line);
     std::string what, first, second;
     words >> what >> first >> second;
     if (what == "server") {
-      FinishDisc();
-      servers_.emplace_back().Name = first;
+      const CddbServer& server = servers_.emplace_back(kConnections);
+      ::setenv(first.c_str(), std::to_string(server.Port()).c_str(), 1);
     } else if (servers_.empty()) {
       throw std::runtime_error("no server has been named before: " + line);
     } else if (what == "disc") {
-      FinishDisc();
       category_ = first;
       id_ = second;
+      lines_.clear();
     } else if (what == "similar") {
-      FinishDisc();
-      servers_.back().Server.KnowsOnlySimilar(first);
+      servers_.back().KnowsOnlySimilar(first);
     } else if (what == "closes-at") {
-      servers_.back().Server.Faults.CloseAt = std::stol(first);
+      servers_.back().Faults.CloseAt = std::stol(first);
     } else {
       lines_ += ToWindows1252(FromUtf8(line)) + "\r\n";
+      servers_.back().Knows(category_, id_, lines_);
     }
   }
-  void FinishDisc() {
-    if (!id_.empty()) servers_.back().Server.Knows(category_, id_, lines_);
-    id_.clear();
-    lines_.clear();
-  }
 
-  std::list<Named> servers_;
+  std::list<CddbServer> servers_;
   std::string category_, id_, lines_;
 };
 
@@ -104,7 +88,6 @@ int main(int argc, char** argv) {
   }
   try {
     const vantora::test::Servers servers(argv[1]);
-    servers.TellPorts();
     return vantora::test::RunCommand(argv + 2);
   } catch (const std::exception& error) {
     std::cerr << "cddb-server: " << error.what() << "\n";

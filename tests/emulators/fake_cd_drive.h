@@ -43,11 +43,8 @@ struct FakeDrive {
   }
   // The sound of a track. Tracks differ from each other.
   static std::string Sound(int track, int sectors) {
-    std::string bytes(static_cast<std::size_t>(sectors) * kSectorBytes, '\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-      bytes[i] = static_cast<char>(i * 7 + static_cast<std::size_t>(track) * 31);
-    }
-    return bytes;
+    return test::Noise(static_cast<std::size_t>(sectors) * kSectorBytes,
+                       static_cast<std::uint32_t>(track));
   }
 };
 
@@ -65,16 +62,10 @@ class FakeReader final : public Acd {
     Selected = 0;
   }
   void ResetDevice() override {}
-  int TrackLaengeSektoren(int track) override {
-    const FakeTrack* found = Selected == 1 ? drive_.Find(track) : nullptr;
-    return found != nullptr ? found->Sectors : 0;
-  }
-  bool TrackIstAudio(int track) override {
-    const FakeTrack* found = Selected == 1 ? drive_.Find(track) : nullptr;
-    return found != nullptr && found->Audio;
-  }
+  int TrackLaengeSektoren(int track) override { return Here(track).Sectors; }
+  bool TrackIstAudio(int track) override { return Here(track).Sectors > 0 && Here(track).Audio; }
   bool TrackPreemphasis(int track) override {
-    return TrackIstAudio(track) && drive_.Find(track)->Preemphasis;
+    return TrackIstAudio(track) && Here(track).Preemphasis;
   }
   void ReadOffset(int frames) override { Offset = frames; }
   int TrackLaengeMs(int track) override { return FakeDrive::Ms(TrackLaengeSektoren(track)); }
@@ -101,6 +92,10 @@ class FakeReader final : public Acd {
  private:
   static constexpr int kSteps = 10;
 
+  FakeTrack Here(int track) const {
+    const FakeTrack* found = Selected == 1 ? drive_.Find(track) : nullptr;
+    return found != nullptr ? *found : FakeTrack{};
+  }
   void Stop() {
     ++token_;
     track_ = 0;

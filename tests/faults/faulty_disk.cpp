@@ -189,39 +189,30 @@ int Open(int folder, const char* path, int flags, mode_t mode) {
   return static_cast<int>(::syscall(SYS_openat, folder, path, flags, mode));
 }
 
-bool HasMode(int flags) {
-  return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
-}
-
-int Made(long result) {
-  return static_cast<int>(result);
+// Makes a call to the system, unless it fails.
+template <class... Arguments>
+int Passed(const char* call, const std::string& path, Use use, long number,
+           Arguments... arguments) {
+  return Allowed(call, path, use) ? static_cast<int>(::syscall(number, arguments...)) : -1;
 }
 
 }  // namespace
 
 extern "C" {
 
-#define OPEN(name)                                                 \
-  int name(const char* path, int flags, ...) {                     \
-    va_list rest;                                                  \
-    va_start(rest, flags);                                         \
-    const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0; \
-    va_end(rest);                                                  \
-    return Open(AT_FDCWD, path, flags, mode);                      \
-  }
-OPEN(open)
-OPEN(open64)
-
-#define OPENAT(name)                                               \
-  int name(int folder, const char* path, int flags, ...) {         \
-    va_list rest;                                                  \
-    va_start(rest, flags);                                         \
-    const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0; \
-    va_end(rest);                                                  \
-    return Open(folder, path, flags, mode);                        \
-  }
-OPENAT(openat)
-OPENAT(openat64)
+// A call without a mode leaves it undefined, and the system does not look at it.
+int OpenPath(const char* path, int flags, mode_t mode) asm("open");
+int OpenPath(const char* path, int flags, mode_t mode) {
+  return Open(AT_FDCWD, path, flags, mode);
+}
+int OpenPath64(const char* path, int flags, mode_t mode) asm("open64");
+int OpenPath64(const char* path, int flags, mode_t mode) {
+  return Open(AT_FDCWD, path, flags, mode);
+}
+int OpenAt(int folder, const char* path, int flags, mode_t mode) asm("openat");
+int OpenAt(int folder, const char* path, int flags, mode_t mode) {
+  return Open(folder, path, flags, mode);
+}
 
 ssize_t write(int file, const void* bytes, size_t count) {
   return Written("write", file, count,
@@ -232,9 +223,7 @@ ssize_t pwrite(int file, const void* bytes, size_t count, off_t place) {
     return ::syscall(SYS_pwrite64, file, bytes, some, place);
   });
 }
-ssize_t pwrite64(int file, const void* bytes, size_t count, off_t place) {
-  return pwrite(file, bytes, count, place);
-}
+ssize_t pwrite64(int, const void*, size_t, off_t) __attribute__((alias("pwrite")));
 // A short write of several pieces writes the first one only.
 ssize_t writev(int file, const iovec* pieces, int count) {
   return Written("writev", file, static_cast<std::size_t>(count),
@@ -249,47 +238,36 @@ ssize_t copy_file_range(int from, off64_t* at, int to, off64_t* place, size_t co
 }
 
 int fallocate(int file, int mode, off_t from, off_t length) {
-  if (!Allowed("reserve", PathOf(file), Use::Grows)) return -1;
-  return Made(::syscall(SYS_fallocate, file, mode, from, length));
+  return Passed("reserve", PathOf(file), Use::Grows, SYS_fallocate, file, mode, from, length);
 }
-int fallocate64(int file, int mode, off_t from, off_t length) {
-  return fallocate(file, mode, from, length);
-}
+int fallocate64(int, int, off_t, off_t) __attribute__((alias("fallocate")));
 int ftruncate(int file, off_t length) noexcept {
-  if (!Allowed("truncate", PathOf(file), Use::Changes)) return -1;
-  return Made(::syscall(SYS_ftruncate, file, length));
+  return Passed("truncate", PathOf(file), Use::Changes, SYS_ftruncate, file, length);
 }
-int ftruncate64(int file, off_t length) noexcept {
-  return ftruncate(file, length);
-}
+int ftruncate64(int, off_t) noexcept __attribute__((alias("ftruncate")));
 int fsync(int file) {
-  if (!Allowed("sync", PathOf(file), Use::Changes)) return -1;
-  return Made(::syscall(SYS_fsync, file));
+  return Passed("sync", PathOf(file), Use::Changes, SYS_fsync, file);
 }
 int futimens(int file, const timespec times[2]) noexcept {
-  if (!Allowed("touch", PathOf(file), Use::Changes)) return -1;
-  return Made(::syscall(SYS_utimensat, file, nullptr, times, 0));
+  return Passed("touch", PathOf(file), Use::Changes, SYS_utimensat, file, nullptr, times, 0);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {
-  if (!Allowed("mkdir", PathAt(AT_FDCWD, path), Use::Grows)) return -1;
-  return Made(::syscall(SYS_mkdirat, AT_FDCWD, path, mode));
+  return Passed("mkdir", PathAt(AT_FDCWD, path), Use::Grows, SYS_mkdirat, AT_FDCWD, path, mode);
 }
 int unlink(const char* path) noexcept {
-  if (!Allowed("unlink", PathAt(AT_FDCWD, path), Use::Changes)) return -1;
-  return Made(::syscall(SYS_unlinkat, AT_FDCWD, path, 0));
+  return Passed("unlink", PathAt(AT_FDCWD, path), Use::Changes, SYS_unlinkat, AT_FDCWD, path, 0);
 }
 int unlinkat(int folder, const char* path, int flags) noexcept {
-  if (!Allowed("unlink", PathAt(folder, path), Use::Changes)) return -1;
-  return Made(::syscall(SYS_unlinkat, folder, path, flags));
+  return Passed("unlink", PathAt(folder, path), Use::Changes, SYS_unlinkat, folder, path, flags);
 }
 int remove(const char* path) noexcept {
   if (!Allowed("unlink", PathAt(AT_FDCWD, path), Use::Changes)) return -1;
   return Next<int (*)(const char*)>("remove")(path);
 }
 int rename(const char* from, const char* to) noexcept {
-  if (!Allowed("rename", PathAt(AT_FDCWD, to), Use::Changes)) return -1;
-  return Made(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+  return Passed("rename", PathAt(AT_FDCWD, to), Use::Changes, SYS_renameat2, AT_FDCWD, from,
+                AT_FDCWD, to, 0);
 }
 
 // What only looks fails when the folder has vanished.
@@ -301,20 +279,18 @@ ssize_t pread(int file, void* bytes, size_t count, off_t place) {
   if (!Allowed("read", PathOf(file), Use::Looks)) return -1;
   return ::syscall(SYS_pread64, file, bytes, count, place);
 }
-ssize_t pread64(int file, void* bytes, size_t count, off_t place) {
-  return pread(file, bytes, count, place);
-}
+ssize_t pread64(int, void*, size_t, off_t) __attribute__((alias("pread")));
 int stat(const char* path, struct stat* info) noexcept {
-  if (!Allowed("look", PathAt(AT_FDCWD, path), Use::Looks)) return -1;
-  return Made(::syscall(SYS_newfstatat, AT_FDCWD, path, info, 0));
+  return Passed("look", PathAt(AT_FDCWD, path), Use::Looks, SYS_newfstatat, AT_FDCWD, path, info,
+                0);
 }
 int lstat(const char* path, struct stat* info) noexcept {
-  if (!Allowed("look", PathAt(AT_FDCWD, path), Use::Looks)) return -1;
-  return Made(::syscall(SYS_newfstatat, AT_FDCWD, path, info, AT_SYMLINK_NOFOLLOW));
+  return Passed("look", PathAt(AT_FDCWD, path), Use::Looks, SYS_newfstatat, AT_FDCWD, path, info,
+                AT_SYMLINK_NOFOLLOW);
 }
 int statx(int folder, const char* path, int flags, unsigned mask, struct statx* info) noexcept {
-  if (!Allowed("look", PathAt(folder, path), Use::Looks)) return -1;
-  return Made(::syscall(SYS_statx, folder, path, flags, mask, info));
+  return Passed("look", PathAt(folder, path), Use::Looks, SYS_statx, folder, path, flags, mask,
+                info);
 }
 DIR* opendir(const char* path) {
   if (!Allowed("look", PathAt(AT_FDCWD, path), Use::Looks)) return nullptr;

@@ -7,46 +7,14 @@
 
 namespace vantora::test {
 
-namespace {
-
 constexpr std::size_t kRecordBytes = 822;  // size of a record without a date
-
-// `dates` has the length of each record's date. The other bytes run through all values.
-std::string Catalog(std::uint32_t count, const std::vector<std::size_t>& dates) {
-  std::string bytes = Number(count, 4);
-  for (const std::size_t date : dates) {
-    std::string record = Noise(kRecordBytes + date, static_cast<std::uint32_t>(bytes.size()));
-    bytes += record.replace(220, 2, Number(date, 2));
-  }
-  return bytes;
-}
-
-}  // namespace
-
-std::vector<std::string> FuzzSeeds() {
-  return {Catalog(0, {0}),
-          Catalog(1, {0, 29}),
-          Catalog(3, {0, 29, 0, 400}),
-          Catalog(2, {0, 0xFFFF, 1}),
-          Catalog(0x7FFFFFFF, {0, 29}),
-          Catalog(0x00FFFFFF, {29, 29, 29}),
-          Catalog(0x80000000, {0}),
-          Catalog(0xFFFFFFFF, {0}),
-          ""};
-}
 
 void FuzzOne(const std::string& bytes) {
   static Home home;
-  fs::remove(home / "a.vtr");
-  Put(home / "a.vtr", bytes);
+  Lay(home / "a.vtr", bytes);
 
   KatalogFeld katalog(3);
-  int error = 0;
-  try {
-    KatalogLesen(home.Files, L"C:\\a.vtr", katalog);
-  } catch (const Laufzeitfehler& fehler) {
-    error = fehler.Nummer;
-  }
+  const int error = ErrorOf([&] { KatalogLesen(home.Files, L"C:\\a.vtr", katalog); });
   Require(
       error == 0 || error == kFehlerDateiEnde || error == kFehlerIndex || error == kFehlerSpeicher,
       "a file that is no catalog raises the error for it");
@@ -62,9 +30,8 @@ void FuzzOne(const std::string& bytes) {
   Require(UBound(katalog) >= 0 &&
               Number(static_cast<std::uint64_t>(UBound(katalog)), 4) == bytes.substr(0, 4),
           "the count is the highest index");
-  fs::remove(home / "b.vtr");
   KatalogSchreiben(home.Files, L"C:\\b.vtr", katalog);
-  const std::string written = Get(home / "b.vtr");
+  const std::string written = Taken(home / "b.vtr");
   Require(written.size() >= 4 + kRecordBytes * katalog.size(), "every record is written");
   Require(bytes.starts_with(written), "what was read is written again, byte by byte");
 }

@@ -9,18 +9,6 @@
 
 namespace vantora::test {
 
-std::vector<std::string> FuzzSeeds() {
-  return {
-      "form 9000 7500 picture=ground back=101820 border=0\n"
-      "shpPanel 0 0 9000 600 fill=353763 line=none # panel\n"
-      "lblTitle 150 150 3000 300 font=12 bold=1 align=right fore=EBEEF5 wrap=1 tab=3\n"
-      "imgButton 150 750 1200 450 picture=a pressed=b icon=c in=shpPanel\n"
-      "columns lvwTracks 600 2400\n",
-      "picView 0 0 9 9 in=picWave\npicWave 0 0 9 9 in=picView\nshpBox 0 0 9 9 in=picWide\n"
-      "chkInside 1 2 3 4 in=shpBox\nshpPanel 0 0 9 9 in=shpBox\noptPaper(1) 1 1 1 1\n",
-      "form 1e999\ncolumns\ncolumns x 1\noptPaper( 1\noptPaper(99999999999) 1\n-1 = ==\n", ""};
-}
-
 void FuzzOne(const std::string& bytes) {
   HeadlessClock clock;
   HeadlessLoop loop(clock);

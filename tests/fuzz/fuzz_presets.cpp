@@ -36,12 +36,6 @@ void CheckSliders(Form& window) {
 
 }  // namespace
 
-std::vector<std::string> FuzzSeeds() {
-  return {
-      "Plano;0;0;0;0;0;0;0;0;0;0;0\nAlto;8192;1;12;30000;1\nLimpio;1;0;2;0;3;1\nf;83;33;49;70\n",
-      "x;-9;9;1e999;-1e999;0x7;nan;inf;;.5;99999999999;2\n;\n;;;;;;;;\nroto;abc;1.4\n", "", "\n\n"};
-}
-
 void FuzzOne(const std::string& bytes) {
   static Editor editor;
   std::istringstream lines(bytes);

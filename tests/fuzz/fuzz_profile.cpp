@@ -5,16 +5,13 @@
 
 namespace vantora::test {
 
-std::vector<std::string> FuzzSeeds() {
-  return {
-      "[1A2B3C]\r\nartist=A\r\ntitle=\"T\"\r\nnumtracks=2\r\n0=a;b;1\r\n1=c;d;2\r\ntotaltime=3\r\n",
-      "; x\n[one]\nkey = 'v'\n\n[two]\n=\nkey\n[ONE]\nkey=w\n[", "\xEF\xBB\xBF[a]\rb=c\n", ""};
-}
-
 void FuzzOne(const std::string& bytes) {
   static Home home;
   const Text name = L"qmaudio.ini";
-  Put(home / ".local/share/vantora/qmaudio.ini", bytes);
+  static const fs::path file = home / ".local/share/vantora/qmaudio.ini";
+  static const bool folder = fs::create_directories(file.parent_path());
+  static_cast<void>(folder);
+  Lay(file, bytes);
   ProfileFiles profile(home.Table);
   const auto read = [&](const Text& section, const Text& key) {
     return profile.GetPrivateProfileString(section, key, L"none", 5000, name);

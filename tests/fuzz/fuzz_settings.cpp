@@ -3,28 +3,28 @@
 #include "tests/backends/linux/home.h"
 #include "tests/fuzz/fuzz_body.h"
 
-namespace vantora::test {
+#include <optional>
 
-std::vector<std::string> FuzzSeeds() {
-  return {"[Quillmark\\VTR]\nUndo=1\nCopies=2\nWave_Export_Dir=C:\\M%C3%BAsica\\\n",
-          "# mine\r\n[Quillmark\\VTR]\r\n copies = 1 \r\n\r\n[Quillmark\\Presets]\nx%3D=%20a%20\n",
-          "[Quillmark\\VTR]\n[]\n[\\]\n=\nUndo\nCopies=%\nUndo=%4\nUndo=%00%FF\n", ""};
-}
+namespace vantora::test {
 
 void FuzzOne(const std::string& bytes) {
   static const TempFolder folder;
   const fs::path file = folder() / "settings.conf";
-  Put(file, bytes);
+  Lay(file, bytes);
+  // Each run of the program reads the file anew.
+  std::optional<SettingsFile> run(file);
   const auto read = [&](const Text& key) {
-    return SettingsFile(file).GetSetting(L"Quillmark", L"VTR", key, L"none");
+    return run->GetSetting(L"Quillmark", L"VTR", key, L"none");
   };
   const Text undo = read(L"Undo"), folderOfWaves = read(L"Wave_Export_Dir");
   // Saves the input itself, since any text must be kept.
   const auto* input = reinterpret_cast<const unsigned char*>(bytes.data());
   const Text value(input, input + std::min<std::size_t>(bytes.size(), 300));
-  SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Copies", value);
+  run->SaveSetting(L"Quillmark", L"VTR", L"Copies", value);
+  run.emplace(file);
   Require(read(L"Copies") == value, "what is saved is read again");
-  SettingsFile(file).SaveSetting(L"Quillmark", L"VTR", L"Other" + value, L"1");
+  run->SaveSetting(L"Quillmark", L"VTR", L"Other" + value, L"1");
+  run.emplace(file);
   Require(read(L"Other" + value) == L"1", "any key is found again");
   Require(read(L"Copies") == value && read(L"Undo") == undo &&
               read(L"Wave_Export_Dir") == folderOfWaves,

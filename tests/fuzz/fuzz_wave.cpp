@@ -22,7 +22,7 @@ std::string Sound(WaveFile& wave) {
 }
 
 std::string SoundInTrueFile(const Home& home, Dateien& files) {
-  const std::string bytes = Get(home / "a.wav");
+  const std::string bytes = Taken(home / "a.wav");
   Require(bytes.substr(4, 4) == Number(bytes.size() - 8, 4), "RIFF tells the file's length");
   WaveFile wave(files);
   wave.Open(kWave);
@@ -34,18 +34,9 @@ std::string SoundInTrueFile(const Home& home, Dateien& files) {
 
 }  // namespace
 
-std::vector<std::string> FuzzSeeds() {
-  const std::string tail = Chunk("LIST", "INFOIART" + Number(5, 4) + std::string("name\0\0", 6));
-  return {Wave(Noise(400)), Wave(Noise(401), tail, {1, 1, 8000, 8}),
-          Riff(Chunk("LIST", Noise(30)) + Chunk("fmt ", Format{}.Bytes() + Number(0, 2)) +
-               Chunk("fact", Noise(4)) + Chunk("data", Noise(4000)) + tail),
-          Riff(Chunk("data", Noise(20)) + Chunk("fmt ", Format{}.Bytes()))};
-}
-
 void FuzzOne(const std::string& bytes) {
   static Home home;
-  fs::remove(home / "a.wav");  // overwriting makes some file systems wait for the disk
-  Put(home / "a.wav", bytes);
+  Lay(home / "a.wav", bytes);
   std::string sound;
   {
     WaveFile wave(home.Files);

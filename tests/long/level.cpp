@@ -1,5 +1,10 @@
 #include "tests/long/level.h"
 
+#include <QCoreApplication>
+#include <QFontDatabase>
+#include <QPixmapCache>
+
+#include <fontconfig/fontconfig.h>
 #include <fstream>
 #include <iterator>
 #include <malloc.h>
@@ -7,6 +12,11 @@
 
 // Present in programs that the address sanitizer watches.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
+// That library keeps distances instead of pointers, which the leak sanitizer does not follow.
+extern "C" const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions() {
+  return "leak:libfontconfig\n";
+}
 
 namespace vantora::test {
 
@@ -41,7 +51,29 @@ int FilesIn(const fs::path& folder, const auto& counts) {
   return count;
 }
 
+// The file of the system's first font.
+QString FontFile() {
+  FcPattern* any = FcPatternCreate();
+  FcConfigSubstitute(nullptr, any, FcMatchPattern);
+  FcDefaultSubstitute(any);
+  FcResult result = FcResultNoMatch;
+  FcPattern* font = FcFontMatch(nullptr, any, &result);
+  FcChar8* file = nullptr;
+  if (font != nullptr) FcPatternGetString(font, FC_FILE, 0, &file);
+  const QString name = QString::fromUtf8(reinterpret_cast<const char*>(file));
+  if (font != nullptr) FcPatternDestroy(font);
+  FcPatternDestroy(any);
+  return name;
+}
+
 }  // namespace
+
+void ForgetCaches() {
+  if (QCoreApplication::instance() == nullptr) return;
+  QPixmapCache::clear();
+  static const QString font = FontFile();
+  QFontDatabase::removeApplicationFont(QFontDatabase::addApplicationFont(font));
+}
 
 std::string Level::Words() const {
   return "handles " + std::to_string(Handles) + ", threads " + std::to_string(Threads) +

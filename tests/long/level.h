@@ -15,6 +15,10 @@ struct Level {
   std::string Words() const;
 };
 
+// Lets the toolkit forget the fonts and the pictures of buttons that it keeps, up to limits of its
+// own. It forgets the fonts when the application gets another one.
+void ForgetCaches();
+
 // Measures this process. Temporary files are all files in `temporary`, and files in `home` that are
 // named as files whose writing has not ended.
 Level Measure(const std::filesystem::path& temporary, const std::filesystem::path& home);

@@ -11,8 +11,15 @@ export QT_QPA_PLATFORM=offscreen UBSAN_OPTIONS=print_stacktrace=1
 
 cmake --preset threads
 cmake --build --preset threads
-build-threads/backend_tests >"$logs/threads.log" 2>&1
-tail -n 2 "$logs/threads.log"
+TSAN_OPTIONS=suppressions=$PWD/tests/support/threads.supp
+export TSAN_OPTIONS
+(cd build-threads
+ ./backend_tests
+ ./alsa_silent_tests
+ ../tests/support/with_sound.sh ./alsa_tests --gtest_filter=-GoneServer.*
+ ../tests/support/with_sound.sh ./alsa_tests --gtest_filter=GoneServer.*
+ LD_PRELOAD=$PWD/libemulated_drive.so ./drive_tests) >"$logs/threads.log" 2>&1
+grep -a '^\[  PASSED' "$logs/threads.log"
 
 cmake --preset sanitize
 cmake --build --preset sanitize --target long-run

@@ -8,6 +8,7 @@
 #include "platform/laufzeitfehler.h"
 #include "platform/printer.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -44,6 +45,14 @@ constexpr const wchar_t* kDisc = L"C:\\Vantora\\Discos";
 constexpr const wchar_t* kMainWindow = L"frmHauptForm";
 constexpr const wchar_t* kAboutRows[] = {L"imgTitel",      L"imgBrennen",          L"imgWaveEdit",
                                          L"imgPrintCover", L"imgKatalogSpeichern", L"imgTitel"};
+// Pressed more often than others, so that sound is recorded, filtered while it plays, mixed and
+// burnt.
+constexpr const wchar_t* kHabits[] = {L"imgEffekt",          L"imgDeclickByPass",
+                                      L"imgDecrackleByPass", L"imgDenoiserByPass",
+                                      L"imgSteuerung",       L"pic3D",
+                                      L"imgBrennen",         L"imgTitel",
+                                      L"imgPreview",         L"imgAufnehmen"};
+constexpr int kHabitWeight = 4;
 constexpr int kOftenPatience = 20'000;  // steps on the way out of the program
 constexpr int kStepMs = 100;
 
@@ -70,7 +79,9 @@ bool Answers(const Control& control) {
 std::vector<Control*> Usable(const Form& form) {
   std::vector<Control*> usable;
   for (Control* control : form.Controls) {
-    if (Answers(*control) && control->InSight() && control->InUse()) usable.push_back(control);
+    if (!Answers(*control) || !control->InSight() || !control->InUse()) continue;
+    const bool habit = std::ranges::find(kHabits, control->Name) != std::end(kHabits);
+    usable.insert(usable.end(), habit ? kHabitWeight : 1, control);
   }
   return usable;
 }
@@ -85,8 +96,9 @@ std::vector<Control*> ButtonsOf(const Form& box) {
 
 }  // namespace
 
-void RandomUser::Begin(Dice& dice, int deeds) {
+void RandomUser::Begin(Dice& dice, int deeds, const Text& fond) {
   dice_ = &dice;
+  fond_ = fond;
   left_ = deeds;
   patience_ = kOftenPatience;
   resting_ = false;
@@ -102,7 +114,7 @@ void RandomUser::Listen() {
     const std::string what = std::to_string(error.Nummer) + " " + ToUtf8(error.Beschreibung) +
                              (error.Grund.empty() ? "" : ": " + ToUtf8(error.Grund));
     ++errors_[what];
-    Note("ERROR " + what);
+    Do("ERROR " + what, [](Hands&) {});
     if (inner) inner(error);
   };
 }
@@ -136,13 +148,10 @@ void RandomUser::Rest(int ms) {
   stage_.Loop().PostAfter(ms, [this] { resting_ = false; });
 }
 
-void RandomUser::Note(const std::string& what) {
+void RandomUser::Do(const std::string& what, const std::function<void(Hands&)>& deed) {
   diary_ << done_ << " @" << programMs_ / 1000 << "s " << what << std::endl;
-}
-
-void RandomUser::Try(const std::function<void()>& deed) {
   try {
-    deed();
+    deed(stage_.TheHands());
   } catch (const Unreachable& why) {
     diary_ << "    refused: " << why.what() << std::endl;
   } catch (const Laufzeitfehler& error) {
@@ -159,7 +168,7 @@ void RandomUser::AnyDeed(Form& front) {
   if (dice_->OneIn(40)) return LookElsewhere();
   if (std::exchange(menuNext_, false) && !dice_->OneIn(5)) return ChooseMenu(front);
   if (front.Find(L"lstDatei") != nullptr && dice_->OneIn(2)) return ChooseFile(front);
-  if (front.Name == kMainWindow && dice_->OneIn(3)) return UseCatalog(front);
+  if (front.Name == kMainWindow && (!fond_.empty() || dice_->OneIn(2))) return UseCatalog(front);
   Use(front);
 }
 
@@ -167,9 +176,8 @@ void RandomUser::Use(Form& form) {
   const int what = dice_->From(1, 100);
   if (what <= 14) return Strike(form);
   if (what <= 18 && !form.Menus.empty()) return ChooseMenu(form);
-  if (what <= 22) {
-    Note("close " + ToUtf8(form.Name));
-    return Try([&] { stage_.TheHands().Close(form); });
+  if (what <= 20 && fond_.empty()) {
+    return Do("close " + ToUtf8(form.Name), [&](Hands& hands) { hands.Close(form); });
   }
   const std::vector<Control*> usable = Usable(form);
   if (usable.empty()) return Strike(form);
@@ -179,9 +187,10 @@ void RandomUser::Use(Form& form) {
 void RandomUser::UseControl(Control& control) {
   switch (control.Kind()) {
     case ControlKind::TextBox: {
-      const Text words = dice_->Of(kWords);
-      Note("type " + NameOf(control) + " \"" + ToUtf8(words) + "\"");
-      return Try([&] { stage_.TheHands().Type(control, words); });
+      // More copies of a disc would fill the whole run.
+      const Text words = control.Name == L"txtKopienAnzahl" ? L"2" : dice_->Of(kWords);
+      return Do("type " + NameOf(control) + " \"" + ToUtf8(words) + "\"",
+                [&](Hands& hands) { hands.Type(control, words); });
     }
     case ControlKind::ComboBox:
     case ControlKind::ListBox:
@@ -189,55 +198,61 @@ void RandomUser::UseControl(Control& control) {
     case ControlKind::ListView:
       return UseList(control, static_cast<const ListView&>(control).ListItems.Count());
     case ControlKind::Slider:
-      return UseSlider(control);
     case ControlKind::PictureBox:
-      return UsePicture(control);
     case ControlKind::Label:
-      return UseLabel(control);
+      return Press(control, 8);
     default:
-      return UseButton(control);
+      return Press(control, 30);
   }
 }
 
-void RandomUser::UseButton(Control& control) {
-  const std::string name = NameOf(control);
-  const int what = dice_->From(1, 20), ms = dice_->From(1, 2000);
-  Hands& hands = stage_.TheHands();
-  Note((what == 1 ? "twice " : what == 2 ? "right " : what == 3 ? "hold " : "press ") + name);
-  Try([&] {
-    if (what == 1) return hands.DoubleClick(control);
-    if (what == 2) return hands.RightClick(control);
-    if (what == 3 && !hands.Holding()) return hands.Hold(control, ms);
-    hands.Press(control);
-  });
-}
-
-void RandomUser::UseLabel(Control& control) {
-  const int what = dice_->From(1, 6), x = dice_->From(-3000, 3000), y = dice_->From(-3000, 3000);
-  Hands& hands = stage_.TheHands();
-  Note("label " + std::to_string(what) + " " + NameOf(control));
-  Try([&] {
-    if (what == 1) return hands.RightClick(control);
-    if (what == 2) return hands.Pull(control, x, y);
-    if (what == 3) return hands.ShiftPress(control);
-    if (what == 4) return hands.DoubleClick(control);
-    hands.Press(control);
+// Uses the mouse in one of `ways` ways. From the eighth way on, the control is just pressed.
+void RandomUser::Press(Control& control, int ways) {
+  const int way = dice_->From(1, ways), a = dice_->From(0, 999), b = dice_->From(-100, 1100);
+  const std::string words = std::to_string(way) + " " + NameOf(control) + " " + std::to_string(a);
+  Do("press " + words + " " + std::to_string(b), [&](Hands& hands) {
+    switch (way) {
+      case 1:
+        return hands.DoubleClick(control);
+      case 2:
+        return hands.RightClick(control);
+      case 3:
+        return hands.PressAt(control, a);
+      case 4:
+        return hands.DoubleClickAt(control, a);
+      case 5:
+        return hands.Drag(control, a, b);
+      case 6:
+        // Hands can release a button that winds the sound only after a time.
+        return control.Kind() == ControlKind::Label && a < 500 ? hands.Pull(control, 4 * a, 3 * b)
+                                                               : hands.ShiftPress(control);
+      case 7:
+        return hands.Holding() ? hands.Press(control) : hands.Hold(control, 2 * a + 1);
+      default:
+        return hands.Press(control);
+    }
   });
 }
 
 void RandomUser::UseList(Control& control, int rows) {
-  Hands& hands = stage_.TheHands();
   const bool combo = control.Kind() == ControlKind::ComboBox;
   const int what = combo ? 9 : dice_->From(1, 10);
   if (rows == 0 || what <= 4) {
-    Note("list " + std::to_string(what) + " " + NameOf(control));
     menuNext_ = what <= 2;
-    return Try([&] { what <= 2 ? hands.RightClick(control) : hands.DoubleClick(control); });
+    return Do("list " + std::to_string(what) + " " + NameOf(control),
+              [&](Hands& h) { what <= 2 ? h.RightClick(control) : h.DoubleClick(control); });
   }
+  Select(control, rows);
+}
+
+void RandomUser::Select(Control& control, int rows) {
   std::vector<int> chosen{dice_->From(1, rows)};
-  while (!combo && dice_->OneIn(2) && chosen.back() < rows) chosen.push_back(chosen.back() + 1);
-  Note("select " + NameOf(control) + " " + std::to_string(chosen.front()));
-  Try([&] { hands.Select(control, chosen); });
+  const auto* box = dynamic_cast<const ListBox*>(&control);
+  const bool several =
+      control.Kind() == ControlKind::ListView || (box != nullptr && box->MultiSelect);
+  while (several && dice_->OneIn(2) && chosen.back() < rows) chosen.push_back(chosen.back() + 1);
+  Do("select " + NameOf(control) + " " + std::to_string(chosen.front()),
+     [&](Hands& hands) { hands.Select(control, chosen); });
 }
 
 // Fills the list of the main window, or works on its rows: most windows are about them.
@@ -245,34 +260,14 @@ void RandomUser::UseCatalog(Form& form) {
   auto& list = dynamic_cast<ListView&>(*form.Find(L"lvwKatalog"));
   if (list.ListItems.Count() > 1 && !dice_->OneIn(4)) {
     if (dice_->OneIn(2)) return UseList(list, list.ListItems.Count());
-    return UseButton(*form.Find(dice_->Of(kAboutRows)));
+    return Press(*form.Find(fond_.empty() ? dice_->Of(kAboutRows) : fond_), 30);
   }
-  UseButton(*form.Find(L"imgLiedImport"));
-}
-
-void RandomUser::UsePicture(Control& control) {
-  const int what = dice_->From(1, 5), from = dice_->From(0, 999), to = dice_->From(-100, 1100);
-  Hands& hands = stage_.TheHands();
-  Note("picture " + std::to_string(what) + " " + NameOf(control) + " " + std::to_string(from) +
-       " " + std::to_string(to));
-  Try([&] {
-    if (what == 1) return hands.RightClick(control);
-    if (what == 2) return hands.DoubleClickAt(control, from);
-    if (what == 3) return hands.PressAt(control, from);
-    hands.Drag(control, from, to);
-  });
-}
-
-void RandomUser::UseSlider(Control& control) {
-  const int from = dice_->From(0, 1000), to = dice_->From(0, 1000);
-  Note("slide " + NameOf(control) + " " + std::to_string(from) + " " + std::to_string(to));
-  Try([&] { stage_.TheHands().Drag(control, from, to); });
+  Press(*form.Find(L"imgLiedImport"), 30);
 }
 
 void RandomUser::Strike(Form& form) {
   const Text key = dice_->Of(kKeys);
-  Note("key " + ToUtf8(form.Name) + " " + ToUtf8(key));
-  Try([&] { stage_.TheHands().Key(form, key); });
+  Do("key " + ToUtf8(form.Name) + " " + ToUtf8(key), [&](Hands& hands) { hands.Key(form, key); });
 }
 
 void RandomUser::Answer(Form& box) {
@@ -285,25 +280,17 @@ void RandomUser::Answer(Form& box) {
   if (stage_.AsksToLeave(words) && !dice_->OneIn(8)) button = buttons.back();
   std::string line = ToUtf8(words);
   for (char& c : line) c = c == '\n' || c == '\r' ? ' ' : c;
-  Note("box \"" + line + "\" " + NameOf(*button));
-  Try([&] { stage_.TheHands().Press(*button); });
+  Do("box \"" + line + "\" " + NameOf(*button), [&](Hands& hands) { hands.Press(*button); });
 }
 
-// Marks a file and presses Return, as users of a file dialog mostly do.
+// Marks a file and presses Return, as users of a file dialog mostly do, or gives up.
 void RandomUser::ChooseFile(Form& dialog) {
-  auto* files = dynamic_cast<ListControl*>(dialog.Find(L"lstDatei"));
-  if (files == nullptr || files->ListCount() == 0) return Use(dialog);
-  std::vector<int> rows{dice_->From(1, files->ListCount())};
-  const auto* box = dynamic_cast<const ListBox*>(files);
-  const bool several = box != nullptr && box->MultiSelect;
-  while (several && dice_->OneIn(2) && rows.back() < files->ListCount()) {
-    rows.push_back(rows.back() + 1);
-  }
-  Note("choose " + std::to_string(rows.size()) + " " + ToUtf8(files->List(rows.front() - 1)));
-  Try([&] {
-    stage_.TheHands().Select(*files, rows);
-    stage_.TheHands().Key(dialog, L"Return");
-  });
+  auto& files = dynamic_cast<ListControl&>(*dialog.Find(L"lstDatei"));
+  const bool none = files.ListCount() == 0;
+  if (none && !dice_->OneIn(3)) return Use(dialog);
+  if (!none) Select(files, files.ListCount());
+  const Text key = none ? L"Escape" : L"Return";
+  Do("file dialog " + ToUtf8(key), [&](Hands& hands) { hands.Key(dialog, key); });
 }
 
 void RandomUser::ChooseMenu(Form& form) {
@@ -311,8 +298,7 @@ void RandomUser::ChooseMenu(Form& form) {
   const Menu& menu = dice_->Of(form.Menus);
   if (menu.Items.empty()) return;
   const Text item = dice_->Of(menu.Items).Name;
-  Note("menu " + ToUtf8(item));
-  Try([&] { stage_.TheHands().ChooseMenu(form, item); });
+  Do("menu " + ToUtf8(item), [&](Hands& hands) { hands.ChooseMenu(form, item); });
 }
 
 // Does something in a moment, even if the program is at work then.
@@ -334,7 +320,7 @@ void RandomUser::LookElsewhere() {
   }
   if (shown.empty()) return;
   Form& form = *dice_->Of(shown);
-  Note("elsewhere " + ToUtf8(form.Name));
+  Do("elsewhere " + ToUtf8(form.Name), [](Hands&) {});
   if (loop.Minimized(form)) return loop.Restored(form);
   if (loop.Reachable(form)) Use(form);
 }
@@ -342,13 +328,13 @@ void RandomUser::LookElsewhere() {
 // ---- the machine ----
 
 void RandomUser::Machine() {
-  const int what = dice_->From(1, 6), number = dice_->From(0, 100);
-  Note("machine " + std::to_string(what) + " " + std::to_string(number));
-  Try([&] {
+  const int what = dice_->From(1, 7), number = dice_->From(0, 100);
+  Do("machine " + std::to_string(what) + " " + std::to_string(number), [&](Hands&) {
     if (what <= 2) return ChangeDisc();
     if (what == 3) return ChangeWriter();
     if (what == 4) return stage_.Load(number);
-    if (what == 5) return stage_.LineIn(L"C:\\Música\\faro.wav");
+    if (what == 5) return Spoil();
+    if (what == 6) return stage_.LineIn(L"C:\\Música\\faro.wav");
     stage_.LineInOverrun(number);
   });
 }
@@ -360,26 +346,27 @@ void RandomUser::ChangeDisc() {
   stage_.InsertDisc(kDisc + (L"\\" + dice_->Of(discs)));
 }
 
+// Another program deletes or shortens a wave that may be open.
+void RandomUser::Spoil() {
+  const std::vector<Text> waves = stage_.Files().List(L"C:\\Música", L"*.wav");
+  if (waves.empty()) return;
+  const auto file = stage_.Files().SystemPath(L"C:\\Música\\" + dice_->Of(waves));
+  if (dice_->OneIn(3)) {
+    std::filesystem::remove(file);
+  } else {
+    std::filesystem::resize_file(file, std::filesystem::file_size(file) / dice_->From(1, 9));
+  }
+}
+
 void RandomUser::ChangeWriter() {
   WriterFaults& writer = stage_.Writer();
   writer = {};
   writer.Pace = dice_->From(0, 3) * 4;
-  switch (dice_->From(1, 8)) {
-    case 1:
-      writer.RefuseTrack = dice_->From(1, 3);
-      break;
-    case 2:
-      writer.FailAtPercent = dice_->From(0, 99);
-      break;
-    case 3:
-      writer.NotReady = dice_->From(1, 3);
-      break;
-    case 4:
-      writer.WriteDao = -1;
-      break;
-    default:
-      break;
-  }
+  const int fault = dice_->From(1, 8), number = dice_->From(1, 99);
+  if (fault == 1) writer.RefuseTrack = 1 + number % 3;
+  if (fault == 2) writer.FailAtPercent = number;
+  if (fault == 3) writer.NotReady = 1 + number % 3;
+  if (fault == 4) writer.WriteDao = -1;
 }
 
 // ---- the way out ----
@@ -398,21 +385,17 @@ void RandomUser::GoHome(Form* front) {
     const auto buttons = ButtonsOf(*front);
     const Text words = front->Find(L"lblMbMeldung")->Read(L"Caption").value_or(L"");
     if (buttons.empty() || !stage_.AsksToLeave(words)) return Answer(*front);
-    Note("leaves");
-    return Try([&] { stage_.TheHands().Press(*buttons.front()); });
+    return Do("leaves", [&](Hands& hands) { hands.Press(*buttons.front()); });
   }
-  Hands& hands = stage_.TheHands();
   if (front->Name == kMainWindow) {
     Text button = stage_.ExitButton();
     button.erase(0, button.find(L'.') + 1);
-    Note("exit");
-    return Try([&] { hands.Press(*front->Find(button)); });
+    return Do("exit", [&](Hands& hands) { hands.Press(*front->Find(button)); });
   }
   const int way = dice_->From(1, 5);
-  Note("out of " + ToUtf8(front->Name) + " by way " + std::to_string(way));
-  if (way <= 2) return Try([&] { hands.Close(*front); });
-  if (way <= 4) return Try([&] { hands.Key(*front, L"Escape"); });
-  Use(*front);
+  if (way == 5) return Use(*front);
+  Do("out of " + ToUtf8(front->Name) + " by way " + std::to_string(way),
+     [&](Hands& hands) { way <= 2 ? hands.Close(*front) : hands.Key(*front, L"Escape"); });
 }
 
 }  // namespace vantora::test

@@ -19,7 +19,9 @@ class RandomUser final : public User {
   // Each deed is a line of `diary`, written before it is done.
   RandomUser(RobotStage& stage, std::ostream& diary) : stage_(stage), diary_(diary) {}
 
-  void Begin(Dice& dice, int deeds);  // before each start of the program
+  // Comes before each start of the program. `fond` is the button of the main window whose window
+  // the user opens again and again and does not close, or blank.
+  void Begin(Dice& dice, int deeds, const Text& fond);
   bool Act(Form* front) override;
   bool Resting() const override { return resting_; }
 
@@ -35,18 +37,15 @@ class RandomUser final : public User {
  private:
   void Listen();
   void Rest(int ms);
-  void Note(const std::string& what);
-  void Try(const std::function<void()>& deed);
+  void Do(const std::string& what, const std::function<void(Hands&)>& deed);
 
   void AnyDeed(Form& front);
   void Use(Form& form);
   void UseControl(Control& control);
-  void UseButton(Control& control);
-  void UseLabel(Control& control);
+  void Press(Control& control, int ways);
+  void Select(Control& control, int rows);
   void UseList(Control& control, int rows);
   void UseCatalog(Form& form);
-  void UsePicture(Control& control);
-  void UseSlider(Control& control);
   void Strike(Form& form);
   void Answer(Form& box);
   void ChooseFile(Form& dialog);
@@ -54,6 +53,7 @@ class RandomUser final : public User {
   void LaterToo();
   void Machine();
   void ChangeDisc();
+  void Spoil();
   void ChangeWriter();
   void LookElsewhere();
   void GoHome(Form* front);
@@ -61,6 +61,7 @@ class RandomUser final : public User {
   RobotStage& stage_;
   std::ostream& diary_;
   Dice* dice_ = nullptr;
+  Text fond_;
   int left_ = 0, done_ = 0, patience_ = 0;
   bool resting_ = false, fresh_ = false;
   bool menuNext_ = false;  // a click has probably opened a menu

@@ -7,9 +7,9 @@ namespace vantora {
 namespace {
 
 struct MedleyFenster : Buehne {
-  explicit MedleyFenster(const std::vector<Text>& titel = {L"a", L"b", L"c"}) {
+  MedleyFenster() {
     Start();
-    Katalog(titel);
+    Katalog({L"a", L"b", L"c"});
   }
   // Opens the window for all rows of the catalog. `laenge` replaces the length of each track.
   frmMedley& Oeffne(const Text& laenge = L"") {
@@ -46,8 +46,6 @@ TEST_F(MedleyWindow, EveryValueReachesItsRowAtItsMoment) {
   EXPECT_EQ(Spur(0), L"50/1/x");  // without leaving the row
   Zeile(1);
   EXPECT_EQ(Spur(0), L"120/1/x");
-  EXPECT_EQ(m.txtBPM.Text(), L"");
-  EXPECT_EQ(m.chkPitch.Value(), 0);
   platform.hands.Drag(m.imgMedleyKnopf, 500, 0);
   EXPECT_EQ(m.txtBPM.Text(), L"280");
   EXPECT_EQ(Spur(1), L"/1/-");  // only the text box has changed
@@ -56,33 +54,20 @@ TEST_F(MedleyWindow, EveryValueReachesItsRowAtItsMoment) {
   EXPECT_EQ(Spur(1), L"/12/-");        // stored before it is limited
   Zeile(2);
   EXPECT_EQ(Spur(1), L"280/3/-");
-  EXPECT_FALSE(m.txtDauer.Enabled());
-  EXPECT_FALSE(m.chkPitch.Enabled());
-  EXPECT_FALSE(m.picWaveToFade(1).Visible());
   platform.hands.Key(m, L"Escape");
   EXPECT_FALSE(prog.frmMedley.Geladen());
   EXPECT_EQ(prog.Medley.size(), 1U);
   EXPECT_TRUE(Haupt().Window.Enabled());
 }
 
-TEST_F(MedleyWindow, ALongFadeSurvivesReturnAndEndsAtTenWhenTheFocusLeaves) {
-  frmMedley& m = Oeffne(L"60000");
-  Tippe(m.txtDauer, L"12", true);
-  EXPECT_EQ(m.txtDauer.Text(), L"12");
-  EXPECT_EQ(m.picWaveToFade(0).Left(), 1875);  // the picture shows at most ten seconds
-  platform.hands.Key(m, L"Tab");
-  EXPECT_EQ(m.txtDauer.Text(), L"10");
-  EXPECT_EQ(Spur(0), L"50/10/-");
-}
-
 TEST_F(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
-  struct {
-    Text Erste, Zweite, Getippt, Erwartet;
-  } const faelle[] = {
-      {L"3500", L"3700", L"9", L"3.5"},  {L"3700", L"3500", L"9", L"3.5"},
-      {L"60000", L"4200", L"9", L"4.2"}, {L"1e999", L"-5", L"9", L"9"},
-      {L"", L"nada", L"9", L"9"},        {L"60000", L"60000", L"99999999", L"60"},
-  };
+  const struct {
+    Text Erste, Zweite, Getippt, Erwartet, Verlassen;  // with Return, and when the focus leaves
+  } faelle[] = {{L"3500", L"3700", L"9", L"3.5", L"3.5"},
+                {L"60000", L"4200", L"9", L"4.2", L"4.2"},
+                {L"1e999", L"-5", L"9", L"9", L"9"},
+                {L"", L"nada", L"9", L"9", L"9"},
+                {L"60000", L"60000", L"99999999", L"60", L"10"}};
   for (const auto& fall : faelle) {
     MedleyFenster b;
     b.prog.Katalog[1].Laenge = fall.Erste;
@@ -90,6 +75,9 @@ TEST_F(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
     frmMedley& m = b.Oeffne();
     b.Tippe(m.txtDauer, fall.Getippt, true);
     EXPECT_EQ(m.txtDauer.Text(), fall.Erwartet);
+    EXPECT_LE(m.picWaveToFade(0).Left(), 1875) << "it shows at most ten seconds";
+    b.platform.hands.Key(m, L"Tab");
+    EXPECT_EQ(m.txtDauer.Text(), fall.Verlassen);
     EXPECT_TRUE(b.Gesagt().empty());
   }
 }
@@ -104,15 +92,12 @@ TEST_F(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSecond
   EXPECT_EQ(eine, 360);
   const int breite = m.picWaveToFade(0).Width;
   const auto ziehe = [&](int twips) {
-    const int promille = twips * 1000 / breite;
-    platform.hands.Drag(m.picWaveToFade(0), 500, 500 + promille);
+    platform.hands.Drag(m.picWaveToFade(0), 500, 500 + twips * 1000 / breite);
   };
   ziehe(180 * 4 + 60);
   EXPECT_EQ(m.txtDauer.Text(), L"5");
   EXPECT_EQ(ueberlappung(), 5 * eine);
   EXPECT_EQ(Spur(0), L"50/1/-");  // only the text box has changed
-  platform.hands.Key(m, L"Right");
-  EXPECT_EQ(m.txtDauer.Text(), L"6");
   platform.hands.Key(m, L"End");
   platform.hands.Key(m, L"Right");
   EXPECT_EQ(m.txtDauer.Text(), L"10");
@@ -121,7 +106,6 @@ TEST_F(MedleyWindow, StripsOverlapInProportionAndFollowMouseAndKeysByWholeSecond
   EXPECT_EQ(m.txtDauer.Text(), L"1");
   EXPECT_EQ(m.picWaveToFade(0).Left(), 255);
   EXPECT_EQ(ueberlappung(), eine);
-  EXPECT_EQ(platform.loop.MousePointer(), Pointer::Normal);
 }
 
 TEST_F(MedleyWindow, NothingReachesTheWindowWhileItJoinsTracks) {

@@ -1,24 +1,12 @@
-#include <gtest/gtest.h>
+#include "tests/backends/linux/home.h"
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <set>
-#include <string>
-#include <utility>
 #include <vector>
 
 namespace vantora::test {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-std::string Read(const char* file) {
-  std::ifstream stream(fs::path(VANTORA_SOURCE_DIR) / file);
-  return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 // A folder of the product, and those that it may include.
 using Level = std::pair<std::string, std::vector<std::string>>;
@@ -38,7 +26,8 @@ std::vector<Level> Levels(const std::string& text, const std::regex& level) {
 }
 
 std::vector<Level> LevelsOfTheBuild() {
-  return Levels(Read("CMakeLists.txt"), std::regex("\n    \"([a-z/]+):([^\"]*)\""));
+  return Levels(Get(VANTORA_SOURCE_DIR "/CMakeLists.txt"),
+                std::regex("\n    \"([a-z/]+):([^\"]*)\""));
 }
 
 }  // namespace
@@ -47,7 +36,7 @@ std::vector<Level> LevelsOfTheBuild() {
 TEST(Levels, TheBuildThePageAndTheTreeHaveTheSameAndAllArrowsPointDown) {
   const std::vector<Level> levels = LevelsOfTheBuild();
   ASSERT_GT(levels.size(), 10U) << "the test has looked at the wrong place";
-  const std::string page = Read("docs/architecture.md");
+  const std::string page = Get(VANTORA_SOURCE_DIR "/docs/architecture.md");
   EXPECT_EQ(levels, Levels(page, std::regex("\n\\| \\d+ \\| `([a-z/]+)` \\| \\[([^\\]]*)\\]")));
   std::set<std::string> below;
   for (const auto& [folder, uses] : levels) {

@@ -135,16 +135,10 @@ TEST(Drawing, WordsOfADeviceAreTurnedAroundTheirBeginningAndScaledWithTheBox) {
       const int at = static_cast<int>(std::lround(200 * scale));
       const double along = angle == 0 ? ink.width() : ink.height();
       EXPECT_NEAR(along, width, 8);
-      if (angle == 0) {
-        EXPECT_NEAR(ink.left(), at, 5);
-        EXPECT_NEAR(ink.bottom() + 1, at + ascent, 2);
-      } else if (angle == 900) {
-        EXPECT_NEAR(ink.bottom(), at, 5);
-        EXPECT_NEAR(ink.right() + 1, at + ascent, 2);
-      } else {
-        EXPECT_NEAR(ink.top(), at, 5);
-        EXPECT_NEAR(ink.left(), at - ascent, 2);
-      }
+      const int begins = angle == 0 ? ink.left() : angle == 900 ? ink.bottom() : ink.top();
+      const int line = angle == 0 ? ink.bottom() : angle == 900 ? ink.right() : -ink.left() - 1;
+      EXPECT_NEAR(begins, at, 5);
+      EXPECT_NEAR(line + 1, (angle == 2700 ? -at : at) + ascent, 2);
     }
   }
 }

@@ -1,6 +1,7 @@
 #include "tests/qt/stage.h"
 
 #include <QKeyEvent>
+#include <QWindow>
 
 #include <chrono>
 #include <thread>
@@ -21,7 +22,7 @@ struct TapForm final : TestForm {
   int Ups = 0;
 };
 
-void Send(QWidget* window, QEvent::Type type, std::uint64_t stamp, bool repeats = false) {
+void Send(QObject* window, QEvent::Type type, std::uint64_t stamp, bool repeats = false) {
   QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, " ", repeats);
   event.setTimestamp(stamp);
   QApplication::sendEvent(window, &event);
@@ -52,6 +53,30 @@ TEST_F(Stage, AKeyBearsItsOwnTimeAndIsLetGoOnceWhereverThatHappens) {
     EXPECT_LT(std::abs(form.Times.back() - 70480), 20000);
   });
   Play(form);
+}
+
+// After a window has closed, X11 sends the press of a repetition without its release, and now and
+// then the toolkit takes the two halves of a repetition for a release and a new press.
+TEST_F(Stage, AHeldKeyThatLooksLikeANewPressDoesNothingInAnotherWindow) {
+  TapForm back(loop), front(loop);
+  person.Then([&] { loop.Show(front); }).Then([&] {
+    constexpr auto kPress = QEvent::KeyPress, kRelease = QEvent::KeyRelease;
+    const struct {
+      const Form& Target;
+      QEvent::Type Type;
+      std::uint64_t Stamp;
+      std::size_t Taps;  // that the window in the back has got
+    } steps[] = {{front, kPress, 70000, 0},  {back, kPress, 70660, 0},   {back, kRelease, 70690, 0},
+                 {back, kPress, 70690, 0},   {back, kRelease, 70710, 0}, {back, kPress, 70800, 1},
+                 {back, kRelease, 71460, 1}, {back, kPress, 71460, 2},  // pressed here
+                 {front, kPress, 73000, 2}};                            // the release was lost
+    for (const auto& step : steps) {
+      Send(loop.WindowOf(step.Target)->windowHandle(), step.Type, step.Stamp);
+      EXPECT_EQ(back.Times.size(), step.Taps) << step.Stamp;
+    }
+    EXPECT_EQ(front.Times.size(), 2U);
+  });
+  Play(back);
 }
 
 TEST_F(Stage, APictureThatFollowsTheMouseIsNeverBehindIt) {

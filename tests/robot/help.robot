@@ -11,6 +11,8 @@ expect-help frmHauptForm
 press frmHauptForm.imgPrintCover
 press frmMBox.imgHelp
 expect-help frmHauptForm
+key frmMBox F1
+expect-help frmHauptForm
 answer 7
 press frmHauptForm.imgLiedImport
 key frmLoadSave F1

@@ -26,7 +26,7 @@ key frmPrint Down
 expect frmPrint.lblBeschriftung(1).AccessibleName ~ "a 12 mm del borde izquierdo y a 17 mm"
 press frmPrint.lblBeschriftung(1) shift
 expect frmPrint.lblBeschriftung(1).Tag == 0
-expect frmPrint.Text1.Text == ""
+expect frmPrint.Text1.Text ~ "^Ning"
 key frmPrint Ctrl+A
 expect frmPrint.Text1.Text ~ "^4 "
 shot pictures/frmPrint_seleccion.png

@@ -35,7 +35,7 @@ AREAS = {
                   r"MedleyDisc|Neustart)\.|^DriveBurn\.ADiscAtOnce"),
     "sound": ("product_tests backend_tests vantora-robot",
               r"^(Abbruch|Bearbeiten|Einrechnen|Edits|Equalizer|Flanger|Restoration|Reverb|Volume|"
-              r"Cutter|Normalizer|Presets|Impatience|Interruptions|WaveEditor|Wave.*|Playing|"
+              r"Cutter|Normalizer|Presets|Interruptions|WaveEditor|Wave.*|Playing|"
               r"Pumping|Pegel|Spektrum|Spectrum|Polyphase|Mp3.*|SoundCheck|Decoder.*|Player)\."),
     "medley": ("product_tests backend_tests vantora-robot",
                r"^(Aufnahme|BeatCounter|Medley.*|Mixer|Pult|Schnitt|Pitcher|Rampe|Pegel.*)\."),
@@ -114,7 +114,7 @@ BREAKS = [
     ("sound", "normalizer.cpp", "return std::max(-lowest, int{highest});",
      "return std::max(int{lowest}, int{highest});"),
     ("sound", "flanger.cpp", "kReach = 4, kShape = 6", "kReach = 4, kShape = 20"),
-    ("sound", "volume.cpp", "(1 << (kUnityBits - 1)) - 1 + odd)", "(1 << (kUnityBits - 1)) + 0 * odd)"),
+    ("sound", "volume.cpp", "path_[i / 2] / kUnity;", "path_[i / 2] * kUnity;"),
     ("sound", "mpeg_frame.cpp", "(header.channels == 1 ? 17 : 32) :", "(header.channels == 1 ? 32 : 17) :"),
 
     ("medley", "mischung.cpp", "static_cast<double>(i) / alle;", "static_cast<double>(i + 1) / alle;"),

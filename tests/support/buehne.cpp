@@ -5,14 +5,6 @@
 
 namespace vantora {
 
-namespace {
-
-std::filesystem::path ResourceSources() {
-  return std::filesystem::path(VANTORA_SOURCE_DIR) / "resources";
-}
-
-}  // namespace
-
 bool ScriptedUser::Act(Form* front) {
   if (front == nullptr || next_ >= actions_.size()) return false;
   const Action action = actions_[next_++];
@@ -22,7 +14,9 @@ bool ScriptedUser::Act(Form* front) {
 }
 
 Buehne::Buehne(const Umbau& umbau)
-    : platform(home.Path(), ResourceSources()), bundle(umbau(platform)), prog(bundle, AllWindows) {
+    : platform(home.Path(), VANTORA_SOURCE_DIR "/resources"),
+      bundle(umbau(platform)),
+      prog(bundle, AllWindows) {
   platform.loop.TheUser = &user;
   Setze(L"Show_Start_Assistant", L"0");
 }
@@ -107,18 +101,13 @@ Buehne& Buehne::Macht(ScriptedUser::Action aktion) {
 
 Buehne& Buehne::Antwortet(int code) {
   return Macht([this, code](Form& front) {
-    if (auto* box = dynamic_cast<frmMBox*>(&front)) {
-      const bool einzeln = box->picMboxButton(2).Visible;
-      platform.hands.Press(box->picMboxButton(code == kJa ? 0 : einzeln ? 2 : 1));
-      return;
-    }
-    for (int i = 2; i >= 0; --i) {  // the desktop's message box: presses its last button
+    std::vector<Control*> knoepfe;  // of the program's message box, or of the desktop's
+    for (int i = 0; i < 3; ++i) {
       Control* knopf = front.Find(L"picMboxButton", i);
-      if (knopf == nullptr || !knopf->Visible) continue;
-      platform.hands.Press(*knopf);
-      return;
+      if (knopf != nullptr && knopf->Visible) knoepfe.push_back(knopf);
     }
-    throw std::logic_error("no message box stands in front");
+    if (knoepfe.empty()) throw std::logic_error("no message box stands in front");
+    platform.hands.Press(code == kJa ? *knoepfe.front() : *knoepfe.back());
   });
 }
 

@@ -105,19 +105,10 @@ extern "C" {
 ssize_t pwrite(int file, const void* bytes, size_t count, off_t place) {
   return vantora::test::Write(file, bytes, count, place);
 }
-ssize_t pwrite64(int file, const void* bytes, size_t count, off_t place) {
-  return vantora::test::Write(file, bytes, count, place);
-}
 int ftruncate(int file, off_t length) noexcept {
   return static_cast<int>(vantora::test::Call(SYS_ftruncate, file, length));
 }
-int ftruncate64(int file, off_t length) noexcept {
-  return static_cast<int>(vantora::test::Call(SYS_ftruncate, file, length));
-}
 int fallocate(int file, int mode, off_t from, off_t length) {
-  return static_cast<int>(vantora::test::Call(SYS_fallocate, file, mode, from, length));
-}
-int fallocate64(int file, int mode, off_t from, off_t length) {
   return static_cast<int>(vantora::test::Call(SYS_fallocate, file, mode, from, length));
 }
 int unlink(const char* path) noexcept {

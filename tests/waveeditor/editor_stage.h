@@ -46,8 +46,7 @@ class EditorBuehne {
     E().Waehlen({.MarkerAnfang = anfang, .MarkerEnde = ende});
   }
   void HalbeLautstaerke() {
-    E().slVolume.Value = 8192;
-    E().slVolume.Change();
+    Setzen(E().slVolume, 8192);
     Druecke(E().imgEffekt(1));
     Druecke(E().imgVolumeByPass);
   }

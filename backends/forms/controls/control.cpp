@@ -10,10 +10,12 @@ Control::Control(Form& form, Text name, int index)
     : Name(std::move(name)), Index(index), form_(form) {
   TabIndex = static_cast<int>(form.Controls.size());
   form.Controls.push_back(this);
+  form.Dirty = true;
 }
 
 Control::~Control() {
   std::erase(form_.Controls, this);
+  form_.Dirty = true;
 }
 
 void MarkDirty(Control& control) {

@@ -79,7 +79,7 @@ class WordsWidget final : public QLabel, public Spoken {
   }
 
  private:
-  static constexpr int kReadingMs = 250, kLateMs = 350;
+  static constexpr int kReadingMs = 330, kLateMs = 350;
 
   void TakeCaption() {
     late_.stop();
@@ -430,8 +430,9 @@ class ShapeFace final : public Face {
       : Face(shape, window, panel), panel_(panel) {}
 
   Said Says(const Control& control) const override {
-    const int percent = static_cast<const Shape&>(control).Percent;
-    if (percent != kNoGauge) return {QAccessible::ProgressBar, percent};
+    const auto& shape = static_cast<const Shape&>(control);
+    if (shape.Percent != kNoGauge) return {QAccessible::ProgressBar, shape.Percent};
+    if (shape.State != Lamp::None) return {QAccessible::CheckBox, -1, shape.State};
     return {control.AccessibleName().empty() ? QAccessible::NoRole : QAccessible::Graphic};
   }
 

@@ -41,7 +41,11 @@ bool Bright(const Control& control) {
 }  // namespace
 
 Face::Face(Control& control, FormWindow& window, QWidget* widget)
-    : window_(window), control_(&control), widget_(widget), surface_(widget) {
+    : window_(window),
+      control_(&control),
+      widget_(widget),
+      surface_(widget),
+      spoken_(dynamic_cast<Spoken*>(widget)) {
   widget->setObjectName(look::FromText(control.Name));
 }
 
@@ -58,7 +62,7 @@ Pictures& Face::pictures() const {
 
 void Face::Retire() {
   control_ = nullptr;
-  if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Press = nullptr;
+  if (spoken_ != nullptr) spoken_->Press = nullptr;
   widget_->hide();
 }
 
@@ -69,15 +73,17 @@ void Face::Sync() {
   const QRect place = look::Pixels(*shown, window_.Scale());
   if (widget_->geometry() != place) widget_->setGeometry(place);
   const auto dress = std::tie(shown->FontName(), shown->FontSize(), shown->FontBold(),
-                              shown->FontItalic(), shown->ToolTipText());
-  if (dress != dress_ || window_.Scale() != scale_) {
+                              shown->FontItalic(), shown->ToolTipText(), shown->AccessibleName());
+  const bool dressed = dress == dress_ && window_.Scale() == scale_;
+  if (!dressed) {
     dress_ = dress;
     scale_ = window_.Scale();
     Dress(*shown);
   }
-  Speak(*shown);
+  // A meter has no caption, so only what it is dressed with can change its name.
+  if (!dressed || shown->Kind() != ControlKind::LevelMeter) Speak(*shown);
   widget_->setEnabled(Bright(*shown));
-  if (auto* spoken = dynamic_cast<Spoken*>(widget_)) spoken->Say(*widget_, Says(*shown));
+  if (spoken_ != nullptr) spoken_->Say(*widget_, Says(*shown));
   Apply(*shown);
   const bool visible = shown->Visible && !place.isEmpty();
   if (widget_->isHidden() == visible) widget_->setVisible(visible);

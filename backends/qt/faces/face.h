@@ -93,8 +93,10 @@ class Face {
   Control* control_;
   QWidget* widget_;
   QWidget* surface_;
-  // What the widget was dressed with: font, size, bold, italic, tooltip, and the window's scale.
-  std::tuple<Text, int, bool, bool, Text> dress_;
+  Spoken* spoken_;  // the widget; null when it is not spoken
+  // What the widget was dressed with: font, size, bold, italic, tooltip, name, and the window's
+  // scale.
+  std::tuple<Text, int, bool, bool, Text, Text> dress_;
   double scale_ = 0;
 };
 

@@ -19,6 +19,17 @@ QColor LampColour(double share) {
   return share > 0.75 ? look::Of(look::kAmber) : QColor(70, 214, 96);
 }
 
+// The share of a row that is lit at a peak.
+double ShareOf(int peak) {
+  if (peak <= 0) return 0;
+  const double decibels = 20 * std::log10(std::min<double>(peak, kFullPeak) / kFullPeak);
+  return std::clamp(1 + decibels / kRangeDecibels, 0.0, 1.0);
+}
+
+int Lit(double share, int lamps) {
+  return static_cast<int>(std::lround(share * lamps));
+}
+
 int Lamps(const QRect& row) {
   return std::max(1, row.width() / kLampPixels);
 }
@@ -35,18 +46,13 @@ LevelBars::LevelBars(QWidget* parent) : QWidget(parent) {
 }
 
 int LevelBars::Percent() const {
-  const int left = shown_ == Ears::Right ? 0 : left_, right = shown_ == Ears::Left ? 0 : right_;
+  const double left = shown_ == Ears::Right ? 0 : left_, right = shown_ == Ears::Left ? 0 : right_;
   return active_ ? Lit(std::max(left, right), 100) : 0;
 }
 
-int LevelBars::Lit(int peak, int lamps) {
-  if (peak <= 0) return 0;
-  const double decibels = 20 * std::log10(std::min<double>(peak, kFullPeak) / kFullPeak);
-  const double share = std::clamp(1 + decibels / kRangeDecibels, 0.0, 1.0);
-  return static_cast<int>(std::lround(share * lamps));
-}
-
-void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
+void LevelBars::Set(bool active, int leftPeak, int rightPeak, Ears shown, int markedPeak) {
+  const double left = ShareOf(leftPeak), right = ShareOf(rightPeak);
+  const double mark = markedPeak > 0 ? ShareOf(markedPeak) : kNoMark;
   if (active == active_ && left == left_ && right == right_ && shown == shown_ && mark == mark_) {
     return;
   }
@@ -61,11 +67,11 @@ void LevelBars::Set(bool active, int left, int right, Ears shown, int mark) {
   if (!lamps.isEmpty()) update(lamps);
 }
 
-// The area in which lamps change when these peaks replace the current ones.
-QRect LevelBars::Between(int left, int right) const {
+// The area in which lamps change when these shares replace the current ones.
+QRect LevelBars::Between(double left, double right) const {
   const QRect row = Lying();
   const int lamps = Lamps(row);
-  const auto changed = [&](Ears unseen, int before, int now) {
+  const auto changed = [&](Ears unseen, double before, double now) {
     if (shown_ == unseen) return QRect();
     const int a = Lit(before, lamps), b = Lit(now, lamps);
     const int from = LampPlace(row, std::min(a, b)), to = LampPlace(row, std::max(a, b));
@@ -105,9 +111,10 @@ void LevelBars::paintEvent(QPaintEvent* event) {
            right_);
 }
 
-void LevelBars::PaintRow(QPainter& painter, const QRect& row, const QRect& dirty, int peak) const {
+void LevelBars::PaintRow(QPainter& painter, const QRect& row, const QRect& dirty,
+                         double share) const {
   const int lamps = Lamps(row);
-  const int lit = active_ ? Lit(peak, lamps) : 0;
+  const int lit = active_ ? Lit(share, lamps) : 0;
   for (int i = 0; i < lamps; ++i) {
     const QRect lamp(LampPlace(row, i), row.top(), kLampPixels - 2, row.height());
     if (!lamp.intersects(dirty)) continue;
@@ -115,7 +122,7 @@ void LevelBars::PaintRow(QPainter& painter, const QRect& row, const QRect& dirty
     if (i >= lit) colour = colour.darker(active_ ? 420 : 620);
     painter.fillRect(lamp, colour);
   }
-  if (mark_ <= 0) return;
+  if (mark_ == kNoMark) return;
   const int place = Lit(mark_, row.width());
   painter.fillRect(row.left() + std::min(place, row.width() - 2), row.top() - 2, 2,
                    row.height() + 4, QColor(255, 181, 69));

@@ -16,12 +16,9 @@ class LevelBars final : public QWidget, public Spoken {
  public:
   explicit LevelBars(QWidget* parent);
   // Peaks from 0 to 32767. Repaints only lamps that change.
-  void Set(bool active, int left, int right, Ears shown, int mark = 0);
+  void Set(bool active, int leftPeak, int rightPeak, Ears shown, int markedPeak = 0);
 
   int Percent() const;  // of the row, for the louder of the channels shown
-
-  // How many of `lamps` are lit at a peak. The range from the first to the last is 60 decibels.
-  static int Lit(int peak, int lamps);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -29,12 +26,14 @@ class LevelBars final : public QWidget, public Spoken {
  private:
   bool Tall() const;
   QRect Lying() const;
-  QRect Between(int left, int right) const;
-  void PaintRow(QPainter& painter, const QRect& row, const QRect& dirty, int peak) const;
+  QRect Between(double left, double right) const;
+  void PaintRow(QPainter& painter, const QRect& row, const QRect& dirty, double share) const;
 
   bool active_ = false;
-  int left_ = 0, right_ = 0;
-  int mark_ = 0;  // a marked peak; 0: none
+  // Shares of the row, of which the last 60 decibels are shown.
+  double left_ = 0, right_ = 0;
+  static constexpr double kNoMark = -1;
+  double mark_ = kNoMark;
   Ears shown_ = Ears::Both;
 };
 

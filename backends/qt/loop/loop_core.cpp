@@ -32,6 +32,7 @@ QtEventLoop::Core::Core(const std::filesystem::path& pictures, const std::filesy
   look::Dress();
   ShowIcon();
   QApplication::setQuitOnLastWindowClosed(false);
+  qApp->installEventFilter(&heldKeys_);
   wake_.setSingleShot(true);
   wake_.setTimerType(Qt::PreciseTimer);
   activation_.setSingleShot(true);

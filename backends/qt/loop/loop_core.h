@@ -7,6 +7,7 @@
 #pragma once
 
 #include "backends/forms/form_loop.h"
+#include "backends/qt/loop/held_keys.h"
 #include "backends/qt/loop/qt_event_loop.h"
 #include "backends/qt/windows/form_window.h"
 #include "backends/qt/windows/window_host.h"
@@ -84,6 +85,7 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   std::vector<FormWindow*> graves_;  // windows of destroyed forms whose handlers still run
   const Form* menuOwner_ = nullptr;
   QTimer wake_, activation_;
+  HeldKeys heldKeys_;
   std::optional<std::int64_t> wakesAt_;  // time that wake_ was started for
   QMargins border_ = {0, 30, 0, 0};
   QElapsedTimer away_;                  // runs while another program is in front

@@ -205,8 +205,8 @@ void FormWindow::Sync() {
     for (const auto& face : retired_) face->widget()->deleteLater();
     retired_.clear();
   }
-  if (known_ != form_->Controls) Reconcile();
   if (!form_->Dirty) return;
+  if (known_ != form_->Controls) Reconcile();
   form_->Dirty = false;
   const QScopedValueRollback<bool> syncing(syncing_, true);
   if (form_->Window.Dirty) ApplyFrame();

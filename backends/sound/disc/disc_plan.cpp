@@ -66,6 +66,17 @@ std::int64_t PartReader::Left() const {
   return Bytes(parts_, next_);
 }
 
+void PartReader::Skip(std::int64_t bytes) {
+  while (bytes > 0) {
+    DiscPart& part = parts_.at(next_);
+    const std::int64_t count = std::min(bytes, part.Bytes);
+    part.Offset += count;
+    part.Bytes -= count;
+    bytes -= count;
+    if (part.Bytes == 0) ++next_;
+  }
+}
+
 void PartReader::Read(char* target, std::int64_t bytes) {
   while (bytes > 0) {
     DiscPart& part = parts_.at(next_);

@@ -45,7 +45,8 @@ class PartReader {
   PartReader(Dateien& files, std::vector<DiscPart> parts)
       : files_(files), parts_(std::move(parts)) {}
 
-  std::int64_t Left() const;  // in bytes
+  std::int64_t Left() const;      // in bytes
+  void Skip(std::int64_t bytes);  // at most Left(), and only before the first Read
   // Raises 62 for a file that has become too short, and the errors of opening a file.
   void Read(char* target, std::int64_t bytes);  // at most Left()
 

@@ -117,6 +117,12 @@ void Denoiser::Take(const float* sound, std::size_t count, const float* follows,
   };
   put(sound, count);
   put(follows, following);
+  // Behind its end the sound goes on backwards, turned about its last sample. A step down to
+  // silence would spread over the spectrum, be taken for hiss, and bend the last samples.
+  const std::size_t end = kSpan + count + following;
+  for (std::size_t i = 1; following + i <= kSpoken && count > 0; ++i) {
+    sound_[end - 1 + i] = 2 * sound_[end - 1] - sound_[end - 1 - i];
+  }
 }
 
 void Denoiser::Frame(float least) {

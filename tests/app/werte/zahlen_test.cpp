@@ -1,6 +1,5 @@
 #include "app/werte/zahlen.h"
 
-#include "app/werte/fest_text.h"
 #include "app/werte/zeichen.h"
 #include "tests/backends/linux/home.h"
 

@@ -48,24 +48,6 @@ class Server : public testing::Test {
 
 }  // namespace
 
-TEST_F(Server, ItsControlGivesAMasterAnInputAndThePlaceOfWavesToTheProgramItself) {
-  const auto m = lines.NewMixer();
-  m->Init();
-  EXPECT_EQ(m->MixerCount(), 1);
-  EXPECT_NE(m->MixerName(0), L"");
-  ASSERT_EQ(m->LineOutCount(), 2);
-  EXPECT_EQ(m->LineOutID(0), kNoLine);
-  m->SetLineID(m->LineOutID(1));
-  EXPECT_EQ(m->LineName(), L"Wave");
-  m->SetVolume(1234);
-  EXPECT_EQ(own.Volume(), 1234);
-  ASSERT_EQ(m->LineInCount(), 1);
-  m->SetLineID(m->LineInID(0));
-  EXPECT_EQ(m->LineName(), L"Capture");
-  m->SetLineID(kMasterLine);
-  EXPECT_EQ(m->LineName(), L"Master");
-}
-
 TEST_F(Server, WhatOthersTurnShowsInTheWindowAndTheWindowTurnsTheServer) {
   Buehne b([&](HeadlessPlatform& p) { return With(p.bundle, lines); });
   frmMixer& mixer = b.prog.frmMixer();

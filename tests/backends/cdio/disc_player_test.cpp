@@ -59,17 +59,6 @@ TEST_F(Player, TheModesAreThoseOfADeviceThatIsOpenedPlayedAndClosed) {
   EXPECT_EQ(player.Mode(), kMciNotOpen) << "there is no such drive";
 }
 
-TEST_F(Player, ADriveWithoutADiscIsReadyAndHasNoTracks) {
-  player.Command(L"Open");
-  EXPECT_EQ(player.Tracks() + player.Length() + player.Position(), 0);
-  player.Command(L"play");
-  EXPECT_EQ(player.Mode(), kMciReady);
-  Lay({0, 75, 150}, 300);
-  EXPECT_EQ(player.Tracks(), 3) << "a disc was laid in";
-  Eject();
-  EXPECT_EQ(player.Tracks(), 0);
-}
-
 TEST_F(Player, ADriveThatMayNotBeUsedIsNotTakenForAnEmptyOne) {
   Put(home / "sr0", "");
   Machine[0].Device = (home / "sr0").string();
@@ -152,17 +141,6 @@ TEST_F(Player, WhatIsHeardIsWhatLiesOnTheDiscFromThePlaceSoughtToTheNextData) {
   Seek(4);
   player.Command(L"play");
   EXPECT_EQ(player.Mode(), kMciStop) << "data makes no sound";
-}
-
-TEST_F(Player, ADiscThatCannotBeReadFurtherEndsTheSound) {
-  Lay({0, 700}, 1400);
-  fs::resize_file(Folder() / "disco.bin", 300 * kSector);
-  player.Command(L"Open");
-  player.Command(L"play");
-  loop.Pass(3'000);
-  EXPECT_EQ(player.Mode(), kMciPlay);
-  loop.Pass(2'000);
-  EXPECT_EQ(player.Mode(), kMciStop);
 }
 
 TEST_F(Player, WithoutASoundCardPlayingIsRefusedAloud) {

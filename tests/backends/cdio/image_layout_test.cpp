@@ -46,72 +46,73 @@ std::string Silence(int sectors) {
 
 }  // namespace
 
-TEST_F(Sheets, GapsAndHiddenSoundLieWhereTheIndexesSay) {
-  const std::string bin = Bin("a.bin", 100);
-  const auto disc = Laid("x.cue",
-                         "REM x\nFILE \"folder\\A.BIN\" BINARY\n"
-                         "TRACK 01 AUDIO\nINDEX 00 00:00:00\nINDEX 01 00:00:10\n"
-                         "TRACK 02 AUDIO\nPREGAP 00:00:05\nINDEX 01 00:00:40\nINDEX 02 00:00:50\n"
-                         "TRACK 03 AUDIO\nINDEX 00 00:00:60\nINDEX 01 00:00:70\n");
-  ASSERT_TRUE(disc);
-  EXPECT_EQ(Starts(*disc), (std::vector<int>{10, 45, 75, 105}));
-  EXPECT_TRUE(Read(*disc, 0, 105) == Part(bin, 0, 40) + Silence(5) + Part(bin, 40, 100));
-  std::string beyond(kSector, '?');
-  EXPECT_FALSE(disc->Read(105, 1, beyond.data()));
-  EXPECT_FALSE(disc->Read(-1, 1, beyond.data()));
-}
-
-TEST_F(Sheets, ASheetMayNameAFileForEachTrackWavesAmongThem) {
-  const std::string one = Bin("1.bin", 10), other = Bin("2.bin", 10, 5);
-  const std::string sound = Noise(kSector * 3 + 400, 9);
+TEST_F(Sheets, SoundLiesWhereTheSheetSays) {
+  const std::string bin = Bin("a.bin", 100), one = Bin("1.bin", 10), other = Bin("2.bin", 10, 5);
+  const std::string sound = Noise(kSector * 3 + 400, 9), odd = Noise(kSector * 5 + 8, 7);
   Put(Folder() / "canción.wav", Wave(sound, Chunk("LIST", "tail")));
-  const auto disc = Laid("x.cue",
-                         "FILE \"1.bin\" BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n"
-                         "TRACK 02 AUDIO\nINDEX 00 00:00:08\n"
-                         "FILE \"canci\xF3n.wav\" WAVE\nINDEX 01 00:00:00\n"
-                         "FILE \"2.bin\" MOTOROLA\nTRACK 03 AUDIO\nINDEX 01 00:00:02\n");
-  ASSERT_TRUE(disc);
-  EXPECT_EQ(Starts(*disc), (std::vector<int>{0, 10, 16, 24}));
-  std::string expected = one + sound;
-  expected.resize(14 * kSector);
-  EXPECT_TRUE(Read(*disc, 0, 24) == expected + Swapped(other));
-  for (int sector = 0; sector < 24; ++sector) {
-    EXPECT_TRUE(Read(*disc, sector, sector + 1) ==
-                Part(expected + Swapped(other), sector, sector + 1));
+  Put(Folder() / "b.wav", Wave(odd));
+  std::string withSubchannel;
+  for (int sector = 0; sector < 10; ++sector) {
+    withSubchannel += Part(one, sector, sector + 1) + std::string(96, '\x7F');
   }
-}
-
-TEST_F(Sheets, AudioBehindDataIsFoundWhateverTheDatasSectorsMeasure) {
+  Put(Folder() / "s.bin", withSubchannel);
+  struct Case {
+    const char* Name;
+    std::string Sheet;
+    std::vector<int> Starts;
+    std::string Sound;  // up to the end; data may lie in front
+  };
+  std::vector<Case> cases = {
+      {"x.cue",
+       "REM x\nFILE \"folder\\A.BIN\" BINARY\n"
+       "TRACK 01 AUDIO\nINDEX 00 00:00:00\nINDEX 01 00:00:10\n"
+       "TRACK 02 AUDIO\nPREGAP 00:00:05\nINDEX 01 00:00:40\nINDEX 02 00:00:50\n"
+       "TRACK 03 AUDIO\nINDEX 00 00:00:60\nINDEX 01 00:00:70\n",
+       {10, 45, 75, 105},
+       Part(bin, 0, 40) + Silence(5) + Part(bin, 40, 100)},
+      {"x.cue",
+       "FILE \"1.bin\" BINARY\nTRACK 01 AUDIO\nINDEX 01 00:00:00\n"
+       "TRACK 02 AUDIO\nINDEX 00 00:00:08\nFILE \"canci\xF3n.wav\" WAVE\nINDEX 01 00:00:00\n"
+       "FILE \"2.bin\" MOTOROLA\nTRACK 03 AUDIO\nINDEX 01 00:00:02\n",
+       {0, 10, 16, 24},
+       one + sound + std::string(kSector - 400, '\0') + Swapped(other)},
+      {"x.toc",
+       "CD_DA\nCD_TEXT { LANGUAGE 0 { TITLE \"TRACK AUDIO }\" } }\n"
+       "TRACK AUDIO\nNO COPY // FILE\nFILE \"a.bin\" 0 00:00:30\n"
+       "TRACK AUDIO\nTITLE \"x\"\nSILENCE 00:00:04\nSTART\nFILE \"a.bin\" 00:00:30 00:00:20\n"
+       "TRACK AUDIO\nFILE \"a.bin\" SWAP 00:00:50 00:00:20\nSTART 00:00:05\n"
+       "TRACK AUDIO\nAUDIOFILE \"b.wav\" 2\n",
+       {0, 34, 59, 74, 79},
+       Swapped(Part(bin, 0, 30)) + Silence(4) + Swapped(Part(bin, 30, 50)) + Part(bin, 50, 70) +
+           odd.substr(8)},
+      {"x.cue", "FILE s.bin BINARY\nTRACK 01 CDG\nINDEX 01 00:00:00\n", {0, 10}, one},
+      {"x.toc", "TRACK AUDIO RW_RAW\nDATAFILE \"s.bin\"\n", {0, 10}, Swapped(one)},
+  };
   for (const int bytes : {2048, 2336, 2352}) {
-    SCOPED_TRACE(bytes);
-    const std::string data = Noise(static_cast<std::size_t>(bytes) * 20, 3);
-    const std::string sound = Noise(kSector * 10, 4);
-    Put(Folder() / "x.bin", data + sound);
-    const auto disc =
-        Laid("x.cue", "FILE \"x.bin\" BINARY\nTRACK 01 MODE1/" + std::to_string(bytes) +
-                          "\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nINDEX 01 00:00:20\n");
-    ASSERT_TRUE(disc);
-    EXPECT_EQ(Starts(*disc), (std::vector<int>{0, 20, 30}));
-    EXPECT_FALSE(disc->Toc().Track(1).Audio);
-    EXPECT_TRUE(Read(*disc, 20, 30) == sound);
+    const std::string measure = std::to_string(bytes);
+    Put(Folder() / (measure + ".bin"), Noise(static_cast<std::size_t>(bytes) * 20, 3) + one);
+    cases.push_back({"x.cue",
+                     "FILE " + measure + ".bin BINARY\nTRACK 01 MODE1/" + measure +
+                         "\nINDEX 01 00:00:00\nTRACK 02 AUDIO\nINDEX 01 00:00:20\n",
+                     {0, 20, 30},
+                     one});
   }
-}
-
-TEST_F(Sheets, TheOtherNotationCountsPartsOfFilesSilenceAndStarts) {
-  const std::string bin = Bin("a.bin", 100);
-  Put(Folder() / "b.wav", Wave(Noise(kSector * 5 + 8, 7)));
-  const auto disc = Laid("x.toc",
-                         "CD_DA\nCD_TEXT { LANGUAGE 0 { TITLE \"TRACK AUDIO }\" } }\n"
-                         "TRACK AUDIO\nNO COPY // FILE\nFILE \"a.bin\" 0 00:00:30\n"
-                         "TRACK AUDIO\nTITLE \"x\"\nSILENCE 00:00:04\nSTART\n"
-                         "FILE \"a.bin\" 00:00:30 00:00:20\n"
-                         "TRACK AUDIO\nFILE \"a.bin\" SWAP 00:00:50 00:00:20\nSTART 00:00:05\n"
-                         "TRACK AUDIO\nAUDIOFILE \"b.wav\" 2\n");
-  ASSERT_TRUE(disc);
-  EXPECT_EQ(Starts(*disc), (std::vector<int>{0, 34, 59, 74, 79}));
-  const std::string wave = Noise(kSector * 5 + 8, 7).substr(8);
-  EXPECT_TRUE(Read(*disc, 0, 79) == Swapped(Part(bin, 0, 30)) + Silence(4) +
-                                        Swapped(Part(bin, 30, 50)) + Part(bin, 50, 70) + wave);
+  for (const Case& each : cases) {
+    SCOPED_TRACE(each.Sheet);
+    const auto disc = Laid(each.Name, each.Sheet);
+    ASSERT_TRUE(disc);
+    EXPECT_EQ(Starts(*disc), each.Starts);
+    const int end = each.Starts.back(), first = end - static_cast<int>(each.Sound.size() / kSector);
+    EXPECT_EQ(disc->Toc().Track(1).Audio, first == 0);
+    EXPECT_TRUE(Read(*disc, first, end) == each.Sound);
+    for (int sector = first; sector < end; ++sector) {
+      EXPECT_TRUE(Read(*disc, sector, sector + 1) ==
+                  Part(each.Sound, sector - first, sector - first + 1));
+    }
+    std::string beyond(kSector, '?');
+    EXPECT_FALSE(disc->Read(end, 1, beyond.data()) || disc->Read(-1, 1, beyond.data()));
+    fs::remove(Folder() / each.Name);
+  }
 }
 
 TEST_F(Sheets, SheetsAreReadAsProgramsWriteThemAndNotAsManualsHaveThem) {
@@ -171,23 +172,6 @@ TEST_F(Sheets, LessThanASectorBehindAnImageIsNoSector) {
     EXPECT_EQ(Starts(*Laid("x.cue", "FILE a.bin BINARY\n" + track)), (std::vector<int>{0, 5}));
     EXPECT_EQ(Starts(*Laid("x.cue", "FILE b.wav WAVE\n" + track)), (std::vector<int>{0, 6}));
   }
-}
-
-TEST_F(Sheets, SubchannelDataBetweenSectorsIsNotHeard) {
-  std::string image, sound;
-  for (std::uint32_t i = 1; i <= 5; ++i) {
-    sound += Noise(kSector, i);
-    image += Noise(kSector, i) + std::string(96, '\x7F');
-  }
-  Put(Folder() / "a.bin", image);
-  const auto disc = Laid("x.cue", "FILE a.bin BINARY\nTRACK 01 CDG\nINDEX 01 00:00:00\n");
-  ASSERT_TRUE(disc);
-  EXPECT_TRUE(disc->Toc().Track(1).Audio);
-  EXPECT_TRUE(Read(*disc, 0, 5) == sound);
-  fs::remove(Folder() / "x.cue");
-  const auto other = Laid("x.toc", "TRACK AUDIO RW_RAW\nDATAFILE \"a.bin\"\n");
-  ASSERT_TRUE(other);
-  EXPECT_TRUE(Read(*other, 0, 5) == Swapped(sound));
 }
 
 TEST_F(Sheets, ASheetThatIsNotUnderstoodIsToldByItsLineAndTheFileThatIsMissing) {

@@ -117,27 +117,4 @@ TEST_P(Worlds, AShortcutActsWhereItIsMeantAndAHeldKeyActsOnce) {
 }
 
 }  // namespace
-
-TEST(KeyNames, SayWhatAKeyReportsAndWrites) {
-  const std::pair<const wchar_t*, std::optional<KeyStroke>> names[] = {
-      {L"down", KeyStroke{kKeyDown, 0, false, false}},
-      {L"alt+Up", KeyStroke{kKeyUp, 0, false, false, true}},
-      {L"F12", KeyStroke{kKeyF12, 0, false, false}},
-      {L"CTRL+a", KeyStroke{'A', 0, true, false}},
-      {L"Shift+Ctrl+End", KeyStroke{kKeyEnd, 0, true, true}},
-      {L"X", KeyStroke{'X', 'x', false, false}},
-      {L"Shift+x", KeyStroke{'X', 'X', false, true}},
-      {L"7", KeyStroke{'7', '7', false, false}},
-      {L"+", KeyStroke{0, '+', false, false}},
-      {L"Space", KeyStroke{kKeySpace, ' ', false, false}},
-      {L"Ctrl+Return", KeyStroke{kKeyReturn, kKeyReturn, true, false}},
-      {L"F13", std::nullopt},
-      {L"Ctrl+", std::nullopt},
-      {L"Intro", std::nullopt},
-  };
-  for (const auto& [name, stroke] : names) {
-    EXPECT_EQ(KeyByName(name), stroke) << std::string(name, name + wcslen(name));
-  }
-}
-
 }  // namespace vantora

@@ -13,85 +13,50 @@ using namespace std::chrono;
 
 constexpr int kSliceMs = 20, kSilenceMs = 300, kWholeMs = 900;
 
-struct Wire {
+TEST(LinuxSockets, AClosedPortRefusesAndASilentMachineIsGivenUpInSlicesAsIsATalkativeOne) {
   LinuxSockets sockets{SocketPatience{kSliceMs, kSilenceMs, kWholeMs}};
   milliseconds longest{0};  // longest single call
-
-  template <typename Call>
-  int Repeat(Call call) {
+  const auto repeat = [&](const std::function<int()>& call) {
     for (;;) {
       const auto start = steady_clock::now();
       const int result = call();
       longest = std::max(longest, duration_cast<milliseconds>(steady_clock::now() - start));
       if (result != kNochNicht) return result;
     }
-  }
-  SocketAdresse To(std::uint16_t port) {
-    return {2, sockets.Htons(port), sockets.inet_addr("127.0.0.1")};
-  }
-  int Connected(const CddbServer& server) {
+  };
+  SocketAdresse to{2, sockets.Htons(CddbServer(0).Port()), sockets.inet_addr("127.0.0.1")};
+  const int refused = sockets.socket();
+  EXPECT_EQ(repeat([&] { return sockets.connect(refused, to); }), kSocketFehler);
+  EXPECT_EQ(sockets.WSAGetLastError(), ECONNREFUSED);
+  sockets.closesocket(refused);
+  EXPECT_EQ(repeat([&] { return sockets.gethostbyname("no.invalid", to.Adresse); }), kSocketFehler);
+  ASSERT_EQ(repeat([&] { return sockets.gethostbyname("localhost", to.Adresse); }), 0);
+  EXPECT_EQ(sockets.inet_ntoa(to.Adresse), "127.0.0.1");
+  CddbServer silent, talkative;
+  silent.Faults.Silent = true;
+  talkative.Faults.Instead = std::string(100'000, 'x');
+  for (CddbServer* server : {&silent, &talkative}) {
+    const milliseconds patience(server == &silent ? kSilenceMs : kWholeMs);
+    const auto start = steady_clock::now();
     const int number = sockets.socket();
     EXPECT_EQ(sockets.setsockopt_LINGER(number, true, 0), 0);
-    EXPECT_EQ(Repeat([&] { return sockets.connect(number, To(server.Port())); }), 0);
-    return number;
+    to.Port = sockets.Htons(server->Port());
+    EXPECT_EQ(repeat([&] { return sockets.connect(number, to); }), 0);
+    sockets.send(number, "GET /x HTTP/1.1\r\n\r\n");
+    int got = 1;
+    while (got > 0) {
+      char bytes[20];
+      got = repeat([&] { return sockets.recv(number, bytes, 20); });
+      std::this_thread::sleep_for(milliseconds(10));
+    }
+    EXPECT_EQ(got, kSocketFehler);
+    EXPECT_EQ(sockets.WSAGetLastError(), ETIMEDOUT);
+    EXPECT_GE(steady_clock::now() - start, patience);
+    EXPECT_LT(steady_clock::now() - start, patience + milliseconds(1500));
+    EXPECT_LT(longest, milliseconds(kSliceMs + 300));  // allows for delays on a busy machine
+    sockets.closesocket(number);
+    EXPECT_EQ(sockets.send(number, "x"), kSocketFehler);
   }
-  // Receives everything. Returns the result of the last call.
-  int Drain(int number) {
-    char bytes[20];
-    int end = 1;
-    while (end > 0) end = Repeat([&] { return sockets.recv(number, bytes, 20); });
-    return end;
-  }
-};
-
-TEST(LinuxSockets, ASilentMachineIsGivenUpInSlicesAndATalkativeOneToo) {
-  CddbServer silent, slow;
-  silent.Faults.Silent = true;
-  slow.Faults.Instead = std::string(100000, 'x');
-  slow.Faults.PieceBytes = 1;
-  slow.Faults.PieceMs = 50;
-  for (const auto& [server, patience] : {std::pair<CddbServer*, int>{&silent, kSilenceMs},
-                                         std::pair<CddbServer*, int>{&slow, kWholeMs}}) {
-    Wire wire;
-    const auto start = steady_clock::now();
-    const int number = wire.Connected(*server);
-    wire.sockets.send(number, "GET /x HTTP/1.1\r\n\r\n");
-    EXPECT_EQ(wire.Drain(number), kSocketFehler);
-    EXPECT_EQ(wire.sockets.WSAGetLastError(), ETIMEDOUT);
-    EXPECT_GE(steady_clock::now() - start, milliseconds(patience));
-    EXPECT_LT(steady_clock::now() - start, milliseconds(patience + 1500));
-    EXPECT_LT(wire.longest, milliseconds(kSliceMs + 300));  // allows for delays on a busy machine
-    wire.sockets.closesocket(number);
-  }
-}
-
-TEST(LinuxSockets, AClosedPortRefusesAndAClosedSocketIsNone) {
-  Wire wire;
-  std::uint16_t port = 0;
-  {
-    const CddbServer gone;
-    port = gone.Port();
-  }
-  const int number = wire.sockets.socket();
-  EXPECT_EQ(wire.Repeat([&] { return wire.sockets.connect(number, wire.To(port)); }),
-            kSocketFehler);
-  EXPECT_EQ(wire.sockets.WSAGetLastError(), ECONNREFUSED);
-  wire.sockets.closesocket(number);
-  char byte = 0;
-  EXPECT_EQ(wire.sockets.recv(number, &byte, 1), kSocketFehler);
-  EXPECT_EQ(wire.sockets.send(number, "x"), kSocketFehler);
-}
-
-TEST(LinuxSockets, NamesBecomeAddresses) {
-  Wire wire;
-  std::uint32_t address = 0;
-  const auto lookUp = [&](const char* host) {
-    return wire.Repeat([&] { return wire.sockets.gethostbyname(host, address); });
-  };
-  EXPECT_EQ(lookUp("no-such-machine.invalid"), kSocketFehler);
-  EXPECT_EQ(lookUp("localhost"), 0);
-  EXPECT_EQ(wire.sockets.inet_ntoa(address), "127.0.0.1");
-  EXPECT_EQ(wire.sockets.inet_addr("no-such-machine.invalid"), kKeineAdresse);
 }
 
 TEST(LinuxSockets, ANewAttemptAtANameIsNotAnsweredWithTheFailureOfTheOneThatWasGivenUp) {

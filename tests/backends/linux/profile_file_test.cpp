@@ -100,23 +100,6 @@ TEST_F(ProfilesOnDisk, AChangeKeepsWhatAnotherProgramWroteIntoAFolderThatTookThe
   EXPECT_EQ(Get(File), "[a]\nj=2\nk=3\n");
 }
 
-TEST_F(ProfilesOnDisk, AWriteThatIsCutOffLeavesTheFileAsItWas) {
-  for (int i = 0; i < 50; ++i) Write(L"S" + std::to_wstring(i), L"k", Text(100, L'x'));
-  const std::string before = Get(File);
-  const std::size_t names = NamesIn(File.parent_path());
-  {
-    const FullDisk full(before.size() / 2);
-    Write(L"S7", L"k", L"new");
-    Profile.DeletePrivateProfileSection(L"S8", kFile);
-    EXPECT_EQ(Read(L"S7", L"k"), Text(100, L'x'));
-    EXPECT_EQ(Read(L"S8", L"k"), Text(100, L'x'));
-  }
-  EXPECT_EQ(Get(File), before);
-  EXPECT_EQ(NamesIn(File.parent_path()), names);
-  Write(L"S7", L"k", L"new");
-  EXPECT_EQ(Read(L"S7", L"k"), L"new");
-}
-
 TEST_F(ProfilesOnDisk, NothingIsReportedAndNothingIsLostWhenTheFileIsNone) {
   ASSERT_EQ(::mkfifo(File.c_str(), 0600), 0);
   Write(L"a", L"k", L"1");

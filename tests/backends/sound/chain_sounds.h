@@ -1,6 +1,8 @@
 // Sounds for a chain, and measurements of its output.
 #pragma once
 
+#include "tests/backends/mpg123/tones.h"
+
 #include "platform/mmchain.h"
 
 #include <algorithm>
@@ -84,20 +86,18 @@ inline Sound Through(MMComponentX& effect, const Sound& sound) {
 // Amplitude of a frequency in a range of frames; `ear` 0 is the left channel, 1 the right.
 inline double Amplitude(const Sound& sound, double hertz, std::size_t from, std::size_t to,
                         std::size_t ear = 0) {
-  double re = 0, im = 0, weights = 0;
-  for (std::size_t n = from; n < to; ++n) {
-    const double place = (static_cast<double>(n - from) + 0.5) / static_cast<double>(to - from);
-    const double weight = 1 - std::cos(2 * std::numbers::pi * place);
-    const double turn = 2 * std::numbers::pi * hertz * static_cast<double>(n) / 44100;
-    re += weight * sound[2 * n + ear] * std::cos(turn);
-    im += weight * sound[2 * n + ear] * std::sin(turn);
-    weights += weight;
-  }
-  return 2 * std::hypot(re, im) / weights;
+  return 32768 * std::abs(ToneIn(ChannelOf(sound, ear), hertz, 44100, from, to));
 }
 
-inline double Decibel(double ratio) {
-  return 20 * std::log10(std::max(ratio, 1e-9));
+// How much of a soft tone is heard at other frequencies while `turn` changes the effect, in dB.
+template <class Turn>
+double Rattle(MMComponentX& effect, double hertz, Turn turn) {
+  const Sound out = Through(effect, Sine(hertz, 3000, 90'112), turn);
+  double most = 0;
+  for (const double far : {4000.0, 7001.0, 9000.0, 11'003.0}) {
+    most = std::max(most, Amplitude(out, far, 0, out.size() / 2) / 3000);
+  }
+  return Decibels(most);
 }
 
 // Root mean square of both channels together.

@@ -8,11 +8,11 @@
 // at the end of a program. Requests by ioctl go to the emulated drive.
 #include "tests/emulators/drive/requests.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
-#include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <fstream>
@@ -89,15 +89,8 @@ std::string Instead(std::string_view path) {
   return (machine / "block").native() + std::string(path.substr(kBlockFolder.size()));
 }
 
-bool HasMode(int flags) {
-  return (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
-}
-
 bool HeldExclusively() {
-  for (const auto& use : uses) {
-    if (use == kExclusive) return true;
-  }
-  return false;
+  return std::any_of(uses.begin(), uses.end(), [](const auto& use) { return use == kExclusive; });
 }
 
 template <class Open>
@@ -127,22 +120,11 @@ int Device(struct stat* info, int result) {
   return 0;
 }
 
-template <class Call>
-int StatInstead(const char* path, struct stat* info, const Call& call) {
-  const std::string instead = Instead(path);
-  if (instead.empty()) return call(path);
-  const int result = call(instead.c_str());
-  return IsDevice(path) ? Device(info, result) : result;
-}
-
 int StatInstead(const char* name, const char* path, struct stat* info) {
+  const std::string instead = Instead(path);
   const auto next = Next<int (*)(const char*, struct stat*)>(name);
-  return StatInstead(path, info, [&](const char* to) { return next(to, info); });
-}
-
-int StatInstead(const char* name, int version, const char* path, struct stat* info) {
-  const auto next = Next<int (*)(int, const char*, struct stat*)>(name);
-  return StatInstead(path, info, [&](const char* to) { return next(version, to, info); });
+  const int result = next(instead.empty() ? path : instead.c_str(), info);
+  return IsDevice(path) && !instead.empty() ? Device(info, result) : result;
 }
 
 }  // namespace
@@ -155,28 +137,23 @@ using namespace vantora::emulated;
 
 extern "C" {
 
-// Names used by programs that were built against an older C library or with fortified functions.
+// Some names are those of an older C library or of fortified functions. A call without a mode
+// leaves it undefined, and the system does not look at it.
+int OpenPath(const char* path, int flags, mode_t mode) asm("open");
 int OpenWithoutMode(const char* path, int flags) asm("__open_2");
+int OpenAt(int folder, const char* path, int flags, mode_t mode) asm("openat");
 int OldStat(int version, const char* path, struct stat* info) noexcept asm("__xstat");
 
-int open(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
-  va_end(rest);
+int OpenPath(const char* path, int flags, mode_t mode) {
   static const auto next = Next<int (*)(const char*, int, ...)>("open");
   return OpenInstead(path, flags, [&](const char* to) { return next(to, flags, mode); });
 }
 
 int OpenWithoutMode(const char* path, int flags) {
-  return open(path, flags);
+  return OpenPath(path, flags, 0);
 }
 
-int openat(int folder, const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = HasMode(flags) ? va_arg(rest, mode_t) : 0;
-  va_end(rest);
+int OpenAt(int folder, const char* path, int flags, mode_t mode) {
   static const auto next = Next<int (*)(int, const char*, int, ...)>("openat");
   return OpenInstead(path, flags, [&](const char* to) { return next(folder, to, flags, mode); });
 }
@@ -187,9 +164,7 @@ FILE* fopen(const char* path, const char* mode) {
   return next(instead.empty() ? path : instead.c_str(), mode);
 }
 
-FILE* fopen64(const char* path, const char* mode) {
-  return fopen(path, mode);
-}
+FILE* fopen64(const char*, const char*) __attribute__((alias("fopen")));
 
 int stat(const char* path, struct stat* info) noexcept {
   return StatInstead("stat", path, info);
@@ -199,8 +174,8 @@ int lstat(const char* path, struct stat* info) noexcept {
   return StatInstead("lstat", path, info);
 }
 
-int OldStat(int version, const char* path, struct stat* info) noexcept {
-  return StatInstead("__xstat", version, path, info);
+int OldStat(int /*version*/, const char* path, struct stat* info) noexcept {
+  return stat(path, info);
 }
 
 int fstat(int file, struct stat* info) noexcept {

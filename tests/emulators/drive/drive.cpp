@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <sys/stat.h>
 #include <thread>
 
@@ -29,7 +30,6 @@ const Drive::Command Drive::kCommands[] = {
     {&Drive::Inquiry, "INQUIRY", 0x12, Needs::Nothing},
     {&Drive::Accept, "START STOP UNIT", 0x1b, Needs::Calm},
     {&Drive::Accept, "PREVENT ALLOW", 0x1e, Needs::Calm},
-    {&Drive::ModeSense, "MODE SENSE(6)", 0x1a, Needs::Calm},
     {&Drive::ModeSense, "MODE SENSE", 0x5a, Needs::Calm},
     {&Drive::ModeSelect, "MODE SELECT", 0x55, Needs::Calm},
     {&Drive::GetConfiguration, "GET CONFIGURATION", 0x46, Needs::Nothing},
@@ -42,7 +42,6 @@ const Drive::Command Drive::kCommands[] = {
     {&Drive::ReadCapacity, "READ CAPACITY", 0x25, Needs::Disc},
     {&Drive::ReadBufferCapacity, "READ BUFFER CAPACITY", 0x5c, Needs::Calm},
     {&Drive::ReadCd, "READ CD", 0xbe, Needs::Disc},
-    {&Drive::Accept, "SEND OPC", 0x54, Needs::Disc},
     {&Drive::SendCueSheet, "SEND CUE SHEET", 0x5d, Needs::Disc},
     {&Drive::Write10, "WRITE(10)", 0x2a, Needs::Disc},
     {&Drive::SynchronizeCache, "SYNCHRONIZE CACHE", 0x35, Needs::Disc},
@@ -75,7 +74,7 @@ Answer Drive::Do(const Bytes& command, const Bytes& sent) {
   } catch (const Sense& trouble) {
     answer.Trouble = trouble;
   }
-  if (script_.Log) Log(known, command, sent, answer.Trouble);
+  if (script_.Log) Log(known, command, answer.Trouble);
   return answer;
 }
 
@@ -94,21 +93,13 @@ Bytes Drive::Obey(const Command& command, const Bytes& bytes, const Bytes& sent)
   return (this->*command.Do)(bytes, sent);
 }
 
-void Drive::Log(const Command* known, const Bytes& command, const Bytes& sent,
-                Sense trouble) const {
+void Drive::Log(const Command* known, const Bytes& command, Sense trouble) const {
   std::string line = known == nullptr ? "?" : known->Name;
   char text[40];
-  const auto hex = [&](const Bytes& bytes) {
-    for (std::size_t i = 0; i < bytes.size() && i < 60; ++i) {
-      std::snprintf(text, sizeof text, " %02x", bytes[i]);
-      line += text;
-    }
-  };
   line += ':';
-  hex(command);
-  if (!sent.empty() && command[0] != 0x2a) {
-    line += " |";
-    hex(sent);
+  for (const unsigned byte : command) {
+    std::snprintf(text, sizeof text, " %02x", byte);
+    line += text;
   }
   std::snprintf(text, sizeof text, " -> %x/%02x/%02x", static_cast<unsigned>(trouble.Key),
                 static_cast<unsigned>(trouble.Asc), static_cast<unsigned>(trouble.Ascq));
@@ -207,18 +198,14 @@ Bytes Drive::Capabilities() const {
 }
 
 Bytes Drive::ModeSense(const Bytes& command, const Bytes&) {
-  const int wanted = command[2] & 0x3f;
-  constexpr int kAll = 0x3f;
-  const std::size_t head = command[0] == 0x1a ? 4 : 8, lengthBytes = head / 4;
-  Bytes answer(head);
-  const auto add = [&](int number, const Bytes& page) {
-    if (wanted == number || wanted == kAll) answer.insert(answer.end(), page.begin(), page.end());
-  };
-  add(0x01, {0x01, 10, 0, 5, 0, 0, 0, 0, 0, 0, 0, 0});
-  add(0x05, {writeParameters_.begin(), writeParameters_.end()});
-  add(0x2a, Capabilities());
-  if (answer.size() == head) throw Sense{5, 0x24, 0};
-  Put(answer, 0, lengthBytes, static_cast<int>(answer.size() - lengthBytes));
+  const std::map<int, Bytes> pages{{0x01, {0x01, 10, 0, 5, 0, 0, 0, 0, 0, 0, 0, 0}},
+                                   {0x05, {writeParameters_.begin(), writeParameters_.end()}},
+                                   {0x2a, Capabilities()}};
+  const auto page = pages.find(command[2] & 0x3f);
+  if (page == pages.end()) throw Sense{5, 0x24, 0};
+  Bytes answer(8);
+  answer.insert(answer.end(), page->second.begin(), page->second.end());
+  Put(answer, 0, 2, static_cast<int>(answer.size() - 2));
   return answer;
 }
 
@@ -241,18 +228,14 @@ Bytes Drive::ModeSelect(const Bytes&, const Bytes& sent) {
   return {};
 }
 
-int Drive::Profile() const {
-  return disc_ ? 0x09 : 0;
-}
-
 Bytes Drive::GetConfiguration(const Bytes&, const Bytes&) {
   Bytes answer(8);
-  Put(answer, 6, 2, Profile());
+  const unsigned char current = disc_ ? 1 : 0;
+  Put(answer, 6, 2, 9 * current);  // the profile of CD-R
   const auto add = [&](const Bytes& feature) {
     answer.insert(answer.end(), feature.begin(), feature.end());
   };
-  const auto current = [&](int profile) -> unsigned char { return Profile() == profile ? 1 : 0; };
-  add({0, 0, 3, 12, 0, 8, 0, 0, 0, 9, current(9), 0, 0, 10, current(10), 0});
+  add({0, 0, 3, 12, 0, 8, 0, 0, 0, 9, current, 0, 0, 10, 0, 0});
   add({0, 1, 3, 8, 0, 0, 0, 2, 0, 0, 0, 0});  // core: ATAPI
   add({0, 3, 3, 4, 0x29, 0, 0, 0});           // removable medium: tray
   add({0, 0x1e, 1, 4, 1, 0, 0, 0});           // CD read: CD-TEXT

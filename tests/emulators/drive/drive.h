@@ -48,7 +48,7 @@ class Drive {
   void MakeDisc(const std::filesystem::path& folder) const;
   std::string DiscOnFile() const;
   Bytes Obey(const Command& command, const Bytes& bytes, const Bytes& sent);
-  void Log(const Command* known, const Bytes& command, const Bytes& sent, Sense trouble) const;
+  void Log(const Command* known, const Bytes& command, Sense trouble) const;
   void Take(int sectors) const;  // waits for the time that these sectors need
 
   Bytes Accept(const Bytes&, const Bytes&);
@@ -75,7 +75,6 @@ class Drive {
   bool OnAudio(int sector) const;
   bool ReadSound(int sector, int count, Bytes& sectors) const;
   bool AtOnce() const { return (writeParameters_[2] & 0xf) == 2; }
-  int Profile() const;
   Disc& Target() { return dry_ ? *dry_ : *disc_; }
   static constexpr int kNowhere = 0x7fffffff;
   int NextWritable();

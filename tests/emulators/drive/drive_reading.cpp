@@ -84,8 +84,7 @@ Bytes Drive::ReadTrackInformation(const Bytes& command, const Bytes&) {
   const Disc& disc = Target();
   const auto count = static_cast<int>(disc.Tracks.size());
   const int wanted = Number(command, 2, 4);
-  if ((command[1] & 3) != 1) throw Sense{5, 0x24, 0};
-  const bool ahead = wanted == 0xff || wanted == count + 1;  // the next track to be written
+  const bool ahead = wanted == 0xff;  // the next track to be written
   if (!ahead && (wanted < 1 || wanted > count)) throw Sense{5, 0x24, 0};
   Bytes answer(28);
   answer[1] = 26;

@@ -1,14 +1,14 @@
-# A take of three seconds.
+# A take of three seconds. The sound at the input comes from elsewhere than the disk that fails.
 home home
 screen 1024 768
 clock 2026-11-24 10:00
 setting Show_Start_Assistant 0
 setting Show_TAO_Message 0
-makewave C:\m\disco.wav 6 440
+makewave ${DISK}.wav 6 440
 start
 press frmHauptForm.imgLPAufnehmen
 answer-all 7
-linein play C:\m\disco.wav
+linein play ${DISK}.wav
 press frmAufnehmen.imgAufnehmen
 writefile ${DISK} text ${FAULT}
 choose C:\Vantora\Wavs\vals.wav

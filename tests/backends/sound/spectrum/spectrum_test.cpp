@@ -58,27 +58,31 @@ class Waterfall : public testing::Test {
   struct Spot {
     int X, Y;
   };
+  // Calls `look` with each point of all areas.
+  template <class Look>
+  void AtPoints(Look look) const {
+    for (const DrawItem& item : picture.Drawing()) {
+      const std::vector<int>& at = item.Points;
+      if (item.Kind != DrawItem::What::Polygon) continue;
+      for (std::size_t i = 0; i < at.size(); i += 2) look(item, Spot{at[i], at[i + 1]});
+    }
+  }
   // The highest point of the front face, whose areas have no edge line.
   Spot Peak() const {
     Spot peak{0, height};
-    for (const DrawItem& item : picture.Drawing()) {
-      if (item.Kind != DrawItem::What::Polygon || item.Ink != kTransparent) continue;
-      for (std::size_t i = 0; i < item.Points.size(); i += 2) {
-        if (item.Points[i + 1] < peak.Y) peak = {item.Points[i], item.Points[i + 1]};
-      }
-    }
+    AtPoints([&](const DrawItem& item, Spot at) {
+      if (item.Ink == kTransparent && at.Y < peak.Y) peak = at;
+    });
     return peak;
   }
-  // Top and bottom of everything that rises from the floor.
+  // Top and bottom of everything that rises from the floor, which is the first area.
   Spot Behind() const {
     Spot extent{height, 0};
-    int areas = 0;
-    for (const DrawItem& item : picture.Drawing()) {
-      if (item.Kind != DrawItem::What::Polygon || ++areas <= 1) continue;
-      for (std::size_t i = 1; i < item.Points.size(); i += 2) {
-        extent = {std::min(extent.X, item.Points[i]), std::max(extent.Y, item.Points[i])};
-      }
-    }
+    const DrawItem* floor = nullptr;
+    AtPoints([&](const DrawItem& item, Spot at) {
+      if (floor == nullptr) floor = &item;
+      if (floor != &item) extent = {std::min(extent.X, at.Y), std::max(extent.Y, at.Y)};
+    });
     return extent;
   }
   std::optional<int> LabelAt(const Text& words) const {
