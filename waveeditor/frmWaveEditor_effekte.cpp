@@ -128,15 +128,15 @@ void frmWaveEditor::HallUndFilterEinrichten() {
                          kette_.Reverb().SetOutputGain(w);
                          chkReverbbypass_Click();
                        }});
-  const auto filter = [this](Slider& schieber, TextBox& feld, int anfang,
-                             Restauration::Filter welcher) {
+  const auto filter = [this](Slider& schieber, TextBox& feld, Restauration::Filter welcher) {
+    const int anfang = Restauration::kAnfang[welcher];
     regler_.Hinzufuegen({&schieber, &feld, 0, 99, anfang, [this, welcher](int w) {
                            kette_.Filter().PegelSetzen(welcher, Gleitend(w) / 100);
                          }});
   };
-  filter(slDeclick, txtDeclick, 10, Restauration::kDeclick);
-  filter(slDenoiser, txtDenoiserLevel, 20, Restauration::kDenoiser);
-  filter(slDecrackle, txtDecrackle, 30, Restauration::kDecrackle);
+  filter(slDeclick, txtDeclick, Restauration::kDeclick);
+  filter(slDenoiser, txtDenoiserLevel, Restauration::kDenoiser);
+  filter(slDecrackle, txtDecrackle, Restauration::kDecrackle);
 }
 
 // The box counts in Hertz, and its slider in twentieths of a Hertz. Only Return takes the number as

@@ -14,6 +14,7 @@ class Restauration {
  public:
   enum Filter { kDeclick, kDecrackle, kDenoiser };  // in the order in which they are applied
   static constexpr Filter kAlle[] = {kDeclick, kDecrackle, kDenoiser};
+  static constexpr int kAnfang[] = {10, 30, 20};  // where the sliders of the levels start, percent
 
   explicit Restauration(Audiolib& bibliothek) : bibliothek_(bibliothek) {}
 

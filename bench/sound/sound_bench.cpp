@@ -5,6 +5,7 @@
 #include "backends/sound/restoration/ar_model.h"
 #include "bench/sound/figures.h"
 #include "bench/sound/material.h"
+#include "waveeditor/restauration.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -105,6 +106,7 @@ unsigned Seed(const std::string& word) {  // from 1 on
 void Make(const Words& words) {
   const unsigned seed = Seed(words[2]);
   const std::size_t length = std::strtoul(words[1].c_str(), nullptr, 10) * kRate;
+  if (length < 4 * kRate) throw std::runtime_error("the material needs 4 seconds or more");
   for (const std::string& name : kMaterials) MakeDamaged(name, words[0], length, seed);
   for (const auto& [name, noisy] : HissSounds(length, seed)) {
     Write(words[0] + "/" + name + ".wav", {noisy, noisy});
@@ -117,29 +119,31 @@ void Render(const Words& words) {
   const std::string& filters = words[0];  // of the letters c, r and h
   const std::vector<std::int16_t> source = Read(words[2]);
   std::vector<std::int16_t> target(source.size());
-  const auto level = std::strtof(words[1].c_str(), nullptr);
+  // "start": where the sliders of the wave editor start
+  const auto levelOf = [&](Restauration::Filter filter) {
+    return words[1] == "start" ? static_cast<float>(Restauration::kAnfang[filter]) / 100
+                               : std::strtof(words[1].c_str(), nullptr);
+  };
+  const float clicks = levelOf(Restauration::kDeclick), crackle = levelOf(Restauration::kDecrackle),
+              hiss = levelOf(Restauration::kDenoiser);
   const std::int16_t channels = 2;
   AudioLibrary library;
   library.func_01(8192);
   const auto has = [&](char letter) { return filters.find(letter) != std::string::npos; };
-  if (has('c')) library.func_05(level);
-  if (has('r')) library.func_03(level);
-  if (has('h')) library.func_04(level);
+  if (has('c')) library.func_05(clicks);
+  if (has('r')) library.func_03(crackle);
+  if (has('h')) library.func_04(hiss);
   std::array<std::int16_t, 2 * kBuffer> a{}, b{};
   for (std::size_t at = 0; at < source.size(); at += a.size()) {
     const std::size_t count = std::min(a.size(), source.size() - at);
     const std::size_t behind = std::min(a.size(), source.size() - at - count);
     const int frames = static_cast<int>(count / 2);
     std::copy_n(source.begin() + static_cast<std::ptrdiff_t>(at), count, b.begin());
-#ifndef OLD
     library.Follows(source.data() + at + count, channels, static_cast<int>(behind / 2));
-#else
-    (void)behind;
-#endif
     a = b;
-    if (has('c')) library.func_08(level, channels, b.data(), a.data(), frames), b = a;
-    if (has('r')) library.func_06(level, channels, b.data(), a.data(), frames), b = a;
-    if (has('h')) library.func_07(level, channels, b.data(), a.data(), frames);
+    if (has('c')) library.func_08(clicks, channels, b.data(), a.data(), frames), b = a;
+    if (has('r')) library.func_06(crackle, channels, b.data(), a.data(), frames), b = a;
+    if (has('h')) library.func_07(hiss, channels, b.data(), a.data(), frames);
     std::copy_n(a.begin(), count, target.begin() + static_cast<std::ptrdiff_t>(at));
   }
   Write(words[3], target);
@@ -252,9 +256,8 @@ int main(int argc, char** argv) {
   const auto work = kWorks.find(argc > 1 ? argv[1] : "");
   if (work == kWorks.end() || static_cast<std::size_t>(argc) != 2 + work->second.Count) {
     std::fputs(
-        "sound-bench make FOLDER SECONDS SEED | render FILTERS LEVEL IN OUT | known IN PLACES OUT "
-        "|\n"
-        "            found IN PLACES RENDERED KNOWN OUT |\n"
+        "sound-bench make FOLDER SECONDS SEED | render FILTERS LEVEL|start IN OUT |\n"
+        "            known IN PLACES OUT | found IN PLACES RENDERED KNOWN OUT |\n"
         "            score CLEAN DAMAGED PLACES OUT | clean CLEAN OUT | hiss NAME SEED IN OUT\n",
         stderr);
     return 2;

@@ -1,6 +1,5 @@
 #include "dialogs/frmExtrasMenue.h"
 
-#include "app/werte/zahlen.h"
 #include "tests/backends/sound/wave_bytes.h"
 #include "tests/support/buehne.h"
 
@@ -68,19 +67,6 @@ TEST_F(Extras, TheCatalogTurnsRedWhenTheDiscsAreTooShortForIt) {
   });
   EXPECT_EQ(b.Haupt().lblKatalogLaenge.ForeColor(), Rgb(255, 0, 0));
   EXPECT_EQ(b.Einstellung(L"LängeCD"), L"74");
-}
-
-TEST_F(Extras, RoomIsSaidInTheLargestUnitAndAsTimeOfSound) {
-  Offen([&](frmExtrasMenue& f) {
-    const double frei = b.prog.FreierPlatz(b.prog.Wave_Export_Dir);
-    const double stunden = Val(f.lblDauer(1).Caption().substr(b.prog.Text(7605).size() + 3));
-    EXPECT_NEAR(stunden, frei / 176400 / 3600, 1);
-    Text platz = f.lblPlatzZahl(1).Caption;
-    std::erase(platz, L',');
-    EXPECT_NEAR(Val(platz), frei / (1 << 30), 0.5);
-    EXPECT_TRUE(platz.ends_with(L" " + b.prog.Text(7604)));
-    f.imgAbbrechen_MouseUp();
-  });
 }
 
 TEST_F(Extras, TheProtocolOpensInTheViewerOrAMessageSaysWhyNot) {

@@ -46,17 +46,6 @@ TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
   EXPECT_EQ(b.prog.DialogPfad, L"C:\\");
 }
 
-TEST_F(Dateidialog, SeveralFilesComeBackWithASlashBehindEach) {
-  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
-    hand().Select(d.lstDatei, {1, 2});
-    hand().Press(d.pbButton(1));
-  });
-  EXPECT_TRUE(b.prog.MehrfachAuswahl);
-  EXPECT_EQ(b.prog.GewaehlteDatei, L"C:\\Música\\a.wav/C:\\Música\\b.MP3/");
-  EXPECT_EQ(b.prog.Songs_Import_Dir, L"C:\\Música\\");
-  EXPECT_EQ(b.prog.Wave_Import_Dir, L"C:\\Música\\");  // the pattern is that of waves
-}
-
 TEST_F(Dateidialog, SaysHowManyFilesAreChosenAndHowLongTheyAreTogether) {
   b.Wave(L"C:\\Música\\a.wav", 75 * 44100);
   b.Wave(L"C:\\Música\\d.wav", 50 * 44100);  // b.MP3 is none, so it has no length

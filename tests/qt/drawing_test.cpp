@@ -12,6 +12,8 @@
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QPalette>
+#include <QWidget>
 
 #include <cmath>
 #include <random>
@@ -177,6 +179,26 @@ TEST(Drawing, LinesOfOnePixelAreEquallyThickAtEveryScale) {
       EXPECT_NEAR(ink.top(), y * scale, 0.5);
       EXPECT_NEAR(ink.width(), 10 * scale, 1);
     }
+  }
+}
+
+// The toolkit clips what a widget draws at whole pixels of the screen.
+TEST(Screen, ALineOfOnePixelIsSeenAtEveryPlaceOfAWindow) {
+  struct Line : QWidget {
+    using QWidget::QWidget;
+    void paintEvent(QPaintEvent* /*event*/) override {
+      QPainter painter(this);
+      painter.fillRect(look::EvenLine(painter, rect()), Qt::white);
+    }
+  };
+  QWidget window;
+  window.resize(40, 40);
+  window.setPalette(QPalette(Qt::black));
+  Line line(&window);
+  for (int at = 2; at < 12; ++at) {
+    line.setGeometry(at, at, 1, 10);
+    const QImage image = window.grab().toImage();
+    EXPECT_EQ(Marked(image).width(), std::floor(image.devicePixelRatio())) << at;
   }
 }
 

@@ -14,10 +14,10 @@ QRectF EvenLine(const QPainter& painter, const QRectF& line) {
   if (ratio == thin) return line;
   const QTransform device = painter.deviceTransform();
   const QRectF place = device.mapRect(line);
-  // The first pixel whose centre lies in the line is always inside the widget.
-  const double left = std::ceil(place.left() - 0.5), top = std::ceil(place.top() - 0.5);
+  // The toolkit clips a widget at the nearest whole pixel. A place in the middle is rounded up.
+  const double left = std::floor(place.left() + 0.5), top = std::floor(place.top() + 0.5);
   const auto length = [thin](double logical, double start, double end) {
-    return logical <= 1 ? thin : std::max(thin, std::ceil(end - 0.5) - start);
+    return logical <= 1 ? thin : std::max(thin, std::floor(end + 0.5) - start);
   };
   return device.inverted().mapRect(QRectF(left, top, length(line.width(), left, place.right()),
                                           length(line.height(), top, place.bottom())));
