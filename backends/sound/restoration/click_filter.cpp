@@ -28,8 +28,9 @@ constexpr std::size_t kNear = 24;     // samples between gaps that belong togeth
 constexpr double kPulse = 0.75, kLongPulse = 1.5;
 constexpr double kLeastTail = 6;  // by which it must be less at least, in usual energies
 // What a replacement takes off the error at least, in energies of the limit: alone, where pulses
-// were heard, and for each further sample. For the long model see Measure.
-constexpr double kSure = 1.5, kSureOfPulse = 12, kSureOfEach = 0.6;
+// were heard, and for each further sample. For the long model see Measure; the last is a part of
+// that for each sample beyond a few.
+constexpr double kSure = 1.5, kSureOfPulse = 12, kSureOfEach = 0.6, kLongSureOfEach = 0.2;
 constexpr std::size_t kFew = 3;
 // What it leaves, in usual energies of as many errors: chance, damage beside it, and too much.
 constexpr double kChance = 1.6, kLongChance = 1.3, kMostLeft = 26;
@@ -37,8 +38,8 @@ constexpr double kLittle = 0.03;  // of the error, whatever else is in it
 // The least share of what a replacement takes off that must lie within the gap, for each sample
 // beyond a few. With less, the damage is behind the gap.
 constexpr double kElsewhere = 0.001;
-constexpr double kLongSureOfEach = 0.2;
-constexpr double kNeeded = 20;  // of usual energies: what a sample at an end of a gap must take off
+// What a sample at an end of a gap must take off, in usual energies; by the long model.
+constexpr double kNeeded = 5, kLongNeeded = 20;
 constexpr std::size_t kHidesEnd = 13;  // samples from which on damage may have a soft end
 constexpr double kWorth = 3;
 constexpr int kWideRounds = 2;
@@ -136,7 +137,7 @@ void ClickFilter::Take(const float* sound, std::size_t count, const float* follo
 ClickFilter::Measure ClickFilter::MeasureOf(float level) const {
   const float s = std::clamp(level, 0.0F, 1.0F), mild = (1 - s) * (1 - s);
   if (damage_ == Damage::kClicks) {
-    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400, 12};
+    return {3.5F + 2 * mild, 150 + static_cast<std::size_t>(50 * s), 12, 1, 400, 6};
   }
   return {3 + 3 * mild, 8 + static_cast<std::size_t>(16 * s), 2, 4, 50, kSureOfEach};
 }
@@ -505,7 +506,7 @@ void ClickFilter::Trim(ArModel& model, Gap& gap) {
     return std::accumulate(model.Taken(), model.Taken() + count, 0.0);
   };
   double taken = look(gap.First, gap.Count);
-  const double needed = kNeeded * limit * limit;
+  const double needed = (&model == &model_ ? kNeeded : kLongNeeded) * limit * limit;
   while (gap.Count > 1 && model.Taken()[gap.Count - 1] < needed) {
     taken -= model.Taken()[--gap.Count];
   }

@@ -3,15 +3,17 @@
 // Finding (S. V. Vaseghi, P. J. W. Rayner, "Detection and suppression of impulsive noise in speech
 // communication systems", 1990; S. J. Godsill, P. J. W. Rayner, "Digital Audio Restoration", 1998):
 // a sample is suspected when an autoregressive model of its surroundings predicts it badly from
-// both sides, measured against the median of the errors before and behind it. Damage spoils the
-// model too, so the piece is repaired on trial and the search repeated with the model of the
-// repaired piece.
+// both sides, measured against the median of the errors before and behind it, or when all errors
+// from it on together look like those of damage. Damage spoils the model too, so the piece is
+// repaired on trial and the search repeated with the model of the repaired piece.
 //
 // Telling damage from music. The period of a voice, a reed or a string errs in the same way again
 // and again: what comes back at equal distances is music. An attack goes on: where the samples
 // behind the suspected ones still err after the repair, they were the beginning of a sound. Where
-// pulses were heard of late, an error that ends with the suspected samples is another pulse. Long
-// damage that is softer than the music around it is left alone, because attacks look like that.
+// pulses were heard of late, an error that ends with the suspected samples is another pulse. A
+// replacement must take off more of the error's energy than chance can make, and leave no more
+// than chance or a small part. Long damage that is softer than the music around it is left alone,
+// because attacks look like that.
 //
 // Replacing: least-squares interpolation from both sides. Damage that lies on the edge of a period
 // would take the edge with it, so where errors come back a long model, which predicts a period from

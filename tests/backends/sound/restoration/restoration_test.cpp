@@ -132,11 +132,11 @@ TEST(Restoration, AtTheStartValuesMaterialIsRestoredAsTheTableSaysAndTheMusicBes
     Damage Kind;
     int Buffer;
     double Share, Gain;  // of places reduced by 10 dB; dB
-  } cases[] = {{"piano", Damage::kShort, 1024, 0.95, 14},
-               {"piano", Damage::kShort, 441, 0.95, 14},
-               {"piano", Damage::kSeams, 1024, 0.95, 12},
-               {"drums", Damage::kLong, 1024, 0.35, 3},
-               {"saw", Damage::kCrackle, 1024, 0.9, 8}};
+  } cases[] = {
+      {"piano", Damage::kShort, 1024, 0.97, 24},     {"piano", Damage::kShort, 441, 0.96, 16},
+      {"piano", Damage::kSeams, 1024, 0.97, 20},     {"mix", Damage::kShort, 1024, 0.86, 12},
+      {"drums", Damage::kLong, 1024, 0.38, 8},       {"saw", Damage::kCrackle, 1024, 0.95, 15},
+      {"trumpet", Damage::kCrackle, 1024, 0.96, 17}, {"strings", Damage::kCrackle, 1024, 0.94, 15}};
   for (const auto& each : cases) {
     SCOPED_TRACE(testing::Message() << each.Material << " in buffers of " << each.Buffer);
     const bool crackle = each.Kind == Damage::kCrackle;
