@@ -548,7 +548,7 @@ void ClickFilter::FindEnd(Gap& gap) {
 
 // Where the model hardly holds, an interpolation may swing up.
 bool ClickFilter::Plausible(const Gap& gap) const {
-  constexpr float kMost = 1.2F, kMostLoud = 2, kSwing = 20;
+  constexpr float kRise = 1.2F, kRiseOfLoud = 2, kSwing = 20;
   float inside = 0, outside = 0, damaged = 0, power = 0, powerHeard = 0, powerAround = 0;
   for (std::size_t i = gap.First; i < gap.End(); ++i) {
     inside = std::max(inside, std::abs(repaired_[i]));
@@ -567,7 +567,7 @@ bool ClickFilter::Plausible(const Gap& gap) const {
   const float share = static_cast<float>(gap.Count) / static_cast<float>(to - from - gap.Count);
   if (power > powerHeard && power > kSwing * share * powerAround) return false;
   // Where the damage is far louder than the replacement, that may rise a little more.
-  return inside <= kMost * outside || (inside <= kMostLoud * outside && inside <= 0.6F * damaged);
+  return inside <= kRise * outside || (inside <= kRiseOfLoud * outside && inside <= 0.6F * damaged);
 }
 
 // Long damage must stand out of the music around it.
