@@ -1,6 +1,6 @@
 #include "backends/sound/restoration/click_filter.h"
 
-#include "backends/sound/edits/vector_unit.h"
+#include "backends/sound/restoration/ranked.h"
 
 #include <algorithm>
 #include <bit>
@@ -58,25 +58,14 @@ std::size_t MarginOf(ClickFilter::Damage damage) {  // samples that are seen, bu
   return damage == ClickFilter::Damage::kClicks ? 384 : 128;
 }
 
-// The median of magnitudes, of at most kMost numbers, a thousandth too small at most: bit for bit
-// the greatest number below which no more than half of them lie. Positive floats are in the order
-// of their bits.
+// The median of the magnitudes of at most kMost numbers.
 constexpr std::size_t kMost = 128;
-VANTORA_VECTOR_UNIT float Median(const float* numbers, std::size_t count) {
-  constexpr int kHighest = 30, kLowest = 13;
-  std::array<std::int32_t, kMost> bits{};
-  for (std::size_t i = 0; i < kMost; ++i) {
-    bits[i] = i < count ? std::bit_cast<std::int32_t>(std::abs(numbers[i]))
-                        : std::numeric_limits<std::int32_t>::max();
+float Median(const float* numbers, std::size_t count) {
+  std::array<std::int32_t, kMost + kRankedLanes> bits{};
+  for (std::size_t i = 0; i < count; ++i) {
+    bits[i] = std::bit_cast<std::int32_t>(std::abs(numbers[i]));
   }
-  std::int32_t median = 0;
-  for (int bit = kHighest; bit >= kLowest; --bit) {
-    const std::int32_t more = median | std::int32_t{1} << bit;
-    std::int32_t below = 0;
-    for (std::size_t i = 0; i < kMost; ++i) below += bits[i] < more ? 1 : 0;
-    if (below <= static_cast<std::int32_t>(count / 2)) median = more;
-  }
-  return std::bit_cast<float>(median);
+  return Ranked(bits.data(), count, count / 2);
 }
 
 }  // namespace

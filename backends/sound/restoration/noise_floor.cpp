@@ -1,6 +1,9 @@
 #include "backends/sound/restoration/noise_floor.h"
 
+#include "backends/sound/restoration/ranked.h"
+
 #include <algorithm>
+#include <bit>
 #include <cmath>
 
 namespace vantora {
@@ -24,7 +27,7 @@ constexpr float kNearlyAll = 0.8F;       // of the bands
 }  // namespace
 
 // Bands grow wider upwards, where music is sparse and the ear coarse.
-NoiseFloor::NoiseFloor(std::size_t bins) : sorted_(bins), power_(bins) {
+NoiseFloor::NoiseFloor(std::size_t bins) : bits_(bins + kRankedLanes), power_(bins) {
   std::size_t first = 1;
   while (first < bins) {
     const std::size_t width = std::max(kNarrowest, first / 8);
@@ -96,12 +99,11 @@ void NoiseFloor::TakeOver() {
 }
 
 float NoiseFloor::Quantile(const Band& band, const float* power) {
-  std::copy_n(power + band.First, band.Count, sorted_.begin());
-  const auto end = sorted_.begin() + static_cast<std::ptrdiff_t>(band.Count);
-  const auto place =
-      sorted_.begin() + static_cast<std::ptrdiff_t>(kQuantile * static_cast<float>(band.Count));
-  std::nth_element(sorted_.begin(), place, end);
-  return std::max(kMeanOfQuantile * *place, kLeastPower);
+  for (std::size_t i = 0; i < band.Count; ++i) {
+    bits_[i] = std::bit_cast<std::int32_t>(power[band.First + i]);
+  }
+  const auto place = static_cast<std::size_t>(kQuantile * static_cast<float>(band.Count));
+  return std::max(kMeanOfQuantile * Ranked(bits_.data(), band.Count, place), kLeastPower);
 }
 
 // From the bands to the bins. Where the low harmonics of music leave no gap, the bands above tell
@@ -117,15 +119,17 @@ void NoiseFloor::Spread() {
     const float steepest = std::max(usual, bands_[i].Steepest);
     bands_[i].Level = std::min(bands_[i].Level, steepest * bands_[i + 1].Level);
   }
-  std::size_t upper = 0;
-  for (std::size_t bin = 0; bin < power_.size(); ++bin) {
-    const auto here = static_cast<float>(bin);
-    while (upper < bands_.size() && middle(bands_[upper]) <= here) ++upper;
+  std::size_t bin = 0;
+  for (std::size_t upper = 0; upper <= bands_.size(); ++upper) {
     const Band& above = bands_[std::min(upper, bands_.size() - 1)];
     const Band& below = bands_[upper > 0 ? upper - 1 : 0];
-    const float wide = middle(above) - middle(below);
-    const float share = wide > 0 ? (here - middle(below)) / wide : 0;
-    power_[bin] = below.Level + share * (above.Level - below.Level);
+    const float from = middle(below), wide = middle(above) - from;
+    const float slope = wide > 0 ? (above.Level - below.Level) / wide : 0;
+    const std::size_t end =
+        upper < bands_.size() ? static_cast<std::size_t>(std::ceil(middle(above))) : power_.size();
+    for (; bin < end; ++bin) {
+      power_[bin] = below.Level + slope * (static_cast<float>(bin) - from);
+    }
   }
 }
 

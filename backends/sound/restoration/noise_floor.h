@@ -13,6 +13,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace vantora {
@@ -45,7 +46,8 @@ class NoiseFloor {
   void Spread();
 
   std::vector<Band> bands_;
-  std::vector<float> sorted_, power_;
+  std::vector<std::int32_t> bits_;
+  std::vector<float> power_;
   float heard_ = 0, inPeriod_ = 0, watched_ = 0;  // seconds
   std::size_t period_ = 0, looks_ = 0;
 };

@@ -2,6 +2,19 @@
 
 namespace vantora {
 
+namespace {
+
+// Waits until `value` changes: for some 20 us without the system, since the next filter usually
+// asks within them, and the other channel usually takes as long as this one.
+void Await(const std::atomic<unsigned>& value, unsigned before) {
+  constexpr int kLooks = 4000;
+  for (int look = 0; look < kLooks && value == before; ++look) {
+  }
+  value.wait(before);
+}
+
+}  // namespace
+
 SideThread::SideThread() : thread_([this] { Run(); }) {}
 
 SideThread::~SideThread() {
@@ -18,15 +31,12 @@ void SideThread::Both(const std::function<void()>& here, const std::function<voi
   asked_.notify_one();
   here();
   if (job_.exchange(nullptr) != nullptr) return there();
-  done_.wait(before);
+  Await(done_, before);
 }
 
 void SideThread::Run() {
-  constexpr int kLooks = 4000;  // some 20 us, within which the next filter usually asks
   for (unsigned seen = 0;;) {
-    for (int look = 0; look < kLooks && asked_ == seen; ++look) {
-    }
-    asked_.wait(seen);
+    Await(asked_, seen);
     seen = asked_;
     if (ends_) return;
     const std::function<void()>* const job = job_.exchange(nullptr);
