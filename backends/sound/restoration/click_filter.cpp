@@ -95,7 +95,10 @@ std::size_t ClickFilter::Process(float level, float* sound, std::size_t count, f
   base_ = begin_ - kPast;
   length_ = kPast + count + following;
   measure_ = MeasureOf(level);
-  if (level > 0 && end_ > begin_) Work();
+  // A whole sound that is as short as damage can be is no damage.
+  const bool brief = !begun_ && following == 0 && count <= ArModel::kLongestGap;
+  if (level > 0 && end_ > begin_ && !brief) Work();
+  begun_ = true;
   std::copy_n(repaired_.begin() + kPast, count, sound);
   const std::size_t final = end_ - kPast - count;
   std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(kPast + count), final, follows);

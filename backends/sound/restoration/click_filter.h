@@ -108,6 +108,7 @@ class ClickFilter {
   std::vector<float> heard_, repaired_;
   std::size_t done_ = 0;   // of the piece and what follows, final already
   std::size_t known_ = 0;  // of raw_, announced before
+  bool begun_ = false;     // there was sound before
   // The piece that is being worked on, within the above.
   std::size_t base_ = 0, length_ = 0, begin_ = 0, end_ = 0;
   std::vector<float> forward_, error_;  // the forward error, the lesser of both predictions'

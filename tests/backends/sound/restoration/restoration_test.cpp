@@ -243,6 +243,11 @@ TEST(Restoration, TheLastSamplesOfACutTrackAreThoseOfTheWholeConcert) {
   }
 }
 
+TEST(Restoration, ASoundAsShortAsDamageStaysWhole) {
+  const Sound brief(100, 10'000);
+  for (const Filter filter : {kDeclick, kDecrackle}) EXPECT_EQ(Through(filter, brief), brief);
+}
+
 // For any sound, buffer size and level, the number of frames stays the same and the sound gets no
 // louder.
 TEST(Restoration, HostileSoundNeverExplodes) {
