@@ -45,9 +45,10 @@ bool CutOff(const QByteArray& bytes) {
   const bool counts = number(kPacking) == kPlain || number(kPacking) == kMasks;
   if (number(kHeader) < kUsualHeader || !counts) return false;
   const auto bits = qFromLittleEndian<quint16>(bytes.constData() + kBits);
-  const long long row = (1LL * number(kWidth) * bits + 31) / 32 * 4;
-  const auto rows = std::abs(1LL * static_cast<qint32>(number(kHeight)));
-  return number(kStart) + row * rows > bytes.size();
+  // The caller has limited the product of both sides.
+  const auto side = [&](int at) { return std::abs(1LL * static_cast<qint32>(number(at))); };
+  const long long row = (side(kWidth) * bits + 31) / 32 * 4;
+  return number(kStart) + row * side(kHeight) > bytes.size();
 }
 
 [[noreturn]] void TooLarge() {
