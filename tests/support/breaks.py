@@ -113,7 +113,7 @@ BREAKS = [
      "if (tail < layout.TailOffset) file.Steps.push_back(moved);"),
     ("sound", "normalizer.cpp", "return std::max(-lowest, int{highest});",
      "return std::max(int{lowest}, int{highest});"),
-    ("sound", "flanger.cpp", "kReach = 4, kShape = 6", "kReach = 4, kShape = 20"),
+    ("sound", "flanger.cpp", "kReach = 4, kShape = 5.6", "kReach = 4, kShape = 20"),
     ("sound", "volume.cpp", "path_[i / 2] / kUnity;", "path_[i / 2] * kUnity;"),
     ("sound", "mpeg_frame.cpp", "(header.channels == 1 ? 17 : 32) :", "(header.channels == 1 ? 32 : 17) :"),
 
