@@ -132,7 +132,7 @@ struct CddbStage {
     EXPECT_EQ(network.Open, 0);
     return outcome;
   }
-  // Asks a server that knows the disc and tells these lines of it.
+  // Asks a server that knows the disc and answers with these lines.
   Outcome AskFor(const std::string& tellingLines) {
     network.Answers = {kFound, kPage + "210 rock 0b012a02 x\r\n" + tellingLines};
     return Ask();
