@@ -20,10 +20,9 @@ namespace vantora {
 
 namespace {
 
-// Three buffers, 70 ms. Each wake-up of the sound server, of this thread and of the event loop
-// costs more than handling the sound itself. At 70 ms a level is still shown at the moment at which
-// it is heard.
-constexpr snd_pcm_uframes_t kPeriod = 3 * kBufferBytes / 4;
+// 75 ms. Each wake-up of the sound server, of this thread and of the event loop costs more than
+// handling the sound itself. At 75 ms a level is still shown at the moment at which it is heard.
+constexpr snd_pcm_uframes_t kPeriod = 3328;
 constexpr unsigned kCardMs = 500;  // sound that the card buffers while this machine is busy
 constexpr int kPatienceMs = 100;   // longer than a period, so that a wait normally ends with sound
 
