@@ -25,7 +25,8 @@ void ReadAll(const std::shared_ptr<Disc>& disc) {
     sound.Read(0, std::min(3, sound.Sectors()), sectors.data());
     sound.Read(sound.Sectors() - 1, 1, sectors.data());
   }
-  Require(end <= toc.LeadOut && end < 100 * 60 * 75, "the disc ends behind its tracks");
+  Require(end <= toc.LeadOut && toc.LeadOut <= 100 * 60 * 75,
+          "a disc holds its tracks and 100 minutes");
 }
 
 }  // namespace
