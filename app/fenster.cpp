@@ -64,7 +64,10 @@ void VtrFenster::Beschriften(Label& schild, PictureButton& knopf, const Text& te
     if (!knopf.Enabled || !Window.Enabled) return;
     Press(knopf);
     prog.plattform.schleife.DoEvents();
-    Release(knopf);
+    // The second click of a double click comes here first. It has pressed the button already, and
+    // may have closed the window.
+    const bool gedrueckt = knopf.PicturePressed.empty() || knopf.Picture() == knopf.PicturePressed;
+    if (gedrueckt && Visible() && knopf.InUse() && Window.Enabled) Release(knopf);
   };
 }
 

@@ -57,6 +57,18 @@ TEST_F(Start, TheWizardStartsWhatWasChosen) {
   EXPECT_EQ(b.Einstellung(L"Show_Start_Assistant"), L"1");
 }
 
+TEST_F(Start, ADoubleClickOnACaptionPressesItsButtonOnce) {
+  b.Start();
+  const auto fenster = b.prog.frmAbout.Holen();
+  b.prog.Zeigen(*fenster);
+  auto& schild = dynamic_cast<Label&>(*fenster->Find(L"lblButtCaption", 0));
+  int mal = 0;
+  dynamic_cast<PictureButton&>(*fenster->Find(L"imgOK")).MouseUp = [&mal](int) { ++mal; };
+  b.platform.loop.Post(schild.Click);
+  schild.Click();
+  EXPECT_EQ(mal, 1);
+}
+
 TEST_F(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
   b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
   b.Setze(L"Wave_Export_Dir", L"");
