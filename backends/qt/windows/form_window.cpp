@@ -145,7 +145,7 @@ void FormWindow::AddFace(Control& control) {
 void FormWindow::DropFace(Control* control) {
   const auto found = faces_.find(control);
   if (found == faces_.end()) return;
-  if (pressed_ == found->second.get()) pressed_ = nullptr;
+  pressed_.erase(found->second.get());
   for (QWidget* part : {found->second->widget(), found->second->surface()}) {
     byObject_.remove(part);
     part->removeEventFilter(this);
@@ -328,22 +328,20 @@ bool FormWindow::Input(Face& face, QEvent& event) {
   if ((pressed || moved) && !host_.Model().TakesInput(*control)) return true;
   // A release belongs to the press before it. If the press was refused, the release is refused as
   // well.
-  if (event.type() == QEvent::MouseButtonRelease && std::exchange(pressed_, nullptr) != &face) {
-    return true;
-  }
+  if (event.type() == QEvent::MouseButtonRelease && pressed_.erase(&face) == 0) return true;
   const Counted touching(touching_);
   const Stamped stamped(host_, static_cast<const QInputEvent&>(event));
   lastTouch_ = TouchedPlace(face, event);
   switch (event.type()) {
     case QEvent::MouseButtonPress:
-      pressed_ = &face;
+      pressed_.insert(&face);
       face.MousePress(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseButtonRelease:
       face.MouseRelease(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseButtonDblClick:
-      pressed_ = &face;
+      pressed_.insert(&face);
       face.MouseDouble(static_cast<QMouseEvent&>(event));
       break;
     case QEvent::MouseMove:

@@ -38,7 +38,7 @@ class FormWindow final : public QWidget, public Spoken {
   Control* FocusControl() const;
   void FocusOn(const Control& control, Qt::FocusReason reason = Qt::OtherFocusReason);
   bool Holds(const Control& control) const;  // true: other controls lie in this one
-  bool Pressed(const Face& face) const { return pressed_ == &face; }
+  bool Pressed(const Face& face) const { return pressed_.contains(&face); }
   double Scale() const { return scale_; }  // pixels of the window for a pixel of the form
   // Centres this window over its owner, clear of the row that the form wants to be seen.
   void StandOver(const FormWindow& owner);
@@ -90,7 +90,7 @@ class FormWindow final : public QWidget, public Spoken {
   std::set<const Control*> containers_;         // the containers among `known_`
   std::vector<std::unique_ptr<Face>> retired_;  // without a control; handlers may still run
   QHash<QObject*, Face*> byObject_;
-  const Face* pressed_ = nullptr;  // the face whose mouse button is still pressed
+  std::set<const Face*> pressed_;  // faces on which a mouse button is still pressed
   std::map<int, QButtonGroup*> groups_;
   QPixmap ground_;
   QPoint place_;   // the form's place when it was last read or written

@@ -44,6 +44,23 @@ TEST_P(Worlds, HandsRefuseWhatAPersonCouldNotDo) {
   EXPECT_EQ(form.Log, (std::vector<std::string>{"activate", "key", "close"}));
 }
 
+TEST_P(Worlds, AHeldButtonIsReleasedAlsoWhenAnotherIsPressedMeanwhile) {
+  FullForm form(loop);
+  bool held = true;
+  form.imgButton.MouseDown = [&](int) {
+    hands.Press(form.chkOn);
+    for (int ms = 0; held && ms < 1000; ++ms) {
+      loop.DoEvents();
+      loop.Sleep(1);
+    }
+  };
+  form.imgButton.MouseUp = [&held](int) { held = false; };
+  person.Then([&] { hands.Hold(form.imgButton, 60); });
+  Play(form);
+  EXPECT_FALSE(held);
+  EXPECT_EQ(form.chkOn.Value(), 1);
+}
+
 TEST_P(Worlds, AListKeepsTheLineItStandsOnInSight) {
   FullForm form(loop);
   while (form.lstMany.ListCount() < 40) form.lstMany.AddItem(L"muchos");
