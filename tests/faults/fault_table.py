@@ -38,6 +38,11 @@ TIMEOUT = 120  # seconds of a run; on a free machine it takes a tenth of one
 # Files that the program keeps for itself. They may be missing or older without a message.
 OWN = re.compile(r"^(\.cache/|\.local/share/vantora/(edits|volume)|Vantora/.*\.log$)")
 
+COPY_OF_THE_RESULT = (
+    r"^m/\.vantora-\d+-0$",
+    "The copy of the result lies under a temporary name beside the wave. It stays after a kill, and when "
+    "the disk does not even let it be deleted, until the next copy into this folder.")
+
 # New files that may stay unfinished, and why.
 UNFINISHED = {
     "grab": (r"^Vantora/Wavs/pista\.wav$",
@@ -55,10 +60,8 @@ UNFINISHED = {
     "print": (r"^pdf/001\.pdf\..{6}$",
               "The pages lie under a temporary name beside the PDF. They stay after a kill, and when "
               "the disk does not even let them be deleted."),
-    "render": (r"^m/\.vantora-\d+-0$",
-               "The copy of the result lies under a temporary name beside the wave. It stays after a "
-               "kill, and when the disk does not even let it be deleted, until the next copy into "
-               "this folder."),
+    "render": COPY_OF_THE_RESULT,
+    "batch": COPY_OF_THE_RESULT,
     "record": (r"^Vantora/Wavs/vals\.wav$",
                "What was recorded until then, with a header that is true to a second. Before the first "
                "sound, a file without a whole header stays after a kill, and when the disk does not "
