@@ -257,17 +257,6 @@ TEST_F(Brennen, ACancelAfterTheEndComesTooLate) {
   EXPECT_FALSE(b.prog.frmKomponenten().Abgebrochen);
 }
 
-TEST_F(Brennen, ADeletedWaveIsToldBeforeTheBurnerWindowOpens) {
-  b.Katalog({L"a", L"b"});
-  std::filesystem::remove(b.home.Path() / "Vantora/Wavs/b.wav");
-  b.Antwortet(kNein);
-  b.Tu([&] { b.Haupt().imgBrennen_MouseUp(); });
-  EXPECT_EQ(b.Gesagt(), std::vector<Text>{Sagt(8016) + L"2\r\nC:\\Vantora\\Wavs\\b.wav" +
-                                          Sagt(8017) + L"\r\n" + Sagt(8065)});
-  EXPECT_FALSE(Fenster().Visible());
-  EXPECT_TRUE(b.Haupt().Window.Enabled);
-}
-
 TEST_F(Brennen, ACrossfadeChoosesDiscAtOnceWhereTheDriveCan) {
   Oeffnen({L"a", L"b*", L"c*"});
   EXPECT_TRUE(Fenster().optDiscAtOnce.Value());

@@ -55,4 +55,10 @@ expect-file "C:\Vantora\Discos\Disco 002.cue" missing
 key frmCDBrennen Escape
 wait 2000
 expect-window frmHauptForm
+# a wave that is gone is reported before the window opens
+delete C:\m\uno.wav
+press frmHauptForm.imgBrennen
+expect-box ~ "1\s+C:\\m\\uno\.wav"
+answer 7
+expect-window frmHauptForm
 close
