@@ -17,10 +17,13 @@ class Extras : public MitProgramm {
 TEST_F(Extras, AFolderThatCannotBeUsedIsRefusedAndTheOldOneStays) {
   const Text lang = L"C:\\" + Text(60, L'x') + L"\\" + Text(60, L'y');
   b.prog.plattform.dateien.MkDir(lang);
+  b.Datei(L"C:\\Discoteca\\a.txt", "x");
   Offen([&](frmExtrasMenue& f) {
     b.WaehltDatei(lang + L"\\nuevo.txt").Antwortet(kNein);
     f.cmdTempDirEdit_Click();
     EXPECT_EQ(b.Gesagt().back(), Sagt(7006)) << "too long for the settings";
+    b.WaehltDatei(L"C:\\Discoteca\\a.txt");
+    f.cmdTempDirEdit_Click();
     const auto abgelehnt = [&](TextBox& feld, const Text& ordner) {
       feld.Text = ordner;
       b.Antwortet(kNein);
