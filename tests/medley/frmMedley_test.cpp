@@ -27,6 +27,16 @@ class MedleyWindow : public testing::Test, protected MedleyFenster {};
 
 }  // namespace
 
+TEST_F(MedleyWindow, ATickAndAConfirmedValueReachTheirRowWithoutLeavingIt) {
+  frmMedley& m = Oeffne();
+  platform.hands.Press(m.chkPitch);
+  EXPECT_NE(prog.Medley[0].PitchKorrektur, 0);
+  platform.hands.Type(m.txtBPM, L"120");
+  EXPECT_EQ(prog.Medley[0].BPM, L"50") << "not confirmed";
+  platform.hands.Key(m, L"Return");
+  EXPECT_EQ(prog.Medley[0].BPM, L"120");
+}
+
 TEST_F(MedleyWindow, AFadeIsCutToTheShorterTrackAndHostileLengthsCutNothing) {
   const struct {
     Text Erste, Zweite, Getippt, Erwartet, Verlassen;  // with Return, and when the focus leaves
