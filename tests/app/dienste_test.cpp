@@ -61,22 +61,6 @@ TEST_F(Meldung, TheWordsOfALibraryAreForTheLogAlone) {
             std::string::npos);
 }
 
-TEST_F(Meldung, TheBoxAnswersByButtonAndByKey) {
-  const std::pair<int, const wchar_t*> faelle[] = {
-      {kFrage, L"Return"}, {kFrage, L"Escape"}, {kHinweis, L"Return"}, {kStopp, L"Escape"}};
-  for (const auto& [flags, taste] : faelle) {
-    const int erwartet = Text(taste) == L"Return" ? kJa : kNein;
-    b.Macht([&](Form& front) {
-      auto& box = dynamic_cast<frmMBox&>(front);
-      EXPECT_EQ(box.picMboxButton(0).Visible(), flags == kFrage);
-      EXPECT_EQ(box.picMboxButton(2).Visible(), flags != kFrage);
-      EXPECT_FALSE(box.cbxNotShow.Visible());
-      b.platform.hands.Key(front, taste);
-    });
-    b.Tu([&] { EXPECT_EQ(b.prog.MsgBoxen(L"¿Qué tal?", flags), erwartet); });
-  }
-}
-
 TEST_F(Meldung, TheFocusStaysOnWhatReturnDoes) {
   b.Macht([&](Form& front) {
     auto& box = dynamic_cast<frmMBox&>(front);

@@ -45,18 +45,6 @@ TEST_F(Start, TheScreenAndAnotherInstanceDecideWhetherAndHowTheMainWindowStands)
   }
 }
 
-TEST_F(Start, TheWizardStartsWhatWasChosen) {
-  b.Setze(L"Show_Start_Assistant", L"1");
-  b.Macht([&](Form& front) {
-     auto& assistent = dynamic_cast<frmStartAssistent&>(front);
-     b.platform.hands.Press(assistent.StartOptionen(3));
-     b.platform.hands.Press(assistent.imgOK);
-   }).WaehltDatei({});  // the start's option that opens a catalog: shows the file dialog
-  b.Start();
-  EXPECT_EQ(b.user.Left(), 0U);
-  EXPECT_EQ(b.Einstellung(L"Show_Start_Assistant"), L"1");
-}
-
 TEST_F(Start, ADoubleClickOnACaptionPressesItsButtonOnce) {
   b.Start();
   const auto fenster = b.prog.frmAbout.Holen();

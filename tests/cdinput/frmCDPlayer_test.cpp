@@ -34,21 +34,6 @@ class CDPlayer : public ::testing::Test, protected CdBuehne {
   }
 };
 
-TEST_F(CDPlayer, ADiscShowsItsTracksWithTimesAndSizes) {
-  Laufwerk().Disc = {{75 * 65}, {75 * 60 * 61}};
-  b.Setze(L"LastAudioCDSelected", L"7");  // beyond the list: gives way to the first
-  Oeffnen();
-  EXPECT_EQ(Zeilen(), (Worte{L"Pista01     01:05     11 Mb  ", L"Pista02     61:00     616 Mb  "}));
-  EXPECT_EQ(b.Einstellung(L"LastAudioCDSelected"), L"7");
-  EXPECT_EQ(Player().txtCDLengthMs.Caption(), L"62:05");
-  EXPECT_EQ(Player().txtCDLengthMB.Caption(), L"627");
-  EXPECT_EQ(Player().txtZeit.Caption(), L"00:01:05");
-  EXPECT_EQ(Player().txtPosition.Caption(), L"(00:00)");
-  EXPECT_EQ(Player().lstDriveLetter.List(0), L"D:\\ VANTORA IMAGE       07 00");
-  b.platform.loop.Pass(1000);
-  EXPECT_EQ(Player().txtPosition.Caption(), L"(01:23)");
-}
-
 TEST_F(CDPlayer, AnEmptyDriveIsTriedAgainUntilTheUserHasEnough) {
   Laufwerk().Disc.clear();
   const Text leer = Sagt(5008) + L"\r\n" + Sagt(5009);

@@ -116,27 +116,4 @@ TEST_F(Cover, ByKeyboardATextIsFoundSelectedMovedAndHeard) {
   });
 }
 
-TEST_F(Cover, APictureIsKeptUntilTheUserAgreesAndABadFileChangesNothing) {
-  Oeffnen({L"uno"});
-  const std::string bmp(
-      "BM\x3a\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0"
-      "\4\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\xff\0",
-      58);
-  b.Datei(L"C:\\eins.bmp", bmp);
-  b.Datei(L"C:\\leer.jpg", "");
-  Weitergehen([&](frmPrint& w) {
-    b.WaehltDatei({L"C:\\eins.bmp"});
-    w.imgLoadPic_MouseUp();
-    b.WaehltDatei({L"C:\\leer.jpg"}).Antwortet(kNein).WaehltDatei({}).Antwortet(kNein);
-    for (int i = 0; i < 2; ++i) w.imgLoadPic_MouseUp();
-    w.imgClearPic_MouseUp();
-    EXPECT_NE(w.picSource[kTeilRueckseite], nullptr);
-    b.Antwortet(kJa);
-    w.imgClearPic_MouseUp();
-    EXPECT_EQ(w.picSource[kTeilRueckseite], nullptr);
-  });
-  // The loop of the dialogs ran inside the window, so its messages come after the picture's.
-  EXPECT_EQ(b.Gesagt().back(), b.prog.Text(16000));
-}
-
 }  // namespace vantora

@@ -6,30 +6,6 @@ namespace vantora {
 
 using Ort = CoverZustand::Ort;
 
-TEST(Seiten, AButtonShowsTheSideOfItsPaperAndAPartKeepsItsPicture) {
-  const struct {
-    int Knopf, Papier, Seite;
-    Mass Groesse;
-    Rechteck Bild;
-  } faelle[] = {
-      {0, kZentriert, 0, {8565, 6690}, {345, 0, 7875, 6690}},
-      {0, kPapierQM, 4, {8565, 6690}, {345, 0, 7875, 6690}},
-      {4, kZentriert, 0, {8565, 6690}, {345, 0, 7875, 6690}},
-      {1, kZentriert, 1, {13605, 6810}, {6802, 0, 6803, 6810}},
-      {1, kPapierQM, 3, {6802, 6810}, {0, 0, 6802, 6810}},
-      {2, kZentriert, 2, {6810, 6810}, {0, 0, 6810, 6810}},
-      {2, kPapierQM, 2, {6810, 6810}, {0, 0, 6810, 6810}},
-  };
-  for (const auto& fall : faelle) {
-    SCOPED_TRACE(&fall - faelle);
-    const int seite = SeiteFuer(fall.Knopf, fall.Papier);
-    EXPECT_EQ(seite, fall.Seite);
-    EXPECT_EQ(MassDerSeite(seite), fall.Groesse);
-    EXPECT_EQ(BildPlatz(seite), fall.Bild);
-    EXPECT_EQ(TeilDerSeite(seite), TeilDerSeite(SeiteFuer(fall.Knopf, 1 - fall.Papier)));
-  }
-}
-
 TEST(Seiten, LinesBeginWhereTheSideHasItsTextsAndNearerWithLargeFonts) {
   CoverZustand cover;
   ZeilenPosFuellen(cover, 15);

@@ -46,31 +46,6 @@ TEST_F(Dateidialog, ShowsDrivesFoldersAndTheFilesOfItsPattern) {
   EXPECT_EQ(b.prog.DialogPfad, L"C:\\");
 }
 
-TEST_F(Dateidialog, SaysHowManyFilesAreChosenAndHowLongTheyAreTogether) {
-  b.Wave(L"C:\\Música\\a.wav", 75 * 44100);
-  b.Wave(L"C:\\Música\\d.wav", 50 * 44100);  // b.MP3 is none, so it has no length
-  const Text mehrere = b.prog.Text(30057) + b.prog.Text(30058);
-  Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
-    const std::pair<std::vector<int>, Text> faelle[] = {
-        {{1}, b.prog.Text(30056) + b.prog.Text(30058) + L"00:01:15"},
-        {{1, 2, 3}, L"3" + mehrere + L"00:02:05"},
-        {{1, 3}, L"2" + mehrere + L"00:02:05"},
-        {{}, L""}};
-    for (const auto& [zeilen, worte] : faelle) {
-      hand().Select(d.lstDatei, zeilen);
-      b.prog.Pausieren(200);
-      EXPECT_EQ(d.lblAuswahl.Caption(), worte);
-    }
-    hand().Key(d, L"Escape");
-  });
-  b.prog.Catalogue_Open_Dir = L"C:\\Vantora\\Catálogo";
-  Fragt(kTypKatalog, kModusOeffnen, [&](frmLoadSave& d) {
-    hand().Select(d.lstDatei, {1});
-    EXPECT_EQ(d.lblAuswahl.Caption(), b.prog.Text(30056));
-    hand().Key(d, L"Escape");
-  });
-}
-
 TEST_F(Dateidialog, AFileThatIsTakenOutOfTheSelectionIsNotTheOneThatComesBack) {
   Fragt(kTypMusik, kModusOeffnen, [&](frmLoadSave& d) {
     hand().Select(d.lstDatei, {1});

@@ -43,8 +43,9 @@ class DriveMachine(Machine):
     def flow(self, script, fault):
         drive = self.home / "drive"
         drive.mkdir(parents=True)
-        return self.play(script, {"VANTORA_EMULATED_DRIVE": str(drive), "FAULT": fault,
-                                  "LD_PRELOAD": str(self.build / "libemulated_drive.so")})
+        return self.play(self.written(script),
+                         {"VANTORA_EMULATED_DRIVE": str(drive), "FAULT": fault,
+                          "LD_PRELOAD": str(self.build / "libemulated_drive.so")})
 
     def files(self):
         return {name: content for name, content in super().files().items()

@@ -4,9 +4,10 @@
     fault_table.py BUILD [OPERATION...] [--most N] [--messages]
 
 Each script in operations/ leads a user to an operation, and then hands the disk to the library
-faulty_disk. It is played once without a fault, to count the calls that change files, and then once
-for each fault and each call at which the fault can begin (with --most N, for N calls at most, spread
-evenly). After each the program starts again on a sound disk, and ends. Then:
+faulty_disk. It is played behind the lines of beginnings/home.robot, and "begin NAME" in it stands for
+the lines of beginnings/NAME.robot. It is played once without a fault, to count the calls that change
+files, and then once for each fault and each call at which the fault can begin (with --most N, for N
+calls at most, spread evenly). After each the program starts again on a sound disk, and ends. Then:
 
   told      the user has seen a message, and nothing is lost
   done      all files are as they would have been without the fault
@@ -86,6 +87,16 @@ class Machine:
     def close(self):
         shutil.rmtree(self.folder, ignore_errors=True)
 
+    def written(self, script):
+        """A script with its common beginnings, as the robot reads it."""
+        def beginning(name):
+            return (HERE / "beginnings" / f"{name}.robot").read_text(encoding="utf-8")
+        rest = re.sub(r"^begin (\w+)\n", lambda line: beginning(line[1]),
+                      script.read_text(encoding="utf-8"), flags=re.M)
+        whole = self.folder / script.name
+        whole.write_text(beginning("home") + rest, encoding="utf-8")
+        return whole
+
     def play(self, script, more=None):
         env = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "XDG_RUNTIME_DIR": str(self.folder),
                **(more or {})}
@@ -98,7 +109,7 @@ class Machine:
             return Run(None, "", "it hangs")
 
     def play_on_disk(self, script, fault):
-        return self.play(script, {
+        return self.play(self.written(script), {
             "FAULT": fault, "DISK": "Z:" + str(self.control).replace("/", "\\"),
             "LD_PRELOAD": str(self.build / "libfaulty_disk.so"),
             "VANTORA_FAULTY_FOLDER": str(self.home) + "/",

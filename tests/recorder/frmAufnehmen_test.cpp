@@ -198,20 +198,6 @@ TEST_F(Aufnahme, TakesThatBeginWhileANameIsAskedForKeepTheOneBefore) {
   EXPECT_EQ(b.platform.inhibitor.Awake(), 0);
 }
 
-TEST_F(Aufnahme, TheOtherSideIsAskedForOnlyWhenARecordIsCopied) {
-  b.Antwortet(kJa).WaehltDatei({Ort(L"lp.wav")});
-  b.Tu([&] { b.Haupt().imgLPAufnehmen_MouseUp(); });
-  const std::size_t vorher = b.Gesagt().size();
-  Druecke(A().imgAufnehmen);
-  for (int take = 0; take < 2; ++take) {
-    Spiele(Ton(3));
-    Warte(25'000);
-  }
-  EXPECT_EQ(b.Gesagt().size(), vorher);
-  EXPECT_EQ(A().AufnahmeZahl, 2);
-  EXPECT_TRUE(A().Wartet);
-}
-
 TEST_F(Aufnahme, AThresholdBoxThatIsPassedThroughChangesNothing) {
   OeffneLP();
   const std::int32_t anfangs = A().Pegelschwelle;

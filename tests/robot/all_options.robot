@@ -43,8 +43,11 @@ press frmExtrasMenue.imgOK
 expect-window frmHauptForm
 close
 start
-# the wizard is on now; it is switched off again below
-key frmStartAssistent Escape
+# the wizard is on now, and begins what was chosen; it is switched off again below
+press frmStartAssistent.StartOptionen(3)
+press frmStartAssistent.imgOK
+expect-window frmLoadSave
+choose cancel
 press frmHauptForm.imgExtras
 expect frmExtrasMenue.optCDGroesse74.Value == True
 expect frmExtrasMenue.chk3DAnalyse.Value == 1

@@ -19,12 +19,15 @@ expect-box ~ "Operación cancelada"
 answer 7
 expect-window frmCDBrennen
 press frmCDBrennen.imgBrennen
+expect frmMBox.imgBoxType.Picture == MBOXAUSKUNFT
 answer 7
 expect-box ~ "Finalizó"
+expect frmMBox.imgBoxType.Picture == MBOXERFOLG
 answer 7
+expect frmMBox.imgBoxType.Picture == MBOXFRAGE
 answer 7
 press frmHauptForm.imgBrennen
-expect frmCDBrennen.lblAblage.Caption ~ "Disco 001"
+expect frmCDBrennen.lblAblage.Caption == "Imagen guardada: C:\Vantora\Discos\Disco 001.cue"
 # the place of the image before does not stand below a burn that failed
 writer fail at 40 %
 press frmCDBrennen.imgBrennen
@@ -51,5 +54,11 @@ expect-file "C:\Vantora\Discos\Disco 002.bin" missing
 expect-file "C:\Vantora\Discos\Disco 002.cue" missing
 key frmCDBrennen Escape
 wait 2000
+expect-window frmHauptForm
+# a wave that is gone is reported before the window opens
+delete C:\m\uno.wav
+press frmHauptForm.imgBrennen
+expect-box ~ "1\s+C:\\m\\uno\.wav"
+answer 7
 expect-window frmHauptForm
 close

@@ -20,10 +20,15 @@ expect frmHauptForm.lblKatalogLaenge.Caption == "00:00:12"
 select frmHauptForm.lvwKatalog 1
 press frmHauptForm.imgMove(1)
 expect frmHauptForm.lvwKatalog(2,7) ~ "dos.wav|tres.wav"
-# buttons do not take the focus, so the Delete key still goes to the list
+# buttons do not take the focus, so the Delete key still goes to the list; Escape means no to a
+# question, and Return means yes
 key frmHauptForm Delete
 expect-box ~ "eliminar el título"
-answer 6
+expect frmMBox.cbxNotShow.Visible == False
+key frmMBox Escape
+expect frmHauptForm.lvwKatalog.Count == 3
+key frmHauptForm Delete
+key frmMBox Return
 expect frmHauptForm.lvwKatalog.Count == 2
 press frmHauptForm.imgDeleteTitel
 expect frmHauptForm.lvwKatalog.Count == 3

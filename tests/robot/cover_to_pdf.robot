@@ -42,11 +42,6 @@ expect frmPrint.lblBeschriftung(2).Caption ~ "^3   "
 expect frmPrint.lblBeschriftung(3).Visible == False
 expect frmPrint.lblCDTitel.Caption == "Olas del norte"
 shot pictures/frmPrint_dorso.png
-# a file that is not a picture is reported, and the window goes on
-press frmPrint.imgLoadPic
-choose C:\Vantora\Pictures\roto.jpg
-expect-box ~ "roto.jpg"
-answer 7
 press frmPrint.imgLoadPic
 choose cancel
 press frmPrint.imgPrintMe
@@ -70,10 +65,19 @@ press frmPrint.imgPrintMe
 print ok
 expect-window frmPrint
 copy out/003.pdf C:\etiqueta.pdf
+# a file that is not a picture is reported, and the picture stays until the user agrees
 press frmPrint.imgControl(1)
+press frmPrint.imgLoadPic
+choose C:\Vantora\Pictures\roto.jpg
+expect-box ~ "roto.jpg"
+answer 7
 press frmPrint.imgClearPic
 expect-box ~ "suprimir la imagen"
+answer 7
+expect frmPrint.Lead2.Drawn == 2
+press frmPrint.imgClearPic
 answer 6
+expect frmPrint.Lead2.Drawn == 1
 # back to the texts, to the sides again, and to the catalog
 press frmPrint.imgBack
 expect-window frmPrintStart

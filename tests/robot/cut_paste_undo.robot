@@ -16,6 +16,17 @@ answer 7
 press frmWaveEditor.imgMute
 expect-box ~ "No ha seleccionado nada"
 answer 7
+# a click is a cursor, and a drag is a range in either direction
+press frmWaveEditor.picWaveBack 500
+expect frmWaveEditor.lblMarkerDelta.Caption == "0:00.0"
+drag frmWaveEditor.picWaveBack 500 250
+expect frmWaveEditor.lblMarkerDelta.Caption == "0:02:0"
+drag frmWaveEditor.picWaveBack 500 1000
+expect frmWaveEditor.lblMarkerDelta.Caption == "0:04:0"
+doubleclick frmWaveEditor.picWaveBack 500
+expect frmWaveEditor.lblMarkerDelta.Caption == "0:08:0"
+press frmWaveEditor.cmdAuswahlAufheben
+expect frmWaveEditor.shpMarker.Visible == False
 # cut
 drag frmWaveEditor.picWaveBack 250 500
 expect frmWaveEditor.lblMarkerDelta.Caption == "0:02:0"

@@ -25,6 +25,11 @@ type frmLoadSave.txtDateiName "C:\No existe"
 press frmLoadSave.pbButton(1)
 expect-box ~ "no existe"
 answer 7
+press frmExtrasMenue.cmdTempDirEdit
+type frmLoadSave.txtDateiName "D:\Carpeta"
+press frmLoadSave.pbButton(1)
+expect-box ~ "este disco duro"
+answer 7
 type frmExtrasMenue.txtTempDir "C:\Tampoco existe"
 press frmExtrasMenue.imgOK
 expect-box == "Este directorio no existe. Seleccione otra."

@@ -34,7 +34,16 @@ choose C:\m\texto.mp3
 expect-box ~ "RED BOOK"
 answer 7
 expect frmHauptForm.lvwKatalog.Count == 0
+# the dialog counts what is chosen; what is no music has no length
 press frmHauptForm.imgLiedImport
+select frmLoadSave.lstDatei 1
+within 2000 expect frmLoadSave.lblAuswahl.Caption == "1 archivo elegido, en total 00:00:03"
+expect frmLoadSave.lstDatei(2) == canto.mp3
+expect frmLoadSave.lstDatei(6) == texto.mp3
+select frmLoadSave.lstDatei 1 2 6
+within 2000 expect frmLoadSave.lblAuswahl.Caption == "3 archivos elegidos, en total 00:00:07"
+select frmLoadSave.lstDatei
+within 2000 expect frmLoadSave.lblAuswahl.Caption == ""
 choose C:\m\buena.wav C:\m\canto.mp3 C:\m\corta.wav C:\m\última.wav
 key frmNeuerInterpret Return
 key frmNeuerInterpret Return

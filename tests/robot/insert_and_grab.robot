@@ -2,6 +2,8 @@
 home home
 screen 1024 768
 setting Show_Start_Assistant 0
+# a drive that is not there; the first one is used
+setting LastAudioCDSelected 7
 makewave C:\Música\azul.wav 6 330
 makewave C:\Música\faro.wav 9 440
 makewave C:\Música\luz.wav 4 262
@@ -31,8 +33,12 @@ expect frmCDPlayer.imgSpeichern.Enabled == False
 disc insert "C:\Vantora\Discos\Disco 001.cue"
 select frmCDPlayer.lstDriveLetter 1
 expect frmCDPlayer.lstTracks.Count == 3
-expect frmCDPlayer.lstTracks(2) ~ "^Pista02 +00:09 "
+expect frmCDPlayer.lstTracks(2) == "Pista02     00:09     2 Mb  "
 expect frmCDPlayer.txtAnzahlTracks.Caption == 3
+expect frmCDPlayer.lstDriveLetter(1) ~ "^D:. VANTORA IMAGE"
+expect frmCDPlayer.txtCDLengthMs.Caption == "00:18"
+expect frmCDPlayer.txtCDLengthMB.Caption == 3
+expect frmCDPlayer.txtZeit.Caption == "00:00:06"
 expect frmCDPlayer.lblStatus.Caption == "¡CD audio correcto!"
 shot pictures/frmCDPlayer.png
 # listening

@@ -30,6 +30,8 @@ within 30000 expect frmAufnehmen.imgOkay.Enabled == True
 expect-file C:\Vantora\Wavs\c02.wav size 529244
 expect-file C:\Vantora\Wavs\c03.wav exists
 expect-file C:\Vantora\Wavs\c04.wav exists
+# the other side is asked for only when a record is copied
+wait 20000
 press frmAufnehmen.imgRecordStop
 expect-box ~ "120 ms"
 answer 7

@@ -83,6 +83,12 @@ expect frmMedley.lblButtCaption(3) == Detener
 select frmMedley.lstMedleyTracks 2
 expect frmMedley.lblButtCaption(3) == Reproducir
 
+# a track whose file is gone does not play
+delete C:\m\3.wav
+select frmMedley.lstMedleyTracks 3
+press frmMedley.imgStartStop
+expect frmMedley.lblButtCaption(3) == Reproducir
+select frmMedley.lstMedleyTracks 2
 # two taps within one millisecond
 press frmMedley.imgSpeedMeasure
 wait 500

@@ -37,7 +37,7 @@ expect frmWaveEditor.txtFlangerRate.Text == 3.5
 press frmWaveEditor.imgEffekt(2)
 expect frmWaveEditor.picPresets.Visible == False
 # the reverb has its rooms
-expect frmWaveEditor.comboPreset.ListIndex == 1
+expect frmWaveEditor.comboPreset == Salón
 expect frmWaveEditor.comboPreset.Count > 7
 select frmWaveEditor.comboPreset 4
 press frmWaveEditor.imgZurück

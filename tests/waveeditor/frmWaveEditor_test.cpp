@@ -49,30 +49,6 @@ TEST_F(WaveEditor, TheTraceIsAtTheLevelOfTheSoundWhereverItIsReadFrom) {
   EXPECT_EQ(E().picZeitFront.Drawing().size(), 2U * 19);
 }
 
-TEST_F(WaveEditor, AClickIsACursorAndADragARangeInEitherDirection) {
-  Oeffne(10 * kSekunde);
-  const int breite = Breite(), mitte = breite / 2;
-  const struct {
-    int Von, Nach;
-    double Anfang, Ende;
-    Text Dauer;
-  } faelle[] = {{mitte, mitte, 5, 0, L"0:00.0"},
-                {mitte, breite / 4, 2.5, 5, L"0:02:5"},
-                {mitte, 10 * breite, 5, 10, L"0:05:0"}};  // beyond the edge
-  for (const auto& fall : faelle) {
-    Ziehe(fall.Von, fall.Nach);
-    EXPECT_EQ(E().Gewaehlt().NurCursor, fall.Ende == 0);
-    EXPECT_NEAR(E().Gewaehlt().Stelle(), fall.Anfang * kSekunde, 30);
-    EXPECT_NEAR(E().Gewaehlt().MarkerEnde, fall.Ende * kSekunde, 30);
-    EXPECT_EQ(E().lblMarkerDelta.Caption(), fall.Dauer);
-  }
-  b.Tu([&] { E().cmdAuswahlAufheben_Click(); });
-  EXPECT_FALSE(E().shpMarker.Visible());
-  EXPECT_TRUE(E().Gewaehlt().NurCursor);
-  b.Tu([&] { E().picWave_DblClick(); });
-  EXPECT_EQ(E().Gewaehlt().MarkerEnde, 10 * kSekunde);
-}
-
 TEST_F(WaveEditor, KeysMoveTheCursorAndDragTheRangeByPixelsAndWithinTheView) {
   Oeffne(441'000);
   b.platform.hands.Press(E().picWaveBack);

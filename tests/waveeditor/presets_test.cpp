@@ -138,18 +138,5 @@ TEST_F(Presets, ABrokenPresetGivesZerosForWordsAndAnErrorForWhatIsMissing) {
   EXPECT_EQ(E().chkDecrackleAktiv.Value, 0);
 }
 
-TEST_F(Presets, TheRoomsOfTheHallAreTheSectionsOfItsFileWithoutTheirNumbers) {
-  const Text datei = AddBackslash(b.prog.AppPfad) + L"Reverb.ini";
-  b.Datei(datei, "[1.Sala]\nx=1\n[2.Catedral.Grande]\nx=1\n[Sin]\nx=1\n");
-  Oeffne(1000);
-  EXPECT_EQ(E().comboPreset.Items(), (std::vector<Text>{L"Sala", L"Catedral.Grande", L"Sin"}));
-  EXPECT_EQ(E().comboPreset.ListIndex, 1);
-  b.Tu([&] { E().CloseMe(); });
-  b.Datei(datei, "[Una]\nx=1\n");
-  Oeffne(1000);
-  EXPECT_EQ(E().comboPreset.ListIndex, 0);
-  EXPECT_TRUE(b.Gesagt().empty());
-}
-
 }  // namespace
 }  // namespace vantora

@@ -60,16 +60,6 @@ TEST_F(Reader, EveryTrackComesOutOfAnImageSampleForSample) {
   EXPECT_EQ(Failures, 0);
 }
 
-TEST_F(Reader, ADataTrackIsToldFromAudioAndRefused) {
-  Lay({0, 100}, 200, true);
-  reader.SelectDevice(1);
-  EXPECT_TRUE(reader.TrackIstAudio(1));
-  EXPECT_FALSE(reader.TrackIstAudio(2));
-  EXPECT_EQ(reader.TrackLaengeSektoren(2), 100);
-  EXPECT_NE(reader.ReadTrack(2, kTarget), 0);
-  EXPECT_FALSE(fs::exists(home / "pista.wav"));
-}
-
 TEST_F(Reader, PreemphasisIsTakenOffByItsCurveAndJointsStayWhole) {
   constexpr std::size_t kSectors = 80;
   const auto tones = [&](double left, double right) {
@@ -118,6 +108,10 @@ TEST_F(Reader, AReadOffsetMovesTheSoundToTheSampleAndLeavesSilenceAtTheEnds) {
     EXPECT_TRUE(Grab(1) == moved(10, 80)) << offset;
     EXPECT_TRUE(Grab(2) == moved(80, 200)) << offset << ": a data track is no sound";
   }
+  EXPECT_FALSE(reader.TrackIstAudio(3));
+  EXPECT_EQ(reader.TrackLaengeSektoren(3), 100);
+  EXPECT_NE(reader.ReadTrack(3, L"C:\\datos.wav"), 0);
+  EXPECT_FALSE(fs::exists(home / "datos.wav"));
 }
 
 TEST_F(Reader, AnImageThatWasCutOffFailsWhereItEndsAndGoesOnThereWhenItIsWhole) {

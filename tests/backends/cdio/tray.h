@@ -43,6 +43,13 @@ class Tray : public Bench {
                         static_cast<std::size_t>(to - from) * kSector);
   }
   std::string File(const char* name) const { return Get(home / name); }
+  // The bytes of these sectors; blank when they cannot be read.
+  static std::string Read(Disc& disc, int from, int to, bool carefully = false) {
+    std::string bytes(static_cast<std::size_t>(to - from) * kSector, '?');
+    const bool read = carefully ? disc.ReadCarefully(from, to - from, bytes.data())
+                                : disc.Read(from, to - from, bytes.data());
+    return read ? bytes : "";
+  }
 
   std::vector<DiscDrive> Machine{{L'D', "", L"C:\\Vantora\\Bandeja", L"VANTORA IMAGE", 7, 0}};
   DiscDrives drives{disk, [this] { return Machine; }};

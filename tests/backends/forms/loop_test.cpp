@@ -192,13 +192,6 @@ TEST_P(Worlds, AHandlerThatFailsIsReportedAndTheProgramStaysUp) {
   EXPECT_EQ(errors, (std::vector<int>{53, 5}));
 }
 
-TEST_P(Worlds, AUserWhoHasNoMoreToDoEndsTheProgram) {
-  TestForm modal(loop, L"frmModal");
-  person.Then([&] { loop.Post([&] { loop.ShowModal(modal); }); });
-  EXPECT_THROW(loop.Run(), ProgrammEnde);
-  EXPECT_EQ(loop.LeftOpen(), L"frmModal");
-}
-
 TEST_P(Worlds, APersonWaitsForAnswersButNotForEver) {
   FullForm form(loop);
   Log order;

@@ -16,19 +16,6 @@ class Room : public testing::Test {
 
 }  // namespace
 
-TEST_F(Room, AnHourOfWaitingTakesNoTimeAndTheClockHasPassedIt) {
-  loop.PostAfter(3'600'000, [&] { loop.Quit(); });
-  loop.Run();
-  EXPECT_EQ(clock.Ticks(), 3'600'000);
-  EXPECT_EQ(clock.Now().Hour, 11);
-  loop.Sleep(13 * 3'600'000);
-  EXPECT_EQ(clock.Now().Day, 25) << "past midnight";
-  EXPECT_DOUBLE_EQ(clock.Timer(), 0);
-  clock.Set({2028, 2, 28, 23, 59, 59});
-  loop.Sleep(1000);
-  EXPECT_EQ(clock.Now().Day, 29);
-}
-
 TEST_F(Room, WhatCanNeverEndIsStoppedWithAWordThatSaysWhy) {
   HeadlessLoop forEver(clock), round(clock);
   EXPECT_NE(Refusal([&] { forEver.Run(); }).find("wait for ever"), std::string::npos);

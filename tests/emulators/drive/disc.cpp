@@ -76,12 +76,19 @@ void Disc::Write(int sector, const unsigned char* bytes, int count) const {
   file.write(reinterpret_cast<const char*>(bytes), std::streamsize{count} * kSectorBytes);
 }
 
-bool Disc::Read(int sector, unsigned char* bytes, int count) const {
+bool Disc::Read(int sector, unsigned char* bytes, int count, int late) const {
   if (State != DiscState::Closed || sector < 0 || sector + count > LeadOut) return false;
-  std::memset(bytes, 0, static_cast<std::size_t>(count) * kSectorBytes);
+  const std::streamoff from = std::streamoff{sector} * kSectorBytes - std::streamoff{late} * 4;
+  const std::streamoff size = std::streamoff{count} * kSectorBytes;
+  const std::streamoff end = std::streamoff{LeadOut} * kSectorBytes;
+  const auto onDisc = [end](std::streamoff place) {
+    return std::clamp(place, std::streamoff{0}, end);
+  };
+  std::memset(bytes, 0, static_cast<std::size_t>(size));
   std::ifstream file(Folder / "image.bin", std::ios::binary);
-  file.seekg(std::streamoff{sector} * kSectorBytes);
-  file.read(reinterpret_cast<char*>(bytes), std::streamsize{count} * kSectorBytes);
+  file.seekg(onDisc(from));
+  file.read(reinterpret_cast<char*>(bytes) + (onDisc(from) - from),
+            onDisc(from + size) - onDisc(from));
   return true;
 }
 

@@ -38,7 +38,8 @@ struct Disc {
 
   void Save() const;
   void Write(int sector, const unsigned char* bytes, int count) const;
-  bool Read(int sector, unsigned char* bytes, int count) const;
+  // Reads the sound `late` frames late. Silence surrounds the sound of the disc.
+  bool Read(int sector, unsigned char* bytes, int count, int late) const;
 };
 
 }  // namespace vantora::emulated

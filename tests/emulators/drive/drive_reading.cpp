@@ -158,21 +158,8 @@ Bytes Drive::ReadCd(const Bytes& command, const Bytes&) {
   return sectors;
 }
 
-// Silence surrounds the sound of a disc that is read early or late.
 bool Drive::ReadSound(int sector, int count, Bytes& sectors) const {
-  if (!disc_->Read(sector, sectors.data(), count)) return false;
-  if (script_.Late != 0) {
-    constexpr int kAround = 3, kFrame = 4;
-    Bytes wide(static_cast<std::size_t>(count + 2 * kAround) * kSectorBytes);
-    for (int i = 0; i < count + 2 * kAround; ++i) {
-      Bytes one(kSectorBytes);
-      const int from = sector - kAround + i;
-      if (from < 0 || from >= disc_->LeadOut || !disc_->Read(from, one.data(), 1)) continue;
-      std::copy(one.begin(), one.end(), wide.begin() + i * kSectorBytes);
-    }
-    const auto start = wide.begin() + kAround * kSectorBytes - script_.Late * kFrame;
-    std::copy_n(start, sectors.size(), sectors.begin());
-  }
+  if (!disc_->Read(sector, sectors.data(), count, script_.Late)) return false;
   const int wrong = script_.WrongSample - sector;
   if (wrong >= 0 && wrong < count) sectors[static_cast<std::size_t>(wrong) * kSectorBytes] ^= 1;
   return true;

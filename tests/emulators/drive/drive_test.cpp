@@ -18,13 +18,6 @@ class InTheEmulatedDrive : public Tray {
     return Noise(static_cast<std::size_t>(sectors) * kSector);
   }
 
-  static std::string Read(Disc& disc, int from, int to, bool carefully) {
-    std::string bytes(static_cast<std::size_t>(to - from) * kSector, '?');
-    const bool read = carefully ? disc.ReadCarefully(from, to - from, bytes.data())
-                                : disc.Read(from, to - from, bytes.data());
-    return read ? bytes : "";
-  }
-
   DriveHome drive;
 };
 
@@ -42,8 +35,8 @@ TEST_F(InTheEmulatedDrive, ADiscLaidInByHandIsReadWithItsDataTrack) {
   for (const bool carefully : {false, true}) {
     EXPECT_TRUE(Read(*disc, 40, 400, carefully) == Part(image, 40, 400)) << carefully;
   }
-  EXPECT_EQ(Read(*disc, 395, 405, false).size(), 10 * kSector);
-  EXPECT_EQ(Read(*disc, 400, 401, false), "") << "no sound";
+  EXPECT_EQ(Read(*disc, 395, 405).size(), 10 * kSector);
+  EXPECT_EQ(Read(*disc, 400, 401), "") << "no sound";
 }
 
 TEST_F(InTheEmulatedDrive, ATrackIsGrabbedAtTheDrivesOffsetAndWithoutPreemphasis) {
@@ -82,7 +75,7 @@ TEST_F(InTheEmulatedDrive, AnotherDiscIsNoticedAndReadAfterItsDriveIsReady) {
   EXPECT_TRUE(second->StillThere());
   drive.Say("disconnected\n");
   EXPECT_FALSE(second->StillThere());
-  EXPECT_EQ(Read(*second, 0, 5, false), "");
+  EXPECT_EQ(Read(*second, 0, 5), "");
 }
 
 }  // namespace vantora::test

@@ -1,16 +1,5 @@
 # Disc At Once: the files lend their pauses.
-home home
-screen 1024 768
-clock 2026-11-24 10:00
-setting Show_Start_Assistant 0
-setting Show_TAO_Message 0
-makewave C:\m\uno.wav 4 300
-makewave C:\m\dos.wav 5 400
-start
-press frmHauptForm.imgLiedImport
-choose C:\m\uno.wav C:\m\dos.wav
-key frmNeuerInterpret Return
-key frmNeuerInterpret Return
+begin two_longer_songs
 press frmHauptForm.imgBrennen
 press frmCDBrennen.optDiscAtOnce
 drive "disc virgen" ${FAULT}

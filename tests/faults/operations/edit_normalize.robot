@@ -1,15 +1,5 @@
 # An edit in the wave editor.
-home home
-screen 1024 768
-clock 2026-11-24 10:00
-setting Show_Start_Assistant 0
-setting Show_TAO_Message 0
-makewave C:\m\uno.wav 3 300
-start
-press frmHauptForm.imgLiedImport
-choose C:\m\uno.wav
-key frmNeuerInterpret Return
-expect frmHauptForm.lvwKatalog.Count == 1
+begin one_song
 press frmHauptForm.imgWaveEdit
 writefile ${DISK} text ${FAULT}
 press frmWaveEditor.imgNormalize

@@ -1,9 +1,4 @@
 # The program starts in an empty home, and ends.
-home home
-screen 1024 768
-clock 2026-11-24 10:00
-setting Show_Start_Assistant 0
-setting Show_TAO_Message 0
 writefile ${DISK} text ${FAULT}
 start
 answer-all 7

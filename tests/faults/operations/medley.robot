@@ -1,9 +1,4 @@
 # Two songs become one piece.
-home home
-screen 1024 768
-clock 2026-11-24 10:00
-setting Show_Start_Assistant 0
-setting Show_TAO_Message 0
 setting Temporary_Directory C:\WINDOWS\TEMP\
 makewave C:\m\1.wav 8 220
 makewave C:\m\2.wav 9 330

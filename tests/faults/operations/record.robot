@@ -1,9 +1,4 @@
 # A take of three seconds. The sound at the input comes from elsewhere than the disk that fails.
-home home
-screen 1024 768
-clock 2026-11-24 10:00
-setting Show_Start_Assistant 0
-setting Show_TAO_Message 0
 makewave ${DISK}.wav 6 440
 start
 press frmHauptForm.imgLPAufnehmen

@@ -81,7 +81,7 @@ std::vector<Case> Cases() {
 
 class Stage {
  public:
-  explicit Stage(const Case& one) : case_(one) {}
+  explicit Stage(Case one) : case_(std::move(one)) {}
 
   void Lay() {
     for (const char* name : {"a.wav", "b.wav", "copy.dat"}) fs::remove(home / name);
@@ -115,7 +115,7 @@ class Stage {
   bool Holds(const std::string& a, const std::string& b) const {
     return Get(home / "a.wav") == Wave(a, kTail) && Get(home / "b.wav") == Wave(b);
   }
-  const Case& case_;
+  const Case case_;
 };
 
 }  // namespace
@@ -193,51 +193,43 @@ TEST(Edits, ACallThatFailsOnceLeavesTheFilesBeforeTheEditOrBehindItAndSaysWhich)
   }
 }
 
-struct Loan : Home {
-  Loan() { Lay(); }
-  void Lay() {
-    fs::remove_all(Files.SystemPath(WaveEdits::kFolder));
-    for (const char* name : {"a.wav", "b.wav"}) fs::remove(*this / name);
-    Put(*this / "a.wav", A);
-    Put(*this / "b.wav", B);
+// Silence behind both files. A file that is named twice gets both lengths.
+struct Loan : Stage {
+  Loan() : Stage(Lent()) { Lay(); }
+  static Case Lent() {
+    Case lent{"loan", Noise(9000, 1), Noise(7001, 3)};
+    lent.AfterA = lent.A + Zeros(6000);
+    lent.AfterB = lent.B + Zeros(3000);
+    return lent;
   }
-  WaveEdits New() { return WaveEdits(Disk, Rampe, kBlock); }
   void Lend(WaveEdits& edits) { edits.Lend({{kA, 5000}, {kB, 3000}, {L"c:\\A.WAV", 1000}}); }
-  bool Longer() const {
-    return Get(*this / "a.wav") == Wave(Noise(9000, 1) + Zeros(6000), kTail) &&
-           Get(*this / "b.wav") == Wave(Noise(7001, 3) + Zeros(3000));
-  }
-  bool AsBefore() const { return Get(*this / "a.wav") == A && Get(*this / "b.wav") == B; }
-  std::size_t Notes() const { return NamesIn(Files.SystemPath(WaveEdits::kFolder)); }
-
-  RunningOut Disk{Files};
-  const std::string A = Wave(Noise(9000, 1), kTail), B = Wave(Noise(7001, 3));
 };
 
 TEST(Edits, SilenceThatWasLentComesBackWhateverHappensInBetween) {
   Loan loan;
   {
+    const std::string a = Get(loan.home / "a.wav");
     WaveEdits edits = loan.New();
     loan.Lend(edits);
-    EXPECT_TRUE(loan.Longer() && edits.Lent());
+    EXPECT_TRUE(loan.After() && edits.Lent());
     EXPECT_TRUE(loan.New().Mend().Empty());  // the note belongs to a running program
     EXPECT_TRUE(edits.TakeBack().empty());
-    EXPECT_TRUE(loan.AsBefore() && !edits.Lent());
+    EXPECT_TRUE(loan.Before() && !edits.Lent());
     EXPECT_EQ(loan.Notes(), 0U);
 
     loan.Lend(edits);
-    Put(loan / "b.wav", "somebody else's");
+    Put(loan.home / "b.wav", "somebody else's");
     EXPECT_EQ(edits.TakeBack(), std::vector<Text>{kB});
-    EXPECT_EQ(Get(loan / "a.wav"), loan.A);
-    EXPECT_EQ(Get(loan / "b.wav"), "somebody else's");
+    EXPECT_EQ(Get(loan.home / "a.wav"), a);
+    EXPECT_EQ(Get(loan.home / "b.wav"), "somebody else's");
     loan.Lay();
-    fs::remove(loan / "b.wav");
+    fs::remove(loan.home / "b.wav");
     EXPECT_EQ(ErrorOf([&] { loan.Lend(edits); }), 53);
-    EXPECT_EQ(Get(loan / "a.wav"), loan.A);
+    EXPECT_EQ(Get(loan.home / "a.wav"), a);
     loan.Lay();
     loan.Lend(edits);
     edits.Forget();
-    EXPECT_TRUE(loan.Longer());
+    EXPECT_TRUE(loan.After());
     EXPECT_EQ(loan.Notes(), 0U);
   }
   int taken = 0;
@@ -255,7 +247,7 @@ TEST(Edits, SilenceThatWasLentComesBackWhateverHappensInBetween) {
       const MendedEdits mended = loan.New().Mend();
       taken += static_cast<int>(mended.SilenceTaken.size());
       EXPECT_TRUE(mended.Finished.empty() && mended.Left.empty() && mended.Failed.empty());
-      ASSERT_TRUE(loan.AsBefore()) << call;
+      ASSERT_TRUE(loan.Before()) << call;
       ASSERT_EQ(loan.Notes(), 0U);
     }
   }
@@ -270,10 +262,10 @@ TEST(Edits, WithoutRoomForAllTheSilenceNoFileKeepsAny) {
     const int error = ErrorOf([&] { loan.Lend(edits); });
     sprung = KillSwitch::Sprung() ? 1 : 0;
     KillSwitch::Off();
-    EXPECT_TRUE(error == 0 ? loan.Longer() : loan.AsBefore()) << call;
+    EXPECT_TRUE(error == 0 ? loan.After() : loan.Before()) << call;
     EXPECT_EQ(edits.Lent(), error == 0);
     edits.TakeBack();
-    EXPECT_TRUE(loan.AsBefore());
+    EXPECT_TRUE(loan.Before());
   }
 }
 
@@ -284,18 +276,18 @@ TEST(Edits, TheByteThatFillsOddSoundUpStaysAsItIsWhereNothingMoves) {
   for (const std::string& tail : {std::string(), kTail, "x" + kTail}) {
     Loan loan;
     const std::string wave = Riff(format + data + tail);
-    Put(loan / "a.wav", wave);
+    Put(loan.home / "a.wav", wave);
     WaveEdits edits = loan.New();
     loan.Lend(edits);
-    EXPECT_NE(Get(loan / "a.wav").find(Noise(901) + Zeros(6000)), std::string::npos);
+    EXPECT_NE(Get(loan.home / "a.wav").find(Noise(901) + Zeros(6000)), std::string::npos);
     edits.TakeBack();
-    std::string back = Get(loan / "a.wav");
+    std::string back = Get(loan.home / "a.wav");
     if (tail.starts_with("x")) back[44 + 901] = 'x';  // the padding byte was added for the silence
     EXPECT_EQ(back, wave);
-    Put(loan / "a.wav", wave);
+    Put(loan.home / "a.wav", wave);
     edits.Apply({{{kA, 901, 901, {ZeroStep(4, 100)}}}, {}});
-    EXPECT_EQ(Get(loan / "a.wav"), Riff(format + "data" + Number(901, 4) +
-                                        Noise(901).replace(4, 100, Zeros(100)) + tail));
+    EXPECT_EQ(Get(loan.home / "a.wav"), Riff(format + "data" + Number(901, 4) +
+                                             Noise(901).replace(4, 100, Zeros(100)) + tail));
   }
 }
 
