@@ -8,6 +8,7 @@
 #include "platform/twips.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <vector>
 
@@ -86,7 +87,9 @@ int frmMBox::ZeilenVon(const Text& text) const {
         belegt = 0;
       }
       belegt += laenge;
-      for (; belegt > breite; belegt -= breite) ++zeilen;  // a path without blanks
+      const int weitere = Ganz32(std::floor(belegt / breite));  // of a path without blanks
+      zeilen += weitere;
+      belegt -= weitere * breite;
     }
   }
   return zeilen;
