@@ -344,7 +344,7 @@ def make_a_disc(bus, vantora, home):
     user.find("Vantora", "tree item", "Mar abierto")
     user.find("Vantora", "label", "00:00:11")
     user.press("Vantora", "Nuevo título", "link")
-    user.write("Título del CD", "Título", "Verano")
+    user.write("Título del CD", "Título del CD", "Verano")
     user.press("Título del CD", "Aceptar")
     user.find("Vantora", "link", "Verano")
     user.press("Vantora", "Guardar cat.")
