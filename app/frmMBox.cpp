@@ -1,12 +1,33 @@
 #include "app/frmMBox.h"
 
+#include "app/dienste.h"
 #include "app/programm.h"
+#include "app/werte/zahlen.h"
+
+#include "platform/device_text.h"
+#include "platform/twips.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <vector>
 
 namespace vantora {
 
 namespace {
 
 constexpr int kMeldungsHoehe = 1200;  // twips, when no check box follows the message
+constexpr int kZeilenHoehe = 210;     // twips
+constexpr double kNutzbar =
+    0.96;  // share of a line that words fill, since measures differ a little
+
+// The sizes of the box. A long message, such as a list of files, gets a higher box.
+struct Groesse {
+  const wchar_t* Hintergrund;
+  int Mehr;  // twips more than in the layout
+};
+constexpr Groesse kGroessen[] = {
+    {L"MBOXBACK", 0}, {L"MBOXBACKMEDIO", 1320}, {L"MBOXBACKALTO", 3720}};
 
 }  // namespace
 
@@ -41,6 +62,53 @@ void frmMBox::KnopfZeigen(int index, bool sichtbar) {
   picMboxButton(index).Visible = sichtbar;
   picMboxButton(index).Enabled = sichtbar;
   lblButtCaption(index).Visible = sichtbar;
+}
+
+// The number of lines that a text takes in the label.
+int frmMBox::ZeilenVon(const Text& text) const {
+  LogicalFont schrift;
+  schrift.FaceName = L"Arial";
+  schrift.Height = -lblMbMeldung.FontSize * kTwipsPerPoint;
+  const double breite = lblMbMeldung.Width * kNutzbar;
+  const auto mass = [&](const Text& worte) {
+    return prog.plattform.schriften.Measure(schrift, worte).Width;
+  };
+  std::vector<Text> absaetze, worte;
+  Split(text, L"\n", absaetze);
+  int zeilen = 0;
+  for (const Text& absatz : absaetze) {
+    ++zeilen;
+    double belegt = 0;
+    Split(absatz, L" ", worte);
+    for (const Text& wort : worte) {
+      const double laenge = mass(wort + L" ");
+      if (belegt > 0 && belegt + laenge > breite) {
+        ++zeilen;
+        belegt = 0;
+      }
+      belegt += laenge;
+      const int weitere = Ganz32(std::floor(belegt / breite));  // of a path without blanks
+      zeilen += weitere;
+      belegt -= weitere * breite;
+    }
+  }
+  return zeilen;
+}
+
+void frmMBox::HoeheAnpassen() {
+  const int fehlt = ZeilenVon(lblMbMeldung.Caption) * kZeilenHoehe - lblMbMeldung.Height;
+  const Groesse* groesse = std::begin(kGroessen);
+  while (groesse->Mehr < fehlt && groesse + 1 != std::end(kGroessen)) ++groesse;
+  const int mehr = groesse->Mehr;
+  if (mehr == 0) return;
+  const int unten = cbxNotShow.Top;
+  for (Control* control : Controls) {
+    if (control->Top >= std::min<int>(unten, txtEingabe.Top)) control->Top = control->Top + mehr;
+  }
+  lblMbMeldung.Height = lblMbMeldung.Height + mehr;
+  Picture = groesse->Hintergrund;
+  Window.Height = Window.Height + mehr;
+  MitteSetzen(prog, *this);
 }
 
 void frmMBox::HilfeZeigen() {
@@ -78,6 +146,7 @@ void frmMBox::Vorbereiten(const Text& text, int flags, const Text& titel, bool n
     default:
       break;
   }
+  HoeheAnpassen();
   prog.plattform.schleife.SetFocus(picMboxButton(2).Visible ? picMboxButton(2) : picMboxButton(0));
 }
 

@@ -30,6 +30,8 @@ class frmMBox final : public VtrFenster {
 
  private:
   void KnopfZeigen(int index, bool sichtbar);
+  int ZeilenVon(const Text& text) const;
+  void HoeheAnpassen();
   // Opens the help page of the window behind, because the message is about that window.
   void HilfeZeigen();
 

@@ -23,6 +23,17 @@
 
 namespace vantora {
 
+namespace {
+
+// A button that needs a sound card says that there is none.
+bool KarteFehlt(Programm& prog, const frmHauptForm& fenster) {
+  if (fenster.Soundkarte()) return false;
+  prog.MsgBoxen(prog.Text(8082), kHinweis);
+  return true;
+}
+
+}  // namespace
+
 void frmHauptForm::imgExtras_MouseUp() {
   PlayWaveNormal(L"");
   prog.ZeigeModal(prog.frmExtrasMenue.Laden());
@@ -113,7 +124,7 @@ void frmHauptForm::imgÜberblenden_MouseUp() {
 }
 
 void frmHauptForm::imgAbspielen_MouseUp() {
-  if (!Soundkarte() || liste_.Leer()) return;
+  if (liste_.Leer() || KarteFehlt(prog, *this)) return;
   vorschau_.Vorspielen(liste_.DateiDerZeile(liste_.SpielZeile()));
 }
 
@@ -205,7 +216,7 @@ void frmHauptForm::mnuWAVEditor_Click() {
 
 void frmHauptForm::imgWaveEdit_MouseUp() {
   prog.AppLog(L"imgWaveEdit_MouseUp", L"WaveEditor starten");
-  if (!Soundkarte()) return;
+  if (KarteFehlt(prog, *this)) return;
   PlayWaveNormal(L"");
   const int anzahl = liste_.Zeilen();
   if (anzahl == 0) {
@@ -244,12 +255,12 @@ void frmHauptForm::imgCDAuslesen_MouseUp() {
 
 void frmHauptForm::imgLPKopieren_MouseUp() {
   prog.AppLog(L"imgLPKopieren_MouseUp", L"LP-Kopieren");
-  if (Soundkarte()) AufnahmeOeffnen(-1);
+  if (!KarteFehlt(prog, *this)) AufnahmeOeffnen(-1);
 }
 
 void frmHauptForm::imgLPAufnehmen_MouseUp() {
   prog.AppLog(L"imgLPAufnehmen_MouseUp", L"LP-Aufnehmen");
-  if (Soundkarte()) AufnahmeOeffnen(0);
+  if (!KarteFehlt(prog, *this)) AufnahmeOeffnen(0);
 }
 
 void frmHauptForm::AufnahmeOeffnen(std::int16_t lpModus) {

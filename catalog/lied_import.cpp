@@ -96,9 +96,11 @@ LiedImport::Einfuhr LiedImport::EineDatei(const Text& datei, bool mehrere) {
 }
 
 LiedImport::Einfuhr LiedImport::WaveDatei(const Text& datei, bool mehrere, Text& fertig) {
-  // If one of several files fails, the user decides whether to go on with the rest.
-  const auto frage = [this](int text) {
-    return prog.MsgBoxen(prog.Text(text), kJaNein) == kJa ? Einfuhr::Weiter : Einfuhr::Ende;
+  // If one of several files fails, the user decides whether to go on with the rest. The title of
+  // the question names the file.
+  const auto frage = [&](int text) {
+    const int antwort = prog.MsgBoxen(prog.Text(text), kJaNein, DateiNameOhnePfad(datei));
+    return antwort == kJa ? Einfuhr::Weiter : Einfuhr::Ende;
   };
   // A file whose edit could not be finished looks damaged.
   Weiter([&] { prog.plattform.edits.Ready(datei); });
@@ -173,7 +175,7 @@ LiedImport::Einfuhr LiedImport::Mp3Datei(const Text& datei, Text& fertig) {
   // A file that is no MP3 file has no length, so it is reported by the second test.
   const bool lesbar = mp3.State() != kMp3Unusable;
   if (lesbar && mp3.LengthMs() < kMindestLaengeMp3Ms) {
-    prog.MsgBoxen(prog.Text(8040), kHinweis);
+    prog.MsgBoxen(prog.Text(8040), kHinweis, DateiNameOhnePfad(datei));
     return Einfuhr::Weiter;
   }
   if (!lesbar) {

@@ -73,6 +73,7 @@ void frmCDPlayer::SetTexte() {
   cmdNextSong.AccessibleName = LoadResString(30032);
   cmdLetztesLied.AccessibleName = LoadResString(30033);
   txtSongname.AccessibleName = LoadResString(5218);
+  lstDriveLetter.AccessibleName = lblLaufwerk.Caption;
   lblStatus.Caption = L"";
   AnzeigeLeeren();
   NameFertig();

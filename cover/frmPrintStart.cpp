@@ -142,6 +142,8 @@ void frmPrintStart::ZeilenTeilen() {
         Element(prog.CoverZeilen, z).pop_back();
       }
       ++z;
+    } else if (z > kCoverZeilen) {
+      throw Laufzeitfehler(kFehlerIndex, LoadResString(30180));
     } else {
       Element(prog.CoverZeilen, z) += zeichen;
     }

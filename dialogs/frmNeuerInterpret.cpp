@@ -87,6 +87,7 @@ void frmNeuerInterpret::KatalogZeigen(const Text& titel, const Text& interpret) 
   Caption = LoadResString(15201);
   lblTitel.Caption = LoadResString(15201);
   lblFeld(0).Caption = LoadResString(15201);
+  txtTitel.AccessibleName = lblFeld(0).Caption;
   DateiZeigen(Trim(prog.KatalogDatei));
   txtInterpret.Text = interpret;
   txtTitel.Text = titel;

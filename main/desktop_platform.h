@@ -59,6 +59,7 @@ struct DesktopPlatform {
   HelpViewer help{machine.resources.Folder() / "help",
                   [this] { return WordsOfHelp(machine.resources); },
                   [this](const Text& address) { system.OpenLink(address); }};
+  ToolkitWords menus{[this] { return WordsOfMenus(machine.resources); }};
 
   Plattform bundle = BundleOf(*this);
 };

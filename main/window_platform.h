@@ -43,7 +43,8 @@ struct WindowWorld {
         texts(resourceFolder),
         help(
             resourceFolder / "help", [this] { return WordsOfHelp(texts); },
-            [](const Text& /*address*/) {}) {}
+            [](const Text& /*address*/) {}),
+        menus([this] { return WordsOfMenus(texts); }) {}
 
   FastClock clock{kStorySpeed};
   QtEventLoop loop;
@@ -51,6 +52,7 @@ struct WindowWorld {
   QtHands hands{loop};
   FileResources texts;
   HelpViewer help;
+  ToolkitWords menus;
 };
 
 // The world without a screen, with printing.

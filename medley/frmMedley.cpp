@@ -109,9 +109,12 @@ void frmMedley::SetTexte() {
   Beschriften(lblButtCaption(2), imgPreview, LoadResString(13207));
   Beschriften(lblButtCaption(3), imgStartStop, LoadResString(13200));
   Beschriften(lblButtCaption(4), imgSpeedMeasure, LoadResString(13204));
+  txtBPM.AccessibleName = lblBPM.Caption;
+  txtDauer.AccessibleName = lblDauer.Caption;
   const auto hinweis = [this](Control& control, int nummer) {
     control.ToolTipText = LoadResString(nummer);
-    const bool benannt = control.Kind() == ControlKind::Label || !control.AccessibleName().empty();
+    const bool benannt = control.Kind() == ControlKind::Label || &control == &chkPitch ||
+                         !control.AccessibleName().empty();
     if (!benannt) control.AccessibleName = LoadResString(nummer);
   };
   hinweis(lstMedleyTracks, 13400);

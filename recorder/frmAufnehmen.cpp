@@ -165,8 +165,9 @@ void frmAufnehmen::SetTexte() {
   HinweiseSetzen();
 }
 
-// A control without a caption gets its hint as its name for screen readers. The labels of time and
-// size keep their captions as names, because a screen reader must read the values.
+// A screen reader reads the words that stand at a control. A control without words gets its hint as
+// its name. The labels of time and size keep their captions as names, because their values must be
+// read.
 void frmAufnehmen::HinweiseSetzen() {
   const struct {
     Control& Feld;
@@ -196,9 +197,16 @@ void frmAufnehmen::HinweiseSetzen() {
       {imgTipp(0), 30110},
       {imgTipp(1), 30111},
   };
+  for (int i = 0; i < imgSliderKnopf.Count(); ++i) {
+    imgSliderKnopf(i).AccessibleName = lblSlider(i).Caption;
+  }
+  txtMinPause.AccessibleName = lblSlider(1).Caption;
+  txtMaxVolume.AccessibleName = lblSlider(2).Caption;
   for (const auto& h : hinweise) {
     h.Feld.ToolTipText = LoadResString(h.Text);
-    if (h.Feld.AccessibleName().empty()) h.Feld.AccessibleName = LoadResString(h.Text);
+    const bool benannt =
+        !h.Feld.AccessibleName().empty() || !h.Feld.Read(L"Caption").value_or(Text()).empty();
+    if (!benannt) h.Feld.AccessibleName = LoadResString(h.Text);
   }
   imgAufnahmeBild.AccessibleName = LoadResString(2029);
   lblRecZeit.ToolTipText = LoadResString(2001);

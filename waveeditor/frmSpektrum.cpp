@@ -44,7 +44,8 @@ void frmSpektrum::Anordnen() {
 }
 
 void frmSpektrum::SetTexte() {
-  Caption = LoadResString(0);
+  Caption = LoadResString(30182);
+  picSpektrum.AccessibleName = Caption;
   cmdOK.ToolTipText = LoadResString(19400);
   Beschriften(lblButtCaption(0), cmdOK, TextErsetzen(LoadResString(19200), L"&", L""));
 }

@@ -308,7 +308,7 @@ void frmWaveEditor::SetTexte() {
   for (int i = 0; i < imgZoom.Count(); ++i) Hinweis(imgZoom(i), 21441 + i);
   Hinweis(imgZurück, 21444);
   Hinweis(cmdAllesAuswaehlen, 5215);
-  cmdAuswahlAufheben.AccessibleName = LoadResString(30174);
+  Hinweis(cmdAuswahlAufheben, 30174);
   Hinweis(lblMarkerAnfang, 21451);
   Hinweis(lblMarkerDelta, 21452);
   Hinweis(lblMarkerEnde, 21453);

@@ -359,7 +359,9 @@ bool frmWaveEditor::txtPresName_KeyPress(int taste) {
   for (const PresetWert& wert : PresetWerte(AktivesPanel)) {
     werte.push_back(std::visit([](const auto* control) -> int { return control->Value; }, wert));
   }
-  // The list can have one name more than there are places. Then Merken raises the error.
+  if (lstPresets.ListCount() > PresetVorrat::kPlaetze) {
+    throw Laufzeitfehler(kFehlerIndex, LoadResString(30181));
+  }
   presets_.Merken(lstPresets.ListCount() - 1, name, werte);
   return true;
 }

@@ -18,6 +18,17 @@ constexpr std::int32_t kSpulFrames = kSampleRate / 2;  // half a second
 constexpr int kSpulErstMs = 500, kSpulWenigerMs = 40, kSpulSchnellMs = 100, kSpulLetztMs = 50;
 constexpr std::int16_t kLastNachSpulen = 25;  // percent; winding distorts the measurement
 
+// Dims the buttons that do nothing while the sound plays. Pasting needs something to paste.
+void BearbeitenLassen(WellenTafel& tafel, bool ruht) {
+  for (PictureButton* knopf :
+       {&tafel.imgCut, &tafel.imgCopy, &tafel.imgMute, &tafel.imgFadeIn, &tafel.imgFadeOut,
+        &tafel.imgSteuerung(WellenTafel::kUndo), &tafel.cmdAllesAuswaehlen}) {
+    knopf->Enabled = ruht;
+  }
+  for (int i = 0; i < tafel.imgZoom.Count(); ++i) tafel.imgZoom(i).Enabled = ruht;
+  tafel.imgPaste.Enabled = ruht && !tafel.lblPasteDisabled.Visible();
+}
+
 // Sets a flag for as long as this object lives.
 class Waehrend {
  public:
@@ -83,6 +94,7 @@ void Transport::Beginnen() {
   out.Start();
   t_.Uhr.Enabled = true;
   Spielt_ = true;
+  BearbeitenLassen(t_.Tafel, false);
 }
 
 void Transport::Anhalten() {
@@ -127,6 +139,7 @@ void Transport::KnoepfeFreigeben() {
   }
   for (PictureButton* schalter : {&wiedergabe, &tafel.imgLoop}) schalter->State = Lamp::Off;
   tafel.lblEinrechnen.Enabled = true;
+  BearbeitenLassen(tafel, true);
 }
 
 void Transport::Verbinden(EffektKette::Ende ende) {

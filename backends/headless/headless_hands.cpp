@@ -157,8 +157,11 @@ void HeadlessHands::Down(Control& control, int button) {
   } else {
     CallMouse(control, &Control::MouseDown, button);
   }
-  if (button == kLeftButton && row_ > 0 && loop_.TakesInput(control))
-    SelectRow(control, row_, false);
+  if (row_ == 0 || !loop_.TakesInput(control)) return;
+  // The right button keeps the selection of several rows that its row belongs to.
+  const auto* view = dynamic_cast<const ListView*>(&control);
+  const bool rightSelects = view != nullptr && !view->ListItems(row_).Selected();
+  if (button == kLeftButton || rightSelects) SelectRow(control, row_, false);
 }
 
 // A control that got the press gets the release too, even if the control has been disabled
@@ -171,7 +174,7 @@ void HeadlessHands::Up(Control& control, int button, bool inside) {
   const bool clicks = button == kLeftButton && inside;
   if (clicks && changes) Own(control);
   if (!loop_.Alive(control)) return;
-  if (auto* view = dynamic_cast<ListView*>(&control); view != nullptr && clicks && row_ > 0) {
+  if (auto* view = dynamic_cast<ListView*>(&control); view != nullptr && inside && row_ > 0) {
     if (const auto click = view->ItemClick) Call(control, [click, row = row_] { click(row); });
   }
   if (!loop_.Alive(control)) return;

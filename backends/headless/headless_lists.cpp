@@ -123,9 +123,15 @@ bool Walks(int key) {
   return key == kKeyUp || key == kKeyDown || key == kKeyHome || key == kKeyEnd;
 }
 
+// The place that such a key selects in a list without a selection.
+int Start(int place, int key, int first, int last) {
+  return key == kKeyHome || key == kKeyEnd ? Moved(place, key, first, last) : place;
+}
+
 }  // namespace
 
-// In a list without a selection the first arrow selects the current row.
+// In a list without a selection the first arrow selects the current row; Home and End select the
+// first and the last row.
 void HeadlessHands::MoveInList(ListControl& list, const KeyStroke& stroke) {
   if (list.ListCount() == 0) return;
   const int key = stroke.Code;
@@ -138,21 +144,23 @@ void HeadlessHands::MoveInList(ListControl& list, const KeyStroke& stroke) {
     return Call(list, list.Click);
   }
   const int present = list.ListIndex;
+  const auto last = current_.find(&list);
+  const bool known = last != current_.end() && last->second <= list.ListCount();
+  const int standing = known ? last->second - 1 : 0;
   if (box != nullptr && key == kKeySpace) {
-    if (present < 0 || box->Selected(present)) return;
-    box->Select(present, true);
+    const int line = present < 0 ? standing : present;
+    if (box->Selected(line)) return;
+    SelectRow(*box, line + 1, true);
     return Call(list, list.Click);
   }
   // In a closed combo box the keys for pages move by one line.
   int moves = key;
   if (box == nullptr && key == kKeyPageUp) moves = kKeyUp;
   if (box == nullptr && key == kKeyPageDown) moves = kKeyDown;
-  const auto last = current_.find(&list);
-  const bool known = last != current_.end() && last->second <= list.ListCount();
-  const int standing = known ? last->second - 1 : 0;
   const bool nothing = box != nullptr && box->SelCount() == 0;
-  const int row = nothing && Walks(key) ? present < 0 ? standing : present
-                                        : Moved(present, moves, 0, list.ListCount() - 1);
+  const int end = list.ListCount() - 1;
+  const int row = nothing && Walks(key) ? Start(present < 0 ? standing : present, key, 0, end)
+                                        : Moved(present, moves, 0, end);
   if (row < 0 || (row == present && !nothing)) return;
   if (nothing && !Walks(key) && row == present) return;
   if (box != nullptr) {
@@ -180,7 +188,7 @@ void HeadlessHands::MoveInView(ListView& list, const KeyStroke& stroke) {
   } else {
     const bool here =
         !list.ListItems(present).Selected() && (Walks(stroke.Code) || stroke.Code == kKeySpace);
-    row = here ? present : Moved(present, stroke.Code, 1, count);
+    row = (here ? Start : Moved)(present, stroke.Code, 1, count);
     if (row == present && !here) return;
     SelectRow(list, row, false);
   }

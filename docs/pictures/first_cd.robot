@@ -60,16 +60,16 @@ expect-window frmHauptForm
 expect-file "C:\Vantora\Discos\Disco 001.cue" exists
 # the cover
 press frmHauptForm.imgPrintCover
-type frmPrintStart.txtTitel(0) "Varios"
-type frmPrintStart.txtTitel(1) "Verano"
+type frmPrintStart.txtTitel(0) "Verano"
+type frmPrintStart.txtTitel(1) "Varios"
 press frmPrintStart.imgReady
 press frmPrint.imgControl(1)
 press frmPrint.imgLoadPic
 choose C:\Vantora\Pictures\mar.bmp
 expect-window frmPrint
 # title and performer stand on the sun, the tracks on the page inside
-pull frmPrint.lblCDTitel 4755 2850
-pull frmPrint.lblInterPret 4830 3075
+pull frmPrint.lblInterPret 4755 2595
+pull frmPrint.lblCDTitel 4830 3330
 pull frmPrint.lblBeschriftung(0) -4800 1800
 pull frmPrint.lblBeschriftung(1) -4905 1905
 pull frmPrint.lblBeschriftung(2) -5115 2070

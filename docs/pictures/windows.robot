@@ -100,8 +100,8 @@ press frmAufnehmen.imgAbbrechen
 # a cover, with a picture on its front
 makepicture C:\Vantora\Pictures\mar.bmp 1200 900
 press frmHauptForm.imgPrintCover
-type frmPrintStart.txtTitel(0) "Varios"
-type frmPrintStart.txtTitel(1) "Verano"
+type frmPrintStart.txtTitel(0) "Verano"
+type frmPrintStart.txtTitel(1) "Varios"
 shot frmPrintStart_@SIZE@.png
 press frmPrintStart.imgSchrift
 shot frmSchrift_@SIZE@.png
@@ -117,7 +117,7 @@ press frmPrint.imgControl(1)
 press frmPrint.imgLoadPic
 choose C:\Vantora\Pictures\mar.bmp
 expect-window frmPrint
-pull frmPrint.lblCDTitel 3000 1200
+pull frmPrint.lblInterPret 3000 1200
 shot frmPrint_cubierta_@SIZE@.png
 press frmPrint.imgControl(2)
 shot frmPrint_etiqueta_@SIZE@.png

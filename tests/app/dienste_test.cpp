@@ -61,6 +61,22 @@ TEST_F(Meldung, TheWordsOfALibraryAreForTheLogAlone) {
             std::string::npos);
 }
 
+TEST_F(Meldung, AListOfFilesFitsIntoTheBox) {
+  Text text = L"Estas pistas no coinciden:";
+  for (int lines = 1; lines <= 22; ++lines) {
+    b.Macht([&](Form& front) {
+      auto& box = dynamic_cast<frmMBox&>(front);
+      constexpr int kLine = 210;  // twips
+      EXPECT_GE(box.lblMbMeldung.Height, lines * kLine);
+      EXPECT_LE(box.lblMbMeldung.Top + box.lblMbMeldung.Height, box.picMboxButton(2).Top);
+      EXPECT_LT(box.picMboxButton(2).Top + box.picMboxButton(2).Height, box.Window.Height);
+      b.platform.hands.Key(front, L"Return");
+    });
+    b.Tu([&] { b.prog.MsgBoxen(text, kHinweis); });
+    text += L"\r\n" + std::to_wstring(lines) + L". C:\\Música\\" + Text(20, L'W') + L".wav";
+  }
+}
+
 TEST_F(Meldung, TheFocusStaysOnWhatReturnDoes) {
   b.Macht([&](Form& front) {
     auto& box = dynamic_cast<frmMBox&>(front);

@@ -62,7 +62,8 @@ TEST_F(Cover, AFiftyFirstLineIsAnErrorAndTheWindowStaysUsable) {
   start().txtPrev.Text = zeilen + L"51\r\n";
   b.Antwortet(kNein);
   b.Tu([&] { start().imgReady_MouseUp(); });
-  EXPECT_TRUE(Enthaelt(b.Gesagt().at(0), L"(9)")) << "the number of the error";
+  EXPECT_TRUE(Enthaelt(b.Gesagt().at(0), L"más de 50 líneas"));
+  EXPECT_TRUE(b.Gesagt().at(0).ends_with(L"(9)")) << "the number of the error";
   EXPECT_TRUE(start().Window.Enabled() && start().Visible());
   start().txtPrev.Text = zeilen;
   Weitergehen([](frmPrint&) {});

@@ -45,7 +45,7 @@ SPOKEN = {
         ("progress bar", "Porcentaje de la copia efectuada", r"[1-9].*"), ("push button", "Cancelar", "")],
     # On a busy machine the burn is faster than this reader, which then sees only its end.
     "frmSchreibFortschritt": [("progress bar", "Porcentaje de la .*", r"[1-9].*")],
-    "frmPrintStart": [("text", "Album", "Varios"), ("text", "Títulos", r"1   Azul oscuro[\s\S]*")],
+    "frmPrintStart": [("text", "Album", "Verano"), ("text", "Títulos", r"1   Azul oscuro[\s\S]*")],
     "frmSchrift": [("list", "Fuente:", ""), ("text", "Tamaño:", "10"),
                    ("check box", "Negrita", "unchecked")],
     "frmFarbe": [("slider", "Rojo:", "0"), ("text", "Azul:", "0"),
@@ -53,7 +53,7 @@ SPOKEN = {
     "frmPrint_dorso": [
         ("check box", "Dorso", "checked"), ("check box", "Cubierta", "unchecked"),
         ("radio button", "Centrado", "checked"), ("canvas", "Vista previa de la página", ""),
-        ("label", "Varios: a 11 mm del borde izquierdo y a 7 mm del borde superior", ""),
+        ("label", "Verano: a 11 mm del borde izquierdo y a 7 mm del borde superior", ""),
         ("text", "Texto seleccionado", r"2   Bajo la lluvia.* \(seleccionado\): a 11 mm .*")],
     "frmPrint_etiqueta": [("check box", "Etiqueta", "checked"),
                           ("text", "Texto seleccionado", "Ningún texto seleccionado.*")],
@@ -344,7 +344,7 @@ def make_a_disc(bus, vantora, home):
     user.find("Vantora", "tree item", "Mar abierto")
     user.find("Vantora", "label", "00:00:11")
     user.press("Vantora", "Nuevo título", "link")
-    user.write("Título del CD", "Título", "Verano")
+    user.write("Título del CD", "Título del CD", "Verano")
     user.press("Título del CD", "Aceptar")
     user.find("Vantora", "link", "Verano")
     user.press("Vantora", "Guardar cat.")

@@ -1,9 +1,13 @@
+#include "backends/qt/desktop/toolkit_words.h"
 #include "backends/qt/faces/level_bars.h"
 #include "backends/qt/faces/words.h"
 #include "backends/qt/look/look.h"
 #include "tests/qt/stage.h"
 
 #include <QImage>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -46,6 +50,21 @@ TEST(Style, TheHandleOfABarIsAPagesShareAndGoesWithTheHand) {
   on.bar.setRange(0, 1'000'000'000);
   on.bar.setValue(0);
   EXPECT_TRUE(on.HandleAt(20)) << "a handle can be gripped whatever the list's length";
+}
+
+TEST(Style, TheMenusOfTextBoxesHaveTheProgramsWordsAlone) {
+  const QtEventLoop loop{"", {}, 20};
+  const ToolkitWords words(
+      [] { return EditWords{L"1", L"2", L"3", L"4", L"5", L"6", L"7", L"8", L"9"}; });
+  QLineEdit line;
+  QPlainTextEdit lines;
+  for (QMenu* menu : {line.createStandardContextMenu(), lines.createStandardContextMenu()}) {
+    for (const QAction* item : menu->actions()) {
+      const QString word = item->text().section(u'\t', 0, 0);
+      EXPECT_LE(word.size(), 1) << word.toStdString();
+    }
+    delete menu;
+  }
 }
 
 TEST(Style, APathIsShortenedInItsMiddleAndKeepsItsFile) {

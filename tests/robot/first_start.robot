@@ -33,6 +33,13 @@ start
 expect-box ~ "ninguna tarjeta de sonido"
 answer 7
 expect-window frmHauptForm
+# functions that need the card say so
+press frmHauptForm.imgLPAufnehmen
+expect-box ~ "ninguna tarjeta de sonido"
+answer 7
+press frmHauptForm.imgWaveEdit
+expect-box ~ "ninguna tarjeta de sonido"
+answer 7
 close
 # the screen is too small and has too few colours
 screen 640 480

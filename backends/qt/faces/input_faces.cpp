@@ -337,17 +337,22 @@ class ListFace final : public Face {
  public:
   ListFace(ListBox& box, FormWindow& window) : ListFace(box, window, new OpenList(&window)) {}
 
-  // The widget has already changed the selection during the mouse or key event.
+  // The widget has already changed the selection during the mouse or key event. A drag that began
+  // on a line may end outside the list.
+  void MousePress(QMouseEvent& event) override {
+    changed_ = false;
+    Face::MousePress(event);
+  }
   void MouseRelease(QMouseEvent& event) override {
     Face::MouseRelease(event);
-    if (event.button() == Qt::LeftButton && list_->indexAt(event.position().toPoint()).isValid()) {
-      FireClick();
-    }
+    if (event.button() != Qt::LeftButton) return;
+    if (changed_ || list_->indexAt(event.position().toPoint()).isValid()) FireClick();
   }
   void KeyPress(QKeyEvent& event) override {
     changed_ = false;
     if (keys::Walks(event) && list_->selectedItems().isEmpty() && list_->count() > 0) {
-      list_->setCurrentRow(std::max(list_->currentRow(), 0), QItemSelectionModel::ClearAndSelect);
+      list_->setCurrentRow(keys::FirstRow(event, list_->currentRow(), list_->count()),
+                           QItemSelectionModel::ClearAndSelect);
     } else {
       PassKey(event);
     }
@@ -380,8 +385,9 @@ class ListFace final : public Face {
   }
 
   bool ClicksByMouse() const override { return false; }
+  // The right button does nothing: it would change the selection without a click.
   void Pass(QMouseEvent& event) override {
-    if (control() != nullptr) list_->viewportEvent(&event);
+    if (control() != nullptr && event.button() != Qt::RightButton) list_->viewportEvent(&event);
   }
 
   static QString Spoken(QString line, const QString& note) {

@@ -97,19 +97,22 @@ class TableFace final : public Face {
       : TableFace(list, window, new TableWidget(&window)) {}
 
   void MousePress(QMouseEvent& event) override {
+    changed_ = false;
     row_ = table_->indexAt(event.position().toPoint()).row();
     Face::MousePress(event);
   }
+  // Both buttons choose a row: the menu of the right button acts on the row under the mouse. A drag
+  // over several rows chooses the last one.
   void MouseRelease(QMouseEvent& event) override {
     const int row = table_->indexAt(event.position().toPoint()).row();
     Pass(event);
-    if (event.button() == Qt::LeftButton && row >= 0 && row == row_) FireItemClick(row + 1);
+    if (row_ >= 0 && (row == row_ || changed_)) FireItemClick(table_->currentIndex().row() + 1);
     ReportRelease(event);
   }
   void KeyPress(QKeyEvent& event) override {
     changed_ = false;
     if (keys::Walks(event) && !table_->selectionModel()->hasSelection() && rows_->rowCount() > 0) {
-      const int row = std::max(table_->currentIndex().row(), 0);
+      const int row = keys::FirstRow(event, table_->currentIndex().row(), rows_->rowCount());
       table_->selectionModel()->setCurrentIndex(
           rows_->index(row, 0), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     } else {

@@ -194,10 +194,14 @@ bool HelpViewer::Frame::event(QEvent* event) {
   return QWidget::event(event);
 }
 
-// From the box of words the arrow keys go on to the list.
+// From the box of words the arrow keys go on to the list, and the keys for pages scroll the page.
 bool HelpViewer::Frame::eventFilter(QObject* object, QEvent* event) {
   if (object != search_ || event->type() != QEvent::KeyPress) return false;
-  if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Down || list_->count() == 0) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_PageUp || key == Qt::Key_PageDown) {
+    return QCoreApplication::sendEvent(browser_, event);
+  }
+  if (key != Qt::Key_Down || list_->count() == 0) return false;
   list_->setFocus(Qt::OtherFocusReason);
   if (list_->currentRow() < 0) list_->setCurrentRow(0);
   return true;

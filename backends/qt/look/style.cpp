@@ -347,7 +347,10 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
 // A combo box opens its list below itself, not over itself.
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                      QStyleHintReturn* answer) const {
-  return hint == SH_ComboBox_Popup ? 0 : QProxyStyle::styleHint(hint, option, widget, answer);
+  // A scroll bar has no menu of its own.
+  const bool off =
+      hint == SH_ComboBox_Popup || hint == SH_ScrollBar_ContextMenu || hint == SH_EtchDisabledText;
+  return off ? 0 : QProxyStyle::styleHint(hint, option, widget, answer);
 }
 
 }  // namespace

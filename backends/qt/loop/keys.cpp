@@ -1,5 +1,7 @@
 #include "backends/qt/loop/keys.h"
 
+#include <algorithm>
+
 namespace vantora::keys {
 
 namespace {
@@ -71,6 +73,11 @@ bool Walks(const QKeyEvent& event) {
   if (event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) return false;
   const int key = event.key();
   return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home || key == Qt::Key_End;
+}
+
+int FirstRow(const QKeyEvent& event, int current, int count) {
+  if (event.key() == Qt::Key_Home) return 0;
+  return event.key() == Qt::Key_End ? count - 1 : std::max(current, 0);
 }
 
 }  // namespace vantora::keys

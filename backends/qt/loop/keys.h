@@ -13,5 +13,8 @@ KeyStroke StrokeOf(const QKeyEvent& event);
 QKeyEvent EventOf(const KeyStroke& stroke, QEvent::Type type);
 // True for the keys that move through a list: arrows, Home and End, without Ctrl or Shift.
 bool Walks(const QKeyEvent& event);
+// The row from 0 that such a key selects in a list of `count` rows without a selection: the arrows
+// select the current row, or the first one when there is none (-1).
+int FirstRow(const QKeyEvent& event, int current, int count);
 
 }  // namespace vantora::keys

@@ -229,6 +229,7 @@ void QtEventLoop::Core::KeepActive() {
 
 void QtEventLoop::Core::TurnEnds() {
   Bury();
+  ShowPointer();
   KeepActive();
 }
 
@@ -305,13 +306,24 @@ void QtEventLoop::Core::Rest(std::optional<std::int64_t> until, const Form* /*mo
 }
 
 void QtEventLoop::Core::Point(Pointer shown) {
-  if (shown == pointer) return;
-  if (pointer != Pointer::Normal) QApplication::restoreOverrideCursor();
   pointer = shown;
-  if (shown == Pointer::Normal) return;
-  QApplication::setOverrideCursor(shown == Pointer::Hourglass ? Qt::WaitCursor
-                                  : shown == Pointer::SizeWE  ? Qt::SizeHorCursor
-                                                              : Qt::BusyCursor);
+  ShowPointer();
+}
+
+// A modal window that takes input waits for its user, so the work behind it shows no busy pointer.
+void QtEventLoop::Core::ShowPointer() {
+  const Form* front = model_->Front();
+  const FormWindow* window = front == nullptr ? nullptr : WindowOf(*front);
+  const bool waits = window != nullptr && window->isModal() && front->Window.Enabled;
+  const bool busy = pointer == Pointer::Hourglass || pointer == Pointer::ArrowHourglass;
+  const Pointer wanted = waits && busy ? Pointer::Normal : pointer;
+  if (wanted == shown_) return;
+  if (shown_ != Pointer::Normal) QApplication::restoreOverrideCursor();
+  shown_ = wanted;
+  if (wanted == Pointer::Normal) return;
+  QApplication::setOverrideCursor(wanted == Pointer::Hourglass ? Qt::WaitCursor
+                                  : wanted == Pointer::SizeWE  ? Qt::SizeHorCursor
+                                                               : Qt::BusyCursor);
 }
 
 Text QtEventLoop::Core::PathOfFile(const QString& file) const {

@@ -76,6 +76,7 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   void GiveFirstFocus(FormWindow& window);
   void Bury();
   void KeepActive();
+  void ShowPointer();
   static bool IsUnseen();
 
   FormLoop* model_ = nullptr;
@@ -84,6 +85,7 @@ class QtEventLoop::Core final : public QObject, public World, public WindowHost 
   std::map<const Form*, FormWindow*> windows_;
   std::vector<FormWindow*> graves_;  // windows of destroyed forms whose handlers still run
   const Form* menuOwner_ = nullptr;
+  Pointer shown_ = Pointer::Normal;
   QTimer wake_, activation_;
   HeldKeys heldKeys_;
   std::optional<std::int64_t> wakesAt_;  // time that wake_ was started for

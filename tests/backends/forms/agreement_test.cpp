@@ -122,6 +122,8 @@ std::vector<Deed> EveryDeed() {
     }
     add("right " + on, [find](Hands& h, FullForm& f) { h.RightClick(find(f)); });
   }
+  add("right rows", [](Hands& h, FullForm& f) { h.RightClick(f.lvwTracks); });
+  add("right lines", [](Hands& h, FullForm& f) { h.RightClick(f.lstMany); });
   for (const wchar_t* key :
        {L"Tab", L"Shift+Tab", L"Return", L"Space", L"Escape", L"Delete", L"Backspace", L"a", L"x",
         L"F1", L"F2", L"Ctrl+A", L"Up", L"Down", L"Home", L"End", L"PageUp", L"PageDown"}) {
