@@ -44,6 +44,7 @@ void frmAufnehmen::imgAufnehmen_MouseUp() {
   } else {
     if (BasisName.empty()) GetMultiFileName();
     if (BasisName.empty()) return;
+    WaveIn->CatchUp();
     Sitzung = true;
     LetzterPegel = Jetzt();
     AktuelleDatei = NaechsteMultiDatei();
@@ -166,6 +167,7 @@ void frmAufnehmen::SitzungBeenden() {
 }
 
 void frmAufnehmen::imgRecordStop_MouseUp(int taste) {
+  WaveIn->CatchUp();
   if (taste == kRightButton) {
     AufnahmeZahl = 0;
     Aufnahmen.resize(1);
@@ -313,6 +315,10 @@ void frmAufnehmen::VerlustMelden() {
 
 // Asks at most once as long as the window is open. The recording stays ready meanwhile.
 void frmAufnehmen::tmrUmdrehen_Timer() {
+  // If the window was busy, the next take may have begun in time, and even have ended.
+  const int vorher = tmrUmdrehen.Starts;
+  WaveIn->CatchUp();
+  if (!tmrUmdrehen.Enabled || tmrUmdrehen.Starts != vorher) return;
   tmrUmdrehen.Enabled = false;
   if (prog.LPModus == 0 || Umgedreht) return;
   Umgedreht = true;

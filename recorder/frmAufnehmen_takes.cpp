@@ -236,6 +236,7 @@ void frmAufnehmen::imgAbbrechen_MouseUp() {
 
 // Completes the last take; no further take begins.
 void frmAufnehmen::Beenden() {
+  WaveIn->CatchUp();
   Sitzung = false;
   for (Timer* uhr : {&tmrStatus, &tmrAutoRecord}) uhr->Enabled = false;
   if (NimmtAuf) RecordStop();

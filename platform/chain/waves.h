@@ -79,6 +79,9 @@ class MMWaveInX : public MMComponentX {
   // The time at which the last frame of the current buffer was recorded, on the scale of
   // Clock::Ticks.
   virtual std::int64_t BufferTicks() const = 0;
+  // Delivers the sound that has been recorded and still waits, so that the caller acts at its place
+  // in the sound even when the window was busy before. Without effect in a handler of a buffer.
+  virtual void CatchUp() = 0;
 
   // Raised before a buffer when the card has lost `ms` of sound in front of it. The input goes on.
   std::function<void(std::int64_t ms)> OnOverrun;
