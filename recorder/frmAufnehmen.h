@@ -181,7 +181,6 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   Text ersetzen_;                                 // a file that the user has agreed to replace
   Text laufwerk_ = L"C:\\";                       // root of the drive that receives the takes
   std::int64_t geschrieben_ = 0;                  // bytes of the current take
-  int ungesichert_ = 0;         // buffers written since the header was last updated
   std::int64_t verlustMs_ = 0;  // sound that the card has lost since the last report
   std::vector<Text> verluste_;  // lost sound since the last report, by place
   int tipp_ = 0;

@@ -21,7 +21,6 @@ constexpr double kKnapperPlatz = 20971520;  // bytes; with less free space a rec
 constexpr double kBytesJeMs = 176.4;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
-constexpr int kSicherungPuffer = 40;  // less than a second of sound
 constexpr Color kHellrot = Rgb(255, 0, 0), kRot = Rgb(128, 0, 0), kAus = Rgb(40, 16, 24);
 
 // Milliseconds of the system's counter, in 32 bits that wrap.
@@ -93,7 +92,6 @@ void frmAufnehmen::RecordStart() {
     tmrStatus.Enabled = true;
     AufnahmeStart = Jetzt();
     geschrieben_ = 0;
-    ungesichert_ = 0;
     imgAufnahmeBild.Picture = L"AUF_AUFNAHME_ON";
     imgAufnahmeBild.State = Lamp::On;
     Wartet = false;
@@ -216,9 +214,6 @@ void frmAufnehmen::PufferPruefen() {
   // The current buffer is written after this handler.
   if (geschrieben_ + kPuffer > GrenzeBytes) return TakeAbbrechen(LoadResString(30100));
   geschrieben_ += kPuffer;
-  if (++ungesichert_ < kSicherungPuffer) return;
-  ungesichert_ = 0;
-  WaveOUt->Wave.SaveHeader();
 }
 
 void frmAufnehmen::ZeitZeigen() {

@@ -39,6 +39,8 @@ TEST_F(Aufnahme, WhatEndsATakeLeavesItWholeAndSaysWhy) {
     t.Nimm(L"a.wav");
     t.Warte(3000);
     EXPECT_EQ(t.b.platform.inhibitor.Awake(), 1);
+    // The file is a complete wave already, up to the last second.
+    EXPECT_GT(t.Klang(L"a.wav").size(), 2U * 176400);
     t.b.Tu([&] { fall.Stoerung(t); });
     if (fall.Text != 0) t.b.Antwortet(kNein);
     t.Warte(4000);
