@@ -293,6 +293,9 @@ void frmAufnehmen::Verlust(std::int64_t ms) {
   const Text zeile = wo + L": " + ZahlText(ms) + L" ms";
   prog.AppLog(kOrt, L"Overrun " + zeile);
   if (!NimmtAuf && !Sitzung) return;
+  // Nobody knows whether the lost sound was silent, so its time is no part of a pause.
+  const std::int64_t stille = std::uint32_t{Jetzt() - LetzterPegel};
+  if (NimmtAuf) LetzterPegel += Zaehler(std::min(ms, stille));
   verlustMs_ += ms;
   verluste_.push_back(zeile);
 }

@@ -203,6 +203,26 @@ TEST_F(Aufnahme, TakesThatBeginWhileANameIsAskedForKeepTheOneBefore) {
   EXPECT_EQ(b.platform.inhibitor.Awake(), 0);
 }
 
+TEST_F(Aufnahme, NeitherLostSoundNorABusyWindowCountsAsAPause) {
+  OeffneLP();
+  Druecke(A().imgAufnehmen);
+  Spiele(Ton(3));
+  Warte(3500);
+  b.platform.input.Lose(5000);
+  Warte(6000);
+  EXPECT_TRUE(A().NimmtAuf);
+  Warte(9000);
+  EXPECT_TRUE(A().Wartet);
+  // The next sound comes in time, and is handled later than the other side would be asked for.
+  b.Tu([&] {
+    Spiele(Ton(20));
+    b.platform.loop.Sleep(10'000);
+  });
+  Warte(100);
+  EXPECT_TRUE(b.Gesagt().empty());
+  EXPECT_EQ(A().AufnahmeZahl, 2);
+}
+
 TEST_F(Aufnahme, TheOtherSideIsAskedForOnlyWhenARecordIsCopied) {
   b.Antwortet(kJa).WaehltDatei({Ort(L"lp.wav")});
   b.Tu([&] { b.Haupt().imgLPAufnehmen_MouseUp(); });
