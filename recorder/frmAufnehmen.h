@@ -155,6 +155,7 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void WachBleiben();
   Text FehlerText(const Laufzeitfehler& fehler) const;
   void BalkenZeigen(int links, int rechts);
+  void BalkenLeeren();  // when the input cannot be heard
   void SchwelleZeigen();
   void TippZeigen(int schritt);
   void PlatzZeigen(double frei);

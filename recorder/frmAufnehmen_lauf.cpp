@@ -55,7 +55,9 @@ void frmAufnehmen::imgAufnehmen_MouseUp() {
 void frmAufnehmen::Bedienbar(bool frei) {
   for (int i = 0; i < imgSliderKnopf.Count(); ++i) imgSliderKnopf(i).Enabled = frei;
   imgSliderKnopf(0).Enabled = frei && Eingang > 0;
-  for (int i = 0; i < optInput.Count(); ++i) optInput(i).Enabled = frei;
+  for (int i = 0; i < optInput.Count(); ++i) {
+    optInput(i).Enabled = lbInputCaption(i).Enabled = frei;
+  }
   optAuto.Enabled = frei && Eingang > 0;
   for (Control* control :
        std::initializer_list<Control*>{&optManuell, &txtMinPause, &txtMaxVolume, &cbxMultiTrack,
@@ -192,6 +194,7 @@ bool frmAufnehmen::EingangHoeren() {
   } catch (const Laufzeitfehler& fehler) {
     prog.AppLog(kOrt, ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + L" " + fehler.Grund);
     Melden(FehlerText(fehler));
+    BalkenLeeren();
     return false;
   }
 }
@@ -280,6 +283,7 @@ void frmAufnehmen::TakeAbbrechen(const Text& grund) {
 
 // A device that disappears again before any sound came is reported only once.
 void frmAufnehmen::EingangVerloren() {
+  BalkenLeeren();
   const bool bekannt = std::exchange(verloren_, true);
   if (!bekannt || NimmtAuf || Sitzung) TakeAbbrechen(LoadResString(30101));
 }

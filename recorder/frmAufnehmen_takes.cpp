@@ -31,6 +31,7 @@ void frmAufnehmen::cbxMultiTrack_Click() {
   if (!MultiTrack) return SitzungBeenden();
   AufnahmeZahl = 0;
   Aufnahmen.resize(1);
+  Aufnahmewahl = 0;
   RecKatalogShow();
   GetMultiFileName();
 }

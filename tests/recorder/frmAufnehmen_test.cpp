@@ -51,6 +51,7 @@ TEST_F(Aufnahme, WhatEndsATakeLeavesItWholeAndSaysWhy) {
     if (!t.b.prog.frmAufnehmen.Geladen()) continue;
     EXPECT_FALSE(t.A().NimmtAuf);
     EXPECT_TRUE(t.A().imgOkay.Enabled);
+    EXPECT_EQ(t.A().Level1.PeakLeft == 0, !t.A().WaveIn->IsOpen());
     ASSERT_EQ(t.b.Gesagt().size(), 2U);
     EXPECT_EQ(t.b.Gesagt().back(), t.b.prog.Text(fall.Text));
     // When the fault is over, the window can be used again.
