@@ -21,6 +21,7 @@ constexpr double kKnapperPlatz = 20971520;  // bytes; with less free space a rec
 constexpr double kBytesJeMs = 176.4;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
+constexpr int kUnbemerktMs = 1000;  // sound that may be missing without being called lost
 constexpr Color kHellrot = Rgb(255, 0, 0), kRot = Rgb(128, 0, 0), kAus = Rgb(40, 16, 24);
 
 // Milliseconds of the system's counter, in 32 bits that wrap.
@@ -94,6 +95,7 @@ void frmAufnehmen::RecordStart() {
     tmrStatus.Enabled = true;
     AufnahmeStart = Jetzt();
     geschrieben_ = 0;
+    verlustImTake_ = 0;
     imgAufnahmeBild.Picture = L"AUF_AUFNAHME_ON";
     imgAufnahmeBild.State = Lamp::On;
     Wartet = false;
@@ -141,8 +143,18 @@ void frmAufnehmen::RecordStop() {
   schleife.MousePointer(Pointer::Normal);
 }
 
+// A sound server that has run out of room drops sound without an error, which shows only in the
+// time. The clocks of card and machine differ too, by less than a thousandth.
+void frmAufnehmen::VerlustSuchen() {
+  if (geschrieben_ == 0) return;
+  const std::int64_t ms = std::uint32_t{Jetzt() - AufnahmeStart};
+  const std::int64_t fehlt = ms - GeschriebenMs() - verlustImTake_;
+  if (fehlt > kUnbemerktMs + GanzDiv(ms, 1000)) Verlust(fehlt);
+}
+
 // Completes the file of the take.
 void frmAufnehmen::TakeSchliessen() {
+  VerlustSuchen();
   try {
     WaveOUt->Wave.Close();
   } catch (const Laufzeitfehler& fehler) {
@@ -290,9 +302,12 @@ void frmAufnehmen::EingangVerloren() {
 
 // ---- sound lost by the card ----
 
+std::int64_t frmAufnehmen::GeschriebenMs() const {
+  return GanzDiv(geschrieben_ * 10, 1764);
+}
+
 void frmAufnehmen::Verlust(std::int64_t ms) {
-  const Text wo = NimmtAuf ? DateiNameOhnePfad(AktuelleDatei) + L" " +
-                                 ZeitText(GanzDiv(geschrieben_ * 10, 1764))
+  const Text wo = NimmtAuf ? DateiNameOhnePfad(AktuelleDatei) + L" " + ZeitText(GeschriebenMs())
                            : LoadResString(30112);
   const Text zeile = wo + L": " + ZahlText(ms) + L" ms";
   prog.AppLog(kOrt, L"Overrun " + zeile);
@@ -301,6 +316,7 @@ void frmAufnehmen::Verlust(std::int64_t ms) {
   const std::int64_t stille = std::uint32_t{Jetzt() - LetzterPegel};
   if (NimmtAuf) LetzterPegel += Zaehler(std::min(ms, stille));
   verlustMs_ += ms;
+  verlustImTake_ += ms;
   verluste_.push_back(zeile);
 }
 

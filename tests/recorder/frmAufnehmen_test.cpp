@@ -222,6 +222,11 @@ TEST_F(Aufnahme, NeitherLostSoundNorABusyWindowCountsAsAPause) {
   Warte(100);
   EXPECT_TRUE(b.Gesagt().empty());
   EXPECT_EQ(A().AufnahmeZahl, 2);
+  // Sound that was lost without an error shows in the time.
+  A().AufnahmeStart -= 5000;
+  b.Antwortet(kNein);
+  Druecke(A().imgRecordStop);
+  EXPECT_TRUE(b.Gesagt().back().starts_with(b.prog.Text(30103) + L"2 / "));
 }
 
 TEST_F(Aufnahme, TheOtherSideIsAskedForOnlyWhenARecordIsCopied) {
