@@ -17,6 +17,7 @@ constexpr int kStatusMs = 500;
 constexpr int kLeerlaufStatusMs = 1000;
 constexpr int kPegelMs = 150;
 constexpr std::int32_t kMultiSchwelle = 2000;
+constexpr const wchar_t* kUeblichePause = L"2";  // seconds
 // Percent; close to the default for several takes.
 constexpr const wchar_t* kUeblicheSchwelle = L"6";
 constexpr int kErsterTipp = 2605, kLetzterTipp = 2609;
@@ -105,9 +106,13 @@ void frmAufnehmen::Form_Load() {
   cbxPauseAus.Value = GetZahl16(prog.plattform, L"Pauseoff", L"0") != 0 ? 1 : 0;
   cbxAutoTrennen.Enabled = false;
   cbxPauseAus.Enabled = false;
-  txtMinPause.Text = Trim(GetSetting(prog.plattform, L"MinPauseLength", L"2"));
+  txtMinPause.Text = Trim(GetSetting(prog.plattform, L"MinPauseLength", kUeblichePause));
   txtMaxVolume.Text = Text(kUeblicheSchwelle);
-  txtMinPause_LostFocus();
+  // A stored number that is too large for any number must not keep the window from opening.
+  if (!Weiter([&] { txtMinPause_LostFocus(); })) {
+    txtMinPause.Text = Text(kUeblichePause);
+    txtMinPause_LostFocus();
+  }
   txtMaxVolume_LostFocus();
   Level1.Shown = Ears::Left;
   Level2.Shown = Ears::Right;

@@ -149,12 +149,15 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   void ZeitZeigen();
   void TakeAbbrechen(const Text& grund);
   void EingangVerloren();
+  std::int64_t GeschriebenMs() const;
   void Verlust(std::int64_t ms);
+  void VerlustSuchen();
   void VerlustMelden();
   void Melden(const Text& text);  // shows a message after the running handlers have ended
   void WachBleiben();
   Text FehlerText(const Laufzeitfehler& fehler) const;
   void BalkenZeigen(int links, int rechts);
+  void BalkenLeeren();  // when the input cannot be heard
   void SchwelleZeigen();
   void TippZeigen(int schritt);
   void PlatzZeigen(double frei);
@@ -181,8 +184,8 @@ class frmAufnehmen final : public VtrFenster, public Pegelausloeser {
   Text ersetzen_;                                 // a file that the user has agreed to replace
   Text laufwerk_ = L"C:\\";                       // root of the drive that receives the takes
   std::int64_t geschrieben_ = 0;                  // bytes of the current take
-  int ungesichert_ = 0;         // buffers written since the header was last updated
   std::int64_t verlustMs_ = 0;  // sound that the card has lost since the last report
+  std::int64_t verlustImTake_ = 0;
   std::vector<Text> verluste_;  // lost sound since the last report, by place
   int tipp_ = 0;
   int freiProzent_ = -1;

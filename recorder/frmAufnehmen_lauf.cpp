@@ -21,7 +21,7 @@ constexpr double kKnapperPlatz = 20971520;  // bytes; with less free space a rec
 constexpr double kBytesJeMs = 176.4;
 constexpr double kK = 1024;
 constexpr int kAufnahmeStatusMs = 2000;
-constexpr int kSicherungPuffer = 40;  // less than a second of sound
+constexpr int kUnbemerktMs = 1000;  // sound that may be missing without being called lost
 constexpr Color kHellrot = Rgb(255, 0, 0), kRot = Rgb(128, 0, 0), kAus = Rgb(40, 16, 24);
 
 // Milliseconds of the system's counter, in 32 bits that wrap.
@@ -44,6 +44,7 @@ void frmAufnehmen::imgAufnehmen_MouseUp() {
   } else {
     if (BasisName.empty()) GetMultiFileName();
     if (BasisName.empty()) return;
+    WaveIn->CatchUp();
     Sitzung = true;
     LetzterPegel = Jetzt();
     AktuelleDatei = NaechsteMultiDatei();
@@ -55,7 +56,9 @@ void frmAufnehmen::imgAufnehmen_MouseUp() {
 void frmAufnehmen::Bedienbar(bool frei) {
   for (int i = 0; i < imgSliderKnopf.Count(); ++i) imgSliderKnopf(i).Enabled = frei;
   imgSliderKnopf(0).Enabled = frei && Eingang > 0;
-  for (int i = 0; i < optInput.Count(); ++i) optInput(i).Enabled = frei;
+  for (int i = 0; i < optInput.Count(); ++i) {
+    optInput(i).Enabled = lbInputCaption(i).Enabled = frei;
+  }
   optAuto.Enabled = frei && Eingang > 0;
   for (Control* control :
        std::initializer_list<Control*>{&optManuell, &txtMinPause, &txtMaxVolume, &cbxMultiTrack,
@@ -92,7 +95,7 @@ void frmAufnehmen::RecordStart() {
     tmrStatus.Enabled = true;
     AufnahmeStart = Jetzt();
     geschrieben_ = 0;
-    ungesichert_ = 0;
+    verlustImTake_ = 0;
     imgAufnahmeBild.Picture = L"AUF_AUFNAHME_ON";
     imgAufnahmeBild.State = Lamp::On;
     Wartet = false;
@@ -140,8 +143,18 @@ void frmAufnehmen::RecordStop() {
   schleife.MousePointer(Pointer::Normal);
 }
 
+// A sound server that has run out of room drops sound without an error, which shows only in the
+// time. The clocks of card and machine differ too, by less than a thousandth.
+void frmAufnehmen::VerlustSuchen() {
+  if (geschrieben_ == 0) return;
+  const std::int64_t ms = std::uint32_t{Jetzt() - AufnahmeStart};
+  const std::int64_t fehlt = ms - GeschriebenMs() - verlustImTake_;
+  if (fehlt > kUnbemerktMs + GanzDiv(ms, 1000)) Verlust(fehlt);
+}
+
 // Completes the file of the take.
 void frmAufnehmen::TakeSchliessen() {
+  VerlustSuchen();
   try {
     WaveOUt->Wave.Close();
   } catch (const Laufzeitfehler& fehler) {
@@ -166,6 +179,7 @@ void frmAufnehmen::SitzungBeenden() {
 }
 
 void frmAufnehmen::imgRecordStop_MouseUp(int taste) {
+  WaveIn->CatchUp();
   if (taste == kRightButton) {
     AufnahmeZahl = 0;
     Aufnahmen.resize(1);
@@ -192,6 +206,7 @@ bool frmAufnehmen::EingangHoeren() {
   } catch (const Laufzeitfehler& fehler) {
     prog.AppLog(kOrt, ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + L" " + fehler.Grund);
     Melden(FehlerText(fehler));
+    BalkenLeeren();
     return false;
   }
 }
@@ -214,9 +229,6 @@ void frmAufnehmen::PufferPruefen() {
   // The current buffer is written after this handler.
   if (geschrieben_ + kPuffer > GrenzeBytes) return TakeAbbrechen(LoadResString(30100));
   geschrieben_ += kPuffer;
-  if (++ungesichert_ < kSicherungPuffer) return;
-  ungesichert_ = 0;
-  WaveOUt->Wave.SaveHeader();
 }
 
 void frmAufnehmen::ZeitZeigen() {
@@ -283,20 +295,28 @@ void frmAufnehmen::TakeAbbrechen(const Text& grund) {
 
 // A device that disappears again before any sound came is reported only once.
 void frmAufnehmen::EingangVerloren() {
+  BalkenLeeren();
   const bool bekannt = std::exchange(verloren_, true);
   if (!bekannt || NimmtAuf || Sitzung) TakeAbbrechen(LoadResString(30101));
 }
 
 // ---- sound lost by the card ----
 
+std::int64_t frmAufnehmen::GeschriebenMs() const {
+  return GanzDiv(geschrieben_ * 10, 1764);
+}
+
 void frmAufnehmen::Verlust(std::int64_t ms) {
-  const Text wo = NimmtAuf ? DateiNameOhnePfad(AktuelleDatei) + L" " +
-                                 ZeitText(GanzDiv(geschrieben_ * 10, 1764))
+  const Text wo = NimmtAuf ? DateiNameOhnePfad(AktuelleDatei) + L" " + ZeitText(GeschriebenMs())
                            : LoadResString(30112);
   const Text zeile = wo + L": " + ZahlText(ms) + L" ms";
   prog.AppLog(kOrt, L"Overrun " + zeile);
   if (!NimmtAuf && !Sitzung) return;
+  // Nobody knows whether the lost sound was silent, so its time is no part of a pause.
+  const std::int64_t stille = std::uint32_t{Jetzt() - LetzterPegel};
+  if (NimmtAuf) LetzterPegel += Zaehler(std::min(ms, stille));
   verlustMs_ += ms;
+  verlustImTake_ += ms;
   verluste_.push_back(zeile);
 }
 
@@ -313,6 +333,10 @@ void frmAufnehmen::VerlustMelden() {
 
 // Asks at most once as long as the window is open. The recording stays ready meanwhile.
 void frmAufnehmen::tmrUmdrehen_Timer() {
+  // If the window was busy, the next take may have begun in time, and even have ended.
+  const int vorher = tmrUmdrehen.Starts;
+  WaveIn->CatchUp();
+  if (!tmrUmdrehen.Enabled || tmrUmdrehen.Starts != vorher) return;
   tmrUmdrehen.Enabled = false;
   if (prog.LPModus == 0 || Umgedreht) return;
   Umgedreht = true;

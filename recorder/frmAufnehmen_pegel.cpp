@@ -30,6 +30,11 @@ void frmAufnehmen::BalkenZeigen(int links, int rechts) {
   Level2.PeakRight = rechts;
 }
 
+void frmAufnehmen::BalkenLeeren() {
+  gehoert_ = {};
+  BalkenZeigen(0, 0);
+}
+
 // The threshold is a sum of both channels, so equally loud channels reach it at half of its value
 // each.
 void frmAufnehmen::SchwelleZeigen() {
@@ -184,7 +189,8 @@ void frmAufnehmen::optManuell_Click() {
 
 // The level is only turned down, and only when both channels are nearly at full scale.
 void frmAufnehmen::tmrAutoRecord_Timer() {
-  const std::int32_t summe = std::max(Summenpegel(), 1);
+  // A device that is gone has left its last level behind.
+  const std::int32_t summe = WaveIn->IsOpen() ? std::max(Summenpegel(), 1) : 1;
   const double db = prog.plattform.mmtools.Helper().Db(summe, kFullVolume);
   const std::int32_t pegel = LinienPegel();
   lbldb.Caption = ZahlText(pegel) + L" " + Format(db, L"00") + L" dB ";

@@ -31,6 +31,7 @@ void frmAufnehmen::cbxMultiTrack_Click() {
   if (!MultiTrack) return SitzungBeenden();
   AufnahmeZahl = 0;
   Aufnahmen.resize(1);
+  Aufnahmewahl = 0;
   RecKatalogShow();
   GetMultiFileName();
 }
@@ -236,6 +237,7 @@ void frmAufnehmen::imgAbbrechen_MouseUp() {
 
 // Completes the last take; no further take begins.
 void frmAufnehmen::Beenden() {
+  WaveIn->CatchUp();
   Sitzung = false;
   for (Timer* uhr : {&tmrStatus, &tmrAutoRecord}) uhr->Enabled = false;
   if (NimmtAuf) RecordStop();

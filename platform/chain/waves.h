@@ -40,14 +40,12 @@ class MMWaveObject {
   // afterwards.
   virtual void SaveRange(const Text& file) = 0;
   virtual void SetBufferBytes(std::int32_t bytes) = 0;  // read ahead; at most 1 MiB
-  // Writes the header, so that it matches the sound if the program is killed later. The file stays
-  // open.
-  virtual void SaveHeader() = 0;
 };
 
 // A wave file in a chain. At the start of a chain, the component plays the range of its file. After
-// a trigger or an input, the component records, and its file is created anew. Without a file name
-// it passes the sound on.
+// a trigger or an input, the component records, and its file is created anew. Less than a second of
+// sound is written at a time, together with the header, so that the file is a complete wave also if
+// the program is killed. Without a file name the component passes the sound on.
 class MMWaveFileX : public MMComponentX {
  public:
   explicit MMWaveFileX(MMWaveObject& wave) : Wave(wave) {}
@@ -79,6 +77,9 @@ class MMWaveInX : public MMComponentX {
   // The time at which the last frame of the current buffer was recorded, on the scale of
   // Clock::Ticks.
   virtual std::int64_t BufferTicks() const = 0;
+  // Delivers the sound that has been recorded and still waits, so that the caller acts at its place
+  // in the sound even when the window was busy before. Without effect in a handler of a buffer.
+  virtual void CatchUp() = 0;
 
   // Raised before a buffer when the card has lost `ms` of sound in front of it. The input goes on.
   std::function<void(std::int64_t ms)> OnOverrun;

@@ -11,6 +11,7 @@ namespace {
 // Three seconds of sound, a few milliseconds of work. The limit keeps windows responsive when much
 // sound has piled up.
 constexpr int kBuffersATurn = 128;
+constexpr int kMostWaiting = 2048;  // more buffers than any input keeps
 
 }  // namespace
 
@@ -20,7 +21,7 @@ void WaveIn::Open() {
     if (BitLength != b16Bit || Mode != mStereo || SampleRate != kSampleRate) {
       throw Laufzeitfehler(kFehlerEinAusgabe, L"La entrada no conoce este formato.");
     }
-    capture_ = input_.Listen([this] { Deliver(); });
+    capture_ = input_.Listen([this] { Deliver(kBuffersATurn); });
   }
   open_ = true;
 }
@@ -40,13 +41,17 @@ void WaveIn::Start() {
   running_ = true;
 }
 
+void WaveIn::CatchUp() {
+  Deliver(kMostWaiting);
+}
+
 // A handler may process events, so Deliver can be called while a buffer is being delivered. The
 // inner call returns, and the outer call delivers the rest.
-void WaveIn::Deliver() {
+void WaveIn::Deliver(int most) {
   if (delivering_ || !capture_) return;
   const std::shared_ptr<SoundCapture> capture = capture_;
   const std::weak_ptr<int> watch = token_;
-  int left = kBuffersATurn;
+  int left = most;
   while (left > 0 && capture_ == capture && capture->Next(piece_)) {
     --left;
     if (!DeliverOne()) return;
@@ -54,7 +59,7 @@ void WaveIn::Deliver() {
   if (capture_ != capture) return;
   if (left == 0) {
     loop_.Post([this, watch] {
-      if (!watch.expired()) Deliver();
+      if (!watch.expired()) Deliver(kBuffersATurn);
     });
   } else if (capture->Gone()) {
     Lose();

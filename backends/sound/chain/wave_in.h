@@ -18,11 +18,12 @@ class WaveIn final : public MMWaveInX {
   void Close() override;
   void Start() override;
   void Stop() override { running_ = false; }
+  void CatchUp() override;
   bool IsOpen() const override { return open_; }
   std::int64_t BufferTicks() const override { return piece_.Ticks; }
 
  private:
-  void Deliver();
+  void Deliver(int most);  // the limit of buffers
   bool DeliverOne();
   void Lose();
 

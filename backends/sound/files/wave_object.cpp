@@ -8,12 +8,14 @@
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 namespace vantora {
 
 namespace {
 
 constexpr std::int64_t kMostAhead = 1 << 20;
+constexpr std::size_t kCollected = 32 * kBufferBytes;  // 0.74 seconds
 constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 
 [[noreturn]] void RaiseOverflow() {
@@ -25,6 +27,14 @@ constexpr std::int64_t kMostBytes = std::numeric_limits<std::int32_t>::max();
 }
 
 }  // namespace
+
+WaveObject::~WaveObject() {
+  try {
+    WaveObject::Close();
+  } catch (const Laufzeitfehler&) {
+    // Callers that need to know call Close themselves.
+  }
+}
 
 void WaveObject::SetFileName(const Text& file) {
   Close();
@@ -54,7 +64,18 @@ bool WaveObject::IsMissing() {
 void WaveObject::Close() {
   state_ = State::Closed;
   aheadBytes_ = 0;
+  try {
+    WriteCollected();
+  } catch (const Laufzeitfehler&) {
+    wave_.Close();
+    throw;
+  }
   wave_.Close();
+}
+
+std::int64_t WaveObject::DataBytes() const {
+  if (state_ != State::Open) return 0;
+  return wave_.DataBytes() + static_cast<std::int64_t>(collected_.size());
 }
 
 std::int32_t WaveObject::InUnits(std::int64_t bytes) const {
@@ -77,6 +98,7 @@ void WaveObject::SetPosition(std::int32_t position) {
 }
 
 std::size_t WaveObject::ReadAt(std::int64_t place, char* target, std::size_t bytes) {
+  WriteCollected();
   wave_.SetPosition(place);
   return wave_.Read(target, bytes);
 }
@@ -128,6 +150,7 @@ void WaveObject::BeginWriting(std::size_t bytes) {
     cursor_ = cursor;
   }
   aheadBytes_ = 0;
+  WriteCollected();
   wave_.SetPosition(cursor_);
 }
 
@@ -137,6 +160,7 @@ void WaveObject::SaveRange(const Text& file) {
   if (dateien_.SystemPath(file) == dateien_.SystemPath(file_)) {
     throw Laufzeitfehler(kFehlerZugriff, L"El archivo está abierto");
   }
+  WriteCollected();
   const std::int64_t data = DataBytes();
   const std::int64_t from = std::clamp<std::int64_t>(PlayStart * UnitBytes(), 0, data);
   const std::int64_t to = std::clamp<std::int64_t>(PlayEnd * UnitBytes(), from, data);
@@ -165,10 +189,6 @@ void WaveObject::SetBufferBytes(std::int32_t bytes) {
   aheadLimit_ = static_cast<std::size_t>(std::clamp<std::int64_t>(bytes, 0, kMostAhead));
   aheadBytes_ = 0;
   ahead_ = {};
-}
-
-void WaveObject::SaveHeader() {
-  if (state_ == State::Open) wave_.SaveHeader();
 }
 
 void WaveObject::ReadRange(MMData& data) {
@@ -218,10 +238,27 @@ void WaveObject::MakeAnew() {
 void WaveObject::Append(const MMData& data) {
   if (state_ != State::Open) RaiseClosed();
   aheadBytes_ = 0;
-  wave_.SetPosition(wave_.DataBytes());
   PcmData sound;
   CopyWaveHeader(data, sound.Samples.data(), data.Bytes);
-  wave_.Write(sound.Samples.data(), data.Bytes);
+  const auto* bytes = reinterpret_cast<const char*>(sound.Samples.data());
+  collected_.insert(collected_.end(), bytes, bytes + data.Bytes);
+  if (collected_.size() >= kCollected) WriteCollected();
+}
+
+void WaveObject::WriteCollected() {
+  if (collected_.empty()) return;
+  const std::vector<char> sound = std::exchange(collected_, {});
+  collected_.reserve(kCollected);
+  wave_.SetPosition(wave_.DataBytes());
+  try {
+    wave_.Write(sound.data(), sound.size());
+  } catch (const Laufzeitfehler&) {
+    // On a full disk there may be room for a part.
+    for (std::size_t done = 0; done < sound.size(); done += kBufferBytes) {
+      wave_.Write(sound.data() + done, std::min(kBufferBytes, sound.size() - done));
+    }
+  }
+  wave_.SaveHeader();
 }
 
 }  // namespace vantora

@@ -15,6 +15,9 @@ namespace vantora {
 class WaveObject final : public MMWaveObject {
  public:
   explicit WaveObject(Dateien& dateien) : dateien_(dateien), wave_(dateien) {}
+  ~WaveObject() override;  // closes; errors are not reported
+  WaveObject(const WaveObject&) = delete;
+  WaveObject& operator=(const WaveObject&) = delete;
 
   const Text& FileName() const override { return file_; }
   void SetFileName(const Text& file) override;
@@ -30,7 +33,6 @@ class WaveObject final : public MMWaveObject {
   std::size_t WriteData(const void* buffer, std::size_t bytes) override;
   void SaveRange(const Text& file) override;
   void SetBufferBytes(std::int32_t bytes) override;
-  void SaveHeader() override;  // without effect when closed
 
   // Used by the component.
   void ReadRange(MMData& data);  // whole frames of the playing range from the position
@@ -42,19 +44,21 @@ class WaveObject final : public MMWaveObject {
   enum class State { Closed, Missing, Open };
   std::int64_t UnitBytes() const { return TimeFormat == vantora::TimeFormat::tfSample ? 4 : 1; }
   std::int32_t InUnits(std::int64_t bytes) const;  // raises 6
-  std::int64_t DataBytes() const { return state_ == State::Open ? wave_.DataBytes() : 0; }
+  std::int64_t DataBytes() const;
   bool IsMissing();
   std::size_t ReadAt(std::int64_t place, char* target, std::size_t bytes);
   void BeginWriting(std::size_t bytes);
   void CopyRange(Datei& copy, std::int64_t from, std::int64_t to);
+  void WriteCollected();  // what cannot be written is dropped
 
   Dateien& dateien_;
   Text file_;
   WaveFile wave_;
   State state_ = State::Closed;
-  std::int64_t position_ = 0;  // in bytes; as reported
-  std::int64_t cursor_ = 0;    // in bytes; position of the file
-  std::vector<char> ahead_;    // bytes read ahead; their maximum number
+  std::int64_t position_ = 0;    // in bytes; as reported
+  std::int64_t cursor_ = 0;      // in bytes; position of the file
+  std::vector<char> collected_;  // appended, and not written yet
+  std::vector<char> ahead_;      // bytes read ahead; their maximum number
   std::int64_t aheadStart_ = 0;
   std::size_t aheadBytes_ = 0;
   std::size_t aheadLimit_ = 1U << 16U;
