@@ -130,6 +130,15 @@ void Programm::BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler
   MsgBoxen(datei + kZeilenEnde + fehler.Beschreibung + L".", kHinweis);
 }
 
+void Programm::StapelFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler,
+                                  int danach) {
+  plattform.schleife.MousePointer(Pointer::Normal);
+  FehlerVermerken(ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + L": " + datei);
+  MsgBoxen(Text(30133) + DateiNameOhnePfad(datei) + L": " + fehler.Beschreibung + L"." +
+               kZeilenEnde + Text(danach),
+           kStopp);
+}
+
 void Programm::FehlerVermerken(const vantora::Text& was) {
   try {
     AppLog(L"Laufzeitfehler", was);
