@@ -191,6 +191,12 @@ void Programm::LoadLastDir() {
                               &Catalogue_Open_Dir, &Catalogue_Save_Dir, &Picture_Save_Dir}) {
     *pfad = Trim(UNCAufLaufwerk(*pfad));
   }
+  // Nothing can be edited without this folder, and its drive may be gone.
+  const vantora::Text temp = Temporary_Directory.Getrimmt();
+  if (temp.find(L":\\") != 1 || !plattform.dateien.IsDirectory(temp)) {
+    Temporary_Directory = kTempOrdner;
+    anzulegen.emplace_back(kTempOrdner);
+  }
   // The folders come last: when one can't be made and the start goes on, every key has its value
   // already. The end of the program writes all keys.
   VerzeichnisseAnlegen(anzulegen);

@@ -105,7 +105,8 @@ void frmAufnehmen::Form_Load() {
   cbxPauseAus.Value = GetZahl16(prog.plattform, L"Pauseoff", L"0") != 0 ? 1 : 0;
   cbxAutoTrennen.Enabled = false;
   cbxPauseAus.Enabled = false;
-  txtMinPause.Text = Trim(GetSetting(prog.plattform, L"MinPauseLength", L"2"));
+  const Text pause = Trim(GetSetting(prog.plattform, L"MinPauseLength", L"2"));
+  txtMinPause.Text = Weiter([&] { Val(pause); }) ? pause : Text(L"2");  // a number without bounds
   txtMaxVolume.Text = Text(kUeblicheSchwelle);
   txtMinPause_LostFocus();
   txtMaxVolume_LostFocus();
