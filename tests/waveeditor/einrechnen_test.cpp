@@ -108,25 +108,28 @@ TEST_F(Einrechnen, ABatchAppliesTheLastSettingsToTheRowsThatWereSelected) {
 }
 
 TEST_F(Einrechnen, ABatchEndsAtAFileThatHasGoneAndWaitsAtOneThatCannotBeWritten) {
-  b.Katalog({L"a", L"b"});
-  const std::string vorher = b.Lies(Wav(L"b"));
+  b.Katalog({L"a", L"b", L"c"});
+  const std::string vorher = b.Lies(Wav(L"b")), mono = test::Wave(vorher, "", {1, 1});
   HalbeLautstaerkeImEditor();
-  const std::string mono = test::Wave(test::Noise(400'000), "", {1, 1});
-  for (const std::string& anstatt : {std::string(), mono}) {
-    b.Katalog({L"a", L"b"});
+  const struct {
+    Text Name;
+    std::vector<int> Zeilen;
+    std::string Neu;  // blank: it is deleted
+  } faelle[] = {{L"a", {1, 2}, ""}, {L"c", {2}, mono}};
+  for (const auto& fall : faelle) {
     b.Macht([&](Form& box) {
-      b.platform.bundle.dateien.Kill(Wav(L"a"));
-      if (!anstatt.empty()) b.Datei(Wav(L"a"), anstatt);
+      b.platform.bundle.dateien.Kill(Wav(fall.Name));
+      if (!fall.Neu.empty()) b.Datei(Wav(fall.Name), fall.Neu);
       b.platform.hands.Press(dynamic_cast<frmMBox&>(box).picMboxButton(0));
     });
     b.Antwortet(kNein);
-    Stapel({1, 2});
-    EXPECT_TRUE(b.Gesagt().back().find(L" a a.wav: ") != Text::npos) << "its name and the reason";
+    Stapel(fall.Zeilen);
+    EXPECT_TRUE(b.Gesagt().back().find(fall.Name + L".wav: ") != Text::npos) << "with the reason";
     EXPECT_TRUE(b.Haupt().Window.Enabled());
     EXPECT_FALSE(b.prog.frmWaveEditor.Geladen());
-    EXPECT_EQ(b.Titel(), std::vector<Text>{L"b"});
-    EXPECT_TRUE(anstatt.empty() || b.Lies(Wav(L"a")) == mono);
   }
+  EXPECT_EQ(b.Titel(), std::vector<Text>{L"b"});
+  EXPECT_TRUE(b.Lies(Wav(L"c")) == mono);
 
   b.Antwortet(kJa).Antwortet(kNein).Antwortet(kJa);
   const FullDisk disk(300'000);
@@ -137,9 +140,9 @@ TEST_F(Einrechnen, ABatchEndsAtAFileThatHasGoneAndWaitsAtOneThatCannotBeWritten)
   });
   Stapel({1});
   EXPECT_TRUE(wartet && b.platform.loop.Ended());
-  EXPECT_TRUE(b.Gesagt().back().find(L" a b.wav: ") != Text::npos);
-  EXPECT_TRUE(b.Gesagt().back().find(L"cierre la ventana") != Text::npos) << "how to go on";
-  EXPECT_EQ(b.Lies(Wav(L"b")), vorher);
+  EXPECT_TRUE(b.Gesagt().at(5).find(L"b.wav: ") != Text::npos);
+  EXPECT_TRUE(b.Gesagt().at(5).find(L"cierre la ventana") != Text::npos) << "how to go on";
+  EXPECT_TRUE(b.Lies(Wav(L"b")) == vorher);
 }
 
 }  // namespace
