@@ -34,7 +34,7 @@ TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirstAlsoWithoutARuntimeFold
   const Home other;
   for (const bool runtime : {true, false}) {
     Put(one / "file", "x");
-    if (!runtime) one.Places.Runtime = one / "file";
+    one.Places.Runtime = one / (runtime ? "run" : "file");
     auto first = std::make_unique<LinuxSystem>(one.Places, LinuxSystem::Options{});
     EXPECT_FALSE(first->PrevInstance());
     EXPECT_FALSE(first->PrevInstance());
