@@ -69,7 +69,7 @@ void AlleOptionen(Weg& weg, Werte& w) {
   weg.Zahl(L"Read_Speed", w.Read_Speed, L"1");
   weg.Feld(L"Standard_Wave_Name", w.Standard_Wave_Name, L"*.wav");
   weg.Feld(L"Standard_Catalog_Name", w.Standard_Catalog_Name, L"*.vtr");
-  weg.Feld(L"Temporary_Directory", w.Temporary_Directory, L"c:\\windows\\temp");
+  weg.Feld(L"Temporary_Directory", w.Temporary_Directory, kTempOrdner);
   weg.Feld(L"Proxy_Server", w.Proxy_Server, L"");
   weg.Feld(L"Proxy_Port", w.Proxy_Port, L"");
   weg.Zahl(L"Auto_Database", w.Auto_Database, L"1");

@@ -13,6 +13,8 @@ struct Plattform;
 
 inline constexpr const wchar_t* kAnwendung = L"Quillmark";
 inline constexpr const wchar_t* kAbschnitt = L"VTR";
+// The folder of temporary files, until the user chooses another one.
+inline constexpr const wchar_t* kTempOrdner = L"c:\\windows\\temp";
 
 // Reads and writes one value of the store, for windows that have keys of their own.
 Text GetSetting(Plattform& plattform, const Text& schluessel, const Text& sonst);

@@ -130,6 +130,15 @@ void Programm::BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler
   MsgBoxen(datei + kZeilenEnde + fehler.Beschreibung + L".", kHinweis);
 }
 
+void Programm::StapelFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler,
+                                  int danach) {
+  plattform.schleife.MousePointer(Pointer::Normal);
+  FehlerVermerken(ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung + L": " + datei);
+  MsgBoxen(Text(30133) + DateiNameOhnePfad(datei) + L": " + fehler.Beschreibung + L"." +
+               kZeilenEnde + Text(danach),
+           kStopp);
+}
+
 void Programm::FehlerVermerken(const vantora::Text& was) {
   try {
     AppLog(L"Laufzeitfehler", was);
@@ -181,6 +190,12 @@ void Programm::LoadLastDir() {
   for (vantora::Text* pfad : {&Wave_Import_Dir, &Wave_Export_Dir, &Songs_Import_Dir,
                               &Catalogue_Open_Dir, &Catalogue_Save_Dir, &Picture_Save_Dir}) {
     *pfad = Trim(UNCAufLaufwerk(*pfad));
+  }
+  // Nothing can be edited without this folder, and its drive may be gone.
+  const vantora::Text temp = Temporary_Directory.Getrimmt();
+  if (temp.find(L":\\") != 1 || !plattform.dateien.IsDirectory(temp)) {
+    Temporary_Directory = kTempOrdner;
+    anzulegen.emplace_back(kTempOrdner);
   }
   // The folders come last: when one can't be made and the start goes on, every key has its value
   // already. The end of the program writes all keys.

@@ -89,10 +89,12 @@ struct Programm : Dienste,
   int MsgBoxen(const vantora::Text& text, int flags, const vantora::Text& titel,
                bool nichtMehrZeigen = false);
 
-  // These functions report in the program's words why a print job failed, or why a picture could
-  // not be read.
+  // These functions report in the program's words why a print job failed, why a picture could not
+  // be read, or why a batch could not apply the effects to a file. Text number `danach` says what
+  // became of the batch.
   void DruckFehlerMelden(const Laufzeitfehler& fehler);
   void BildFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler);
+  void StapelFehlerMelden(const vantora::Text& datei, const Laufzeitfehler& fehler, int danach);
 
   // The main window, through the interface for lower windows. Loads the window if needed.
   KatalogDienst& Katalogfenster();

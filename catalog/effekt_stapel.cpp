@@ -31,7 +31,11 @@ void EffektStapel::Beginnen() {
   std::vector<Text> dateien;
   for (const int zeile : liste_.GewaehlteZeilen()) dateien.push_back(liste_.DateiDerZeile(zeile));
   if (prog.MsgBoxen(prog.Text(8064), kJaNein) != kJa) return;
-  Jedenfalls([&] { Laufen(dateien); }, [this] { Beenden(); });
+  try {
+    Jedenfalls([&] { Laufen(dateien); }, [this] { Beenden(); });
+  } catch (const Laufzeitfehler& fehler) {
+    prog.StapelFehlerMelden(prog.WaveEditorDatei, fehler, 30135);
+  }
 }
 
 void EffektStapel::Laufen(const std::vector<Text>& dateien) {

@@ -1,5 +1,6 @@
 #include "catalog/katalog_datei.h"
 
+#include "app/dienste.h"
 #include "app/werte/weiter.h"
 
 #include <algorithm>
@@ -84,18 +85,15 @@ class Schreiber {
   std::string bytes_;
 };
 
-}  // namespace
-
-void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
-  const auto offen = dateien.Open(datei, Zugriff::Lesen);
-  Leser leser(*offen);
+void AllesLesen(Datei& offen, KatalogFeld& ziel) {
+  Leser leser(offen);
   std::int32_t anzahl = 0;
   leser.Zahl(anzahl);
   if (anzahl < 0) throw Laufzeitfehler(kFehlerIndex, L"El subíndice está fuera del intervalo");
   // A count that is higher than the program can number, and than the file has room for, shows that
   // the file is no catalog. Nothing is read from it.
   if (anzahl > kMeisteTracks &&
-      kKopf + (std::int64_t{anzahl} + 1) * kKuerzesterEintrag > offen->Length()) {
+      kKopf + (std::int64_t{anzahl} + 1) * kKuerzesterEintrag > offen.Length()) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"Fin de archivo inesperado");
   }
   ziel.assign(1, KatalogEintrag{});
@@ -106,6 +104,19 @@ void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
     KatalogEintrag eintrag;
     AlleFelder(leser, eintrag);
     ziel.push_back(std::move(eintrag));
+  }
+}
+
+}  // namespace
+
+void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
+  const auto offen = dateien.Open(datei, Zugriff::Lesen);
+  try {
+    AllesLesen(*offen, ziel);
+  } catch (const Laufzeitfehler& fehler) {
+    if (fehler.Nummer != kFehlerDateiEnde && fehler.Nummer != kFehlerIndex) throw;
+    throw Laufzeitfehler(fehler.Nummer,
+                         DateiNameOhnePfad(datei) + L" no es un catálogo o está incompleto");
   }
 }
 

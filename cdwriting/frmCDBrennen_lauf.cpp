@@ -24,6 +24,7 @@ constexpr const wchar_t* kOrt = L"BurnCD";
 constexpr int kEinlegeMs = 2500;  // until the drive has noticed its disc
 constexpr int kWarteMs = 750;
 constexpr int kMethodeVerweigert = -1;
+constexpr std::size_t kMeisteTracks = 99;
 constexpr std::size_t kMeisteZeilen = 10;  // of tracks in a message
 constexpr int kKeinText = 400;             // a number that the string table does not have
 
@@ -118,7 +119,9 @@ bool frmCDBrennen::TracksAnmelden() {
     Spur(L"AddTrack:" + datei + L" >> Result : " + ZahlText(ergebnis));
     if (ergebnis == 0) continue;
     prog.frmKomponenten().Abgebrochen = true;
-    Melde(LoadResString(4005) + kZeilenEnde + datei);
+    const bool zuViele = i > kMeisteTracks;
+    Melde(LoadResString(4005) + kZeilenEnde + datei +
+          (zuViele ? kZeilenEnde + LoadResString(30137) : Text()));
     return false;
   }
   Weiter([&] { CdTextAnmelden(); });

@@ -8,8 +8,6 @@
 
 namespace vantora {
 
-namespace {}  // namespace
-
 void PausenAnhaengen(Programm& prog) {
   std::vector<Edits::Silence> pausen;
   for (std::size_t i = 1; i + 1 < prog.Katalog.size(); ++i) {

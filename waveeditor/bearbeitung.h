@@ -40,6 +40,7 @@ class Bearbeitung {
   void NormalizeWave();  // the whole file
   bool UndoMoeglich();
   void UndoWave();
+  void UndoVerwerfen() { UndoVorhanden_ = false; }
   void NachFehler();  // has to be called after an error of any edit
 
   bool UndoVorhanden() const { return UndoVorhanden_; }

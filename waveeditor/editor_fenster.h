@@ -20,6 +20,9 @@ class EditorFenster {
   // Opens the file again, reads it and draws it. Raises the errors of the file. Events run
   // meanwhile.
   virtual void NeuZeigen() = 0;
+  // True when another program has changed the file since it was read. A message says so, and the
+  // file is shown as it is now.
+  virtual bool Veraendert() = 0;
   virtual void marker_update() = 0;  // selects the range that the marker covers
 
   // ---- when the user can work ----

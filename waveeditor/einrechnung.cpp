@@ -26,7 +26,7 @@ Einrechnung::Einrechnung(Programm& programm, EffektKette& kette, PictureButton& 
                          EditorFenster& fenster)
     : prog(programm), kette_(kette), knopf_(knopf), fenster_(fenster) {
   kette_.Trigger().OnStop = [this] { Trigger_OnStop(); };
-  kette_.Trigger().OnError = [this] { Trigger_OnError(); };
+  kette_.Trigger().OnFailure = [this](const Laufzeitfehler& fehler) { Trigger_OnFailure(fehler); };
 }
 
 EffektKette::Ende Einrechnung::Ende() const {
@@ -34,10 +34,23 @@ EffektKette::Ende Einrechnung::Ende() const {
                                            : EffektKette::Ende::Lautsprecher;
 }
 
+// The result is a file of 16 bits in stereo, whatever the source was. Another program may have put
+// a file of another format in its place since the catalog was shown.
+void Einrechnung::QuelleMerken(const Text& datei) {
+  Quelle_ = prog.plattform.dateien.Stand(datei);
+  const std::unique_ptr<MMWave> wave = prog.plattform.mmtools.NewWaveFile();
+  wave->Open(datei);
+  if (wave->BitsPerSample() != kSampleBits || wave->SampleRate() != kSampleRate ||
+      wave->StereoMode() != 1) {
+    throw Laufzeitfehler(kFehlerEinAusgabe, L"El archivo no es de 44,1 kHz, 16 bits y estéreo");
+  }
+}
+
 // ---- the file that is open ----
 
 void Einrechnung::Einrechnen() {
-  if (EinrechnenLaeuft_) return;
+  if (EinrechnenLaeuft_ || fenster_.Veraendert()) return;
+  QuelleMerken(fenster_.WorkDatei());
   prog.AppLog(L"Einrechnen", L"starting....");
   fenster_.Status(prog.Text(7241));
   MMWaveObject& quelle = kette_.SourceFile().Wave;
@@ -67,8 +80,15 @@ void Einrechnung::Einrechnen() {
 // ---- the end of a file ----
 
 void Einrechnung::Trigger_OnStop() {
-  // The editor shows the source again, even after a failure.
-  Jedenfalls([this] { ErgebnisUebernehmen(); }, [this] { Abschliessen(); });
+  const bool stapel = BatchLaeuft_;
+  const Text datei = fenster_.WorkDatei();
+  try {
+    // The editor shows the source again, even after a failure.
+    Jedenfalls([this] { ErgebnisUebernehmen(); }, [this] { Abschliessen(); });
+  } catch (const Laufzeitfehler& fehler) {
+    if (!stapel) throw;
+    prog.StapelFehlerMelden(datei, fehler, 30136);
+  }
 }
 
 void Einrechnung::ErgebnisUebernehmen() {
@@ -83,13 +103,14 @@ void Einrechnung::ErgebnisUebernehmen() {
   prog.plattform.schleife.DoEvents();
   prog.Pausieren(kLoslassenMs);
   const Text ergebnis = ziel.FileName();
-  // If another program has shortened the file, the sound ends early. The source then stays as it
-  // is.
-  if (prog.plattform.dateien.FileLen(ergebnis) < bytes) {
+  // Another program may have shortened the file, so that the sound ended early, or have put another
+  // one in its place. The file then stays as it is.
+  Dateien& dateien = prog.plattform.dateien;
+  if (dateien.FileLen(ergebnis) < bytes || dateien.Stand(fenster_.WorkDatei()) != Quelle_) {
     throw Laufzeitfehler(kFehlerDateiEnde, L"El archivo ha cambiado");
   }
-  prog.plattform.dateien.FileCopy(ergebnis, fenster_.WorkDatei());
-  prog.plattform.dateien.Kill(ergebnis);
+  dateien.FileCopy(ergebnis, fenster_.WorkDatei());
+  dateien.Kill(ergebnis);
 }
 
 void Einrechnung::Abschliessen() {
@@ -106,6 +127,12 @@ void Einrechnung::Abschliessen() {
   fenster_.Sperren(false);
 }
 
+void Einrechnung::Trigger_OnFailure(const Laufzeitfehler& fehler) {
+  Trigger_OnError();
+  if (!BatchLaeuft_) throw fehler;
+  prog.StapelFehlerMelden(fenster_.WorkDatei(), fehler, 30134);
+}
+
 // The window stays locked and a batch goes on waiting, because the same render would fail again.
 void Einrechnung::Trigger_OnError() {
   kette_.Trigger().Stop();
@@ -118,6 +145,7 @@ void Einrechnung::Trigger_OnError() {
 void Einrechnung::StapelDatei() {
   const Text datei = fenster_.WorkDatei();
   prog.plattform.dateien.SetAttrNormal(datei);
+  QuelleMerken(datei);
   MMWaveObject& quelle = kette_.SourceFile().Wave;
   quelle.Close();
   quelle.SetFileName(datei);

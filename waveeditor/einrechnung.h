@@ -6,6 +6,7 @@
 #include "waveeditor/editor_fenster.h"
 #include "waveeditor/effekt_kette.h"
 
+#include "platform/files.h"
 #include "platform/form.h"
 
 namespace vantora {
@@ -24,6 +25,7 @@ class Einrechnung {
 
   void Trigger_OnStop();
   void Trigger_OnError();
+  void Trigger_OnFailure(const Laufzeitfehler& fehler);
   void Aufraeumen();  // deletes the temporary files
 
   bool EinrechnenLaeuft() const { return EinrechnenLaeuft_; }
@@ -32,6 +34,7 @@ class Einrechnung {
   EffektKette::Ende Ende() const;
 
  private:
+  void QuelleMerken(const Text& datei);
   void Abschliessen();
   void ErgebnisUebernehmen();
 
@@ -41,6 +44,7 @@ class Einrechnung {
   EditorFenster& fenster_;
   bool EinrechnenLaeuft_ = false, BatchLaeuft_ = false;
   bool TriggerSteht = false;  // a render has failed
+  DateiStand Quelle_;         // of the file, when its render began
   MMWaveHelperX WaveHelper;
 };
 

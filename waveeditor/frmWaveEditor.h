@@ -5,9 +5,8 @@
 //
 // Everything is counted in frames of 4 bytes, with 44.1 frames in a millisecond.
 //
-// The window holds the controls and forwards: each handler hands the work to one of the parts,
-// which keep their state to themselves (selection, view, picture, chain, transport, edits,
-// rendering, presets).
+// The window holds the controls and forwards: each handler hands the work to one of the parts. They
+// keep their state to themselves (selection, view, chain, transport, edits, rendering, presets).
 #pragma once
 
 #include "app/fenster.h"
@@ -187,6 +186,7 @@ class frmWaveEditor final : public VtrFenster,
   void NormalizeUhr(bool an) override { tmrNormalize.Enabled = an; }
   void KlangZeigen() override;
   void NeuZeigen() override;
+  bool Veraendert() override;
   void Freigeben(bool frei) override { Window.Enabled = frei; }
   void Sperren(bool gesperrt) override;
   bool Besetzt() const override { return EinrechnenLaeuft() || Beschaeftigt; }
@@ -215,8 +215,7 @@ class frmWaveEditor final : public VtrFenster,
   // picture
   void ZugBis(int x);  // draws the marker to `x`, or sets a cursor there
   void BefehlsTaste(int taste);
-  // Draws the spectrum two seconds after the last call.
-  void SpektrumNeuStarten() { tmr3D.Restart(); }
+  void SpektrumNeuStarten() { tmr3D.Restart(); }  // draws it two seconds after the last call
 
   // edits
   void Bearbeiten(Handler handler);  // runs the handler of an edit's button, with the file open
@@ -229,6 +228,7 @@ class frmWaveEditor final : public VtrFenster,
   void AlleEffekteAus();
 
   Text WorkDatei_;
+  DateiStand Gelesen_;        // of the file, when it was read last
   bool Beschaeftigt = false;  // the window opens or closes
   bool EffekteAktiv_ = false;
   std::int16_t AktivesPanel = 0;  // the panel in front

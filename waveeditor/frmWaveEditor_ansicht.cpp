@@ -25,6 +25,8 @@ constexpr std::int32_t kMindestFrames = 0x1000, kHoechstFrames = 0x11800;  // ra
 void frmWaveEditor::ScanWave(const PictureBox& bild) {
   if (BatchLaeuft()) return;
   EventLoop& schleife = prog.plattform.schleife;
+  Gelesen_ = DateiStand{};
+  Weiter([&] { Gelesen_ = prog.plattform.dateien.Stand(WorkDatei_); });
   bild_.ScanBeginnen();
   picWaveBack.Cls();
   marker_.Aufheben();
@@ -71,6 +73,19 @@ void frmWaveEditor::NeuZeigen() {
   quelle.SetFileName(WorkDatei_);
   quelle.Open();
   KlangZeigen();
+}
+
+// The selection counts in frames of the file as it was read. In another file it would mean other
+// sound, or none at all, and an undo would write the old sound into it.
+bool frmWaveEditor::Veraendert() {
+  if (Gelesen_ == DateiStand{} || prog.plattform.dateien.Stand(WorkDatei_) == Gelesen_) {
+    return false;
+  }
+  bearbeitung_.UndoVerwerfen();
+  Waehlen({.NurCursor = true});
+  NeuZeigen();
+  prog.MsgBoxen(LoadResString(30138), kHinweis);
+  return true;
 }
 
 void frmWaveEditor::imgZoom_MouseUp(int index) {
@@ -287,6 +302,7 @@ void frmWaveEditor::Ausfuehren(const std::function<void()>& arbeit) {
   schleife.MousePointer(Pointer::Hourglass);
   Window.Enabled = false;
   try {
+    if (Veraendert()) return frei();
     if (bearbeitung_.Vorbereiten()) QuelleNeuOeffnen();
     arbeit();
   } catch (const Laufzeitfehler&) {

@@ -28,6 +28,10 @@ void Call(const std::function<void(Arguments...)>& handler, const Values&... val
   if (handler) handler(values...);
 }
 
+ImageBurn::Event FailureEvent(int code, const Text& text) {
+  return [code, text](McdEvents& events) { Call(events.MCD_Failure, code, text); };
+}
+
 Text BaseName(const Text& path) {
   return path.substr(path.find_last_of(L'\\') + 1);
 }
@@ -60,10 +64,6 @@ ImageBurn::ImageBurn(Dateien& dateien, BurnOrder order, Tell tell, Ended ended)
       order_(std::move(order)),
       tell_(std::move(tell)),
       ended_(std::move(ended)) {}
-
-ImageBurn::Event ImageBurn::FailureEvent(int code, const Text& text) {
-  return [code, text](McdEvents& events) { Call(events.MCD_Failure, code, text); };
-}
 
 int ImageBurn::Slice() noexcept {
   Event failure;
@@ -197,20 +197,18 @@ void ImageBurn::End() {
   if (image_) {
     image_.reset();
     dateien_.Open(CueTemp(), Zugriff::Neu)->Write(sheet.data(), sheet.size());
+    Keep();
   }
   if (order_.fixate) tell_([](McdEvents& events) { Call(events.MCD_Fixating); });
   check_ = std::make_unique<ImageCheck>(
-      dateien_, ImageCheck::Image{BinTemp(), CueTemp(), sheet}, tracks_,
-      [this](int track, int state) {
+      dateien_, ImageCheck::Image{Image(), Sheet(), sheet}, tracks_, [this](int track, int state) {
         tell_([track, state](McdEvents& events) { Call(events.MCD_Verify, track, state); });
       });
 }
 
 // Compares a slice of the image with the waves. Returns false when there is nothing left to do.
 bool ImageBurn::Verify() {
-  if (made_ && !stopVerify_ && check_->Slice()) return true;
-  check_.reset();  // closes the image before it is renamed or deleted
-  return false;
+  return !order_.simulation && !stopVerify_ && check_->Slice();
 }
 
 void ImageBurn::ReportPercent(bool always) {
@@ -245,19 +243,12 @@ int ImageBurn::Delay() {
 }
 
 void ImageBurn::Keep() {
-  if (!made_) return;
-  const Text image = order_.name + L".bin";
+  Rename(dateien_, BinTemp(), Image());
   try {
-    Rename(dateien_, BinTemp(), image);
-    try {
-      // The sheet is renamed last, since only the sheet makes the pair a disc.
-      Rename(dateien_, CueTemp(), Sheet());
-    } catch (const Laufzeitfehler&) {
-      dateien_.Kill(image);
-      throw;
-    }
+    // The sheet is renamed last, since only the sheet makes the pair a disc.
+    Rename(dateien_, CueTemp(), Sheet());
   } catch (const Laufzeitfehler&) {
-    Discard();
+    dateien_.Kill(Image());
     throw;
   }
   made_ = false;

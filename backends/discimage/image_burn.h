@@ -1,5 +1,6 @@
-// One burn of the embedded writer: copies the waves into an image, slice by slice. The files have
-// temporary names until Keep renames them.
+// One burn of the embedded writer: copies the waves into an image, slice by slice, and compares it
+// with them. The files have temporary names until everything has been written. The comparison reads
+// them under their own names, so a finished image stays when the program ends during it.
 #pragma once
 
 #include "backends/discimage/cue_sheet.h"
@@ -44,14 +45,12 @@ class ImageBurn {
   // From any thread: a comparison ends, or does not begin. The image is complete without it.
   void StopVerify() { stopVerify_ = true; }
 
-  // Both are for the interface thread, after the last slice.
-  void Keep();              // after success; raises, and leaves no file, when it fails
-  void Discard() noexcept;  // deletes both files
+  // For the interface thread, after the last slice: deletes the files of an image that is not
+  // complete.
+  void Discard() noexcept;
 
   Text Sheet() const { return order_.name + L".cue"; }
   bool Simulation() const { return order_.simulation; }
-
-  static Event FailureEvent(int code, const Text& text);
 
   // Removes the temporary files that a killed program left in `folder`. No burn may be running
   // there. When only the sheet still has its temporary name, the disc is complete, and the sheet is
@@ -67,10 +66,12 @@ class ImageBurn {
   void BeginTrack();
   void EndTrack();
   void End();
+  void Keep();
   bool Verify();
   void ReportPercent(bool always);
   int Delay();
   std::int64_t Budget() const;
+  Text Image() const { return order_.name + L".bin"; }
   Text BinTemp() const { return order_.name + L".bin.tmp"; }
   Text CueTemp() const { return order_.name + L".cue.tmp"; }
 

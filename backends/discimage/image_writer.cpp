@@ -146,17 +146,9 @@ Text ImageWriter::NextName() {
 void ImageWriter::Ended(const ImageBurn::Event& failure) {
   job_.reset();
   const auto burn = std::move(burn_);
-  ImageBurn::Event trouble = failure;
-  if (!trouble) {
-    try {
-      burn->Keep();
-      if (!burn->Simulation()) lastImage_ = burn->Sheet();
-    } catch (const Laufzeitfehler& fehler) {
-      trouble = ImageBurn::FailureEvent(fehler.Nummer, fehler.Beschreibung);
-    }
-  }
-  if (trouble) trouble(Events);
-  if (Events.MCD_BurningProcessComplete) Events.MCD_BurningProcessComplete(trouble ? 0 : 1);
+  if (!failure && !burn->Simulation()) lastImage_ = burn->Sheet();
+  if (failure) failure(Events);
+  if (Events.MCD_BurningProcessComplete) Events.MCD_BurningProcessComplete(failure ? 0 : 1);
 }
 
 void ImageWriter::StopBurn() {

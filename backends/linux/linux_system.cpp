@@ -21,7 +21,7 @@ LinuxSystem::LinuxSystem(LinuxPlaces places, Options options)
     : places_(std::move(places)), options_(std::move(options)) {}
 
 bool LinuxSystem::PrevInstance() {
-  if (lock_.IsOpen()) return false;
+  if (!locks_.empty()) return false;
   for (const fs::path& folder : {places_.Runtime, places_.Cache}) {
     if (folder.empty()) continue;
     std::error_code left;
@@ -30,10 +30,11 @@ bool LinuxSystem::PrevInstance() {
                            O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600));
     if (!mark.IsOpen()) continue;
     if (::flock(mark(), LOCK_EX | LOCK_NB) == 0) {
-      lock_ = std::move(mark);
-      return false;
+      locks_.push_back(std::move(mark));
+    } else if (errno == EWOULDBLOCK) {
+      locks_.clear();
+      return true;
     }
-    if (errno == EWOULDBLOCK) return true;
   }
   // Without a lock file another instance cannot be found. The program starts all the same.
   return false;

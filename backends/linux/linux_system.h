@@ -1,6 +1,7 @@
-// The program's connection to a Linux desktop. Each user has one running instance: it holds a lock
-// file from the first check to the end of this object. The file is in the runtime folder, or in the
-// cache folder when the runtime folder cannot be used.
+// The program's connection to a Linux desktop. Each user has one running instance: it holds its
+// lock files from the first check to the end of this object. One is in the runtime folder and one
+// in the cache folder: a login without a runtime folder finds the second, and a home whose file
+// system cannot lock has the first.
 #pragma once
 
 #include "backends/linux/descriptor.h"
@@ -13,6 +14,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vantora {
 
@@ -51,7 +53,7 @@ class LinuxSystem final : public System {
 
   LinuxPlaces places_;
   Options options_;
-  Descriptor lock_;
+  std::vector<Descriptor> locks_;
   std::unique_ptr<HelpOpener> help_;
 };
 

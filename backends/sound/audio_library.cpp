@@ -99,7 +99,10 @@ void AudioLibrary::RunEar(Filter& filter, Ear& ear, float level, std::int16_t* s
     const std::size_t following =
         filter.Process(level, ear.Piece.data(), count, follows, rest > 0 ? rest : ear.Following);
     for (std::size_t i = 0; i < count; ++i) samples[(from + i) * apart] = ToSample(ear.Piece[i]);
-    if (rest == 0) ear.Following = following;
+    if (rest > 0) continue;
+    ear.Following = following;
+    // Rounded, as they come to the next filter.
+    for (std::size_t i = 0; i < following; ++i) follows[i] = ToSample(follows[i]);
   }
 }
 

@@ -67,6 +67,32 @@ TEST_F(Einrechnen, ARenderThatFailsLeavesOnlyTheWayOutOfTheProgram) {
   EXPECT_TRUE(b.platform.loop.Ended());
 }
 
+// Each deed would write over a file that the user has not seen.
+TEST_F(Einrechnen, AFileThatAnotherProgramHasReplacedIsShownAnewAndNotChanged) {
+  Oeffne(kDreiSekunden);
+  HalbeLautstaerke();
+  std::int64_t frames = 90'000;
+  for (PictureButton* knopf : {&E().imgMute, &E().imgSteuerung(5), &E().imgSteuerung(6)}) {
+    Waehle(1000, frames);
+    Druecke(E().imgFadeIn);  // leaves something to undo
+    b.Wave(kDatei, frames -= 10'000);
+    const std::string ihre = b.Lies(kDatei);
+    b.Antwortet(kNein);
+    Druecke(*knopf);
+    Vergeht(3000);
+    EXPECT_TRUE(b.Lies(kDatei) == ihre);
+    EXPECT_TRUE(b.Gesagt().back().starts_with(L"Otro programa"));
+    EXPECT_FALSE(E().Edits().UndoVorhanden());
+  }
+  Druecke(E().imgSteuerung(5));  // renders
+  b.Wave(kDatei, 100'000);
+  const std::string ihre = b.Lies(kDatei);
+  b.Antwortet(kNein);
+  Vergeht(3000);
+  EXPECT_TRUE(b.Lies(kDatei) == ihre);
+  EXPECT_TRUE(E().Window.Enabled());
+}
+
 TEST_F(Einrechnen, ABatchAppliesTheLastSettingsToTheRowsThatWereSelected) {
   b.Katalog({L"a", L"b", L"c"});
   const std::string vorher = b.Lies(Wav(L"a"));  // all three files are equal
@@ -82,19 +108,28 @@ TEST_F(Einrechnen, ABatchAppliesTheLastSettingsToTheRowsThatWereSelected) {
 }
 
 TEST_F(Einrechnen, ABatchEndsAtAFileThatHasGoneAndWaitsAtOneThatCannotBeWritten) {
-  b.Katalog({L"a", L"b"});
-  const std::string vorher = b.Lies(Wav(L"b"));
+  b.Katalog({L"a", L"b", L"c"});
+  const std::string vorher = b.Lies(Wav(L"b")), mono = test::Wave(vorher, "", {1, 1});
   HalbeLautstaerkeImEditor();
-  b.Macht([this](Form& box) {
-    b.platform.bundle.dateien.Kill(Wav(L"a"));
-    b.platform.hands.Press(dynamic_cast<frmMBox&>(box).picMboxButton(0));
-  });
-  b.Antwortet(kNein);
-  Stapel({1, 2});
-  EXPECT_TRUE(b.Gesagt().at(1).ends_with(L"(53)"));
-  EXPECT_TRUE(b.Haupt().Window.Enabled());
-  EXPECT_FALSE(b.prog.frmWaveEditor.Geladen());
+  const struct {
+    Text Name;
+    std::vector<int> Zeilen;
+    std::string Neu;  // blank: it is deleted
+  } faelle[] = {{L"a", {1, 2}, ""}, {L"c", {2}, mono}};
+  for (const auto& fall : faelle) {
+    b.Macht([&](Form& box) {
+      b.platform.bundle.dateien.Kill(Wav(fall.Name));
+      if (!fall.Neu.empty()) b.Datei(Wav(fall.Name), fall.Neu);
+      b.platform.hands.Press(dynamic_cast<frmMBox&>(box).picMboxButton(0));
+    });
+    b.Antwortet(kNein);
+    Stapel(fall.Zeilen);
+    EXPECT_TRUE(b.Gesagt().back().find(fall.Name + L".wav: ") != Text::npos) << "with the reason";
+    EXPECT_TRUE(b.Haupt().Window.Enabled());
+    EXPECT_FALSE(b.prog.frmWaveEditor.Geladen());
+  }
   EXPECT_EQ(b.Titel(), std::vector<Text>{L"b"});
+  EXPECT_TRUE(b.Lies(Wav(L"c")) == mono);
 
   b.Antwortet(kJa).Antwortet(kNein).Antwortet(kJa);
   const FullDisk disk(300'000);
@@ -105,8 +140,9 @@ TEST_F(Einrechnen, ABatchEndsAtAFileThatHasGoneAndWaitsAtOneThatCannotBeWritten)
   });
   Stapel({1});
   EXPECT_TRUE(wartet && b.platform.loop.Ended());
-  EXPECT_TRUE(b.Gesagt().at(3).ends_with(L"(61)"));
-  EXPECT_EQ(b.Lies(Wav(L"b")), vorher);
+  EXPECT_TRUE(b.Gesagt().at(5).find(L"b.wav: ") != Text::npos);
+  EXPECT_TRUE(b.Gesagt().at(5).find(L"cierre la ventana") != Text::npos) << "how to go on";
+  EXPECT_TRUE(b.Lies(Wav(L"b")) == vorher);
 }
 
 }  // namespace

@@ -96,9 +96,9 @@ std::size_t ClickFilter::Process(float level, float* sound, std::size_t count, f
   length_ = kPast + count + following;
   measure_ = MeasureOf(level);
   // A whole sound that is as short as damage can be is no damage.
-  const bool brief = !begun_ && following == 0 && count <= ArModel::kLongestGap;
+  const bool brief = past_ == 0 && following == 0 && count <= ArModel::kLongestGap;
   if (level > 0 && end_ > begin_ && !brief) Work();
-  begun_ = true;
+  past_ = std::min(past_ + count, kPast);
   std::copy_n(repaired_.begin() + kPast, count, sound);
   const std::size_t final = end_ - kPast - count;
   std::copy_n(repaired_.begin() + static_cast<std::ptrdiff_t>(kPast + count), final, follows);
@@ -113,8 +113,11 @@ std::size_t ClickFilter::Process(float level, float* sound, std::size_t count, f
 // What was decided about samples holds as long as they come as they were announced.
 void ClickFilter::Take(const float* sound, std::size_t count, const float* follows,
                        std::size_t following) {
-  const std::size_t same = std::min({count, known_, done_});
-  if (done_ > count + following || !std::equal(sound, sound + same, raw_.begin())) done_ = 0;
+  const auto comes = [&](std::size_t most) {
+    return std::equal(sound, sound + std::min({count, known_, most}), raw_.begin());
+  };
+  if (done_ > count + following || !comes(done_)) done_ = 0;
+  if (!comes(count)) past_ = 0;  // another place of the sound, or other sound
   std::copy_n(repaired_.begin(), kPast + done_, heard_.begin());
   const auto behind = raw_.begin() + static_cast<std::ptrdiff_t>(count);
   std::copy_n(sound, count, raw_.begin());
@@ -259,7 +262,8 @@ void ClickFilter::MeasureStretches(const ArModel& model) {
 }
 
 void ClickFilter::Search(ArModel& model) {
-  const std::size_t total = length_ - base_, first = begin_ - base_;
+  const std::size_t total = length_ - base_, before = past_ + begin_ - kPast;
+  const std::size_t first = begin_ - base_ + model.Order() - std::min(model.Order(), before);
   const std::size_t last = std::max(base_, length_ - std::min(length_, model_.Order())) - base_;
   std::copy_n(model.Forward(), total, forward_.begin());
   const float* const backward = model.Backward();

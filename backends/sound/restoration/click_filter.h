@@ -21,6 +21,9 @@
 //
 // The filter sees what follows the buffer in hand. What it has decided about the samples that
 // follow stays decided when they come; when others come in their place, they are decided anew.
+// Nothing is looked for in the first samples of a sound, and in the last ones, as far as the model
+// reaches. There the sound is predicted from one side only, and a track that begins in the
+// middle of a concert would get a soft beginning.
 //
 // The level, 0 to 1, lowers the measure and lengthens the longest damage that is looked for. At 0
 // nothing is done.
@@ -108,7 +111,7 @@ class ClickFilter {
   std::vector<float> heard_, repaired_;
   std::size_t done_ = 0;   // of the piece and what follows, final already
   std::size_t known_ = 0;  // of raw_, announced before
-  bool begun_ = false;     // there was sound before
+  std::size_t past_ = 0;   // samples of the same sound before the piece, as far as they matter
   // The piece that is being worked on, within the above.
   std::size_t base_ = 0, length_ = 0, begin_ = 0, end_ = 0;
   std::vector<float> forward_, error_;  // the forward error, the lesser of both predictions'

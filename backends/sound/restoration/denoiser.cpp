@@ -133,7 +133,9 @@ void Denoiser::Frame(float least) {
   for (std::size_t k = 0; k < kBins; ++k) {
     power_[k] = (real_[k] * real_[k] + imaginary_[k] * imaginary_[k]) / weight_;
   }
-  if (loud_ >= kSpan) floor_.Hear(power_.data(), static_cast<float>(kHop) / kRate);
+  // A floor that has learnt from an overflow would never be a number again.
+  const bool finite = std::isfinite(power_[0]);
+  if (loud_ >= kSpan && finite) floor_.Hear(power_.data(), static_cast<float>(kHop) / kRate);
   FindGains(least);
   for (std::size_t k = 0; k < kBins; ++k) real_[k] *= gain_[k], imaginary_[k] *= gain_[k];
   fft_.Inverse(real_.data(), imaginary_.data(), time_.data());

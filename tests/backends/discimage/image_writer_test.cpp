@@ -135,7 +135,7 @@ TEST_F(Burner, TheEventsComeInADrivesOrderAndEndWithComplete) {
 TEST_F(Burner, ADifferenceOnTheDiskIsToldWithItsTrackAndTheImageStays) {
   AddFrames(300'000);  // 511 sectors each
   AddFrames(300'000);
-  const fs::path image = Discs() / "Disco 001.bin.tmp";
+  const fs::path image = Discs() / "Disco 001.bin";
   const auto flip = [image](std::size_t byte) {
     return [image, byte] {
       std::fstream file(image, std::ios::in | std::ios::out | std::ios::binary);
@@ -152,7 +152,7 @@ TEST_F(Burner, ADifferenceOnTheDiskIsToldWithItsTrackAndTheImageStays) {
       {flip(511 * kSector), "1 same, 2 differs"},  // in the gap
       {flip((511 + 150 + 300) * kSector), "1 same, 2 differs"},
       {[image] { fs::resize_file(image, 800 * kSector); }, "1 same, 2 differs"},
-      {[this] { Put(Discs() / "Disco 001.cue.tmp", "FILE"); }, "0 failed"},
+      {[this] { Put(Discs() / "Disco 001.cue", "FILE"); }, "0 failed"},
       {[this] { writer.StopVerify(); }, ""},
       {[this] { fs::rename(home / "1.wav", home / "x"); }, "1 failed, 2 same"},
   };
@@ -240,20 +240,25 @@ TEST_F(Burner, StoppingTellsOnlyThatAndLeavesNothing) {
   EXPECT_EQ(FilesLeft(), 0U);
 }
 
-TEST_F(Burner, AWriterThatGoesAwayWhileItBurnsLeavesNoFileAndNoEvent) {
+TEST_F(Burner, AWriterThatGoesAwayLeavesNoEventAndOnlyAnImageThatIsComplete) {
   AddFrames(400'000);
-  {
-    ImageWriter other(disk, loop, background);
-    Listen(other);
-    other.Faults.Pace = 1;
-    ASSERT_EQ(other.AddTrack(L"C:\\1.wav", 0), 0);
-    ASSERT_EQ(other.WriteTAO(), 0);
-    Play(10);
-    Log.clear();
+  for (const bool complete : {false, true}) {
+    SCOPED_TRACE(complete);
+    {
+      ImageWriter other(disk, loop, background);
+      Listen(other);
+      other.Faults.Pace = complete ? 0 : 1;
+      ASSERT_EQ(other.AddTrack(L"C:\\1.wav", 0), 0);
+      ASSERT_EQ(other.WriteTAO(), 0);
+      do Play(1);
+      while (complete && Story().find("fixating") == std::string::npos);
+      Log.clear();
+    }
+    Play();
+    EXPECT_TRUE(Log.empty());
+    EXPECT_EQ(FilesLeft(), complete ? 2U : 0U);
+    EXPECT_EQ(fs::exists(Discs() / "Disco 001.cue"), complete);
   }
-  Play();
-  EXPECT_TRUE(Log.empty());
-  EXPECT_EQ(FilesLeft(), 0U);
 }
 
 TEST_F(Burner, ADiscHolds99TracksAndOnlySoundOfACd) {

@@ -34,12 +34,15 @@ TEST(LinuxSystem, TheSecondInstanceOfAUserKnowsOfTheFirstAlsoWithoutARuntimeFold
   const Home other;
   for (const bool runtime : {true, false}) {
     Put(one / "file", "x");
-    if (!runtime) one.Places.Runtime = one / "file";
+    one.Places.Runtime = one / (runtime ? "run" : "file");
     auto first = std::make_unique<LinuxSystem>(one.Places, LinuxSystem::Options{});
     EXPECT_FALSE(first->PrevInstance());
     EXPECT_FALSE(first->PrevInstance());
-    LinuxSystem second(one.Places, {}), neighbour(other.Places, {});
+    LinuxPlaces login = one.Places;  // of another session, which has no runtime folder
+    login.Runtime.clear();
+    LinuxSystem second(one.Places, {}), third(login, {}), neighbour(other.Places, {});
     EXPECT_TRUE(second.PrevInstance());
+    EXPECT_TRUE(third.PrevInstance());
     EXPECT_FALSE(neighbour.PrevInstance());
     first.reset();
     EXPECT_FALSE(second.PrevInstance());

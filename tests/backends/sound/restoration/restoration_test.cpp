@@ -243,6 +243,31 @@ TEST(Restoration, TheLastSamplesOfACutTrackAreThoseOfTheWholeConcert) {
   }
 }
 
+TEST(Restoration, TheFirstSamplesOfACutTrackStayAndSoDoThoseAfterWinding) {
+  constexpr std::size_t kStarts = 40, kFrames = 1024;
+  std::vector<std::int16_t> concert(2 * kRate);
+  const Sound piano = Music("piano", kRate, 3) + Noise(kRate, 30, 13);
+  for (std::size_t i = 0; i < concert.size(); ++i) concert[i] = Sample(piano[i / 2]);
+  for (const Filter filter : {kDeclick, kDecrackle}) {
+    Studio wound(filter);
+    int bentStarts = 0, bentPlaces = 0;
+    for (std::size_t start = 0; start < kStarts; ++start) {
+      const std::int16_t* const from = &concert[2 * 997 * start];
+      const auto bent = [&](Studio& studio) {
+        std::vector<std::int16_t> out(2 * kFrames);
+        studio.Library.Follows(from + 2 * kFrames, studio.Channels, kFrames);
+        studio.Run(filter, 0.5F, from, out.data(), kFrames);
+        return std::equal(out.begin(), out.begin() + 60, from) ? 0 : 1;
+      };
+      Studio fresh(filter);
+      bentStarts += bent(fresh);
+      bentPlaces += bent(wound);
+    }
+    EXPECT_EQ(bentStarts, 0) << filter;
+    EXPECT_EQ(bentPlaces, 0) << filter;
+  }
+}
+
 TEST(Restoration, ASoundAsShortAsDamageStaysWhole) {
   const Sound brief(100, 10'000);
   for (const Filter filter : {kDeclick, kDecrackle}) EXPECT_EQ(Through(filter, brief), brief);
