@@ -1,6 +1,5 @@
 #include "catalog/katalog_datei.h"
 
-#include "app/dienste.h"
 #include "app/werte/weiter.h"
 
 #include <algorithm>
@@ -115,8 +114,8 @@ void KatalogLesen(Dateien& dateien, const Text& datei, KatalogFeld& ziel) {
     AllesLesen(*offen, ziel);
   } catch (const Laufzeitfehler& fehler) {
     if (fehler.Nummer != kFehlerDateiEnde && fehler.Nummer != kFehlerIndex) throw;
-    throw Laufzeitfehler(fehler.Nummer,
-                         DateiNameOhnePfad(datei) + L" no es un catálogo o está incompleto");
+    const Text name = datei.substr(datei.rfind(L'\\') + 1);
+    throw Laufzeitfehler(fehler.Nummer, name + L" no es un catálogo o está incompleto");
   }
 }
 

@@ -71,7 +71,7 @@ TEST_F(Einrechnen, ARenderThatFailsLeavesOnlyTheWayOutOfTheProgram) {
 TEST_F(Einrechnen, AFileThatAnotherProgramHasReplacedIsShownAnewAndNotChanged) {
   Oeffne(kDreiSekunden);
   HalbeLautstaerke();
-  std::int64_t frames = 90'000;
+  std::int32_t frames = 90'000;
   for (PictureButton* knopf : {&E().imgMute, &E().imgSteuerung(5), &E().imgSteuerung(6)}) {
     Waehle(1000, frames);
     Druecke(E().imgFadeIn);  // leaves something to undo
