@@ -6,8 +6,10 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 scratch=$(mktemp -d -p "${1:-${TMPDIR:-/tmp}}")
 trap 'rm -rf "$scratch"' EXIT
 
+# Both first: a commit that is made meanwhile must not reach the second one alone.
+git clone --quiet "$top" "$scratch/one"
+git clone --quiet "$scratch/one" "$scratch/another/place"
 for place in one another/place; do
-  git clone --quiet "$top" "$scratch/$place"
   # without a compiler cache, which would give both builds the same objects
   cmake -S "$scratch/$place" -B "$scratch/$place/build" -G Ninja -Wno-dev --log-level=WARNING \
     -DCCACHE=OFF -DBUILD_TESTING=OFF
