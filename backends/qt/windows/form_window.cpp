@@ -457,9 +457,11 @@ void FormWindow::LeaveKeys() {
 }
 
 bool FormWindow::HoldPaint() {
-  const bool tooSoon = sincePaint_.isValid() && sincePaint_.elapsed() < kPaintMs;
-  if (tooSoon && !paintDue_) {
-    if (!held_.isActive()) held_.start(static_cast<int>(kPaintMs - sincePaint_.elapsed()));
+  // Read once: a second reading may be later by any time on a busy machine, and no timer runs for a
+  // negative time.
+  const qint64 since = sincePaint_.isValid() ? sincePaint_.elapsed() : kPaintMs;
+  if (since < kPaintMs && !paintDue_) {
+    if (!held_.isActive()) held_.start(static_cast<int>(kPaintMs - since));
     return true;
   }
   held_.stop();
