@@ -145,6 +145,27 @@ TEST_F(Stage, AMenuNamesItsKeysAndAnUnderlinedLetterChooses) {
   Play(form);
 }
 
+TEST_F(Stage, AModalWindowKeepsAChoiceInAMenuOutAndWindowsMayStandInACircle) {
+  FullForm form(loop), box(loop), dialog(loop);
+  form.Menus = {{L"mnuList", {{L"mnuPlay", L"Reproducir", form.Note("play")}}}};
+  const auto show = [this](Form& modal) {
+    return [this, &modal] { loop.Post([this, &modal] { loop.ShowModal(modal); }); };
+  };
+  person.Then([&] { loop.PopupMenu(form, form.Menus[0]); })
+      .Then([&] {
+        show(dialog)();
+        loop.OpenMenu()->actions().front()->trigger();
+      })
+      .Then([&] { EXPECT_EQ(loop.OpenMenu(), nullptr); })
+      .Then(show(box))
+      .Then(show(dialog))
+      .Then(show(dialog))
+      .Then([&] { loop.Hide(dialog); })
+      .Then([&] { loop.Hide(box); });
+  Play(form);
+  EXPECT_EQ(form.Count("play"), 0);
+}
+
 TEST_F(Stage, ACaptionGoesDimWithItsButton) {
   FullForm form(loop);
   form.lblTitle.Of = &form.imgButton;

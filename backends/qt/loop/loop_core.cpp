@@ -79,6 +79,7 @@ FormWindow& QtEventLoop::Core::Ensure(Form& form) {
 
 void QtEventLoop::Core::Appear(Form& form, bool modal, Form* behind) {
   FormWindow& window = Ensure(form);
+  if (modal && menu != nullptr) menu->close();
   const auto modality = modal ? Qt::ApplicationModal : Qt::NonModal;
   if (window.windowModality() != modality) {
     window.hide();
@@ -88,7 +89,10 @@ void QtEventLoop::Core::Appear(Form& form, bool modal, Form* behind) {
   window.winId();  // creates the native window, which setTransientParent needs
   FormWindow* owner = behind == nullptr ? nullptr : WindowOf(*behind);
   if (!window.isVisible() && window.windowHandle() != nullptr) {
-    window.windowHandle()->setTransientParent(owner == nullptr ? nullptr : owner->windowHandle());
+    QWindow* parent = owner == nullptr ? nullptr : owner->windowHandle();
+    // The toolkit does not end when windows stand over each other in a circle.
+    if (parent != nullptr && window.windowHandle()->isAncestorOf(parent)) parent = nullptr;
+    window.windowHandle()->setTransientParent(parent);
   }
   if (!window.isVisible() && owner != nullptr) {
     if (form.KeepClear != nullptr) owner->Sync();  // shows the row that is selected now
@@ -188,10 +192,11 @@ void QtEventLoop::Core::PopupMenu(Form& form, Menu& shown) {
     action->setData(look::Plain(item.Caption));
     action->setObjectName(look::FromText(item.Name));
     action->setEnabled(item.Enabled);
-    // The handler runs after the menu has closed, so that the handler can open windows.
-    connect(action, &QAction::triggered, window, [window, click = item.Click] {
-      window->host().Model().Post([self = QPointer<FormWindow>(window), click] {
-        if (self != nullptr && click) self->Handle(click);
+    // The handler runs after the menu has closed, so that the handler can open windows. By then
+    // another window may have come in front.
+    connect(action, &QAction::triggered, window, [this, window, &form, click = item.Click] {
+      model_->Post([this, self = QPointer<FormWindow>(window), &form, click] {
+        if (self != nullptr && click && model_->TakesInput(form)) self->Handle(click);
       });
     });
   }
