@@ -221,6 +221,8 @@ def script_of(sources, stage):
         if line.startswith("copy song.wav"):
             line = 'makewave "C:\\Música\\Azul oscuro.wav" 214 220'
         line = re.sub(r"^after \d+ (shot frmBeatCounter)", r"\1", line)  # without the held button
+        if line.startswith("makemp3"):  # its conversion is read while it runs
+            line = line.replace(" 480 ", " 1500 ")
         if line.startswith("# the recorder"):  # it is read while it records
             line = "makewave C:\\lp.wav 900 262"
         if line.startswith("after") and "linein" in line:
