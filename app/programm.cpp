@@ -13,9 +13,6 @@ namespace vantora {
 
 namespace {
 
-// A window may be unloaded by one of its own handlers, or while a message box above it is still
-// open. Few such calls are nested at a time, so keeping the windows unloaded last is enough.
-constexpr std::size_t kEntladeneFenster = 16;
 constexpr double kAbschiedSekunden = 1.5;
 constexpr int kBoxPauseMs = 150;
 constexpr int kEreignisPauseMs = 50;
@@ -35,6 +32,7 @@ constexpr KomponentenVersion kKomponenten[] = {
 Programm::Programm(Plattform& dienste, Fenstermacher fenster) : Dienste(dienste) {
   fenster(*this);
   plattform.schleife.OnError = [this](const Laufzeitfehler& fehler) { FehlerMelden(fehler); };
+  plattform.schleife.OnIdle = [this] { entladene_.clear(); };
   plattform.einstellungen.OnUnwritable = [this](const vantora::Text& datei,
                                                 const Laufzeitfehler& grund) {
     EinstellungenMelden(datei, grund);
@@ -43,6 +41,7 @@ Programm::Programm(Plattform& dienste, Fenstermacher fenster) : Dienste(dienste)
 
 Programm::~Programm() {
   plattform.einstellungen.OnUnwritable = nullptr;
+  plattform.schleife.OnIdle = nullptr;
   plattform.schleife.OnError = nullptr;
 }
 
@@ -97,7 +96,6 @@ void Programm::Pausieren(int ms, const bool& solange) {
 
 void Programm::Zuruecklegen(std::shared_ptr<VtrFenster> fenster) {
   entladene_.push_back(std::move(fenster));
-  if (entladene_.size() > kEntladeneFenster) entladene_.pop_front();
 }
 
 void Programm::FehlerMelden(const Laufzeitfehler& fehler) {

@@ -15,8 +15,8 @@
 
 #include "platform/plattform.h"
 
-#include <deque>
 #include <memory>
+#include <vector>
 
 namespace vantora {
 
@@ -117,7 +117,7 @@ struct Programm : Dienste,
   // Processes events for `ms` milliseconds inside a long job, so that the windows stay alive.
   void Pausieren(int ms);
   void Pausieren(int ms, const bool& solange);  // ends early when `solange` becomes false
-  // Keeps an unloaded window alive until no handler of it can be running any more.
+  // Keeps an unloaded window alive until no handler is running.
   void Zuruecklegen(std::shared_ptr<VtrFenster> fenster);
 
   // Start-up results.
@@ -158,7 +158,9 @@ struct Programm : Dienste,
   void FehlerVermerken(const vantora::Text& was);  // writes an error into the log
   void EinstellungenMelden(const vantora::Text& datei, const Laufzeitfehler& grund);
 
-  std::deque<std::shared_ptr<VtrFenster>> entladene_;
+  // A window may be unloaded by one of its own handlers, or while a message box above it is still
+  // open, so it lives on until no handler is running.
+  std::vector<std::shared_ptr<VtrFenster>> entladene_;
 };
 
 }  // namespace vantora

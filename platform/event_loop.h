@@ -68,6 +68,7 @@ class EventLoop {
   int SystemBox(const Text& text, int flags, const Text& title);  // platform/system_box.h
 
   std::function<void(const Laufzeitfehler&)> OnError;  // receives the errors thrown by handlers
+  std::function<void()> OnIdle;  // Run calls it between turns, when no handler is running
   User* TheUser = nullptr;
 
   const std::vector<Form*>& Forms() const { return forms_; }  // all loaded forms

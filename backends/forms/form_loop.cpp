@@ -266,6 +266,7 @@ void FormLoop::Wait(const std::function<bool()>& done, const Form* modal) {
   while (!done() && !Ended()) {
     const bool busy = Turn();
     if (done() || Ended()) break;
+    if (modal == nullptr && !Handling() && OnIdle) OnIdle();
     const bool asking = TheUser != nullptr && !TheUser->Resting();
     const bool waited = ++turns >= kPatienceTurns && world_->NowUs() - asked >= kPatienceUs;
     if (busy && !(asking && (waited || turns >= kEndlessTurns))) continue;
