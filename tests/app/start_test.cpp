@@ -57,6 +57,20 @@ TEST_F(Start, ADoubleClickOnACaptionPressesItsButtonOnce) {
   EXPECT_EQ(mal, 1);
 }
 
+TEST_F(Start, AClosedWindowLivesUntilNoHandlerIsRunning) {
+  b.Start();
+  std::weak_ptr<VtrFenster> zu;
+  for (int box = 0; box < 20; ++box) b.Antwortet(kNein);
+  b.platform.loop.Post([&] {
+    zu = b.prog.frmAbout.Holen();
+    b.prog.frmAbout.Entladen();
+    for (int box = 0; box < 20; ++box) b.prog.MsgBoxen(L"?", kHinweis);
+    EXPECT_FALSE(zu.expired());
+  });
+  b.platform.loop.Run();
+  EXPECT_TRUE(zu.expired());
+}
+
 TEST_F(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
   b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
   b.Setze(L"Wave_Export_Dir", L"");
