@@ -67,9 +67,16 @@ int Programm::MsgBoxen(const vantora::Text& text, int flags, const vantora::Text
                        bool nichtMehrZeigen) {
   const std::shared_ptr<vantora::frmMBox> box = frmMBox.Laden();
   box->Vorbereiten(text, flags, titel, nichtMehrZeigen);
+  // A click that comes behind the answer, like the second one of a double click, must not begin
+  // another job in the middle of the one that has asked.
+  EventLoop& schleife = plattform.schleife;
+  Form* vorn = schleife.Front();
+  const bool frei = vorn != nullptr && vorn->Window.Enabled;
+  if (frei) vorn->Window.Enabled = false;
   ZeigeModal(box);
-  plattform.schleife.DoEvents();
-  plattform.schleife.Sleep(kBoxPauseMs);
+  schleife.DoEvents();
+  if (frei) vorn->Window.Enabled = true;
+  schleife.Sleep(kBoxPauseMs);
   return Ganz16(Val(box->Window.Tag));
 }
 

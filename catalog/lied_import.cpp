@@ -41,7 +41,8 @@ void LiedImport::Importieren() {
   }
   if (!prog.MehrfachAuswahl) {
     DateienGesamt_ = DateienOffen_ = 1;
-    EineDatei(prog.GewaehlteDatei, false);
+    const Text datei = prog.GewaehlteDatei;  // another may be chosen before the import has ended
+    EineDatei(datei, false);
     return;
   }
   VieleDateien();
@@ -186,7 +187,14 @@ LiedImport::Einfuhr LiedImport::Mp3Datei(const Text& datei, Text& fertig) {
   const Einfuhr platz = Mp3Ziel(datei, ziel);
   if (platz != Einfuhr::Fertig) return platz;
   fertig = ziel;
-  return Mp3Konvertieren(datei, ziel);
+  try {
+    return Mp3Konvertieren(datei, ziel);
+  } catch (const Laufzeitfehler&) {  // it must not keep the window locked
+    Weiter([&] { mp3.Close(); });
+    prog.frmSchreibFortschritt.Entladen();
+    fenster_.FreiSetzen(true);
+    throw;
+  }
 }
 
 LiedImport::Einfuhr LiedImport::Mp3Ziel(const Text& datei, Text& ziel) {

@@ -71,6 +71,19 @@ TEST_F(Start, AClosedWindowLivesUntilNoHandlerIsRunning) {
   EXPECT_TRUE(zu.expired());
 }
 
+TEST_F(Start, AClickThatComesWithTheAnswerReachesNoWindow) {
+  b.Start();
+  std::vector<bool> nimmt;
+  const auto fragen = [&] { nimmt.push_back(b.platform.loop.TakesInput(b.Haupt())); };
+  b.Macht([&](Form& box) {
+    b.platform.loop.Post(fragen);
+    b.platform.hands.Press(*box.Find(L"picMboxButton", 2));
+  });
+  b.prog.MsgBoxen(L"?", kHinweis);
+  fragen();
+  EXPECT_EQ(nimmt, (std::vector{false, true}));
+}
+
 TEST_F(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
   b.Datei(L"C:\\Vantora\\Wavs", "a file where a folder is meant");
   b.Setze(L"Wave_Export_Dir", L"");
