@@ -394,11 +394,13 @@ void frmCDBrennen::DBEintrag() {
   Spur(L"Trim entry.");
   schreibe(L"totaltime", ZahlText(summe));
   eingetragen_ = true;
+  // Without its identity the disc has no section, and the database window does not show it.
+  if (schluessel.empty()) return Melde(LoadResString(30139));
   // The profile reports no errors, so the last value is read again.
   constexpr std::size_t kLaengsteZahl = 20;
   const Text gelesen =
       profile.GetPrivateProfileString(schluessel, L"totaltime", L"", kLaengsteZahl, kDatei);
-  if (!schluessel.empty() && gelesen != ZahlText(summe)) Melde(LoadResString(30128));
+  if (gelesen != ZahlText(summe)) Melde(LoadResString(30128));
 }
 
 void frmCDBrennen::DeleteTempWavs() {

@@ -91,6 +91,21 @@ TEST_F(Brennen, AnImageStandsInTheDatabaseAsItselfWhateverLiesInTheTray) {
   EXPECT_EQ(brenne(), ohneDisc);
 }
 
+TEST_F(Brennen, ADiscThatCannotBeIdentifiedIsReportedAsMissingInTheDatabase) {
+  Oeffnen({L"a"});
+  OhneHinweis();
+  b.prog.Auto_Database = 0;
+  b.user.Said.clear();
+  b.Antwortet(kNein).Macht([this](Form&) {
+    std::filesystem::remove(b.home.Path() / "Vantora/Discos/Disco 001.cue");
+    b.prog.frmMBox().picMboxButton_MouseUp(0);
+  });
+  for (int i = 0; i < 3; ++i) b.Antwortet(kNein);
+  b.Tu([&] { Fenster().imgBrennen_MouseUp(); });
+  EXPECT_EQ(b.Gesagt(), (std::vector<Text>{Sagt(4006), Sagt(5000), Sagt(30139), Sagt(4012),
+                                           Sagt(4018) + L"\r\n" + Sagt(4019)}));
+}
+
 TEST_F(Brennen, AStrayKeySpoilsNoDiscAndOnlyARunOfTracksShowsThem) {
   Oeffnen({L"a", L"b"});
   OhneHinweis();
