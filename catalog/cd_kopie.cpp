@@ -189,16 +189,18 @@ void CDKopie::CDKopieren() {
   t_.Liste.KatalogNeu();
 }
 
-// An error ends the copy, and the main window can be used again.
+// An error ends the copy, and the main window can be used again. The event loop reports the error.
 void CDKopie::Kopieren() {
   if (KopieLaeuft) return;
   KopieLaeuft = true;
   try {
     CDKopieren();
   } catch (const Laufzeitfehler& fehler) {
+    KopieLaeuft = false;
     prog.AppLog(L"CDKopieren:", ZahlText(fehler.Nummer) + L" " + fehler.Beschreibung);
     prog.frmSchreibFortschritt.Entladen();
     fenster_.FreiSetzen(true);
+    throw;
   } catch (...) {
     KopieLaeuft = false;
     fenster_.FreiSetzen(true);

@@ -282,16 +282,19 @@ void Ueberblendung::LaufBeginnen() {
   prog.plattform.edits.EndRun();
 }
 
+// An undo brings back older rows, but not the files as they were. So the undo copy is marked too.
 bool Ueberblendung::KatalogMarkieren() {
   LaufBeginnen();
   if (MedleyFehler) return false;
   for (const MedleyEintrag& zeile : prog.Medley) {
     const Text datei = Ucase(zeile.Datei.Getrimmt());
     if (datei.empty()) continue;
-    for (KatalogEintrag& eintrag : prog.Katalog) {
-      if (Ucase(eintrag.Datei.Getrimmt()) != datei) continue;
-      eintrag.Ueberblendet = -1;
-      prog.KatalogGeaendert = true;  // saving the catalog would put pauses into the crossfades
+    for (KatalogFeld* katalog : {&prog.Katalog, &prog.KatalogBackup}) {
+      for (KatalogEintrag& eintrag : *katalog) {
+        if (Ucase(eintrag.Datei.Getrimmt()) != datei) continue;
+        eintrag.Ueberblendet = -1;
+        prog.KatalogGeaendert = true;  // saving the catalog would put pauses into the crossfades
+      }
     }
   }
   return true;

@@ -99,6 +99,14 @@ TEST_F(CDKopieren, ADiscThatCannotBeReadLeavesAnEmptyListAndNoBurn) {
   EXPECT_TRUE(b.Haupt().Window.Enabled);
 }
 
+TEST_F(CDKopieren, ATargetThatCannotBeReplacedIsReported) {
+  b.platform.machine.files.MkDir(kTemp + L"Pista01.wav");
+  const std::vector<Text> gesagt = Kopiert({kJa, kNein});
+  ASSERT_EQ(gesagt.size(), 2U);
+  EXPECT_TRUE(gesagt.back().starts_with(Sagt(4009))) << "an error, and no silence";
+  EXPECT_TRUE(b.Haupt().Window.Enabled);
+}
+
 TEST_F(CDKopieren, WithoutABurnerTheCatalogStaysAndWithoutRoomForNamesNothingIsRead) {
   b.Katalog({L"viejo"});
   b.prog.BrennerBereit = false;

@@ -224,6 +224,7 @@ TEST_F(Medley, WithoutATempoAndTheBoxTickedTheCrossfadeIsSilence) {
   b.Katalog({L"x"});
   b.prog.Katalog[0].Datei = Ort(1);
   b.prog.Katalog[1].Datei = L"c:\\vantora\\WAVS\\0.WAV";
+  b.prog.KatalogBackup = b.prog.Katalog;
   std::filesystem::permissions(Pfad(0), std::filesystem::perms::owner_read);
   chkPitch.Value = 1;
   b.Antwortet(kNein);
@@ -232,6 +233,7 @@ TEST_F(Medley, WithoutATempoAndTheBoxTickedTheCrossfadeIsSilence) {
   EXPECT_TRUE(Datei(0) == test::Wave(eins) && Datei(1) == test::Wave(zwei));
   EXPECT_EQ(b.prog.Katalog[0].Ueberblendet, -1);
   EXPECT_EQ(b.prog.Katalog[1].Ueberblendet, -1);
+  EXPECT_EQ(b.prog.KatalogBackup[1].Ueberblendet, -1) << "an undo would lose the mark";
   EXPECT_TRUE(b.prog.KatalogGeaendert);
   b.prog.Medley[0].Datei = Ort(1);
   b.Antwortet(kNein).Antwortet(kNein);
