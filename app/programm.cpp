@@ -71,7 +71,7 @@ int Programm::MsgBoxen(const vantora::Text& text, int flags, const vantora::Text
   // another job in the middle of the one that has asked.
   EventLoop& schleife = plattform.schleife;
   Form* vorn = schleife.Front();
-  const bool frei = vorn != nullptr && vorn->Window.Enabled;
+  const bool frei = vorn != nullptr && vorn != box.get() && vorn->Window.Enabled;
   if (frei) vorn->Window.Enabled = false;
   ZeigeModal(box);
   schleife.DoEvents();

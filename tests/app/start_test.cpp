@@ -82,6 +82,15 @@ TEST_F(Start, AClickThatComesWithTheAnswerReachesNoWindow) {
   b.prog.MsgBoxen(L"?", kHinweis);
   fragen();
   EXPECT_EQ(nimmt, (std::vector{false, true}));
+  // A message that comes while another one is open is shown by the same window.
+  b.Macht([&](Form& box) {
+    b.Antwortet(kNein);
+    b.prog.MsgBoxen(L"!", kHinweis);
+    EXPECT_TRUE(box.Window.Enabled);
+  });
+  b.prog.MsgBoxen(L"?", kHinweis);
+  fragen();
+  EXPECT_TRUE(nimmt.back());
 }
 
 TEST_F(Start, AnErrorOnTheWayAsksToEndToRetryOrToGoOn) {
