@@ -152,7 +152,7 @@ TEST_F(Medley, TheTempoSlidesByTheTwoTemposAndWhatItLeavesIsSilent) {
     } else {
       // Its length: the frames after which the mean speed has reached the end of the sound.
       const double k = 0.0016 * fall.Endwert / 88'200;
-      EXPECT_NEAR(static_cast<double>(gebogen.size() / 4), (std::sqrt(1 + 2 * k * 88'200) - 1) / k,
+      EXPECT_NEAR(static_cast<double>(gebogen.size()) / 4, (std::sqrt(1 + 2 * k * 88'200) - 1) / k,
                   3);
     }
     gebogen.resize(352'800, '\0');
