@@ -71,19 +71,22 @@ int InFrontOfTheMainWindow(const fs::path& home, const std::function<void(Window
 }
 
 // Measures from the choice of the track until its picture is painted, and reading the file plainly.
+// Each round begins in the main loop, where the window of the round before is released.
 int Open(const fs::path& home) {
-  return InFrontOfTheMainWindow(home, [](Windows& stage) {
-    const fs::path file = stage.platform.machine.files.SystemPath(kFile);
-    for (int round = 0; round <= kRounds; ++round) {
-      const double plain = ReadPlainly(file);
-      const auto start = BenchTime::now();
-      Load(stage);
-      const double opened = Milliseconds(start, BenchTime::now());
-      stage.prog.frmWaveEditor.Entladen();
-      Paint(stage);
-      if (round > 0) std::printf("%.3f %.3f\n", opened, plain);
-    }
+  Windows stage(home);
+  const fs::path file = stage.platform.machine.files.SystemPath(kFile);
+  int round = 0;
+  stage.Play([&](Form*) {
+    const double plain = ReadPlainly(file);
+    const auto start = BenchTime::now();
+    Load(stage);
+    const double opened = Milliseconds(start, BenchTime::now());
+    stage.prog.frmWaveEditor.Entladen();
+    Paint(stage);
+    if (round > 0) std::printf("%.3f %.3f\n", opened, plain);
+    return ++round <= kRounds;
   });
+  return 0;
 }
 
 // Pauses as a user would, so that no paint is delayed after the previous paint.
